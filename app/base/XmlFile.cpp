@@ -1,0 +1,83 @@
+#include "app/base/XmlFile.h"
+
+#include "app/base/Diagnostics.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QSaveFile>
+#include <QXmlStreamReader>
+
+namespace KOLT {
+
+namespace {
+
+/// Well-formed and not nested too deeply. The stream reader also refuses expanding entities.
+bool isAcceptableXml(const QByteArray& content)
+{
+    QXmlStreamReader reader(content);
+    int depth = 0;
+    while (!reader.atEnd()) {
+        const QXmlStreamReader::TokenType token = reader.readNext();
+        if (token == QXmlStreamReader::StartElement && ++depth > maxXmlDepth)
+            return false;
+        if (token == QXmlStreamReader::EndElement)
+            --depth;
+    }
+    return !reader.hasError();
+}
+
+XmlStatus readContent(const QString& path, QDomDocument& document)
+{
+    QFile file(path);
+    // A pipe or a device would block or never end.
+    if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly)) {
+        Diagnostics::print("could not open file <%s>\n", qUtf8Printable(path));
+        return XmlStatus::NotOpened;
+    }
+    const QByteArray content = file.read(maxXmlFileBytes + 1);
+    QDomDocument parsed;
+    if (content.size() > maxXmlFileBytes || !isAcceptableXml(content) ||
+        !parsed.setContent(content)) {
+        Diagnostics::print("could not set content <%s>\n", qUtf8Printable(path));
+        return XmlStatus::NotParsed;
+    }
+    document = parsed;
+    return XmlStatus::Ok;
+}
+
+bool isXmlCharacter(char32_t c)
+{
+    return c == 0x9 || c == 0xA || c == 0xD || (c >= 0x20 && c <= 0xD7FF) ||
+           (c >= 0xE000 && c <= 0xFFFD) || (c >= 0x10000 && c <= 0x10FFFF);
+}
+
+} // namespace
+
+XmlStatus readXmlFile(const QString& path, QDomDocument& document)
+{
+    const XmlStatus status = readContent(path, document);
+    Diagnostics::print("readXmlFile <%s> %d\n", qUtf8Printable(path),
+                       status == XmlStatus::Ok ? 1 : 0);
+    return status;
+}
+
+bool writeXmlFile(const QString& path, const QDomDocument& document)
+{
+    QSaveFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || file.write(document.toByteArray(4)) < 0 ||
+        !file.commit()) {
+        Diagnostics::print("could not open file for writing !<%s>\n", qUtf8Printable(path));
+        return false;
+    }
+    return true;
+}
+
+QString xmlText(const QByteArray& bytes)
+{
+    QString text;
+    for (const char32_t c : QString::fromUtf8(bytes).toUcs4())
+        text += QStringView(QChar::fromUcs4(isXmlCharacter(c) ? c : char32_t{0xFFFD}));
+    return text;
+}
+
+} // namespace KOLT

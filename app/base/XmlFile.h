@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QByteArray>
+#include <QDomDocument>
+#include <QString>
+
+/// Reading and writing the program's XML files: settings, project and profile.
+namespace KOLT {
+
+enum class XmlStatus {
+    Ok,
+    NotOpened, ///< missing, unreadable, or not a plain file
+    NotParsed  ///< not XML, or beyond the limits below
+};
+
+/// Files larger or nested deeper than this are refused: the DOM tree is freed recursively, so depth
+/// costs stack, and a tree takes some twenty times the text's bytes.
+constexpr qint64 maxXmlFileBytes = 64LL * 1024 * 1024;
+constexpr int maxXmlDepth = 200;
+
+/// Reads the file into `document`. On failure the document is left as it was, and one of
+/// "could not open file <path>" or "could not set content <path>" is printed; in every case
+/// "readXmlFile <path> 1|0" follows.
+XmlStatus readXmlFile(const QString& path, QDomDocument& document);
+
+/// Writes the document as UTF-8 with an indentation of 4. The file is replaced as a whole or not at
+/// all. On failure prints "could not open file for writing !<path>" and returns false.
+bool writeXmlFile(const QString& path, const QDomDocument& document);
+
+/// Text for an attribute: UTF-8 decoded, characters that no XML file may hold replaced by U+FFFD.
+/// Without this one odd file name would make the whole file unreadable.
+QString xmlText(const QByteArray& bytes);
+
+} // namespace KOLT
