@@ -1,0 +1,147 @@
+#include "profile/Profile.h"
+
+#include "app/base/Diagnostics.h"
+#include "app/base/XmlFile.h"
+#include "profile/ProfileReader.h"
+
+#include <algorithm>
+
+namespace KOLT {
+
+namespace {
+
+const auto rootName = QStringLiteral("KorvanProfile");
+
+/// What a look-up without a result refers to.
+const std::vector<const ProfileParameter*> noParameters;
+
+} // namespace
+
+bool Profile::loadProfil(const QString& path, const QString& activeVariant)
+{
+    Diagnostics::print("Profile::loadProfil <%s> <%s>\n", qUtf8Printable(path),
+                       qUtf8Printable(activeVariant));
+    clear();
+    QDomDocument document;
+    if (readXmlFile(path, document) != XmlStatus::Ok)
+        return false;
+    const QDomElement root = document.documentElement();
+    if (root.tagName() != rootName)
+        return false;
+    m_activeVariant = activeVariant;
+    ProfileReader(*this).read(root);
+    return true;
+}
+
+bool Profile::loadVariants(const QString& path)
+{
+    m_variants.clear();
+    QDomDocument document;
+    if (readXmlFile(path, document) != XmlStatus::Ok) {
+        Diagnostics::print("Profile::loadVariants Error could not load <%s>\n",
+                           qUtf8Printable(path));
+        return false;
+    }
+    const QDomElement root = document.documentElement();
+    if (root.tagName() != rootName) {
+        Diagnostics::print("Profile::loadVariants Not a KorvanProfile\n");
+        return false;
+    }
+    m_variants = ProfileReader::readVariants(root);
+    return true;
+}
+
+void Profile::clear()
+{
+    m_version.clear();
+    m_profileId.clear();
+    m_name.clear();
+    m_comment.clear();
+    m_activeVariant.clear();
+    m_parametersById.clear();
+    m_parametersByRole.clear();
+    m_parametersByFullName.clear();
+    m_errorMatrices.clear();
+    m_devices.clear();
+    m_parameters.clear();
+    m_conversions.clear();
+    m_enumLists.clear();
+    m_thresholds.clear();
+}
+
+const std::vector<const ProfileParameter*>& Profile::parametersById(int id) const
+{
+    const auto found = m_parametersById.find(id);
+    return found == m_parametersById.end() ? noParameters : found->second;
+}
+
+const ProfileParameter* Profile::parameterByFullName(const QString& fullName) const
+{
+    return m_parametersByFullName.value(fullName, nullptr);
+}
+
+const std::vector<const ProfileParameter*>& Profile::parametersByRole(const QString& role) const
+{
+    const auto found = m_parametersByRole.find(role);
+    return found == m_parametersByRole.end() ? noParameters : found->second;
+}
+
+const ProfileParameter* Profile::parameterByRole(const QString& role) const
+{
+    const auto& parameters = parametersByRole(role);
+    return parameters.empty() ? nullptr : parameters.front();
+}
+
+const EnumList* Profile::enumList(int id) const
+{
+    const auto found = m_enumLists.find(id);
+    return found == m_enumLists.end() ? nullptr : &found->second;
+}
+
+const Threshold* Profile::threshold(int id) const
+{
+    const auto found = m_thresholds.find(id);
+    return found == m_thresholds.end() ? nullptr : &found->second;
+}
+
+double Profile::convertUnit(const ProfileParameter& parameter, double value) const
+{
+    if (m_unitSystem == UnitSystem::Metric || parameter.conversion == nullptr)
+        return value;
+    return value * parameter.conversion->factor + parameter.conversion->offset;
+}
+
+bool Profile::isConverted(const ProfileParameter& parameter) const
+{
+    return m_unitSystem == UnitSystem::Imperial && parameter.rule == DecodingRule::Float &&
+           parameter.conversion != nullptr;
+}
+
+const QString& Profile::unitLabel(const ProfileParameter& parameter) const
+{
+    return isConverted(parameter) ? parameter.unitImperial : parameter.unitMetric;
+}
+
+bool Profile::matchesVariant(const QString& activeVariant, const QString& attribute)
+{
+    if (attribute.isEmpty() || activeVariant.isEmpty() || attribute == activeVariant)
+        return true;
+    const QStringList parts = attribute.split(QLatin1Char(','), Qt::SkipEmptyParts);
+    Diagnostics::print("variant <%s> size %d\n", qUtf8Printable(attribute),
+                       static_cast<int>(parts.size()));
+    bool anyIncluded = false;
+    bool included = false;
+    for (const QString& part : parts) {
+        const QString name = part.trimmed();
+        if (name.startsWith(QLatin1Char('!'))) {
+            if (name.mid(1) == activeVariant)
+                return false;
+        } else {
+            anyIncluded = true;
+            included = included || name == activeVariant;
+        }
+    }
+    return included || !anyIncluded;
+}
+
+} // namespace KOLT

@@ -1,0 +1,244 @@
+#include "profile/ProfileReader.h"
+
+#include "app/base/Diagnostics.h"
+
+#include <algorithm>
+
+namespace KOLT {
+
+namespace {
+
+constexpr int messageBytes = 8;
+constexpr int maxPrecision = 15;
+constexpr int defaultPrecision = 6;
+
+int intAttribute(const QDomElement& element, const QString& name, int fallback = 0)
+{
+    bool ok = false;
+    const int value = element.attribute(name).toInt(&ok);
+    return ok ? value : fallback;
+}
+
+double doubleAttribute(const QDomElement& element, const QString& name, double fallback = 0.0)
+{
+    bool ok = false;
+    const double value = element.attribute(name).toDouble(&ok);
+    return ok ? value : fallback;
+}
+
+QColor colorAttribute(const QDomElement& element, const QString& name)
+{
+    const QColor color = QColor::fromString(element.attribute(name));
+    return color.isValid() ? color : QColor(Qt::white);
+}
+
+ThresholdState stateOf(const QString& text)
+{
+    if (text == QLatin1String("WARNING"))
+        return ThresholdState::Warning;
+    return text == QLatin1String("LIMIT") ? ThresholdState::Limit : ThresholdState::Ok;
+}
+
+ErrorType errorTypeOf(const QString& text)
+{
+    if (text == QLatin1String("Info"))
+        return ErrorType::Info;
+    if (text == QLatin1String("Warning"))
+        return ErrorType::Warning;
+    return text == QLatin1String("Fault") ? ErrorType::Fault : ErrorType::None;
+}
+
+QString conversionKey(const QString& unitMetric, const QString& unitImperial)
+{
+    return unitMetric + QLatin1Char('_') + unitImperial;
+}
+
+/// The list of that name, created with a new identifier at its first mention.
+template <typename List>
+List& listNamed(const QString& name, QHash<QString, int>& ids, std::map<int, List>& lists)
+{
+    const int id = ids.value(name, static_cast<int>(lists.size()));
+    ids.insert(name, id);
+    List& list = lists[id];
+    list.name = name;
+    return list;
+}
+
+} // namespace
+
+template <typename Function>
+void ProfileReader::forEach(const QDomElement& parent, const QString& name,
+                            Function&& function) const
+{
+    for (QDomElement child = parent.firstChildElement(name); !child.isNull();
+         child = child.nextSiblingElement(name)) {
+        if (Profile::matchesVariant(m_profile.m_activeVariant,
+                                    child.attribute(QStringLiteral("variant"))))
+            function(child);
+    }
+}
+
+void ProfileReader::read(const QDomElement& root)
+{
+    m_profile.m_version = root.attribute(QStringLiteral("version"));
+    m_profile.m_profileId = root.attribute(QStringLiteral("profileId"));
+    m_profile.m_name = root.attribute(QStringLiteral("name"));
+    m_profile.m_comment = root.attribute(QStringLiteral("comment"));
+
+    const auto readList = [&](const char* listName, const char* entryName, auto member) {
+        forEach(root, QLatin1String(listName), [&](const QDomElement& list) {
+            forEach(list, QLatin1String(entryName),
+                    [&](const QDomElement& entry) { (this->*member)(entry); });
+        });
+    };
+    readList("UnitConversions", "Unit", &ProfileReader::readUnit);
+    readList("EnumList", "Enum", &ProfileReader::readEnum);
+    readList("ThresholdList", "Threshold", &ProfileReader::readThreshold);
+    readList("Device", "ErrorMatrix", &ProfileReader::readErrorMatrix);
+    forEach(root, QStringLiteral("Device"), [&](const QDomElement& device) { readDevice(device); });
+    registerParameters();
+}
+
+std::vector<Variant> ProfileReader::readVariants(const QDomElement& root)
+{
+    std::vector<Variant> variants;
+    const auto name = QStringLiteral("Variant");
+    for (QDomElement list = root.firstChildElement(QStringLiteral("Variants")); !list.isNull();
+         list = list.nextSiblingElement(QStringLiteral("Variants"))) {
+        for (QDomElement element = list.firstChildElement(name); !element.isNull();
+             element = element.nextSiblingElement(name)) {
+            variants.push_back({element.attribute(QStringLiteral("name")),
+                                element.attribute(QStringLiteral("id")),
+                                colorAttribute(element, QStringLiteral("color"))});
+        }
+    }
+    return variants;
+}
+
+void ProfileReader::readUnit(const QDomElement& element)
+{
+    const QString key = conversionKey(element.attribute(QStringLiteral("unitMetric")),
+                                      element.attribute(QStringLiteral("unitImperial")));
+    m_profile.m_conversions[key] = {doubleAttribute(element, QStringLiteral("factor"), 1.0),
+                                    doubleAttribute(element, QStringLiteral("offset"))};
+}
+
+void ProfileReader::readEnum(const QDomElement& element)
+{
+    static int serial = 0;
+    EnumList& list =
+        listNamed(element.attribute(QStringLiteral("name")), m_enumIds, m_profile.m_enumLists);
+    forEach(element, QStringLiteral("Value"), [&](const QDomElement& entry) {
+        const int value = intAttribute(entry, QStringLiteral("val"));
+        list.entries[value] = {value, entry.attribute(QStringLiteral("label")), ++serial};
+    });
+}
+
+void ProfileReader::readThreshold(const QDomElement& element)
+{
+    Threshold& threshold = listNamed(element.attribute(QStringLiteral("name")), m_thresholdIds,
+                                     m_profile.m_thresholds);
+    threshold.id = m_thresholdIds.value(threshold.name);
+    forEach(element, QStringLiteral("Value"), [&](const QDomElement& entry) {
+        const ThresholdStep step{doubleAttribute(entry, QStringLiteral("val")),
+                                 {colorAttribute(entry, QStringLiteral("color")).rgb(),
+                                  stateOf(entry.attribute(QStringLiteral("state")))}};
+        const auto earlier = std::ranges::find(threshold.steps, step.value, &ThresholdStep::value);
+        if (earlier == threshold.steps.end())
+            threshold.steps.push_back(step);
+        else
+            *earlier = step;
+    });
+}
+
+void ProfileReader::readErrorMatrix(const QDomElement& element)
+{
+    m_profile.m_errorMatrices.push_back({intAttribute(element, QStringLiteral("id")),
+                                         element.attribute(QStringLiteral("name")),
+                                         {}});
+}
+
+void ProfileReader::readDevice(const QDomElement& element)
+{
+    const Device device{static_cast<int>(m_profile.m_devices.size()),
+                        element.attribute(QStringLiteral("name")),
+                        {}};
+    m_profile.m_devices.push_back(device);
+    forEach(element, QStringLiteral("Parameter"),
+            [&](const QDomElement& parameter) { readParameter(parameter, device); });
+}
+
+void ProfileReader::readParameter(const QDomElement& element, const Device& device)
+{
+    ProfileParameter& parameter = m_profile.m_parameters.emplace_back();
+    parameter.name = element.attribute(QStringLiteral("name"));
+    parameter.fullName = device.name + QLatin1Char('/') + parameter.name;
+    parameter.device = device.index;
+    parameter.unitMetric = element.attribute(QStringLiteral("unitMetric"));
+    parameter.unitImperial = element.attribute(QStringLiteral("unitImperial"));
+    parameter.viewId = element.attribute(QStringLiteral("viewId"));
+    parameter.id = intAttribute(element, QStringLiteral("id"));
+    parameter.startByte = intAttribute(element, QStringLiteral("startByte"));
+    parameter.startBit = intAttribute(element, QStringLiteral("startBit"));
+    parameter.endBit = intAttribute(element, QStringLiteral("endBit"));
+    parameter.offset = doubleAttribute(element, QStringLiteral("offset"));
+    parameter.factor = doubleAttribute(element, QStringLiteral("factor"), 1.0);
+    const int precision = intAttribute(element, QStringLiteral("precision"), defaultPrecision);
+    parameter.precision =
+        precision >= 0 && precision <= maxPrecision ? precision : defaultPrecision;
+    parameter.dataType = dataTypeCode(element.attribute(QStringLiteral("dataType")));
+    parameter.koltDataType = element.attribute(QStringLiteral("koltDataType"));
+    parameter.enumId = m_enumIds.value(element.attribute(QStringLiteral("enumId")), -1);
+    parameter.thresholdId =
+        m_thresholdIds.value(element.attribute(QStringLiteral("thresholdId")), -1);
+    parameter.errorType = errorTypeOf(element.attribute(QStringLiteral("errorType")));
+    resolve(parameter);
+}
+
+void ProfileReader::resolve(ProfileParameter& parameter) const
+{
+    const DataTypeInfo& type = dataTypeInfo(parameter.dataType);
+    parameter.rule = type.rule;
+    if (type.rule != DecodingRule::NotImplemented &&
+        (parameter.startByte < 0 || parameter.startByte > messageBytes - type.width)) {
+        parameter.rule = DecodingRule::NotImplemented;
+        Diagnostics::print("Profile::loadProfil <%s>: startByte %d reaches outside the message\n",
+                           qUtf8Printable(parameter.fullName), parameter.startByte);
+    }
+    parameter.isLatitude = parameter.koltDataType == QLatin1String("Latitude");
+    parameter.isPosition =
+        parameter.isLatitude || parameter.koltDataType == QLatin1String("Longitude");
+    parameter.enumList = m_profile.enumList(parameter.enumId);
+    parameter.threshold = m_profile.threshold(parameter.thresholdId);
+    const auto conversion =
+        m_profile.m_conversions.find(conversionKey(parameter.unitMetric, parameter.unitImperial));
+    if (conversion != m_profile.m_conversions.end())
+        parameter.conversion = &conversion->second;
+}
+
+void ProfileReader::registerParameters()
+{
+    QHash<int, std::vector<ErrorMatrix*>> matrices;
+    for (ErrorMatrix& matrix : m_profile.m_errorMatrices)
+        matrices[matrix.id].push_back(&matrix);
+
+    for (const ProfileParameter& parameter : m_profile.m_parameters) {
+        m_profile.m_parametersById[parameter.id].push_back(&parameter);
+        if (!parameter.koltDataType.isEmpty())
+            m_profile.m_parametersByRole[parameter.koltDataType].push_back(&parameter);
+        if (!m_profile.m_parametersByFullName.contains(parameter.fullName))
+            m_profile.m_parametersByFullName.insert(parameter.fullName, &parameter);
+        if (const auto found = matrices.constFind(parameter.id); found != matrices.constEnd()) {
+            for (ErrorMatrix* matrix : *found)
+                matrix->members.push_back(&parameter);
+        }
+        m_profile.m_devices[static_cast<std::size_t>(parameter.device)].parameters.push_back(
+            &parameter);
+    }
+    for (Device& device : m_profile.m_devices) {
+        std::ranges::stable_sort(device.parameters, {},
+                                 [](const ProfileParameter* p) { return p->name.toUtf8(); });
+    }
+}
+
+} // namespace KOLT

@@ -1,0 +1,49 @@
+#pragma once
+
+#include <QColor>
+#include <QString>
+
+#include <cmath>
+#include <vector>
+
+namespace KOLT {
+
+enum class ThresholdState : int { Ok = 0, Warning = 1, Limit = 2 };
+
+struct Grade
+{
+    QRgb color = qRgb(255, 255, 255);
+    ThresholdState state = ThresholdState::Ok;
+};
+
+struct ThresholdStep
+{
+    double value = 0.0;
+    Grade grade;
+};
+
+/// A list of steps that grades a value, kept in file order.
+struct Threshold
+{
+    int id = 0;
+    QString name;
+    std::vector<ThresholdStep> steps;
+
+    /// The grade of the last step not above `value`, where the walk ends at the first step above
+    /// it. White and Ok below the first step and for NaN.
+    Grade grade(double value) const
+    {
+        Grade result;
+        if (std::isnan(value))
+            return result;
+        for (const ThresholdStep& step : steps) {
+            if (step.value > value)
+                break;
+            if (step.value <= value)
+                result = step.grade;
+        }
+        return result;
+    }
+};
+
+} // namespace KOLT
