@@ -1,0 +1,100 @@
+#include "app/project/Project.h"
+
+#include "app/base/XmlFile.h"
+#include "profile/Profile.h"
+
+#include <QDomDocument>
+
+namespace KOLT {
+
+namespace {
+
+template <typename Function>
+void forEachChild(const QDomElement& parent, const QString& name, Function&& function)
+{
+    for (QDomElement child = parent.firstChildElement(name); !child.isNull();
+         child = child.nextSiblingElement(name))
+        function(child);
+}
+
+QDomElement appendElement(QDomDocument& document, QDomNode parent, const QString& name)
+{
+    const QDomElement element = document.createElement(name);
+    parent.appendChild(element);
+    return element;
+}
+
+QByteArray textOfAttribute(const QDomElement& element, const char* name)
+{
+    return element.attribute(QLatin1String(name)).toUtf8();
+}
+
+} // namespace
+
+Project& Project::instance()
+{
+    static Project project;
+    return project;
+}
+
+int Project::read(const QString& path)
+{
+    m_names.clear();
+    m_canProperties.clear();
+    QDomDocument document;
+    if (readXmlFile(path, document) != XmlStatus::Ok)
+        return 0;
+    const QDomElement root = document.documentElement();
+    forEachChild(root, QStringLiteral("Parameters"), [&](const QDomElement& list) {
+        forEachChild(list, QStringLiteral("Parameter"), [&](const QDomElement& parameter) {
+            m_names.insert({textOfAttribute(parameter, "name"), 0});
+        });
+    });
+    forEachChild(root, QStringLiteral("CanProperties"), [&](const QDomElement& list) {
+        forEachChild(list, QStringLiteral("Property"), [&](const QDomElement& property) {
+            m_canProperties[textOfAttribute(property, "id")] = textOfAttribute(property, "value");
+        });
+    });
+    applySelection();
+    return 1;
+}
+
+bool Project::write(const QString& path)
+{
+    QDomDocument document;
+    const QDomElement root = appendElement(document, document, QStringLiteral("KoltProject"));
+    const QDomElement parameters = appendElement(document, root, QStringLiteral("Parameters"));
+    if (m_profile != nullptr) {
+        for (const Device& device : m_profile->devices()) {
+            for (const ProfileParameter* parameter : device.parameters) {
+                if (parameter->selected)
+                    appendElement(document, parameters, QStringLiteral("Parameter"))
+                        .setAttribute(QStringLiteral("name"), parameter->name);
+            }
+        }
+    }
+    const QDomElement properties = appendElement(document, root, QStringLiteral("CanProperties"));
+    for (const auto& [id, value] : m_canProperties) {
+        QDomElement element = appendElement(document, properties, QStringLiteral("Property"));
+        element.setAttribute(QStringLiteral("id"), xmlText(id));
+        element.setAttribute(QStringLiteral("value"), xmlText(value));
+    }
+    m_written = writeXmlFile(path, document);
+    return true;
+}
+
+void Project::clear()
+{
+    m_names.clear();
+    m_canProperties.clear();
+    applySelection();
+}
+
+void Project::applySelection() const
+{
+    if (m_profile == nullptr)
+        return;
+    m_profile->select([&](const QString& name) { return m_names.contains(name.toUtf8()); });
+}
+
+} // namespace KOLT

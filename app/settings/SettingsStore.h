@@ -1,0 +1,56 @@
+#pragma once
+
+#include <QByteArray>
+
+#include <map>
+
+namespace KOLT {
+
+/// The program's settings: a flat table of named texts, kept in an XML file
+/// (docs/formats/settings.md).
+///
+/// Writers call save() right after a change; nothing is saved implicitly. A file that exists but
+/// cannot be read as settings is moved aside to "<name>.broken" when it is loaded, so that saving
+/// never destroys it. GUI thread only.
+class SettingsStore
+{
+public:
+    static SettingsStore& instance();
+
+    SettingsStore() = default;
+    SettingsStore(const SettingsStore&) = delete;
+    SettingsStore& operator=(const SettingsStore&) = delete;
+
+    void setFileName(const QByteArray& path) { m_fileName = path; }
+
+    const QByteArray& fileName() const { return m_fileName; }
+
+    /// Reads the file into the table on top of what is there. Always true: a missing or broken file
+    /// is logged and every reader gets its default.
+    bool load();
+
+    /// Replaces the file by the whole table, settings with an empty value left out. False when the
+    /// file could not be written; the old file is then untouched.
+    bool save() const;
+
+    /// An absent key gives the default. Numbers are read as the C library does: leading digits
+    /// count, text without digits is 0. A boolean is true only for "true", "TRUE" and "True".
+    QByteArray getText(const QByteArray& key, const QByteArray& fallback = {}) const;
+    int getInteger(const QByteArray& key, int fallback) const;
+    bool getBoolean(const QByteArray& key, bool fallback) const;
+    double getDouble(const QByteArray& key, double fallback) const;
+
+    void setText(const QByteArray& key, const QByteArray& value);
+    void setInteger(const QByteArray& key, int value);
+    void setBoolean(const QByteArray& key, bool value);
+
+private:
+    const QByteArray* find(const QByteArray& key) const;
+    bool moveBrokenFileAside() const;
+
+    QByteArray m_fileName;
+    std::map<QByteArray, QByteArray> m_values;
+    bool m_mayReplaceFile = true; ///< false while a broken file could not be moved aside
+};
+
+} // namespace KOLT
