@@ -1,0 +1,173 @@
+#include "record/CardContainer.h"
+
+#include "app/base/Diagnostics.h"
+#include "record/FlightFinder.h"
+#include "record/TimeSlots.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+#include <algorithm>
+#include <array>
+
+namespace KOLT {
+
+namespace {
+
+bool isRecordName(const QString& name)
+{
+    static const std::array suffixes{QStringLiteral("CAN"), QStringLiteral("can"),
+                                     QStringLiteral("xcb")};
+    const qsizetype dot = name.lastIndexOf(QLatin1Char('.'));
+    return dot >= 0 && std::ranges::find(suffixes, name.mid(dot + 1)) != suffixes.end();
+}
+
+QString fileNameOf(const QString& path)
+{
+    return path.section(QLatin1Char('/'), -1);
+}
+
+/// Says which entries look like record files but are none, such as folders and dangling links.
+void reportOddEntries(const QDir& folder)
+{
+    const auto filter = QDir::Dirs | QDir::System | QDir::NoDotAndDotDot;
+    for (const QString& name : folder.entryList(filter, QDir::Unsorted)) {
+        if (isRecordName(name))
+            Diagnostics::print("CardContainer::readContainer: %s is not a plain file\n",
+                               qUtf8Printable(name));
+    }
+}
+
+void reportDropped(const MessageMap& messages)
+{
+    if (messages.droppedCount() > 0)
+        Diagnostics::print("CardContainer::loadFiles: %zu samples with more than %zu different "
+                           "identifiers are left out\n",
+                           messages.droppedCount(), MessageMap::maxIdentifiers);
+    if (messages.lateCount() > 0)
+        Diagnostics::print("CardContainer::loadFiles: %zu samples lie beyond %.0f s and are left "
+                           "out of the track\n",
+                           messages.lateCount(), maxGridSeconds);
+}
+
+} // namespace
+
+bool CardContainer::readContainer(const QString& folder, const Progress& progress)
+{
+    const QDir directory(folder);
+    if (!directory.exists())
+        return false;
+    m_folder = folder;
+    m_files.clear();
+    if (!directory.isReadable())
+        Diagnostics::print("CardContainer::readContainer: Could not read %s\n",
+                           qUtf8Printable(folder));
+    const QStringList entries = directory.entryList(QDir::Files, QDir::Unsorted);
+    Diagnostics::print("CardContainer::readContainer: Path <%s> NrFiles %d\n",
+                       qUtf8Printable(folder), static_cast<int>(entries.size()));
+    qsizetype index = 0;
+    for (const QString& name : entries) {
+        if (isRecordName(name))
+            m_files[name].readRecordInfo(QStringLiteral("%1/%2").arg(folder, name));
+        // Whole-number division: the bar stays at 0 until all is read.
+        if (progress)
+            progress(static_cast<int>(index / entries.size() * 100));
+        ++index;
+    }
+    reportOddEntries(directory);
+    repairDates();
+    m_cycles = divideIntoCycles(m_files);
+    if (progress)
+        progress(100);
+    return true;
+}
+
+void CardContainer::repairDates()
+{
+    for (auto& [name, file] : m_files) {
+        if (!file.info().dateTime.isValid())
+            file.setDateInvalid();
+    }
+    for (auto it = m_files.begin(); it != m_files.end(); ++it) {
+        const auto follower = std::next(it);
+        RecordFile& file = it->second;
+        if (file.info().dateTime.isValid() || follower == m_files.end())
+            continue;
+        const auto stopMilliseconds = static_cast<qint64>(file.info().stopSeconds * 1000.0);
+        file.repairDate(follower->second.info().dateTime.addMSecs(-stopMilliseconds));
+    }
+}
+
+bool CardContainer::loadFiles(const std::list<QString>& paths, const Progress& progress)
+{
+    m_dataSet.reset(); // two cycles at once would need twice the memory
+    m_dataSet = read(paths, progress);
+    m_dataSet->track = buildTrack(m_profile, m_dataSet->messages);
+    return true;
+}
+
+bool CardContainer::loadCycle(int number, const Progress& progress)
+{
+    const auto cycle = m_cycles.find(number);
+    return cycle != m_cycles.end() && loadFiles(pathsOf(cycle->second), progress);
+}
+
+bool CardContainer::loadFlight(int number, std::size_t flightIndex, const Progress& progress)
+{
+    const auto cycle = m_cycles.find(number);
+    if (cycle == m_cycles.end())
+        return false;
+    std::unique_ptr<DataSet> dataSet = read(pathsOf(cycle->second), progress);
+    if (flightIndex >= dataSet->flights.size())
+        return false;
+    dataSet->keepFlight(flightIndex);
+    dataSet->track = buildTrack(m_profile, dataSet->messages);
+    m_dataSet = std::move(dataSet);
+    return true;
+}
+
+std::list<QString> CardContainer::pathsOf(const Cycle& cycle) const
+{
+    std::list<QString> paths;
+    for (const QString& name : cycle.fileNames)
+        paths.push_back(QStringLiteral("%1/%2").arg(m_folder, name));
+    return paths;
+}
+
+std::unique_ptr<DataSet> CardContainer::read(const std::list<QString>& paths,
+                                             const Progress& progress)
+{
+    qint64 totalBytes = 0;
+    for (const QString& path : paths) {
+        const auto found = m_files.find(fileNameOf(path));
+        if (found != m_files.end())
+            totalBytes += qint64{found->second.info().sampleCount} * RecordFormat::sampleBytes;
+    }
+
+    auto dataSet = std::make_unique<DataSet>();
+    qint64 doneBytes = 0;
+    bool isFirst = true;
+    for (const QString& path : paths) {
+        const QString name = fileNameOf(path);
+        RecordFile& file = m_files[name];
+        file.readRecordData(dataSet->messages, [&](qint64 bytes) {
+            if (progress && totalBytes > 0)
+                progress(static_cast<int>(
+                    std::min<qint64>(100, (doneBytes + bytes) * 100 / totalBytes)));
+        });
+        doneBytes += qint64{file.info().sampleCount} * RecordFormat::sampleBytes;
+        Diagnostics::print("load Files <%s>\n", qUtf8Printable(name));
+        if (isFirst) {
+            dataSet->startSeconds = file.info().startSeconds;
+            dataSet->dateTime = file.info().dateTime;
+            Diagnostics::print("date valid %d\n", dataSet->dateTime.isValid() ? 1 : 0);
+        }
+        dataSet->stopSeconds = file.info().stopSeconds;
+        isFirst = false;
+    }
+    reportDropped(dataSet->messages);
+    dataSet->flights = findFlights(m_profile, dataSet->messages, dataSet->dateTime);
+    return dataSet;
+}
+
+} // namespace KOLT

@@ -1,0 +1,68 @@
+#pragma once
+
+#include "record/Cycle.h"
+#include "record/DataSet.h"
+#include "record/RecordFile.h"
+
+#include <QString>
+
+#include <functional>
+#include <list>
+#include <map>
+#include <memory>
+
+namespace KOLT {
+
+class Profile;
+
+/// A folder of record files: the unit's memory card or a copy of it.
+///
+/// Lists the files with their headers and cycles, and loads a choice of them as the one current
+/// data set. Nothing is ever written below the folder. Flights need the profile's roles, so the
+/// profile must be loaded first; it has to outlive the container.
+class CardContainer
+{
+public:
+    /// Percent of the work done, 0..100.
+    using Progress = std::function<void(int percent)>;
+
+    explicit CardContainer(const Profile& profile)
+        : m_profile(profile)
+    {
+    }
+
+    /// Lists the folder's record files (suffix "CAN", "can" or "xcb"). False when there is no such
+    /// folder; everything is then as before. A file that cannot be read keeps an empty header.
+    /// While files are read the progress stays at 0; it becomes 100 at the end.
+    bool readContainer(const QString& folder, const Progress& progress = {});
+
+    /// The three ways to load a data set, which replaces the current one. Files are read in the
+    /// order given: the first gives start and date-time, the last the stop. A file that is not
+    /// part of the container, or cannot be read, contributes nothing.
+    bool loadFiles(const std::list<QString>& paths, const Progress& progress = {});
+    /// False when there is no such cycle or flight; the current data set is then kept.
+    bool loadCycle(int number, const Progress& progress = {});
+    bool loadFlight(int number, std::size_t flightIndex, const Progress& progress = {});
+
+    const QString& folder() const { return m_folder; }
+
+    const std::map<QString, RecordFile>& files() const { return m_files; }
+
+    const std::map<int, Cycle>& cycles() const { return m_cycles; }
+
+    /// Valid until the next load; null before the first.
+    const DataSet* dataSet() const { return m_dataSet.get(); }
+
+private:
+    void repairDates();
+    std::unique_ptr<DataSet> read(const std::list<QString>& paths, const Progress& progress);
+    std::list<QString> pathsOf(const Cycle& cycle) const;
+
+    const Profile& m_profile;
+    QString m_folder;
+    std::map<QString, RecordFile> m_files; ///< by file name
+    std::map<int, Cycle> m_cycles;         ///< by number
+    std::unique_ptr<DataSet> m_dataSet;
+};
+
+} // namespace KOLT

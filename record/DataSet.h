@@ -1,0 +1,33 @@
+#pragma once
+
+#include "record/Flight.h"
+#include "record/MessageMap.h"
+#include "record/Track.h"
+
+#include <QDateTime>
+
+#include <optional>
+#include <vector>
+
+namespace KOLT {
+
+/// What is loaded for analysis: some files, a cycle, or one flight of a cycle. Times are seconds on
+/// the unit's counter.
+struct DataSet
+{
+    MessageMap messages;
+    double startSeconds = 0.0;
+    double stopSeconds = 0.0;
+    QDateTime dateTime;          ///< clock at counter 0; invalid when the first file has no date
+    std::vector<Flight> flights; ///< all flights of the files, also when only one is loaded
+    std::optional<std::size_t> flightIndex; ///< the flight that is loaded, when it is one
+    std::vector<TrackPoint> track;
+
+    /// The flight that is loaded; null when a whole cycle or files are.
+    const Flight* flight() const { return flightIndex ? &flights[*flightIndex] : nullptr; }
+
+    /// Narrows the set to one of its flights: only its samples stay.
+    void keepFlight(std::size_t index);
+};
+
+} // namespace KOLT

@@ -1,0 +1,187 @@
+#include "record/FlightFinder.h"
+
+#include "app/base/Diagnostics.h"
+#include "libs/tusk/Geodetic.h"
+#include "record/FlightDetector.h"
+#include "record/RoleSeries.h"
+
+#include <algorithm>
+#include <optional>
+
+namespace KOLT {
+
+namespace {
+
+constexpr double marginSeconds = 30.0;
+constexpr double brakeReleaseThrottle = 90.0; // percent
+constexpr double referenceSpeed = 80.0;       // km/h
+constexpr double minValidAltitude = 0.1;      // metres
+constexpr double liftOffHeight = 1.0;         // metres
+constexpr double obstacleHeight = 15.0;       // metres
+constexpr double secondsPerHour = 3600.0;
+
+struct Position
+{
+    double latitude = 0.0;
+    double longitude = 0.0;
+};
+
+double distanceBetween(const Position& from, const Position& to)
+{
+    return TUSK::Geodetic::distance(from.latitude, from.longitude, to.latitude, to.longitude);
+}
+
+/// Works out the figures of flights in one recording.
+class FlightStatistic
+{
+public:
+    FlightStatistic(const Profile& profile, const MessageMap& messages)
+        : m_throttle(profile, messages, "ThrottleA")
+        , m_fuelA(profile, messages, "FuelA")
+        , m_fuelB(profile, messages, "FuelB")
+        , m_groundSpeed(profile, messages, "GroundSpeed")
+        , m_altitude(profile, messages, "Altitude")
+        , m_latitude(profile, messages, "Latitude")
+        , m_longitude(profile, messages, "Longitude")
+    {
+    }
+
+    void compute(Flight& flight) const
+    {
+        flight.fuelA = fuelUsed(m_fuelA, flight);
+        flight.fuelB = fuelUsed(m_fuelB, flight);
+        flight.fuel = flight.fuelA + flight.fuelB;
+        const Reference reference = speedFigures(flight);
+        altitudeFigures(flight, reference);
+        flight.timePer100m =
+            (flight.landingSeconds - flight.takeOffSeconds) / flight.altitudeGain * 100.0;
+        flight.fuelPer100m = flight.fuel / flight.altitudeGain * 100.0;
+        flight.statisticsValid = true;
+    }
+
+private:
+    /// Where heights above the runway are counted from.
+    struct Reference
+    {
+        double seconds = 0.0;
+        double altitude = 0.0;
+    };
+
+    Position positionAt(double seconds) const
+    {
+        return {m_latitude.valueAt(seconds), m_longitude.valueAt(seconds)};
+    }
+
+    /// The position at the first full throttle.
+    Position brakeRelease(const Flight& flight) const
+    {
+        std::optional<double> time;
+        m_throttle.forEach(flight.startSeconds, flight.endSeconds, [&](double t, double throttle) {
+            if (!time && throttle > brakeReleaseThrottle)
+                time = t;
+        });
+        return time ? positionAt(*time) : Position{};
+    }
+
+    /// Flow per hour integrated over the time since the sample before.
+    static double fuelUsed(const RoleSeries& flow, const Flight& flight)
+    {
+        double used = 0.0;
+        std::optional<double> previous;
+        flow.forEach(flight.startSeconds, flight.endSeconds, [&](double t, double value) {
+            if (previous)
+                used += value * (t - *previous) / secondsPerHour;
+            previous = t;
+        });
+        return used;
+    }
+
+    Reference speedFigures(Flight& flight) const
+    {
+        std::optional<double> time;
+        m_groundSpeed.forEach(flight.startSeconds, flight.endSeconds, [&](double t, double speed) {
+            flight.maxGroundSpeed = std::max(flight.maxGroundSpeed, speed);
+            if (!time && speed > referenceSpeed)
+                time = t;
+        });
+        return time ? Reference{*time, m_altitude.valueAt(*time)} : Reference{};
+    }
+
+    void altitudeFigures(Flight& flight, const Reference& reference) const
+    {
+        bool any = false;
+        double maximumSeconds = 0.0;
+        std::optional<double> liftOff;
+        std::optional<double> obstacle;
+        m_altitude.forEach(flight.startSeconds, flight.endSeconds, [&](double t, double altitude) {
+            if (!(altitude >= minValidAltitude))
+                return;
+            const double height = altitude - reference.altitude;
+            if (t > reference.seconds && !liftOff && height > liftOffHeight)
+                liftOff = t;
+            if (t > reference.seconds && !obstacle && height > obstacleHeight)
+                obstacle = t;
+            if (!any || altitude < flight.minAltitude)
+                flight.minAltitude = altitude;
+            if (!any || altitude > flight.maxAltitude) {
+                flight.maxAltitude = altitude;
+                maximumSeconds = t;
+            }
+            any = true;
+        });
+        flight.altitudeGain = flight.maxAltitude - flight.minAltitude;
+        flight.climbRate = flight.altitudeGain / (maximumSeconds - flight.takeOffSeconds);
+        flight.descentRate = flight.altitudeGain / (flight.landingSeconds - maximumSeconds);
+
+        const Position release = brakeRelease(flight);
+        flight.takeOffDistance =
+            distanceBetween(release, liftOff ? positionAt(*liftOff) : Position{});
+        flight.takeOffDistance15m =
+            distanceBetween(release, obstacle ? positionAt(*obstacle) : Position{});
+    }
+
+    RoleSeries m_throttle;
+    RoleSeries m_fuelA;
+    RoleSeries m_fuelB;
+    RoleSeries m_groundSpeed;
+    RoleSeries m_altitude;
+    RoleSeries m_latitude;
+    RoleSeries m_longitude;
+};
+
+} // namespace
+
+std::vector<Flight> findFlights(const Profile& profile, const MessageMap& messages,
+                                const QDateTime& dateTime)
+{
+    std::vector<Flight> flights;
+    const FlightStatistic statistic(profile, messages);
+    FlightDetector detector;
+    Flight flight;
+    const RoleSeries groundSpeed(profile, messages, "GroundSpeed");
+    groundSpeed.forEach(nullptr, [&](double t, double speed) {
+        switch (detector.step(speed)) {
+        case FlightDetector::Event::None:
+            break;
+        case FlightDetector::Event::TakeOff:
+            flight = {};
+            flight.takeOffSeconds = t;
+            flight.startSeconds = std::max(0.0, t - marginSeconds);
+            flight.dateTime = dateTime.addSecs(static_cast<qint64>(t));
+            break;
+        case FlightDetector::Event::Landing:
+            flight.landingSeconds = t;
+            flight.endSeconds = t + marginSeconds;
+            statistic.compute(flight);
+            flights.push_back(flight);
+            break;
+        }
+    });
+    for (const Flight& found : flights) {
+        Diagnostics::print("Flight %f -> %f <%s>\n", found.startSeconds, found.endSeconds,
+                           qUtf8Printable(found.dateTime.toString(QStringLiteral("hh:mm:ss"))));
+    }
+    return flights;
+}
+
+} // namespace KOLT

@@ -1,0 +1,113 @@
+#include "record/MessageMap.h"
+
+#include "record/TimeSlots.h"
+
+#include <algorithm>
+
+namespace KOLT {
+
+namespace {
+
+constexpr auto lastGridHighWord =
+    static_cast<std::uint32_t>(maxGridSeconds / RecordFormat::secondsPerHighWord);
+
+} // namespace
+
+void MessageMap::append(StoredSample& sample)
+{
+    CacheLine& line = m_cache[sample.id % m_cache.size()];
+    if (line.series == nullptr || line.id != sample.id) {
+        MessageSeries* const series = findOrCreate(sample.id);
+        if (series == nullptr) {
+            ++m_droppedCount;
+            return;
+        }
+        line = {sample.id, series};
+    }
+    sample.sequence = m_nextSequence;
+    line.series->append(sample);
+    ++m_nextSequence;
+    ++m_sampleCount;
+    m_lateCount += sample.timeHigh > lastGridHighWord ? 1 : 0;
+}
+
+MessageSeries* MessageMap::findOrCreate(std::uint32_t id)
+{
+    const auto found = m_series.find(id);
+    if (found != m_series.end())
+        return &found->second;
+    return m_series.size() < maxIdentifiers ? &m_series[id] : nullptr;
+}
+
+void MessageMap::clear()
+{
+    m_series.clear();
+    m_cache = {};
+    m_kindSeries = {};
+    m_sampleCount = 0;
+    m_droppedCount = 0;
+    m_lateCount = 0;
+    m_nextSequence = 0;
+}
+
+const MessageSeries& MessageMap::series(std::uint32_t id) const
+{
+    static const MessageSeries none;
+    if (id == RecordFormat::kind0Series)
+        return kindSeries(0);
+    if (id == RecordFormat::kind1Series)
+        return kindSeries(1);
+    const auto found = m_series.find(id);
+    return found == m_series.end() ? none : found->second;
+}
+
+const MessageSeries& MessageMap::kindSeries(std::uint16_t kind) const
+{
+    KindSeries& slot = m_kindSeries[kind];
+    if (slot.builtFor == m_nextSequence)
+        return slot.series;
+    const std::uint32_t ownId = kind == 0 ? RecordFormat::kind0Series : RecordFormat::kind1Series;
+    std::vector<const StoredSample*> samples;
+    for (const auto& [id, series] : m_series) {
+        for (const StoredSample& sample : series) {
+            if (id == ownId)
+                samples.push_back(&sample);
+            if (sample.kind == kind)
+                samples.push_back(&sample);
+        }
+    }
+    std::ranges::stable_sort(samples, {}, [](const StoredSample* s) { return s->sequence; });
+    slot = {{}, m_nextSequence};
+    for (const StoredSample* sample : samples)
+        slot.series.append(*sample);
+    return slot.series;
+}
+
+template <typename Predicate>
+void MessageMap::removeIf(Predicate&& isDropped)
+{
+    m_cache = {};
+    m_kindSeries = {};
+    m_sampleCount = 0;
+    for (auto it = m_series.begin(); it != m_series.end();) {
+        it->second.removeIf(isDropped);
+        m_sampleCount += it->second.size();
+        it = it->second.empty() ? m_series.erase(it) : std::next(it);
+    }
+}
+
+void MessageMap::truncate(std::uint32_t sequence)
+{
+    removeIf([&](const StoredSample& sample) { return sample.sequence >= sequence; });
+    m_nextSequence = sequence;
+}
+
+void MessageMap::keepWindow(double start, double end)
+{
+    removeIf([&](const StoredSample& sample) {
+        const double seconds = sample.seconds();
+        return seconds < start || seconds > end;
+    });
+}
+
+} // namespace KOLT

@@ -1,0 +1,80 @@
+#pragma once
+
+#include "record/MessageSeries.h"
+
+#include <array>
+#include <map>
+
+namespace KOLT {
+
+/// All samples of a data set, grouped by message identifier.
+///
+/// Samples of kind 0 and kind 1 stand once more, in recording order, under the identifiers
+/// 0x7FFFFFFF and 0x7FFFFFFE. Those two series are put together only when somebody asks for them.
+/// At most `maxIdentifiers` identifiers are kept: a bus has some hundred, a damaged file millions.
+class MessageMap
+{
+public:
+    static constexpr std::size_t maxIdentifiers = 65'536;
+
+    MessageMap() = default;
+    MessageMap(const MessageMap&) = delete;
+    MessageMap& operator=(const MessageMap&) = delete;
+
+    /// Adds a sample and numbers it. Throws std::bad_alloc when memory runs out.
+    void append(StoredSample& sample);
+
+    void clear();
+
+    /// The series of an identifier; an empty one when it has no samples. Valid until the map
+    /// changes.
+    const MessageSeries& series(std::uint32_t id) const;
+
+    /// Series by ascending identifier, each sample once.
+    const std::map<std::uint32_t, MessageSeries>& all() const { return m_series; }
+
+    std::size_t sampleCount() const { return m_sampleCount; }
+
+    /// Samples left out because their identifier was one too many.
+    std::size_t droppedCount() const { return m_droppedCount; }
+
+    /// Samples beyond maxGridSeconds, give or take a high word of the time stamp.
+    std::size_t lateCount() const { return m_lateCount; }
+
+    /// The sequence number that the next sample gets.
+    std::uint32_t nextSequence() const { return m_nextSequence; }
+
+    /// Takes back all samples from that sequence number on.
+    void truncate(std::uint32_t sequence);
+
+    /// Keeps only the samples within [start, end] seconds.
+    void keepWindow(double start, double end);
+
+private:
+    struct CacheLine
+    {
+        std::uint32_t id = 0;
+        MessageSeries* series = nullptr;
+    };
+
+    struct KindSeries
+    {
+        MessageSeries series;
+        std::uint32_t builtFor = 0; ///< next sequence number when it was built; 0: not built
+    };
+
+    template <typename Predicate>
+    void removeIf(Predicate&& isDropped);
+    MessageSeries* findOrCreate(std::uint32_t id);
+    const MessageSeries& kindSeries(std::uint16_t kind) const;
+
+    std::map<std::uint32_t, MessageSeries> m_series;
+    std::array<CacheLine, 256> m_cache{};
+    mutable std::array<KindSeries, 2> m_kindSeries;
+    std::size_t m_sampleCount = 0;
+    std::size_t m_droppedCount = 0;
+    std::size_t m_lateCount = 0;
+    std::uint32_t m_nextSequence = 0;
+};
+
+} // namespace KOLT

@@ -1,0 +1,226 @@
+#include "record/RecordFile.h"
+
+#include "app/base/Diagnostics.h"
+
+#include <QFile>
+
+#include <algorithm>
+#include <array>
+#include <limits>
+#include <new>
+#include <vector>
+
+#ifdef Q_OS_UNIX
+#include <unistd.h>
+#endif
+
+namespace KOLT {
+
+namespace {
+
+using namespace RecordFormat;
+
+/// Read at once; a whole number of samples.
+constexpr qint64 blockBytes = 32'768 * sampleBytes;
+
+int samplesIn(qint64 fileBytes)
+{
+    const qint64 count = (fileBytes - headerBytes) / sampleBytes;
+    return static_cast<int>(std::clamp<qint64>(count, 0, std::numeric_limits<int>::max()));
+}
+
+double secondsAt(const ByteReader& reader, std::size_t offset)
+{
+    return reader.u32(offset + 4) * secondsPerTick + reader.u32(offset) * secondsPerHighWord;
+}
+
+/// Whether so many samples can be held. Without this a huge file, or one of holes, would be read
+/// until the system ends the program.
+bool fitMemory(std::size_t samples)
+{
+#ifdef Q_OS_UNIX
+    const auto pages = static_cast<std::size_t>(sysconf(_SC_PHYS_PAGES));
+    const auto pageBytes = static_cast<std::size_t>(sysconf(_SC_PAGESIZE));
+    return samples <= pages / 4 * 3 * (pageBytes / sizeof(StoredSample));
+#else
+    return samples <= std::numeric_limits<std::uint32_t>::max() / sizeof(StoredSample);
+#endif
+}
+
+/// Latin-1 up to the first zero; empty when the field is cut short.
+QString textAt(std::span<const unsigned char> bytes, std::size_t offset, std::size_t width)
+{
+    if (bytes.size() < offset + width)
+        return {};
+    const auto field = bytes.subspan(offset, width);
+    const auto end = std::ranges::find(field, 0);
+    return QString::fromLatin1(reinterpret_cast<const char*>(field.data()), end - field.begin());
+}
+
+QDateTime dateTimeAt(const ByteReader& reader)
+{
+    const QDate date(static_cast<std::int16_t>(reader.u16(dateOffset)), reader.u8(dateOffset + 2),
+                     reader.u8(dateOffset + 3));
+    const QTime time(reader.u8(dateOffset + 4), reader.u8(dateOffset + 5),
+                     reader.u8(dateOffset + 6));
+    if (!date.isValid())
+        return {};
+    return {date, time.isValid() ? time : QTime(0, 0), Qt::UTC};
+}
+
+/// Reads up to `bytes.size()` bytes at `offset` and returns those that are there.
+std::span<const unsigned char> readAt(QFile& file, qint64 offset, std::span<unsigned char> bytes)
+{
+    if (!file.seek(offset))
+        return {};
+    const qint64 count =
+        file.read(reinterpret_cast<char*>(bytes.data()), static_cast<qint64>(bytes.size()));
+    return bytes.first(static_cast<std::size_t>(std::max<qint64>(0, count)));
+}
+
+/// The 28 bytes of `bytes` as a sample.
+template <ByteOrder order>
+StoredSample parseSample(std::span<const unsigned char> bytes)
+{
+    const ByteReader reader(bytes, order);
+    StoredSample sample;
+    std::copy_n(bytes.begin(), sample.data.size(), sample.data.begin());
+    sample.byte8 = bytes[8];
+    sample.byte9 = bytes[9];
+    sample.kind = reader.u16(kindOffset);
+    sample.id = reader.u32(identifierOffset) & identifierMask;
+    sample.word16 = reader.u32(16);
+    sample.timeHigh = reader.u32(sampleTimeOffset);
+    sample.timeLow = reader.u32(sampleTimeOffset + 4);
+    return sample;
+}
+
+template <ByteOrder order>
+void appendSamples(std::span<const unsigned char> bytes, MessageMap& messages)
+{
+    for (; bytes.size() >= sampleBytes; bytes = bytes.subspan(sampleBytes)) {
+        StoredSample sample = parseSample<order>(bytes.first<sampleBytes>());
+        messages.append(sample);
+    }
+}
+
+} // namespace
+
+bool RecordFile::readRecordInfo(const QString& path)
+{
+    m_path = path;
+    m_info = {};
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) {
+        Diagnostics::print("RecordFile::readRecordInfo: Could not open %s\n", qUtf8Printable(path));
+        Diagnostics::print("Error: %s\n", qUtf8Printable(file.errorString()));
+        return false;
+    }
+    m_info.sampleCount = samplesIn(file.size());
+    std::array<unsigned char, headerBytes> header{};
+    readHeader(readAt(file, 0, header));
+    readSampleTimes(file);
+    return true;
+}
+
+void RecordFile::readHeader(std::span<const unsigned char> header)
+{
+    const bool isLittle = ByteReader(header, ByteOrder::Little).u16(0) == byteOrderMark;
+    m_info.byteOrder = isLittle ? ByteOrder::Little : ByteOrder::Big;
+    const ByteReader reader(header, m_info.byteOrder);
+    if (!m_info.dateInvalid)
+        m_info.dateTime = dateTimeAt(reader);
+    m_info.busType = reader.u32(busTypeOffset);
+    m_info.ecuSerialNumber = reader.u32(ecuSerialOffset);
+
+    std::size_t offset = textsOffset;
+    for (QString* text : {&m_info.softwarePartA, &m_info.ecuType, &m_info.engineSerial,
+                          &m_info.engineType, &m_info.softwarePartB}) {
+        *text = textAt(header, offset, partNumberWidth);
+        offset += partNumberWidth;
+    }
+    m_info.emuVersion = textAt(header, offset, emuVersionWidth);
+}
+
+void RecordFile::readSampleTimes(QFile& file)
+{
+    std::array<unsigned char, 8> stamp{};
+    const auto secondsOf = [&](qint64 offset, double fallback) {
+        const auto bytes = readAt(file, offset, stamp);
+        return bytes.size() == stamp.size() ? secondsAt(ByteReader(bytes, m_info.byteOrder), 0)
+                                            : fallback;
+    };
+    m_info.startSeconds = secondsOf(headerTimeOffset, 0.0);
+    m_info.stopSeconds = m_info.startSeconds;
+    if (m_info.sampleCount > 0) {
+        const qint64 last = headerBytes + (qint64{m_info.sampleCount} - 1) * sampleBytes;
+        m_info.startSeconds = secondsOf(headerBytes + sampleTimeOffset, m_info.startSeconds);
+        m_info.stopSeconds = secondsOf(last + sampleTimeOffset, m_info.startSeconds);
+    }
+}
+
+bool RecordFile::readRecordData(MessageMap& messages, const ReadProgress& progress)
+{
+    QFile file(m_path);
+    if (m_path.isEmpty() || !file.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) {
+        Diagnostics::print("RecordFile::readRecordData: Could not open %s\n",
+                           qUtf8Printable(m_path));
+        return false;
+    }
+    m_info.sampleCount = samplesIn(file.size());
+    std::array<unsigned char, headerBytes> header{};
+    readHeader(readAt(file, 0, header));
+
+    const std::uint32_t before = messages.nextSequence();
+    try {
+        if (fitMemory(messages.sampleCount() + static_cast<std::size_t>(m_info.sampleCount)))
+            return readSamples(file, messages, progress);
+    } catch (const std::bad_alloc&) {
+        messages.truncate(before);
+    }
+    Diagnostics::print("RecordFile::readRecordData: Not enough memory for %s\n",
+                       qUtf8Printable(m_path));
+    return false;
+}
+
+bool RecordFile::readSamples(QFile& file, MessageMap& messages, const ReadProgress& progress) const
+{
+    const qint64 wanted = qint64{m_info.sampleCount} * sampleBytes;
+    if (!file.seek(headerBytes))
+        return true;
+    std::vector<unsigned char> block(static_cast<std::size_t>(std::min(blockBytes, wanted)));
+    qint64 done = 0;
+    qint64 held = 0; // bytes of a sample whose end is still to be read
+    while (done < wanted) {
+        const qint64 room =
+            std::min<qint64>(static_cast<qint64>(block.size()) - held, wanted - done);
+        const qint64 count = file.read(reinterpret_cast<char*>(block.data()) + held, room);
+        if (count <= 0) {
+            Diagnostics::print("RecordFile::readRecordData: %s ends after %lld of %d samples\n",
+                               qUtf8Printable(m_path), static_cast<long long>(done / sampleBytes),
+                               m_info.sampleCount);
+            break;
+        }
+        done += count;
+        const qint64 available = held + count;
+        held = available % sampleBytes;
+        const auto whole =
+            std::span<const unsigned char>(block).first(static_cast<std::size_t>(available - held));
+        if (m_info.byteOrder == ByteOrder::Little)
+            appendSamples<ByteOrder::Little>(whole, messages);
+        else
+            appendSamples<ByteOrder::Big>(whole, messages);
+        std::copy_n(block.begin() + (available - held), held, block.begin());
+        if (progress)
+            progress(done);
+    }
+    return true;
+}
+
+void RecordFile::repairDate(const QDateTime& dateTime)
+{
+    m_info.dateTime = dateTime;
+    m_info.dateRepaired = dateTime.isValid();
+}
+
+} // namespace KOLT

@@ -1,0 +1,61 @@
+#pragma once
+
+#include "profile/ValueDecoder.h"
+#include "record/MessageMap.h"
+
+namespace KOLT {
+
+/// The series of a parameter in a data set.
+inline const MessageSeries& seriesOf(const MessageMap& messages, const ProfileParameter& parameter)
+{
+    return messages.series(static_cast<std::uint32_t>(parameter.id));
+}
+
+/// A parameter found by its role, with its samples. Without such a parameter it has no samples.
+class RoleSeries
+{
+public:
+    RoleSeries(const Profile& profile, const MessageMap& messages, const char* role)
+        : m_parameter(profile.parameterByRole(QLatin1String(role)))
+        , m_series(m_parameter != nullptr ? &seriesOf(messages, *m_parameter) : nullptr)
+    {
+    }
+
+    /// Calls function(seconds, value) for each sample in stored order within [start, end].
+    template <typename Function>
+    void forEach(double start, double end, Function&& function) const
+    {
+        if (m_series == nullptr)
+            return;
+        for (const StoredSample& sample : m_series->around(start, end)) {
+            const double seconds = sample.seconds();
+            if (seconds >= start && seconds <= end)
+                function(seconds, decodeNumber(sample.data, *m_parameter));
+        }
+    }
+
+    /// Calls function(seconds, value) for every sample in stored order; positions go through the
+    /// filter.
+    template <typename Function>
+    void forEach(PositionFilter* filter, Function&& function) const
+    {
+        if (m_series == nullptr)
+            return;
+        for (const StoredSample& sample : *m_series)
+            function(sample.seconds(), decodeNumber(sample.data, *m_parameter, filter));
+    }
+
+    /// The value of the first sample at or after `seconds`, 0 when there is none.
+    double valueAt(double seconds) const
+    {
+        const StoredSample* const sample =
+            m_series != nullptr ? m_series->firstAtOrAfter(seconds) : nullptr;
+        return sample != nullptr ? decodeNumber(sample->data, *m_parameter) : 0.0;
+    }
+
+private:
+    const ProfileParameter* m_parameter;
+    const MessageSeries* m_series;
+};
+
+} // namespace KOLT

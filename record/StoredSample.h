@@ -1,0 +1,36 @@
+#pragma once
+
+#include "profile/MessageData.h"
+#include "record/RecordFormat.h"
+
+#include <cstdint>
+
+namespace KOLT {
+
+/// One recorded bus message, in host byte order. 32 bytes: twenty hours of traffic stay in memory,
+/// so times are kept as the unit's ticks and turned into seconds when asked for.
+struct StoredSample
+{
+    MessageData data{};
+    std::uint32_t timeHigh = 0;
+    std::uint32_t timeLow = 0;
+    std::uint32_t id = 0;     ///< top bit cleared
+    std::uint32_t word16 = 0; ///< bytes 16..19 of the sample, passed on
+    std::uint16_t kind = 0;
+    std::uint8_t byte8 = 0;
+    std::uint8_t byte9 = 0;
+    std::uint32_t sequence = 0; ///< place in the loaded recording, from 0
+
+    /// Seconds on the unit's counter.
+    double seconds() const
+    {
+        return timeLow * RecordFormat::secondsPerTick + timeHigh * RecordFormat::secondsPerHighWord;
+    }
+
+    /// Tenths of a second, rounded: the common time key of all views.
+    std::int64_t tenths() const { return static_cast<std::int64_t>(seconds() * 10.0 + 0.5); }
+};
+
+static_assert(sizeof(StoredSample) == 32);
+
+} // namespace KOLT

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "profile/Profile.h"
+#include "record/MessageMap.h"
+
+#include <vector>
+
+namespace KOLT {
+
+/// A place on the flight path. Degrees, metres, km/h.
+struct TrackPoint
+{
+    int halfSecond = 0; ///< place on the grid: seconds on the unit's counter times 2
+    double latitude = 0.0;
+    double longitude = 0.0;
+    double altitude = 0.0;
+    double groundSpeed = 0.0;
+    double track = 0.0;
+
+    double seconds() const { return halfSecond * 0.5; }
+};
+
+/// The flight path on a grid of half seconds from 0 s to the last position, each point interpolated
+/// between the samples around it; only points with a position. Positions without a fix are dropped
+/// first. Samples beyond maxGridSeconds do not count. By ascending `halfSecond`.
+std::vector<TrackPoint> buildTrack(const Profile& profile, const MessageMap& messages);
+
+} // namespace KOLT
