@@ -1,0 +1,34 @@
+#pragma once
+
+#include "profile/Profile.h"
+#include "record/DataSet.h"
+
+#include <QString>
+
+#include <vector>
+
+namespace KOLT {
+
+/// The moment at which a parameter crossed one of its thresholds for the worse.
+struct Event
+{
+    double seconds = 0.0; ///< on the unit's counter
+    const ProfileParameter* parameter = nullptr;
+    QString group;
+    QString text; ///< group, parameter, value and unit, in the profile's unit system
+    Grade grade;
+};
+
+enum class EventScope {
+    AllParameters,
+    WarningLamps ///< only parameters of role "WarningLamp"
+};
+
+/// The exceedances of a data set by ascending time, equal times in profile order.
+///
+/// A step from Ok to anything, or from Warning to Limit, is an event. A parameter that is beyond
+/// its threshold from the first sample on gives none until it has been back. Costs one numeric
+/// decoding per sample of a graded parameter; text is made for events only.
+std::vector<Event> findEvents(const Profile& profile, const DataSet& dataSet, EventScope scope);
+
+} // namespace KOLT
