@@ -1,0 +1,157 @@
+#include "cli/Arguments.h"
+
+#include <QCommandLineParser>
+
+#include <algorithm>
+#include <array>
+
+namespace KOLT::Cli {
+
+namespace {
+
+struct Verb
+{
+    const char* name;
+    const char* description;
+    bool choosesFiles; ///< takes --cycle or --files
+    bool usesProfile;
+};
+
+constexpr std::array verbs{
+    Verb{"list", "List the record files and engine cycles of a folder as JSON.", false, false},
+    Verb{"flights", "Print the flights of a cycle with their figures as JSON.", true, true},
+    Verb{"values", "Print every sample of a parameter as JSON.", true, true},
+    Verb{"events", "Print the moments at which limits were exceeded as JSON.", true, true},
+    Verb{"report", "Print the cycles and flights of a folder for people.", false, true},
+};
+
+QString generalHelp()
+{
+    QString text = QStringLiteral("Usage: kolt-cli VERB FOLDER [options]\n\n"
+                                  "Reads the recordings of an engine management unit.\n\nVerbs:\n");
+    for (const Verb& verb : verbs)
+        text += QStringLiteral("  %1 %2\n")
+                    .arg(QLatin1String(verb.name), -8)
+                    .arg(QLatin1String(verb.description));
+    return text + QStringLiteral("\n'kolt-cli VERB --help' tells the options of a verb.\n");
+}
+
+/// The parser takes one value per option; "--files A B" becomes "--files A --files B".
+QStringList withSingleFiles(const QStringList& arguments)
+{
+    QStringList result;
+    bool inFiles = false;
+    for (const QString& argument : arguments) {
+        if (argument == QLatin1String("--files")) {
+            inFiles = true;
+        } else if (inFiles && !argument.startsWith(QLatin1String("--"))) {
+            result << QStringLiteral("--files=") + argument;
+        } else {
+            inFiles = false;
+            result << argument;
+        }
+    }
+    return result;
+}
+
+void addOptions(QCommandLineParser& parser, const Verb& verb)
+{
+    const auto add = [&](const char* name, const char* description, const char* value = "") {
+        parser.addOption({QLatin1String(name), QLatin1String(description), QLatin1String(value)});
+    };
+    parser.addPositionalArgument(QStringLiteral("folder"),
+                                 QStringLiteral("The card, or a copy of it."),
+                                 QStringLiteral("FOLDER"));
+    add("help", "Show this help.");
+    if (verb.choosesFiles) {
+        add("cycle", "Load the engine cycle of this number.", "N");
+        add("files", "Load these files, in this order.", "NAME...");
+    }
+    if (verb.usesProfile) {
+        add("profile", "Parameter profile; the installed one without this option.", "FILE");
+        add("variant", "Variant of the profile; the one in the settings without it.", "V");
+    }
+    if (verb.choosesFiles)
+        add("unit", "Units of the texts: metric or imperial.", "U");
+    if (QLatin1String(verb.name) == QLatin1String("values"))
+        add("parameter", "The parameter, as \"Device/Name\".", "NAME");
+    if (QLatin1String(verb.name) == QLatin1String("events"))
+        add("lamps", "Warning lamps only.");
+}
+
+/// Fills in what --cycle, --files and --unit say; returns what is wrong with them.
+QString readChoice(const QCommandLineParser& parser, Arguments& arguments)
+{
+    const bool hasCycle = parser.isSet(QStringLiteral("cycle"));
+    const bool hasFiles = parser.isSet(QStringLiteral("files"));
+    if (hasCycle == hasFiles)
+        return QStringLiteral("give either --cycle or --files");
+    if (hasFiles) {
+        arguments.files = parser.values(QStringLiteral("files"));
+    } else {
+        bool ok = false;
+        arguments.cycle = parser.value(QStringLiteral("cycle")).toInt(&ok);
+        if (!ok)
+            return QStringLiteral("--cycle needs a number, not \"%1\"")
+                .arg(parser.value(QStringLiteral("cycle")));
+    }
+    const QString unit = parser.isSet(QStringLiteral("unit")) ? parser.value(QStringLiteral("unit"))
+                                                              : QStringLiteral("metric");
+    arguments.imperial = unit == QLatin1String("imperial");
+    if (!arguments.imperial && unit != QLatin1String("metric"))
+        return QStringLiteral("--unit is metric or imperial, not \"%1\"").arg(unit);
+    return {};
+}
+
+/// The value of an option that the verb may not have.
+QString valueOf(const QCommandLineParser& parser, const QString& name, bool isKnown)
+{
+    return isKnown ? parser.value(name) : QString();
+}
+
+} // namespace
+
+ParseResult parseArguments(const QStringList& commandLine)
+{
+    const QStringList given = commandLine.mid(1);
+    if (given.isEmpty())
+        return {{}, {}, QStringLiteral("no verb given; 'kolt-cli --help' lists them")};
+    const QString name = given.first();
+    if (name == QLatin1String("--help") || name == QLatin1String("-h"))
+        return {{}, generalHelp(), {}};
+    const auto* const verb =
+        std::ranges::find_if(verbs, [&](const Verb& v) { return name == QLatin1String(v.name); });
+    if (verb == verbs.end())
+        return {
+            {}, {}, QStringLiteral("unknown verb \"%1\"; 'kolt-cli --help' lists them").arg(name)};
+
+    QCommandLineParser parser;
+    parser.setApplicationDescription(QLatin1String(verb->description));
+    addOptions(parser, *verb);
+    const bool isParsed = parser.parse(QStringList{QStringLiteral("kolt-cli ") + name} +
+                                       withSingleFiles(given.mid(1)));
+    if (!isParsed)
+        return {{}, {}, parser.errorText()};
+    if (parser.isSet(QStringLiteral("help")))
+        return {{}, parser.helpText(), {}};
+    const QStringList folders = parser.positionalArguments();
+    if (folders.size() != 1)
+        return {{}, {}, QStringLiteral("give one folder, not %1").arg(folders.size())};
+
+    Arguments arguments;
+    arguments.verb = name;
+    arguments.folder = folders.first();
+    arguments.profile = valueOf(parser, QStringLiteral("profile"), verb->usesProfile);
+    arguments.variant = valueOf(parser, QStringLiteral("variant"), verb->usesProfile);
+    const bool isValues = name == QLatin1String("values");
+    arguments.parameter = valueOf(parser, QStringLiteral("parameter"), isValues);
+    arguments.lampsOnly = name == QLatin1String("events") && parser.isSet(QStringLiteral("lamps"));
+    const QString error = verb->choosesFiles ? readChoice(parser, arguments) : QString();
+    if (!error.isEmpty())
+        return {{}, {}, error};
+    if (isValues && arguments.parameter.isEmpty())
+        return {{}, {}, QStringLiteral("--parameter is missing")};
+    return {arguments, {}, {}};
+}
+
+} // namespace KOLT::Cli

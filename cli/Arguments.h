@@ -1,0 +1,35 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+#include <optional>
+
+/// What the user asked of kolt-cli.
+namespace KOLT::Cli {
+
+struct Arguments
+{
+    QString verb;
+    QString folder;
+    std::optional<int> cycle;
+    std::optional<QStringList> files;
+    QString profile;
+    QString variant;
+    bool imperial = false;
+    QString parameter;
+    bool lampsOnly = false;
+};
+
+/// Either arguments, or a help text, or what is wrong with the command line.
+struct ParseResult
+{
+    std::optional<Arguments> arguments;
+    QString help;
+    QString error;
+};
+
+/// `commandLine` starts with the program's name. Profile and variant that are not given stay empty.
+ParseResult parseArguments(const QStringList& commandLine);
+
+} // namespace KOLT::Cli

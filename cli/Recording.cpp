@@ -1,0 +1,87 @@
+#include "cli/Recording.h"
+
+#include "app/settings/DataPaths.h"
+#include "app/settings/SettingsStore.h"
+
+#include <QCoreApplication>
+#include <QFile>
+
+#include <cstdio>
+
+namespace KOLT::Cli {
+
+namespace {
+
+constexpr auto defaultVariant = "915";
+
+/// The profile in the user's data directory, else the one that came with the program.
+QString installedProfile()
+{
+    const QString installed =
+        QFile::decodeName(DataPaths::instance().profilePath()) + QStringLiteral("/Profile.xml");
+    if (QFile::exists(installed))
+        return installed;
+    return QCoreApplication::applicationDirPath() + QStringLiteral("/../profiles/Profile.xml");
+}
+
+QString installedVariant()
+{
+    SettingsStore& settings = SettingsStore::instance();
+    const QByteArray file = DataPaths::instance().dataPath() + "/KOLT.ini";
+    if (QFile::exists(QFile::decodeName(file))) {
+        settings.setFileName(file);
+        settings.load();
+    }
+    return QString::fromUtf8(settings.getText("Profile", defaultVariant));
+}
+
+} // namespace
+
+QString Recording::openProfile()
+{
+    const QString path = m_arguments.profile.isEmpty() ? installedProfile() : m_arguments.profile;
+    const QString variant =
+        m_arguments.variant.isEmpty() ? installedVariant() : m_arguments.variant;
+    if (!m_profile.loadProfil(path, variant))
+        return QStringLiteral("%1 cannot be read or is not a KOLT profile").arg(path);
+    m_profile.setUnitSystem(m_arguments.imperial ? UnitSystem::Imperial : UnitSystem::Metric);
+    return {};
+}
+
+QString Recording::openFolder()
+{
+    if (!m_card.readContainer(m_arguments.folder))
+        return QStringLiteral("there is no folder %1").arg(m_arguments.folder);
+    return {};
+}
+
+QString Recording::load()
+{
+    if (m_arguments.cycle) {
+        if (!m_card.loadCycle(*m_arguments.cycle))
+            return QStringLiteral("there is no cycle %1 in %2")
+                .arg(*m_arguments.cycle)
+                .arg(m_arguments.folder);
+        return {};
+    }
+    std::list<QString> paths;
+    for (const QString& name : *m_arguments.files)
+        paths.push_back(QStringLiteral("%1/%2").arg(m_arguments.folder, name));
+    m_card.loadFiles(paths);
+    return {};
+}
+
+bool writeOutput(const QByteArray& bytes)
+{
+    return std::fwrite(bytes.constData(), 1, static_cast<std::size_t>(bytes.size()), stdout) ==
+           static_cast<std::size_t>(bytes.size());
+}
+
+QString finishOutput()
+{
+    if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0)
+        return QStringLiteral("the output could not be written");
+    return {};
+}
+
+} // namespace KOLT::Cli

@@ -1,0 +1,183 @@
+#include "cli/Verbs.h"
+
+#include "analysis/EventFinder.h"
+#include "cli/Recording.h"
+#include "profile/ValueDecoder.h"
+#include "record/RoleSeries.h"
+
+#include <QColor>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+
+namespace KOLT::Cli {
+
+namespace {
+
+QJsonValue jsonDateTime(const QDateTime& dateTime)
+{
+    if (!dateTime.isValid())
+        return QJsonValue::Null;
+    return dateTime.toString(QStringLiteral("yyyy-MM-ddThh:mm:ss"));
+}
+
+QString print(const QJsonObject& object)
+{
+    writeOutput(QJsonDocument(object).toJson());
+    return finishOutput();
+}
+
+QJsonObject jsonFile(const QString& name, const RecordInfo& info)
+{
+    return {
+        {QStringLiteral("name"), name},
+        {QStringLiteral("dateTime"), jsonDateTime(info.dateTime)},
+        {QStringLiteral("dateRepaired"), info.dateRepaired},
+        {QStringLiteral("start"), info.startSeconds},
+        {QStringLiteral("stop"), info.stopSeconds},
+        {QStringLiteral("samples"), info.sampleCount},
+        {QStringLiteral("busType"), static_cast<qint64>(info.busType)},
+        {QStringLiteral("ecuSerial"), static_cast<qint64>(info.ecuSerialNumber)},
+        {QStringLiteral("softwarePartA"), info.softwarePartA},
+        {QStringLiteral("ecuType"), info.ecuType},
+        {QStringLiteral("engineSerial"), info.engineSerial},
+        {QStringLiteral("engineType"), info.engineType},
+        {QStringLiteral("softwarePartB"), info.softwarePartB},
+        {QStringLiteral("emuVersion"), info.emuVersion},
+    };
+}
+
+QJsonObject jsonCycle(const Cycle& cycle)
+{
+    QJsonArray names;
+    for (const QString& name : cycle.fileNames)
+        names.append(name);
+    return {
+        {QStringLiteral("number"), cycle.number},
+        {QStringLiteral("name"), cycle.name},
+        {QStringLiteral("dateTime"), jsonDateTime(cycle.dateTime)},
+        {QStringLiteral("files"), names},
+    };
+}
+
+QJsonObject jsonFlight(const Flight& flight)
+{
+    return {
+        {QStringLiteral("dateTime"), jsonDateTime(flight.dateTime)},
+        {QStringLiteral("start"), flight.startSeconds},
+        {QStringLiteral("end"), flight.endSeconds},
+        {QStringLiteral("takeOff"), flight.takeOffSeconds},
+        {QStringLiteral("landing"), flight.landingSeconds},
+        {QStringLiteral("minAltitude"), flight.minAltitude},
+        {QStringLiteral("maxAltitude"), flight.maxAltitude},
+        {QStringLiteral("altitudeGain"), flight.altitudeGain},
+        {QStringLiteral("climbRate"), flight.climbRate},
+        {QStringLiteral("descentRate"), flight.descentRate},
+        {QStringLiteral("maxGroundSpeed"), flight.maxGroundSpeed},
+        {QStringLiteral("fuelA"), flight.fuelA},
+        {QStringLiteral("fuelB"), flight.fuelB},
+        {QStringLiteral("fuel"), flight.fuel},
+        {QStringLiteral("timePer100m"), flight.timePer100m},
+        {QStringLiteral("fuelPer100m"), flight.fuelPer100m},
+        {QStringLiteral("takeOffDistance"), flight.takeOffDistance},
+        {QStringLiteral("takeOffDistance15m"), flight.takeOffDistance15m},
+    };
+}
+
+QJsonArray jsonSample(const StoredSample& sample, const DecodedValue& value)
+{
+    return {
+        sample.seconds(), static_cast<qint64>(sample.tenths()), value.number,
+        value.text,       static_cast<int>(value.grade.state),  QColor(value.grade.color).name()};
+}
+
+/// Opens profile and folder and loads what the arguments choose.
+QString openAndLoad(Recording& recording)
+{
+    QString error = recording.openProfile();
+    if (error.isEmpty())
+        error = recording.openFolder();
+    return error.isEmpty() ? recording.load() : error;
+}
+
+} // namespace
+
+QString list(const Arguments& arguments)
+{
+    Recording recording(arguments);
+    const QString error = recording.openFolder();
+    if (!error.isEmpty())
+        return error;
+    QJsonArray files;
+    for (const auto& [name, file] : recording.card().files())
+        files.append(jsonFile(name, file.info()));
+    QJsonArray cycles;
+    for (const auto& [number, cycle] : recording.card().cycles())
+        cycles.append(jsonCycle(cycle));
+    return print({{QStringLiteral("files"), files}, {QStringLiteral("cycles"), cycles}});
+}
+
+QString flights(const Arguments& arguments)
+{
+    Recording recording(arguments);
+    const QString error = openAndLoad(recording);
+    if (!error.isEmpty())
+        return error;
+    const DataSet& dataSet = *recording.card().dataSet();
+    QJsonArray found;
+    for (const Flight& flight : dataSet.flights)
+        found.append(jsonFlight(flight));
+    return print({{QStringLiteral("start"), dataSet.startSeconds},
+                  {QStringLiteral("stop"), dataSet.stopSeconds},
+                  {QStringLiteral("flights"), found},
+                  {QStringLiteral("trackPoints"), static_cast<qint64>(dataSet.track.size())}});
+}
+
+QString values(const Arguments& arguments)
+{
+    Recording recording(arguments);
+    const QString error = openAndLoad(recording);
+    if (!error.isEmpty())
+        return error;
+    const Profile& profile = recording.profile();
+    const ProfileParameter* const parameter = profile.parameterByFullName(arguments.parameter);
+    if (parameter == nullptr)
+        return QStringLiteral("the profile has no parameter %1").arg(arguments.parameter);
+
+    // Written sample by sample: a long cycle has millions.
+    const QJsonArray unit{profile.unitLabel(*parameter)};
+    writeOutput(
+        "{\"unit\":" + QJsonDocument(unit).toJson(QJsonDocument::Compact).mid(1).chopped(1) +
+        ",\"samples\":[");
+    PositionFilter filter;
+    QByteArray separator = "\n";
+    for (const StoredSample& sample : seriesOf(recording.card().dataSet()->messages, *parameter)) {
+        MessageData data = sample.data;
+        const DecodedValue value = decodeValue(profile, *parameter, data, &filter);
+        const QJsonArray row = jsonSample(sample, value);
+        if (!writeOutput(separator + QJsonDocument(row).toJson(QJsonDocument::Compact)))
+            break;
+        separator = ",\n";
+    }
+    writeOutput("\n]}\n");
+    return finishOutput();
+}
+
+QString events(const Arguments& arguments)
+{
+    Recording recording(arguments);
+    const QString error = openAndLoad(recording);
+    if (!error.isEmpty())
+        return error;
+    QJsonArray found;
+    const EventScope scope =
+        arguments.lampsOnly ? EventScope::WarningLamps : EventScope::AllParameters;
+    for (const Event& event : findEvents(recording.profile(), *recording.card().dataSet(), scope))
+        found.append(QJsonObject{{QStringLiteral("time"), event.seconds},
+                                 {QStringLiteral("group"), event.group},
+                                 {QStringLiteral("parameter"), event.parameter->name},
+                                 {QStringLiteral("text"), event.text}});
+    return print({{QStringLiteral("events"), found}});
+}
+
+} // namespace KOLT::Cli

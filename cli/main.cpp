@@ -1,0 +1,48 @@
+#include "app/base/Diagnostics.h"
+#include "cli/Arguments.h"
+#include "cli/Recording.h"
+#include "cli/Verbs.h"
+
+#include <QCoreApplication>
+
+#include <clocale>
+#include <cstdio>
+#include <map>
+
+namespace {
+
+using namespace KOLT;
+
+int fail(const QString& error, int status)
+{
+    std::fprintf(stderr, "kolt-cli: %s\n", qUtf8Printable(error));
+    return status;
+}
+
+} // namespace
+
+int main(int argc, char* argv[])
+{
+    // The standard output carries the result and nothing else.
+    Diagnostics::setSink(Diagnostics::toStandardError);
+    const QCoreApplication application(argc, argv);
+    QCoreApplication::setApplicationName(QStringLiteral("KOLT"));
+    // The toolkit has taken over the user's locale; numbers in files have a decimal point.
+    std::setlocale(LC_NUMERIC, "C");
+
+    const Cli::ParseResult parsed = Cli::parseArguments(QCoreApplication::arguments());
+    if (!parsed.error.isEmpty())
+        return fail(parsed.error, 2);
+    if (!parsed.arguments) {
+        Cli::writeOutput(parsed.help.toUtf8());
+        return Cli::finishOutput().isEmpty() ? 0 : 1;
+    }
+    using VerbFunction = QString (*)(const Cli::Arguments&);
+    static const std::map<QString, VerbFunction> verbs{
+        {QStringLiteral("list"), Cli::list},     {QStringLiteral("flights"), Cli::flights},
+        {QStringLiteral("values"), Cli::values}, {QStringLiteral("events"), Cli::events},
+        {QStringLiteral("report"), Cli::report},
+    };
+    const QString error = verbs.at(parsed.arguments->verb)(*parsed.arguments);
+    return error.isEmpty() ? 0 : fail(error, 1);
+}
