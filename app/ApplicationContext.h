@@ -1,0 +1,23 @@
+#pragma once
+
+class QApplication;
+
+namespace KOLT {
+
+class DialogMain;
+
+/// The application object and the main window, for those few places that need them. Both are set
+/// by the start-up and outlive the event loop.
+struct ApplicationContext
+{
+    static ApplicationContext& instance()
+    {
+        static ApplicationContext context;
+        return context;
+    }
+
+    QApplication* application = nullptr;
+    DialogMain* mainWindow = nullptr;
+};
+
+} // namespace KOLT

@@ -1,0 +1,45 @@
+#include "app/ApplicationContext.h"
+#include "app/DialogMain.h"
+#include "app/settings/Version.h"
+#include "app/startup/Banner.h"
+#include "app/startup/SplashScreen.h"
+#include "app/startup/Startup.h"
+
+#include <QApplication>
+#include <QStyleFactory>
+
+#include <clocale>
+#include <cstdio>
+
+int main(int argc, char* argv[])
+{
+    using namespace KOLT;
+    // Whoever watches the output through a pipe sees each line when it is written.
+    std::setvbuf(stdout, nullptr, _IOLBF, BUFSIZ);
+
+    printBanner();
+    Startup::parseCommandLine(argc, argv);
+    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    QApplication application(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("KOLT"));
+    // The toolkit has taken over the user's locale; numbers in files have a decimal point.
+    std::setlocale(LC_NUMERIC, "C");
+
+    SplashScreen splash;
+    splash.show();
+    splash.showStep(QApplication::translate("main", "Starting up KOLT..."));
+    splash.showStep(QApplication::translate("main", "Version %1").arg(QLatin1String(versionText)));
+
+    ApplicationContext::instance().application = &application;
+    Startup::configureGraphics();
+    Startup::loadSettings();
+    Startup::installTranslations(application);
+    Startup::applyStyleSheet(application);
+
+    splash.showStep(QApplication::translate("main", "Creating Dialogs ..."));
+    DialogMain mainWindow;
+    ApplicationContext::instance().mainWindow = &mainWindow;
+    application.installEventFilter(&mainWindow);
+    splash.finish(&mainWindow);
+    return QApplication::exec();
+}

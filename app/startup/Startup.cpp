@@ -1,0 +1,79 @@
+#include "app/startup/Startup.h"
+
+#include "app/base/Diagnostics.h"
+#include "app/settings/CommandLineOptions.h"
+#include "app/settings/DataPaths.h"
+#include "app/settings/SettingsStore.h"
+#include "app/startup/StyleSheet.h"
+
+#include <QApplication>
+#include <QFile>
+#include <QSurfaceFormat>
+#include <QTranslator>
+
+namespace KOLT::Startup {
+
+namespace {
+
+constexpr int depthBits = 24;
+constexpr int stencilBits = 8;
+
+void installTranslation(QApplication& application, QTranslator& translator, const char* label,
+                        const QString& prefix, const QString& locale)
+{
+    const bool loaded = translator.load(prefix + locale, QStringLiteral(":/trl"));
+    Diagnostics::print("Translation %s <%s> %d\n", label, qUtf8Printable(locale), loaded ? 1 : 0);
+    if (loaded)
+        application.installTranslator(&translator);
+}
+
+} // namespace
+
+void parseCommandLine(int argc, const char* const* argv)
+{
+    CommandLineOptions& options = CommandLineOptions::instance();
+    options.addFlag("-h", "print this help");
+    options.addFlag("-emu", "EMU display only");
+    options.addFlag("-connect", "connect after startup");
+    options.addValueOption("-s", "stylefile to load", "");
+    const bool allKnown = options.parse(argc, argv);
+    if (!allKnown || options.isGiven("-h"))
+        options.printUsage();
+}
+
+void configureGraphics()
+{
+    QSurfaceFormat format = QSurfaceFormat::defaultFormat();
+    format.setDepthBufferSize(depthBits);
+    format.setStencilBufferSize(stencilBits);
+    QSurfaceFormat::setDefaultFormat(format);
+    // High-DPI scaling and the DPI-aware declaration are always on in this toolkit version.
+    QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
+}
+
+void loadSettings()
+{
+    SettingsStore& settings = SettingsStore::instance();
+    settings.setFileName(DataPaths::instance().dataPath() + "/KOLT.ini");
+    settings.load();
+}
+
+void installTranslations(QApplication& application)
+{
+    static QTranslator toolkit;
+    static QTranslator program;
+    const QString locale = QString::fromUtf8(SettingsStore::instance().getText("Locale", "us"));
+    installTranslation(application, toolkit, "QT", QStringLiteral("qt_"), locale);
+    installTranslation(application, program, "IOS", QStringLiteral("kolt_"), locale);
+}
+
+void applyStyleSheet(QApplication& application)
+{
+    std::string file;
+    CommandLineOptions::instance().getValue("-s", file);
+    const QString path =
+        file.empty() ? QStringLiteral(":/styles/style.KOLT.css") : QFile::decodeName(file.c_str());
+    application.setStyleSheet(StyleSheet().read(path));
+}
+
+} // namespace KOLT::Startup

@@ -1,0 +1,58 @@
+#include "app/startup/StyleSheet.h"
+
+#include <QFile>
+#include <QRegularExpression>
+
+namespace KOLT {
+
+namespace {
+
+StyleSheet::Entries parseEntries(const QString& body)
+{
+    StyleSheet::Entries entries;
+    for (const QString& entry : body.split(QLatin1Char(';'))) {
+        const qsizetype colon = entry.indexOf(QLatin1Char(':'));
+        if (colon >= 0)
+            entries[entry.left(colon).trimmed()] = entry.mid(colon + 1).trimmed();
+    }
+    return entries;
+}
+
+} // namespace
+
+QString StyleSheet::read(const QString& path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly | QIODevice::Text))
+        return {};
+    QString text = withoutComments(QString::fromUtf8(file.readAll()));
+    QString applied;
+    const qsizetype blockCount = text.count(QLatin1Char('}'));
+    for (qsizetype i = 0; i < blockCount; ++i) {
+        const QString block = text.section(QLatin1Char('}'), i, i);
+        const QString header = block.section(QLatin1Char('{'), 0, 0).trimmed();
+        const Entries entries = parseEntries(block.section(QLatin1Char('{'), 1).trimmed());
+        if (header.section(QLatin1Char(':'), 0, 0) == QLatin1String("Variables")) {
+            for (const auto& [key, value] : entries) {
+                m_variables[key] = value;
+                const QString reference = QStringLiteral("$(") + key + QLatin1Char(')');
+                text.replace(reference, value);
+                applied.replace(reference, value);
+            }
+            continue;
+        }
+        for (const auto& [key, value] : entries)
+            m_blocks[header][key] = value;
+        applied += block + QLatin1Char('}');
+    }
+    return applied + text.section(QLatin1Char('}'), blockCount);
+}
+
+QString StyleSheet::withoutComments(const QString& text)
+{
+    static const QRegularExpression comment(
+        QStringLiteral(R"((?:/\*(?:[^*]|(?:\*+[^*/]))*\*+/)|(?://.*))"));
+    return QString(text).remove(comment);
+}
+
+} // namespace KOLT
