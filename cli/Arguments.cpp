@@ -79,6 +79,13 @@ void addOptions(QCommandLineParser& parser, const Verb& verb)
         add("lamps", "Warning lamps only.");
 }
 
+/// The toolkit's help, with the verb in its place.
+QString helpOf(const QString& verb, const QCommandLineParser& parser)
+{
+    return QStringLiteral("Usage: kolt-cli ") + verb + QStringLiteral(" FOLDER [options]\n") +
+           parser.helpText().section(QLatin1Char('\n'), 1);
+}
+
 /// Fills in what --cycle, --files and --unit say; returns what is wrong with them.
 QString readChoice(const QCommandLineParser& parser, Arguments& arguments)
 {
@@ -133,7 +140,7 @@ ParseResult parseArguments(const QStringList& commandLine)
     if (!isParsed)
         return {{}, {}, parser.errorText()};
     if (parser.isSet(QStringLiteral("help")))
-        return {{}, parser.helpText(), {}};
+        return {{}, helpOf(name, parser), {}};
     const QStringList folders = parser.positionalArguments();
     if (folders.size() != 1)
         return {{}, {}, QStringLiteral("give one folder, not %1").arg(folders.size())};

@@ -31,7 +31,7 @@ int samplesIn(qint64 fileBytes)
 
 double secondsAt(const ByteReader& reader, std::size_t offset)
 {
-    return reader.u32(offset + 4) * secondsPerTick + reader.u32(offset) * secondsPerHighWord;
+    return secondsOf(reader.u32(offset), reader.u32(offset + 4));
 }
 
 /// Whether so many samples can be held. Without this a huge file, or one of holes, would be read
@@ -145,17 +145,17 @@ void RecordFile::readHeader(std::span<const unsigned char> header)
 void RecordFile::readSampleTimes(QFile& file)
 {
     std::array<unsigned char, 8> stamp{};
-    const auto secondsOf = [&](qint64 offset, double fallback) {
+    const auto stampAt = [&](qint64 offset, double fallback) {
         const auto bytes = readAt(file, offset, stamp);
         return bytes.size() == stamp.size() ? secondsAt(ByteReader(bytes, m_info.byteOrder), 0)
                                             : fallback;
     };
-    m_info.startSeconds = secondsOf(headerTimeOffset, 0.0);
+    m_info.startSeconds = stampAt(headerTimeOffset, 0.0);
     m_info.stopSeconds = m_info.startSeconds;
     if (m_info.sampleCount > 0) {
         const qint64 last = headerBytes + (qint64{m_info.sampleCount} - 1) * sampleBytes;
-        m_info.startSeconds = secondsOf(headerBytes + sampleTimeOffset, m_info.startSeconds);
-        m_info.stopSeconds = secondsOf(last + sampleTimeOffset, m_info.startSeconds);
+        m_info.startSeconds = stampAt(headerBytes + sampleTimeOffset, m_info.startSeconds);
+        m_info.stopSeconds = stampAt(last + sampleTimeOffset, m_info.startSeconds);
     }
 }
 

@@ -35,7 +35,13 @@ constexpr std::uint32_t kind0Series = 0x7FFFFFFF;
 constexpr std::uint32_t kind1Series = 0x7FFFFFFE;
 
 /// A time stamp counts ticks of 31.25 ns in two words of 32 bits.
-constexpr double secondsPerTick = 31.25 * 1e-9;
+constexpr double nanosecondsPerTick = 31.25;
 constexpr double secondsPerHighWord = 134.217728;
+
+/// Seconds of a time stamp. Products in this order: the first is exact.
+constexpr double secondsOf(std::uint32_t high, std::uint32_t low)
+{
+    return low * nanosecondsPerTick * 1e-9 + high * secondsPerHighWord;
+}
 
 } // namespace KOLT::RecordFormat

@@ -22,10 +22,7 @@ struct StoredSample
     std::uint32_t sequence = 0; ///< place in the loaded recording, from 0
 
     /// Seconds on the unit's counter.
-    double seconds() const
-    {
-        return timeLow * RecordFormat::secondsPerTick + timeHigh * RecordFormat::secondsPerHighWord;
-    }
+    double seconds() const { return RecordFormat::secondsOf(timeHigh, timeLow); }
 
     /// Tenths of a second, rounded: the common time key of all views.
     std::int64_t tenths() const { return static_cast<std::int64_t>(seconds() * 10.0 + 0.5); }

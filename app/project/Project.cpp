@@ -17,7 +17,7 @@ void forEachChild(const QDomElement& parent, const QString& name, Function&& fun
         function(child);
 }
 
-QDomElement appendElement(QDomDocument& document, QDomNode parent, const QString& name)
+QDomElement appendElement(QDomDocument& document, QDomElement parent, const QString& name)
 {
     const QDomElement element = document.createElement(name);
     parent.appendChild(element);
@@ -62,7 +62,8 @@ int Project::read(const QString& path)
 bool Project::write(const QString& path)
 {
     QDomDocument document;
-    const QDomElement root = appendElement(document, document, QStringLiteral("KoltProject"));
+    const QDomElement root = document.createElement(QStringLiteral("KoltProject"));
+    document.appendChild(root);
     const QDomElement parameters = appendElement(document, root, QStringLiteral("Parameters"));
     if (m_profile != nullptr) {
         for (const Device& device : m_profile->devices()) {

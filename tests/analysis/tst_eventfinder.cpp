@@ -1,0 +1,137 @@
+#include "analysis/EventFinder.h"
+#include "tests/support/ProfileFixture.h"
+#include "tests/support/RecordingFixture.h"
+
+#include <QTest>
+
+#include <cmath>
+
+using namespace KOLT;
+using namespace KOLT::Test;
+
+class TestEventFinder : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void statesWalk_data();
+    void statesWalk();
+    void textIsInTheChosenUnits();
+    void equalTimesKeepProfileOrder();
+    void lampsAreSelectedByRole();
+};
+
+namespace {
+
+const QByteArray thresholds =
+    "<UnitConversions><Unit unitMetric='C' unitImperial='F' factor='1.8' "
+    "offset='32'/></UnitConversions>"
+    "<ThresholdList><Threshold name='T'><Value val='100' color='yellow' state='WARNING'/>"
+    "<Value val='200' color='red' state='LIMIT'/></Threshold>"
+    "<Threshold name='Lamp'><Value val='1' color='red' state='LIMIT'/></Threshold></ThresholdList>";
+
+} // namespace
+
+void TestEventFinder::statesWalk_data()
+{
+    QTest::addColumn<QList<float>>("values"); // one a second
+    QTest::addColumn<QList<double>>("times");
+
+    const float nan = std::nanf("");
+    using Values = QList<float>;
+    using Times = QList<double>;
+    QTest::newRow("0 1 2 1 2 0 2") << Values{0, 100, 200, 150, 250, 0, 300} << Times{1, 2, 4, 6};
+    QTest::newRow("beyond from the start") << Values{300, 300, 150, 120} << Times{};
+    QTest::newRow("limit at the start, then warning, then limit")
+        << Values{300, 150, 200} << Times{2};
+    QTest::newRow("warning at the start, then limit") << Values{150, 200} << Times{1};
+    QTest::newRow("stays above: once") << Values{0, 150, 151, 152} << Times{1};
+    QTest::newRow("straight to the limit") << Values{0, 250, 0, 250} << Times{1, 3};
+    QTest::newRow("NaN is normal") << Values{150, nan, 150, nan} << Times{2};
+    QTest::newRow("no samples") << Values{} << Times{};
+}
+
+void TestEventFinder::statesWalk()
+{
+    Profile profile;
+    QVERIFY(loadProfile(profile,
+                        thresholds + device({"name='p' id='1' dataType='FLOAT' thresholdId='T'",
+                                             "name='q' id='1' dataType='FLOAT'"})));
+    DataSet dataSet;
+    QFETCH(QList<float>, values);
+    for (qsizetype i = 0; i < values.size(); ++i)
+        add(dataSet.messages, 1, static_cast<double>(i), floats(values[i]));
+    QList<double> times;
+    for (const Event& event : findEvents(profile, dataSet, EventScope::AllParameters))
+        times << event.seconds;
+    QTEST(times, "times");
+}
+
+void TestEventFinder::textIsInTheChosenUnits()
+{
+    Profile profile;
+    QVERIFY(loadProfile(
+        profile,
+        thresholds + device({"name='Oil %1' id='1' dataType='FLOAT' precision='1' thresholdId='T' "
+                             "unitMetric='C' unitImperial='F'"})));
+    DataSet dataSet;
+    add(dataSet.messages, 1, 1.0, floats(0.0F));
+    add(dataSet.messages, 1, 2.0, floats(210.0F));
+    const auto textIn = [&](UnitSystem system) {
+        profile.setUnitSystem(system);
+        return findEvents(profile, dataSet, EventScope::AllParameters).at(0).text;
+    };
+    QCOMPARE(textIn(UnitSystem::Metric), "D Oil %1 210.0 C");
+    QCOMPARE(textIn(UnitSystem::Imperial), "D Oil %1 410.0 F");
+    const Event event = findEvents(profile, dataSet, EventScope::AllParameters).at(0);
+    QCOMPARE(event.group, "D");
+    QVERIFY(event.grade.state == ThresholdState::Limit && event.grade.color == qRgb(255, 0, 0));
+}
+
+void TestEventFinder::equalTimesKeepProfileOrder()
+{
+    Profile profile;
+    QVERIFY(loadProfile(
+        profile,
+        thresholds +
+            "<Device name='Z'><Parameter name='b' id='1' dataType='FLOAT' thresholdId='T'/>"
+            "<Parameter name='a' id='2' dataType='FLOAT' thresholdId='T'/></Device>"
+            "<Device name='A'><Parameter name='c' id='3' dataType='FLOAT' "
+            "thresholdId='T'/></Device>"));
+    DataSet dataSet;
+    for (const std::uint32_t id : {3U, 1U, 2U}) {
+        add(dataSet.messages, id, 0.0, floats(0.0F));
+        add(dataSet.messages, id, 5.0, floats(150.0F));
+        add(dataSet.messages, id, 6.0, floats(0.0F));
+    }
+    add(dataSet.messages, 3, 7.0, floats(150.0F));
+    add(dataSet.messages, 3, 3.0, floats(0.0F)); // times that step back are sorted
+    add(dataSet.messages, 3, 4.0, floats(150.0F));
+    QStringList order;
+    for (const Event& event : findEvents(profile, dataSet, EventScope::AllParameters))
+        order << event.group + event.parameter->name + QString::number(event.seconds);
+    QCOMPARE(order, (QStringList{"Ac4", "Za5", "Zb5", "Ac5", "Ac7"}));
+}
+
+void TestEventFinder::lampsAreSelectedByRole()
+{
+    Profile profile;
+    QVERIFY(loadProfile(
+        profile,
+        thresholds +
+            device(
+                {"name='lamp' id='1' dataType='BSHORT' startBit='3' endBit='3' thresholdId='Lamp' "
+                 "koltDataType='WarningLamp'",
+                 "name='other' id='1' dataType='BSHORT' startBit='3' endBit='3' thresholdId='Lamp' "
+                 "koltDataType='warningLamp'"})));
+    DataSet dataSet;
+    add(dataSet.messages, 1, 1.0, {0xF7, 0xFF});
+    add(dataSet.messages, 1, 2.0, {0x08, 0x00});
+    QCOMPARE(findEvents(profile, dataSet, EventScope::AllParameters).size(), 2U);
+    const std::vector<Event> lamps = findEvents(profile, dataSet, EventScope::WarningLamps);
+    QCOMPARE(lamps.size(), 1U);
+    QCOMPARE(lamps[0].text, "D lamp 1: Invalid ENUM Type ");
+}
+
+QTEST_GUILESS_MAIN(TestEventFinder)
+#include "tst_eventfinder.moc"

@@ -1,0 +1,129 @@
+#include "app/project/Project.h"
+#include "tests/support/ProfileFixture.h"
+
+#include <QTest>
+
+using namespace KOLT;
+using namespace KOLT::Test;
+
+class TestProject : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void readSelects_data();
+    void readSelects();
+    void writtenFileFollowsTheProfile();
+    void unreadableFileKeepsTheSelection();
+    void clearDeselectsEverything();
+    void failedWriteIsKnown();
+
+private:
+    QStringList selected() const;
+    QString file(const QByteArray& content) const;
+
+    QTemporaryDir m_directory;
+    Profile m_profile;
+    Project m_project;
+};
+
+void TestProject::init()
+{
+    QVERIFY(loadProfile(m_profile,
+                        "<Device name='Z'><Parameter name='b'/><Parameter name='B'/></Device>"
+                        "<Device name='A'><Parameter name='a'/></Device>"));
+    m_project.setProfile(&m_profile);
+    m_project.clear();
+}
+
+QStringList TestProject::selected() const
+{
+    QStringList names;
+    for (const ProfileParameter& parameter : m_profile.parameters()) {
+        if (parameter.selected)
+            names << parameter.name;
+    }
+    return names;
+}
+
+QString TestProject::file(const QByteArray& content) const
+{
+    const QString path = m_directory.filePath("project.xml");
+    writeFile(path, content);
+    return path;
+}
+
+void TestProject::readSelects_data()
+{
+    QTest::addColumn<QByteArray>("content");
+    QTest::addColumn<QStringList>("names");
+
+    QTest::newRow("two, one twice, one unknown")
+        << QByteArray("<KoltProject><Parameters><Parameter name='a'/><Parameter name='b'/>"
+                      "<Parameter name='a'/><Parameter name='gone'/></Parameters></KoltProject>")
+        << QStringList{"b", "a"};
+    QTest::newRow("any root") << QByteArray("<X><Parameters><Parameter name='a'/></Parameters></X>")
+                              << QStringList{"a"};
+    QTest::newRow("other elements")
+        << QByteArray("<KoltProject><Parameters><parameter name='a'/><Item name='b'/></Parameters>"
+                      "<Parameter name='a'/></KoltProject>")
+        << QStringList{};
+    QTest::newRow("no Parameters element") << QByteArray("<KoltProject/>") << QStringList{};
+}
+
+void TestProject::readSelects()
+{
+    QFETCH(QByteArray, content);
+    m_profile.select([](const QString&) { return true; });
+    QVERIFY(m_project.read(file(content)) != 0);
+    QTEST(selected(), "names");
+}
+
+void TestProject::writtenFileFollowsTheProfile()
+{
+    QVERIFY(m_project.read(
+                file("<KoltProject><Parameters><Parameter name='a'/><Parameter name='b'/>"
+                     "<Parameter name='B'/><Parameter name='gone'/></Parameters>"
+                     "<CanProperties><Property id='z' value='1'/><Property id='k' value='2'/>"
+                     "<Property id='z' value='3'/></CanProperties></KoltProject>")) != 0);
+    const QString path = m_directory.filePath("written.xml");
+    QVERIFY(m_project.write(path));
+    QVERIFY(m_project.isWritten());
+    QString written = QString::fromUtf8(readFile(path));
+    QVERIFY2(written.contains("\n        <Parameter "), qPrintable(written));
+    const QString expected =
+        "<KoltProject><Parameters><Parameter name=\"B\"/><Parameter name=\"b\"/>"
+        "<Parameter name=\"a\"/></Parameters><CanProperties>";
+    written.remove('\n').remove("    ");
+    QVERIFY2(written.startsWith(expected), qPrintable(written));
+    QVERIFY(written.indexOf("\"k\"") < written.indexOf("\"z\""));
+    QCOMPARE(written.count("<Property"), 2);
+    QVERIFY(!written.contains("\"1\""));
+}
+
+void TestProject::unreadableFileKeepsTheSelection()
+{
+    m_profile.select([](const QString& name) { return name == "a"; });
+    QCOMPARE(m_project.read(m_directory.filePath("missing.xml")), 0);
+    QCOMPARE(m_project.read(file("<KoltProject><Parameters>")), 0);
+    QCOMPARE(selected(), QStringList{"a"});
+}
+
+void TestProject::clearDeselectsEverything()
+{
+    m_profile.select([](const QString&) { return true; });
+    m_project.clear();
+    QCOMPARE(selected(), QStringList{});
+}
+
+void TestProject::failedWriteIsKnown()
+{
+    const DiagnosticsCapture output;
+    QVERIFY(m_project.write(m_directory.filePath("missing/project.xml")));
+    QVERIFY(!m_project.isWritten());
+    QVERIFY(output.text().contains("could not open file for writing !<"));
+}
+
+QTEST_GUILESS_MAIN(TestProject)
+#include "tst_project.moc"

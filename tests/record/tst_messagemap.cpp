@@ -1,0 +1,137 @@
+#include "record/MessageMap.h"
+#include "tests/support/RecordingFixture.h"
+
+#include <QTest>
+
+using namespace KOLT;
+using namespace KOLT::Test;
+
+class TestMessageMap : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void kindsAreListedInRecordingOrder();
+    void lookUpFindsTheFirstAtOrAfter_data();
+    void lookUpFindsTheFirstAtOrAfter();
+    void lookUpFollowsChanges();
+    void aroundHoldsTheWindow();
+    void windowAndTruncation();
+    void identifiersAreBounded();
+};
+
+void TestMessageMap::kindsAreListedInRecordingOrder()
+{
+    MessageMap messages;
+    add(messages, 5, 1.0, {}, 0);
+    add(messages, 3, 2.0, {}, 1);
+    add(messages, 4, 3.0, {}, 2);
+    add(messages, RecordFormat::kind0Series, 3.5, {}, 2); // its own identifier
+    add(messages, 3, 4.0, {}, 0);
+    const auto times = [&](std::uint32_t id) {
+        QList<double> result;
+        for (const StoredSample& sample : messages.series(id))
+            result << sample.seconds();
+        return result;
+    };
+    QCOMPARE(times(RecordFormat::kind0Series), (QList<double>{1.0, 3.5, 4.0}));
+    QCOMPARE(times(RecordFormat::kind1Series), (QList<double>{2.0}));
+    // What comes later is part of it, and a message with that identifier and kind stands twice.
+    add(messages, 4, 5.0, {}, 1);
+    add(messages, RecordFormat::kind0Series, 6.0, {}, 0);
+    QCOMPARE(times(RecordFormat::kind0Series), (QList<double>{1.0, 3.5, 4.0, 6.0, 6.0}));
+    QCOMPARE(times(RecordFormat::kind1Series), (QList<double>{2.0, 5.0}));
+    QCOMPARE(messages.sampleCount(), 7U);
+    messages.clear();
+    QVERIFY(messages.series(RecordFormat::kind0Series).empty());
+}
+
+void TestMessageMap::lookUpFindsTheFirstAtOrAfter_data()
+{
+    QTest::addColumn<double>("seconds");
+    QTest::addColumn<double>("found"); // -1: none
+
+    QTest::newRow("before all") << -5.0 << 1.25;
+    QTest::newRow("zero") << 0.0 << 1.25;
+    QTest::newRow("exactly") << 1.25 << 1.25;
+    QTest::newRow("just after") << 1.26 << 1.75;
+    QTest::newRow("over a gap") << 2.0 << 9.0;
+    QTest::newRow("stored order, not the nearest") << 9.1 << 50.0;
+    QTest::newRow("behind a step back") << 50.5 << 51.0;
+    QTest::newRow("a stray time") << 60.0 << 3e6;
+    QTest::newRow("beyond all") << 3.5e6 << -1.0;
+    QTest::newRow("beyond the slots") << 5.5e6 << -1.0;
+    QTest::newRow("NaN") << std::nan("") << -1.0;
+}
+
+void TestMessageMap::lookUpFindsTheFirstAtOrAfter()
+{
+    MessageMap messages;
+    for (const double seconds : {1.25, 1.75, 9.0, 50.0, 10.0, 51.0, 3e6, 52.0, 6e6})
+        add(messages, 1, seconds);
+    QFETCH(double, seconds);
+    const StoredSample* found = messages.series(1).firstAtOrAfter(seconds);
+    QTEST(found != nullptr ? found->seconds() : -1.0, "found");
+    QVERIFY(messages.series(2).firstAtOrAfter(seconds) == nullptr);
+}
+
+void TestMessageMap::lookUpFollowsChanges()
+{
+    MessageMap messages;
+    add(messages, 1, 1.0);
+    add(messages, 1, 2.0);
+    QVERIFY(messages.series(1).firstAtOrAfter(3.0) == nullptr);
+    add(messages, 1, 3.0);
+    QVERIFY(messages.series(1).firstAtOrAfter(3.0) != nullptr);
+    messages.keepWindow(2.5, 9.0);
+    add(messages, 1, 4.0);
+    add(messages, 1, 5.0);
+    QCOMPARE(messages.series(1).firstAtOrAfter(0.0)->seconds(), 3.0);
+}
+
+void TestMessageMap::aroundHoldsTheWindow()
+{
+    MessageMap messages;
+    for (int i = 0; i < 100; ++i)
+        add(messages, 1, i);
+    const auto window = messages.series(1).around(10.0, 20.0);
+    QCOMPARE(window.size(), 11U);
+    QCOMPARE(window.front().seconds(), 10.0);
+    QVERIFY(messages.series(1).around(200.0, 300.0).empty());
+    QVERIFY(messages.series(1).around(20.0, 10.0).empty());
+    add(messages, 1, 15.0); // a step back: only a look at all of them finds it
+    QCOMPARE(messages.series(1).around(10.0, 20.0).size(), 101U);
+}
+
+void TestMessageMap::windowAndTruncation()
+{
+    MessageMap messages;
+    for (int i = 0; i < 10; ++i)
+        add(messages, static_cast<std::uint32_t>(i % 2), i, {}, 0);
+    messages.truncate(6);
+    QCOMPARE(messages.sampleCount(), 6U);
+    QCOMPARE(messages.nextSequence(), 6U);
+    add(messages, 0, 20.0, {}, 0);
+    QCOMPARE(messages.series(RecordFormat::kind0Series).last().seconds(), 20.0);
+    messages.keepWindow(1.0, 3.0);
+    QCOMPARE(messages.sampleCount(), 3U);
+    QCOMPARE(messages.series(1).size(), 2U);
+    messages.keepWindow(3.0, 3.0);
+    QVERIFY(!messages.all().contains(0));
+    add(messages, 0, 4.0);
+    QCOMPARE(messages.series(0).size(), 1U);
+}
+
+void TestMessageMap::identifiersAreBounded()
+{
+    MessageMap messages;
+    for (std::uint32_t id = 0; id < MessageMap::maxIdentifiers + 10; ++id)
+        add(messages, id, 1.0);
+    QCOMPARE(messages.all().size(), MessageMap::maxIdentifiers);
+    QCOMPARE(messages.droppedCount(), 10U);
+    add(messages, 5, 2.0);
+    QCOMPARE(messages.series(5).size(), 2U);
+}
+
+QTEST_GUILESS_MAIN(TestMessageMap)
+#include "tst_messagemap.moc"

@@ -1,0 +1,26 @@
+#pragma once
+
+#include "profile/Profile.h"
+#include "tests/support/TestFiles.h"
+
+namespace KOLT::Test {
+
+/// Loads a profile from the XML between its root's tags.
+inline bool loadProfile(Profile& profile, const QByteArray& content, const QString& variant = {})
+{
+    const QTemporaryDir directory;
+    const QString path = directory.filePath(QStringLiteral("Profile.xml"));
+    return writeFile(path, "<KorvanProfile>" + content + "</KorvanProfile>") &&
+           profile.loadProfil(path, variant);
+}
+
+/// A profile with one device "D" that holds the parameters given as XML attributes.
+inline QByteArray device(std::initializer_list<QByteArray> parameters)
+{
+    QByteArray xml = "<Device name='D'>";
+    for (const QByteArray& attributes : parameters)
+        xml += "<Parameter " + attributes + "/>";
+    return xml + "</Device>";
+}
+
+} // namespace KOLT::Test
