@@ -1,0 +1,257 @@
+#!/usr/bin/env python3
+"""Fails when an include points the wrong way through the rooms (docs/architecture.md).
+
+    tools/check_includes.py               checks the repository
+    tools/check_includes.py --self-test   checks that bad examples are found
+
+Also: cores and the command-line tool stay free of windows, OpenGL and network; a project include is
+written with its path from the root and exists; no text refers to documents kept elsewhere.
+"""
+
+import posixpath
+import re
+import subprocess
+import sys
+import tempfile
+from pathlib import Path
+
+CORE_USES = {
+    "profile": {"base"},
+    "record": {"base", "profile", "libs/tusk"},
+    "analysis": {"base", "profile", "record"},
+    "graph": {"base", "profile", "record", "analysis", "libs/tusk"},
+    "map": {"base", "profile", "record", "analysis", "libs/tusk"},
+    "export": {"base", "profile", "record", "analysis", "libs/tusk"},
+}
+LIBS = {"libs/tusk", "libs/tessamap", "libs/zinc"}
+FACES = {room + ".face" for room in CORE_USES}
+SHARED = {"base", "settings", "project"}
+# The data window hosts the pages of these rooms.
+HOSTED_FACES = {"analysis.face": {"graph.face", "map.face"}}
+OUTER = {"tools", "tests", "benchmarks", "fuzz"}
+ALL = SHARED | set(CORE_USES) | FACES | LIBS | OUTER | {"app", "cli"}
+WINDOWLESS = SHARED | set(CORE_USES) | {"cli"}
+
+
+def allowed_uses():
+    uses = {"base": set(), "settings": {"base"}, "project": {"base", "profile"}}
+    uses.update(CORE_USES)
+    for room, below in CORE_USES.items():
+        face = room + ".face"
+        uses[face] = {room} | below | LIBS | SHARED | HOSTED_FACES.get(face, set())
+    for lib in LIBS:
+        uses[lib] = {"libs/tusk"}
+    uses["app"] = ALL - OUTER
+    uses["cli"] = set(CORE_USES) | {"base", "settings"}
+    uses["tools"] = ALL - {"tests"}
+    for layer in ("tests", "benchmarks", "fuzz"):
+        uses[layer] = ALL
+    return {layer: targets | {layer} for layer, targets in uses.items()}
+
+
+USES = allowed_uses()
+
+SOURCE_SUFFIXES = {".h", ".hpp", ".inl", ".cpp", ".cc", ".cxx"}
+INCLUDE = re.compile(r'^\s*#\s*include\s*([<"])([^>"]+)[>"]')
+
+WINDOW_MODULES = re.compile(r"^(QtWidgets|QtOpenGL|QtOpenGLWidgets|QtNetwork|GL|GLES\d?|EGL)(/|$)")
+# Qt classes of Widgets, OpenGL and Network by their names; classes of Core and Gui are let through.
+WINDOW_CLASSES = re.compile(
+    r"^Q("
+    r"Widget|Application|MainWindow|Frame|Label|Splitter\w*|SplashScreen|StatusBar|ToolBar|ToolTip"
+    r"|Menu|MenuBar|Tab\w+|Tree\w+|Table\w+|List(View|Widget\w*)|HeaderView|ColumnView|AbstractItemView"
+    r"|AbstractItemDelegate|StyledItemDelegate|ItemDelegate|Abstract(Button|Slider|SpinBox|ScrollArea)"
+    r"|\w*Button\w*|\w*Dialog|\w*Box|\w*ScrollArea|ScrollBar|\w*Slider|Dial|LCDNumber|ProgressBar"
+    r"|LineEdit|TextEdit|PlainTextEdit|TextBrowser|\w*TimeEdit|DateEdit|KeySequenceEdit|CalendarWidget"
+    r"|(Box|HBox|VBox|Grid|Form|Stacked)Layout|Layout|LayoutItem|SpacerItem|Stacked\w+|Size(Grip|Policy)"
+    r"|Style|CommonStyle|ProxyStyle|StyleFactory|StyleOption\w*|StylePainter|Graphics\w+|Mdi\w+"
+    r"|DockWidget|RubberBand|SystemTrayIcon|Wizard\w*|Completer|WhatsThis|WidgetAction|Gesture\w*"
+    r"|OpenGL\w*|Network\w*|Tcp\w+|Udp\w+|Ssl\w*|Local(Socket|Server)|AbstractSocket|Host(Address|Info)"
+    r"|Dns\w+|Http\w+"
+    r")$"
+)
+
+FOREIGN_DOCUMENTS = re.compile(r"\bspec\.md\b|\bParts?\s+\d+\.\d+")
+
+
+def layer_of(path):
+    """The layer that a path belongs to; None where there is no such room."""
+    parts = path.split("/")
+    if len(parts) < 2:
+        return None
+    room = parts[0]
+    if room == "app":
+        return parts[1] if len(parts) > 2 and parts[1] in SHARED else "app"
+    if room in CORE_USES:
+        return room + ".face" if re.match(r"Dialog|Widget", parts[-1]) else room
+    if room == "libs":
+        lib = "/".join(parts[:2])
+        return lib if lib in LIBS else None
+    return room if room in USES else None
+
+
+class Checker:
+    def __init__(self, root):
+        self.root = Path(root)
+        self.includes = 0
+        self.violations = []
+
+    def complain(self, path, line, text):
+        self.violations.append(f"{path}:{line}: {text}")
+
+    def check_file(self, path):
+        if FOREIGN_DOCUMENTS.search(path):
+            self.complain(path, 1, "is named after a document that is kept elsewhere")
+        data = (self.root / path).read_bytes()
+        if b"\0" in data:
+            return  # not a text
+        is_source = posixpath.splitext(path)[1] in SOURCE_SUFFIXES
+        layer = layer_of(path) if is_source else None
+        if is_source and layer is None:
+            self.complain(path, 1, "lies in no known room")
+        for number, line in enumerate(data.decode("utf-8", "replace").splitlines(), 1):
+            if FOREIGN_DOCUMENTS.search(line):
+                self.complain(path, number, "refers to a document that is kept elsewhere")
+            include = INCLUDE.match(line) if layer else None
+            if include:
+                self.includes += 1
+                self.check_include(path, number, layer, include[1] == '"', include[2])
+
+    def check_include(self, path, number, layer, is_quoted, name):
+        if layer in WINDOWLESS and (WINDOW_MODULES.match(name) or WINDOW_CLASSES.match(name)):
+            self.complain(path, number, f"{layer} has no windows, OpenGL or network: <{name}>")
+            return
+        if not is_quoted:
+            if layer_of(name) and self.exists(name):
+                self.complain(path, number, f"project includes are quoted: <{name}>")
+            return
+        if name.endswith(".moc") and "/" not in name:
+            return  # made by moc for this very file
+        if posixpath.normpath(name) != name or not self.exists(name):
+            beside = posixpath.normpath(posixpath.join(posixpath.dirname(path), name))
+            if self.exists(beside):
+                self.complain(path, number, f'write the path from the root: "{beside}"')
+            else:
+                self.complain(path, number, f'there is no "{name}"')
+            return
+        target = layer_of(name)
+        if target is None:
+            self.complain(path, number, f'"{name}" lies in no known room')
+        elif target not in USES[layer]:
+            self.complain(path, number, f'{layer} must not use {target}: "{name}"')
+
+    def exists(self, name):
+        # A header that CMake configures counts where its template lies.
+        return (self.root / name).is_file() or (self.root / (name + ".in")).is_file()
+
+
+def repository_files(root):
+    """Tracked files, and new ones that are not ignored."""
+    listing = subprocess.run(
+        ["git", "ls-files", "-z", "--cached", "--others", "--exclude-standard"],
+        cwd=root, check=True, capture_output=True,
+    ).stdout.decode("utf-8", "surrogateescape")
+    return sorted({name for name in listing.split("\0") if name and (Path(root) / name).is_file()})
+
+
+def check(root, files):
+    checker = Checker(root)
+    for path in files:
+        checker.check_file(path)
+    return checker
+
+
+# path, one line of it, whether it is to be accepted
+EXAMPLES = [
+    ("profile/Bad1.cpp", '#include "record/Good.h"', False),
+    ("profile/Bad2.cpp", '#include "app/settings/Good.h"', False),
+    ("record/Bad1.cpp", '#include "analysis/Good.h"', False),
+    ("record/Bad2.cpp", "#include <QWidget>", False),
+    ("record/Bad3.cpp", "#include <QtWidgets/QApplication>", False),
+    ("record/Bad4.cpp", "#include <QMessageBox>", False),
+    ("record/Bad5.cpp", "#include <QOpenGLContext>", False),
+    ("record/Bad6.cpp", "#include <QNetworkReply>", False),
+    ("record/Bad7.cpp", '#include "Good.h"', False),
+    ("record/Bad8.cpp", '#include "../profile/Good.h"', False),
+    ("record/Bad9.cpp", '#include "profile/Missing.h"', False),
+    ("record/Bad10.cpp", "#include <profile/Good.h>", False),
+    ("record/Bad11.cpp", '  #  include "libs/zinc/Good.h"', False),
+    ("analysis/Bad.cpp", '#include "graph/Good.h"', False),
+    ("graph/Bad.cpp", '#include "graph/WidgetGood.h"', False),
+    ("graph/DialogBad1.cpp", '#include "map/DialogGood.h"', False),
+    ("graph/DialogBad2.cpp", '#include "map/Good.h"', False),
+    ("graph/DialogBad3.cpp", '#include "app/Good.h"', False),
+    ("analysis/DialogBad.cpp", '#include "record/DialogGood.h"', False),
+    ("export/DialogBad.cpp", '#include "analysis/DialogGood.h"', False),
+    ("app/base/Bad.cpp", '#include "profile/Good.h"', False),
+    ("app/settings/Bad.cpp", '#include "app/project/Good.h"', False),
+    ("app/project/Bad.cpp", '#include "record/Good.h"', False),
+    ("app/Bad.cpp", '#include "tools/Good.h"', False),
+    ("libs/zinc/Bad.cpp", '#include "profile/Good.h"', False),
+    ("libs/tusk/Bad.cpp", '#include "libs/zinc/Good.h"', False),
+    ("cli/Bad1.cpp", '#include "record/DialogGood.h"', False),
+    ("cli/Bad2.cpp", "#include <QApplication>", False),
+    ("tools/Bad.cpp", '#include "tests/Good.h"', False),
+    ("attic/Bad.cpp", "int x;", False),
+    ("docs/bad1.md", "see spec" + ".md", False),
+    ("docs/bad2.md", "as in Part " + "2.1", False),
+    ("scripts/bad3", "# Parts " + "1.1 and 1.2", False),
+    ("profile/Good.h", '#include "app/base/Good.h"', True),
+    ("record/Good.h", '#include "libs/tusk/Good.h"', True),
+    ("record/DialogGood.h", '#include "app/settings/Good.h"', True),
+    ("analysis/Good.h", '#include "record/Good.h"', True),
+    ("analysis/DialogGood.h", '#include "graph/DialogGood.h"', True),
+    ("graph/Good.h", "#include <QColor>", True),
+    ("graph/WidgetGood.h", "#include <QOpenGLWidget>", True),
+    ("graph/DialogGood.h", '#include "graph/WidgetGood.h"', True),
+    ("map/Good.h", "#include <QTextLayout>", True),
+    ("map/DialogGood.h", '#include "libs/zinc/Good.h"', True),
+    ("app/Good.h", '#include "analysis/DialogGood.h"', True),
+    ("app/base/Good.h", "#include <vector>", True),
+    ("app/settings/Good.h", '#include "app/base/Good.h"', True),
+    ("app/project/Good.h", '#include "profile/Good.h"', True),
+    ("libs/tusk/Good.h", "#include <cmath>", True),
+    ("libs/zinc/Good.h", '#include "libs/tusk/Good.h"', True),
+    ("cli/main.cpp", '#include "app/settings/Good.h"', True),
+    ("tools/Good.h", '#include "record/Good.h"', True),
+    ("tests/Good.h", '#include "Good.moc"', True),
+    ("docs/good.md", "Software Part Nr. A, version 2.1", True),
+]
+
+
+def self_test():
+    with tempfile.TemporaryDirectory() as root:
+        for path, line, _ in EXAMPLES:
+            file = Path(root) / path
+            file.parent.mkdir(parents=True, exist_ok=True)
+            file.write_text("\n" + line + "\n", encoding="utf-8")
+        failures = 0
+        for path, line, is_good in EXAMPLES:
+            violations = check(root, [path]).violations
+            if bool(violations) == is_good:
+                failures += 1
+                print(f"self-test: {path}: {line} was {'refused' if is_good else 'accepted'}",
+                      *violations, sep="\n    ")
+    print(f"self-test: {len(EXAMPLES)} examples, {failures} judged wrongly")
+    return failures == 0
+
+
+def main():
+    if sys.argv[1:] == ["--self-test"]:
+        return 0 if self_test() else 1
+    if sys.argv[1:]:
+        print(__doc__, file=sys.stderr)
+        return 2
+    root = Path(__file__).resolve().parent.parent
+    checker = check(root, repository_files(root))
+    for violation in checker.violations:
+        print(violation)
+    print(f"{checker.includes} includes checked")
+    if checker.includes == 0:
+        print("no source file was found", file=sys.stderr)
+        return 1
+    return 1 if checker.violations else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())
