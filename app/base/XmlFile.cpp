@@ -7,6 +7,8 @@
 #include <QSaveFile>
 #include <QXmlStreamReader>
 
+#include <algorithm>
+
 namespace KOLT {
 
 namespace {
@@ -34,7 +36,7 @@ XmlStatus readContent(const QString& path, QDomDocument& document)
         Diagnostics::print("could not open file <%s>\n", qUtf8Printable(path));
         return XmlStatus::NotOpened;
     }
-    const QByteArray content = file.read(maxXmlFileBytes + 1);
+    const QByteArray content = file.read(std::min(file.size(), maxXmlFileBytes + 1));
     QDomDocument parsed;
     if (content.size() > maxXmlFileBytes || !isAcceptableXml(content) ||
         !parsed.setContent(content)) {
