@@ -63,7 +63,7 @@ struct ProfileParameter
     // Resolved when the profile is loaded, so that decoding looks nothing up.
     DecodingRule rule = DecodingRule::NotImplemented; ///< NotImplemented too where bytes would
                                                       ///< reach outside the message
-    bool isPosition = false; ///< role "Latitude" or "Longitude"
+    bool isPosition = false;                          ///< role "Latitude" or "Longitude"
     bool isLatitude = false;
     const EnumList* enumList = nullptr;
     const Threshold* threshold = nullptr;

@@ -57,15 +57,10 @@ std::int64_t narrowed(double value, const DataTypeInfo& type)
     return asType(static_cast<std::uint32_t>(whole), type);
 }
 
-double decodeFloat(const MessageData& data, const ProfileParameter& parameter,
-                   PositionFilter* filter)
+double decodePosition(const MessageData& data, const ProfileParameter& parameter,
+                      PositionFilter* filter)
 {
-    const auto raw = std::bit_cast<float>(rawWord(data, parameter, 4));
-    const auto scaled =
-        static_cast<float>(static_cast<double>(raw) * parameter.factor + parameter.offset);
-    if (!parameter.isPosition)
-        return scaled;
-    const double degrees = PositionFilter::degrees(scaled);
+    const double degrees = PositionFilter::degrees(Detail::scaledFloat(data, parameter));
     if (filter == nullptr)
         return degrees;
     return parameter.isLatitude ? filter->latitude(degrees) : filter->longitude(degrees);
@@ -126,12 +121,12 @@ void writeBack(MessageData& data, const ProfileParameter& parameter, double numb
 
 } // namespace
 
-double decodeNumber(const MessageData& data, const ProfileParameter& parameter,
-                    PositionFilter* filter)
+double Detail::decodeOther(const MessageData& data, const ProfileParameter& parameter,
+                           PositionFilter* filter)
 {
     switch (parameter.rule) {
     case DecodingRule::Float:
-        return decodeFloat(data, parameter, filter);
+        return decodePosition(data, parameter, filter);
     case DecodingRule::Integer: {
         const DataTypeInfo& type = dataTypeInfo(parameter.dataType);
         return static_cast<double>(narrowed(scaledInteger(data, parameter, type), type));

@@ -1,42 +1,18 @@
 #include "record/MessageMap.h"
 
-#include "record/TimeSlots.h"
-
 #include <algorithm>
 
 namespace KOLT {
-
-namespace {
-
-constexpr auto lastGridHighWord =
-    static_cast<std::uint32_t>(maxGridSeconds / RecordFormat::secondsPerHighWord);
-
-} // namespace
-
-void MessageMap::append(StoredSample& sample)
-{
-    CacheLine& line = m_cache[sample.id % m_cache.size()];
-    if (line.series == nullptr || line.id != sample.id) {
-        MessageSeries* const series = findOrCreate(sample.id);
-        if (series == nullptr) {
-            ++m_droppedCount;
-            return;
-        }
-        line = {sample.id, series};
-    }
-    sample.sequence = m_nextSequence;
-    line.series->append(sample);
-    ++m_nextSequence;
-    ++m_sampleCount;
-    m_lateCount += sample.timeHigh > lastGridHighWord ? 1 : 0;
-}
 
 MessageSeries* MessageMap::findOrCreate(std::uint32_t id)
 {
     const auto found = m_series.find(id);
     if (found != m_series.end())
         return &found->second;
-    return m_series.size() < maxIdentifiers ? &m_series[id] : nullptr;
+    if (m_series.size() < maxIdentifiers)
+        return &m_series[id];
+    ++m_droppedCount;
+    return nullptr;
 }
 
 void MessageMap::clear()
@@ -44,10 +20,17 @@ void MessageMap::clear()
     m_series.clear();
     m_cache = {};
     m_kindSeries = {};
-    m_sampleCount = 0;
     m_droppedCount = 0;
     m_lateCount = 0;
     m_nextSequence = 0;
+}
+
+std::size_t MessageMap::sampleCount() const
+{
+    std::size_t count = 0;
+    for (const auto& [id, series] : m_series)
+        count += series.size();
+    return count;
 }
 
 const MessageSeries& MessageMap::series(std::uint32_t id) const
@@ -79,7 +62,7 @@ const MessageSeries& MessageMap::kindSeries(std::uint16_t kind) const
     std::ranges::stable_sort(samples, {}, [](const StoredSample* s) { return s->sequence; });
     slot = {{}, m_nextSequence};
     for (const StoredSample* sample : samples)
-        slot.series.append(*sample);
+        slot.series.append() = *sample;
     return slot.series;
 }
 
@@ -88,10 +71,8 @@ void MessageMap::removeIf(Predicate&& isDropped)
 {
     m_cache = {};
     m_kindSeries = {};
-    m_sampleCount = 0;
     for (auto it = m_series.begin(); it != m_series.end();) {
         it->second.removeIf(isDropped);
-        m_sampleCount += it->second.size();
         it = it->second.empty() ? m_series.erase(it) : std::next(it);
     }
 }

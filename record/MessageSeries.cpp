@@ -2,23 +2,74 @@
 
 #include "record/TimeSlots.h"
 
+#include <QtGlobal>
+
 #include <algorithm>
+#include <cstring>
 #include <new>
 #include <type_traits>
 
+#ifdef Q_OS_LINUX
+#include <sys/mman.h>
+#endif
+
 namespace KOLT {
+
+static_assert(std::is_trivially_copyable_v<StoredSample>);
+
+MessageSeries::Chunk MessageSeries::allocate(std::size_t samples)
+{
+    constexpr std::size_t chunkBytes = chunkSamples * sizeof(StoredSample);
+    const bool isWhole = samples == chunkSamples;
+    Chunk chunk(static_cast<StoredSample*>(
+        isWhole
+            ? std::aligned_alloc(chunkBytes, chunkBytes)
+            : std::malloc(samples * sizeof(StoredSample)))); // NOLINT(bugprone-sizeof-expression)
+    if (!chunk)
+        throw std::bad_alloc();
+#ifdef Q_OS_LINUX
+    if (isWhole)
+        madvise(chunk.get(), chunkBytes, MADV_HUGEPAGE);
+#endif
+    return chunk;
+}
 
 void MessageSeries::grow()
 {
-    static_assert(std::is_trivially_copyable_v<StoredSample>);
-    const std::size_t capacity = std::max<std::size_t>(4, m_capacity * 2);
-    // realloc moves pages, not bytes, once a series is large; untouched pages cost nothing.
-    void* samples = std::realloc(m_samples.get(), capacity * sizeof(StoredSample));
-    if (samples == nullptr)
-        throw std::bad_alloc();
-    static_cast<void>(m_samples.release());
-    m_samples.reset(static_cast<StoredSample*>(samples));
-    m_capacity = capacity;
+    const std::size_t inLast = m_size % chunkSamples;
+    if (inLast == 0 && m_size > 0) {
+        m_chunks.push_back(allocate(chunkSamples));
+        m_next = m_chunks.back().get();
+        m_chunkEnd = m_next + chunkSamples;
+        return;
+    }
+    // A first chunk starts small: a bus has many rare messages.
+    const std::size_t capacity = std::clamp<std::size_t>(m_size * 2, 4, chunkSamples);
+    Chunk chunk = allocate(capacity);
+    if (m_chunks.empty())
+        m_chunks.emplace_back();
+    else
+        std::memcpy(chunk.get(), m_chunks.back().get(), m_size * sizeof(StoredSample));
+    m_chunks.back() = std::move(chunk);
+    m_next = m_chunks.back().get() + m_size;
+    m_chunkEnd = m_chunks.back().get() + capacity;
+}
+
+void MessageSeries::shrink(std::size_t size)
+{
+    m_index.clear();
+    m_indexedSize = 0;
+    if (size == m_size)
+        return;
+    m_size = size;
+    const std::size_t usedChunks =
+        std::max<std::size_t>(1, (size + chunkSamples - 1) / chunkSamples);
+    if (usedChunks < m_chunks.size()) {
+        // What is left ends in a whole chunk.
+        m_chunks.resize(usedChunks);
+        m_chunkEnd = m_chunks.back().get() + chunkSamples;
+    }
+    m_next = m_chunks.back().get() + (size - (usedChunks - 1) * chunkSamples);
 }
 
 void MessageSeries::buildIndex() const
@@ -28,15 +79,17 @@ void MessageSeries::buildIndex() const
     m_index.clear();
     m_ascending = true;
     double previous = 0.0;
-    for (std::size_t i = 0; i < m_size; ++i) {
-        const double seconds = (*this)[i].seconds();
+    std::size_t position = 0;
+    for (const StoredSample& sample : *this) {
+        const double seconds = sample.seconds();
         m_ascending = m_ascending && seconds >= previous;
         previous = seconds;
-        if (seconds >= maxTimeSlots)
-            continue;
-        const auto second = static_cast<std::uint32_t>(seconds);
-        if (m_index.empty() || second > m_index.back().second)
-            m_index.push_back({second, i});
+        if (seconds < maxTimeSlots) {
+            const auto second = static_cast<std::uint32_t>(seconds);
+            if (m_index.empty() || second > m_index.back().second)
+                m_index.push_back({second, position});
+        }
+        ++position;
     }
     m_indexedSize = m_size;
 }
@@ -50,22 +103,36 @@ const StoredSample* MessageSeries::firstAtOrAfter(double seconds) const
     const auto entry = std::ranges::lower_bound(m_index, second, {}, &SecondEntry::second);
     if (entry == m_index.end())
         return nullptr;
-    const auto* const found =
-        std::find_if(begin() + entry->position, end(),
-                     [&](const StoredSample& sample) { return sample.seconds() >= seconds; });
-    return found == end() ? nullptr : found;
+    for (Iterator it(*this, entry->position); it != end(); ++it) {
+        if (it->seconds() >= seconds)
+            return &*it;
+    }
+    return nullptr;
 }
 
-std::span<const StoredSample> MessageSeries::around(double start, double end) const
+template <typename Predicate>
+std::size_t MessageSeries::partitionPoint(Predicate&& predicate) const
+{
+    std::size_t low = 0;
+    std::size_t high = m_size;
+    while (low < high) {
+        const std::size_t middle = low + (high - low) / 2;
+        if (predicate((*this)[middle]))
+            low = middle + 1;
+        else
+            high = middle;
+    }
+    return low;
+}
+
+MessageSeries::Range MessageSeries::around(double start, double end) const
 {
     buildIndex();
     if (!m_ascending)
         return {this->begin(), this->end()};
-    const auto* const first = std::partition_point(
-        this->begin(), this->end(), [&](const StoredSample& s) { return s.seconds() < start; });
-    const auto* const last = std::partition_point(
-        first, this->end(), [&](const StoredSample& s) { return s.seconds() <= end; });
-    return {first, last};
+    const auto first = partitionPoint([&](const StoredSample& s) { return s.seconds() < start; });
+    const auto last = partitionPoint([&](const StoredSample& s) { return s.seconds() <= end; });
+    return {Iterator(*this, first), Iterator(*this, std::max(first, last))};
 }
 
 } // namespace KOLT

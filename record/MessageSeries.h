@@ -4,36 +4,111 @@
 
 #include <cstddef>
 #include <cstdlib>
+#include <iterator>
 #include <memory>
-#include <span>
 #include <vector>
 
 namespace KOLT {
 
-/// The samples of one message identifier in stored order: a queue that grows at its end, in one
-/// block of memory. References to samples hold until the next append. Times need not ascend.
+/// The samples of one message identifier in stored order: a queue that grows at its end. Times
+/// need not ascend. References to samples hold until the next append.
+///
+/// The samples lie in chunks that never move once they are full: growing copies next to nothing,
+/// and a chunk is as large as a huge page of the common processors, as touching half a gigabyte of
+/// new memory in small pages takes longer than reading the file.
 class MessageSeries
 {
 public:
+    /// Walks forward through the samples.
+    class Iterator
+    {
+    public:
+        using value_type = StoredSample;
+        using difference_type = std::ptrdiff_t;
+        using reference = const StoredSample&;
+        using pointer = const StoredSample*;
+        using iterator_category = std::forward_iterator_tag;
+
+        Iterator() = default;
+
+        Iterator(const MessageSeries& series, std::size_t index)
+            : m_series(&series)
+            , m_index(index)
+        {
+            enterChunk();
+        }
+
+        reference operator*() const { return *m_sample; }
+
+        pointer operator->() const { return m_sample; }
+
+        Iterator& operator++()
+        {
+            ++m_index;
+            if (++m_sample == m_chunkEnd)
+                enterChunk();
+            return *this;
+        }
+
+        Iterator operator++(int)
+        {
+            Iterator before = *this;
+            ++*this;
+            return before;
+        }
+
+        bool operator==(const Iterator& other) const { return m_index == other.m_index; }
+
+    private:
+        void enterChunk()
+        {
+            if (m_index >= m_series->m_size)
+                return;
+            m_sample = &(*m_series)[m_index];
+            m_chunkEnd = m_sample + (chunkSamples - m_index % chunkSamples);
+        }
+
+        const MessageSeries* m_series = nullptr;
+        std::size_t m_index = 0;
+        const StoredSample* m_sample = nullptr;
+        const StoredSample* m_chunkEnd = nullptr;
+    };
+
+    /// Some of the samples, for a range-based loop.
+    struct Range
+    {
+        Iterator first;
+        Iterator last;
+
+        Iterator begin() const { return first; }
+
+        Iterator end() const { return last; }
+    };
+
     std::size_t size() const { return m_size; }
 
     bool empty() const { return m_size == 0; }
 
-    const StoredSample& operator[](std::size_t index) const { return m_samples.get()[index]; }
+    const StoredSample& operator[](std::size_t index) const
+    {
+        return m_chunks[index / chunkSamples].get()[index % chunkSamples];
+    }
 
-    const StoredSample* begin() const { return m_samples.get(); }
+    Iterator begin() const { return {*this, 0}; }
 
-    const StoredSample* end() const { return m_samples.get() + m_size; }
+    Iterator end() const { return {*this, m_size}; }
 
     /// The most recent sample; the series must not be empty.
-    const StoredSample& last() const { return m_samples.get()[m_size - 1]; }
+    const StoredSample& last() const { return (*this)[m_size - 1]; }
 
-    /// Throws std::bad_alloc when memory runs out; the series is then unchanged.
-    void append(const StoredSample& sample)
+    /// Makes room for one more sample at the end and returns it, to be filled in place. Throws
+    /// std::bad_alloc when memory runs out; the series is then unchanged.
+    StoredSample& append()
     {
-        if (m_size == m_capacity)
+        if (m_next == m_chunkEnd)
             grow();
-        m_samples.get()[m_size++] = sample;
+        ++m_size;
+        return *m_next++;
     }
 
     /// The first sample in stored order at or after `seconds`; null when there is none, or when the
@@ -43,7 +118,7 @@ public:
 
     /// A run of samples that holds all those within [start, end]: only they when the times ascend,
     /// otherwise the whole series.
-    std::span<const StoredSample> around(double start, double end) const;
+    Range around(double start, double end) const;
 
     /// Drops all samples for which the predicate is true; the others keep their order.
     template <typename Predicate>
@@ -51,19 +126,21 @@ public:
     {
         std::size_t kept = 0;
         for (std::size_t i = 0; i < m_size; ++i) {
-            if (!isDropped(m_samples.get()[i]))
-                m_samples.get()[kept++] = m_samples.get()[i];
+            if (!isDropped((*this)[i]))
+                at(kept++) = (*this)[i];
         }
-        m_size = kept;
-        m_index.clear();
-        m_indexedSize = 0;
+        shrink(kept);
     }
 
 private:
+    static constexpr std::size_t chunkSamples = 65'536;
+
     struct Free
     {
         void operator()(StoredSample* samples) const { std::free(samples); }
     };
+
+    using Chunk = std::unique_ptr<StoredSample, Free>;
 
     /// Where the samples at or after a whole second begin; only seconds that have samples.
     struct SecondEntry
@@ -72,12 +149,24 @@ private:
         std::size_t position = 0;
     };
 
-    void grow();
-    void buildIndex() const;
+    static Chunk allocate(std::size_t samples);
 
-    std::unique_ptr<StoredSample, Free> m_samples;
+    StoredSample& at(std::size_t index)
+    {
+        return m_chunks[index / chunkSamples].get()[index % chunkSamples];
+    }
+
+    void grow();
+    void shrink(std::size_t size);
+    void buildIndex() const;
+    /// The first index for which the predicate is false; the predicate must be true, then false.
+    template <typename Predicate>
+    std::size_t partitionPoint(Predicate&& predicate) const;
+
+    std::vector<Chunk> m_chunks; ///< all full but the last
     std::size_t m_size = 0;
-    std::size_t m_capacity = 0;
+    StoredSample* m_next = nullptr;     ///< where the next sample goes
+    StoredSample* m_chunkEnd = nullptr; ///< end of the last chunk's memory
     mutable std::vector<SecondEntry> m_index;
     mutable std::size_t m_indexedSize = 0; ///< size for which the index holds
     mutable bool m_ascending = true;       ///< valid with the index

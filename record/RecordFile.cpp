@@ -8,6 +8,7 @@
 #include <array>
 #include <limits>
 #include <new>
+#include <optional>
 #include <vector>
 
 #ifdef Q_OS_UNIX
@@ -22,6 +23,7 @@ using namespace RecordFormat;
 
 /// Read at once; a whole number of samples.
 constexpr qint64 blockBytes = 32'768 * sampleBytes;
+constexpr std::size_t timeBytes = 8;
 
 int samplesIn(qint64 fileBytes)
 {
@@ -29,8 +31,13 @@ int samplesIn(qint64 fileBytes)
     return static_cast<int>(std::clamp<qint64>(count, 0, std::numeric_limits<int>::max()));
 }
 
-double secondsAt(const ByteReader& reader, std::size_t offset)
+/// The time stamp at an offset; none when it is cut short.
+std::optional<double> secondsAt(std::span<const unsigned char> bytes, std::size_t offset,
+                                ByteOrder order)
 {
+    if (bytes.size() < offset + timeBytes)
+        return std::nullopt;
+    const ByteReader reader(bytes, order);
     return secondsOf(reader.u32(offset), reader.u32(offset + 4));
 }
 
@@ -78,30 +85,27 @@ std::span<const unsigned char> readAt(QFile& file, qint64 offset, std::span<unsi
     return bytes.first(static_cast<std::size_t>(std::max<qint64>(0, count)));
 }
 
-/// The 28 bytes of `bytes` as a sample.
 template <ByteOrder order>
-StoredSample parseSample(std::span<const unsigned char> bytes)
+void appendSample(std::span<const unsigned char, sampleBytes> bytes, MessageMap& messages)
 {
     const ByteReader reader(bytes, order);
-    StoredSample sample;
-    std::copy_n(bytes.begin(), sample.data.size(), sample.data.begin());
-    sample.byte8 = bytes[8];
-    sample.byte9 = bytes[9];
-    sample.kind = reader.u16(kindOffset);
-    sample.id = reader.u32(identifierOffset) & identifierMask;
-    sample.word16 = reader.u32(16);
-    sample.timeHigh = reader.u32(sampleTimeOffset);
-    sample.timeLow = reader.u32(sampleTimeOffset + 4);
-    return sample;
+    StoredSample* const sample =
+        messages.append(reader.u32(identifierOffset) & identifierMask, reader.u32(sampleTimeOffset),
+                        reader.u32(sampleTimeOffset + 4));
+    if (sample == nullptr)
+        return;
+    std::copy_n(bytes.begin(), sample->data.size(), sample->data.begin());
+    sample->byte8 = bytes[8];
+    sample->byte9 = bytes[9];
+    sample->kind = reader.u16(kindOffset);
+    sample->word16 = reader.u32(16);
 }
 
 template <ByteOrder order>
 void appendSamples(std::span<const unsigned char> bytes, MessageMap& messages)
 {
-    for (; bytes.size() >= sampleBytes; bytes = bytes.subspan(sampleBytes)) {
-        StoredSample sample = parseSample<order>(bytes.first<sampleBytes>());
-        messages.append(sample);
-    }
+    for (; bytes.size() >= sampleBytes; bytes = bytes.subspan(sampleBytes))
+        appendSample<order>(bytes.first<sampleBytes>(), messages);
 }
 
 } // namespace
@@ -117,9 +121,11 @@ bool RecordFile::readRecordInfo(const QString& path)
         return false;
     }
     m_info.sampleCount = samplesIn(file.size());
-    std::array<unsigned char, headerBytes> header{};
-    readHeader(readAt(file, 0, header));
-    readSampleTimes(file);
+    // The first sample lies behind the header: one read for both.
+    std::array<unsigned char, headerBytes + sampleBytes> buffer{};
+    const auto start = readAt(file, 0, buffer);
+    readHeader(start.first(std::min<std::size_t>(headerBytes, start.size())));
+    readSampleTimes(file, start);
     return true;
 }
 
@@ -142,21 +148,19 @@ void RecordFile::readHeader(std::span<const unsigned char> header)
     m_info.emuVersion = textAt(header, offset, emuVersionWidth);
 }
 
-void RecordFile::readSampleTimes(QFile& file)
+void RecordFile::readSampleTimes(QFile& file, std::span<const unsigned char> start)
 {
-    std::array<unsigned char, 8> stamp{};
-    const auto stampAt = [&](qint64 offset, double fallback) {
-        const auto bytes = readAt(file, offset, stamp);
-        return bytes.size() == stamp.size() ? secondsAt(ByteReader(bytes, m_info.byteOrder), 0)
-                                            : fallback;
-    };
-    m_info.startSeconds = stampAt(headerTimeOffset, 0.0);
+    m_info.startSeconds = secondsAt(start, headerTimeOffset, m_info.byteOrder).value_or(0.0);
     m_info.stopSeconds = m_info.startSeconds;
-    if (m_info.sampleCount > 0) {
-        const qint64 last = headerBytes + (qint64{m_info.sampleCount} - 1) * sampleBytes;
-        m_info.startSeconds = stampAt(headerBytes + sampleTimeOffset, m_info.startSeconds);
-        m_info.stopSeconds = stampAt(last + sampleTimeOffset, m_info.startSeconds);
-    }
+    if (m_info.sampleCount == 0)
+        return;
+    m_info.startSeconds = secondsAt(start, headerBytes + sampleTimeOffset, m_info.byteOrder)
+                              .value_or(m_info.startSeconds);
+    const qint64 last = headerBytes + (qint64{m_info.sampleCount} - 1) * sampleBytes;
+    std::array<unsigned char, timeBytes> stamp{};
+    m_info.stopSeconds =
+        secondsAt(readAt(file, last + sampleTimeOffset, stamp), 0, m_info.byteOrder)
+            .value_or(m_info.startSeconds);
 }
 
 bool RecordFile::readRecordData(MessageMap& messages, const ReadProgress& progress)

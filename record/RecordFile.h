@@ -64,7 +64,7 @@ public:
 
 private:
     void readHeader(std::span<const unsigned char> header);
-    void readSampleTimes(QFile& file);
+    void readSampleTimes(QFile& file, std::span<const unsigned char> start);
     bool readSamples(QFile& file, MessageMap& messages, const ReadProgress& progress) const;
 
     QString m_path;

@@ -3,6 +3,8 @@
 
 #include <QTest>
 
+#include <cmath>
+
 using namespace KOLT;
 using namespace KOLT::Test;
 
@@ -17,6 +19,7 @@ private slots:
     void lookUpFollowsChanges();
     void aroundHoldsTheWindow();
     void windowAndTruncation();
+    void longSeriesStayInOrder();
     void identifiersAreBounded();
 };
 
@@ -94,13 +97,16 @@ void TestMessageMap::aroundHoldsTheWindow()
     MessageMap messages;
     for (int i = 0; i < 100; ++i)
         add(messages, 1, i);
-    const auto window = messages.series(1).around(10.0, 20.0);
-    QCOMPARE(window.size(), 11U);
-    QCOMPARE(window.front().seconds(), 10.0);
-    QVERIFY(messages.series(1).around(200.0, 300.0).empty());
-    QVERIFY(messages.series(1).around(20.0, 10.0).empty());
+    const auto count = [&](double start, double end) {
+        const auto range = messages.series(1).around(start, end);
+        return std::distance(range.begin(), range.end());
+    };
+    QCOMPARE(messages.series(1).around(9.5, 20.5).begin()->seconds(), 10.0);
+    QCOMPARE(count(9.5, 20.5), 11);
+    QCOMPARE(count(200.0, 300.0), 0);
+    QCOMPARE(count(20.0, 10.0), 0);
     add(messages, 1, 15.0); // a step back: only a look at all of them finds it
-    QCOMPARE(messages.series(1).around(10.0, 20.0).size(), 101U);
+    QCOMPARE(count(9.5, 20.5), 101);
 }
 
 void TestMessageMap::windowAndTruncation()
@@ -120,6 +126,38 @@ void TestMessageMap::windowAndTruncation()
     QVERIFY(!messages.all().contains(0));
     add(messages, 0, 4.0);
     QCOMPARE(messages.series(0).size(), 1U);
+}
+
+void TestMessageMap::longSeriesStayInOrder()
+{
+    // Several chunks; dropping most of them and going on must lose nothing.
+    MessageMap messages;
+    constexpr int count = 200'000;
+    for (int i = 0; i < count; ++i)
+        add(messages, 1, i * 0.5);
+    const auto isInOrder = [&](std::size_t size, double step) {
+        std::size_t i = 0;
+        double first = messages.series(1)[0].seconds();
+        for (const StoredSample& sample : messages.series(1)) {
+            if (std::abs(sample.seconds() - first - static_cast<double>(i) * step) > 1e-6 ||
+                &sample != &messages.series(1)[i])
+                return false;
+            ++i;
+        }
+        return i == size && messages.series(1).size() == size;
+    };
+    QVERIFY(isInOrder(count, 0.5));
+    QCOMPARE(messages.series(1).firstAtOrAfter(70'000.1)->seconds(), 70'000.5);
+    messages.keepWindow(30'000.25, 69'999.75);
+    QVERIFY(isInOrder(79'999, 0.5));
+    for (int i = 0; i < count; ++i)
+        add(messages, 1, 70'000 + i * 0.5);
+    QVERIFY(isInOrder(79'999 + count, 0.5));
+    messages.truncate(count); // sequence numbers go on from the first loading
+    QVERIFY(isInOrder(79'999, 0.5));
+    messages.keepWindow(30'000.25, 30'000.75);
+    add(messages, 1, 30'001.0);
+    QVERIFY(isInOrder(2, 0.5));
 }
 
 void TestMessageMap::identifiersAreBounded()

@@ -1,0 +1,99 @@
+// The numeric path of decoding against the full text path.
+
+#include "app/base/Diagnostics.h"
+#include "benchmarks/Figures.h"
+#include "profile/ValueDecoder.h"
+
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <benchmark/benchmark.h>
+#include <bit>
+#include <vector>
+
+using namespace KOLT;
+
+namespace {
+
+constexpr std::size_t count = 100'000;
+
+Profile& profile()
+{
+    static Profile profile;
+    return profile;
+}
+
+void loadProfile()
+{
+    Diagnostics::setSink([](std::string_view) {});
+    const QTemporaryDir directory;
+    const QString path = directory.filePath(QStringLiteral("Profile.xml"));
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly))
+        std::abort();
+    file.write(
+        "<KorvanProfile><ThresholdList><Threshold name='T'><Value val='900' state='WARNING' "
+        "color='yellow'/>"
+        "<Value val='950' state='LIMIT' color='red'/></Threshold></ThresholdList><Device name='D'>"
+        "<Parameter name='EGT' dataType='FLOAT' factor='0.1' offset='1' precision='1' "
+        "thresholdId='T'/>"
+        "</Device></KorvanProfile>");
+    file.close();
+    if (!profile().loadProfil(path, {}))
+        std::abort();
+}
+
+std::vector<MessageData> messages()
+{
+    std::vector<MessageData> result(count);
+    for (std::size_t i = 0; i < count; ++i) {
+        const auto word = std::bit_cast<std::uint32_t>(static_cast<float>(i) * 0.13F);
+        for (std::size_t byte = 0; byte < 4; ++byte)
+            result[i][byte] = static_cast<unsigned char>(word >> (8 * byte));
+    }
+    return result;
+}
+
+void floatNumber(benchmark::State& state)
+{
+    const ProfileParameter& parameter = profile().parameters().front();
+    const std::vector<MessageData> data = messages();
+    std::vector<double> numbers(count); // as a graph keeps them
+    for (auto _ : state) {
+        for (std::size_t i = 0; i < count; ++i)
+            numbers[i] = decodeNumber(data[i], parameter);
+        benchmark::DoNotOptimize(numbers.data());
+        benchmark::ClobberMemory();
+    }
+    state.counters["values"] = count;
+}
+
+void floatText(benchmark::State& state)
+{
+    const ProfileParameter& parameter = profile().parameters().front();
+    const std::vector<MessageData> data = messages();
+    std::vector<DecodedValue> values(count);
+    for (auto _ : state) {
+        for (std::size_t i = 0; i < count; ++i) {
+            MessageData copy = data[i];
+            values[i] = decodeValue(profile(), parameter, copy);
+        }
+        benchmark::DoNotOptimize(values.data());
+        benchmark::ClobberMemory();
+    }
+    state.counters["values"] = count;
+}
+
+BENCHMARK(floatNumber);
+BENCHMARK(floatText);
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    loadProfile();
+    const bool met = Bench::runAndPrint(argc, argv,
+                                        {{"FLOAT text time / number time", "floatText",
+                                          "floatNumber", Bench::Figure::Bound::AtLeast, 30.0}});
+    return met ? 0 : 1;
+}
