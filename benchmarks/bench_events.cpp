@@ -81,13 +81,13 @@ int main(int argc, char** argv)
 {
     Diagnostics::setSink([](std::string_view) {});
     const QTemporaryDir directory;
-    SampleCardOptions options;
-    options.directory = directory.path();
-    options.profile = QStringLiteral(KOLT_PROFILE);
+    SampleCard::SampleCardOptions options;
+    options.folder = directory.path();
+    options.profilePath = QStringLiteral(KOLT_PROFILE);
     options.hours = hours;
     QString error;
-    if (!writeSampleCard(options, &error) ||
-        !profile().loadProfil(options.profile, QStringLiteral("915")) ||
+    if (!SampleCard::writeSampleCard(options, &error) ||
+        !profile().loadProfil(options.profilePath, QStringLiteral("915")) ||
         !card().readContainer(directory.path()) || !card().loadCycle(1)) {
         std::fprintf(stderr, "bench_events: no card to work on: %s\n", qUtf8Printable(error));
         return 2;

@@ -189,14 +189,14 @@ void TestCli::valuesAreExact()
     // 0.1 and 2.5 in single precision, and a NaN.
     QVERIFY(
         writeFile(card.filePath("a.can"), RecordBytes(false)
-                                              .sample(0x80000123, 0.15, {0xcd, 0xcc, 0xcc, 0x3d})
+                                              .sample(0x80000123, 0.25, {0xcd, 0xcc, 0xcc, 0x3d})
                                               .sample(291, 134.217728, {0, 0, 0x20, 0x40})
                                               .sample(291, 200, {0, 0, 0xc0, 0x7f})
                                               .bytes()));
     const Result result = run({"values", card.path(), "--profile", profile, "--variant", "x",
                                "--unit", "imperial", "--parameter", "D/p", "--files", "a.can"});
     QCOMPARE(result.output, QByteArray("{\"unit\":\"\\\"F\\\"\",\"samples\":[\n"
-                                       "[0.15,2,0.10000000149011612,\"32.2\",0,\"#ffffff\"],\n"
+                                       "[0.25,3,0.10000000149011612,\"32.2\",0,\"#ffffff\"],\n"
                                        "[134.217728,1342,2.5,\"36.5\",1,\"#ffaa00\"],\n"
                                        "[200,2000,null,\"nan\",0,\"#ffffff\"]\n]}\n"));
     QVERIFY(!result.json().isEmpty());
