@@ -1,0 +1,57 @@
+#pragma once
+
+#include "tools/samplecard/Pilot.h"
+
+#include <QDateTime>
+
+#include <string_view>
+#include <vector>
+
+/// What happens on the card: the engine cycles, and in them the incidents that make every page of
+/// the viewer worth opening.
+namespace KOLT::SampleCard {
+
+enum class Incident {
+    OilHot,       ///< oil cooler blocked
+    LeanMixture,  ///< cylinder 3 runs lean and hot
+    Overspeed,    ///< propeller governor lets the engine run away
+    GeneratorOff, ///< battery alone carries the bus
+    FaultLaneA,   ///< a lane reports the fault bit named
+    FaultLaneB,
+    GpsJump, ///< positions some 20 km off
+    DataGap, ///< nothing is recorded
+};
+
+/// Starts `delay` seconds after the pilot enters the phase of that flight (0: before the first).
+struct PlannedIncident
+{
+    Incident kind = Incident::DataGap;
+    int flight = 0;
+    Phase phase = Phase::WarmUp;
+    double delay = 0.0;
+    double duration = 0.0;
+    std::string_view fault = {}; ///< name of the fault's parameter
+};
+
+struct CyclePlan
+{
+    QDateTime clock; ///< of counter 0
+    double counterStart = 4.0;
+    double fileSeconds = 600.0;
+    double stopCounter = 0.0; ///< where the recording stops, 0: when the pilot is done
+    double outsideTemperature = 20.0;
+    double engineTemperature = 20.0; ///< °C at power-on; warm after an earlier run
+    double fuelPerTank = 40.0;       ///< litres
+    bool bigEndian = false;
+    int fileWithTail = -1; ///< index in the cycle of a file that ends within a sample
+    FlightPlan flights;
+    std::vector<PlannedIncident> incidents;
+};
+
+/// A long weekend at a gliding club.
+std::vector<CyclePlan> defaultCard();
+
+/// One engine run of that length, tow after tow.
+std::vector<CyclePlan> longCard(double hours);
+
+} // namespace KOLT::SampleCard

@@ -1,0 +1,59 @@
+#pragma once
+
+#include "tools/samplecard/CardPlan.h"
+#include "tools/samplecard/EngineModel.h"
+#include "tools/samplecard/GpsModel.h"
+
+namespace KOLT::SampleCard {
+
+/// One engine cycle, from power-on to power-off, step by step.
+class CycleSimulation
+{
+public:
+    /// `engineHours` and `engineStarts` as they stand before the cycle.
+    CycleSimulation(const CyclePlan& plan, double engineHours, int engineStarts, Random& random);
+
+    /// False once the cycle is over.
+    bool step();
+
+    const Quantities& quantities() const { return m_quantities; }
+
+    /// Nothing is recorded for the moment.
+    bool inDataGap() const { return isActive(Incident::DataGap); }
+
+    /// The unit's counter at the current step.
+    double counter() const;
+
+    /// Completed landings.
+    int flights() const { return m_landings; }
+
+private:
+    struct Window
+    {
+        PlannedIncident incident;
+        double start = 0.0;
+    };
+
+    void openWindows();
+    bool isActive(Incident kind) const;
+    void describe();
+    void describeAir();
+    void describeUnit();
+
+    const CyclePlan& m_plan;
+    Random& m_random;
+    Pilot m_pilot;
+    EngineModel m_engine;
+    GpsModel m_gps;
+    Surroundings m_air;
+    Quantities m_quantities;
+    std::vector<Window> m_windows; ///< of the incidents that are or were due
+    Phase m_phase = Phase::Done;
+    int m_flight = -1;
+    int m_landings = 0;
+    long m_steps = 0;
+    double m_earlierHours = 0.0;
+    double m_bump = 0.0; ///< of the air, m/s²
+};
+
+} // namespace KOLT::SampleCard

@@ -1,0 +1,132 @@
+#include "tools/samplecard/CycleWriter.h"
+
+#include <cmath>
+
+namespace KOLT::SampleCard {
+
+namespace {
+
+constexpr qsizetype bufferBytes = 1 << 20;
+constexpr qsizetype tailBytes = 13;
+
+/// Not every unit writes the same suffix.
+QString fileName(int number)
+{
+    const char* suffix = number % 16 == 7 ? "can" : number % 16 == 12 ? "xcb" : "CAN";
+    return QStringLiteral("REC%1.%2")
+        .arg(number, 5, 10, QLatin1Char('0'))
+        .arg(QLatin1String(suffix));
+}
+
+} // namespace
+
+CycleWriter::CycleWriter(const QDir& folder, const CyclePlan& plan, const MessageEncoder& encoder,
+                         Random& random, int& fileNumber)
+    : m_folder(folder)
+    , m_plan(plan)
+    , m_encoder(encoder)
+    , m_random(random)
+    , m_fileNumber(fileNumber)
+    , m_order(plan.bigEndian ? RecordFileWriter::FileOrder::BigEndian
+                             : RecordFileWriter::FileOrder::LittleEndian)
+{
+    m_buffer.reserve(bufferBytes + 4096);
+}
+
+bool CycleWriter::write(CycleSimulation& simulation)
+{
+    if (!openFile(simulation.counter()))
+        return false;
+    // Files start on whole seconds, so that their dates are exact.
+    double nextFile = std::floor(m_plan.counterStart) + m_plan.fileSeconds;
+    for (long step = 0;; ++step) {
+        record(simulation, step);
+        if (m_buffer.size() >= bufferBytes && !flush())
+            return false;
+        if (!simulation.step())
+            break;
+        if (simulation.counter() >= nextFile) {
+            nextFile += m_plan.fileSeconds;
+            if (!closeFile() || !openFile(simulation.counter()))
+                return false;
+        }
+    }
+    return closeFile();
+}
+
+void CycleWriter::record(const CycleSimulation& simulation, long step)
+{
+    if (simulation.inDataGap())
+        return;
+    // Each message has a slot of its own within the step; it is late in it by what the bus is busy.
+    const double slot = 0.9 * stepSeconds / static_cast<double>(m_encoder.messageCount());
+    for (std::size_t i = 0; i < m_encoder.messageCount(); ++i) {
+        if (!m_encoder.isDue(i, step))
+            continue;
+        RecordFileWriter::RecordSample sample =
+            m_encoder.encode(i, simulation.quantities(), m_random);
+        sample.word16 = m_sequence++;
+        const double late = slot * (static_cast<double>(i) + m_random.uniform(0.0, 0.9));
+        sample.ticks = RecordFileWriter::ticksFromSeconds(simulation.counter() + late);
+        RecordFileWriter::appendSample(m_buffer, sample, m_order);
+    }
+}
+
+RecordFileWriter::RecordHeader CycleWriter::header(double counter) const
+{
+    RecordFileWriter::RecordHeader header;
+    if (m_filesOpened > 0) {
+        const QDateTime clock = m_plan.clock.addMSecs(std::llround(counter * 1000.0));
+        header.year = static_cast<std::int16_t>(clock.date().year());
+        header.month = static_cast<std::uint8_t>(clock.date().month());
+        header.day = static_cast<std::uint8_t>(clock.date().day());
+        header.hour = static_cast<std::uint8_t>(clock.time().hour());
+        header.minute = static_cast<std::uint8_t>(clock.time().minute());
+        header.second = static_cast<std::uint8_t>(clock.time().second());
+    }
+    header.ticks = RecordFileWriter::ticksFromSeconds(counter);
+    header.busType = 2;
+    header.ecuSerialNumber = 4711023;
+    header.softwarePartA = "SW-A-02.14.07"; // as wide as its field
+    header.ecuType = "ECU-2L";
+    header.engineSerial = "E-9150417";
+    header.engineType = "915 TURBO";
+    header.softwarePartB = "SW-B-02.14.05";
+    header.emuVersion = "3.08.2b";
+    return header;
+}
+
+bool CycleWriter::openFile(double counter)
+{
+    m_lastFile = fileName(m_fileNumber++);
+    if (m_filesOpened == 0)
+        m_firstFile = m_lastFile;
+    m_file = std::make_unique<QSaveFile>(m_folder.filePath(m_lastFile));
+    if (!m_file->open(QIODevice::WriteOnly))
+        return fail();
+    RecordFileWriter::appendHeader(m_buffer, header(counter), m_order);
+    ++m_filesOpened;
+    return true;
+}
+
+bool CycleWriter::closeFile()
+{
+    if (m_filesOpened - 1 == m_plan.fileWithTail)
+        m_buffer.append(tailBytes, '\x2a'); // power went off within a sample
+    return flush() && (m_file->commit() || fail());
+}
+
+bool CycleWriter::flush()
+{
+    const bool written = m_file->write(m_buffer) == m_buffer.size();
+    m_buffer.resize(0);
+    return written || fail();
+}
+
+bool CycleWriter::fail()
+{
+    m_error = QStringLiteral("cannot write %1: %2").arg(m_file->fileName(), m_file->errorString());
+    return false;
+}
+
+} // namespace KOLT::SampleCard

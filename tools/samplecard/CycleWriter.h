@@ -1,0 +1,55 @@
+#pragma once
+
+#include "tools/recordwriter/RecordFileWriter.h"
+#include "tools/samplecard/CycleSimulation.h"
+#include "tools/samplecard/MessageEncoder.h"
+
+#include <QDir>
+#include <QSaveFile>
+
+#include <memory>
+
+namespace KOLT::SampleCard {
+
+/// Records one engine cycle into files, as the unit does: a new file every so many seconds, the
+/// first without a date because there is no clock before the first satellite fix.
+class CycleWriter
+{
+public:
+    /// `fileNumber` is that of the cycle's first file and is left at the one after its last.
+    CycleWriter(const QDir& folder, const CyclePlan& plan, const MessageEncoder& encoder,
+                Random& random, int& fileNumber);
+
+    bool write(CycleSimulation& simulation);
+
+    QString firstFile() const { return m_firstFile; }
+
+    QString lastFile() const { return m_lastFile; }
+
+    /// Why writing failed.
+    QString error() const { return m_error; }
+
+private:
+    bool openFile(double counter);
+    bool closeFile();
+    bool flush();
+    bool fail();
+    void record(const CycleSimulation& simulation, long step);
+    RecordFileWriter::RecordHeader header(double counter) const;
+
+    QDir m_folder;
+    const CyclePlan& m_plan;
+    const MessageEncoder& m_encoder;
+    Random& m_random;
+    int& m_fileNumber;
+    RecordFileWriter::FileOrder m_order;
+    std::unique_ptr<QSaveFile> m_file;
+    QByteArray m_buffer;
+    int m_filesOpened = 0;
+    std::uint32_t m_sequence = 0;
+    QString m_firstFile;
+    QString m_lastFile;
+    QString m_error;
+};
+
+} // namespace KOLT::SampleCard

@@ -1,0 +1,65 @@
+#pragma once
+
+#include "profile/Profile.h"
+#include "tools/recordwriter/RecordFileWriter.h"
+#include "tools/samplecard/ParameterSources.h"
+#include "tools/samplecard/Random.h"
+
+#include <vector>
+
+namespace KOLT::SampleCard {
+
+/// Puts simulated quantities into messages, as the profile says they are decoded.
+class MessageEncoder
+{
+public:
+    /// False, with the reason, when the profile has a parameter or a message that the simulation
+    /// knows nothing of, or one that cannot be encoded.
+    bool prepare(const Profile& profile, QString* error);
+
+    std::size_t messageCount() const { return m_messages.size(); }
+
+    /// Whether the message is sent in this simulation step.
+    bool isDue(std::size_t message, long step) const
+    {
+        const Message& m = m_messages[message];
+        return step % m.period == m.phase;
+    }
+
+    /// All but the time stamp.
+    RecordFileWriter::RecordSample encode(std::size_t message, const Quantities& quantities,
+                                          Random& random) const;
+
+private:
+    struct Field
+    {
+        const ParameterSource* source = nullptr; ///< null for the bit of a fault
+        std::string fault;
+        DecodingRule rule = DecodingRule::NotImplemented;
+        std::size_t startByte = 0;
+        int width = 0;
+        bool isSigned = false;
+        bool isPosition = false;
+        double factor = 1.0;
+        double offset = 0.0;
+        int shift = 0;
+        std::uint32_t mask = 0;
+    };
+
+    struct Message
+    {
+        std::uint32_t identifier = 0;
+        std::uint16_t kind = 0;
+        std::uint8_t channel = 0;
+        int period = 1; ///< in steps
+        int phase = 0;
+        std::vector<Field> fields;
+    };
+
+    bool addParameter(const ProfileParameter& parameter, const QString& device, QString* error);
+    static std::uint32_t rawValue(const Field& field, double value);
+
+    std::vector<Message> m_messages; ///< in the profile's order
+};
+
+} // namespace KOLT::SampleCard
