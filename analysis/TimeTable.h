@@ -1,0 +1,79 @@
+#pragma once
+
+#include "profile/Profile.h"
+#include "record/DataSet.h"
+
+#include <cstdint>
+#include <optional>
+#include <vector>
+
+namespace KOLT {
+
+/// The rows and cells of the data table, without making any text.
+///
+/// One row stands for each tenth of a second in which any of the chosen parameters has a sample.
+/// Where a parameter has several samples in one tenth, the last of them is shown. The index is
+/// built in one pass over the series; a cell costs a search by halving. Data set and profile must
+/// outlive the table and stay as they are.
+class TimeTable
+{
+public:
+    struct Cell
+    {
+        const StoredSample* sample = nullptr; ///< null before the parameter's first sample
+        bool isFresh = false; ///< the sample lies in this row, not in an earlier one
+    };
+
+    TimeTable() = default;
+    TimeTable(const DataSet& dataSet, std::vector<const ProfileParameter*> columns);
+
+    std::size_t rowCount() const { return m_keys.size(); }
+
+    const std::vector<const ProfileParameter*>& columns() const { return m_columns; }
+
+    /// The row's time on the unit's counter, in seconds to a tenth.
+    double seconds(std::size_t row) const { return static_cast<double>(m_keys[row]) / 10.0; }
+
+    /// The last row not later than the time; the first row when there is none.
+    std::size_t rowAt(double seconds) const;
+
+    Cell cell(std::size_t row, std::size_t column) const;
+
+    /// The next row after `row` (or before it) in which the column's value differs from the one in
+    /// `row`; none when it stays as it is. Costs one numeric decoding per sample on the way.
+    std::optional<std::size_t> nextChange(std::size_t row, std::size_t column) const;
+    std::optional<std::size_t> previousChange(std::size_t row, std::size_t column) const;
+
+private:
+    /// A series in the order of its tenths; stored order where the times ascend, as they should.
+    class Timeline
+    {
+    public:
+        explicit Timeline(const MessageSeries& series);
+
+        std::size_t size() const { return m_series->size(); }
+
+        const StoredSample& operator[](std::size_t index) const
+        {
+            return (*m_series)[m_order.empty() ? index : m_order[index]];
+        }
+
+        /// Number of samples whose tenths do not exceed the key.
+        std::size_t countUpTo(std::int64_t key) const;
+        /// The different tenths, ascending.
+        std::vector<std::int64_t> keys() const;
+
+    private:
+        const MessageSeries* m_series;
+        std::vector<std::uint32_t> m_order; ///< empty: stored order
+    };
+
+    std::size_t rowOf(std::int64_t key) const;
+
+    std::vector<const ProfileParameter*> m_columns;
+    std::vector<std::size_t> m_timelineOf; ///< by column; parameters of one message share one
+    std::vector<Timeline> m_timelines;
+    std::vector<std::int64_t> m_keys; ///< tenths, ascending
+};
+
+} // namespace KOLT

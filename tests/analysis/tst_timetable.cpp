@@ -1,0 +1,146 @@
+#include "analysis/TimeTable.h"
+#include "profile/ValueDecoder.h"
+#include "tests/support/ProfileFixture.h"
+#include "tests/support/RecordingFixture.h"
+
+#include <QTest>
+
+#include <cmath>
+
+using namespace KOLT;
+using namespace KOLT::Test;
+
+class TestTimeTable : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void rowsAreTheTenthsWithASample();
+    void cellsHoldTheLastValue();
+    void rowAtTime_data();
+    void rowAtTime();
+    void jumpsToTheNextChange();
+    void stepsBackInTimeAreOrdered();
+    void emptyTables();
+
+private:
+    TimeTable table() const { return {*m_dataSet, m_columns}; }
+
+    double valueAt(const TimeTable& table, std::size_t row, std::size_t column) const
+    {
+        const TimeTable::Cell cell = table.cell(row, column);
+        return cell.sample != nullptr ? decodeNumber(cell.sample->data, *m_columns[column]) : -1.0;
+    }
+
+    Profile m_profile;
+    std::unique_ptr<DataSet> m_dataSet;
+    std::vector<const ProfileParameter*> m_columns; ///< a and b in one message, c in another
+};
+
+void TestTimeTable::init()
+{
+    QVERIFY(loadProfile(m_profile, device({"name='a' id='1' dataType='FLOAT'",
+                                           "name='b' id='1' startByte='4' dataType='FLOAT'",
+                                           "name='c' id='2' dataType='FLOAT'"})));
+    m_dataSet = std::make_unique<DataSet>();
+    m_columns.clear();
+    for (const ProfileParameter& parameter : m_profile.parameters())
+        m_columns.push_back(&parameter);
+}
+
+void TestTimeTable::rowsAreTheTenthsWithASample()
+{
+    for (const double seconds : {1.0, 1.02, 1.04, 1.06, 1.3})
+        add(m_dataSet->messages, 1, seconds);
+    for (const double seconds : {0.5, 1.1, 1.3, 9.0})
+        add(m_dataSet->messages, 2, seconds);
+    add(m_dataSet->messages, 3, 5.0); // nobody asks for it
+    QList<double> rows;
+    const TimeTable all = table();
+    for (std::size_t row = 0; row < all.rowCount(); ++row)
+        rows << all.seconds(row);
+    QCOMPARE(rows, (QList<double>{0.5, 1.0, 1.1, 1.3, 9.0}));
+    QCOMPARE(TimeTable(*m_dataSet, {m_columns[0]}).rowCount(), 3U);
+}
+
+void TestTimeTable::cellsHoldTheLastValue()
+{
+    add(m_dataSet->messages, 2, 0.5, floats(7));
+    add(m_dataSet->messages, 1, 1.00, floats(1, 10));
+    add(m_dataSet->messages, 1, 1.04, floats(2, 20));
+    add(m_dataSet->messages, 2, 2.0, floats(8));
+    const TimeTable all = table();
+    QCOMPARE(all.rowCount(), 3U);
+    QVERIFY(all.cell(0, 0).sample == nullptr && !all.cell(0, 0).isFresh);
+    QCOMPARE(valueAt(all, 1, 0), 2.0); // the last in its tenth
+    QCOMPARE(valueAt(all, 1, 1), 20.0);
+    QVERIFY(all.cell(1, 0).isFresh && !all.cell(1, 2).isFresh);
+    QCOMPARE(valueAt(all, 1, 2), 7.0);
+    QCOMPARE(valueAt(all, 2, 1), 20.0);
+    QVERIFY(!all.cell(2, 1).isFresh && all.cell(2, 2).isFresh);
+}
+
+void TestTimeTable::rowAtTime_data()
+{
+    QTest::addColumn<double>("seconds");
+    QTest::addColumn<int>("row");
+
+    QTest::newRow("before all") << 0.0 << 0;
+    QTest::newRow("exactly") << 2.0 << 1;
+    QTest::newRow("rounded up to the tenth") << 2.96 << 2;
+    QTest::newRow("between") << 2.9 << 1;
+    QTest::newRow("behind all") << 5.7e11 << 2;
+}
+
+void TestTimeTable::rowAtTime()
+{
+    for (const double seconds : {1.0, 2.0, 3.0})
+        add(m_dataSet->messages, 1, seconds);
+    QFETCH(double, seconds);
+    QTEST(static_cast<int>(table().rowAt(seconds)), "row");
+}
+
+void TestTimeTable::jumpsToTheNextChange()
+{
+    const float nan = std::nanf("");
+    const QList<float> values{1, 1, 2, 2, nan, nan, 2};
+    for (qsizetype i = 0; i < values.size(); ++i)
+        add(m_dataSet->messages, 1, 10.0 + static_cast<double>(i), floats(values[i]));
+    add(m_dataSet->messages, 2, 5.0); // a row before the first value of a
+    add(m_dataSet->messages, 1, 12.02, floats(2));
+    const TimeTable all = table();
+    QList<qsizetype> forward;
+    for (auto row = all.nextChange(0, 0); row; row = all.nextChange(*row, 0))
+        forward << static_cast<qsizetype>(*row);
+    QCOMPARE(forward, (QList<qsizetype>{1, 3, 5, 7}));
+    QList<qsizetype> backward;
+    for (auto row = all.previousChange(7, 0); row; row = all.previousChange(*row, 0))
+        backward << static_cast<qsizetype>(*row);
+    QCOMPARE(backward, (QList<qsizetype>{6, 4, 2}));
+    QVERIFY(!all.nextChange(0, 2));
+    QVERIFY(!all.previousChange(0, 0));
+}
+
+void TestTimeTable::stepsBackInTimeAreOrdered()
+{
+    for (const double seconds : {1.0, 2.0, 5.7e11, 3.0, 2.5})
+        add(m_dataSet->messages, 1, seconds, floats(static_cast<float>(seconds)));
+    const TimeTable all = table();
+    QCOMPARE(all.rowCount(), 5U);
+    for (const auto& [row, value] : {std::pair{0U, 1.0}, {1U, 2.0}, {2U, 2.5}, {3U, 3.0}})
+        QCOMPARE(valueAt(all, row, 0), value);
+    QCOMPARE(all.rowAt(1e9), 3U);
+}
+
+void TestTimeTable::emptyTables()
+{
+    QCOMPARE(TimeTable().rowCount(), 0U);
+    QCOMPARE(table().rowCount(), 0U);
+    QCOMPARE(table().rowAt(3.0), 0U);
+    add(m_dataSet->messages, 1, 1.0);
+    QCOMPARE(TimeTable(*m_dataSet, {}).rowCount(), 0U);
+}
+
+QTEST_GUILESS_MAIN(TestTimeTable)
+#include "tst_timetable.moc"
