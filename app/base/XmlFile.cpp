@@ -13,14 +13,35 @@ namespace KOLT {
 
 namespace {
 
+/// Whether some tag has more attributes than any file of ours. The toolkit compares each with all
+/// others of its tag, which takes minutes for some hundred thousand.
+bool hasTooManyAttributes(const QByteArray& content)
+{
+    int count = 0;
+    for (qsizetype i = 0; i + 1 < content.size(); ++i) {
+        if (content[i] == '<')
+            count = 0;
+        else if (content[i] == '=' && (content[i + 1] == '"' || content[i + 1] == '\''))
+            ++count;
+        if (count > maxXmlAttributes)
+            return true;
+    }
+    return false;
+}
+
 /// Well-formed and not nested too deeply. The stream reader also refuses expanding entities.
 bool isAcceptableXml(const QByteArray& content)
 {
+    if (hasTooManyAttributes(content))
+        return false;
     QXmlStreamReader reader(content);
+    reader.setNamespaceProcessing(false); // as the DOM reads it: prefixes need no declaration
     int depth = 0;
+    int elements = 0;
     while (!reader.atEnd()) {
         const QXmlStreamReader::TokenType token = reader.readNext();
-        if (token == QXmlStreamReader::StartElement && ++depth > maxXmlDepth)
+        if (token == QXmlStreamReader::StartElement &&
+            (++depth > maxXmlDepth || ++elements > maxXmlElements))
             return false;
         if (token == QXmlStreamReader::EndElement)
             --depth;

@@ -13,10 +13,12 @@ enum class XmlStatus {
     NotParsed  ///< not XML, or beyond the limits below
 };
 
-/// Files larger or nested deeper than this are refused: the DOM tree is freed recursively, so depth
-/// costs stack, and a tree takes some twenty times the text's bytes.
+/// Files beyond these limits are refused: the DOM tree is freed recursively, so depth costs stack,
+/// and an element of four bytes becomes a node of some hundred.
 constexpr qint64 maxXmlFileBytes = 64LL * 1024 * 1024;
+constexpr int maxXmlElements = 1'000'000;
 constexpr int maxXmlDepth = 200;
+constexpr int maxXmlAttributes = 2'000; ///< of one element
 
 /// Reads the file into `document`. On failure the document is left as it was, and one of
 /// "could not open file <path>" or "could not set content <path>" is printed; in every case

@@ -31,6 +31,8 @@ void createMissing(const QByteArray& path, const char* label)
         return;
     if (QDir().mkpath(directory))
         Diagnostics::print("%s created <%s>\n", label, path.constData());
+    else
+        Diagnostics::print("could not create %s <%s>\n", label, path.constData());
 }
 
 } // namespace

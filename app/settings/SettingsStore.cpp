@@ -25,10 +25,10 @@ bool SettingsStore::load()
     const bool existed = QFileInfo::exists(path);
     QDomDocument document;
     if (readXmlFile(path, document) != XmlStatus::Ok) {
-        m_mayReplaceFile = !existed || moveBrokenFileAside();
+        m_isBroken = existed;
         return true;
     }
-    m_mayReplaceFile = true;
+    m_isBroken = false;
     const auto property = QStringLiteral("Property");
     for (QDomElement element = document.documentElement().firstChildElement(property);
          !element.isNull(); element = element.nextSiblingElement(property)) {
@@ -51,12 +51,11 @@ bool SettingsStore::moveBrokenFileAside() const
     return moved;
 }
 
-bool SettingsStore::save() const
+bool SettingsStore::save()
 {
-    if (!m_mayReplaceFile) {
-        Diagnostics::print("could not open file for writing !<%s>\n", m_fileName.constData());
+    if (m_isBroken && !moveBrokenFileAside())
         return false;
-    }
+    m_isBroken = false;
     QDomDocument document;
     QDomElement root = document.createElement(QStringLiteral("KOLT"));
     document.appendChild(root);

@@ -10,8 +10,8 @@ namespace KOLT {
 /// (docs/formats/settings.md).
 ///
 /// Writers call save() right after a change; nothing is saved implicitly. A file that exists but
-/// cannot be read as settings is moved aside to "<name>.broken" when it is loaded, so that saving
-/// never destroys it. GUI thread only.
+/// could not be read as settings is moved aside to "<name>.broken" by the first save, so that
+/// nothing of it is lost. GUI thread only.
 class SettingsStore
 {
 public:
@@ -21,7 +21,11 @@ public:
     SettingsStore(const SettingsStore&) = delete;
     SettingsStore& operator=(const SettingsStore&) = delete;
 
-    void setFileName(const QByteArray& path) { m_fileName = path; }
+    void setFileName(const QByteArray& path)
+    {
+        m_fileName = path;
+        m_isBroken = false;
+    }
 
     const QByteArray& fileName() const { return m_fileName; }
 
@@ -31,7 +35,7 @@ public:
 
     /// Replaces the file by the whole table, settings with an empty value left out. False when the
     /// file could not be written; the old file is then untouched.
-    bool save() const;
+    bool save();
 
     /// An absent key gives the default. Numbers are read as the C library does: leading digits
     /// count, text without digits is 0. A boolean is true only for "true", "TRUE" and "True".
@@ -50,7 +54,7 @@ private:
 
     QByteArray m_fileName;
     std::map<QByteArray, QByteArray> m_values;
-    bool m_mayReplaceFile = true; ///< false while a broken file could not be moved aside
+    bool m_isBroken = false; ///< what stands in the file could not be read
 };
 
 } // namespace KOLT
