@@ -18,6 +18,16 @@ StyleSheet::Entries parseEntries(const QString& body)
     return entries;
 }
 
+void replaceVariables(const StyleSheet::Entries& variables, QString& text)
+{
+    // A variable that contains itself would double the text with every round.
+    constexpr qsizetype maxLength = 1'000'000;
+    for (const auto& [key, value] : variables) {
+        if (text.size() < maxLength)
+            text.replace(QStringLiteral("$(") + key + QLatin1Char(')'), value);
+    }
+}
+
 } // namespace
 
 QString StyleSheet::read(const QString& path)
@@ -33,11 +43,12 @@ QString StyleSheet::read(const QString& path)
         const QString header = block.section(QLatin1Char('{'), 0, 0).trimmed();
         const Entries entries = parseEntries(block.section(QLatin1Char('{'), 1).trimmed());
         if (header.section(QLatin1Char(':'), 0, 0) == QLatin1String("Variables")) {
-            for (const auto& [key, value] : entries) {
+            for (const auto& [key, value] : entries)
                 m_variables[key] = value;
-                const QString reference = QStringLiteral("$(") + key + QLatin1Char(')');
-                text.replace(reference, value);
-                applied.replace(reference, value);
+            // Values may refer to other variables; as many rounds as there are follow any chain.
+            for (std::size_t round = 0; round < entries.size(); ++round) {
+                replaceVariables(entries, text);
+                replaceVariables(entries, applied);
             }
             continue;
         }
