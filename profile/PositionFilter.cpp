@@ -16,10 +16,11 @@ constexpr int warmUp = 5;
 
 double PositionFilter::degrees(double value)
 {
-    const double scaled = value / 100.0;
-    const double whole = std::trunc(scaled);
+    // Infinity has no fraction and stays infinite, so that the filter rejects it.
+    double whole = 0.0;
+    const double rest = std::modf(value / 100.0, &whole);
     // The unit's own software works with single-precision minutes.
-    const auto fraction = static_cast<float>(scaled - whole);
+    const auto fraction = static_cast<float>(rest);
     return whole + static_cast<double>(fraction) * 100.0 / 60.0;
 }
 

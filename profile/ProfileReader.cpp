@@ -64,6 +64,12 @@ List& listNamed(const QString& name, QHash<QString, int>& ids, std::map<int, Lis
     return list;
 }
 
+/// A list without a name cannot be named: it would stand for every parameter that names none.
+int idOfList(const QHash<QString, int>& ids, const QString& name)
+{
+    return name.isEmpty() ? -1 : ids.value(name, -1);
+}
+
 } // namespace
 
 template <typename Function>
@@ -188,9 +194,9 @@ void ProfileReader::readParameter(const QDomElement& element, const Device& devi
         precision >= 0 && precision <= maxPrecision ? precision : defaultPrecision;
     parameter.dataType = dataTypeCode(element.attribute(QStringLiteral("dataType")));
     parameter.koltDataType = element.attribute(QStringLiteral("koltDataType"));
-    parameter.enumId = m_enumIds.value(element.attribute(QStringLiteral("enumId")), -1);
+    parameter.enumId = idOfList(m_enumIds, element.attribute(QStringLiteral("enumId")));
     parameter.thresholdId =
-        m_thresholdIds.value(element.attribute(QStringLiteral("thresholdId")), -1);
+        idOfList(m_thresholdIds, element.attribute(QStringLiteral("thresholdId")));
     parameter.errorType = errorTypeOf(element.attribute(QStringLiteral("errorType")));
     resolve(parameter);
 }

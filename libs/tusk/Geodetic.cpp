@@ -15,6 +15,9 @@ constexpr double metresPerDegree = 60.0 * 1852.0;
 
 double distance(double latitude1, double longitude1, double latitude2, double longitude2)
 {
+    // The cosine of equal places can fall short of 1 by rounding: 9 cm.
+    if (latitude1 == latitude2 && longitude1 == longitude2)
+        return 0.0;
     const double phi1 = latitude1 * radiansPerDegree;
     const double phi2 = latitude2 * radiansPerDegree;
     const double deltaLambda = (longitude2 - longitude1) * radiansPerDegree;
