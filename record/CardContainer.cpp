@@ -5,10 +5,13 @@
 #include "record/TimeSlots.h"
 
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 
 #include <algorithm>
 #include <array>
+#include <filesystem>
+#include <system_error>
 
 namespace KOLT {
 
@@ -27,14 +30,20 @@ QString fileNameOf(const QString& path)
     return path.section(QLatin1Char('/'), -1);
 }
 
-/// Says which entries look like record files but are none, such as folders and dangling links.
-void reportOddEntries(const QDir& folder)
+/// Says which entries look like record files but are not listed: folders, dangling links, devices,
+/// and names that the toolkit cannot read.
+void reportOddEntries(const QString& folder, const std::map<QString, RecordFile>& files)
 {
-    const auto filter = QDir::Dirs | QDir::System | QDir::NoDotAndDotDot;
-    for (const QString& name : folder.entryList(filter, QDir::Unsorted)) {
-        if (isRecordName(name))
-            Diagnostics::print("CardContainer::readContainer: %s is not a plain file\n",
-                               qUtf8Printable(name));
+    std::error_code error;
+    const auto path = QFile::encodeName(folder).toStdString();
+    for (auto it = std::filesystem::directory_iterator(path, error);
+         !error && it != std::filesystem::directory_iterator(); it.increment(error)) {
+        const std::string bytes = it->path().filename().string();
+        const QString name = QFile::decodeName(bytes.c_str());
+        if (isRecordName(name) && !name.startsWith(QLatin1Char('.')) && !files.contains(name))
+            Diagnostics::print("CardContainer::readContainer: %s is not a plain file, or its name "
+                               "is not UTF-8\n",
+                               bytes.c_str());
     }
 }
 
@@ -55,7 +64,7 @@ void reportDropped(const MessageMap& messages)
 bool CardContainer::readContainer(const QString& folder, const Progress& progress)
 {
     const QDir directory(folder);
-    if (!directory.exists())
+    if (folder.isEmpty() || !directory.exists())
         return false;
     m_folder = folder;
     m_files.clear();
@@ -67,14 +76,16 @@ bool CardContainer::readContainer(const QString& folder, const Progress& progres
                        qUtf8Printable(folder), static_cast<int>(entries.size()));
     qsizetype index = 0;
     for (const QString& name : entries) {
-        if (isRecordName(name))
-            m_files[name].readRecordInfo(QStringLiteral("%1/%2").arg(folder, name));
+        const QString path = QStringLiteral("%1/%2").arg(folder, name);
+        // Links to pipes and devices count as files in the listing; opening one may never return.
+        if (isRecordName(name) && QFileInfo(path).isFile())
+            m_files[name].readRecordInfo(path);
         // Whole-number division: the bar stays at 0 until all is read.
         if (progress)
             progress(static_cast<int>(index / entries.size() * 100));
         ++index;
     }
-    reportOddEntries(directory);
+    reportOddEntries(folder, m_files);
     repairDates();
     m_cycles = divideIntoCycles(m_files);
     if (progress)
@@ -117,13 +128,14 @@ bool CardContainer::loadFlight(int number, std::size_t flightIndex, const Progre
     const auto cycle = m_cycles.find(number);
     if (cycle == m_cycles.end())
         return false;
-    std::unique_ptr<DataSet> dataSet = read(pathsOf(cycle->second), progress);
-    if (flightIndex >= dataSet->flights.size())
-        return false;
-    dataSet->keepFlight(flightIndex);
-    dataSet->track = buildTrack(m_profile, dataSet->messages);
-    m_dataSet = std::move(dataSet);
-    return true;
+    m_dataSet.reset();
+    m_dataSet = read(pathsOf(cycle->second), progress);
+    const bool isKnown = flightIndex < m_dataSet->flights.size();
+    if (isKnown)
+        m_dataSet->keepFlight(flightIndex);
+    m_dataSet->track =
+        buildTrack(m_profile, m_dataSet->messages, isKnown ? m_dataSet->startSeconds : 0.0);
+    return isKnown;
 }
 
 std::list<QString> CardContainer::pathsOf(const Cycle& cycle) const
@@ -150,11 +162,13 @@ std::unique_ptr<DataSet> CardContainer::read(const std::list<QString>& paths,
     for (const QString& path : paths) {
         const QString name = fileNameOf(path);
         RecordFile& file = m_files[name];
-        file.readRecordData(dataSet->messages, [&](qint64 bytes) {
+        const bool isRead = file.readRecordData(dataSet->messages, [&](qint64 bytes) {
             if (progress && totalBytes > 0)
                 progress(static_cast<int>(
                     std::min<qint64>(100, (doneBytes + bytes) * 100 / totalBytes)));
         });
+        if (!isRead)
+            dataSet->unreadFiles.push_back(name);
         doneBytes += qint64{file.info().sampleCount} * RecordFormat::sampleBytes;
         Diagnostics::print("load Files <%s>\n", qUtf8Printable(name));
         if (isFirst) {

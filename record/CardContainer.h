@@ -40,8 +40,9 @@ public:
     /// order given: the first gives start and date-time, the last the stop. A file that is not
     /// part of the container, or cannot be read, contributes nothing.
     bool loadFiles(const std::list<QString>& paths, const Progress& progress = {});
-    /// False when there is no such cycle or flight; the current data set is then kept.
+    /// False when there is no such cycle; the current data set is then kept.
     bool loadCycle(int number, const Progress& progress = {});
+    /// Without such a flight the result is false too, and the whole cycle is loaded.
     bool loadFlight(int number, std::size_t flightIndex, const Progress& progress = {});
 
     const QString& folder() const { return m_folder; }

@@ -20,6 +20,10 @@ constexpr double liftOffHeight = 1.0;         // metres
 constexpr double obstacleHeight = 15.0;       // metres
 constexpr double secondsPerHour = 3600.0;
 
+/// Where times jump, every flight takes a look at the whole recording. A damaged one can hold
+/// thousands of flights; this keeps the work in proportion to its size.
+constexpr std::size_t maxLooksPerSample = 200;
+
 struct Position
 {
     double latitude = 0.0;
@@ -43,11 +47,17 @@ public:
         , m_altitude(profile, messages, "Altitude")
         , m_latitude(profile, messages, "Latitude")
         , m_longitude(profile, messages, "Longitude")
+        , m_budget(maxLooksPerSample * (messages.sampleCount() + 1))
     {
     }
 
-    void compute(Flight& flight) const
+    /// False when the recording took too much work already; the figures then stay 0.
+    bool compute(Flight& flight)
     {
+        const std::size_t work = workFor(flight);
+        if (work > m_budget)
+            return false;
+        m_budget -= work;
         flight.fuelA = fuelUsed(m_fuelA, flight);
         flight.fuelB = fuelUsed(m_fuelB, flight);
         flight.fuel = flight.fuelA + flight.fuelB;
@@ -57,6 +67,7 @@ public:
             (flight.landingSeconds - flight.takeOffSeconds) / flight.altitudeGain * 100.0;
         flight.fuelPer100m = flight.fuel / flight.altitudeGain * 100.0;
         flight.statisticsValid = true;
+        return true;
     }
 
 private:
@@ -66,6 +77,15 @@ private:
         double seconds = 0.0;
         double altitude = 0.0;
     };
+
+    std::size_t workFor(const Flight& flight) const
+    {
+        std::size_t samples = 0;
+        for (const RoleSeries* series :
+             {&m_throttle, &m_fuelA, &m_fuelB, &m_groundSpeed, &m_altitude})
+            samples += series->samplesAround(flight.startSeconds, flight.endSeconds);
+        return samples;
+    }
 
     Position positionAt(double seconds) const
     {
@@ -147,6 +167,7 @@ private:
     RoleSeries m_altitude;
     RoleSeries m_latitude;
     RoleSeries m_longitude;
+    std::size_t m_budget; ///< samples that may still be looked at
 };
 
 } // namespace
@@ -155,12 +176,13 @@ std::vector<Flight> findFlights(const Profile& profile, const MessageMap& messag
                                 const QDateTime& dateTime)
 {
     std::vector<Flight> flights;
-    const FlightStatistic statistic(profile, messages);
+    FlightStatistic statistic(profile, messages);
+    std::size_t withoutFigures = 0;
     FlightDetector detector;
     Flight flight;
     const RoleSeries groundSpeed(profile, messages, "GroundSpeed");
-    groundSpeed.forEach(nullptr, [&](double t, double speed) {
-        switch (detector.step(speed)) {
+    groundSpeed.forEach([&](double t, const MessageData& data, const ProfileParameter& parameter) {
+        switch (detector.step(decodeNumber(data, parameter))) {
         case FlightDetector::Event::None:
             break;
         case FlightDetector::Event::TakeOff:
@@ -172,7 +194,8 @@ std::vector<Flight> findFlights(const Profile& profile, const MessageMap& messag
         case FlightDetector::Event::Landing:
             flight.landingSeconds = t;
             flight.endSeconds = t + marginSeconds;
-            statistic.compute(flight);
+            if (!statistic.compute(flight))
+                ++withoutFigures;
             flights.push_back(flight);
             break;
         }
@@ -181,6 +204,9 @@ std::vector<Flight> findFlights(const Profile& profile, const MessageMap& messag
         Diagnostics::print("Flight %f -> %f <%s>\n", found.startSeconds, found.endSeconds,
                            qUtf8Printable(found.dateTime.toString(QStringLiteral("hh:mm:ss"))));
     }
+    if (withoutFigures > 0)
+        Diagnostics::print("findFlights: %zu of %zu flights overlap too much for figures\n",
+                           withoutFigures, flights.size());
     return flights;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "profile/ProfileParameter.h"
 #include "record/MessageSeries.h"
 #include "record/TimeSlots.h"
 
@@ -107,5 +108,11 @@ private:
     std::size_t m_lateCount = 0;
     std::uint32_t m_nextSequence = 0;
 };
+
+/// The samples of the message that carries a parameter.
+inline const MessageSeries& seriesOf(const MessageMap& messages, const ProfileParameter& parameter)
+{
+    return messages.series(static_cast<std::uint32_t>(parameter.id));
+}
 
 } // namespace KOLT

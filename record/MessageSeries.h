@@ -2,6 +2,7 @@
 
 #include "record/StoredSample.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdlib>
 #include <iterator>
@@ -59,13 +60,16 @@ public:
 
         bool operator==(const Iterator& other) const { return m_index == other.m_index; }
 
+        std::size_t index() const { return m_index; }
+
     private:
         void enterChunk()
         {
             if (m_index >= m_series->m_size)
                 return;
             m_sample = &(*m_series)[m_index];
-            m_chunkEnd = m_sample + (chunkSamples - m_index % chunkSamples);
+            m_chunkEnd = m_sample + std::min(chunkSamples - m_index % chunkSamples,
+                                             m_series->m_size - m_index);
         }
 
         const MessageSeries* m_series = nullptr;
@@ -83,6 +87,8 @@ public:
         Iterator begin() const { return first; }
 
         Iterator end() const { return last; }
+
+        std::size_t size() const { return last.index() - first.index(); }
     };
 
     std::size_t size() const { return m_size; }

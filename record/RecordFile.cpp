@@ -11,10 +11,6 @@
 #include <optional>
 #include <vector>
 
-#ifdef Q_OS_UNIX
-#include <unistd.h>
-#endif
-
 namespace KOLT {
 
 namespace {
@@ -41,17 +37,20 @@ std::optional<double> secondsAt(std::span<const unsigned char> bytes, std::size_
     return secondsOf(reader.u32(offset), reader.u32(offset + 4));
 }
 
-/// Whether so many samples can be held. Without this a huge file, or one of holes, would be read
-/// until the system ends the program.
+/// Whether so many more samples can be held. Without this a huge file, or one of holes, would be
+/// read until the system ends the program.
 bool fitMemory(std::size_t samples)
 {
-#ifdef Q_OS_UNIX
-    const auto pages = static_cast<std::size_t>(sysconf(_SC_PHYS_PAGES));
-    const auto pageBytes = static_cast<std::size_t>(sysconf(_SC_PAGESIZE));
-    return samples <= pages / 4 * 3 * (pageBytes / sizeof(StoredSample));
-#else
-    return samples <= std::numeric_limits<std::uint32_t>::max() / sizeof(StoredSample);
-#endif
+    // Chunks of memory are filled to a half at least.
+    const double wanted = 2.0 * static_cast<double>(samples) * sizeof(StoredSample);
+    QFile memory(QStringLiteral("/proc/meminfo"));
+    if (!memory.open(QIODevice::ReadOnly))
+        return wanted < static_cast<double>(std::numeric_limits<std::uint32_t>::max());
+    for (const QByteArray& line : memory.readAll().split('\n')) {
+        if (line.startsWith("MemAvailable:"))
+            return wanted < line.simplified().split(' ').value(1).toDouble() * 1024.0;
+    }
+    return true;
 }
 
 /// Latin-1 up to the first zero; empty when the field is cut short.
@@ -150,7 +149,8 @@ void RecordFile::readHeader(std::span<const unsigned char> header)
 
 void RecordFile::readSampleTimes(QFile& file, std::span<const unsigned char> start)
 {
-    m_info.startSeconds = secondsAt(start, headerTimeOffset, m_info.byteOrder).value_or(0.0);
+    const ByteReader header(start, m_info.byteOrder);
+    m_info.startSeconds = secondsOf(header.u32(headerTimeOffset), header.u32(headerTimeOffset + 4));
     m_info.stopSeconds = m_info.startSeconds;
     if (m_info.sampleCount == 0)
         return;
@@ -171,13 +171,17 @@ bool RecordFile::readRecordData(MessageMap& messages, const ReadProgress& progre
                            qUtf8Printable(m_path));
         return false;
     }
+    const int listed = m_info.sampleCount;
     m_info.sampleCount = samplesIn(file.size());
+    if (m_info.sampleCount < listed)
+        Diagnostics::print("RecordFile::readRecordData: %s has %d samples, %d were listed\n",
+                           qUtf8Printable(m_path), m_info.sampleCount, listed);
     std::array<unsigned char, headerBytes> header{};
     readHeader(readAt(file, 0, header));
 
     const std::uint32_t before = messages.nextSequence();
     try {
-        if (fitMemory(messages.sampleCount() + static_cast<std::size_t>(m_info.sampleCount)))
+        if (fitMemory(static_cast<std::size_t>(m_info.sampleCount)))
             return readSamples(file, messages, progress);
     } catch (const std::bad_alloc&) {
         messages.truncate(before);

@@ -5,12 +5,6 @@
 
 namespace KOLT {
 
-/// The series of a parameter in a data set.
-inline const MessageSeries& seriesOf(const MessageMap& messages, const ProfileParameter& parameter)
-{
-    return messages.series(static_cast<std::uint32_t>(parameter.id));
-}
-
 /// A parameter found by its role, with its samples. Without such a parameter it has no samples.
 class RoleSeries
 {
@@ -19,6 +13,12 @@ public:
         : m_parameter(profile.parameterByRole(QLatin1String(role)))
         , m_series(m_parameter != nullptr ? &seriesOf(messages, *m_parameter) : nullptr)
     {
+    }
+
+    /// How many samples a look at [start, end] takes.
+    std::size_t samplesAround(double start, double end) const
+    {
+        return m_series != nullptr ? m_series->around(start, end).size() : 0;
     }
 
     /// Calls function(seconds, value) for each sample in stored order within [start, end].
@@ -34,15 +34,14 @@ public:
         }
     }
 
-    /// Calls function(seconds, value) for every sample in stored order; positions go through the
-    /// filter.
+    /// Calls function(seconds, data, parameter) for every sample in stored order.
     template <typename Function>
-    void forEach(PositionFilter* filter, Function&& function) const
+    void forEach(Function&& function) const
     {
         if (m_series == nullptr)
             return;
         for (const StoredSample& sample : *m_series)
-            function(sample.seconds(), decodeNumber(sample.data, *m_parameter, filter));
+            function(sample.seconds(), sample.data, *m_parameter);
     }
 
     /// The value of the first sample at or after `seconds`, 0 when there is none.

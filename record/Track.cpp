@@ -19,9 +19,18 @@ class Curve
 public:
     void append(double seconds, double value) { m_points.push_back({seconds, value}); }
 
+    /// Ends appending. A stray time stamp would otherwise hold up all that comes behind it.
+    void finish()
+    {
+        m_lastSeconds = m_points.empty() ? 0.0 : m_points.back().seconds;
+        if (!std::ranges::is_sorted(m_points, {}, &Point::seconds))
+            std::ranges::stable_sort(m_points, {}, &Point::seconds);
+    }
+
     bool empty() const { return m_points.empty(); }
 
-    double lastSeconds() const { return m_points.back().seconds; }
+    /// Of the sample appended last.
+    double lastSeconds() const { return m_lastSeconds; }
 
     /// Linear between the samples around `seconds`, constant outside; 0 without samples.
     double at(double seconds)
@@ -36,7 +45,7 @@ public:
         // Equal times leave no line between the samples: the later one counts from there on.
         const double fraction =
             span != 0.0 ? (seconds - from.seconds) / span : (seconds >= to.seconds ? 1.0 : 0.0);
-        return from.value + std::clamp(fraction, 0.0, 1.0) * (to.value - from.value);
+        return std::lerp(from.value, to.value, std::clamp(fraction, 0.0, 1.0));
     }
 
 private:
@@ -48,22 +57,31 @@ private:
 
     std::vector<Point> m_points;
     std::size_t m_cursor = 0;
+    double m_lastSeconds = 0.0;
 };
 
+/// The finite samples of a role on the grid's span; of positions, those with a fix.
 Curve sampled(const Profile& profile, const MessageMap& messages, const char* role,
               PositionFilter* filter)
 {
     Curve curve;
-    RoleSeries(profile, messages, role).forEach(filter, [&](double seconds, double value) {
-        if (seconds < maxGridSeconds && (filter == nullptr || std::abs(value) > noFix))
+    const RoleSeries series(profile, messages, role);
+    series.forEach([&](double seconds, const MessageData& data, const ProfileParameter& parameter) {
+        // A number that is none must not reach the filter: it would never let go of it.
+        if (seconds >= maxGridSeconds || !std::isfinite(decodeNumber(data, parameter)))
+            return;
+        const double value = decodeNumber(data, parameter, filter);
+        if (filter == nullptr || std::abs(value) > noFix)
             curve.append(seconds, value);
     });
+    curve.finish();
     return curve;
 }
 
 } // namespace
 
-std::vector<TrackPoint> buildTrack(const Profile& profile, const MessageMap& messages)
+std::vector<TrackPoint> buildTrack(const Profile& profile, const MessageMap& messages,
+                                   double fromSeconds)
 {
     // One filter, latitude first: its limit for longitudes follows from the latitude.
     PositionFilter filter;
@@ -78,7 +96,8 @@ std::vector<TrackPoint> buildTrack(const Profile& profile, const MessageMap& mes
     std::vector<TrackPoint> points;
     const double end = std::min(latitude.lastSeconds(), longitude.lastSeconds());
     const int last = static_cast<int>(end / gridSeconds);
-    for (int i = 0; i <= last; ++i) {
+    const int first = static_cast<int>(std::ceil(std::min(fromSeconds, end) / gridSeconds));
+    for (int i = first; i <= last; ++i) {
         const double t = i * gridSeconds;
         const TrackPoint point{
             i, latitude.at(t), longitude.at(t), altitude.at(t), groundSpeed.at(t), track.at(t)};

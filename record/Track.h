@@ -23,6 +23,8 @@ struct TrackPoint
 /// The flight path on a grid of half seconds from 0 s to the last position, each point interpolated
 /// between the samples around it; only points with a position. Positions without a fix are dropped
 /// first. Samples beyond maxGridSeconds do not count. By ascending `halfSecond`.
-std::vector<TrackPoint> buildTrack(const Profile& profile, const MessageMap& messages);
+/// `fromSeconds` leaves out the points before it.
+std::vector<TrackPoint> buildTrack(const Profile& profile, const MessageMap& messages,
+                                   double fromSeconds = 0.0);
 
 } // namespace KOLT
