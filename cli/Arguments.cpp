@@ -22,7 +22,8 @@ constexpr std::array verbs{
     Verb{"flights", "Print the flights of a cycle with their figures as JSON.", true, true},
     Verb{"values", "Print every sample of a parameter as JSON.", true, true},
     Verb{"events", "Print the moments at which limits were exceeded as JSON.", true, true},
-    Verb{"report", "Print the cycles and flights of a folder for people.", false, true},
+    Verb{"report", "Print the cycles and flights of a folder for people, in metric units.", false,
+         true},
 };
 
 QString generalHelp()
@@ -142,6 +143,8 @@ ParseResult parseArguments(const QStringList& commandLine)
     if (parser.isSet(QStringLiteral("help")))
         return {{}, helpOf(name, parser), {}};
     const QStringList folders = parser.positionalArguments();
+    if (folders.isEmpty() && !given.filter(QStringLiteral("--files")).isEmpty())
+        return {{}, {}, QStringLiteral("give the folder before --files")};
     if (folders.size() != 1)
         return {{}, {}, QStringLiteral("give one folder, not %1").arg(folders.size())};
 
@@ -149,7 +152,8 @@ ParseResult parseArguments(const QStringList& commandLine)
     arguments.verb = name;
     arguments.folder = folders.first();
     arguments.profile = valueOf(parser, QStringLiteral("profile"), verb->usesProfile);
-    arguments.variant = valueOf(parser, QStringLiteral("variant"), verb->usesProfile);
+    if (verb->usesProfile && parser.isSet(QStringLiteral("variant")))
+        arguments.variant = parser.value(QStringLiteral("variant"));
     const bool isValues = name == QLatin1String("values");
     arguments.parameter = valueOf(parser, QStringLiteral("parameter"), isValues);
     arguments.lampsOnly = name == QLatin1String("events") && parser.isSet(QStringLiteral("lamps"));

@@ -14,8 +14,8 @@ struct Arguments
     QString folder;
     std::optional<int> cycle;
     std::optional<QStringList> files;
-    QString profile;
-    QString variant;
+    QString profile;                ///< empty: the installed one
+    std::optional<QString> variant; ///< none: the one in the settings
     bool imperial = false;
     QString parameter;
     bool lampsOnly = false;
@@ -29,7 +29,7 @@ struct ParseResult
     QString error;
 };
 
-/// `commandLine` starts with the program's name. Profile and variant that are not given stay empty.
+/// `commandLine` starts with the program's name.
 ParseResult parseArguments(const QStringList& commandLine);
 
 } // namespace KOLT::Cli

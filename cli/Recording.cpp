@@ -1,11 +1,14 @@
 #include "cli/Recording.h"
 
+#include "app/base/Diagnostics.h"
 #include "app/settings/DataPaths.h"
 #include "app/settings/SettingsStore.h"
 
 #include <QCoreApplication>
 #include <QFile>
+#include <QFileInfo>
 
+#include <algorithm>
 #include <cstdio>
 
 namespace KOLT::Cli {
@@ -40,10 +43,14 @@ QString installedVariant()
 QString Recording::openProfile()
 {
     const QString path = m_arguments.profile.isEmpty() ? installedProfile() : m_arguments.profile;
-    const QString variant =
-        m_arguments.variant.isEmpty() ? installedVariant() : m_arguments.variant;
-    if (!m_profile.loadProfil(path, variant))
+    const QString variant = m_arguments.variant ? *m_arguments.variant : installedVariant();
+    if (!m_profile.loadVariants(path) || !m_profile.loadProfil(path, variant))
         return QStringLiteral("%1 cannot be read or is not a KOLT profile").arg(path);
+    const auto& known = m_profile.variants();
+    if (!variant.isEmpty() && !known.empty() &&
+        std::ranges::find(known, variant, &Variant::name) == known.end())
+        Diagnostics::print("the profile does not list the variant \"%s\"\n",
+                           qUtf8Printable(variant));
     m_profile.setUnitSystem(m_arguments.imperial ? UnitSystem::Imperial : UnitSystem::Metric);
     return {};
 }
@@ -52,6 +59,8 @@ QString Recording::openFolder()
 {
     if (!m_card.readContainer(m_arguments.folder))
         return QStringLiteral("there is no folder %1").arg(m_arguments.folder);
+    if (!QFileInfo(m_arguments.folder).isReadable())
+        return QStringLiteral("the folder %1 cannot be read").arg(m_arguments.folder);
     return {};
 }
 

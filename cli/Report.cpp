@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 
 namespace KOLT::Cli {
 
@@ -61,6 +62,8 @@ QString clock(const DataSet& dataSet, double seconds)
 
 QString number(double value, int decimals, const char* unit)
 {
+    if (!std::isfinite(value))
+        return QStringLiteral("-");
     return QString::number(value, 'f', decimals) + QLatin1String(unit);
 }
 
@@ -150,6 +153,8 @@ QString report(const Arguments& arguments)
                         .arg(cycle.fileNames.size())
                         .toUtf8());
         card.loadCycle(cycleNumber);
+        for (const QString& name : card.dataSet()->unreadFiles)
+            writeOutput(" " + name.toUtf8() + " could not be read: what follows lacks it\n");
         const Totals totals = reportFlights(recording.profile(), *card.dataSet());
         writeOutput(totalsLine(" Sum", totals));
         all.add(totals);

@@ -3,7 +3,6 @@
 #include "analysis/EventFinder.h"
 #include "cli/Recording.h"
 #include "profile/ValueDecoder.h"
-#include "record/RoleSeries.h"
 
 #include <QColor>
 #include <QJsonArray>

@@ -35,7 +35,8 @@ int main(int argc, char* argv[])
         return fail(parsed.error, 2);
     if (!parsed.arguments) {
         Cli::writeOutput(parsed.help.toUtf8());
-        return Cli::finishOutput().isEmpty() ? 0 : 1;
+        const QString error = Cli::finishOutput();
+        return error.isEmpty() ? 0 : fail(error, 1);
     }
     using VerbFunction = QString (*)(const Cli::Arguments&);
     static const std::map<QString, VerbFunction> verbs{
