@@ -1,7 +1,6 @@
 #include "analysis/EventFinder.h"
 
 #include "profile/ValueDecoder.h"
-#include "record/RoleSeries.h"
 
 #include <algorithm>
 

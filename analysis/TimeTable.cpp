@@ -1,7 +1,6 @@
 #include "analysis/TimeTable.h"
 
 #include "profile/ValueDecoder.h"
-#include "record/RoleSeries.h"
 
 #include <algorithm>
 #include <cmath>

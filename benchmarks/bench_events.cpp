@@ -5,7 +5,6 @@
 #include "benchmarks/Figures.h"
 #include "profile/ValueDecoder.h"
 #include "record/CardContainer.h"
-#include "record/RoleSeries.h"
 #include "tools/samplecard/SampleCard.h"
 
 #include <QCoreApplication>

@@ -86,7 +86,7 @@ void TestSettings::loadsDirectPropertiesOnly()
     SettingsStore& store =
         loadedFrom("<AnyRoot><Property id='a' value='1'/><property id='b' value='1'/>"
                    "<Group><Property id='c' value='1'/></Group>"
-                   "<Property id='a' value='2'/><Property id='d'/></AnyRoot>");
+                   "<Property id='a' value='2'/><Property id='d'/><x:any y:z='1'/></AnyRoot>");
     QCOMPARE(store.getText("a"), QByteArray("2"));
     QCOMPARE(store.getText("b", "absent"), QByteArray("absent"));
     QCOMPARE(store.getText("c", "absent"), QByteArray("absent"));
@@ -137,6 +137,12 @@ void TestSettings::unusableFileIsKeptAside_data()
     QTest::newRow("entities that explode") << bomb + "]><KOLT>&e11;</KOLT>";
     QTest::newRow("nested too deeply")
         << QByteArray("<a>").repeated(500'000) + QByteArray("</a>").repeated(500'000);
+    QByteArray attributes;
+    for (int i = 0; i < 300'000; ++i)
+        attributes += " a" + QByteArray::number(i) + "='1'";
+    QTest::newRow("too many attributes") << "<KOLT" + attributes + "/>";
+    QTest::newRow("too many elements")
+        << "<KOLT>" + QByteArray("<a/>").repeated(1'100'000) + "</KOLT>";
 }
 
 void TestSettings::unusableFileIsKeptAside()
@@ -146,6 +152,7 @@ void TestSettings::unusableFileIsKeptAside()
     writeFile(path + ".broken", "from an earlier accident");
     SettingsStore& store = loadedFrom(content);
     QVERIFY(m_output->text().contains(QStringLiteral("could not set content <%1>\n").arg(path)));
+    QCOMPARE(readFile(path), content); // looking alone changes nothing
     store.setText("a", "new");
     QVERIFY(store.save());
     QCOMPARE(readFile(path + ".broken"), QByteArray("from an earlier accident"));

@@ -97,7 +97,7 @@ void TestStartup::existingProfileAndBrokenSettingsAreKept()
     const QString output = start({});
     QVERIFY(!output.contains("copy <"));
     QCOMPARE(readFile(dataPath() + "/Profile.xml"), QByteArray("my own"));
-    QCOMPARE(readFile(dataPath() + "/KOLT.ini.broken"), QByteArray("[no xml]"));
+    QCOMPARE(readFile(dataPath() + "/KOLT.ini"), QByteArray("[no xml]"));
     QVERIFY(output.contains("could not set content <"));
 }
 

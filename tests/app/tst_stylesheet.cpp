@@ -29,6 +29,8 @@ void TestStyleSheet::appliedText_data()
     QTest::newRow("variables") << QByteArray(
                                       "A{b:$(x);}Variables { x: 1px; yy : #f00 ; }C{d:$(yy) $(X);}")
                                << "A{b:1px;}C{d:#f00 $(X);}";
+    QTest::newRow("variables of variables")
+        << QByteArray("Variables{a:1;b:$(a);c:$(b) $(a);}A{x:$(c);}") << "A{x:1 1;}";
     QTest::newRow("another case is another block")
         << QByteArray("variables{x:1;}A{b:$(x);}") << "variables{x:1;}A{b:$(x);}";
     QTest::newRow("unfinished") << QByteArray("A{b:1;}C{d:") << "A{b:1;}C{d:";

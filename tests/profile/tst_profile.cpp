@@ -179,6 +179,12 @@ void TestProfile::namesResolveWhereverTheListStands()
     QVERIFY(p->enumList->entries.at(2).serial > p->enumList->entries.at(1).serial);
     QVERIFY(profile.enumList(p->enumId) == p->enumList);
     QVERIFY(profile.threshold(p->thresholdId) == p->threshold);
+    // Nobody can name a list without a name.
+    QVERIFY(loadProfile(profile, device({"name='p'"}) +
+                                     "<EnumList><Enum/></EnumList>"
+                                     "<ThresholdList><Threshold/></ThresholdList>"));
+    QVERIFY(profile.parameters().front().enumList == nullptr);
+    QVERIFY(profile.parameters().front().threshold == nullptr);
 }
 
 void TestProfile::thresholdGrades_data()

@@ -265,6 +265,11 @@ void TestValueDecoder::positionFilterRejectsJumps()
     QCOMPARE(filter.latitude(48.3899), 48.3899);
     QCOMPARE(filter.latitude(48.3), 48.3);
     QCOMPARE(filter.latitude(48.39), 48.3);
+    // A broken float must not let go of the last good position.
+    const double infinite = PositionFilter::degrees(HUGE_VAL);
+    QVERIFY(std::isinf(infinite));
+    QCOMPARE(filter.latitude(infinite), 48.3);
+    QCOMPARE(filter.latitude(60.0), 48.3);
 }
 
 void TestValueDecoder::longitudeLimitGrowsWithLatitude()

@@ -74,6 +74,7 @@ private slots:
     void fuelCountsTheTimeSinceTheLastSample();
     void onlySamplesOfTheFlightCount();
     void strayTimesDoNoHarm();
+    void thousandsOfFlightsAtOneTime();
     void trackIsInterpolated();
     void trackFiltersJumps();
     void trackEndsWithinTheGrid();
@@ -252,6 +253,33 @@ void TestFlights::strayTimesDoNoHarm()
     add(story.messages, positionId, 60.0, floats(4800.0F, 1100.0F));
     QCOMPARE(story.flights().size(), 1U);
     QCOMPARE(buildTrack(story.profile, story.messages).size(), 121U);
+
+    // A stray stamp within the grid must not hold up what comes behind it.
+    Story moving;
+    for (int t = 0; t <= 100; ++t)
+        add(moving.messages, positionId, t == 50 ? 1e5 : t,
+            floats(4800.0F + static_cast<float>(t) / 8.0F, t == 60 ? HUGE_VALF : 1100.0F));
+    const std::vector<TrackPoint> track = buildTrack(moving.profile, moving.messages);
+    QCOMPARE(track.size(), 201U);
+    for (const TrackPoint& point : track) {
+        QVERIFY(std::abs(point.latitude - 48.0 - point.seconds() / 480.0) < 1e-5);
+        QCOMPARE(point.longitude, 11.0);
+    }
+}
+
+void TestFlights::thousandsOfFlightsAtOneTime()
+{
+    // Every flight's window holds the whole recording: the work must not grow with its square.
+    Story story;
+    for (int i = 0; i < 20'000; ++i) {
+        for (int k = 0; k < 24; ++k)
+            add(story.messages, speedId, 1.0, floats(k < 12 ? 60.0F : 0.0F));
+    }
+    const std::vector<Flight> flights = story.flights();
+    QCOMPARE(flights.size(), 20'000U);
+    QVERIFY(flights.front().statisticsValid);
+    QVERIFY(!flights.back().statisticsValid);
+    QVERIFY(m_output->text().contains(" of 20000 flights overlap too much for figures\n"));
 }
 
 void TestFlights::trackIsInterpolated()

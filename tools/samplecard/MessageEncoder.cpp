@@ -68,7 +68,8 @@ bool MessageEncoder::addParameter(const ProfileParameter& parameter, const QStri
     field.factor = parameter.factor;
     field.offset = parameter.offset;
     field.shift = parameter.startBit & 31;
-    const int bits = std::clamp(parameter.endBit - parameter.startBit + 1, 0, 32);
+    const int bits = static_cast<int>(
+        std::clamp<std::int64_t>(std::int64_t{parameter.endBit} - parameter.startBit + 1, 0, 32));
     field.mask = bits == 32 ? 0xFFFFFFFFU : (1U << bits) - 1U;
 
     const bool laneA = device == QLatin1String("ECU Lane A");
@@ -124,6 +125,8 @@ std::uint32_t MessageEncoder::rawValue(const Field& field, double value)
     if (field.isPosition)
         value = degreesAndMinutes(value);
     const double raw = (value - field.offset) / field.factor;
+    if (!std::isfinite(raw))
+        return 0;
     if (field.rule == DecodingRule::Float)
         return std::bit_cast<std::uint32_t>(static_cast<float>(raw));
 
