@@ -68,6 +68,7 @@ bool CardContainer::readContainer(const QString& folder, const Progress& progres
         return false;
     m_folder = folder;
     m_files.clear();
+    m_flights.clear();
     if (!directory.isReadable())
         Diagnostics::print("CardContainer::readContainer: Could not read %s\n",
                            qUtf8Printable(folder));
@@ -120,7 +121,17 @@ bool CardContainer::loadFiles(const std::list<QString>& paths, const Progress& p
 bool CardContainer::loadCycle(int number, const Progress& progress)
 {
     const auto cycle = m_cycles.find(number);
-    return cycle != m_cycles.end() && loadFiles(pathsOf(cycle->second), progress);
+    if (cycle == m_cycles.end() || !loadFiles(pathsOf(cycle->second), progress))
+        return false;
+    m_flights[number] = m_dataSet->flights;
+    return true;
+}
+
+const std::vector<Flight>& CardContainer::flightsOf(int number) const
+{
+    static const std::vector<Flight> none;
+    const auto found = m_flights.find(number);
+    return found == m_flights.end() ? none : found->second;
 }
 
 bool CardContainer::loadFlight(int number, std::size_t flightIndex, const Progress& progress)

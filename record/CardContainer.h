@@ -51,6 +51,9 @@ public:
 
     const std::map<int, Cycle>& cycles() const { return m_cycles; }
 
+    /// The flights of a cycle, as found when it was loaded last; none before.
+    const std::vector<Flight>& flightsOf(int number) const;
+
     /// Valid until the next load; null before the first.
     const DataSet* dataSet() const { return m_dataSet.get(); }
 
@@ -61,8 +64,9 @@ private:
 
     const Profile& m_profile;
     QString m_folder;
-    std::map<QString, RecordFile> m_files; ///< by file name
-    std::map<int, Cycle> m_cycles;         ///< by number
+    std::map<QString, RecordFile> m_files;        ///< by file name
+    std::map<int, Cycle> m_cycles;                ///< by number
+    std::map<int, std::vector<Flight>> m_flights; ///< by cycle number
     std::unique_ptr<DataSet> m_dataSet;
 };
 

@@ -1,0 +1,8 @@
+#include "resources/Resources.h"
+
+#include <QDir>
+
+void initKoltResources()
+{
+    Q_INIT_RESOURCE(kolt);
+}

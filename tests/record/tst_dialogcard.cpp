@@ -1,0 +1,252 @@
+#include "profile/Profile.h"
+#include "record/CardContainer.h"
+#include "record/DialogCard.h"
+#include "resources/Resources.h"
+#include "tests/support/ProfileFixture.h"
+#include "tests/support/RecordBytes.h"
+#include "tests/support/RecordingFixture.h"
+
+#include <QLineEdit>
+#include <QSignalSpy>
+#include <QTabWidget>
+#include <QTest>
+#include <QTreeWidget>
+
+using namespace KOLT;
+using namespace KOLT::Test;
+
+Q_DECLARE_METATYPE(std::list<QString>)
+
+/// Drives the panel with the mouse on a small card of two days.
+class TestDialogCard : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void init();
+    void cleanup();
+    void cyclesAreGroupedByDay();
+    void rawDataTellsTheHeaders();
+    void wholeCycleListsItsFlights();
+    void flightKeepsTheList();
+    void burstOfSelectionsLoadsTheLast();
+    void severalFilesAreOneRequest();
+    void headingsAndDetailsAskForNothing();
+    void refreshForgetsAWaitingSelection();
+    void emptyFolderSaysSo();
+
+private:
+    static QStringList texts(const QTreeWidget* tree);
+    QTreeWidget* tree(int tab) const;
+    void click(QTreeWidgetItem* item, Qt::KeyboardModifiers modifiers = {}) const;
+
+    QTreeWidgetItem* cycleItem(int index) const { return tree(0)->topLevelItem(index); }
+
+    QTemporaryDir m_folder;
+    std::unique_ptr<Profile> m_profile;
+    std::unique_ptr<CardContainer> m_card;
+    std::unique_ptr<DialogCard> m_dialog;
+    std::unique_ptr<QSignalSpy> m_cycles;
+    std::unique_ptr<QSignalSpy> m_records;
+};
+
+void TestDialogCard::initTestCase()
+{
+    initKoltResources();
+    qRegisterMetaType<std::list<QString>>("std::list<QString>");
+    RecordBytes tow;
+    for (int t = 0; t < 400; ++t) {
+        const bool isFlying = (t >= 100 && t < 150) || (t >= 250 && t < 300);
+        tow.sample(1, t, floats(isFlying ? 100.0F : 0.0F));
+    }
+    RecordBytes later = RecordBytes().date(2026, 7, 1, 8, 10, 0).busType(3000000000U);
+    later.ecuSerial(77).text(0, "PA").text(1, "TYPE").text(2, "SER").text(5, "1.2").sample(1, 400);
+    QVERIFY(writeFile(m_folder.filePath("1.CAN"), tow.bytes()));
+    QVERIFY(writeFile(m_folder.filePath("2.CAN"), later.sample(1, 4000).bytes()));
+    QVERIFY(writeFile(m_folder.filePath("3.CAN"), RecordBytes().sample(2, 60).bytes()));
+    QVERIFY(writeFile(m_folder.filePath("4.CAN"),
+                      RecordBytes().date(2026, 7, 1, 12).sample(2, 60).bytes()));
+    QVERIFY(writeFile(m_folder.filePath("5.CAN"), RecordBytes().sample(2, 1).bytes()));
+    QVERIFY(writeFile(m_folder.filePath("6.CAN"),
+                      RecordBytes().date(2026, 7, 2, 9).sample(2, 60).bytes()));
+    QVERIFY(writeFile(m_folder.filePath("7.CAN"), RecordBytes().bytes()));
+}
+
+void TestDialogCard::init()
+{
+    m_profile = std::make_unique<Profile>();
+    QVERIFY(loadProfile(*m_profile, device({"name='v' id='1' dataType='FLOAT' "
+                                            "koltDataType='GroundSpeed'"})));
+    m_card = std::make_unique<CardContainer>(*m_profile);
+    QVERIFY(m_card->readContainer(m_folder.path()));
+    m_dialog = std::make_unique<DialogCard>(*m_card);
+    m_dialog->resize(400, 700);
+    m_dialog->show();
+    QVERIFY(QTest::qWaitForWindowExposed(m_dialog.get()));
+    // As the main window does: it loads while the signal is delivered.
+    connect(m_dialog.get(), &DialogCard::signalLoadCycle, m_dialog.get(),
+            [this](unsigned int cycle, int flight) {
+                if (flight < 0)
+                    m_card->loadCycle(static_cast<int>(cycle));
+            });
+    m_cycles = std::make_unique<QSignalSpy>(m_dialog.get(), &DialogCard::signalLoadCycle);
+    m_records = std::make_unique<QSignalSpy>(m_dialog.get(), &DialogCard::signalLoadRecord);
+}
+
+void TestDialogCard::cleanup()
+{
+    m_cycles.reset();
+    m_records.reset();
+    m_dialog.reset();
+}
+
+QTreeWidget* TestDialogCard::tree(int tab) const
+{
+    return m_dialog->findChild<QTabWidget*>()->widget(tab)->findChild<QTreeWidget*>();
+}
+
+QStringList TestDialogCard::texts(const QTreeWidget* tree)
+{
+    QStringList result;
+    for (int i = 0; i < tree->topLevelItemCount(); ++i)
+        result << tree->topLevelItem(i)->text(0);
+    return result;
+}
+
+void TestDialogCard::click(QTreeWidgetItem* item, Qt::KeyboardModifiers modifiers) const
+{
+    QTreeWidget* const widget = item->treeWidget();
+    m_dialog->findChild<QTabWidget*>()->setCurrentIndex(widget == tree(0) ? 0 : 1);
+    widget->scrollToItem(item);
+    QTest::mouseClick(widget->viewport(), Qt::LeftButton, modifiers,
+                      widget->visualItemRect(item).center());
+}
+
+void TestDialogCard::cyclesAreGroupedByDay()
+{
+    QCOMPARE(texts(tree(0)), (QStringList{"01.07.2026", "Cycle 1       1.7.2026 8:03:21 (01:06:40)",
+                                          "Cycle 2       1.7.2026 11:59:00 (00:00:00)",
+                                          "02.07.2026", "Cycle 3       2.7.2026 8:59:59 (00:00:59)",
+                                          "Unknown Date", "Cycle 4        (00:00:00)"}));
+    const QTreeWidgetItem* const heading = cycleItem(0);
+    QCOMPARE(heading->background(0).color(), QColor(195, 171, 99));
+    QCOMPARE(heading->font(0).pixelSize(), 20);
+    QCOMPARE(heading->flags(), Qt::ItemFlags(Qt::ItemIsEnabled));
+    QCOMPARE(cycleItem(4)->data(0, Qt::UserRole).toUInt(), 3U);
+    QCOMPARE(cycleItem(4)->data(0, Qt::UserRole + 1).toInt(), -1);
+    QVERIFY(!cycleItem(1)->icon(0).pixmap(16).isNull());
+}
+
+void TestDialogCard::rawDataTellsTheHeaders()
+{
+    QCOMPARE(texts(tree(1)).mid(0, 3),
+             (QStringList{"01.07.2026", "1.CAN   1.7.2026 8:03:21", "2.CAN   1.7.2026 8:10:00"}));
+    QCOMPARE(texts(tree(1)).last(), "7.CAN   ");
+    const QTreeWidgetItem* const opening = tree(1)->topLevelItem(1);
+    const QTreeWidgetItem* const file = tree(1)->topLevelItem(2);
+    QVERIFY(opening->font(0).bold() && !file->font(0).bold());
+    QCOMPARE(file->data(0, Qt::UserRole).toString(), m_folder.filePath("2.CAN"));
+    QCOMPARE(file->toolTip(0), "Start Time: 00:06:40\nStop Time: 01:06:40");
+    QStringList details;
+    for (int i = 0; i < file->childCount(); ++i)
+        details << file->child(i)->text(0);
+    QCOMPARE(details, (QStringList{"Date: 1.7.2026 8:10:00", "Start Time: 00:06:40",
+                                   "Stop Time: 01:06:40", "Bus Type: 3000000000",
+                                   "ECU Serial Number: 77", "Software Part Nr. A: PA",
+                                   "Software Part Nr. B: ", "ECU Type: TYPE", "EMU SW Version: 1.2",
+                                   "Engine Serial Nr.: SER", "Engine Type: ", "Samples Total: 2"}));
+    QCOMPARE(tree(1)->parentWidget()->findChild<QLineEdit*>()->text(), m_folder.path());
+}
+
+void TestDialogCard::wholeCycleListsItsFlights()
+{
+    click(cycleItem(1));
+    QCOMPARE(m_cycles->count(), 0); // not before it has been still
+    QVERIFY(m_cycles->wait());
+    QCOMPARE(m_cycles->at(0), (QVariantList{1U, -1}));
+    const QTreeWidgetItem* const cycle = cycleItem(1);
+    QTRY_COMPARE(cycle->childCount(), 2);
+    QVERIFY(cycle->isExpanded());
+    QCOMPARE(cycle->child(0)->text(0), "Flight 1 08:05:12 (00:01:49)");
+    QCOMPARE(cycle->child(1)->data(0, Qt::UserRole + 1).toInt(), 1);
+
+    click(cycleItem(2)); // a cycle without flights
+    QVERIFY(m_cycles->wait());
+    QCOMPARE(cycleItem(2)->childCount(), 0);
+    QCOMPARE(cycle->childCount(), 2);
+}
+
+void TestDialogCard::flightKeepsTheList()
+{
+    click(cycleItem(1));
+    QTRY_COMPARE(cycleItem(1)->childCount(), 2);
+    QTreeWidgetItem* const flight = cycleItem(1)->child(1);
+    click(flight);
+    QVERIFY(m_cycles->wait());
+    QCOMPARE(m_cycles->last(), (QVariantList{1U, 1}));
+    QCOMPARE(cycleItem(1)->child(1), flight); // the very same item
+    click(cycleItem(1));
+    QVERIFY(m_cycles->wait());
+    QCOMPARE(m_cycles->last(), (QVariantList{1U, -1}));
+    QTRY_COMPARE(cycleItem(1)->childCount(), 2);
+}
+
+void TestDialogCard::burstOfSelectionsLoadsTheLast()
+{
+    click(cycleItem(1));
+    QTest::keyClick(tree(0), Qt::Key_Down);
+    click(cycleItem(4));
+    QVERIFY(m_cycles->wait());
+    QCOMPARE(m_cycles->count(), 1);
+    QCOMPARE(m_cycles->at(0), (QVariantList{3U, -1}));
+    QVERIFY(!m_cycles->wait(700));
+}
+
+void TestDialogCard::severalFilesAreOneRequest()
+{
+    click(tree(1)->topLevelItem(1));
+    click(tree(1)->topLevelItem(2), Qt::ControlModifier);
+    click(tree(1)->topLevelItem(4), Qt::ControlModifier);
+    QVERIFY(m_records->wait());
+    QCOMPARE(m_records->count(), 1);
+    const auto paths = m_records->at(0).at(0).value<std::list<QString>>();
+    QCOMPARE(paths.size(), 3U);
+    QVERIFY(std::ranges::count(paths, m_folder.filePath("4.CAN")) == 1);
+    QCOMPARE(m_cycles->count(), 0);
+}
+
+void TestDialogCard::headingsAndDetailsAskForNothing()
+{
+    click(cycleItem(0));
+    QTreeWidgetItem* const file = tree(1)->topLevelItem(2);
+    file->setExpanded(true);
+    click(file->child(3));
+    click(tree(1)->topLevelItem(0));
+    QVERIFY(!m_records->wait(700));
+    QCOMPARE(m_cycles->count(), 0);
+    QVERIFY(tree(1)->selectedItems().isEmpty());
+}
+
+void TestDialogCard::refreshForgetsAWaitingSelection()
+{
+    click(cycleItem(1));
+    m_dialog->refresh();
+    QVERIFY(!m_cycles->wait(700));
+    QVERIFY(tree(0)->selectedItems().isEmpty());
+}
+
+void TestDialogCard::emptyFolderSaysSo()
+{
+    QVERIFY(tree(0)->isVisible());
+    const QTemporaryDir empty;
+    QVERIFY(m_card->readContainer(empty.path()));
+    m_dialog->refresh();
+    QVERIFY(!tree(0)->isVisible());
+    QVERIFY(m_card->readContainer(m_folder.path()));
+    m_dialog->refresh();
+    QVERIFY(tree(0)->isVisible());
+}
+
+QTEST_MAIN(TestDialogCard)
+#include "tst_dialogcard.moc"
