@@ -4,6 +4,7 @@
 #include "app/startup/Banner.h"
 #include "app/startup/SplashScreen.h"
 #include "app/startup/Startup.h"
+#include "resources/Resources.h"
 
 #include <QApplication>
 #include <QStyleFactory>
@@ -17,6 +18,7 @@ int main(int argc, char* argv[])
     // Whoever watches the output through a pipe sees each line when it is written.
     std::setvbuf(stdout, nullptr, _IOLBF, BUFSIZ);
 
+    initKoltResources();
     printBanner();
     Startup::parseCommandLine(argc, argv);
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));

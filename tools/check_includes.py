@@ -29,7 +29,7 @@ SHARED = {"base", "settings", "project"}
 # The data window hosts the pages of these rooms.
 HOSTED_FACES = {"analysis.face": {"graph.face", "map.face"}}
 OUTER = {"tools", "tests", "benchmarks", "fuzz"}
-ALL = SHARED | set(CORE_USES) | FACES | LIBS | OUTER | {"app", "cli"}
+ALL = SHARED | set(CORE_USES) | FACES | LIBS | OUTER | {"app", "cli", "resources"}
 WINDOWLESS = SHARED | set(CORE_USES) | {"cli"}
 
 
@@ -41,6 +41,7 @@ def allowed_uses():
         uses[face] = {room} | below | LIBS | SHARED | HOSTED_FACES.get(face, set())
     for lib in LIBS:
         uses[lib] = {"libs/tusk"}
+    uses["resources"] = set()
     uses["app"] = ALL - OUTER
     uses["cli"] = set(CORE_USES) | {"base", "settings"}
     uses["tools"] = ALL - {"tests"}
