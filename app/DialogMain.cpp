@@ -23,6 +23,9 @@ namespace KOLT {
 namespace {
 
 constexpr int startupMilliseconds = 1000;
+constexpr QSize windowSize(1000, 800);
+constexpr int listStretch = 1;
+constexpr int pagesStretch = 2;
 constexpr auto lastPathKey = "LastPath";
 
 QString lastPath()
@@ -52,8 +55,8 @@ DialogMain::DialogMain()
     auto* const pages = new QWidget(splitter);
     splitter->addWidget(m_cardDialog);
     splitter->addWidget(pages);
-    splitter->setStretchFactor(0, 1);
-    splitter->setStretchFactor(1, 2);
+    splitter->setStretchFactor(0, listStretch);
+    splitter->setStretchFactor(1, pagesStretch);
     setCentralWidget(splitter);
     connect(m_cardDialog, &DialogCard::signalLoadRecord, this, &DialogMain::slotLoadRecord);
     connect(m_cardDialog, &DialogCard::signalLoadCycle, this, &DialogMain::slotLoadCycle);
@@ -64,7 +67,9 @@ DialogMain::DialogMain()
     m_cardDialog->setVisible(!isEmuDisplay);
     statusBar();
     QTimer::singleShot(startupMilliseconds, this, &DialogMain::slotTimeoutStartup);
-    resize(1000, 800);
+    resize(windowSize);
+    splitter->setSizes({windowSize.width() * listStretch / (listStretch + pagesStretch),
+                        windowSize.width() * pagesStretch / (listStretch + pagesStretch)});
     refreshTitle();
     show();
 }
@@ -143,9 +148,8 @@ bool DialogMain::openFolder(const QString& folder)
     const WaitCursor wait;
     const bool isOpen = m_card.readContainer(folder);
     m_cardDialog->refresh();
-    statusBar()->showMessage(
-        isOpen ? tr("%n record file(s)", nullptr, static_cast<int>(m_card.files().size()))
-               : tr("There is no folder %1").arg(folder));
+    statusBar()->showMessage(isOpen ? tr("Record files: %1").arg(m_card.files().size())
+                                    : tr("There is no folder %1").arg(folder));
     return isOpen;
 }
 

@@ -103,6 +103,8 @@ DialogCard::DialogCard(CardContainer& card, QWidget* parent)
     layout->addWidget(m_tabs);
     m_cyclesPage = createPage(tr("Cycles"));
     m_rawDataPage = createPage(tr("Raw Data"));
+    m_cyclesPage.tree->setObjectName(QStringLiteral("cyclesTree"));
+    m_rawDataPage.tree->setObjectName(QStringLiteral("rawDataTree"));
     m_rawDataPage.tree->setSelectionMode(QAbstractItemView::ExtendedSelection);
 
     for (QTimer* timer : {&m_recordTimer, &m_cycleTimer}) {

@@ -47,7 +47,7 @@ void TestMainWindow::lastFolderIsListed()
     DialogMain window;
     QCOMPARE(window.windowTitle(), "KOLT " + folder.section('/', -2));
     QTRY_COMPARE(window.card().files().size(), 1U);
-    auto* const tree = window.findChild<QTreeWidget*>();
+    auto* const tree = window.findChild<QTreeWidget*>("cyclesTree");
     QTRY_COMPARE(tree->topLevelItemCount(), 2); // a day and its cycle
     tree->setCurrentItem(tree->topLevelItem(1));
     QTRY_VERIFY(window.card().dataSet() != nullptr);

@@ -31,7 +31,7 @@ bool openFirstCycle(const KOLT::DialogMain& window)
 {
     if (!QTest::qWaitFor([&] { return !window.card().cycles().empty(); }, waitMilliseconds))
         return false;
-    auto* const tree = window.findChild<QTreeWidget*>();
+    auto* const tree = window.findChild<QTreeWidget*>("cyclesTree");
     for (int i = 0; tree != nullptr && i < tree->topLevelItemCount(); ++i) {
         QTreeWidgetItem* const item = tree->topLevelItem(i);
         if (!item->flags().testFlag(Qt::ItemIsSelectable))
