@@ -11,11 +11,6 @@ namespace KOLT {
 
 namespace {
 
-std::int64_t keyAt(double seconds)
-{
-    return static_cast<std::int64_t>(seconds * 10.0 + 0.5);
-}
-
 /// Equal numbers look equal; NaN equals NaN.
 bool isSameNumber(double a, double b)
 {
@@ -94,7 +89,8 @@ std::size_t TimeTable::rowOf(std::int64_t key) const
 
 std::size_t TimeTable::rowAt(double seconds) const
 {
-    return rowOf(keyAt(seconds));
+    constexpr double maxSeconds = 1e15;
+    return rowOf(RecordFormat::tenthsOf(std::clamp(seconds, -maxSeconds, maxSeconds)));
 }
 
 TimeTable::Cell TimeTable::cell(std::size_t row, std::size_t column) const

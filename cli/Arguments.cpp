@@ -124,7 +124,7 @@ ParseResult parseArguments(const QStringList& commandLine)
     const QStringList given = commandLine.mid(1);
     if (given.isEmpty())
         return {{}, {}, QStringLiteral("no verb given; 'kolt-cli --help' lists them")};
-    const QString name = given.first();
+    const QString& name = given.first();
     if (name == QLatin1String("--help") || name == QLatin1String("-h"))
         return {{}, generalHelp(), {}};
     const auto* const verb =

@@ -20,7 +20,7 @@ constexpr auto defaultVariant = "915";
 /// The profile in the user's data directory, else the one that came with the program.
 QString installedProfile()
 {
-    const QString installed =
+    QString installed =
         QFile::decodeName(DataPaths::instance().profilePath()) + QStringLiteral("/Profile.xml");
     if (QFile::exists(installed))
         return installed;

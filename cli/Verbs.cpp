@@ -104,7 +104,7 @@ QString openAndLoad(Recording& recording)
 QString list(const Arguments& arguments)
 {
     Recording recording(arguments);
-    const QString error = recording.openFolder();
+    QString error = recording.openFolder();
     if (!error.isEmpty())
         return error;
     QJsonArray files;
@@ -119,7 +119,7 @@ QString list(const Arguments& arguments)
 QString flights(const Arguments& arguments)
 {
     Recording recording(arguments);
-    const QString error = openAndLoad(recording);
+    QString error = openAndLoad(recording);
     if (!error.isEmpty())
         return error;
     const DataSet& dataSet = *recording.card().dataSet();
@@ -135,7 +135,7 @@ QString flights(const Arguments& arguments)
 QString values(const Arguments& arguments)
 {
     Recording recording(arguments);
-    const QString error = openAndLoad(recording);
+    QString error = openAndLoad(recording);
     if (!error.isEmpty())
         return error;
     const Profile& profile = recording.profile();
@@ -165,7 +165,7 @@ QString values(const Arguments& arguments)
 QString events(const Arguments& arguments)
 {
     Recording recording(arguments);
-    const QString error = openAndLoad(recording);
+    QString error = openAndLoad(recording);
     if (!error.isEmpty())
         return error;
     QJsonArray found;

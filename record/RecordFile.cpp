@@ -18,7 +18,7 @@ namespace {
 using namespace RecordFormat;
 
 /// Read at once; a whole number of samples.
-constexpr qint64 blockBytes = 32'768 * sampleBytes;
+constexpr qint64 blockBytes = 32'768LL * sampleBytes;
 constexpr std::size_t timeBytes = 8;
 
 int samplesIn(qint64 fileBytes)

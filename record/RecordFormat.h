@@ -44,4 +44,11 @@ constexpr double secondsOf(std::uint32_t high, std::uint32_t low)
     return low * nanosecondsPerTick * 1e-9 + high * secondsPerHighWord;
 }
 
+/// Tenths of a second, rounded half up: the common time key of all views. For times of at most
+/// 1e17 s, which no time stamp reaches.
+constexpr std::int64_t tenthsOf(double seconds)
+{
+    return static_cast<std::int64_t>(seconds * 10.0 + 0.5); // NOLINT(bugprone-incorrect-roundings)
+}
+
 } // namespace KOLT::RecordFormat

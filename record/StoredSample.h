@@ -24,8 +24,8 @@ struct StoredSample
     /// Seconds on the unit's counter.
     double seconds() const { return RecordFormat::secondsOf(timeHigh, timeLow); }
 
-    /// Tenths of a second, rounded: the common time key of all views.
-    std::int64_t tenths() const { return static_cast<std::int64_t>(seconds() * 10.0 + 0.5); }
+    /// The common time key of all views.
+    std::int64_t tenths() const { return RecordFormat::tenthsOf(seconds()); }
 };
 
 static_assert(sizeof(StoredSample) == 32);
