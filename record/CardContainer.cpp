@@ -19,10 +19,10 @@ namespace {
 
 bool isRecordName(const QString& name)
 {
-    static const std::array suffixes{QStringLiteral("CAN"), QStringLiteral("can"),
-                                     QStringLiteral("xcb")};
-    const qsizetype dot = name.lastIndexOf(QLatin1Char('.'));
-    return dot >= 0 && std::ranges::find(suffixes, name.mid(dot + 1)) != suffixes.end();
+    const QStringView suffix = QStringView(name).mid(name.lastIndexOf(QLatin1Char('.')) + 1);
+    return suffix.size() < name.size() &&
+           (suffix == QLatin1String("CAN") || suffix == QLatin1String("can") ||
+            suffix == QLatin1String("xcb"));
 }
 
 QString fileNameOf(const QString& path)
@@ -72,15 +72,15 @@ bool CardContainer::readContainer(const QString& folder, const Progress& progres
     if (!directory.isReadable())
         Diagnostics::print("CardContainer::readContainer: Could not read %s\n",
                            qUtf8Printable(folder));
-    const QStringList entries = directory.entryList(QDir::Files, QDir::Unsorted);
+    const QFileInfoList entries = directory.entryInfoList(QDir::Files, QDir::Unsorted);
     Diagnostics::print("CardContainer::readContainer: Path <%s> NrFiles %d\n",
                        qUtf8Printable(folder), static_cast<int>(entries.size()));
     qsizetype index = 0;
-    for (const QString& name : entries) {
-        const QString path = QStringLiteral("%1/%2").arg(folder, name);
+    for (const QFileInfo& entry : entries) {
+        const QString name = entry.fileName();
         // Links to pipes and devices count as files in the listing; opening one may never return.
-        if (isRecordName(name) && QFileInfo(path).isFile())
-            m_files[name].readRecordInfo(path);
+        if (isRecordName(name) && entry.isFile())
+            m_files[name].readRecordInfo(QStringLiteral("%1/%2").arg(folder, name));
         // Whole-number division: the bar stays at 0 until all is read.
         if (progress)
             progress(static_cast<int>(index / entries.size() * 100));
