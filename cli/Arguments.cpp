@@ -1,30 +1,14 @@
 #include "cli/Arguments.h"
 
+#include "cli/Verbs.h"
+
 #include <QCommandLineParser>
 
 #include <algorithm>
-#include <array>
 
 namespace KOLT::Cli {
 
 namespace {
-
-struct Verb
-{
-    const char* name;
-    const char* description;
-    bool choosesFiles; ///< takes --cycle or --files
-    bool usesProfile;
-};
-
-constexpr std::array verbs{
-    Verb{"list", "List the record files and engine cycles of a folder as JSON.", false, false},
-    Verb{"flights", "Print the flights of a cycle with their figures as JSON.", true, true},
-    Verb{"values", "Print every sample of a parameter as JSON.", true, true},
-    Verb{"events", "Print the moments at which limits were exceeded as JSON.", true, true},
-    Verb{"report", "Print the cycles and flights of a folder for people, in metric units.", false,
-         true},
-};
 
 QString generalHelp()
 {
@@ -149,7 +133,7 @@ ParseResult parseArguments(const QStringList& commandLine)
         return {{}, {}, QStringLiteral("give one folder, not %1").arg(folders.size())};
 
     Arguments arguments;
-    arguments.verb = name;
+    arguments.verb = verb;
     arguments.folder = folders.first();
     arguments.profile = valueOf(parser, QStringLiteral("profile"), verb->usesProfile);
     if (verb->usesProfile && parser.isSet(QStringLiteral("variant")))

@@ -8,9 +8,11 @@
 /// What the user asked of kolt-cli.
 namespace KOLT::Cli {
 
+struct Verb;
+
 struct Arguments
 {
-    QString verb;
+    const Verb* verb = nullptr;
     QString folder;
     std::optional<int> cycle;
     std::optional<QStringList> files;

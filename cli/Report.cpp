@@ -1,4 +1,5 @@
 #include "analysis/EventFinder.h"
+#include "cli/Arguments.h"
 #include "cli/Recording.h"
 #include "cli/Verbs.h"
 

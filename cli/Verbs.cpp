@@ -1,6 +1,7 @@
 #include "cli/Verbs.h"
 
 #include "analysis/EventFinder.h"
+#include "cli/Arguments.h"
 #include "cli/Recording.h"
 #include "profile/ValueDecoder.h"
 

@@ -1,17 +1,40 @@
 #pragma once
 
-#include "cli/Arguments.h"
-
 #include <QString>
+
+#include <array>
 
 /// The verbs of kolt-cli. Each prints its result to the standard output; the text returned says
 /// what went wrong, in one line, and is empty on success.
 namespace KOLT::Cli {
+
+struct Arguments;
 
 QString list(const Arguments& arguments);
 QString flights(const Arguments& arguments);
 QString values(const Arguments& arguments);
 QString events(const Arguments& arguments);
 QString report(const Arguments& arguments);
+
+struct Verb
+{
+    const char* name;
+    const char* description;
+    bool choosesFiles; ///< takes --cycle or --files
+    bool usesProfile;
+    QString (*run)(const Arguments& arguments);
+};
+
+/// All verbs, in the order of the help.
+inline constexpr std::array verbs{
+    Verb{"list", "List the record files and engine cycles of a folder as JSON.", false, false,
+         list},
+    Verb{"flights", "Print the flights of a cycle with their figures as JSON.", true, true,
+         flights},
+    Verb{"values", "Print every sample of a parameter as JSON.", true, true, values},
+    Verb{"events", "Print the moments at which limits were exceeded as JSON.", true, true, events},
+    Verb{"report", "Print the cycles and flights of a folder for people, in metric units.", false,
+         true, report},
+};
 
 } // namespace KOLT::Cli

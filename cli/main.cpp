@@ -7,7 +7,6 @@
 
 #include <clocale>
 #include <cstdio>
-#include <map>
 
 namespace {
 
@@ -38,12 +37,6 @@ int main(int argc, char* argv[])
         const QString error = Cli::finishOutput();
         return error.isEmpty() ? 0 : fail(error, 1);
     }
-    using VerbFunction = QString (*)(const Cli::Arguments&);
-    static const std::map<QString, VerbFunction> verbs{
-        {QStringLiteral("list"), Cli::list},     {QStringLiteral("flights"), Cli::flights},
-        {QStringLiteral("values"), Cli::values}, {QStringLiteral("events"), Cli::events},
-        {QStringLiteral("report"), Cli::report},
-    };
-    const QString error = verbs.at(parsed.arguments->verb)(*parsed.arguments);
+    const QString error = parsed.arguments->verb->run(*parsed.arguments);
     return error.isEmpty() ? 0 : fail(error, 1);
 }

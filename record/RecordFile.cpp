@@ -41,8 +41,9 @@ std::optional<double> secondsAt(std::span<const unsigned char> bytes, std::size_
 /// read until the system ends the program.
 bool fitMemory(std::size_t samples)
 {
-    // Chunks of memory are filled to a half at least.
-    const double wanted = 2.0 * static_cast<double>(samples) * sizeof(StoredSample);
+    // The last chunk of each identifier is partly empty: some hundredths for a large file.
+    constexpr double slack = 1.25;
+    const double wanted = slack * static_cast<double>(samples) * sizeof(StoredSample);
     QFile memory(QStringLiteral("/proc/meminfo"));
     if (!memory.open(QIODevice::ReadOnly))
         return wanted < static_cast<double>(std::numeric_limits<std::uint32_t>::max());

@@ -53,7 +53,9 @@ bool SettingsStore::moveBrokenFileAside() const
 
 bool SettingsStore::save()
 {
-    if (m_isBroken && !moveBrokenFileAside())
+    // Somebody may have cleared it away meanwhile.
+    const bool isInTheWay = m_isBroken && QFileInfo::exists(QFile::decodeName(m_fileName));
+    if (isInTheWay && !moveBrokenFileAside())
         return false;
     m_isBroken = false;
     QDomDocument document;

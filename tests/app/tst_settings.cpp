@@ -158,6 +158,12 @@ void TestSettings::unusableFileIsKeptAside()
     QCOMPARE(readFile(path + ".broken"), QByteArray("from an earlier accident"));
     QCOMPARE(readFile(path + ".broken.2"), content);
     QVERIFY(readFile(path).contains("new"));
+
+    QVERIFY(writeFile(path, content));
+    store.load();
+    QVERIFY(QFile::remove(path)); // the user clears it away
+    QVERIFY(store.save());
+    QVERIFY(readFile(path).contains("new"));
 }
 
 void TestSettings::failedSaveLeavesTheOldFile()
