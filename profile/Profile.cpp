@@ -104,6 +104,18 @@ const Threshold* Profile::threshold(int id) const
     return found == m_thresholds.end() ? nullptr : &found->second;
 }
 
+std::vector<const ProfileParameter*> Profile::selectedParameters() const
+{
+    std::vector<const ProfileParameter*> selected;
+    for (const Device& device : m_devices) {
+        for (const ProfileParameter* parameter : device.parameters) {
+            if (parameter->selected)
+                selected.push_back(parameter);
+        }
+    }
+    return selected;
+}
+
 double Profile::convertUnit(const ProfileParameter& parameter, double value) const
 {
     if (m_unitSystem == UnitSystem::Metric || parameter.conversion == nullptr)

@@ -7,6 +7,7 @@
 
 #include <deque>
 #include <map>
+#include <utility>
 #include <vector>
 
 namespace KOLT {
@@ -75,14 +76,17 @@ public:
     /// The label that fits the number shown: the imperial one only where the value is converted.
     const QString& unitLabel(const ProfileParameter& parameter) const;
 
-    /// Sets the selected flag of every parameter whose name satisfies the predicate, and clears all
+    /// Sets the selected flag of every parameter that satisfies the predicate, and clears all
     /// others.
     template <typename Predicate>
     void select(Predicate&& isSelected)
     {
         for (ProfileParameter& parameter : m_parameters)
-            parameter.selected = isSelected(parameter.name);
+            parameter.selected = isSelected(std::as_const(parameter));
     }
+
+    /// The selected parameters, device by device and in name order.
+    std::vector<const ProfileParameter*> selectedParameters() const;
 
     /// Whether an element's `variant` attribute takes it for the active variant: a comma-separated
     /// list of names, those with a leading "!" excluded.

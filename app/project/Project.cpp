@@ -95,7 +95,9 @@ void Project::applySelection() const
 {
     if (m_profile == nullptr)
         return;
-    m_profile->select([&](const QString& name) { return m_names.contains(name.toUtf8()); });
+    m_profile->select([&](const ProfileParameter& parameter) {
+        return m_names.contains(parameter.name.toUtf8());
+    });
 }
 
 } // namespace KOLT

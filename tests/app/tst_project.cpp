@@ -75,7 +75,7 @@ void TestProject::readSelects_data()
 void TestProject::readSelects()
 {
     QFETCH(QByteArray, content);
-    m_profile.select([](const QString&) { return true; });
+    m_profile.select([](const ProfileParameter&) { return true; });
     QVERIFY(m_project.read(file(content)) != 0);
     QTEST(selected(), "names");
 }
@@ -104,7 +104,7 @@ void TestProject::writtenFileFollowsTheProfile()
 
 void TestProject::unreadableFileKeepsTheSelection()
 {
-    m_profile.select([](const QString& name) { return name == "a"; });
+    m_profile.select([](const ProfileParameter& parameter) { return parameter.name == "a"; });
     QCOMPARE(m_project.read(m_directory.filePath("missing.xml")), 0);
     QCOMPARE(m_project.read(file("<KoltProject><Parameters>")), 0);
     QCOMPARE(selected(), QStringList{"a"});
@@ -112,7 +112,7 @@ void TestProject::unreadableFileKeepsTheSelection()
 
 void TestProject::clearDeselectsEverything()
 {
-    m_profile.select([](const QString&) { return true; });
+    m_profile.select([](const ProfileParameter&) { return true; });
     m_project.clear();
     QCOMPARE(selected(), QStringList{});
 }

@@ -1,0 +1,133 @@
+#pragma once
+
+#include "analysis/Replay.h"
+
+#include <QWidget>
+
+#include <array>
+#include <functional>
+#include <initializer_list>
+
+class QBoxLayout;
+class QButtonGroup;
+class QDoubleSpinBox;
+class QGridLayout;
+class QLCDNumber;
+class QSlider;
+class QSplitter;
+class QStackedWidget;
+class QTabBar;
+class QTime;
+class QTimeEdit;
+class QTimer;
+class QToolButton;
+
+namespace KOLT {
+
+class DataPage;
+class Profile;
+struct DataSet;
+
+/// The analysis area: seven pages behind tabs, the map beside them, and the replay.
+///
+/// Owns the one current time of the data set. Whatever moves it, a page or a control, only reports
+/// the time; this window passes it on to the others and writes its own controls.
+class DialogData : public QWidget
+{
+    Q_OBJECT
+
+public:
+    enum class Page {
+        Table,
+        Graph,
+        FaultMatrix,
+        Limit,
+        WarningLamps,
+        Statistic,
+        EmuView,
+        Map ///< beside the others, without a tab
+    };
+
+    static constexpr std::size_t pageCount = 8;
+
+    /// Wall-clock seconds, for the replay.
+    using Clock = std::function<double()>;
+
+    explicit DialogData(const Profile& profile, QWidget* parent = nullptr, Clock clock = {});
+
+    /// Data were loaded: shows them from their start. They must stay until clear() or the next
+    /// load.
+    void setData(const DataSet& dataSet);
+    /// Drops the data on every page; before data set or profile go.
+    void clear();
+    /// Other parameters are chosen, or other units.
+    void refresh();
+    /// Goes to a moment of the data set.
+    void setTime(double seconds);
+
+    const DataPage& page(Page page) const { return *m_pages[static_cast<std::size_t>(page)].page; }
+
+    double time() const { return m_replay.time(); }
+
+    void setCurrentPage(Page page);
+
+private slots:
+    void slotTimeoutReplay();
+    void slotReplayMode();
+    void slotReplayStop();
+    void slotMapType(int type);
+    void slotSlider(int position);
+    void slotReplaySpeed(int percent);
+    void slotReplaySpeed(double speed);
+    void slotValue(const QTime& time);
+    void slotCursor(float seconds, double value);
+    void slotTableTime(double seconds);
+    void slotLimitTime(double seconds);
+    void slotWarningTime(double seconds);
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    struct PageEntry
+    {
+        DataPage* page = nullptr;
+        QWidget* widget = nullptr;
+    };
+
+    void createPages();
+    template <typename Widget>
+    Widget* addPage(Page page, Widget* widget);
+    QBoxLayout* createTopRow();
+    QToolButton* createMapButton(int type, const QString& icon, const QString& tip);
+    QBoxLayout* createDisplays();
+    QGridLayout* createControls();
+    QToolButton* createReplayButton();
+    void createSpeedControls(QGridLayout* grid);
+    void moveTo(double seconds, std::initializer_list<Page> except = {});
+    void passTime(std::initializer_list<Page> except = {});
+    void refreshDisplays();
+    void updateButtons();
+
+    const Profile& m_profile;
+    Clock m_clock;
+    Replay m_replay;
+    const DataSet* m_dataSet = nullptr;
+    bool m_isWriting = false; ///< the window writes its own controls
+    QTimer* m_timer = nullptr;
+    std::array<PageEntry, pageCount> m_pages;
+    QTabBar* m_tabs = nullptr;
+    QButtonGroup* m_mapButtons = nullptr;
+    QSplitter* m_splitter = nullptr;
+    QStackedWidget* m_stack = nullptr;
+    QLCDNumber* m_dateDisplay = nullptr;
+    QLCDNumber* m_timeDisplay = nullptr;
+    QToolButton* m_startButton = nullptr;
+    QToolButton* m_stopButton = nullptr;
+    QSlider* m_slider = nullptr;
+    QTimeEdit* m_timeEdit = nullptr;
+    QSlider* m_speedSlider = nullptr;
+    QDoubleSpinBox* m_speedBox = nullptr;
+};
+
+} // namespace KOLT

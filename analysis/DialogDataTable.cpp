@@ -1,0 +1,304 @@
+#include "analysis/DialogDataTable.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QClipboard>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QMenu>
+#include <QMessageBox>
+#include <QPainter>
+#include <QStackedLayout>
+#include <QStyledItemDelegate>
+#include <QTableView>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace KOLT {
+
+/// Draws the line of the current time across its row.
+class TimeRowDelegate : public QStyledItemDelegate
+{
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    void setTimeRow(int row) { m_timeRow = row; }
+
+    int timeRow() const { return m_timeRow; }
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& option,
+               const QModelIndex& index) const override
+    {
+        QStyledItemDelegate::paint(painter, option, index);
+        if (index.row() != m_timeRow)
+            return;
+        QColor color = option.palette.color(QPalette::Highlight);
+        painter->fillRect(
+            QRect(option.rect.left(), option.rect.bottom() - 1, option.rect.width(), 2), color);
+        constexpr int veil = 28;
+        color.setAlpha(veil);
+        painter->fillRect(option.rect, color);
+    }
+
+private:
+    int m_timeRow = -1;
+};
+
+namespace {
+
+constexpr QSize swatchSize(4, 12); ///< of the threshold's colour
+constexpr int rowPadding = 6;
+constexpr int columnPadding = 12;
+constexpr int pageMargin = 3;
+constexpr int dataTab = 0;
+constexpr int emptyState = 1;
+
+/// Cells may hold any text that the profile gives them; a tab would shift the columns.
+QString cellText(const QModelIndex& index)
+{
+    QString text = index.data().toString();
+    return text.replace(QLatin1Char('\t'), QLatin1Char(' '))
+        .replace(QLatin1Char('\n'), QLatin1Char(' '));
+}
+
+qint64 cellCount(const QItemSelection& selection)
+{
+    qint64 count = 0;
+    for (const QItemSelectionRange& range : selection)
+        count += qint64{range.width()} * range.height();
+    return count;
+}
+
+/// The cells as lines of tab-separated text; a cell between them that is not selected stays empty.
+QString tabSeparated(QModelIndexList cells)
+{
+    std::sort(cells.begin(), cells.end()); // by row, then column
+    const auto [first, last] = std::ranges::minmax(cells, {}, &QModelIndex::column);
+    QString text;
+    int row = -1;
+    int column = 0;
+    for (const QModelIndex& cell : cells) {
+        if (cell.row() != row) {
+            if (row >= 0)
+                text += QString(last.column() - column, QLatin1Char('\t')) + QLatin1Char('\n');
+            row = cell.row();
+            column = first.column();
+        }
+        text += QString(cell.column() - column, QLatin1Char('\t')) + cellText(cell);
+        column = cell.column();
+    }
+    return text + QString(last.column() - column, QLatin1Char('\t')) + QLatin1Char('\n');
+}
+
+} // namespace
+
+DialogDataTable::DialogDataTable(const Profile& profile, QWidget* parent)
+    : QWidget(parent)
+    , m_profile(profile)
+    , m_model(profile)
+{
+    m_previousChange = createAction(tr("Previous change"), QStringLiteral("change-previous"),
+                                    QKeySequence(Qt::CTRL | Qt::Key_Up),
+                                    tr("Jump to the previous change of the selected column"));
+    m_nextChange = createAction(tr("Next change"), QStringLiteral("change-next"),
+                                QKeySequence(Qt::CTRL | Qt::Key_Down),
+                                tr("Jump to the next change of the selected column"));
+    connect(m_previousChange, &QAction::triggered, this, [this] { jumpToChange(false); });
+    connect(m_nextChange, &QAction::triggered, this, [this] { jumpToChange(true); });
+    createView();
+
+    m_hint = new QLabel(this);
+    auto* const bar = new QHBoxLayout;
+    bar->addWidget(m_hint, 1);
+    for (QAction* action : {m_previousChange, m_nextChange}) {
+        auto* const button = new QToolButton(this);
+        button->setDefaultAction(action);
+        button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+        button->setAutoRaise(true);
+        bar->addWidget(button);
+    }
+    auto* const table = new QWidget(this);
+    auto* const tableLayout = new QVBoxLayout(table);
+    tableLayout->setContentsMargins(pageMargin, pageMargin, pageMargin, pageMargin);
+    tableLayout->addLayout(bar);
+    tableLayout->addWidget(m_view);
+
+    m_empty = new QLabel(this);
+    m_empty->setObjectName(QStringLiteral("emptyState"));
+    m_empty->setAlignment(Qt::AlignCenter);
+    m_empty->setWordWrap(true);
+    m_stack = new QStackedLayout(this);
+    m_stack->addWidget(table);
+    m_stack->addWidget(m_empty);
+    showData();
+}
+
+QAction* DialogDataTable::createAction(const QString& text, const QString& icon,
+                                       const QKeySequence& shortcut, const QString& tip)
+{
+    auto* const action = new QAction(QIcon(QStringLiteral(":/icons/%1.svg").arg(icon)), text, this);
+    action->setShortcut(shortcut);
+    action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
+    action->setToolTip(
+        QStringLiteral("%1 (%2)").arg(tip, shortcut.toString(QKeySequence::NativeText)));
+    addAction(action);
+    return action;
+}
+
+void DialogDataTable::createView()
+{
+    m_view = new QTableView(this);
+    m_view->setModel(&m_model);
+    m_delegate = new TimeRowDelegate(m_view);
+    m_view->setItemDelegate(m_delegate);
+    m_view->setIconSize(swatchSize);
+    m_view->setWordWrap(false);
+    m_view->setCornerButtonEnabled(false);
+    m_view->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
+    m_view->setTabKeyNavigation(false); // Tab leaves the table
+    m_view->horizontalHeader()->setHighlightSections(false);
+    m_view->horizontalHeader()->setResizeContentsPrecision(0); // of the rows, only those in sight
+    m_view->verticalHeader()->hide();
+    m_view->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    m_view->installEventFilter(this);
+    m_view->setContextMenuPolicy(Qt::ActionsContextMenu);
+    m_copy = new QAction(QIcon(QStringLiteral(":/icons/copy.svg")), tr("Copy"), this);
+    m_copy->setShortcut(QKeySequence::Copy); // for the menu to show; see eventFilter()
+    m_copy->setShortcutContext(Qt::WidgetShortcut);
+    connect(m_copy, &QAction::triggered, this, &DialogDataTable::copySelection);
+    m_view->addActions({m_copy, m_previousChange, m_nextChange});
+    connect(m_view->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
+            &DialogDataTable::slotCurrentRow);
+}
+
+bool DialogDataTable::eventFilter(QObject* watched, QEvent* event)
+{
+    // The main window has another command on the copy key; in the table, it copies.
+    const bool isOverride = event->type() == QEvent::ShortcutOverride;
+    if (isOverride || event->type() == QEvent::KeyPress) {
+        auto* const key = static_cast<QKeyEvent*>(event);
+        if (key->matches(QKeySequence::Copy)) {
+            if (!isOverride)
+                copySelection();
+            event->accept();
+            return true;
+        }
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
+void DialogDataTable::dropData()
+{
+    const bool wasFollowing = std::exchange(m_isFollowing, true);
+    m_model.clear();
+    m_isFollowing = wasFollowing;
+}
+
+void DialogDataTable::showData()
+{
+    const int column = std::max(m_view->currentIndex().column(), 1);
+    dropData();
+    m_delegate->setTimeRow(-1);
+    m_view->verticalHeader()->setDefaultSectionSize(fontMetrics().height() + rowPadding);
+    std::vector<const ProfileParameter*> parameters = m_profile.selectedParameters();
+    const bool hasParameters = !parameters.empty();
+    const bool wasFollowing = std::exchange(m_isFollowing, true);
+    if (dataSet() != nullptr && hasParameters)
+        m_model.setTable(*dataSet(), std::move(parameters));
+    const int rows = m_model.rowCount();
+    if (rows > 0) {
+        m_view->resizeColumnsToContents();
+        for (int i = 0; i < m_model.columnCount(); ++i)
+            m_view->setColumnWidth(i, m_view->columnWidth(i) + columnPadding);
+        m_view->setCurrentIndex(m_model.index(0, std::min(column, m_model.columnCount() - 1)));
+        m_hint->setText(tr("%n row(s)", nullptr, rows));
+    } else if (dataSet() == nullptr) {
+        m_empty->setText(tr("Choose a cycle or a flight on the left to see its values."));
+    } else if (!hasParameters) {
+        m_empty->setText(tr("No parameters are selected. Check some in the list on the left and "
+                            "press \"Confirm Selection\"."));
+    } else {
+        m_empty->setText(tr("The selected parameters have no samples in this data set."));
+    }
+    m_isFollowing = wasFollowing;
+    m_stack->setCurrentIndex(rows > 0 ? dataTab : emptyState);
+}
+
+void DialogDataTable::showTime()
+{
+    if (m_model.rowCount() == 0)
+        return;
+    const int row = static_cast<int>(m_model.table().rowAt(time()));
+    const QModelIndex index = m_model.index(row, std::max(m_view->currentIndex().column(), 0));
+    const bool wasFollowing = std::exchange(m_isFollowing, true);
+    m_view->selectionModel()->setCurrentIndex(index, QItemSelectionModel::NoUpdate);
+    m_isFollowing = wasFollowing;
+    markRow(row);
+}
+
+void DialogDataTable::markRow(int row)
+{
+    const int before = m_delegate->timeRow();
+    if (row == before)
+        return;
+    m_delegate->setTimeRow(row);
+    for (const int changed : {before, row}) {
+        const int top = m_view->rowViewportPosition(changed);
+        if (changed >= 0)
+            m_view->viewport()->update(0, top, m_view->viewport()->width(),
+                                       m_view->rowHeight(changed));
+    }
+    const QRect rect = m_view->visualRect(m_model.index(row, 0));
+    const QRect sight = m_view->viewport()->rect();
+    if (rect.top() < sight.top() || rect.bottom() > sight.bottom())
+        m_view->scrollTo(m_model.index(row, m_view->currentIndex().column()),
+                         QAbstractItemView::PositionAtCenter);
+}
+
+void DialogDataTable::slotCurrentRow(const QModelIndex& current, const QModelIndex& /*previous*/)
+{
+    if (m_isFollowing || !current.isValid())
+        return;
+    const double seconds = m_model.table().seconds(static_cast<std::size_t>(current.row()));
+    keepTime(seconds);
+    markRow(current.row());
+    emit signalTime(seconds);
+}
+
+void DialogDataTable::jumpToChange(bool forward)
+{
+    const QModelIndex from = m_view->currentIndex();
+    if (from.column() == TimeTableModel::timeColumn) {
+        m_hint->setText(tr("Select a cell of the parameter to search first."));
+        return;
+    }
+    const int row = m_model.changedRow(from, forward);
+    if (row < 0) {
+        m_hint->setText(forward ? tr("No further change in this column.")
+                                : tr("No earlier change in this column."));
+        return;
+    }
+    m_hint->setText(tr("%n row(s)", nullptr, m_model.rowCount()));
+    m_view->setCurrentIndex(m_model.index(row, from.column()));
+}
+
+void DialogDataTable::copySelection()
+{
+    const QItemSelection selection = m_view->selectionModel()->selection();
+    if (selection.isEmpty())
+        return;
+    if (cellCount(selection) > maxCopiedCells) {
+        QMessageBox::information(
+            this, tr("KOLT Info"),
+            tr("Not copied: more than %1 cells are selected.\nSelect fewer, or "
+               "export the data as a CSV file.")
+                .arg(maxCopiedCells));
+        return;
+    }
+    QApplication::clipboard()->setText(tabSeparated(selection.indexes()));
+}
+
+} // namespace KOLT

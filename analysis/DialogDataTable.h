@@ -1,0 +1,63 @@
+#pragma once
+
+#include "analysis/DataPage.h"
+#include "analysis/TimeTableModel.h"
+
+#include <QWidget>
+
+class QAction;
+class QLabel;
+class QStackedLayout;
+class QTableView;
+
+namespace KOLT {
+
+class TimeRowDelegate;
+
+/// The page with the time table of the chosen parameters.
+///
+/// Marks the row of the current time and keeps it in sight without touching the user's selection.
+/// The user moves the time by picking a row, or by jumping to the next change of a column.
+class DialogDataTable : public QWidget, public DataPage
+{
+    Q_OBJECT
+
+public:
+    /// Beyond this many cells nothing is copied, as the window would stand still.
+    static constexpr qint64 maxCopiedCells = 200'000;
+
+    explicit DialogDataTable(const Profile& profile, QWidget* parent = nullptr);
+
+signals:
+    /// The user picked a row; seconds on the scale of the data set, to a tenth.
+    void signalTime(double seconds);
+
+protected:
+    void dropData() override;
+    void showData() override;
+    void showTime() override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    QAction* createAction(const QString& text, const QString& icon, const QKeySequence& shortcut,
+                          const QString& tip);
+    void createView();
+    void copySelection();
+    void jumpToChange(bool forward);
+    void slotCurrentRow(const QModelIndex& current, const QModelIndex& previous);
+    void markRow(int row);
+
+    const Profile& m_profile;
+    TimeTableModel m_model;
+    TimeRowDelegate* m_delegate = nullptr;
+    QTableView* m_view = nullptr;
+    QLabel* m_hint = nullptr;
+    QLabel* m_empty = nullptr;
+    QStackedLayout* m_stack = nullptr;
+    QAction* m_copy = nullptr;
+    QAction* m_nextChange = nullptr;
+    QAction* m_previousChange = nullptr;
+    bool m_isFollowing = false; ///< the current row is moved by the program
+};
+
+} // namespace KOLT

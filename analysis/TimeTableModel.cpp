@@ -1,0 +1,126 @@
+#include "analysis/TimeTableModel.h"
+
+#include "profile/ValueDecoder.h"
+#include "record/ClockTime.h"
+
+#include <QColor>
+
+#include <algorithm>
+#include <limits>
+
+namespace KOLT {
+
+namespace {
+
+constexpr QRgb dimmedText = qRgb(0x8a, 0x92, 0x9b);
+constexpr int tintPercent = 35;
+
+/// The colour as a pale background on which dark text stays readable.
+QColor tint(QRgb color)
+{
+    const auto mix = [](int channel) { return 255 - (255 - channel) * tintPercent / 100; };
+    return {mix(qRed(color)), mix(qGreen(color)), mix(qBlue(color))};
+}
+
+std::size_t at(int index)
+{
+    return static_cast<std::size_t>(index);
+}
+
+} // namespace
+
+TimeTableModel::TimeTableModel(const Profile& profile, QObject* parent)
+    : QAbstractTableModel(parent)
+    , m_profile(profile)
+{
+}
+
+void TimeTableModel::setTable(const DataSet& dataSet,
+                              std::vector<const ProfileParameter*> parameters)
+{
+    beginResetModel();
+    m_table = TimeTable(dataSet, std::move(parameters));
+    endResetModel();
+}
+
+void TimeTableModel::clear()
+{
+    beginResetModel();
+    m_table = {};
+    endResetModel();
+}
+
+int TimeTableModel::rowCount(const QModelIndex& parent) const
+{
+    constexpr auto most = static_cast<std::size_t>(std::numeric_limits<int>::max());
+    return parent.isValid() ? 0 : static_cast<int>(std::min(m_table.rowCount(), most));
+}
+
+int TimeTableModel::columnCount(const QModelIndex& parent) const
+{
+    return parent.isValid() ? 0 : static_cast<int>(m_table.columns().size()) + 1;
+}
+
+QVariant TimeTableModel::data(const QModelIndex& index, int role) const
+{
+    if (!checkIndex(index, CheckIndexOption::IndexIsValid | CheckIndexOption::ParentIsInvalid))
+        return {};
+    if (role == Qt::TextAlignmentRole)
+        return QVariant::fromValue(Qt::Alignment(Qt::AlignRight | Qt::AlignVCenter));
+    if (index.column() != timeColumn)
+        return value(at(index.row()), at(index.column() - 1), role);
+    if (role == Qt::DisplayRole)
+        return clockTime(m_table.seconds(at(index.row()))).toString(QStringLiteral("hh:mm:ss.zzz"));
+    return {};
+}
+
+QVariant TimeTableModel::value(std::size_t row, std::size_t column, int role) const
+{
+    if (role != Qt::DisplayRole && role != Qt::ForegroundRole && role != Qt::BackgroundRole &&
+        role != Qt::DecorationRole)
+        return {};
+    const TimeTable::Cell cell = m_table.cell(row, column);
+    if (cell.sample == nullptr)
+        return {};
+    if (role == Qt::ForegroundRole)
+        return cell.isFresh ? QVariant() : QVariant(QColor(dimmedText));
+    const ProfileParameter& parameter = *m_table.columns()[column];
+    const double number = decodeNumber(cell.sample->data, parameter);
+    if (role == Qt::DisplayRole)
+        return textOf(m_profile, parameter, cell.sample->data, number);
+    const Grade grade = gradeOf(parameter, number);
+    if (role == Qt::DecorationRole)
+        return parameter.threshold != nullptr ? QVariant(QColor(grade.color)) : QVariant();
+    return grade.state != ThresholdState::Ok ? QVariant(tint(grade.color)) : QVariant();
+}
+
+QVariant TimeTableModel::headerData(int section, Qt::Orientation orientation, int role) const
+{
+    if (orientation != Qt::Horizontal || section < 0 || section >= columnCount())
+        return {};
+    if (section == timeColumn)
+        return role == Qt::DisplayRole ? tr("Time") : QVariant();
+    const ProfileParameter& parameter = *m_table.columns()[at(section - 1)];
+    if (role == Qt::ToolTipRole)
+        return parameter.fullName;
+    if (role != Qt::DisplayRole)
+        return {};
+    const bool isAmbiguous =
+        std::ranges::count(m_table.columns(), parameter.name, &ProfileParameter::name) > 1;
+    const QString& name = isAmbiguous ? parameter.fullName : parameter.name;
+    const QString& unit = m_profile.unitLabel(parameter);
+    return unit.isEmpty() ? name : QStringLiteral("%1\n[%2]").arg(name, unit);
+}
+
+int TimeTableModel::changedRow(const QModelIndex& from, bool forward) const
+{
+    if (!from.isValid() || from.column() == timeColumn)
+        return -1;
+    const std::size_t row = at(from.row());
+    const std::size_t column = at(from.column() - 1);
+    const auto changed =
+        forward ? m_table.nextChange(row, column) : m_table.previousChange(row, column);
+    return changed ? static_cast<int>(*changed) : -1;
+}
+
+} // namespace KOLT
