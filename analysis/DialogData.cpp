@@ -11,6 +11,7 @@
 #include <QEvent>
 #include <QGridLayout>
 #include <QLCDNumber>
+#include <QLabel>
 #include <QSlider>
 #include <QSplitter>
 #include <QStackedWidget>
@@ -116,7 +117,16 @@ void DialogData::createPages()
     addPage(Page::WarningLamps, new WidgetEmptyPage(tr("Warning Lamps"), m_stack));
     addPage(Page::Statistic, new WidgetEmptyPage(tr("Tow Statistic"), m_stack));
     addPage(Page::EmuView, new WidgetEmptyPage(tr("EMU View"), m_stack));
+    m_loading = new QLabel(m_stack);
+    m_loading->setObjectName(QStringLiteral("emptyState"));
+    m_loading->setAlignment(Qt::AlignCenter);
+    m_stack->addWidget(m_loading);
     addPage(Page::Map, new WidgetEmptyPage(tr("The map"), m_splitter));
+}
+
+void DialogData::showCurrentPage()
+{
+    m_stack->setCurrentIndex(m_tabs->currentIndex());
 }
 
 QBoxLayout* DialogData::createTopRow()
@@ -134,7 +144,10 @@ QBoxLayout* DialogData::createTopRow()
     m_tabs->addTab(icon(QStringLiteral("tab-emu-view")), tr("EMU View"));
     for (int i = 0; i < m_tabs->count(); ++i)
         m_tabs->setTabToolTip(i, m_tabs->tabText(i)); // where the window is too narrow for all
-    connect(m_tabs, &QTabBar::currentChanged, m_stack, &QStackedWidget::setCurrentIndex);
+    connect(m_tabs, &QTabBar::currentChanged, this, [this] {
+        if (m_stack->currentWidget() != m_loading)
+            showCurrentPage();
+    });
 
     m_mapButtons = new QButtonGroup(this);
     m_mapButtons->setExclusive(true);
@@ -258,9 +271,23 @@ void DialogData::setData(const DataSet& dataSet)
         entry.page->setData(&dataSet);
     updateButtons();
     moveTo(m_replay.time());
+    showCurrentPage();
+}
+
+void DialogData::beginLoading(const QString& text)
+{
+    m_loading->setText(text);
+    m_stack->setCurrentWidget(m_loading);
+    dropData();
 }
 
 void DialogData::clear()
+{
+    dropData();
+    showCurrentPage();
+}
+
+void DialogData::dropData()
 {
     m_timer->stop();
     m_dataSet = nullptr;

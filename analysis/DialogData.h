@@ -13,6 +13,7 @@ class QButtonGroup;
 class QDoubleSpinBox;
 class QGridLayout;
 class QLCDNumber;
+class QLabel;
 class QSlider;
 class QSplitter;
 class QStackedWidget;
@@ -60,6 +61,8 @@ public:
     void setData(const DataSet& dataSet);
     /// Drops the data on every page; before data set or profile go.
     void clear();
+    /// The same, and shows the text in place of the pages until setData() or clear().
+    void beginLoading(const QString& text);
     /// Other parameters are chosen, or other units.
     void refresh();
     /// Goes to a moment of the data set.
@@ -96,6 +99,8 @@ private:
     };
 
     void createPages();
+    void dropData();
+    void showCurrentPage();
     template <typename Widget>
     Widget* addPage(Page page, Widget* widget);
     QBoxLayout* createTopRow();
@@ -120,6 +125,7 @@ private:
     QButtonGroup* m_mapButtons = nullptr;
     QSplitter* m_splitter = nullptr;
     QStackedWidget* m_stack = nullptr;
+    QLabel* m_loading = nullptr; ///< behind the seven pages of the stack
     QLCDNumber* m_dateDisplay = nullptr;
     QLCDNumber* m_timeDisplay = nullptr;
     QToolButton* m_startButton = nullptr;

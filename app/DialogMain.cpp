@@ -1,182 +1,314 @@
 #include "app/DialogMain.h"
 
+#include "analysis/DialogData.h"
+#include "app/DialogProfile.h"
+#include "app/MainActions.h"
+#include "app/Messages.h"
+#include "app/ProfileInstaller.h"
+#include "app/ProgressDisplay.h"
+#include "app/ProjectSession.h"
+#include "app/Selector.h"
 #include "app/base/Diagnostics.h"
+#include "app/dialogs/DialogAbout.h"
+#include "app/dialogs/DialogHelp.h"
+#include "app/dialogs/DialogPreferences.h"
+#include "app/dialogs/DialogProfileInfo.h"
 #include "app/settings/CommandLineOptions.h"
-#include "app/settings/DataPaths.h"
 #include "app/settings/SettingsStore.h"
+#include "app/startup/Startup.h"
 #include "record/DialogCard.h"
 
-#include <QAction>
-#include <QActionGroup>
 #include <QApplication>
-#include <QFile>
-#include <QFileDialog>
+#include <QCloseEvent>
+#include <QFileInfo>
 #include <QKeyEvent>
-#include <QMenuBar>
-#include <QMessageBox>
+#include <QLabel>
+#include <QPixmap>
 #include <QSplitter>
 #include <QStatusBar>
-#include <QTimer>
+#include <QToolBar>
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <set>
 
 namespace KOLT {
 
 namespace {
 
+constexpr int settleMilliseconds = 20;
 constexpr int startupMilliseconds = 1000;
+constexpr int styleCheckMilliseconds = 1000;
 constexpr QSize windowSize(1000, 800);
 constexpr int listStretch = 1;
 constexpr int pagesStretch = 2;
-constexpr auto lastPathKey = "LastPath";
+constexpr auto defaultVariant = "915";
 
-QString lastPath()
+/// Nothing of the program runs any more: no destructors, no further events.
+void endProcessAtOnce(int exitCode)
 {
-    return QString::fromUtf8(SettingsStore::instance().getText(lastPathKey, "."));
+    std::fflush(nullptr);
+    std::_Exit(exitCode);
 }
-
-/// The waiting cursor while it lives.
-class WaitCursor
-{
-public:
-    WaitCursor() { QApplication::setOverrideCursor(Qt::WaitCursor); }
-
-    ~WaitCursor() { QApplication::restoreOverrideCursor(); }
-
-    WaitCursor(const WaitCursor&) = delete;
-    WaitCursor& operator=(const WaitCursor&) = delete;
-};
 
 } // namespace
 
 DialogMain::DialogMain()
+    : m_endProcess(endProcessAtOnce)
+    , m_isEmuDisplay(CommandLineOptions::instance().isGiven("-emu"))
 {
-    loadProfile();
-    auto* const splitter = new QSplitter(this);
-    m_cardDialog = new DialogCard(m_card, splitter);
-    auto* const pages = new QWidget(splitter);
-    splitter->addWidget(m_cardDialog);
-    splitter->addWidget(pages);
-    splitter->setStretchFactor(0, listStretch);
-    splitter->setStretchFactor(1, pagesStretch);
-    setCentralWidget(splitter);
-    connect(m_cardDialog, &DialogCard::signalLoadRecord, this, &DialogMain::slotLoadRecord);
-    connect(m_cardDialog, &DialogCard::signalLoadCycle, this, &DialogMain::slotLoadCycle);
-
-    const bool isEmuDisplay = CommandLineOptions::instance().isGiven("-emu");
-    if (!isEmuDisplay)
-        createMenus();
-    m_cardDialog->setVisible(!isEmuDisplay);
-    statusBar();
-    QTimer::singleShot(startupMilliseconds, this, &DialogMain::slotTimeoutStartup);
+    m_project = new ProjectSession(m_profile, *this);
+    createPanels();
+    m_actions = new MainActions(*this);
+    connect(m_actions, &MainActions::signalCommand, this, &DialogMain::slotMenu);
+    connect(m_actions, &MainActions::signalRecent, this, &DialogMain::slotMenuRecent);
+    connect(m_actions, &MainActions::signalExtrasAboutToShow, this, &DialogMain::slotMenuPrefAbout);
+    if (!m_isEmuDisplay) {
+        m_actions->createMenus();
+        m_actions->setRecentFolders(m_recentFolders.folders());
+    }
+    // There is nothing to export with yet.
+    for (const Command command : {Command::ExportKml, Command::ExportCsv})
+        (*m_actions)[command]->setEnabled(false);
+    createToolBar();
+    m_dataInWords = new QLabel(this);
+    statusBar()->addPermanentWidget(m_dataInWords);
+    m_progress = std::make_unique<ProgressDisplay>(*statusBar());
+    createDialogs();
+    setWindowIcon(QIcon(QStringLiteral(":/icons/app.svg")));
+    setAcceptDrops(true);
+    startTimers();
     resize(windowSize);
-    splitter->setSizes({windowSize.width() * listStretch / (listStretch + pagesStretch),
-                        windowSize.width() * pagesStretch / (listStretch + pagesStretch)});
+    m_splitter->setSizes({windowSize.width() * listStretch / (listStretch + pagesStretch),
+                          windowSize.width() * pagesStretch / (listStretch + pagesStretch)});
+    if (m_isEmuDisplay) {
+        m_splitter->widget(0)->hide();
+        m_cardDialog->hide();
+        m_profileDialog->hide();
+        m_toolBar->hide();
+        m_data->setCurrentPage(DialogData::Page::EmuView);
+    }
+    loadProfile();
     refreshTitle();
     show();
 }
 
 DialogMain::~DialogMain() = default;
 
-QAction* DialogMain::createAction(Command command, const QString& text,
-                                  const QKeySequence& shortcut, const QString& tip)
+void DialogMain::createPanels()
 {
-    auto* const action = new QAction(text, this);
-    action->setData(static_cast<int>(command));
-    action->setShortcut(shortcut);
-    action->setStatusTip(tip);
-    action->setToolTip(tip);
-    return action;
+    m_splitter = new QSplitter(this);
+    auto* const column = new QSplitter(Qt::Vertical, m_splitter);
+    m_cardDialog = new DialogCard(m_card, column);
+    m_profileDialog = new DialogProfile(m_profile, column);
+    column->addWidget(m_cardDialog);
+    column->addWidget(m_profileDialog);
+    column->setChildrenCollapsible(false);
+    m_data = new DialogData(m_profile, m_splitter);
+    m_splitter->addWidget(column);
+    m_splitter->addWidget(m_data);
+    m_splitter->setStretchFactor(0, listStretch);
+    m_splitter->setStretchFactor(1, pagesStretch);
+    m_splitter->setChildrenCollapsible(false);
+    setCentralWidget(m_splitter);
+    connect(m_cardDialog, &DialogCard::signalChanged, this, &DialogMain::slotCanChanged);
+    connect(m_cardDialog, &DialogCard::signalLoadRecord, this, &DialogMain::slotLoadRecord);
+    connect(m_cardDialog, &DialogCard::signalLoadCycle, this, &DialogMain::slotLoadCycle);
+    connect(m_profileDialog, &DialogProfile::signalChanged, this,
+            qOverload<>(&DialogMain::slotProfileChanged));
+    connect(m_project, &ProjectSession::signalSelectionChanged, this, [this] {
+        m_profileDialog->refresh();
+        m_data->refresh();
+    });
+    connect(m_project, &ProjectSession::signalPathStored, this, &DialogMain::refreshTitle);
 }
 
-void DialogMain::createMenus()
+void DialogMain::createToolBar()
 {
-    auto* const group = new QActionGroup(this);
-    group->setExclusive(false);
-    QAction* const open =
-        createAction(Command::OpenDataFolder, tr("&Open Data Folder"),
-                     QKeySequence(QStringLiteral("Ctrl+C")), tr("Open Data Folder"));
-    QAction* const quit = createAction(
-        Command::Quit, tr("&Quit"), QKeySequence(QStringLiteral("Ctrl+Q")), tr("Quit Application"));
-    group->addAction(open);
-    group->addAction(quit);
-    connect(group, &QActionGroup::triggered, this, &DialogMain::slotMenu);
-    QMenu* const file = menuBar()->addMenu(tr("&File"));
-    file->addAction(open);
-    file->addSeparator();
-    file->addAction(quit);
+    m_toolBar = addToolBar(tr("Main Toolbar"));
+    m_toolBar->setObjectName(QStringLiteral("mainToolBar"));
+    m_toolBar->setContextMenuPolicy(Qt::PreventContextMenu); // it could hide the bar for good
+    for (const Command command : {Command::OpenDataFolder, Command::ExportKml, Command::ExportCsv})
+        m_toolBar->addAction((*m_actions)[command]);
+    m_toolBar->addSeparator();
+    m_profileSelector = new Selector(m_toolBar);
+    m_profileSelector->setObjectName(QStringLiteral("profileSelector"));
+    m_profileSelector->setToolTip(tr("Variant of the parameter profile"));
+    m_unitSelector = new Selector(m_toolBar);
+    m_unitSelector->setObjectName(QStringLiteral("unitSelector"));
+    m_unitSelector->setToolTip(tr("Unit system"));
+    m_unitSelector->addItem(tr("Metric"), QStringLiteral("0"));
+    m_unitSelector->addItem(tr("Imperial"), QStringLiteral("1"));
+    m_toolBar->addWidget(m_profileSelector);
+    m_toolBar->addWidget(m_unitSelector);
+    connect(m_profileSelector, qOverload<const QString&>(&Selector::signalActivated), this,
+            qOverload<const QString&>(&DialogMain::slotProfileChanged));
+    connect(m_unitSelector, qOverload<int>(&Selector::signalActivated), this,
+            &DialogMain::slotUnitChanged);
+}
+
+void DialogMain::createDialogs()
+{
+    m_about = new DialogAbout(this);
+    m_profileInfo = new DialogProfileInfo(m_profile, this);
+    m_help =
+        new DialogHelp(QString::fromUtf8(SettingsStore::instance().getText("Locale", "us")), this);
+    m_preferences = new DialogPreferences(this);
+    connect(m_profileInfo, &DialogProfileInfo::signalProfileChanged, this,
+            &DialogMain::slotProfileFileChanged);
+    connect(m_preferences, &DialogPreferences::signalProfileFileChanged, this,
+            &DialogMain::slotProfileFileChanged);
+    connect(m_preferences, &DialogPreferences::signalUnitChanged, this,
+            &DialogMain::slotUnitChanged);
+}
+
+void DialogMain::startTimers()
+{
+    m_timer.setSingleShot(true);
+    m_startupTimer.setSingleShot(true);
+    connect(&m_timer, &QTimer::timeout, this, &DialogMain::slotTimeout);
+    connect(&m_startupTimer, &QTimer::timeout, this, &DialogMain::slotTimeoutStartup);
+    connect(&m_styleTimer, &QTimer::timeout, this, &DialogMain::slotCheckStyle);
+    m_timer.start(settleMilliseconds);
+    m_startupTimer.start(startupMilliseconds);
+    // Only whoever works on a style sheet of their own changes it while the program runs.
+    const QString styleFile = Startup::styleFile();
+    if (!styleFile.startsWith(QLatin1Char(':'))) {
+        m_styleTime = QFileInfo(styleFile).lastModified();
+        m_styleTimer.start(styleCheckMilliseconds);
+    }
 }
 
 void DialogMain::loadProfile()
 {
-    const QString path =
-        QFile::decodeName(DataPaths::instance().dataPath()) + QStringLiteral("/Profile.xml");
-    const QString variant = QString::fromUtf8(SettingsStore::instance().getText("Profile", "915"));
-    if (!m_profile.loadProfil(path, variant))
-        statusBar()->showMessage(
-            tr("The profile %1 cannot be read: no values can be shown.").arg(path));
+    const QString path = ProfileInstaller::installedPath();
+    const SettingsStore& settings = SettingsStore::instance();
+    QString variant = QString::fromUtf8(settings.getText("Profile", defaultVariant));
+    // With a variant that the file does not have, nearly nothing of it would be loaded.
+    m_profile.loadVariants(path);
+    const std::vector<Variant>& variants = m_profile.variants();
+    if (!variants.empty() && std::ranges::count(variants, variant, &Variant::name) == 0)
+        variant = variants.front().name;
+    m_isProfileLoaded = m_profile.loadProfil(path, variant);
+    m_profile.setUnitSystem(settings.getInteger("Unit", 0) == 1 ? UnitSystem::Imperial
+                                                                : UnitSystem::Metric);
+    refreshSelectors();
+    m_profileDialog->refresh();
+    m_profileInfo->refresh();
 }
 
-void DialogMain::slotMenu(QAction* action)
+void DialogMain::refreshSelectors()
 {
-    const int id = action->data().toInt();
-    Diagnostics::print("DialogMain::slotMenu id %d\n", id);
-    switch (static_cast<Command>(id)) {
-    case Command::OpenDataFolder:
-        askForFolder();
-        break;
-    case Command::Quit:
-        close();
-        break;
+    m_isUpdating = true;
+    m_profileSelector->clear();
+    for (const Variant& variant : m_profile.variants()) {
+        QPixmap swatch(12, 12);
+        swatch.fill(variant.color);
+        m_profileSelector->addItem(swatch, variant.name);
     }
+    m_profileSelector->setCurrentText(m_profile.activeVariant());
+    m_profileSelector->setEnabled(m_profileSelector->count() > 0);
+    m_unitSelector->setCurrentIndex(static_cast<int>(m_profile.unitSystem()));
+    m_isUpdating = false;
 }
 
-void DialogMain::askForFolder()
+void DialogMain::reloadProfile()
 {
-    const QString folder = QFileDialog::getExistingDirectory(this, tr("Open SD Card"), lastPath());
-    if (folder.isEmpty() || !openFolder(folder))
-        return;
-    SettingsStore& settings = SettingsStore::instance();
-    settings.setText(lastPathKey, folder.toUtf8());
-    if (!settings.save())
-        QMessageBox::warning(this, tr("KOLT Warning"),
-                             tr("The settings could not be saved to\n%1")
-                                 .arg(QFile::decodeName(settings.fileName())));
-    refreshTitle();
+    std::set<QString> selected;
+    for (const ProfileParameter* parameter : m_profile.selectedParameters())
+        selected.insert(parameter->fullName);
+    const double time = m_data->time();
+    m_data->clear(); // it points into the profile
+    loadProfile();
+    m_profile.select(
+        [&](const ProfileParameter& parameter) { return selected.contains(parameter.fullName); });
+    m_profileDialog->refresh();
+    if (m_choice.index() != 0) {
+        loadNow(m_choice); // flights and track depend on the profile
+        m_data->setTime(time);
+    }
+    tellProfileFailure();
 }
 
-bool DialogMain::openFolder(const QString& folder)
+void DialogMain::slotTimeout()
 {
-    const WaitCursor wait;
-    const bool isOpen = m_card.readContainer(folder);
-    m_cardDialog->refresh();
-    statusBar()->showMessage(isOpen ? tr("Record files: %1").arg(m_card.files().size())
-                                    : tr("There is no folder %1").arg(folder));
-    return isOpen;
+    tellProfileFailure(); // a box needs the event loop
+}
+
+void DialogMain::tellProfileFailure()
+{
+    if (!m_isProfileLoaded)
+        Messages::warn(this, tr("The profile file\n%1\ncannot be read, so no values can be shown. "
+                                "Please install a valid one with \"Profile\" in the menu \"Help\".")
+                                 .arg(ProfileInstaller::installedPath()));
 }
 
 void DialogMain::slotTimeoutStartup()
 {
-    openFolder(lastPath());
-    refreshTitle();
+    m_jobs.run([this] {
+        if (!listFolder(Startup::lastPath()))
+            statusBar()->showMessage(tr("The last folder %1 is not there. Open another one with "
+                                        "\"Open Data Folder\".")
+                                         .arg(Startup::lastPath()));
+        m_project->readLast();
+        refreshTitle();
+    });
+    // A display without lists has nothing else to show than the latest run of the engine.
+    if (m_isEmuDisplay && !m_card.cycles().empty())
+        load(CycleChoice{m_card.cycles().rbegin()->first});
 }
 
-void DialogMain::slotLoadRecord(const std::list<QString>& paths)
+void DialogMain::slotCheckStyle()
 {
-    const WaitCursor wait;
-    m_card.loadFiles(paths);
+    const QString path = Startup::styleFile();
+    const QDateTime time = QFileInfo(path).lastModified();
+    if (time == m_styleTime)
+        return;
+    m_styleTime = time;
+    Diagnostics::print("Slot Load Style <%s>\n", qUtf8Printable(path));
+    Startup::applyStyleSheet(*qApp);
 }
 
-void DialogMain::slotLoadCycle(unsigned int cycle, int flight)
+void DialogMain::slotProfileChanged(const QString& variant)
 {
-    const WaitCursor wait;
-    if (flight < 0)
-        m_card.loadCycle(static_cast<int>(cycle));
-    else
-        m_card.loadFlight(static_cast<int>(cycle), static_cast<std::size_t>(flight));
+    if (m_isUpdating)
+        return;
+    Diagnostics::print("slotProfileChanged <%s>\n", qUtf8Printable(variant));
+    SettingsStore::instance().setText("Profile", variant.toUtf8());
+    Messages::saveSettings(this);
+    m_jobs.run([this] {
+        reloadProfile();
+        refreshTitle();
+    });
+}
+
+void DialogMain::slotUnitChanged(int unit)
+{
+    if (m_isUpdating)
+        return;
+    SettingsStore::instance().setInteger("Unit", unit);
+    Messages::saveSettings(this);
+    m_profile.setUnitSystem(unit == 1 ? UnitSystem::Imperial : UnitSystem::Metric);
+    refreshSelectors();
+    m_profileInfo->refresh();
+    m_data->refresh();
+}
+
+void DialogMain::slotProfileChanged()
+{
+    m_project->setModified();
+    m_data->refresh();
+}
+
+void DialogMain::slotProfileFileChanged()
+{
+    m_jobs.run([this] { reloadProfile(); });
 }
 
 void DialogMain::refreshTitle()
 {
-    setWindowTitle(QStringLiteral("KOLT ") + lastPath().section(QLatin1Char('/'), -2));
+    setWindowTitle(QStringLiteral("KOLT ") + Startup::lastPath().section(QLatin1Char('/'), -2));
 }
 
 bool DialogMain::eventFilter(QObject* watched, QEvent* event)
@@ -188,6 +320,16 @@ bool DialogMain::eventFilter(QObject* watched, QEvent* event)
             return true;
     }
     return QMainWindow::eventFilter(watched, event);
+}
+
+void DialogMain::closeEvent(QCloseEvent* event)
+{
+    if (m_isClosing)
+        return;
+    m_project->saveOnExit();
+    m_isClosing = true;
+    event->accept();
+    m_endProcess(EXIT_SUCCESS);
 }
 
 } // namespace KOLT

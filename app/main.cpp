@@ -7,6 +7,7 @@
 #include "resources/Resources.h"
 
 #include <QApplication>
+#include <QIcon>
 #include <QStyleFactory>
 
 #include <clocale>
@@ -24,6 +25,7 @@ int main(int argc, char* argv[])
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("KOLT"));
+    QApplication::setWindowIcon(QIcon(QStringLiteral(":/icons/app.svg")));
     // The toolkit has taken over the user's locale; numbers in files have a decimal point.
     std::setlocale(LC_NUMERIC, "C");
 
@@ -36,6 +38,7 @@ int main(int argc, char* argv[])
     Startup::configureGraphics();
     Startup::loadSettings();
     Startup::installTranslations(application);
+    Startup::applyFontSize();
     Startup::applyStyleSheet(application);
 
     splash.showStep(QApplication::translate("main", "Creating Dialogs ..."));

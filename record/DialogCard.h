@@ -33,6 +33,9 @@ public:
     /// Fills both trees anew; call it after a folder was opened or read again.
     void refresh();
 
+    /// Lists the flights of a cycle beneath it, as they were found when it was loaded.
+    void listFlights(unsigned int cycle);
+
 signals:
     /// Load these files as one data set, in this order.
     void signalLoadRecord(const std::list<QString>& paths);
@@ -59,7 +62,6 @@ private:
     void fillRawData();
     void fillCycles();
     QTreeWidgetItem* addCycle(const Cycle& cycle);
-    void listFlights(unsigned int cycle);
 
     CardContainer& m_card;
     std::map<unsigned int, QTreeWidgetItem*> m_cycleItems;

@@ -8,8 +8,11 @@
 
 #include <QApplication>
 #include <QFile>
+#include <QFont>
 #include <QSurfaceFormat>
 #include <QTranslator>
+
+#include <algorithm>
 
 namespace KOLT::Startup {
 
@@ -67,13 +70,32 @@ void installTranslations(QApplication& application)
     installTranslation(application, program, "IOS", QStringLiteral("kolt_"), locale);
 }
 
-void applyStyleSheet(QApplication& application)
+QString styleFile()
 {
     std::string file;
     CommandLineOptions::instance().getValue("-s", file);
-    const QString path =
-        file.empty() ? QStringLiteral(":/styles/style.KOLT.css") : QFile::decodeName(file.c_str());
-    application.setStyleSheet(StyleSheet().read(path));
+    return file.empty() ? QStringLiteral(":/styles/style.KOLT.css")
+                        : QFile::decodeName(file.c_str());
+}
+
+void applyStyleSheet(QApplication& application)
+{
+    application.setStyleSheet(StyleSheet().read(styleFile()));
+}
+
+void applyFontSize()
+{
+    constexpr int smallest = 6;
+    constexpr int largest = 64;
+    const int pixels = SettingsStore::instance().getInteger("FontSize", defaultFontPixels);
+    QFont font = QApplication::font();
+    font.setPixelSize(std::clamp(pixels, smallest, largest));
+    QApplication::setFont(font);
+}
+
+QString lastPath()
+{
+    return QString::fromUtf8(SettingsStore::instance().getText("LastPath", "."));
 }
 
 } // namespace KOLT::Startup

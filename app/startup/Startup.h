@@ -20,7 +20,18 @@ void loadSettings();
 /// Installs the toolkit's and the program's translation for the language in the settings.
 void installTranslations(QApplication& application);
 
-/// Applies the style sheet of option "-s", or the built-in one.
+/// The style sheet of option "-s", or the built-in one among the resources.
+QString styleFile();
+
+/// Applies that style sheet.
 void applyStyleSheet(QApplication& application);
+
+constexpr int defaultFontPixels = 12;
+
+/// Gives all windows the font size of the settings, in pixels.
+void applyFontSize();
+
+/// The folder that was opened last, "." before the first.
+QString lastPath();
 
 } // namespace KOLT::Startup

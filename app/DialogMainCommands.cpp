@@ -1,0 +1,297 @@
+// What the user asks of the main window: commands, folders, and what to load.
+#include "analysis/DialogData.h"
+#include "app/DialogMain.h"
+#include "app/MainActions.h"
+#include "app/Messages.h"
+#include "app/ProgressDisplay.h"
+#include "app/ProjectSession.h"
+#include "app/base/Diagnostics.h"
+#include "app/dialogs/DialogAbout.h"
+#include "app/dialogs/DialogHelp.h"
+#include "app/dialogs/DialogPreferences.h"
+#include "app/dialogs/DialogProfileInfo.h"
+#include "app/settings/SettingsStore.h"
+#include "app/startup/Startup.h"
+#include "record/ClockTime.h"
+#include "record/DialogCard.h"
+
+#include <QDir>
+#include <QDropEvent>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QLabel>
+#include <QLocale>
+#include <QMimeData>
+#include <QStatusBar>
+
+namespace KOLT {
+
+namespace {
+
+/// A second click brings a window that is open already to the front.
+void showInFront(QWidget* window)
+{
+    window->show();
+    window->raise();
+    window->activateWindow();
+}
+
+/// The local files and folders of a drop, as absolute paths.
+QStringList droppedPaths(const QMimeData& data)
+{
+    QStringList paths;
+    for (const QUrl& url : data.urls()) {
+        if (url.isLocalFile())
+            paths.push_back(QDir::cleanPath(url.toLocalFile()));
+    }
+    return paths;
+}
+
+} // namespace
+
+void DialogMain::slotMenu(QAction* action)
+{
+    const int id = action->data().toInt();
+    Diagnostics::print("DialogMain::slotMenu id %d\n", id);
+    switch (static_cast<Command>(id)) {
+    case Command::NewProject:
+        m_project->newProject();
+        break;
+    case Command::OpenProject:
+        m_project->open();
+        break;
+    case Command::OpenDataFolder:
+        askForFolder();
+        break;
+    case Command::SaveProject:
+        m_project->save();
+        break;
+    case Command::SaveProjectAs:
+        m_project->saveAs();
+        break;
+    case Command::Quit:
+        m_timer.stop();
+        close();
+        break;
+    case Command::About:
+        showInFront(m_about);
+        break;
+    case Command::ProfileInfo:
+        showInFront(m_profileInfo);
+        break;
+    case Command::Help:
+        showInFront(m_help);
+        break;
+    case Command::Preferences:
+        showInFront(m_preferences);
+        break;
+    case Command::ExportKml:
+    case Command::ExportCsv:
+        break; // disabled
+    }
+}
+
+void DialogMain::slotMenuPrefAbout()
+{
+    (*m_actions)[Command::Preferences]->setEnabled(true);
+}
+
+void DialogMain::slotMenuRecent(QAction* action)
+{
+    const QString folder = action->data().toString();
+    if (QFileInfo(folder).isDir()) {
+        openFolder(folder);
+        return;
+    }
+    m_recentFolders.remove(folder);
+    Messages::saveSettings(this);
+    m_actions->setRecentFolders(m_recentFolders.folders());
+    Messages::warn(this,
+                   tr("The folder\n%1\nis not there any more. It is taken off the list; if it "
+                      "is on a card, insert the card and open it again.")
+                       .arg(folder));
+}
+
+void DialogMain::askForFolder()
+{
+    const QString folder =
+        QFileDialog::getExistingDirectory(this, tr("Open SD Card"), Startup::lastPath());
+    if (!folder.isEmpty())
+        openFolder(folder);
+}
+
+void DialogMain::openFolder(const QString& folder)
+{
+    m_jobs.dropWaitingChoice(); // it was made in the folder before
+    m_jobs.run([this, folder] {
+        if (!listFolder(folder)) {
+            Messages::warn(this,
+                           tr("The folder\n%1\ncannot be opened. Please check that it is there and "
+                              "may be read.")
+                               .arg(folder));
+            return;
+        }
+        SettingsStore::instance().setText("LastPath", folder.toUtf8());
+        m_recentFolders.add(folder);
+        Messages::saveSettings(this);
+        m_actions->setRecentFolders(m_recentFolders.folders());
+        refreshTitle();
+    });
+}
+
+bool DialogMain::listFolder(const QString& folder)
+{
+    m_progress->begin(tr("Reading %1").arg(folder));
+    const bool isOpen = m_card.readContainer(folder, [this](int) { m_progress->tick(); });
+    m_progress->end();
+    if (!isOpen)
+        return false;
+    m_jobs.dropWaitingChoice();
+    m_choice = {}; // what is shown came from the folder before and stays until the next choice
+    m_cardDialog->refresh();
+    statusBar()->showMessage(
+        tr("%n record file(s)", nullptr, static_cast<int>(m_card.files().size())) +
+        QStringLiteral(", ") +
+        tr("%n engine cycle(s)", nullptr, static_cast<int>(m_card.cycles().size())));
+    return true;
+}
+
+void DialogMain::slotCanChanged()
+{
+    openFolder(m_card.folder());
+}
+
+void DialogMain::slotLoadRecord(const std::list<QString>& paths)
+{
+    load(paths);
+}
+
+void DialogMain::slotLoadCycle(unsigned int cycle, int flight)
+{
+    load(CycleChoice{static_cast<int>(cycle), flight});
+}
+
+void DialogMain::load(const Choice& choice)
+{
+    m_jobs.runLatest([this, choice] { loadNow(choice); });
+}
+
+void DialogMain::loadNow(const Choice& choice)
+{
+    m_data->beginLoading(tr("Loading %1 ...").arg(nameOf(choice)));
+    m_dataInWords->clear();
+    m_progress->begin(tr("Loading %1").arg(nameOf(choice)));
+    const auto progress = [this](int percent) { m_progress->setPercent(percent); };
+    bool isLoaded = false;
+    if (const auto* const files = std::get_if<Files>(&choice)) {
+        isLoaded = m_card.loadFiles(*files, progress);
+    } else if (const auto* const picked = std::get_if<CycleChoice>(&choice)) {
+        if (picked->flight >= 0) {
+            isLoaded = m_card.loadFlight(picked->cycle, static_cast<std::size_t>(picked->flight),
+                                         progress);
+        } else {
+            isLoaded = m_card.loadCycle(picked->cycle, progress);
+            m_cardDialog->listFlights(static_cast<unsigned int>(picked->cycle));
+        }
+    }
+    m_progress->end();
+    if (m_card.dataSet() == nullptr) {
+        m_data->clear();
+        return;
+    }
+    m_choice = choice;
+    m_data->setData(*m_card.dataSet());
+    showDataInWords(choice);
+    tellUnreadFiles();
+    if (!isLoaded)
+        statusBar()->showMessage(
+            tr("%1 is not there any more; the whole cycle is loaded.").arg(nameOf(choice)));
+}
+
+QString DialogMain::nameOf(const Choice& choice) const
+{
+    if (const auto* const files = std::get_if<Files>(&choice))
+        return files->size() == 1
+                   ? files->front().section(QLatin1Char('/'), -1)
+                   : tr("%n record file(s)", nullptr, static_cast<int>(files->size()));
+    const auto* const picked = std::get_if<CycleChoice>(&choice);
+    if (picked == nullptr)
+        return {};
+    const auto found = m_card.cycles().find(picked->cycle);
+    const QString cycle = found == m_card.cycles().end() ? QString() : found->second.name;
+    return picked->flight < 0 ? cycle : tr("%1, flight %2").arg(cycle).arg(picked->flight + 1);
+}
+
+void DialogMain::showDataInWords(const Choice& choice)
+{
+    const DataSet& dataSet = *m_card.dataSet();
+    std::size_t fileCount = 0;
+    if (const auto* const files = std::get_if<Files>(&choice))
+        fileCount = files->size();
+    else if (const auto* const picked = std::get_if<CycleChoice>(&choice))
+        fileCount = m_card.cycles().at(picked->cycle).fileNames.size();
+    const auto time = [](double seconds) {
+        return clockTime(seconds).toString(QStringLiteral("hh:mm:ss"));
+    };
+    m_dataInWords->setText(
+        tr("%1: %2, %3 samples, %4 to %5 (%6)")
+            .arg(nameOf(choice), tr("%n file(s)", nullptr, static_cast<int>(fileCount)),
+                 QLocale().toString(static_cast<qulonglong>(dataSet.messages.sampleCount())),
+                 time(dataSet.startSeconds), time(dataSet.stopSeconds),
+                 time(dataSet.stopSeconds - dataSet.startSeconds)));
+    m_dataInWords->setToolTip(tr("What is loaded; times since the recording unit was switched on"));
+}
+
+void DialogMain::tellUnreadFiles()
+{
+    const std::vector<QString>& unread = m_card.dataSet()->unreadFiles;
+    if (unread.empty())
+        return;
+    QStringList names(unread.begin(), unread.end());
+    constexpr int most = 10;
+    if (names.size() > most) {
+        names.resize(most);
+        names.push_back(QStringLiteral("..."));
+    }
+    Messages::warn(this, tr("These files could not be read and are missing in what is shown:\n%1\n"
+                            "Please check that the card is still inserted and that the files can "
+                            "be read; then open the folder again.")
+                             .arg(names.join(QLatin1Char('\n'))));
+}
+
+void DialogMain::dragEnterEvent(QDragEnterEvent* event)
+{
+    if (!droppedPaths(*event->mimeData()).isEmpty())
+        event->acceptProposedAction();
+}
+
+void DialogMain::dropEvent(QDropEvent* event)
+{
+    const QStringList paths = droppedPaths(*event->mimeData());
+    if (paths.isEmpty())
+        return;
+    event->acceptProposedAction();
+    const QFileInfo first(paths.front());
+    if (first.isDir()) {
+        openFolder(paths.front());
+        return;
+    }
+    const QString folder = first.path();
+    openFolder(folder);
+    m_jobs.run([this, paths, folder] {
+        Files files;
+        for (const QString& path : paths) {
+            if (QFileInfo(path).path() == folder &&
+                m_card.files().contains(QFileInfo(path).fileName()))
+                files.push_back(path);
+        }
+        if (files.empty())
+            Messages::warn(this, tr("%1\nis not a record file. Record files end with .CAN, .can or "
+                                    ".xcb.")
+                                     .arg(paths.front()));
+        else if (m_card.folder() == folder)
+            loadNow(files);
+    });
+}
+
+} // namespace KOLT

@@ -1,0 +1,207 @@
+#include "app/DialogProfile.h"
+
+#include "profile/Profile.h"
+
+#include <QAction>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QTabWidget>
+#include <QTreeWidget>
+#include <QVBoxLayout>
+
+#include <algorithm>
+#include <set>
+
+namespace KOLT {
+
+namespace {
+
+constexpr int pageMargin = 3;
+constexpr int selectedTab = 1;
+
+QString describe(const Profile& profile, const ProfileParameter& parameter)
+{
+    const QString& unit = profile.unitLabel(parameter);
+    QString text = parameter.fullName;
+    if (!unit.isEmpty())
+        text += QStringLiteral(" [%1]").arg(unit);
+    return text + QLatin1Char('\n') + DialogProfile::tr("Message %1").arg(parameter.id);
+}
+
+} // namespace
+
+DialogProfile::DialogProfile(Profile& profile, QWidget* parent)
+    : QWidget(parent)
+    , m_profile(profile)
+{
+    m_tabs = new QTabWidget(this);
+    m_tabs->addTab(createTreePage(), tr("Parameters"));
+    m_list = new QListWidget(m_tabs);
+    m_list->setSelectionMode(QAbstractItemView::ExtendedSelection);
+    m_list->setToolTip(tr("Double click or Del takes a parameter out"));
+    m_tabs->addTab(m_list, tr("Selected Parameters"));
+    auto* const remove = new QAction(tr("Take out"), m_list);
+    remove->setShortcut(QKeySequence::Delete);
+    remove->setShortcutContext(Qt::WidgetShortcut);
+    m_list->addAction(remove);
+    m_list->setContextMenuPolicy(Qt::ActionsContextMenu);
+    connect(remove, &QAction::triggered, this, &DialogProfile::uncheckListed);
+    connect(m_list, &QListWidget::itemActivated, this, &DialogProfile::uncheckListed);
+
+    m_clear = new QPushButton(tr("Clear"), this);
+    m_clear->setToolTip(tr("Uncheck all parameters"));
+    m_confirm = new QPushButton(tr("Confirm Selection"), this);
+    m_confirm->setToolTip(tr("Show the checked parameters on all pages"));
+    connect(m_clear, &QPushButton::clicked, this, &DialogProfile::clearDraft);
+    connect(m_confirm, &QPushButton::clicked, this, &DialogProfile::confirm);
+    auto* const buttons = new QHBoxLayout;
+    buttons->setContentsMargins(pageMargin, 0, pageMargin, pageMargin);
+    buttons->addWidget(m_clear);
+    buttons->addWidget(m_confirm, 1);
+    auto* const layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(m_tabs);
+    layout->addLayout(buttons);
+    refresh();
+}
+
+QWidget* DialogProfile::createTreePage()
+{
+    auto* const page = new QWidget(m_tabs);
+    m_filter = new QLineEdit(page);
+    m_filter->setPlaceholderText(tr("Filter parameters"));
+    m_filter->setClearButtonEnabled(true);
+    m_filter->addAction(QIcon(QStringLiteral(":/icons/filter.svg")), QLineEdit::LeadingPosition);
+    connect(m_filter, &QLineEdit::textChanged, this, &DialogProfile::filter);
+    m_tree = new QTreeWidget(page);
+    m_tree->setHeaderHidden(true);
+    m_tree->setUniformRowHeights(true);
+    connect(m_tree, &QTreeWidget::itemChanged, this, &DialogProfile::slotItemChanged);
+    auto* const layout = new QVBoxLayout(page);
+    layout->setContentsMargins(pageMargin, pageMargin, pageMargin, pageMargin);
+    layout->addWidget(m_filter);
+    layout->addWidget(m_tree);
+    return page;
+}
+
+void DialogProfile::refresh()
+{
+    m_isFilling = true;
+    m_tree->clear();
+    m_parameters.clear();
+    addDevices();
+    m_isFilling = false;
+    filter(m_filter->text());
+    showDraft();
+}
+
+void DialogProfile::addDevices()
+{
+    for (const Device& device : m_profile.devices()) {
+        if (device.parameters.empty())
+            continue;
+        auto* const group = new QTreeWidgetItem(m_tree, {device.name});
+        group->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsUserCheckable |
+                        Qt::ItemIsAutoTristate);
+        for (const ProfileParameter* parameter : device.parameters) {
+            auto* const item = new QTreeWidgetItem(group, {parameter->name});
+            item->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsUserCheckable);
+            item->setCheckState(0, parameter->selected ? Qt::Checked : Qt::Unchecked);
+            item->setToolTip(0, describe(m_profile, *parameter));
+            m_parameters[item] = parameter;
+        }
+        group->setExpanded(group->checkState(0) != Qt::Unchecked);
+    }
+}
+
+void DialogProfile::filter(const QString& text)
+{
+    const QString wanted = text.trimmed();
+    m_isFilling = true;
+    for (int i = 0; i < m_tree->topLevelItemCount(); ++i) {
+        QTreeWidgetItem* const group = m_tree->topLevelItem(i);
+        const bool isGroupMatch = group->text(0).contains(wanted, Qt::CaseInsensitive);
+        bool hasMatch = false;
+        for (int k = 0; k < group->childCount(); ++k) {
+            const bool isMatch =
+                isGroupMatch || group->child(k)->text(0).contains(wanted, Qt::CaseInsensitive);
+            group->child(k)->setHidden(!isMatch);
+            hasMatch = hasMatch || isMatch;
+        }
+        group->setHidden(!hasMatch);
+        if (!wanted.isEmpty())
+            group->setExpanded(hasMatch);
+        // A check of the whole device would reach the parameters that are filtered out.
+        group->setFlags(
+            group->flags().setFlag(Qt::ItemIsUserCheckable, wanted.isEmpty() || isGroupMatch));
+    }
+    m_isFilling = false;
+}
+
+std::vector<const ProfileParameter*> DialogProfile::draft() const
+{
+    std::vector<const ProfileParameter*> checked;
+    for (int i = 0; i < m_tree->topLevelItemCount(); ++i) {
+        const QTreeWidgetItem* const group = m_tree->topLevelItem(i);
+        for (int k = 0; k < group->childCount(); ++k) {
+            if (group->child(k)->checkState(0) == Qt::Checked)
+                checked.push_back(m_parameters.at(group->child(k)));
+        }
+    }
+    return checked;
+}
+
+void DialogProfile::slotItemChanged()
+{
+    if (!m_isFilling)
+        showDraft();
+}
+
+void DialogProfile::showDraft()
+{
+    const std::vector<const ProfileParameter*> checked = draft();
+    m_list->clear();
+    for (const ProfileParameter* parameter : checked)
+        m_list->addItem(parameter->fullName);
+    m_tabs->setTabText(selectedTab, checked.empty()
+                                        ? tr("Selected Parameters")
+                                        : tr("Selected Parameters (%1)").arg(checked.size()));
+    m_clear->setEnabled(!checked.empty());
+    m_confirm->setEnabled(checked != m_profile.selectedParameters());
+}
+
+void DialogProfile::clearDraft()
+{
+    m_isFilling = true;
+    for (const auto& [item, parameter] : m_parameters)
+        item->setCheckState(0, Qt::Unchecked);
+    m_isFilling = false;
+    showDraft();
+}
+
+void DialogProfile::uncheckListed()
+{
+    std::set<QString> names;
+    for (const QListWidgetItem* item : m_list->selectedItems())
+        names.insert(item->text());
+    m_isFilling = true;
+    for (const auto& [item, parameter] : m_parameters) {
+        if (names.contains(parameter->fullName))
+            item->setCheckState(0, Qt::Unchecked);
+    }
+    m_isFilling = false;
+    showDraft();
+}
+
+void DialogProfile::confirm()
+{
+    const std::vector<const ProfileParameter*> checked = draft();
+    const std::set<const ProfileParameter*> chosen(checked.begin(), checked.end());
+    m_profile.select(
+        [&](const ProfileParameter& parameter) { return chosen.contains(&parameter); });
+    showDraft();
+    emit signalChanged();
+}
+
+} // namespace KOLT

@@ -1,0 +1,62 @@
+#include "app/ProfileInstaller.h"
+
+#include "app/base/Diagnostics.h"
+#include "app/settings/DataPaths.h"
+#include "profile/Profile.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QSaveFile>
+
+namespace KOLT::ProfileInstaller {
+
+namespace {
+
+QString freeBackupName(const QString& path)
+{
+    QString backup = path + QStringLiteral(".bak");
+    for (int i = 2; QFile::exists(backup); ++i)
+        backup = QStringLiteral("%1.%2.bak").arg(path).arg(i);
+    return backup;
+}
+
+/// Without a variant every element counts: a profile whose elements all belong to variants is one.
+bool isProfile(const QString& path)
+{
+    Profile profile;
+    return profile.loadProfil(path, {}) && !profile.parameters().empty();
+}
+
+bool replaceByCopy(const QString& source, const QString& target)
+{
+    QFile from(source);
+    QSaveFile to(target);
+    if (!from.open(QIODevice::ReadOnly) || !to.open(QIODevice::WriteOnly))
+        return false;
+    const QByteArray content = from.readAll();
+    return from.error() == QFileDevice::NoError && to.write(content) == content.size() &&
+           to.commit();
+}
+
+} // namespace
+
+QString installedPath()
+{
+    return QFile::decodeName(DataPaths::instance().profilePath()) + QStringLiteral("/Profile.xml");
+}
+
+Result install(const QString& path)
+{
+    const QString target = installedPath();
+    if (!isProfile(path))
+        return Result::NotAProfile;
+    if (QFileInfo(path).canonicalFilePath() == QFileInfo(target).canonicalFilePath())
+        return Result::Installed;
+    const bool isSaved = !QFile::exists(target) || QFile::copy(target, freeBackupName(target));
+    const bool isInstalled = isSaved && replaceByCopy(path, target);
+    Diagnostics::print("ProfileInstaller::install <%s> %d\n", qUtf8Printable(path),
+                       isInstalled ? 1 : 0);
+    return isInstalled ? Result::Installed : Result::NotWritten;
+}
+
+} // namespace KOLT::ProfileInstaller

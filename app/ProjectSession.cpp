@@ -1,0 +1,171 @@
+#include "app/ProjectSession.h"
+
+#include "app/Messages.h"
+#include "app/project/Project.h"
+#include "app/settings/DataPaths.h"
+#include "app/settings/SettingsStore.h"
+
+#include <QFile>
+#include <QFileDialog>
+#include <QMessageBox>
+#include <QPushButton>
+
+#include <set>
+
+namespace KOLT {
+
+namespace {
+
+constexpr auto lastPathKey = "LastProjectPath";
+
+} // namespace
+
+ProjectSession::ProjectSession(Profile& profile, QWidget& window)
+    : QObject(&window)
+    , m_profile(profile)
+    , m_window(window)
+    , m_path(defaultPath())
+{
+    Project::instance().setProfile(&m_profile);
+    SettingsStore::instance().setText(lastPathKey, m_path.toUtf8());
+}
+
+QString ProjectSession::defaultPath()
+{
+    return QFile::decodeName(DataPaths::instance().dataPath()) +
+           QStringLiteral("/CurrentProject.xml");
+}
+
+QString ProjectSession::lastPath() const
+{
+    return QString::fromUtf8(SettingsStore::instance().getText(lastPathKey));
+}
+
+void ProjectSession::storePath(const QString& path)
+{
+    SettingsStore::instance().setText(lastPathKey, path.toUtf8());
+    Messages::saveSettings(&m_window);
+    emit signalPathStored();
+}
+
+void ProjectSession::readLast()
+{
+    const QString path = lastPath();
+    if (QFile::exists(path)) {
+        if (Project::instance().read(path) != 0)
+            m_path = path;
+    } else {
+        selectDefaultParameters(m_profile);
+    }
+    emit signalSelectionChanged();
+}
+
+bool ProjectSession::mayDrop()
+{
+    if (!m_isModified)
+        return true;
+    QMessageBox box(QMessageBox::Warning, tr("KOLT Warning"),
+                    tr("Current Project not saved !\nSave it now ?"),
+                    QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel, &m_window);
+    box.button(QMessageBox::Yes)->setText(tr("Yes"));
+    box.button(QMessageBox::No)->setText(tr("No"));
+    box.button(QMessageBox::Cancel)->setText(tr("Cancel"));
+    switch (box.exec()) {
+    case QMessageBox::Yes:
+        return save();
+    case QMessageBox::No:
+        return true;
+    default:
+        return false;
+    }
+}
+
+void ProjectSession::newProject()
+{
+    if (!mayDrop())
+        return;
+    m_path.clear();
+    m_isModified = false;
+    Project::instance().clear();
+    emit signalSelectionChanged();
+}
+
+void ProjectSession::open()
+{
+    if (!mayDrop())
+        return;
+    const QString path = QFileDialog::getOpenFileName(&m_window, tr("Open KOLT Project"),
+                                                      lastPath(), tr("Project Files (*.xml)"));
+    if (path.isEmpty())
+        return;
+    if (Project::instance().read(path) == 0) {
+        Messages::warn(&m_window,
+                       tr("The project file\n%1\ncannot be read. The selected parameters "
+                          "stay as they are.")
+                           .arg(path));
+        return;
+    }
+    m_path = path;
+    m_isModified = false;
+    storePath(path);
+    emit signalSelectionChanged();
+}
+
+bool ProjectSession::save()
+{
+    return m_path.isEmpty() ? saveAs() : write(m_path);
+}
+
+bool ProjectSession::saveAs()
+{
+    QString path = QFileDialog::getSaveFileName(&m_window, tr("Save KOLT Project"), lastPath(),
+                                                tr("Project Files (*.xml)"));
+    if (path.isEmpty())
+        return false;
+    if (!path.section(QLatin1Char('/'), -1).contains(QLatin1Char('.')))
+        path += QStringLiteral(".xml");
+    return write(path);
+}
+
+bool ProjectSession::write(const QString& path)
+{
+    Project::instance().write(path);
+    if (!Project::instance().isWritten()) {
+        Messages::warn(&m_window, tr("The project could not be saved to\n%1\nPlease check that the "
+                                     "folder can be written and is not full, or save it elsewhere.")
+                                      .arg(path));
+        return false;
+    }
+    m_path = path;
+    m_isModified = false;
+    storePath(path);
+    return true;
+}
+
+void ProjectSession::saveOnExit()
+{
+    // A new project without a file becomes the one that the next start reopens.
+    if (m_isModified)
+        write(m_path.isEmpty() ? defaultPath() : m_path);
+}
+
+void selectDefaultParameters(Profile& profile)
+{
+    constexpr std::size_t firstOnes = 6;
+    std::set<const ProfileParameter*> chosen;
+    for (const char* role :
+         {"EngineSpeed", "ThrottleA", "FuelA", "Altitude", "GroundSpeed", "Track"}) {
+        const ProfileParameter* const parameter = profile.parameterByRole(QLatin1String(role));
+        if (parameter != nullptr)
+            chosen.insert(parameter);
+    }
+    for (const ProfileParameter& parameter : profile.parameters()) {
+        if (chosen.size() >= firstOnes)
+            break;
+        if (parameter.rule != DecodingRule::NotImplemented)
+            chosen.insert(&parameter);
+    }
+    profile.select([&](const ProfileParameter& parameter) { return chosen.contains(&parameter); });
+}
+
+} // namespace KOLT

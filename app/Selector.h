@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QComboBox>
+
+namespace KOLT {
+
+/// A drop-down list of the tool bar. Reports what the user picks, and nothing that the program
+/// sets.
+class Selector : public QComboBox
+{
+    Q_OBJECT
+
+public:
+    explicit Selector(QWidget* parent = nullptr)
+        : QComboBox(parent)
+    {
+        setSizeAdjustPolicy(QComboBox::AdjustToContents);
+        connect(this, &QComboBox::activated, this, [this](int index) {
+            emit signalActivated(index);
+            emit signalActivated(itemText(index));
+        });
+    }
+
+signals:
+    void signalActivated(int index);
+    void signalActivated(const QString& text);
+};
+
+} // namespace KOLT

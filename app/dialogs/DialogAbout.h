@@ -1,0 +1,16 @@
+#pragma once
+
+#include <QDialog>
+
+namespace KOLT {
+
+/// The program's version, and the licences of all that it is made of.
+class DialogAbout : public QDialog
+{
+    Q_OBJECT
+
+public:
+    explicit DialogAbout(QWidget* parent = nullptr);
+};
+
+} // namespace KOLT

@@ -1,0 +1,198 @@
+#include "app/dialogs/DialogPreferences.h"
+
+#include "app/Messages.h"
+#include "app/ProfileInstaller.h"
+#include "app/dialogs/ProfileInstallation.h"
+#include "app/settings/SettingsStore.h"
+#include "app/startup/Startup.h"
+
+#include <QComboBox>
+#include <QDialogButtonBox>
+#include <QFileDialog>
+#include <QFormLayout>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QSpinBox>
+#include <QVBoxLayout>
+
+namespace KOLT {
+
+namespace {
+
+constexpr int smallestFont = 8;
+constexpr int largestFont = 32;
+constexpr double largestShading = 10.0;
+constexpr double shadingStep = 0.1;
+constexpr int fieldWidth = 360;
+constexpr auto defaultTileServer = "https://tile.openstreetmap.org";
+
+QDoubleSpinBox* createShadingBox(const QString& tip)
+{
+    auto* const box = new QDoubleSpinBox;
+    box->setRange(0.0, largestShading);
+    box->setSingleStep(shadingStep);
+    box->setToolTip(tip);
+    return box;
+}
+
+/// Stores a number unless it is what the settings hold already.
+bool storeDouble(const char* key, double fallback, double value)
+{
+    SettingsStore& settings = SettingsStore::instance();
+    if (settings.getDouble(key, fallback) == value)
+        return false;
+    settings.setText(key, QByteArray::number(value));
+    return true;
+}
+
+} // namespace
+
+DialogPreferences::DialogPreferences(QWidget* parent)
+    : QDialog(parent)
+    , m_startLanguage(QString::fromUtf8(SettingsStore::instance().getText("Locale", "us")))
+{
+    setWindowTitle(tr("Preferences"));
+    auto* const general = new QGroupBox(tr("General"), this);
+    createGeneral(new QFormLayout(general));
+    auto* const map = new QGroupBox(tr("Map"), this);
+    createMap(new QFormLayout(map));
+
+    auto* const buttons = new QDialogButtonBox(
+        QDialogButtonBox::Ok | QDialogButtonBox::Cancel | QDialogButtonBox::Apply, this);
+    connect(buttons, &QDialogButtonBox::accepted, this, [this] {
+        apply();
+        accept();
+    });
+    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+    connect(buttons->button(QDialogButtonBox::Apply), &QPushButton::clicked, this,
+            &DialogPreferences::apply);
+    auto* const layout = new QVBoxLayout(this);
+    layout->addWidget(general);
+    layout->addWidget(map);
+    layout->addStretch();
+    layout->addWidget(buttons);
+    readSettings();
+}
+
+void DialogPreferences::createGeneral(QFormLayout* form)
+{
+    m_language = new QComboBox;
+    m_language->addItem(QStringLiteral("English"), QStringLiteral("us"));
+    m_language->addItem(QStringLiteral("Deutsch"), QStringLiteral("de"));
+    m_restart = new QLabel(tr("The language changes when KOLT is started again."));
+    m_restart->setObjectName(QStringLiteral("hint"));
+    connect(m_language, &QComboBox::currentIndexChanged, this, [this] {
+        m_restart->setVisible(m_language->currentData().toString() != m_startLanguage);
+    });
+    m_fontSize = new QSpinBox;
+    m_fontSize->setRange(smallestFont, largestFont);
+    m_fontSize->setSuffix(tr(" pixels"));
+    m_unit = new QComboBox;
+    m_unit->addItems({tr("Metric"), tr("Imperial")});
+    m_profile = new QLineEdit;
+    m_profile->setReadOnly(true);
+    m_profile->setMinimumWidth(fieldWidth);
+    m_profile->setToolTip(tr("The parameter profile that decodes the recordings"));
+    auto* const choose = new QPushButton(tr("Choose..."));
+    choose->setToolTip(tr("Install another profile file in its place"));
+    connect(choose, &QPushButton::clicked, this, &DialogPreferences::chooseProfile);
+    auto* const profileRow = new QHBoxLayout;
+    profileRow->addWidget(m_profile, 1);
+    profileRow->addWidget(choose);
+
+    form->addRow(tr("&Language"), m_language);
+    form->addRow(QString(), m_restart);
+    form->addRow(tr("&Font size"), m_fontSize);
+    form->addRow(tr("&Units"), m_unit);
+    form->addRow(tr("&Profile file"), profileRow);
+}
+
+void DialogPreferences::createMap(QFormLayout* form)
+{
+    m_tileServer = new QLineEdit;
+    m_tileServer->setMinimumWidth(fieldWidth);
+    m_tileServer->setToolTip(tr("A plain address, or a template with {z}, {x} and {y}"));
+    m_contrast = createShadingBox(tr("Contrast of the hill shading"));
+    m_brightness = createShadingBox(tr("Brightness of the hill shading"));
+    m_factor = createShadingBox(tr("Height factor of the hill shading"));
+    form->addRow(tr("&Tile server"), m_tileServer);
+    form->addRow(tr("Shading &contrast"), m_contrast);
+    form->addRow(tr("Shading &brightness"), m_brightness);
+    form->addRow(tr("Shading f&actor"), m_factor);
+}
+
+void DialogPreferences::showEvent(QShowEvent* event)
+{
+    readSettings();
+    QDialog::showEvent(event);
+}
+
+void DialogPreferences::readSettings()
+{
+    const SettingsStore& settings = SettingsStore::instance();
+    const QString locale = QString::fromUtf8(settings.getText("Locale", "us"));
+    m_language->setCurrentIndex(std::max(m_language->findData(locale), 0));
+    m_restart->setVisible(locale != m_startLanguage);
+    m_fontSize->setValue(settings.getInteger("FontSize", Startup::defaultFontPixels));
+    m_unit->setCurrentIndex(settings.getInteger("Unit", 0) == 1 ? 1 : 0);
+    m_profile->setText(ProfileInstaller::installedPath());
+    m_tileServer->setText(QString::fromUtf8(settings.getText("TileServer", defaultTileServer)));
+    m_contrast->setValue(settings.getDouble("MapShadingContrast", 1.0));
+    m_brightness->setValue(settings.getDouble("MapShadingBrightness", 1.0));
+    m_factor->setValue(settings.getDouble("MapShadingFactor", 0.5));
+}
+
+void DialogPreferences::apply()
+{
+    SettingsStore& settings = SettingsStore::instance();
+    settings.setText("Locale", m_language->currentData().toString().toUtf8());
+    const int unit = m_unit->currentIndex();
+    const bool isOtherUnit = settings.getInteger("Unit", 0) != unit;
+    settings.setInteger("Unit", unit);
+    const bool isOtherFont =
+        settings.getInteger("FontSize", Startup::defaultFontPixels) != m_fontSize->value();
+    settings.setInteger("FontSize", m_fontSize->value());
+    const bool isOtherMap = storeMap();
+    Messages::saveSettings(this);
+    if (isOtherFont)
+        Startup::applyFontSize();
+    if (isOtherUnit)
+        emit signalUnitChanged(unit);
+    if (isOtherMap)
+        emit signalMapChanged();
+    applyProfileFile();
+}
+
+bool DialogPreferences::storeMap()
+{
+    SettingsStore& settings = SettingsStore::instance();
+    const QByteArray server = m_tileServer->text().trimmed().toUtf8();
+    bool isChanged = settings.getText("TileServer", defaultTileServer) != server;
+    settings.setText("TileServer", server); // empty: the default again
+    isChanged |= storeDouble("MapShadingContrast", 1.0, m_contrast->value());
+    isChanged |= storeDouble("MapShadingBrightness", 1.0, m_brightness->value());
+    isChanged |= storeDouble("MapShadingFactor", 0.5, m_factor->value());
+    return isChanged;
+}
+
+void DialogPreferences::chooseProfile()
+{
+    const QString path = askForProfile(this);
+    if (!path.isEmpty())
+        m_profile->setText(path);
+}
+
+void DialogPreferences::applyProfileFile()
+{
+    const QString path = m_profile->text();
+    if (path == ProfileInstaller::installedPath())
+        return;
+    const bool isInstalled = installProfile(this, path);
+    m_profile->setText(ProfileInstaller::installedPath());
+    if (isInstalled)
+        emit signalProfileFileChanged();
+}
+
+} // namespace KOLT

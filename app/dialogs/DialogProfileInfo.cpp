@@ -1,0 +1,135 @@
+#include "app/dialogs/DialogProfileInfo.h"
+
+#include "app/ProfileInstaller.h"
+#include "app/dialogs/ParameterListModel.h"
+#include "app/dialogs/ProfileInstallation.h"
+
+#include <QDialogButtonBox>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QSortFilterProxyModel>
+#include <QTableView>
+#include <QVBoxLayout>
+
+#include <set>
+
+namespace KOLT {
+
+namespace {
+
+constexpr QSize dialogSize(880, 640);
+constexpr int allColumns = -1;
+
+QString variantNames(const Profile& profile)
+{
+    QStringList names;
+    for (const Variant& variant : profile.variants())
+        names.push_back(variant.name);
+    return names.join(QStringLiteral(", "));
+}
+
+QString row(const QString& label, const QString& value)
+{
+    return QStringLiteral("<tr><td style='padding-right:12px'>%1</td><td>%2</td></tr>")
+        .arg(label.toHtmlEscaped(), value.toHtmlEscaped());
+}
+
+QString headerText(const Profile& profile)
+{
+    std::set<int> messages;
+    for (const ProfileParameter& parameter : profile.parameters())
+        messages.insert(parameter.id);
+    using Info = DialogProfileInfo;
+    return QStringLiteral("<h3>%1</h3><table>").arg(profile.name().toHtmlEscaped()) +
+           row(Info::tr("Identification"), profile.profileId()) +
+           row(Info::tr("Version"), profile.version()) +
+           row(Info::tr("Comment"), profile.comment()) +
+           row(Info::tr("Variants"), variantNames(profile)) +
+           row(Info::tr("Active variant"), profile.activeVariant()) +
+           row(Info::tr("Contents"), Info::tr("%1 parameters in %2 messages of %3 devices, "
+                                              "%4 fault matrices")
+                                         .arg(profile.parameters().size())
+                                         .arg(messages.size())
+                                         .arg(profile.devices().size())
+                                         .arg(profile.errorMatrices().size())) +
+           row(Info::tr("File"), ProfileInstaller::installedPath()) + QStringLiteral("</table>");
+}
+
+} // namespace
+
+DialogProfileInfo::DialogProfileInfo(const Profile& profile, QWidget* parent)
+    : QDialog(parent)
+    , m_profile(profile)
+{
+    setWindowTitle(tr("Profile Information"));
+    m_header = new QLabel(this);
+    m_header->setTextFormat(Qt::RichText);
+    m_header->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    m_header->setWordWrap(true);
+    createList();
+
+    auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Close, this);
+    QPushButton* const install =
+        buttons->addButton(tr("Install Profile..."), QDialogButtonBox::ActionRole);
+    install->setToolTip(tr("Use another profile file; a backup of this one is kept"));
+    connect(install, &QPushButton::clicked, this, &DialogProfileInfo::install);
+    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+    auto* const search = new QHBoxLayout;
+    search->addWidget(m_search, 1);
+    search->addWidget(m_found);
+    auto* const layout = new QVBoxLayout(this);
+    layout->addWidget(m_header);
+    layout->addLayout(search);
+    layout->addWidget(m_list, 1);
+    layout->addWidget(buttons);
+    resize(dialogSize);
+    refresh();
+}
+
+void DialogProfileInfo::createList()
+{
+    m_model = new ParameterListModel(m_profile, this);
+    auto* const found = new QSortFilterProxyModel(this);
+    found->setSourceModel(m_model);
+    found->setFilterKeyColumn(allColumns);
+    found->setFilterCaseSensitivity(Qt::CaseInsensitive);
+    found->setSortCaseSensitivity(Qt::CaseInsensitive);
+    m_list = new QTableView(this);
+    m_list->setModel(found);
+    m_list->setSelectionBehavior(QAbstractItemView::SelectRows);
+    m_list->setWordWrap(false);
+    m_list->setTabKeyNavigation(false);
+    m_list->verticalHeader()->hide();
+    m_list->horizontalHeader()->setHighlightSections(false);
+    m_search = new QLineEdit(this);
+    m_search->setPlaceholderText(tr("Search in all columns"));
+    m_search->setClearButtonEnabled(true);
+    m_found = new QLabel(this);
+    const auto showCount = [this, found] {
+        m_found->setText(tr("%1 of %2").arg(found->rowCount()).arg(m_model->rowCount()));
+    };
+    connect(m_search, &QLineEdit::textChanged, found, &QSortFilterProxyModel::setFilterFixedString);
+    connect(m_search, &QLineEdit::textChanged, this, showCount);
+    connect(m_model, &QAbstractItemModel::modelReset, this, showCount);
+}
+
+void DialogProfileInfo::refresh()
+{
+    m_header->setText(headerText(m_profile));
+    m_list->setSortingEnabled(false);
+    m_model->refresh();
+    m_list->resizeColumnsToContents();
+    m_list->setSortingEnabled(true);
+    m_list->sortByColumn(allColumns, Qt::AscendingOrder); // as in the file
+}
+
+void DialogProfileInfo::install()
+{
+    const QString path = askForProfile(this);
+    if (!path.isEmpty() && installProfile(this, path))
+        emit signalProfileChanged();
+}
+
+} // namespace KOLT
