@@ -135,6 +135,8 @@ QBoxLayout* DialogData::createTopRow()
     m_tabs->setIconSize(tabIconSize);
     m_tabs->setExpanding(false);
     m_tabs->setDrawBase(false);
+    m_tabs->setUsesScrollButtons(false); // in a narrow window the texts are cut, and no tab is lost
+    m_tabs->setElideMode(Qt::ElideRight);
     m_tabs->addTab(icon(QStringLiteral("tab-data")), tr("Data"));
     m_tabs->addTab(icon(QStringLiteral("tab-graph")), tr("Graph"));
     m_tabs->addTab(icon(QStringLiteral("tab-fault-matrix")), tr("Fault Matrix"));
@@ -142,8 +144,10 @@ QBoxLayout* DialogData::createTopRow()
     m_tabs->addTab(icon(QStringLiteral("tab-warning-lamps")), tr("Warning Lamps"));
     m_tabs->addTab(icon(QStringLiteral("tab-statistic")), tr("Tow Statistic"));
     m_tabs->addTab(icon(QStringLiteral("tab-emu-view")), tr("EMU View"));
-    for (int i = 0; i < m_tabs->count(); ++i)
+    for (int i = 0; i < m_tabs->count(); ++i) {
+        m_tabs->setTabData(i, m_tabs->tabIcon(i));
         m_tabs->setTabToolTip(i, m_tabs->tabText(i)); // where the window is too narrow for all
+    }
     connect(m_tabs, &QTabBar::currentChanged, this, [this] {
         if (m_stack->currentWidget() != m_loading)
             showCurrentPage();
@@ -260,6 +264,22 @@ bool DialogData::eventFilter(QObject* watched, QEvent* event)
             entry->page->setShown(event->type() == QEvent::Show);
     }
     return QWidget::eventFilter(watched, event);
+}
+
+void DialogData::resizeEvent(QResizeEvent* event)
+{
+    // In a narrow window the texts of the tabs are worth more than their icons.
+    const auto showIcons = [this](bool areShown) {
+        for (int i = 0; i < m_tabs->count(); ++i)
+            m_tabs->setTabIcon(i, areShown ? m_tabs->tabData(i).value<QIcon>() : QIcon());
+    };
+    showIcons(true);
+    int mapButtonsWidth = 0;
+    for (const QAbstractButton* button : m_mapButtons->buttons())
+        mapButtonsWidth += button->sizeHint().width();
+    if (m_tabs->sizeHint().width() > width() - mapButtonsWidth)
+        showIcons(false);
+    QWidget::resizeEvent(event);
 }
 
 void DialogData::setData(const DataSet& dataSet)

@@ -1,17 +1,14 @@
 #include "analysis/DialogDataTable.h"
 
+#include "analysis/WidgetTimeTable.h"
+
 #include <QAction>
 #include <QApplication>
 #include <QClipboard>
-#include <QHeaderView>
-#include <QKeyEvent>
 #include <QLabel>
 #include <QMenu>
 #include <QMessageBox>
-#include <QPainter>
 #include <QStackedLayout>
-#include <QStyledItemDelegate>
-#include <QTableView>
 #include <QToolButton>
 #include <QVBoxLayout>
 
@@ -19,41 +16,10 @@
 
 namespace KOLT {
 
-/// Draws the line of the current time across its row.
-class TimeRowDelegate : public QStyledItemDelegate
-{
-public:
-    using QStyledItemDelegate::QStyledItemDelegate;
-
-    void setTimeRow(int row) { m_timeRow = row; }
-
-    int timeRow() const { return m_timeRow; }
-
-    void paint(QPainter* painter, const QStyleOptionViewItem& option,
-               const QModelIndex& index) const override
-    {
-        QStyledItemDelegate::paint(painter, option, index);
-        if (index.row() != m_timeRow)
-            return;
-        QColor color = option.palette.color(QPalette::Highlight);
-        painter->fillRect(
-            QRect(option.rect.left(), option.rect.bottom() - 1, option.rect.width(), 2), color);
-        constexpr int veil = 28;
-        color.setAlpha(veil);
-        painter->fillRect(option.rect, color);
-    }
-
-private:
-    int m_timeRow = -1;
-};
-
 namespace {
 
-constexpr QSize swatchSize(4, 12); ///< of the threshold's colour
-constexpr int rowPadding = 6;
-constexpr int columnPadding = 12;
 constexpr int pageMargin = 3;
-constexpr int dataTab = 0;
+constexpr int tableState = 0;
 constexpr int emptyState = 1;
 
 /// Cells may hold any text that the profile gives them; a tab would shift the columns.
@@ -150,71 +116,38 @@ QAction* DialogDataTable::createAction(const QString& text, const QString& icon,
 
 void DialogDataTable::createView()
 {
-    m_view = new QTableView(this);
+    m_view = new WidgetTimeTable(this);
     m_view->setModel(&m_model);
-    m_delegate = new TimeRowDelegate(m_view);
-    m_view->setItemDelegate(m_delegate);
-    m_view->setIconSize(swatchSize);
-    m_view->setWordWrap(false);
-    m_view->setCornerButtonEnabled(false);
-    m_view->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
-    m_view->setTabKeyNavigation(false); // Tab leaves the table
-    m_view->horizontalHeader()->setHighlightSections(false);
-    m_view->horizontalHeader()->setResizeContentsPrecision(0); // of the rows, only those in sight
-    m_view->verticalHeader()->hide();
-    m_view->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-    m_view->installEventFilter(this);
-    m_view->setContextMenuPolicy(Qt::ActionsContextMenu);
     m_copy = new QAction(QIcon(QStringLiteral(":/icons/copy.svg")), tr("Copy"), this);
-    m_copy->setShortcut(QKeySequence::Copy); // for the menu to show; see eventFilter()
+    m_copy->setShortcut(QKeySequence::Copy); // for the menu to show; the view handles the key
     m_copy->setShortcutContext(Qt::WidgetShortcut);
     connect(m_copy, &QAction::triggered, this, &DialogDataTable::copySelection);
+    connect(m_view, &WidgetTimeTable::signalCopy, this, &DialogDataTable::copySelection);
+    m_view->setContextMenuPolicy(Qt::ActionsContextMenu);
     m_view->addActions({m_copy, m_previousChange, m_nextChange});
     connect(m_view->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
             &DialogDataTable::slotCurrentRow);
 }
 
-bool DialogDataTable::eventFilter(QObject* watched, QEvent* event)
-{
-    // The main window has another command on the copy key; in the table, it copies.
-    const bool isOverride = event->type() == QEvent::ShortcutOverride;
-    if (isOverride || event->type() == QEvent::KeyPress) {
-        auto* const key = static_cast<QKeyEvent*>(event);
-        if (key->matches(QKeySequence::Copy)) {
-            if (!isOverride)
-                copySelection();
-            event->accept();
-            return true;
-        }
-    }
-    return QWidget::eventFilter(watched, event);
-}
-
 void DialogDataTable::dropData()
 {
     const bool wasFollowing = std::exchange(m_isFollowing, true);
+    m_view->setTimeRow(-1);
     m_model.clear();
     m_isFollowing = wasFollowing;
 }
 
 void DialogDataTable::showData()
 {
-    const int column = std::max(m_view->currentIndex().column(), 1);
     dropData();
-    m_delegate->setTimeRow(-1);
-    m_view->verticalHeader()->setDefaultSectionSize(fontMetrics().height() + rowPadding);
     std::vector<const ProfileParameter*> parameters = m_profile.selectedParameters();
     const bool hasParameters = !parameters.empty();
-    const bool wasFollowing = std::exchange(m_isFollowing, true);
     if (dataSet() != nullptr && hasParameters)
         m_model.setTable(*dataSet(), std::move(parameters));
-    const int rows = m_model.rowCount();
-    if (rows > 0) {
-        m_view->resizeColumnsToContents();
-        for (int i = 0; i < m_model.columnCount(); ++i)
-            m_view->setColumnWidth(i, m_view->columnWidth(i) + columnPadding);
-        m_view->setCurrentIndex(m_model.index(0, std::min(column, m_model.columnCount() - 1)));
-        m_hint->setText(tr("%n row(s)", nullptr, rows));
+    const bool hasRows = m_model.rowCount() > 0;
+    if (hasRows) {
+        m_view->fitColumns();
+        showRowCount();
     } else if (dataSet() == nullptr) {
         m_empty->setText(tr("Choose a cycle or a flight on the left to see its values."));
     } else if (!hasParameters) {
@@ -223,39 +156,21 @@ void DialogDataTable::showData()
     } else {
         m_empty->setText(tr("The selected parameters have no samples in this data set."));
     }
-    m_isFollowing = wasFollowing;
-    m_stack->setCurrentIndex(rows > 0 ? dataTab : emptyState);
+    m_stack->setCurrentIndex(hasRows ? tableState : emptyState);
+}
+
+void DialogDataTable::showRowCount()
+{
+    m_hint->setText(tr("%Ln row(s)", nullptr, m_model.rowCount()));
 }
 
 void DialogDataTable::showTime()
 {
     if (m_model.rowCount() == 0)
         return;
-    const int row = static_cast<int>(m_model.table().rowAt(time()));
-    const QModelIndex index = m_model.index(row, std::max(m_view->currentIndex().column(), 0));
     const bool wasFollowing = std::exchange(m_isFollowing, true);
-    m_view->selectionModel()->setCurrentIndex(index, QItemSelectionModel::NoUpdate);
+    m_view->setTimeRow(static_cast<int>(m_model.table().rowAt(time())));
     m_isFollowing = wasFollowing;
-    markRow(row);
-}
-
-void DialogDataTable::markRow(int row)
-{
-    const int before = m_delegate->timeRow();
-    if (row == before)
-        return;
-    m_delegate->setTimeRow(row);
-    for (const int changed : {before, row}) {
-        const int top = m_view->rowViewportPosition(changed);
-        if (changed >= 0)
-            m_view->viewport()->update(0, top, m_view->viewport()->width(),
-                                       m_view->rowHeight(changed));
-    }
-    const QRect rect = m_view->visualRect(m_model.index(row, 0));
-    const QRect sight = m_view->viewport()->rect();
-    if (rect.top() < sight.top() || rect.bottom() > sight.bottom())
-        m_view->scrollTo(m_model.index(row, m_view->currentIndex().column()),
-                         QAbstractItemView::PositionAtCenter);
 }
 
 void DialogDataTable::slotCurrentRow(const QModelIndex& current, const QModelIndex& /*previous*/)
@@ -264,7 +179,7 @@ void DialogDataTable::slotCurrentRow(const QModelIndex& current, const QModelInd
         return;
     const double seconds = m_model.table().seconds(static_cast<std::size_t>(current.row()));
     keepTime(seconds);
-    markRow(current.row());
+    m_view->setTimeRow(current.row());
     emit signalTime(seconds);
 }
 
@@ -281,7 +196,7 @@ void DialogDataTable::jumpToChange(bool forward)
                                 : tr("No earlier change in this column."));
         return;
     }
-    m_hint->setText(tr("%n row(s)", nullptr, m_model.rowCount()));
+    showRowCount();
     m_view->setCurrentIndex(m_model.index(row, from.column()));
 }
 

@@ -8,11 +8,10 @@
 class QAction;
 class QLabel;
 class QStackedLayout;
-class QTableView;
 
 namespace KOLT {
 
-class TimeRowDelegate;
+class WidgetTimeTable;
 
 /// The page with the time table of the chosen parameters.
 ///
@@ -36,7 +35,6 @@ protected:
     void dropData() override;
     void showData() override;
     void showTime() override;
-    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     QAction* createAction(const QString& text, const QString& icon, const QKeySequence& shortcut,
@@ -45,12 +43,11 @@ private:
     void copySelection();
     void jumpToChange(bool forward);
     void slotCurrentRow(const QModelIndex& current, const QModelIndex& previous);
-    void markRow(int row);
+    void showRowCount();
 
     const Profile& m_profile;
     TimeTableModel m_model;
-    TimeRowDelegate* m_delegate = nullptr;
-    QTableView* m_view = nullptr;
+    WidgetTimeTable* m_view = nullptr;
     QLabel* m_hint = nullptr;
     QLabel* m_empty = nullptr;
     QStackedLayout* m_stack = nullptr;

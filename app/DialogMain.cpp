@@ -105,6 +105,9 @@ void DialogMain::createPanels()
     column->addWidget(m_cardDialog);
     column->addWidget(m_profileDialog);
     column->setChildrenCollapsible(false);
+    column->setSizes({1, 1});
+    column->setStretchFactor(0, 1);
+    column->setStretchFactor(1, 1);
     m_data = new DialogData(m_profile, m_splitter);
     m_splitter->addWidget(column);
     m_splitter->addWidget(m_data);

@@ -5,6 +5,7 @@
 
 #include <QLabel>
 #include <QLineEdit>
+#include <QPainter>
 #include <QSignalBlocker>
 #include <QStackedLayout>
 #include <QTabWidget>
@@ -34,6 +35,22 @@ QString timeText(double seconds)
 {
     return clockTime(seconds).toString(timeFormat);
 }
+
+/// A tree whose day headings are filled from edge to edge.
+class DayTree : public QTreeWidget
+{
+public:
+    using QTreeWidget::QTreeWidget;
+
+protected:
+    void drawRow(QPainter* painter, const QStyleOptionViewItem& option,
+                 const QModelIndex& index) const override
+    {
+        if (!index.flags().testFlag(Qt::ItemIsSelectable) && !index.parent().isValid())
+            painter->fillRect(option.rect, headingColor);
+        QTreeWidget::drawRow(painter, option, index);
+    }
+};
 
 /// Puts a heading before the first entry of each day.
 class DayHeadings
@@ -126,7 +143,7 @@ DialogCard::Page DialogCard::createPage(const QString& title)
     page.name = new QLineEdit(widget);
     page.name->setReadOnly(true);
     page.name->setToolTip(tr("The folder that is open"));
-    page.tree = new QTreeWidget(widget);
+    page.tree = new DayTree(widget);
     page.tree->setHeaderHidden(true);
     page.tree->setSelectionMode(QAbstractItemView::SingleSelection);
     auto* const empty = new QLabel(tr("No record files in this folder"), widget);

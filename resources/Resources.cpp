@@ -5,4 +5,5 @@
 void initKoltResources()
 {
     Q_INIT_RESOURCE(kolt);
+    Q_INIT_RESOURCE(translations);
 }

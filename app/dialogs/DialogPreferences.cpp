@@ -106,7 +106,9 @@ void DialogPreferences::createGeneral(QFormLayout* form)
     form->addRow(QString(), m_restart);
     form->addRow(tr("&Font size"), m_fontSize);
     form->addRow(tr("&Units"), m_unit);
-    form->addRow(tr("&Profile file"), profileRow);
+    auto* const profileLabel = new QLabel(tr("&Profile file"));
+    profileLabel->setBuddy(choose);
+    form->addRow(profileLabel, profileRow);
 }
 
 void DialogPreferences::createMap(QFormLayout* form)

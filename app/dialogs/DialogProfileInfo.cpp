@@ -20,6 +20,7 @@ namespace KOLT {
 namespace {
 
 constexpr QSize dialogSize(880, 640);
+constexpr int rowPadding = 6;
 constexpr int allColumns = -1;
 
 QString variantNames(const Profile& profile)
@@ -41,20 +42,21 @@ QString headerText(const Profile& profile)
     std::set<int> messages;
     for (const ProfileParameter& parameter : profile.parameters())
         messages.insert(parameter.id);
-    using Info = DialogProfileInfo;
     return QStringLiteral("<h3>%1</h3><table>").arg(profile.name().toHtmlEscaped()) +
-           row(Info::tr("Identification"), profile.profileId()) +
-           row(Info::tr("Version"), profile.version()) +
-           row(Info::tr("Comment"), profile.comment()) +
-           row(Info::tr("Variants"), variantNames(profile)) +
-           row(Info::tr("Active variant"), profile.activeVariant()) +
-           row(Info::tr("Contents"), Info::tr("%1 parameters in %2 messages of %3 devices, "
-                                              "%4 fault matrices")
-                                         .arg(profile.parameters().size())
-                                         .arg(messages.size())
-                                         .arg(profile.devices().size())
-                                         .arg(profile.errorMatrices().size())) +
-           row(Info::tr("File"), ProfileInstaller::installedPath()) + QStringLiteral("</table>");
+           row(DialogProfileInfo::tr("Identification"), profile.profileId()) +
+           row(DialogProfileInfo::tr("Version"), profile.version()) +
+           row(DialogProfileInfo::tr("Comment"), profile.comment()) +
+           row(DialogProfileInfo::tr("Variants"), variantNames(profile)) +
+           row(DialogProfileInfo::tr("Active variant"), profile.activeVariant()) +
+           row(DialogProfileInfo::tr("Contents"),
+               DialogProfileInfo::tr("%1 parameters in %2 messages of %3 devices, "
+                                     "%4 fault matrices")
+                   .arg(profile.parameters().size())
+                   .arg(messages.size())
+                   .arg(profile.devices().size())
+                   .arg(profile.errorMatrices().size())) +
+           row(DialogProfileInfo::tr("File"), ProfileInstaller::installedPath()) +
+           QStringLiteral("</table>");
 }
 
 } // namespace
@@ -73,6 +75,7 @@ DialogProfileInfo::DialogProfileInfo(const Profile& profile, QWidget* parent)
     auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Close, this);
     QPushButton* const install =
         buttons->addButton(tr("Install Profile..."), QDialogButtonBox::ActionRole);
+    install->setAutoDefault(false);
     install->setToolTip(tr("Use another profile file; a backup of this one is kept"));
     connect(install, &QPushButton::clicked, this, &DialogProfileInfo::install);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
@@ -121,6 +124,7 @@ void DialogProfileInfo::refresh()
     m_list->setSortingEnabled(false);
     m_model->refresh();
     m_list->resizeColumnsToContents();
+    m_list->verticalHeader()->setDefaultSectionSize(fontMetrics().height() + rowPadding);
     m_list->setSortingEnabled(true);
     m_list->sortByColumn(allColumns, Qt::AscendingOrder); // as in the file
 }

@@ -1,11 +1,18 @@
+#include "analysis/DialogData.h"
 #include "app/DialogMain.h"
+#include "app/settings/CommandLineOptions.h"
 #include "app/startup/Startup.h"
 #include "resources/Resources.h"
 
+#include <QAction>
 #include <QApplication>
+#include <QDialog>
 #include <QDir>
+#include <QLineEdit>
 #include <QPixmap>
+#include <QTabBar>
 #include <QTest>
+#include <QToolButton>
 #include <QTreeWidget>
 
 #include <clocale>
@@ -14,22 +21,44 @@
 namespace {
 
 constexpr int waitMilliseconds = 30'000;
+constexpr QSize smallSize(1000, 800);
+constexpr QSize largeSize(1600, 1000);
 
-/// Saves the window as it is drawn on the screen, at a size that users have.
-bool saveWindow(QWidget& window, const QSize& size, const QString& path)
+/// Saves pictures of windows as they are drawn on the screen.
+class Camera
 {
-    window.resize(size);
-    QCoreApplication::processEvents();
-    if (!window.grab().save(path))
-        return false;
-    std::printf("%s\n", qUtf8Printable(path));
-    return true;
+public:
+    explicit Camera(QString directory)
+        : m_directory(std::move(directory))
+    {
+    }
+
+    /// False once a picture could not be saved.
+    bool isGood() const { return m_isGood; }
+
+    void take(QWidget& window, const QString& name)
+    {
+        QCoreApplication::processEvents();
+        const QString path = QStringLiteral("%1/%2.png").arg(m_directory, name);
+        m_isGood = window.grab().save(path) && m_isGood;
+        std::printf("%s\n", qUtf8Printable(path));
+    }
+
+private:
+    QString m_directory;
+    bool m_isGood = true;
+};
+
+bool waitFor(const std::function<bool()>& condition)
+{
+    return QTest::qWaitFor(condition, waitMilliseconds);
 }
 
-/// Goes the typical road: the last folder is listed, and its first cycle is chosen and loaded.
-bool openFirstCycle(const KOLT::DialogMain& window)
+/// Goes the typical road: the last folder is listed, its first cycle is chosen, then its first
+/// flight.
+bool openFirstFlight(const KOLT::DialogMain& window)
 {
-    if (!QTest::qWaitFor([&] { return !window.card().cycles().empty(); }, waitMilliseconds))
+    if (!waitFor([&] { return !window.card().cycles().empty() && !window.isBusy(); }))
         return false;
     auto* const tree = window.findChild<QTreeWidget*>("cyclesTree");
     for (int i = 0; tree != nullptr && i < tree->topLevelItemCount(); ++i) {
@@ -37,17 +66,69 @@ bool openFirstCycle(const KOLT::DialogMain& window)
         if (!item->flags().testFlag(Qt::ItemIsSelectable))
             continue;
         tree->setCurrentItem(item);
-        return QTest::qWaitFor([&] { return item->childCount() > 0; }, waitMilliseconds);
+        if (!waitFor([&] { return item->childCount() > 0; }))
+            return false;
+        tree->setCurrentItem(item->child(0));
+        return waitFor([&] {
+            return window.card().dataSet() != nullptr && window.card().dataSet()->flight() &&
+                   !window.isBusy();
+        });
     }
     return false;
 }
 
+/// All pages, at a moment within the flight.
+void takePages(KOLT::DialogMain& window, Camera& camera)
+{
+    auto* const pages = window.findChild<KOLT::DialogData*>();
+    const KOLT::DataSet& data = *window.card().dataSet();
+    pages->setTime((data.startSeconds + data.stopSeconds) / 2);
+    const auto* const tabs = pages->findChild<QTabBar*>();
+    constexpr const char* names[] = {"table", "graph",     "fault-matrix", "limits",
+                                     "lamps", "statistic", "emu-view"};
+    for (const QSize size : {smallSize, largeSize}) {
+        window.resize(size);
+        for (int page = 0; page < tabs->count(); ++page) {
+            pages->setCurrentPage(static_cast<KOLT::DialogData::Page>(page));
+            camera.take(window, QStringLiteral("%1-%2x%3")
+                                    .arg(QLatin1String(names[page]))
+                                    .arg(size.width())
+                                    .arg(size.height()));
+        }
+    }
+    pages->setCurrentPage(KOLT::DialogData::Page::Table);
+}
+
+/// The windows that the menus open.
+void takeDialogs(KOLT::DialogMain& window, Camera& camera)
+{
+    const std::pair<int, const char*> dialogs[] = {
+        {8, "about"}, {9, "profile"}, {10, "help"}, {15, "preferences"}};
+    for (const auto& [command, name] : dialogs) {
+        for (QAction* action : window.actions()) {
+            if (action->data().toInt() == command)
+                action->trigger();
+        }
+        QCoreApplication::processEvents();
+        for (QDialog* dialog : window.findChildren<QDialog*>()) {
+            if (!dialog->isVisible())
+                continue;
+            camera.take(*dialog, QLatin1String(name));
+            dialog->close();
+        }
+    }
+}
+
 } // namespace
 
-/// kolt-screenshots DIR: opens the program with its settings and saves pictures of its windows.
+/// kolt-screenshots DIR: opens the program with its settings, goes the typical road, and saves a
+/// picture of every page. With "-emu" the bare display.
 int main(int argc, char* argv[])
 {
     initKoltResources();
+    const bool isEmu = argc > 2 && QByteArray(argv[2]) == "-emu";
+    const char* const options[] = {argv[0], "-emu"};
+    KOLT::Startup::parseCommandLine(isEmu ? 2 : 1, options);
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("KOLT"));
     std::setlocale(LC_NUMERIC, "C");
@@ -58,18 +139,28 @@ int main(int argc, char* argv[])
     }
     QApplication::setStyle(QStringLiteral("Fusion"));
     KOLT::Startup::loadSettings();
+    KOLT::Startup::installTranslations(application);
+    KOLT::Startup::applyFontSize();
     KOLT::Startup::applyStyleSheet(application);
     KOLT::DialogMain window;
-    if (!QTest::qWaitForWindowExposed(&window) || !openFirstCycle(window)) {
-        std::fprintf(stderr, "kolt-screenshots: no card with flights in the last folder\n");
+    Camera camera(directory);
+    if (!QTest::qWaitForWindowExposed(&window))
         return 1;
-    }
-    const QString pattern = directory + QStringLiteral("/main-window-%1x%2.png");
-    for (const QSize size : {QSize(1000, 800), QSize(1600, 1000)}) {
-        if (!saveWindow(window, size, pattern.arg(size.width()).arg(size.height()))) {
-            std::fprintf(stderr, "kolt-screenshots: could not save the main window\n");
+    if (isEmu) {
+        if (!waitFor([&] { return window.card().dataSet() != nullptr && !window.isBusy(); }))
+            return 1;
+        camera.take(window, QStringLiteral("emu"));
+    } else {
+        if (!openFirstFlight(window)) {
+            std::fprintf(stderr, "kolt-screenshots: no card with flights in the last folder\n");
             return 1;
         }
+        takePages(window, camera);
+        takeDialogs(window, camera);
+    }
+    if (!camera.isGood()) {
+        std::fprintf(stderr, "kolt-screenshots: a picture could not be saved\n");
+        return 1;
     }
     return 0;
 }

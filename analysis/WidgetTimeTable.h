@@ -1,0 +1,47 @@
+#pragma once
+
+#include <QTableView>
+
+namespace KOLT {
+
+class TimeRowDelegate;
+
+/// A table whose first column stays in sight when it is scrolled sideways, with a line across the
+/// row of the current time.
+class WidgetTimeTable : public QTableView
+{
+    Q_OBJECT
+
+public:
+    explicit WidgetTimeTable(QWidget* parent = nullptr);
+
+    void setModel(QAbstractItemModel* model) override;
+
+    /// Row of the current time, -1 for none. Makes it the current row, without selecting it, and
+    /// brings it to the middle when it is out of sight.
+    void setTimeRow(int row);
+
+    /// Makes every column as wide as its heading and the values in sight need.
+    void fitColumns();
+
+signals:
+    /// The copy key was pressed in the table.
+    void signalCopy();
+
+protected:
+    bool event(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
+
+private:
+    void createFrozenColumn();
+    void placeFrozenColumn();
+    void updateRow(int row);
+    void bringInSight(int row);
+
+    TimeRowDelegate* m_delegate;
+    QTableView* m_frozen; ///< the first column once more, over the table's own
+};
+
+} // namespace KOLT
