@@ -170,9 +170,11 @@ void DialogPreferences::apply()
 bool DialogPreferences::storeMap()
 {
     SettingsStore& settings = SettingsStore::instance();
-    const QByteArray server = m_tileServer->text().trimmed().toUtf8();
+    QByteArray server = m_tileServer->text().trimmed().toUtf8();
+    if (server.isEmpty())
+        server = defaultTileServer;
     bool isChanged = settings.getText("TileServer", defaultTileServer) != server;
-    settings.setText("TileServer", server); // empty: the default again
+    settings.setText("TileServer", server);
     isChanged |= storeDouble("MapShadingContrast", 1.0, m_contrast->value());
     isChanged |= storeDouble("MapShadingBrightness", 1.0, m_brightness->value());
     isChanged |= storeDouble("MapShadingFactor", 0.5, m_factor->value());

@@ -5,9 +5,9 @@
     <name>KOLT::DialogDataTable</name>
     <message numerus="yes">
         <source>%Ln row(s)</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%Ln row</numerusform>
+            <numerusform>%Ln rows</numerusform>
         </translation>
     </message>
 </context>
@@ -15,23 +15,23 @@
     <name>KOLT::DialogMain</name>
     <message numerus="yes">
         <source>%n record file(s)</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n record file</numerusform>
+            <numerusform>%n record files</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>%n engine cycle(s)</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n engine cycle</numerusform>
+            <numerusform>%n engine cycles</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>%n file(s)</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n file</numerusform>
+            <numerusform>%n files</numerusform>
         </translation>
     </message>
 </context>

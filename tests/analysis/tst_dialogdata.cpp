@@ -1,0 +1,299 @@
+#include "analysis/DataPage.h"
+#include "analysis/DialogData.h"
+#include "app/settings/CommandLineOptions.h"
+#include "profile/Profile.h"
+#include "record/DataSet.h"
+#include "resources/Resources.h"
+#include "tests/support/RecordingFixture.h"
+
+#include <QDoubleSpinBox>
+#include <QLCDNumber>
+#include <QSignalSpy>
+#include <QSlider>
+#include <QSplitter>
+#include <QTabBar>
+#include <QTest>
+#include <QTimeEdit>
+#include <QToolButton>
+
+using namespace KOLT;
+using namespace KOLT::Test;
+
+using Page = DialogData::Page;
+
+namespace {
+
+/// Counts the work it is made to do.
+class CountingPage : public DataPage
+{
+public:
+    QStringList log;
+
+protected:
+    void dropData() override { log << "drop"; }
+
+    void showData() override { log << (dataSet() != nullptr ? "data" : "nothing"); }
+
+    void showTime() override { log << QString::number(time()); }
+};
+
+} // namespace
+
+class TestDialogData : public QObject
+{
+    Q_OBJECT
+
+private slots:
+
+    void initTestCase() { initKoltResources(); }
+
+    void init();
+
+    void cleanup() { m_window.reset(); }
+
+    void hiddenPagesWorkWhenShown();
+    void timeReachesThePages_data();
+    void timeReachesThePages();
+    void displaysFollowTheTime();
+    void controlsMoveTheTime();
+    void speedControlsStayInStep();
+    void replayRunsPausesAndRewinds();
+    void dataSetWithoutExtent();
+    void mapLayouts();
+    void emuDisplayHidesControls();
+
+private:
+    template <typename Widget>
+    Widget* child(int index = 0) const
+    {
+        return m_window->findChildren<Widget*>().value(index);
+    }
+
+    QSlider* slider() const
+    {
+        return find<QSlider>([](auto* w) { return w->minimum() == 0; });
+    }
+
+    QSlider* speedSlider() const
+    {
+        return find<QSlider>([](auto* w) { return w->minimum() > 0; });
+    }
+
+    QToolButton* button(const QString& start) const
+    {
+        return find<QToolButton>([&](auto* w) { return w->text().startsWith(start); });
+    }
+
+    template <typename Widget, typename Predicate>
+    Widget* find(Predicate&& isWanted) const
+    {
+        const QList<Widget*> all = m_window->findChildren<Widget*>();
+        const auto found = std::ranges::find_if(all, isWanted);
+        return found == all.end() ? nullptr : *found;
+    }
+
+    double timeOf(Page page) const { return m_window->page(page).time(); }
+
+    Profile m_profile;
+    DataSet m_dataSet;
+    double m_clock = 0.0;
+    std::unique_ptr<DialogData> m_window;
+};
+
+void TestDialogData::init()
+{
+    m_clock = 1000.0;
+    m_dataSet.startSeconds = 100.0;
+    m_dataSet.stopSeconds = 300.0;
+    m_dataSet.dateTime = QDateTime(QDate(2026, 7, 28), QTime(14, 0), Qt::UTC);
+    m_window = std::make_unique<DialogData>(m_profile, nullptr, [this] { return m_clock; });
+    m_window->setData(m_dataSet);
+}
+
+void TestDialogData::hiddenPagesWorkWhenShown()
+{
+    CountingPage page;
+    page.setData(&m_dataSet);
+    page.setTime(1.0);
+    page.setTime(2.0);
+    QCOMPARE(page.log, QStringList{"drop"});
+    page.setShown(true);
+    QCOMPARE(page.log, (QStringList{"drop", "data", "2"}));
+    page.log.clear();
+    page.setTime(3.0);
+    page.refresh();
+    QCOMPARE(page.log, (QStringList{"3", "data", "3"}));
+    page.log.clear();
+    page.setShown(false);
+    page.setTime(4.0);
+    page.clear();
+    QCOMPARE(page.log, QStringList{"drop"}); // at once: the data set goes
+    QCOMPARE(page.dataSet(), nullptr);
+    page.setShown(true);
+    QCOMPARE(page.log, (QStringList{"drop", "nothing", "4"}));
+}
+
+void TestDialogData::timeReachesThePages_data()
+{
+    QTest::addColumn<QByteArray>("slot");
+    QTest::addColumn<QList<int>>("others"); // that are not told
+
+    const auto add = [](const char* slot, std::initializer_list<Page> others) {
+        QList<int> pages;
+        for (const Page page : others)
+            pages << static_cast<int>(page);
+        QTest::newRow(slot) << QByteArray(slot) << pages;
+    };
+    add("slotCursor", {Page::Graph, Page::Statistic});
+    add("slotTableTime", {Page::Table, Page::Statistic});
+    add("slotLimitTime", {Page::Limit, Page::Statistic});
+    add("slotWarningTime", {Page::WarningLamps, Page::Statistic, Page::Map});
+    add("slotSlider", {});
+    add("slotValue", {});
+}
+
+void TestDialogData::timeReachesThePages()
+{
+    QFETCH(QByteArray, slot);
+    QFETCH(QList<int>, others);
+    bool isCalled = false;
+    if (slot == "slotCursor")
+        isCalled = QMetaObject::invokeMethod(m_window.get(), slot, Q_ARG(float, 200.0F),
+                                             Q_ARG(double, 7.0));
+    else if (slot == "slotSlider")
+        isCalled = QMetaObject::invokeMethod(m_window.get(), slot, Q_ARG(int, 5000));
+    else if (slot == "slotValue")
+        isCalled = QMetaObject::invokeMethod(m_window.get(), slot, Q_ARG(QTime, QTime(0, 3, 20)));
+    else
+        isCalled = QMetaObject::invokeMethod(m_window.get(), slot, Q_ARG(double, 200.0));
+    QVERIFY(isCalled);
+    QCOMPARE(m_window->time(), 200.0);
+    for (int page = 0; page < static_cast<int>(DialogData::pageCount); ++page)
+        QCOMPARE(timeOf(static_cast<Page>(page)), others.contains(page) ? 100.0 : 200.0);
+}
+
+void TestDialogData::displaysFollowTheTime()
+{
+    m_window->setTime(3661.25);
+    QCOMPARE(slider()->value(), 10'000);
+    QCOMPARE(child<QTimeEdit>()->time(), QTime(1, 1, 1, 250));
+    m_window->setTime(150.0);
+    QCOMPARE(slider()->value(), 2500);
+    QCOMPARE(m_window->time(), 150.0); // the window's own writing does not come back
+    QCOMPARE(child<QLCDNumber>(0)->digitCount(), 19);
+    QCOMPARE(child<QLCDNumber>(1)->digitCount(), 12);
+    m_window->clear();
+    QVERIFY(!button("Replay Start")->isEnabled());
+    for (int page = 0; page < static_cast<int>(DialogData::pageCount); ++page) {
+        QCOMPARE(m_window->page(static_cast<Page>(page)).dataSet(), nullptr);
+        QCOMPARE(timeOf(static_cast<Page>(page)), 0.0);
+    }
+}
+
+void TestDialogData::controlsMoveTheTime()
+{
+    m_window->show();
+    QVERIFY(QTest::qWaitForWindowExposed(m_window.get()));
+    slider()->setValue(1234);
+    QCOMPARE(m_window->time(), 100.0 + 200.0 / 10'000 * 1234);
+    QCOMPARE(child<QTimeEdit>()->time(), QTime(0, 2, 4, 680));
+    QTimeEdit* const edit = child<QTimeEdit>();
+    edit->setFocus();
+    edit->setSelectedSection(QTimeEdit::SecondSection);
+    QTest::keyClick(edit, Qt::Key_Up);
+    QCOMPARE(m_window->time(), 125.0); // whole seconds on this way
+    QCOMPARE(slider()->value(), 1250);
+}
+
+void TestDialogData::speedControlsStayInStep()
+{
+    auto* const box = child<QDoubleSpinBox>();
+    box->setValue(2.5);
+    QCOMPARE(speedSlider()->value(), 250);
+    speedSlider()->setValue(1234);
+    QCOMPARE(box->value(), 12.34);
+    QCOMPARE(box->text(), "Speed 12.34");
+    speedSlider()->setValue(10'000);
+    QCOMPARE(box->value(), 100.0);
+}
+
+void TestDialogData::replayRunsPausesAndRewinds()
+{
+    m_window->show();
+    QToolButton* const start = button("Replay Start");
+    QToolButton* const stop = button("Replay Stop");
+    QVERIFY(!stop->isEnabled());
+    child<QDoubleSpinBox>()->setValue(10.0);
+    QTest::mouseClick(start, Qt::LeftButton);
+    QCOMPARE(start->text(), "Replay Pause");
+    QVERIFY(stop->isEnabled());
+    m_clock += 5.0;
+    QTRY_COMPARE(timeOf(Page::Map), 150.0);
+    QTest::mouseClick(start, Qt::LeftButton);
+    QCOMPARE(start->text(), "Replay Run");
+    m_clock += 5.0; // a pause does not count
+    QTest::mouseClick(start, Qt::LeftButton);
+    m_clock += 1.0;
+    QTRY_COMPARE(m_window->time(), 160.0);
+    m_clock += 14.5;
+    QTRY_COMPARE(start->text(), "Replay Start"); // beyond the end
+    QCOMPARE(timeOf(Page::Table), 100.0);
+    QVERIFY(!stop->isEnabled());
+
+    QTest::mouseClick(start, Qt::LeftButton);
+    m_clock += 1.0;
+    QTRY_COMPARE(m_window->time(), 110.0);
+    QTest::mouseClick(stop, Qt::LeftButton);
+    QCOMPARE(m_window->time(), 100.0);
+    QCOMPARE(start->text(), "Replay Start");
+}
+
+void TestDialogData::dataSetWithoutExtent()
+{
+    m_dataSet.stopSeconds = m_dataSet.startSeconds;
+    m_window->setData(m_dataSet);
+    QCOMPARE(slider()->value(), 0);
+    slider()->setValue(7000);
+    QCOMPARE(m_window->time(), 100.0);
+}
+
+void TestDialogData::mapLayouts()
+{
+    m_window->resize(900, 700);
+    m_window->show();
+    QVERIFY(QTest::qWaitForWindowExposed(m_window.get()));
+    auto* const splitter = child<QSplitter>();
+    const auto choose = [&](const QString& tip) {
+        QTest::mouseClick(find<QToolButton>([&](auto* w) { return w->toolTip() == tip; }),
+                          Qt::LeftButton);
+    };
+    choose("Hide Map Display");
+    QCOMPARE(splitter->sizes().at(1), 0);
+    choose("Tile Map Display Vertically");
+    QCOMPARE(splitter->orientation(), Qt::Vertical);
+    const QList<int> halves = splitter->sizes();
+    QVERIFY2(std::abs(halves[0] - halves[1]) <= 1, qPrintable(QString::number(halves[0])));
+    splitter->setSizes({halves[0] + 50, halves[1] - 50});
+    const QList<int> sizes = splitter->sizes();
+    choose("Tile Map Display Vertically");
+    QCOMPARE(splitter->sizes(), sizes);
+    choose("Tile Map Display Horizontally");
+    QCOMPARE(splitter->orientation(), Qt::Horizontal);
+}
+
+void TestDialogData::emuDisplayHidesControls()
+{
+    CommandLineOptions::instance().addFlag("-emu", "EMU display only");
+    const char* const arguments[] = {"kolt", "-emu"};
+    CommandLineOptions::instance().parse(2, arguments);
+    m_window = std::make_unique<DialogData>(m_profile);
+    CommandLineOptions::instance().addFlag("-emu", "EMU display only"); // not given any more
+    QVERIFY(!child<QLCDNumber>(0)->isHidden());
+    QVERIFY(child<QLCDNumber>(1)->isHidden());
+    QVERIFY(slider()->isHidden());
+    QVERIFY(child<QTimeEdit>()->isHidden());
+    QVERIFY(!button("Replay Start")->isHidden());
+}
+
+QTEST_MAIN(TestDialogData)
+#include "tst_dialogdata.moc"

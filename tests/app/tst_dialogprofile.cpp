@@ -1,0 +1,152 @@
+#include "app/DialogProfile.h"
+#include "tests/support/ProfileFixture.h"
+
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QTest>
+#include <QTreeWidget>
+
+using namespace KOLT;
+using namespace KOLT::Test;
+
+class TestDialogProfile : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+
+    void cleanup() { m_panel.reset(); }
+
+    void checksAreADraftUntilConfirmed();
+    void devicesAreTristate();
+    void filterHidesAndProtects();
+    void listTakesOut();
+    void refreshFollowsTheProfile();
+
+private:
+    QStringList selected() const
+    {
+        QStringList names;
+        for (const ProfileParameter* parameter : m_profile.selectedParameters())
+            names << parameter->fullName;
+        return names;
+    }
+
+    QTreeWidgetItem* item(const QString& name) const
+    {
+        return m_tree->findItems(name, Qt::MatchExactly | Qt::MatchRecursive).value(0);
+    }
+
+    /// Clicks the check box of an item, as a user does.
+    void toggle(const QString& name)
+    {
+        QTreeWidgetItem* const wanted = item(name);
+        m_tree->scrollToItem(wanted);
+        const QRect rect = m_tree->visualItemRect(wanted);
+        QTest::mouseClick(m_tree->viewport(), Qt::LeftButton, {},
+                          QPoint(rect.left() + 10, rect.center().y()));
+    }
+
+    QPushButton* button(const QString& text) const
+    {
+        for (QPushButton* candidate : m_panel->findChildren<QPushButton*>()) {
+            if (candidate->text() == text)
+                return candidate;
+        }
+        return nullptr;
+    }
+
+    Profile m_profile;
+    std::unique_ptr<DialogProfile> m_panel;
+    QTreeWidget* m_tree = nullptr;
+};
+
+void TestDialogProfile::init()
+{
+    QVERIFY(loadProfile(m_profile, "<Device name='Engine'><Parameter name='Speed' id='1'/>"
+                                   "<Parameter name='Oil' id='2'/></Device><Device name='GPS'>"
+                                   "<Parameter name='Speed over ground' id='3'/></Device>"));
+    m_profile.select([](const ProfileParameter& parameter) { return parameter.name == "Oil"; });
+    m_panel = std::make_unique<DialogProfile>(m_profile);
+    m_tree = m_panel->findChild<QTreeWidget*>();
+    m_panel->resize(300, 500);
+    m_panel->show();
+    QVERIFY(QTest::qWaitForWindowExposed(m_panel.get()));
+    m_tree->expandAll();
+}
+
+void TestDialogProfile::checksAreADraftUntilConfirmed()
+{
+    const QSignalSpy changed(m_panel.get(), &DialogProfile::signalChanged);
+    QPushButton* const confirm = button("Confirm Selection");
+    QVERIFY(!confirm->isEnabled());
+    toggle("Speed over ground");
+    QCOMPARE(item("Speed over ground")->checkState(0), Qt::Checked);
+    QCOMPARE(selected(), QStringList{"Engine/Oil"});
+    QVERIFY(confirm->isEnabled());
+    QTest::mouseClick(confirm, Qt::LeftButton);
+    QCOMPARE(selected(), (QStringList{"Engine/Oil", "GPS/Speed over ground"}));
+    QCOMPARE(changed.size(), 1);
+    QVERIFY(!confirm->isEnabled());
+    QTest::mouseClick(button("Clear"), Qt::LeftButton);
+    QCOMPARE(item("Oil")->checkState(0), Qt::Unchecked);
+    QCOMPARE(selected().size(), 2);
+    QTest::mouseClick(confirm, Qt::LeftButton);
+    QCOMPARE(selected(), QStringList());
+}
+
+void TestDialogProfile::devicesAreTristate()
+{
+    QCOMPARE(item("Engine")->checkState(0), Qt::PartiallyChecked);
+    QCOMPARE(item("GPS")->checkState(0), Qt::Unchecked);
+    toggle("Speed");
+    QCOMPARE(item("Engine")->checkState(0), Qt::Checked);
+    toggle("Engine");
+    QCOMPARE(item("Oil")->checkState(0), Qt::Unchecked);
+}
+
+void TestDialogProfile::filterHidesAndProtects()
+{
+    auto* const filter = m_panel->findChild<QLineEdit*>();
+    QTest::keyClicks(filter, "speed");
+    QVERIFY(item("Oil")->isHidden());
+    QVERIFY(!item("Speed over ground")->isHidden());
+    toggle("Engine"); // would reach what cannot be seen
+    QCOMPARE(item("Oil")->checkState(0), Qt::Checked);
+    QCOMPARE(item("Speed")->checkState(0), Qt::Unchecked);
+    toggle("Speed");
+    filter->clear();
+    QTest::keyClicks(filter, "gps"); // a device's name shows all of it
+    QVERIFY(item("Engine")->isHidden());
+    QVERIFY(!item("Speed over ground")->isHidden());
+    filter->clear();
+    QVERIFY(!item("Oil")->isHidden());
+    QTest::mouseClick(button("Confirm Selection"), Qt::LeftButton);
+    QCOMPARE(selected(), (QStringList{"Engine/Oil", "Engine/Speed"}));
+}
+
+void TestDialogProfile::listTakesOut()
+{
+    toggle("Speed");
+    auto* const list = m_panel->findChild<QListWidget*>();
+    QCOMPARE(list->count(), 2);
+    list->setCurrentRow(1);
+    for (QAction* action : list->actions())
+        action->trigger();
+    QCOMPARE(list->count(), 1);
+    QCOMPARE(item("Speed")->checkState(0), Qt::Unchecked);
+}
+
+void TestDialogProfile::refreshFollowsTheProfile()
+{
+    m_profile.select([](const ProfileParameter& parameter) { return parameter.id == 3; });
+    m_panel->refresh();
+    QCOMPARE(item("Oil")->checkState(0), Qt::Unchecked);
+    QCOMPARE(m_panel->findChild<QListWidget*>()->item(0)->text(), "GPS/Speed over ground");
+}
+
+QTEST_MAIN(TestDialogProfile)
+#include "tst_dialogprofile.moc"

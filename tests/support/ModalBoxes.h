@@ -1,0 +1,88 @@
+#pragma once
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QTimer>
+
+#include <algorithm>
+#include <deque>
+
+namespace KOLT::Test {
+
+/// Answers the modal boxes that come up, in order, as long as it lives: message boxes by the text
+/// of a button, file dialogs by a path. A box without an answer is dismissed and noted.
+class ModalBoxes : public QObject
+{
+public:
+    ModalBoxes()
+    {
+        connect(&m_timer, &QTimer::timeout, this, &ModalBoxes::look);
+        m_timer.start(5);
+    }
+
+    /// The text of a button, the path for a file dialog, or empty to cancel.
+    void answer(const QString& text) { m_answers.push_back(text); }
+
+    /// "title|text|button, button" of the message boxes with the buttons from the left,
+    /// titles of the file dialogs.
+    const QStringList& seen() const { return m_seen; }
+
+    bool isDone() const { return m_answers.empty(); }
+
+private:
+    void look()
+    {
+        QWidget* const modal = QApplication::activeModalWidget();
+        if (modal == nullptr)
+            return;
+        QString text;
+        if (!m_answers.empty()) {
+            text = m_answers.front();
+            m_answers.pop_front();
+        }
+        if (auto* const box = qobject_cast<QMessageBox*>(modal))
+            answerBox(*box, text);
+        else if (auto* const dialog = qobject_cast<QFileDialog*>(modal))
+            answerDialog(*dialog, text);
+    }
+
+    void answerBox(QMessageBox& box, const QString& text)
+    {
+        QStringList buttons;
+        QAbstractButton* wanted = nullptr;
+        QList<QAbstractButton*> inSight = box.buttons();
+        std::ranges::sort(inSight, {}, &QWidget::x);
+        for (QAbstractButton* button : inSight) {
+            buttons << button->text();
+            if (button->text() == text)
+                wanted = button;
+        }
+        m_seen << QStringList{box.windowTitle(), box.text(), buttons.join(", ")}.join('|');
+        if (wanted != nullptr)
+            wanted->click();
+        else
+            box.reject();
+    }
+
+    void answerDialog(QFileDialog& dialog, const QString& path)
+    {
+        m_seen << dialog.windowTitle();
+        if (path.isEmpty()) {
+            dialog.reject();
+            return;
+        }
+        if (dialog.fileMode() == QFileDialog::Directory)
+            dialog.setDirectory(path);
+        dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->setText(path);
+        QMetaObject::invokeMethod(&dialog, "accept");
+    }
+
+    QTimer m_timer;
+    std::deque<QString> m_answers;
+    QStringList m_seen;
+};
+
+} // namespace KOLT::Test
