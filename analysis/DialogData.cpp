@@ -207,6 +207,13 @@ QGridLayout* DialogData::createControls()
     grid->setContentsMargins(spacing, 0, spacing, spacing);
     m_startButton = createReplayButton();
     m_startButton->setToolTip(tr("Start or pause the replay"));
+    // Its texts differ in length; the slider beside it must not move with them.
+    int width = 0;
+    for (const QString& text : {tr("Replay Start"), tr("Replay Pause"), tr("Replay Run")}) {
+        m_startButton->setText(text);
+        width = std::max(width, m_startButton->sizeHint().width());
+    }
+    m_startButton->setMinimumWidth(width);
     connect(m_startButton, &QToolButton::clicked, this, &DialogData::slotReplayMode);
     m_stopButton = createReplayButton();
     m_stopButton->setText(tr("Replay Stop"));

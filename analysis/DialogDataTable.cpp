@@ -77,8 +77,8 @@ DialogDataTable::DialogDataTable(const Profile& profile, QWidget* parent)
     createView();
 
     m_hint = new QLabel(this);
+    m_hint->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred); // never widens the page
     auto* const bar = new QHBoxLayout;
-    bar->addWidget(m_hint, 1);
     for (QAction* action : {m_previousChange, m_nextChange}) {
         auto* const button = new QToolButton(this);
         button->setDefaultAction(action);
@@ -86,11 +86,13 @@ DialogDataTable::DialogDataTable(const Profile& profile, QWidget* parent)
         button->setAutoRaise(true);
         bar->addWidget(button);
     }
+    bar->addStretch();
     auto* const table = new QWidget(this);
     auto* const tableLayout = new QVBoxLayout(table);
     tableLayout->setContentsMargins(pageMargin, pageMargin, pageMargin, pageMargin);
     tableLayout->addLayout(bar);
     tableLayout->addWidget(m_view);
+    tableLayout->addWidget(m_hint);
 
     m_empty = new QLabel(this);
     m_empty->setObjectName(QStringLiteral("emptyState"));
@@ -149,7 +151,8 @@ void DialogDataTable::showData()
         m_view->fitColumns();
         showRowCount();
     } else if (dataSet() == nullptr) {
-        m_empty->setText(tr("Choose a cycle or a flight on the left to see its values."));
+        m_empty->setText(
+            tr("Choose a cycle or a flight on the left to see its values.\nF1 opens the help."));
     } else if (!hasParameters) {
         m_empty->setText(tr("No parameters are selected. Check some in the list on the left and "
                             "press \"Confirm Selection\"."));
@@ -187,7 +190,7 @@ void DialogDataTable::jumpToChange(bool forward)
 {
     const QModelIndex from = m_view->currentIndex();
     if (from.column() == TimeTableModel::timeColumn) {
-        m_hint->setText(tr("Select a cell of the parameter to search first."));
+        m_hint->setText(tr("First select a cell of the parameter to search."));
         return;
     }
     const int row = m_model.changedRow(from, forward);
@@ -208,7 +211,7 @@ void DialogDataTable::copySelection()
     if (cellCount(selection) > maxCopiedCells) {
         QMessageBox::information(
             this, tr("KOLT Info"),
-            tr("Not copied: more than %1 cells are selected.\nSelect fewer, or "
+            tr("Not copied: more than %L1 cells are selected.\nSelect fewer, or "
                "export the data as a CSV file.")
                 .arg(maxCopiedCells));
         return;

@@ -10,8 +10,21 @@
 
 namespace KOLT {
 
-/// Draws the line of the current time across its row.
-class TimeRowDelegate : public QStyledItemDelegate
+namespace {
+
+constexpr QSize swatchSize(4, 12); ///< of a threshold's colour
+constexpr int cellPadding = 4;
+constexpr int rowPadding = 6;
+constexpr int columnPadding = 12;
+constexpr int frozenColumn = 0;
+constexpr QColor timeColor(0x2f, 0x66, 0x90);
+constexpr QColor timeVeil(0x2f, 0x66, 0x90, 28);
+
+} // namespace
+
+/// Draws the cells. The style's own drawing lays every text out several times, which is too slow
+/// for a replay over a full screen.
+class TimeTableDelegate : public QStyledItemDelegate
 {
 public:
     using QStyledItemDelegate::QStyledItemDelegate;
@@ -23,38 +36,57 @@ public:
     void paint(QPainter* painter, const QStyleOptionViewItem& option,
                const QModelIndex& index) const override
     {
-        QStyledItemDelegate::paint(painter, option, index);
-        if (index.row() != m_timeRow)
-            return;
-        QColor color = option.palette.color(QPalette::Highlight);
         const QRect& cell = option.rect;
-        painter->fillRect(QRect(cell.left(), cell.bottom() - 1, cell.width(), 2), color);
-        constexpr int veil = 28;
-        color.setAlpha(veil);
-        painter->fillRect(cell, color);
+        const QVariant background = index.data(Qt::BackgroundRole);
+        if (option.state.testFlag(QStyle::State_Selected))
+            painter->fillRect(cell, option.palette.color(QPalette::Highlight));
+        else if (background.isValid())
+            painter->fillRect(cell, background.value<QColor>());
+        const QVariant swatch = index.data(Qt::DecorationRole);
+        if (swatch.isValid())
+            painter->fillRect(QRect(QPoint(cell.left() + cellPadding,
+                                           cell.center().y() - swatchSize.height() / 2),
+                                    swatchSize),
+                              swatch.value<QColor>());
+        paintText(*painter, option, index);
+        if (option.state.testFlag(QStyle::State_HasFocus)) {
+            painter->setPen(timeColor);
+            painter->drawRect(cell.adjusted(0, 0, -1, -1));
+        }
+        if (index.row() == m_timeRow) {
+            painter->fillRect(cell, timeVeil);
+            painter->fillRect(QRect(cell.left(), cell.bottom() - 1, cell.width(), 2), timeColor);
+        }
     }
 
 private:
+    static void paintText(QPainter& painter, const QStyleOptionViewItem& option,
+                          const QModelIndex& index)
+    {
+        QString text = index.data().toString();
+        if (text.isEmpty())
+            return;
+        const QRect place = option.rect.adjusted(cellPadding, 0, -cellPadding, 0);
+        // Measuring costs as much as drawing; only a long text can be too wide.
+        if (text.size() * option.fontMetrics.maxWidth() / 2 > place.width())
+            text = option.fontMetrics.elidedText(text, Qt::ElideRight, place.width());
+        const QVariant foreground = index.data(Qt::ForegroundRole);
+        painter.setPen(foreground.isValid() ? foreground.value<QColor>()
+                                            : option.palette.color(QPalette::Text));
+        painter.setFont(option.font);
+        painter.drawText(place, Qt::AlignRight | Qt::AlignVCenter | Qt::TextSingleLine, text);
+    }
+
     int m_timeRow = -1;
 };
 
-namespace {
-
-constexpr QSize swatchSize(4, 12); ///< of a threshold's colour
-constexpr int rowPadding = 6;
-constexpr int columnPadding = 12;
-constexpr int frozenColumn = 0;
-
-} // namespace
-
 WidgetTimeTable::WidgetTimeTable(QWidget* parent)
     : QTableView(parent)
-    , m_delegate(new TimeRowDelegate(this))
+    , m_delegate(new TimeTableDelegate(this))
     , m_frozen(new QTableView(this))
 {
     setHorizontalScrollMode(ScrollPerPixel);
-    setTabKeyNavigation(false);                        // Tab leaves the table
-    horizontalHeader()->setResizeContentsPrecision(0); // of the rows, only those in sight
+    setTabKeyNavigation(false); // Tab leaves the table
     for (QTableView* view : {static_cast<QTableView*>(this), m_frozen}) {
         view->setItemDelegate(m_delegate);
         view->setIconSize(swatchSize);
@@ -70,6 +102,7 @@ WidgetTimeTable::WidgetTimeTable(QWidget* parent)
 void WidgetTimeTable::createFrozenColumn()
 {
     m_frozen->setObjectName(QStringLiteral("frozenColumn"));
+    m_frozen->setAutoScroll(false); // it follows the table's scroll bar
     m_frozen->setFocusPolicy(Qt::NoFocus);
     m_frozen->setFrameShape(QFrame::NoFrame);
     m_frozen->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -121,6 +154,18 @@ void WidgetTimeTable::bringInSight(int row)
     const int sideways = horizontalScrollBar()->value();
     scrollTo(model()->index(row, frozenColumn), PositionAtCenter);
     horizontalScrollBar()->setValue(sideways);
+}
+
+int WidgetTimeTable::sizeHintForColumn(int column) const
+{
+    // Of millions of rows, some from all over the recording tell how long the values get.
+    constexpr int samples = 64;
+    const int rows = model()->rowCount();
+    const int step = std::max(rows / samples, 1);
+    int width = 0;
+    for (int row = 0; row < rows; row += step)
+        width = std::max(width, sizeHintForIndex(model()->index(row, column)).width());
+    return width;
 }
 
 void WidgetTimeTable::updateRow(int row)

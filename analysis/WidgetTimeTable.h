@@ -4,7 +4,7 @@
 
 namespace KOLT {
 
-class TimeRowDelegate;
+class TimeTableDelegate;
 
 /// A table whose first column stays in sight when it is scrolled sideways, with a line across the
 /// row of the current time.
@@ -21,7 +21,7 @@ public:
     /// brings it to the middle when it is out of sight.
     void setTimeRow(int row);
 
-    /// Makes every column as wide as its heading and the values in sight need.
+    /// Makes every column as wide as its heading and its values need; O(columns).
     void fitColumns();
 
 signals:
@@ -29,6 +29,7 @@ signals:
     void signalCopy();
 
 protected:
+    int sizeHintForColumn(int column) const override;
     bool event(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
@@ -40,7 +41,7 @@ private:
     void updateRow(int row);
     void bringInSight(int row);
 
-    TimeRowDelegate* m_delegate;
+    TimeTableDelegate* m_delegate;
     QTableView* m_frozen; ///< the first column once more, over the table's own
 };
 

@@ -163,7 +163,10 @@ void DialogMain::slotCanChanged()
 
 void DialogMain::slotLoadRecord(const std::list<QString>& paths)
 {
-    load(paths);
+    // Whatever the order of the clicks: start, date and stop come from the first and last file.
+    Files ordered = paths;
+    ordered.sort();
+    load(ordered);
 }
 
 void DialogMain::slotLoadCycle(unsigned int cycle, int flight)
@@ -205,7 +208,7 @@ void DialogMain::loadNow(const Choice& choice)
     tellUnreadFiles();
     if (!isLoaded)
         statusBar()->showMessage(
-            tr("%1 is not there any more; the whole cycle is loaded.").arg(nameOf(choice)));
+            tr("Not there any more: %1. The whole cycle is loaded.").arg(nameOf(choice)));
 }
 
 QString DialogMain::nameOf(const Choice& choice) const
@@ -233,9 +236,11 @@ void DialogMain::showDataInWords(const Choice& choice)
     const auto time = [](double seconds) {
         return clockTime(seconds).toString(QStringLiteral("hh:mm:ss"));
     };
+    const QString files = tr("%n file(s)", nullptr, static_cast<int>(fileCount));
+    const bool isCount = std::holds_alternative<Files>(choice) && fileCount > 1;
     m_dataInWords->setText(
-        tr("%1: %2, %3 samples, %4 to %5 (%6)")
-            .arg(nameOf(choice), tr("%n file(s)", nullptr, static_cast<int>(fileCount)),
+        tr("%1, %2 samples, %3 to %4 (%5)")
+            .arg(isCount ? nameOf(choice) : tr("%1: %2").arg(nameOf(choice), files),
                  QLocale().toString(static_cast<qulonglong>(dataSet.messages.sampleCount())),
                  time(dataSet.startSeconds), time(dataSet.stopSeconds),
                  time(dataSet.stopSeconds - dataSet.startSeconds)));

@@ -51,7 +51,7 @@ Result install(const QString& path)
     if (!isProfile(path))
         return Result::NotAProfile;
     if (QFileInfo(path).canonicalFilePath() == QFileInfo(target).canonicalFilePath())
-        return Result::Installed;
+        return Result::InUse;
     const bool isSaved = !QFile::exists(target) || QFile::copy(target, freeBackupName(target));
     const bool isInstalled = isSaved && replaceByCopy(path, target);
     Diagnostics::print("ProfileInstaller::install <%s> %d\n", qUtf8Printable(path),

@@ -9,6 +9,7 @@ namespace ProfileInstaller {
 
 enum class Result {
     Installed,
+    InUse,       ///< it is the installed one already
     NotAProfile, ///< unreadable, no XML, or no parameters
     NotWritten   ///< the old profile is untouched
 };

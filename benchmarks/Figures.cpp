@@ -33,6 +33,8 @@ public:
         }
     }
 
+    bool has(const std::string& name) const { return m_seconds.contains(name); }
+
     double seconds(const std::string& name) const { return m_seconds.at(name); }
 
     void print() const
@@ -76,11 +78,16 @@ bool runAndPrint(int argc, char** argv, const std::vector<Figure>& figures)
     benchmark::RunSpecifiedBenchmarks(&times);
     times.print();
     bool allMet = true;
-    for (const Figure& figure : figures)
-        allMet = printFigure(figure.name,
-                             times.seconds(figure.benchmark) / times.seconds(figure.baseline),
-                             figure.bound, figure.target) &&
-                 allMet;
+    for (const Figure& figure : figures) {
+        const bool isRatio = !figure.baseline.empty();
+        // A filter on the command line may have left them out.
+        if (!times.has(figure.benchmark) || (isRatio && !times.has(figure.baseline)))
+            continue;
+        const double measured =
+            isRatio ? times.seconds(figure.benchmark) / times.seconds(figure.baseline)
+                    : times.seconds(figure.benchmark) * 1e3;
+        allMet = printFigure(figure.name, measured, figure.bound, figure.target) && allMet;
+    }
     return allMet;
 }
 

@@ -12,7 +12,7 @@ struct Figure
 
     std::string name;
     std::string benchmark; ///< its time is divided ...
-    std::string baseline;  ///< ... by the time of this one
+    std::string baseline;  ///< ... by the time of this one; empty: it is told in milliseconds
     Bound bound = Bound::AtMost;
     double target = 0.0;
 };

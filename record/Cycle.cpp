@@ -1,5 +1,7 @@
 #include "record/Cycle.h"
 
+#include <QCoreApplication>
+
 namespace KOLT {
 
 std::map<int, Cycle> divideIntoCycles(const std::map<QString, RecordFile>& files)
@@ -13,7 +15,7 @@ std::map<int, Cycle> divideIntoCycles(const std::map<QString, RecordFile>& files
         Cycle& cycle = cycles[number];
         if (cycle.fileNames.empty()) {
             cycle.number = number;
-            cycle.name = QStringLiteral("Cycle %1").arg(number);
+            cycle.name = QCoreApplication::translate("KOLT::Cycle", "Cycle %1").arg(number);
             cycle.dateTime = info.dateTime;
             cycle.startSeconds = info.startSeconds;
         }

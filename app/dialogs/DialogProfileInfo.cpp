@@ -49,8 +49,8 @@ QString headerText(const Profile& profile)
            row(DialogProfileInfo::tr("Variants"), variantNames(profile)) +
            row(DialogProfileInfo::tr("Active variant"), profile.activeVariant()) +
            row(DialogProfileInfo::tr("Contents"),
-               DialogProfileInfo::tr("%1 parameters in %2 messages of %3 devices, "
-                                     "%4 fault matrices")
+               DialogProfileInfo::tr("Parameters: %1, messages: %2, devices: %3, "
+                                     "fault matrices: %4")
                    .arg(profile.parameters().size())
                    .arg(messages.size())
                    .arg(profile.devices().size())

@@ -9,6 +9,7 @@
 #include <QApplication>
 #include <QFile>
 #include <QFont>
+#include <QLocale>
 #include <QSurfaceFormat>
 #include <QTranslator>
 
@@ -68,6 +69,10 @@ void installTranslations(QApplication& application)
     const QString locale = QString::fromUtf8(SettingsStore::instance().getText("Locale", "us"));
     installTranslation(application, toolkit, "QT", QStringLiteral("qt_"), locale);
     installTranslation(application, program, "IOS", QStringLiteral("kolt_"), locale);
+    // Numbers in the windows follow their language, not the system's; those of files never do.
+    QLocale::setDefault(locale == QLatin1String("de")
+                            ? QLocale(QLocale::German, QLocale::Germany)
+                            : QLocale(QLocale::English, QLocale::UnitedStates));
 }
 
 QString styleFile()

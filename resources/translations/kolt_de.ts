@@ -2,6 +2,13 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="de_DE" sourcelanguage="en_US">
 <context>
+    <name>KOLT::Cycle</name>
+    <message>
+        <source>Cycle %1</source>
+        <translation>Zyklus %1</translation>
+    </message>
+</context>
+<context>
     <name>KOLT::DialogAbout</name>
     <message>
         <source>About KOLT</source>
@@ -9,7 +16,7 @@
     </message>
     <message>
         <source>Debriefing viewer for the recordings of an engine management unit</source>
-        <translation>Debriefing-Programm für die Aufzeichnungen eines Motorsteuergeräts</translation>
+        <translation>Debriefing-Programm für Aufzeichnungen einer Motormanagement-Einheit (EMU)</translation>
     </message>
     <message>
         <source>Version of %1, with Qt %2</source>
@@ -221,10 +228,6 @@
         <translation>Kopieren</translation>
     </message>
     <message>
-        <source>Choose a cycle or a flight on the left to see its values.</source>
-        <translation>Wählen Sie links einen Zyklus oder einen Flug, um die Werte zu sehen.</translation>
-    </message>
-    <message>
         <source>No parameters are selected. Check some in the list on the left and press &quot;Confirm Selection&quot;.</source>
         <translation>Es sind keine Parameter ausgewählt. Kreuzen Sie links in der Liste welche an und klicken Sie auf „Auswahl bestätigen“.</translation>
     </message>
@@ -240,10 +243,6 @@
         </translation>
     </message>
     <message>
-        <source>Select a cell of the parameter to search first.</source>
-        <translation>Zuerst eine Parameterzelle wählen.</translation>
-    </message>
-    <message>
         <source>No further change in this column.</source>
         <translation>Keine weitere Änderung.</translation>
     </message>
@@ -256,10 +255,20 @@
         <translation>KOLT-Hinweis</translation>
     </message>
     <message>
-        <source>Not copied: more than %1 cells are selected.
+        <source>Choose a cycle or a flight on the left to see its values.
+F1 opens the help.</source>
+        <translation>Wählen Sie links einen Zyklus oder einen Flug, um seine Werte zu sehen.
+F1 öffnet die Hilfe.</translation>
+    </message>
+    <message>
+        <source>First select a cell of the parameter to search.</source>
+        <translation>Wählen Sie zuerst eine Zelle des gesuchten Parameters.</translation>
+    </message>
+    <message>
+        <source>Not copied: more than %L1 cells are selected.
 Select fewer, or export the data as a CSV file.</source>
-        <translation>Nicht kopiert: Es sind mehr als %1 Zellen ausgewählt.
-Wählen Sie weniger aus oder exportieren Sie die Daten als CSV-Datei.</translation>
+        <translation>Nicht kopiert: mehr als %L1 Zellen sind ausgewählt.
+Wählen Sie weniger oder exportieren Sie die Daten als CSV-Datei.</translation>
     </message>
 </context>
 <context>
@@ -366,16 +375,8 @@ kann nicht geöffnet werden. Bitte prüfen Sie, ob er vorhanden ist und gelesen 
         <translation>Lade %1</translation>
     </message>
     <message>
-        <source>%1 is not there any more; the whole cycle is loaded.</source>
-        <translation>%1 ist nicht mehr vorhanden; der ganze Zyklus ist geladen.</translation>
-    </message>
-    <message>
         <source>%1, flight %2</source>
         <translation>%1, Flug %2</translation>
-    </message>
-    <message>
-        <source>%1: %2, %3 samples, %4 to %5 (%6)</source>
-        <translation>%1: %2, %3 Messwerte, %4 bis %5 (%6)</translation>
     </message>
     <message numerus="yes">
         <source>%n file(s)</source>
@@ -401,6 +402,18 @@ Bitte prüfen Sie, ob die SD-Karte noch eingelegt ist und die Dateien lesbar sin
 is not a record file. Record files end with .CAN, .can or .xcb.</source>
         <translation>%1
 ist keine Aufzeichnungsdatei. Aufzeichnungsdateien enden auf .CAN, .can oder .xcb.</translation>
+    </message>
+    <message>
+        <source>Not there any more: %1. The whole cycle is loaded.</source>
+        <translation>Nicht mehr vorhanden: %1. Der ganze Zyklus ist geladen.</translation>
+    </message>
+    <message>
+        <source>%1, %2 samples, %3 to %4 (%5)</source>
+        <translation>%1, %2 Messwerte, %3 bis %4 (%5)</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
     </message>
 </context>
 <context>
@@ -440,10 +453,6 @@ ist keine Aufzeichnungsdatei. Aufzeichnungsdateien enden auf .CAN, .can oder .xc
     <message>
         <source>Choose...</source>
         <translation>Auswählen...</translation>
-    </message>
-    <message>
-        <source>Install another profile file in its place</source>
-        <translation>Stattdessen eine andere Profildatei installieren</translation>
     </message>
     <message>
         <source>&amp;Language</source>
@@ -492,6 +501,10 @@ ist keine Aufzeichnungsdatei. Aufzeichnungsdateien enden auf .CAN, .can oder .xc
     <message>
         <source>Shading f&amp;actor</source>
         <translation>&amp;Faktor der Schattierung</translation>
+    </message>
+    <message>
+        <source>Choose another profile file; OK installs it in the place of this one</source>
+        <translation>Andere Profildatei wählen; OK installiert sie anstelle dieser</translation>
     </message>
 </context>
 <context>
@@ -568,10 +581,6 @@ ist keine Aufzeichnungsdatei. Aufzeichnungsdateien enden auf .CAN, .can oder .xc
         <translation>Inhalt</translation>
     </message>
     <message>
-        <source>%1 parameters in %2 messages of %3 devices, %4 fault matrices</source>
-        <translation>Parameter: %1, Nachrichten: %2, Geräte: %3, Fehlermatrizen: %4</translation>
-    </message>
-    <message>
         <source>File</source>
         <translation>Datei</translation>
     </message>
@@ -594,6 +603,10 @@ ist keine Aufzeichnungsdatei. Aufzeichnungsdateien enden auf .CAN, .can oder .xc
     <message>
         <source>%1 of %2</source>
         <translation>%1 von %2</translation>
+    </message>
+    <message>
+        <source>Parameters: %1, messages: %2, devices: %3, fault matrices: %4</source>
+        <translation>Parameter: %1, Nachrichten: %2, Geräte: %3, Fehlermatrizen: %4</translation>
     </message>
 </context>
 <context>
@@ -792,28 +805,38 @@ Sie gelten bis zum Ende des Programms. Bitte prüfen Sie, ob der Ordner beschrei
         <translation>Profil installieren</translation>
     </message>
     <message>
-        <source>Profile Files (*.xml)</source>
-        <translation>Profildateien (*.xml)</translation>
-    </message>
-    <message>
-        <source>The profile
-%1
-is installed. A backup of the one before stays beside it.</source>
-        <translation>Das Profil
-%1
-ist installiert. Vom bisherigen Profil bleibt eine Sicherungskopie.</translation>
-    </message>
-    <message>
         <source>Not a valid KOLT profile !</source>
         <translation>Kein gültiges KOLT-Profil!</translation>
     </message>
     <message>
+        <source>Profile Files (*.xml);;All Files (*)</source>
+        <translation>Profildateien (*.xml);;Alle Dateien (*)</translation>
+    </message>
+    <message>
+        <source>The profile
+%1
+is installed as
+%2
+The previous one is kept beside it as a backup.</source>
+        <translation>Das Profil
+%1
+ist installiert als
+%2
+Das vorherige bleibt daneben als Sicherung erhalten.</translation>
+    </message>
+    <message>
+        <source>This profile is in use already:
+%1</source>
+        <translation>Dieses Profil wird bereits verwendet:
+%1</translation>
+    </message>
+    <message>
         <source>The profile could not be written to
 %1
-Please check that the folder can be written and is not full. The profile before is still in use.</source>
+Please check that the folder can be written and is not full. The previous profile is still in use.</source>
         <translation>Das Profil konnte nicht geschrieben werden:
 %1
-Bitte prüfen Sie, ob der Ordner beschreibbar und nicht voll ist. Das bisherige Profil wird weiter verwendet.</translation>
+Bitte prüfen Sie, ob der Ordner beschreibbar und nicht voll ist. Das vorherige Profil wird weiter verwendet.</translation>
     </message>
 </context>
 <context>

@@ -118,7 +118,9 @@ void TestDialogDataTable::followsWithoutReporting()
                                      QItemSelectionModel::Select);
     m_page->setTime(70.4);
     QCOMPARE(m_view->currentIndex().row(), 70);
-    QVERIFY(m_view->viewport()->rect().contains(m_view->visualRect(cell(70, 0)).center()));
+    const int top = m_view->visualRect(cell(70, 0)).top();
+    const int height = m_view->viewport()->height();
+    QVERIFY2(top > height / 4 && top < height * 3 / 4, qPrintable(QString::number(top)));
     QCOMPARE(m_view->selectionModel()->selectedIndexes().size(), 4); // the user's stays
     m_page->setTime(-5.0);
     QCOMPARE(m_view->currentIndex().row(), 0);

@@ -471,7 +471,7 @@ void TestMainWindow::profileInstallation()
     QCOMPARE(ProfileInstaller::install(file), Result::Installed);
     QCOMPARE(readFile(ProfileInstaller::installedPath()), profile);
     QCOMPARE(readFile(ProfileInstaller::installedPath() + ".bak"), before);
-    QCOMPARE(ProfileInstaller::install(ProfileInstaller::installedPath()), Result::Installed);
+    QCOMPARE(ProfileInstaller::install(ProfileInstaller::installedPath()), Result::InUse);
 
     open();
     QCOMPARE(m_window->profile().parameters().front().name, "New");

@@ -1,0 +1,201 @@
+// The data window on the sample card, drawn by the software renderer: from a click on a flight to
+// all pages ready, a step of the replay, and a table of two million rows.
+
+#include "analysis/DialogData.h"
+#include "analysis/DialogDataTable.h"
+#include "app/base/Diagnostics.h"
+#include "benchmarks/Figures.h"
+#include "record/CardContainer.h"
+#include "resources/Resources.h"
+#include "tools/samplecard/SampleCard.h"
+
+#include <QApplication>
+#include <QPainter>
+#include <QPixmap>
+#include <QScrollBar>
+#include <QTableView>
+#include <QTemporaryDir>
+
+#include <benchmark/benchmark.h>
+#include <cstdio>
+#include <memory>
+
+using namespace KOLT;
+
+namespace {
+
+constexpr QSize windowSize(1600, 1000);
+constexpr int cycle = 1;
+constexpr int manyRows = 2'000'000;
+
+Profile& profile()
+{
+    static Profile profile;
+    return profile;
+}
+
+CardContainer& card()
+{
+    static CardContainer card(profile());
+    return card;
+}
+
+/// One parameter in every tenth of a second, as many rows as that gives.
+const DataSet& longDataSet()
+{
+    static const auto dataSet = [] {
+        auto set = std::make_unique<DataSet>();
+        const auto id = static_cast<std::uint32_t>(profile().selectedParameters().front()->id);
+        for (int i = 0; i < manyRows; ++i) {
+            const auto ticks = static_cast<std::uint64_t>(i) * 3'200'000;
+            set->messages.append(id, static_cast<std::uint32_t>(ticks >> 32),
+                                 static_cast<std::uint32_t>(ticks));
+        }
+        set->stopSeconds = manyRows / 10.0;
+        return set;
+    }();
+    return *dataSet;
+}
+
+void paint()
+{
+    QCoreApplication::processEvents();
+}
+
+/// A window with the data page in front.
+std::unique_ptr<DialogData> openWindow()
+{
+    auto window = std::make_unique<DialogData>(profile());
+    window->resize(windowSize);
+    window->show();
+    paint();
+    return window;
+}
+
+void loadFlight(benchmark::State& state)
+{
+    for (auto _ : state)
+        card().loadFlight(cycle, 0);
+}
+
+void loadAndShowFlight(benchmark::State& state)
+{
+    const auto window = openWindow();
+    for (auto _ : state) {
+        window->clear();
+        card().loadFlight(cycle, 0);
+        window->setData(*card().dataSet());
+        paint();
+    }
+}
+
+/// As much text as the visible part of the table, straight to a pixmap.
+void paintTexts(benchmark::State& state)
+{
+    QPixmap pixmap(windowSize);
+    for (auto _ : state) {
+        pixmap.fill(Qt::white);
+        QPainter painter(&pixmap);
+        for (int row = 0; row < 40; ++row) {
+            for (int column = 0; column < 7; ++column)
+                painter.drawText(QRect(column * 90, row * 20, 80, 20), Qt::AlignRight, "1234.56");
+        }
+    }
+}
+
+void replayStep(benchmark::State& state)
+{
+    card().loadFlight(cycle, 0);
+    const auto window = openWindow();
+    window->setData(*card().dataSet());
+    paint();
+    double seconds = card().dataSet()->startSeconds;
+    for (auto _ : state) {
+        seconds += 2.0; // 20 ms at the highest speed
+        if (seconds > card().dataSet()->stopSeconds)
+            seconds = card().dataSet()->startSeconds;
+        window->setTime(seconds);
+        paint();
+    }
+}
+
+/// What every opening has to do at least: look at each sample's tenth once.
+void walkRows(benchmark::State& state)
+{
+    const ProfileParameter& parameter = *profile().selectedParameters().front();
+    for (auto _ : state) {
+        std::int64_t sum = 0;
+        for (const StoredSample& sample : seriesOf(longDataSet().messages, parameter))
+            sum += sample.tenths();
+        benchmark::DoNotOptimize(sum);
+    }
+}
+
+void openLongTable(benchmark::State& state)
+{
+    const auto window = openWindow();
+    for (auto _ : state) {
+        window->setData(longDataSet());
+        paint();
+    }
+}
+
+void scrollPage(benchmark::State& state)
+{
+    const auto window = openWindow();
+    window->setData(longDataSet());
+    paint();
+    auto* const view = window->findChild<DialogDataTable*>()->findChild<QTableView*>();
+    QScrollBar* const bar = view->verticalScrollBar();
+    for (auto _ : state) {
+        bar->setValue(bar->value() + bar->pageStep());
+        if (bar->value() == bar->maximum())
+            bar->setValue(0);
+        paint();
+    }
+}
+
+BENCHMARK(loadFlight)->Unit(benchmark::kMillisecond);
+BENCHMARK(loadAndShowFlight)->Unit(benchmark::kMillisecond);
+BENCHMARK(paintTexts)->Unit(benchmark::kMillisecond);
+BENCHMARK(replayStep)->Unit(benchmark::kMillisecond);
+BENCHMARK(walkRows)->Unit(benchmark::kMillisecond);
+BENCHMARK(openLongTable)->Unit(benchmark::kMillisecond);
+BENCHMARK(scrollPage)->Unit(benchmark::kMillisecond);
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    Diagnostics::setSink([](std::string_view) {});
+    QApplication application(argc, argv);
+    initKoltResources();
+    const QTemporaryDir directory;
+    SampleCard::SampleCardOptions options;
+    options.folder = directory.path();
+    options.profilePath = QStringLiteral(KOLT_PROFILE);
+    QString error;
+    if (!SampleCard::writeSampleCard(options, &error) ||
+        !profile().loadProfil(options.profilePath, QStringLiteral("915")) ||
+        !card().readContainer(directory.path()) || !card().loadCycle(cycle) ||
+        card().flightsOf(cycle).empty()) {
+        std::fprintf(stderr, "bench_window: no card to work on: %s\n", qUtf8Printable(error));
+        return 2;
+    }
+    int chosen = 0;
+    profile().select([&](const ProfileParameter& parameter) {
+        return parameter.rule == DecodingRule::Float && chosen++ < 6;
+    });
+    using Bound = Bench::Figure::Bound;
+    const bool met = Bench::runAndPrint(
+        argc, argv,
+        {{"click on a flight to pages ready, ms", "loadAndShowFlight", "", Bound::AtMost, 300.0},
+         {"  / loading the flight", "loadAndShowFlight", "loadFlight", Bound::AtMost, 3.0},
+         {"step of the replay, ms", "replayStep", "", Bound::AtMost, 8.0},
+         {"  / painting as many texts", "replayStep", "paintTexts", Bound::AtMost, 10.0},
+         {"opening 2,000,000 rows, ms", "openLongTable", "", Bound::AtMost, 500.0},
+         {"  / looking at each sample once", "openLongTable", "walkRows", Bound::AtMost, 30.0},
+         {"scrolling a page of them, ms", "scrollPage", "", Bound::AtMost, 16.0},
+         {"  / painting as many texts", "scrollPage", "paintTexts", Bound::AtMost, 10.0}});
+    return met ? 0 : 1;
+}

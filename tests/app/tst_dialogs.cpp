@@ -1,0 +1,170 @@
+#include "app/dialogs/DialogAbout.h"
+#include "app/dialogs/DialogHelp.h"
+#include "app/dialogs/DialogPreferences.h"
+#include "app/dialogs/DialogProfileInfo.h"
+#include "app/dialogs/ParameterListModel.h"
+#include "app/settings/SettingsStore.h"
+#include "app/startup/Startup.h"
+#include "resources/Resources.h"
+#include "tests/support/ProfileFixture.h"
+
+#include <QAbstractItemModelTester>
+#include <QApplication>
+#include <QComboBox>
+#include <QDialogButtonBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QRegularExpression>
+#include <QSignalSpy>
+#include <QSpinBox>
+#include <QTableView>
+#include <QTest>
+#include <QTextBrowser>
+
+using namespace KOLT;
+using namespace KOLT::Test;
+
+class TestDialogs : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void preferencesAreStoredAndApplied();
+    void profileParametersCanBeSearched();
+    void manualHasAllItsLinks_data();
+    void manualHasAllItsLinks();
+    void licencesAreShown();
+    void translationsAreThere();
+
+private:
+    QTemporaryDir m_home;
+};
+
+void TestDialogs::initTestCase()
+{
+    qputenv("XDG_DATA_HOME", QFile::encodeName(m_home.path()));
+    initKoltResources();
+    const DiagnosticsCapture output;
+    Startup::loadSettings();
+}
+
+void TestDialogs::preferencesAreStoredAndApplied()
+{
+    const DiagnosticsCapture output;
+    SettingsStore& settings = SettingsStore::instance();
+    DialogPreferences dialog;
+    QSignalSpy unit(&dialog, &DialogPreferences::signalUnitChanged);
+    const QSignalSpy map(&dialog, &DialogPreferences::signalMapChanged);
+    dialog.show();
+    const auto combos = dialog.findChildren<QComboBox*>();
+    auto* const fontSize = dialog.findChild<QSpinBox*>();
+    auto* const restart = dialog.findChild<QLabel*>("hint");
+    QCOMPARE(fontSize->value(), 12);
+    QVERIFY(!restart->isVisible());
+    combos.at(0)->setCurrentIndex(1);
+    QVERIFY(restart->isVisible()); // the language waits for a restart, and it is said
+    combos.at(1)->setCurrentIndex(1);
+    fontSize->setValue(17);
+    dialog.findChildren<QDoubleSpinBox*>().at(2)->setValue(0.75);
+    QCOMPARE(settings.getText("Locale", "us"), "us"); // nothing before OK
+    auto* const buttons = dialog.findChild<QDialogButtonBox*>();
+    QTest::mouseClick(buttons->button(QDialogButtonBox::Ok), Qt::LeftButton);
+    QVERIFY(!dialog.isVisible());
+    QCOMPARE(settings.getText("Locale"), "de");
+    QCOMPARE(settings.getDouble("MapShadingFactor", 0.0), 0.75);
+    QCOMPARE(QApplication::font().pixelSize(), 17);
+    QCOMPARE(unit.takeFirst().value(0).toInt(), 1);
+    QCOMPARE(map.size(), 1);
+
+    dialog.show(); // what is cancelled is forgotten
+    fontSize->setValue(9);
+    QTest::mouseClick(buttons->button(QDialogButtonBox::Cancel), Qt::LeftButton);
+    dialog.show();
+    QCOMPARE(fontSize->value(), 17);
+    QCOMPARE(settings.getInteger("FontSize", 0), 17);
+}
+
+void TestDialogs::profileParametersCanBeSearched()
+{
+    const DiagnosticsCapture output;
+    Profile profile;
+    QVERIFY(loadProfile(
+        profile, device({"name='Oil' id='259' dataType='FLOAT' unitMetric='bar'",
+                         "name='Lamp' id='1280' startBit='3' endBit='4' dataType='BLONG'"})));
+    DialogProfileInfo dialog(profile);
+    ParameterListModel model(profile);
+    const QAbstractItemModelTester tester(&model);
+    QCOMPARE(model.index(1, ParameterListModel::Bits).data().toString(), "3-4");
+    QCOMPARE(model.index(0, ParameterListModel::Bits).data().toString(), "");
+    auto* const list = dialog.findChild<QTableView*>();
+    auto* const search = dialog.findChild<QLineEdit*>();
+    QCOMPARE(list->model()->rowCount(), 2);
+    QTest::keyClicks(search, "1280");
+    QCOMPARE(list->model()->rowCount(), 1);
+    QCOMPARE(list->model()->index(0, ParameterListModel::Name).data().toString(), "Lamp");
+    search->setText("BAR");
+    QCOMPARE(list->model()->index(0, ParameterListModel::Name).data().toString(), "Oil");
+    QVERIFY(loadProfile(profile, ""));
+    dialog.refresh();
+    QCOMPARE(list->model()->rowCount(), 0);
+}
+
+void TestDialogs::manualHasAllItsLinks_data()
+{
+    QTest::addColumn<QString>("word");
+
+    QTest::newRow("us") << "flight";
+    QTest::newRow("de") << "Flug";
+    QTest::newRow("xx") << "flight"; // English where there is none
+}
+
+void TestDialogs::manualHasAllItsLinks()
+{
+    QFETCH(QString, word);
+    DialogHelp dialog(QTest::currentDataTag());
+    auto* const browser = dialog.findChild<QTextBrowser*>();
+    QVERIFY(browser->toPlainText().contains(word));
+    const QString html = browser->document()->toHtml();
+    static const QRegularExpression link("href=\"#(\\w+)\"");
+    int count = 0;
+    for (auto it = link.globalMatch(html); it.hasNext(); ++count) {
+        const QString anchor = it.next().captured(1);
+        QVERIFY2(html.contains("name=\"" + anchor + "\""), qPrintable(anchor));
+    }
+    QVERIFY(count >= 10);
+    auto* const search = dialog.findChild<QLineEdit*>();
+    QTest::keyClicks(search, "KOLT.ini");
+    QTest::keyClick(search, Qt::Key_Return);
+    QCOMPARE(browser->textCursor().selectedText(), "KOLT.ini");
+}
+
+void TestDialogs::licencesAreShown()
+{
+    const DialogAbout dialog;
+    const auto texts = dialog.findChildren<QPlainTextEdit*>();
+    QCOMPARE(texts.size(), 4);
+    for (const QPlainTextEdit* text : texts)
+        QVERIFY(text->toPlainText().size() > 300);
+}
+
+void TestDialogs::translationsAreThere()
+{
+    const DiagnosticsCapture output;
+    SettingsStore::instance().setText("Locale", "de");
+    Startup::installTranslations(*qApp);
+    QVERIFY2(output.text().contains("Translation IOS <de> 1\n"), qPrintable(output.text()));
+    QCOMPARE(DialogPreferences::tr("Preferences"), "Einstellungen");
+    QCOMPARE(QLocale().decimalPoint(), ",");
+    SettingsStore::instance().setText("Locale", "us");
+    Startup::installTranslations(*qApp);
+    QCOMPARE(DialogPreferences::tr("Preferences"), "Preferences");
+    SettingsStore::instance().setText("Locale", "fr");
+    Startup::installTranslations(*qApp);
+    QVERIFY(output.text().contains("Translation IOS <fr> 0\n"));
+}
+
+QTEST_MAIN(TestDialogs)
+#include "tst_dialogs.moc"
