@@ -1,7 +1,11 @@
 #include "analysis/DialogData.h"
 
+#include "analysis/DialogDataLimit.h"
+#include "analysis/DialogDataStatistic.h"
 #include "analysis/DialogDataTable.h"
+#include "analysis/DialogDataWarning.h"
 #include "analysis/WidgetEmptyPage.h"
+#include "analysis/WidgetFaultMatrix.h"
 #include "app/settings/CommandLineOptions.h"
 #include "libs/tusk/Timer.h"
 #include "record/ClockTime.h"
@@ -112,10 +116,13 @@ void DialogData::createPages()
     auto* const table = addPage(Page::Table, new DialogDataTable(m_profile, m_stack));
     connect(table, &DialogDataTable::signalTime, this, &DialogData::slotTableTime);
     addPage(Page::Graph, new WidgetEmptyPage(tr("Graph"), m_stack));
-    addPage(Page::FaultMatrix, new WidgetEmptyPage(tr("Fault Matrix"), m_stack));
-    addPage(Page::Limit, new WidgetEmptyPage(tr("Limit/Warning"), m_stack));
-    addPage(Page::WarningLamps, new WidgetEmptyPage(tr("Warning Lamps"), m_stack));
-    addPage(Page::Statistic, new WidgetEmptyPage(tr("Tow Statistic"), m_stack));
+    auto* const faults = addPage(Page::FaultMatrix, new WidgetFaultMatrix(m_profile, m_stack));
+    connect(faults, &WidgetFaultMatrix::signalTime, this, &DialogData::slotFaultTime);
+    auto* const limits = addPage(Page::Limit, new DialogDataLimit(m_profile, m_stack));
+    connect(limits, &DialogEventList::signalTime, this, &DialogData::slotLimitTime);
+    auto* const lamps = addPage(Page::WarningLamps, new DialogDataWarning(m_profile, m_stack));
+    connect(lamps, &DialogEventList::signalTime, this, &DialogData::slotWarningTime);
+    addPage(Page::Statistic, new DialogDataStatistic(m_stack));
     addPage(Page::EmuView, new WidgetEmptyPage(tr("EMU View"), m_stack));
     m_loading = new QLabel(m_stack);
     m_loading->setObjectName(QStringLiteral("emptyState"));
@@ -287,6 +294,14 @@ void DialogData::resizeEvent(QResizeEvent* event)
     if (m_tabs->sizeHint().width() > width() - mapButtonsWidth)
         showIcons(false);
     QWidget::resizeEvent(event);
+}
+
+void DialogData::changeEvent(QEvent* event)
+{
+    QWidget::changeEvent(event);
+    // Rows and columns are as large as their texts.
+    if (event->type() == QEvent::FontChange && m_loading != nullptr)
+        refresh();
 }
 
 void DialogData::setData(const DataSet& dataSet)
@@ -471,6 +486,11 @@ void DialogData::slotTableTime(double seconds)
 void DialogData::slotLimitTime(double seconds)
 {
     moveTo(seconds, {Page::Limit, Page::Statistic});
+}
+
+void DialogData::slotFaultTime(double seconds)
+{
+    moveTo(seconds, {Page::FaultMatrix, Page::Statistic});
 }
 
 void DialogData::slotWarningTime(double seconds)

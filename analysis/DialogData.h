@@ -87,10 +87,12 @@ private slots:
     void slotTableTime(double seconds);
     void slotLimitTime(double seconds);
     void slotWarningTime(double seconds);
+    void slotFaultTime(double seconds);
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    void changeEvent(QEvent* event) override;
 
 private:
     struct PageEntry

@@ -19,6 +19,7 @@ void findEventsOf(const Profile& profile, const Device& group, const ProfilePara
 {
     PositionFilter filter;
     ThresholdState previous = ThresholdState::Limit;
+    double previousNumber = 0.0;
     for (const StoredSample& sample : seriesOf(dataSet.messages, parameter)) {
         const double number = decodeNumber(sample.data, parameter, &filter);
         const Grade grade = gradeOf(parameter, number);
@@ -29,9 +30,10 @@ void findEventsOf(const Profile& profile, const Device& group, const ProfilePara
                     {sample.seconds(), &parameter, group.name,
                      QStringLiteral("%1 %2 %3 %4")
                          .arg(group.name, parameter.name, value, profile.unitLabel(parameter)),
-                     grade});
+                     grade, number >= previousNumber});
         }
         previous = grade.state;
+        previousNumber = number;
     }
 }
 

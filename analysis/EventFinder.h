@@ -17,6 +17,7 @@ struct Event
     QString group;
     QString text; ///< group, parameter, value and unit, in the profile's unit system
     Grade grade;
+    bool isRising = true; ///< the value went up when it crossed
 };
 
 enum class EventScope {

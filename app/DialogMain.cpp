@@ -3,16 +3,17 @@
 #include "analysis/DialogData.h"
 #include "app/DialogProfile.h"
 #include "app/MainActions.h"
-#include "app/Messages.h"
 #include "app/ProfileInstaller.h"
 #include "app/ProgressDisplay.h"
 #include "app/ProjectSession.h"
 #include "app/Selector.h"
 #include "app/base/Diagnostics.h"
 #include "app/dialogs/DialogAbout.h"
+#include "app/dialogs/DialogDaySheet.h"
 #include "app/dialogs/DialogHelp.h"
 #include "app/dialogs/DialogPreferences.h"
 #include "app/dialogs/DialogProfileInfo.h"
+#include "app/messages/Messages.h"
 #include "app/settings/CommandLineOptions.h"
 #include "app/settings/SettingsStore.h"
 #include "app/startup/Startup.h"
@@ -158,6 +159,7 @@ void DialogMain::createDialogs()
     m_help =
         new DialogHelp(QString::fromUtf8(SettingsStore::instance().getText("Locale", "us")), this);
     m_preferences = new DialogPreferences(this);
+    m_daySheet = new DialogDaySheet(m_profile, m_jobs, this);
     connect(m_profileInfo, &DialogProfileInfo::signalProfileChanged, this,
             &DialogMain::slotProfileFileChanged);
     connect(m_preferences, &DialogPreferences::signalProfileFileChanged, this,

@@ -24,6 +24,7 @@ namespace KOLT {
 class DialogAbout;
 class DialogCard;
 class DialogData;
+class DialogDaySheet;
 class DialogHelp;
 class DialogPreferences;
 class DialogProfile;
@@ -110,6 +111,8 @@ private:
     void load(const Choice& choice);
     void loadNow(const Choice& choice);
     QString nameOf(const Choice& choice) const;
+    Files filesOf(const Choice& choice) const;
+    void openDaySheet();
     void tellUnreadFiles();
     void showDataInWords(const Choice& choice);
     void refreshTitle();
@@ -139,6 +142,7 @@ private:
     DialogProfileInfo* m_profileInfo = nullptr;
     DialogHelp* m_help = nullptr;
     DialogPreferences* m_preferences = nullptr;
+    DialogDaySheet* m_daySheet = nullptr;
     QToolBar* m_toolBar = nullptr;
     Selector* m_profileSelector = nullptr;
     Selector* m_unitSelector = nullptr;

@@ -2,14 +2,15 @@
 #include "analysis/DialogData.h"
 #include "app/DialogMain.h"
 #include "app/MainActions.h"
-#include "app/Messages.h"
 #include "app/ProgressDisplay.h"
 #include "app/ProjectSession.h"
 #include "app/base/Diagnostics.h"
 #include "app/dialogs/DialogAbout.h"
+#include "app/dialogs/DialogDaySheet.h"
 #include "app/dialogs/DialogHelp.h"
 #include "app/dialogs/DialogPreferences.h"
 #include "app/dialogs/DialogProfileInfo.h"
+#include "app/messages/Messages.h"
 #include "app/settings/SettingsStore.h"
 #include "app/startup/Startup.h"
 #include "record/ClockTime.h"
@@ -84,6 +85,9 @@ void DialogMain::slotMenu(QAction* action)
         break;
     case Command::Preferences:
         showInFront(m_preferences);
+        break;
+    case Command::DaySheet:
+        openDaySheet();
         break;
     case Command::ExportKml:
     case Command::ExportCsv:
@@ -225,14 +229,34 @@ QString DialogMain::nameOf(const Choice& choice) const
     return picked->flight < 0 ? cycle : tr("%1, flight %2").arg(cycle).arg(picked->flight + 1);
 }
 
+DialogMain::Files DialogMain::filesOf(const Choice& choice) const
+{
+    if (const auto* const files = std::get_if<Files>(&choice))
+        return *files;
+    Files paths;
+    const auto* const picked = std::get_if<CycleChoice>(&choice);
+    const auto cycle =
+        picked != nullptr ? m_card.cycles().find(picked->cycle) : m_card.cycles().end();
+    if (cycle != m_card.cycles().end()) {
+        for (const QString& name : cycle->second.fileNames)
+            paths.push_back(QStringLiteral("%1/%2").arg(m_card.folder(), name));
+    }
+    return paths;
+}
+
+void DialogMain::openDaySheet()
+{
+    // Of a flight, the sheet lists all flights of its cycle.
+    Choice choice = m_choice;
+    if (auto* const picked = std::get_if<CycleChoice>(&choice))
+        picked->flight = -1;
+    m_daySheet->open({m_card.folder(), nameOf(choice), filesOf(choice)});
+}
+
 void DialogMain::showDataInWords(const Choice& choice)
 {
     const DataSet& dataSet = *m_card.dataSet();
-    std::size_t fileCount = 0;
-    if (const auto* const files = std::get_if<Files>(&choice))
-        fileCount = files->size();
-    else if (const auto* const picked = std::get_if<CycleChoice>(&choice))
-        fileCount = m_card.cycles().at(picked->cycle).fileNames.size();
+    const std::size_t fileCount = filesOf(choice).size();
     const auto time = [](double seconds) {
         return clockTime(seconds).toString(QStringLiteral("hh:mm:ss"));
     };

@@ -23,7 +23,8 @@ enum class Command {
     Help = 10,
     Preferences = 15,
     ExportKml = 17,
-    ExportCsv = 18
+    ExportCsv = 18,
+    DaySheet = 20
 };
 
 /// Creates the actions of all commands and places them. All of them belong to the window, so that

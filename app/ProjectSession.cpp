@@ -1,6 +1,6 @@
 #include "app/ProjectSession.h"
 
-#include "app/Messages.h"
+#include "app/messages/Messages.h"
 #include "app/project/Project.h"
 #include "app/settings/DataPaths.h"
 #include "app/settings/SettingsStore.h"

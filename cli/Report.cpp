@@ -1,13 +1,9 @@
-#include "analysis/EventFinder.h"
+#include "analysis/FlightLog.h"
 #include "cli/Arguments.h"
 #include "cli/Recording.h"
 #include "cli/Verbs.h"
 
-#include <QTime>
-
-#include <algorithm>
 #include <array>
-#include <cmath>
 
 namespace KOLT::Cli {
 
@@ -25,47 +21,16 @@ constexpr std::array columns{
     Column{"T/O dist", 9}, Column{"15 m", 8},     Column{"Exceeded", 9},
 };
 
-/// Sums over several flights.
-struct Totals
-{
-    int flights = 0;
-    double seconds = 0.0;
-    double fuel = 0.0;
-    std::size_t exceedances = 0;
-
-    void add(const Totals& other)
-    {
-        flights += other.flights;
-        seconds += other.seconds;
-        fuel += other.fuel;
-        exceedances += other.exceedances;
-    }
-};
-
-/// Hours may exceed a day.
-QString duration(double seconds)
-{
-    const auto whole = static_cast<qint64>(std::max(0.0, seconds));
-    return QStringLiteral("%1:%2:%3")
-        .arg(whole / 3600, 2, 10, QLatin1Char('0'))
-        .arg(whole / 60 % 60, 2, 10, QLatin1Char('0'))
-        .arg(whole % 60, 2, 10, QLatin1Char('0'));
-}
-
 /// The clock where the recording has one, the unit's counter otherwise.
-QString clock(const DataSet& dataSet, double seconds)
+QString clock(const QDateTime& dateTime, double seconds)
 {
-    if (!dataSet.dateTime.isValid())
-        return duration(seconds);
-    return dataSet.dateTime.addMSecs(static_cast<qint64>(seconds * 1000.0))
-        .toString(QStringLiteral("hh:mm:ss"));
+    return dateTime.isValid() ? dateTime.toString(QStringLiteral("hh:mm:ss"))
+                              : durationText(seconds);
 }
 
-QString number(double value, int decimals, const char* unit)
+QString figure(double value, int decimals, const char* unit)
 {
-    if (!std::isfinite(value))
-        return QStringLiteral("-");
-    return QString::number(value, 'f', decimals) + QLatin1String(unit);
+    return figureText(value, decimals, QLatin1String(unit));
 }
 
 QByteArray row(const QStringList& cells)
@@ -85,47 +50,39 @@ QByteArray headings()
     return row(titles);
 }
 
-QByteArray totalsLine(const char* label, const Totals& totals)
+QByteArray totalsLine(const char* label, const FlightTotals& totals)
 {
     return QStringLiteral(
                "%1: %2 flights, %3 in the air, %4 fuel, %5 limits or warnings exceeded\n")
         .arg(QLatin1String(label))
         .arg(totals.flights)
-        .arg(duration(totals.seconds), number(totals.fuel, 1, " l"))
+        .arg(durationText(totals.seconds), figure(totals.fuel, 1, "l"))
         .arg(totals.exceedances)
         .toUtf8();
 }
 
-QByteArray flightRow(const DataSet& dataSet, std::size_t index, std::size_t exceedances)
+QByteArray flightRow(const FlightLine& line)
 {
-    const Flight& flight = dataSet.flights[index];
-    return row({QString::number(index + 1), clock(dataSet, flight.takeOffSeconds),
-                clock(dataSet, flight.landingSeconds),
-                duration(flight.landingSeconds - flight.takeOffSeconds),
-                number(flight.maxAltitude, 0, " m"), number(flight.altitudeGain, 0, " m"),
-                number(flight.climbRate, 1, " m/s"), number(flight.fuel, 2, " l"),
-                number(flight.takeOffDistance, 0, " m"), number(flight.takeOffDistance15m, 0, " m"),
-                QString::number(exceedances)});
+    return row({QString::number(line.number), clock(line.takeOff, line.takeOffSeconds),
+                clock(line.landing, line.landingSeconds), durationText(line.flightSeconds()),
+                figure(line.maxAltitude, 0, "m"), figure(line.climb, 0, "m"),
+                figure(line.climbRate, 1, "m/s"), figure(line.fuel, 2, "l"),
+                figure(line.takeOffDistance, 0, "m"), figure(line.takeOffDistance15m, 0, "m"),
+                QString::number(line.exceedances)});
 }
 
 /// Prints the flights of the loaded cycle.
-Totals reportFlights(const Profile& profile, const DataSet& dataSet)
+FlightTotals reportFlights(const Profile& profile, const DataSet& dataSet)
 {
-    const std::vector<Event> events = findEvents(profile, dataSet, EventScope::AllParameters);
-    Totals totals;
-    totals.exceedances = events.size();
-    if (!dataSet.flights.empty())
+    const FlightLog log = flightLog(profile, dataSet);
+    FlightTotals totals;
+    if (!log.lines.empty())
         writeOutput(headings());
-    for (std::size_t i = 0; i < dataSet.flights.size(); ++i) {
-        const Flight& flight = dataSet.flights[i];
-        const auto inFlight = std::ranges::count_if(events, [&](const Event& event) {
-            return event.seconds >= flight.startSeconds && event.seconds <= flight.endSeconds;
-        });
-        writeOutput(flightRow(dataSet, i, static_cast<std::size_t>(inFlight)));
-        ++totals.flights;
-        totals.seconds += flight.landingSeconds - flight.takeOffSeconds;
-        totals.fuel += flight.fuel;
+    for (const FlightLine& line : log.lines) {
+        writeOutput(flightRow(line));
+        totals.add(line);
     }
+    totals.exceedances = log.exceedances; // also those outside of flights
     return totals;
 }
 
@@ -144,19 +101,19 @@ QString report(const Arguments& arguments)
                     .arg(card.folder(), QString::number(card.files().size()),
                          QString::number(card.cycles().size()))
                     .toUtf8());
-    Totals all;
+    FlightTotals all;
     for (const auto& [cycleNumber, cycle] : card.cycles()) {
         const QString date = cycle.dateTime.isValid()
                                  ? cycle.dateTime.toString(QStringLiteral("dd.MM.yyyy hh:mm:ss"))
                                  : QStringLiteral("Unknown Date");
         writeOutput(QStringLiteral("\n%1  %2  %3  %4 files\n")
-                        .arg(cycle.name, date, duration(cycle.durationSeconds()))
+                        .arg(cycle.name, date, durationText(cycle.durationSeconds()))
                         .arg(cycle.fileNames.size())
                         .toUtf8());
         card.loadCycle(cycleNumber);
         for (const QString& name : card.dataSet()->unreadFiles)
             writeOutput(" " + name.toUtf8() + " could not be read: what follows lacks it\n");
-        const Totals totals = reportFlights(recording.profile(), *card.dataSet());
+        const FlightTotals totals = reportFlights(recording.profile(), *card.dataSet());
         writeOutput(totalsLine(" Sum", totals));
         all.add(totals);
     }

@@ -26,19 +26,22 @@ CORE_USES = {
 LIBS = {"libs/tusk", "libs/tessamap", "libs/zinc"}
 FACES = {room + ".face" for room in CORE_USES}
 SHARED = {"base", "settings", "project"}
+# Shared by the faces: message boxes.
+SHARED_FACES = {"messages"}
 # The data window hosts the pages of these rooms.
 HOSTED_FACES = {"analysis.face": {"graph.face", "map.face"}}
 OUTER = {"tools", "tests", "benchmarks", "fuzz"}
-ALL = SHARED | set(CORE_USES) | FACES | LIBS | OUTER | {"app", "cli", "resources"}
+ALL = SHARED | SHARED_FACES | set(CORE_USES) | FACES | LIBS | OUTER | {"app", "cli", "resources"}
 WINDOWLESS = SHARED | set(CORE_USES) | {"cli"}
 
 
 def allowed_uses():
-    uses = {"base": set(), "settings": {"base"}, "project": {"base", "profile"}}
+    uses = {"base": set(), "settings": {"base"}, "project": {"base", "profile"},
+            "messages": {"base", "settings"}}
     uses.update(CORE_USES)
     for room, below in CORE_USES.items():
         face = room + ".face"
-        uses[face] = {room} | below | LIBS | SHARED | HOSTED_FACES.get(face, set())
+        uses[face] = {room} | below | LIBS | SHARED | SHARED_FACES | HOSTED_FACES.get(face, set())
     for lib in LIBS:
         uses[lib] = {"libs/tusk"}
     uses["resources"] = set()
@@ -79,7 +82,7 @@ def layer_of(path):
         return None
     room = parts[0]
     if room == "app":
-        return parts[1] if len(parts) > 2 and parts[1] in SHARED else "app"
+        return parts[1] if len(parts) > 2 and parts[1] in SHARED | SHARED_FACES else "app"
     if room in CORE_USES:
         return room + ".face" if re.match(r"Dialog|Widget", parts[-1]) else room
     if room == "libs":

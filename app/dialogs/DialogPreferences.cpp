@@ -1,8 +1,8 @@
 #include "app/dialogs/DialogPreferences.h"
 
-#include "app/Messages.h"
 #include "app/ProfileInstaller.h"
 #include "app/dialogs/ProfileInstallation.h"
+#include "app/messages/Messages.h"
 #include "app/settings/SettingsStore.h"
 #include "app/startup/Startup.h"
 

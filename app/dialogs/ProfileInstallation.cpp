@@ -1,7 +1,7 @@
 #include "app/dialogs/ProfileInstallation.h"
 
-#include "app/Messages.h"
 #include "app/ProfileInstaller.h"
+#include "app/messages/Messages.h"
 
 #include <QCoreApplication>
 #include <QFileDialog>

@@ -9,6 +9,64 @@
     </message>
 </context>
 <context>
+    <name>KOLT::DaySheet</name>
+    <message>
+        <source>Unknown Date</source>
+        <translation>Datum unbekannt</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n flight(s)</source>
+        <translation>
+            <numerusform>%n Flug</numerusform>
+            <numerusform>%n Flüge</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Date</source>
+        <translation>Datum</translation>
+    </message>
+    <message>
+        <source>Take-off</source>
+        <translation>Start</translation>
+    </message>
+    <message>
+        <source>Landing</source>
+        <translation>Landung</translation>
+    </message>
+    <message>
+        <source>Flight time</source>
+        <translation>Flugzeit</translation>
+    </message>
+    <message>
+        <source>Max. alt. [m]</source>
+        <translation>Max. Höhe [m]</translation>
+    </message>
+    <message>
+        <source>Climb [m]</source>
+        <translation>Steigen [m]</translation>
+    </message>
+    <message>
+        <source>Fuel [l]</source>
+        <translation>Kraftstoff [l]</translation>
+    </message>
+    <message>
+        <source>T/O distance [m]</source>
+        <translation>Startstrecke [m]</translation>
+    </message>
+    <message>
+        <source>Exceedances</source>
+        <translation>Überschreitungen</translation>
+    </message>
+    <message>
+        <source>Sum %1</source>
+        <translation>Summe %1</translation>
+    </message>
+    <message>
+        <source>Total</source>
+        <translation>Gesamt</translation>
+    </message>
+</context>
+<context>
     <name>KOLT::DialogAbout</name>
     <message>
         <source>About KOLT</source>
@@ -206,6 +264,80 @@
     </message>
 </context>
 <context>
+    <name>KOLT::DialogDataLimit</name>
+    <message>
+        <source>Warning/Limit Exceed</source>
+        <translation>Warnung/Grenzwert überschritten</translation>
+    </message>
+</context>
+<context>
+    <name>KOLT::DialogDataStatistic</name>
+    <message>
+        <source>Choose a flight on the left to see its figures.</source>
+        <translation>Wählen Sie links einen Flug, um seine Zahlen zu sehen.</translation>
+    </message>
+    <message>
+        <source>Flight Time</source>
+        <translation>Flugzeit</translation>
+    </message>
+    <message>
+        <source>Total Fuel Lane A</source>
+        <translation>Kraftstoff Lane A</translation>
+    </message>
+    <message>
+        <source>Total Fuel Lane B</source>
+        <translation>Kraftstoff Lane B</translation>
+    </message>
+    <message>
+        <source>Total Fuel</source>
+        <translation>Kraftstoff gesamt</translation>
+    </message>
+    <message>
+        <source>Minimum Alt</source>
+        <translation>Minimale Höhe</translation>
+    </message>
+    <message>
+        <source>Maximum Alt</source>
+        <translation>Maximale Höhe</translation>
+    </message>
+    <message>
+        <source>Total Climb</source>
+        <translation>Gesamtes Steigen</translation>
+    </message>
+    <message>
+        <source>Average Climb Rate</source>
+        <translation>Mittlere Steigrate</translation>
+    </message>
+    <message>
+        <source>Average Descend Rate</source>
+        <translation>Mittlere Sinkrate</translation>
+    </message>
+    <message>
+        <source>Max Ground Speed</source>
+        <translation>Max. Geschwindigkeit über Grund</translation>
+    </message>
+    <message>
+        <source>Time / 100m</source>
+        <translation>Zeit / 100 m</translation>
+    </message>
+    <message>
+        <source>Fuel / 100m</source>
+        <translation>Kraftstoff / 100 m</translation>
+    </message>
+    <message>
+        <source>Take Off Distance</source>
+        <translation>Startstrecke</translation>
+    </message>
+    <message>
+        <source>Take Off Distance 15m</source>
+        <translation>Startstrecke bis 15 m</translation>
+    </message>
+    <message>
+        <source>&lt;br&gt;&lt;br&gt;&lt;b&gt;No flight selected&lt;/b&gt;</source>
+        <translation>&lt;br&gt;&lt;br&gt;&lt;b&gt;Kein Flug ausgewählt&lt;/b&gt;</translation>
+    </message>
+</context>
+<context>
     <name>KOLT::DialogDataTable</name>
     <message>
         <source>Previous change</source>
@@ -269,6 +401,171 @@ F1 öffnet die Hilfe.</translation>
 Select fewer, or export the data as a CSV file.</source>
         <translation>Nicht kopiert: mehr als %L1 Zellen sind ausgewählt.
 Wählen Sie weniger oder exportieren Sie die Daten als CSV-Datei.</translation>
+    </message>
+</context>
+<context>
+    <name>KOLT::DialogDataWarning</name>
+    <message>
+        <source>Warning Lamps</source>
+        <translation>Warnlampen</translation>
+    </message>
+</context>
+<context>
+    <name>KOLT::DialogDaySheet</name>
+    <message>
+        <source>Day Sheet</source>
+        <translation>Tagesblatt</translation>
+    </message>
+    <message>
+        <source>Which flights the sheet lists</source>
+        <translation>Welche Flüge das Blatt aufführt</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Flights of</source>
+        <translation>Flüge von</translation>
+    </message>
+    <message>
+        <source>Print...</source>
+        <translation>Drucken...</translation>
+    </message>
+    <message>
+        <source>Save as PDF...</source>
+        <translation>Als PDF sichern...</translation>
+    </message>
+    <message>
+        <source>Save as CSV...</source>
+        <translation>Als CSV sichern...</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>All of %1</source>
+        <translation>Alle in %1</translation>
+    </message>
+    <message>
+        <source>Reading %1</source>
+        <translation>Lese %1</translation>
+    </message>
+    <message>
+        <source>Cancelled</source>
+        <translation>Abgebrochen</translation>
+    </message>
+    <message>
+        <source>Incomplete: these files could not be read: %1</source>
+        <translation>Unvollständig: Diese Dateien konnten nicht gelesen werden: %1</translation>
+    </message>
+    <message>
+        <source>No flights were found.</source>
+        <translation>Keine Flüge gefunden.</translation>
+    </message>
+    <message>
+        <source>Flights of %1</source>
+        <translation>Flüge von %1</translation>
+    </message>
+    <message>
+        <source>Save as PDF</source>
+        <translation>Als PDF sichern</translation>
+    </message>
+    <message>
+        <source>PDF Files (*.pdf)</source>
+        <translation>PDF-Dateien (*.pdf)</translation>
+    </message>
+    <message>
+        <source>Save as CSV</source>
+        <translation>Als CSV sichern</translation>
+    </message>
+    <message>
+        <source>CSV Files (*.csv)</source>
+        <translation>CSV-Dateien (*.csv)</translation>
+    </message>
+</context>
+<context>
+    <name>KOLT::DialogEventList</name>
+    <message>
+        <source>Limit</source>
+        <translation>Grenzwert</translation>
+    </message>
+    <message>
+        <source>Warning</source>
+        <translation>Warnung</translation>
+    </message>
+    <message>
+        <source>until the end of the data</source>
+        <translation>bis zum Ende der Daten</translation>
+    </message>
+    <message>
+        <source>No exceedance in this data set</source>
+        <translation>Keine Überschreitung in diesen Daten</translation>
+    </message>
+    <message>
+        <source>Filter the list</source>
+        <translation>Liste filtern</translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation>Zeit</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>Kopieren</translation>
+    </message>
+    <message>
+        <source>Save list as CSV</source>
+        <translation>Liste als CSV sichern</translation>
+    </message>
+    <message>
+        <source>Choose a cycle or a flight on the left to see what was exceeded.</source>
+        <translation>Wählen Sie links einen Zyklus oder einen Flug, um Überschreitungen zu sehen.</translation>
+    </message>
+    <message>
+        <source>Peak value: %1
+Duration until normal: %2
+Engine speed: %3</source>
+        <translation>Spitzenwert: %1
+Dauer bis normal: %2
+Motordrehzahl: %3</translation>
+    </message>
+    <message>
+        <source>CSV Files (*.csv)</source>
+        <translation>CSV-Dateien (*.csv)</translation>
+    </message>
+    <message>
+        <source>Seconds</source>
+        <translation>Sekunden</translation>
+    </message>
+    <message>
+        <source>Device</source>
+        <translation>Gerät</translation>
+    </message>
+    <message>
+        <source>Parameter</source>
+        <translation>Parameter</translation>
+    </message>
+    <message>
+        <source>State</source>
+        <translation>Zustand</translation>
+    </message>
+    <message>
+        <source>Text</source>
+        <translation>Text</translation>
+    </message>
+    <message>
+        <source>Peak value</source>
+        <translation>Spitzenwert</translation>
+    </message>
+    <message>
+        <source>Duration</source>
+        <translation>Dauer</translation>
+    </message>
+    <message>
+        <source>Engine speed</source>
+        <translation>Motordrehzahl</translation>
     </message>
 </context>
 <context>
@@ -731,6 +1028,14 @@ ist keine Aufzeichnungsdatei. Aufzeichnungsdateien enden auf .CAN, .can oder .xc
         <source>Open this folder again</source>
         <translation>Diesen Ordner erneut öffnen</translation>
     </message>
+    <message>
+        <source>Day Sheet</source>
+        <translation>Tagesblatt</translation>
+    </message>
+    <message>
+        <source>Show the flights of the day as a sheet</source>
+        <translation>Die Flüge des Tages als Blatt zeigen</translation>
+    </message>
 </context>
 <context>
     <name>KOLT::Messages</name>
@@ -749,6 +1054,16 @@ They hold until the program ends. Please check that the folder can be written an
         <translation>Die Einstellungen konnten nicht gespeichert werden:
 %1
 Sie gelten bis zum Ende des Programms. Bitte prüfen Sie, ob der Ordner beschreibbar und nicht voll ist.</translation>
+    </message>
+    <message>
+        <source>The file could not be written:
+%1
+%2
+Please check that the folder can be written and is not full, or save it elsewhere.</source>
+        <translation>Die Datei konnte nicht geschrieben werden:
+%1
+%2
+Bitte prüfen Sie, ob der Ordner beschreibbar und nicht voll ist, oder sichern Sie an anderer Stelle.</translation>
     </message>
 </context>
 <context>
@@ -911,6 +1226,66 @@ Bitte prüfen Sie, ob der Ordner beschreibbar und nicht voll ist, oder speichern
     <message>
         <source>%1 is not part of this version.</source>
         <translation>Nicht in dieser Version enthalten: %1</translation>
+    </message>
+</context>
+<context>
+    <name>KOLT::WidgetErrorTime</name>
+    <message>
+        <source>Info</source>
+        <translation>Info</translation>
+    </message>
+    <message>
+        <source>Warning</source>
+        <translation>Warnung</translation>
+    </message>
+    <message>
+        <source>Fault</source>
+        <translation>Fehler</translation>
+    </message>
+    <message>
+        <source>No class</source>
+        <translation>Ohne Klasse</translation>
+    </message>
+    <message>
+        <source>%1
+Class: %2
+Message %3, byte %4, bit %5
+Left and Right go to the occurrence before and after</source>
+        <translation>%1
+Klasse: %2
+Nachricht %3, Byte %4, Bit %5
+Links und Rechts gehen zum Auftreten davor und danach</translation>
+    </message>
+    <message>
+        <source>ON</source>
+        <translation>EIN</translation>
+    </message>
+    <message>
+        <source>off</source>
+        <translation>aus</translation>
+    </message>
+</context>
+<context>
+    <name>KOLT::WidgetFaultMatrix</name>
+    <message>
+        <source>Only active</source>
+        <translation>Nur aktive</translation>
+    </message>
+    <message>
+        <source>Hide faults that never occurred in the loaded data</source>
+        <translation>Fehler ausblenden, die in den geladenen Daten nie auftraten</translation>
+    </message>
+    <message>
+        <source>Choose a cycle or a flight on the left to see its faults.</source>
+        <translation>Wählen Sie links einen Zyklus oder einen Flug, um seine Fehler zu sehen.</translation>
+    </message>
+    <message>
+        <source>The profile has no fault matrix.</source>
+        <translation>Das Profil hat keine Fehlermatrix.</translation>
+    </message>
+    <message>
+        <source>%1 of %2 faults occurred</source>
+        <translation>%1 von %2 Fehlern aufgetreten</translation>
     </message>
 </context>
 <context>

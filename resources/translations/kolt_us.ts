@@ -2,6 +2,16 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="en_US" sourcelanguage="en_US">
 <context>
+    <name>KOLT::DaySheet</name>
+    <message numerus="yes">
+        <source>%n flight(s)</source>
+        <translation>
+            <numerusform>%n flight</numerusform>
+            <numerusform>%n flights</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>KOLT::DialogDataTable</name>
     <message numerus="yes">
         <source>%Ln row(s)</source>

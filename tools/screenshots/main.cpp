@@ -54,21 +54,22 @@ bool waitFor(const std::function<bool()>& condition)
     return QTest::qWaitFor(condition, waitMilliseconds);
 }
 
-/// Goes the typical road: the last folder is listed, its first cycle is chosen, then its first
-/// flight.
-bool openFirstFlight(const KOLT::DialogMain& window)
+/// Goes the typical road: the last folder is listed, its second cycle is chosen, then that cycle's
+/// second flight (of the sample card, one on which limits were exceeded).
+bool openFlight(const KOLT::DialogMain& window)
 {
     if (!waitFor([&] { return !window.card().cycles().empty() && !window.isBusy(); }))
         return false;
     auto* const tree = window.findChild<QTreeWidget*>("cyclesTree");
+    int skipped = 0;
     for (int i = 0; tree != nullptr && i < tree->topLevelItemCount(); ++i) {
         QTreeWidgetItem* const item = tree->topLevelItem(i);
-        if (!item->flags().testFlag(Qt::ItemIsSelectable))
+        if (!item->flags().testFlag(Qt::ItemIsSelectable) || skipped++ == 0)
             continue;
         tree->setCurrentItem(item);
-        if (!waitFor([&] { return item->childCount() > 0; }))
+        if (!waitFor([&] { return item->childCount() > 1; }))
             return false;
-        tree->setCurrentItem(item->child(0));
+        tree->setCurrentItem(item->child(1));
         return waitFor([&] {
             return window.card().dataSet() != nullptr && window.card().dataSet()->flight() &&
                    !window.isBusy();
@@ -103,13 +104,14 @@ void takePages(KOLT::DialogMain& window, Camera& camera)
 void takeDialogs(KOLT::DialogMain& window, Camera& camera)
 {
     const std::pair<int, const char*> dialogs[] = {
-        {8, "about"}, {9, "profile"}, {10, "help"}, {15, "preferences"}};
+        {8, "about"}, {9, "profile"}, {10, "help"}, {15, "preferences"}, {20, "day-sheet"}};
     for (const auto& [command, name] : dialogs) {
         for (QAction* action : window.actions()) {
             if (action->data().toInt() == command)
                 action->trigger();
         }
-        QCoreApplication::processEvents();
+        if (!waitFor([&] { return !window.isBusy(); }))
+            return;
         for (QDialog* dialog : window.findChildren<QDialog*>()) {
             if (!dialog->isVisible())
                 continue;
@@ -151,7 +153,7 @@ int main(int argc, char* argv[])
             return 1;
         camera.take(window, QStringLiteral("emu"));
     } else {
-        if (!openFirstFlight(window)) {
+        if (!openFlight(window)) {
             std::fprintf(stderr, "kolt-screenshots: no card with flights in the last folder\n");
             return 1;
         }

@@ -1,10 +1,11 @@
-#include "app/Messages.h"
+#include "app/messages/Messages.h"
 
 #include "app/settings/SettingsStore.h"
 
 #include <QCoreApplication>
 #include <QFile>
 #include <QMessageBox>
+#include <QSaveFile>
 
 namespace KOLT::Messages {
 
@@ -39,6 +40,19 @@ void saveSettings(QWidget* parent)
                             "The settings could not be saved to\n%1\nThey hold until the program "
                             "ends. Please check that the folder can be written and is not full."))
                  .arg(QFile::decodeName(settings.fileName())));
+}
+
+bool saveFile(QWidget* parent, const QString& path, const QByteArray& content)
+{
+    QSaveFile file(path);
+    if (file.open(QIODevice::WriteOnly) && file.write(content) == content.size() && file.commit())
+        return true;
+    warn(parent, translated(QT_TRANSLATE_NOOP(
+                                "KOLT::Messages",
+                                "The file could not be written:\n%1\n%2\nPlease check that the "
+                                "folder can be written and is not full, or save it elsewhere."))
+                     .arg(path, file.errorString()));
+    return false;
 }
 
 } // namespace KOLT::Messages

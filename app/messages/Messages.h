@@ -4,7 +4,7 @@
 
 class QWidget;
 
-/// The program's message boxes.
+/// The program's message boxes, and the failures that several windows have to tell.
 namespace KOLT::Messages {
 
 /// Something failed: what happened, to which file, and what to do.
@@ -14,5 +14,9 @@ void inform(QWidget* parent, const QString& text);
 
 /// Saves the settings, and tells the user when they cannot be written.
 void saveSettings(QWidget* parent);
+
+/// Replaces the file by the content, whole or not at all, and tells the user when it cannot be
+/// written. True on success.
+bool saveFile(QWidget* parent, const QString& path, const QByteArray& content);
 
 } // namespace KOLT::Messages

@@ -1,0 +1,121 @@
+#include "analysis/DaySheet.h"
+
+#include "app/base/Csv.h"
+
+#include <QCoreApplication>
+
+#include <algorithm>
+#include <map>
+
+namespace KOLT {
+
+namespace {
+
+struct Text
+{
+    Q_DECLARE_TR_FUNCTIONS(KOLT::DaySheet)
+};
+
+QString dateText(const QDate& date)
+{
+    return date.isValid() ? date.toString(QStringLiteral("dd.MM.yyyy")) : Text::tr("Unknown Date");
+}
+
+/// The clock where the recording has one, the unit's counter otherwise.
+QString clockText(const QDateTime& dateTime, double seconds)
+{
+    return dateTime.isValid() ? dateTime.toString(QStringLiteral("hh:mm:ss"))
+                              : durationText(seconds);
+}
+
+QStringList cellsOf(const FlightLine& line)
+{
+    return {dateText(line.takeOff.date()),
+            clockText(line.takeOff, line.takeOffSeconds),
+            clockText(line.landing, line.landingSeconds),
+            durationText(line.flightSeconds()),
+            figureText(line.maxAltitude, 0, {}),
+            figureText(line.climb, 0, {}),
+            figureText(line.fuel, 2, {}),
+            figureText(line.takeOffDistance, 0, {}),
+            QString::number(line.exceedances)};
+}
+
+QStringList sumOf(const QString& label, const FlightTotals& totals)
+{
+    return {label,
+            Text::tr("%n flight(s)", nullptr, totals.flights),
+            {},
+            durationText(totals.seconds),
+            {},
+            {},
+            figureText(totals.fuel, 2, {}),
+            {},
+            QString::number(totals.exceedances)};
+}
+
+QString htmlRow(const QStringList& cells, const char* tag, const char* style)
+{
+    QString row = QStringLiteral("<tr style=\"%1\">").arg(QLatin1String(style));
+    for (const QString& cell : cells)
+        row += QStringLiteral("<%1 align=\"right\" style=\"padding:3px 8px\">%2</%1>")
+                   .arg(QLatin1String(tag), cell.toHtmlEscaped());
+    return row + QStringLiteral("</tr>");
+}
+
+} // namespace
+
+QStringList DaySheet::headings()
+{
+    return {Text::tr("Date"),        Text::tr("Take-off"),         Text::tr("Landing"),
+            Text::tr("Flight time"), Text::tr("Max. alt. [m]"),    Text::tr("Climb [m]"),
+            Text::tr("Fuel [l]"),    Text::tr("T/O distance [m]"), Text::tr("Exceedances")};
+}
+
+DaySheet::DaySheet(std::vector<FlightLine> lines)
+{
+    // An invalid date sorts before all others; what has no date belongs behind them.
+    std::ranges::stable_sort(lines, [](const FlightLine& a, const FlightLine& b) {
+        if (a.takeOff.isValid() != b.takeOff.isValid())
+            return a.takeOff.isValid();
+        return a.takeOff.isValid() && a.takeOff < b.takeOff;
+    });
+    FlightTotals all;
+    FlightTotals day;
+    for (std::size_t i = 0; i < lines.size(); ++i) {
+        m_rows.push_back({false, cellsOf(lines[i])});
+        day.add(lines[i]);
+        all.add(lines[i]);
+        const QDate date = lines[i].takeOff.date();
+        if (i + 1 == lines.size() || lines[i + 1].takeOff.date() != date) {
+            m_rows.push_back({true, sumOf(Text::tr("Sum %1").arg(dateText(date)), day)});
+            day = {};
+        }
+    }
+    if (!lines.empty() && all.flights != 0 && std::ranges::count(m_rows, true, &Row::isSum) > 1)
+        m_rows.push_back({true, sumOf(Text::tr("Total"), all)});
+}
+
+QString DaySheet::toHtml(const QString& title) const
+{
+    QString html = QStringLiteral("<h2>%1</h2><table width=\"100%\" cellspacing=\"0\" "
+                                  "border=\"0\">")
+                       .arg(title.toHtmlEscaped());
+    html += htmlRow(headings(), "th", "background-color:#e3e9ee");
+    for (const Row& row : m_rows)
+        html += row.isSum ? htmlRow(row.cells, "th", "background-color:#f4f5f6")
+                          : htmlRow(row.cells, "td", "");
+    return html + QStringLiteral("</table>");
+}
+
+QString DaySheet::toCsv(QChar separator) const
+{
+    QString text = csvLine(headings(), separator);
+    for (const Row& row : m_rows) {
+        if (!row.isSum)
+            text += csvLine(row.cells, separator);
+    }
+    return text;
+}
+
+} // namespace KOLT

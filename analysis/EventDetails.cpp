@@ -1,0 +1,63 @@
+#include "analysis/EventDetails.h"
+
+#include "profile/ValueDecoder.h"
+
+namespace KOLT {
+
+namespace {
+
+constexpr double endOfTime = 1e300;
+
+/// The value of the last sample at or before the time, in stored order.
+std::optional<double> valueUpTo(const DataSet& dataSet, const ProfileParameter* parameter,
+                                double seconds)
+{
+    if (parameter == nullptr)
+        return std::nullopt;
+    const MessageSeries& series = seriesOf(dataSet.messages, *parameter);
+    // Engine speed comes many times a second; what is older says nothing about the moment.
+    constexpr double oldest = 10.0;
+    std::optional<double> value;
+    for (const StoredSample& sample : series.around(seconds - oldest, seconds)) {
+        if (sample.seconds() >= seconds - oldest && sample.seconds() <= seconds)
+            value = decodeNumber(sample.data, *parameter);
+    }
+    return value;
+}
+
+} // namespace
+
+EventDetails detailsOf(const Profile& profile, const DataSet& dataSet, const Event& event)
+{
+    EventDetails details;
+    const ProfileParameter& parameter = *event.parameter;
+    const StoredSample* peak = nullptr;
+    const MessageSeries& series = seriesOf(dataSet.messages, parameter);
+    for (const StoredSample& sample : series.around(event.seconds, endOfTime)) {
+        if (peak == nullptr && sample.seconds() != event.seconds)
+            continue;
+        const double number = decodeNumber(sample.data, parameter);
+        const ThresholdState state = gradeOf(parameter, number).state;
+        if (peak == nullptr && state != event.grade.state)
+            continue; // another sample of the same moment
+        if (state == ThresholdState::Ok) {
+            details.duration = sample.seconds() - event.seconds;
+            break;
+        }
+        if (peak == nullptr || (event.isRising ? number > details.peak : number < details.peak)) {
+            peak = &sample;
+            details.peak = number;
+        }
+    }
+    if (peak != nullptr) {
+        const QString& unit = profile.unitLabel(parameter);
+        details.peakText = textOf(profile, parameter, peak->data, details.peak);
+        if (!unit.isEmpty())
+            details.peakText += QLatin1Char(' ') + unit;
+    }
+    details.engineSpeed =
+        valueUpTo(dataSet, profile.parameterByRole(QStringLiteral("EngineSpeed")), event.seconds);
+    return details;
+}
+
+} // namespace KOLT

@@ -1,0 +1,78 @@
+#include "analysis/FlightLog.h"
+
+#include "analysis/EventFinder.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace KOLT {
+
+namespace {
+
+QDateTime momentOf(const DataSet& dataSet, double seconds)
+{
+    return dataSet.dateTime.isValid()
+               ? dataSet.dateTime.addMSecs(static_cast<qint64>(seconds * 1000.0))
+               : QDateTime();
+}
+
+} // namespace
+
+void FlightTotals::add(const FlightLine& line)
+{
+    add(FlightTotals{1, line.flightSeconds(), line.fuel, line.exceedances});
+}
+
+void FlightTotals::add(const FlightTotals& other)
+{
+    flights += other.flights;
+    seconds += other.seconds;
+    fuel += other.fuel;
+    exceedances += other.exceedances;
+}
+
+FlightLog flightLog(const Profile& profile, const DataSet& dataSet)
+{
+    const std::vector<Event> events = findEvents(profile, dataSet, EventScope::AllParameters);
+    FlightLog log;
+    log.exceedances = events.size();
+    for (const Flight& flight : dataSet.flights) {
+        FlightLine& line = log.lines.emplace_back();
+        line.number = static_cast<int>(log.lines.size());
+        line.takeOff = momentOf(dataSet, flight.takeOffSeconds);
+        line.landing = momentOf(dataSet, flight.landingSeconds);
+        line.takeOffSeconds = flight.takeOffSeconds;
+        line.landingSeconds = flight.landingSeconds;
+        line.maxAltitude = flight.maxAltitude;
+        line.climb = flight.altitudeGain;
+        line.climbRate = flight.climbRate;
+        line.fuel = flight.fuel;
+        line.takeOffDistance = flight.takeOffDistance;
+        line.takeOffDistance15m = flight.takeOffDistance15m;
+        const auto first =
+            std::ranges::lower_bound(events, flight.startSeconds, {}, &Event::seconds);
+        const auto behind =
+            std::ranges::upper_bound(events, flight.endSeconds, {}, &Event::seconds);
+        line.exceedances = first < behind ? static_cast<std::size_t>(behind - first) : 0;
+    }
+    return log;
+}
+
+QString durationText(double seconds)
+{
+    const auto whole = static_cast<qint64>(seconds > 0.0 ? std::min(seconds, 1e15) : 0.0);
+    return QStringLiteral("%1:%2:%3")
+        .arg(whole / 3600, 2, 10, QLatin1Char('0'))
+        .arg(whole / 60 % 60, 2, 10, QLatin1Char('0'))
+        .arg(whole % 60, 2, 10, QLatin1Char('0'));
+}
+
+QString figureText(double value, int decimals, const QString& unit)
+{
+    if (!std::isfinite(value))
+        return QStringLiteral("-");
+    const QString number = QString::number(value, 'f', decimals);
+    return unit.isEmpty() ? number : number + QLatin1Char(' ') + unit;
+}
+
+} // namespace KOLT

@@ -1,0 +1,52 @@
+#pragma once
+
+#include "analysis/DataPage.h"
+#include "analysis/FaultFinder.h"
+
+#include <QWidget>
+
+class QCheckBox;
+class QLabel;
+class QScrollArea;
+class QStackedLayout;
+class QVBoxLayout;
+
+namespace KOLT {
+
+class WidgetErrorTime;
+
+/// The "Fault Matrix" page: for each error matrix of the profile a block with the history of its
+/// members. The histories are found once per load.
+class WidgetFaultMatrix : public QWidget, public DataPage
+{
+    Q_OBJECT
+
+public:
+    explicit WidgetFaultMatrix(const Profile& profile, QWidget* parent = nullptr);
+
+signals:
+    /// The user chose a moment in a strip; seconds on the scale of the data set.
+    void signalTime(double seconds);
+
+protected:
+    void dropData() override;
+    void showData() override;
+    void showTime() override;
+
+private:
+    void createBlocks();
+    void addBlock(const FaultMatrix& matrix, int nameWidth, QVBoxLayout& layout);
+    void showOnlyActive();
+    void pick(double seconds);
+
+    const Profile& m_profile;
+    std::vector<FaultMatrix> m_matrices;
+    std::vector<WidgetErrorTime*> m_rows;
+    QCheckBox* m_onlyActive = nullptr;
+    QLabel* m_summary = nullptr;
+    QScrollArea* m_area = nullptr;
+    QLabel* m_empty = nullptr;
+    QStackedLayout* m_stack = nullptr;
+};
+
+} // namespace KOLT
