@@ -13,9 +13,9 @@ namespace {
 constexpr int rowPadding = 8;
 constexpr int gap = 6;
 constexpr int badgeWidth = 18;
-constexpr int stateWidth = 44;
-constexpr int countWidth = 40;
-constexpr int namePercent = 40;
+constexpr int stateWidth = 34;
+constexpr int countWidth = 32;
+constexpr int namePercent = 35;
 constexpr int smallestRun = 2; ///< pixels; a fault of one sample must be seen
 constexpr QColor stripColor(0xe9, 0xec, 0xef);
 constexpr QColor timeColor(0x1b, 0x22, 0x29);

@@ -16,7 +16,7 @@ class WidgetErrorTime : public QWidget
     Q_OBJECT
 
 public:
-    /// Where the parts lie. The name gets what it needs, but at most two fifths of the width.
+    /// Where the parts lie. The name gets what it needs, but at most a third of the width or so.
     struct Layout
     {
         QRect errorClass;

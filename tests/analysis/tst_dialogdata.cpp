@@ -148,6 +148,7 @@ void TestDialogData::timeReachesThePages_data()
     add("slotTableTime", {Page::Table, Page::Statistic});
     add("slotLimitTime", {Page::Limit, Page::Statistic});
     add("slotWarningTime", {Page::WarningLamps, Page::Statistic, Page::Map});
+    add("slotFaultTime", {Page::FaultMatrix, Page::Statistic});
     add("slotSlider", {});
     add("slotValue", {});
 }

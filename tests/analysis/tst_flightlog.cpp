@@ -1,0 +1,160 @@
+#include "analysis/DaySheet.h"
+#include "analysis/EventDetails.h"
+#include "app/base/Csv.h"
+#include "tests/support/ProfileFixture.h"
+#include "tests/support/RecordingFixture.h"
+
+#include <QTest>
+
+#include <cmath>
+
+using namespace KOLT;
+using namespace KOLT::Test;
+
+class TestFlightLog : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void exceedancesBelongToTheirFlight();
+    void eventDetails();
+    void sheetSumsDays();
+    void sheetAsText();
+    void csvFields();
+    void durations();
+
+private:
+    Profile m_profile;
+    std::unique_ptr<DataSet> m_dataSet;
+};
+
+/// A value of 0, with 150 from 20 s on, a peak of 250 at 30 s, and 0 again from 40 s on.
+void TestFlightLog::init()
+{
+    QVERIFY(loadProfile(
+        m_profile, "<UnitConversions><Unit unitMetric='C' unitImperial='F' factor='2' offset='1'/>"
+                   "</UnitConversions><ThresholdList><Threshold name='T'>"
+                   "<Value val='100' color='yellow' state='WARNING'/></Threshold>"
+                   "<Threshold name='Low'><Value val='-1000' color='red' state='LIMIT'/>"
+                   "<Value val='-100' color='white' state='OK'/></Threshold></ThresholdList>" +
+                       device({"name='p' id='1' dataType='FLOAT' precision='0' thresholdId='T' "
+                               "unitMetric='C' unitImperial='F'",
+                               "name='low' id='3' dataType='FLOAT' precision='0' thresholdId='Low'",
+                               "name='rpm' id='2' dataType='FLOAT' koltDataType='EngineSpeed'"})));
+    m_dataSet = std::make_unique<DataSet>();
+    for (int i = 0; i < 60; ++i) {
+        const bool isHigh = i >= 20 && i < 40;
+        const float value = i == 30 ? 250.0F : isHigh ? 150.0F : 0.0F;
+        add(m_dataSet->messages, 1, i, floats(value));
+        add(m_dataSet->messages, 3, i, floats(i == 50 ? -300.0F : i > 50 ? -200.0F : 0.0F));
+        add(m_dataSet->messages, 2, i + 0.5, floats(1000.0F + static_cast<float>(i)));
+    }
+    m_dataSet->stopSeconds = 59.0;
+    m_dataSet->dateTime = QDateTime(QDate(2026, 7, 28), QTime(23, 59, 0), Qt::UTC);
+}
+
+void TestFlightLog::exceedancesBelongToTheirFlight()
+{
+    Flight early;
+    early.startSeconds = 0.0;
+    early.takeOffSeconds = 5.0;
+    early.landingSeconds = 15.5;
+    early.endSeconds = 19.9;
+    Flight late = early;
+    late.startSeconds = 20.0;
+    late.endSeconds = 50.0;
+    m_dataSet->flights = {early, late};
+    const FlightLog log = flightLog(m_profile, *m_dataSet);
+    QCOMPARE(log.exceedances, 2U);
+    QCOMPARE(log.lines.at(0).exceedances, 0U);
+    QCOMPARE(log.lines.at(1).exceedances, 2U); // at both ends
+    QCOMPARE(log.lines.at(0).takeOff.time(), QTime(23, 59, 5));
+    QCOMPARE(log.lines.at(0).flightSeconds(), 10.5);
+}
+
+void TestFlightLog::eventDetails()
+{
+    const std::vector<Event> events = findEvents(m_profile, *m_dataSet, EventScope::AllParameters);
+    QCOMPARE(events.size(), 2U);
+    const EventDetails high = detailsOf(m_profile, *m_dataSet, events[0]);
+    QCOMPARE(high.peak, 250.0);
+    QCOMPARE(high.peakText, "250 C");
+    QCOMPARE(high.duration.value_or(-1), 20.0);
+    QCOMPARE(high.engineSpeed.value_or(-1), 1019.0); // the last before 20 s
+    m_profile.setUnitSystem(UnitSystem::Imperial);
+    QCOMPARE(detailsOf(m_profile, *m_dataSet, events[0]).peakText, "501 F");
+    m_profile.setUnitSystem(UnitSystem::Metric);
+    const EventDetails low = detailsOf(m_profile, *m_dataSet, events[1]);
+    QCOMPARE(low.peak, -300.0); // the farthest from normal, downwards
+    QVERIFY(!low.duration);     // it stayed until the end
+}
+
+namespace {
+
+FlightLine line(const QDateTime& takeOff, double seconds, double fuel, std::size_t exceedances)
+{
+    FlightLine result;
+    result.takeOff = takeOff;
+    result.landing = takeOff.isValid() ? takeOff.addSecs(static_cast<qint64>(seconds)) : takeOff;
+    result.landingSeconds = seconds;
+    result.fuel = fuel;
+    result.exceedances = exceedances;
+    result.takeOffDistance = std::nan("");
+    return result;
+}
+
+} // namespace
+
+void TestFlightLog::sheetSumsDays()
+{
+    const QDateTime day1(QDate(2026, 7, 28), QTime(10, 0), Qt::UTC);
+    const DaySheet sheet({line({}, 60, 1, 0), line(day1.addDays(1), 600, 4, 2),
+                          line(day1.addSecs(60), 3599, 2.5, 1), line(day1, 3601, 2, 0)});
+    QStringList texts;
+    for (const DaySheet::Row& row : sheet.rows())
+        texts << QStringList{row.cells[0], row.cells[1], row.cells[3], row.cells[6], row.cells[8]}
+                     .join(' ');
+    QCOMPARE(
+        texts,
+        (QStringList{
+            "28.07.2026 10:00:00 01:00:01 2.00 0", "28.07.2026 10:01:00 00:59:59 2.50 1",
+            "Sum 28.07.2026 2 flight(s) 02:00:00 4.50 1", "29.07.2026 10:00:00 00:10:00 4.00 2",
+            "Sum 29.07.2026 1 flight(s) 00:10:00 4.00 2", "Unknown Date 00:00:00 00:01:00 1.00 0",
+            "Sum Unknown Date 1 flight(s) 00:01:00 1.00 0", "Total 4 flight(s) 02:11:00 9.50 3"}));
+    QCOMPARE(sheet.rows().at(0).cells.at(7), "-"); // never found
+    QVERIFY(DaySheet({}).isEmpty());
+    QCOMPARE(DaySheet({line(day1, 60, 1, 0)}).rows().size(), 2U); // no total of one sum
+}
+
+void TestFlightLog::sheetAsText()
+{
+    const QDateTime day(QDate(2026, 7, 28), QTime(10, 0), Qt::UTC);
+    const DaySheet sheet({line(day, 60, 1, 0), line(day, 60, 1, 0)});
+    const QStringList lines = sheet.toCsv(';').split("\r\n");
+    QCOMPARE(lines.size(), 4); // headings, two flights, and the end
+    QCOMPARE(lines[1].count(';'), DaySheet::headings().size() - 1);
+    const QString html = sheet.toHtml("A & B");
+    QVERIFY(html.contains("A &amp; B"));
+    QCOMPARE(html.count("<tr"), 4);
+}
+
+void TestFlightLog::csvFields()
+{
+    QCOMPARE(csvLine({"a", "b;c", "say \"x\"", "two\nlines", ""}, ';'),
+             "a;\"b;c\";\"say \"\"x\"\"\";\"two\nlines\";\r\n");
+    QCOMPARE(csvLine({"b;c", "1,5"}, ','), "b;c,\"1,5\"\r\n");
+}
+
+void TestFlightLog::durations()
+{
+    QCOMPARE(durationText(3725.9), "01:02:05");
+    QCOMPARE(durationText(100 * 3600.0), "100:00:00");
+    QCOMPARE(durationText(-1), "00:00:00");
+    QCOMPARE(durationText(std::nan("")), "00:00:00");
+    QCOMPARE(figureText(1.26, 1, "l"), "1.3 l");
+    QCOMPARE(figureText(INFINITY, 1, "l"), "-");
+}
+
+QTEST_GUILESS_MAIN(TestFlightLog)
+#include "tst_flightlog.moc"

@@ -1,0 +1,312 @@
+#include "analysis/DialogDataLimit.h"
+#include "analysis/DialogDataStatistic.h"
+#include "analysis/DialogDataWarning.h"
+#include "analysis/WidgetErrorTime.h"
+#include "analysis/WidgetFaultMatrix.h"
+#include "resources/Resources.h"
+#include "tests/support/ModalBoxes.h"
+#include "tests/support/ProfileFixture.h"
+#include "tests/support/RecordingFixture.h"
+
+#include <QCheckBox>
+#include <QClipboard>
+#include <QHelpEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QSignalSpy>
+#include <QTableWidget>
+#include <QTest>
+#include <QTextEdit>
+#include <QToolTip>
+
+using namespace KOLT;
+using namespace KOLT::Test;
+
+class TestPages : public QObject
+{
+    Q_OBJECT
+
+private slots:
+
+    void initTestCase() { initKoltResources(); }
+
+    void init();
+    void listShowsEvents();
+    void listFollowsTheTime_data();
+    void listFollowsTheTime();
+    void listReportsTheChoice();
+    void listFilters();
+    void listCopiesAndSaves();
+    void emptyListSaysSo();
+    void lampsOnly();
+    void statisticTexts();
+    void statisticWithoutFlight();
+    void faultRows();
+    void faultStripReports();
+    void faultKeysJump();
+
+private:
+    template <typename Page>
+    std::unique_ptr<Page> open(Page* page)
+    {
+        page->resize(600, 400);
+        page->setShown(true);
+        page->setData(&*m_dataSet);
+        page->show();
+        return std::unique_ptr<Page>(page);
+    }
+
+    static int selectedRow(const QWidget& page)
+    {
+        return page.findChild<QTableWidget*>()->currentRow();
+    }
+
+    Profile m_profile;
+    std::unique_ptr<DataSet> m_dataSet;
+    QTemporaryDir m_directory;
+};
+
+/// Limits at 10.1234 s, 20 s and 20.02 s (one tenth), a lamp at 30 s, faults at 10 and 40 s.
+void TestPages::init()
+{
+    QVERIFY(loadProfile(
+        m_profile,
+        "<ThresholdList><Threshold name='T'><Value val='100' color='#ff0000' state='LIMIT'/>"
+        "</Threshold><Threshold name='L'><Value val='1' color='#ffff00' state='WARNING'/>"
+        "</Threshold></ThresholdList><Device name='Engine'><ErrorMatrix id='4' name='Lane'/>"
+        "<Parameter name='Oil' id='1' dataType='FLOAT' precision='1' unitMetric='bar' "
+        "thresholdId='T'/><Parameter name='Rope; \"x\"' id='2' dataType='FLOAT' precision='0' "
+        "thresholdId='T'/><Parameter name='Lamp' id='3' dataType='UCHAR' thresholdId='L' "
+        "koltDataType='WarningLamp'/>"
+        "<Parameter name='Crank' id='4' dataType='BLONG' startBit='0' endBit='0' "
+        "errorType='Fault'/>"
+        "<Parameter name='Cam' id='4' dataType='BLONG' startBit='1' endBit='1' "
+        "errorType='Warning'/></Device>"));
+    m_dataSet = std::make_unique<DataSet>();
+    m_dataSet->stopSeconds = 50.0;
+    for (const auto& [seconds, value] :
+         {std::pair(0.0, 0.0F), {10.1234, 150.0F}, {15.0, 0.0F}, {20.02, 200.0F}})
+        add(m_dataSet->messages, 1, seconds, floats(value));
+    for (const auto& [seconds, value] : {std::pair(0.0, 0.0F), {20.0, 101.0F}})
+        add(m_dataSet->messages, 2, seconds, floats(value));
+    add(m_dataSet->messages, 3, 0.0, {0});
+    add(m_dataSet->messages, 3, 30.0, {1});
+    for (const auto& [seconds, value] : {std::pair(0.0, 0), {10.0, 1}, {20.0, 0}, {40.0, 1}})
+        add(m_dataSet->messages, 4, seconds, {static_cast<unsigned char>(value)});
+}
+
+void TestPages::listShowsEvents()
+{
+    const auto page = open(new DialogDataLimit(m_profile));
+    auto* const table = page->findChild<QTableWidget*>();
+    QStringList texts;
+    for (int row = 0; row < table->rowCount(); ++row)
+        texts << table->item(row, 0)->text() + ' ' + table->item(row, 1)->text();
+    QCOMPARE(texts, (QStringList{
+                        "00:00:10.123 Engine Oil 150.0 bar", "00:00:20.000 Engine Rope; \"x\" 101 ",
+                        "00:00:20.020 Engine Oil 200.0 bar", "00:00:30.000 Engine Lamp 1 "}));
+    QCOMPARE(table->horizontalHeaderItem(1)->text(), "Warning/Limit Exceed");
+    QCOMPARE(table->item(0, 0)->data(Qt::UserRole).toLongLong(), 10'123);
+    // The tool tip is made when it is asked for.
+    const QPoint place = table->visualItemRect(table->item(0, 1)).center();
+    QHelpEvent help(QEvent::ToolTip, place, table->viewport()->mapToGlobal(place));
+    QApplication::sendEvent(table->viewport(), &help);
+    QCOMPARE(table->item(0, 1)->toolTip(),
+             "Peak value: 150.0 bar\nDuration until normal: 00:00:04\nEngine speed: -");
+}
+
+void TestPages::listFollowsTheTime_data()
+{
+    QTest::addColumn<double>("seconds");
+    QTest::addColumn<int>("row");
+
+    QTest::newRow("before the first") << 0.0 << 0;
+    QTest::newRow("at the first, to a tenth") << 10.1 << 0;
+    QTest::newRow("between") << 19.0 << 0;
+    QTest::newRow("two in one tenth") << 20.0 << 2;
+    QTest::newRow("after all") << 1e6 << 3;
+    QTest::newRow("back") << 10.2 << 0;
+}
+
+void TestPages::listFollowsTheTime()
+{
+    QFETCH(double, seconds);
+    const auto page = open(new DialogDataLimit(m_profile));
+    const QSignalSpy reported(page.get(), &DialogEventList::signalTime);
+    page->setTime(25.0);
+    page->setTime(seconds);
+    QTEST(selectedRow(*page), "row");
+    QCOMPARE(reported.size(), 0);
+}
+
+void TestPages::listReportsTheChoice()
+{
+    const auto page = open(new DialogDataLimit(m_profile));
+    QSignalSpy reported(page.get(), &DialogEventList::signalTime);
+    auto* const table = page->findChild<QTableWidget*>();
+    QTest::mouseClick(table->viewport(), Qt::LeftButton, {},
+                      table->visualItemRect(table->item(2, 1)).center());
+    QCOMPARE(reported.takeFirst().value(0).toDouble(), 20.02);
+    QTest::keyClick(table, Qt::Key_Up);
+    QCOMPARE(reported.takeFirst().value(0).toDouble(), 20.0);
+    page->clear();
+    page->setData(m_dataSet.get());
+    QCOMPARE(reported.size(), 0);
+}
+
+void TestPages::listFilters()
+{
+    const auto page = open(new DialogDataLimit(m_profile));
+    auto* const table = page->findChild<QTableWidget*>();
+    page->setTime(25.0);
+    QTest::keyClicks(page->findChild<QLineEdit*>(), "rope");
+    QVERIFY(table->isRowHidden(0) && !table->isRowHidden(1) && table->isRowHidden(2));
+    QCOMPARE(selectedRow(*page), 1); // the last one in sight
+    page->findChild<QLineEdit*>()->clear();
+    QCOMPARE(selectedRow(*page), 2);
+}
+
+void TestPages::listCopiesAndSaves()
+{
+    const auto page = open(new DialogDataLimit(m_profile));
+    auto* const table = page->findChild<QTableWidget*>();
+    page->setTime(12.0);
+    QTest::keyClick(table, Qt::Key_C, Qt::ControlModifier);
+    QCOMPARE(QApplication::clipboard()->text(), "00:00:10.123\tEngine Oil 150.0 bar");
+    const QString path = m_directory.filePath("list.csv");
+    ModalBoxes boxes;
+    boxes.answer(path);
+    table->actions().at(1)->trigger();
+    QVERIFY(readFile(path).startsWith("\xEF\xBB\xBF"));
+    const QString text = QString::fromUtf8(readFile(path));
+    QCOMPARE(text.count("\r\n"), 5);
+    QVERIFY2(text.contains("20.000;Engine;\"Rope; \"\"x\"\"\";Limit;"), qPrintable(text));
+    boxes.answer("/proc/none/list.csv");
+    boxes.answer("OK");
+    table->actions().at(1)->trigger();
+    QVERIFY(boxes.seen().back().contains("/proc/none/list.csv"));
+}
+
+void TestPages::emptyListSaysSo()
+{
+    m_dataSet = std::make_unique<DataSet>();
+    const auto page = open(new DialogDataWarning(m_profile));
+    const auto* const label = page->findChild<QLabel*>("emptyState");
+    QVERIFY(label->isVisible());
+    QCOMPARE(label->text(), "No exceedance in this data set");
+}
+
+void TestPages::lampsOnly()
+{
+    const auto page = open(new DialogDataWarning(m_profile));
+    auto* const table = page->findChild<QTableWidget*>();
+    QCOMPARE(table->rowCount(), 1);
+    QCOMPARE(table->horizontalHeaderItem(1)->text(), "Warning Lamps");
+}
+
+void TestPages::statisticTexts()
+{
+    Flight flight;
+    flight.startSeconds = 100.0;
+    flight.endSeconds = 3825.9;
+    flight.fuelA = 12.5;
+    flight.fuelB = 0.1;
+    flight.fuel = 12.6;
+    flight.maxAltitude = 1213.0118408203125;
+    flight.timePer100m = 67.9;
+    flight.takeOffDistance = 1e6;
+    const auto row = [](const char* label, const char* value) {
+        return QStringLiteral("<tr><td>%1  :  </td><td><b>%2</b></td></tr>").arg(label, value);
+    };
+    QCOMPARE(DialogDataStatistic::textOf(flight),
+             "<table>" + row("Flight Time", "01:02:05") + row("Total Fuel Lane A", "12.5 l") +
+                 row("Total Fuel Lane B", "0.1 l") + row("Total Fuel", "12.6 l") +
+                 row("Minimum Alt", "0 m") + row("Maximum Alt", "1213.0118408203125 m") +
+                 row("Total Climb", "0 m") + row("Average Climb Rate", "0 m/s") +
+                 row("Average Descend Rate", "0 m/s") + row("Max Ground Speed", "0 km/h") +
+                 row("Time / 100m", "00:01:07") + row("Fuel / 100m", "0 l") +
+                 row("Take Off Distance", "1e+06 m") + row("Take Off Distance 15m", "0 m") +
+                 "</table>");
+    flight.timePer100m = std::numeric_limits<double>::infinity();
+    QVERIFY(DialogDataStatistic::textOf(flight).contains("--:--:--"));
+}
+
+void TestPages::statisticWithoutFlight()
+{
+    const auto page = open(new DialogDataStatistic);
+    auto* const text = page->findChild<QTextEdit*>();
+    QCOMPARE(text->toPlainText().trimmed(), "No flight selected");
+    QVERIFY(text->alignment().testFlag(Qt::AlignHCenter));
+    Flight flight;
+    flight.endSeconds = 61.0;
+    m_dataSet->flights = {flight};
+    m_dataSet->flightIndex = 0;
+    page->setData(m_dataSet.get());
+    QVERIFY(text->toPlainText().contains("00:01:01"));
+    page->clear(); // leaves the text as it was
+    QVERIFY(text->toPlainText().contains("00:01:01"));
+}
+
+void TestPages::faultRows()
+{
+    const auto page = open(new WidgetFaultMatrix(m_profile));
+    const QList<WidgetErrorTime*> rows = page->findChildren<WidgetErrorTime*>();
+    QCOMPARE(rows.size(), 2);
+    QCOMPARE(rows[0]->accessibleName(), "Crank");
+    QCOMPARE(rows[0]->history().count(), 2U);
+    auto* const onlyActive = page->findChild<QCheckBox*>();
+    QVERIFY(rows[1]->isVisible());
+    onlyActive->click();
+    QVERIFY(rows[0]->isVisible() && !rows[1]->isVisible());
+    page->refresh(); // the choice stays
+    QVERIFY(!page->findChildren<WidgetErrorTime*>().at(1)->isVisible());
+    page->clear();
+    QVERIFY(page->findChildren<WidgetErrorTime*>().isEmpty());
+}
+
+void TestPages::faultStripReports()
+{
+    const auto page = open(new WidgetFaultMatrix(m_profile));
+    QVERIFY(QTest::qWaitForWindowExposed(page.get()));
+    QSignalSpy reported(page.get(), &WidgetFaultMatrix::signalTime);
+    WidgetErrorTime* const row = page->findChildren<WidgetErrorTime*>().at(0);
+    const int nameWidth = page->fontMetrics().horizontalAdvance("Crank");
+    const QRect strip = WidgetErrorTime::layoutFor(row->size(), nameWidth).strip;
+    QTest::mouseClick(row, Qt::LeftButton, {}, QPoint(strip.left(), strip.center().y()));
+    QCOMPARE(reported.takeFirst().value(0).toDouble(), 0.0);
+    QTest::mouseClick(row, Qt::LeftButton, {}, QPoint(strip.right(), strip.center().y()));
+    QCOMPARE(reported.takeFirst().value(0).toDouble(), 50.0);
+    QTest::mouseClick(row, Qt::LeftButton, {}, QPoint(strip.left() - 10, strip.center().y()));
+    QCOMPARE(reported.size(), 0);
+    // What is drawn: the fault's colour from 10 s to 20 s, the empty strip before.
+    const QImage picture = row->grab().toImage();
+    const TimeStrip places{0.0, 50.0, strip.width()};
+    const auto colorAt = [&](double seconds) {
+        return picture.pixelColor(strip.left() + places.xOf(seconds), strip.center().y());
+    };
+    QCOMPARE(colorAt(15.0), QColor(0xb3, 0x26, 0x1e));
+    QCOMPARE(colorAt(45.0), QColor(0xb3, 0x26, 0x1e)); // never cleared
+    QCOMPARE(colorAt(5.0), QColor(0xe9, 0xec, 0xef));
+    QCOMPARE(colorAt(30.0), QColor(0xe9, 0xec, 0xef));
+    page->setTime(30.0);
+    QCOMPARE(row->grab().toImage().pixelColor(strip.left() + places.xOf(30.0), strip.center().y()),
+             QColor(0x1b, 0x22, 0x29));
+    QCOMPARE(reported.size(), 0);
+}
+
+void TestPages::faultKeysJump()
+{
+    const auto page = open(new WidgetFaultMatrix(m_profile));
+    QSignalSpy reported(page.get(), &WidgetFaultMatrix::signalTime);
+    WidgetErrorTime* const row = page->findChildren<WidgetErrorTime*>().at(0);
+    page->setTime(12.0);
+    for (const auto& [key, seconds] : {std::pair(Qt::Key_Right, 40.0), {Qt::Key_Left, 10.0}}) {
+        QTest::keyClick(row, key);
+        QCOMPARE(reported.takeFirst().value(0).toDouble(), seconds);
+    }
+    QTest::keyClick(row, Qt::Key_Left); // there is none before
+    QCOMPARE(reported.size(), 0);
+}
+
+QTEST_MAIN(TestPages)
+#include "tst_pages.moc"
