@@ -1,4 +1,6 @@
+#include "app/JobQueue.h"
 #include "app/dialogs/DialogAbout.h"
+#include "app/dialogs/DialogDaySheet.h"
 #include "app/dialogs/DialogHelp.h"
 #include "app/dialogs/DialogPreferences.h"
 #include "app/dialogs/DialogProfileInfo.h"
@@ -6,12 +8,16 @@
 #include "app/settings/SettingsStore.h"
 #include "app/startup/Startup.h"
 #include "resources/Resources.h"
+#include "tests/support/ModalBoxes.h"
 #include "tests/support/ProfileFixture.h"
+#include "tests/support/RecordBytes.h"
+#include "tests/support/RecordingFixture.h"
 
 #include <QAbstractItemModelTester>
 #include <QApplication>
 #include <QComboBox>
 #include <QDialogButtonBox>
+#include <QDir>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
@@ -20,6 +26,7 @@
 #include <QSignalSpy>
 #include <QSpinBox>
 #include <QTableView>
+#include <QTableWidget>
 #include <QTest>
 #include <QTextBrowser>
 
@@ -36,10 +43,13 @@ private slots:
     void profileParametersCanBeSearched();
     void manualHasAllItsLinks_data();
     void manualHasAllItsLinks();
+    void daySheetOfLoadedDataAndFolder();
     void licencesAreShown();
     void translationsAreThere();
 
 private:
+    QString folderWithFlights();
+
     QTemporaryDir m_home;
 };
 
@@ -139,6 +149,73 @@ void TestDialogs::manualHasAllItsLinks()
     QTest::keyClicks(search, "KOLT.ini");
     QTest::keyClick(search, Qt::Key_Return);
     QCOMPARE(browser->textCursor().selectedText(), "KOLT.ini");
+}
+
+/// A folder of two cycles with a flight each, one day after the other.
+QString TestDialogs::folderWithFlights()
+{
+    const QString path = m_home.filePath("flights");
+    QDir().mkpath(path);
+    for (int cycle = 0; cycle < 2; ++cycle) {
+        RecordBytes opening;
+        opening.sample(1, 0.0);
+        RecordBytes flight;
+        flight.date(2026, 7, 28 + cycle, 12);
+        for (int i = 0; i < 200; ++i)
+            flight.sample(1, i, floats(i > 50 && i < 150 ? 120.0F : 10.0F));
+        writeFile(QStringLiteral("%1/%2.CAN").arg(path).arg(10 * cycle), opening.bytes());
+        writeFile(QStringLiteral("%1/%2.CAN").arg(path).arg(10 * cycle + 1), flight.bytes());
+    }
+    return path;
+}
+
+void TestDialogs::daySheetOfLoadedDataAndFolder()
+{
+    const DiagnosticsCapture output;
+    Profile profile;
+    QVERIFY(loadProfile(
+        profile, device({"name='Speed' id='1' dataType='FLOAT' koltDataType='GroundSpeed'"})));
+    const QString folder = folderWithFlights();
+    JobQueue jobs;
+    DialogDaySheet dialog(profile, jobs);
+    const auto dates = [&] {
+        QStringList cells;
+        for (const DaySheet::Row& row : dialog.sheet().rows())
+            cells << row.cells.front();
+        return cells;
+    };
+    dialog.open({folder, "Cycle 2", {folder + "/10.CAN", folder + "/11.CAN"}});
+    QCOMPARE(dates(), (QStringList{"29.07.2026", "Sum 29.07.2026"}));
+    auto* const scope = dialog.findChild<QComboBox*>();
+    scope->setFocus();
+    QTest::keyClick(scope, Qt::Key_Down);
+    const QStringList both{"28.07.2026", "Sum 28.07.2026", "29.07.2026", "Sum 29.07.2026", "Total"};
+    QCOMPARE(dates(), both);
+    QCOMPARE(dialog.findChild<QTableWidget*>()->rowCount(), 5);
+
+    const auto save = [&](const char* text, const QString& path) {
+        ModalBoxes boxes;
+        boxes.answer(path);
+        for (auto* button : dialog.findChildren<QPushButton*>()) {
+            if (button->text() == text)
+                QTest::mouseClick(button, Qt::LeftButton);
+        }
+        return readFile(path);
+    };
+    QCOMPARE(save("Save as CSV...", m_home.filePath("sheet.csv")).count("\r\n"), 3);
+    const QByteArray pdf = save("Save as PDF...", m_home.filePath("sheet.pdf"));
+    QVERIFY(pdf.startsWith("%PDF") && pdf.trimmed().endsWith("%%EOF"));
+
+    // Nothing is loaded: the folder. Closed while it waits: nothing is read.
+    dialog.open({folder, {}, {}});
+    QCOMPARE(dates(), both);
+    jobs.run([&] {
+        dialog.open({"/no/such/folder", {}, {}});
+        dialog.close();
+    });
+    QCOMPARE(dates(), both);
+    dialog.open({"/no/such/folder", {}, {}});
+    QCOMPARE(dates(), QStringList());
 }
 
 void TestDialogs::licencesAreShown()
