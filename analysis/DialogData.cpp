@@ -60,8 +60,9 @@ QLCDNumber* createDisplay(int digits, const QString& text, QWidget* parent)
     return display;
 }
 
-/// The date of a moment; dashes where the recording has none.
-QString dateText(const QDateTime& start, double seconds)
+} // namespace
+
+QString dateTimeText(const QDateTime& start, double seconds)
 {
     const double milliseconds = std::round(seconds * 1000.0);
     if (!start.isValid() || !(std::abs(milliseconds) < 1e15))
@@ -70,7 +71,10 @@ QString dateText(const QDateTime& start, double seconds)
         .toString(QStringLiteral("dd.MM.yyyy hh:mm:ss"));
 }
 
-} // namespace
+QString counterText(double seconds)
+{
+    return clockTime(seconds).toString(QStringLiteral("hh:mm:ss.zzz"));
+}
 
 DialogData::DialogData(const Profile& profile, QWidget* parent, Clock clock)
     : QWidget(parent)
@@ -98,6 +102,19 @@ DialogData::DialogData(const Profile& profile, QWidget* parent, Clock clock)
         m_slider->hide();
         m_timeEdit->hide();
     }
+    const QList<QWidget*> order{m_tabs,
+                                m_mapButtons->button(hideMap),
+                                m_mapButtons->button(mapBeside),
+                                m_mapButtons->button(mapBelow),
+                                m_stack,
+                                m_startButton,
+                                m_stopButton,
+                                m_slider,
+                                m_timeEdit,
+                                m_speedSlider,
+                                m_speedBox};
+    for (qsizetype i = 1; i < order.size(); ++i)
+        setTabOrder(order[i - 1], order[i]);
     updateButtons();
 }
 
@@ -376,10 +393,12 @@ void DialogData::refreshDisplays()
     const double seconds = m_replay.time();
     const QTime time = clockTime(seconds);
     m_isWriting = true;
-    m_dateDisplay->display(m_dataSet != nullptr ? dateText(m_dataSet->dateTime, seconds) : noDate);
-    m_timeDisplay->display(m_dataSet != nullptr ? time.toString(QStringLiteral("hh:mm:ss.zzz"))
-                                                : noTime);
-    m_timeEdit->setTime(time);
+    m_dateDisplay->display(m_dataSet != nullptr ? dateTimeText(m_dataSet->dateTime, seconds)
+                                                : noDate);
+    m_timeDisplay->display(m_dataSet != nullptr ? counterText(seconds) : noTime);
+    // Whoever types a time while the replay runs must not lose the half of it.
+    if (m_replay.state() != Replay::State::Running || !m_timeEdit->hasFocus())
+        m_timeEdit->setTime(time);
     m_slider->setValue(m_replay.position());
     m_isWriting = false;
 }
@@ -400,7 +419,8 @@ void DialogData::updateButtons()
     m_timeEdit->setEnabled(hasData);
     m_isWriting = true;
     m_speedSlider->setValue(static_cast<int>(m_replay.speed() * speedSteps));
-    m_speedBox->setValue(m_replay.speed());
+    if (m_speedBox->value() != m_replay.speed()) // it would rewrite what is being typed
+        m_speedBox->setValue(m_replay.speed());
     m_isWriting = false;
 }
 
@@ -469,8 +489,16 @@ void DialogData::slotReplaySpeed(double speed)
 
 void DialogData::slotValue(const QTime& time)
 {
-    if (!m_isWriting)
-        moveTo(QTime(0, 0).secsTo(time));
+    if (m_isWriting)
+        return;
+    // A recording longer than a day: the clock time of the first day that fits.
+    constexpr double day = 24 * 60 * 60;
+    double seconds = QTime(0, 0).secsTo(time);
+    const double laterDay =
+        seconds + std::ceil(std::max(m_replay.first() - seconds, 0.0) / day) * day;
+    if (laterDay <= m_replay.last())
+        seconds = laterDay;
+    moveTo(seconds);
 }
 
 void DialogData::slotCursor(float seconds, double /*value*/)

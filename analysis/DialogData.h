@@ -10,6 +10,7 @@
 
 class QBoxLayout;
 class QButtonGroup;
+class QDateTime;
 class QDoubleSpinBox;
 class QGridLayout;
 class QLCDNumber;
@@ -28,6 +29,12 @@ namespace KOLT {
 class DataPage;
 class Profile;
 struct DataSet;
+
+/// The date and time of a moment, to a second; dashes where the recording has none.
+QString dateTimeText(const QDateTime& start, double seconds);
+
+/// The time on the unit's counter, to a millisecond.
+QString counterText(double seconds);
 
 /// The analysis area: seven pages behind tabs, the map beside them, and the replay.
 ///

@@ -85,6 +85,7 @@ DialogDataTable::DialogDataTable(const Profile& profile, QWidget* parent)
         button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
         button->setAutoRaise(true);
         bar->addWidget(button);
+        setTabOrder(button, m_view);
     }
     bar->addStretch();
     auto* const table = new QWidget(this);

@@ -32,7 +32,6 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
-#include <set>
 
 namespace KOLT {
 
@@ -95,7 +94,13 @@ DialogMain::DialogMain()
     show();
 }
 
-DialogMain::~DialogMain() = default;
+DialogMain::~DialogMain()
+{
+    // They point into profile and card, which are gone before the window's other children.
+    delete takeCentralWidget();
+    delete m_profileInfo;
+    delete m_daySheet;
+}
 
 void DialogMain::createPanels()
 {
@@ -122,6 +127,8 @@ void DialogMain::createPanels()
     connect(m_profileDialog, &DialogProfile::signalChanged, this,
             qOverload<>(&DialogMain::slotProfileChanged));
     connect(m_project, &ProjectSession::signalSelectionChanged, this, [this] {
+        m_wanted.clear();
+        rememberSelection();
         m_profileDialog->refresh();
         m_data->refresh();
     });
@@ -218,22 +225,49 @@ void DialogMain::refreshSelectors()
     m_isUpdating = false;
 }
 
+void DialogMain::rememberSelection()
+{
+    for (const ProfileParameter& parameter : m_profile.parameters()) {
+        if (parameter.selected)
+            m_wanted.insert(parameter.fullName);
+        else
+            m_wanted.erase(parameter.fullName);
+    }
+}
+
 void DialogMain::reloadProfile()
 {
-    std::set<QString> selected;
-    for (const ProfileParameter* parameter : m_profile.selectedParameters())
-        selected.insert(parameter->fullName);
+    rememberSelection(); // what another variant does not have stays wanted
     const double time = m_data->time();
     m_data->clear(); // it points into the profile
     loadProfile();
-    m_profile.select(
-        [&](const ProfileParameter& parameter) { return selected.contains(parameter.fullName); });
-    m_profileDialog->refresh();
-    if (m_choice.index() != 0) {
-        loadNow(m_choice); // flights and track depend on the profile
-        m_data->setTime(time);
-    }
+    m_profile.select([this](const ProfileParameter& parameter) {
+        return m_wanted.contains(parameter.fullName);
+    });
+    m_profileDialog->reload();
+    showReloaded();
+    m_data->setTime(time);
     tellProfileFailure();
+}
+
+void DialogMain::showReloaded()
+{
+    if (m_card.dataSet() == nullptr)
+        return;
+    // Flights and track depend on the profile. Of a flight the rest of the cycle is needed, and
+    // is read again if the card is still there.
+    const auto* const picked = std::get_if<CycleChoice>(&m_choice);
+    const bool isFlight = m_card.dataSet()->flight() != nullptr;
+    const Files files = filesOf(m_choice);
+    const auto isThere = [](const QString& path) { return QFileInfo::exists(path); };
+    if (isFlight && !files.empty() && std::ranges::all_of(files, isThere)) {
+        loadNow(m_choice);
+        return;
+    }
+    m_card.reanalyse(picked != nullptr && !isFlight ? std::optional(picked->cycle) : std::nullopt);
+    if (picked != nullptr)
+        m_cardDialog->listFlights(static_cast<unsigned int>(picked->cycle));
+    m_data->setData(*m_card.dataSet());
 }
 
 void DialogMain::slotTimeout()
@@ -252,11 +286,13 @@ void DialogMain::tellProfileFailure()
 void DialogMain::slotTimeoutStartup()
 {
     m_jobs.run([this] {
-        if (!listFolder(Startup::lastPath()))
+        // Whoever was faster than the timer has opened a folder, or chosen parameters.
+        if (m_card.folder().isEmpty() && !listFolder(Startup::lastPath()))
             statusBar()->showMessage(tr("The last folder %1 is not there. Open another one with "
                                         "\"Open Data Folder\".")
                                          .arg(Startup::lastPath()));
-        m_project->readLast();
+        if (!m_project->isModified())
+            m_project->readLast();
         refreshTitle();
     });
     // A display without lists has nothing else to show than the latest run of the engine.
@@ -282,7 +318,7 @@ void DialogMain::slotProfileChanged(const QString& variant)
     Diagnostics::print("slotProfileChanged <%s>\n", qUtf8Printable(variant));
     SettingsStore::instance().setText("Profile", variant.toUtf8());
     Messages::saveSettings(this);
-    m_jobs.run([this] {
+    m_jobs.runLatest(JobQueue::Kind::Reload, [this] {
         reloadProfile();
         refreshTitle();
     });
@@ -297,18 +333,20 @@ void DialogMain::slotUnitChanged(int unit)
     m_profile.setUnitSystem(unit == 1 ? UnitSystem::Imperial : UnitSystem::Metric);
     refreshSelectors();
     m_profileInfo->refresh();
+    m_profileDialog->refreshUnits();
     m_data->refresh();
 }
 
 void DialogMain::slotProfileChanged()
 {
     m_project->setModified();
+    rememberSelection();
     m_data->refresh();
 }
 
 void DialogMain::slotProfileFileChanged()
 {
-    m_jobs.run([this] { reloadProfile(); });
+    m_jobs.runLatest(JobQueue::Kind::Reload, [this] { reloadProfile(); });
 }
 
 void DialogMain::refreshTitle()
@@ -331,8 +369,8 @@ void DialogMain::closeEvent(QCloseEvent* event)
 {
     if (m_isClosing)
         return;
+    m_isClosing = true; // before a box comes up, in which the user may close again
     m_project->saveOnExit();
-    m_isClosing = true;
     event->accept();
     m_endProcess(EXIT_SUCCESS);
 }

@@ -12,6 +12,7 @@
 #include <functional>
 #include <list>
 #include <memory>
+#include <set>
 #include <variant>
 
 class QAction;
@@ -103,10 +104,13 @@ private:
     void loadProfile();
     void tellProfileFailure();
     void reloadProfile();
+    void showReloaded();
+    void rememberSelection();
     void refreshSelectors();
 
     void askForFolder();
     void openFolder(const QString& folder);
+    void openDropped(const QStringList& paths);
     bool listFolder(const QString& folder);
     void load(const Choice& choice);
     void loadNow(const Choice& choice);
@@ -122,6 +126,7 @@ private:
     JobQueue m_jobs;
     RecentFolders m_recentFolders;
     Choice m_choice;
+    std::set<QString> m_wanted; ///< full names of the selected parameters, of all variants
     EndProcess m_endProcess;
     bool m_isEmuDisplay = false;
     bool m_isProfileLoaded = false;

@@ -126,7 +126,6 @@ void DialogMain::askForFolder()
 
 void DialogMain::openFolder(const QString& folder)
 {
-    m_jobs.dropWaitingChoice(); // it was made in the folder before
     m_jobs.run([this, folder] {
         if (!listFolder(folder)) {
             Messages::warn(this,
@@ -150,7 +149,7 @@ bool DialogMain::listFolder(const QString& folder)
     m_progress->end();
     if (!isOpen)
         return false;
-    m_jobs.dropWaitingChoice();
+    m_jobs.dropWaiting(JobQueue::Kind::Choice); // it was made in the folder before
     m_choice = {}; // what is shown came from the folder before and stays until the next choice
     m_cardDialog->refresh();
     statusBar()->showMessage(
@@ -180,7 +179,7 @@ void DialogMain::slotLoadCycle(unsigned int cycle, int flight)
 
 void DialogMain::load(const Choice& choice)
 {
-    m_jobs.runLatest([this, choice] { loadNow(choice); });
+    m_jobs.runLatest(JobQueue::Kind::Choice, [this, choice] { loadNow(choice); });
 }
 
 void DialogMain::loadNow(const Choice& choice)
@@ -207,8 +206,13 @@ void DialogMain::loadNow(const Choice& choice)
         return;
     }
     m_choice = choice;
+    if (auto* const picked = std::get_if<CycleChoice>(&m_choice);
+        picked != nullptr && picked->flight >= 0 && m_card.dataSet()->flight() == nullptr) {
+        picked->flight = -1;
+        m_cardDialog->listFlights(static_cast<unsigned int>(picked->cycle));
+    }
     m_data->setData(*m_card.dataSet());
-    showDataInWords(choice);
+    showDataInWords(m_choice);
     tellUnreadFiles();
     if (!isLoaded)
         statusBar()->showMessage(
@@ -300,6 +304,12 @@ void DialogMain::dropEvent(QDropEvent* event)
     if (paths.isEmpty())
         return;
     event->acceptProposedAction();
+    // Where it was dragged from waits until this returns.
+    QTimer::singleShot(0, this, [this, paths] { openDropped(paths); });
+}
+
+void DialogMain::openDropped(const QStringList& paths)
+{
     const QFileInfo first(paths.front());
     if (first.isDir()) {
         openFolder(paths.front());

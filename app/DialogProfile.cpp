@@ -63,6 +63,9 @@ DialogProfile::DialogProfile(Profile& profile, QWidget* parent)
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_tabs);
     layout->addLayout(buttons);
+    m_draftTimer.setSingleShot(true);
+    m_draftTimer.setInterval(0);
+    connect(&m_draftTimer, &QTimer::timeout, this, &DialogProfile::showDraft);
     refresh();
 }
 
@@ -77,6 +80,7 @@ QWidget* DialogProfile::createTreePage()
     m_tree = new QTreeWidget(page);
     m_tree->setHeaderHidden(true);
     m_tree->setUniformRowHeights(true);
+    m_filter->setToolTip(tr("Show only devices and parameters with this text in their name"));
     connect(m_tree, &QTreeWidget::itemChanged, this, &DialogProfile::slotItemChanged);
     auto* const layout = new QVBoxLayout(page);
     layout->setContentsMargins(pageMargin, pageMargin, pageMargin, pageMargin);
@@ -96,6 +100,31 @@ void DialogProfile::refresh()
     showDraft();
 }
 
+void DialogProfile::reload()
+{
+    std::set<QString> names; // the parameters themselves are gone
+    for (const auto& [item, parameter] : m_parameters) {
+        if (item->checkState(0) == Qt::Checked)
+            names.insert(item->data(0, Qt::UserRole).toString());
+    }
+    refresh();
+    m_isFilling = true;
+    for (const auto& [item, parameter] : m_parameters) {
+        if (names.contains(parameter->fullName))
+            item->setCheckState(0, Qt::Checked);
+    }
+    m_isFilling = false;
+    showDraft();
+}
+
+void DialogProfile::refreshUnits()
+{
+    m_isFilling = true;
+    for (const auto& [item, parameter] : m_parameters)
+        item->setToolTip(0, describe(m_profile, *parameter));
+    m_isFilling = false;
+}
+
 void DialogProfile::addDevices()
 {
     for (const Device& device : m_profile.devices()) {
@@ -108,6 +137,7 @@ void DialogProfile::addDevices()
             auto* const item = new QTreeWidgetItem(group, {parameter->name});
             item->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsUserCheckable);
             item->setCheckState(0, parameter->selected ? Qt::Checked : Qt::Unchecked);
+            item->setData(0, Qt::UserRole, parameter->fullName);
             item->setToolTip(0, describe(m_profile, *parameter));
             m_parameters[item] = parameter;
         }
@@ -155,7 +185,7 @@ std::vector<const ProfileParameter*> DialogProfile::draft() const
 void DialogProfile::slotItemChanged()
 {
     if (!m_isFilling)
-        showDraft();
+        m_draftTimer.start();
 }
 
 void DialogProfile::showDraft()
@@ -191,7 +221,9 @@ void DialogProfile::uncheckListed()
             item->setCheckState(0, Qt::Unchecked);
     }
     m_isFilling = false;
+    const int row = m_list->currentRow();
     showDraft();
+    m_list->setCurrentRow(std::min(row, m_list->count() - 1));
 }
 
 void DialogProfile::confirm()

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QTimer>
 #include <QWidget>
 
 #include <map>
@@ -31,6 +32,13 @@ public:
     /// Fills the tree anew from the profile and its flags; a draft is lost.
     void refresh();
 
+    /// The same after the profile was loaded anew; the draft is kept, as far as its parameters
+    /// still exist.
+    void reload();
+
+    /// Other units are shown.
+    void refreshUnits();
+
 signals:
     /// The user confirmed a selection.
     void signalChanged();
@@ -54,6 +62,7 @@ private:
     QTabWidget* m_tabs = nullptr;
     QPushButton* m_clear = nullptr;
     QPushButton* m_confirm = nullptr;
+    QTimer m_draftTimer; ///< gathers the changes of a whole device
     bool m_isFilling = false;
 };
 

@@ -15,20 +15,23 @@ public:
     using Job = std::function<void()>;
 
     /// Runs the job now, or behind the one that runs.
-    void run(Job job) { add({std::move(job), false}); }
+    void run(Job job) { add({std::move(job), Kind::Ordinary}); }
 
-    /// The same for one of many choices of which only the last counts: it takes the place of an
-    /// earlier one that still waits.
-    void runLatest(Job job)
+    /// Jobs of which only the latest of each kind counts.
+    enum class Kind { Ordinary, Choice, Reload };
+
+    /// The same for a kind of which only the latest counts: it takes the place of an earlier one
+    /// that still waits.
+    void runLatest(Kind kind, Job job)
     {
-        dropWaitingChoice();
-        add({std::move(job), true});
+        dropWaiting(kind);
+        add({std::move(job), kind});
     }
 
-    /// What was chosen meanwhile no longer makes sense.
-    void dropWaitingChoice()
+    /// What was asked for meanwhile no longer makes sense.
+    void dropWaiting(Kind kind)
     {
-        std::erase_if(m_waiting, [](const Entry& entry) { return entry.isChoice; });
+        std::erase_if(m_waiting, [kind](const Entry& entry) { return entry.kind == kind; });
     }
 
     bool isBusy() const { return m_isBusy; }
@@ -37,7 +40,7 @@ private:
     struct Entry
     {
         Job job;
-        bool isChoice = false;
+        Kind kind = Kind::Ordinary;
     };
 
     void add(Entry entry)

@@ -51,13 +51,25 @@ void ProjectSession::storePath(const QString& path)
 void ProjectSession::readLast()
 {
     const QString path = lastPath();
-    if (QFile::exists(path)) {
-        if (Project::instance().read(path) != 0)
-            m_path = path;
-    } else {
+    if (!QFile::exists(path))
         selectDefaultParameters(m_profile);
-    }
+    else if (Project::instance().read(path) != 0)
+        m_path = path;
+    else
+        replaceUnreadable(path);
     emit signalSelectionChanged();
+}
+
+void ProjectSession::replaceUnreadable(const QString& path)
+{
+    selectDefaultParameters(m_profile);
+    QString aside = path + QStringLiteral(".broken");
+    for (int i = 2; QFile::exists(aside); ++i)
+        aside = QStringLiteral("%1.broken.%2").arg(path).arg(i);
+    if (QFile::rename(path, aside))
+        Messages::warn(&m_window, tr("The project file\n%1\ncannot be read. It is kept as\n%2\nand "
+                                     "some usual parameters are selected in its place.")
+                                      .arg(path, aside));
 }
 
 bool ProjectSession::mayDrop()
@@ -129,6 +141,11 @@ bool ProjectSession::saveAs()
 
 bool ProjectSession::write(const QString& path)
 {
+    if (m_profile.parameters().empty()) {
+        Messages::warn(&m_window, tr("Without a profile there is no selection, and the project is "
+                                     "not saved. Please install a valid profile first."));
+        return false;
+    }
     Project::instance().write(path);
     if (!Project::instance().isWritten()) {
         Messages::warn(&m_window, tr("The project could not be saved to\n%1\nPlease check that the "
@@ -144,9 +161,25 @@ bool ProjectSession::write(const QString& path)
 
 void ProjectSession::saveOnExit()
 {
-    // A new project without a file becomes the one that the next start reopens.
-    if (m_isModified)
-        write(m_path.isEmpty() ? defaultPath() : m_path);
+    if (m_profile.parameters().empty())
+        return; // nothing can have been selected
+    Project& project = Project::instance();
+    const bool isElsewhere = !m_path.isEmpty() && m_path != defaultPath();
+    bool isSaved = true;
+    if (m_isModified && isElsewhere) {
+        project.write(m_path);
+        isSaved = project.isWritten();
+    }
+    if (m_isModified || isElsewhere) {
+        project.write(defaultPath());
+        isSaved = isSaved && project.isWritten();
+    }
+    if (!isSaved)
+        Messages::warn(&m_window,
+                       tr("The selected parameters could not be saved to\n%1\nThe folder "
+                          "cannot be written, or is full.")
+                           .arg(isElsewhere ? m_path : defaultPath()));
+    m_isModified = false;
 }
 
 void selectDefaultParameters(Profile& profile)

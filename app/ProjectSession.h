@@ -41,7 +41,8 @@ public:
     bool save();
     bool saveAs();
 
-    /// Saves unsaved changes without asking, at the program's end.
+    /// Saves unsaved changes without asking, at the program's end. What the next start reopens is
+    /// always brought up to date.
     void saveOnExit();
 
 signals:
@@ -52,6 +53,7 @@ signals:
 private:
     bool mayDrop();
     bool write(const QString& path);
+    void replaceUnreadable(const QString& path);
     void storePath(const QString& path);
     QString lastPath() const;
     static QString defaultPath();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QComboBox>
+#include <QWheelEvent>
 
 namespace KOLT {
 
@@ -14,11 +15,22 @@ public:
     explicit Selector(QWidget* parent = nullptr)
         : QComboBox(parent)
     {
+        setFocusPolicy(Qt::StrongFocus);
         setSizeAdjustPolicy(QComboBox::AdjustToContents);
         connect(this, &QComboBox::activated, this, [this](int index) {
             emit signalActivated(index);
             emit signalActivated(itemText(index));
         });
+    }
+
+protected:
+    /// Scrolling past it changes nothing.
+    void wheelEvent(QWheelEvent* event) override
+    {
+        if (hasFocus())
+            QComboBox::wheelEvent(event);
+        else
+            event->ignore();
     }
 
 signals:

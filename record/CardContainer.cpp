@@ -141,12 +141,27 @@ bool CardContainer::loadFlight(int number, std::size_t flightIndex, const Progre
         return false;
     m_dataSet.reset();
     m_dataSet = read(pathsOf(cycle->second), progress);
+    m_flights[number] = m_dataSet->flights;
     const bool isKnown = flightIndex < m_dataSet->flights.size();
     if (isKnown)
         m_dataSet->keepFlight(flightIndex);
     m_dataSet->track =
         buildTrack(m_profile, m_dataSet->messages, isKnown ? m_dataSet->startSeconds : 0.0);
     return isKnown;
+}
+
+void CardContainer::reanalyse(std::optional<int> cycleNumber)
+{
+    if (m_dataSet == nullptr)
+        return;
+    const Flight* const flight = m_dataSet->flight();
+    if (flight == nullptr) {
+        m_dataSet->flights = findFlights(m_profile, m_dataSet->messages, m_dataSet->dateTime);
+        if (cycleNumber)
+            m_flights[*cycleNumber] = m_dataSet->flights;
+    }
+    m_dataSet->track = buildTrack(m_profile, m_dataSet->messages,
+                                  flight != nullptr ? m_dataSet->startSeconds : 0.0);
 }
 
 std::list<QString> CardContainer::pathsOf(const Cycle& cycle) const

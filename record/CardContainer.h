@@ -10,6 +10,7 @@
 #include <list>
 #include <map>
 #include <memory>
+#include <optional>
 
 namespace KOLT {
 
@@ -45,13 +46,17 @@ public:
     /// Without such a flight the result is false too, and the whole cycle is loaded.
     bool loadFlight(int number, std::size_t flightIndex, const Progress& progress = {});
 
+    /// Works out flights and track of the current data set again, as they depend on the profile;
+    /// of a single flight only the track. Keeps the flights for the cycle of that number.
+    void reanalyse(std::optional<int> cycleNumber);
+
     const QString& folder() const { return m_folder; }
 
     const std::map<QString, RecordFile>& files() const { return m_files; }
 
     const std::map<int, Cycle>& cycles() const { return m_cycles; }
 
-    /// The flights of a cycle, as found when it was loaded last; none before.
+    /// The flights of a cycle, as found when it was loaded last, all or one of them; none before.
     const std::vector<Flight>& flightsOf(int number) const;
 
     /// Valid until the next load; null before the first.

@@ -133,6 +133,10 @@ DialogCard::DialogCard(CardContainer& card, QWidget* parent)
     connect(m_rawDataPage.tree, &QTreeWidget::itemSelectionChanged, this, &DialogCard::slotSelect);
     connect(m_cyclesPage.tree, &QTreeWidget::itemSelectionChanged, this,
             &DialogCard::slotSelectCycle);
+    connect(m_rawDataPage.tree, &QTreeWidget::itemPressed, this,
+            [this](QTreeWidgetItem* item) { repeatChoice(*item, false); });
+    connect(m_cyclesPage.tree, &QTreeWidget::itemPressed, this,
+            [this](QTreeWidgetItem* item) { repeatChoice(*item, true); });
     refresh();
 }
 
@@ -232,6 +236,11 @@ void DialogCard::listFlights(unsigned int cycle)
         return;
     QTreeWidgetItem* const cycleItem = found->second;
     const QSignalBlocker blocker(m_cyclesPage.tree);
+    int selected = wholeCycle; // a flight picked meanwhile stays picked
+    for (int i = 0; i < cycleItem->childCount(); ++i) {
+        if (cycleItem->child(i)->isSelected())
+            selected = i;
+    }
     qDeleteAll(cycleItem->takeChildren());
     int index = 0;
     for (const Flight& flight : m_card.flightsOf(static_cast<int>(cycle))) {
@@ -245,41 +254,71 @@ void DialogCard::listFlights(unsigned int cycle)
         ++index;
     }
     cycleItem->setExpanded(true);
+    if (selected >= 0 && selected < index)
+        m_cyclesPage.tree->setCurrentItem(cycleItem->child(selected));
+}
+
+void DialogCard::deselect(const Page& page)
+{
+    const QSignalBlocker blocker(page.tree);
+    page.tree->clearSelection();
+}
+
+void DialogCard::repeatChoice(const QTreeWidgetItem& pressed, bool isCycle)
+{
+    // What is selected already can be asked for again, after a card was changed or a load failed.
+    if (!m_isChoiceNew && pressed.isSelected()) {
+        if (isCycle)
+            slotSelectCycle();
+        else
+            slotSelect();
+    }
+    m_isChoiceNew = false;
 }
 
 void DialogCard::slotSelect()
 {
+    m_isChoiceNew = true;
     m_selectedPaths.clear();
     for (const QTreeWidgetItem* item : m_rawDataPage.tree->selectedItems())
         m_selectedPaths.push_back(item->data(0, valueRole).toString());
     // A click beside the files asks for nothing.
-    if (m_selectedPaths.empty())
+    if (m_selectedPaths.empty()) {
         m_recordTimer.stop();
-    else
-        m_recordTimer.start();
+        return;
+    }
+    deselect(m_cyclesPage); // one choice at a time
+    m_cycleTimer.stop();
+    m_recordTimer.start();
 }
 
 void DialogCard::slotSelectCycle()
 {
+    m_isChoiceNew = true;
     m_selectedPaths.clear();
     const QList<QTreeWidgetItem*> selected = m_cyclesPage.tree->selectedItems();
     for (const QTreeWidgetItem* item : selected) {
         m_selectedCycle = item->data(0, valueRole).toUInt();
         m_selectedFlight = item->data(0, flightRole).toInt();
     }
-    if (selected.isEmpty())
+    if (selected.isEmpty()) {
         m_cycleTimer.stop();
-    else
-        m_cycleTimer.start();
+        return;
+    }
+    deselect(m_rawDataPage);
+    m_recordTimer.stop();
+    m_cycleTimer.start();
 }
 
 void DialogCard::slotTimeout()
 {
+    m_isChoiceNew = false;
     emit signalLoadRecord(m_selectedPaths);
 }
 
 void DialogCard::slotTimeoutLoadCycle()
 {
+    m_isChoiceNew = false;
     const unsigned int cycle = m_selectedCycle;
     const int flight = m_selectedFlight;
     emit signalLoadCycle(cycle, flight);

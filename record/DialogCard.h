@@ -59,6 +59,8 @@ private:
 
     Page createPage(const QString& title);
     void clear(const Page& page);
+    void deselect(const Page& page);
+    void repeatChoice(const QTreeWidgetItem& pressed, bool isCycle);
     void fillRawData();
     void fillCycles();
     QTreeWidgetItem* addCycle(const Cycle& cycle);
@@ -67,7 +69,8 @@ private:
     std::map<unsigned int, QTreeWidgetItem*> m_cycleItems;
     std::list<QString> m_selectedPaths;
     unsigned int m_selectedCycle = 0;
-    int m_selectedFlight = -1; ///< -1: the whole cycle
+    int m_selectedFlight = -1;  ///< -1: the whole cycle
+    bool m_isChoiceNew = false; ///< the selection changed since the last signal or press
     QTimer m_recordTimer;
     QTimer m_cycleTimer;
     QTabWidget* m_tabs = nullptr;

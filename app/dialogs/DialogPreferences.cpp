@@ -6,6 +6,7 @@
 #include "app/settings/SettingsStore.h"
 #include "app/startup/Startup.h"
 
+#include <QApplication>
 #include <QComboBox>
 #include <QDialogButtonBox>
 #include <QFileDialog>
@@ -136,8 +137,10 @@ void DialogPreferences::readSettings()
     const SettingsStore& settings = SettingsStore::instance();
     const QString locale = QString::fromUtf8(settings.getText("Locale", "us"));
     m_language->setCurrentIndex(std::max(m_language->findData(locale), 0));
+    m_shownLanguage = m_language->currentIndex();
     m_restart->setVisible(locale != m_startLanguage);
     m_fontSize->setValue(settings.getInteger("FontSize", Startup::defaultFontPixels));
+    m_shownFontSize = m_fontSize->value();
     m_unit->setCurrentIndex(settings.getInteger("Unit", 0) == 1 ? 1 : 0);
     m_profile->setText(ProfileInstaller::installedPath());
     m_tileServer->setText(QString::fromUtf8(settings.getText("TileServer", defaultTileServer)));
@@ -149,17 +152,22 @@ void DialogPreferences::readSettings()
 void DialogPreferences::apply()
 {
     SettingsStore& settings = SettingsStore::instance();
-    settings.setText("Locale", m_language->currentData().toString().toUtf8());
+    // What was not touched stays as it is, even if this dialog does not know it.
+    if (m_language->currentIndex() != m_shownLanguage)
+        settings.setText("Locale", m_language->currentData().toString().toUtf8());
+    m_shownLanguage = m_language->currentIndex();
     const int unit = m_unit->currentIndex();
     const bool isOtherUnit = settings.getInteger("Unit", 0) != unit;
     settings.setInteger("Unit", unit);
-    const bool isOtherFont =
-        settings.getInteger("FontSize", Startup::defaultFontPixels) != m_fontSize->value();
-    settings.setInteger("FontSize", m_fontSize->value());
+    const bool isOtherFont = m_fontSize->value() != m_shownFontSize;
+    if (isOtherFont)
+        settings.setInteger("FontSize", m_fontSize->value());
+    m_shownFontSize = m_fontSize->value();
     const bool isOtherMap = storeMap();
     Messages::saveSettings(this);
     if (isOtherFont)
         Startup::applyFontSize();
+    Startup::applyStyleSheet(*qApp); // widgets under a style sheet keep their font without it
     if (isOtherUnit)
         emit signalUnitChanged(unit);
     if (isOtherMap)

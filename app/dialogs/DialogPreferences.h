@@ -51,6 +51,8 @@ private:
     QDoubleSpinBox* m_contrast = nullptr;
     QDoubleSpinBox* m_brightness = nullptr;
     QDoubleSpinBox* m_factor = nullptr;
+    int m_shownLanguage = 0; ///< when the dialog was opened
+    int m_shownFontSize = 0;
     QString m_startLanguage; ///< in which the program runs
 };
 

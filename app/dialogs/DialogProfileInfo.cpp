@@ -73,6 +73,7 @@ DialogProfileInfo::DialogProfileInfo(const Profile& profile, QWidget* parent)
     createList();
 
     auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Close, this);
+    buttons->button(QDialogButtonBox::Close)->setAutoDefault(false); // Return is for the search
     QPushButton* const install =
         buttons->addButton(tr("Install Profile..."), QDialogButtonBox::ActionRole);
     install->setAutoDefault(false);

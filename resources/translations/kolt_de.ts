@@ -850,6 +850,10 @@ ist keine Aufzeichnungsdatei. Aufzeichnungsdateien enden auf .CAN, .can oder .xc
         <source>Selected Parameters (%1)</source>
         <translation>Ausgewählte Parameter (%1)</translation>
     </message>
+    <message>
+        <source>Show only devices and parameters with this text in their name</source>
+        <translation>Nur Geräte und Parameter mit diesem Text im Namen zeigen</translation>
+    </message>
 </context>
 <context>
     <name>KOLT::DialogProfileInfo</name>
@@ -1205,6 +1209,30 @@ Please check that the folder can be written and is not full, or save it elsewher
         <translation>Das Projekt konnte nicht gespeichert werden:
 %1
 Bitte prüfen Sie, ob der Ordner beschreibbar und nicht voll ist, oder speichern Sie es an einem anderen Ort.</translation>
+    </message>
+    <message>
+        <source>The project file
+%1
+cannot be read. It is kept as
+%2
+and some usual parameters are selected in its place.</source>
+        <translation>Die Projektdatei
+%1
+kann nicht gelesen werden. Sie bleibt als
+%2
+erhalten, und einige übliche Parameter sind stattdessen ausgewählt.</translation>
+    </message>
+    <message>
+        <source>Without a profile there is no selection, and the project is not saved. Please install a valid profile first.</source>
+        <translation>Ohne Profil gibt es keine Auswahl, und das Projekt wird nicht gesichert. Bitte installieren Sie zuerst ein gültiges Profil.</translation>
+    </message>
+    <message>
+        <source>The selected parameters could not be saved to
+%1
+The folder cannot be written, or is full.</source>
+        <translation>Die ausgewählten Parameter konnten nicht gesichert werden:
+%1
+Der Ordner ist nicht beschreibbar oder voll.</translation>
     </message>
 </context>
 <context>

@@ -59,6 +59,8 @@ private slots:
     void speedControlsStayInStep();
     void replayRunsPausesAndRewinds();
     void dataSetWithoutExtent();
+    void momentsBeyondADay();
+    void tabsAndTexts();
     void mapLayouts();
     void emuDisplayHidesControls();
 
@@ -216,6 +218,13 @@ void TestDialogData::speedControlsStayInStep()
     QCOMPARE(box->text(), "Speed 12.34");
     speedSlider()->setValue(10'000);
     QCOMPARE(box->value(), 100.0);
+    m_window->show();
+    box->setFocus();
+    box->selectAll();
+    QTest::keyClicks(box, "2.5"); // typed, as the window must not rewrite it meanwhile
+    QTest::keyClick(box, Qt::Key_Return);
+    QCOMPARE(box->value(), 2.5);
+    QCOMPARE(speedSlider()->value(), 250);
 }
 
 void TestDialogData::replayRunsPausesAndRewinds()
@@ -256,6 +265,34 @@ void TestDialogData::dataSetWithoutExtent()
     QCOMPARE(slider()->value(), 0);
     slider()->setValue(7000);
     QCOMPARE(m_window->time(), 100.0);
+}
+
+void TestDialogData::momentsBeyondADay()
+{
+    m_dataSet.startSeconds = 30 * 3600.0;
+    m_dataSet.stopSeconds = 31 * 3600.0;
+    m_window->setData(m_dataSet);
+    child<QTimeEdit>()->setTime(QTime(6, 30));
+    QCOMPARE(m_window->time(), 30.5 * 3600.0);
+    QCOMPARE(dateTimeText(m_dataSet.dateTime, m_window->time()), "29.07.2026 20:30:00");
+}
+
+void TestDialogData::tabsAndTexts()
+{
+    auto* const tabs = child<QTabBar>();
+    QStringList texts;
+    for (int i = 0; i < tabs->count(); ++i)
+        texts << tabs->tabText(i);
+    QCOMPARE(texts.join(", "), "Data, Graph, Fault Matrix, Limit/Warning, Warning Lamps, "
+                               "Tow Statistic, EMU View");
+    QVERIFY(find<QToolButton>([](auto* w) {
+                return w->toolTip() == "Tile Map Display Horizontally";
+            })->isChecked());
+    QCOMPARE(dateTimeText(m_dataSet.dateTime, 61.9996), "28.07.2026 14:01:02"); // rounded
+    QCOMPARE(dateTimeText({}, 61.0), "--.--.---- --:--:--");
+    QCOMPARE(dateTimeText(m_dataSet.dateTime, 1e300), "--.--.---- --:--:--");
+    QCOMPARE(counterText(3661.25), "01:01:01.250");
+    QCOMPARE(counterText(-1.0), "23:59:59.000");
 }
 
 void TestDialogData::mapLayouts()

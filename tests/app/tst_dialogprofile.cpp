@@ -48,6 +48,7 @@ private:
         const QRect rect = m_tree->visualItemRect(wanted);
         QTest::mouseClick(m_tree->viewport(), Qt::LeftButton, {},
                           QPoint(rect.left() + 10, rect.center().y()));
+        QCoreApplication::processEvents(); // the draft is shown when all of a device is checked
     }
 
     QPushButton* button(const QString& text) const

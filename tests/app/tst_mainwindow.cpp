@@ -1,11 +1,13 @@
 #include "analysis/DataPage.h"
 #include "analysis/DialogData.h"
+#include "analysis/DialogDataTable.h"
 #include "app/DialogMain.h"
 #include "app/JobQueue.h"
 #include "app/MainActions.h"
 #include "app/ProfileInstaller.h"
 #include "app/ProjectSession.h"
 #include "app/RecentFolders.h"
+#include "app/dialogs/DialogPreferences.h"
 #include "app/project/Project.h"
 #include "app/settings/CommandLineOptions.h"
 #include "app/settings/DataPaths.h"
@@ -20,14 +22,16 @@
 #include <QAction>
 #include <QApplication>
 #include <QComboBox>
+#include <QDialogButtonBox>
 #include <QDir>
+#include <QElapsedTimer>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
 #include <QMimeData>
 #include <QPushButton>
-#include <QSignalSpy>
+#include <QSpinBox>
 #include <QTableView>
 #include <QTest>
 #include <QToolBar>
@@ -47,6 +51,12 @@ private slots:
 
     void fromTheLastFolderToTheTable();
     void menusAndShortcuts();
+    void commandTexts_data();
+    void commandTexts();
+    void confirmedSelectionReachesThePages();
+    void unreadableProjectIsKeptAside();
+    void variantsKeepTheSelectionAndTheData();
+    void preferencesReachTheWindow();
     void projectIsKeptBetweenRuns();
     void savePromptsAnswers_data();
     void savePromptsAnswers();
@@ -71,6 +81,11 @@ private:
     QTreeWidgetItem* cycleItem(int index) const;
     void drop(const QStringList& paths);
 
+    QAbstractItemModel* table() const
+    {
+        return m_window->findChild<DialogDataTable*>()->findChild<QTableView*>()->model();
+    }
+
     QString setting(const char* key) const { return SettingsStore::instance().getText(key); }
 
     QTemporaryDir m_home;
@@ -87,6 +102,8 @@ void TestMainWindow::initTestCase()
     initKoltResources();
     const DiagnosticsCapture output;
     DataPaths::instance();
+    Startup::applyFontSize();
+    Startup::applyStyleSheet(*qApp);
 }
 
 void TestMainWindow::init()
@@ -167,6 +184,7 @@ void TestMainWindow::confirmSelection(const QString& parameter)
             item->setCheckState(0,
                                 item->checkState(0) == Qt::Checked ? Qt::Unchecked : Qt::Checked);
     }
+    QCoreApplication::processEvents(); // the draft is shown when all of a device is checked
     for (auto* button : m_window->findChildren<QPushButton*>()) {
         if (button->text() == "Confirm Selection")
             QTest::mouseClick(button, Qt::LeftButton);
@@ -195,6 +213,7 @@ void TestMainWindow::drop(const QStringList& paths)
     QVERIFY(enter.isAccepted());
     QDropEvent event(QPointF(10, 10), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
     QApplication::sendEvent(m_window.get(), &event);
+    QCoreApplication::processEvents(); // the drop itself only returns
 }
 
 void TestMainWindow::fromTheLastFolderToTheTable()
@@ -211,9 +230,8 @@ void TestMainWindow::fromTheLastFolderToTheTable()
     QVERIFY(m_window->card().dataSet() == nullptr); // it waits for the hand to rest
     QTRY_VERIFY(m_window->card().dataSet() != nullptr && !m_window->isBusy());
     QCOMPARE(m_window->card().dataSet()->stopSeconds, 19.0);
-    auto* const table = m_window->findChild<QTableView*>();
-    QCOMPARE(table->model()->rowCount(), 20);
-    QCOMPARE(table->model()->columnCount(), 3); // a first start shows something
+    QCOMPARE(table()->rowCount(), 20);
+    QCOMPARE(table()->columnCount(), 3); // a first start shows something
     const auto labels = m_window->findChildren<QLabel*>();
     QVERIFY(std::ranges::any_of(labels, [](const QLabel* label) {
         return label->text().startsWith("Cycle 1: 2 file") && label->text().contains("20 samples");
@@ -244,6 +262,140 @@ void TestMainWindow::menusAndShortcuts()
     QCOMPARE(boxes.seen(), QStringList{"Open SD Card"});
 }
 
+void TestMainWindow::commandTexts_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("shortcut");
+    QTest::addColumn<QString>("tips"); // tool tip, status tip
+
+    const auto row = [](int id, const char* text, const char* shortcut, const char* tips) {
+        QTest::addRow("%d", id) << QString(text) << QString(shortcut) << QString(tips);
+    };
+    row(0, "&New Project", "Ctrl+N", "Create new Project|Create new Project");
+    row(1, "&Open Project", "Ctrl+O", "Open Project|Open Project File");
+    row(2, "&Open Data Folder", "Ctrl+C", "Open Data Folder|Open Data Folder");
+    row(4, "&Save Project", "Ctrl+S", "Save Project|Save Project File");
+    row(5, "&Save Project as", "", "Save Project as|Save Project File as");
+    row(6, "&Quit", "Ctrl+Q", "Quit Application|Quit Application");
+    row(8, "About", "", "Show License Information|Show License Information");
+    row(9, "Profile", "", "Show Profile Information|Show Profile Information");
+    row(10, "Help", "F1", "Help Window|Help Window");
+    row(15, "Preferences", "", "Open Preferences Dialog|Open Preferences Dialog");
+    row(17, "Export Google KML File", "",
+        "Export Google Earth KML File|Export Google Earth KML File");
+    row(18, "Export CSV File", "", "Export CSV File|Export CSV File");
+}
+
+void TestMainWindow::commandTexts()
+{
+    m_window = std::make_unique<DialogMain>();
+    const auto actions = m_window->actions();
+    const auto found = std::ranges::find_if(actions, [](const QAction* action) {
+        return action->data().toString() == QTest::currentDataTag();
+    });
+    QVERIFY(found != actions.end());
+    QTEST((*found)->text(), "text");
+    QTEST((*found)->shortcut().toString(), "shortcut");
+    QTEST((*found)->toolTip() + '|' + (*found)->statusTip(), "tips");
+}
+
+void TestMainWindow::confirmedSelectionReachesThePages()
+{
+    SettingsStore::instance().setText("LastPath", folder("card").toUtf8());
+    open();
+    QElapsedTimer rest;
+    rest.start();
+    m_window->findChild<QTreeWidget*>("cyclesTree")->setCurrentItem(cycleItem(0));
+    QTRY_VERIFY(m_window->card().dataSet() != nullptr && !m_window->isBusy());
+    QVERIFY2(rest.elapsed() >= 500, qPrintable(QString::number(rest.elapsed())));
+    auto* const model = table();
+    QCOMPARE(model->columnCount(), 3);
+    confirmSelection("Fuel");
+    QCOMPARE(model->columnCount(), 2);
+    QCOMPARE(model->headerData(1, Qt::Horizontal).toString(), "Speed");
+}
+
+void TestMainWindow::unreadableProjectIsKeptAside()
+{
+    const QString path =
+        QFile::decodeName(DataPaths::instance().dataPath()) + "/CurrentProject.xml";
+    QVERIFY(writeFile(path, "<KoltProject><Par"));
+    ModalBoxes boxes;
+    boxes.answer("OK");
+    open();
+    QVERIFY(boxes.seen().value(0).contains(path + ".broken"));
+    QCOMPARE(readFile(path + ".broken"), "<KoltProject><Par");
+    QVERIFY(!m_window->profile().selectedParameters().empty());
+    QVERIFY(QFile::remove(path + ".broken"));
+
+    // Without a profile nothing is selected, and what is in the file is not overwritten by that.
+    const QByteArray project = "<KoltProject><Parameters><Parameter name=\"Speed\"/></Parameters>"
+                               "</KoltProject>";
+    QVERIFY(writeFile(path, project));
+    QVERIFY(writeFile(ProfileInstaller::installedPath(), "broken"));
+    boxes.answer("OK");
+    open();
+    QTRY_VERIFY(boxes.isDone());
+    boxes.answer("OK");
+    trigger(Command::SaveProject);
+    QVERIFY(boxes.isDone());
+    trigger(Command::Quit);
+    QCOMPARE(readFile(path), project);
+}
+
+void TestMainWindow::variantsKeepTheSelectionAndTheData()
+{
+    const QString card = folder("card");
+    SettingsStore::instance().setText("LastPath", card.toUtf8());
+    SettingsStore::instance().setText("Profile", "850");
+    open();
+    m_window->findChild<QTreeWidget*>("cyclesTree")->setCurrentItem(cycleItem(0));
+    QTRY_VERIFY(m_window->card().dataSet() != nullptr && !m_window->isBusy());
+    const auto selected = [&] { return m_window->profile().selectedParameters().size(); };
+    QCOMPARE(selected(), 3U);
+    QVERIFY(QDir(card).removeRecursively()); // the card is pulled out
+    auto* const selector = m_window->findChild<QComboBox*>("profileSelector");
+    selector->setFocus();
+    QTest::keyClick(selector, Qt::Key_Up);
+    QCOMPARE(m_window->profile().activeVariant(), "915");
+    QCOMPARE(selected(), 2U);
+    QCOMPARE(table()->rowCount(),
+             20); // the data are still there
+    QTest::keyClick(selector, Qt::Key_Down);
+    QCOMPARE(selected(), 3U); // and so is what only this variant has
+}
+
+void TestMainWindow::preferencesReachTheWindow()
+{
+    open();
+    trigger(Command::Preferences);
+    auto* const dialog = m_window->findChild<DialogPreferences*>();
+    QVERIFY(dialog->isVisible());
+    dialog->findChildren<QComboBox*>().at(1)->setCurrentIndex(1);
+    dialog->findChild<QSpinBox*>()->setValue(19);
+    auto* const apply = dialog->findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Apply);
+    QTest::mouseClick(apply, Qt::LeftButton);
+    QCOMPARE(m_window->profile().unitSystem(), UnitSystem::Imperial);
+    QCOMPARE(m_window->findChild<QComboBox*>("unitSelector")->currentIndex(), 1);
+    QCOMPARE(m_window->findChild<QTreeWidget*>("cyclesTree")->font().pixelSize(), 19);
+
+    const QString file = m_cards->filePath("new.xml");
+    QVERIFY(writeFile(file, "<KorvanProfile><Device name='E'><Parameter name='New' id='1'/>"
+                            "</Device></KorvanProfile>"));
+    ModalBoxes boxes;
+    boxes.answer(file);
+    boxes.answer("OK"); // installed
+    for (auto* button : dialog->findChildren<QPushButton*>()) {
+        if (button->text() == "Choose...")
+            QTest::mouseClick(button, Qt::LeftButton);
+    }
+    QTest::mouseClick(apply, Qt::LeftButton);
+    QVERIFY(boxes.isDone());
+    QCOMPARE(m_window->profile().parameters().front().name, "New");
+    dialog->findChild<QSpinBox*>()->setValue(Startup::defaultFontPixels);
+    QTest::mouseClick(apply, Qt::LeftButton);
+}
+
 void TestMainWindow::projectIsKeptBetweenRuns()
 {
     open();
@@ -255,6 +407,18 @@ void TestMainWindow::projectIsKeptBetweenRuns()
     open();
     QTRY_COMPARE(m_window->profile().selectedParameters().size(), 1U);
     QCOMPARE(m_window->profile().selectedParameters().front()->name, "Speed");
+
+    // Saved elsewhere, and the settings read afresh: the next start still comes back to it.
+    ModalBoxes boxes;
+    boxes.answer(m_cards->filePath("mine.xml"));
+    trigger(Command::SaveProjectAs);
+    confirmSelection("Fuel");
+    m_window->close();
+    QCOMPARE(m_exitCodes, QList<int>{0});
+    QVERIFY(readFile(m_cards->filePath("mine.xml")).contains("Fuel"));
+    QVERIFY(readFile(SettingsStore::instance().fileName()).contains("mine.xml"));
+    open();
+    QTRY_COMPARE(m_window->profile().selectedParameters().size(), 2U);
 }
 
 void TestMainWindow::savePromptsAnswers_data()
@@ -380,9 +544,9 @@ void TestMainWindow::secondSelectionDuringALoadIsQueued()
     QStringList log;
     jobs.run([&] {
         log << "begin";
-        jobs.runLatest([&] { log << "first choice"; });
+        jobs.runLatest(JobQueue::Kind::Choice, [&] { log << "first choice"; });
         jobs.run([&] { log << "command"; });
-        jobs.runLatest([&] { log << "last choice"; });
+        jobs.runLatest(JobQueue::Kind::Choice, [&] { log << "last choice"; });
         QVERIFY(jobs.isBusy());
         log << "end";
     });
@@ -432,7 +596,7 @@ void TestMainWindow::unitAndVariantSelectors()
     QTRY_VERIFY(m_window->card().dataSet() != nullptr && !m_window->isBusy());
     auto* const pages = m_window->findChild<DialogData*>();
     pages->setTime(7.0);
-    const auto* const model = m_window->findChild<QTableView*>()->model();
+    const auto* const model = table();
     QCOMPARE(model->headerData(1, Qt::Horizontal).toString(), "Fuel\n[l]");
     const auto pick = [&](const char* selector, Qt::Key key) {
         auto* const box = m_window->findChild<QComboBox*>(selector);
