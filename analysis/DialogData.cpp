@@ -7,6 +7,7 @@
 #include "analysis/WidgetEmptyPage.h"
 #include "analysis/WidgetFaultMatrix.h"
 #include "app/settings/CommandLineOptions.h"
+#include "graph/DialogDataGraph.h"
 #include "libs/tusk/Timer.h"
 #include "record/ClockTime.h"
 
@@ -132,7 +133,8 @@ void DialogData::createPages()
 {
     auto* const table = addPage(Page::Table, new DialogDataTable(m_profile, m_stack));
     connect(table, &DialogDataTable::signalTime, this, &DialogData::slotTableTime);
-    addPage(Page::Graph, new WidgetEmptyPage(tr("Graph"), m_stack));
+    auto* const graph = addPage(Page::Graph, new DialogDataGraph(m_profile, m_stack));
+    connect(graph, &DialogDataGraph::signalCursor, this, &DialogData::slotCursor);
     auto* const faults = addPage(Page::FaultMatrix, new WidgetFaultMatrix(m_profile, m_stack));
     connect(faults, &WidgetFaultMatrix::signalTime, this, &DialogData::slotFaultTime);
     auto* const limits = addPage(Page::Limit, new DialogDataLimit(m_profile, m_stack));

@@ -1,0 +1,378 @@
+#include "graph/DialogDataGraph.h"
+
+#include "app/messages/Messages.h"
+#include "app/settings/SettingsStore.h"
+#include "graph/DialogGraphSetup.h"
+#include "graph/TraceFeeder.h"
+#include "graph/WidgetGraph.h"
+
+#include <QApplication>
+#include <QBuffer>
+#include <QButtonGroup>
+#include <QClipboard>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QLabel>
+#include <QStackedLayout>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace KOLT {
+
+namespace {
+
+constexpr int holdMilliseconds = 50;
+constexpr double holdFactor = 0.97;
+constexpr double longestHeldSpan = 5000.0;
+constexpr double shortestHeldSpan = 1.0;
+constexpr double edge = 0.1; ///< of the span, within which the window is paged
+constexpr double allMargin = 0.1;
+constexpr int buttonSize = 32;
+constexpr int groupSpacing = 5;
+constexpr int graphState = 0;
+constexpr int emptyState = 1;
+
+/// Keys of the settings store, with what they are of.
+struct ColorKey
+{
+    const char* key;
+    QColor GraphSettings::*color;
+};
+
+struct FlagKey
+{
+    const char* key;
+    bool GraphSettings::*flag;
+};
+
+constexpr ColorKey colorKeys[] = {{"GraphBackground", &GraphSettings::background},
+                                  {"GraphGridColor", &GraphSettings::gridColor},
+                                  {"GraphLabelColor", &GraphSettings::labelColor},
+                                  {"GraphLabelBackground", &GraphSettings::labelBackground}};
+constexpr FlagKey flagKeys[] = {{"GraphSplit", &GraphSettings::isSplit},
+                                {"GraphAutomatic", &GraphSettings::isAutomatic},
+                                {"GraphGrid", &GraphSettings::hasGrid},
+                                {"GraphCursor", &GraphSettings::hasCursor},
+                                {"GraphLegend", &GraphSettings::hasLegend},
+                                {"GraphAutoscale", &GraphSettings::isAutoscaled},
+                                {"GraphLimits", &GraphSettings::hasThresholds},
+                                {"GraphStatistic", &GraphSettings::hasStatistic}};
+
+GraphSettings readSettings()
+{
+    const SettingsStore& store = SettingsStore::instance();
+    GraphSettings settings;
+    settings.timeSpan = std::clamp(store.getDouble("GraphTimeSpan", settings.timeSpan), 1e-3, 1e7);
+    settings.cursorMode = static_cast<CursorMode>(std::clamp(
+        store.getInteger("GraphCursorMode", static_cast<int>(settings.cursorMode)), 0, 2));
+    settings.yMinimum = store.getDouble("GraphYMinimum", settings.yMinimum);
+    settings.yMaximum = store.getDouble("GraphYMaximum", settings.yMaximum);
+    for (const auto& [key, color] : colorKeys) {
+        const QColor stored(QLatin1Char('#') + QString::fromLatin1(store.getText(key)));
+        if (stored.isValid())
+            settings.*color = stored;
+    }
+    for (const auto& [key, flag] : flagKeys)
+        settings.*flag = store.getBoolean(key, settings.*flag);
+    return settings;
+}
+
+void writeSettings(const GraphSettings& settings, QWidget* parent)
+{
+    SettingsStore& store = SettingsStore::instance();
+    store.setText("GraphTimeSpan", QByteArray::number(settings.timeSpan));
+    store.setInteger("GraphCursorMode", static_cast<int>(settings.cursorMode));
+    store.setText("GraphYMinimum", QByteArray::number(settings.yMinimum));
+    store.setText("GraphYMaximum", QByteArray::number(settings.yMaximum));
+    for (const auto& [key, color] : colorKeys)
+        store.setText(key, (settings.*color).name().mid(1).toLatin1());
+    for (const auto& [key, flag] : flagKeys)
+        store.setBoolean(key, settings.*flag);
+    Messages::saveSettings(parent);
+}
+
+} // namespace
+
+DialogDataGraph::DialogDataGraph(const Profile& profile, QWidget* parent)
+    : QWidget(parent)
+    , m_profile(profile)
+    , m_settings(readSettings())
+{
+    auto* const page = new QWidget(this);
+    createBar();
+    m_graph = new WidgetGraph(page);
+    auto* const layout = new QVBoxLayout(page);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addLayout(m_bar);
+    layout->addWidget(m_graph, 1);
+    m_empty = new QLabel(this);
+    m_empty->setObjectName(QStringLiteral("emptyState"));
+    m_empty->setAlignment(Qt::AlignCenter);
+    m_empty->setWordWrap(true);
+    m_stack = new QStackedLayout(this);
+    m_stack->addWidget(page);
+    m_stack->addWidget(m_empty);
+
+    m_setup = new DialogGraphSetup(m_settings, this);
+    connect(m_setup, &DialogGraphSetup::signalChanged, this, &DialogDataGraph::slotGraphSetup);
+    connect(m_graph, &WidgetGraphBase::signalCursor, this, [this](float seconds, double value) {
+        keepTime(static_cast<double>(seconds));
+        emit signalCursor(seconds, value);
+    });
+    connect(m_graph, &WidgetGraphBase::signalManMode, this, &DialogDataGraph::slotManMode);
+    connect(m_graph, &WidgetGraphBase::signalMoveParameter, this,
+            &DialogDataGraph::slotMoveParameter);
+    connect(&m_holdTimer, &QTimer::timeout, this, &DialogDataGraph::slotTimeout);
+    m_holdTimer.start(holdMilliseconds);
+    m_graph->setSettings(m_settings);
+    m_graph->setTimeSpan(m_settings.timeSpan);
+    slotManMode();
+    showData();
+}
+
+void DialogDataGraph::createBar()
+{
+    m_bar = new QHBoxLayout;
+    m_bar->setSpacing(0);
+    m_buttons = new QButtonGroup(this);
+    m_buttons->setExclusive(false);
+    const auto icon = [](const char* name) { return QString::fromLatin1(name); };
+    addButton(ZoomIn, icon("zoom-in"), tr("Zoom In"), false, true);
+    addButton(ZoomOut, icon("zoom-out"), tr("Zoom Out"), false, true);
+    addButton(ZoomAll, icon("zoom-fit"), tr("Zoom 1:1"), false, true);
+    addButton(ZoomMarker, icon("marker"), tr("Zoom Marker"), false, true);
+    m_bar->addSpacing(groupSpacing);
+    addButton(ClearAll, icon("clear"), tr("Clear All"), false, false);
+    addButton(AutomaticMode, {}, tr("Automatic Mode"), true, false);
+    m_buttons->button(AutomaticMode)->setText(tr("Auto"));
+    addButton(SplitMode, icon("graph-split"), tr("Split Mode"), true, true);
+    addButton(SingleMode, icon("graph-single"), tr("Single Graph Mode"), true, true);
+    m_bar->addSpacing(groupSpacing);
+    addButton(Reset, icon("zoom-fit"), tr("Reset all to default"), false, false);
+    addButton(Setup, icon("graph-setup"), tr("Setup"), false, true);
+    addButton(Snapshot, icon("graph-snapshot"), tr("Snapshot"), false, true);
+    auto* const copy = new QToolButton(this);
+    copy->setFixedSize(buttonSize, buttonSize);
+    copy->setAutoRaise(true);
+    copy->setIcon(QIcon(QStringLiteral(":/icons/copy.svg")));
+    copy->setToolTip(tr("Copy picture"));
+    connect(copy, &QToolButton::clicked, this, &DialogDataGraph::copyPicture);
+    m_bar->addWidget(copy);
+    m_bar->addStretch();
+    connect(m_buttons, &QButtonGroup::idPressed, this, &DialogDataGraph::slotCommandPress);
+    connect(m_buttons, &QButtonGroup::idReleased, this, &DialogDataGraph::slotCommandRelease);
+}
+
+void DialogDataGraph::addButton(Command id, const QString& icon, const QString& tip,
+                                bool isCheckable, bool isShown)
+{
+    auto* const button = new QToolButton(this);
+    button->setFixedSize(buttonSize, buttonSize);
+    button->setIconSize(QSize(buttonSize, buttonSize) * 3 / 4);
+    button->setAutoRaise(true);
+    button->setCheckable(isCheckable);
+    if (!icon.isEmpty())
+        button->setIcon(QIcon(QStringLiteral(":/icons/%1.svg").arg(icon)));
+    button->setToolTip(tip);
+    button->setVisible(isShown);
+    m_buttons->addButton(button, id);
+    m_bar->addWidget(button);
+}
+
+std::vector<const ProfileParameter*> DialogDataGraph::parameters() const
+{
+    std::vector<const ProfileParameter*> chosen = m_profile.selectedParameters();
+    const auto place = [this](const ProfileParameter* parameter) {
+        const qsizetype index = m_order.indexOf(parameter->fullName);
+        return index < 0 ? m_order.size() : index;
+    };
+    std::ranges::stable_sort(chosen, {}, place);
+    if (chosen.size() > static_cast<std::size_t>(Graph::maxTraces))
+        chosen.resize(static_cast<std::size_t>(Graph::maxTraces));
+    return chosen;
+}
+
+void DialogDataGraph::dropData()
+{
+    m_graph->setTraceCount(1);
+    m_graph->editGraph().setVisible(0, false);
+    m_graph->refresh();
+}
+
+void DialogDataGraph::showData()
+{
+    dropData();
+    const std::vector<const ProfileParameter*> chosen = parameters();
+    const bool hasTraces = dataSet() != nullptr && !chosen.empty();
+    m_empty->setText(
+        dataSet() == nullptr
+            ? tr("Choose a cycle or a flight on the left to see its traces.")
+            : tr("No parameters are selected. Check some in the list on the left and press "
+                 "\"Confirm Selection\"."));
+    m_stack->setCurrentIndex(hasTraces ? graphState : emptyState);
+    if (!hasTraces)
+        return;
+    Graph& graph = m_graph->editGraph();
+    graph.setTraceCount(static_cast<int>(chosen.size()));
+    int index = 0;
+    for (const ProfileParameter* parameter : chosen)
+        feedTrace(graph, index++, m_profile, *parameter, *dataSet());
+    m_graph->setExtent(dataSet()->startSeconds, dataSet()->stopSeconds);
+}
+
+void DialogDataGraph::showTime()
+{
+    m_graph->setCursorTime(time());
+    if (!m_graph->graph().isCursorHeld)
+        pageTo(time());
+}
+
+void DialogDataGraph::pageTo(double seconds)
+{
+    const Graph& graph = m_graph->graph();
+    const double span = graph.span();
+    if (seconds < graph.windowStart + span * edge)
+        m_graph->setWindow(seconds - span * edge, seconds + span * (1.0 - edge));
+    else if (seconds > graph.windowEnd - span * edge)
+        m_graph->setWindow(seconds - span * (1.0 - edge), seconds + span * edge);
+}
+
+void DialogDataGraph::setTimeSpan(double seconds)
+{
+    m_settings.timeSpan = seconds;
+    m_graph->setTimeSpan(seconds);
+}
+
+void DialogDataGraph::slotCommandPress(int id)
+{
+    m_heldCommand = id;
+}
+
+void DialogDataGraph::slotCommandRelease(int id)
+{
+    const Graph& graph = m_graph->graph();
+    switch (id) {
+    case ZoomAll:
+        zoomToAll();
+        break;
+    case ZoomMarker:
+        m_graph->setWindow(std::min(graph.markerLeft, graph.markerRight),
+                           std::max(graph.markerLeft, graph.markerRight));
+        break;
+    case ClearAll:
+        dropData();
+        break;
+    case AutomaticMode:
+        m_settings.isAutomatic = m_buttons->button(AutomaticMode)->isChecked();
+        applySettings();
+        break;
+    case SplitMode:
+    case SingleMode:
+        m_settings.isSplit = id == SplitMode;
+        applySettings();
+        break;
+    case Reset:
+        m_settings.isSplit = true;
+        applySettings();
+        setTimeSpan(GraphSettings().timeSpan);
+        break;
+    case Setup:
+        m_setup->refresh();
+        m_setup->show();
+        m_setup->raise();
+        break;
+    case Snapshot:
+        saveSnapshot();
+        break;
+    default:
+        writeSettings(m_settings, this); // the span that was zoomed to
+        break;
+    }
+    m_heldCommand = NoCommand;
+}
+
+void DialogDataGraph::zoomToAll()
+{
+    if (dataSet() == nullptr)
+        return;
+    const double length = dataSet()->stopSeconds - dataSet()->startSeconds;
+    m_settings.timeSpan = length;
+    m_graph->setWindow(dataSet()->startSeconds - length * allMargin,
+                       dataSet()->stopSeconds + length * allMargin);
+}
+
+void DialogDataGraph::slotTimeout()
+{
+    // The limits stand on these sides on purpose: a zoom that began beyond one comes back.
+    if (m_heldCommand == ZoomIn)
+        setTimeSpan(std::min(m_graph->graph().span() * holdFactor, longestHeldSpan));
+    else if (m_heldCommand == ZoomOut)
+        setTimeSpan(std::max(m_graph->graph().span() / holdFactor, shortestHeldSpan));
+}
+
+void DialogDataGraph::slotManMode()
+{
+    m_settings.isAutomatic = m_graph->graph().settings.isAutomatic;
+    m_isSettingModes = true;
+    m_buttons->button(AutomaticMode)->setChecked(m_settings.isAutomatic);
+    m_buttons->button(SplitMode)->setChecked(m_graph->graph().settings.isSplit);
+    m_buttons->button(SingleMode)->setChecked(!m_graph->graph().settings.isSplit);
+    m_isSettingModes = false;
+}
+
+void DialogDataGraph::applySettings()
+{
+    m_graph->setSettings(m_settings);
+    slotManMode();
+    writeSettings(m_settings, this);
+}
+
+void DialogDataGraph::slotGraphSetup()
+{
+    applySettings();
+}
+
+void DialogDataGraph::slotMoveParameter(int trace, int row)
+{
+    QStringList names;
+    for (const ProfileParameter* parameter : parameters())
+        names.push_back(parameter->fullName);
+    if (trace < 0 || trace >= names.size())
+        return;
+    names.move(trace, std::clamp<qsizetype>(row, 0, names.size() - 1));
+    m_order = names;
+    const double start = m_graph->graph().windowStart;
+    const double end = m_graph->graph().windowEnd;
+    refresh();
+    m_graph->setWindow(start, end);
+}
+
+void DialogDataGraph::saveSnapshot()
+{
+    const QPixmap picture = grab();
+    const QString path =
+        QFileDialog::getSaveFileName(this, tr("Save Snapshot"), QStringLiteral("./snapshot.bmp"),
+                                     tr("BMP File (*.bmp);;All Files (*.*)"));
+    if (path.isEmpty())
+        return;
+    QByteArray content;
+    QBuffer buffer(&content);
+    buffer.open(QIODevice::WriteOnly);
+    const QByteArray suffix = QFileInfo(path).suffix().toLatin1();
+    if (!picture.save(&buffer, suffix.isEmpty() ? "BMP" : suffix.constData())) {
+        Messages::warn(this, tr("The picture was not saved: there is no picture format for\n%1\n"
+                                "Use a name that ends with .bmp, .png or .jpg.")
+                                 .arg(path));
+        return;
+    }
+    Messages::saveFile(this, path, content);
+}
+
+void DialogDataGraph::copyPicture()
+{
+    QApplication::clipboard()->setPixmap(m_graph->grab());
+}
+
+} // namespace KOLT

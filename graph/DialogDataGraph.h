@@ -1,0 +1,89 @@
+#pragma once
+
+#include "analysis/DataPage.h"
+#include "graph/Graph.h"
+
+#include <QTimer>
+#include <QWidget>
+
+class QButtonGroup;
+class QHBoxLayout;
+class QLabel;
+class QStackedLayout;
+class QToolButton;
+
+namespace KOLT {
+
+class DialogGraphSetup;
+class Profile;
+class WidgetGraphBase;
+
+/// The "Graph" page: the oscilloscope with its command bar. Owns the graph's settings and keeps
+/// them in the program's settings.
+class DialogDataGraph : public QWidget, public DataPage
+{
+    Q_OBJECT
+
+public:
+    explicit DialogDataGraph(const Profile& profile, QWidget* parent = nullptr);
+
+    const WidgetGraphBase& widget() const { return *m_graph; }
+
+signals:
+    void signalCursor(float seconds, double value);
+
+protected:
+    void dropData() override;
+    void showData() override;
+    void showTime() override;
+
+private slots:
+    void slotCommandPress(int id);
+    void slotCommandRelease(int id);
+    void slotTimeout();
+    void slotManMode();
+    void slotGraphSetup();
+    void slotMoveParameter(int trace, int row);
+
+private:
+    enum Command {
+        ZoomIn,
+        ZoomOut,
+        ZoomAll,
+        ZoomMarker,
+        ClearAll,
+        AutomaticMode,
+        SplitMode,
+        SingleMode,
+        Reset,
+        Setup,
+        Snapshot,
+        NoCommand = 99
+    };
+
+    void createBar();
+    void addButton(Command id, const QString& icon, const QString& tip, bool isCheckable,
+                   bool isShown);
+    void applySettings();
+    void setTimeSpan(double seconds);
+    void saveSnapshot();
+    void copyPicture();
+    void zoomToAll();
+    void pageTo(double seconds);
+    std::vector<const ProfileParameter*> parameters() const;
+
+    const Profile& m_profile;
+    GraphSettings m_settings;
+    QStringList m_order; ///< names of the parameters as the user arranged them
+    WidgetGraphBase* m_graph = nullptr;
+    DialogGraphSetup* m_setup = nullptr;
+    QButtonGroup* m_buttons = nullptr;
+    QHBoxLayout* m_bar = nullptr;
+    QLabel* m_empty = nullptr;
+    QStackedLayout* m_stack = nullptr;
+    QTimer m_holdTimer;
+    int m_heldCommand = NoCommand;
+    bool m_isSettingModes = false; ///< the mode buttons are set by the program
+};
+
+} // namespace KOLT

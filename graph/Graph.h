@@ -1,0 +1,169 @@
+#pragma once
+
+#include "graph/GraphTrace.h"
+#include "profile/ProfileParameter.h"
+
+#include <vector>
+
+namespace KOLT {
+
+enum class CursorMode : int {
+    Floating = 0,
+    Center = 1, ///< the window is kept centred on the replay's time
+    End = 2
+};
+
+/// What the user can set; colours as "#rrggbb" elsewhere.
+struct GraphSettings
+{
+    double timeSpan = 60.0; ///< seconds
+    bool isSplit = true;    ///< each trace in a band of its own
+    bool isAutomatic = true;
+    CursorMode cursorMode = CursorMode::Center;
+    QColor background{0x00, 0x00, 0x00};
+    bool hasGrid = true;
+    QColor gridColor{0xff, 0x66, 0x66};
+    QColor labelColor{0x00, 0x00, 0x00};
+    QColor labelBackground{0xbb, 0xbb, 0xbb};
+    bool hasCursor = true;
+    bool hasLegend = true;
+    bool isAutoscaled = true;
+    double yMinimum = -100.0;
+    double yMaximum = 100.0;
+    bool hasThresholds = true;
+    bool hasStatistic = true;
+};
+
+/// What a trace is of, where it comes from a profile.
+struct TraceSource
+{
+    const ProfileParameter* parameter = nullptr; ///< null for a bare trace
+    double factor = 1.0; ///< from metric to shown values: value * factor + offset
+    double offset = 0.0;
+};
+
+struct EventLine
+{
+    int number = 0;
+    double seconds = 0.0;
+};
+
+/// The oscilloscope without its drawing: traces, the visible window, scales, cursor and markers, in
+/// pixels with the origin at the lower left corner.
+///
+/// Indices out of range are ignored. Public data may be changed freely; call rebuild() when the
+/// window, the layout or the samples changed.
+class Graph
+{
+public:
+    static constexpr int maxTraces = 50;
+    static constexpr double leftMargin = 74.0; ///< room for the value axis and the handles
+    static constexpr double rightMargin = 8.0;
+    static constexpr double bottomMargin = 20.0;
+
+    Graph() { setTraceCount(6); }
+
+    GraphSettings settings;
+    double windowStart = 0.0;
+    double windowEnd = 60.0;
+    double cursorTime = 0.0;
+    double cursorValue = 0.0;
+    double pointerTime = 0.0; ///< under the mouse
+    double markerLeft = 0.0;
+    double markerRight = 0.0;
+    bool isCursorHeld = false; ///< by the user; the replay does not move it
+    bool mayPan = true;
+    int selectedTrace = 0; ///< in whose band the cursor is
+    std::vector<EventLine> eventLines;
+
+    /// Destroys all traces and makes 1 to 50 new ones.
+    void setTraceCount(int count);
+
+    int traceCount() const { return static_cast<int>(m_traces.size()); }
+
+    GraphTrace& trace(int index) { return m_traces[static_cast<std::size_t>(index)]; }
+
+    const GraphTrace& trace(int index) const { return m_traces[static_cast<std::size_t>(index)]; }
+
+    TraceSource& source(int index) { return m_sources[static_cast<std::size_t>(index)]; }
+
+    const TraceSource& source(int index) const
+    {
+        return m_sources[static_cast<std::size_t>(index)];
+    }
+
+    bool hasTrace(int index) const { return index >= 0 && index < traceCount(); }
+
+    void setName(int index, const QString& name, const QString& unit);
+    /// Hiding drops the trace's samples.
+    void setVisible(int index, bool isVisible);
+    std::vector<int> visibleTraces() const;
+
+    /// Size of the widget in pixels.
+    void setSize(double width, double height);
+
+    double width() const { return m_width; }
+
+    double height() const { return m_height; }
+
+    double plotWidth() const { return m_plotWidth; }
+
+    double plotHeight() const { return m_plotHeight; }
+
+    double plotRight() const { return leftMargin + m_plotWidth; }
+
+    double span() const { return windowEnd - windowStart; }
+
+    /// Seconds of one pixel of the plot.
+    double pixelSeconds() const { return span() / m_plotWidth; }
+
+    double xOf(double seconds) const
+    {
+        return leftMargin + (seconds - windowStart) * m_plotWidth / span();
+    }
+
+    double timeAt(double x) const { return windowStart + (x - leftMargin) * span() / m_plotWidth; }
+
+    /// In the band of the trace, or in the common scale when traces are not split.
+    double yOf(int trace, double value) const;
+    double valueAt(int trace, double y) const;
+
+    /// The trace whose band holds the height; 0 when none does. The last visible trace has the
+    /// bottom band.
+    int traceAt(double y) const;
+    /// Height of a row of the legend handles, which stand in display order from the top.
+    double rowHeight() const;
+
+    /// The replay's clock. With the cursor held by the user nothing moves. True when the window
+    /// moved and the columns were rebuilt.
+    bool setCursorTime(double seconds);
+    /// Keeps the window's end in automatic mode, its start otherwise.
+    void setTimeSpan(double seconds);
+    void setWindow(double start, double end);
+
+    /// Lays out the bands, rebuilds the columns of the visible traces and scales.
+    void rebuild();
+
+    double commonLower() const { return m_commonLower; }
+
+    double commonUpper() const { return m_commonUpper; }
+
+private:
+    void layOutBands();
+    void scale();
+    double lowerOf(int trace) const;
+    double upperOf(int trace) const;
+    double offsetOf(int trace) const;
+    double bandHeightOf(int trace) const;
+
+    std::vector<GraphTrace> m_traces;
+    std::vector<TraceSource> m_sources;
+    double m_width = 0.0;
+    double m_height = 0.0;
+    double m_plotWidth = 10.0;
+    double m_plotHeight = 0.0;
+    double m_commonLower = -0.5;
+    double m_commonUpper = 1.5;
+};
+
+} // namespace KOLT

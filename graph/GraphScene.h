@@ -1,0 +1,55 @@
+#pragma once
+
+#include "graph/GraphInput.h"
+
+#include <QRectF>
+#include <QString>
+
+#include <vector>
+
+namespace KOLT {
+
+/// One frame of the graph as a finished list of what to draw, in pixels from the lower left. It is
+/// drawn in order: first all figures, then all texts.
+struct GraphScene
+{
+    enum class Kind { Quads, Lines, Strip };
+
+    /// A run of vertices.
+    struct Figure
+    {
+        Kind kind = Kind::Lines;
+        QColor color;
+        float width = 1.0F; ///< pixels
+        bool isStippled = false;
+        QRectF clip;   ///< empty: none
+        int first = 0; ///< vertices
+        int count = 0;
+    };
+
+    struct Text
+    {
+        double x = 0.0;
+        double y = 0.0; ///< of its middle
+        Qt::Alignment alignment = Qt::AlignLeft;
+        QString text;
+        QColor color;
+    };
+
+    QColor clearColor;
+    std::vector<float> vertices; ///< x and y in turn
+    std::vector<Figure> figures;
+    std::vector<Text> texts;
+};
+
+/// Builds the frame. Costs O(columns), not O(samples).
+GraphScene buildScene(const Graph& graph, const GraphInput& input);
+
+/// "name   value" as the legend shows it, with the label of an enumerated value, or "name   ---"
+/// where the trace has none.
+QString legendText(const Graph& graph, int trace, double seconds);
+
+/// "hh:mm:ss.zzz/value" at the cursor.
+QString cursorText(double seconds, double value);
+
+} // namespace KOLT

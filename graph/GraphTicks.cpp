@@ -1,0 +1,87 @@
+#include "graph/GraphTicks.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace KOLT {
+
+namespace {
+
+constexpr double wantedSpacing = 70.0; ///< pixels between major lines
+constexpr std::size_t mostTicks = 10'000;
+
+struct Step
+{
+    double size = 1.0;
+    int divisions = 5;
+};
+
+Step timeStep(double rawStep)
+{
+    const double e = std::log10(std::abs(rawStep));
+    double power = 1.0;
+    if (e > 1.0)
+        power = std::pow(10.0, std::trunc(e));
+    else if (e < 0.0)
+        power = std::pow(10.0, std::trunc(e - 1.0));
+    const double scaled = rawStep / power;
+    if (scaled < 1.0)
+        return {power, 5};
+    if (scaled < 2.0)
+        return {2.0 * power, 4};
+    if (scaled < 5.0)
+        return {5.0 * power, 5};
+    return {10.0 * power, 5};
+}
+
+} // namespace
+
+std::vector<GraphTick> timeTicks(double start, double end, double plotWidth)
+{
+    std::vector<GraphTick> ticks;
+    const double span = end - start;
+    if (plotWidth < wantedSpacing || !(span > 0.0))
+        return ticks;
+    const Step step = timeStep(span / (plotWidth / wantedSpacing));
+    const double minor = step.size / step.divisions;
+    const auto first = static_cast<long long>(std::floor(start / step.size)) * step.divisions;
+    const auto last =
+        static_cast<long long>(std::floor((end + step.size) / step.size)) * step.divisions;
+    for (long long i = first; i <= last && ticks.size() < mostTicks; ++i) {
+        const double value = static_cast<double>(i) * minor;
+        if (value >= start && value <= end)
+            ticks.push_back({value, i % step.divisions == 0});
+    }
+    return ticks;
+}
+
+QString timeTickText(double seconds)
+{
+    const auto whole = static_cast<long long>(seconds);
+    const long long absolute = std::abs(whole);
+    return QString::asprintf("%s%lld:%02lld:%02lld", whole < 0 ? "-" : "", absolute / 3600,
+                             absolute / 60 % 60, absolute % 60);
+}
+
+std::vector<double> valueTicks(double lower, double upper, double height, double spacing)
+{
+    std::vector<double> ticks;
+    const double extent = upper - lower;
+    if (!(extent > 0.0) || !std::isfinite(extent) || height < spacing)
+        return ticks;
+    const double rawStep = extent / (height / spacing);
+    const double power = std::pow(10.0, std::floor(std::log10(rawStep)));
+    const double scaled = rawStep / power;
+    const double step = (scaled <= 1.0   ? 1.0
+                         : scaled <= 2.0 ? 2.0
+                         : scaled <= 5.0 ? 5.0
+                                         : 10.0) *
+                        power;
+    const double first = std::ceil(lower / step);
+    const double last = std::floor(upper / step);
+    for (double i = first; i <= last && ticks.size() < mostTicks; i += 1.0)
+        ticks.push_back(i * step);
+    return ticks;
+}
+
+} // namespace KOLT

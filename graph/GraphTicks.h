@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QString>
+
+#include <vector>
+
+namespace KOLT {
+
+/// Places of an axis in ascending order.
+struct GraphTick
+{
+    double value = 0.0;
+    bool isMajor = true;
+
+    bool operator==(const GraphTick&) const = default;
+};
+
+/// The lines of the time axis: a major one about every 70 pixels at a multiple of 1, 2, 5 or 10
+/// times a power of ten, with minor ones between. None for a plot narrower than 70 pixels.
+std::vector<GraphTick> timeTicks(double start, double end, double plotWidth);
+
+/// "h:mm:ss" of a time in seconds.
+QString timeTickText(double seconds);
+
+/// The marks of a value axis: multiples of 1, 2, 5 or 10 times a power of ten, at least `spacing`
+/// pixels apart.
+std::vector<double> valueTicks(double lower, double upper, double height, double spacing);
+
+} // namespace KOLT

@@ -1,0 +1,239 @@
+#include "graph/WidgetGraphBase.h"
+
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QOpenGLPaintDevice>
+#include <QPainter>
+#include <QWheelEvent>
+
+namespace KOLT {
+
+namespace {
+
+constexpr int repaintMilliseconds = 30;
+constexpr int recalcMilliseconds = 50;
+constexpr int resizeMilliseconds = 100;
+constexpr int cursorMilliseconds = 5000;
+constexpr double repaintThreshold = 0.7; ///< of the time that one pixel covers
+
+} // namespace
+
+WidgetGraphBase::WidgetGraphBase(QWidget* parent)
+    : QOpenGLWidget(parent)
+{
+    setMouseTracking(true);
+    setFocusPolicy(Qt::StrongFocus);
+    setMinimumSize(160, 120);
+    QFont bold = font();
+    bold.setFamily(QStringLiteral("monospace"));
+    bold.setStyleHint(QFont::TypeWriter);
+    bold.setWeight(QFont::Bold);
+    setFont(bold);
+    setToolTip(hint());
+    m_recalcTimer.setSingleShot(true);
+    m_cursorTimer.setSingleShot(true);
+    m_cursorTimer.setInterval(cursorMilliseconds);
+    connect(&m_repaintTimer, &QTimer::timeout, this, &WidgetGraphBase::slotTimeout);
+    connect(&m_recalcTimer, &QTimer::timeout, this, &WidgetGraphBase::slotTimeoutRecalc);
+    connect(&m_cursorTimer, &QTimer::timeout, this, &WidgetGraphBase::slotTimeoutCursor);
+    m_repaintTimer.start(repaintMilliseconds);
+    m_sinceRepaint.start();
+}
+
+QString WidgetGraphBase::hint()
+{
+    return tr("Left button: markers and cursor. Ctrl+left or middle button: cursor. Right button: "
+              "pan.\nWheel: zoom. Arrow keys: move the cursor (with Shift farther).\nF: whole "
+              "flight. Home, End: its ends. M: markers around the middle.\nDrag a handle at the "
+              "left edge to move its trace.");
+}
+
+void WidgetGraphBase::setSettings(const GraphSettings& settings)
+{
+    m_graph.settings = settings;
+    refresh();
+}
+
+void WidgetGraphBase::setTraceCount(int count)
+{
+    m_graph.setTraceCount(count);
+}
+
+void WidgetGraphBase::setExtent(double first, double last)
+{
+    m_input.setExtent(first, last);
+    m_graph.markerLeft = first;
+    m_graph.markerRight = first;
+    refresh();
+}
+
+void WidgetGraphBase::refresh()
+{
+    m_graph.rebuild();
+    update();
+}
+
+void WidgetGraphBase::setCursorTime(double seconds)
+{
+    m_graph.setCursorTime(seconds);
+    m_hasMoved = true;
+    update();
+}
+
+void WidgetGraphBase::setTimeSpan(double seconds)
+{
+    m_graph.setTimeSpan(seconds);
+    startRecalculation(recalcMilliseconds, 3);
+    update();
+}
+
+void WidgetGraphBase::setWindow(double start, double end)
+{
+    m_graph.setWindow(start, end);
+    update();
+}
+
+void WidgetGraphBase::addEventLine(int number, double seconds)
+{
+    m_graph.eventLines.push_back({number, seconds});
+    update();
+}
+
+void WidgetGraphBase::clearEventLines()
+{
+    m_graph.eventLines.clear();
+    update();
+}
+
+void WidgetGraphBase::resizeGL(int width, int height)
+{
+    m_graph.setSize(width, height);
+    m_graph.rebuild();
+}
+
+void WidgetGraphBase::resizeEvent(QResizeEvent* event)
+{
+    QOpenGLWidget::resizeEvent(event);
+    m_graph.setSize(event->size().width(), event->size().height());
+    startRecalculation(resizeMilliseconds, 0);
+}
+
+void WidgetGraphBase::paintGL()
+{
+    const GraphScene scene = buildScene(m_graph, m_input);
+    // A painter on the widget itself would be lost in a snapshot of the page.
+    QOpenGLPaintDevice device(size() * devicePixelRatioF());
+    device.setDevicePixelRatio(devicePixelRatioF());
+    QPainter painter(&device);
+    painter.beginNativePainting();
+    drawFigures(scene, devicePixelRatioF());
+    painter.endNativePainting();
+    drawTexts(painter, scene);
+    m_hasMoved = false;
+    m_sinceRepaint.restart();
+}
+
+void WidgetGraphBase::drawTexts(QPainter& painter, const GraphScene& scene)
+{
+    painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);
+    painter.setFont(font());
+    constexpr int lineHeight = 16;
+    for (const GraphScene::Text& text : scene.texts) {
+        const int top = static_cast<int>(m_graph.height() - text.y) - lineHeight / 2;
+        const int x = static_cast<int>(text.x);
+        const QRect place = text.alignment.testFlag(Qt::AlignRight)
+                                ? QRect(x - width(), top, width(), lineHeight)
+                                : QRect(x, top, width(), lineHeight);
+        painter.setPen(text.color);
+        painter.drawText(place, text.alignment | Qt::AlignVCenter | Qt::TextSingleLine, text.text);
+    }
+}
+
+void WidgetGraphBase::startRecalculation(int milliseconds, int repeats)
+{
+    m_recalcRepeats = repeats;
+    m_recalcTimer.start(milliseconds);
+}
+
+void WidgetGraphBase::slotTimeout()
+{
+    if (!isVisible() || !m_hasMoved)
+        return;
+    if (static_cast<double>(m_sinceRepaint.elapsed()) / 1000.0 >
+        repaintThreshold * m_graph.pixelSeconds())
+        update();
+}
+
+void WidgetGraphBase::slotTimeoutRecalc()
+{
+    refresh();
+    if (m_recalcRepeats-- >= 1)
+        m_recalcTimer.start(recalcMilliseconds);
+}
+
+void WidgetGraphBase::slotTimeoutCursor()
+{
+    m_graph.isCursorHeld = false;
+}
+
+void WidgetGraphBase::act(const GraphResponse& response)
+{
+    if (response.holdsCursor)
+        m_cursorTimer.start();
+    if (response.recalculations && !m_recalcTimer.isActive())
+        startRecalculation(recalcMilliseconds, *response.recalculations);
+    if (response.needsRepaint)
+        update();
+    for (const GraphSignal& report : response.reports) {
+        switch (report.kind) {
+        case GraphSignal::Kind::Cursor:
+            emit signalCursor(static_cast<float>(report.first), report.second);
+            break;
+        case GraphSignal::Kind::MoveCursorFinished:
+            emit signalMoveCursorFinished();
+            break;
+        case GraphSignal::Kind::Marker:
+            emit signalMarker(static_cast<float>(report.first), static_cast<float>(report.second));
+            break;
+        case GraphSignal::Kind::ManMode:
+            emit signalManMode();
+            break;
+        case GraphSignal::Kind::MoveParameter:
+            emit signalMoveParameter(static_cast<int>(report.first),
+                                     static_cast<int>(report.second));
+            break;
+        }
+    }
+}
+
+void WidgetGraphBase::keyPressEvent(QKeyEvent* event)
+{
+    const GraphResponse response = m_input.keyPress(event->key(), event->modifiers());
+    if (response.isHandled)
+        act(response);
+    else
+        QOpenGLWidget::keyPressEvent(event);
+}
+
+void WidgetGraphBase::mousePressEvent(QMouseEvent* event)
+{
+    act(m_input.mousePress(event->button(), event->position(), event->modifiers()));
+}
+
+void WidgetGraphBase::mouseMoveEvent(QMouseEvent* event)
+{
+    act(m_input.mouseMove(event->position(), event->modifiers()));
+}
+
+void WidgetGraphBase::mouseReleaseEvent(QMouseEvent* event)
+{
+    act(m_input.mouseRelease(event->button()));
+}
+
+void WidgetGraphBase::wheelEvent(QWheelEvent* event)
+{
+    act(m_input.wheel(event->angleDelta().y(), event->modifiers()));
+    event->accept();
+}
+
+} // namespace KOLT

@@ -1,0 +1,599 @@
+#include "graph/GraphScene.h"
+#include "graph/GraphTicks.h"
+#include "graph/TraceFeeder.h"
+#include "tests/support/ProfileFixture.h"
+#include "tests/support/RecordingFixture.h"
+
+#include <QTest>
+
+#include <cmath>
+#include <cstring>
+#include <random>
+
+using namespace KOLT;
+using namespace KOLT::Test;
+
+class TestGraph : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void samplesMergeIntoColumns_data();
+    void samplesMergeIntoColumns();
+    void rebuiltColumnsAreTheMergedOnes_data();
+    void rebuiltColumnsAreTheMergedOnes();
+    void windowTakesTheSampleBefore();
+    void valueIsHeld_data();
+    void valueIsHeld();
+    void statisticOfARange();
+    void traceCountAndColors();
+    void mappingGoesRoundTrip();
+    void bandsOfVisibleTraces();
+    void timeTicksForSpans_data();
+    void timeTicksForSpans();
+    void valueTicksStayApart();
+    void scalesToTheVisibleWindow();
+    void cursorModes();
+    void timeSpanKeepsAnEnd();
+    void keys_data();
+    void keys();
+    void mouse_data();
+    void mouse();
+    void handleDragMovesATrace();
+    void wheelZoomsAboutThePointer();
+    void feedingMarksGaps();
+    void sceneBreaksLinesAtGaps();
+    void legendTexts();
+
+private:
+    static GraphTrace traceOf(const std::vector<std::tuple<double, double, int>>& samples)
+    {
+        GraphTrace trace;
+        for (const auto& [time, value, mark] : samples)
+            trace.append(time, value, mark);
+        return trace;
+    }
+};
+
+namespace {
+
+/// All fields at once; equal bits count, so that NaN equals NaN.
+QString describe(const GraphColumn& column)
+{
+    return QString::asprintf("%d t%.17g f%.17g l%.17g h%.17g z%.17g m%d [%.17g %.17g] e%.17g",
+                             column.fill, column.time, column.first, column.low, column.high,
+                             column.last, column.mark, column.lowest, column.highest, column.end);
+}
+
+QStringList describe(const std::vector<GraphColumn>& columns)
+{
+    QStringList texts;
+    for (const GraphColumn& column : columns)
+        texts << describe(column);
+    return texts;
+}
+
+QString describe(const std::vector<GraphSignal>& reports)
+{
+    QStringList texts;
+    const char* const names[] = {"cursor", "finished", "marker", "man", "move"};
+    for (const GraphSignal& report : reports)
+        texts << QStringLiteral("%1 %2 %3")
+                     .arg(names[static_cast<int>(report.kind)])
+                     .arg(report.first)
+                     .arg(report.second);
+    return texts.join(", ");
+}
+
+/// A plot of 400 by 200 pixels over 0 to 100 s, with two bands of 0 to 10.
+void prepare(Graph& graph)
+{
+    graph.setTraceCount(2);
+    graph.settings.isAutoscaled = false;
+    graph.settings.yMinimum = 0.0;
+    graph.settings.yMaximum = 10.0;
+    graph.setSize(Graph::leftMargin + 400.0 + Graph::rightMargin, 200.0 + Graph::bottomMargin);
+    graph.setWindow(0.0, 100.0);
+}
+
+QPointF placeOf(const Graph& graph, double seconds, double yFromTop)
+{
+    return {graph.xOf(seconds), yFromTop};
+}
+
+} // namespace
+
+void TestGraph::samplesMergeIntoColumns_data()
+{
+    QTest::addColumn<QList<double>>("values"); // a second apart, ten to a pixel
+    QTest::addColumn<int>("gapAt");
+    QTest::addColumn<QString>("column");
+
+    QTest::newRow("one") << QList<double>{5} << -1 << "2 t0 f5 l5 h5 z5 m1 [5 5] e5";
+    QTest::newRow("two: the second is the high value")
+        << QList<double>{5, -100} << -1 << "3 t0 f5 l5 h-100 z5 m1 [-100 5] e-100";
+    QTest::newRow("three: a downward spike in second place")
+        << QList<double>{5, -100, 6} << -1 << "4 t0 f5 l5 h6 z6 m1 [-100 6] e6";
+    QTest::newRow("many") << QList<double>{5, 7, 1, 9, 3} << -1 << "4 t0 f5 l1 h9 z3 m1 [1 9] e3";
+    QTest::newRow("a gap within") << QList<double>{5, 7, 1} << 2 << "4 t0 f5 l1 h7 z1 m0 [1 7] e1";
+    QTest::newRow("a gap before") << QList<double>{5, 7} << 0 << "3 t0 f5 l5 h7 z5 m0 [5 7] e7";
+}
+
+void TestGraph::samplesMergeIntoColumns()
+{
+    QFETCH(QList<double>, values);
+    QFETCH(int, gapAt);
+    std::vector<GraphColumn> columns;
+    for (int i = 0; i < values.size(); ++i)
+        mergeSample(columns, 10.0, i, values[i], i == gapAt ? 0 : 1);
+    QCOMPARE(columns.size(), 1U);
+    QTEST(describe(columns.front()), "column");
+    mergeSample(columns, 10.0, 10.0, 1.0, 1); // exactly one pixel behind still belongs to it
+    QCOMPARE(columns.size(), 1U);
+    mergeSample(columns, 10.0, 10.1, 2.0, 1);
+    QCOMPARE(columns.size(), 2U);
+}
+
+void TestGraph::rebuiltColumnsAreTheMergedOnes_data()
+{
+    QTest::addColumn<int>("seed");
+    QTest::addColumn<bool>("isOrdered");
+    for (int seed = 1; seed <= 30; ++seed)
+        QTest::addRow("%d", seed) << seed << (seed % 10 != 0);
+}
+
+void TestGraph::rebuiltColumnsAreTheMergedOnes()
+{
+    QFETCH(int, seed);
+    QFETCH(bool, isOrdered);
+    std::mt19937 random(static_cast<unsigned>(seed));
+    std::uniform_real_distribution<double> chance(0.0, 1.0);
+    GraphTrace trace;
+
+    struct Sample
+    {
+        double time, value;
+        int mark;
+    };
+
+    std::vector<Sample> samples;
+    double time = 100.0;
+    const int count = seed * seed * 17 + 3;
+    for (int i = 0; i < count; ++i) {
+        const bool isGap = chance(random) < 0.01;
+        time += isGap ? 50.0 : chance(random) < 0.2 ? 0.0 : chance(random) * 0.2;
+        if (!isOrdered && chance(random) < 0.01)
+            time -= 5.0;
+        const double value = chance(random) < 0.02 ? std::nan("") : chance(random) * 100.0 - 50.0;
+        samples.push_back({time, value, isGap ? 0 : 1});
+        trace.append(time, value, samples.back().mark);
+        if (i == count / 2)
+            trace.rebuild(100.0, time, 1.0); // the pyramid grows with the samples
+    }
+    const double last = samples.back().time;
+    for (const double pixel : {1e-9, 0.05, 0.7, 13.0, 1e6}) {
+        const double start = 100.0 + (last - 100.0) * chance(random) * 0.5;
+        const double end = start + (last - start) * chance(random);
+        trace.rebuild(start, end, pixel);
+        std::vector<GraphColumn> expected;
+        std::size_t first = 0;
+        while (first < samples.size() && samples[first].time < start)
+            ++first;
+        for (std::size_t i = first >= 2 ? first - 1 : first; i < samples.size(); ++i) {
+            mergeSample(expected, pixel, samples[i].time, samples[i].value, samples[i].mark);
+            if (samples[i].time >= end)
+                break;
+        }
+        QCOMPARE(describe(trace.columns()), describe(expected));
+    }
+}
+
+void TestGraph::windowTakesTheSampleBefore()
+{
+    GraphTrace trace = traceOf({{0, 0, 1}, {10, 1, 1}, {20, 2, 1}, {30, 3, 1}, {40, 4, 1}});
+    const auto times = [&](double start, double end) {
+        trace.rebuild(start, end, 0.1);
+        QList<double> result;
+        for (const GraphColumn& column : trace.columns())
+            result << column.time;
+        return result;
+    };
+    QCOMPARE(times(25, 28), (QList<double>{20, 30})); // enters from the left, leaves to the right
+    QCOMPARE(times(20, 30), (QList<double>{10, 20, 30}));
+    QCOMPARE(times(5, 6), (QList<double>{10})); // too near the front for a step back
+    QCOMPARE(times(100, 110), (QList<double>{40}));
+    QCOMPARE(times(-20, -10), (QList<double>{0}));
+}
+
+void TestGraph::valueIsHeld_data()
+{
+    QTest::addColumn<double>("time");
+    QTest::addColumn<double>("value"); // -1: none
+
+    QTest::newRow("before") << 9.9 << -1.0;
+    QTest::newRow("at the first") << 10.0 << 1.0;
+    QTest::newRow("between") << 15.0 << 1.0;
+    QTest::newRow("at the second: not yet used") << 20.0 << 1.0;
+    QTest::newRow("behind the second") << 20.1 << 2.0;
+    QTest::newRow("at the last") << 30.0 << 2.0;
+    QTest::newRow("behind the last") << 30.1 << -1.0;
+}
+
+void TestGraph::valueIsHeld()
+{
+    QFETCH(double, time);
+    const GraphTrace trace = traceOf({{10, 1, 1}, {20, 2, 1}, {30, 3, 1}});
+    QTEST(trace.valueAt(time).value_or(-1.0), "value");
+    QVERIFY(!GraphTrace().valueAt(time));
+}
+
+void TestGraph::statisticOfARange()
+{
+    GraphTrace trace;
+    double sum = 0.0;
+    for (int i = 0; i < 20'000; ++i) {
+        const double value = i == 7000 ? std::nan("") : std::sin(i * 0.01) * 10.0;
+        trace.append(i, value, 1);
+        if (i >= 100 && i <= 15'000 && i != 7000)
+            sum += value;
+    }
+    const auto statistic = trace.statistic(100.0, 15'000.0);
+    QVERIFY(statistic);
+    QVERIFY(std::abs(statistic->mean - sum / 14'900.0) < 1e-9);
+    QVERIFY(std::abs(statistic->maximum - 10.0) < 1e-3);
+    QVERIFY(!trace.statistic(100.2, 100.8));   // no sample between
+    QVERIFY(!trace.statistic(7000.0, 7000.0)); // no number
+}
+
+void TestGraph::traceCountAndColors()
+{
+    Graph graph;
+    QCOMPARE(graph.traceCount(), 6);
+    for (const auto& [asked, made] : {std::pair(0, 1), {60, 50}, {7, 7}}) {
+        graph.setTraceCount(asked);
+        QCOMPARE(graph.traceCount(), made);
+    }
+    QCOMPARE(graph.trace(6).color, QColor(255, 0, 0));
+    QCOMPARE(graph.trace(0).name, "NoName");
+    graph.setName(99, "x", "y");
+    graph.setVisible(-1, false);
+    graph.trace(2).append(0, 1, 1);
+    graph.setVisible(2, false);
+    graph.setVisible(2, true);
+    QVERIFY(graph.trace(2).isEmpty());
+}
+
+void TestGraph::mappingGoesRoundTrip()
+{
+    Graph graph;
+    prepare(graph);
+    QCOMPARE(graph.xOf(0.0), Graph::leftMargin);
+    QCOMPARE(graph.xOf(100.0), Graph::leftMargin + 400.0);
+    QCOMPARE(graph.timeAt(graph.xOf(33.0)), 33.0);
+    for (const bool isSplit : {true, false}) {
+        graph.settings.isSplit = isSplit;
+        for (int trace = 0; trace < 2; ++trace)
+            QCOMPARE(graph.valueAt(trace, graph.yOf(trace, 7.0)), 7.0);
+    }
+    QCOMPARE(graph.yOf(0, 0.0), Graph::bottomMargin);
+    QCOMPARE(graph.yOf(0, 10.0), Graph::bottomMargin + 200.0);
+}
+
+void TestGraph::bandsOfVisibleTraces()
+{
+    Graph graph;
+    prepare(graph);
+    graph.setTraceCount(4);
+    graph.setVisible(1, false);
+    graph.rebuild();
+    const double band = 200.0 / 3.0;
+    QCOMPARE(graph.trace(3).bandOffset, Graph::bottomMargin); // the last at the bottom
+    QCOMPARE(graph.trace(0).bandOffset, Graph::bottomMargin + 2 * band);
+    QCOMPARE(graph.traceAt(Graph::bottomMargin + 1.0), 3);
+    QCOMPARE(graph.traceAt(Graph::bottomMargin + band + 1.0), 2);
+    QCOMPARE(graph.traceAt(Graph::bottomMargin + 2 * band + 1.0), 0);
+    QCOMPARE(graph.traceAt(5.0), 0); // none: the first
+}
+
+void TestGraph::timeTicksForSpans_data()
+{
+    QTest::addColumn<double>("span");
+    QTest::addColumn<double>("step"); // of major lines, in a plot of 700 pixels
+    QTest::addColumn<int>("minor");
+
+    QTest::newRow("0.3 s") << 0.3 << 0.05 << 5;
+    QTest::newRow("6 s") << 6.0 << 1.0 << 5;
+    QTest::newRow("4 s: steps below 1") << 4.0 << 1.0 << 5;
+    QTest::newRow("15 s") << 15.0 << 2.0 << 4;
+    QTest::newRow("30 s") << 30.0 << 5.0 << 5;
+    QTest::newRow("60 s") << 60.0 << 10.0 << 5;
+    QTest::newRow("250 s") << 250.0 << 50.0 << 5;
+    QTest::newRow("an hour") << 3600.0 << 500.0 << 5;
+}
+
+void TestGraph::timeTicksForSpans()
+{
+    QFETCH(double, span);
+    QFETCH(double, step);
+    QFETCH(int, minor);
+    const std::vector<GraphTick> ticks = timeTicks(1000.0, 1000.0 + span, 700.0);
+    std::vector<double> major;
+    int between = 0;
+    for (const GraphTick& tick : ticks) {
+        QVERIFY(tick.value >= 1000.0 && tick.value <= 1000.0 + span);
+        if (tick.isMajor)
+            major.push_back(tick.value);
+        else if (major.size() == 1)
+            ++between;
+    }
+    QVERIFY(major.size() >= 2);
+    QVERIFY2(std::abs(major[1] - major[0] - step) < 1e-9,
+             qPrintable(QString::number(major[1] - major[0])));
+    QCOMPARE(between, minor - 1);
+    QVERIFY(timeTicks(0.0, span, 69.9).empty());
+}
+
+void TestGraph::valueTicksStayApart()
+{
+    for (const double extent : {1e-6, 0.37, 5.0, 99.0, 1e9}) {
+        const std::vector<double> ticks = valueTicks(-extent / 3, extent, 200.0, 25.0);
+        QVERIFY(ticks.size() >= 2 && ticks.size() <= 8);
+        for (const double tick : ticks)
+            QVERIFY(tick >= -extent / 3 && tick <= extent);
+    }
+    QVERIFY(valueTicks(1.0, 1.0, 200.0, 25.0).empty());
+    QVERIFY(valueTicks(0.0, std::nan(""), 200.0, 25.0).empty());
+}
+
+void TestGraph::scalesToTheVisibleWindow()
+{
+    Graph graph;
+    prepare(graph);
+    graph.settings.isAutoscaled = true;
+    for (int i = 0; i <= 100; ++i) {
+        graph.trace(0).append(i, i, 1);
+        graph.trace(1).append(i, 5.0, 1);
+    }
+    graph.setWindow(20.0, 40.0);
+    QCOMPARE(graph.trace(0).lower, 17.95); // 19 to 40, with 5 % room
+    QCOMPARE(graph.trace(0).upper, 41.05);
+    QCOMPARE(graph.trace(1).lower + graph.trace(1).upper, 10.0); // flat: centred
+    QVERIFY(graph.trace(1).upper > 5.0);
+    graph.settings.isSplit = false;
+    graph.rebuild();
+    QVERIFY(graph.commonLower() < 5.0 && graph.commonUpper() > 40.0);
+    graph.settings.isAutoscaled = false;
+    graph.settings.yMinimum = graph.settings.yMaximum = 3.0; // would divide by zero
+    graph.rebuild();
+    QVERIFY(std::isfinite(graph.yOf(0, 3.0)));
+}
+
+void TestGraph::cursorModes()
+{
+    Graph graph;
+    prepare(graph);
+    QVERIFY(graph.setCursorTime(70.0));
+    QCOMPARE(graph.windowStart, 20.0);
+    graph.settings.cursorMode = CursorMode::Floating;
+    QVERIFY(!graph.setCursorTime(90.0));
+    QCOMPARE(graph.windowStart, 20.0);
+    graph.isCursorHeld = true;
+    graph.setCursorTime(10.0);
+    QCOMPARE(graph.cursorTime, 90.0); // the user has it
+}
+
+void TestGraph::timeSpanKeepsAnEnd()
+{
+    Graph graph;
+    prepare(graph);
+    graph.setTimeSpan(40.0);
+    QCOMPARE(graph.windowStart, 60.0);
+    graph.settings.isAutomatic = false;
+    graph.setTimeSpan(10.0);
+    QCOMPARE(graph.windowEnd, 70.0);
+    graph.setWindow(5.0, 5.0); // nothing to divide by
+    graph.setWindow(std::nan(""), 5.0);
+    QCOMPARE(graph.windowStart, 60.0);
+}
+
+void TestGraph::keys_data()
+{
+    QTest::addColumn<int>("key");
+    QTest::addColumn<bool>("isShift");
+    QTest::addColumn<double>("time"); // cursor from 50 s and 5.0, in pixels of 482 and 100
+    QTest::addColumn<double>("value");
+
+    const double pixel = 100.0 / (Graph::leftMargin + 400.0 + Graph::rightMargin);
+    QTest::newRow("left") << int(Qt::Key_Left) << false << 50.0 - pixel << 5.0;
+    QTest::newRow("right, far") << int(Qt::Key_Right) << true << 50.0 + 10 * pixel << 5.0;
+    QTest::newRow("up") << int(Qt::Key_Up) << false << 50.0 << 5.1;
+    QTest::newRow("down, far") << int(Qt::Key_Down) << true << 50.0 << 4.0;
+}
+
+void TestGraph::keys()
+{
+    QFETCH(int, key);
+    QFETCH(bool, isShift);
+    QFETCH(double, time);
+    QFETCH(double, value);
+    Graph graph;
+    prepare(graph);
+    GraphInput input(graph);
+    graph.cursorTime = 50.0;
+    graph.cursorValue = 5.0;
+    const GraphResponse response =
+        input.keyPress(key, isShift ? Qt::ShiftModifier : Qt::NoModifier);
+    QCOMPARE(graph.cursorTime, time);
+    QCOMPARE(graph.cursorValue, value);
+    QVERIFY(response.isHandled && response.holdsCursor && graph.isCursorHeld);
+    QCOMPARE(response.reports.size(), 1U);
+
+    QVERIFY(!input.keyPress(Qt::Key_A, {}).isHandled);
+    input.setExtent(1000.0, 2000.0);
+    input.keyPress(Qt::Key_F, {});
+    QCOMPARE(graph.windowStart, 900.0);
+    QCOMPARE(graph.windowEnd, 2100.0);
+    QCOMPARE(describe(input.keyPress(Qt::Key_M, {}).reports), "marker 1200 1800");
+    QCOMPARE(describe(input.keyPress(Qt::Key_End, {}).reports).section(' ', 0, 1), "cursor 2000");
+    QCOMPARE(graph.windowStart, 1400.0);
+}
+
+void TestGraph::mouse_data()
+{
+    QTest::addColumn<int>("button");
+    QTest::addColumn<int>("modifiers");
+    QTest::addColumn<QString>("pressed"); // at 20 s
+    QTest::addColumn<QString>("moved");   // to 40 s
+    QTest::addColumn<QString>("released");
+    QTest::addColumn<double>("windowStart");
+
+    const auto none = int(Qt::NoModifier);
+    QTest::newRow("left: markers") << int(Qt::LeftButton) << none << "marker 20 20"
+                                   << "marker 20 40, cursor 40 5, marker 20 40"
+                                   << "" << 0.0;
+    QTest::newRow("ctrl+left: cursor")
+        << int(Qt::LeftButton) << int(Qt::ControlModifier) << "cursor 20 5"
+        << "cursor 40 5"
+        << "" << 0.0;
+    QTest::newRow("shift+left: marker and pan")
+        << int(Qt::LeftButton) << int(Qt::ShiftModifier) << "marker 20 80"
+        << "marker 40 80, cursor 40 5, marker 40 80, man 0 0"
+        << "" << -20.0;
+    QTest::newRow("middle: cursor") << int(Qt::MiddleButton) << none << "cursor 20 5"
+                                    << "cursor 40 5"
+                                    << "finished 0 0" << 0.0;
+    QTest::newRow("right: pan") << int(Qt::RightButton) << none << ""
+                                << "man 0 0"
+                                << "" << -20.0;
+}
+
+void TestGraph::mouse()
+{
+    QFETCH(int, button);
+    QFETCH(int, modifiers);
+    Graph graph;
+    prepare(graph);
+    graph.markerLeft = 10.0;
+    graph.markerRight = 80.0;
+    GraphInput input(graph);
+    const auto keys = static_cast<Qt::KeyboardModifiers>(modifiers);
+    const auto pressed = static_cast<Qt::MouseButton>(button);
+    QTEST(describe(input.mousePress(pressed, placeOf(graph, 20.0, 50.0), keys).reports), "pressed");
+    QTEST(describe(input.mouseMove(placeOf(graph, 40.0, 50.0), keys).reports), "moved");
+    QTEST(describe(input.mouseRelease(pressed).reports), "released");
+    QTEST(graph.windowStart, "windowStart");
+    QVERIFY(graph.markerLeft <= graph.markerRight);
+    QVERIFY(input.mouseMove(placeOf(graph, 60.0, 50.0), keys).reports.empty());
+    QCOMPARE(graph.pointerTime, graph.timeAt(graph.xOf(60.0)));
+}
+
+void TestGraph::handleDragMovesATrace()
+{
+    Graph graph;
+    prepare(graph);
+    graph.markerLeft = 10.0;
+    graph.markerRight = 80.0;
+    GraphInput input(graph);
+    QVERIFY(input.mouseMove({10.0, 60.0}, {}).needsRepaint);
+    QCOMPARE(input.hoveredTrace().value_or(-1), 0);
+    QVERIFY(!input.mouseMove({12.0, 60.0}, {}).needsRepaint);
+    QVERIFY(input.mousePress(Qt::LeftButton, {10.0, 50.0}, {}).reports.empty());
+    QVERIFY(input.mouseMove({15.0, 150.0}, {}).reports.empty());
+    QCOMPARE(input.dragOffset(), -100.0);
+    QCOMPARE(describe(input.mouseRelease(Qt::LeftButton).reports), "move 0 1");
+    QCOMPARE(graph.markerLeft, 10.0); // markers stay
+    input.mousePress(Qt::LeftButton, {10.0, 150.0}, {});
+    QCOMPARE(describe(input.mouseRelease(Qt::LeftButton).reports), "move 1 1"); // also in its place
+}
+
+void TestGraph::wheelZoomsAboutThePointer()
+{
+    Graph graph;
+    prepare(graph);
+    GraphInput input(graph);
+    input.mouseMove(placeOf(graph, 25.0, 50.0), {});
+    QCOMPARE(input.wheel(120, {}).recalculations.value_or(-1), 3);
+    QCOMPARE(graph.windowStart, 2.5);
+    QCOMPARE(graph.windowEnd, 92.5);
+    input.wheel(-120, {});
+    QCOMPARE(graph.windowStart, 0.0);
+    input.wheel(120, Qt::ShiftModifier);
+    QCOMPARE(graph.windowEnd, 100.0);
+    for (int i = 0; i < 2000; ++i)
+        input.wheel(120, {}); // as far as it goes
+    QVERIFY(graph.span() > 0.0);
+}
+
+void TestGraph::feedingMarksGaps()
+{
+    Profile profile;
+    QVERIFY(loadProfile(
+        profile, "<UnitConversions><Unit unitMetric='m' unitImperial='ft' factor='2' offset='1'/>"
+                 "</UnitConversions>" +
+                     device({"name='a' id='1' dataType='FLOAT' precision='5' unitMetric='m' "
+                             "unitImperial='ft'"})));
+    DataSet dataSet;
+    for (const double seconds : {0.0, 0.5, 1.0, 1.5, 2.0, 3.4, 5.0, 5.5})
+        add(dataSet.messages, 1, seconds, floats(static_cast<float>(seconds)));
+    Graph graph;
+    profile.setUnitSystem(UnitSystem::Imperial);
+    feedTrace(graph, 0, profile, profile.parameters().front(), dataSet);
+    GraphTrace& trace = graph.trace(0);
+    QCOMPARE(trace.unit, "ft");
+    QCOMPARE(trace.decimals, 3);
+    QCOMPARE(trace.valueAt(1.7).value_or(-1), 4.0); // 1.5 in feet
+    trace.rebuild(0.0, 10.0, 0.01);
+    QList<int> marks;
+    for (const GraphColumn& column : trace.columns())
+        marks << column.mark;
+    QCOMPARE(marks, (QList<int>{1, 1, 1, 1, 1, 1, 0, 1})); // 1.4 s is not three times 0.5 s
+    feedTrace(graph, 99, profile, profile.parameters().front(), dataSet); // ignored
+}
+
+void TestGraph::sceneBreaksLinesAtGaps()
+{
+    Graph graph;
+    prepare(graph);
+    graph.setTraceCount(1);
+    graph.setSize(graph.width(), graph.height());
+    for (const auto& [time, mark] : {std::pair(10.0, 1), {20.0, 1}, {60.0, 0}, {70.0, 1}})
+        graph.trace(0).append(time, 5.0, mark);
+    graph.setWindow(0.0, 100.0);
+    const GraphInput input(graph);
+    const GraphScene scene = buildScene(graph, input);
+    QList<double> ends;
+    for (const GraphScene::Figure& figure : scene.figures) {
+        if (figure.kind != GraphScene::Kind::Strip)
+            continue;
+        QCOMPARE(figure.color, graph.trace(0).color);
+        const auto x = [&](int vertex) {
+            return scene.vertices[static_cast<std::size_t>(vertex) * 2];
+        };
+        ends << graph.timeAt(x(figure.first)) << graph.timeAt(x(figure.first + figure.count - 1));
+    }
+    QCOMPARE(ends, (QList<double>{10.0, 20.0, 60.0, 70.0}));
+}
+
+void TestGraph::legendTexts()
+{
+    Profile profile;
+    QVERIFY(loadProfile(profile, "<EnumList><Enum name='E'><Value val='1' label='ON'/></Enum>"
+                                 "</EnumList>" +
+                                     device({"name='Lamp' id='1' dataType='BLONG' enumId='E'"})));
+    DataSet dataSet;
+    add(dataSet.messages, 1, 0.0, {0});
+    add(dataSet.messages, 1, 10.0, {1});
+    add(dataSet.messages, 1, 20.0, {1});
+    Graph graph;
+    feedTrace(graph, 0, profile, profile.parameters().front(), dataSet);
+    QCOMPARE(legendText(graph, 0, 15.0), "Lamp   ON");
+    QCOMPARE(legendText(graph, 0, 5.0), "Lamp   0");
+    QCOMPARE(legendText(graph, 0, 25.0), "Lamp   ---");
+    QCOMPARE(legendText(graph, 1, 5.0), "NoName [-]   ---");
+    QCOMPARE(cursorText(3661.25, 1.2345), "01:01:01.250/1.23");
+    QCOMPARE(timeTickText(3661.9), "1:01:01");
+    QCOMPARE(timeTickText(-61.0), "-0:01:01");
+}
+
+QTEST_GUILESS_MAIN(TestGraph)
+#include "tst_graph.moc"
