@@ -151,15 +151,20 @@ void DialogDataGraph::createBar()
     addButton(SingleMode, icon("graph-single"), tr("Single Graph Mode"), true, true);
     m_bar->addSpacing(groupSpacing);
     addButton(Reset, icon("zoom-fit"), tr("Reset all to default"), false, false);
-    addButton(Setup, icon("graph-setup"), tr("Setup"), false, true);
+    addButton(Setup, icon("graph-setup"), tr("Setup"), false, false);
     addButton(Snapshot, icon("graph-snapshot"), tr("Snapshot"), false, true);
-    auto* const copy = new QToolButton(this);
-    copy->setFixedSize(buttonSize, buttonSize);
-    copy->setAutoRaise(true);
-    copy->setIcon(QIcon(QStringLiteral(":/icons/copy.svg")));
-    copy->setToolTip(tr("Copy picture"));
-    connect(copy, &QToolButton::clicked, this, &DialogDataGraph::copyPicture);
-    m_bar->addWidget(copy);
+    const auto addOwn = [this](const char* name, const QString& tip, auto slot) {
+        auto* const button = new QToolButton(this);
+        button->setFixedSize(buttonSize, buttonSize);
+        button->setIconSize(QSize(buttonSize, buttonSize) * 3 / 4);
+        button->setAutoRaise(true);
+        button->setIcon(QIcon(QStringLiteral(":/icons/%1.svg").arg(QLatin1String(name))));
+        button->setToolTip(tip);
+        connect(button, &QToolButton::clicked, this, slot);
+        m_bar->addWidget(button);
+    };
+    addOwn("copy", tr("Copy picture"), &DialogDataGraph::copyPicture);
+    addOwn("graph-setup", tr("Oscilloscope Setup"), &DialogDataGraph::showSetup);
     m_bar->addStretch();
     connect(m_buttons, &QButtonGroup::idPressed, this, &DialogDataGraph::slotCommandPress);
     connect(m_buttons, &QButtonGroup::idReleased, this, &DialogDataGraph::slotCommandRelease);
@@ -279,9 +284,7 @@ void DialogDataGraph::slotCommandRelease(int id)
         setTimeSpan(GraphSettings().timeSpan);
         break;
     case Setup:
-        m_setup->refresh();
-        m_setup->show();
-        m_setup->raise();
+        showSetup();
         break;
     case Snapshot:
         saveSnapshot();
@@ -347,6 +350,13 @@ void DialogDataGraph::slotMoveParameter(int trace, int row)
     const double end = m_graph->graph().windowEnd;
     refresh();
     m_graph->setWindow(start, end);
+}
+
+void DialogDataGraph::showSetup()
+{
+    m_setup->refresh();
+    m_setup->show();
+    m_setup->raise();
 }
 
 void DialogDataGraph::saveSnapshot()

@@ -66,6 +66,7 @@ private:
                    bool isShown);
     void applySettings();
     void setTimeSpan(double seconds);
+    void showSetup();
     void saveSnapshot();
     void copyPicture();
     void zoomToAll();

@@ -184,6 +184,14 @@ void GraphTrace::rebuild(double start, double end, double pixelSeconds)
         addColumn(position, next);
         m_step = next - position;
         position = next;
+        // Long traces do not fit the cache, and their columns come in regular steps.
+        constexpr std::size_t ahead = 3;
+        const std::size_t later = position + ahead * m_step;
+        if (m_step > 8 && later < limit) {
+            __builtin_prefetch(&m_times[later]);
+            __builtin_prefetch(&m_values[later]);
+            m_pyramid.prefetch(later);
+        }
     }
 }
 

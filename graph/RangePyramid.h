@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <limits>
 #include <vector>
@@ -61,6 +62,18 @@ public:
             to /= fanOut;
         }
         return result;
+    }
+
+    /// Asks for the memory that range() reads around the ends of a run, some time before it does.
+    void prefetch(std::size_t position) const
+    {
+        constexpr std::size_t levelsApart = 3; // higher levels stay in the cache
+        std::size_t place = position;
+        for (std::size_t i = 0; i < std::min(levelsApart, m_levels.size()); ++i) {
+            place /= fanOut;
+            if (place < m_levels[i].size())
+                __builtin_prefetch(&m_levels[i][place]);
+        }
     }
 
     /// O(run / sumBlock + sumBlock).

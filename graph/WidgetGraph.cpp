@@ -45,6 +45,7 @@ void WidgetGraph::drawFigures(const GraphScene& scene, double pixelRatio)
                  1.0F);
     glDisable(GL_SCISSOR_TEST);
     glClear(GL_COLOR_BUFFER_BIT);
+    glColorMask(GL_TRUE, GL_TRUE, GL_TRUE, GL_FALSE); // the widget stays opaque
     glDisable(GL_DEPTH_TEST);
     glEnable(GL_BLEND);
     glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
@@ -70,6 +71,7 @@ void WidgetGraph::drawFigures(const GraphScene& scene, double pixelRatio)
     }
     glDisableClientState(GL_VERTEX_ARRAY);
     glDisable(GL_SCISSOR_TEST);
+    glColorMask(GL_TRUE, GL_TRUE, GL_TRUE, GL_TRUE);
 }
 
 } // namespace KOLT

@@ -264,6 +264,89 @@
     </message>
 </context>
 <context>
+    <name>KOLT::DialogDataGraph</name>
+    <message>
+        <source>Zoom In</source>
+        <translation>Vergrößern</translation>
+    </message>
+    <message>
+        <source>Zoom Out</source>
+        <translation>Verkleinern</translation>
+    </message>
+    <message>
+        <source>Zoom 1:1</source>
+        <translation>Ganzer Flug</translation>
+    </message>
+    <message>
+        <source>Zoom Marker</source>
+        <translation>Auf Marker zoomen</translation>
+    </message>
+    <message>
+        <source>Clear All</source>
+        <translation>Alles löschen</translation>
+    </message>
+    <message>
+        <source>Automatic Mode</source>
+        <translation>Automatik</translation>
+    </message>
+    <message>
+        <source>Auto</source>
+        <translation>Auto</translation>
+    </message>
+    <message>
+        <source>Split Mode</source>
+        <translation>Getrennte Bänder</translation>
+    </message>
+    <message>
+        <source>Single Graph Mode</source>
+        <translation>Gemeinsamer Graph</translation>
+    </message>
+    <message>
+        <source>Reset all to default</source>
+        <translation>Alles zurücksetzen</translation>
+    </message>
+    <message>
+        <source>Setup</source>
+        <translation>Einrichten</translation>
+    </message>
+    <message>
+        <source>Snapshot</source>
+        <translation>Bild sichern</translation>
+    </message>
+    <message>
+        <source>Copy picture</source>
+        <translation>Bild kopieren</translation>
+    </message>
+    <message>
+        <source>Choose a cycle or a flight on the left to see its traces.</source>
+        <translation>Wählen Sie links einen Zyklus oder einen Flug, um seine Kurven zu sehen.</translation>
+    </message>
+    <message>
+        <source>No parameters are selected. Check some in the list on the left and press &quot;Confirm Selection&quot;.</source>
+        <translation>Es sind keine Parameter ausgewählt. Kreuzen Sie links welche an und drücken Sie „Auswahl bestätigen“.</translation>
+    </message>
+    <message>
+        <source>Save Snapshot</source>
+        <translation>Bild sichern</translation>
+    </message>
+    <message>
+        <source>BMP File (*.bmp);;All Files (*.*)</source>
+        <translation>BMP-Datei (*.bmp);;Alle Dateien (*.*)</translation>
+    </message>
+    <message>
+        <source>The picture was not saved: there is no picture format for
+%1
+Use a name that ends with .bmp, .png or .jpg.</source>
+        <translation>Das Bild wurde nicht gesichert: Es gibt kein Bildformat für
+%1
+Verwenden Sie einen Namen mit der Endung .bmp, .png oder .jpg.</translation>
+    </message>
+    <message>
+        <source>Oscilloscope Setup</source>
+        <translation>Oszilloskop einrichten</translation>
+    </message>
+</context>
+<context>
     <name>KOLT::DialogDataLimit</name>
     <message>
         <source>Warning/Limit Exceed</source>
@@ -566,6 +649,101 @@ Motordrehzahl: %3</translation>
     <message>
         <source>Engine speed</source>
         <translation>Motordrehzahl</translation>
+    </message>
+</context>
+<context>
+    <name>KOLT::DialogGraphSetup</name>
+    <message>
+        <source>Oscilloscope Setup</source>
+        <translation>Oszilloskop einrichten</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>Select</source>
+        <translation>Wählen</translation>
+    </message>
+    <message>
+        <source>Grid On</source>
+        <translation>Gitter an</translation>
+    </message>
+    <message>
+        <source>Cursor On</source>
+        <translation>Cursor an</translation>
+    </message>
+    <message>
+        <source>Legend On</source>
+        <translation>Legende an</translation>
+    </message>
+    <message>
+        <source>Autoscale On</source>
+        <translation>Autoskala an</translation>
+    </message>
+    <message>
+        <source>Limits On</source>
+        <translation>Grenzwerte an</translation>
+    </message>
+    <message>
+        <source>Statistic between markers On</source>
+        <translation>Statistik zwischen den Markern an</translation>
+    </message>
+    <message>
+        <source>Floating</source>
+        <translation>Frei</translation>
+    </message>
+    <message>
+        <source>Center</source>
+        <translation>Mitte</translation>
+    </message>
+    <message>
+        <source>End</source>
+        <translation>Ende</translation>
+    </message>
+    <message>
+        <source>Lower end of the scale without autoscale</source>
+        <translation>Unteres Ende der Skala ohne Autoskala</translation>
+    </message>
+    <message>
+        <source>Upper end of the scale without autoscale</source>
+        <translation>Oberes Ende der Skala ohne Autoskala</translation>
+    </message>
+    <message>
+        <source>Background Color :</source>
+        <translation>Hintergrundfarbe :</translation>
+    </message>
+    <message>
+        <source>Grid On/Color :</source>
+        <translation>Gitter an/Farbe :</translation>
+    </message>
+    <message>
+        <source>Label Color :</source>
+        <translation>Schriftfarbe :</translation>
+    </message>
+    <message>
+        <source>Label Background :</source>
+        <translation>Schrifthintergrund :</translation>
+    </message>
+    <message>
+        <source>Cursor On/Mode :</source>
+        <translation>Cursor an/Modus :</translation>
+    </message>
+    <message>
+        <source>Legend :</source>
+        <translation>Legende :</translation>
+    </message>
+    <message>
+        <source>Y-Scale :</source>
+        <translation>Y-Skala :</translation>
+    </message>
+    <message>
+        <source>Limits :</source>
+        <translation>Grenzwerte :</translation>
+    </message>
+    <message>
+        <source>Statistic :</source>
+        <translation>Statistik :</translation>
     </message>
 </context>
 <context>
@@ -908,6 +1086,13 @@ ist keine Aufzeichnungsdatei. Aufzeichnungsdateien enden auf .CAN, .can oder .xc
     <message>
         <source>Parameters: %1, messages: %2, devices: %3, fault matrices: %4</source>
         <translation>Parameter: %1, Nachrichten: %2, Geräte: %3, Fehlermatrizen: %4</translation>
+    </message>
+</context>
+<context>
+    <name>KOLT::GraphScene</name>
+    <message>
+        <source>Between the markers: min, max, mean</source>
+        <translation>Zwischen den Markern: Min, Max, Mittel</translation>
     </message>
 </context>
 <context>
@@ -1314,6 +1499,19 @@ Links und Rechts gehen zum Auftreten davor und danach</translation>
     <message>
         <source>%1 of %2 faults occurred</source>
         <translation>%1 von %2 Fehlern aufgetreten</translation>
+    </message>
+</context>
+<context>
+    <name>KOLT::WidgetGraphBase</name>
+    <message>
+        <source>Left button: markers and cursor. Ctrl+left or middle button: cursor. Right button: pan.
+Wheel: zoom. Arrow keys: move the cursor (with Shift farther).
+F: whole flight. Home, End: its ends. M: markers around the middle.
+Drag a handle at the left edge to move its trace.</source>
+        <translation>Linke Taste: Marker und Cursor. Strg+links oder mittlere Taste: Cursor. Rechte Taste: verschieben.
+Rad: zoomen. Pfeiltasten: Cursor bewegen (mit Umschalt weiter).
+F: ganzer Flug. Pos1, Ende: seine Enden. M: Marker um die Mitte.
+Ein Griff am linken Rand verschiebt seine Kurve.</translation>
     </message>
 </context>
 <context>

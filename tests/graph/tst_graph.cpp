@@ -303,7 +303,7 @@ void TestGraph::timeTicksForSpans_data()
 
     QTest::newRow("0.3 s") << 0.3 << 0.05 << 5;
     QTest::newRow("6 s") << 6.0 << 1.0 << 5;
-    QTest::newRow("4 s: steps below 1") << 4.0 << 1.0 << 5;
+    QTest::newRow("4 s") << 4.0 << 0.5 << 5;
     QTest::newRow("15 s") << 15.0 << 2.0 << 4;
     QTest::newRow("30 s") << 30.0 << 5.0 << 5;
     QTest::newRow("60 s") << 60.0 << 10.0 << 5;

@@ -47,6 +47,8 @@ private:
             answerBox(*box, text);
         else if (auto* const dialog = qobject_cast<QFileDialog*>(modal))
             answerDialog(*dialog, text);
+        else if (auto* const other = qobject_cast<QDialog*>(modal))
+            other->reject();
     }
 
     void answerBox(QMessageBox& box, const QString& text)

@@ -1,0 +1,266 @@
+#include "app/settings/SettingsStore.h"
+#include "graph/DialogDataGraph.h"
+#include "graph/DialogGraphSetup.h"
+#include "graph/WidgetGraph.h"
+#include "record/DataSet.h"
+#include "resources/Resources.h"
+#include "tests/support/ModalBoxes.h"
+#include "tests/support/ProfileFixture.h"
+#include "tests/support/RecordingFixture.h"
+
+#include <QButtonGroup>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QImage>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QTest>
+#include <QToolButton>
+
+using namespace KOLT;
+using namespace KOLT::Test;
+
+class TestGraphPage : public QObject
+{
+    Q_OBJECT
+
+private slots:
+
+    void initTestCase() { initKoltResources(); }
+
+    void init();
+
+    void cleanup() { m_page.reset(); }
+
+    void drawsWhatIsThere();
+    void buttons();
+    void heldZoom();
+    void replayPagesAndCentres();
+    void mouseReachesTheSignals();
+    void keyGivesTheCursorBack();
+    void setupChangesTheGraph();
+    void settingsAreKept();
+    void snapshot();
+
+private:
+    const Graph& graph() const { return m_page->widget().graph(); }
+
+    WidgetGraphBase* widget() const { return m_page->findChild<WidgetGraphBase*>(); }
+
+    QAbstractButton* button(int id) const { return m_page->findChild<QButtonGroup*>()->button(id); }
+
+    QPoint place(double seconds, int yFromTop) const
+    {
+        return {static_cast<int>(std::lround(graph().xOf(seconds))), yFromTop};
+    }
+
+    Profile m_profile;
+    std::unique_ptr<DataSet> m_dataSet;
+    std::unique_ptr<DialogDataGraph> m_page;
+    QTemporaryDir m_directory;
+};
+
+/// Two traces from 100 s to 200 s, ten samples a second.
+void TestGraphPage::init()
+{
+    SettingsStore::instance().setFileName(QFile::encodeName(m_directory.filePath("KOLT.ini")));
+    for (const char* key : {"GraphTimeSpan", "GraphCursorMode", "GraphBackground", "GraphSplit"})
+        SettingsStore::instance().setText(key, {});
+    SettingsStore::instance().setText("GraphTimeSpan", "60");
+    SettingsStore::instance().setText("GraphCursorMode", "1");
+    SettingsStore::instance().setText("GraphSplit", "true");
+    QVERIFY(loadProfile(m_profile, device({"name='a' id='1' dataType='FLOAT' precision='1'",
+                                           "name='b' id='1' startByte='4' dataType='FLOAT'"})));
+    m_profile.select([](const ProfileParameter&) { return true; });
+    m_dataSet = std::make_unique<DataSet>();
+    for (int i = 0; i <= 1000; ++i)
+        add(m_dataSet->messages, 1, 100.0 + i * 0.1, floats(static_cast<float>(i % 100), 5.0F));
+    m_dataSet->startSeconds = 100.0;
+    m_dataSet->stopSeconds = 200.0;
+    m_page = std::make_unique<DialogDataGraph>(m_profile);
+    m_page->resize(700, 500);
+    m_page->setShown(true);
+    m_page->setData(m_dataSet.get());
+    m_page->setTime(150.0);
+    m_page->show();
+    QVERIFY(QTest::qWaitForWindowExposed(m_page.get()));
+}
+
+void TestGraphPage::drawsWhatIsThere()
+{
+    QTest::keyClick(widget(), Qt::Key_M); // markers around the middle half
+    const QImage picture = widget()->grabFramebuffer();
+    const double ratio = picture.devicePixelRatio();
+    const auto colorAt = [&](double x, double yFromBottom) {
+        return picture.pixelColor(static_cast<int>(x * ratio),
+                                  static_cast<int>((graph().height() - yFromBottom) * ratio));
+    };
+    // The flat trace lies in the middle of the lower band; 0.5 px to its sides is enough.
+    const double flat = graph().yOf(1, 5.0);
+    const double x = graph().xOf(graph().windowStart + 3.0);
+    QCOMPARE(colorAt(x, flat).green() > 100 && colorAt(x, flat).red() < 60, true);
+    QCOMPARE(colorAt(x, flat + 9.0), QColor(0, 0, 0));     // background
+    QCOMPARE(colorAt(2.0, 5.0), QColor(0xbb, 0xbb, 0xbb)); // margin
+    const double inMarker = graph().xOf(graph().windowStart + graph().span() * 0.4) + 1.0;
+    const QColor marked = colorAt(inMarker, flat + 9.0);
+    QVERIFY2(marked.red() > 60 && marked.red() < 100 && marked.blue() < 20,
+             qPrintable(marked.name())); // yellow at alpha 0.3 on black
+    int cursor = 0; // the line lies on one of the pixels around
+    for (const double dx : {-1.0, 0.0, 1.0})
+        cursor = std::max(cursor, colorAt(graph().xOf(150.0) + dx, flat + 9.0).blue());
+    QVERIFY2(cursor > 80, qPrintable(QString::number(cursor)));
+}
+
+void TestGraphPage::buttons()
+{
+    QStringList tips;
+    for (int id = 0; id < 11; ++id)
+        tips << button(id)->toolTip() + (button(id)->isHidden() ? "-" : "");
+    QCOMPARE(tips.join(", "),
+             "Zoom In, Zoom Out, Zoom 1:1, Zoom Marker, Clear All-, Automatic Mode-, Split Mode, "
+             "Single Graph Mode, Reset all to default-, Setup-, Snapshot");
+    QTest::mouseClick(button(2), Qt::LeftButton);
+    QCOMPARE(graph().windowStart, 90.0);
+    QCOMPARE(graph().windowEnd, 210.0);
+    QTest::keyClick(widget(), Qt::Key_M);
+    QTest::mouseClick(button(3), Qt::LeftButton);
+    QCOMPARE(graph().windowStart, 120.0);
+    QCOMPARE(graph().windowEnd, 180.0);
+    QVERIFY(button(6)->isChecked() && !button(7)->isChecked());
+    QTest::mouseClick(button(7), Qt::LeftButton);
+    QVERIFY(!graph().settings.isSplit && button(7)->isChecked() && !button(6)->isChecked());
+    button(8)->click();
+    QVERIFY(graph().settings.isSplit);
+    QCOMPARE(graph().span(), 60.0);
+    button(4)->click();
+    QVERIFY(graph().trace(0).isEmpty());
+}
+
+void TestGraphPage::heldZoom()
+{
+    const double span = graph().span();
+    QTest::mousePress(button(0), Qt::LeftButton);
+    QTRY_VERIFY(graph().span() < span * 0.97 * 0.98);
+    QTest::mouseRelease(button(0), Qt::LeftButton);
+    const double released = graph().span();
+    QVERIFY(QMetaObject::invokeMethod(m_page.get(), "slotTimeout")); // the next tick
+    QCOMPARE(graph().span(), released);
+    QTest::mousePress(button(1), Qt::LeftButton);
+    QTRY_VERIFY(graph().span() > released * 1.03);
+    QTest::mouseRelease(button(1), Qt::LeftButton);
+}
+
+void TestGraphPage::replayPagesAndCentres()
+{
+    m_page->setTime(170.0);
+    QCOMPARE(graph().windowStart, 140.0); // centred
+    SettingsStore::instance().setText("GraphCursorMode", "0");
+    m_page = std::make_unique<DialogDataGraph>(m_profile);
+    m_page->setShown(true);
+    m_page->setData(m_dataSet.get());
+    m_page->setTime(100.0);
+    const double start = graph().windowStart;
+    QVERIFY(std::abs(graph().span() - 60.0) < 1e-9);
+    m_page->setTime(start + 53.0);
+    QCOMPARE(graph().windowStart, start); // within the edges
+    m_page->setTime(start + 55.0);
+    QCOMPARE(graph().windowEnd - 6.0, start + 55.0); // paged
+    QVERIFY(std::abs(graph().span() - 60.0) < 1e-9);
+    m_page->setTime(50.0);
+    QCOMPARE(graph().windowStart + 6.0, 50.0);
+}
+
+void TestGraphPage::mouseReachesTheSignals()
+{
+    QSignalSpy cursor(m_page.get(), &DialogDataGraph::signalCursor);
+    QSignalSpy marker(widget(), &WidgetGraphBase::signalMarker);
+    QTest::mouseClick(widget(), Qt::LeftButton, {}, place(130.0, 100));
+    QCOMPARE(marker.size(), 1);
+    QCOMPARE(marker.front().value(0), marker.front().value(1));
+    QVERIFY(std::abs(marker.front().value(0).toDouble() - 130.0) < 0.2);
+    QTest::mousePress(widget(), Qt::MiddleButton, {}, place(140.0, 100));
+    QVERIFY(graph().isCursorHeld);
+    QVERIFY(std::abs(cursor.takeLast().value(0).toDouble() - 140.0) < 0.2);
+    m_page->setTime(160.0); // the replay does not take it away
+    QVERIFY(std::abs(graph().cursorTime - 140.0) < 0.2);
+    QTest::mouseRelease(widget(), Qt::MiddleButton, {}, place(140.0, 100));
+    QVERIFY(!graph().isCursorHeld);
+    const double span = graph().span();
+    QTest::mouseMove(widget(), place(150.0, 120));
+    QWheelEvent wheel(QPointF(place(150.0, 120)), widget()->mapToGlobal(QPointF(place(150.0, 120))),
+                      {}, {0, 120}, {}, {}, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(widget(), &wheel);
+    QCOMPARE(graph().span(), span * 0.9);
+}
+
+void TestGraphPage::keyGivesTheCursorBack()
+{
+    const QSignalSpy cursor(m_page.get(), &DialogDataGraph::signalCursor);
+    QTest::keyClick(widget(), Qt::Key_Right, Qt::ShiftModifier);
+    QCOMPARE(cursor.size(), 1);
+    QVERIFY(graph().isCursorHeld);
+    QTRY_VERIFY_WITH_TIMEOUT(!graph().isCursorHeld, 8000); // after five seconds
+}
+
+void TestGraphPage::setupChangesTheGraph()
+{
+    button(9)->click();
+    auto* const setup = m_page->findChild<DialogGraphSetup*>();
+    QVERIFY(setup->isVisible());
+    const QSignalSpy changed(setup, &DialogGraphSetup::signalChanged);
+    for (auto* box : setup->findChildren<QCheckBox*>()) {
+        if (box->text() == "Legend On" || box->text() == "Autoscale On")
+            box->click();
+    }
+    QVERIFY(!graph().settings.hasLegend && !graph().settings.isAutoscaled);
+    setup->findChild<QComboBox*>()->setCurrentIndex(2);
+    QCOMPARE(graph().settings.cursorMode, CursorMode::End);
+    const auto edits = setup->findChildren<QLineEdit*>();
+    edits.at(0)->setText("-7.5");
+    edits.at(1)->setText("no number");
+    QCOMPARE(graph().settings.yMinimum, -7.5);
+    QCOMPARE(graph().settings.yMaximum, 0.0);
+    QCOMPARE(changed.size(), 5);
+    ModalBoxes boxes; // cancels the colour dialog
+    for (auto* select : setup->findChildren<QPushButton*>()) {
+        if (select->text() == "Select") {
+            QTest::mouseClick(select, Qt::LeftButton);
+            break;
+        }
+    }
+    QCOMPARE(graph().settings.background, QColor(0, 0, 0));
+    QCOMPARE(changed.size(), 6); // applied all the same
+}
+
+void TestGraphPage::settingsAreKept()
+{
+    QTest::mouseClick(button(7), Qt::LeftButton);
+    SettingsStore::instance().setText("GraphBackground", "102030");
+    m_page = std::make_unique<DialogDataGraph>(m_profile);
+    QVERIFY(!graph().settings.isSplit);
+    QVERIFY(button(7)->isChecked());
+    QCOMPARE(graph().settings.background, QColor(0x10, 0x20, 0x30));
+}
+
+void TestGraphPage::snapshot()
+{
+    ModalBoxes boxes;
+    const QString path = m_directory.filePath("picture.png");
+    boxes.answer(path);
+    QTest::mouseClick(button(10), Qt::LeftButton);
+    QCOMPARE(boxes.seen().value(0), "Save Snapshot");
+    const QImage picture(path);
+    QCOMPARE(picture.size(), m_page->size() * m_page->devicePixelRatioF());
+    boxes.answer("/proc/none/picture.bmp");
+    boxes.answer("OK");
+    QTest::mouseClick(button(10), Qt::LeftButton);
+    QVERIFY(boxes.seen().back().contains("/proc/none/picture.bmp"));
+    boxes.answer(m_directory.filePath("picture.xyz"));
+    boxes.answer("OK");
+    QTest::mouseClick(button(10), Qt::LeftButton);
+    QVERIFY(boxes.seen().back().contains("picture.xyz"));
+}
+
+QTEST_MAIN(TestGraphPage)
+#include "tst_graphpage.moc"
