@@ -77,6 +77,16 @@ void GraphTrace::reserve(std::size_t samples)
     m_values.reserve(samples);
 }
 
+void GraphTrace::setSamples(const MessageSeries& series, SampleValues values,
+                            std::vector<std::uint32_t> gaps, bool isAscending)
+{
+    clear();
+    m_series = &series;
+    m_values = std::move(values);
+    m_gaps = std::move(gaps);
+    m_isAscending = isAscending;
+}
+
 void GraphTrace::append(double time, double value, int mark)
 {
     if (!m_times.empty() && !(time >= m_times.back()))
@@ -89,6 +99,7 @@ void GraphTrace::append(double time, double value, int mark)
 
 void GraphTrace::clear()
 {
+    m_series = nullptr;
     m_times = {};
     m_values = {};
     m_gaps = {};
@@ -97,13 +108,30 @@ void GraphTrace::clear()
     m_isAscending = true;
 }
 
+template <typename Predicate>
+std::size_t GraphTrace::partitionPoint(Predicate&& predicate) const
+{
+    std::size_t low = 0;
+    std::size_t high = size();
+    while (low < high) {
+        const std::size_t middle = low + (high - low) / 2;
+        if (predicate(timeOf(middle)))
+            low = middle + 1;
+        else
+            high = middle;
+    }
+    return low;
+}
+
 std::size_t GraphTrace::positionAt(double time) const
 {
+    const auto isBefore = [time](double sample) { return sample < time; };
     if (m_isAscending)
-        return static_cast<std::size_t>(std::ranges::lower_bound(m_times, time) - m_times.begin());
-    const auto found =
-        std::ranges::find_if(m_times, [time](double sample) { return !(sample < time); });
-    return static_cast<std::size_t>(found - m_times.begin());
+        return partitionPoint(isBefore);
+    std::size_t position = 0;
+    while (position < size() && isBefore(timeOf(position)))
+        ++position;
+    return position;
 }
 
 bool GraphTrace::hasGap(std::size_t from, std::size_t to) const
@@ -114,8 +142,8 @@ bool GraphTrace::hasGap(std::size_t from, std::size_t to) const
 
 std::size_t GraphTrace::columnEnd(std::size_t from, std::size_t limit, double pixelSeconds) const
 {
-    const double start = m_times[from];
-    const auto isInside = [&](std::size_t i) { return m_times[i] - start <= pixelSeconds; };
+    const double start = timeOf(from);
+    const auto isInside = [&](std::size_t i) { return timeOf(i) - start <= pixelSeconds; };
     // The column before is a good guess; from there in growing steps, then by halving.
     std::size_t inside = from;
     std::size_t behind = limit;
@@ -138,7 +166,7 @@ std::size_t GraphTrace::columnEnd(std::size_t from, std::size_t limit, double pi
 
 void GraphTrace::addColumn(std::size_t from, std::size_t to)
 {
-    GraphColumn& column = m_columns.emplace_back(columnOf(m_times[from], m_values[from], 1));
+    GraphColumn& column = m_columns.emplace_back(columnOf(timeOf(from), m_values[from], 1));
     if (!m_gaps.empty() && hasGap(from, to))
         column.mark = 0;
     const std::size_t count = to - from;
@@ -171,8 +199,8 @@ void GraphTrace::rebuild(double start, double end, double pixelSeconds)
         --position;
     if (!m_isAscending) {
         for (std::size_t i = position; i < size(); ++i) {
-            mergeSample(m_columns, pixelSeconds, m_times[i], m_values[i], hasGap(i, i + 1) ? 0 : 1);
-            if (m_times[i] >= end)
+            mergeSample(m_columns, pixelSeconds, timeOf(i), m_values[i], hasGap(i, i + 1) ? 0 : 1);
+            if (timeOf(i) >= end)
                 break;
         }
         return;
@@ -185,12 +213,14 @@ void GraphTrace::rebuild(double start, double end, double pixelSeconds)
         m_step = next - position;
         position = next;
         // Long traces do not fit the cache, and their columns come in regular steps.
-        constexpr std::size_t ahead = 3;
+        constexpr std::size_t ahead = 8;
         const std::size_t later = position + ahead * m_step;
         if (m_step > 8 && later < limit) {
-            __builtin_prefetch(&m_times[later]);
-            __builtin_prefetch(&m_values[later]);
-            m_pyramid.prefetch(later);
+            if (m_series != nullptr)
+                __builtin_prefetch(&(*m_series)[later]);
+            else
+                __builtin_prefetch(&m_times[later]);
+            RangePyramid::prefetch(m_values, later);
         }
     }
 }
@@ -220,9 +250,8 @@ std::optional<RangeStatistic> GraphTrace::statistic(double from, double to) cons
     if (isEmpty() || !m_isAscending)
         return std::nullopt;
     m_pyramid.extend(m_values);
-    const auto behind = std::ranges::upper_bound(m_times, to);
     const std::size_t first = positionAt(from);
-    const auto last = static_cast<std::size_t>(behind - m_times.begin());
+    const std::size_t last = partitionPoint([to](double sample) { return sample <= to; });
     if (first >= last)
         return std::nullopt;
     const RangePyramid::Range range = m_pyramid.range(m_values, first, last);

@@ -1,6 +1,8 @@
 #pragma once
 
 #include "graph/RangePyramid.h"
+#include "graph/SampleMemory.h"
+#include "record/MessageSeries.h"
 
 #include <QColor>
 #include <QString>
@@ -63,19 +65,23 @@ public:
     /// Red, green, blue and their dark mixtures, again from the start after six.
     static QColor defaultColor(int index);
 
+    /// Takes samples whose times stand in a series, which must outlive their use here: one value
+    /// for each, and the positions of those that come after a gap, ascending.
+    void setSamples(const MessageSeries& series, SampleValues values,
+                    std::vector<std::uint32_t> gaps, bool isAscending);
     void reserve(std::size_t samples);
     /// A mark of 0 says that samples are missing before this one.
     void append(double time, double value, int mark);
     /// Drops samples and columns.
     void clear();
 
-    std::size_t size() const { return m_times.size(); }
+    std::size_t size() const { return m_values.size(); }
 
-    bool isEmpty() const { return m_times.empty(); }
+    bool isEmpty() const { return m_values.empty(); }
 
-    double firstTime() const { return m_times.front(); }
+    double firstTime() const { return timeOf(0); }
 
-    double lastTime() const { return m_times.back(); }
+    double lastTime() const { return timeOf(size() - 1); }
 
     /// Rebuilds the columns of the window [start, end]: from the sample before it to the first one
     /// at or behind its end. O(columns * log samples).
@@ -95,14 +101,23 @@ public:
     std::optional<RangeStatistic> statistic(double from, double to) const;
 
 private:
+    double timeOf(std::size_t index) const
+    {
+        return m_series != nullptr ? (*m_series)[index].seconds() : m_times[index];
+    }
+
+    /// The first position for which the predicate is false; it must be true, then false.
+    template <typename Predicate>
+    std::size_t partitionPoint(Predicate&& predicate) const;
     /// Number of samples before the time; the first position at or after it.
     std::size_t positionAt(double time) const;
     void addColumn(std::size_t from, std::size_t to);
     bool hasGap(std::size_t from, std::size_t to) const;
     std::size_t columnEnd(std::size_t from, std::size_t limit, double pixelSeconds) const;
 
-    std::vector<double> m_times;
-    std::vector<double> m_values;
+    const MessageSeries* m_series = nullptr; ///< holds the times, where it is set
+    SampleValues m_times;                    ///< otherwise
+    SampleValues m_values;
     std::vector<std::uint32_t> m_gaps; ///< positions with a mark of 0, ascending
     bool m_isAscending = true;
     mutable RangePyramid m_pyramid;

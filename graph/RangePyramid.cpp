@@ -23,7 +23,7 @@ void RangePyramid::clear()
 }
 
 template <typename Source>
-void RangePyramid::summarise(const std::vector<Source>& source, std::vector<Range>& level)
+void RangePyramid::summarise(std::span<const Source> source, std::vector<Range>& level)
 {
     level.reserve(source.size() / fanOut);
     while ((level.size() + 1) * fanOut <= source.size()) {
@@ -35,7 +35,7 @@ void RangePyramid::summarise(const std::vector<Source>& source, std::vector<Rang
     }
 }
 
-void RangePyramid::extend(const std::vector<double>& values)
+void RangePyramid::extend(std::span<const double> values)
 {
     std::size_t below = values.size();
     for (std::size_t i = 0; below >= fanOut; ++i) {
@@ -44,7 +44,7 @@ void RangePyramid::extend(const std::vector<double>& values)
         if (i == 0)
             summarise(values, m_levels[0]);
         else
-            summarise(m_levels[i - 1], m_levels[i]);
+            summarise(std::span<const Range>(m_levels[i - 1]), m_levels[i]);
         below = m_levels[i].size();
     }
     while ((m_sums.size() + 1) * sumBlock <= values.size()) {
@@ -55,7 +55,7 @@ void RangePyramid::extend(const std::vector<double>& values)
     }
 }
 
-RangePyramid::Sum RangePyramid::sum(const std::vector<double>& values, std::size_t from,
+RangePyramid::Sum RangePyramid::sum(std::span<const double> values, std::size_t from,
                                     std::size_t to) const
 {
     Sum total;

@@ -12,7 +12,14 @@ namespace {
 
 constexpr double gapFactor = 3.0;
 constexpr double shortestGap = 1.0; ///< seconds
+constexpr double ticksPerSecond = 1e9 / RecordFormat::nanosecondsPerTick;
 constexpr int mostDecimals = 3;
+
+/// The unit's counter as it stands in the sample; seconds cost more than comparing needs.
+std::int64_t ticksOf(const StoredSample& sample)
+{
+    return static_cast<std::int64_t>(sample.timeHigh) << 32 | sample.timeLow;
+}
 
 /// The middle one of the spacings, from some hundred of them all over the series.
 double usualSpacing(const MessageSeries& series)
@@ -49,19 +56,24 @@ void feedTrace(Graph& graph, int index, const Profile& profile, const ProfilePar
     source.offset = isConverted ? parameter.conversion->offset : 0.0;
 
     const MessageSeries& series = seriesOf(dataSet.messages, parameter);
-    trace.clear();
-    trace.reserve(series.size());
     const double gap = std::max(usualSpacing(series) * gapFactor, shortestGap);
+    SampleValues values(series.size());
+    std::vector<std::uint32_t> gaps;
     PositionFilter filter;
-    double before = series.empty() ? 0.0 : series[0].seconds();
+    bool isAscending = true;
+    const auto gapTicks = static_cast<std::int64_t>(gap * ticksPerSecond);
+    std::int64_t before = series.empty() ? 0 : ticksOf(series[0]);
+    double* place = values.data();
     for (const StoredSample& sample : series) {
-        const double seconds = sample.seconds();
-        double value = decodeNumber(sample.data, parameter, &filter);
-        if (isConverted)
-            value = value * source.factor + source.offset;
-        trace.append(seconds, value, seconds - before > gap ? 0 : 1);
-        before = seconds;
+        const std::int64_t ticks = ticksOf(sample);
+        if (ticks - before > gapTicks)
+            gaps.push_back(static_cast<std::uint32_t>(place - values.data()));
+        isAscending = isAscending && ticks >= before;
+        before = ticks;
+        const double value = decodeNumber(sample.data, parameter, &filter);
+        *place++ = isConverted ? value * source.factor + source.offset : value;
     }
+    trace.setSamples(series, std::move(values), std::move(gaps), isAscending);
 }
 
 } // namespace KOLT
