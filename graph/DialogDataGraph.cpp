@@ -5,6 +5,7 @@
 #include "graph/DialogGraphSetup.h"
 #include "graph/TraceFeeder.h"
 #include "graph/WidgetGraph.h"
+#include "graph/WidgetGraphES.h"
 
 #include <QApplication>
 #include <QBuffer>
@@ -13,6 +14,8 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QLabel>
+#include <QOffscreenSurface>
+#include <QOpenGLContext>
 #include <QStackedLayout>
 #include <QToolButton>
 #include <QVBoxLayout>
@@ -60,6 +63,22 @@ constexpr FlagKey flagKeys[] = {{"GraphSplit", &GraphSettings::isSplit},
                                 {"GraphLimits", &GraphSettings::hasThresholds},
                                 {"GraphStatistic", &GraphSettings::hasStatistic}};
 
+/// Whether contexts of this machine have the fixed-function pipeline. Asked once.
+bool hasFixedFunction()
+{
+    static const bool answer = [] {
+        QOpenGLContext context;
+        QOffscreenSurface surface;
+        surface.create();
+        if (!context.create() || !context.makeCurrent(&surface))
+            return true; // the widget will say what is wrong
+        const QSurfaceFormat format = context.format();
+        const bool isCore = format.profile() == QSurfaceFormat::CoreProfile;
+        return !context.isOpenGLES() && !isCore;
+    }();
+    return answer;
+}
+
 GraphSettings readSettings()
 {
     const SettingsStore& store = SettingsStore::instance();
@@ -102,7 +121,10 @@ DialogDataGraph::DialogDataGraph(const Profile& profile, QWidget* parent)
 {
     auto* const page = new QWidget(this);
     createBar();
-    m_graph = new WidgetGraph(page);
+    if (hasFixedFunction())
+        m_graph = new WidgetGraph(page);
+    else
+        m_graph = new WidgetGraphES(page);
     auto* const layout = new QVBoxLayout(page);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addLayout(m_bar);

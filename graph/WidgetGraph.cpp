@@ -1,5 +1,8 @@
 #include "graph/WidgetGraph.h"
 
+#include <QOpenGLPaintDevice>
+#include <QPainter>
+
 #include <GL/gl.h>
 #include <cmath>
 
@@ -38,7 +41,7 @@ void clipTo(const QRectF& clip, double pixelRatio)
 
 } // namespace
 
-void WidgetGraph::drawFigures(const GraphScene& scene, double pixelRatio)
+void WidgetGraph::drawFigures(const GraphScene& scene, double pixelRatio) const
 {
     const auto ratio = static_cast<float>(pixelRatio);
     glClearColor(scene.clearColor.redF(), scene.clearColor.greenF(), scene.clearColor.blueF(),
@@ -72,6 +75,34 @@ void WidgetGraph::drawFigures(const GraphScene& scene, double pixelRatio)
     glDisableClientState(GL_VERTEX_ARRAY);
     glDisable(GL_SCISSOR_TEST);
     glColorMask(GL_TRUE, GL_TRUE, GL_TRUE, GL_TRUE);
+}
+
+void WidgetGraph::drawScene(const GraphScene& scene, double pixelRatio)
+{
+    // A painter on the widget itself would be lost in a snapshot of the page.
+    QOpenGLPaintDevice device(size() * pixelRatio);
+    device.setDevicePixelRatio(pixelRatio);
+    QPainter painter(&device);
+    painter.beginNativePainting();
+    drawFigures(scene, pixelRatio);
+    painter.endNativePainting();
+    drawTexts(painter, scene);
+}
+
+void WidgetGraph::drawTexts(QPainter& painter, const GraphScene& scene) const
+{
+    painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);
+    painter.setFont(font());
+    constexpr int lineHeight = 16;
+    for (const GraphScene::Text& text : scene.texts) {
+        const int top = static_cast<int>(graph().height() - text.y) - lineHeight / 2;
+        const int x = static_cast<int>(text.x);
+        const QRect place = text.alignment.testFlag(Qt::AlignRight)
+                                ? QRect(x - width(), top, width(), lineHeight)
+                                : QRect(x, top, width(), lineHeight);
+        painter.setPen(text.color);
+        painter.drawText(place, text.alignment | Qt::AlignVCenter | Qt::TextSingleLine, text.text);
+    }
 }
 
 } // namespace KOLT

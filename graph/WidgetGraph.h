@@ -16,7 +16,11 @@ public:
     }
 
 protected:
-    void drawFigures(const GraphScene& scene, double pixelRatio) override;
+    void drawScene(const GraphScene& scene, double pixelRatio) override;
+
+private:
+    void drawFigures(const GraphScene& scene, double pixelRatio) const;
+    void drawTexts(QPainter& painter, const GraphScene& scene) const;
 };
 
 } // namespace KOLT

@@ -2,8 +2,6 @@
 
 #include <QKeyEvent>
 #include <QMouseEvent>
-#include <QOpenGLPaintDevice>
-#include <QPainter>
 #include <QWheelEvent>
 
 namespace KOLT {
@@ -121,32 +119,9 @@ void WidgetGraphBase::resizeEvent(QResizeEvent* event)
 void WidgetGraphBase::paintGL()
 {
     const GraphScene scene = buildScene(m_graph, m_input);
-    // A painter on the widget itself would be lost in a snapshot of the page.
-    QOpenGLPaintDevice device(size() * devicePixelRatioF());
-    device.setDevicePixelRatio(devicePixelRatioF());
-    QPainter painter(&device);
-    painter.beginNativePainting();
-    drawFigures(scene, devicePixelRatioF());
-    painter.endNativePainting();
-    drawTexts(painter, scene);
+    drawScene(scene, devicePixelRatioF());
     m_hasMoved = false;
     m_sinceRepaint.restart();
-}
-
-void WidgetGraphBase::drawTexts(QPainter& painter, const GraphScene& scene)
-{
-    painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);
-    painter.setFont(font());
-    constexpr int lineHeight = 16;
-    for (const GraphScene::Text& text : scene.texts) {
-        const int top = static_cast<int>(m_graph.height() - text.y) - lineHeight / 2;
-        const int x = static_cast<int>(text.x);
-        const QRect place = text.alignment.testFlag(Qt::AlignRight)
-                                ? QRect(x - width(), top, width(), lineHeight)
-                                : QRect(x, top, width(), lineHeight);
-        painter.setPen(text.color);
-        painter.drawText(place, text.alignment | Qt::AlignVCenter | Qt::TextSingleLine, text.text);
-    }
 }
 
 void WidgetGraphBase::startRecalculation(int milliseconds, int repeats)

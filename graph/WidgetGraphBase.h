@@ -48,8 +48,8 @@ signals:
 protected:
     explicit WidgetGraphBase(QWidget* parent);
 
-    /// Draws the figures of the scene; the context is current.
-    virtual void drawFigures(const GraphScene& scene, double pixelRatio) = 0;
+    /// Draws the scene; the context is current.
+    virtual void drawScene(const GraphScene& scene, double pixelRatio) = 0;
 
     void resizeGL(int width, int height) override;
     void paintGL() override;
@@ -67,7 +67,6 @@ private slots:
 
 private:
     void act(const GraphResponse& response);
-    void drawTexts(QPainter& painter, const GraphScene& scene);
     void startRecalculation(int milliseconds, int repeats);
 
     Graph m_graph;

@@ -1,7 +1,9 @@
 #include "app/settings/SettingsStore.h"
 #include "graph/DialogDataGraph.h"
 #include "graph/DialogGraphSetup.h"
+#include "graph/TraceFeeder.h"
 #include "graph/WidgetGraph.h"
+#include "graph/WidgetGraphES.h"
 #include "record/DataSet.h"
 #include "resources/Resources.h"
 #include "tests/support/ModalBoxes.h"
@@ -34,6 +36,7 @@ private slots:
     void cleanup() { m_page.reset(); }
 
     void drawsWhatIsThere();
+    void bothWaysOfDrawingAgree();
     void buttons();
     void heldZoom();
     void replayPagesAndCentres();
@@ -106,10 +109,56 @@ void TestGraphPage::drawsWhatIsThere()
     const QColor marked = colorAt(inMarker, flat + 9.0);
     QVERIFY2(marked.red() > 60 && marked.red() < 100 && marked.blue() < 20,
              qPrintable(marked.name())); // yellow at alpha 0.3 on black
-    int cursor = 0; // the line lies on one of the pixels around
+    int cursor = 0;                      // the line lies on one of the pixels around
     for (const double dx : {-1.0, 0.0, 1.0})
         cursor = std::max(cursor, colorAt(graph().xOf(150.0) + dx, flat + 9.0).blue());
     QVERIFY2(cursor > 80, qPrintable(QString::number(cursor)));
+}
+
+void TestGraphPage::bothWaysOfDrawingAgree()
+{
+    WidgetGraph fixedFunction;
+    WidgetGraphES primitives;
+    QList<QImage> pictures;
+    for (WidgetGraphBase* way :
+         std::initializer_list<WidgetGraphBase*>{&fixedFunction, &primitives}) {
+        way->resize(600, 400);
+        GraphSettings settings;
+        settings.labelBackground = QColor(0x20, 0x40, 0x60);
+        way->setSettings(settings);
+        way->setTraceCount(2);
+        int index = 0;
+        for (const ProfileParameter& parameter : m_profile.parameters())
+            feedTrace(way->editGraph(), index++, m_profile, parameter, *m_dataSet);
+        way->addEventLine(7, 130.0);
+        way->setExtent(100.0, 200.0);
+        way->show();
+        QVERIFY(QTest::qWaitForWindowExposed(way));
+        way->setWindow(110.0, 170.0);
+        QTest::keyClick(way, Qt::Key_M);
+        pictures << way->grabFramebuffer().convertToFormat(QImage::Format_RGB32);
+    }
+    QCOMPARE(pictures[0].size(), pictures[1].size());
+    int different = 0;
+    int drawn = 0; // neither background nor margin
+    for (int y = 0; y < pictures[0].height(); ++y) {
+        for (int x = 0; x < pictures[0].width(); ++x) {
+            const QColor a = pictures[0].pixelColor(x, y);
+            const QColor b = pictures[1].pixelColor(x, y);
+            constexpr int tolerance = 60;
+            different += std::abs(a.red() - b.red()) > tolerance ||
+                         std::abs(a.green() - b.green()) > tolerance ||
+                         std::abs(a.blue() - b.blue()) > tolerance;
+            drawn += a != QColor(0, 0, 0) && a != QColor(0x20, 0x40, 0x60);
+        }
+    }
+    QVERIFY2(drawn > 20'000, qPrintable(QString::number(drawn)));
+    const int most = pictures[0].width() * pictures[0].height() / 50; // texts and stipples shift
+    if (different >= most) {
+        pictures[0].save(QStringLiteral("graph-fixed.png"));
+        pictures[1].save(QStringLiteral("graph-primitives.png"));
+    }
+    QVERIFY2(different < most, qPrintable(QString::number(different)));
 }
 
 void TestGraphPage::buttons()

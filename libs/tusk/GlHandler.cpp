@@ -1,0 +1,156 @@
+#include "libs/tusk/GlHandler.h"
+
+namespace TUSK::OpenGL {
+
+namespace {
+
+constexpr int positionSize = 2;
+constexpr int texturedSize = 4;
+constexpr int positionLocation = 0;
+constexpr int textureLocation = 1;
+
+constexpr auto plainVertex = R"(
+attribute highp vec2 position;
+uniform highp mat4 matrix;
+void main()
+{
+    gl_Position = matrix * vec4(position, 0.0, 1.0);
+}
+)";
+
+// Every other pixel of a stippled line is left out.
+constexpr auto plainFragment = R"(
+uniform lowp vec4 color;
+uniform bool isStippled;
+void main()
+{
+    if (isStippled && mod(floor(gl_FragCoord.x) + floor(gl_FragCoord.y), 2.0) < 0.5)
+        discard;
+    gl_FragColor = color;
+}
+)";
+
+constexpr auto texturedVertex = R"(
+attribute highp vec2 position;
+attribute highp vec2 place;
+uniform highp mat4 matrix;
+varying highp vec2 texturePlace;
+void main()
+{
+    texturePlace = place;
+    gl_Position = matrix * vec4(position, 0.0, 1.0);
+}
+)";
+
+constexpr auto texturedFragment = R"(
+uniform lowp vec4 color;
+uniform sampler2D image;
+varying highp vec2 texturePlace;
+void main()
+{
+    gl_FragColor = vec4(color.rgb, color.a * texture2D(image, texturePlace).a);
+}
+)";
+
+} // namespace
+
+bool GlHandler::build(QOpenGLShaderProgram& program, const char* vertexSource,
+                      const char* fragmentSource)
+{
+    program.bindAttributeLocation("position", positionLocation);
+    program.bindAttributeLocation("place", textureLocation);
+    return program.addShaderFromSourceCode(QOpenGLShader::Vertex, vertexSource) &&
+           program.addShaderFromSourceCode(QOpenGLShader::Fragment, fragmentSource) &&
+           program.link();
+}
+
+bool GlHandler::initialize()
+{
+    initializeOpenGLFunctions();
+    m_plain = std::make_unique<QOpenGLShaderProgram>();
+    m_textured = std::make_unique<QOpenGLShaderProgram>();
+    m_buffer = std::make_unique<QOpenGLBuffer>(QOpenGLBuffer::VertexBuffer);
+    m_isReady = build(*m_plain, plainVertex, plainFragment) &&
+                build(*m_textured, texturedVertex, texturedFragment) && m_buffer->create();
+    m_buffer->setUsagePattern(QOpenGLBuffer::StreamDraw);
+    return m_isReady;
+}
+
+void GlHandler::upload(std::span<const float> vertices)
+{
+    m_buffer->bind();
+    m_buffer->allocate(vertices.data(), static_cast<int>(vertices.size_bytes()));
+}
+
+void GlHandler::draw(GLenum mode, std::span<const float> vertices, const QColor& color,
+                     float lineWidth, bool isStippled)
+{
+    if (!m_isReady || vertices.empty())
+        return;
+    m_plain->bind();
+    m_plain->setUniformValue("matrix", m_matrices.top());
+    m_plain->setUniformValue("color", color);
+    m_plain->setUniformValue("isStippled", isStippled);
+    upload(vertices);
+    m_plain->enableAttributeArray(positionLocation);
+    m_plain->setAttributeBuffer(positionLocation, GL_FLOAT, 0, positionSize);
+    glLineWidth(lineWidth);
+    glDrawArrays(mode, 0, static_cast<GLsizei>(vertices.size() / positionSize));
+    m_plain->disableAttributeArray(positionLocation);
+    m_buffer->release();
+    m_plain->release();
+}
+
+void GlHandler::drawTextured(std::span<const float> vertices, const QColor& color, GLuint texture)
+{
+    if (!m_isReady || vertices.empty())
+        return;
+    constexpr int stride = texturedSize * static_cast<int>(sizeof(float));
+    m_textured->bind();
+    m_textured->setUniformValue("matrix", m_matrices.top());
+    m_textured->setUniformValue("color", color);
+    m_textured->setUniformValue("image", 0);
+    glActiveTexture(GL_TEXTURE0);
+    glBindTexture(GL_TEXTURE_2D, texture);
+    upload(vertices);
+    for (const int location : {positionLocation, textureLocation}) {
+        m_textured->enableAttributeArray(location);
+        m_textured->setAttributeBuffer(location, GL_FLOAT,
+                                       location * positionSize * static_cast<int>(sizeof(float)),
+                                       positionSize, stride);
+    }
+    glDrawArrays(GL_TRIANGLES, 0, static_cast<GLsizei>(vertices.size() / texturedSize));
+    for (const int location : {positionLocation, textureLocation})
+        m_textured->disableAttributeArray(location);
+    m_buffer->release();
+    glBindTexture(GL_TEXTURE_2D, 0);
+    m_textured->release();
+}
+
+void GlHandler::clear(const QColor& color)
+{
+    glDisable(GL_SCISSOR_TEST);
+    glColorMask(GL_TRUE, GL_TRUE, GL_TRUE, GL_TRUE);
+    glClearColor(color.redF(), color.greenF(), color.blueF(), 1.0F);
+    glClear(GL_COLOR_BUFFER_BIT);
+}
+
+void GlHandler::enableBlending()
+{
+    glDisable(GL_DEPTH_TEST);
+    glEnable(GL_BLEND);
+    // The picture itself stays opaque.
+    glBlendFuncSeparate(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA, GL_ZERO, GL_ONE);
+}
+
+void GlHandler::clip(const QRect& area)
+{
+    if (area.isEmpty()) {
+        glDisable(GL_SCISSOR_TEST);
+        return;
+    }
+    glEnable(GL_SCISSOR_TEST);
+    glScissor(area.x(), area.y(), area.width(), area.height());
+}
+
+} // namespace TUSK::OpenGL

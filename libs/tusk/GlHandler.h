@@ -1,0 +1,51 @@
+#pragma once
+
+#include "libs/tusk/MatrixStack.h"
+
+#include <QColor>
+#include <QOpenGLBuffer>
+#include <QOpenGLFunctions>
+#include <QOpenGLShaderProgram>
+
+#include <memory>
+#include <span>
+
+namespace TUSK::OpenGL {
+
+/// What the primitives draw with: two small shader programs that every pipeline has, a buffer for
+/// vertices, and the matrix stack. Needs the current context of its making for all it does, its
+/// destruction included.
+class GlHandler : protected QOpenGLFunctions
+{
+public:
+    /// Compiles the programs for the current context. False when that fails; nothing is then drawn.
+    bool initialize();
+
+    bool isReady() const { return m_isReady; }
+
+    MatrixStack& matrices() { return m_matrices; }
+
+    /// Vertices of x and y in the matrix's units.
+    void draw(GLenum mode, std::span<const float> vertices, const QColor& color,
+              float lineWidth = 1.0F, bool isStippled = false);
+
+    /// Triangles with x, y, s and t; the texture's alpha is that of the colour.
+    void drawTextured(std::span<const float> vertices, const QColor& color, GLuint texture);
+
+    void clear(const QColor& color);
+    void enableBlending();
+    /// In pixels of the framebuffer from the lower left; an empty area ends the clipping.
+    void clip(const QRect& area);
+
+private:
+    bool build(QOpenGLShaderProgram& program, const char* vertexSource, const char* fragmentSource);
+    void upload(std::span<const float> vertices);
+
+    bool m_isReady = false;
+    MatrixStack m_matrices;
+    std::unique_ptr<QOpenGLShaderProgram> m_plain;
+    std::unique_ptr<QOpenGLShaderProgram> m_textured;
+    std::unique_ptr<QOpenGLBuffer> m_buffer;
+};
+
+} // namespace TUSK::OpenGL

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QMatrix4x4>
+
+#include <vector>
+
+namespace TUSK {
+
+/// The matrix that vertices are multiplied with, and those below it.
+class MatrixStack
+{
+public:
+    const QMatrix4x4& top() const { return m_matrices.back(); }
+
+    void push() { m_matrices.push_back(m_matrices.back()); }
+
+    /// The last one stays.
+    void pop()
+    {
+        if (m_matrices.size() > 1)
+            m_matrices.pop_back();
+    }
+
+    void load(const QMatrix4x4& matrix) { m_matrices.back() = matrix; }
+
+    void multiply(const QMatrix4x4& matrix) { m_matrices.back() *= matrix; }
+
+private:
+    std::vector<QMatrix4x4> m_matrices{QMatrix4x4()};
+};
+
+} // namespace TUSK

@@ -1,0 +1,108 @@
+#include "libs/tusk/TextureFont.h"
+
+#include <QImage>
+#include <QPainter>
+
+#include <cmath>
+#include <vector>
+
+namespace TUSK::OpenGL {
+
+namespace {
+
+constexpr int columns = 16;
+constexpr int padding = 2; ///< pixels around a glyph, so that neighbours do not shine through
+
+} // namespace
+
+TextureFont::TextureFont(const QFont& font, double pixelRatio)
+    : m_font(font)
+    , m_metrics(font)
+    , m_pixelRatio(pixelRatio)
+{
+    for (char16_t character = u' '; character <= u'~'; ++character)
+        m_characters += QChar(character);
+}
+
+double TextureFont::width(const QString& text) const
+{
+    double width = 0.0;
+    for (const QChar character : text)
+        width += m_metrics.horizontalAdvance(character);
+    return width;
+}
+
+void TextureFont::addGlyphs(const QString& text)
+{
+    bool isComplete = m_texture != nullptr;
+    for (const QChar character : text) {
+        if (m_characters.contains(character))
+            continue;
+        m_characters += character;
+        isComplete = false;
+    }
+    if (isComplete)
+        return;
+    const int cellWidth =
+        static_cast<int>(std::ceil(m_metrics.maxWidth() * m_pixelRatio)) + 2 * padding;
+    const int cellHeight =
+        static_cast<int>(std::ceil(m_metrics.height() * m_pixelRatio)) + 2 * padding;
+    const int rows = static_cast<int>((m_characters.size() + columns - 1) / columns);
+    QImage image(columns * cellWidth, rows * cellHeight, QImage::Format_RGBA8888);
+    image.fill(Qt::transparent);
+    QPainter painter(&image);
+    painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);
+    painter.setPen(Qt::white);
+    painter.setFont(m_font);
+    m_glyphs.clear();
+    for (int i = 0; i < m_characters.size(); ++i) {
+        const QPoint cell(i % columns * cellWidth, i / columns * cellHeight);
+        painter.resetTransform();
+        painter.translate(cell + QPoint(padding, padding));
+        painter.scale(m_pixelRatio, m_pixelRatio);
+        painter.drawText(QPointF(0.0, m_metrics.ascent()), QString(m_characters[i]));
+        Glyph& glyph = m_glyphs[m_characters[i]];
+        glyph.place = QRectF(static_cast<double>(cell.x()) / image.width(),
+                             static_cast<double>(cell.y()) / image.height(),
+                             static_cast<double>(cellWidth) / image.width(),
+                             static_cast<double>(cellHeight) / image.height());
+        glyph.size = QSizeF(cellWidth, cellHeight) / m_pixelRatio;
+        glyph.advance = m_metrics.horizontalAdvance(m_characters[i]);
+    }
+    painter.end();
+    m_texture = std::make_unique<QOpenGLTexture>(image, QOpenGLTexture::DontGenerateMipMaps);
+    m_texture->setMinMagFilters(QOpenGLTexture::Linear, QOpenGLTexture::Linear);
+    m_texture->setWrapMode(QOpenGLTexture::ClampToEdge);
+}
+
+void TextureFont::draw(GlHandler& handler, const QString& text, double x, double y,
+                       const QColor& color, bool endsAtX)
+{
+    addGlyphs(text);
+    const double edge = padding / m_pixelRatio;
+    // On whole pixels of the framebuffer, where the glyphs are sharp.
+    const auto snapped = [this](double value) {
+        return std::round(value * m_pixelRatio) / m_pixelRatio;
+    };
+    double left = snapped(endsAtX ? x - width(text) : x) - edge;
+    const double bottom = snapped(y - m_metrics.height() / 2.0) - edge;
+    std::vector<float> vertices;
+    for (const QChar character : text) {
+        const Glyph& glyph = m_glyphs[character];
+        const auto add = [&](double dx, double dy) {
+            vertices.push_back(static_cast<float>(left + dx * glyph.size.width()));
+            vertices.push_back(static_cast<float>(bottom + dy * glyph.size.height()));
+            vertices.push_back(static_cast<float>(glyph.place.left() + dx * glyph.place.width()));
+            // The image begins at its top.
+            vertices.push_back(
+                static_cast<float>(glyph.place.top() + (1.0 - dy) * glyph.place.height()));
+        };
+        for (const auto& [dx, dy] :
+             {std::pair(0.0, 0.0), {1.0, 0.0}, {1.0, 1.0}, {0.0, 0.0}, {1.0, 1.0}, {0.0, 1.0}})
+            add(dx, dy);
+        left += glyph.advance;
+    }
+    handler.drawTextured(vertices, color, m_texture->textureId());
+}
+
+} // namespace TUSK::OpenGL
