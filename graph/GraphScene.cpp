@@ -60,14 +60,15 @@ public:
             valueAxis(m_plot, m_graph.commonLower(), m_graph.commonUpper(), 0, settings.labelColor);
         timeGrid();
         const std::vector<int> visible = m_graph.visibleTraces();
+        // Below the traces: a plate must not hide any of them.
+        if (settings.hasLegend)
+            legend(visible);
         for (const int index : visible)
             band(index);
         markers();
         events();
         if (settings.hasCursor)
             cursor();
-        if (settings.hasLegend)
-            legend(visible);
         if (settings.hasStatistic)
             statistic(visible);
         handles(visible);
@@ -126,7 +127,7 @@ private:
         m_scene.texts.push_back({x, y, alignment, content, color});
     }
 
-    /// A text in the plot, on a plate that keeps it legible above the traces.
+    /// A text in the plot, on a plate that keeps it legible above the grid.
     void plotText(double x, double y, Qt::Alignment alignment, const QString& content,
                   const QColor& color)
     {
@@ -239,12 +240,12 @@ private:
         }
         if (m_graph.settings.hasThresholds)
             thresholds(index, area);
-        strips(index, area);
         if (m_graph.settings.isSplit && m_graph.settings.hasLegend)
             plotText(area.right() - 4.0, area.bottom() - legendHeight / 2.0, Qt::AlignRight,
                      QString::asprintf("%8.*f %8.*f [%s]", trace.decimals, trace.lower,
                                        trace.decimals, trace.upper, qUtf8Printable(trace.unit)),
                      trace.color);
+        strips(index, area);
     }
 
     void thresholds(int index, const QRectF& area)
@@ -283,15 +284,22 @@ private:
                 continue;
             const double x = xOf(column.time);
             const bool isFirst = vertexCount() == m_scene.figures.back().first;
-            if (!std::isnan(column.first))
-                vertex(x, yOf(column.first));
-            if (column.fill > 2 || isFirst) {
+            const double low = yOf(column.lowest);
+            const double high = yOf(column.highest);
+            if (isFirst) {
                 // A lone sample still makes a dot.
-                const double room = column.lowest == column.highest && isFirst ? 0.75 : 0.0;
-                vertex(x, yOf(column.lowest) - room);
-                vertex(x, yOf(column.highest) + room);
-                if (!std::isnan(column.end))
-                    vertex(x, yOf(column.end));
+                const double room = low == high ? 0.75 : 0.0;
+                vertex(x, low - room);
+                vertex(x, high + room);
+            } else if (column.fill > 2) {
+                // One stroke from the end that is nearer to the first value, so that the line that
+                // comes from the column before enters where the samples do.
+                const bool isFromLow = std::abs(column.first - column.lowest) <=
+                                       std::abs(column.highest - column.first);
+                vertex(x, isFromLow ? low : high);
+                vertex(x, isFromLow ? high : low);
+            } else {
+                vertex(x, low);
             }
         }
         end();
@@ -341,9 +349,9 @@ private:
         if (y >= area.top() && y <= area.bottom())
             line(m_plot.left(), y, m_plot.right(), y, withAlpha(color, 120));
         const bool isRight = x > m_plot.center().x();
-        plotText(x + (isRight ? -5.0 : 5.0), m_plot.top() + legendHeight / 2.0,
-                 isRight ? Qt::AlignRight : Qt::AlignLeft,
-                 cursorText(m_graph.cursorTime, m_graph.cursorValue), color);
+        text(x + (isRight ? -5.0 : 5.0), m_plot.top() + legendHeight / 2.0,
+             isRight ? Qt::AlignRight : Qt::AlignLeft,
+             cursorText(m_graph.cursorTime, m_graph.cursorValue), color);
     }
 
     void legend(const std::vector<int>& visible)

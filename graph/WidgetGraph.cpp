@@ -61,6 +61,10 @@ void WidgetGraph::drawFigures(const GraphScene& scene, double pixelRatio) const
     glVertexPointer(2, GL_FLOAT, 0, scene.vertices.data());
     for (const GraphScene::Figure& figure : scene.figures) {
         clipTo(figure.clip, pixelRatio);
+        if (figure.color.alpha() < 255)
+            glEnable(GL_BLEND);
+        else
+            glDisable(GL_BLEND); // the software renderer is quicker without
         glColor4f(figure.color.redF(), figure.color.greenF(), figure.color.blueF(),
                   figure.color.alphaF());
         glLineWidth(figure.width * ratio);
