@@ -135,6 +135,10 @@ void DialogData::createPages()
     connect(table, &DialogDataTable::signalTime, this, &DialogData::slotTableTime);
     auto* const graph = addPage(Page::Graph, new DialogDataGraph(m_profile, m_stack));
     connect(graph, &DialogDataGraph::signalCursor, this, &DialogData::slotCursor);
+    connect(graph, &DialogDataGraph::signalOrder, this, [this](const QStringList& fullNames) {
+        if (m_orderHandler)
+            m_orderHandler(fullNames);
+    });
     auto* const faults = addPage(Page::FaultMatrix, new WidgetFaultMatrix(m_profile, m_stack));
     connect(faults, &WidgetFaultMatrix::signalTime, this, &DialogData::slotFaultTime);
     auto* const limits = addPage(Page::Limit, new DialogDataLimit(m_profile, m_stack));

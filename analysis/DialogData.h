@@ -81,6 +81,11 @@ public:
 
     void setCurrentPage(Page page);
 
+    /// Called with the full names of the parameters when the user arranged them anew.
+    using OrderHandler = std::function<void(const QStringList& fullNames)>;
+
+    void setOrderHandler(OrderHandler handler) { m_orderHandler = std::move(handler); }
+
 private slots:
     void slotTimeoutReplay();
     void slotReplayMode();
@@ -126,6 +131,7 @@ private:
 
     const Profile& m_profile;
     Clock m_clock;
+    OrderHandler m_orderHandler;
     Replay m_replay;
     const DataSet* m_dataSet = nullptr;
     bool m_isWriting = false; ///< the window writes its own controls

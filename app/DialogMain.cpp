@@ -115,6 +115,10 @@ void DialogMain::createPanels()
     column->setStretchFactor(0, 1);
     column->setStretchFactor(1, 1);
     m_data = new DialogData(m_profile, m_splitter);
+    m_data->setOrderHandler([this](const QStringList& fullNames) {
+        m_profile.setDisplayOrder(fullNames);
+        m_data->refresh();
+    });
     m_splitter->addWidget(column);
     m_splitter->addWidget(m_data);
     m_splitter->setStretchFactor(0, listStretch);

@@ -198,7 +198,10 @@ void DialogProfile::showDraft()
                                         ? tr("Selected Parameters")
                                         : tr("Selected Parameters (%1)").arg(checked.size()));
     m_clear->setEnabled(!checked.empty());
-    m_confirm->setEnabled(checked != m_profile.selectedParameters());
+    const auto asSet = [](const std::vector<const ProfileParameter*>& parameters) {
+        return std::set<const ProfileParameter*>(parameters.begin(), parameters.end());
+    };
+    m_confirm->setEnabled(asSet(checked) != asSet(m_profile.selectedParameters()));
 }
 
 void DialogProfile::clearDraft()

@@ -211,11 +211,6 @@ void DialogDataGraph::addButton(Command id, const QString& icon, const QString& 
 std::vector<const ProfileParameter*> DialogDataGraph::parameters() const
 {
     std::vector<const ProfileParameter*> chosen = m_profile.selectedParameters();
-    const auto place = [this](const ProfileParameter* parameter) {
-        const qsizetype index = m_order.indexOf(parameter->fullName);
-        return index < 0 ? m_order.size() : index;
-    };
-    std::ranges::stable_sort(chosen, {}, place);
     if (chosen.size() > static_cast<std::size_t>(Graph::maxTraces))
         chosen.resize(static_cast<std::size_t>(Graph::maxTraces));
     return chosen;
@@ -367,11 +362,10 @@ void DialogDataGraph::slotMoveParameter(int trace, int row)
     if (trace < 0 || trace >= names.size())
         return;
     names.move(trace, std::clamp<qsizetype>(row, 0, names.size() - 1));
-    m_order = names;
     const double start = m_graph->graph().windowStart;
     const double end = m_graph->graph().windowEnd;
-    refresh();
-    m_graph->setWindow(start, end);
+    emit signalOrder(names);
+    m_graph->setWindow(start, end); // showing the data anew must not move it
 }
 
 void DialogDataGraph::showSetup()

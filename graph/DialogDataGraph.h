@@ -31,6 +31,8 @@ public:
 
 signals:
     void signalCursor(float seconds, double value);
+    /// The user moved a trace: the full names of all parameters in their new order.
+    void signalOrder(const QStringList& fullNames);
 
 protected:
     void dropData() override;
@@ -75,7 +77,6 @@ private:
 
     const Profile& m_profile;
     GraphSettings m_settings;
-    QStringList m_order; ///< names of the parameters as the user arranged them
     WidgetGraphBase* m_graph = nullptr;
     DialogGraphSetup* m_setup = nullptr;
     QButtonGroup* m_buttons = nullptr;

@@ -241,11 +241,23 @@ private:
         if (m_graph.settings.hasThresholds)
             thresholds(index, area);
         if (m_graph.settings.isSplit && m_graph.settings.hasLegend)
-            plotText(area.right() - 4.0, area.bottom() - legendHeight / 2.0, Qt::AlignRight,
-                     QString::asprintf("%8.*f %8.*f [%s]", trace.decimals, trace.lower,
-                                       trace.decimals, trace.upper, qUtf8Printable(trace.unit)),
-                     trace.color);
+            scaleLabel(index, area);
         strips(index, area);
+    }
+
+    /// The ends of the band's scale, where the legend leaves room for it.
+    void scaleLabel(int index, const QRectF& area)
+    {
+        const GraphTrace& trace = m_graph.trace(index);
+        const QString label =
+            QString::asprintf("%8.*f %8.*f [%s]", trace.decimals, trace.lower, trace.decimals,
+                              trace.upper, qUtf8Printable(trace.unit));
+        const QString beside = legendText(m_graph, index, m_graph.cursorTime);
+        constexpr double apart = 40.0;
+        if (static_cast<double>(label.size() + beside.size()) * characterWidth + apart <
+            area.width())
+            plotText(area.right() - 4.0, area.bottom() - legendHeight / 2.0, Qt::AlignRight, label,
+                     trace.color);
     }
 
     void thresholds(int index, const QRectF& area)
@@ -348,10 +360,11 @@ private:
             m_graph.hasTrace(m_graph.selectedTrace) ? bandRect(m_graph.selectedTrace) : m_plot;
         if (y >= area.top() && y <= area.bottom())
             line(m_plot.left(), y, m_plot.right(), y, withAlpha(color, 120));
-        const bool isRight = x > m_plot.center().x();
+        const QString label = cursorText(m_graph.cursorTime, m_graph.cursorValue);
+        const bool isRight =
+            x + 10.0 + static_cast<double>(label.size()) * characterWidth > m_plot.right();
         text(x + (isRight ? -5.0 : 5.0), m_plot.top() + legendHeight / 2.0,
-             isRight ? Qt::AlignRight : Qt::AlignLeft,
-             cursorText(m_graph.cursorTime, m_graph.cursorValue), color);
+             isRight ? Qt::AlignRight : Qt::AlignLeft, label, color);
     }
 
     void legend(const std::vector<int>& visible)

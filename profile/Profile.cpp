@@ -113,6 +113,13 @@ std::vector<const ProfileParameter*> Profile::selectedParameters() const
                 selected.push_back(parameter);
         }
     }
+    if (!m_displayOrder.isEmpty()) {
+        const auto place = [this](const ProfileParameter* parameter) {
+            const qsizetype index = m_displayOrder.indexOf(parameter->fullName);
+            return index < 0 ? m_displayOrder.size() : index;
+        };
+        std::ranges::stable_sort(selected, {}, place);
+    }
     return selected;
 }
 

@@ -4,6 +4,7 @@
 
 #include <QHash>
 #include <QString>
+#include <QStringList>
 
 #include <deque>
 #include <map>
@@ -85,7 +86,11 @@ public:
             parameter.selected = isSelected(std::as_const(parameter));
     }
 
-    /// The selected parameters, device by device and in name order.
+    /// The order in which selected parameters are shown, by full names; those that are not named
+    /// follow in their own order.
+    void setDisplayOrder(const QStringList& fullNames) { m_displayOrder = fullNames; }
+
+    /// The selected parameters in display order, by default device by device and in name order.
     std::vector<const ProfileParameter*> selectedParameters() const;
 
     /// Whether an element's `variant` attribute takes it for the active variant: a comma-separated
@@ -102,6 +107,7 @@ private:
     QString m_name;
     QString m_comment;
     QString m_activeVariant;
+    QStringList m_displayOrder;
     UnitSystem m_unitSystem = UnitSystem::Metric;
     std::vector<Variant> m_variants;
     std::map<QString, UnitConversion> m_conversions; ///< by unitMetric + "_" + unitImperial

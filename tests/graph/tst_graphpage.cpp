@@ -42,6 +42,7 @@ private slots:
     void replayPagesAndCentres();
     void mouseReachesTheSignals();
     void keyGivesTheCursorBack();
+    void draggedHandleGivesAnOrder();
     void setupChangesTheGraph();
     void settingsAreKept();
     void snapshot();
@@ -250,6 +251,25 @@ void TestGraphPage::keyGivesTheCursorBack()
     QCOMPARE(cursor.size(), 1);
     QVERIFY(graph().isCursorHeld);
     QTRY_VERIFY_WITH_TIMEOUT(!graph().isCursorHeld, 8000); // after five seconds
+}
+
+void TestGraphPage::draggedHandleGivesAnOrder()
+{
+    QSignalSpy order(m_page.get(), &DialogDataGraph::signalOrder);
+    const auto row = static_cast<int>(graph().rowHeight());
+    QTest::mousePress(widget(), Qt::LeftButton, {}, QPoint(10, row / 2));
+    QTest::mouseMove(widget(), QPoint(10, row + row / 2));
+    QTest::mouseRelease(widget(), Qt::LeftButton, {}, QPoint(10, row + row / 2));
+    QCOMPARE(order.size(), 1);
+    const QStringList names = order.front().value(0).toStringList();
+    QCOMPARE(names, (QStringList{"D/b", "D/a"}));
+    m_profile.setDisplayOrder(names); // as the main window does
+    const double start = graph().windowStart;
+    m_page->refresh();
+    QCOMPARE(graph().trace(0).name, "b");
+    QCOMPARE(graph().windowStart, start);
+    QCOMPARE(m_profile.selectedParameters().front()->name, "b");
+    m_profile.setDisplayOrder({});
 }
 
 void TestGraphPage::setupChangesTheGraph()
