@@ -117,31 +117,41 @@ protected:
     }
 
 private:
-    /// Nothing but the strips of the same scene.
+    /// Nothing but a strip for each trace, through both ends of its columns.
     void drawStrips()
     {
-        if (m_strips.figures.empty()) {
-            m_strips = buildScene(graph(), GraphInput(editGraph()));
-            std::erase_if(m_strips.figures, [](const GraphScene::Figure& figure) {
-                return figure.kind != GraphScene::Kind::Strip;
-            });
-        }
+        if (m_strips.empty())
+            m_strips = strips();
         glClear(GL_COLOR_BUFFER_BIT);
         glEnableClientState(GL_VERTEX_ARRAY);
-        glVertexPointer(2, GL_FLOAT, 0, m_strips.vertices.data());
         glMatrixMode(GL_PROJECTION);
         glLoadIdentity();
         glOrtho(0.0, width(), 0.0, height(), -1.0, 1.0);
-        for (const GraphScene::Figure& figure : m_strips.figures) {
-            glColor4f(figure.color.redF(), figure.color.greenF(), figure.color.blueF(), 1.0F);
-            glLineWidth(figure.width);
-            glDrawArrays(GL_LINE_STRIP, figure.first, figure.count);
+        glLineWidth(1.0F);
+        for (const std::vector<float>& strip : m_strips) {
+            glVertexPointer(2, GL_FLOAT, 0, strip.data());
+            glDrawArrays(GL_LINE_STRIP, 0, static_cast<GLsizei>(strip.size() / 2));
         }
         glDisableClientState(GL_VERTEX_ARRAY);
     }
 
+    std::vector<std::vector<float>> strips() const
+    {
+        std::vector<std::vector<float>> result;
+        for (int i = 0; i < traces; ++i) {
+            std::vector<float>& strip = result.emplace_back();
+            for (const GraphColumn& column : graph().trace(i).columns()) {
+                for (const double value : {column.lowest, column.highest}) {
+                    strip.push_back(static_cast<float>(graph().xOf(column.time)));
+                    strip.push_back(static_cast<float>(graph().yOf(i, value)));
+                }
+            }
+        }
+        return result;
+    }
+
     bool m_isBare = false;
-    GraphScene m_strips;
+    std::vector<std::vector<float>> m_strips;
 };
 
 std::unique_ptr<BenchGraph> widget; ///< lives as long as the application

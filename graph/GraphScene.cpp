@@ -1,6 +1,8 @@
 #include "graph/GraphScene.h"
 
 #include "graph/GraphTicks.h"
+#include "graph/ScenePen.h"
+#include "graph/TraceDrawing.h"
 #include "record/ClockTime.h"
 
 #include <QCoreApplication>
@@ -19,7 +21,6 @@ constexpr double legendHeight = 16.0;
 constexpr double characterWidth = 7.3; ///< of the fixed-pitch font, for the plates behind texts
 constexpr int plateAlpha = 170;
 constexpr double handleX = 10.0;
-constexpr float traceWidth = 1.4F;
 constexpr float gridWidth = 1.2F;
 constexpr int gridAlpha = 178; ///< 0.7
 constexpr QColor markerColor(255, 255, 0, 77);
@@ -44,9 +45,10 @@ QString number(const GraphTrace& trace, double value)
 class SceneBuilder
 {
 public:
-    SceneBuilder(const Graph& graph, const GraphInput& input)
+    SceneBuilder(const Graph& graph, const GraphInput& input, double pixelRatio)
         : m_graph(graph)
         , m_input(input)
+        , m_pixelRatio(pixelRatio)
         , m_plot(Graph::leftMargin, Graph::bottomMargin, graph.plotWidth(), graph.plotHeight())
     {
     }
@@ -54,12 +56,17 @@ public:
     GraphScene build()
     {
         const GraphSettings& settings = m_graph.settings;
-        m_scene.clearColor = settings.labelBackground;
-        quad(m_plot, settings.background);
+        // The plot is by far the larger part, and clearing costs less than filling.
+        m_scene.clearColor = settings.background;
+        margins();
         if (!settings.isSplit)
             valueAxis(m_plot, m_graph.commonLower(), m_graph.commonUpper(), 0, settings.labelColor);
         timeGrid();
         const std::vector<int> visible = m_graph.visibleTraces();
+        std::size_t columns = 0;
+        for (const int index : visible)
+            columns += m_graph.trace(index).columns().size();
+        m_scene.vertices.reserve(4096 + 4 * columns);
         // Below the traces: a plate must not hide any of them.
         if (settings.hasLegend)
             legend(visible);
@@ -72,53 +79,21 @@ public:
         if (settings.hasStatistic)
             statistic(visible);
         handles(visible);
-        return std::move(m_scene);
+        return std::move(m_scene); // the builder is used up
     }
 
 private:
-    void vertex(double x, double y)
+    void margins()
     {
-        m_scene.vertices.push_back(static_cast<float>(x));
-        m_scene.vertices.push_back(static_cast<float>(y));
-    }
-
-    int vertexCount() const { return static_cast<int>(m_scene.vertices.size() / 2); }
-
-    GraphScene::Figure& begin(GraphScene::Kind kind, const QColor& color, float width = 1.0F)
-    {
-        GraphScene::Figure& figure = m_scene.figures.emplace_back();
-        figure.kind = kind;
-        figure.color = color;
-        figure.width = width;
-        figure.first = vertexCount();
-        return figure;
-    }
-
-    /// Drops figures without vertices.
-    void end()
-    {
-        GraphScene::Figure& figure = m_scene.figures.back();
-        figure.count = vertexCount() - figure.first;
-        if (figure.count == 0)
-            m_scene.figures.pop_back();
-    }
-
-    void quad(const QRectF& rect, const QColor& color)
-    {
-        begin(GraphScene::Kind::Quads, color);
-        vertex(rect.left(), rect.top());
-        vertex(rect.right(), rect.top());
-        vertex(rect.right(), rect.bottom());
-        vertex(rect.left(), rect.bottom());
-        end();
-    }
-
-    void line(double x1, double y1, double x2, double y2, const QColor& color, float width = 1.0F)
-    {
-        begin(GraphScene::Kind::Lines, color, width);
-        vertex(x1, y1);
-        vertex(x2, y2);
-        end();
+        const QColor& color = m_graph.settings.labelBackground;
+        const double right = m_graph.width();
+        m_pen.quad({0.0, 0.0, right, m_plot.top()}, color);
+        m_pen.quad({0.0, m_plot.top(), m_plot.left(), m_plot.height()}, color);
+        if (m_plot.right() < right)
+            m_pen.quad({m_plot.right(), m_plot.top(), right - m_plot.right(), m_plot.height()},
+                       color);
+        if (m_plot.bottom() < m_graph.height())
+            m_pen.quad({0.0, m_plot.bottom(), right, m_graph.height() - m_plot.bottom()}, color);
     }
 
     void text(double x, double y, Qt::Alignment alignment, const QString& content,
@@ -133,8 +108,8 @@ private:
     {
         const double width = static_cast<double>(content.size()) * characterWidth;
         const double left = alignment.testFlag(Qt::AlignRight) ? x - width : x;
-        quad({left - 2.0, y - legendHeight / 2.0, width + 4.0, legendHeight},
-             withAlpha(m_graph.settings.background, plateAlpha));
+        m_pen.quad({left - 2.0, y - legendHeight / 2.0, width + 4.0, legendHeight},
+                   withAlpha(m_graph.settings.background, plateAlpha));
         text(x, y, alignment, content, legible(color));
     }
 
@@ -168,21 +143,21 @@ private:
         };
         if (m_graph.settings.hasGrid) {
             GraphScene::Figure& grid =
-                begin(GraphScene::Kind::Lines, withAlpha(m_graph.settings.gridColor, gridAlpha / 2),
-                      gridWidth);
+                m_pen.begin(GraphScene::Kind::Lines,
+                            withAlpha(m_graph.settings.gridColor, gridAlpha / 2), gridWidth);
             grid.isStippled = true;
             for (const double tick : ticks) {
-                vertex(area.left(), yOf(tick));
-                vertex(area.right(), yOf(tick));
+                m_pen.vertex(area.left(), yOf(tick));
+                m_pen.vertex(area.right(), yOf(tick));
             }
-            end();
+            m_pen.end();
         }
-        begin(GraphScene::Kind::Lines, color);
+        m_pen.begin(GraphScene::Kind::Lines, color);
         for (const double tick : ticks) {
-            vertex(area.left() - shortTick, yOf(tick));
-            vertex(area.left(), yOf(tick));
+            m_pen.vertex(area.left() - shortTick, yOf(tick));
+            m_pen.vertex(area.left(), yOf(tick));
         }
-        end();
+        m_pen.end();
         // More decimals where the range is small.
         int needed = decimals;
         if (ticks.size() >= 2)
@@ -204,23 +179,24 @@ private:
             timeTicks(m_graph.windowStart, m_graph.windowEnd, m_graph.plotWidth());
         if (m_graph.settings.hasGrid) {
             GraphScene::Figure& grid =
-                begin(GraphScene::Kind::Lines, withAlpha(m_graph.settings.gridColor, gridAlpha),
-                      gridWidth);
+                m_pen.begin(GraphScene::Kind::Lines,
+                            withAlpha(m_graph.settings.gridColor, gridAlpha), gridWidth);
             grid.isStippled = true;
             for (const GraphTick& tick : ticks) {
                 if (!tick.isMajor)
                     continue;
-                vertex(m_graph.xOf(tick.value), m_plot.top());
-                vertex(m_graph.xOf(tick.value), m_plot.bottom());
+                m_pen.vertex(m_graph.xOf(tick.value), m_plot.top());
+                m_pen.vertex(m_graph.xOf(tick.value), m_plot.bottom());
             }
-            end();
+            m_pen.end();
         }
-        begin(GraphScene::Kind::Lines, m_graph.settings.labelColor);
+        m_pen.begin(GraphScene::Kind::Lines, m_graph.settings.labelColor);
         for (const GraphTick& tick : ticks) {
-            vertex(m_graph.xOf(tick.value), m_plot.top());
-            vertex(m_graph.xOf(tick.value), m_plot.top() - (tick.isMajor ? longTick : shortTick));
+            m_pen.vertex(m_graph.xOf(tick.value), m_plot.top());
+            m_pen.vertex(m_graph.xOf(tick.value),
+                         m_plot.top() - (tick.isMajor ? longTick : shortTick));
         }
-        end();
+        m_pen.end();
         for (const GraphTick& tick : ticks) {
             if (tick.isMajor)
                 text(m_graph.xOf(tick.value) + 3.0, Graph::bottomMargin / 2.0 - 2.0, Qt::AlignLeft,
@@ -235,14 +211,14 @@ private:
         if (m_graph.settings.isSplit) {
             valueAxis(area, trace.lower, trace.upper, std::min(trace.decimals, 3),
                       m_graph.settings.labelColor);
-            line(area.left(), area.top(), area.right(), area.top(),
-                 withAlpha(m_graph.settings.gridColor, 120));
+            m_pen.line(area.left(), area.top(), area.right(), area.top(),
+                       withAlpha(m_graph.settings.gridColor, 120));
         }
         if (m_graph.settings.hasThresholds)
             thresholds(index, area);
         if (m_graph.settings.isSplit && m_graph.settings.hasLegend)
             scaleLabel(index, area);
-        strips(index, area);
+        drawTrace(m_scene, m_graph, index, area, m_pixelRatio);
     }
 
     /// The ends of the band's scale, where the legend leaves room for it.
@@ -268,53 +244,9 @@ private:
         for (const ThresholdStep& step : source.parameter->threshold->steps) {
             const double y = m_graph.yOf(index, step.value * source.factor + source.offset);
             if (y > area.top() && y < area.bottom())
-                line(area.left(), y, area.right(), y, withAlpha(QColor(step.grade.color), 160));
+                m_pen.line(area.left(), y, area.right(), y,
+                           withAlpha(QColor(step.grade.color), 160));
         }
-    }
-
-    void strips(int index, const QRectF& area)
-    {
-        const GraphTrace& trace = m_graph.trace(index);
-        const auto open = [&] {
-            begin(GraphScene::Kind::Strip, trace.color, traceWidth).clip = area;
-        };
-        // Within far reach of the window; what lies beyond would lose its precision as float.
-        const auto yOf = [&](double value) {
-            return std::clamp(m_graph.yOf(index, value), area.top() - 1e5, area.bottom() + 1e5);
-        };
-        const auto xOf = [&](double seconds) {
-            return std::clamp(m_graph.xOf(seconds), -1e6, 1e6);
-        };
-        open();
-        for (const GraphColumn& column : trace.columns()) {
-            const bool isNumber = !std::isnan(column.lowest);
-            if (column.mark == 0 || !isNumber) { // no line across missing data
-                end();
-                open();
-            }
-            if (!isNumber)
-                continue;
-            const double x = xOf(column.time);
-            const bool isFirst = vertexCount() == m_scene.figures.back().first;
-            const double low = yOf(column.lowest);
-            const double high = yOf(column.highest);
-            if (isFirst) {
-                // A lone sample still makes a dot.
-                const double room = low == high ? 0.75 : 0.0;
-                vertex(x, low - room);
-                vertex(x, high + room);
-            } else if (column.fill > 2) {
-                // One stroke from the end that is nearer to the first value, so that the line that
-                // comes from the column before enters where the samples do.
-                const bool isFromLow = std::abs(column.first - column.lowest) <=
-                                       std::abs(column.highest - column.first);
-                vertex(x, isFromLow ? low : high);
-                vertex(x, isFromLow ? high : low);
-            } else {
-                vertex(x, low);
-            }
-        }
-        end();
     }
 
     void markers()
@@ -326,7 +258,7 @@ private:
             std::clamp(m_graph.xOf(std::max(m_graph.markerLeft, m_graph.markerRight)),
                        m_plot.left(), m_plot.right());
         if (right > left)
-            quad({left, m_plot.top(), right - left, m_plot.height()}, markerColor);
+            m_pen.quad({left, m_plot.top(), right - left, m_plot.height()}, markerColor);
         if (m_input.isMeasuring()) {
             const int index = m_graph.selectedTrace;
             text(m_graph.xOf(m_graph.cursorTime) + 5.0,
@@ -342,7 +274,7 @@ private:
             const double x = m_graph.xOf(event.seconds);
             if (x < m_plot.left() || x > m_plot.right())
                 continue;
-            line(x, m_plot.top(), x, m_plot.bottom(), withAlpha(eventColor, 102));
+            m_pen.line(x, m_plot.top(), x, m_plot.bottom(), withAlpha(eventColor, 102));
             text(x + 5.0, m_plot.bottom() - 15.0, Qt::AlignLeft, QString::number(event.number),
                  eventColor);
         }
@@ -354,17 +286,18 @@ private:
         if (x < m_plot.left() || x > m_plot.right())
             return;
         const QColor color = legible(cursorColor);
-        line(x, m_plot.top(), x, m_plot.bottom(), color);
+        m_pen.line(x, m_plot.top(), x, m_plot.bottom(), color);
         const double y = m_graph.yOf(m_graph.selectedTrace, m_graph.cursorValue);
         const QRectF area =
             m_graph.hasTrace(m_graph.selectedTrace) ? bandRect(m_graph.selectedTrace) : m_plot;
         if (y >= area.top() && y <= area.bottom())
-            line(m_plot.left(), y, m_plot.right(), y, withAlpha(color, 120));
+            m_pen.line(m_plot.left(), y, m_plot.right(), y, withAlpha(color, 120));
         const QString label = cursorText(m_graph.cursorTime, m_graph.cursorValue);
-        const bool isRight =
-            x + 10.0 + static_cast<double>(label.size()) * characterWidth > m_plot.right();
-        text(x + (isRight ? -5.0 : 5.0), m_plot.top() + legendHeight / 2.0,
-             isRight ? Qt::AlignRight : Qt::AlignLeft, label, color);
+        const double width = static_cast<double>(label.size()) * characterWidth;
+        const bool isRight = x + 10.0 + width > m_plot.right();
+        // In a narrow plot neither side has room: it then begins at the plot's edge.
+        const double begin = isRight ? std::max(x - 5.0 - width, m_plot.left() + 2.0) : x + 5.0;
+        text(begin, m_plot.top() + legendHeight / 2.0, Qt::AlignLeft, label, color);
     }
 
     void legend(const std::vector<int>& visible)
@@ -374,7 +307,7 @@ private:
             const GraphTrace& trace = m_graph.trace(index);
             if (m_graph.settings.isSplit)
                 y = trace.bandOffset + trace.bandHeight - legendHeight / 2.0;
-            quad({m_plot.left() + 6.0, y - 4.0, 8.0, 8.0}, trace.color);
+            m_pen.quad({m_plot.left() + 6.0, y - 4.0, 8.0, 8.0}, trace.color);
             plotText(m_plot.left() + 18.0, y, Qt::AlignLeft,
                      legendText(m_graph, index, m_graph.cursorTime), trace.color);
             y -= legendHeight;
@@ -401,7 +334,7 @@ private:
         constexpr double width = 330.0;
         const QRectF panel(m_plot.right() - width - 8.0, m_plot.top() + legendHeight + 8.0, width,
                            height);
-        quad(panel, panelColor);
+        m_pen.quad(panel, panelColor);
         double y = panel.bottom() - 4.0 - legendHeight / 2.0;
         for (const QString& content : lines) {
             text(panel.left() + 8.0, y, Qt::AlignLeft, content, Qt::black);
@@ -417,7 +350,7 @@ private:
             const bool isHovered = m_input.hoveredTrace() == index;
             const QColor color = isHovered ? hoverColor : QColor(Qt::black);
             for (const double dy : {-4.0, 0.0, 4.0})
-                line(handleX - 5.0, middle + dy, handleX + 5.0, middle + dy, color, 2.0F);
+                m_pen.line(handleX - 5.0, middle + dy, handleX + 5.0, middle + dy, color, 2.0F);
             if (m_input.draggedTrace() == index)
                 text(handleX + 10.0, middle + m_input.dragOffset(), Qt::AlignLeft,
                      m_graph.trace(index).name, m_graph.settings.labelColor);
@@ -425,21 +358,23 @@ private:
         }
         if (m_input.draggedTrace()) {
             const double y = m_graph.height() - height * m_input.targetRow();
-            line(m_plot.left(), y, m_plot.right(), y, dragColor, 5.0F);
+            m_pen.line(m_plot.left(), y, m_plot.right(), y, dragColor, 5.0F);
         }
     }
 
     const Graph& m_graph;
     const GraphInput& m_input;
+    double m_pixelRatio;
     QRectF m_plot; ///< top is its lower edge, as y goes up
     GraphScene m_scene;
+    ScenePen m_pen{m_scene};
 };
 
 } // namespace
 
-GraphScene buildScene(const Graph& graph, const GraphInput& input)
+GraphScene buildScene(const Graph& graph, const GraphInput& input, double pixelRatio)
 {
-    return SceneBuilder(graph, input).build();
+    return SceneBuilder(graph, input, pixelRatio).build();
 }
 
 QString legendText(const Graph& graph, int index, double seconds)

@@ -20,10 +20,10 @@ struct GraphScene
     {
         Kind kind = Kind::Lines;
         QColor color;
-        float width = 1.0F; ///< pixels
-        bool isStippled = false;
-        QRectF clip;   ///< empty: none
-        int first = 0; ///< vertices
+        float width = 1.0F;      ///< pixels
+        bool isStippled = false; ///< level and upright lines only: every other pixel
+        QRectF clip;             ///< empty: none
+        int first = 0;           ///< vertices
         int count = 0;
     };
 
@@ -42,8 +42,9 @@ struct GraphScene
     std::vector<Text> texts;
 };
 
-/// Builds the frame. Costs O(columns), not O(samples).
-GraphScene buildScene(const Graph& graph, const GraphInput& input);
+/// Builds the frame. Costs O(columns), not O(samples). `pixelRatio`: pixels of the framebuffer for
+/// each of the graph's.
+GraphScene buildScene(const Graph& graph, const GraphInput& input, double pixelRatio = 1.0);
 
 /// "name   value" as the legend shows it, with the label of an enumerated value, or "name   ---"
 /// where the trace has none.

@@ -4,14 +4,16 @@
 #include <QPainter>
 
 #include <GL/gl.h>
+#include <array>
 #include <cmath>
+#include <span>
+#include <vector>
 
 namespace KOLT {
 
 namespace {
 
 constexpr double depthReach = 7000.0;
-constexpr GLushort stipple = 0xAAAA;
 
 GLenum modeOf(GraphScene::Kind kind)
 {
@@ -24,6 +26,35 @@ GLenum modeOf(GraphScene::Kind kind)
         break;
     }
     return GL_LINES;
+}
+
+/// Every other pixel, as a chess board.
+constexpr std::array<GLubyte, 128> stipple = [] {
+    std::array<GLubyte, 128> pattern{};
+    for (std::size_t i = 0; i < pattern.size(); ++i)
+        pattern[i] = i / 4 % 2 == 0 ? 0x55 : 0xAA;
+    return pattern;
+}();
+
+/// Level and upright lines as thin areas: a software renderer draws these many times faster than
+/// stippled lines, which it cuts into one line for each dot.
+void drawStippled(std::span<const float> ends, float width)
+{
+    const float half = width / 2.0F;
+    std::vector<float> corners;
+    corners.reserve(2 * ends.size());
+    for (std::size_t i = 0; i + 3 < ends.size(); i += 4) {
+        const bool isLevel = ends[i + 1] == ends[i + 3];
+        const float dx = isLevel ? 0.0F : half;
+        const float dy = isLevel ? half : 0.0F;
+        corners.insert(corners.end(),
+                       {ends[i] - dx, ends[i + 1] - dy, ends[i + 2] - dx, ends[i + 3] - dy,
+                        ends[i + 2] + dx, ends[i + 3] + dy, ends[i] + dx, ends[i + 1] + dy});
+    }
+    glEnable(GL_POLYGON_STIPPLE);
+    glVertexPointer(2, GL_FLOAT, 0, corners.data());
+    glDrawArrays(GL_QUADS, 0, static_cast<GLsizei>(corners.size() / 2));
+    glDisable(GL_POLYGON_STIPPLE);
 }
 
 void clipTo(const QRectF& clip, double pixelRatio)
@@ -58,7 +89,7 @@ void WidgetGraph::drawFigures(const GraphScene& scene, double pixelRatio) const
     glMatrixMode(GL_MODELVIEW);
     glLoadIdentity();
     glEnableClientState(GL_VERTEX_ARRAY);
-    glVertexPointer(2, GL_FLOAT, 0, scene.vertices.data());
+    glPolygonStipple(stipple.data());
     for (const GraphScene::Figure& figure : scene.figures) {
         clipTo(figure.clip, pixelRatio);
         if (figure.color.alpha() < 255)
@@ -67,14 +98,15 @@ void WidgetGraph::drawFigures(const GraphScene& scene, double pixelRatio) const
             glDisable(GL_BLEND); // the software renderer is quicker without
         glColor4f(figure.color.redF(), figure.color.greenF(), figure.color.blueF(),
                   figure.color.alphaF());
-        glLineWidth(figure.width * ratio);
+        const float* const vertices = scene.vertices.data() + 2 * figure.first;
         if (figure.isStippled) {
-            glLineStipple(static_cast<GLint>(std::max(1.0F, ratio)), stipple);
-            glEnable(GL_LINE_STIPPLE);
+            drawStippled({vertices, static_cast<std::size_t>(2 * figure.count)},
+                         std::max(1.0F, std::round(figure.width * ratio)) / ratio);
+            continue;
         }
-        glDrawArrays(modeOf(figure.kind), figure.first, figure.count);
-        if (figure.isStippled)
-            glDisable(GL_LINE_STIPPLE);
+        glLineWidth(figure.width * ratio);
+        glVertexPointer(2, GL_FLOAT, 0, vertices);
+        glDrawArrays(modeOf(figure.kind), 0, figure.count);
     }
     glDisableClientState(GL_VERTEX_ARRAY);
     glDisable(GL_SCISSOR_TEST);

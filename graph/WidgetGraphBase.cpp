@@ -118,7 +118,7 @@ void WidgetGraphBase::resizeEvent(QResizeEvent* event)
 
 void WidgetGraphBase::paintGL()
 {
-    const GraphScene scene = buildScene(m_graph, m_input);
+    const GraphScene scene = buildScene(m_graph, m_input, devicePixelRatioF());
     drawScene(scene, devicePixelRatioF());
     m_hasMoved = false;
     m_sinceRepaint.restart();

@@ -4,10 +4,12 @@
 #include "tests/support/ProfileFixture.h"
 #include "tests/support/RecordingFixture.h"
 
+#include <QLineF>
 #include <QTest>
 
 #include <cmath>
 #include <cstring>
+#include <map>
 #include <random>
 
 using namespace KOLT;
@@ -43,6 +45,9 @@ private slots:
     void wheelZoomsAboutThePointer();
     void feedingMarksGaps();
     void sceneBreaksLinesAtGaps();
+    void cursorTextStaysInThePlot();
+    void sceneJoinsStrokes_data();
+    void sceneJoinsStrokes();
     void legendTexts();
 
 private:
@@ -550,6 +555,27 @@ void TestGraph::feedingMarksGaps()
     feedTrace(graph, 99, profile, profile.parameters().front(), dataSet); // ignored
 }
 
+namespace {
+
+/// The lines that are drawn for trace 0.
+std::vector<QLineF> linesOf(Graph& graph, double pixelRatio)
+{
+    std::vector<QLineF> lines;
+    const GraphScene scene = buildScene(graph, GraphInput(graph), pixelRatio);
+    for (const GraphScene::Figure& figure : scene.figures) {
+        if (figure.color != graph.trace(0).color || figure.kind == GraphScene::Kind::Quads)
+            continue;
+        const int step = figure.kind == GraphScene::Kind::Lines ? 2 : 1;
+        for (int i = figure.first; i + 1 < figure.first + figure.count; i += step) {
+            const float* const ends = scene.vertices.data() + 2 * i;
+            lines.emplace_back(ends[0], ends[1], ends[2], ends[3]);
+        }
+    }
+    return lines;
+}
+
+} // namespace
+
 void TestGraph::sceneBreaksLinesAtGaps()
 {
     Graph graph;
@@ -559,19 +585,92 @@ void TestGraph::sceneBreaksLinesAtGaps()
     for (const auto& [time, mark] : {std::pair(10.0, 1), {20.0, 1}, {60.0, 0}, {70.0, 1}})
         graph.trace(0).append(time, 5.0, mark);
     graph.setWindow(0.0, 100.0);
-    const GraphInput input(graph);
-    const GraphScene scene = buildScene(graph, input);
     QList<double> ends;
-    for (const GraphScene::Figure& figure : scene.figures) {
-        if (figure.kind != GraphScene::Kind::Strip)
-            continue;
-        QCOMPARE(figure.color, graph.trace(0).color);
-        const auto x = [&](int vertex) {
-            return scene.vertices[static_cast<std::size_t>(vertex) * 2];
-        };
-        ends << graph.timeAt(x(figure.first)) << graph.timeAt(x(figure.first + figure.count - 1));
+    for (const QLineF& line : linesOf(graph, 1.0)) {
+        if (line.dx() != 0.0)
+            ends << graph.timeAt(line.x1()) << graph.timeAt(line.x2());
     }
     QCOMPARE(ends, (QList<double>{10.0, 20.0, 60.0, 70.0}));
+}
+
+void TestGraph::cursorTextStaysInThePlot()
+{
+    Graph graph;
+    for (const double width : {240.0, 600.0}) {
+        graph.setSize(width, 200.0);
+        graph.setWindow(0.0, 100.0);
+        for (const double seconds : {0.0, 30.0, 50.0, 99.0}) {
+            graph.cursorTime = seconds;
+            const GraphScene scene = buildScene(graph, GraphInput(graph));
+            const QString label = cursorText(seconds, graph.cursorValue);
+            const auto text = std::find_if(scene.texts.begin(), scene.texts.end(),
+                                           [&](const auto& each) { return each.text == label; });
+            QVERIFY(text != scene.texts.end());
+            QVERIFY(text->x >= Graph::leftMargin);
+            QVERIFY(text->x <= graph.xOf(seconds) + 5.0);
+        }
+    }
+}
+
+void TestGraph::sceneJoinsStrokes_data()
+{
+    QTest::addColumn<double>("pixelRatio");
+    QTest::addColumn<double>("pixelsPerSample");
+    for (const double ratio : {1.0, 1.5, 2.0}) {
+        for (const double pixels : {0.003, 0.09, 0.4, 0.77, 1.3, 7.0})
+            QTest::addRow("%g at %g", pixels, ratio) << ratio << pixels;
+    }
+}
+
+void TestGraph::sceneJoinsStrokes()
+{
+    QFETCH(double, pixelRatio);
+    QFETCH(double, pixelsPerSample);
+    Graph graph;
+    graph.setTraceCount(1);
+    graph.setSize(400.0, 200.0);
+    unsigned noise = 1;
+    double level = 0.0;
+    for (int i = 0; i * pixelsPerSample < 300.0; ++i) {
+        noise = noise * 1664525U + 1013904223U;
+        level += noise >> 31 != 0U ? 1.0 : -0.7;
+        graph.trace(0).append(i, level, 1);
+    }
+    graph.setWindow(0.0, graph.plotWidth() / pixelsPerSample);
+
+    // What a pixel column holds, as one interval: strokes and sloping lines together.
+    std::map<int, std::pair<double, double>> reached;
+    const auto reach = [&](double x, double y) { // x in pixels of the framebuffer
+        auto& interval = *reached.try_emplace(static_cast<int>(std::floor(x)), y, y).first;
+        interval.second = {std::min(interval.second.first, y), std::max(interval.second.second, y)};
+    };
+    const std::vector<QLineF> lines = linesOf(graph, pixelRatio);
+    for (const QLineF& line : lines) {
+        if (line.dx() == 0.0) { // as wide as its trace
+            const double width = std::max(1.0, std::round(1.4 * pixelRatio));
+            for (double px = 0.0; px < width; px += 1.0) {
+                reach(line.x1() * pixelRatio + px - (width - 1.0) / 2.0, line.y1());
+                reach(line.x1() * pixelRatio + px - (width - 1.0) / 2.0, line.y2());
+            }
+            continue;
+        }
+        // One pixel thin; it fills pixels of which it passes the middle, without its last one.
+        const double begin = line.x1() * pixelRatio;
+        const double end = line.x2() * pixelRatio;
+        for (double x = std::ceil(begin - 0.5) + 0.5; x < end; x += 1.0) {
+            reach(x, line.pointAt((x - 0.5 - begin) / (end - begin)).y());
+            reach(x, line.pointAt((x + 0.5 - begin) / (end - begin)).y());
+        }
+    }
+    const double first = graph.xOf(0.0) * pixelRatio;
+    const double last = graph.xOf(graph.trace(0).lastTime()) * pixelRatio;
+    for (int x = static_cast<int>(first) + 2; x < static_cast<int>(last) - 2; ++x) {
+        QVERIFY2(reached.count(x) == 1, qPrintable(QString::number(x)));
+        const auto [low, high] = reached[x];
+        const auto [lowBefore, highBefore] = reached[x - 1];
+        QVERIFY2(low <= highBefore + 1.0 && high >= lowBefore - 1.0,
+                 qPrintable(QString::number(x)));
+    }
 }
 
 void TestGraph::legendTexts()

@@ -1,0 +1,136 @@
+#include "graph/TraceDrawing.h"
+
+#include "graph/ScenePen.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace KOLT {
+
+namespace {
+
+constexpr float traceWidth = 1.4F;
+
+struct Stroke
+{
+    double x = 0.0;
+    double low = 0.0;
+    double high = 0.0;
+    double first = 0.0; ///< height of the first sample
+    double last = 0.0;
+    bool isJoined = false; ///< to the stroke before it
+    bool isLong = false;   ///< stands for more than one sample
+};
+
+/// What is drawn for each column: over all that its samples reach.
+std::vector<Stroke> strokesOf(const Graph& graph, int index, const QRectF& area)
+{
+    const GraphTrace& trace = graph.trace(index);
+    const double zero = graph.yOf(index, trace.lower);
+    const double unit = (graph.yOf(index, trace.upper) - zero) / (trace.upper - trace.lower);
+    // Within far reach of the window; what lies beyond would lose its precision as float.
+    const auto yOf = [&](double value) {
+        return std::clamp(zero + (value - trace.lower) * unit, area.top() - 1e5,
+                          area.bottom() + 1e5);
+    };
+    std::vector<Stroke> result;
+    result.reserve(trace.columns().size());
+    bool isJoined = false;
+    for (const GraphColumn& column : trace.columns()) {
+        const bool isNumber = !std::isnan(column.lowest);
+        if (column.mark == 0 || !isNumber) // no line across missing data
+            isJoined = false;
+        if (!isNumber)
+            continue;
+        result.push_back({std::clamp(graph.xOf(column.time), -1e6, 1e6), yOf(column.lowest),
+                          yOf(column.highest), yOf(column.first), yOf(column.end), isJoined,
+                          column.fill > 2});
+        isJoined = true;
+    }
+    return result;
+}
+
+/// A level one still makes a dot.
+void upright(ScenePen& pen, double x, double low, double high)
+{
+    const double room = std::max(0.0, (1.0 - (high - low)) / 2.0);
+    pen.vertex(x, low - room);
+    pen.vertex(x, high + room);
+}
+
+/// Whether upright lines there surely leave no pixel between them.
+bool isBeside(double left, double right, double pixelRatio)
+{
+    constexpr double slack = 0.01; ///< what rounding may move
+    const double width = std::max(1.0, std::round(static_cast<double>(traceWidth) * pixelRatio));
+    const double low = std::min(left, right) * pixelRatio;
+    const double high = std::max(left, right) * pixelRatio;
+    return std::floor(high + slack - (width + 1.0) / 2.0) <=
+           std::floor(low - slack + (width - 1.0) / 2.0);
+}
+
+/// A strip through both ends of each stroke.
+void drawStrips(ScenePen& pen, const std::vector<Stroke>& drawn, const QColor& color,
+                const QRectF& area)
+{
+    pen.begin(GraphScene::Kind::Strip, color, traceWidth).clip = area;
+    for (const Stroke& stroke : drawn) {
+        if (!stroke.isJoined) {
+            pen.end();
+            pen.begin(GraphScene::Kind::Strip, color, traceWidth).clip = area;
+            upright(pen, stroke.x, stroke.low, stroke.high);
+        } else if (stroke.isLong) {
+            // From the end that is nearer to the first value, so that the line that comes from
+            // the column before enters where the samples do.
+            const bool isFromLow = stroke.first - stroke.low <= stroke.high - stroke.first;
+            pen.vertex(stroke.x, isFromLow ? stroke.low : stroke.high);
+            pen.vertex(stroke.x, isFromLow ? stroke.high : stroke.low);
+        } else {
+            pen.vertex(stroke.x, stroke.low);
+        }
+    }
+    pen.end();
+}
+
+/// Strokes beside each other are drawn out until they meet; a line from one to the next is only
+/// needed where pixels lie between them. This takes half as many lines as a strip.
+void drawDense(ScenePen& pen, const std::vector<Stroke>& drawn, const QColor& color,
+               const QRectF& area, double pixelRatio)
+{
+    pen.begin(GraphScene::Kind::Lines, color, traceWidth).clip = area;
+    const Stroke* before = nullptr;
+    for (const Stroke& stroke : drawn) {
+        double low = stroke.low;
+        double high = stroke.high;
+        if (stroke.isJoined && isBeside(before->x, stroke.x, pixelRatio)) {
+            low = std::min(low, before->high);
+            high = std::max(high, before->low);
+        } else if (stroke.isJoined) {
+            pen.vertex(before->x, before->last);
+            pen.vertex(stroke.x, stroke.first);
+        }
+        upright(pen, stroke.x, low, high);
+        before = &stroke;
+    }
+    pen.end();
+}
+
+} // namespace
+
+void drawTrace(GraphScene& scene, const Graph& graph, int index, const QRectF& area,
+               double pixelRatio)
+{
+    const std::vector<Stroke> drawn = strokesOf(graph, index, area);
+    if (drawn.empty())
+        return;
+    ScenePen pen(scene);
+    constexpr double dense = 1.1; ///< pixels from stroke to stroke
+    const double reach = drawn.back().x - drawn.front().x;
+    const QColor& color = graph.trace(index).color;
+    if (reach < dense * static_cast<double>(drawn.size() - 1))
+        drawDense(pen, drawn, color, area, pixelRatio);
+    else
+        drawStrips(pen, drawn, color, area);
+}
+
+} // namespace KOLT
