@@ -99,7 +99,7 @@ void TileSource::finish(QNetworkReply* reply)
     // Requests that are given up here are no longer heard of: this is the toolkit's own timeout.
     facts.wasTimeout = facts.error == QNetworkReply::OperationCanceledError ||
                        facts.error == QNetworkReply::TimeoutError;
-    const QByteArray body = reply->readAll();
+    const QByteArray body = reply->isOpen() ? reply->readAll() : QByteArray();
     facts.wasTooLarge = body.size() > maxTileBytes;
     settle(*request, facts, body);
     work();
