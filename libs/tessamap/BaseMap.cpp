@@ -39,8 +39,6 @@ void forCopies(const BaseMapData::Line& line, const QRectF& area, Paint paint)
 {
     const QRectF& bounds = line.bounds;
     for (const double shift : {-1.0, 0.0, 1.0}) {
-        if (line.isPolar && shift != 0.0)
-            continue; // has its copies within itself
         // QRectF::intersects() knows no empty rectangles, as straight lines have.
         if (bounds.left() + shift <= area.right() && bounds.right() + shift >= area.left() &&
             bounds.top() <= area.bottom() && bounds.bottom() >= area.top())

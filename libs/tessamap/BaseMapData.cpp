@@ -90,18 +90,6 @@ QRectF boundsOf(const std::vector<QPointF>& points)
     return QRectF(low, high);
 }
 
-/// A ring around the pole becomes a line around the world three times, so that none of its ends is
-/// ever seen.
-void repeatAroundTheWorld(std::vector<QPointF>& points)
-{
-    const double turn = points.back().x() > points.front().x() ? 1.0 : -1.0;
-    const std::vector<QPointF> once = std::exchange(points, {});
-    for (const double shift : {-turn, 0.0, turn}) {
-        for (const QPointF& point : once)
-            points.emplace_back(point.x() + shift, point.y());
-    }
-}
-
 std::vector<BaseMapData::Line> readLines(Reader& reader)
 {
     std::vector<BaseMapData::Line> lines;
@@ -120,8 +108,6 @@ std::vector<BaseMapData::Line> readLines(Reader& reader)
         }
         if (line.points.size() < 2)
             continue;
-        if (line.isPolar)
-            repeatAroundTheWorld(line.points);
         line.bounds = boundsOf(line.points);
         if (line.isPolar)
             line.bounds.setBottom(Mercator::y(-lastLatitude));

@@ -191,8 +191,7 @@ int TileSource::loadingCount() const
 
 std::optional<TileId> TileSource::nextToAsk(qint64 now)
 {
-    if (isResting(now) || m_inFlight.size() >= (m_isOffline ? 1u : unsigned(maxInFlight)) ||
-        (m_isOffline && now < m_nextProbe))
+    if (isResting(now) || m_inFlight.size() >= maxInFlight || (m_isOffline && now < m_nextProbe))
         return std::nullopt;
     for (const TileId& tile : m_wanted) {
         if (now - m_zoomTimes[static_cast<std::size_t>(tile.zoom)].since >= zoomRest &&

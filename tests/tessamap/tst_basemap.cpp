@@ -2,11 +2,8 @@
 #include "libs/tessamap/Mercator.h"
 #include "tests/support/TestFiles.h"
 
-#include <QElapsedTimer>
 #include <QTest>
-#include <QtEndian>
 
-#include <cmath>
 #include <cstdlib>
 
 using namespace Tessa;

@@ -157,6 +157,9 @@ void TestTerrain::unusableFiles_data()
     QByteArray broken = packed;
     broken.replace(broken.size() / 2, 40, QByteArray(40, 'x'));
     QTest::newRow("gzip damaged") << "N47E011.hgt.gz" << broken;
+    broken = packed;
+    broken[broken.size() - 6] = static_cast<char>(~broken[broken.size() - 6]);
+    QTest::newRow("gzip with a wrong checksum") << "N47E011.hgt.gz" << broken;
     QTest::newRow("gzip empty") << "N47E011.hgt.gz" << QByteArray("ab");
 }
 

@@ -89,7 +89,10 @@ struct Map
     {
         show(tiles);
         waitForReplies();
-        return takeAll();
+        auto taken = takeAll();
+        source.work(); // asks for what takeAll() found to be expired
+        waitForReplies();
+        return taken;
     }
 
     QTemporaryDir folder;
