@@ -1,0 +1,76 @@
+#pragma once
+
+#include <QHash>
+#include <QHostAddress>
+#include <QStringList>
+#include <QTcpServer>
+#include <QTcpSocket>
+
+#include <algorithm>
+#include <functional>
+
+namespace Tessa::Test {
+
+/// A web server on this machine's loopback that answers as it is told to, and notes what it was
+/// asked.
+class LoopbackServer : public QTcpServer
+{
+public:
+    struct Request
+    {
+        QByteArray path;
+        QHash<QByteArray, QByteArray> headers; ///< names in lower case
+    };
+
+    /// The whole answer, after which the connection is closed; empty for no answer at all.
+    using Handler = std::function<QByteArray(const Request&)>;
+
+    LoopbackServer()
+    {
+        listen(QHostAddress::LocalHost);
+        connect(this, &QTcpServer::newConnection, this, [this] {
+            while (QTcpSocket* const socket = nextPendingConnection())
+                serve(socket);
+        });
+    }
+
+    QString address() const { return QStringLiteral("http://127.0.0.1:%1").arg(serverPort()); }
+
+    static QByteArray answer(const QByteArray& status, const QByteArray& body = QByteArray(),
+                             const QByteArray& headers = QByteArray())
+    {
+        return "HTTP/1.1 " + status + "\r\n" + headers +
+               "Content-Length: " + QByteArray::number(body.size()) +
+               "\r\nConnection: close\r\n\r\n" + body;
+    }
+
+    Handler handler;
+    QList<Request> requests;
+
+private:
+    void serve(QTcpSocket* socket)
+    {
+        connect(socket, &QTcpSocket::disconnected, socket, &QObject::deleteLater);
+        connect(socket, &QTcpSocket::readyRead, this, [this, socket] {
+            const QByteArray head = socket->peek(65536);
+            if (!head.contains("\r\n\r\n"))
+                return;
+            socket->readAll();
+            Request request;
+            QList<QByteArray> lines = head.trimmed().split('\n');
+            request.path = lines.takeFirst().split(' ').value(1);
+            for (const QByteArray& line : lines) {
+                const qsizetype colon = line.indexOf(':');
+                request.headers[line.left(colon).toLower()] = line.mid(colon + 1).trimmed();
+            }
+            requests.append(request);
+            const QByteArray answer = handler(request);
+            if (answer.isEmpty())
+                return;
+            socket->write(answer);
+            socket->disconnectFromHost();
+        });
+    }
+};
+
+} // namespace Tessa::Test

@@ -1,0 +1,281 @@
+#include "libs/tessamap/TileDiskCache.h"
+#include "libs/tessamap/TileReply.h"
+#include "libs/tessamap/TileServer.h"
+#include "tests/support/TestFiles.h"
+
+#include <QDateTime>
+#include <QDir>
+#include <QTest>
+#include <QUrl>
+
+#include <unordered_set>
+
+using namespace Tessa;
+using KOLT::Test::readFile;
+using KOLT::Test::writeFile;
+
+namespace {
+
+constexpr TileId tile{9, 268, 178};
+constexpr qint64 now = 1'700'000'000'000; // 14 Nov 2023 22:13:20 GMT
+constexpr qint64 day = 24LL * 3600 * 1000;
+
+} // namespace
+
+class TestTileCache : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void tileIds();
+    void serverAddresses_data();
+    void serverAddresses();
+    void lifetimes_data();
+    void lifetimes();
+    void whatIsWrittenIsRead();
+    void damagedFiles_data();
+    void damagedFiles();
+    void placeThatCannotBeWritten();
+    void leastRecentlyUsedGoFirst();
+    void roomIsMadeWhileWriting();
+};
+
+void TestTileCache::tileIds()
+{
+    QCOMPARE((TileId{3, 5, 6}.parent()), (TileId{2, 2, 3}));
+    QCOMPARE((TileId{0, 0, 0}.parent()), (TileId{0, 0, 0}));
+    QCOMPARE((TileId{3, 5, 6}.ancestor(9)), (TileId{0, 0, 0}));
+    QCOMPARE((TileId{3, -1, 6}.wrapped()), (TileId{3, 7, 6}));
+    QCOMPARE((TileId{3, 17, 6}.wrapped()), (TileId{3, 1, 6}));
+    QVERIFY((TileId{3, 7, 7}.isValid()));
+    for (const TileId& bad :
+         {TileId{-1, 0, 0}, TileId{3, 8, 0}, TileId{3, 0, -1}, TileId{31, 0, 0}})
+        QVERIFY(!bad.isValid());
+    std::unordered_set<std::size_t> hashes;
+    for (int x = 0; x < 64; ++x) {
+        for (int y = 0; y < 64; ++y)
+            hashes.insert(std::hash<TileId>()(TileId{6, x, y}));
+    }
+    QCOMPARE(hashes.size(), 4096u);
+}
+
+void TestTileCache::serverAddresses_data()
+{
+    QTest::addColumn<QString>("address");
+    QTest::addColumn<QString>("url"); ///< of 9/268/178; empty when the address cannot be used
+    QTest::addColumn<QString>("attribution");
+    const QString publicUrl = QStringLiteral("https://tile.openstreetmap.org/9/268/178.png");
+    const QString contributors = QStringLiteral("(c) OpenStreetMap contributors");
+    const auto row = [](const char* address, const QString& url, const QString& attribution) {
+        QTest::newRow(address) << QString::fromLatin1(address) << url << attribution;
+    };
+    row("", publicUrl, contributors);
+    row("http://tile.openstreetmap.org", publicUrl, contributors);
+    row("tile.openstreetmap.org/", publicUrl, contributors);
+    row("http://A.tile.openstreetmap.org/{z}/{x}/{y}.png", publicUrl, contributors);
+    row(" https://maps.example/base// ", "https://maps.example/base/9/268/178.png", "maps.example");
+    row("http://10.0.0.7:8080", "http://10.0.0.7:8080/9/268/178.png", "10.0.0.7");
+    row("https://m.example/t?k=ab&z={z}&y={y}&x={x}", "https://m.example/t?k=ab&z=9&y=178&x=268",
+        "m.example");
+    row("https://tile.openstreetmap.de/", "https://tile.openstreetmap.de/9/268/178.png",
+        contributors + ", tile.openstreetmap.de");
+    row("https://m.example/{z}/{x}.png", "", "");
+    row("ftp://m.example", "", "");
+    row("file:///etc", "", "");
+    row("http://", "", "");
+}
+
+void TestTileCache::serverAddresses()
+{
+    QFETCH(QString, address);
+    QFETCH(QString, url);
+    QFETCH(QString, attribution);
+    const TileServer server(address);
+    QCOMPARE(server.isValid(), !url.isEmpty());
+    QCOMPARE(server.url(tile), QUrl(url));
+    QCOMPARE(server.attribution(), attribution);
+    QCOMPARE(server.attributionLink().isEmpty(), attribution.isEmpty());
+    QCOMPARE(server.cacheKey().size(), 16);
+    QCOMPARE(server.cacheKey() == TileServer().cacheKey(), server.isPublicServer());
+}
+
+void TestTileCache::lifetimes_data()
+{
+    QTest::addColumn<QByteArray>("cacheControl");
+    QTest::addColumn<QByteArray>("expires");
+    QTest::addColumn<QByteArray>("age");
+    QTest::addColumn<qint64>("seconds");
+    const QByteArray none;
+    QTest::newRow("nothing said") << none << none << none << 7 * day / 1000;
+    QTest::newRow("max-age") << QByteArray("public, Max-Age=90") << none << none << qint64(90);
+    QTest::newRow("spent in a proxy")
+        << QByteArray("max-age=90") << none << QByteArray("60") << qint64(30);
+    QTest::newRow("too old already")
+        << QByteArray("max-age=90") << none << QByteArray("600") << qint64(0);
+    QTest::newRow("before Expires")
+        << QByteArray("max-age=90") << QByteArray("Tue, 14 Nov 2023 23:00:00 GMT") << none
+        << qint64(90);
+    QTest::newRow("no-cache") << QByteArray("no-cache, max-age=90") << none << none << qint64(0);
+    QTest::newRow("no number") << QByteArray("max-age=soon") << none << none << 7 * day / 1000;
+    // The server's clock is 10 minutes behind.
+    QTest::newRow("Expires") << none << QByteArray("Tue, 14 Nov 2023 23:03:20 GMT") << none
+                             << qint64(3600);
+    QTest::newRow("Expires in the past")
+        << none << QByteArray("Tue, 14 Nov 2023 01:00:00 GMT") << none << qint64(0);
+    QTest::newRow("Expires without date") << none << QByteArray("-1") << none << qint64(0);
+    QTest::newRow("for ever") << QByteArray("max-age=99999999999") << none << none
+                              << 366 * day / 1000;
+}
+
+void TestTileCache::lifetimes()
+{
+    QFETCH(qint64, seconds);
+    ReplyFacts facts;
+    facts.date = "Tue, 14 Nov 2023 22:03:20 GMT";
+    QFETCH(QByteArray, cacheControl);
+    QFETCH(QByteArray, expires);
+    QFETCH(QByteArray, age);
+    facts.cacheControl = cacheControl;
+    facts.expires = expires;
+    facts.age = age;
+    QCOMPARE((metaOf(facts, now).expires - now) / 1000, seconds);
+}
+
+void TestTileCache::whatIsWrittenIsRead()
+{
+    QTemporaryDir folder;
+    TileDiskCache cache;
+    QVERIFY(!cache.write(tile, "picture", {})); // switched off
+    QVERIFY(!cache.read(tile) && !cache.contains(tile));
+
+    cache.setPlace(folder.path(), QStringLiteral("0123456789abcdef"));
+    const TileMeta meta{"W/\"a: b\"", "Tue, 14 Nov 2023 22:13:20 GMT", now + day};
+    QVERIFY(cache.write(tile, "picture", meta));
+    QVERIFY(cache.write(tile, "another", meta)); // in its place
+    const auto entry = cache.read(tile);
+    QVERIFY(entry);
+    QCOMPARE(entry->body, QByteArray("another"));
+    QVERIFY(entry->meta == meta);
+    QCOMPARE(readFile(folder.filePath("0123456789abcdef/9/268/178.png")), entry->body);
+    QCOMPARE(QDir(folder.filePath("0123456789abcdef/9/268")).entryList(QDir::Files),
+             (QStringList{"178.meta", "178.png"})); // nothing temporary stays
+
+    QVERIFY(cache.writeMeta(tile, {"\"c\"", "", now}));
+    QCOMPARE(cache.read(tile)->meta.etag, QByteArray("\"c\""));
+    // A header cannot smuggle lines into the notes.
+    QVERIFY(cache.writeMeta(tile, {"x\nexpires: 9", "", now}));
+    QVERIFY(cache.read(tile)->meta == (TileMeta{"", "", now}));
+    cache.remove(tile);
+    QVERIFY(!cache.contains(tile));
+    QVERIFY(!cache.writeMeta(tile, meta));
+}
+
+void TestTileCache::damagedFiles_data()
+{
+    QTest::addColumn<QByteArray>("file"); ///< "png" or "meta"
+    QTest::addColumn<QByteArray>("content");
+    QTest::addColumn<bool>("isKept"); ///< as expired
+    QTest::newRow("no notes") << QByteArray("meta") << QByteArray() << true;
+    QTest::newRow("notes are no text") << QByteArray("meta") << QByteArray(200, '\0') << true;
+    QTest::newRow("notes cut short") << QByteArray("meta") << QByteArray("expires: 17\nsi") << true;
+    QTest::newRow("no expiry") << QByteArray("meta") << QByteArray("expires: soon\nsize: 7\n")
+                               << true;
+    QTest::newRow("notes without end")
+        << QByteArray("meta") << QByteArray("expires: 9\nsize: 7\n").repeated(1000) << true;
+    QTest::newRow("notes of another tile")
+        << QByteArray("meta") << QByteArray("expires: 1700000000000\nsize: 9\n") << false;
+    QTest::newRow("tile cut short") << QByteArray("png") << QByteArray("pic") << false;
+    QTest::newRow("tile empty") << QByteArray("png") << QByteArray("") << false;
+    QTest::newRow("tile too large") << QByteArray("png") << QByteArray(5 << 20, 'x') << false;
+}
+
+void TestTileCache::damagedFiles()
+{
+    QFETCH(QByteArray, file);
+    QFETCH(QByteArray, content);
+    QFETCH(bool, isKept);
+    QTemporaryDir folder;
+    TileDiskCache cache;
+    cache.setPlace(folder.path(), QStringLiteral("0123456789abcdef"));
+    QVERIFY(cache.write(tile, "picture", {"\"a\"", "", now + day}));
+    QVERIFY(writeFile(
+        folder.filePath(QStringLiteral("0123456789abcdef/9/268/178.") + QString::fromLatin1(file)),
+        content));
+    const auto entry = cache.read(tile);
+    QCOMPARE(entry.has_value(), isKept);
+    QCOMPARE(cache.contains(tile), isKept);
+    if (isKept) {
+        QCOMPARE(entry->body, QByteArray("picture"));
+        QVERIFY(entry->meta == TileMeta{});
+    }
+    QVERIFY(cache.write(tile, "renewed", {"\"b\"", "", now}));
+    QCOMPARE(cache.read(tile)->meta.etag, QByteArray("\"b\""));
+}
+
+void TestTileCache::placeThatCannotBeWritten()
+{
+    QTemporaryDir folder;
+    // A file where the folder should be stops even an administrator.
+    QVERIFY(writeFile(folder.filePath("tiles"), "in the way"));
+    TileDiskCache cache;
+    cache.setPlace(folder.filePath("tiles"), QStringLiteral("0123456789abcdef"));
+    QVERIFY(!cache.write(tile, "picture", {}));
+    QVERIFY(!cache.read(tile));
+    cache.remove(tile);
+    cache.waitForIdle();
+    QCOMPARE(readFile(folder.filePath("tiles")), QByteArray("in the way"));
+}
+
+void TestTileCache::leastRecentlyUsedGoFirst()
+{
+    QTemporaryDir folder;
+    TileDiskCache cache;
+    cache.setPlace(folder.path(), QStringLiteral("0123456789abcdef"));
+    cache.waitForIdle();
+    const auto path = [&](int x) {
+        return folder.filePath(QStringLiteral("0123456789abcdef/9/%1/0.png").arg(x));
+    };
+    const QDateTime longAgo = QDateTime::currentDateTimeUtc().addDays(-100);
+    for (int x = 0; x < 20; ++x) {
+        QVERIFY(cache.write({9, x, 0}, QByteArray(10000, 'x'), {"", "", now}));
+        QFile file(path(x));
+        QVERIFY(file.open(QIODevice::ReadWrite));
+        QVERIFY(file.setFileTime(longAgo.addSecs(x * 60), QFileDevice::FileModificationTime));
+    }
+    QVERIFY(cache.read({9, 0, 0})); // the oldest one is of use again
+    QDir(folder.path()).mkpath("holidays/9/1");
+    const QString foreign = folder.filePath("holidays/9/1/1.png");
+    QVERIFY(writeFile(foreign, QByteArray(500000, 'x')));
+
+    const std::atomic<bool> goOn{false};
+    const qint64 left = TileDiskCache::makeRoom(folder.path(), 150000, goOn);
+    QVERIFY(left <= 135000 && left > 120000);
+    QVERIFY(QFile::exists(foreign));
+    QVERIFY(QFile::exists(path(0)));
+    for (int x = 1; x < 20; ++x) {
+        const bool isKept = x >= 8;
+        QCOMPARE(QFile::exists(path(x)), isKept);
+        QCOMPARE(QFile::exists(path(x).chopped(3) + "meta"), isKept);
+    }
+    // Enough room: nothing goes.
+    QCOMPARE(TileDiskCache::makeRoom(folder.path(), 150000, goOn), left);
+}
+
+void TestTileCache::roomIsMadeWhileWriting()
+{
+    QTemporaryDir folder;
+    TileDiskCache cache;
+    cache.setLimit(100000);
+    cache.setPlace(folder.path(), QStringLiteral("0123456789abcdef"));
+    for (int x = 0; x < 50; ++x)
+        QVERIFY(cache.write({9, x, 0}, QByteArray(10000, 'x'), {"", "", now}));
+    cache.waitForIdle();
+    int left = 0;
+    for (int x = 0; x < 50; ++x)
+        left += cache.contains({9, x, 0}) ? 1 : 0;
+    // At most as much again was written since the last look.
+    QVERIFY2(left >= 8 && left <= 20, qPrintable(QString::number(left)));
+}
+
+QTEST_GUILESS_MAIN(TestTileCache)
+#include "tst_tilecache.moc"

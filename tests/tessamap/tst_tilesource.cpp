@@ -1,0 +1,518 @@
+#include "libs/tessamap/TileSource.h"
+#include "tests/tessamap/LoopbackServer.h"
+
+#include <QBuffer>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QTest>
+
+using namespace Tessa;
+using namespace Tessa::Test;
+
+namespace {
+
+constexpr qint64 second = 1000;
+constexpr qint64 day = 24 * 3600 * second;
+constexpr TileId first{5, 3, 4};
+constexpr TileId other{5, 3, 5};
+
+QByteArray picture(const char* format = "png", int side = 256, QColor color = Qt::red)
+{
+    QImage image(side, side, QImage::Format_RGB32);
+    image.fill(color);
+    // Some content, so that cutting it short hurts.
+    for (int i = 0; i < side; ++i)
+        image.setPixelColor(i, (i * 37) % side, QColor(i % 256, 255 - i % 256, 9));
+    QByteArray body;
+    QBuffer buffer(&body);
+    buffer.open(QIODevice::WriteOnly);
+    image.save(&buffer, format);
+    return body;
+}
+
+QByteArray hugePicture()
+{
+    QImage image(20000, 20000, QImage::Format_Mono);
+    image.fill(0);
+    QByteArray body;
+    QBuffer buffer(&body);
+    buffer.open(QIODevice::WriteOnly);
+    image.save(&buffer, "png");
+    return body;
+}
+
+QByteArray ok(const QByteArray& body = picture(), const QByteArray& headers = QByteArray())
+{
+    return LoopbackServer::answer("200 OK", body, headers);
+}
+
+QByteArray okWithoutLength(const QByteArray& body)
+{
+    return "HTTP/1.1 200 OK\r\nConnection: close\r\n\r\n" + body;
+}
+
+/// A source before a loopback server, with a clock that stands until it is moved.
+struct Map
+{
+    explicit Map(const QString& directory = QString())
+    {
+        server.handler = [](const LoopbackServer::Request&) { return ok(); };
+        source.setClock([this] { return now; });
+        source.setUserAgent("KOLT/9.9 (+https://kolt.example)");
+        source.setDirectory(directory.isEmpty() ? folder.path() : directory);
+        source.setServer(server.address());
+    }
+
+    /// What a map does that has shown these tiles for a moment.
+    void show(const std::vector<TileId>& tiles)
+    {
+        source.setWanted(tiles);
+        now += 120;
+        source.setWanted(tiles);
+    }
+
+    bool waitForReplies()
+    {
+        return QTest::qWaitFor([this] { return source.inFlightCount() == 0; });
+    }
+
+    std::vector<TileId> takeAll()
+    {
+        std::vector<TileId> tiles;
+        while (const auto tile = source.takeNext())
+            tiles.push_back(tile->id);
+        return tiles;
+    }
+
+    /// Shows the tiles and waits until the server has answered; what can be taken is.
+    std::vector<TileId> load(const std::vector<TileId>& tiles)
+    {
+        show(tiles);
+        waitForReplies();
+        auto taken = takeAll();
+        source.work(); // asks for what takeAll() found to be expired
+        waitForReplies();
+        return taken;
+    }
+
+    QTemporaryDir folder;
+    LoopbackServer server;
+    qint64 now = 1'700'000'000'000;
+    TileSource source;
+};
+
+} // namespace
+
+class TestTileSource : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void outcomes_data();
+    void outcomes();
+    void failuresAreRepeatedEverLessOften();
+    void slowServers();
+    void unreachableServerIsProbed();
+    void serverThatAlwaysTimesOutIsOffline();
+    void requestsKeepThePolicy();
+    void sixRequestsByPriority();
+    void sameViewAsksNothing();
+    void expiredTileIsConfirmed();
+    void changedTileIsTakenAgain();
+    void failedConfirmationIsTriedAgain();
+    void newZoomLevelRests();
+    void unwantedRequestsAreGivenUp();
+    void damagedTilesOnDiskAreFetched();
+    void bodiesNotToBeStored();
+    void anotherServerStartsAfresh();
+    void networkSwitchedOff();
+};
+
+void TestTileSource::outcomes_data()
+{
+    QTest::addColumn<QByteArray>("answer");
+    QTest::addColumn<bool>("isPicture");
+    QTest::addColumn<qint64>("restAtLeast"); ///< before the tile is asked for again
+    QTest::addColumn<qint64>("restAtMost");
+    QTest::addColumn<bool>("isForAll"); ///< other tiles rest too
+    QTest::addColumn<int>("messages");
+
+    const auto good = [](const char* name, const QByteArray& answer) {
+        QTest::newRow(name) << answer << true << qint64(0) << qint64(0) << false << 0;
+    };
+    good("png", ok());
+    good("png of 512 pixels", ok(picture("png", 512)));
+    good("jpeg", ok(picture("jpg")));
+    good("without a length", okWithoutLength(picture()));
+
+    const auto status = [](const char* name, qint64 rest, bool isForAll, int messages = 0,
+                           const char* headers = "") {
+        QTest::newRow(name) << LoopbackServer::answer(name, "no", headers) << false << rest << rest
+                            << isForAll << messages;
+    };
+    status("404 Not Found", day, false);
+    status("410 Gone", day, false);
+    status("204 No Content", day, false);
+    status("403 Forbidden", 600 * second, true, 1);
+    status("418 Teapot", 600 * second, true, 1);
+    status("401 Unauthorized", 600 * second, true, 1);
+    status("429 Too Many Requests", 60 * second, true);
+    status("503 Unavailable", 60 * second, true);
+    status("429 With seconds", 95 * second, true, 0, "Retry-After: 95\r\n");
+    status("503 With a date", 240 * second, true, 0,
+           "Date: Tue, 14 Nov 2023 22:10:00 GMT\r\n"
+           "Retry-After: Tue, 14 Nov 2023 22:14:00 GMT\r\n");
+
+    const auto failed = [](const char* name, const QByteArray& answer) {
+        QTest::newRow(name) << answer << false << qint64(1600) << qint64(2400) << false << 0;
+    };
+    failed("500", LoopbackServer::answer("500 Oops", "no"));
+    failed("502", LoopbackServer::answer("502 Oops", "no"));
+    failed("unasked 304", LoopbackServer::answer("304 Not Modified"));
+    failed("no http", "hello\r\n\r\n");
+    failed("no picture", ok("<html>log in</html>"));
+    failed("empty", ok(""));
+    failed("other size", ok(picture("png", 300)));
+    failed("20000 pixels", ok(hugePicture()));
+    failed("longer than 2 MiB", ok(QByteArray((2 << 20) + 1, 'x')));
+    failed("longer without a length", okWithoutLength(QByteArray(3 << 20, 'x')));
+    QByteArray cut = ok();
+    cut.chop(300);
+    failed("cut short with a length", cut);
+    failed("png cut short", okWithoutLength(picture().chopped(300)));
+    failed("jpeg cut short", okWithoutLength(picture("jpg").chopped(300)));
+    failed("redirected for ever",
+           LoopbackServer::answer("302 Found", "", "Location: /5/3/4.png\r\n"));
+}
+
+void TestTileSource::outcomes()
+{
+    QFETCH(QByteArray, answer);
+    QFETCH(bool, isPicture);
+    QFETCH(qint64, restAtLeast);
+    QFETCH(qint64, restAtMost);
+    QFETCH(bool, isForAll);
+    QFETCH(int, messages);
+
+    Map map;
+    QSignalSpy messageSpy(&map.source, &TileSource::message);
+    map.server.handler = [&](const LoopbackServer::Request& request) {
+        return request.path == "/5/3/4.png" ? answer : ok();
+    };
+    const auto taken = map.load({first});
+    QVERIFY(!map.source.isOffline());
+    QVERIFY(map.server.requests.size() <= 6); // five redirects at most
+    QCOMPARE(messageSpy.size(), messages);
+    QCOMPARE(map.source.loadingCount(), 0);
+    QCOMPARE(map.source.diskCache().contains(first), isPicture);
+    if (isPicture) {
+        QCOMPARE(taken, std::vector{first});
+        return;
+    }
+    QVERIFY(taken.empty());
+    const qint64 failedAt = map.now;
+
+    // Neither by and by nor at the last moment is it asked for again.
+    for (const qint64 moment : {failedAt + 200, failedAt + restAtLeast - 1}) {
+        map.now = moment - 120;
+        map.show({first});
+        QCOMPARE(map.source.inFlightCount(), 0);
+        QCOMPARE(map.source.loadingCount(), 0);
+    }
+    map.now -= 120;
+    map.show({first, other});
+    QCOMPARE(map.source.inFlightCount(), isForAll ? 0 : 1);
+    map.waitForReplies();
+    map.now = failedAt + restAtMost;
+    map.show({first});
+    QCOMPARE(map.source.inFlightCount(), 1);
+    QCOMPARE(map.source.loadingCount(), 1);
+    map.waitForReplies();
+    QCOMPARE(messageSpy.size(), messages); // not once more
+}
+
+void TestTileSource::failuresAreRepeatedEverLessOften()
+{
+    Map map;
+    map.server.handler = [](const auto&) { return LoopbackServer::answer("500 Oops", "no"); };
+    map.load({first});
+    for (const qint64 wait : {2, 4, 8, 16, 300, 2, 4}) {
+        const qint64 failedAt = map.now;
+        map.now = failedAt + wait * 800 - 121;
+        map.show({first});
+        QCOMPARE(map.source.inFlightCount(), 0);
+        map.now = failedAt + wait * 1200;
+        map.show({first});
+        QCOMPARE(map.source.inFlightCount(), 1);
+        QVERIFY(map.waitForReplies());
+    }
+    // A success wipes the slate clean.
+    map.server.handler = [](const auto&) { return ok(); };
+    map.now += 300 * second;
+    QCOMPARE(map.load({first}), std::vector{first});
+}
+
+void TestTileSource::slowServers()
+{
+    Map map;
+    map.server.handler = [](const auto&) { return QByteArray(); };
+    map.source.setTransferTimeout(100);
+    map.load({first}); // ends by the transfer timeout
+    QVERIFY(!map.source.isOffline());
+    QCOMPARE(map.source.loadingCount(), 0);
+
+    // One that drips keeps the connection alive; its time is over all the same.
+    map.source.setTransferTimeout(15000);
+    map.now += 3 * second;
+    map.show({first});
+    QCOMPARE(map.source.inFlightCount(), 1);
+    map.now += 29 * second;
+    map.source.setWanted(std::vector{first});
+    QCOMPARE(map.source.inFlightCount(), 1);
+    map.now += second;
+    map.source.setWanted(std::vector{first});
+    QCOMPARE(map.source.inFlightCount(), 0);
+    QCOMPARE(map.source.loadingCount(), 0);
+}
+
+void TestTileSource::unreachableServerIsProbed()
+{
+    Map map;
+    const quint16 port = map.server.serverPort();
+    map.server.close();
+    QSignalSpy changed(&map.source, &TileSource::changed);
+    map.load({first, other});
+    QVERIFY(map.source.isOffline());
+    QVERIFY(!changed.isEmpty());
+    QCOMPARE(map.source.loadingCount(), 0);
+
+    // One tile, not all that are wanted.
+    map.now += 29 * second;
+    map.show({first, other});
+    QCOMPARE(map.source.inFlightCount(), 0);
+    map.now += second;
+    map.show({first, other});
+    QCOMPARE(map.source.inFlightCount(), 1);
+    QVERIFY(map.waitForReplies());
+    QVERIFY(map.source.isOffline());
+
+    QVERIFY(map.server.listen(QHostAddress::LocalHost, port));
+    map.now += 30 * second;
+    map.show({first, other});
+    QCOMPARE(map.source.inFlightCount(), 1);
+    QTRY_VERIFY(!map.source.isOffline());
+    map.waitForReplies();
+    QCOMPARE(map.takeAll().size(), 2u);
+}
+
+void TestTileSource::serverThatAlwaysTimesOutIsOffline()
+{
+    Map map;
+    map.server.handler = [](const auto&) { return QByteArray(); };
+    std::vector<TileId> tiles;
+    for (int x = 0; x < TileSource::maxInFlight; ++x)
+        tiles.push_back({6, x, 9});
+    map.show(tiles);
+    map.now += 30 * second;
+    map.source.setWanted(tiles);
+    QVERIFY(map.source.isOffline());
+}
+
+void TestTileSource::requestsKeepThePolicy()
+{
+    Map map;
+    map.load({first});
+    const auto headers = map.server.requests.value(0).headers;
+    QCOMPARE(headers["user-agent"], QByteArray("KOLT/9.9 (+https://kolt.example)"));
+    for (const char* unwanted : {"cache-control", "pragma", "cookie", "referer", "if-none-match"})
+        QVERIFY2(!headers.contains(unwanted), unwanted);
+}
+
+void TestTileSource::sixRequestsByPriority()
+{
+    Map map;
+    std::vector<TileId> tiles;
+    for (int i = 0; i < 40; ++i)
+        tiles.push_back({6, 60 - i, 9});
+    map.server.handler = [](const auto&) { return QByteArray(); };
+    map.show(tiles);
+    QTRY_COMPARE(map.server.requests.size(), 6);
+    QCOMPARE(map.source.inFlightCount(), 6);
+    QCOMPARE(map.source.loadingCount(), 40);
+    for (const auto& request : map.server.requests)
+        QVERIFY(request.path >= "/6/55/9.png" && request.path <= "/6/60/9.png");
+    map.now += 400;
+    map.show(tiles);
+    QCOMPARE(map.source.inFlightCount(), 6);
+}
+
+void TestTileSource::sameViewAsksNothing()
+{
+    Map map;
+    QCOMPARE(map.load({first, other}).size(), 2u);
+    QCOMPARE(map.server.requests.size(), 2);
+    map.now += day;
+    QCOMPARE(map.load({first, other}).size(), 2u);
+
+    Map next(map.folder.path()); // as after a restart, with another port
+    next.source.setServer(map.server.address());
+    next.now = map.now;
+    QCOMPARE(next.load({first, other}).size(), 2u);
+    QCOMPARE(map.server.requests.size(), 2);
+    QVERIFY(next.server.requests.isEmpty());
+}
+
+void TestTileSource::expiredTileIsConfirmed()
+{
+    Map map;
+    map.server.handler = [](const LoopbackServer::Request& request) {
+        const QByteArray life = "Cache-Control: max-age=3600\r\n";
+        return request.headers.contains("if-none-match")
+                   ? LoopbackServer::answer("304 Not Modified", "", life)
+                   : ok(picture(), life + "ETag: \"v1\"\r\nLast-Modified: yesterday\r\n");
+    };
+    map.load({first});
+    map.now += 3599 * second;
+    QCOMPARE(map.load({first}).size(), 1u);
+    QCOMPARE(map.server.requests.size(), 1);
+
+    map.now += second;
+    map.show({first});
+    QCOMPARE(map.takeAll(), std::vector{first}); // at once, before any reply
+    QCOMPARE(map.source.loadingCount(), 0);
+    QTRY_COMPARE(map.server.requests.size(), 2);
+    const auto headers = map.server.requests.last().headers;
+    QCOMPARE(headers["if-none-match"], QByteArray("\"v1\""));
+    QCOMPARE(headers["if-modified-since"], QByteArray("yesterday"));
+    QVERIFY(!headers.contains("cache-control") && !headers.contains("pragma"));
+    QVERIFY(map.waitForReplies());
+    QVERIFY(map.takeAll().empty());
+
+    // For an hour from now it is fresh again, and keeps its notes for the next time.
+    map.now += 3500 * second;
+    map.load({first});
+    QCOMPARE(map.server.requests.size(), 2);
+    map.now += 3600 * second;
+    map.load({first});
+    QTRY_COMPARE(map.server.requests.size(), 3);
+    QCOMPARE(map.server.requests.last().headers["if-none-match"], QByteArray("\"v1\""));
+}
+
+void TestTileSource::changedTileIsTakenAgain()
+{
+    Map map;
+    map.load({first});
+    map.server.handler = [](const auto&) { return ok(picture("png", 256, Qt::blue)); };
+    map.now += 8 * day;
+    QCOMPARE(map.load({first}), std::vector{first});
+    QTRY_COMPARE(map.server.requests.size(), 2);
+    map.source.setWanted({}); // as the caller now has it
+    QVERIFY(map.waitForReplies());
+    const auto tile = map.source.takeNext();
+    QVERIFY(tile && tile->id == first);
+    QCOMPARE(tile->image.format(), QImage::Format_RGBA8888);
+    QCOMPARE(tile->image.pixelColor(200, 200), QColor(Qt::blue));
+}
+
+void TestTileSource::failedConfirmationIsTriedAgain()
+{
+    Map map;
+    map.load({first});
+    map.server.handler = [](const auto&) { return LoopbackServer::answer("500 Oops", "no"); };
+    map.now += 8 * day;
+    map.load({first});
+    QTRY_COMPARE(map.server.requests.size(), 2);
+    QVERIFY(map.waitForReplies());
+    QVERIFY(map.source.diskCache().contains(first));
+    map.now += 3 * second;
+    map.source.work();
+    QTRY_COMPARE(map.server.requests.size(), 3);
+}
+
+void TestTileSource::newZoomLevelRests()
+{
+    Map map;
+    map.source.setWanted(std::vector{first});
+    map.now += 119;
+    map.source.setWanted(std::vector{first});
+    QCOMPARE(map.source.inFlightCount(), 0);
+    QCOMPARE(map.source.loadingCount(), 1);
+    map.now += 1;
+    map.source.setWanted(std::vector{first});
+    QCOMPARE(map.source.inFlightCount(), 1);
+    // Another tile of a level that has rested is asked for at once, one of a new level is not.
+    map.source.setWanted(std::vector{first, other, TileId{6, 1, 1}});
+    QCOMPARE(map.source.inFlightCount(), 2);
+    // The timer takes care when nothing is drawn.
+    map.now += 120;
+    QTRY_COMPARE(map.server.requests.size(), 3);
+}
+
+void TestTileSource::unwantedRequestsAreGivenUp()
+{
+    Map map;
+    map.server.handler = [](const auto&) { return QByteArray(); };
+    map.show({first, other});
+    QCOMPARE(map.source.inFlightCount(), 2);
+    map.source.setWanted(std::vector{first});
+    map.now += 499;
+    map.source.work();
+    QCOMPARE(map.source.inFlightCount(), 2);
+    map.now += 1;
+    map.source.work();
+    QCOMPARE(map.source.inFlightCount(), 1);
+    // It did not fail: wanted anew it is asked for anew.
+    map.source.setWanted(std::vector{other, first});
+    QCOMPARE(map.source.inFlightCount(), 2);
+}
+
+void TestTileSource::damagedTilesOnDiskAreFetched()
+{
+    Map map;
+    // As long as noted, and no picture.
+    map.source.diskCache().write(first, "damaged", {"\"v1\"", "", map.now + day});
+    map.show({first});
+    QCOMPARE(map.source.inFlightCount(), 0);
+    QVERIFY(map.takeAll().empty());
+    QCOMPARE(map.load({first}), std::vector{first});
+    QVERIFY(!map.server.requests.value(0).headers.contains("if-none-match"));
+}
+
+void TestTileSource::bodiesNotToBeStored()
+{
+    Map map;
+    map.server.handler = [](const auto&) { return ok(picture(), "Cache-Control: no-store\r\n"); };
+    QCOMPARE(map.load({first}).size(), 1u);
+    QVERIFY(!map.source.diskCache().contains(first));
+}
+
+void TestTileSource::anotherServerStartsAfresh()
+{
+    Map map;
+    map.server.handler = [](const auto&) { return LoopbackServer::answer("403 Forbidden"); };
+    map.load({first});
+    LoopbackServer better;
+    better.handler = [](const auto&) { return ok(); };
+    map.source.setServer(better.address() + "/tiles/{z}/{x}/{y}");
+    QCOMPARE(map.load({first}), std::vector{first});
+    QCOMPARE(better.requests.value(0).path, QByteArray("/tiles/5/3/4"));
+
+    QSignalSpy message(&map.source, &TileSource::message);
+    map.source.setServer(QStringLiteral("ftp://tiles.example/{z}/{x}/{y}"));
+    QCOMPARE(message.size(), 1);
+    map.show({other});
+    QCOMPARE(map.source.inFlightCount() + map.source.loadingCount(), 0);
+}
+
+void TestTileSource::networkSwitchedOff()
+{
+    Map map;
+    map.load({first});
+    map.source.setNetworkEnabled(false);
+    QCOMPARE(map.load({first, other}), std::vector{first});
+    QCOMPARE(map.source.loadingCount(), 0);
+    QCOMPARE(map.server.requests.size(), 1);
+}
+
+QTEST_GUILESS_MAIN(TestTileSource)
+#include "tst_tilesource.moc"
