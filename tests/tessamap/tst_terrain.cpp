@@ -109,7 +109,6 @@ private slots:
     void filesThatComeLater();
     void shadeOfAPlane_data();
     void shadeOfAPlane();
-    void shadeKnowsTheCompass();
     void shadeOfFlatAndMissingGround();
     void bakedTiles();
 };
@@ -392,28 +391,6 @@ void TestTerrain::shadeOfAPlane()
     const int expected = std::min(255, int(std::lround(128 * shade)));
     for (int i = 0; i < side; ++i)
         QVERIFY(std::abs(qGray(image.pixel(i, (i * 7) % side)) - expected) <= 1);
-}
-
-void TestTerrain::shadeKnowsTheCompass()
-{
-    // A round hill lit the default way, from the north-west.
-    constexpr int side = 63;
-    const std::vector<double> metres(side, 30.0);
-    std::vector<float> heights;
-    for (int row = -1; row <= side; ++row) {
-        for (int column = -1; column <= side; ++column)
-            heights.push_back(static_cast<float>(900 - 15 * std::hypot(row - 31.0, column - 31.0)));
-    }
-    const QImage image = hillShade(heights, metres, Shading{});
-    const auto gray = [&](int x, int y) { return qGray(image.pixel(x, y)); };
-    QVERIFY(gray(12, 12) > 128 + 20);
-    QVERIFY(gray(50, 50) < 128 - 20);
-    QVERIFY(std::abs(gray(50, 12) - gray(12, 50)) <= 1);
-    const QImage dark = hillShade(heights, metres, Shading{{-1.0f, 1.0f, -1.0f}, 1.0, 1.0, 0.5});
-    QCOMPARE(qGray(dark.pixel(50, 50)), gray(12, 12));
-    // Steeper where the same heights lie closer together.
-    const QImage steep = hillShade(heights, std::vector<double>(side, 15.0), Shading{});
-    QVERIFY(qGray(steep.pixel(50, 50)) < gray(50, 50));
 }
 
 void TestTerrain::shadeOfFlatAndMissingGround()
