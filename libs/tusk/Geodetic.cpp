@@ -5,14 +5,6 @@
 
 namespace TUSK::Geodetic {
 
-namespace {
-
-constexpr double radiansPerDegree = 0.017453292519943295;
-constexpr double degreesPerRadian = 57.29577951308232;
-constexpr double metresPerDegree = 60.0 * 1852.0;
-
-} // namespace
-
 double distance(double latitude1, double longitude1, double latitude2, double longitude2)
 {
     // The cosine of equal places can fall short of 1 by rounding: 9 cm.
@@ -24,7 +16,15 @@ double distance(double latitude1, double longitude1, double latitude2, double lo
     const double cosine =
         std::sin(phi1) * std::sin(phi2) + std::cos(phi1) * std::cos(phi2) * std::cos(deltaLambda);
     // Rounding carries the cosine past 1 for places next to each other.
-    return std::acos(std::clamp(cosine, -1.0, 1.0)) * degreesPerRadian * metresPerDegree;
+    return std::acos(std::clamp(cosine, -1.0, 1.0)) * radius;
+}
+
+Vector latLong2Cartesian(double latitude, double longitude)
+{
+    const double phi = latitude * radiansPerDegree;
+    const double lambda = longitude * radiansPerDegree;
+    return {radius * std::cos(phi) * std::sin(lambda), radius * std::sin(phi),
+            radius * std::cos(phi) * std::cos(lambda)};
 }
 
 } // namespace TUSK::Geodetic
