@@ -87,9 +87,11 @@ void WidgetGraphES::drawFigure(const GraphScene& scene, const GraphScene::Figure
     }
     case GraphScene::Kind::Strip: {
         TUSK::OpenGL::LineStrips strip;
-        strip.assign(vertices);
-        strip.width = width;
-        strip.draw(*m_handler, figure.color);
+        strip.setColor(figure.color);
+        strip.setLineWidth(width);
+        for (std::size_t i = 0; i + 1 < vertices.size(); i += 2)
+            strip.addVertex(vertices[i], vertices[i + 1], 0.0F, figure.color.alphaF());
+        strip.render(*m_handler);
         break;
     }
     }

@@ -6,6 +6,8 @@ namespace {
 
 constexpr int positionSize = 2;
 constexpr int texturedSize = 4;
+constexpr int coloredSize = 7;
+constexpr int spaceSize = 3;
 constexpr int positionLocation = 0;
 constexpr int textureLocation = 1;
 
@@ -27,6 +29,26 @@ void main()
     if (isStippled && mod(floor(gl_FragCoord.x) + floor(gl_FragCoord.y), 2.0) < 0.5)
         discard;
     gl_FragColor = color;
+}
+)";
+
+constexpr auto coloredVertex = R"(
+attribute highp vec3 position;
+attribute lowp vec4 place;
+uniform highp mat4 matrix;
+varying lowp vec4 vertexColor;
+void main()
+{
+    vertexColor = place;
+    gl_Position = matrix * vec4(position, 1.0);
+}
+)";
+
+constexpr auto coloredFragment = R"(
+varying lowp vec4 vertexColor;
+void main()
+{
+    gl_FragColor = vertexColor;
 }
 )";
 
@@ -52,6 +74,16 @@ void main()
 }
 )";
 
+constexpr auto imageFragment = R"(
+uniform lowp vec4 color;
+uniform sampler2D image;
+varying highp vec2 texturePlace;
+void main()
+{
+    gl_FragColor = color * texture2D(image, texturePlace);
+}
+)";
+
 } // namespace
 
 bool GlHandler::build(QOpenGLShaderProgram& program, const char* vertexSource,
@@ -68,10 +100,14 @@ bool GlHandler::initialize()
 {
     initializeOpenGLFunctions();
     m_plain = std::make_unique<QOpenGLShaderProgram>();
+    m_colored = std::make_unique<QOpenGLShaderProgram>();
     m_textured = std::make_unique<QOpenGLShaderProgram>();
+    m_image = std::make_unique<QOpenGLShaderProgram>();
     m_buffer = std::make_unique<QOpenGLBuffer>(QOpenGLBuffer::VertexBuffer);
     m_isReady = build(*m_plain, plainVertex, plainFragment) &&
-                build(*m_textured, texturedVertex, texturedFragment) && m_buffer->create();
+                build(*m_colored, coloredVertex, coloredFragment) &&
+                build(*m_textured, texturedVertex, texturedFragment) &&
+                build(*m_image, texturedVertex, imageFragment) && m_buffer->create();
     m_buffer->setUsagePattern(QOpenGLBuffer::StreamDraw);
     return m_isReady;
 }
@@ -101,30 +137,70 @@ void GlHandler::draw(GLenum mode, std::span<const float> vertices, const QColor&
     m_plain->release();
 }
 
+void GlHandler::drawColored(GLenum mode, std::span<const float> vertices, float lineWidth)
+{
+    if (!m_isReady || vertices.empty())
+        return;
+    constexpr int stride = coloredSize * static_cast<int>(sizeof(float));
+    m_colored->bind();
+    m_colored->setUniformValue("matrix", m_matrices.top());
+    upload(vertices);
+    m_colored->enableAttributeArray(positionLocation);
+    m_colored->enableAttributeArray(textureLocation);
+    m_colored->setAttributeBuffer(positionLocation, GL_FLOAT, 0, spaceSize, stride);
+    m_colored->setAttributeBuffer(textureLocation, GL_FLOAT,
+                                  spaceSize * static_cast<int>(sizeof(float)),
+                                  coloredSize - spaceSize, stride);
+    glLineWidth(lineWidth);
+    glDrawArrays(mode, 0, static_cast<GLsizei>(vertices.size() / coloredSize));
+    m_colored->disableAttributeArray(positionLocation);
+    m_colored->disableAttributeArray(textureLocation);
+    m_buffer->release();
+    m_colored->release();
+}
+
 void GlHandler::drawTextured(std::span<const float> vertices, const QColor& color, GLuint texture)
+{
+    if (m_isReady)
+        drawTriangles(*m_textured, vertices, color, texture);
+}
+
+void GlHandler::drawImage(std::span<const float> vertices, const QColor& color, GLuint texture)
+{
+    if (m_isReady)
+        drawTriangles(*m_image, vertices, color, texture);
+}
+
+void GlHandler::drawTriangles(QOpenGLShaderProgram& program, std::span<const float> vertices,
+                              const QColor& color, GLuint texture)
 {
     if (!m_isReady || vertices.empty())
         return;
     constexpr int stride = texturedSize * static_cast<int>(sizeof(float));
-    m_textured->bind();
-    m_textured->setUniformValue("matrix", m_matrices.top());
-    m_textured->setUniformValue("color", color);
-    m_textured->setUniformValue("image", 0);
+    program.bind();
+    program.setUniformValue("matrix", m_matrices.top());
+    program.setUniformValue("color", color);
+    program.setUniformValue("image", 0);
     glActiveTexture(GL_TEXTURE0);
     glBindTexture(GL_TEXTURE_2D, texture);
     upload(vertices);
     for (const int location : {positionLocation, textureLocation}) {
-        m_textured->enableAttributeArray(location);
-        m_textured->setAttributeBuffer(location, GL_FLOAT,
-                                       location * positionSize * static_cast<int>(sizeof(float)),
-                                       positionSize, stride);
+        program.enableAttributeArray(location);
+        program.setAttributeBuffer(location, GL_FLOAT,
+                                   location * positionSize * static_cast<int>(sizeof(float)),
+                                   positionSize, stride);
     }
     glDrawArrays(GL_TRIANGLES, 0, static_cast<GLsizei>(vertices.size() / texturedSize));
     for (const int location : {positionLocation, textureLocation})
-        m_textured->disableAttributeArray(location);
+        program.disableAttributeArray(location);
     m_buffer->release();
     glBindTexture(GL_TEXTURE_2D, 0);
-    m_textured->release();
+    program.release();
+}
+
+void GlHandler::setViewPort(int width, int height)
+{
+    glViewport(0, 0, width, height);
 }
 
 void GlHandler::clear(const QColor& color)

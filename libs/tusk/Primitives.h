@@ -43,16 +43,50 @@ public:
     }
 };
 
-/// One line through all vertices.
-class LineStrips : public VertexSet
+/// Lines through places in space: each from its first vertex to its last.
+///
+/// Vertices are relative to an origin of the caller's, whose matrix is on the stack when they are
+/// drawn: floats keep places to a millimetre only near it.
+class LineStrips
 {
 public:
-    float width = 1.0F; ///< pixels of the framebuffer
+    void clearVertex() { m_vertices.clear(); }
 
-    void draw(GlHandler& handler, const QColor& color) const
+    bool isEmpty() const { return m_vertices.empty(); }
+
+    void setColor(const QColor& color) { m_color = color; }
+
+    /// Pixels of the framebuffer.
+    void setLineWidth(float width) { m_width = width; }
+
+    /// Each vertex keeps the colour that was set when it was added; otherwise all take the last.
+    void setUseMultiColor(bool isMultiColor) { m_isMultiColor = isMultiColor; }
+
+    void addVertex(float x, float y, float z, float alpha = 1.0F)
     {
-        handler.draw(GL_LINE_STRIP, m_vertices, color, width);
+        m_vertices.insert(m_vertices.end(),
+                          {x, y, z, m_color.redF(), m_color.greenF(), m_color.blueF(), alpha});
     }
+
+    void render(GlHandler& handler)
+    {
+        if (!m_isMultiColor) {
+            for (std::size_t i = 0; i < m_vertices.size(); i += floatsPerVertex) {
+                m_vertices[i + 3] = m_color.redF();
+                m_vertices[i + 4] = m_color.greenF();
+                m_vertices[i + 5] = m_color.blueF();
+            }
+        }
+        handler.drawColored(GL_LINE_STRIP, m_vertices, m_width);
+    }
+
+private:
+    static constexpr std::size_t floatsPerVertex = 7;
+
+    std::vector<float> m_vertices;
+    QColor m_color = Qt::white;
+    float m_width = 1.0F;
+    bool m_isMultiColor = false;
 };
 
 /// A filled area: each vertex makes a triangle with the two before it.

@@ -1,0 +1,100 @@
+#pragma once
+
+#include "analysis/DataPage.h"
+#include "analysis/TimeTable.h"
+#include "map/AircraftTrack.h"
+#include "map/MapMarks.h"
+#include "map/MapViewState.h"
+#include "map/TrackColors.h"
+#include "map/TrackLine.h"
+
+#include <QWidget>
+
+#include <functional>
+
+class QAction;
+class QButtonGroup;
+class QComboBox;
+class QFrame;
+class QGridLayout;
+class QLabel;
+
+namespace KOLT {
+
+class Profile;
+class WidgetMap;
+
+/// The map beside the pages: where the aircraft is at the current time, with two panels that float
+/// above the map, one of commands, one of the chosen parameters' values.
+///
+/// The values are those of the data table at the same time.
+class DialogDataMap : public QWidget, public DataPage
+{
+    Q_OBJECT
+
+public:
+    explicit DialogDataMap(const Profile& profile, QWidget* parent = nullptr);
+
+    WidgetMap& widget() { return *m_map; }
+
+    const MapViewState& viewState() const { return m_state; }
+
+    /// Called with what the user should know but need not answer.
+    using MessageHandler = std::function<void(const QString& message)>;
+
+    void setMessageHandler(MessageHandler handler) { m_messageHandler = std::move(handler); }
+
+    /// The tile server was changed in the settings.
+    void reloadSettings();
+
+signals:
+    /// The user picked a place on the track, which was passed at that time.
+    void signalTime(double seconds);
+
+public slots:
+    void slotCommandToggled(int id, bool isChecked);
+    void slotUpdateMode();
+
+protected:
+    void dropData() override;
+    void showData() override;
+    void showTime() override;
+    void resizeEvent(QResizeEvent* event) override;
+
+private slots:
+    void slotColoring(int index);
+
+private:
+    enum Command { CenterAircraft };
+
+    struct ValueRow
+    {
+        const ProfileParameter* parameter = nullptr;
+        QLabel* name = nullptr;
+        QLabel* value = nullptr;
+    };
+
+    void createToolBar();
+    void fillColorings();
+    void createValueRows();
+    void refreshValues();
+    void placePanels();
+
+    const Profile& m_profile;
+    MapViewState m_state;
+    WidgetMap* m_map = nullptr;
+    QFrame* m_toolPanel = nullptr;
+    QAction* m_follow = nullptr;
+    QButtonGroup* m_commands = nullptr;
+    QComboBox* m_coloring = nullptr;
+    QFrame* m_valuePanel = nullptr;
+    QGridLayout* m_values = nullptr;
+    std::vector<ValueRow> m_rows;
+    TimeTable m_table;
+    AircraftTrack m_aircraft;
+    TrackLine m_track;
+    MessageHandler m_messageHandler;
+    const DataSet* m_fitted = nullptr; ///< what the view was fitted to
+};
+
+} // namespace KOLT
