@@ -20,7 +20,7 @@ CORE_USES = {
     "record": {"base", "profile", "libs/tusk"},
     "analysis": {"base", "profile", "record"},
     "graph": {"base", "profile", "record", "analysis", "libs/tusk"},
-    "map": {"base", "profile", "record", "analysis", "libs/tusk"},
+    "map": {"base", "profile", "record", "analysis", "libs/tusk", "libs/tessamap"},
     "export": {"base", "profile", "record", "analysis", "libs/tusk"},
 }
 LIBS = {"libs/tusk", "libs/tessamap", "libs/zinc"}

@@ -1,0 +1,62 @@
+#pragma once
+
+#include "record/Track.h"
+
+#include <array>
+#include <limits>
+#include <map>
+#include <vector>
+
+namespace KOLT {
+
+/// Where the aircraft is at a time: looks up the track by half seconds.
+class AircraftTrack
+{
+public:
+    /// Latitude, longitude (degrees), altitude (metres), ground speed (km/h), heading over ground
+    /// (degrees), time (seconds).
+    using Record = std::array<double, 6>;
+
+    AircraftTrack() = default;
+
+    /// The track must outlive this.
+    explicit AircraftTrack(const std::vector<TrackPoint>& track)
+        : m_track(&track)
+    {
+        // The points come in order: each goes to the end.
+        for (std::size_t i = 0; i < track.size(); ++i)
+            m_positions.emplace_hint(m_positions.end(), track[i].halfSecond, static_cast<int>(i));
+    }
+
+    /// The point of the very half second that holds the time. Any other time counts as the first
+    /// point's, and is noted so. All zeros without a track.
+    Record at(double seconds)
+    {
+        if (m_track == nullptr || m_track->empty())
+            return {};
+        const int position = positionOf(seconds);
+        if (position < 0 || position >= static_cast<int>(m_track->size()))
+            return {};
+        const TrackPoint& point = (*m_track)[static_cast<std::size_t>(position)];
+        return {point.latitude,    point.longitude, point.altitude,
+                point.groundSpeed, point.track,     point.seconds()};
+    }
+
+    /// Half seconds that have been given a position.
+    std::size_t size() const { return m_positions.size(); }
+
+private:
+    int positionOf(double seconds)
+    {
+        const double slot = 2.0 * seconds;
+        constexpr double limit = std::numeric_limits<int>::max();
+        if (!(slot > -limit && slot < limit))
+            return 0;
+        return m_positions[static_cast<int>(slot)];
+    }
+
+    const std::vector<TrackPoint>* m_track = nullptr;
+    std::map<int, int> m_positions; ///< by half seconds
+};
+
+} // namespace KOLT

@@ -1,0 +1,95 @@
+#pragma once
+
+#include "libs/tessamap/Globe.h"
+#include "map/TrackBounds.h"
+#include "map/TrackGaps.h"
+#include "map/ValueScale.h"
+#include "record/Track.h"
+
+#include <cstdint>
+#include <map>
+#include <optional>
+#include <vector>
+
+namespace KOLT {
+
+/// A track prepared for drawing on the globe at any scale.
+///
+/// For each scale the line is simplified once, by Douglas and Peucker, to half a pixel, and cut
+/// into chunks of their own origin, so that single precision is enough. No line is drawn over more
+/// than 10 s without positions. Places are metres from the centre of the earth.
+class TrackLine
+{
+public:
+    static constexpr std::uint8_t noColor = 255;
+    static constexpr double largestChunk = 80'000.0; ///< metres across
+    static constexpr std::size_t mostVertices = 512; ///< of a chunk
+
+    struct Vertex
+    {
+        float x = 0.0F; ///< from the chunk's origin
+        float y = 0.0F;
+        float z = 0.0F;
+        /// Class 0..15 of the line that ends here, or noColor. With flat shading a line strip takes
+        /// it from the right vertex by itself.
+        std::uint8_t color = noColor;
+    };
+
+    /// A line through its vertices. Neighbours share a vertex, unless a gap parts them.
+    struct Chunk
+    {
+        Tessa::Globe::Vector origin;
+        double radius = 0.0; ///< of a ball around the origin that holds the line
+        std::vector<Vertex> vertices;
+    };
+
+    TrackLine() = default;
+    explicit TrackLine(const std::vector<TrackPoint>& track, std::vector<TrackGap> gaps = {});
+
+    bool isEmpty() const { return m_places.empty(); }
+
+    std::size_t pointCount() const { return m_places.size(); }
+
+    const TrackBounds& bounds() const { return m_bounds; }
+
+    /// Colours the line: one value for each point, NaN for none. Within two pixels of way the value
+    /// farthest from the middle one of the whole line counts, so that spikes stay visible. Empty
+    /// values, or another number of them than there are points: no colours.
+    void setValues(const std::vector<float>& values, const ValueScale& scale);
+
+    /// The line at a scale; built when it is first asked for. Valid until setValues.
+    const std::vector<Chunk>& chunks(double metresPerPixel) const;
+
+    /// The point of the track that a click hits: of the line nearest to it and at most so many
+    /// pixels away, the end nearer to the click. Nothing on the far side. O(points).
+    std::optional<std::size_t> nearestPoint(const Tessa::Globe& globe, Tessa::WindowPoint click,
+                                            double mostPixels) const;
+
+private:
+    using Vector = Tessa::Globe::Vector;
+
+    /// Points first .. last that are joined.
+    struct Run
+    {
+        std::size_t first = 0;
+        std::size_t last = 0;
+    };
+
+    void findRuns(const std::vector<TrackPoint>& track, const std::vector<TrackGap>& gaps);
+    void weigh() const;
+    std::vector<Chunk> build(double metresPerPixel) const;
+
+    TrackBounds m_bounds;
+    std::vector<Vector> m_places;
+    std::vector<Run> m_runs;         ///< of two points or more
+    std::vector<float> m_values;     ///< empty, or one for each point
+    std::vector<float> m_deviations; ///< from the middle value, as far as they count
+    ValueScale m_scale;
+    mutable std::vector<float> m_weights; ///< the tolerance up to which a point is kept, metres
+    mutable std::map<int, std::vector<Chunk>> m_levels; ///< by the power of two
+};
+
+/// Whether some of the chunk may be in the window and on the near side.
+bool isInView(const Tessa::Globe& globe, const TrackLine::Chunk& chunk);
+
+} // namespace KOLT

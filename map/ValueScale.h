@@ -1,0 +1,28 @@
+#pragma once
+
+#include <cmath>
+#include <cstdint>
+
+namespace KOLT {
+
+/// A range of values in 16 equal classes.
+struct ValueScale
+{
+    static constexpr int classes = 16;
+
+    double low = 0.0;
+    double high = 0.0;
+
+    /// 0 to 15; values outside count as the nearest, everything as 0 in a range without width.
+    /// The value must be a number.
+    std::uint8_t classOf(double value) const
+    {
+        if (!(value > low) || !(high > low))
+            return 0;
+        if (value >= high)
+            return classes - 1;
+        return static_cast<std::uint8_t>((value - low) / (high - low) * classes);
+    }
+};
+
+} // namespace KOLT
