@@ -6,7 +6,6 @@
 #include <QAction>
 #include <QButtonGroup>
 #include <QComboBox>
-#include <QFrame>
 #include <QGridLayout>
 #include <QLabel>
 #include <QResizeEvent>
@@ -47,7 +46,8 @@ DialogDataMap::DialogDataMap(const Profile& profile, QWidget* parent)
             m_messageHandler(text);
     });
     createToolBar();
-    m_valuePanel = new QFrame(this);
+    m_valuePanel = new QWidget(this);
+    m_valuePanel->setAttribute(Qt::WA_StyledBackground);
     m_valuePanel->setStyleSheet(
         QStringLiteral(".QWidget{background-color: #66000000;border-radius:10px;}"));
     m_valuePanel->setObjectName(QStringLiteral("valuePanel"));
@@ -61,7 +61,8 @@ DialogDataMap::DialogDataMap(const Profile& profile, QWidget* parent)
 
 void DialogDataMap::createToolBar()
 {
-    m_toolPanel = new QFrame(this);
+    m_toolPanel = new QWidget(this);
+    m_toolPanel->setAttribute(Qt::WA_StyledBackground);
     m_toolPanel->setObjectName(QStringLiteral("toolPanel"));
     m_toolPanel->setStyleSheet(
         QStringLiteral(".QWidget{background-color: #66ffffff;border-radius:10px;}"));
@@ -243,8 +244,12 @@ void DialogDataMap::placePanels()
     m_toolPanel->adjustSize();
     m_toolPanel->move(panelEdge, panelEdge);
     m_toolPanel->raise();
-    m_valuePanel->setGeometry(width() - valuePanelPlace, panelEdge, valuePanelWidth,
-                              m_values->sizeHint().height());
+    // In a narrow map the values go below the commands.
+    QRect values(std::max(panelEdge, width() - valuePanelPlace), panelEdge,
+                 std::min(valuePanelWidth, width() - 2 * panelEdge), m_values->sizeHint().height());
+    if (values.intersects(m_toolPanel->geometry()))
+        values.moveTop(m_toolPanel->geometry().bottom() + panelEdge / 2);
+    m_valuePanel->setGeometry(values);
     m_valuePanel->raise();
 }
 

@@ -15,7 +15,6 @@
 class QAction;
 class QButtonGroup;
 class QComboBox;
-class QFrame;
 class QGridLayout;
 class QLabel;
 
@@ -83,11 +82,11 @@ private:
     const Profile& m_profile;
     MapViewState m_state;
     WidgetMap* m_map = nullptr;
-    QFrame* m_toolPanel = nullptr;
+    QWidget* m_toolPanel = nullptr;
     QAction* m_follow = nullptr;
     QButtonGroup* m_commands = nullptr;
     QComboBox* m_coloring = nullptr;
-    QFrame* m_valuePanel = nullptr;
+    QWidget* m_valuePanel = nullptr;
     QGridLayout* m_values = nullptr;
     std::vector<ValueRow> m_rows;
     TimeTable m_table;
