@@ -86,6 +86,11 @@ public:
 
     void setOrderHandler(OrderHandler handler) { m_orderHandler = std::move(handler); }
 
+    /// Called with what the user should know but need not answer.
+    using MessageHandler = std::function<void(const QString& message)>;
+
+    void setMessageHandler(MessageHandler handler) { m_messageHandler = std::move(handler); }
+
 private slots:
     void slotTimeoutReplay();
     void slotReplayMode();
@@ -114,6 +119,7 @@ private:
     };
 
     void createPages();
+    void stripToDisplay();
     void dropData();
     void showCurrentPage();
     template <typename Widget>
@@ -132,6 +138,7 @@ private:
     const Profile& m_profile;
     Clock m_clock;
     OrderHandler m_orderHandler;
+    MessageHandler m_messageHandler;
     Replay m_replay;
     const DataSet* m_dataSet = nullptr;
     bool m_isWriting = false; ///< the window writes its own controls

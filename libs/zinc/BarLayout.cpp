@@ -3,12 +3,15 @@
 #include "libs/zinc/InstrumentLook.h"
 
 #include <algorithm>
+#include <span>
+#include <vector>
 
 namespace Zinc2D {
 
 namespace {
 
 constexpr double usualLabelSize = 16.0;
+constexpr double usualDigitsSize = 24.0;
 constexpr double tickThickness = 1.5;
 constexpr double markThickness = 3.0;
 constexpr double markOverhang = 3.0;
@@ -22,9 +25,13 @@ struct Track
 {
     QRectF area;
     bool isVertical = false;
+    bool hasPointers = true;
     Dial dial;
     double labelSize = 0.0;
     double pointerLength = 0.0;
+
+    /// From the upper end of a vertical bar, where a pointer may stand, to the middle of its name.
+    double labelGap() const { return (hasPointers ? 1.4 : 1.1) * labelSize; }
 
     double breadth() const { return isVertical ? area.width() : area.height(); }
 
@@ -39,6 +46,22 @@ struct Track
     }
 };
 
+/// A bar shows one value or two.
+struct Side
+{
+    Property value;
+    Property digits;
+    Property state;
+};
+
+constexpr Side sides[] = {{Property::Value, Property::Digits, Property::State},
+                          {Property::Value2, Property::Digits2, Property::State2}};
+
+std::span<const Side> sidesOf(const Properties& bar)
+{
+    return std::span(sides).first(bar.has(Property::Value2) ? 2 : 1);
+}
+
 Track trackOf(const Properties& bar)
 {
     Track track;
@@ -49,6 +72,7 @@ Track trackOf(const Properties& bar)
     track.dial = {bar.number(Property::Min, 0.0), bar.number(Property::Max, 0.0),
                   track.isVertical ? track.area.bottom() : track.area.left(),
                   track.isVertical ? -track.area.height() : track.area.width()};
+    track.hasPointers = bar.text(Property::Look) != QStringLiteral("fill");
     track.labelSize = bar.number(Property::LabelSize, usualLabelSize);
     track.pointerLength = 0.85 * track.labelSize;
     return track;
@@ -84,7 +108,7 @@ void drawMarks(const Properties& bar, const Track& track, Canvas& canvas)
     }
 }
 
-void drawTicks(const Properties& bar, const Track& track, bool isDual, Canvas& canvas)
+void drawTicks(const Properties& bar, const Track& track, Canvas& canvas)
 {
     const double breadth = track.breadth();
     for (const double value : track.dial.ticks(bar.number(Property::Minor, 0.0))) {
@@ -92,7 +116,8 @@ void drawTicks(const Properties& bar, const Track& track, bool isDual, Canvas& c
         canvas.line(track.point(along, breadth / 2.0), track.point(along, breadth),
                     Palette::minorTick, 1.0);
     }
-    const double away = breadth + (isDual ? track.pointerLength : 0.0);
+    const bool hasLowerPointer = track.hasPointers && bar.has(Property::Value2);
+    const double away = breadth + (hasLowerPointer ? track.pointerLength : 0.0);
     for (const double value : track.dial.ticks(bar.number(Property::Major, 0.0))) {
         const double along = track.dial.place(value);
         canvas.line(track.point(along, 0.0), track.point(along, breadth), Palette::well,
@@ -107,93 +132,101 @@ void drawTicks(const Properties& bar, const Track& track, bool isDual, Canvas& c
 }
 
 /// A pointer on each side: the first value above or at the left, the second below or at the right.
-void drawPointers(const Properties& bar, const Track& track, int state, Canvas& canvas)
+void drawPointers(const Properties& bar, const Track& track, Canvas& canvas)
 {
-    const Argb color = stateColor(state, bar.color(Property::Color, Palette::white));
     const double overlap = 0.35 * track.breadth();
-    const auto draw = [&](Property property, double across, double direction) {
-        const std::optional<double> value = bar.number(property);
+    const double length = track.pointerLength + overlap;
+    for (const Side& side : sidesOf(bar)) {
+        const std::optional<double> value = bar.number(side.value);
         if (!value)
-            return;
-        const QPointF tip = track.point(track.dial.place(*value), across);
-        const double length = track.pointerLength + overlap;
+            continue;
+        const bool isFirst = side.value == Property::Value;
+        const QPointF tip =
+            track.point(track.dial.place(*value), isFirst ? overlap : track.breadth() - overlap);
+        const double direction = (isFirst ? 0.0 : 180.0) + (track.isVertical ? 0.0 : 90.0);
         canvas.pointer(tip, length + 2.0, length + 3.0, direction, Palette::well);
-        canvas.pointer(tip, length, length, direction, color);
-    };
-    draw(Property::Value, overlap, track.isVertical ? 0.0 : 90.0);
-    draw(Property::Value2, track.breadth() - overlap, track.isVertical ? 180.0 : 270.0);
+        canvas.pointer(
+            tip, length, length, direction,
+            stateColor(stateOf(bar, side.state), bar.color(Property::Color, Palette::white)));
+    }
 }
 
 /// Filled from its beginning up to the value; for two values each fills a half of its own.
-void drawFill(const Properties& bar, const Track& track, int state, Canvas& canvas)
+void drawFill(const Properties& bar, const Track& track, Canvas& canvas)
 {
-    const bool isDual = bar.has(Property::Value2);
-    const double breadth = isDual ? (track.breadth() - stripGap) / 2.0 : track.breadth();
-    const Argb color = stateColor(state, bar.color(Property::Color, Palette::normal));
-    const auto draw = [&](Property property, double across) {
-        canvas.rectangle(track.box(track.dial.start, track.dial.length, across, breadth),
-                         Palette::track);
-        const std::optional<double> value = bar.number(property);
-        if (value)
-            canvas.rectangle(track.box(track.dial.start,
-                                       track.dial.place(*value) - track.dial.start, across,
-                                       breadth),
-                             color);
-    };
-    draw(Property::Value, 0.0);
-    if (isDual)
-        draw(Property::Value2, breadth + stripGap);
+    const std::span<const Side> shown = sidesOf(bar);
+    const double breadth = shown.size() > 1 ? (track.breadth() - stripGap) / 2.0 : track.breadth();
+    double across = 0.0;
+    for (const Side& side : shown) {
+        const double start = track.dial.start;
+        canvas.rectangle(track.box(start, track.dial.length, across, breadth), Palette::track);
+        if (const std::optional<double> value = bar.number(side.value))
+            canvas.rectangle(
+                track.box(start, track.dial.place(*value) - start, across, breadth),
+                stateColor(stateOf(bar, side.state), bar.color(Property::Color, Palette::normal)));
+        across += breadth + stripGap;
+    }
     drawRanges(bar, track, track.breadth() + stripGap, rangeStrip, canvas);
 }
 
-void drawWordsBeside(const Properties& bar, const Track& track, const Digits& first,
-                     const Digits* second, Canvas& canvas)
+/// Name, unit and numbers of a bar. Each number has the same room, so that none moves with its
+/// figures.
+struct Words
 {
-    const QString name = bar.text(Property::Label);
-    const QString unit = bar.text(Property::Unit);
-    const Canvas::TextLook look{track.labelSize, false, Align::Left, Palette::label};
-    Canvas::TextLook unitLook = look;
-    if (track.isVertical) {
-        const double middle = track.area.center().x();
-        unitLook.align = Align::Center;
-        canvas.text({middle, track.area.top() - 1.1 * track.labelSize}, name, unitLook);
-        const double y = track.area.bottom() + 0.85 * first.size;
-        const double aside = second != nullptr ? digitsWidth(first.text, first.size) / 2.0 : 0.0;
-        drawDigits(canvas, {middle - aside, y}, first);
-        if (second != nullptr)
-            drawDigits(canvas, {middle + aside, y}, *second);
-        canvas.text({middle, y + 0.7 * first.size + 0.5 * track.labelSize}, unit, unitLook);
-        return;
+    QString name;
+    QString unit;
+    std::vector<Digits> numbers;
+    double room = 0.0;
+};
+
+Words wordsOf(const Properties& bar, const Track& track)
+{
+    Words words{bar.text(Property::Label), bar.text(Property::Unit), {}, 0.0};
+    if (!bar.has(Property::Format))
+        return words;
+    const double size = bar.number(Property::Size, usualDigitsSize);
+    words.room = digitsWidth(bar.formatted(track.dial.max), size);
+    for (const Side& side : sidesOf(bar)) {
+        const std::optional<double> value = bar.shown(side.digits, side.value);
+        const QString text = bar.formatted(value);
+        words.room = std::max(words.room, digitsWidth(text, size));
+        words.numbers.push_back({text, size, value ? stateOf(bar, side.state) : 0, Palette::white,
+                                 track.isVertical ? Align::Center : Align::Right});
     }
-    const double height = std::max(track.labelSize, first.size);
-    const double y =
-        track.area.top() - track.pointerLength - lineGap * track.labelSize - height / 2.0;
-    canvas.text({track.area.left(), y}, name, look);
-    canvas.text({track.area.right() - (unitRoom - 0.25) * track.labelSize, y}, unit, unitLook);
-    double right = track.area.right() - (unit.isEmpty() ? 0.0 : unitRoom * track.labelSize);
-    for (const Digits* digits : {second, &first}) {
-        if (digits == nullptr)
-            continue;
-        drawDigits(canvas, {right, y}, *digits);
-        right -= digitsWidth(digits->text, digits->size) + 0.1 * digits->size;
-    }
+    return words;
 }
 
-void drawWords(const Properties& bar, const Track& track, int state, bool isDual, Canvas& canvas)
+/// The name above, the numbers below, the unit below these.
+void drawVerticalWords(const Words& words, const Track& track, Canvas& canvas)
 {
-    const Align align = track.isVertical ? Align::Center : Align::Right;
-    Digits first{{}, bar.number(Property::Size, usualLabelSize * 1.5), 0, Palette::white, align};
-    Digits second = first;
-    if (bar.has(Property::Format)) {
-        const auto fill = [&](Digits& digits, Property property) {
-            const std::optional<double> value = bar.number(property);
-            digits.text = bar.formatted(value);
-            digits.state = value ? state : 0;
-        };
-        fill(first, Property::Value);
-        fill(second, Property::Value2);
+    const Canvas::TextLook look{track.labelSize, false, Align::Center, Palette::label};
+    const double middle = track.area.center().x();
+    canvas.text({middle, track.area.top() - track.labelGap()}, words.name, look);
+    double x = middle - words.room * (static_cast<double>(words.numbers.size()) - 1.0) / 2.0;
+    double y = track.area.bottom();
+    for (const Digits& number : words.numbers) {
+        y = track.area.bottom() + 0.85 * number.size;
+        drawDigits(canvas, {x, y}, number);
+        x += words.room;
     }
-    drawWordsBeside(bar, track, first, isDual ? &second : nullptr, canvas);
+    canvas.text({middle, y + 1.3 * track.labelSize}, words.unit, look);
+}
+
+/// All in one line above: the name at the left, numbers and unit at the right.
+void drawHorizontalWords(const Words& words, const Track& track, Canvas& canvas)
+{
+    const Canvas::TextLook look{track.labelSize, false, Align::Left, Palette::label};
+    const double size =
+        words.numbers.empty() ? 0.0 : std::max(track.labelSize, words.numbers.front().size);
+    const double y =
+        track.area.top() - track.pointerLength - lineGap * track.labelSize - size / 2.0;
+    canvas.text({track.area.left(), y}, words.name, look);
+    canvas.text({track.area.right() - (unitRoom - 0.25) * track.labelSize, y}, words.unit, look);
+    double right = track.area.right() - (words.unit.isEmpty() ? 0.0 : unitRoom * track.labelSize);
+    for (auto number = words.numbers.rbegin(); number != words.numbers.rend(); ++number) {
+        drawDigits(canvas, {right, y}, *number);
+        right -= words.room;
+    }
 }
 
 } // namespace
@@ -203,20 +236,21 @@ void layoutBar(const Properties& bar, Canvas& canvas)
     const Track track = trackOf(bar);
     if (track.area.isEmpty())
         return;
-    const int state = stateOf(bar);
-    const bool isDual = bar.has(Property::Value2);
-    if (bar.text(Property::Look) == QStringLiteral("fill")) {
-        drawFill(bar, track, state, canvas);
-        drawTicks(bar, track, false, canvas);
-        drawMarks(bar, track, canvas);
+    if (!track.hasPointers) {
+        drawFill(bar, track, canvas);
     } else {
         canvas.rectangle(track.area, Palette::track);
         drawRanges(bar, track, 0.0, track.breadth(), canvas);
-        drawTicks(bar, track, isDual, canvas);
-        drawMarks(bar, track, canvas);
-        drawPointers(bar, track, state, canvas);
     }
-    drawWords(bar, track, state, isDual, canvas);
+    drawTicks(bar, track, canvas);
+    drawMarks(bar, track, canvas);
+    if (track.hasPointers)
+        drawPointers(bar, track, canvas);
+    const Words words = wordsOf(bar, track);
+    if (track.isVertical)
+        drawVerticalWords(words, track, canvas);
+    else
+        drawHorizontalWords(words, track, canvas);
 }
 
 } // namespace Zinc2D

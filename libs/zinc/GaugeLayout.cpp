@@ -18,16 +18,16 @@ constexpr double minorThickness = 0.010;
 constexpr double labelRadius = 0.715;
 constexpr double labelSize = 0.14;
 constexpr double digitsSize = 0.36;
-constexpr double digitsPlace = 0.52; ///< below the centre
-constexpr double namePlace = 0.84;
+constexpr double digitsPlace = 0.60; ///< below the centre
+constexpr double namePlace = 0.89;
 constexpr double needleTip = 0.97;
 constexpr double needleShoulder = 0.62;
-constexpr double needleTail = 0.14;
+constexpr double needleTail = 0.05;
 constexpr double needleWidth = 0.030; ///< half of it
 constexpr double needleRim = 0.016;
 constexpr double hubRadius = 0.085;
-constexpr double markLength = 0.20;
-constexpr double markThickness = 0.030;
+constexpr double markLength = 0.035; ///< beyond the ring on both sides
+constexpr double markThickness = 0.034;
 
 struct Face
 {
@@ -88,9 +88,13 @@ void drawScale(const Properties& gauge, const Face& face, Canvas& canvas)
     for (const Element& part : gauge.parts()) {
         const Properties mark = gauge.of(part);
         const std::optional<double> at = mark.number(Property::At);
-        if (part.type == ElementType::Mark && at && mark.isVisible())
-            drawTick(face, *at, markLength, mark.color(Property::Color, Palette::limit),
-                     markThickness, canvas);
+        if (part.type != ElementType::Mark || !at || !mark.isVisible())
+            continue;
+        const double angle = face.dial.place(*at);
+        const double beyond = markLength * face.radius;
+        canvas.line(onCircle(face.center, face.radius + beyond, angle),
+                    onCircle(face.center, face.radius - face.ring - beyond, angle),
+                    mark.color(Property::Color, Palette::limit), markThickness * face.radius);
     }
 }
 
@@ -127,8 +131,8 @@ void layoutGauge(const Properties& gauge, Canvas& canvas)
     const QPointF below(0.0, face.radius);
     if (gauge.has(Property::Format))
         drawDigits(canvas, face.center + digitsPlace * below,
-                   {gauge.formatted(value), gauge.number(Property::Size, digitsSize * face.radius),
-                    state});
+                   {gauge.formatted(gauge.shown(Property::Digits, Property::Value)),
+                    gauge.number(Property::Size, digitsSize * face.radius), state});
     const QString unit = gauge.text(Property::Unit);
     const QString name = gauge.text(Property::Label);
     const double size = gauge.number(Property::LabelSize, labelSize * face.radius);

@@ -4,16 +4,16 @@ namespace Zinc2D {
 
 namespace {
 
-constexpr double digitAdvance = 0.66; ///< of the size, for the common fonts
+constexpr double digitAdvance = 0.64; ///< of the size, for the common fonts
 constexpr double pointAdvance = 0.34;
-constexpr double fieldPadding = 0.22;
+constexpr double fieldPadding = 0.18;
 constexpr double fieldHeight = 1.12;
 
 } // namespace
 
-int stateOf(const Properties& element)
+int stateOf(const Properties& element, Property property)
 {
-    const double state = element.number(Property::State, 0.0);
+    const double state = element.number(property, 0.0);
     return state >= 2.0 ? 2 : state >= 1.0 ? 1 : 0;
 }
 

@@ -22,7 +22,7 @@ constexpr Argb none = 0x00000000;
 } // namespace Palette
 
 /// A threshold's state: 0 normal, 1 warning, 2 limit.
-int stateOf(const Properties& element);
+int stateOf(const Properties& element, Property property = Property::State);
 
 /// Colour of a state; `normal` is that of state 0.
 Argb stateColor(int state, Argb normal);

@@ -1,6 +1,8 @@
 #include "libs/zinc/ElementLayout.h"
 #include "libs/zinc/InstrumentLook.h"
 
+#include <QStringList>
+
 #include <algorithm>
 #include <vector>
 
@@ -11,10 +13,25 @@ namespace {
 constexpr double usualCorner = 4.0;
 constexpr double edgeThickness = 1.5;
 constexpr double textHeight = 0.45; ///< of the height of a lamp or row
+constexpr double lineHeight = 1.2;  ///< of the text's size
 constexpr double textIndent = 0.5;  ///< of the text's size
 constexpr int mostRows = 100;
 
 const auto unknown = QStringLiteral("---");
+
+/// The legend of a lamp; "|" parts its lines.
+void drawLines(const Properties& lamp, const QRectF& area, const QString& text, Argb color,
+               Canvas& canvas)
+{
+    const QStringList lines = text.split(u'|');
+    const auto count = static_cast<double>(lines.size());
+    const double size = lamp.number(Property::Size, textHeight * area.height() / count);
+    double y = area.center().y() - (count - 1.0) / 2.0 * lineHeight * size;
+    for (const QString& line : lines) {
+        canvas.text({area.center().x(), y}, line, {size, true, Align::Center, color});
+        y += lineHeight * size;
+    }
+}
 
 /// The messages that hold now, the most important first.
 std::vector<const Element*> activeMessages(const Properties& annunciator)
@@ -53,9 +70,7 @@ void layoutLamp(const Properties& lamp, Canvas& canvas)
     canvas.rectangle(area, background, corner);
     const double inset = edgeThickness / 2.0;
     canvas.frame(area.adjusted(inset, inset, -inset, -inset), edge, edgeThickness, corner);
-    canvas.text(
-        area.center(), text,
-        {lamp.number(Property::Size, textHeight * area.height()), true, Align::Center, color});
+    drawLines(lamp, area, text, color, canvas);
 }
 
 void layoutAnnunciator(const Properties& annunciator, Canvas& canvas)

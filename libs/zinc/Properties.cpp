@@ -4,33 +4,39 @@
 
 namespace Zinc2D {
 
-Value Properties::evaluate(const PropertyValue& property) const
+Value evaluate(const PropertyValue& property, const VariableTable& variables)
 {
     if (property.isLiteral)
         return Value(&property.text);
     return property.expressions.empty() ? property.constant
-                                        : property.expressions.front().evaluate(m_variables);
+                                        : property.expressions.front().evaluate(variables);
+}
+
+Argb colorOf(const PropertyValue& property, const VariableTable& variables, Argb fallback)
+{
+    const Value value = evaluate(property, variables);
+    if (!value.isNumber() || !(value.number() >= 0.0) || value.number() > 4294967295.0)
+        return fallback;
+    return static_cast<Argb>(value.number());
 }
 
 std::optional<double> Properties::number(Property property) const
 {
     const PropertyValue* const found = m_element.find(property);
-    const Value value = found != nullptr ? evaluate(*found) : Value();
+    const Value value = found != nullptr ? evaluate(*found, m_variables) : Value();
     return value.isNumber() ? std::optional(value.number()) : std::nullopt;
 }
 
 Argb Properties::color(Property property, Argb fallback) const
 {
-    const std::optional<double> value = number(property);
-    if (!value || !(*value >= 0.0) || *value > 4294967295.0)
-        return fallback;
-    return static_cast<Argb>(*value);
+    const PropertyValue* const found = m_element.find(property);
+    return found != nullptr ? colorOf(*found, m_variables, fallback) : fallback;
 }
 
 QString Properties::text(Property property) const
 {
     const PropertyValue* const found = m_element.find(property);
-    const Value value = found != nullptr ? evaluate(*found) : Value();
+    const Value value = found != nullptr ? evaluate(*found, m_variables) : Value();
     return value.isNumber() ? NumberFormat().apply(value.number()) : value.text();
 }
 
@@ -39,7 +45,8 @@ std::optional<NumberFormat> Properties::format(Property property) const
     const PropertyValue* const found = m_element.find(property);
     if (found == nullptr)
         return {};
-    return found->isLiteral ? found->format : NumberFormat::parse(evaluate(*found).text());
+    return found->isLiteral ? found->format
+                            : NumberFormat::parse(evaluate(*found, m_variables).text());
 }
 
 QRectF Properties::area() const

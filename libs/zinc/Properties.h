@@ -8,6 +8,12 @@
 
 namespace Zinc2D {
 
+/// What a property is now.
+Value evaluate(const PropertyValue& property, const VariableTable& variables);
+
+/// A value as a colour.
+Argb colorOf(const PropertyValue& property, const VariableTable& variables, Argb fallback);
+
 /// The properties of an element, or of a part of it, as they are now.
 ///
 /// One that the file does not give, or whose expression yields nothing, has its default.
@@ -62,12 +68,16 @@ public:
     /// The first case that applies to the value; null when none does.
     const Element* activeCase(const std::optional<double>& value) const;
 
+    /// The number to be shown where the first property tells it, else that of the second.
+    std::optional<double> shown(Property digits, Property value) const
+    {
+        return number(has(digits) ? digits : value);
+    }
+
     /// The value in the element's format, with dashes where there is none.
     QString formatted(const std::optional<double>& value) const;
 
 private:
-    Value evaluate(const PropertyValue& property) const;
-
     const Element& m_element;
     const VariableTable& m_variables;
 };

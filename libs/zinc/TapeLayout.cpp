@@ -99,7 +99,7 @@ void drawScale(const Properties& tape, const Scale& scale, Canvas& canvas)
 void drawWindow(const Properties& tape, const Scale& scale, const std::optional<double>& value,
                 Canvas& canvas)
 {
-    const QString text = tape.formatted(value);
+    const QString text = tape.formatted(tape.shown(Property::Digits, Property::Value));
     const double size = tape.number(Property::Size, 1.5 * usualLabelSize);
     const double half = windowHeight * size / 2.0;
     const QPointF middle = scale.area.center();

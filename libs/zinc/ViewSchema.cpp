@@ -19,6 +19,8 @@ constexpr auto properties = std::to_array<PropertyInfo>({
     {"color", Property::Color, Color},
     {"corner", Property::Corner, Number},
     {"dashes", Property::Dashes, Text},
+    {"digits", Property::Digits, Number},
+    {"digits2", Property::Digits2, Number},
     {"file", Property::File, File},
     {"fill", Property::Fill, Color},
     {"format", Property::Format, Format},
@@ -46,6 +48,7 @@ constexpr auto properties = std::to_array<PropertyInfo>({
     {"span", Property::Span, Number},
     {"start", Property::Start, Number},
     {"state", Property::State, Number},
+    {"state2", Property::State2, Number},
     {"stroke", Property::Stroke, Color},
     {"sweep", Property::Sweep, Number},
     {"text", Property::Text, Text},
@@ -76,20 +79,21 @@ constexpr auto elements = std::to_array<ElementInfo>({
     {"text", ElementType::Text, "x y", "text value format dashes size weight align color", "case"},
     {"image", ElementType::Image, "x y width height file", ""},
     {"gauge", ElementType::Gauge, "x y radius value min max",
-     "start sweep major minor labelFormat labelScale labelSize format dashes label unit size state "
+     "start sweep major minor labelFormat labelScale labelSize format digits dashes label unit "
+     "size state "
      "thickness color",
      "range mark"},
     {"bar", ElementType::Bar, "x y width height value min max",
-     "value2 orientation look major minor labelFormat labelScale labelSize format dashes label "
-     "unit "
-     "size state color",
+     "value2 orientation look major minor labelFormat labelScale labelSize format digits digits2 "
+     "dashes label unit size state state2 color",
      "range mark"},
     {"lamp", ElementType::Lamp, "x y width height value",
      "text size corner color background stroke", "case"},
     {"annunciator", ElementType::Annunciator, "x y width height", "rows size color background",
      "message"},
     {"tape", ElementType::Tape, "x y width height value span",
-     "orientation major minor labelFormat labelScale labelSize format dashes size state color "
+     "orientation major minor labelFormat labelScale labelSize format digits dashes size state "
+     "color "
      "background",
      "range mark"},
     {"range", ElementType::Range, "from to color", ""},
