@@ -45,8 +45,10 @@ std::optional<NumberFormat> Properties::format(Property property) const
     const PropertyValue* const found = m_element.find(property);
     if (found == nullptr)
         return {};
-    return found->isLiteral ? found->format
-                            : NumberFormat::parse(evaluate(*found, m_variables).text());
+    if (found->isLiteral)
+        return found->format;
+    const QString text = evaluate(*found, m_variables).text();
+    return text.isEmpty() ? std::nullopt : NumberFormat::parse(text);
 }
 
 QRectF Properties::area() const

@@ -4,6 +4,7 @@
 
 #include <QHash>
 #include <QString>
+#include <QStringList>
 
 #include <vector>
 
@@ -17,7 +18,14 @@ public:
     /// The place of a name; it is made when there is none yet.
     int slot(const QString& name);
 
-    bool isKnown(const QString& name) const { return m_slots.contains(name); }
+    /// All names that were set, defined or used.
+    QStringList names() const { return m_slots.keys(); }
+
+    bool isDefined(const QString& name) const
+    {
+        const auto found = m_slots.constFind(name);
+        return found != m_slots.cend() && m_isDefined[static_cast<std::size_t>(*found)];
+    }
 
     const Value& value(int slot) const { return m_values[static_cast<std::size_t>(slot)]; }
 
