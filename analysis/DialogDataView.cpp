@@ -23,10 +23,9 @@ QString installedView()
 
 } // namespace
 
-DialogDataView::DialogDataView(const Profile& profile, QWidget* parent, QString viewFile)
+DialogDataView::DialogDataView(const Profile& profile, QWidget* parent)
     : QOpenGLWidget(parent)
     , m_profile(profile)
-    , m_viewFile(std::move(viewFile))
 {
     setFocusPolicy(Qt::StrongFocus);
     setMinimumSize(160, 90);

@@ -28,10 +28,11 @@ public:
     /// Tells what is wrong with the view file, once.
     using MessageHandler = std::function<void(const QString& message)>;
 
-    /// `viewFile`: empty for that of the resources.
-    explicit DialogDataView(const Profile& profile, QWidget* parent = nullptr,
-                            QString viewFile = {});
+    explicit DialogDataView(const Profile& profile, QWidget* parent = nullptr);
     ~DialogDataView() override;
+
+    /// Another view than that of the resources; before the page is painted for the first time.
+    void setViewFile(const QString& path) { m_viewFile = path; }
 
     void setMessageHandler(MessageHandler handler) { m_messageHandler = std::move(handler); }
 
@@ -65,7 +66,7 @@ private:
     void pushValues();
 
     const Profile& m_profile;
-    QString m_viewFile;
+    QString m_viewFile; ///< empty: that of the resources
     MessageHandler m_messageHandler;
     std::unique_ptr<TUSK::OpenGL::GlHandler> m_handler;
     Zinc2D::ZincView m_view;

@@ -9,7 +9,7 @@ namespace Zinc2D {
 namespace {
 
 constexpr double radians = std::numbers::pi / 180.0;
-constexpr double roughness = 0.02; ///< how far a chord may leave its circle, in units
+constexpr double roughness = 0.05; ///< how far a chord may leave its circle, in units
 constexpr int mostSegments = 360;
 
 int segments(double radius, double sweep)
@@ -24,8 +24,15 @@ void addArc(std::vector<QPointF>& points, const QPointF& center, double radius, 
             double sweep)
 {
     const int count = segments(radius, sweep);
-    for (int i = 0; i <= count; ++i)
-        points.push_back(onCircle(center, radius, start + sweep * i / count));
+    const double step = sweep / count * radians;
+    const double cosine = std::cos(step);
+    const double sine = std::sin(step);
+    QPointF arm = onCircle({}, radius, start);
+    points.reserve(points.size() + static_cast<std::size_t>(count) + 1);
+    for (int i = 0; i <= count; ++i) {
+        points.push_back(center + arm);
+        arm = {arm.x() * cosine - arm.y() * sine, arm.x() * sine + arm.y() * cosine};
+    }
 }
 
 std::vector<QPointF> outline(const QRectF& area, double corner)

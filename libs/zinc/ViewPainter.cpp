@@ -45,6 +45,25 @@ bool ViewPainter::Piece::isLike(const Piece& other) const
     return paint == other.paint && font == other.font && image == other.image && clip == other.clip;
 }
 
+void ViewPainter::Piece::measure()
+{
+    if (vertices.empty())
+        return;
+    left = right = vertices.front().x;
+    top = bottom = vertices.front().y;
+    for (const MeshVertex& vertex : vertices) {
+        left = std::min(left, vertex.x);
+        right = std::max(right, vertex.x);
+        top = std::min(top, vertex.y);
+        bottom = std::max(bottom, vertex.y);
+    }
+}
+
+bool ViewPainter::Piece::touches(const Piece& other) const
+{
+    return left <= other.right && other.left <= right && top <= other.bottom && other.top <= bottom;
+}
+
 void ViewPainter::draw(TUSK::OpenGL::GlHandler& handler, const ViewFrame& frame,
                        const PixelMap& map, const QSize& pixels, Argb background)
 {
@@ -120,6 +139,8 @@ void ViewPainter::buildElement(const DrawList& list, CachedElement& cached)
         else
             addMesh(command, points, m_map, target.vertices);
     }
+    for (Piece& piece : cached.pieces)
+        piece.measure();
 }
 
 void ViewPainter::addText(const DrawCommand& command, const QPointF& place, Piece& piece)
@@ -171,8 +192,6 @@ QRect ViewPainter::clipOf(const DrawList& list, const DrawCommand& command) cons
 
 void ViewPainter::joinPieces(Argb background)
 {
-    m_vertices.clear();
-    m_batches.clear();
     Piece behind;
     if ((background >> 24) != 0) {
         DrawCommand command;
@@ -184,39 +203,56 @@ void ViewPainter::joinPieces(Argb background)
             {0.0, 1.0 * m_pixels.height()},
         };
         addMesh(command, corners, {}, behind.vertices);
+        behind.measure();
     }
-    const Piece* last = addBatch(behind, nullptr);
+    std::vector<Group> groups;
+    addToGroups(behind, groups);
     for (const CachedElement& element : m_elements) {
         for (const Piece& piece : element.pieces)
-            last = addBatch(piece, last);
+            addToGroups(piece, groups);
     }
+    m_vertices.clear();
+    m_batches.clear();
+    for (const Group& group : groups)
+        addBatch(group);
 }
 
-const ViewPainter::Piece* ViewPainter::addBatch(const Piece& piece, const Piece* last)
+void ViewPainter::addToGroups(const Piece& piece, std::vector<Group>& groups)
 {
-    const QOpenGLTexture* const picture =
-        piece.paint == Mesh::Paint::Image ? image(piece.image) : nullptr;
-    if (piece.vertices.empty() || (piece.paint == Mesh::Paint::Image && picture == nullptr))
-        return last;
-    const auto first = static_cast<int>(m_vertices.size());
-    const auto count = static_cast<int>(piece.vertices.size());
-    m_vertices.insert(m_vertices.end(), piece.vertices.begin(), piece.vertices.end());
-    if (last != nullptr && last->isLike(piece)) {
-        m_batches.back().count += count;
-        return last;
+    if (piece.vertices.empty())
+        return;
+    // Under what it does not touch, it may as well be painted earlier.
+    for (auto group = groups.rbegin(); group != groups.rend(); ++group) {
+        if (group->front()->isLike(piece)) {
+            group->push_back(&piece);
+            return;
+        }
+        if (std::ranges::any_of(*group, [&](const Piece* other) { return other->touches(piece); }))
+            break;
     }
-    Mesh::Batch& batch = m_batches.emplace_back();
-    batch.paint = piece.paint;
-    batch.clip = piece.clip;
-    batch.first = first;
-    batch.count = count;
-    if (piece.paint == Mesh::Paint::Glyph) {
-        batch.texture = font(piece.font).textureId();
-        batch.textureSize = font(piece.font).textureSize();
-    } else if (picture != nullptr) {
+    groups.push_back({&piece});
+}
+
+void ViewPainter::addBatch(const Group& group)
+{
+    const Piece& look = *group.front();
+    Mesh::Batch batch;
+    batch.paint = look.paint;
+    batch.clip = look.clip;
+    batch.first = static_cast<int>(m_vertices.size());
+    if (look.paint == Mesh::Paint::Glyph) {
+        batch.texture = font(look.font).textureId();
+        batch.textureSize = font(look.font).textureSize();
+    } else if (look.paint == Mesh::Paint::Image) {
+        const QOpenGLTexture* const picture = image(look.image);
+        if (picture == nullptr)
+            return;
         batch.texture = picture->textureId();
     }
-    return &piece;
+    for (const Piece* piece : group)
+        m_vertices.insert(m_vertices.end(), piece->vertices.begin(), piece->vertices.end());
+    batch.count = static_cast<int>(m_vertices.size()) - batch.first;
+    m_batches.push_back(batch);
 }
 
 ViewPainter::FontKey ViewPainter::fontKey(const DrawCommand& command) const

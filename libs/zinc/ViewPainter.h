@@ -41,9 +41,19 @@ private:
         QString image;
         QRect clip;
         std::vector<TUSK::OpenGL::MeshVertex> vertices;
+        // How far they reach, in pixels.
+        float left = 0.0F;
+        float right = 0.0F;
+        float top = 0.0F;
+        float bottom = 0.0F;
 
         bool isLike(const Piece& other) const;
+        void measure();
+        bool touches(const Piece& other) const;
     };
+
+    /// Pieces that are painted alike, at once.
+    using Group = std::vector<const Piece*>;
 
     struct CachedElement
     {
@@ -58,8 +68,8 @@ private:
     void addImage(const DrawCommand& command, std::span<const QPointF> corners, Piece& piece);
     QRect clipOf(const DrawList& list, const DrawCommand& command) const;
     void joinPieces(Argb background);
-    /// Behind the piece before, if there is one; returns the one that comes last now.
-    const Piece* addBatch(const Piece& piece, const Piece* last);
+    void addToGroups(const Piece& piece, std::vector<Group>& groups);
+    void addBatch(const Group& group);
     FontKey fontKey(const DrawCommand& command) const;
     TUSK::OpenGL::TextureFont& font(const FontKey& key);
     QOpenGLTexture* image(const QString& path);
