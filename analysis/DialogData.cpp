@@ -3,12 +3,13 @@
 #include "analysis/DialogDataLimit.h"
 #include "analysis/DialogDataStatistic.h"
 #include "analysis/DialogDataTable.h"
+#include "analysis/DialogDataView.h"
 #include "analysis/DialogDataWarning.h"
-#include "analysis/WidgetEmptyPage.h"
 #include "analysis/WidgetFaultMatrix.h"
 #include "app/settings/CommandLineOptions.h"
 #include "graph/DialogDataGraph.h"
 #include "libs/tusk/Timer.h"
+#include "map/DialogDataMap.h"
 #include "record/ClockTime.h"
 
 #include <QButtonGroup>
@@ -41,6 +42,7 @@ constexpr int timeStretch = 2;
 constexpr QSize buttonIconSize(24, 24);
 constexpr QSize tabIconSize(16, 16);
 constexpr int spacing = 6;
+constexpr int emuRowHeight = 44;
 
 enum MapType { hideMap, mapBeside, mapBelow };
 
@@ -82,6 +84,11 @@ DialogData::DialogData(const Profile& profile, QWidget* parent, Clock clock)
     , m_profile(profile)
     , m_clock(clock ? std::move(clock) : Clock(TUSK::Misc::Timer::getTime))
 {
+    const bool isEmuDisplay = CommandLineOptions::instance().isGiven("-emu");
+    if (isEmuDisplay) { // the style sheet makes it dark
+        setObjectName(QStringLiteral("emuDisplay"));
+        setAttribute(Qt::WA_StyledBackground);
+    }
     m_timer = new QTimer(this);
     m_timer->setInterval(replayMilliseconds);
     connect(m_timer, &QTimer::timeout, this, &DialogData::slotTimeoutReplay);
@@ -96,13 +103,15 @@ DialogData::DialogData(const Profile& profile, QWidget* parent, Clock clock)
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addLayout(createTopRow());
     layout->addWidget(m_splitter, 1);
-    layout->addLayout(createDisplays());
-    layout->addLayout(createControls());
-    if (CommandLineOptions::instance().isGiven("-emu")) {
-        m_timeDisplay->hide();
-        m_slider->hide();
-        m_timeEdit->hide();
-    }
+    QBoxLayout* const displays = createDisplays();
+    QGridLayout* const controls = createControls();
+    if (isEmuDisplay)
+        displays->insertLayout(0, controls);
+    layout->addLayout(displays);
+    if (isEmuDisplay)
+        stripToDisplay();
+    else
+        layout->addLayout(controls);
     const QList<QWidget*> order{m_tabs,
                                 m_mapButtons->button(hideMap),
                                 m_mapButtons->button(mapBeside),
@@ -117,6 +126,21 @@ DialogData::DialogData(const Profile& profile, QWidget* parent, Clock clock)
     for (qsizetype i = 1; i < order.size(); ++i)
         setTabOrder(order[i - 1], order[i]);
     updateButtons();
+}
+
+void DialogData::stripToDisplay()
+{
+    for (QWidget* widget :
+         std::initializer_list<QWidget*>{m_timeDisplay, m_slider, m_timeEdit, m_tabs,
+                                         m_pages[static_cast<std::size_t>(Page::Map)].widget})
+        widget->hide();
+    for (QAbstractButton* button : m_mapButtons->buttons())
+        button->hide();
+    // What is left lies in one low row below the instruments.
+    m_dateDisplay->setMinimumHeight(emuRowHeight);
+    m_dateDisplay->setMaximumHeight(emuRowHeight);
+    for (QToolButton* button : {m_startButton, m_stopButton})
+        button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
 }
 
 template <typename Widget>
@@ -146,12 +170,19 @@ void DialogData::createPages()
     auto* const lamps = addPage(Page::WarningLamps, new DialogDataWarning(m_profile, m_stack));
     connect(lamps, &DialogEventList::signalTime, this, &DialogData::slotWarningTime);
     addPage(Page::Statistic, new DialogDataStatistic(m_stack));
-    addPage(Page::EmuView, new WidgetEmptyPage(tr("EMU View"), m_stack));
+    auto* const view = addPage(Page::EmuView, new DialogDataView(m_profile, m_stack));
+    const auto passMessage = [this](const QString& message) {
+        if (m_messageHandler)
+            m_messageHandler(message);
+    };
+    view->setMessageHandler(passMessage);
     m_loading = new QLabel(m_stack);
     m_loading->setObjectName(QStringLiteral("emptyState"));
     m_loading->setAlignment(Qt::AlignCenter);
     m_stack->addWidget(m_loading);
-    addPage(Page::Map, new WidgetEmptyPage(tr("The map"), m_splitter));
+    auto* const map = addPage(Page::Map, new DialogDataMap(m_profile, m_splitter));
+    map->setMessageHandler(passMessage);
+    connect(map, &DialogDataMap::signalTime, this, &DialogData::slotMapTime);
 }
 
 void DialogData::showCurrentPage()
@@ -369,6 +400,12 @@ void DialogData::refresh()
         entry.page->refresh();
 }
 
+void DialogData::reloadMapSettings()
+{
+    static_cast<DialogDataMap*>(m_pages[static_cast<std::size_t>(Page::Map)].widget)
+        ->reloadSettings();
+}
+
 void DialogData::setTime(double seconds)
 {
     moveTo(seconds);
@@ -525,6 +562,11 @@ void DialogData::slotLimitTime(double seconds)
 void DialogData::slotFaultTime(double seconds)
 {
     moveTo(seconds, {Page::FaultMatrix, Page::Statistic});
+}
+
+void DialogData::slotMapTime(double seconds)
+{
+    moveTo(seconds, {Page::Statistic});
 }
 
 void DialogData::slotWarningTime(double seconds)

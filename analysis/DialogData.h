@@ -72,6 +72,8 @@ public:
     void beginLoading(const QString& text);
     /// Other parameters are chosen, or other units.
     void refresh();
+    /// The map takes its settings anew.
+    void reloadMapSettings();
     /// Goes to a moment of the data set.
     void setTime(double seconds);
 
@@ -86,6 +88,11 @@ public:
 
     void setOrderHandler(OrderHandler handler) { m_orderHandler = std::move(handler); }
 
+    /// Called with what the user should know but need not answer.
+    using MessageHandler = std::function<void(const QString& message)>;
+
+    void setMessageHandler(MessageHandler handler) { m_messageHandler = std::move(handler); }
+
 private slots:
     void slotTimeoutReplay();
     void slotReplayMode();
@@ -99,6 +106,7 @@ private slots:
     void slotTableTime(double seconds);
     void slotLimitTime(double seconds);
     void slotWarningTime(double seconds);
+    void slotMapTime(double seconds);
     void slotFaultTime(double seconds);
 
 protected:
@@ -114,6 +122,7 @@ private:
     };
 
     void createPages();
+    void stripToDisplay();
     void dropData();
     void showCurrentPage();
     template <typename Widget>
@@ -132,6 +141,7 @@ private:
     const Profile& m_profile;
     Clock m_clock;
     OrderHandler m_orderHandler;
+    MessageHandler m_messageHandler;
     Replay m_replay;
     const DataSet* m_dataSet = nullptr;
     bool m_isWriting = false; ///< the window writes its own controls

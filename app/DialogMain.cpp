@@ -87,6 +87,10 @@ DialogMain::DialogMain()
         m_cardDialog->hide();
         m_profileDialog->hide();
         m_toolBar->hide();
+        // The bar below the instruments comes up while it has something to tell.
+        statusBar()->hide();
+        connect(statusBar(), &QStatusBar::messageChanged, this,
+                [this](const QString& text) { statusBar()->setVisible(!text.isEmpty()); });
         m_data->setCurrentPage(DialogData::Page::EmuView);
     }
     loadProfile();
@@ -118,6 +122,10 @@ void DialogMain::createPanels()
     m_data->setOrderHandler([this](const QStringList& fullNames) {
         m_profile.setDisplayOrder(fullNames);
         m_data->refresh();
+    });
+    m_data->setMessageHandler([this](const QString& message) {
+        m_notice = message;
+        statusBar()->showMessage(message);
     });
     m_splitter->addWidget(column);
     m_splitter->addWidget(m_data);
@@ -161,6 +169,8 @@ void DialogMain::createToolBar()
             qOverload<const QString&>(&DialogMain::slotProfileChanged));
     connect(m_unitSelector, qOverload<int>(&Selector::signalActivated), this,
             &DialogMain::slotUnitChanged);
+    connect(m_preferences, &DialogPreferences::signalMapChanged, m_data,
+            &DialogData::reloadMapSettings);
 }
 
 void DialogMain::createDialogs()

@@ -128,6 +128,7 @@ private:
     Choice m_choice;
     std::set<QString> m_wanted; ///< full names of the selected parameters, of all variants
     EndProcess m_endProcess;
+    QString m_notice; ///< what is wrong with a page, told once
     bool m_isEmuDisplay = false;
     bool m_isProfileLoaded = false;
     bool m_isClosing = false;

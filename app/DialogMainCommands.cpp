@@ -25,6 +25,8 @@
 #include <QMimeData>
 #include <QStatusBar>
 
+#include <utility>
+
 namespace KOLT {
 
 namespace {
@@ -213,6 +215,8 @@ void DialogMain::loadNow(const Choice& choice)
     }
     m_data->setData(*m_card.dataSet());
     showDataInWords(m_choice);
+    if (m_isEmuDisplay && !m_notice.isEmpty()) // the page was painted before anything was loaded
+        statusBar()->showMessage(std::exchange(m_notice, {}));
     tellUnreadFiles();
     if (!isLoaded)
         statusBar()->showMessage(

@@ -75,9 +75,9 @@ void MapPainter::drawTrack(const Tessa::Globe& globe, const TrackLine& track, bo
         m_line.clearVertex();
         const TrackLine::Vertex* before = nullptr;
         for (const TrackLine::Vertex& vertex : chunk.vertices) {
-            m_line.setColor(!isColored                            ? trackColor
+            m_line.setColor(!isColored                           ? trackColor
                             : vertex.color == TrackLine::noColor ? noValueColor
-                                                                  : trackColorRamp()[vertex.color]);
+                                                                 : trackColorRamp()[vertex.color]);
             // A colour holds for the line that ends here, it does not fade into the next.
             if (isColored && before != nullptr && before->color != vertex.color)
                 m_line.addVertex(before->x, before->y, before->z, 1.0F);
@@ -122,14 +122,16 @@ void MapPainter::drawMark(const MapMark& mark, Tessa::WindowPoint place)
     switch (mark.kind) {
     case MapMark::Kind::TakeOff: // points up
         both([&](double rim, const QColor& color) {
-            polygon({{x - 6.0 - rim, y - 5.0 - rim}, {x + 6.0 + rim, y - 5.0 - rim},
+            polygon({{x - 6.0 - rim, y - 5.0 - rim},
+                     {x + 6.0 + rim, y - 5.0 - rim},
                      {x, y + 7.0 + 1.6 * rim}},
                     color);
         });
         break;
     case MapMark::Kind::Landing: // points down
         both([&](double rim, const QColor& color) {
-            polygon({{x - 6.0 - rim, y + 5.0 + rim}, {x, y - 7.0 - 1.6 * rim},
+            polygon({{x - 6.0 - rim, y + 5.0 + rim},
+                     {x, y - 7.0 - 1.6 * rim},
                      {x + 6.0 + rim, y + 5.0 + rim}},
                     color);
         });
@@ -138,8 +140,14 @@ void MapPainter::drawMark(const MapMark& mark, Tessa::WindowPoint place)
         both([&](double rim, const QColor& color) {
             const double r = dotRadius + rim;
             const double d = r * 0.7071;
-            polygon({{x + r, y}, {x + d, y + d}, {x, y + r}, {x - d, y + d},
-                     {x - r, y}, {x - d, y - d}, {x, y - r}, {x + d, y - d}},
+            polygon({{x + r, y},
+                     {x + d, y + d},
+                     {x, y + r},
+                     {x - d, y + d},
+                     {x - r, y},
+                     {x - d, y - d},
+                     {x, y - r},
+                     {x + d, y - d}},
                     color);
         });
         break;

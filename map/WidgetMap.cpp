@@ -227,9 +227,8 @@ void WidgetMap::drawOverlays()
     double y = 0.0;
     if (!m_line.isEmpty() && m_map.latLong2Window(m_aircraft[0], m_aircraft[1], x, y))
         m_painter->drawAircraft({x / devicePixelRatioF(), y / devicePixelRatioF()}, m_aircraft[4]);
-    m_painter->drawScaleBar(
-        ScaleBar::choose(m_state.metresPerPixel, std::min(scaleBarPixels, width() / 3.0),
-                         m_unitSystem));
+    m_painter->drawScaleBar(ScaleBar::choose(
+        m_state.metresPerPixel, std::min(scaleBarPixels, width() / 3.0), m_unitSystem));
     m_painter->drawLegend(m_colors);
     m_painter->drawText(width() - edge - 3.0, edge + 9.0, m_map.attribution(), true);
     if (m_map.isOffline())

@@ -39,8 +39,8 @@ public:
 
     void setAircraft(const AircraftTrack::Record& aircraft);
 
-    /// The track must stay until the next call; null for none. When no frame was drawn yet, its line
-    /// is built in the next one.
+    /// The track must stay until the next call; null for none. When no frame was drawn yet, its
+    /// line is built in the next one.
     void setTrack(const std::vector<TrackPoint>* track, std::vector<TrackGap> gaps);
 
     /// Colours the track; without values it has one colour.
@@ -98,6 +98,7 @@ private:
     void move();
     void applyView();
     void drawOverlays();
+
     Tessa::LatLong aircraftPlace() const { return {m_aircraft[0], m_aircraft[1]}; }
 
     Tessa::WindowPoint windowPoint(const QPointF& position) const

@@ -14,8 +14,8 @@ namespace KOLT {
 
 namespace {
 
-constexpr double clickReach = 4.0; ///< pixels that a click may wander
-constexpr double pickReach = 10.0; ///< pixels around the track
+constexpr double clickReach = 4.0;      ///< pixels that a click may wander
+constexpr double pickReach = 10.0;      ///< pixels around the track
 constexpr double pixelsPerDegree = 2.0; ///< of a touch pad that reports angles only
 constexpr int angleSteps = 8;           ///< of a wheel's angle to a degree
 

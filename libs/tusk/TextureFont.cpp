@@ -24,6 +24,21 @@ TextureFont::TextureFont(const QFont& font, double pixelRatio)
         m_characters += QChar(character);
 }
 
+TextureFont TextureFont::makeEmpty(const QFont& font, double pixelRatio)
+{
+    TextureFont made(font, pixelRatio);
+    made.m_characters.clear();
+    return made;
+}
+
+void TextureFont::reserve(const QString& text)
+{
+    for (const QChar character : text) {
+        if (!m_characters.contains(character))
+            m_characters += character;
+    }
+}
+
 double TextureFont::width(const QString& text) const
 {
     double width = 0.0;
@@ -34,15 +49,10 @@ double TextureFont::width(const QString& text) const
 
 void TextureFont::addGlyphs(const QString& text)
 {
-    bool isComplete = m_texture != nullptr;
-    for (const QChar character : text) {
-        if (m_characters.contains(character))
-            continue;
-        m_characters += character;
-        isComplete = false;
-    }
-    if (isComplete)
+    reserve(text);
+    if (m_texture != nullptr && m_drawnCharacters == m_characters.size())
         return;
+    m_drawnCharacters = m_characters.size();
     const int cellWidth =
         static_cast<int>(std::ceil(m_metrics.maxWidth() * m_pixelRatio)) + 2 * padding;
     const int cellHeight =
@@ -103,6 +113,32 @@ void TextureFont::draw(GlHandler& handler, const QString& text, double x, double
         left += glyph.advance;
     }
     handler.drawTextured(vertices, color, m_texture->textureId());
+}
+
+void TextureFont::append(const QString& text, double x, double y, std::uint32_t rgba,
+                         std::vector<MeshVertex>& vertices)
+{
+    addGlyphs(text);
+    const QSizeF texture = textureSize();
+    const double edge = padding / m_pixelRatio;
+    const double top = y - m_metrics.ascent() - edge;
+    double left = x - edge;
+    for (const QChar character : text) {
+        const Glyph& glyph = m_glyphs[character];
+        const auto vertex = [&](double dx, double dy) {
+            vertices.push_back({static_cast<float>(left + dx * glyph.size.width()),
+                                static_cast<float>(top + dy * glyph.size.height()),
+                                static_cast<float>((glyph.place.left() + dx * glyph.place.width()) *
+                                                   texture.width()),
+                                static_cast<float>((glyph.place.top() + dy * glyph.place.height()) *
+                                                   texture.height()),
+                                rgba});
+        };
+        for (const auto& [dx, dy] :
+             {std::pair(0.0, 0.0), {1.0, 0.0}, {1.0, 1.0}, {0.0, 0.0}, {1.0, 1.0}, {0.0, 1.0}})
+            vertex(dx, dy);
+        left += glyph.advance;
+    }
 }
 
 } // namespace TUSK::OpenGL

@@ -1,6 +1,7 @@
 #include "analysis/DataPage.h"
 #include "analysis/DialogData.h"
 #include "analysis/DialogDataTable.h"
+#include "analysis/DialogDataView.h"
 #include "app/DialogMain.h"
 #include "app/JobQueue.h"
 #include "app/MainActions.h"
@@ -32,6 +33,8 @@
 #include <QMimeData>
 #include <QPushButton>
 #include <QSpinBox>
+#include <QStatusBar>
+#include <QTabBar>
 #include <QTableView>
 #include <QTest>
 #include <QToolBar>
@@ -72,6 +75,7 @@ private slots:
     void undoKeyReachesNoWidget();
     void styleSheetOfTheCommandLineIsApplied();
     void emuDisplay();
+    void brokenViewIsToldInTheStatusBar();
 
 private:
     void open();
@@ -733,6 +737,20 @@ void TestMainWindow::emuDisplay()
         QVERIFY(!tree->isVisible());
     QTRY_VERIFY(m_window->card().dataSet() != nullptr);
     QCOMPARE(m_window->card().dataSet()->dateTime.date(), QDate(2026, 7, 29)); // the latest
+    QTRY_VERIFY(!m_window->isBusy() && m_window->findChild<DialogDataView*>()->isVisible());
+    QVERIFY(!m_window->findChild<QTabBar*>()->isVisible());
+    const auto& map = m_window->findChild<DialogData*>()->page(DialogData::Page::Map);
+    QVERIFY(!dynamic_cast<const QWidget&>(map).isVisible());
+}
+
+void TestMainWindow::brokenViewIsToldInTheStatusBar()
+{
+    open();
+    const QString path = m_cards->filePath("panel.v");
+    QVERIFY(writeFile(path, "<view width='9' height='9'><dial/></view>"));
+    m_window->findChild<DialogDataView*>()->setViewFile(path);
+    m_window->findChild<DialogData*>()->setCurrentPage(DialogData::Page::EmuView);
+    QTRY_VERIFY(m_window->statusBar()->currentMessage().contains(path + ":1:29"));
 }
 
 QTEST_MAIN(TestMainWindow)

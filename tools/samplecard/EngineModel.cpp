@@ -112,6 +112,7 @@ void EngineModel::stepFuel()
     const double flow = idleFlow + (fullFlow - idleFlow) * std::pow(m_power, 1.1);
     lag(m_fuelFlow, running() ? flow : 0.0, 0.4);
     m_fuelPerTank = std::max(0.0, m_fuelPerTank - m_fuelFlow / 2.0 * stepSeconds / 3600.0);
+    m_fuelUsed += m_fuelFlow * stepSeconds / 3600.0;
     lag(m_fuelPressure, 3.08 - 0.0022 * m_fuelFlow, 0.5);
 }
 
@@ -136,6 +137,7 @@ void EngineModel::describe(Quantities& out) const
     out.busVoltage = m_busVoltage;
     out.alternatorCurrent = m_alternator;
     out.batteryCurrent = m_battery;
+    out.fuelUsed = m_fuelUsed;
     out.fuelLevelLeft = m_fuelPerTank + 0.6;
     out.fuelLevelRight = m_fuelPerTank - 0.4;
     out.propellerSpeed = m_speed / 2.43;

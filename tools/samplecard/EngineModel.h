@@ -67,6 +67,7 @@ private:
     double m_battery = 0.0;
     double m_charge = 1.0; ///< 0..1, of the battery
     double m_fuelPerTank = 0.0;
+    double m_fuelUsed = 0.0; ///< litres
     double m_runSeconds = 0.0;
     bool m_starter = false;
     bool m_ignition = false;

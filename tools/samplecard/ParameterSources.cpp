@@ -116,6 +116,7 @@ constexpr auto sources = std::to_array<ParameterSource>({
     {"Recorder State", &Q::recorderState},
     {"EMU Run Time", &Q::runTime},
     {"Clock Deviation", &Q::clockDeviation, 0.3},
+    {"Fuel Used", &Q::fuelUsed},
 });
 
 /// Identifier and messages per second.
@@ -123,7 +124,7 @@ constexpr auto rates = std::to_array<std::pair<int, int>>({
     {256, 50}, {257, 10}, {258, 5},  {259, 2},  {260, 2},  {261, 5},  {262, 5},  {263, 2},
     {264, 1},  {265, 5},  {272, 2},  {512, 10}, {513, 10}, {514, 5},  {515, 2},  {516, 1},
     {528, 2},  {768, 2},  {769, 1},  {770, 1},  {771, 2},  {772, 10}, {773, 10}, {774, 1},
-    {1024, 5}, {1025, 5}, {1026, 5}, {1027, 1}, {1280, 5}, {1281, 1}, {1282, 1},
+    {1024, 5}, {1025, 5}, {1026, 5}, {1027, 1}, {1280, 5}, {1281, 1}, {1282, 1}, {1283, 1},
 });
 
 constexpr int stepsPerSecond = 50;

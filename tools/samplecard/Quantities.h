@@ -101,6 +101,7 @@ struct Quantities
     double recorderState = 0.0;
     double runTime = 0.0;
     double clockDeviation = 0.0;
+    double fuelUsed = 0.0;
 
     std::vector<std::string_view> faults; ///< parameter names of the fault bits that are set
 };

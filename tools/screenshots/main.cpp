@@ -100,6 +100,19 @@ void takePages(KOLT::DialogMain& window, Camera& camera)
     pages->setCurrentPage(KOLT::DialogData::Page::Table);
 }
 
+/// The bare display, as small and as large as such displays are, after take-off.
+void takeDisplay(KOLT::DialogMain& window, Camera& camera)
+{
+    const KOLT::DataSet& data = *window.card().dataSet();
+    const double time =
+        data.flights.empty() ? data.startSeconds : data.flights.front().takeOffSeconds + 60.0;
+    window.findChild<KOLT::DialogData*>()->setTime(time);
+    for (const QSize size : {QSize(800, 480), QSize(1920, 1080)}) {
+        window.resize(size);
+        camera.take(window, QStringLiteral("emu-%1x%2").arg(size.width()).arg(size.height()));
+    }
+}
+
 /// The windows that the menus open.
 void takeDialogs(KOLT::DialogMain& window, Camera& camera)
 {
@@ -151,7 +164,7 @@ int main(int argc, char* argv[])
     if (isEmu) {
         if (!waitFor([&] { return window.card().dataSet() != nullptr && !window.isBusy(); }))
             return 1;
-        camera.take(window, QStringLiteral("emu"));
+        takeDisplay(window, camera);
     } else {
         if (!openFlight(window)) {
             std::fprintf(stderr, "kolt-screenshots: no card with flights in the last folder\n");

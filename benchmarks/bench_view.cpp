@@ -1,0 +1,286 @@
+// The instrument view: setting a hundred variables and building the frame, and a whole frame of the
+// installed panel on the software renderer, each beside the least that any view would cost.
+
+#include "benchmarks/Figures.h"
+#include "libs/tusk/Primitives.h"
+#include "libs/zinc/ViewReader.h"
+#include "libs/zinc/ZincView.h"
+
+#include <QApplication>
+#include <QFile>
+#include <QHash>
+#include <QOffscreenSurface>
+#include <QOpenGLContext>
+#include <QOpenGLFramebufferObject>
+#include <QTemporaryDir>
+
+#include <algorithm>
+#include <benchmark/benchmark.h>
+#include <chrono>
+#include <memory>
+
+using namespace Zinc2D;
+
+namespace {
+
+constexpr QSize pictureSize(1280, 720);
+constexpr int variableCount = 100;
+constexpr int medianFrames = 101;
+constexpr int textsPerGauge = 6;
+
+/// What the variables are given in turn, so that all of them change.
+double valueOf(int variable, int round)
+{
+    return (variable * 37 + round * 13) % 100;
+}
+
+QString nameOf(int variable)
+{
+    return QStringLiteral("Parameter %1").arg(variable);
+}
+
+/// A context with a picture to draw into.
+class Stage
+{
+public:
+    Stage()
+    {
+        m_surface.create();
+        m_context.create();
+        m_context.makeCurrent(&m_surface);
+        m_picture = std::make_unique<QOpenGLFramebufferObject>(pictureSize);
+        m_picture->bind();
+        m_handler.initialize();
+    }
+
+    TUSK::OpenGL::GlHandler& handler() { return m_handler; }
+
+    void clear()
+    {
+        m_handler.clear(Qt::white);
+        m_handler.enableBlending();
+    }
+
+    void finish() { m_context.functions()->glFinish(); }
+
+private:
+    QOffscreenSurface m_surface;
+    QOpenGLContext m_context;
+    std::unique_ptr<QOpenGLFramebufferObject> m_picture;
+    TUSK::OpenGL::GlHandler m_handler;
+};
+
+std::unique_ptr<Stage> stage;
+
+/// A view with a gauge for each of a hundred variables.
+QByteArray hundredGauges()
+{
+    QByteArray content = "<view width='1280' height='720' background='#101010'>";
+    for (int i = 0; i < variableCount; ++i)
+        content += QStringLiteral("<gauge x='%1' y='%2' radius='30' value='[%3]' min='0' max='100' "
+                                  "major='25' format='%.0f' state='[%3] &gt; 90'>"
+                                  "<range from='0' to='90' color='#00ff00'/></gauge>")
+                       .arg(50 + i % 18 * 70)
+                       .arg(50 + i / 18 * 100)
+                       .arg(nameOf(i))
+                       .toUtf8();
+    return content + "</view>";
+}
+
+struct Core
+{
+    VariableTable variables;
+    ViewModel model;
+    ViewFrame frame;
+    std::vector<QString> names;
+
+    Core()
+    {
+        const QTemporaryDir directory;
+        QFile file(directory.filePath(QStringLiteral("panel.v")));
+        ViewReader reader(variables);
+        std::optional<ViewModel> read;
+        if (file.open(QIODevice::WriteOnly) && file.write(hundredGauges()) > 0 && file.flush())
+            read = reader.read(file.fileName());
+        if (!read || !reader.diagnostics().empty())
+            std::abort();
+        model = std::move(*read);
+        frame.setModel(model, variables);
+        for (int i = 0; i < variableCount; ++i)
+            names.push_back(nameOf(i));
+    }
+
+    void set(int round)
+    {
+        for (int i = 0; i < variableCount; ++i)
+            variables.set(names[static_cast<std::size_t>(i)], valueOf(i, round));
+    }
+};
+
+/// Without graphics: variables, expressions and draw lists.
+void setHundredAndBuild(benchmark::State& state)
+{
+    Core core;
+    int round = 0;
+    for (auto _ : state) {
+        core.set(++round);
+        if (core.frame.update() != variableCount)
+            state.SkipWithError("not all were rebuilt");
+    }
+}
+
+void setHundredUnchanged(benchmark::State& state)
+{
+    Core core;
+    core.set(1);
+    core.frame.update();
+    for (auto _ : state) {
+        core.set(1);
+        if (core.frame.update() != 0)
+            state.SkipWithError("something was rebuilt");
+    }
+}
+
+/// The least that keeping a hundred named values costs, and writing them down six times: a gauge
+/// has five labels and its number.
+void keepAndFormatHundred(benchmark::State& state)
+{
+    std::vector<QString> names;
+    for (int i = 0; i < variableCount; ++i)
+        names.push_back(nameOf(i));
+    QHash<QString, double> values;
+    int round = 0;
+    for (auto _ : state) {
+        ++round;
+        for (int i = 0; i < variableCount; ++i)
+            values[names[static_cast<std::size_t>(i)]] = valueOf(i, round);
+        for (const double value : std::as_const(values)) {
+            for (int i = 0; i < textsPerGauge; ++i)
+                benchmark::DoNotOptimize(QString::asprintf("%.0f", value + i));
+        }
+    }
+}
+
+/// The installed panel, at its own size.
+class Panel
+{
+public:
+    Panel()
+    {
+        m_view.initializeGraphics(stage->handler());
+        if (!m_view.load(QStringLiteral(KOLT_VIEW)))
+            std::abort();
+        m_view.startView(true);
+        m_view.setViewport(pictureSize);
+        for (const QString& name : m_view.variables().names()) {
+            if (!m_view.variables().isDefined(name))
+                m_names.push_back(name);
+        }
+        frame(0);
+    }
+
+    ~Panel() { m_view.releaseGraphics(); }
+
+    Panel(const Panel&) = delete;
+    Panel& operator=(const Panel&) = delete;
+
+    void frame(int round)
+    {
+        for (std::size_t i = 0; i < m_names.size(); ++i)
+            m_view.setVar(m_names[i], valueOf(static_cast<int>(i), round));
+        m_view.setVar(QStringLiteral("VARIANT"), 915);
+        m_view.setVar(QStringLiteral("UNIT"), 0);
+        stage->clear();
+        QMatrix4x4 matrix;
+        matrix.ortho(0.0F, 1280.0F, 0.0F, 720.0F, -1.0F, 1.0F);
+        stage->handler().matrices().load(matrix);
+        m_view.draw(true);
+        stage->finish();
+    }
+
+    long rebuilt() const { return m_view.rebuiltElements(); }
+
+private:
+    ZincView m_view;
+    std::vector<QString> m_names;
+};
+
+void drawChangedFrame(benchmark::State& state)
+{
+    Panel panel;
+    int round = 0;
+    for (auto _ : state)
+        panel.frame(++round);
+}
+
+void drawUnchangedFrame(benchmark::State& state)
+{
+    Panel panel;
+    const long rebuilt = panel.rebuilt();
+    for (auto _ : state)
+        panel.frame(0);
+    if (panel.rebuilt() != rebuilt)
+        state.SkipWithError("something was rebuilt");
+}
+
+/// One rectangle as large as the picture: what any background costs.
+void drawRectangle(benchmark::State& state)
+{
+    TUSK::OpenGL::TriangleStrip area;
+    for (const auto& [x, y] : {std::pair(-1.0F, -1.0F), {1.0F, -1.0F}, {-1.0F, 1.0F}, {1.0F, 1.0F}})
+        area.add(x, y);
+    stage->handler().matrices().load({});
+    for (auto _ : state) {
+        stage->clear();
+        area.draw(stage->handler(), Qt::black);
+        stage->finish();
+    }
+}
+
+/// Of frames in each of which everything changes.
+double medianMilliseconds()
+{
+    Panel panel;
+    std::vector<double> times;
+    for (int i = 1; i <= medianFrames; ++i) {
+        const auto start = std::chrono::steady_clock::now();
+        panel.frame(i);
+        const std::chrono::duration<double, std::milli> time =
+            std::chrono::steady_clock::now() - start;
+        times.push_back(time.count());
+    }
+    std::ranges::nth_element(times, times.begin() + medianFrames / 2);
+    return times[medianFrames / 2];
+}
+
+BENCHMARK(setHundredAndBuild)->Unit(benchmark::kMillisecond);
+BENCHMARK(setHundredUnchanged)->Unit(benchmark::kMillisecond);
+BENCHMARK(keepAndFormatHundred)->Unit(benchmark::kMillisecond);
+BENCHMARK(drawChangedFrame)->Unit(benchmark::kMillisecond);
+BENCHMARK(drawUnchangedFrame)->Unit(benchmark::kMillisecond);
+BENCHMARK(drawRectangle)->Unit(benchmark::kMillisecond);
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    QApplication application(argc, argv);
+    stage = std::make_unique<Stage>();
+    using Bound = KOLT::Bench::Figure::Bound;
+    bool met = KOLT::Bench::runAndPrint(
+        argc, argv,
+        {{"100 variables set, frame built, ms", "setHundredAndBuild", "", Bound::AtMost, 1.0},
+         {"  the same / values kept, texts formatted", "setHundredAndBuild", "keepAndFormatHundred",
+          Bound::AtMost, 10.0},
+         {"100 set to what they are / all changed", "setHundredUnchanged", "setHundredAndBuild",
+          Bound::AtMost, 0.05},
+         {"frame of 1280 x 720, all changed / rectangle", "drawChangedFrame", "drawRectangle",
+          Bound::AtMost, 15.0},
+         {"frame without changes / all changed", "drawUnchangedFrame", "drawChangedFrame",
+          Bound::AtMost, 0.9}});
+    met = KOLT::Bench::printFigure("frame of 1280 x 720, all changed, median, ms",
+                                   medianMilliseconds(), Bound::AtMost, 10.0) &&
+          met;
+    stage.reset();
+    return met ? 0 : 1;
+}

@@ -1,0 +1,245 @@
+<?xml version="1.0" encoding="UTF-8"?>
+<!-- The engine panel of the default profile. The format: docs/formats/view.md. Ranges are those of
+     the profile's thresholds; change both together. -->
+<view width="1280" height="720" background="#05070a" font="B612">
+    <font file="fonts/B612-Regular.otf"/>
+    <font file="fonts/B612-Bold.otf"/>
+
+    <!-- colours -->
+    <define name="card" value="#0e1319"/>
+    <define name="edge" value="#222b34"/>
+    <define name="green" value="#00c853"/>
+    <define name="amber" value="#ffab00"/>
+    <define name="red" value="#ff1744"/>
+    <define name="white" value="#ffffff"/>
+    <define name="grey" value="#b4bec8"/>
+    <define name="dim" value="#7c8894"/>
+    <define name="black" value="#14100a"/>
+
+    <!-- variants: the 915T has no number of its own and comes as 0 -->
+    <define name="is850" value="VARIANT == 850"/>
+    <define name="is915T" value="VARIANT == 0"/>
+
+    <!-- units: limits stay metric, only what is read is converted -->
+    <define name="imperial" value="UNIT == 1"/>
+    <define name="hPa" value="imperial ? 0.0295299831 : 1"/>
+    <define name="bar" value="imperial ? 14.5037738 : 1"/>
+    <define name="litre" value="imperial ? 0.264172052 : 1"/>
+    <define name="degree" value="imperial ? 1.8 : 1"/>
+    <define name="zero" value="imperial ? 32 : 0"/>
+
+    <!-- thresholds that depend on the variant -->
+    <define name="rpmWarning" value="is850 ? 5300 : is915T ? 5650 : 5520"/>
+    <define name="rpmLimit" value="is850 ? 5600 : is915T ? 5850 : 5800"/>
+    <define name="mapWarning" value="is850 ? 1020 : 1520"/>
+    <define name="mapLimit" value="is850 ? 1060 : 1600"/>
+    <define name="mapEnd" value="is850 ? 1200 : 1800"/>
+    <define name="oilNormal" value="is850 ? 1.5 : 2"/>
+    <define name="oilHot" value="is915T ? 125 : 120"/>
+    <define name="oilLimit" value="is915T ? 135 : 130"/>
+    <define name="coolantHot" value="is915T ? 120 : 115"/>
+    <define name="egtWarning" value="is850 ? 840 : 920"/>
+    <define name="egtLimit" value="is850 ? 900 : 950"/>
+
+    <define name="spread" value="max([EGT 1], [EGT 2], [EGT 3], [EGT 4]) - min([EGT 1], [EGT 2], [EGT 3], [EGT 4])"/>
+
+    <style name="card" fill="card" stroke="edge" thickness="1.5" corner="8"/>
+    <style name="caption" size="18" color="grey"/>
+    <style name="scale" height="14" labelSize="20" size="36"/>
+
+    <!-- engine speed -->
+    <rectangle style="card" x="12" y="12" width="400" height="404"/>
+    <gauge x="212" y="218" radius="184" value="[Engine Speed]" min="0" max="6500" major="1000"
+           minor="500" labelScale="1000" format="%.0f" state="[Engine Speed_STATE]" size="66"
+           labelSize="27" label="RPM">
+        <range from="0" to="rpmWarning" color="green"/>
+        <range from="rpmWarning" to="rpmLimit" color="amber"/>
+        <range from="rpmLimit" to="6500" color="red"/>
+        <mark at="rpmLimit" color="red"/>
+    </gauge>
+
+    <text x="212" y="150" size="20" align="center" color="dim" text="x 1000"/>
+
+    <!-- manifold pressure -->
+    <rectangle style="card" x="422" y="12" width="400" height="404"/>
+    <gauge x="622" y="218" radius="184" value="[Manifold Pressure] * hPa"
+           min="imperial ? 10 : 200" max="mapEnd * hPa" major="imperial ? 10 : 200"
+           minor="imperial ? 5 : 100" labelScale="imperial ? 1 : 100"
+           format="=imperial ? '%.1f' : '%.0f'" state="[Manifold Pressure_STATE]" size="66"
+           labelSize="27" label="=imperial ? 'MAN inHg' : 'MAN hPa'">
+        <range from="0" to="mapWarning * hPa" color="green"/>
+        <range from="mapWarning * hPa" to="mapLimit * hPa" color="amber"/>
+        <range from="mapLimit * hPa" to="mapEnd * hPa" color="red"/>
+        <mark at="mapLimit * hPa" color="red"/>
+    </gauge>
+
+    <text x="622" y="150" size="20" align="center" color="dim" visible="not imperial" text="x 100"/>
+
+    <!-- oil and coolant -->
+    <rectangle style="card" x="832" y="12" width="436" height="266"/>
+    <bar style="scale" x="852" y="84" width="396" label="OIL TEMP" unit="=imperial ? '°F' : '°C'"
+         value="[Oil Temperature]" digits="[Oil Temperature] * degree + zero" format="%.0f"
+         min="0" max="150" state="[Oil Temperature_STATE]">
+        <range from="0" to="50" color="amber"/>
+        <range from="50" to="oilHot" color="green"/>
+        <range from="oilHot" to="oilLimit" color="amber"/>
+        <range from="oilLimit" to="150" color="red"/>
+    </bar>
+    <bar style="scale" x="852" y="168" width="396" label="OIL PRESS" unit="=imperial ? 'psi' : 'bar'"
+         value="[Oil Pressure]" digits="[Oil Pressure] * bar" format="=imperial ? '%.0f' : '%.1f'"
+         min="0" max="8" state="[Oil Pressure_STATE]">
+        <range from="0" to="0.8" color="red"/>
+        <range from="0.8" to="oilNormal" color="amber"/>
+        <range from="oilNormal" to="5" color="green"/>
+        <range from="5" to="7" color="amber"/>
+        <range from="7" to="8" color="red"/>
+    </bar>
+    <bar style="scale" x="852" y="252" width="396" label="COOLANT" unit="=imperial ? '°F' : '°C'"
+         value="[Coolant Temperature A]" digits="[Coolant Temperature A] * degree + zero"
+         format="%.0f" min="0" max="140" state="[Coolant Temperature A_STATE]">
+        <range from="0" to="coolantHot" color="green"/>
+        <range from="coolantHot" to="120" color="amber"/>
+        <range from="120" to="140" color="red"/>
+    </bar>
+
+    <!-- cautions and warnings -->
+    <rectangle style="card" x="832" y="288" width="436" height="128"/>
+    <style name="warning" color="white" background="red" priority="2"/>
+    <style name="caution" color="amber" priority="1"/>
+    <annunciator x="840" y="296" width="420" height="112" rows="3" size="24">
+        <message style="warning" text="OIL PRESSURE"
+                 when="[Lamp Oil Pressure] == 1 or [Oil Pressure_STATE] == 2 and isset([Oil Pressure])"/>
+        <message style="warning" text="OVERSPEED"
+                 when="[Lamp Overspeed] == 1 or [Engine Speed_STATE] == 2"/>
+        <message style="warning" text="MANIFOLD PRESSURE" when="[Manifold Pressure_STATE] == 2"/>
+        <message style="warning" text="OIL TEMPERATURE"
+                 when="[Lamp Oil Temperature] == 1 or [Oil Temperature_STATE] == 2"/>
+        <message style="warning" text="COOLANT TEMPERATURE"
+                 when="[Lamp Coolant] == 1 or [Coolant Temperature A_STATE] == 2"/>
+        <message style="warning" text="FUEL PRESSURE"
+                 when="[Lamp Fuel Pressure] == 1 or isset([Fuel Pressure A]) and max([Fuel Pressure A_STATE], [Fuel Pressure B_STATE]) == 2"/>
+        <message style="warning" text="EXHAUST GAS"
+                 when="max([EGT 1_STATE], [EGT 2_STATE], [EGT 3_STATE], [EGT 4_STATE]) == 2"/>
+        <message style="warning" text="GENERATOR" when="[Lamp Generator] == 1"/>
+        <message style="caution" text="EXHAUST GAS HIGH"
+                 when="max([EGT 1_STATE], [EGT 2_STATE], [EGT 3_STATE], [EGT 4_STATE]) == 1"/>
+        <message style="caution" text="ENGINE SPEED HIGH" when="[Engine Speed_STATE] == 1"/>
+        <message style="caution" text="MANIFOLD PRESS HIGH" when="[Manifold Pressure_STATE] == 1"/>
+        <message style="caution" text="OIL TEMPERATURE" when="[Oil Temperature_STATE] == 1"/>
+        <message style="caution" text="OIL PRESSURE" when="[Oil Pressure_STATE] == 1"/>
+        <message style="caution" text="COOLANT HIGH" when="[Coolant Temperature A_STATE] == 1"/>
+        <message style="caution" text="FUEL PRESSURE"
+                 when="max([Fuel Pressure A_STATE], [Fuel Pressure B_STATE]) == 1"/>
+        <message style="caution" text="LANE A FAULT" when="[Lamp Lane A] == 1"/>
+        <message style="caution" text="LANE B FAULT" when="[Lamp Lane B] == 1"/>
+        <message style="caution" text="FUEL LOW" when="[Lamp Low Fuel] == 1"/>
+        <message style="caution" text="BUS VOLTAGE" when="[Bus Voltage A_STATE] == 1"/>
+        <message style="caution" text="ALTERNATOR LOAD" when="[Alternator Current_STATE] >= 1"/>
+    </annunciator>
+
+    <!-- throttle and lanes -->
+    <rectangle style="card" x="12" y="426" width="286" height="212"/>
+    <bar x="86" y="474" width="16" height="96" label="THR %" labelSize="18" size="28"
+         value="[Throttle A]" value2="[Throttle B]" format="%.0f" min="0" max="100" major="25"/>
+    <text style="caption" x="62" y="620" align="center" text="A"/>
+    <text style="caption" x="126" y="620" align="center" text="B"/>
+    <style name="lane" width="118" height="44" size="20" text="STANDBY" color="grey"/>
+    <text style="caption" x="166" y="446" text="LANE A"/>
+    <lamp style="lane" x="166" y="460" value="[Lamp Lane A] == 1 ? 2 : [Lane A Active]">
+        <case value="2" text="FAULT"/>
+        <case value="1" text="ACTIVE" color="white" background="#00703a"/>
+    </lamp>
+    <text style="caption" x="166" y="524" text="LANE B"/>
+    <lamp style="lane" x="166" y="538" value="[Lamp Lane B] == 1 ? 2 : [Lane B Active]">
+        <case value="2" text="FAULT"/>
+        <case value="1" text="ACTIVE" color="white" background="#00703a"/>
+    </lamp>
+    <text x="225" y="614" align="center" size="20" weight="bold" value="[Engine State A]" dashes="---">
+        <case value="0" text="STOPPED" color="grey"/>
+        <case value="1" text="CRANKING"/>
+        <case value="2" text="IDLE"/>
+        <case value="3" text="WARM-UP" color="amber"/>
+        <case value="4" text="CRUISE"/>
+        <case value="5" text="MAX CONT"/>
+        <case value="6" text="TAKE-OFF"/>
+        <case value="7" text="LIMP HOME" color="red"/>
+    </text>
+
+    <!-- exhaust gas -->
+    <rectangle style="card" x="308" y="426" width="330" height="212"/>
+    <style name="egt" y="494" width="30" height="96" min="300" max="1000" look="fill" labelSize="18"
+           size="26" format="%.0f"/>
+    <text style="caption" x="324" y="448" text="=imperial ? 'EGT °F' : 'EGT °C'"/>
+    <text style="caption" x="548" y="448" align="right" text="SPREAD"/>
+    <text x="620" y="448" align="right" size="28" weight="bold" value="spread * degree" format="%.0f"/>
+    <bar style="egt" x="335" label="1" value="[EGT 1]" digits="[EGT 1] * degree + zero" state="[EGT 1_STATE]">
+        <mark at="egtWarning" color="amber"/><mark at="egtLimit" color="red"/>
+    </bar>
+    <bar style="egt" x="415" label="2" value="[EGT 2]" digits="[EGT 2] * degree + zero" state="[EGT 2_STATE]">
+        <mark at="egtWarning" color="amber"/><mark at="egtLimit" color="red"/>
+    </bar>
+    <bar style="egt" x="495" label="3" value="[EGT 3]" digits="[EGT 3] * degree + zero" state="[EGT 3_STATE]">
+        <mark at="egtWarning" color="amber"/><mark at="egtLimit" color="red"/>
+    </bar>
+    <bar style="egt" x="575" label="4" value="[EGT 4]" digits="[EGT 4] * degree + zero" state="[EGT 4_STATE]">
+        <mark at="egtWarning" color="amber"/><mark at="egtLimit" color="red"/>
+    </bar>
+
+    <!-- fuel -->
+    <rectangle style="card" x="648" y="426" width="350" height="212"/>
+    <style name="small" height="12" labelSize="18" size="30"/>
+    <text style="caption" x="664" y="452" text="FUEL FLOW"/>
+    <text x="844" y="452" align="right" size="30" weight="bold" value="[Fuel Flow A] * litre" format="%.1f"/>
+    <text x="925" y="452" align="right" size="30" weight="bold" value="[Fuel Flow B] * litre" format="%.1f"/>
+    <text style="caption" x="936" y="452" text="=imperial ? 'gal/h' : 'l/h'"/>
+    <bar style="small" x="664" y="536" width="318" label="FUEL PRESS" unit="=imperial ? 'psi' : 'bar'"
+         value="[Fuel Pressure A]" value2="[Fuel Pressure B]" min="2" max="4"
+         digits="[Fuel Pressure A] * bar" digits2="[Fuel Pressure B] * bar"
+         format="=imperial ? '%.0f' : '%.1f'" state="[Fuel Pressure A_STATE]"
+         state2="[Fuel Pressure B_STATE]">
+        <range from="2" to="2.5" color="red"/>
+        <range from="2.5" to="2.8" color="amber"/>
+        <range from="2.8" to="3.3" color="green"/>
+        <range from="3.3" to="3.6" color="amber"/>
+        <range from="3.6" to="4" color="red"/>
+    </bar>
+    <text style="caption" x="664" y="612" text="FUEL USED"/>
+    <text x="925" y="612" align="right" size="30" weight="bold" value="[Fuel Used] * litre" format="%.1f"/>
+    <text style="caption" x="936" y="612" text="=imperial ? 'gal' : 'l'"/>
+
+    <!-- electrical system, hours -->
+    <rectangle style="card" x="1008" y="426" width="260" height="212"/>
+    <bar style="small" x="1024" y="486" width="228" label="VOLTAGE" unit="V" value="[Bus Voltage A]"
+         min="10" max="16" format="%.1f" state="[Bus Voltage A_STATE]">
+        <range from="10" to="11.5" color="red"/>
+        <range from="11.5" to="12.9" color="amber"/>
+        <range from="12.9" to="14.8" color="green"/>
+        <range from="14.8" to="15.5" color="amber"/>
+        <range from="15.5" to="16" color="red"/>
+    </bar>
+    <bar style="small" x="1024" y="562" width="228" label="ALTERNATOR" unit="A" value="[Alternator Current]"
+         min="0" max="45" format="%.0f" state="[Alternator Current_STATE]">
+        <range from="0" to="32" color="green"/>
+        <range from="32" to="38" color="amber"/>
+        <range from="38" to="45" color="red"/>
+    </bar>
+    <text style="caption" x="1024" y="612" text="HOURS"/>
+    <text x="1252" y="612" align="right" size="30" weight="bold" value="[Engine Hours]" format="%.1f"/>
+
+    <!-- warning lamps; the 915T has one more -->
+    <define name="pitch" value="(1256 + 8) / (is915T ? 11 : 10)"/>
+    <style name="lamp" y="648" width="pitch - 8" height="60" size="18"/>
+    <style name="red" value="1" color="white" background="red"/>
+    <style name="amber" value="1" color="black" background="amber"/>
+    <lamp style="lamp" x="12" text="OIL|PRESS" value="[Lamp Oil Pressure]"><case style="red"/></lamp>
+    <lamp style="lamp" x="12 + pitch" text="OIL|TEMP" value="[Lamp Oil Temperature]"><case style="red"/></lamp>
+    <lamp style="lamp" x="12 + 2 * pitch" text="COOLANT" value="[Lamp Coolant]"><case style="red"/></lamp>
+    <lamp style="lamp" x="12 + 3 * pitch" text="OVER-|SPEED" value="[Lamp Overspeed]"><case style="red"/></lamp>
+    <lamp style="lamp" x="12 + 4 * pitch" text="GENER-|ATOR" value="[Lamp Generator]"><case style="red"/></lamp>
+    <lamp style="lamp" x="12 + 5 * pitch" text="FUEL|PRESS" value="[Lamp Fuel Pressure]"><case style="red"/></lamp>
+    <lamp style="lamp" x="12 + 6 * pitch" text="EXHAUST|GAS" value="[Lamp Exhaust Gas]"><case style="amber"/></lamp>
+    <lamp style="lamp" x="12 + 7 * pitch" text="FUEL|LOW" value="[Lamp Low Fuel]"><case style="amber"/></lamp>
+    <lamp style="lamp" x="12 + 8 * pitch" text="LANE A" value="[Lamp Lane A]"><case style="amber"/></lamp>
+    <lamp style="lamp" x="12 + 9 * pitch" text="LANE B" value="[Lamp Lane B]"><case style="amber"/></lamp>
+    <lamp style="lamp" x="12 + 10 * pitch" text="TOW" value="[Lamp Tow]" visible="is915T"><case style="amber"/></lamp>
+</view>

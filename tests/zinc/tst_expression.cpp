@@ -1,0 +1,294 @@
+#include "libs/zinc/ExpressionCompiler.h"
+#include "libs/zinc/NumberFormat.h"
+#include "libs/zinc/VariableTable.h"
+
+#include <QTest>
+
+#include <limits>
+
+using namespace Zinc2D;
+
+namespace {
+
+/// What an expression yields, in words.
+QString inWords(const Value& value)
+{
+    return !value.isSet()   ? QStringLiteral("unset")
+           : value.isText() ? QStringLiteral("'%1'").arg(value.text())
+                            : QString::number(value.number(), 'g', 12);
+}
+
+Expression compiled(const QString& text, VariableTable& variables)
+{
+    auto result = compileExpression(text, variables);
+    return std::holds_alternative<Expression>(result) ? std::get<Expression>(result) : Expression();
+}
+
+} // namespace
+
+class TestExpression : public QObject
+{
+    Q_OBJECT
+
+private slots:
+
+    void evaluates_data();
+    void evaluates();
+    void tellsWhereItIsWrong_data();
+    void tellsWhereItIsWrong();
+    void points();
+    void hugeExpressionsAreRefused();
+    void definitionsFollowWhatTheyNeed();
+    void formats_data();
+    void formats();
+    void badFormats_data();
+    void badFormats();
+};
+
+void TestExpression::evaluates_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("result");
+    const auto row = [](const char* text, const char* result) {
+        QTest::newRow(text) << text << result;
+    };
+    // rpm = 5600, rpm_STATE = 2, zero = 0, [ECU Lane A/Oil Temp] = -3.5; nothing else is set
+    row("1 + 2 * 3", "7");
+    row("(1 + 2) * 3", "9");
+    row("10 - 4 - 3", "3");
+    row("24 / 4 / 3", "2");
+    row("7 % 4", "3");
+    row("-2 * -3 + +1", "7");
+    row("- -2", "2");
+    row("1.5e2 + .5", "150.5");
+    row("rpm > 5500 && rpm_STATE == 2", "1");
+    row("rpm > 5500 and not (rpm_STATE == 1)", "1");
+    row("rpm < 5500 or rpm_STATE != 2", "0");
+    row("rpm <= 5600 && rpm >= 5600", "1");
+    row("1 + 1 == 2 && 3 > 2", "1");
+    row("0 || 0 && 1", "0");
+    row("1 || 0 && 0", "1");
+    row("!zero", "1");
+    row("[ECU Lane A/Oil Temp] * 2", "-7");
+    row("[ ECU Lane A/Oil Temp ]", "-3.5");
+    row("rpm > 5000 ? rpm > 5500 ? 2 : 1 : 0", "2");
+    row("zero ? 1 : zero ? 2 : 3", "3");
+    row("orange + 1", "8"); // a name that begins like an operator
+    row("rpm > 1 ? 'psi' : 'bar'", "'psi'");
+    row("'a b' == 'a b'", "1");
+    row("#ff8000", "4294934528");
+    row("#80ff8000 == #ff8000", "0");
+    row("abs(-2) + min(4, 2, 3) + max(1, 5) + avg(1, 2, 6)", "12");
+    row("round(2.5) + floor(-1.5) + ceil(1.2)", "3");
+    row("sqrt(16) + clamp(9, 0, 5) + min(7)", "16");
+    // What is not set propagates ...
+    row("nothing", "unset");
+    row("nothing + 1", "unset");
+    row("-nothing", "unset");
+    row("nothing == 0", "unset");
+    row("nothing ? 1 : 2", "unset");
+    row("max(1, nothing)", "unset");
+    // ... except where the rest decides.
+    row("nothing && zero", "0");
+    row("zero && nothing", "0");
+    row("nothing || 1", "1");
+    row("nothing && 1", "unset");
+    row("nothing || 0", "unset");
+    row("zero ? nothing : 4", "4");
+    row("isset(nothing)", "0");
+    row("isset(zero)", "1");
+    row("first(nothing, also nothing, 3)", "error");
+    row("first(nothing, [also nothing], 3, 4)", "3");
+    // No result is no number.
+    row("1 / zero", "unset");
+    row("5 % zero", "unset");
+    row("sqrt(-1)", "unset");
+    row("1e308 * 10", "unset");
+    row("'a' < 'b'", "unset");
+    row("'a' == 1", "unset");
+    row("'a' + 1", "unset");
+}
+
+void TestExpression::evaluates()
+{
+    QFETCH(QString, text);
+    QFETCH(QString, result);
+    VariableTable variables;
+    variables.set("rpm", 5600.0);
+    variables.set("rpm_STATE", 2.0);
+    variables.set("zero", 0.0);
+    variables.set("orange", 7.0);
+    variables.set("ECU Lane A/Oil Temp", -3.5);
+    const auto expression = compileExpression(text, variables);
+    const auto* const good = std::get_if<Expression>(&expression);
+    QCOMPARE(good != nullptr ? inWords(good->evaluate(variables)) : QStringLiteral("error"),
+             result);
+}
+
+void TestExpression::tellsWhereItIsWrong_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<int>("offset");
+    const auto row = [](const char* text, int offset) { QTest::newRow(text) << text << offset; };
+    row("", 0);
+    row("   ", 3);
+    row("1 +", 3);
+    row("1 + * 2", 4);
+    row("(1 + 2", 6);
+    row("1 2", 2);
+    row("a b", 2);
+    row("rpm >< 2", 5);
+    row("rpm & 2", 4);
+    row("[rpm", 0);
+    row("1 + []", 4);
+    row("'text", 0);
+    row("#12", 0);
+    row("#12345g", 0);
+    row("2 * wrong(1)", 4);
+    row("abs(1, 2)", 0);
+    row("clamp(1)", 0);
+    row("min(1,)", 6);
+    row("a ? b", 5);
+    row("a ? b : ", 8);
+    row("1 = 1", 2);
+    row("\u00a7", 0);
+}
+
+void TestExpression::tellsWhereItIsWrong()
+{
+    QFETCH(QString, text);
+    QFETCH(int, offset);
+    VariableTable variables;
+    const auto expression = compileExpression(text, variables);
+    const auto* const error = std::get_if<ExpressionError>(&expression);
+    QVERIFY(error != nullptr);
+    QVERIFY(!error->message.isEmpty());
+    QCOMPARE(static_cast<int>(error->offset), offset);
+}
+
+void TestExpression::points()
+{
+    VariableTable variables;
+    variables.set("v", 3.0);
+    const auto good = compilePoints("0, -1; max(v, 1), v * 2;", variables);
+    const auto& coordinates = std::get<std::vector<Expression>>(good);
+    QStringList values;
+    for (const Expression& coordinate : coordinates)
+        values << inWords(coordinate.evaluate(variables));
+    QCOMPARE(values.join(' '), "0 -1 3 6");
+    const auto bad = compilePoints("0, 1; 2", variables);
+    QCOMPARE(std::get<ExpressionError>(bad).offset, 7);
+}
+
+void TestExpression::hugeExpressionsAreRefused()
+{
+    VariableTable variables;
+    const QString nested = QString(200, '(') + "1" + QString(200, ')');
+    const QString deep = QString("1 + (").repeated(45) + "1" + QString(45, ')');
+    const QString minus = QString(3000, '-') + "1";
+    const QString wide = "max(" + QString("1,").repeated(80) + "1)";
+    for (const QString& text : {nested, minus, wide, QString(5000, ' ') + "1"})
+        QVERIFY(std::holds_alternative<ExpressionError>(compileExpression(text, variables)));
+    QCOMPARE(inWords(compiled(deep, variables).evaluate(variables)), "46");
+    QCOMPARE(inWords(compiled(QString("1+").repeated(900) + "1", variables).evaluate(variables)),
+             "901");
+}
+
+void TestExpression::definitionsFollowWhatTheyNeed()
+{
+    VariableTable variables;
+    variables.define("spread", compiled("max(a, b) - min(a, b)", variables));
+    variables.define("isWide", compiled("spread > 10", variables));
+    variables.takeChanges();
+    QCOMPARE(inWords(variables.value("isWide")), "unset");
+
+    variables.set("a", 20.0);
+    variables.set("b", 5.0);
+    variables.set("isWide", 7.0); // no one can set what follows from others
+    QCOMPARE(variables.takeChanges().size(), 4U);
+    QCOMPARE(inWords(variables.value("isWide")), "1");
+
+    variables.set("a", 21.0); // the spread changes, whether it is wide does not
+    QCOMPARE(variables.takeChanges().size(), 2U);
+    variables.set("a", 21.0);
+    QVERIFY(!variables.hasChanges());
+    variables.set("a", std::numeric_limits<double>::quiet_NaN());
+    variables.takeChanges();
+    QCOMPARE(inWords(variables.value("isWide")), "unset");
+    variables.set("a", 1.0);
+    variables.unsetAll();
+    variables.takeChanges();
+    QCOMPARE(inWords(variables.value("b")), "unset");
+}
+
+void TestExpression::formats_data()
+{
+    QTest::addColumn<QString>("format");
+    QTest::addColumn<double>("number");
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("dashes");
+    const auto row = [](const char* format, double number, const char* text, const char* dashes) {
+        QTest::addRow("%s of %g", format, number) << format << number << text << dashes;
+    };
+    row("%.1f", 12.34, "12.3", "--.-");
+    row("%.0f", 5499.6, "5500", "---");
+    row("%.2f bar", 3.0, "3.00 bar", "--.-- bar");
+    row("%d", 2.6, "3", "---");
+    row("%04d h", 42.0, "0042 h", " --- h");
+    row("%+.1f", 2.0, "+2.0", "--.-");
+    row("%6.1f|", 2.0, "   2.0|", "  --.-|");
+    row("%-6.1f|", 2.0, "2.0   |", "  --.-|");
+    row("%.1f %%", 50.0, "50.0 %", "--.- %");
+    row("%.1f", -0.04, "0.0", "--.-");
+    row("%.0f", -0.4, "0", "---");
+    row("%d", -0.4, "0", "---");
+    row("%x", 255.0, "ff", "---");
+    row("%u", -5.0, "0", "---");
+    row("%d", 1e300, "9000000000000000000", "---");
+    row("%g", 0.5, "0.5", "---");
+    row("no number", 3.0, "no number", "no number");
+}
+
+void TestExpression::formats()
+{
+    QFETCH(QString, format);
+    QFETCH(double, number);
+    QFETCH(QString, text);
+    QFETCH(QString, dashes);
+    const std::optional<NumberFormat> parsed = NumberFormat::parse(format);
+    QVERIFY(parsed);
+    QCOMPARE(parsed->apply(number), text);
+    QCOMPARE(parsed->dashes(), dashes);
+}
+
+void TestExpression::badFormats_data()
+{
+    QTest::addColumn<QString>("format");
+    QTest::addColumn<int>("offset");
+    const auto row = [](const char* format, int offset) {
+        QTest::newRow(format) << format << offset;
+    };
+    row("%s", 0);
+    row("a %n", 2);
+    row("%*d", 0);
+    row("%.f %d", 4);
+    row("%.31f", 0);
+    row("%99d", 0);
+    row("%999999999999d", 0);
+    row("%.*f", 0);
+    row("%ld", 0);
+    row("%", 0);
+    row("50 %.", 3);
+}
+
+void TestExpression::badFormats()
+{
+    QFETCH(QString, format);
+    QFETCH(int, offset);
+    qsizetype found = -1;
+    QVERIFY(!NumberFormat::parse(format, &found));
+    QCOMPARE(static_cast<int>(found), offset);
+}
+
+QTEST_MAIN(TestExpression)
+#include "tst_expression.moc"

@@ -1,0 +1,209 @@
+#include "libs/zinc/VariableTable.h"
+#include "libs/zinc/ViewReader.h"
+#include "tests/support/TestFiles.h"
+
+#include <QTest>
+
+using namespace Zinc2D;
+
+class TestViewReader : public QObject
+{
+    Q_OBJECT
+
+private slots:
+
+    void readsElements();
+    void reports_data();
+    void reports();
+    void refusesWhatIsNoView_data();
+    void refusesWhatIsNoView();
+    void isBounded();
+    void cutFilesNeverCrash();
+
+private:
+    std::optional<ViewModel> read(const QByteArray& content)
+    {
+        const QString path = m_directory.filePath("panel.v");
+        if (!KOLT::Test::writeFile(path, content))
+            return {};
+        m_variables = VariableTable();
+        ViewReader reader(m_variables);
+        std::optional<ViewModel> model = reader.read(path);
+        m_reports.clear();
+        for (const Diagnostic& diagnostic : reader.diagnostics()) {
+            m_reports << diagnostic.text().remove(path);
+        }
+        return model;
+    }
+
+    std::optional<ViewModel> readView(const QByteArray& children)
+    {
+        return read("<view width='100' height='50'>" + children + "</view>");
+    }
+
+    QTemporaryDir m_directory;
+    VariableTable m_variables;
+    QStringList m_reports;
+};
+
+void TestViewReader::readsElements()
+{
+    KOLT::Test::writeFile(m_directory.filePath("logo.png"), "not read here");
+    const auto model = read(R"(<?xml version="1.0" encoding="UTF-8"?>
+<view width="1280" height="720" background="#102030" font="Some Font">
+    <!-- a comment -->
+    <define name="hot" value="[Oil Temperature] &gt; 120 &amp;&amp; 1"/>
+    <style name="small" size="12" color="#ff0000"/>
+    <group x="10"><group rotate="[Angle]"><circle x="0" y="0" radius="5"/></group></group>
+    <text x="1" y="2" style="small" size="20" text="a &lt; b"/>
+    <text x="1" y="2" style="small" text="=hot ? 'HOT' : ''"/>
+    <image x="0" y="0" width="10" height="10" file="logo.png"/>
+    <gauge x="1" y="1" radius="9" value="v" min="0" max="9"><range from="0" to="1" color="#ff"/>
+        <mark at="3" color="#00ff00"/></gauge>
+</view>)");
+    QVERIFY(model);
+    QCOMPARE(m_reports, QStringList{":10:91: a colour is written as #rrggbb or #aarrggbb"});
+    QCOMPARE(model->size, QSizeF(1280, 720));
+    QCOMPARE(model->background.constant.number(), double(0xff102030));
+    QCOMPARE(model->elements.size(), 7U);
+    QCOMPARE(model->elements[2].parent, 1);
+    QCOMPARE(model->elements[1].parent, 0);
+    const Element& text = model->elements[3];
+    QCOMPARE(text.find(Property::Text)->text, "a < b");
+    QCOMPARE(text.find(Property::Size)->constant.number(), 20.0); // its own wins
+    QCOMPARE(text.find(Property::Color)->constant.number(), double(0xffff0000));
+    QCOMPARE(model->elements[5].find(Property::File)->text, m_directory.filePath("logo.png"));
+    QCOMPARE(model->elements[6].parts.size(), 2U); // the range stays, with the usual colour
+    m_variables.set("Oil Temperature", 130);
+    m_variables.takeChanges();
+    QCOMPARE(
+        model->elements[4].find(Property::Text)->expressions.at(0).evaluate(m_variables).text(),
+        "HOT");
+}
+
+void TestViewReader::reports_data()
+{
+    QTest::addColumn<QByteArray>("children");
+    QTest::addColumn<QStringList>("reports");
+    QTest::addColumn<int>("kept"); // elements that are drawn all the same
+    const auto row = [](const char* name, const char* children, const QStringList& reports,
+                        int kept) {
+        QTest::newRow(name) << QByteArray("\n") + children + "\n<circle x='1' y='1' radius='1'/>"
+                            << reports << kept + 1;
+    };
+    row("unknown element", " <dial x='1'><text/></dial>", {":2:3: there is no element \"dial\""},
+        0);
+    row("unknown attribute", "<line x='1' y='1' x2='2' y2='2' colour='#ff0000'/>",
+        {":2:41: \"line\" has no \"colour\""}, 1);
+    row("missing attribute", "<group>\n   <line x='1' y='1' x2='2'/>\n</group>",
+        {":3:5: \"y2\" is missing"}, 1);
+    row("broken expression", "<text x='1' y='2' value='rpm +'/>",
+        {":2:31: the expression ends too early"}, 1);
+    row("behind entities", "<text x='1' y='2' value='a &lt; 1 &amp;&amp; *'/>",
+        {":2:46: \"*\" is not expected here"}, 1);
+    row("in a text", "<text x='1' y='2' text='=1 +* 2'/>", {":2:29: \"*\" is not expected here"},
+        1);
+    row("on a later line", "<text x='1'\n  y='2'\n  color = \"#ff\"/>",
+        {":4:12: a colour is written as #rrggbb or #aarrggbb"}, 1);
+    row("bad format", "<text x='1' y='2' value='v' format='%.1f %s'/>",
+        {":2:42: this is no number format"}, 1);
+    row("bad word", "<text x='1' y='2' text='a' align='middle'/>",
+        {":2:35: \"middle\" is none of: left center right"}, 1);
+    row("missing file", "<image x='0' y='0' width='1' height='1' file='none.png'/>",
+        {":2:47: there is no file \"none.png\""}, 0 + 1);
+    row("missing style", "<text x='1' y='2' text='a' style='big'/>",
+        {":2:35: there is no style \"big\""}, 1);
+    row("fault of a style", "<style name='s' size='1 +'/>\n<text x='1' y='2' style='s'/>",
+        {":2:26: the expression ends too early"}, 1);
+    row("part outside", "<range from='0' to='1' color='#ffffff'/>",
+        {":2:2: \"range\" stands only in another element"}, 0);
+    row("wrong part", "<lamp x='1' y='1' width='1' height='1' value='1'><range/></lamp>",
+        {":2:51: \"lamp\" has no \"range\" in it"}, 1);
+    row("part without all",
+        "<annunciator x='1' y='1' width='1' height='1'><message when='1'/>"
+        "</annunciator>",
+        {":2:48: \"text\" is missing"}, 1);
+    row("late definition", "<text x='1' y='1' value='a'/><define name='a' value='1'/>",
+        {":2:31: \"a\" is used before it is defined"}, 1);
+    row("circular definition", "<define name='a' value='a + 1'/>",
+        {":2:2: \"a\" is used before it is defined"}, 0);
+    row("crossed definitions", "<define name='a' value='b'/><define name='b' value='a'/>",
+        {":2:30: \"b\" is used before it is defined"}, 0);
+    row("empty definition", "<define name=' ' value='1'/>",
+        {":2:2: a definition needs \"name\" and \"value\""}, 0);
+    row("bad points", "<polygon points='0,0; 1,1; 2'/>", {":2:29: a point needs \"x, y\""}, 1);
+    row("several", "<a/><b/>\n<c/>",
+        {":2:2: there is no element \"a\"", ":2:6: there is no element \"b\"",
+         ":3:2: there is no element \"c\""},
+        0);
+}
+
+void TestViewReader::reports()
+{
+    QFETCH(QByteArray, children);
+    QFETCH(QStringList, reports);
+    QFETCH(int, kept);
+    const auto model = readView(children);
+    QVERIFY(model);
+    QCOMPARE(m_reports, reports);
+    QCOMPARE(static_cast<int>(model->elements.size()), kept);
+}
+
+void TestViewReader::refusesWhatIsNoView_data()
+{
+    QTest::addColumn<QByteArray>("content");
+    QTest::addColumn<QString>("place");
+    const auto row = [](const char* name, const QByteArray& content, const char* place) {
+        QTest::newRow(name) << content << place;
+    };
+    row("empty", "", ":1:1:");
+    row("no XML", "engine", ":1:");
+    row("other root", "<?xml version='1.0'?>\n <project/>", ":2:3:");
+    row("no size", "<view width='100'></view>", ":1:2:");
+    row("no area", "<view width='100' height='-1'></view>", ":1:2:");
+    row("infinite", "<view width='inf' height='1'></view>", ":1:2:");
+    row("cut", "<view width='1' height='1'>\n<group>", ":2:8:");
+    row("not well formed", "<view width='1' height='1'>\n<group></view>", ":2:");
+    row("binary", QByteArray("\0\1\2\3", 4), ":1:");
+}
+
+void TestViewReader::refusesWhatIsNoView()
+{
+    QFETCH(QByteArray, content);
+    QFETCH(QString, place);
+    QVERIFY(!read(content));
+    QVERIFY2(!m_reports.isEmpty() && m_reports.last().startsWith(place),
+             qPrintable(m_reports.join('\n')));
+    VariableTable variables;
+    ViewReader reader(variables);
+    QVERIFY(!reader.read(m_directory.filePath("missing.v")));
+    QCOMPARE(reader.diagnostics().size(), 1U);
+}
+
+void TestViewReader::isBounded()
+{
+    QVERIFY(readView(QByteArray("<group>").repeated(100) + QByteArray("</group>").repeated(100)));
+    QCOMPARE(m_reports.size(), 1);
+    const auto many = readView(QByteArray("<circle x='0' y='0' radius='1'/>").repeated(30'000));
+    QVERIFY(many);
+    QCOMPARE(many->elements.size(), 20'000U);
+    QCOMPARE(m_reports.size(), 200);
+}
+
+void TestViewReader::cutFilesNeverCrash()
+{
+    const QByteArray whole =
+        "<view width='9' height='9'><define name='a' value='b+1'/><style name='s' size='3'/>"
+        "<group x='[c d]'><text x='1' y='1' text='=a > 2 ? &apos;x&apos; : &apos;&apos;'/>"
+        "<lamp x='1' y='1' width='2' height='2' value='v'><case value='1' text='on'/></lamp>"
+        "</group></view>";
+    for (qsizetype length = 0; length < whole.size(); ++length) {
+        QVERIFY(!read(whole.left(length)));
+        QVERIFY(!m_reports.isEmpty());
+    }
+    QVERIFY(read(whole));
+    QCOMPARE(m_reports, QStringList());
+}
+
+QTEST_MAIN(TestViewReader)
+#include "tst_viewreader.moc"
