@@ -3,6 +3,7 @@
 #include "app/base/Csv.h"
 #include "export/ExportClock.h"
 #include "export/ExportFile.h"
+#include "export/NumberText.h"
 #include "export/SampleWalker.h"
 #include "profile/ValueDecoder.h"
 
@@ -10,8 +11,9 @@
 
 #include <algorithm>
 #include <array>
-#include <charconv>
+#include <bit>
 #include <cmath>
+#include <cstdint>
 #include <map>
 #include <string>
 
@@ -38,20 +40,23 @@ public:
 
     void append(std::string& text, double number, int decimals) const
     {
-        std::array<char, 400> digits; // NOLINT(cppcoreguidelines-pro-type-member-init)
-        const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), number,
-                                       std::chars_format::fixed, decimals);
+        const std::size_t start = text.size();
+        appendFixed(text, number, decimals);
         if (m_hasComma)
-            std::replace(digits.data(), end.ptr, '.', ',');
-        text.append(digits.data(), end.ptr);
+            std::replace(text.begin() + static_cast<std::ptrdiff_t>(start), text.end(), '.', ',');
     }
 
-    /// The value as all of the program prints it.
-    void append(std::string& text, const ProfileParameter& parameter, const MessageData& data) const
+    /// The value as all of the program prints it; `number` was decoded from `data`.
+    void append(std::string& text, const ProfileParameter& parameter, const MessageData& data,
+                double number) const
     {
-        const double number = decodeNumber(data, parameter);
         if (parameter.rule == DecodingRule::Float && std::isfinite(number)) {
             append(text, m_profile.convertUnit(parameter, number), parameter.precision);
+            return;
+        }
+        if (parameter.rule == DecodingRule::Integer &&
+            parameter.dataType != static_cast<int>(DataType::ULong)) {
+            appendFixed(text, number, 0);
             return;
         }
         QString other = textOf(m_profile, parameter, data, number);
@@ -79,9 +84,13 @@ public:
             const auto [place, isNew] = messageOfId.emplace(parameter->id, m_messages.size());
             if (isNew)
                 m_messages.push_back({SampleWalker(seriesOf(dataSet.messages, *parameter)), {}});
-            m_messages[place->second].columns.push_back(m_texts.size());
-            m_parameters.push_back(parameter);
-            m_texts.emplace_back(1, format.separator());
+            m_messages[place->second].columns.push_back(m_columns.size());
+            // The number of a scaled ULONG is narrower than its text.
+            const bool isTextOfNumber =
+                parameter->rule == DecodingRule::BitField || parameter->rule == DecodingRule::Float;
+            m_columns.push_back(
+                {parameter, std::string(1, format.separator()), {}, isTextOfNumber, 0});
+            setHead(m_columns.back());
         }
     }
 
@@ -93,28 +102,70 @@ public:
                 (before == nullptr || before->data != message.walker.sample()->data))
                 decode(message);
         }
-        for (const std::string& text : m_texts)
-            line += text;
+        appendTexts(line);
     }
 
 private:
+    static constexpr std::size_t headBytes = 16;
+
     struct Message
     {
         SampleWalker walker;
         std::vector<std::size_t> columns;
     };
 
+    struct Column
+    {
+        const ProfileParameter* parameter;
+        std::string text;                   ///< with the separator before it
+        std::array<char, headBytes> head{}; ///< its beginning once more, to be copied in one go
+        bool isTextOfNumber;                ///< the same number gives the same text
+        std::uint64_t bits;                 ///< of the number that the text was made from
+    };
+
     void decode(const Message& message)
     {
-        for (const std::size_t column : message.columns) {
-            m_texts[column].resize(1); // the separator
-            m_format.append(m_texts[column], *m_parameters[column], message.walker.sample()->data);
+        const MessageData& data = message.walker.sample()->data;
+        for (const std::size_t index : message.columns) {
+            Column& column = m_columns[index];
+            const double number = decodeNumber(data, *column.parameter);
+            const auto bits = std::bit_cast<std::uint64_t>(number); // tells the two zeros apart
+            if (column.isTextOfNumber && bits == column.bits && column.text.size() > 1)
+                continue;
+            column.bits = bits;
+            column.text.resize(1);
+            m_format.append(column.text, *column.parameter, data, number);
+            setHead(column);
         }
     }
 
+    static void setHead(Column& column)
+    {
+        std::copy_n(column.text.data(), std::min(column.text.size(), headBytes),
+                    column.head.data());
+    }
+
+    /// Nearly all texts are short. Copying a head of fixed size, and going on by the size that
+    /// counts, costs a fraction of appending each.
+    void appendTexts(std::string& line) const
+    {
+        const std::size_t start = line.size();
+        std::size_t most = headBytes;
+        for (const Column& column : m_columns)
+            most += column.text.size();
+        line.resize(start + most);
+        char* next = line.data() + start;
+        for (const Column& column : m_columns) {
+            std::copy_n(column.head.data(), headBytes, next);
+            if (column.text.size() > headBytes)
+                std::copy(column.text.begin() + headBytes, column.text.end(), next + headBytes);
+            next += column.text.size();
+        }
+        line.resize(static_cast<std::size_t>(next - line.data()));
+    }
+
     const CellFormat& m_format;
-    std::vector<const ProfileParameter*> m_parameters;
-    std::vector<std::string> m_texts; ///< with the separator before it
+    std::vector<Column> m_columns;
     std::vector<Message> m_messages;
 };
 
@@ -176,8 +227,10 @@ double CsvWriter::estimatedBytes() const
         if (series.empty())
             continue;
         std::string text;
-        for (std::size_t i = 0; i < probes; ++i)
-            format.append(text, *parameter, series[series.size() * i / probes].data);
+        for (std::size_t i = 0; i < probes; ++i) {
+            const MessageData& data = series[series.size() * i / probes].data;
+            format.append(text, *parameter, data, decodeNumber(data, *parameter));
+        }
         const double held = span > 0.0 ? (m_dataSet.stopSeconds - series[0].seconds()) / span : 1.0;
         rowBytes += static_cast<double>(text.size()) / probes * std::clamp(held, 0.0, 1.0);
     }

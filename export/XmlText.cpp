@@ -1,7 +1,6 @@
 #include "export/XmlText.h"
 
-#include <array>
-#include <charconv>
+#include "export/NumberText.h"
 
 namespace KOLT {
 
@@ -25,10 +24,9 @@ QString xmlText(const QString& text)
 
 QString fixedText(double value, int decimals)
 {
-    std::array<char, 400> buffer; // NOLINT(cppcoreguidelines-pro-type-member-init): DBL_MAX fits
-    const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value,
-                                   std::chars_format::fixed, decimals);
-    return QString::fromLatin1(buffer.data(), end.ptr - buffer.data());
+    std::string text;
+    appendFixed(text, value, decimals);
+    return QString::fromLatin1(text.data(), static_cast<qsizetype>(text.size()));
 }
 
 } // namespace KOLT

@@ -4,6 +4,7 @@
 #include "export/FlightPath.h"
 #include "export/GpxWriter.h"
 #include "export/KmlWriter.h"
+#include "export/NumberText.h"
 #include "profile/ValueDecoder.h"
 #include "tests/support/ProfileFixture.h"
 #include "tests/support/RecordingFixture.h"
@@ -17,8 +18,11 @@
 #include <QRegularExpression>
 #include <QTest>
 
+#include <array>
+#include <bit>
 #include <cmath>
 #include <csignal>
+#include <cstdio>
 #include <limits>
 #include <random>
 #include <sys/resource.h>
@@ -104,6 +108,7 @@ class TestExport : public QObject
 
 private slots:
     void init();
+    void numbersAsPrintf();
     void csvToTheByte();
     void csvReadByPython_data();
     void csvReadByPython();
@@ -216,6 +221,32 @@ QString TestExport::readByGdal(const QByteArray& content, const QString& suffix)
 {
     const QString path = m_directory.filePath("read." + suffix);
     return writeFile(path, content) ? outputOf("ogrinfo", {"-ro", "-al", path}) : QString();
+}
+
+void TestExport::numbersAsPrintf()
+{
+    std::mt19937_64 random(3);
+    std::vector<double> numbers{
+        0.0, -0.0,          0.5,    -0.5,   1.5, 2.5,   0.125,
+        1e9, 999'999'999.5, -1e-30, 99.995, 0.1, 1e300, std::numeric_limits<double>::denorm_min()};
+    for (int i = 0; i < 20'000; ++i) {
+        const auto bits = static_cast<std::uint32_t>(random());
+        const auto single = std::bit_cast<float>(bits);
+        if (std::isfinite(single))
+            numbers.push_back(single);
+        numbers.push_back(static_cast<double>(static_cast<int>(bits)) / 65'536.0); // many ties
+        numbers.push_back(static_cast<double>(bits % 1'000'000) / 1000.0);
+    }
+    std::array<char, 400> expected{};
+    for (const double number : numbers) {
+        for (const int decimals : {0, 1, 2, 3, 6, 9, 12}) {
+            std::snprintf(expected.data(), expected.size(), "%.*f", decimals, number);
+            std::string text = "x";
+            appendFixed(text, number, decimals);
+            if (text.substr(1) != expected.data())
+                QCOMPARE(QByteArray::fromStdString(text).mid(1), QByteArray(expected.data()));
+        }
+    }
 }
 
 void TestExport::csvToTheByte()
