@@ -150,11 +150,15 @@ void TestExportDialogs::kmlOptionsReachFileAndSettings()
     QVERIFY(content.contains("<color>ff030201</color>"));
     QCOMPARE(content.count("<LineString>"), 1);
     QCOMPARE(content.count("<Point>"), 3);
-    const QByteArray stored = readFile(m_directory->filePath("KOLT.ini"));
-    for (const char* setting :
-         {"id=\"KmlLineWidth\" value=\"9\"", "id=\"KmlPlaceMarkIntervall\" value=\"100\"",
-          "id=\"KmlPolygonOn\" value=\"false\"", "id=\"KmlLineColor\" value=\"010203\""})
-        QVERIFY2(stored.contains(setting), setting);
+    SettingsStore stored;
+    stored.setFileName(SettingsStore::instance().fileName());
+    const DiagnosticsCapture output;
+    stored.load();
+    QCOMPARE(stored.getInteger("KmlLineWidth", 0), 9);
+    QCOMPARE(stored.getInteger("KmlPlaceMarkIntervall", 0), 100);
+    QCOMPARE(stored.getBoolean("KmlPolygonOn", true), false);
+    QCOMPARE(stored.getText("KmlLineColor"), QByteArray("010203"));
+    QCOMPARE(stored.getText("KmlExportDir"), m_directory->path().toUtf8());
     // The next dialog begins with them.
     open("kml");
     QCOMPARE(find<QSpinBox>("KmlLineWidth")->value(), 9);
