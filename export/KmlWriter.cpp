@@ -5,6 +5,7 @@
 #include "export/ExportFile.h"
 #include "export/FlightPath.h"
 #include "export/KmlDescription.h"
+#include "export/KmlStyles.h"
 #include "export/XmlText.h"
 
 #include <QCoreApplication>
@@ -23,27 +24,12 @@ using Kind = PathSection::Kind;
 
 constexpr auto kmlNamespace = "http://www.opengis.net/kml/2.2";
 constexpr auto extensionNamespace = "http://www.google.com/kml/ext/2.2";
-constexpr auto dotIcon = "http://maps.google.com/mapfiles/kml/shapes/shaded_dot.png";
-constexpr auto cautionIcon = "http://maps.google.com/mapfiles/kml/shapes/caution.png";
-constexpr double dotScale = 0.5;
-constexpr double cautionScale = 0.8;
-constexpr int opaque = 255;
 
 /// Longitude, latitude and altitude; about a centimetre, and a decimetre.
 QString coordinates(const TrackPoint& point, QChar separator)
 {
     return fixedText(point.longitude, 7) + separator + fixedText(point.latitude, 7) + separator +
            fixedText(point.altitude, 1);
-}
-
-/// Opacity, blue, green, red: the other way round than everywhere else.
-QString kmlColor(const QColor& color, int alpha)
-{
-    return QStringLiteral("%1%2%3%4")
-        .arg(alpha, 2, 16, QLatin1Char('0'))
-        .arg(color.blue(), 2, 16, QLatin1Char('0'))
-        .arg(color.green(), 2, 16, QLatin1Char('0'))
-        .arg(color.red(), 2, 16, QLatin1Char('0'));
 }
 
 /// One document in the making. Operations that return false were told to stop.
@@ -78,9 +64,6 @@ private:
     bool writeFolders();
     bool endDocument();
     void findMarks();
-    void writeStyles();
-    void writeLineStyle(const char* id, int width, const QColor& color, int alpha);
-    void writeIconStyle(const char* id, const QColor& color, double scale, const char* icon);
     bool writeSection(const PathSection& section, const Marks& marks);
     bool writePath(Points points, const QString& name, const char* style, bool isCurtain);
     bool writeCoordinates(Points piece);
@@ -140,7 +123,7 @@ bool KmlDocument::write(const QString& title)
     begin("Document");
     element("name", title);
     element("open", QStringLiteral("1"));
-    writeStyles();
+    writeKmlStyles(m_xml, m_options);
     return (m_sections.size() == 1 ? writeSection(m_sections[0], m_marks[0]) : writeFolders()) &&
            endDocument();
 }
@@ -200,52 +183,6 @@ void KmlDocument::writeAltitudeMode()
 {
     element("altitudeMode",
             m_hasAltitude ? QStringLiteral("absolute") : QStringLiteral("clampToGround"));
-}
-
-void KmlDocument::writeStyles()
-{
-    writeLineStyle("path", m_options.lineWidth, m_options.lineColor, m_options.lineAlpha);
-    begin("Style");
-    m_xml.writeAttribute(QStringLiteral("id"), QStringLiteral("curtain"));
-    begin("LineStyle"); // the path has a line of its own
-    element("color", kmlColor(m_options.polygonColor, 0));
-    end();
-    begin("PolyStyle");
-    element("color", kmlColor(m_options.polygonColor, m_options.polygonAlpha));
-    element("outline", QStringLiteral("0"));
-    end();
-    end();
-    writeIconStyle("place", m_options.placeMarkColor, dotScale, dotIcon);
-    writeIconStyle("error", m_options.errorMarkColor, cautionScale, cautionIcon);
-}
-
-void KmlDocument::writeLineStyle(const char* id, int width, const QColor& color, int alpha)
-{
-    begin("Style");
-    m_xml.writeAttribute(QStringLiteral("id"), QLatin1String(id));
-    begin("LineStyle");
-    element("color", kmlColor(color, alpha));
-    element("width", QString::number(width));
-    end();
-    end();
-}
-
-void KmlDocument::writeIconStyle(const char* id, const QColor& color, double scale,
-                                 const char* icon)
-{
-    begin("Style");
-    m_xml.writeAttribute(QStringLiteral("id"), QLatin1String(id));
-    begin("IconStyle");
-    element("color", kmlColor(color, opaque));
-    element("scale", fixedText(scale, 1));
-    begin("Icon");
-    element("href", QLatin1String(icon));
-    end();
-    end();
-    begin("LabelStyle");
-    element("scale", QStringLiteral("0")); // hundreds of times would cover the map
-    end();
-    end();
 }
 
 bool KmlDocument::writeSection(const PathSection& section, const Marks& marks)
