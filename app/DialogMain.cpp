@@ -68,9 +68,7 @@ DialogMain::DialogMain()
         m_actions->createMenus();
         m_actions->setRecentFolders(m_recentFolders.folders());
     }
-    // There is nothing to export with yet.
-    for (const Command command : {Command::ExportKml, Command::ExportCsv})
-        (*m_actions)[command]->setEnabled(false);
+    enableExports();
     createToolBar();
     m_dataInWords = new QLabel(this);
     statusBar()->addPermanentWidget(m_dataInWords);

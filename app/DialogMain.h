@@ -2,6 +2,7 @@
 
 #include "app/JobQueue.h"
 #include "app/RecentFolders.h"
+#include "export/ExportName.h"
 #include "profile/Profile.h"
 #include "record/CardContainer.h"
 
@@ -21,6 +22,8 @@ class QSplitter;
 class QToolBar;
 
 namespace KOLT {
+
+enum class Command;
 
 class DialogAbout;
 class DialogCard;
@@ -117,6 +120,9 @@ private:
     QString nameOf(const Choice& choice) const;
     Files filesOf(const Choice& choice) const;
     void openDaySheet();
+    void enableExports();
+    static ExportSubject subjectOf(const Choice& choice);
+    void startExport(Command command);
     void tellUnreadFiles();
     void showDataInWords(const Choice& choice);
     void refreshTitle();
@@ -126,6 +132,7 @@ private:
     JobQueue m_jobs;
     RecentFolders m_recentFolders;
     Choice m_choice;
+    ExportSubject m_subject;    ///< where the loaded data came from
     std::set<QString> m_wanted; ///< full names of the selected parameters, of all variants
     EndProcess m_endProcess;
     QString m_notice; ///< what is wrong with a page, told once

@@ -93,7 +93,9 @@ void DialogMain::slotMenu(QAction* action)
         break;
     case Command::ExportKml:
     case Command::ExportCsv:
-        break; // disabled
+    case Command::ExportGpx:
+        m_jobs.run([this, id] { startExport(static_cast<Command>(id)); });
+        break;
     }
 }
 
@@ -203,11 +205,13 @@ void DialogMain::loadNow(const Choice& choice)
         }
     }
     m_progress->end();
+    enableExports();
     if (m_card.dataSet() == nullptr) {
         m_data->clear();
         return;
     }
     m_choice = choice;
+    m_subject = subjectOf(choice);
     if (auto* const picked = std::get_if<CycleChoice>(&m_choice);
         picked != nullptr && picked->flight >= 0 && m_card.dataSet()->flight() == nullptr) {
         picked->flight = -1;

@@ -52,12 +52,18 @@ MainActions::MainActions(QMainWindow& window)
     create(Command::ExportKml, tr("Export Google KML File"), {},
            tr("Export Google Earth KML File"));
     create(Command::ExportCsv, tr("Export CSV File"), {}, tr("Export CSV File"));
+    create(Command::ExportGpx, tr("Export GPX File"), {},
+           tr("Export the flights as tracks to a GPX file"));
     create(Command::DaySheet, tr("Day Sheet"), {}, tr("Show the flights of the day as a sheet"));
-    const std::pair<Command, const char*> icons[] = {
-        {Command::OpenDataFolder, "open-folder"}, {Command::ExportKml, "export-kml"},
-        {Command::ExportCsv, "export-csv"},       {Command::DaySheet, "day-sheet"},
-        {Command::Preferences, "preferences"},    {Command::About, "about"},
-        {Command::ProfileInfo, "profile"},        {Command::Help, "help"}};
+    const std::pair<Command, const char*> icons[] = {{Command::OpenDataFolder, "open-folder"},
+                                                     {Command::ExportKml, "export-kml"},
+                                                     {Command::ExportCsv, "export-csv"},
+                                                     {Command::ExportGpx, "gpx-export"},
+                                                     {Command::DaySheet, "day-sheet"},
+                                                     {Command::Preferences, "preferences"},
+                                                     {Command::About, "about"},
+                                                     {Command::ProfileInfo, "profile"},
+                                                     {Command::Help, "help"}};
     for (const auto& [command, name] : icons)
         m_actions[command]->setIcon(icon(QLatin1String(name)));
 }
@@ -83,8 +89,8 @@ void MainActions::createMenus()
     m_recentEnd = m_fileMenu->addSeparator();
     m_fileMenu->addAction(m_actions[Command::Quit]);
     QMenu* const extras = m_window.menuBar()->addMenu(tr("&Extras"));
-    for (const Command command :
-         {Command::Preferences, Command::ExportKml, Command::ExportCsv, Command::DaySheet})
+    for (const Command command : {Command::Preferences, Command::ExportKml, Command::ExportCsv,
+                                  Command::ExportGpx, Command::DaySheet})
         extras->addAction(m_actions[command]);
     connect(extras, &QMenu::aboutToShow, this, &MainActions::signalExtrasAboutToShow);
     QMenu* const help = m_window.menuBar()->addMenu(tr("&Help"));

@@ -24,7 +24,8 @@ enum class Command {
     Preferences = 15,
     ExportKml = 17,
     ExportCsv = 18,
-    DaySheet = 20
+    DaySheet = 20,
+    ExportGpx = 21
 };
 
 /// Creates the actions of all commands and places them. All of them belong to the window, so that

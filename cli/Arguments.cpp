@@ -1,5 +1,6 @@
 #include "cli/Arguments.h"
 
+#include "cli/ExportArguments.h"
 #include "cli/Verbs.h"
 
 #include <QCommandLineParser>
@@ -39,11 +40,20 @@ QStringList withSingleFiles(const QStringList& arguments)
     return result;
 }
 
+bool isExport(const Verb& verb)
+{
+    return QLatin1String(verb.name) == QLatin1String("export");
+}
+
 void addOptions(QCommandLineParser& parser, const Verb& verb)
 {
     const auto add = [&](const char* name, const char* description, const char* value = "") {
         parser.addOption({QLatin1String(name), QLatin1String(description), QLatin1String(value)});
     };
+    if (isExport(verb))
+        parser.addPositionalArgument(QStringLiteral("format"),
+                                     QStringLiteral("Kind of the file: csv, kml or gpx."),
+                                     QStringLiteral("csv|kml|gpx"));
     parser.addPositionalArgument(QStringLiteral("folder"),
                                  QStringLiteral("The card, or a copy of it."),
                                  QStringLiteral("FOLDER"));
@@ -62,12 +72,15 @@ void addOptions(QCommandLineParser& parser, const Verb& verb)
         add("parameter", "The parameter, as \"Device/Name\".", "NAME");
     if (QLatin1String(verb.name) == QLatin1String("events"))
         add("lamps", "Warning lamps only.");
+    if (isExport(verb))
+        addExportOptions(parser);
 }
 
 /// The toolkit's help, with the verb in its place.
-QString helpOf(const QString& verb, const QCommandLineParser& parser)
+QString helpOf(const Verb& verb, const QCommandLineParser& parser)
 {
-    return QStringLiteral("Usage: kolt-cli ") + verb + QStringLiteral(" FOLDER [options]\n") +
+    return QStringLiteral("Usage: kolt-cli %1 %2FOLDER [options]\n")
+               .arg(QLatin1String(verb.name), QLatin1String(isExport(verb) ? "csv|kml|gpx " : "")) +
            parser.helpText().section(QLatin1Char('\n'), 1);
 }
 
@@ -76,11 +89,13 @@ QString readChoice(const QCommandLineParser& parser, Arguments& arguments)
 {
     const bool hasCycle = parser.isSet(QStringLiteral("cycle"));
     const bool hasFiles = parser.isSet(QStringLiteral("files"));
-    if (hasCycle == hasFiles)
+    if (arguments.all && (hasCycle || hasFiles))
+        return QStringLiteral("--all goes with neither --cycle nor --files");
+    if (!arguments.all && hasCycle == hasFiles)
         return QStringLiteral("give either --cycle or --files");
     if (hasFiles) {
         arguments.files = parser.values(QStringLiteral("files"));
-    } else {
+    } else if (hasCycle) {
         bool ok = false;
         arguments.cycle = parser.value(QStringLiteral("cycle")).toInt(&ok);
         if (!ok)
@@ -121,12 +136,15 @@ ParseResult parseArguments(const QStringList& commandLine)
     parser.setApplicationDescription(QLatin1String(verb->description));
     addOptions(parser, *verb);
     const bool isParsed = parser.parse(QStringList{QStringLiteral("kolt-cli ") + name} +
-                                       withSingleFiles(given.mid(1)));
+                                       withSingleFiles(withSettingNames(given.mid(1))));
     if (!isParsed)
         return {{}, {}, parser.errorText()};
     if (parser.isSet(QStringLiteral("help")))
-        return {{}, helpOf(name, parser), {}};
-    const QStringList folders = parser.positionalArguments();
+        return {{}, helpOf(*verb, parser), {}};
+    QStringList folders = parser.positionalArguments();
+    if (isExport(*verb) && folders.isEmpty())
+        return {{}, {}, QStringLiteral("give csv, kml or gpx, and the folder")};
+    const QString format = isExport(*verb) ? folders.takeFirst() : QString();
     if (folders.isEmpty() && !given.filter(QStringLiteral("--files")).isEmpty())
         return {{}, {}, QStringLiteral("give the folder before --files")};
     if (folders.size() != 1)
@@ -141,7 +159,10 @@ ParseResult parseArguments(const QStringList& commandLine)
     const bool isValues = name == QLatin1String("values");
     arguments.parameter = valueOf(parser, QStringLiteral("parameter"), isValues);
     arguments.lampsOnly = name == QLatin1String("events") && parser.isSet(QStringLiteral("lamps"));
-    const QString error = verb->choosesFiles ? readChoice(parser, arguments) : QString();
+    arguments.all = isExport(*verb) && parser.isSet(QStringLiteral("all"));
+    QString error = verb->choosesFiles ? readChoice(parser, arguments) : QString();
+    if (error.isEmpty() && isExport(*verb))
+        error = readExport(parser, format, arguments);
     if (!error.isEmpty())
         return {{}, {}, error};
     if (isValues && arguments.parameter.isEmpty())

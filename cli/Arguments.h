@@ -4,11 +4,15 @@
 #include <QStringList>
 
 #include <optional>
+#include <utility>
+#include <vector>
 
 /// What the user asked of kolt-cli.
 namespace KOLT::Cli {
 
 struct Verb;
+
+enum class ExportFormat { Csv, Kml, Gpx };
 
 struct Arguments
 {
@@ -21,6 +25,14 @@ struct Arguments
     bool imperial = false;
     QString parameter;
     bool lampsOnly = false;
+
+    // Of the verb "export".
+    ExportFormat format = ExportFormat::Csv;
+    QString output;            ///< file, or folder when all flights are exported
+    bool all = false;          ///< every flight of the card, in place of cycle and files
+    std::optional<int> flight; ///< of the cycle, from 1
+    QStringList selection;     ///< full names of the selected parameters
+    std::vector<std::pair<QByteArray, QByteArray>> settings; ///< key and value
 };
 
 /// Either arguments, or a help text, or what is wrong with the command line.

@@ -2,7 +2,6 @@
 
 #include "app/base/Diagnostics.h"
 #include "app/settings/DataPaths.h"
-#include "app/settings/SettingsStore.h"
 
 #include <QCoreApplication>
 #include <QFile>
@@ -29,16 +28,21 @@ QString installedProfile()
 
 QString installedVariant()
 {
-    SettingsStore& settings = SettingsStore::instance();
-    const QByteArray file = DataPaths::instance().dataPath() + "/KOLT.ini";
-    if (QFile::exists(QFile::decodeName(file))) {
-        settings.setFileName(file);
-        settings.load();
-    }
-    return QString::fromUtf8(settings.getText("Profile", defaultVariant));
+    return QString::fromUtf8(installedSettings().getText("Profile", defaultVariant));
 }
 
 } // namespace
+
+SettingsStore& installedSettings()
+{
+    SettingsStore& settings = SettingsStore::instance();
+    const QByteArray file = DataPaths::instance().dataPath() + "/KOLT.ini";
+    if (settings.fileName().isEmpty() && QFile::exists(QFile::decodeName(file))) {
+        settings.setFileName(file);
+        settings.load();
+    }
+    return settings;
+}
 
 QString Recording::openProfile()
 {
@@ -66,6 +70,15 @@ QString Recording::openFolder()
 
 QString Recording::load()
 {
+    if (m_arguments.flight) {
+        const auto index = static_cast<std::size_t>(*m_arguments.flight) - 1;
+        if (!m_card.loadFlight(*m_arguments.cycle, index))
+            return QStringLiteral("there is no flight %1 of cycle %2 in %3")
+                .arg(*m_arguments.flight)
+                .arg(*m_arguments.cycle)
+                .arg(m_arguments.folder);
+        return {};
+    }
     if (m_arguments.cycle) {
         if (!m_card.loadCycle(*m_arguments.cycle))
             return QStringLiteral("there is no cycle %1 in %2")

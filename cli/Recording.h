@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/settings/SettingsStore.h"
 #include "cli/Arguments.h"
 #include "profile/Profile.h"
 #include "record/CardContainer.h"
@@ -20,10 +21,10 @@ public:
 
     QString openProfile();
     QString openFolder();
-    /// Loads the cycle or files of the arguments.
+    /// Loads the cycle, flight or files of the arguments.
     QString load();
 
-    const Profile& profile() const { return m_profile; }
+    Profile& profile() { return m_profile; }
 
     CardContainer& card() { return m_card; }
 
@@ -32,6 +33,9 @@ private:
     Profile m_profile;
     CardContainer m_card{m_profile};
 };
+
+/// The settings of the program with windows, as far as they are there.
+SettingsStore& installedSettings();
 
 /// Writes to the standard output; false when that fails, as on a full disk.
 bool writeOutput(const QByteArray& bytes);

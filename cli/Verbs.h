@@ -15,6 +15,7 @@ QString flights(const Arguments& arguments);
 QString values(const Arguments& arguments);
 QString events(const Arguments& arguments);
 QString report(const Arguments& arguments);
+QString exportData(const Arguments& arguments);
 
 struct Verb
 {
@@ -35,6 +36,8 @@ inline constexpr std::array verbs{
     Verb{"events", "Print the moments at which limits were exceeded as JSON.", true, true, events},
     Verb{"report", "Print the cycles and flights of a folder for people, in metric units.", false,
          true, report},
+    Verb{"export", "Write a cycle, a flight or files as CSV, KML or GPX; or every flight.", true,
+         true, exportData},
 };
 
 } // namespace KOLT::Cli

@@ -4,21 +4,17 @@
 
 namespace KOLT {
 
-namespace {
-
-QString csvField(QString field, QChar separator)
+QString csvField(const QString& text, QChar separator)
 {
-    const bool isQuoted = std::ranges::any_of(field, [separator](QChar character) {
+    const bool isQuoted = std::ranges::any_of(text, [separator](QChar character) {
         return character == separator || character == QLatin1Char('"') ||
                character == QLatin1Char('\n') || character == QLatin1Char('\r');
     });
     if (!isQuoted)
-        return field;
-    field.replace(QLatin1Char('"'), QStringLiteral("\"\""));
-    return QLatin1Char('"') + field + QLatin1Char('"');
+        return text;
+    return QLatin1Char('"') + QString(text).replace(QLatin1Char('"'), QStringLiteral("\"\"")) +
+           QLatin1Char('"');
 }
-
-} // namespace
 
 QString csvLine(const QStringList& fields, QChar separator)
 {

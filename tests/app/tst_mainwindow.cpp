@@ -74,6 +74,7 @@ private slots:
     void firstCloseSavesAndEnds();
     void undoKeyReachesNoWidget();
     void styleSheetOfTheCommandLineIsApplied();
+    void exportsNeedData();
     void emuDisplay();
     void brokenViewIsToldInTheStatusBar();
 
@@ -251,7 +252,7 @@ void TestMainWindow::menusAndShortcuts()
         for (const QAction* action : menu->menu()->actions())
             shown << (action->isSeparator() ? "-" : action->data().toString());
     }
-    QCOMPARE(shown.join(' '), "&File 2 - 6 &Extras 15 17 18 20 &Help 8 9");
+    QCOMPARE(shown.join(' '), "&File 2 - 6 &Extras 15 17 18 21 20 &Help 8 9");
     QStringList bar;
     for (const QAction* action : m_window->findChild<QToolBar*>()->actions())
         bar << action->data().toString();
@@ -722,6 +723,54 @@ void TestMainWindow::styleSheetOfTheCommandLineIsApplied()
     QCOMPARE(qApp->styleSheet(), "");
     const char* const none[] = {"kolt"};
     Startup::parseCommandLine(1, none);
+}
+
+void TestMainWindow::exportsNeedData()
+{
+    open();
+    const auto action = [this](Command command) {
+        const auto actions = m_window->actions();
+        return *std::ranges::find_if(actions, [command](const QAction* a) {
+            return a->data().toInt() == static_cast<int>(command);
+        });
+    };
+    for (const Command command : {Command::ExportKml, Command::ExportCsv, Command::ExportGpx})
+        QVERIFY(!action(command)->isEnabled());
+    const QString card = folder("card");
+    drop({card});
+    QTRY_COMPARE(m_window->card().files().size(), 2U);
+    QMetaObject::invokeMethod(m_window.get(), "slotLoadCycle", Q_ARG(unsigned, 1), Q_ARG(int, -1));
+    QTRY_VERIFY(m_window->card().dataSet() != nullptr && !m_window->isBusy());
+
+    ModalBoxes boxes;
+    const QString path = m_cards->filePath("out.csv");
+    boxes.answer(path);
+    boxes.handle([this](QDialog& dialog) {
+        QCOMPARE(dialog.windowTitle(), "Export CSV File");
+        // What is asked for meanwhile waits: the data set must stay.
+        QMetaObject::invokeMethod(m_window.get(), "slotLoadCycle", Q_ARG(unsigned, 1),
+                                  Q_ARG(int, -1));
+        QVERIFY(m_window->isBusy() && m_window->card().dataSet() != nullptr);
+        for (auto* button : dialog.findChildren<QPushButton*>()) {
+            if (button->text() == "Export...")
+                QTest::mouseClick(button, Qt::LeftButton);
+        }
+    });
+    action(Command::ExportCsv)->trigger();
+    QVERIFY(boxes.isDone());
+    QTRY_VERIFY(!m_window->isBusy());
+    QCOMPARE(readFile(path).count('\n'), 1 + 191); // 19 s
+    QCOMPARE(setting("CsvExportDir"), m_cards->path());
+    // Without a position there is no path to export.
+    for (const Command command : {Command::ExportKml, Command::ExportGpx}) {
+        boxes.handle([](QDialog& dialog) {
+            for (const auto* button : dialog.findChildren<QPushButton*>())
+                QVERIFY(button->text() != "Export..." || !button->isEnabled());
+            dialog.reject();
+        });
+        action(command)->trigger();
+    }
+    QVERIFY(boxes.isDone());
 }
 
 void TestMainWindow::emuDisplay()

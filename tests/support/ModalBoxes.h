@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <deque>
+#include <functional>
 
 namespace KOLT::Test {
 
@@ -26,11 +27,14 @@ public:
     /// The text of a button, the path for a file dialog, or empty to cancel.
     void answer(const QString& text) { m_answers.push_back(text); }
 
+    /// What to do with the next dialog of another kind; from within its own event loop.
+    void handle(std::function<void(QDialog&)> handler) { m_handlers.push_back(std::move(handler)); }
+
     /// "title|text|button, button" of the message boxes with the buttons from the left,
     /// titles of the file dialogs.
     const QStringList& seen() const { return m_seen; }
 
-    bool isDone() const { return m_answers.empty(); }
+    bool isDone() const { return m_answers.empty() && m_handlers.empty(); }
 
 private:
     void look()
@@ -38,6 +42,18 @@ private:
         QWidget* const modal = QApplication::activeModalWidget();
         if (modal == nullptr)
             return;
+        if (qobject_cast<QMessageBox*>(modal) == nullptr &&
+            qobject_cast<QFileDialog*>(modal) == nullptr && !m_handlers.empty()) {
+            // Queued: this timer must go on for the boxes that come up meanwhile.
+            QMetaObject::invokeMethod(
+                modal,
+                [modal, handler = std::move(m_handlers.front())] {
+                    handler(*qobject_cast<QDialog*>(modal));
+                },
+                Qt::QueuedConnection);
+            m_handlers.pop_front();
+            return;
+        }
         QString text;
         if (!m_answers.empty()) {
             text = m_answers.front();
@@ -79,11 +95,13 @@ private:
         if (dialog.fileMode() == QFileDialog::Directory)
             dialog.setDirectory(path);
         dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->setText(path);
-        QMetaObject::invokeMethod(&dialog, "accept");
+        // Queued: it may ask whether to replace a file, and that box has to be answered too.
+        QMetaObject::invokeMethod(&dialog, "accept", Qt::QueuedConnection);
     }
 
     QTimer m_timer;
     std::deque<QString> m_answers;
+    std::deque<std::function<void(QDialog&)>> m_handlers;
     QStringList m_seen;
 };
 

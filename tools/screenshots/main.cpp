@@ -12,6 +12,7 @@
 #include <QPixmap>
 #include <QTabBar>
 #include <QTest>
+#include <QTimer>
 #include <QToolButton>
 #include <QTreeWidget>
 
@@ -21,6 +22,7 @@
 namespace {
 
 constexpr int waitMilliseconds = 30'000;
+constexpr int pollMilliseconds = 50;
 constexpr QSize smallSize(1000, 800);
 constexpr QSize largeSize(1600, 1000);
 
@@ -113,16 +115,41 @@ void takeDisplay(KOLT::DialogMain& window, Camera& camera)
     }
 }
 
+void trigger(const KOLT::DialogMain& window, int command)
+{
+    for (QAction* action : window.actions()) {
+        if (action->data().toInt() == command)
+            action->trigger();
+    }
+}
+
+/// The export dialogs are modal: each is taken from within its own event loop.
+void takeExports(KOLT::DialogMain& window, Camera& camera)
+{
+    const std::pair<int, const char*> exports[] = {
+        {17, "export-kml"}, {18, "export-csv"}, {21, "export-gpx"}};
+    for (const auto& [command, name] : exports) {
+        QTimer poll;
+        QObject::connect(&poll, &QTimer::timeout, &window, [&, picture = name] {
+            auto* const dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+            if (dialog == nullptr || !dialog->isVisible())
+                return;
+            poll.stop();
+            camera.take(*dialog, QLatin1String(picture));
+            dialog->reject();
+        });
+        poll.start(pollMilliseconds);
+        trigger(window, command);
+    }
+}
+
 /// The windows that the menus open.
 void takeDialogs(KOLT::DialogMain& window, Camera& camera)
 {
     const std::pair<int, const char*> dialogs[] = {
         {8, "about"}, {9, "profile"}, {10, "help"}, {15, "preferences"}, {20, "day-sheet"}};
     for (const auto& [command, name] : dialogs) {
-        for (QAction* action : window.actions()) {
-            if (action->data().toInt() == command)
-                action->trigger();
-        }
+        trigger(window, command);
         if (!waitFor([&] { return !window.isBusy(); }))
             return;
         for (QDialog* dialog : window.findChildren<QDialog*>()) {
@@ -172,6 +199,7 @@ int main(int argc, char* argv[])
         }
         takePages(window, camera);
         takeDialogs(window, camera);
+        takeExports(window, camera);
     }
     if (!camera.isGood()) {
         std::fprintf(stderr, "kolt-screenshots: a picture could not be saved\n");

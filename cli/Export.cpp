@@ -1,0 +1,233 @@
+#include "app/base/Diagnostics.h"
+#include "cli/Arguments.h"
+#include "cli/Recording.h"
+#include "cli/Verbs.h"
+#include "export/CsvWriter.h"
+#include "export/ExportFile.h"
+#include "export/ExportName.h"
+#include "export/FlightPath.h"
+#include "export/GpxWriter.h"
+#include "export/KmlWriter.h"
+
+#include <QDir>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QLocale>
+#include <QSet>
+
+#include <algorithm>
+
+namespace KOLT::Cli {
+
+namespace {
+
+const char* suffixOf(ExportFormat format)
+{
+    switch (format) {
+    case ExportFormat::Kml:
+        return "kml";
+    case ExportFormat::Gpx:
+        return "gpx";
+    case ExportFormat::Csv:
+        break;
+    }
+    return "csv";
+}
+
+/// Exports as the settings and the command line say. Each operation returns what went wrong.
+class Exporter
+{
+public:
+    Exporter(const Arguments& arguments, Recording& recording)
+        : m_arguments(arguments)
+        , m_recording(recording)
+    {
+    }
+
+    /// Takes over the parameters of the command line and the settings.
+    QString prepare();
+    /// What was chosen, into one file.
+    QString exportOne();
+    /// Every flight of the card into a folder.
+    QString exportAll();
+
+private:
+    QString writeFile(const QString& path, const ExportSubject& subject) const;
+    ExportStatus write(QIODevice& device, const QString& title) const;
+    QString tellMissing() const;
+    QString freeName(const ExportSubject& subject);
+    void exportFlight(int cycle, std::size_t flight);
+
+    const DataSet& dataSet() const { return *m_recording.card().dataSet(); }
+
+    const Arguments& m_arguments;
+    Recording& m_recording;
+    CsvOptions m_csv;
+    KmlOptions m_kml;
+    QSet<QString> m_names; ///< taken in this run
+    QJsonArray m_exported;
+    QJsonArray m_failed;
+    QString m_firstError;
+};
+
+QString Exporter::prepare()
+{
+    if (isWithin(m_arguments.folder, m_arguments.output))
+        return QStringLiteral("nothing is written below the recordings: choose another --output");
+    Profile& profile = m_recording.profile();
+    for (const QString& name : m_arguments.selection) {
+        if (profile.parameterByFullName(name) == nullptr)
+            return QStringLiteral("the profile has no parameter %1").arg(name);
+    }
+    profile.select([this](const ProfileParameter& parameter) {
+        return m_arguments.selection.contains(parameter.fullName);
+    });
+    SettingsStore& settings = installedSettings();
+    // In memory only: nothing of the command line is kept.
+    if (!m_arguments.selection.isEmpty())
+        settings.setBoolean("CsvAllParameter", false);
+    for (const auto& [key, value] : m_arguments.settings)
+        settings.setText(key, value);
+    m_csv = readCsvOptions(settings, QLocale::system().decimalPoint() == QLatin1String(","));
+    m_kml = readKmlOptions(settings);
+    if (m_arguments.format == ExportFormat::Csv && !m_csv.allParameters &&
+        m_arguments.selection.isEmpty())
+        return QStringLiteral("--parameter is missing: not all parameters are to be exported");
+    return {};
+}
+
+ExportStatus Exporter::write(QIODevice& device, const QString& title) const
+{
+    const Profile& profile = m_recording.profile();
+    switch (m_arguments.format) {
+    case ExportFormat::Kml:
+        return writeKml(device, profile, dataSet(), m_kml, title);
+    case ExportFormat::Gpx:
+        return writeGpx(device, dataSet(), title);
+    case ExportFormat::Csv:
+        break;
+    }
+    return CsvWriter(profile, dataSet(), m_csv).write(device);
+}
+
+QString Exporter::writeFile(const QString& path, const ExportSubject& subject) const
+{
+    if (dataSet().messages.sampleCount() == 0)
+        return QStringLiteral("there is nothing recorded in what was chosen");
+    if (m_arguments.format != ExportFormat::Csv && !hasPath(dataSet()))
+        return QStringLiteral("no position was recorded, so there is no flight path");
+    if (m_arguments.format == ExportFormat::Csv) {
+        const qint64 rows = CsvWriter(m_recording.profile(), dataSet(), m_csv).rowCount();
+        if (rows > CsvWriter::maxRows)
+            return QStringLiteral("it would have %1 rows, more than %2: choose a larger "
+                                  "--CsvResolution")
+                .arg(rows)
+                .arg(CsvWriter::maxRows);
+    }
+    const QString title = exportTitle(subject, dataSet());
+    const ExportOutcome outcome =
+        exportToFile(path, [&](QIODevice& device) { return write(device, title); });
+    return outcome.status == ExportStatus::Done
+               ? QString()
+               : QStringLiteral("%1 could not be written: %2").arg(path, outcome.error);
+}
+
+/// What was exported lacks files that could not be read.
+QString Exporter::tellMissing() const
+{
+    const std::vector<QString>& unread = dataSet().unreadFiles;
+    if (unread.empty())
+        return {};
+    return QStringLiteral("incomplete: %1 could not be read")
+        .arg(QStringList(unread.begin(), unread.end()).join(QStringLiteral(", ")));
+}
+
+QString Exporter::exportOne()
+{
+    QString error = m_recording.load();
+    ExportSubject subject{m_arguments.cycle, m_arguments.files.value_or(QStringList())};
+    if (error.isEmpty())
+        error = writeFile(m_arguments.output, subject);
+    return error.isEmpty() ? tellMissing() : error;
+}
+
+QString Exporter::freeName(const ExportSubject& subject)
+{
+    const QString suffix = QLatin1String(suffixOf(m_arguments.format));
+    const QString name = exportFileName(subject, dataSet(), suffix);
+    QString free = name;
+    for (int i = 2; m_names.contains(free); ++i)
+        free = QStringLiteral("%1_%2.%3").arg(name.chopped(suffix.size() + 1)).arg(i).arg(suffix);
+    m_names.insert(free);
+    return free;
+}
+
+void Exporter::exportFlight(int cycle, std::size_t flight)
+{
+    QJsonObject entry{{QStringLiteral("cycle"), cycle},
+                      {QStringLiteral("flight"), static_cast<qint64>(flight) + 1}};
+    QString error;
+    if (m_recording.card().loadFlight(cycle, flight)) {
+        const ExportSubject subject{cycle, {}};
+        const QString path = QDir(m_arguments.output).filePath(freeName(subject));
+        entry[QStringLiteral("file")] = path;
+        error = writeFile(path, subject);
+        if (error.isEmpty()) {
+            m_exported.append(entry);
+            error = tellMissing();
+        }
+    } else {
+        error = QStringLiteral("the flight is not there any more");
+    }
+    if (error.isEmpty())
+        return;
+    Diagnostics::print("cycle %d, flight %zu: %s\n", cycle, flight + 1, qUtf8Printable(error));
+    entry[QStringLiteral("error")] = error;
+    m_failed.append(entry);
+    if (m_firstError.isEmpty())
+        m_firstError = error;
+}
+
+QString Exporter::exportAll()
+{
+    if (!QDir().mkpath(m_arguments.output))
+        return QStringLiteral("the folder %1 cannot be made").arg(m_arguments.output);
+    CardContainer& card = m_recording.card();
+    for (const auto& [number, cycle] : card.cycles()) {
+        card.loadCycle(number);
+        const std::size_t flights = card.flightsOf(number).size();
+        for (std::size_t i = 0; i < flights; ++i)
+            exportFlight(number, i);
+    }
+    writeOutput(QJsonDocument(QJsonObject{{QStringLiteral("exported"), m_exported},
+                                          {QStringLiteral("failed"), m_failed}})
+                    .toJson());
+    const QString error = finishOutput();
+    if (!error.isEmpty())
+        return error;
+    if (m_exported.isEmpty() && m_failed.isEmpty())
+        return QStringLiteral("there are no flights in %1").arg(m_arguments.folder);
+    return m_failed.isEmpty() ? QString()
+                              : QStringLiteral("%1 flights failed, the first with: %2")
+                                    .arg(m_failed.size())
+                                    .arg(m_firstError);
+}
+
+} // namespace
+
+QString exportData(const Arguments& arguments)
+{
+    Recording recording(arguments);
+    QString error = recording.openProfile();
+    if (error.isEmpty())
+        error = recording.openFolder();
+    Exporter exporter(arguments, recording);
+    if (error.isEmpty())
+        error = exporter.prepare();
+    if (!error.isEmpty())
+        return error;
+    return arguments.all ? exporter.exportAll() : exporter.exportOne();
+}
+
+} // namespace KOLT::Cli

@@ -1,0 +1,114 @@
+#include "export/ExportOptions.h"
+
+#include <algorithm>
+#include <array>
+#include <cstring>
+
+namespace KOLT {
+
+namespace {
+
+using Kind = ExportSetting::Kind;
+
+constexpr int lastAscii = 126;
+
+constexpr std::array csvTable{
+    ExportSetting{
+        "CsvLimiter", Kind::Integer, 9, lastAscii,
+        "Field separator as a character code; 59 is \";\", 44 is \",\", 9 the tabulator."},
+    ExportSetting{"CsvResolution", Kind::Integer, 1, 60'000, "Milliseconds between rows."},
+    ExportSetting{"CsvAllParameter", Kind::Boolean, 0, 0,
+                  "All parameters, or those of --parameter only."},
+    ExportSetting{"CsvDecimalComma", Kind::Boolean, 0, 0,
+                  "Decimal comma, where the separator is \";\"."},
+};
+
+constexpr std::array kmlTable{
+    ExportSetting{"KmlTimeStamp", Kind::Integer, 0, 2,
+                  "0 no times, 1 a time on each mark, 2 also a track that plays back."},
+    ExportSetting{"KmlLineWidth", Kind::Integer, 1, 50, "Width of the flight path in pixels."},
+    ExportSetting{"KmlLineColor", Kind::Color, 0, 0, "Color of the flight path."},
+    ExportSetting{"KmlLineAlpha", Kind::Integer, 0, 255, "Opacity of the flight path."},
+    ExportSetting{"KmlPolygonOn", Kind::Boolean, 0, 0, "A curtain from the path to the ground."},
+    ExportSetting{"KmlPolygonColor", Kind::Color, 0, 0, "Color of the curtain."},
+    ExportSetting{"KmlPolygonAlpha", Kind::Integer, 0, 255, "Opacity of the curtain."},
+    ExportSetting{"KmlPlaceMarkOn", Kind::Boolean, 0, 0, "Marks along the path."},
+    ExportSetting{"KmlPlaceMarkIntervall", Kind::Integer, 1, 100'000,
+                  "A mark on each so many points of the path, two a second."},
+    ExportSetting{"KmlPlaceMarkColor", Kind::Color, 0, 0, "Color of these marks."},
+    ExportSetting{"KmlErrorMarkOn", Kind::Boolean, 0, 0, "Marks where something was exceeded."},
+    ExportSetting{"KmlShowLimit", Kind::Boolean, 0, 0, "Such marks for limits and warnings."},
+    ExportSetting{"KmlShowWarning", Kind::Boolean, 0, 0, "Such marks for warning lamps."},
+    ExportSetting{"KmlErrorMarkColor", Kind::Color, 0, 0, "Color of such marks."},
+};
+
+bool isColor(const QByteArray& text)
+{
+    constexpr qsizetype digits = 6;
+    return text.size() == digits && std::ranges::all_of(text, [](char c) {
+               return (c >= '0' && c <= '9') || (c >= 'a' && c <= 'f') || (c >= 'A' && c <= 'F');
+           });
+}
+
+} // namespace
+
+bool ExportSetting::accepts(const QByteArray& value) const
+{
+    switch (kind) {
+    case Kind::Integer: {
+        bool ok = false;
+        const int number = value.toInt(&ok);
+        return ok && number >= low && number <= high;
+    }
+    case Kind::Boolean:
+        return value == "true" || value == "false";
+    case Kind::Color:
+        return isColor(value);
+    }
+    return false;
+}
+
+std::span<const ExportSetting> csvSettings()
+{
+    return csvTable;
+}
+
+std::span<const ExportSetting> kmlSettings()
+{
+    return kmlTable;
+}
+
+char separatorOf(int code)
+{
+    constexpr char fallback = ';';
+    const bool isUsable =
+        code == '\t' ||
+        (code >= ' ' && code <= lastAscii && std::strchr("\".-+:0123456789", code) == nullptr &&
+         !(code >= 'a' && code <= 'z') && !(code >= 'A' && code <= 'Z'));
+    return isUsable ? static_cast<char>(code) : fallback;
+}
+
+QColor colorOf(const QByteArray& text, const QColor& fallback)
+{
+    return isColor(text) ? QColor::fromRgb(text.toUInt(nullptr, 16)) : fallback;
+}
+
+QByteArray colorText(const QColor& color)
+{
+    return color.name().mid(1).toLatin1();
+}
+
+int bounded(const char* key, int value)
+{
+    const auto isKey = [key](const ExportSetting& setting) {
+        return std::strcmp(setting.key, key) == 0;
+    };
+    for (const std::span<const ExportSetting> table : {csvSettings(), kmlSettings()}) {
+        const auto found = std::ranges::find_if(table, isKey);
+        if (found != table.end())
+            return std::clamp(value, found->low, found->high);
+    }
+    return value;
+}
+
+} // namespace KOLT

@@ -1,0 +1,52 @@
+#pragma once
+
+#include "record/DataSet.h"
+
+#include <optional>
+#include <span>
+#include <vector>
+
+namespace KOLT {
+
+/// Damaged positions can be anything.
+bool isOnEarth(const TrackPoint& point);
+
+/// A stretch of the flight path that exports keep together.
+struct PathSection
+{
+    enum class Kind {
+        Whole,  ///< all of a recording in which no flight was found
+        Flight, ///< with the 30 s before take-off and after landing
+        Ground  ///< what lies between the flights
+    };
+
+    Kind kind = Kind::Whole;
+    std::size_t flight = 0; ///< index in the data set; of flights only
+    double from = 0.0;      ///< seconds on the unit's counter
+    double to = 0.0;
+    std::span<const TrackPoint> points; ///< within [from, to]; may be empty
+};
+
+/// The sections of a data set by ascending time, without gaps between them: a loaded flight is one,
+/// otherwise flights and ground take turns. Where flights follow each other within a minute, the
+/// border lies halfway between landing and take-off; on damaged recordings, sections never overlap.
+/// The points belong to the data set.
+std::vector<PathSection> pathSections(const DataSet& dataSet);
+
+/// The section that a time belongs to. There must be one.
+std::size_t sectionAt(std::span<const PathSection> sections, double seconds);
+
+/// Runs of points that may be joined by lines: no gap in the grid, no step over the antimeridian.
+/// Points that are nowhere on Earth belong to none.
+std::vector<std::span<const TrackPoint>> pathPieces(std::span<const TrackPoint> points);
+
+/// The place at a time, between the points around it; none more than half a second away from them.
+std::optional<TrackPoint> placeAt(std::span<const TrackPoint> track, double seconds);
+
+/// Whether there is anything of a path to export.
+bool hasPath(const DataSet& dataSet);
+
+/// Whether altitudes were recorded; without, all of them are 0.
+bool hasAltitude(const DataSet& dataSet);
+
+} // namespace KOLT

@@ -1,0 +1,80 @@
+#include "export/GpxWriter.h"
+
+#include "export/ExportClock.h"
+#include "export/ExportFile.h"
+#include "export/FlightPath.h"
+#include "export/XmlText.h"
+
+#include <QCoreApplication>
+#include <QXmlStreamWriter>
+
+namespace KOLT {
+
+namespace {
+
+struct Text
+{
+    Q_DECLARE_TR_FUNCTIONS(KOLT::Export)
+};
+
+constexpr int degreeDecimals = 7; // about a centimetre
+constexpr int metreDecimals = 1;
+
+void writePoint(QXmlStreamWriter& xml, const TrackPoint& point, const ExportClock& clock,
+                bool hasAltitude)
+{
+    xml.writeStartElement(QStringLiteral("trkpt"));
+    xml.writeAttribute(QStringLiteral("lat"), fixedText(point.latitude, degreeDecimals));
+    xml.writeAttribute(QStringLiteral("lon"), fixedText(point.longitude, degreeDecimals));
+    if (hasAltitude)
+        xml.writeTextElement(QStringLiteral("ele"), fixedText(point.altitude, metreDecimals));
+    if (clock.isValid())
+        xml.writeTextElement(QStringLiteral("time"), clock.isoText(point.seconds()));
+    xml.writeEndElement();
+}
+
+} // namespace
+
+ExportStatus writeGpx(QIODevice& device, const DataSet& dataSet, const QString& title,
+                      const ExportProgress& progress)
+{
+    const ExportClock clock(dataSet.dateTime);
+    const bool isHigh = hasAltitude(dataSet);
+    ExportMeter meter(progress, dataSet.track.size());
+    QXmlStreamWriter xml(&device);
+    xml.setAutoFormatting(true);
+    xml.setAutoFormattingIndent(1);
+    xml.writeStartDocument();
+    xml.writeStartElement(QStringLiteral("gpx"));
+    xml.writeDefaultNamespace(QStringLiteral("http://www.topografix.com/GPX/1/1"));
+    xml.writeAttribute(QStringLiteral("version"), QStringLiteral("1.1"));
+    xml.writeAttribute(QStringLiteral("creator"), QStringLiteral("KOLT"));
+    xml.writeStartElement(QStringLiteral("metadata"));
+    xml.writeTextElement(QStringLiteral("name"), xmlText(title));
+    xml.writeEndElement();
+    for (const PathSection& section : pathSections(dataSet)) {
+        if (section.kind == PathSection::Kind::Ground || section.points.empty())
+            continue;
+        xml.writeStartElement(QStringLiteral("trk"));
+        xml.writeTextElement(QStringLiteral("name"),
+                             section.kind == PathSection::Kind::Flight
+                                 ? Text::tr("Flight %1").arg(section.flight + 1)
+                                 : xmlText(title));
+        for (const std::span<const TrackPoint> piece : pathPieces(section.points)) {
+            xml.writeStartElement(QStringLiteral("trkseg"));
+            for (const TrackPoint& point : piece) {
+                writePoint(xml, point, clock, isHigh);
+                if (!meter.step())
+                    return ExportStatus::Cancelled;
+                if (xml.hasError())
+                    return ExportStatus::Failed;
+            }
+            xml.writeEndElement();
+        }
+        xml.writeEndElement();
+    }
+    xml.writeEndDocument();
+    return finishExport(device, !xml.hasError());
+}
+
+} // namespace KOLT

@@ -1,0 +1,90 @@
+#include "export/KmlDescription.h"
+
+#include "export/XmlText.h"
+#include "profile/ValueDecoder.h"
+#include "record/ClockTime.h"
+
+#include <QCoreApplication>
+
+#include <algorithm>
+
+namespace KOLT {
+
+namespace {
+
+struct Text
+{
+    Q_DECLARE_TR_FUNCTIONS(KOLT::Export)
+};
+
+QString row(const QString& name, const QString& value)
+{
+    return QStringLiteral("<tr><td>%1</td><td>%2</td></tr>\n")
+        .arg(name.toHtmlEscaped(), value.toHtmlEscaped());
+}
+
+QString withUnit(const QString& value, const QString& unit)
+{
+    return unit.isEmpty() ? value : value + QLatin1Char(' ') + unit;
+}
+
+} // namespace
+
+KmlDescription::KmlDescription(const Profile& profile, const DataSet& dataSet)
+    : m_profile(profile)
+    , m_clock(dataSet.dateTime)
+{
+    for (const ProfileParameter* parameter : profile.selectedParameters()) {
+        const auto place =
+            m_walkers.try_emplace(parameter->id, seriesOf(dataSet.messages, *parameter)).first;
+        m_columns.push_back({parameter, &place->second});
+    }
+}
+
+QString KmlDescription::of(const TrackPoint& point)
+{
+    const double seconds = point.seconds();
+    QString text = QStringLiteral("<table>\n") + row(Text::tr("Time"), momentText(seconds)) +
+                   row(Text::tr("Altitude"), roleText("Altitude", point.altitude, "m", 0)) +
+                   row(Text::tr("Speed"), roleText("GroundSpeed", point.groundSpeed, "km/h", 0));
+    for (auto& [id, walker] : m_walkers)
+        walker.advanceTo(seconds);
+    for (const Column& column : m_columns) {
+        const StoredSample* const sample = column.walker->sample();
+        if (sample == nullptr)
+            continue;
+        const double number = decodeNumber(sample->data, *column.parameter);
+        text += row(column.parameter->fullName,
+                    withUnit(textOf(m_profile, *column.parameter, sample->data, number),
+                             m_profile.unitLabel(*column.parameter)));
+    }
+    return text + QStringLiteral("</table>");
+}
+
+QString KmlDescription::timeText(double seconds) const
+{
+    return momentText(seconds).section(QLatin1Char(' '), -1).left(8);
+}
+
+QString KmlDescription::momentText(double seconds) const
+{
+    const QDateTime moment = m_clock.dateTime(seconds);
+    return moment.isValid() ? moment.toString(QStringLiteral("dd.MM.yyyy hh:mm:ss.zzz"))
+                            : clockTime(seconds).toString(QStringLiteral("hh:mm:ss.zzz"));
+}
+
+QString KmlDescription::roleText(const char* role, double metric, const char* unit,
+                                 int decimals) const
+{
+    const ProfileParameter* const parameter = m_profile.parameterByRole(QLatin1String(role));
+    if (parameter == nullptr)
+        return withUnit(fixedText(metric, decimals), QLatin1String(unit));
+    // Between samples no decimals beyond those of the samples are worth telling.
+    const bool isConverted = m_profile.isConverted(*parameter);
+    return withUnit(
+        fixedText(isConverted ? m_profile.convertUnit(*parameter, metric) : metric,
+                  parameter->rule == DecodingRule::Float ? parameter->precision : decimals),
+        m_profile.unitLabel(*parameter));
+}
+
+} // namespace KOLT

@@ -1,0 +1,44 @@
+#pragma once
+
+#include "export/ExportClock.h"
+#include "export/SampleWalker.h"
+#include "profile/Profile.h"
+#include "record/DataSet.h"
+
+#include <QString>
+
+#include <map>
+#include <vector>
+
+namespace KOLT {
+
+/// The balloon texts of the marks along a path: time, altitude, speed and the selected parameters
+/// as a table in HTML, in the profile's unit system. Points must be asked for in ascending order.
+class KmlDescription
+{
+public:
+    KmlDescription(const Profile& profile, const DataSet& dataSet);
+
+    QString of(const TrackPoint& point);
+
+    /// "14:32:05" of the recording's clock, or of the unit's counter without one.
+    QString timeText(double seconds) const;
+    /// "28.07.2026 14:32:05.500", or the counter's "hh:mm:ss.zzz".
+    QString momentText(double seconds) const;
+
+private:
+    struct Column
+    {
+        const ProfileParameter* parameter;
+        SampleWalker* walker;
+    };
+
+    QString roleText(const char* role, double metric, const char* unit, int decimals) const;
+
+    const Profile& m_profile;
+    ExportClock m_clock;
+    std::map<int, SampleWalker> m_walkers; ///< by message identifier
+    std::vector<Column> m_columns;
+};
+
+} // namespace KOLT

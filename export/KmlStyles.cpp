@@ -1,0 +1,97 @@
+#include "export/KmlStyles.h"
+
+#include "export/XmlText.h"
+
+#include <QXmlStreamWriter>
+
+namespace KOLT {
+
+namespace {
+
+constexpr auto dotIcon = "http://maps.google.com/mapfiles/kml/shapes/shaded_dot.png";
+constexpr auto cautionIcon = "http://maps.google.com/mapfiles/kml/shapes/caution.png";
+constexpr double dotScale = 0.5;
+constexpr double cautionScale = 0.8;
+constexpr int opaque = 255;
+
+/// Opacity, blue, green, red: the other way round than everywhere else.
+QString kmlColor(const QColor& color, int alpha)
+{
+    return QStringLiteral("%1%2%3%4")
+        .arg(alpha, 2, 16, QLatin1Char('0'))
+        .arg(color.blue(), 2, 16, QLatin1Char('0'))
+        .arg(color.green(), 2, 16, QLatin1Char('0'))
+        .arg(color.red(), 2, 16, QLatin1Char('0'));
+}
+
+/// Elements of styles have names and texts of our own.
+class Styles
+{
+public:
+    explicit Styles(QXmlStreamWriter& xml)
+        : m_xml(xml)
+    {
+    }
+
+    void begin(const char* name) { m_xml.writeStartElement(QLatin1String(name)); }
+
+    void end() { m_xml.writeEndElement(); }
+
+    void beginStyle(const char* id)
+    {
+        begin("Style");
+        m_xml.writeAttribute(QStringLiteral("id"), QLatin1String(id));
+    }
+
+    void element(const char* name, const QString& text)
+    {
+        m_xml.writeTextElement(QLatin1String(name), text);
+    }
+
+    void icon(const char* id, const QColor& color, double scale, const char* address)
+    {
+        beginStyle(id);
+        begin("IconStyle");
+        element("color", kmlColor(color, opaque));
+        element("scale", fixedText(scale, 1));
+        begin("Icon");
+        element("href", QLatin1String(address));
+        end();
+        end();
+        begin("LabelStyle");
+        element("scale", QStringLiteral("0")); // hundreds of times would cover the map
+        end();
+        end();
+    }
+
+private:
+    QXmlStreamWriter& m_xml;
+};
+
+} // namespace
+
+void writeKmlStyles(QXmlStreamWriter& xml, const KmlOptions& options)
+{
+    Styles styles(xml);
+    styles.beginStyle("path");
+    styles.begin("LineStyle");
+    styles.element("color", kmlColor(options.lineColor, options.lineAlpha));
+    styles.element("width", QString::number(options.lineWidth));
+    styles.end();
+    styles.end();
+
+    styles.beginStyle("curtain");
+    styles.begin("LineStyle"); // the path has a line of its own
+    styles.element("color", kmlColor(options.polygonColor, 0));
+    styles.end();
+    styles.begin("PolyStyle");
+    styles.element("color", kmlColor(options.polygonColor, options.polygonAlpha));
+    styles.element("outline", QStringLiteral("0"));
+    styles.end();
+    styles.end();
+
+    styles.icon("place", options.placeMarkColor, dotScale, dotIcon);
+    styles.icon("error", options.errorMarkColor, cautionScale, cautionIcon);
+}
+
+} // namespace KOLT

@@ -1,0 +1,269 @@
+#include "tests/support/RecordBytes.h"
+#include "tests/support/TestFiles.h"
+
+#include <QDir>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QProcess>
+#include <QRegularExpression>
+#include <QTest>
+
+#include <array>
+#include <bit>
+#include <cmath>
+
+using namespace KOLT::Test;
+
+namespace {
+
+/// Two FLOAT values.
+KOLT::MessageData floats(float first, float second = 0.0F)
+{
+    return std::bit_cast<KOLT::MessageData>(std::array{first, second});
+}
+
+} // namespace
+
+/// Exports of kolt-cli, on the sample card and on small ones.
+class TestCliExport : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void csvOfAFlight();
+    void pathsOfACycle_data();
+    void pathsOfACycle();
+    void everyFlightOfACard();
+    void failingFlightDoesNotStopTheRest();
+    void settingsOfTheProgramCount();
+    void failures_data();
+    void failures();
+    void helpNamesTheSettings();
+
+private:
+    struct Result
+    {
+        int status = -1;
+        QByteArray output;
+        QString error; ///< the last line
+    };
+
+    Result run(const QString& program, const QStringList& arguments) const;
+
+    Result cli(const QStringList& arguments) const
+    {
+        return run(KOLT_CLI,
+                   arguments + QStringList{"--profile", KOLT_PROFILE, "--variant", "915"});
+    }
+
+    QJsonArray flightsOf(int cycle) const;
+
+    QTemporaryDir m_home;
+    QTemporaryDir m_out;
+    const QString m_card = KOLT_SAMPLE_CARD;
+};
+
+TestCliExport::Result TestCliExport::run(const QString& program, const QStringList& arguments) const
+{
+    QProcess process;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert("XDG_DATA_HOME", m_home.path());
+    process.setProcessEnvironment(environment);
+    process.start(program, arguments);
+    process.waitForFinished(120'000);
+    return {process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
+            process.readAllStandardOutput(),
+            QString::fromUtf8(process.readAllStandardError()).trimmed().section('\n', -1)};
+}
+
+QJsonArray TestCliExport::flightsOf(int cycle) const
+{
+    return QJsonDocument::fromJson(
+               cli({"flights", m_card, "--cycle", QString::number(cycle)}).output)["flights"]
+        .toArray();
+}
+
+void TestCliExport::csvOfAFlight()
+{
+    const QJsonObject flight = flightsOf(2)[1].toObject();
+    const double span = flight["end"].toDouble() - flight["start"].toDouble();
+    const QString path = m_out.filePath("flight.csv");
+    const Result result = cli({"export", "csv", m_card, "--cycle", "2", "--flight", "2", "--output",
+                               path, "--csv-resolution", "500", "--CsvLimiter=44", "--parameter",
+                               "GPS/Altitude", "--parameter", "GPS/Ground Speed"});
+    QVERIFY2(result.status == 0, qPrintable(result.error));
+    QCOMPARE(result.output, QByteArray());
+    const QList<QByteArray> lines = readFile(path).split('\n');
+    QCOMPARE(lines.size(), 1 + static_cast<int>(span * 2) + 1 + 1);
+    QCOMPARE(lines[0], QByteArray("\xEF\xBB\xBF"
+                                  "Date,Time,Seconds,GPS/Altitude [m],GPS/Ground Speed [km/h]\r"));
+    double highest = 0.0;
+    for (const QByteArray& line : lines.mid(1))
+        highest = std::max(highest, line.split(',').value(3).toDouble());
+    QVERIFY(std::abs(highest - flight["maxAltitude"].toDouble()) < 2.0);
+}
+
+void TestCliExport::pathsOfACycle_data()
+{
+    QTest::addColumn<QString>("layerOption");
+    QTest::newRow("kml") << "-al";
+    QTest::newRow("gpx") << "tracks";
+}
+
+void TestCliExport::pathsOfACycle()
+{
+    QFETCH(QString, layerOption);
+    const QString path = m_out.filePath(QStringLiteral("cycle.") + QTest::currentDataTag());
+    const Result result =
+        cli({"export", QTest::currentDataTag(), m_card, "--cycle", "2", "--output", path});
+    QVERIFY2(result.status == 0, qPrintable(result.error));
+    const QString read =
+        QString::fromUtf8(run("ogrinfo", {"-ro", "-geom=SUMMARY", path, layerOption}).output);
+    const auto flights = static_cast<int>(flightsOf(2).size());
+    QVERIFY(flights >= 4);
+    for (int flight = 1; flight <= flights; ++flight)
+        QCOMPARE(read.count(QStringLiteral("Flight %1\n").arg(flight)), 1);
+}
+
+void TestCliExport::everyFlightOfACard()
+{
+    const QString folder = m_out.filePath("all/kml");
+    const Result result = cli({"export", "kml", m_card, "--all", "--output", folder});
+    QVERIFY2(result.status == 0, qPrintable(result.error));
+    const QJsonDocument json = QJsonDocument::fromJson(result.output);
+    const QJsonArray exported = json["exported"].toArray();
+    QVERIFY(exported.size() >= 10 && json["failed"].toArray().isEmpty());
+    QStringList names;
+    for (const QJsonValue& entry : exported) {
+        names << entry["file"].toString().section('/', -1);
+        QVERIFY2(QRegularExpression("^Kolt_20\\d\\d-\\d\\d-\\d\\d_\\d{4}_Flight\\d+\\.kml$")
+                     .match(names.last())
+                     .hasMatch(),
+                 qPrintable(names.last()));
+        QVERIFY(readFile(entry["file"].toString()).endsWith("</kml>\n"));
+    }
+    names.sort();
+    QCOMPARE(QDir(folder).entryList(QDir::Files, QDir::Name), names);
+    QCOMPARE(names.removeDuplicates(), 0);
+}
+
+/// Two engine runs without a date, each with a flight; the second has no positions.
+void TestCliExport::failingFlightDoesNotStopTheRest()
+{
+    const QTemporaryDir card;
+    const QString profile = m_out.filePath("Profile.xml");
+    QVERIFY(writeFile(profile,
+                      "<KorvanProfile><Device name='D'>"
+                      "<Parameter name='Speed' id='1' dataType='FLOAT' koltDataType='GroundSpeed'/>"
+                      "<Parameter name='Lat' id='2' dataType='FLOAT' koltDataType='Latitude'/>"
+                      "<Parameter name='Lon' id='2' startByte='4' dataType='FLOAT' "
+                      "koltDataType='Longitude'/></Device></KorvanProfile>"));
+    for (int cycle = 1; cycle <= 3; ++cycle) {
+        RecordBytes bytes;
+        for (int t = 0; t < 200; ++t) {
+            bytes.sample(1, t, floats(t > 50 && t < 120 ? 100.0F : 0.0F));
+            if (cycle != 2)
+                bytes.sample(2, t, floats(4830.0F, 1100.0F));
+        }
+        QVERIFY(writeFile(card.filePath(QStringLiteral("%1.CAN").arg(cycle)), bytes.bytes()));
+    }
+    const QString folder = m_out.filePath("some");
+    const Result result = run(KOLT_CLI, {"export", "gpx", card.path(), "--all", "--output", folder,
+                                         "--profile", profile, "--variant", ""});
+    QCOMPARE(result.status, 1);
+    QVERIFY2(result.error.startsWith("kolt-cli: 1 flights failed") &&
+                 result.error.contains("no position"),
+             qPrintable(result.error));
+    const QJsonDocument json = QJsonDocument::fromJson(result.output);
+    QCOMPARE(json["exported"].toArray().size(), 2);
+    QCOMPARE(json["failed"][0]["cycle"].toInt(), 2);
+    QCOMPARE(QDir(folder).entryList(QDir::Files, QDir::Name),
+             (QStringList{"Kolt_Cycle1_Flight1.gpx", "Kolt_Cycle3_Flight1.gpx"}));
+}
+
+void TestCliExport::settingsOfTheProgramCount()
+{
+    const QString settings = m_home.filePath("KOLT/KOLT.ini");
+    QVERIFY(QDir().mkpath(m_home.filePath("KOLT")));
+    const QByteArray content = "<KOLT><Property id='KmlLineWidth' value='7'/>"
+                               "<Property id='KmlLineColor' value='102030'/></KOLT>";
+    QVERIFY(writeFile(settings, content));
+    const QString path = m_out.filePath("settings.kml");
+    const Result result = cli({"export", "kml", m_card, "--cycle", "1", "--flight", "1", "--output",
+                               path, "--kml-line-color", "a0b0c0", "--kml-place-mark-on=false"});
+    QVERIFY2(result.status == 0, qPrintable(result.error));
+    const QByteArray written = readFile(path);
+    QVERIFY(written.contains("<width>7</width>") && written.contains("<color>ffc0b0a0</color>"));
+    QVERIFY(!written.contains("Positions"));
+    QCOMPARE(readFile(settings), content); // what is given holds for this run only
+    QVERIFY(QFile::remove(settings));
+}
+
+void TestCliExport::failures_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    QTest::addColumn<QString>("says");
+
+    const QString card = KOLT_SAMPLE_CARD;
+    const auto row = [&](const char* name, const QStringList& more, const char* says) {
+        QTest::newRow(name) << QStringList{"export"} + more << says;
+    };
+    row("nothing", {}, "csv, kml or gpx");
+    row("unknown format", {"pdf", card, "--cycle", "1", "--output", "OUT"}, "not \"pdf\"");
+    row("no folder", {"csv", "--cycle", "1", "--output", "OUT"}, "one folder");
+    row("no output", {"csv", card, "--cycle", "1"}, "--output is missing");
+    row("neither cycle nor files", {"csv", card, "--output", "OUT"}, "either");
+    row("all and a cycle", {"csv", card, "--all", "--cycle", "1", "--output", "OUT"}, "--all");
+    row("flight of files", {"csv", card, "--files", "a", "--flight", "1", "--output", "OUT"},
+        "--flight needs --cycle");
+    row("flight 0", {"csv", card, "--cycle", "1", "--flight", "0", "--output", "OUT"}, "\"0\"");
+    row("unknown flight", {"csv", card, "--cycle", "1", "--flight", "99", "--output", "OUT"},
+        "no flight 99");
+    row("unknown cycle", {"csv", card, "--cycle", "99", "--output", "OUT"}, "no cycle 99");
+    row("no such file", {"csv", card, "--files", "no.CAN", "--output", "OUT"}, "nothing recorded");
+    row("wrong number", {"csv", card, "--cycle", "1", "--output", "OUT", "--CsvResolution", "0"},
+        "--CsvResolution cannot be \"0\"");
+    row("wrong colour", {"kml", card, "--cycle", "1", "--output", "OUT", "--KmlLineColor", "red"},
+        "\"red\"");
+    row("setting of another format",
+        {"gpx", card, "--cycle", "1", "--output", "OUT", "--CsvResolution", "5"},
+        "means nothing to an export as gpx");
+    row("unknown parameter",
+        {"csv", card, "--cycle", "1", "--output", "OUT", "--parameter", "No/Such"}, "No/Such");
+    row("no parameter at all",
+        {"csv", card, "--cycle", "1", "--output", "OUT", "--CsvAllParameter", "false"},
+        "--parameter is missing");
+    row("below the card", {"csv", card, "--cycle", "1", "--output", card + "/new/out.csv"},
+        "below the recordings");
+    row("a folder that cannot be written",
+        {"kml", card, "--cycle", "1", "--output", "/proc/out.kml"}, "could not be written");
+    row("a folder that cannot be made", {"kml", card, "--all", "--output", "/proc/out"},
+        "cannot be made");
+}
+
+void TestCliExport::failures()
+{
+    QFETCH(QStringList, arguments);
+    QFETCH(QString, says);
+    const QString path = m_out.filePath("kept");
+    QVERIFY(writeFile(path, "before"));
+    const Result result = cli(arguments.replaceInStrings("OUT", path));
+    QVERIFY2(result.status > 0, qPrintable(QString::number(result.status)));
+    QCOMPARE(result.output, QByteArray());
+    QVERIFY2(result.error.startsWith("kolt-cli: ") && result.error.contains(says),
+             qPrintable(result.error));
+    QCOMPARE(readFile(path), QByteArray("before"));
+}
+
+void TestCliExport::helpNamesTheSettings()
+{
+    const Result result = run(KOLT_CLI, {"export", "--help"});
+    QCOMPARE(result.status, 0);
+    for (const char* text : {"kolt-cli export csv|kml|gpx FOLDER", "--all", "--output",
+                             "--CsvResolution <N>", "--KmlPolygonColor <RRGGBB>"})
+        QVERIFY2(result.output.contains(text), text);
+}
+
+QTEST_GUILESS_MAIN(TestCliExport)
+#include "tst_cliexport.moc"

@@ -1,0 +1,300 @@
+#include "app/settings/SettingsStore.h"
+#include "export/DialogExportCsv.h"
+#include "export/DialogExportGpx.h"
+#include "export/DialogExportKml.h"
+#include "export/WidgetColorButton.h"
+#include "tests/support/ModalBoxes.h"
+#include "tests/support/ProfileFixture.h"
+#include "tests/support/RecordingFixture.h"
+
+#include <QCheckBox>
+#include <QColorDialog>
+#include <QDir>
+#include <QGroupBox>
+#include <QLabel>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QSpinBox>
+#include <QTest>
+
+using namespace KOLT;
+using namespace KOLT::Test;
+
+/// The dialogs as a user operates them, with their settings.
+class TestExportDialogs : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+
+    void cleanup() { m_dialog.reset(); }
+
+    void kmlOptionsReachFileAndSettings();
+    void csvOptionsReachFileAndSettings();
+    void whatCannotBeExported();
+    void failuresAreTold_data();
+    void failuresAreTold();
+    void cardFolderIsNotWrittenTo();
+    void suffixIsAddedBeforeOverwriting();
+    void cancelKeepsTheFormerFile();
+
+private:
+    void open(const QString& suffix);
+    void click(const QString& text);
+    QPushButton* button(const QString& text) const;
+
+    DialogExport::Source source() const
+    {
+        return {m_dataSet, "Flight 1", "Proposed", m_directory->filePath("card")};
+    }
+
+    QString summary() const { return m_dialog->findChildren<QLabel*>("hint").last()->text(); }
+
+    template <typename Widget>
+    Widget* find(const QString& name) const
+    {
+        return m_dialog->findChild<Widget*>(name);
+    }
+
+    template <typename Button>
+    Button* labelled(const QString& text) const
+    {
+        for (Button* candidate : m_dialog->findChildren<Button*>()) {
+            if (candidate->text().remove('&').startsWith(text))
+                return candidate;
+        }
+        return nullptr;
+    }
+
+    std::unique_ptr<QTemporaryDir> m_directory;
+    Profile m_profile;
+    DataSet m_dataSet;
+    std::unique_ptr<DialogExport> m_dialog;
+};
+
+void TestExportDialogs::init()
+{
+    m_directory = std::make_unique<QTemporaryDir>();
+    const DiagnosticsCapture output;
+    QVERIFY(loadProfile(
+        m_profile,
+        device({"name='Lat' id='1' dataType='FLOAT' koltDataType='Latitude'",
+                "name='Lon' id='1' startByte='4' dataType='FLOAT' koltDataType='Longitude'",
+                "name='Alt' id='2' dataType='FLOAT' koltDataType='Altitude'"})));
+    m_dataSet.dateTime = QDateTime(QDate(2026, 7, 28), QTime(12, 0), Qt::UTC);
+    m_dataSet.stopSeconds = 100.0;
+    m_dataSet.messages.clear();
+    for (int t = 0; t <= 100; ++t) {
+        add(m_dataSet.messages, 1, t, floats(4830.0F, 1100.0F + static_cast<float>(t) / 10));
+        add(m_dataSet.messages, 2, t, floats(500.5F));
+    }
+    m_dataSet.track = buildTrack(m_profile, m_dataSet.messages);
+    SettingsStore& settings = SettingsStore::instance();
+    settings.setFileName(QFile::encodeName(m_directory->filePath("KOLT.ini")));
+    storeKmlOptions({}, settings);
+    storeCsvOptions({}, settings);
+    for (const char* key : {"KmlExportDir", "CsvExportDir", "GpxExportDir"})
+        settings.setText(key, QFile::encodeName(m_directory->path()));
+}
+
+void TestExportDialogs::open(const QString& suffix)
+{
+    if (suffix == "kml")
+        m_dialog = std::make_unique<DialogExportKml>(m_profile, source());
+    else if (suffix == "csv")
+        m_dialog = std::make_unique<DialogExportCsv>(m_profile, source());
+    else
+        m_dialog = std::make_unique<DialogExportGpx>(source());
+    m_dialog->show();
+    QVERIFY(QTest::qWaitForWindowExposed(m_dialog.get()));
+}
+
+QPushButton* TestExportDialogs::button(const QString& text) const
+{
+    return labelled<QPushButton>(text);
+}
+
+void TestExportDialogs::click(const QString& text)
+{
+    QTest::mouseClick(button(text), Qt::LeftButton);
+}
+
+void TestExportDialogs::kmlOptionsReachFileAndSettings()
+{
+    open("kml");
+    QVERIFY(summary().contains("201 positions"));
+    find<QSpinBox>("KmlLineWidth")->setValue(9);
+    find<QSpinBox>("KmlPlaceMarkIntervall")->setValue(100);
+    for (auto* group : m_dialog->findChildren<QGroupBox*>()) {
+        if (group->title().startsWith("Curtain"))
+            group->setChecked(false);
+    }
+    ModalBoxes boxes;
+    auto* const color = m_dialog->findChildren<WidgetColorButton*>().first();
+    boxes.handle([](QDialog& dialog) {
+        qobject_cast<QColorDialog*>(&dialog)->setCurrentColor(QColor(1, 2, 3));
+        dialog.accept();
+    });
+    color->click();
+    const QString path = m_directory->filePath("new.kml");
+    boxes.answer(path);
+    click("Export...");
+    QVERIFY(boxes.isDone());
+    QCOMPARE(boxes.seen(), QStringList{"Export KML File"});
+    QCOMPARE(m_dialog->result(), int{QDialog::Accepted});
+    QCOMPARE(m_dialog->exportedPath(), path);
+    const QByteArray content = readFile(path);
+    QVERIFY(content.contains("<name>Flight 1</name>") && content.contains("<width>9</width>"));
+    QVERIFY(content.contains("<color>ff030201</color>"));
+    QCOMPARE(content.count("<LineString>"), 1);
+    QCOMPARE(content.count("<Point>"), 3);
+    SettingsStore stored;
+    stored.setFileName(SettingsStore::instance().fileName());
+    const DiagnosticsCapture output;
+    stored.load();
+    QCOMPARE(stored.getInteger("KmlLineWidth", 0), 9);
+    QCOMPARE(stored.getInteger("KmlPlaceMarkIntervall", 0), 100);
+    QCOMPARE(stored.getBoolean("KmlPolygonOn", true), false);
+    QCOMPARE(stored.getText("KmlLineColor"), QByteArray("010203"));
+    QCOMPARE(stored.getText("KmlExportDir"), m_directory->path().toUtf8());
+    // The next dialog begins with them.
+    open("kml");
+    QCOMPARE(find<QSpinBox>("KmlLineWidth")->value(), 9);
+    QCOMPARE(m_dialog->findChildren<WidgetColorButton*>().first()->color(), QColor(1, 2, 3));
+}
+
+void TestExportDialogs::csvOptionsReachFileAndSettings()
+{
+    m_profile.select([](const ProfileParameter& parameter) { return parameter.name == "Alt"; });
+    SettingsStore::instance().setInteger("CsvLimiter", '|'); // none of those offered
+    open("csv");
+    QVERIFY2(summary().startsWith("1,001 rows, about "), qPrintable(summary()));
+    QVERIFY(!labelled<QCheckBox>("Decimal comma")->isEnabled());
+    labelled<QCheckBox>("Decimal comma")->setChecked(true);
+    labelled<QRadioButton>("Selected parameters (1)")->setChecked(true);
+    find<QSpinBox>("resolution")->setValue(50'000);
+    QVERIFY2(summary().startsWith("3 rows, about "), qPrintable(summary()));
+    ModalBoxes boxes;
+    boxes.answer(m_directory->filePath("new.csv"));
+    click("Export...");
+    QCOMPARE(readFile(m_directory->filePath("new.csv")).split('\n').value(2),
+             QByteArray("2026-07-28|12:00:50.000|50.000|500.500000\r"));
+    const SettingsStore& settings = SettingsStore::instance();
+    QCOMPARE(settings.getInteger("CsvLimiter", 0), int{'|'});
+    QCOMPARE(settings.getInteger("CsvResolution", 0), 50'000);
+    QVERIFY(!settings.getBoolean("CsvAllParameter", true));
+    QVERIFY(settings.getBoolean("CsvDecimalComma", false));
+}
+
+void TestExportDialogs::whatCannotBeExported()
+{
+    m_profile.select([](const ProfileParameter&) { return false; });
+    open("csv");
+    QVERIFY(button("Export...")->isEnabled());
+    labelled<QRadioButton>("Selected parameters (0)")->setChecked(true);
+    QCOMPARE(summary(), "No parameters are selected.");
+    QVERIFY(!button("Export...")->isEnabled());
+    labelled<QRadioButton>("All parameters")->setChecked(true);
+    QVERIFY(button("Export...")->isEnabled());
+    m_dataSet.stopSeconds = 1e9; // a stray time stamp
+    find<QSpinBox>("resolution")->setValue(10);
+    QVERIFY(summary().contains("too many") && !button("Export...")->isEnabled());
+    m_dataSet.track.clear();
+    for (const char* suffix : {"kml", "gpx"}) {
+        open(suffix);
+        QVERIFY(summary().startsWith("No position was recorded"));
+        QVERIFY(!button("Export...")->isEnabled());
+    }
+}
+
+void TestExportDialogs::failuresAreTold_data()
+{
+    QTest::addColumn<QString>("box");
+    QTest::newRow("kml") << "KOLT Warning|Exporting KML file failed !|OK";
+    QTest::newRow("csv") << "KOLT Viewer Warning|Exporting CSV file failed !|OK";
+    QTest::newRow("gpx") << "KOLT Warning|Exporting GPX file failed !|OK";
+}
+
+void TestExportDialogs::failuresAreTold()
+{
+    QFETCH(QString, box);
+    open(QTest::currentDataTag());
+    ModalBoxes boxes;
+    boxes.answer(QStringLiteral("/proc/out.") + QTest::currentDataTag()); // not even for root
+    boxes.answer("OK");
+    click("Export...");
+    QCOMPARE(QString(boxes.seen().last()).remove('&'), box);
+    QVERIFY(m_dialog->isVisible() && button("Export...")->isEnabled());
+    QVERIFY(m_dialog->exportedPath().isEmpty());
+}
+
+void TestExportDialogs::cardFolderIsNotWrittenTo()
+{
+    QVERIFY(QDir().mkpath(m_directory->filePath("card/sub")));
+    open("gpx");
+    ModalBoxes boxes;
+    boxes.answer(m_directory->filePath("card/sub/out.gpx"));
+    boxes.answer("OK");
+    click("Export...");
+    QVERIFY(boxes.seen().last().startsWith("KOLT Warning|Nothing is written to the folder"));
+    QVERIFY(m_dialog->isVisible());
+    QVERIFY(!QFile::exists(m_directory->filePath("card/sub/out.gpx")));
+}
+
+void TestExportDialogs::suffixIsAddedBeforeOverwriting()
+{
+    const QString path = m_directory->filePath("flight.gpx");
+    QVERIFY(writeFile(path, "before"));
+    open("gpx");
+    ModalBoxes boxes;
+    boxes.answer(m_directory->filePath("flight"));
+    boxes.answer("&No");
+    boxes.answer({}); // and the file dialog is left
+    click("Export...");
+    QVERIFY2(boxes.seen().value(1).contains("flight.gpx"), qPrintable(boxes.seen().join('\n')));
+    QCOMPARE(readFile(path), QByteArray("before"));
+    boxes.answer(m_directory->filePath("flight"));
+    boxes.answer("&Yes");
+    click("Export...");
+    QVERIFY(readFile(path).contains("<trkpt"));
+}
+
+void TestExportDialogs::cancelKeepsTheFormerFile()
+{
+    const QString path = m_directory->filePath("long.csv");
+    QVERIFY(writeFile(path, "before"));
+    m_dataSet.stopSeconds = 15'000.0;
+    SettingsStore::instance().setInteger("CsvResolution", 1); // fifteen million rows
+    open("csv");
+    ModalBoxes boxes;
+    boxes.answer(path);
+    boxes.answer("&Yes");
+    auto* const progress = m_dialog->findChild<QProgressBar*>();
+    int looks = 0;
+    QTimer look;
+    connect(&look, &QTimer::timeout, this, [&] {
+        if (!progress->isVisible())
+            return;
+        ++looks; // the window is alive while it works
+        QVERIFY(!button("Export...")->isEnabled() && !find<QSpinBox>("resolution")->isEnabled());
+        if (looks == 2)
+            m_dialog->close(); // only ends the work
+        if (looks == 3)
+            click("Cancel");
+    });
+    look.start(1);
+    click("Export...");
+    look.stop();
+    QVERIFY2(looks >= 2, qPrintable(QString::number(looks)));
+    QVERIFY(m_dialog->isVisible() && !progress->isVisible());
+    QVERIFY(summary().startsWith("Cancelled"));
+    QCOMPARE(readFile(path), QByteArray("before"));
+    QCOMPARE(QDir(m_directory->path()).entryList({"long*"}, QDir::Files | QDir::Hidden),
+             QStringList{"long.csv"});
+    QVERIFY(button("Export...")->isEnabled());
+}
+
+QTEST_MAIN(TestExportDialogs)
+#include "tst_exportdialogs.moc"
