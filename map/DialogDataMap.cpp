@@ -19,7 +19,7 @@ namespace KOLT {
 
 namespace {
 
-constexpr int minimumWidth = 200;
+constexpr int narrowestPage = 200;
 constexpr int panelEdge = 10;
 constexpr int toolBarRoom = 70;
 constexpr int valuePanelPlace = 310;
@@ -56,7 +56,7 @@ DialogDataMap::DialogDataMap(const Profile& profile, QWidget* parent)
     m_values->setColumnStretch(0, 1);
     m_valuePanel->setAttribute(Qt::WA_TransparentForMouseEvents);
     m_valuePanel->hide();
-    setMinimumWidth(minimumWidth);
+    setMinimumWidth(narrowestPage);
 }
 
 void DialogDataMap::createToolBar()
@@ -129,25 +129,25 @@ void DialogDataMap::showData()
     fillColorings();
     createValueRows();
     m_map->setUnitSystem(m_profile.unitSystem());
-    const DataSet* const data = dataSet();
-    if (data == nullptr || data->track.empty()) {
+    const DataSet* const shown = dataSet();
+    if (shown == nullptr || shown->track.empty()) {
         dropData();
         return;
     }
-    if (m_fitted != data) {
-        m_aircraft = AircraftTrack(data->track);
-        m_map->setTrack(&data->track, trackGaps(m_profile, data->messages));
+    if (m_fitted != shown) {
+        m_aircraft = AircraftTrack(shown->track);
+        m_map->setTrack(&shown->track, trackGaps(m_profile, shown->messages));
         m_map->fitTrack();
-        m_fitted = data;
+        m_fitted = shown;
     }
     slotColoring(m_coloring->currentIndex());
-    m_map->setMarks(flightMarks(*data));
+    m_map->setMarks(flightMarks(*shown));
     // Finding exceedances walks through all samples; the map need not wait for that.
-    QTimer::singleShot(0, this, [this, data] {
-        if (dataSet() != data || m_fitted != data)
+    QTimer::singleShot(0, this, [this, shown] {
+        if (dataSet() != shown || m_fitted != shown)
             return;
-        std::vector<MapMark> marks = exceedanceMarks(m_profile, *data);
-        std::ranges::move(flightMarks(*data), std::back_inserter(marks));
+        std::vector<MapMark> marks = exceedanceMarks(m_profile, *shown);
+        std::ranges::move(flightMarks(*shown), std::back_inserter(marks));
         m_map->setMarks(std::move(marks));
     });
 }
@@ -160,7 +160,7 @@ void DialogDataMap::fillColorings()
     m_coloring->addItem(tr("Altitude"), QStringLiteral("altitude"));
     m_coloring->addItem(tr("Ground speed"), QStringLiteral("speed"));
     for (const ProfileParameter* const parameter : m_profile.selectedParameters())
-        m_coloring->addItem(parameter->name, QStringLiteral("/") + parameter->fullName());
+        m_coloring->addItem(parameter->name, QStringLiteral("/") + parameter->fullName);
     m_coloring->setCurrentIndex(std::max(0, m_coloring->findData(chosen)));
 }
 
@@ -224,8 +224,8 @@ void DialogDataMap::refreshValues()
         QString text = QStringLiteral("---");
         QColor color = Qt::white;
         if (cell.sample != nullptr) {
-            MessageData data = cell.sample->data;
-            const DecodedValue value = decodeValue(m_profile, *row.parameter, data);
+            MessageData bytes = cell.sample->data;
+            const DecodedValue value = decodeValue(m_profile, *row.parameter, bytes);
             text = value.text;
             color = QColor(value.grade.color);
             if (!m_profile.unitLabel(*row.parameter).isEmpty())
