@@ -35,7 +35,7 @@ void ViewFrame::setModel(const ViewModel& model, VariableTable& variables)
         used.clear();
         collectVariables(element, used);
         std::ranges::sort(used);
-        used.erase(std::ranges::unique(used).begin(), used.end());
+        used.erase(std::unique(used.begin(), used.end()), used.end());
         for (const int slot : used) {
             const auto place = static_cast<std::size_t>(slot);
             m_dependents.resize(std::max(m_dependents.size(), place + 1));

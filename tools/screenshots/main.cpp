@@ -2,6 +2,7 @@
 #include "app/DialogMain.h"
 #include "app/settings/CommandLineOptions.h"
 #include "app/startup/Startup.h"
+#include "map/WidgetMap.h"
 #include "resources/Resources.h"
 
 #include <QAction>
@@ -168,6 +169,7 @@ void takeDialogs(KOLT::DialogMain& window, Camera& camera)
 int main(int argc, char* argv[])
 {
     initKoltResources();
+    KOLT::WidgetMap::setNetworkEnabled(false); // the same pictures everywhere
     const bool isEmu = argc > 2 && QByteArray(argv[2]) == "-emu";
     const char* const options[] = {argv[0], "-emu"};
     KOLT::Startup::parseCommandLine(isEmu ? 2 : 1, options);
