@@ -89,7 +89,7 @@ void DialogDataMap::createToolBar()
     fit->setToolTip(tr("Show the whole flight (F)"));
     connect(fit, &QAction::triggered, this, [this] { m_map->fitTrack(); });
     m_coloring = new QComboBox(bar);
-    m_coloring->setToolTip(tr("What the track is coloured by"));
+    m_coloring->setToolTip(tr("What the track is colored by"));
     m_coloring->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     m_coloring->setMinimumContentsLength(10);
     connect(m_coloring, &QComboBox::activated, this, &DialogDataMap::slotColoring);
@@ -156,7 +156,7 @@ void DialogDataMap::fillColorings()
 {
     const QVariant chosen = m_coloring->currentData();
     m_coloring->clear();
-    m_coloring->addItem(tr("One colour"), QString());
+    m_coloring->addItem(tr("One color"), QString());
     m_coloring->addItem(tr("Altitude"), QStringLiteral("altitude"));
     m_coloring->addItem(tr("Ground speed"), QStringLiteral("speed"));
     for (const ProfileParameter* const parameter : m_profile.selectedParameters())

@@ -195,10 +195,6 @@
         <translation>EMU-Anzeige</translation>
     </message>
     <message>
-        <source>The map</source>
-        <translation>Karte</translation>
-    </message>
-    <message>
         <source>Data</source>
         <translation>Daten</translation>
     </message>
@@ -354,6 +350,37 @@ Verwenden Sie einen Namen mit der Endung .bmp, .png oder .jpg.</translation>
     </message>
 </context>
 <context>
+    <name>KOLT::DialogDataMap</name>
+    <message>
+        <source>Center AC</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Fit flight</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Show the whole flight (F)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>What the track is coloured by</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>One colour</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Altitude</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Ground speed</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>KOLT::DialogDataStatistic</name>
     <message>
         <source>Choose a flight on the left to see its figures.</source>
@@ -484,6 +511,20 @@ F1 öffnet die Hilfe.</translation>
 Select fewer, or export the data as a CSV file.</source>
         <translation>Nicht kopiert: mehr als %L1 Zellen sind ausgewählt.
 Wählen Sie weniger oder exportieren Sie die Daten als CSV-Datei.</translation>
+    </message>
+</context>
+<context>
+    <name>KOLT::DialogDataView</name>
+    <message numerus="yes">
+        <source>The instrument view has %n fault(s): %1</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>The instrument view cannot be shown: %1</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -649,6 +690,229 @@ Motordrehzahl: %3</translation>
     <message>
         <source>Engine speed</source>
         <translation>Motordrehzahl</translation>
+    </message>
+</context>
+<context>
+    <name>KOLT::DialogExport</name>
+    <message>
+        <source>Export...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation type="unfinished">Abbrechen</translation>
+    </message>
+    <message>
+        <source>Nothing is written to the folder of the recordings, so that they stay as they are. Please choose another folder than
+%1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Cancelled. Nothing was written.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1
+%2
+Please check that the folder can be written and is not full, or choose another one.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>KOLT::DialogExportCsv</name>
+    <message>
+        <source>Export CSV File</source>
+        <translation type="unfinished">CSV-Datei exportieren</translation>
+    </message>
+    <message>
+        <source>CSV Files (*.csv)</source>
+        <translation type="unfinished">CSV-Dateien (*.csv)</translation>
+    </message>
+    <message>
+        <source>KOLT Viewer Warning</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Exporting CSV file failed !</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Semicolon ;</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Comma ,</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Tabulator</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Decimal comma (12,5)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>For spreadsheets of countries that write numbers so</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source> ms</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Time from one row to the next</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;All parameters (%1)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Selected parameters (%1)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Se&amp;parator</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Time step</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Columns</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No parameters are selected.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 rows are too many. Please choose a longer time step.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 rows, about %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>KOLT::DialogExportGpx</name>
+    <message>
+        <source>Export GPX File</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>GPX Files (*.gpx)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>KOLT Warning</source>
+        <translation type="unfinished">KOLT-Warnung</translation>
+    </message>
+    <message>
+        <source>Exporting GPX file failed !</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>KOLT::DialogExportKml</name>
+    <message>
+        <source>Export KML File</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>KML Files (*.kml)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>KOLT Warning</source>
+        <translation type="unfinished">KOLT-Warnung</translation>
+    </message>
+    <message>
+        <source>Exporting KML file failed !</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>On each mark</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>On each mark, and a track that plays back</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>T&amp;imes</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The recording has no date, so no times can be written.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Flight path</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source> px</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Width</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Color</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Curtain down to the &amp;ground</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Color</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Marks along the path</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Each tells time, altitude, speed and the selected parameters</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>A mark on each so many positions of the path</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Every</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Error ma&amp;rks</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Where a &amp;limit was exceeded</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Where a warning lam&amp;p came on</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Opacity</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>positions (%1 s)</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -890,6 +1154,10 @@ ist keine Aufzeichnungsdatei. Aufzeichnungsdateien enden auf .CAN, .can oder .xc
         <source>%1: %2</source>
         <translation>%1: %2</translation>
     </message>
+    <message>
+        <source>Exported to %1</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>KOLT::DialogPreferences</name>
@@ -1089,6 +1357,72 @@ ist keine Aufzeichnungsdatei. Aufzeichnungsdateien enden auf .CAN, .can oder .xc
     </message>
 </context>
 <context>
+    <name>KOLT::Export</name>
+    <message>
+        <source>No position was recorded, so there is no flight path to export.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 positions, two a second</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>%n flight(s)</source>
+        <translation type="unfinished">
+            <numerusform>%n Flug</numerusform>
+            <numerusform>%n Flüge</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Flight %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Cycle %1</source>
+        <translation type="unfinished">Zyklus %1</translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation type="unfinished">Zeit</translation>
+    </message>
+    <message>
+        <source>Altitude</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Speed</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>On the ground</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Flight path</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Curtain</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Playback</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Positions</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Exceeded</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No position was recorded.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>KOLT::GraphScene</name>
     <message>
         <source>Between the markers: min, max, mean</source>
@@ -1224,6 +1558,25 @@ ist keine Aufzeichnungsdatei. Aufzeichnungsdateien enden auf .CAN, .can oder .xc
     <message>
         <source>Show the flights of the day as a sheet</source>
         <translation>Die Flüge des Tages als Blatt zeigen</translation>
+    </message>
+    <message>
+        <source>Export GPX File</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Export the flights as tracks to a GPX file</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>KOLT::MapMarks</name>
+    <message>
+        <source>Take-off of flight %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Landing of flight %1</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -1435,10 +1788,10 @@ Der Ordner ist nicht beschreibbar oder voll.</translation>
     </message>
 </context>
 <context>
-    <name>KOLT::WidgetEmptyPage</name>
+    <name>KOLT::WidgetColorButton</name>
     <message>
-        <source>%1 is not part of this version.</source>
-        <translation>Nicht in dieser Version enthalten: %1</translation>
+        <source>Choose another color</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -1512,6 +1865,44 @@ Drag a handle at the left edge to move its trace.</source>
 Rad: zoomen. Pfeiltasten: Cursor bewegen (mit Umschalt weiter).
 F: ganzer Flug. Pos1, Ende: seine Enden. M: Marker um die Mitte.
 Ein Griff am linken Rand verschiebt seine Kurve.</translation>
+    </message>
+</context>
+<context>
+    <name>KOLT::WidgetMap</name>
+    <message>
+        <source>Left button: move the map; with Shift: zoom. Wheel or double click: zoom about the pointer.
+Arrow keys, + and -: move and zoom. F: whole flight. Ctrl+S: hill shading.
+Click on the track: go to that moment.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>offline</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>Tessa::ElevationSource</name>
+    <message>
+        <source>The elevation file cannot be used: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>Tessa::TessaMap</name>
+    <message>
+        <source>The map cannot be drawn with this graphics driver: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>Tessa::TileSource</name>
+    <message>
+        <source>The tile server refuses to send tiles (%1). It is left alone for ten minutes.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The address of the tile server cannot be used: %1</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>

@@ -22,6 +22,16 @@
     </message>
 </context>
 <context>
+    <name>KOLT::DialogDataView</name>
+    <message numerus="yes">
+        <source>The instrument view has %n fault(s): %1</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>KOLT::DialogMain</name>
     <message numerus="yes">
         <source>%n record file(s)</source>
@@ -42,6 +52,16 @@
         <translation>
             <numerusform>%n file</numerusform>
             <numerusform>%n files</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>KOLT::Export</name>
+    <message numerus="yes">
+        <source>%n flight(s)</source>
+        <translation type="unfinished">
+            <numerusform>%n flight</numerusform>
+            <numerusform>%n flights</numerusform>
         </translation>
     </message>
 </context>
