@@ -4,6 +4,8 @@
 #include "map/MapViewState.h"
 #include "map/TrackBounds.h"
 
+#include <optional>
+
 namespace KOLT {
 
 /// The motion keys that are held.
@@ -42,17 +44,21 @@ public:
 
     Tessa::LatLong centre() const { return {m_state.latitude, m_state.longitude}; }
 
-    Tessa::Globe globe() const { return globeAt(centre()); }
+    Tessa::Globe globe() const
+    {
+        return {centre(), m_state.metresPerPixel, m_windowWidth, m_windowHeight};
+    }
 
     void setRange(double width);
     void setCentre(Tessa::LatLong centre);
     void cancelAnimations();
 
     /// Sets the width so that the place under the point stays there; about the centre of the
-    /// window where the point lies beside the globe.
+    /// window where the point lies beside the globe, before or after.
     void zoomAbout(Tessa::WindowPoint point, double width);
 
-    /// One frame with keys held: 3 % of zoom, 1.5 % of the visible width of way.
+    /// One frame with keys held: 3 % of zoom, 1.5 % of the visible width of way. Zooming ends a
+    /// running zoom animation, moving a running glide.
     void stepKeys(const MapKeys& keys);
 
     /// One notch of a mouse wheel: towards the user (below 1) zooms out. Ends animations.
@@ -67,11 +73,11 @@ public:
 
     /// A button goes down: where drags start from.
     void press(Tessa::WindowPoint point);
-    /// Brings the place that was under the press point under this one. Ends animations and follow
-    /// mode; true when it was on.
+    /// Brings the place that was under the press point under this one; pressed beside the globe,
+    /// turns the globe. Ends animations and follow mode; true when it was on.
     bool dragTo(Tessa::WindowPoint point);
     /// Zooms by the vertical way from the press point: upwards in, twofold each quarter of the
-    /// window's height.
+    /// window's height. Ends animations.
     void dragZoomTo(Tessa::WindowPoint point);
 
     /// The pointer was dragged more than 20 pixels away from the press point since the press.
@@ -94,16 +100,18 @@ public:
     void follow(Tessa::LatLong aircraft);
 
 private:
-    Tessa::Globe globeAt(Tessa::LatLong centre) const;
     /// Metres from the centre of the window.
     Tessa::WindowPoint offsetOf(Tessa::WindowPoint point) const;
+    bool isOnGlobe(Tessa::WindowPoint point) const;
     bool endFollowing();
+    void noteMovement(Tessa::WindowPoint point);
     void updateRange();
 
     MapViewState& m_state;
     double m_windowWidth = 1.0;
     double m_windowHeight = 1.0;
     Tessa::WindowPoint m_pressPoint;
+    std::optional<Tessa::LatLong> m_pressPlace; ///< none beside the globe
     Tessa::LatLong m_pressCentre;
     double m_pressWidth = MapViewState::defaultWidth;
     bool m_hasMoved = false;

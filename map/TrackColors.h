@@ -40,7 +40,7 @@ struct TrackColors
 TrackColors trackColors(const TrackColorChoice& choice, const Profile& profile,
                         const DataSet& dataSet);
 
-/// From low to high: lightness falls steadily, so that the order can be told without seeing
+/// From low to high: lightness rises steadily, so that the order can be told without seeing
 /// colours, and all stand out from a light map.
 const std::array<QColor, ValueScale::classes>& trackColorRamp();
 

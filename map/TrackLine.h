@@ -2,8 +2,8 @@
 
 #include "libs/tessamap/Globe.h"
 #include "map/TrackBounds.h"
+#include "map/TrackClasses.h"
 #include "map/TrackGaps.h"
-#include "map/ValueScale.h"
 #include "record/Track.h"
 
 #include <cstdint>
@@ -21,7 +21,7 @@ namespace KOLT {
 class TrackLine
 {
 public:
-    static constexpr std::uint8_t noColor = 255;
+    static constexpr std::uint8_t noColor = TrackClasses::none;
     static constexpr double largestChunk = 80'000.0; ///< metres across
     static constexpr std::size_t mostVertices = 512; ///< of a chunk
 
@@ -44,7 +44,8 @@ public:
     };
 
     TrackLine() = default;
-    explicit TrackLine(const std::vector<TrackPoint>& track, std::vector<TrackGap> gaps = {});
+    explicit TrackLine(const std::vector<TrackPoint>& track,
+                       const std::vector<TrackGap>& gaps = {});
 
     bool isEmpty() const { return m_places.empty(); }
 
@@ -52,9 +53,8 @@ public:
 
     const TrackBounds& bounds() const { return m_bounds; }
 
-    /// Colours the line: one value for each point, NaN for none. Within two pixels of way the value
-    /// farthest from the middle one of the whole line counts, so that spikes stay visible. Empty
-    /// values, or another number of them than there are points: no colours.
+    /// Colours the line: one value for each point, NaN for none; see TrackClasses. Empty values, or
+    /// another number of them than there are points: no colours.
     void setValues(const std::vector<float>& values, const ValueScale& scale);
 
     /// The line at a scale; built when it is first asked for. Valid until setValues.
@@ -68,24 +68,14 @@ public:
 private:
     using Vector = Tessa::Globe::Vector;
 
-    /// Points first .. last that are joined.
-    struct Run
-    {
-        std::size_t first = 0;
-        std::size_t last = 0;
-    };
-
     void findRuns(const std::vector<TrackPoint>& track, const std::vector<TrackGap>& gaps);
-    void weigh() const;
     std::vector<Chunk> build(double metresPerPixel) const;
 
     TrackBounds m_bounds;
     std::vector<Vector> m_places;
-    std::vector<Run> m_runs;         ///< of two points or more
-    std::vector<float> m_values;     ///< empty, or one for each point
-    std::vector<float> m_deviations; ///< from the middle value, as far as they count
-    ValueScale m_scale;
-    mutable std::vector<float> m_weights; ///< the tolerance up to which a point is kept, metres
+    std::vector<TrackRun> m_runs; ///< of two points or more
+    TrackClasses m_classes;
+    mutable std::vector<float> m_weights;               ///< trackWeights, once they are asked for
     mutable std::map<int, std::vector<Chunk>> m_levels; ///< by the power of two
 };
 

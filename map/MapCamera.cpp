@@ -1,0 +1,298 @@
+#include "map/MapCamera.h"
+
+#include "libs/tusk/Filter.h"
+#include "libs/tusk/Geodetic.h"
+
+#include <algorithm>
+#include <cmath>
+#include <numbers>
+
+namespace KOLT {
+
+using Tessa::LatLong;
+using Tessa::WindowPoint;
+using TUSK::Geodetic::metresPerDegree;
+using TUSK::Geodetic::radiansPerDegree;
+
+namespace {
+
+constexpr double keyZoom = 1.03;
+constexpr double keyWay = 0.015; // of the width
+constexpr double longestKeyStep = 90.0;
+constexpr double wheelZoom = 1.100000023841858;
+
+constexpr double frameSeconds = 0.02;
+constexpr double lagSeconds = 0.2;
+constexpr double rangeReached = 10.0;     // metres
+constexpr double positionReached = 0.001; // of the width
+
+constexpr double movedPixels = 20.0;
+constexpr double doublingsPerHeight = 4.0; // of a zoom by dragging
+constexpr double fitRoom = 0.1;            // of the bounds' size, on each side
+
+double clampedWidth(double width)
+{
+    return std::clamp(width, MapCamera::narrowest, MapCamera::widest);
+}
+
+double glide(double from, double to)
+{
+    return TUSK::Math::Filter::pt1(from, to, lagSeconds, frameSeconds);
+}
+
+/// The latitude of a centre that shows a place at the height y, both in radii; in degrees and
+/// perhaps beyond the poles. The place lies at a sine of latitude and, across the meridian of the
+/// centre, at `cosine`.
+std::optional<double> latitudeShowing(double sine, double cosine, double y)
+{
+    // y = sine * cos(c) - cosine * sin(c) = length * cos(c + angle), on the near side.
+    const double length = std::hypot(sine, cosine);
+    if (length < 1e-12)
+        return std::nullopt;
+    const double c = std::acos(std::clamp(y / length, -1.0, 1.0)) - std::atan2(cosine, sine);
+    return Tessa::wrappedLongitude(c / radiansPerDegree);
+}
+
+} // namespace
+
+LatLong centreShowing(LatLong place, WindowPoint offset, LatLong before)
+{
+    const double length = std::hypot(offset.x, offset.y);
+    const double radii = std::max(TUSK::Geodetic::radius, length);
+    const double x = offset.x / radii;
+    const double y = offset.y / radii;
+    const double sinPhi = std::sin(place.latitude * radiansPerDegree);
+    const double cosPhi = std::cos(place.latitude * radiansPerDegree);
+    const double sinDelta = cosPhi > 1e-12 ? std::clamp(x / cosPhi, -1.0, 1.0) : 0.0;
+    const double cosBefore = std::cos((place.longitude - before.longitude) * radiansPerDegree);
+    const double cosDelta =
+        std::copysign(std::sqrt(1.0 - sinDelta * sinDelta), cosBefore < 0.0 ? -1.0 : 1.0);
+
+    const auto centreAt = [&](double cosine) -> LatLong {
+        const double delta = std::atan2(sinDelta, cosine) / radiansPerDegree;
+        return {latitudeShowing(sinPhi, cosPhi * cosine, y).value_or(before.latitude),
+                Tessa::wrappedLongitude(place.longitude - delta)};
+    };
+    LatLong centre = centreAt(cosDelta);
+    if (std::abs(centre.latitude) > 90.0) {
+        if (const LatLong other = centreAt(-cosDelta); std::abs(other.latitude) <= 90.0)
+            return other;
+        centre.latitude = std::clamp(centre.latitude, -90.0, 90.0);
+    }
+    return centre;
+}
+
+MapCamera::MapCamera(MapViewState& state)
+    : m_state(state)
+{
+}
+
+void MapCamera::setWindowSize(double width, double height)
+{
+    m_windowWidth = std::max(1.0, width);
+    m_windowHeight = std::max(1.0, height);
+    updateRange();
+}
+
+void MapCamera::updateRange()
+{
+    m_state.widgetWidth = m_windowWidth;
+    m_state.height = m_state.width * m_windowHeight / m_windowWidth;
+    m_state.metresPerPixel = m_state.width / m_windowWidth;
+    m_state.halfDiagonal = std::hypot(m_state.width / 2.0, m_state.height / 2.0);
+}
+
+void MapCamera::setRange(double width)
+{
+    if (std::isnan(width))
+        return;
+    m_state.width = clampedWidth(width);
+    updateRange();
+}
+
+void MapCamera::setCentre(LatLong centre)
+{
+    if (!std::isfinite(centre.latitude) || !std::isfinite(centre.longitude))
+        return;
+    m_state.latitude = std::clamp(centre.latitude, -90.0, 90.0);
+    m_state.longitude = Tessa::wrappedLongitude(centre.longitude);
+}
+
+void MapCamera::cancelAnimations()
+{
+    m_state.isRangeAnimated = false;
+    m_state.isPositionAnimated = false;
+}
+
+WindowPoint MapCamera::offsetOf(WindowPoint point) const
+{
+    return {(point.x - m_windowWidth / 2.0) * m_state.metresPerPixel,
+            (point.y - m_windowHeight / 2.0) * m_state.metresPerPixel};
+}
+
+bool MapCamera::isOnGlobe(WindowPoint point) const
+{
+    const WindowPoint offset = offsetOf(point);
+    return std::hypot(offset.x, offset.y) <= TUSK::Geodetic::radius;
+}
+
+void MapCamera::zoomAbout(WindowPoint point, double width)
+{
+    const std::optional<LatLong> place = globe().window2LatLong(point);
+    setRange(width);
+    if (place && isOnGlobe(point))
+        setCentre(centreShowing(*place, offsetOf(point), centre()));
+}
+
+void MapCamera::stepKeys(const MapKeys& keys)
+{
+    if (keys.zoomIn || keys.zoomOut) {
+        m_state.isRangeAnimated = false;
+        setRange(m_state.width / (keys.zoomIn ? keyZoom : 1.0) * (keys.zoomOut ? keyZoom : 1.0));
+    }
+    if (!keys.up && !keys.down && !keys.left && !keys.right)
+        return;
+    m_state.isPositionAnimated = false;
+    const double step = m_state.width * keyWay / metresPerDegree;
+    // At the very pole the step would have no end.
+    const double cosine = std::cos(m_state.latitude * radiansPerDegree);
+    const double sideStep = step < longestKeyStep * cosine ? step / cosine : longestKeyStep;
+    setCentre({m_state.latitude + (keys.up ? step : 0.0) - (keys.down ? step : 0.0),
+               m_state.longitude + (keys.right ? sideStep : 0.0) - (keys.left ? sideStep : 0.0)});
+}
+
+void MapCamera::wheel(WindowPoint point, double angleDelta)
+{
+    const double base = m_state.isRangeAnimated ? m_state.targetWidth : m_state.width;
+    cancelAnimations();
+    zoomAbout(point, angleDelta < 1.0 ? base * wheelZoom : base / wheelZoom);
+}
+
+void MapCamera::doubleClick(WindowPoint point)
+{
+    const LatLong startCentre = centre();
+    const double startWidth = m_state.width;
+    zoomAbout(point, clampedWidth(startWidth / 2.0) / 2.0);
+    m_state.targetLatitude = m_state.latitude;
+    m_state.targetLongitude = m_state.longitude;
+    m_state.targetWidth = m_state.width;
+    setRange(startWidth);
+    setCentre(startCentre);
+    m_state.isRangeAnimated = true;
+    m_state.isPositionAnimated = true;
+}
+
+bool MapCamera::stepAnimations()
+{
+    if (m_state.isRangeAnimated) {
+        setRange(glide(m_state.width, m_state.targetWidth));
+        if (std::abs(m_state.width - m_state.targetWidth) <= rangeReached) {
+            setRange(m_state.targetWidth);
+            m_state.isRangeAnimated = false;
+        }
+    }
+    if (m_state.follow != 0)
+        m_state.isPositionAnimated = false;
+    if (m_state.isPositionAnimated) {
+        // The short way, also over 180 degrees.
+        const double way = Tessa::wrappedLongitude(m_state.targetLongitude - m_state.longitude);
+        setCentre({glide(m_state.latitude, m_state.targetLatitude),
+                   glide(m_state.longitude, m_state.longitude + way)});
+        if (TUSK::Geodetic::distance(m_state.latitude, m_state.longitude, m_state.targetLatitude,
+                                     m_state.targetLongitude) < m_state.width * positionReached) {
+            setCentre({m_state.targetLatitude, m_state.targetLongitude});
+            m_state.isPositionAnimated = false;
+        }
+    }
+    return m_state.isRangeAnimated || m_state.isPositionAnimated;
+}
+
+bool MapCamera::endFollowing()
+{
+    cancelAnimations();
+    const bool wasOn = m_state.follow != 0;
+    m_state.follow = 0;
+    return wasOn;
+}
+
+void MapCamera::press(WindowPoint point)
+{
+    m_pressPoint = point;
+    m_pressPlace = globe().window2LatLong(point);
+    m_pressCentre = centre();
+    m_pressWidth = m_state.width;
+    m_hasMoved = false;
+}
+
+void MapCamera::noteMovement(WindowPoint point)
+{
+    if (std::hypot(point.x - m_pressPoint.x, point.y - m_pressPoint.y) > movedPixels)
+        m_hasMoved = true;
+}
+
+bool MapCamera::dragTo(WindowPoint point)
+{
+    const bool wasFollowing = endFollowing();
+    noteMovement(point);
+    if (m_pressPlace) {
+        setCentre(centreShowing(*m_pressPlace, offsetOf(point), centre()));
+        return wasFollowing;
+    }
+    const double perPixel = m_state.metresPerPixel / metresPerDegree;
+    setCentre({m_pressCentre.latitude - (point.y - m_pressPoint.y) * perPixel,
+               m_pressCentre.longitude - (point.x - m_pressPoint.x) * perPixel});
+    return wasFollowing;
+}
+
+void MapCamera::dragZoomTo(WindowPoint point)
+{
+    cancelAnimations();
+    noteMovement(point);
+    const double doublings = (point.y - m_pressPoint.y) / m_windowHeight * doublingsPerHeight;
+    setRange(m_pressWidth / std::exp2(doublings));
+}
+
+bool MapCamera::pan(double right, double up)
+{
+    const bool wasFollowing = endFollowing();
+    setCentre(centreShowing(centre(), {right * m_state.metresPerPixel, up * m_state.metresPerPixel},
+                            centre()));
+    return wasFollowing;
+}
+
+void MapCamera::pinch(WindowPoint point, double factor)
+{
+    cancelAnimations();
+    if (factor > 0.0)
+        zoomAbout(point, m_state.width / factor);
+}
+
+void MapCamera::fit(const TrackBounds& bounds)
+{
+    cancelAnimations();
+    setCentre({(bounds.minLatitude + bounds.maxLatitude) / 2.0, (bounds.west + bounds.east) / 2.0});
+    const Tessa::Globe globe = this->globe();
+    // The edges are bent, and may lie behind the limb.
+    constexpr int steps = 32;
+    double right = 0.0;
+    double top = 0.0;
+    for (int i = 0; i <= steps; ++i) {
+        for (int j = 0; j <= steps; ++j) {
+            const auto view = globe.toView(TUSK::Geodetic::latLong2Cartesian(
+                std::lerp(bounds.minLatitude, bounds.maxLatitude, i / double{steps}),
+                std::lerp(bounds.west, bounds.east, j / double{steps})));
+            right = view.z < 0.0 ? TUSK::Geodetic::radius : std::max(right, std::abs(view.x));
+            top = view.z < 0.0 ? TUSK::Geodetic::radius : std::max(top, std::abs(view.y));
+        }
+    }
+    const double half = std::max(right, top * m_windowWidth / m_windowHeight);
+    setRange(std::max(half * 2.0 * (1.0 + 2.0 * fitRoom), narrowestFit));
+}
+
+void MapCamera::follow(LatLong aircraft)
+{
+    if (m_state.follow != 0 && (aircraft.latitude != 0.0 || aircraft.longitude != 0.0))
+        setCentre(aircraft);
+}
+
+} // namespace KOLT

@@ -1,0 +1,142 @@
+#include "map/TrackLine.h"
+
+#include "map/TrackChunks.h"
+#include "map/TrackWeights.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace KOLT {
+
+namespace {
+
+// Of the powers of two: 4 mm to 500 km a pixel.
+constexpr int finestLevel = -8;
+constexpr int coarsestLevel = 19;
+
+constexpr double tolerancePixels = 0.5;
+constexpr double shortestColor = 2.0; // pixels
+
+/// The square of the distance from a line between two points of the window.
+double squareFromLine(Tessa::WindowPoint click, Tessa::WindowPoint from, Tessa::WindowPoint to)
+{
+    const double x = to.x - from.x;
+    const double y = to.y - from.y;
+    const double length = x * x + y * y;
+    const double along = (click.x - from.x) * x + (click.y - from.y) * y;
+    const double part = length > 0.0 ? std::clamp(along / length, 0.0, 1.0) : 0.0;
+    const double dx = click.x - from.x - part * x;
+    const double dy = click.y - from.y - part * y;
+    return dx * dx + dy * dy;
+}
+
+} // namespace
+
+TrackLine::TrackLine(const std::vector<TrackPoint>& track, const std::vector<TrackGap>& gaps)
+    : m_bounds(TrackBounds::of(track))
+{
+    m_places.reserve(track.size());
+    for (const TrackPoint& point : track)
+        m_places.push_back(TUSK::Geodetic::latLong2Cartesian(point.latitude, point.longitude));
+    findRuns(track, gaps);
+}
+
+void TrackLine::findRuns(const std::vector<TrackPoint>& track, const std::vector<TrackGap>& gaps)
+{
+    auto gap = gaps.begin();
+    std::size_t first = 0;
+    const auto endRun = [&](std::size_t last) {
+        if (last > first)
+            m_runs.push_back({first, last});
+        first = last + 1;
+    };
+    for (std::size_t i = 1; i < track.size(); ++i) {
+        const double before = track[i - 1].seconds();
+        const double now = track[i].seconds();
+        while (gap != gaps.end() && gap->to <= before)
+            ++gap;
+        if (now - before > longestTrackGap || (gap != gaps.end() && gap->from < now))
+            endRun(i - 1);
+    }
+    if (!track.empty())
+        endRun(track.size() - 1);
+}
+
+void TrackLine::setValues(const std::vector<float>& values, const ValueScale& scale)
+{
+    m_classes = values.size() == m_places.size() ? TrackClasses(values, scale) : TrackClasses();
+    m_levels.clear();
+}
+
+const std::vector<TrackLine::Chunk>& TrackLine::chunks(double metresPerPixel) const
+{
+    const double power = metresPerPixel > 0.0 ? std::floor(std::log2(metresPerPixel)) : 0.0;
+    const int level = static_cast<int>(std::clamp<double>(power, finestLevel, coarsestLevel));
+    const auto found = m_levels.find(level);
+    if (found != m_levels.end())
+        return found->second;
+    return m_levels.emplace(level, build(std::exp2(level))).first->second;
+}
+
+std::vector<TrackLine::Chunk> TrackLine::build(double metresPerPixel) const
+{
+    if (m_weights.empty())
+        m_weights = trackWeights(m_places, m_runs);
+    const double tolerance = tolerancePixels * metresPerPixel;
+    TrackChunks chunks;
+    for (const TrackRun& run : m_runs) {
+        std::vector<TrackPart> parts{{run.last, noColor}};
+        if (!m_classes.isEmpty())
+            parts = m_classes.partsOf(run, m_places, shortestColor * metresPerPixel);
+        chunks.moveTo(m_places[run.first]);
+        std::size_t i = run.first + 1;
+        for (const TrackPart& part : parts) {
+            for (; i <= part.last; ++i) {
+                if (static_cast<double>(m_weights[i]) > tolerance || i == part.last)
+                    chunks.lineTo(m_places[i], part.color);
+            }
+        }
+    }
+    return chunks.take();
+}
+
+std::optional<std::size_t> TrackLine::nearestPoint(const Tessa::Globe& globe,
+                                                   Tessa::WindowPoint click,
+                                                   double mostPixels) const
+{
+    std::optional<std::size_t> nearest;
+    double nearestSquare = mostPixels * mostPixels;
+    const auto look = [&](std::size_t index, double square) {
+        if (square < nearestSquare || (!nearest && square <= nearestSquare)) {
+            nearest = index;
+            nearestSquare = square;
+        }
+    };
+    for (const TrackRun& run : m_runs) {
+        Tessa::WindowPoint before;
+        bool wasInView = false;
+        for (std::size_t i = run.first; i <= run.last; ++i) {
+            const Vector view = globe.toView(m_places[i]);
+            const Tessa::WindowPoint point = globe.windowOf(view);
+            if (view.z >= 0.0 && wasInView) {
+                const bool isFirst =
+                    squareFromLine(click, before, before) < squareFromLine(click, point, point);
+                look(isFirst ? i - 1 : i, squareFromLine(click, before, point));
+            }
+            wasInView = view.z >= 0.0;
+            before = point;
+        }
+    }
+    return nearest;
+}
+
+bool isInView(const Tessa::Globe& globe, const TrackLine::Chunk& chunk)
+{
+    const Tessa::Globe::Vector view = globe.toView(chunk.origin);
+    const double room = chunk.radius / globe.metresPerPixel() + 2.0; // half of the line's width
+    const Tessa::WindowPoint point = globe.windowOf(view);
+    return view.z >= -chunk.radius && point.x >= -room && point.x <= globe.width() + room &&
+           point.y >= -room && point.y <= globe.height() + room;
+}
+
+} // namespace KOLT
