@@ -1,13 +1,11 @@
 #pragma once
 
-#include <numbers>
-
 /// The earth as a sphere on which one minute of arc is a nautical mile of 1852 m. Degrees and
 /// metres.
 namespace TUSK::Geodetic {
 
 inline constexpr double metresPerDegree = 60.0 * 1852.0;
-inline constexpr double radiansPerDegree = std::numbers::pi / 180.0;
+inline constexpr double radiansPerDegree = 0.017453292519943295;
 inline constexpr double radius = metresPerDegree / radiansPerDegree;
 
 /// A place or direction in space, in metres from the centre of the earth.
