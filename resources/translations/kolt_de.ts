@@ -353,31 +353,31 @@ Verwenden Sie einen Namen mit der Endung .bmp, .png oder .jpg.</translation>
     <name>KOLT::DialogDataMap</name>
     <message>
         <source>Center AC</source>
-        <translation type="unfinished"></translation>
+        <translation>Flugzeug zentrieren</translation>
     </message>
     <message>
         <source>Fit flight</source>
-        <translation type="unfinished"></translation>
+        <translation>Ganzer Flug</translation>
     </message>
     <message>
         <source>Show the whole flight (F)</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>What the track is coloured by</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>One colour</source>
-        <translation type="unfinished"></translation>
+        <translation>Ganzen Flug zeigen (F)</translation>
     </message>
     <message>
         <source>Altitude</source>
-        <translation type="unfinished"></translation>
+        <translation>Höhe</translation>
     </message>
     <message>
         <source>Ground speed</source>
-        <translation type="unfinished"></translation>
+        <translation>Geschwindigkeit über Grund</translation>
+    </message>
+    <message>
+        <source>What the track is colored by</source>
+        <translation>Wonach die Spur gefärbt ist</translation>
+    </message>
+    <message>
+        <source>One color</source>
+        <translation>Eine Farbe</translation>
     </message>
 </context>
 <context>
@@ -517,14 +517,14 @@ Wählen Sie weniger oder exportieren Sie die Daten als CSV-Datei.</translation>
     <name>KOLT::DialogDataView</name>
     <message numerus="yes">
         <source>The instrument view has %n fault(s): %1</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Die Instrumententafel hat %n Fehler: %1</numerusform>
+            <numerusform>Die Instrumententafel hat %n Fehler: %1</numerusform>
         </translation>
     </message>
     <message>
         <source>The instrument view cannot be shown: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Instrumententafel lässt sich nicht anzeigen: %1</translation>
     </message>
 </context>
 <context>
@@ -696,223 +696,226 @@ Motordrehzahl: %3</translation>
     <name>KOLT::DialogExport</name>
     <message>
         <source>Export...</source>
-        <translation type="unfinished"></translation>
+        <translation>Exportieren...</translation>
     </message>
     <message>
         <source>Cancel</source>
-        <translation type="unfinished">Abbrechen</translation>
+        <translation>Abbrechen</translation>
     </message>
     <message>
         <source>Nothing is written to the folder of the recordings, so that they stay as they are. Please choose another folder than
 %1</source>
-        <translation type="unfinished"></translation>
+        <translation>In den Ordner der Aufzeichnungen wird nichts geschrieben, damit sie bleiben, wie sie sind. Bitte wählen Sie einen anderen Ordner als
+%1</translation>
     </message>
     <message>
         <source>Cancelled. Nothing was written.</source>
-        <translation type="unfinished"></translation>
+        <translation>Abgebrochen. Es wurde nichts geschrieben.</translation>
     </message>
     <message>
         <source>%1
 %2
 Please check that the folder can be written and is not full, or choose another one.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1
+%2
+Bitte prüfen Sie, ob der Ordner beschreibbar und nicht voll ist, oder wählen Sie einen anderen.</translation>
     </message>
 </context>
 <context>
     <name>KOLT::DialogExportCsv</name>
     <message>
         <source>Export CSV File</source>
-        <translation type="unfinished">CSV-Datei exportieren</translation>
+        <translation>CSV-Datei exportieren</translation>
     </message>
     <message>
         <source>CSV Files (*.csv)</source>
-        <translation type="unfinished">CSV-Dateien (*.csv)</translation>
+        <translation>CSV-Dateien (*.csv)</translation>
     </message>
     <message>
         <source>KOLT Viewer Warning</source>
-        <translation type="unfinished"></translation>
+        <translation>KOLT-Viewer-Warnung</translation>
     </message>
     <message>
         <source>Exporting CSV file failed !</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Export der CSV-Datei ist gescheitert!</translation>
     </message>
     <message>
         <source>Semicolon ;</source>
-        <translation type="unfinished"></translation>
+        <translation>Semikolon ;</translation>
     </message>
     <message>
         <source>Comma ,</source>
-        <translation type="unfinished"></translation>
+        <translation>Komma ,</translation>
     </message>
     <message>
         <source>Tabulator</source>
-        <translation type="unfinished"></translation>
+        <translation>Tabulator</translation>
     </message>
     <message>
         <source>&amp;Decimal comma (12,5)</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Dezimalkomma (12,5)</translation>
     </message>
     <message>
         <source>For spreadsheets of countries that write numbers so</source>
-        <translation type="unfinished"></translation>
+        <translation>Für Tabellenkalkulationen von Ländern, die Zahlen so schreiben</translation>
     </message>
     <message>
         <source> ms</source>
-        <translation type="unfinished"></translation>
+        <translation> ms</translation>
     </message>
     <message>
         <source>Time from one row to the next</source>
-        <translation type="unfinished"></translation>
+        <translation>Zeit von einer Zeile zur nächsten</translation>
     </message>
     <message>
         <source>&amp;All parameters (%1)</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Alle Parameter (%1)</translation>
     </message>
     <message>
         <source>&amp;Selected parameters (%1)</source>
-        <translation type="unfinished"></translation>
+        <translation>Aus&amp;gewählte Parameter (%1)</translation>
     </message>
     <message>
         <source>Se&amp;parator</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Trennzeichen</translation>
     </message>
     <message>
         <source>&amp;Time step</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Zeitschritt</translation>
     </message>
     <message>
         <source>Columns</source>
-        <translation type="unfinished"></translation>
+        <translation>Spalten</translation>
     </message>
     <message>
         <source>No parameters are selected.</source>
-        <translation type="unfinished"></translation>
+        <translation>Es sind keine Parameter ausgewählt.</translation>
     </message>
     <message>
         <source>%1 rows are too many. Please choose a longer time step.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 Zeilen sind zu viele. Bitte wählen Sie einen längeren Zeitschritt.</translation>
     </message>
     <message>
         <source>%1 rows, about %2</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 Zeilen, etwa %2</translation>
     </message>
 </context>
 <context>
     <name>KOLT::DialogExportGpx</name>
     <message>
         <source>Export GPX File</source>
-        <translation type="unfinished"></translation>
+        <translation>GPX-Datei exportieren</translation>
     </message>
     <message>
         <source>GPX Files (*.gpx)</source>
-        <translation type="unfinished"></translation>
+        <translation>GPX-Dateien (*.gpx)</translation>
     </message>
     <message>
         <source>KOLT Warning</source>
-        <translation type="unfinished">KOLT-Warnung</translation>
+        <translation>KOLT-Warnung</translation>
     </message>
     <message>
         <source>Exporting GPX file failed !</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Export der GPX-Datei ist gescheitert!</translation>
     </message>
 </context>
 <context>
     <name>KOLT::DialogExportKml</name>
     <message>
         <source>Export KML File</source>
-        <translation type="unfinished"></translation>
+        <translation>KML-Datei exportieren</translation>
     </message>
     <message>
         <source>KML Files (*.kml)</source>
-        <translation type="unfinished"></translation>
+        <translation>KML-Dateien (*.kml)</translation>
     </message>
     <message>
         <source>KOLT Warning</source>
-        <translation type="unfinished">KOLT-Warnung</translation>
+        <translation>KOLT-Warnung</translation>
     </message>
     <message>
         <source>Exporting KML file failed !</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Export der KML-Datei ist gescheitert!</translation>
     </message>
     <message>
         <source>None</source>
-        <translation type="unfinished"></translation>
+        <translation>Keine</translation>
     </message>
     <message>
         <source>On each mark</source>
-        <translation type="unfinished"></translation>
+        <translation>An jeder Marke</translation>
     </message>
     <message>
         <source>On each mark, and a track that plays back</source>
-        <translation type="unfinished"></translation>
+        <translation>An jeder Marke, und eine abspielbare Spur</translation>
     </message>
     <message>
         <source>T&amp;imes</source>
-        <translation type="unfinished"></translation>
+        <translation>Ze&amp;iten</translation>
     </message>
     <message>
         <source>The recording has no date, so no times can be written.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Aufzeichnung hat kein Datum, daher können keine Zeiten geschrieben werden.</translation>
     </message>
     <message>
         <source>Flight path</source>
-        <translation type="unfinished"></translation>
+        <translation>Flugweg</translation>
     </message>
     <message>
         <source> px</source>
-        <translation type="unfinished"></translation>
+        <translation> px</translation>
     </message>
     <message>
         <source>&amp;Width</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Breite</translation>
     </message>
     <message>
         <source>&amp;Color</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Farbe</translation>
     </message>
     <message>
         <source>Curtain down to the &amp;ground</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Vorhang bis zum Boden</translation>
     </message>
     <message>
         <source>Color</source>
-        <translation type="unfinished"></translation>
+        <translation>Farbe</translation>
     </message>
     <message>
         <source>&amp;Marks along the path</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Marken entlang des Wegs</translation>
     </message>
     <message>
         <source>Each tells time, altitude, speed and the selected parameters</source>
-        <translation type="unfinished"></translation>
+        <translation>Jede nennt Zeit, Höhe, Geschwindigkeit und die ausgewählten Parameter</translation>
     </message>
     <message>
         <source>A mark on each so many positions of the path</source>
-        <translation type="unfinished"></translation>
+        <translation>Eine Marke nach jeweils so vielen Positionen des Wegs</translation>
     </message>
     <message>
         <source>&amp;Every</source>
-        <translation type="unfinished"></translation>
+        <translation>A&amp;lle</translation>
     </message>
     <message>
         <source>Error ma&amp;rks</source>
-        <translation type="unfinished"></translation>
+        <translation>Fehlerma&amp;rken</translation>
     </message>
     <message>
         <source>Where a &amp;limit was exceeded</source>
-        <translation type="unfinished"></translation>
+        <translation>Wo ein &amp;Grenzwert überschritten wurde</translation>
     </message>
     <message>
         <source>Where a warning lam&amp;p came on</source>
-        <translation type="unfinished"></translation>
+        <translation>Wo eine Warnlam&amp;pe anging</translation>
     </message>
     <message>
         <source>Opacity</source>
-        <translation type="unfinished"></translation>
+        <translation>Deckkraft</translation>
     </message>
     <message>
         <source>positions (%1 s)</source>
-        <translation type="unfinished"></translation>
+        <translation>Positionen (%1 s)</translation>
     </message>
 </context>
 <context>
@@ -1156,7 +1159,7 @@ ist keine Aufzeichnungsdatei. Aufzeichnungsdateien enden auf .CAN, .can oder .xc
     </message>
     <message>
         <source>Exported to %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Exportiert nach %1</translation>
     </message>
 </context>
 <context>
@@ -1360,66 +1363,66 @@ ist keine Aufzeichnungsdatei. Aufzeichnungsdateien enden auf .CAN, .can oder .xc
     <name>KOLT::Export</name>
     <message>
         <source>No position was recorded, so there is no flight path to export.</source>
-        <translation type="unfinished"></translation>
+        <translation>Es wurde keine Position aufgezeichnet, daher gibt es keinen Flugweg zu exportieren.</translation>
     </message>
     <message>
         <source>%1 positions, two a second</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 Positionen, zwei je Sekunde</translation>
     </message>
     <message numerus="yes">
         <source>%n flight(s)</source>
-        <translation type="unfinished">
+        <translation>
             <numerusform>%n Flug</numerusform>
             <numerusform>%n Flüge</numerusform>
         </translation>
     </message>
     <message>
         <source>Flight %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Flug %1</translation>
     </message>
     <message>
         <source>Cycle %1</source>
-        <translation type="unfinished">Zyklus %1</translation>
+        <translation>Zyklus %1</translation>
     </message>
     <message>
         <source>Time</source>
-        <translation type="unfinished">Zeit</translation>
+        <translation>Zeit</translation>
     </message>
     <message>
         <source>Altitude</source>
-        <translation type="unfinished"></translation>
+        <translation>Höhe</translation>
     </message>
     <message>
         <source>Speed</source>
-        <translation type="unfinished"></translation>
+        <translation>Geschwindigkeit</translation>
     </message>
     <message>
         <source>On the ground</source>
-        <translation type="unfinished"></translation>
+        <translation>Am Boden</translation>
     </message>
     <message>
         <source>Flight path</source>
-        <translation type="unfinished"></translation>
+        <translation>Flugweg</translation>
     </message>
     <message>
         <source>Curtain</source>
-        <translation type="unfinished"></translation>
+        <translation>Vorhang</translation>
     </message>
     <message>
         <source>Playback</source>
-        <translation type="unfinished"></translation>
+        <translation>Wiedergabe</translation>
     </message>
     <message>
         <source>Positions</source>
-        <translation type="unfinished"></translation>
+        <translation>Positionen</translation>
     </message>
     <message>
         <source>Exceeded</source>
-        <translation type="unfinished"></translation>
+        <translation>Überschreitungen</translation>
     </message>
     <message>
         <source>No position was recorded.</source>
-        <translation type="unfinished"></translation>
+        <translation>Es wurde keine Position aufgezeichnet.</translation>
     </message>
 </context>
 <context>
@@ -1561,22 +1564,22 @@ ist keine Aufzeichnungsdatei. Aufzeichnungsdateien enden auf .CAN, .can oder .xc
     </message>
     <message>
         <source>Export GPX File</source>
-        <translation type="unfinished"></translation>
+        <translation>GPX-Datei exportieren</translation>
     </message>
     <message>
         <source>Export the flights as tracks to a GPX file</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Flüge als Spuren in eine GPX-Datei exportieren</translation>
     </message>
 </context>
 <context>
     <name>KOLT::MapMarks</name>
     <message>
         <source>Take-off of flight %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Start von Flug %1</translation>
     </message>
     <message>
         <source>Landing of flight %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Landung von Flug %1</translation>
     </message>
 </context>
 <context>
@@ -1791,7 +1794,7 @@ Der Ordner ist nicht beschreibbar oder voll.</translation>
     <name>KOLT::WidgetColorButton</name>
     <message>
         <source>Choose another color</source>
-        <translation type="unfinished"></translation>
+        <translation>Eine andere Farbe wählen</translation>
     </message>
 </context>
 <context>
@@ -1873,36 +1876,38 @@ Ein Griff am linken Rand verschiebt seine Kurve.</translation>
         <source>Left button: move the map; with Shift: zoom. Wheel or double click: zoom about the pointer.
 Arrow keys, + and -: move and zoom. F: whole flight. Ctrl+S: hill shading.
 Click on the track: go to that moment.</source>
-        <translation type="unfinished"></translation>
+        <translation>Linke Taste: Karte bewegen; mit Umschalt: zoomen. Mausrad oder Doppelklick: um den Zeiger zoomen.
+Pfeiltasten, + und -: bewegen und zoomen. F: ganzer Flug. Strg+S: Geländeschattierung.
+Klick auf die Spur: zu diesem Moment gehen.</translation>
     </message>
     <message>
         <source>offline</source>
-        <translation type="unfinished"></translation>
+        <translation>offline</translation>
     </message>
 </context>
 <context>
     <name>Tessa::ElevationSource</name>
     <message>
         <source>The elevation file cannot be used: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Höhendatei ist nicht verwendbar: %1</translation>
     </message>
 </context>
 <context>
     <name>Tessa::TessaMap</name>
     <message>
         <source>The map cannot be drawn with this graphics driver: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Karte lässt sich mit diesem Grafiktreiber nicht zeichnen: %1</translation>
     </message>
 </context>
 <context>
     <name>Tessa::TileSource</name>
     <message>
         <source>The tile server refuses to send tiles (%1). It is left alone for ten minutes.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Kachelserver verweigert die Kacheln (%1). Er wird zehn Minuten lang nicht gefragt.</translation>
     </message>
     <message>
         <source>The address of the tile server cannot be used: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Adresse des Kachelservers ist nicht verwendbar: %1</translation>
     </message>
 </context>
 <context>

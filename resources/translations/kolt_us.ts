@@ -25,9 +25,9 @@
     <name>KOLT::DialogDataView</name>
     <message numerus="yes">
         <source>The instrument view has %n fault(s): %1</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>The instrument view has %n fault: %1</numerusform>
+            <numerusform>The instrument view has %n faults: %1</numerusform>
         </translation>
     </message>
 </context>
@@ -59,7 +59,7 @@
     <name>KOLT::Export</name>
     <message numerus="yes">
         <source>%n flight(s)</source>
-        <translation type="unfinished">
+        <translation>
             <numerusform>%n flight</numerusform>
             <numerusform>%n flights</numerusform>
         </translation>
