@@ -50,7 +50,8 @@ WidgetMap::WidgetMap(MapViewState& state, QWidget* parent)
     m_map.setProjection(1);
     m_map.setUserAgent("KOLT/" + QCoreApplication::applicationVersion().toUtf8() +
                        " (debriefing viewer for aircraft engine recordings)");
-    m_map.tiles().setNetworkEnabled(isNetworkEnabled);
+    m_map.tiles().setNetworkEnabled(isNetworkEnabled &&
+                                    qEnvironmentVariableIsEmpty("KOLT_OFFLINE"));
     loadSettings();
     connect(&m_map, &Tessa::TessaMap::changed, this, [this] { m_isDirty = true; });
     connect(&m_map, &Tessa::TessaMap::message, this, &WidgetMap::signalMessage);

@@ -31,7 +31,8 @@ public:
     explicit WidgetMap(MapViewState& state, QWidget* parent = nullptr);
     ~WidgetMap() override;
 
-    /// Off: tiles come from the disk and from the embedded map only. For tests and pictures.
+    /// Off: tiles come from the disk and from the embedded map only, as they do when the
+    /// environment has KOLT_OFFLINE. Holds for widgets made from then on.
     static void setNetworkEnabled(bool isEnabled);
 
     /// Takes the tile server from the settings.
