@@ -192,25 +192,25 @@ void MapPainter::drawText(double x, double y, const QString& text, bool endsAtX)
     m_font->draw(m_handler, text, x, y, textColor, endsAtX);
 }
 
-void MapPainter::drawScaleBar(const ScaleBar& bar)
+void MapPainter::drawScaleBar(const ScaleBar& bar, double bottom)
 {
     if (!(bar.pixels > 0.0) || !m_font)
         return;
     const double left = edge + 5.0;
     const double width = std::max(bar.pixels, m_font->width(bar.text)) + 10.0;
-    rectangle(edge, edge, width, textHeight + 10.0, plateColor);
-    m_font->draw(m_handler, bar.text, left, edge + 10.0 + textHeight / 2.0, textColor);
-    rectangle(left, edge + 4.0, bar.pixels, 2.0, textColor);
-    rectangle(left, edge + 4.0, 2.0, 7.0, textColor);
-    rectangle(left + bar.pixels - 2.0, edge + 4.0, 2.0, 7.0, textColor);
+    rectangle(edge, bottom, width, textHeight + 10.0, plateColor);
+    m_font->draw(m_handler, bar.text, left, bottom + 10.0 + textHeight / 2.0, textColor);
+    rectangle(left, bottom + 4.0, bar.pixels, 2.0, textColor);
+    rectangle(left, bottom + 4.0, 2.0, 7.0, textColor);
+    rectangle(left + bar.pixels - 2.0, bottom + 4.0, 2.0, 7.0, textColor);
 }
 
-void MapPainter::drawLegend(const TrackColors& colors)
+void MapPainter::drawLegend(const TrackColors& colors, double bottom)
 {
     if (colors.isEmpty() || !m_font)
         return;
     constexpr double cell = 12.0;
-    constexpr double bottom = 2.0 * edge + textHeight + 12.0;
+    bottom += edge + textHeight + 12.0; // the scale bar's
     const double ramp = cell * ValueScale::classes;
     const double texts = m_font->width(colors.lowText) + m_font->width(colors.highText) + 12.0;
     const double width = std::max({ramp, texts, m_font->width(colors.name)}) + 10.0;

@@ -32,9 +32,10 @@ public:
     void drawMarks(const Tessa::Globe& globe, const std::vector<MapMark>& marks);
     /// `heading` in degrees clockwise from north.
     void drawAircraft(Tessa::WindowPoint place, double heading);
-    /// Of the track's colours, at the lower left above the scale bar.
-    void drawLegend(const TrackColors& colors);
-    void drawScaleBar(const ScaleBar& bar);
+    /// At the lower left; `bottom` is its lower edge.
+    void drawScaleBar(const ScaleBar& bar, double bottom);
+    /// Of the track's colours, above the scale bar at the same `bottom`.
+    void drawLegend(const TrackColors& colors, double bottom);
     /// On a plate, from its left end or up to its right end, its middle at y.
     void drawText(double x, double y, const QString& text, bool endsAtX);
 

@@ -21,6 +21,7 @@ constexpr int samples = 4;
 constexpr GLenum multisample = 0x809D; ///< GL_MULTISAMPLE, unknown to GL ES
 constexpr double edge = 5.0;
 constexpr double scaleBarPixels = 140.0;
+constexpr double textHeight = 18.0;
 
 bool isNetworkEnabled = true;
 
@@ -228,12 +229,18 @@ void WidgetMap::drawOverlays()
     double y = 0.0;
     if (!m_line.isEmpty() && m_map.latLong2Window(m_aircraft[0], m_aircraft[1], x, y))
         m_painter->drawAircraft({x / devicePixelRatioF(), y / devicePixelRatioF()}, m_aircraft[4]);
-    m_painter->drawScaleBar(ScaleBar::choose(
-        m_state.metresPerPixel, std::min(scaleBarPixels, width() / 3.0), m_unitSystem));
-    m_painter->drawLegend(m_colors);
-    m_painter->drawText(width() - edge - 3.0, edge + 9.0, m_map.attribution(), true);
+    const ScaleBar bar = ScaleBar::choose(m_state.metresPerPixel,
+                                          std::min(scaleBarPixels, width() / 3.0), m_unitSystem);
+    // In a narrow map there is no room for both beside each other.
+    const double attribution = m_painter->textWidth(m_map.attribution()) + 2.0 * edge;
+    const double bottom =
+        bar.pixels + attribution + 6.0 * edge < width() ? edge : 2.0 * edge + textHeight;
+    m_painter->drawScaleBar(bar, bottom);
+    m_painter->drawLegend(m_colors, bottom);
+    m_painter->drawText(width() - edge - 3.0, edge + textHeight / 2.0, m_map.attribution(), true);
     if (m_map.isOffline())
-        m_painter->drawText(width() - edge - 3.0, edge + 31.0, tr("offline"), true);
+        m_painter->drawText(width() - edge - 3.0, 1.5 * textHeight + 2.0 * edge, tr("offline"),
+                            true);
 }
 
 QRectF WidgetMap::attributionRect() const
@@ -241,7 +248,7 @@ QRectF WidgetMap::attributionRect() const
     if (m_painter == nullptr)
         return {};
     const double textWidth = m_painter->textWidth(m_map.attribution()) + 6.0;
-    return {width() - edge - textWidth, height() - edge - 18.0, textWidth, 18.0};
+    return {width() - edge - textWidth, height() - edge - textHeight, textWidth, textHeight};
 }
 
 void WidgetMap::slotTimeout()
