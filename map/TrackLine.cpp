@@ -15,6 +15,8 @@ namespace {
 constexpr int finestLevel = -8;
 constexpr int coarsestLevel = 19;
 
+constexpr double rounding = 1e-6; // seconds, of the samples' times
+
 constexpr double tolerancePixels = 0.5;
 constexpr double shortestColor = 2.0;      // pixels
 constexpr double coverageCell = 1.0;       // pixels
@@ -56,9 +58,9 @@ void TrackLine::findRuns(const std::vector<TrackPoint>& track, const std::vector
     for (std::size_t i = 1; i < track.size(); ++i) {
         const double before = track[i - 1].seconds();
         const double now = track[i].seconds();
-        while (gap != gaps.end() && gap->to <= before)
+        while (gap != gaps.end() && gap->to <= before + rounding)
             ++gap;
-        if (now - before > longestTrackGap || (gap != gaps.end() && gap->from < now))
+        if (now - before > longestTrackGap || (gap != gaps.end() && gap->from < now - rounding))
             endRun(i - 1);
     }
     if (!track.empty())
