@@ -9,7 +9,9 @@ namespace {
 
 using Vector = Tessa::Globe::Vector;
 
-constexpr double longestLine = 0.75 * TrackLine::largestChunk;
+constexpr double chunkPixels = 1000.0;
+constexpr double longestPart = 0.75;     // of a chunk
+constexpr double smallestChunk = 2000.0; // metres
 
 Vector lowest(const Vector& a, const Vector& b)
 {
@@ -47,6 +49,11 @@ Vector between(const Vector& a, const Vector& b, double angle, double fraction)
 
 } // namespace
 
+TrackChunks::TrackChunks(double metresPerPixel)
+    : m_largest(std::clamp(chunkPixels * metresPerPixel, smallestChunk, TrackLine::largestChunk))
+{
+}
+
 void TrackChunks::moveTo(const Vector& place)
 {
     close();
@@ -57,6 +64,7 @@ void TrackChunks::moveTo(const Vector& place)
 void TrackChunks::lineTo(const Vector& place, std::uint8_t color)
 {
     const Vector from = m_points.back().place;
+    const double longestLine = longestPart * m_largest;
     if (distance(from, place) > longestLine) {
         const double angle = angleBetween(from, place);
         if (std::sin(angle) < 1e-9) { // to the other side of the world there is no one way
@@ -85,7 +93,7 @@ void TrackChunks::append(const Point& point)
 
 bool TrackChunks::fits(const Vector& place) const
 {
-    return distance(lowest(m_low, place), highest(m_high, place)) <= TrackLine::largestChunk;
+    return distance(lowest(m_low, place), highest(m_high, place)) <= m_largest;
 }
 
 void TrackChunks::close()

@@ -4,11 +4,15 @@
 
 namespace KOLT {
 
-/// Cuts lines into chunks. Lines longer than a chunk may be get vertices on the great circle.
+/// Cuts lines into chunks. Lines longer than a chunk may be get more vertices on the great circle.
 class TrackChunks
 {
 public:
     using Vector = Tessa::Globe::Vector;
+
+    /// For drawing at a scale: at most 1000 pixels wide, within 2 km and the largest chunk, so that
+    /// what lies beside the window is not drawn.
+    explicit TrackChunks(double metresPerPixel);
 
     /// Begins a line.
     void moveTo(const Vector& place);
@@ -29,6 +33,7 @@ private:
     bool fits(const Vector& place) const;
     void close();
 
+    double m_largest;            ///< metres across
     std::vector<Point> m_points; ///< of the chunk that grows
     Vector m_low;                ///< the box around them
     Vector m_high;

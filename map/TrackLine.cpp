@@ -1,6 +1,7 @@
 #include "map/TrackLine.h"
 
 #include "map/TrackChunks.h"
+#include "map/TrackCoverage.h"
 #include "map/TrackWeights.h"
 
 #include <algorithm>
@@ -14,8 +15,12 @@ namespace {
 constexpr int finestLevel = -8;
 constexpr int coarsestLevel = 19;
 
+constexpr double rounding = 1e-6; // seconds, of the samples' times
+
 constexpr double tolerancePixels = 0.5;
-constexpr double shortestColor = 2.0; // pixels
+constexpr double shortestColor = 2.0;      // pixels
+constexpr double coverageCell = 1.0;       // pixels
+constexpr std::ptrdiff_t leastLeftOut = 8; // lines; every break costs a chunk
 
 /// The square of the distance from a line between two points of the window.
 double squareFromLine(Tessa::WindowPoint click, Tessa::WindowPoint from, Tessa::WindowPoint to)
@@ -53,9 +58,9 @@ void TrackLine::findRuns(const std::vector<TrackPoint>& track, const std::vector
     for (std::size_t i = 1; i < track.size(); ++i) {
         const double before = track[i - 1].seconds();
         const double now = track[i].seconds();
-        while (gap != gaps.end() && gap->to <= before)
+        while (gap != gaps.end() && gap->to <= before + rounding)
             ++gap;
-        if (now - before > longestTrackGap || (gap != gaps.end() && gap->from < now))
+        if (now - before > longestTrackGap || (gap != gaps.end() && gap->from < now - rounding))
             endRun(i - 1);
     }
     if (!track.empty())
@@ -78,23 +83,51 @@ const std::vector<TrackLine::Chunk>& TrackLine::chunks(double metresPerPixel) co
     return m_levels.emplace(level, build(std::exp2(level))).first->second;
 }
 
+std::vector<TrackLine::Corner> TrackLine::simplified(const TrackRun& run,
+                                                     double metresPerPixel) const
+{
+    const double tolerance = tolerancePixels * metresPerPixel;
+    std::vector<TrackPart> parts{{run.last, noColor}};
+    if (!m_classes.isEmpty())
+        parts = m_classes.partsOf(run, m_places, shortestColor * metresPerPixel);
+    std::vector<Corner> corners{{run.first, noColor}};
+    std::size_t i = run.first + 1;
+    for (const TrackPart& part : parts) {
+        for (; i <= part.last; ++i) {
+            if (static_cast<double>(m_weights[i]) > tolerance || i == part.last)
+                corners.push_back({i, part.color});
+        }
+    }
+    return corners;
+}
+
 std::vector<TrackLine::Chunk> TrackLine::build(double metresPerPixel) const
 {
     if (m_weights.empty())
         m_weights = trackWeights(m_places, m_runs);
-    const double tolerance = tolerancePixels * metresPerPixel;
-    TrackChunks chunks;
+    const double cell = coverageCell * metresPerPixel;
+    std::map<std::uint8_t, TrackCoverage> coverages; // by colour
+    TrackChunks chunks(metresPerPixel);
     for (const TrackRun& run : m_runs) {
-        std::vector<TrackPart> parts{{run.last, noColor}};
-        if (!m_classes.isEmpty())
-            parts = m_classes.partsOf(run, m_places, shortestColor * metresPerPixel);
+        std::vector<Corner> corners = simplified(run, metresPerPixel);
+        for (std::size_t i = 1; i < corners.size(); ++i) {
+            TrackCoverage& coverage = coverages.try_emplace(corners[i].color, cell).first->second;
+            corners[i].isCovered =
+                coverage.cover(m_places[corners[i - 1].point], m_places[corners[i].point]);
+        }
         chunks.moveTo(m_places[run.first]);
-        std::size_t i = run.first + 1;
-        for (const TrackPart& part : parts) {
-            for (; i <= part.last; ++i) {
-                if (static_cast<double>(m_weights[i]) > tolerance || i == part.last)
-                    chunks.lineTo(m_places[i], part.color);
+        auto corner = corners.begin() + 1;
+        while (corner != corners.end()) {
+            const auto drawn =
+                std::find_if(corner, corners.end(), [](const Corner& c) { return !c.isCovered; });
+            if (drawn - corner >= leastLeftOut) {
+                chunks.moveTo(m_places[std::prev(drawn)->point]);
+                corner = drawn;
+                continue;
             }
+            const auto end = drawn == corners.end() ? drawn : std::next(drawn);
+            for (; corner != end; ++corner)
+                chunks.lineTo(m_places[corner->point], corner->color);
         }
     }
     return chunks.take();

@@ -16,8 +16,10 @@ namespace KOLT {
 /// A track prepared for drawing on the globe at any scale.
 ///
 /// For each scale the line is simplified once, by Douglas and Peucker, to half a pixel, and cut
-/// into chunks of their own origin, so that single precision is enough. No line is drawn over more
-/// than 10 s without positions. Places are metres from the centre of the earth.
+/// into chunks of their own origin, so that single precision is enough. Stretches that go once more
+/// where the line has been before in the same colour are left out, so that a day of circuits draws
+/// like a few of them. No line is drawn over more than 10 s without positions. Places are metres
+/// from the centre of the earth.
 class TrackLine
 {
 public:
@@ -69,6 +71,15 @@ private:
     using Vector = Tessa::Globe::Vector;
 
     void findRuns(const std::vector<TrackPoint>& track, const std::vector<TrackGap>& gaps);
+
+    struct Corner
+    {
+        std::size_t point = 0;
+        std::uint8_t color = noColor;
+        bool isCovered = false; ///< the line to it has been drawn before
+    };
+
+    std::vector<Corner> simplified(const TrackRun& run, double metresPerPixel) const;
     std::vector<Chunk> build(double metresPerPixel) const;
 
     TrackBounds m_bounds;

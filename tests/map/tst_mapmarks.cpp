@@ -1,0 +1,215 @@
+#include "map/AircraftTrack.h"
+#include "map/MapMarks.h"
+#include "map/ScaleBar.h"
+#include "map/TrackColors.h"
+#include "tests/support/ProfileFixture.h"
+#include "tests/support/RecordingFixture.h"
+
+#include <QTest>
+
+#include <cmath>
+
+using namespace KOLT;
+using namespace KOLT::Test;
+
+/// What is shown on the map beside the track itself: its colours, marks, the aircraft, the scale.
+class TestMapMarks : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void colorsTakeTheirValues_data();
+    void colorsTakeTheirValues();
+    void rampIsLegible();
+    void flightsWithinTheSpanAreMarked();
+    void exceedancesLieOnTheTrack();
+    void aircraftIsLookedUpByHalfSeconds();
+    void scaleBarIsRound_data();
+    void scaleBarIsRound();
+
+private:
+    Profile m_profile;
+    DataSet m_dataSet; ///< 3 s of track from 10 s on, pressure from 10.6 s to 11.4 s
+};
+
+void TestMapMarks::initTestCase()
+{
+    QVERIFY(loadProfile(
+        m_profile,
+        "<UnitConversions><Unit unitMetric='m' unitImperial='ft' factor='3.28' offset='0'/>"
+        "</UnitConversions><ThresholdList><Threshold name='T'>"
+        "<Value val='5' color='#ffff00' state='WARNING'/></Threshold></ThresholdList>" +
+            device({"name='Height' id='9' dataType='FLOAT' precision='0' unitMetric='m' "
+                    "unitImperial='ft' koltDataType='Altitude'",
+                    "name='Speed' id='9' dataType='FLOAT' koltDataType='GroundSpeed'",
+                    "name='Oil' id='1' dataType='FLOAT' precision='2' unitMetric='bar' "
+                    "thresholdId='T'",
+                    "name='Never' id='2' dataType='FLOAT'"})));
+    for (int i = 0; i <= 6; ++i)
+        m_dataSet.track.push_back({20 + i, 48.0 + i, 11.0, 500.0 + i, 100.0 - i, 90.0});
+    add(m_dataSet.messages, 1, 11.4, floats(6.0F));
+    add(m_dataSet.messages, 1, 10.6, floats(2.0F)); // stored late
+    add(m_dataSet.messages, 1, 11.4, floats(3.5F));
+    m_dataSet.startSeconds = 10.0;
+    m_dataSet.stopSeconds = 13.0;
+}
+
+void TestMapMarks::colorsTakeTheirValues_data()
+{
+    using Kind = TrackColorChoice::Kind;
+    QTest::addColumn<TrackColorChoice>("choice");
+    QTest::addColumn<UnitSystem>("system");
+    QTest::addColumn<QList<float>>("values");
+    QTest::addColumn<QString>("legend");
+    const float none = -1.0F;
+    const auto row = [](const char* name, const TrackColorChoice& choice, UnitSystem system,
+                        const QList<float>& values, const char* legend) {
+        QTest::newRow(name) << choice << system << values << QString::fromLatin1(legend);
+    };
+    row("altitude", {Kind::Altitude, {}}, UnitSystem::Metric, {500, 501, 502, 503, 504, 505, 506},
+        "Height 500 m 506 m");
+    row("feet", {Kind::Altitude, {}}, UnitSystem::Imperial,
+        {1640.0F, 1643.28F, 1646.56F, 1649.84F, 1653.12F, 1656.4F, 1659.68F},
+        "Height 1640 ft 1660 ft");
+    row("ground speed", {Kind::GroundSpeed, {}}, UnitSystem::Metric, {100, 99, 98, 97, 96, 95, 94},
+        "Speed 94.000 100.000");
+    row("parameter", {Kind::Parameter, QStringLiteral("D/Oil")}, UnitSystem::Imperial,
+        {none, none, 2, 3.5, 3.5, 3.5, 3.5}, "Oil 2.00 bar 3.50 bar");
+    row("no choice", {}, UnitSystem::Metric, {}, "  ");
+    row("no samples", {Kind::Parameter, QStringLiteral("D/Never")}, UnitSystem::Metric, {}, "  ");
+    row("no such parameter", {Kind::Parameter, QStringLiteral("D/No")}, UnitSystem::Metric, {},
+        "  ");
+}
+
+void TestMapMarks::colorsTakeTheirValues()
+{
+    QFETCH(TrackColorChoice, choice);
+    QFETCH(UnitSystem, system);
+    m_profile.setUnitSystem(system);
+    const TrackColors colors = trackColors(choice, m_profile, m_dataSet);
+    QList<float> values;
+    for (const float value : colors.values)
+        values << (std::isnan(value) ? -1.0F : value);
+    QTEST(values, "values");
+    const QString legend =
+        QStringList{colors.name, colors.lowText, colors.highText}.join(QLatin1Char(' '));
+    QTEST(legend, "legend");
+    m_profile.setUnitSystem(UnitSystem::Metric);
+
+    const ValueScale scale{10.0, 26.0};
+    for (const auto& [value, color] :
+         {std::pair{9.0, 0}, {10.9, 0}, {11.0, 1}, {25.9, 15}, {99.0, 15}})
+        QCOMPARE(int(scale.classOf(value)), color);
+    QCOMPARE(int(ValueScale{5.0, 5.0}.classOf(7.0)), 0);
+}
+
+void TestMapMarks::rampIsLegible()
+{
+    const auto luminance = [](const QColor& color) {
+        const auto linear = [](double part) { return std::pow(part, 2.2); };
+        return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) +
+               0.0722 * linear(color.blueF());
+    };
+    double before = 0.0;
+    for (const QColor& color : trackColorRamp()) {
+        QVERIFY(luminance(color) > before * 1.05);
+        before = luminance(color);
+    }
+    // The last is the lightest, before the paper of a map.
+    QVERIFY((luminance(QColor(242, 239, 233)) + 0.05) / (before + 0.05) > 2.0);
+}
+
+void TestMapMarks::flightsWithinTheSpanAreMarked()
+{
+    DataSet dataSet;
+    dataSet.track = m_dataSet.track;
+    dataSet.startSeconds = 9.0;
+    dataSet.stopSeconds = 13.0;
+    for (const auto& [takeOff, landing] : {std::pair{9.5, 10.0}, {11.2, 13.0}, {12.0, 13.5}}) {
+        Flight flight;
+        flight.takeOffSeconds = takeOff; // the first one before the track begins
+        flight.landingSeconds = landing;
+        dataSet.flights.push_back(flight);
+    }
+    QStringList texts;
+    for (const MapMark& mark : flightMarks(dataSet)) {
+        texts << QStringLiteral("%1 at %2").arg(mark.text).arg(mark.place.latitude);
+        QCOMPARE(mark.kind == MapMark::Kind::TakeOff, mark.text.startsWith(u"Take-off"));
+    }
+    QCOMPARE(texts, (QStringList{"Landing of flight 1 at 48", "Take-off of flight 2 at 50",
+                                 "Take-off of flight 3 at 52", "Landing of flight 2 at 54"}));
+}
+
+void TestMapMarks::exceedancesLieOnTheTrack()
+{
+    DataSet dataSet;
+    dataSet.track = m_dataSet.track;
+    for (const double seconds : {9.0, 9.9, 11.0, 11.9, 20.0, 30.0})
+        add(dataSet.messages, 1, seconds,
+            floats(seconds == 9.9 || seconds == 11.9 || seconds == 30.0 ? 6.0F : 2.0F));
+    const std::vector<MapMark> marks = exceedanceMarks(m_profile, dataSet);
+    QCOMPARE(marks.size(), std::size_t{2}); // at 9.9 s there was no track yet
+    QCOMPARE(marks[0].text, QStringLiteral("D Oil 6.00 bar"));
+    QCOMPARE(marks[0].color, QColor(255, 255, 0));
+    QCOMPARE(marks[0].place.latitude, 51.0);
+    QCOMPARE(marks[1].place.latitude, 54.0);
+    dataSet.track.clear();
+    QVERIFY(exceedanceMarks(m_profile, dataSet).empty());
+}
+
+void TestMapMarks::aircraftIsLookedUpByHalfSeconds()
+{
+    using Record = AircraftTrack::Record;
+    std::vector<TrackPoint> track = m_dataSet.track;
+    track.erase(track.begin() + 2); // nothing at 11.0 s
+    AircraftTrack aircraft(track);
+    const Record first{48.0, 11.0, 500.0, 100.0, 90.0, 10.0};
+    QCOMPARE(aircraft.at(10.0), first);
+    QCOMPARE(aircraft.at(10.99), (Record{49.0, 11.0, 501.0, 99.0, 90.0, 10.5}));
+    QCOMPARE(aircraft.size(), std::size_t{6});
+    QCOMPARE(aircraft.at(11.2), first);
+    QCOMPARE(aircraft.at(11.3), first);
+    QCOMPARE(aircraft.size(), std::size_t{7});
+    for (const double seconds : {-5.0, 1e300, double(NAN)})
+        QCOMPARE(aircraft.at(seconds), first);
+    QCOMPARE(AircraftTrack().at(10.0), Record{});
+    const std::vector<TrackPoint> nothing;
+    QCOMPARE(AircraftTrack(nothing).at(10.0), Record{});
+}
+
+void TestMapMarks::scaleBarIsRound_data()
+{
+    QTest::addColumn<double>("metresPerPixel");
+    QTest::addColumn<UnitSystem>("system");
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<double>("metres");
+    const auto metric = UnitSystem::Metric;
+    const auto imperial = UnitSystem::Imperial;
+    QTest::newRow("50 m wide") << 0.04 << metric << "5 m" << 5.0; // of 6
+    QTest::newRow("exact") << 10.0 / 150.0 << metric << "10 m" << 10.0;
+    QTest::newRow("999 m") << 6.66 << metric << "500 m" << 500.0;
+    QTest::newRow("1 km") << 1000.0 / 150.0 << metric << "1 km" << 1000.0;
+    QTest::newRow("globe") << 54'687.5 << metric << "5000 km" << 5e6;
+    QTest::newRow("below a metre") << 0.004 << metric << "0.5 m" << 0.5;
+    QTest::newRow("feet") << 0.04 << imperial << "10 ft" << 3.048;
+    QTest::newRow("below a mile") << 12.3 << imperial << "5000 ft" << 1524.0;
+    QTest::newRow("a mile") << 12.4 << imperial << "1 NM" << 1852.0;
+    QTest::newRow("many miles") << 5000.0 << imperial << "200 NM" << 370'400.0;
+    QTest::newRow("nothing") << 0.0 << metric << "" << 0.0;
+}
+
+void TestMapMarks::scaleBarIsRound()
+{
+    QFETCH(double, metresPerPixel);
+    QFETCH(UnitSystem, system);
+    QFETCH(double, metres);
+    const ScaleBar bar = ScaleBar::choose(metresPerPixel, 150.0, system);
+    QTEST(bar.text, "text");
+    QCOMPARE(bar.metres, metres);
+    QVERIFY(std::abs(bar.pixels * metresPerPixel - metres) < 1e-6);
+    QVERIFY(bar.pixels <= 150.0001);
+}
+
+QTEST_APPLESS_MAIN(TestMapMarks)
+#include "tst_mapmarks.moc"

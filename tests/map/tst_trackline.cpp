@@ -1,0 +1,376 @@
+#include "map/TrackLine.h"
+#include "tests/support/ProfileFixture.h"
+#include "tests/support/RecordingFixture.h"
+
+#include <QElapsedTimer>
+#include <QTest>
+
+#include <cmath>
+#include <functional>
+#include <limits>
+#include <random>
+
+using namespace KOLT;
+using namespace KOLT::Test;
+using Vector = Tessa::Globe::Vector;
+
+class TestTrackLine : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void lineKeepsToTheTrack_data();
+    void lineKeepsToTheTrack();
+    void chunksHangTogether();
+    void longWaysFollowTheGreatCircle();
+    void gapsPartTheLine();
+    void repeatedCircuitsDrawLikeOne();
+    void colorsChangeWhereTheValuesDo();
+    void spikesStayVisible_data();
+    void spikesStayVisible();
+    void clickHitsTheNearestPoint();
+    void boundsGoOverTheDateLine();
+    void aDayIsReadyAtOnce();
+};
+
+namespace {
+
+using Track = std::vector<TrackPoint>;
+
+Track along(std::size_t count, const std::function<Tessa::LatLong(double)>& place)
+{
+    Track track;
+    for (std::size_t i = 0; i < count; ++i) {
+        const auto [latitude, longitude] = place(static_cast<double>(i));
+        track.push_back({static_cast<int>(i), latitude, Tessa::wrappedLongitude(longitude)});
+    }
+    return track;
+}
+
+/// Northwards, ten metres a point.
+Track straight(std::size_t count)
+{
+    return along(count, [](double i) { return Tessa::LatLong{48.0 + i * 10.0 / 111'120.0, 11.0}; });
+}
+
+Track wandering(Tessa::LatLong start, std::size_t count)
+{
+    std::mt19937 random(5);
+    std::normal_distribution<double> turn(0.0, 0.05);
+    double heading = 1.0;
+    return along(count, [&](double) {
+        heading += turn(random);
+        start.latitude += 25.0 * std::cos(heading) / 111'120.0;
+        start.longitude +=
+            25.0 * std::sin(heading) / 111'120.0 / std::cos(start.latitude * 0.01745);
+        return start;
+    });
+}
+
+/// Circles of 500 m radius, 100 points each, with some metres of wind and noise.
+Track circuits(std::size_t count)
+{
+    std::mt19937 random(5);
+    std::normal_distribution<double> noise(0.0, 2.0 / 111'120.0);
+    return along(count, [&](double i) {
+        const double angle = i * 0.0628318530718;
+        return Tessa::LatLong{48.0 + std::cos(angle) * 0.0045 + noise(random),
+                              11.0 + std::sin(angle) * 0.0067 + noise(random)};
+    });
+}
+
+Vector operator-(const Vector& a, const Vector& b)
+{
+    return {a.x - b.x, a.y - b.y, a.z - b.z};
+}
+
+double dot(const Vector& a, const Vector& b)
+{
+    return a.x * b.x + a.y * b.y + a.z * b.z;
+}
+
+double lengthOf(const Vector& a)
+{
+    return std::sqrt(dot(a, a));
+}
+
+Vector placeOf(const TrackPoint& point)
+{
+    return TUSK::Geodetic::latLong2Cartesian(point.latitude, point.longitude);
+}
+
+Vector placeOf(const TrackLine::Chunk& chunk, const TrackLine::Vertex& vertex)
+{
+    return {chunk.origin.x + static_cast<double>(vertex.x),
+            chunk.origin.y + static_cast<double>(vertex.y),
+            chunk.origin.z + static_cast<double>(vertex.z)};
+}
+
+double distanceTo(const std::vector<TrackLine::Chunk>& chunks, const Vector& place)
+{
+    double nearest = std::numeric_limits<double>::infinity();
+    for (const TrackLine::Chunk& chunk : chunks) {
+        if (lengthOf(place - chunk.origin) > chunk.radius + 1000.0)
+            continue;
+        for (std::size_t i = 1; i < chunk.vertices.size(); ++i) {
+            const Vector from = placeOf(chunk, chunk.vertices[i - 1]);
+            const Vector line = placeOf(chunk, chunk.vertices[i]) - from;
+            const double square = dot(line, line);
+            const double part =
+                square > 0.0 ? std::clamp(dot(place - from, line) / square, 0.0, 1.0) : 0.0;
+            nearest =
+                std::min(nearest, lengthOf(place - from -
+                                           Vector{line.x * part, line.y * part, line.z * part}));
+        }
+    }
+    return nearest;
+}
+
+std::size_t vertexCount(const std::vector<TrackLine::Chunk>& chunks)
+{
+    std::size_t count = 0;
+    for (const TrackLine::Chunk& chunk : chunks)
+        count += chunk.vertices.size();
+    return count;
+}
+
+/// Metres drawn in each class, by class; those without last.
+std::vector<double> lengthsOf(const std::vector<TrackLine::Chunk>& chunks)
+{
+    std::vector<double> lengths(17, 0.0);
+    for (const TrackLine::Chunk& chunk : chunks) {
+        for (std::size_t i = 1; i < chunk.vertices.size(); ++i) {
+            const std::size_t color = chunk.vertices[i].color;
+            lengths[std::min<std::size_t>(color, 16)] +=
+                lengthOf(placeOf(chunk, chunk.vertices[i]) - placeOf(chunk, chunk.vertices[i - 1]));
+        }
+    }
+    return lengths;
+}
+
+} // namespace
+
+void TestTrackLine::lineKeepsToTheTrack_data()
+{
+    QTest::addColumn<Tessa::LatLong>("start");
+    QTest::newRow("Bavaria") << Tessa::LatLong{48.0, 11.0};
+    QTest::newRow("date line") << Tessa::LatLong{-17.0, 179.99};
+    QTest::newRow("north") << Tessa::LatLong{89.0, 0.0};
+}
+
+void TestTrackLine::lineKeepsToTheTrack()
+{
+    QFETCH(Tessa::LatLong, start);
+    const Track track = wandering(start, 4000);
+    const TrackLine line(track);
+    std::size_t before = track.size() + 100;
+    for (const double scale : {0.3, 3.0, 40.0, 700.0}) {
+        const auto& chunks = line.chunks(scale);
+        for (std::size_t i = 0; i < track.size(); i += 7)
+            QVERIFY(distanceTo(chunks, placeOf(track[i])) <= scale / 2.0 + 0.01);
+        QVERIFY(vertexCount(chunks) < before);
+        before = vertexCount(chunks);
+        // The power of two below counts.
+        QCOMPARE(&line.chunks(std::exp2(std::floor(std::log2(scale)))), &chunks);
+    }
+    QVERIFY(before < 60);
+    for (const double scale : {0.0, -1.0, 1e-9, 1e12, std::nan("")})
+        QVERIFY(!line.chunks(scale).empty());
+}
+
+void TestTrackLine::chunksHangTogether()
+{
+    const TrackLine line(wandering({48.0, 11.0}, 40'000));
+    for (const double scale : {0.1, 5.0, 100.0, 5000.0}) {
+        const auto& chunks = line.chunks(scale);
+        QVERIFY(chunks.size() > 1);
+        for (std::size_t i = 0; i < chunks.size(); ++i) {
+            const TrackLine::Chunk& chunk = chunks[i];
+            QVERIFY(chunk.vertices.size() >= 2 && chunk.vertices.size() <= 512);
+            QVERIFY(chunk.radius <= 40'000.0);
+            for (const TrackLine::Vertex& vertex : chunk.vertices) {
+                QVERIFY(lengthOf(placeOf(chunk, vertex) - chunk.origin) <= chunk.radius + 0.01);
+                QCOMPARE(vertex.color, TrackLine::noColor);
+            }
+            if (i > 0) {
+                const auto joint = placeOf(chunks[i - 1], chunks[i - 1].vertices.back()) -
+                                   placeOf(chunk, chunk.vertices.front());
+                QVERIFY(lengthOf(joint) < 0.01);
+            }
+        }
+    }
+    // Only what is in view is worth drawing.
+    const Tessa::Globe globe({48.0, 11.0}, 1.0, 1280.0, 800.0);
+    const auto& chunks = line.chunks(1.0);
+    const auto inView = [&](const TrackLine::Chunk& chunk) { return isInView(globe, chunk); };
+    QVERIFY(inView(chunks.front()));
+    QVERIFY(static_cast<std::size_t>(std::ranges::count_if(chunks, inView)) < chunks.size() / 4);
+    const Tessa::Globe behind({-48.0, -169.0}, 20'000.0, 1280.0, 800.0);
+    QVERIFY(!isInView(behind, chunks.front()));
+}
+
+void TestTrackLine::longWaysFollowTheGreatCircle()
+{
+    // Positions jump 10 degrees; then to the other side of the world, whereto leads no one way.
+    const TrackLine line(Track{{0, 60.0, 175.0}, {1, 60.0, -175.0}, {2, -60.0, 5.0}});
+    const auto& chunks = line.chunks(20.0);
+    QVERIFY(chunks.size() > 8);
+    for (const TrackLine::Chunk& chunk : chunks) {
+        QVERIFY(chunk.radius <= 40'000.0);
+        for (const TrackLine::Vertex& vertex : chunk.vertices) {
+            const Vector place = placeOf(chunk, vertex);
+            QVERIFY(std::abs(lengthOf(place) - TUSK::Geodetic::radius) < 0.1);
+            QVERIFY(place.y > 0.0);
+        }
+    }
+}
+
+void TestTrackLine::gapsPartTheLine()
+{
+    Track track = straight(200);
+    for (std::size_t i = 100; i < track.size(); ++i)
+        track[i].halfSecond += 20; // 10.5 s
+    const auto parted = lengthsOf(TrackLine(track).chunks(1.0))[16];
+    QVERIFY(std::abs(parted - 1980.0) < 0.1);
+    track = straight(200);
+    for (std::size_t i = 100; i < track.size(); ++i)
+        track[i].halfSecond += 19; // 10 s
+    QVERIFY(std::abs(lengthsOf(TrackLine(track).chunks(1.0))[16] - 1990.0) < 0.1);
+
+    // Positions that are missing are interpolated: the samples tell where.
+    Profile profile;
+    QVERIFY(loadProfile(
+        profile,
+        device({"name='y' id='1' dataType='FLOAT' koltDataType='Latitude'",
+                "name='x' id='1' dataType='FLOAT' startByte='4' koltDataType='Longitude'"})));
+    MessageMap messages;
+    for (const double seconds : {0.0, 10.0, 20.0, 31.0, 31.5, 40.0, 55.0, 100.0})
+        add(messages, 1, seconds,
+            seconds == 40.0 ? floats(0.0F, 1100.0F) : floats(4800.0F, 1100.0F));
+    const std::vector<TrackGap> gaps = trackGaps(profile, messages);
+    QCOMPARE(gaps.size(), std::size_t{2});
+    QCOMPARE(gaps[0].from, 20.0);
+    QCOMPARE(gaps[0].to, 31.0);
+    QCOMPARE(gaps[1].from, 31.5); // the sample at 40 s has no fix; 55 s lies within
+    QCOMPARE(gaps[1].to, 100.0);
+    // Of 100 s, drawn are the first 20 s and half a second.
+    const TrackLine line(straight(201), gaps);
+    QVERIFY(std::abs(lengthsOf(line.chunks(1.0))[16] - 410.0) < 0.1);
+}
+
+void TestTrackLine::repeatedCircuitsDrawLikeOne()
+{
+    const Track day = circuits(20'000);
+    const TrackLine once(Track(day.begin(), day.begin() + 100));
+    const TrackLine often(day);
+    const auto& chunks = often.chunks(16.0);
+
+    QVERIFY(vertexCount(chunks) < 25 * vertexCount(once.chunks(16.0)));
+    for (std::size_t i = 0; i < day.size(); i += 131)
+        QVERIFY(distanceTo(chunks, placeOf(day[i])) < 2.3 * 16.0); // a cell more
+}
+
+void TestTrackLine::colorsChangeWhereTheValuesDo()
+{
+    TrackLine line(straight(1000));
+    std::vector<float> values(1000, 0.0F);
+    std::fill(values.begin() + 300, values.begin() + 600, 10.0F);
+    std::fill(values.begin() + 900, values.end(), std::nanf(""));
+    line.setValues(values, {0.0, 10.0});
+    for (const double scale : {0.5, 16.0}) {
+        const auto lengths = lengthsOf(line.chunks(scale));
+        QVERIFY(std::abs(lengths[15] - 3000.0) < 0.1);
+        QVERIFY(std::abs(lengths[16] - 1000.0) < 0.1);
+        QVERIFY(std::abs(lengths[0] - 5990.0) < 0.1);
+        QVERIFY(vertexCount(line.chunks(scale)) < 40);
+    }
+    line.setValues({1.0F}, {0.0, 10.0}); // not one for each
+    QVERIFY(std::abs(lengthsOf(line.chunks(16.0))[16] - 9990.0) < 0.1);
+}
+
+void TestTrackLine::spikesStayVisible_data()
+{
+    QTest::addColumn<std::size_t>("place");
+    QTest::newRow("at the start") << std::size_t{0};
+    QTest::newRow("on the way") << std::size_t{523};
+    QTest::newRow("at the end") << std::size_t{999};
+}
+
+void TestTrackLine::spikesStayVisible()
+{
+    QFETCH(std::size_t, place);
+    TrackLine line(straight(1000));
+    for (const float spike : {0.0F, 100.0F}) {
+        std::vector<float> values(1000, 52.0F);
+        for (std::size_t i = 0; i < values.size(); i += 2)
+            values[i] = 47.0F; // another class
+        values[place] = spike;
+        line.setValues(values, {0.0, 100.0});
+        for (const double scale : {1.0, 32.0, 512.0}) {
+            const double length = lengthsOf(line.chunks(scale))[spike > 50.0F ? 15 : 0];
+            QVERIFY2(length >= std::min(2.0 * scale, 9990.0) && length < 2.0 * scale + 20.0,
+                     qPrintable(QString::number(length)));
+        }
+    }
+}
+
+void TestTrackLine::clickHitsTheNearestPoint()
+{
+    const TrackLine line(straight(1000)); // 11 degrees east, 48 to 48.09 north
+    const Tessa::Globe globe({48.045, 11.0}, 1.0, 1280.0, 800.0);
+    const auto middle = globe.latLong2Window({48.045, 11.0});
+    const std::size_t point = 500; // 0.6 m north of the middle
+    QCOMPARE(line.nearestPoint(globe, *middle, 10.0), std::optional(point));
+    QCOMPARE(line.nearestPoint(globe, {middle->x + 9.9, middle->y + 10.0}, 10.0),
+             std::optional(point + 1));
+    QVERIFY(!line.nearestPoint(globe, {middle->x + 10.1, middle->y}, 10.0));
+    // Between two points far apart in the window.
+    const Tessa::Globe close({48.045, 11.0}, 0.05, 1280.0, 800.0);
+    QCOMPARE(line.nearestPoint(close, {644.0, 470.0}, 10.0), std::optional(point));
+    // Through the globe.
+    const Tessa::Globe behind({-48.045, -169.0}, 20'000.0, 1280.0, 800.0);
+    QVERIFY(!line.nearestPoint(behind, {640.0, 400.0}, 1000.0));
+    QVERIFY(!TrackLine().nearestPoint(globe, *middle, 1e9));
+    // No line, no hit.
+    const TrackLine parted(straight(1000), {{200.0, 300.0}});
+    QVERIFY(!parted.nearestPoint(globe, *middle, 10.0));
+}
+
+void TestTrackLine::boundsGoOverTheDateLine()
+{
+    const TrackBounds bounds = TrackBounds::of(
+        Track{{0, -17.0, 179.0}, {1, -16.0, -179.0}, {2, -18.0, -178.0}, {3, -17.0, 178.0}});
+    QCOMPARE(bounds.minLatitude, -18.0);
+    QCOMPARE(bounds.maxLatitude, -16.0);
+    QCOMPARE(bounds.minLongitude, -179.0);
+    QCOMPARE(bounds.maxLongitude, 179.0);
+    QCOMPARE(bounds.west, 178.0);
+    QCOMPARE(bounds.east, 182.0);
+}
+
+void TestTrackLine::aDayIsReadyAtOnce()
+{
+    // 20 hours. The times are some ten times what is measured, for busy machines.
+    const Track day = wandering({48.0, 11.0}, 144'000);
+    TrackLine line(day);
+    QElapsedTimer timer;
+    timer.start();
+    QVERIFY(!line.chunks(0.1).empty());
+    QVERIFY(!line.chunks(64.0).empty());
+    QVERIFY2(timer.elapsed() < 500, qPrintable(QString::number(timer.elapsed())));
+    timer.restart();
+    const Tessa::Globe globe({48.0, 11.0}, 100.0, 1280.0, 800.0);
+    QVERIFY(line.nearestPoint(globe, {640.0, 400.0}, 10.0));
+    QVERIFY2(timer.elapsed() < 50, qPrintable(QString::number(timer.elapsed())));
+    // Whoever turns back and forth all day does not hold up the window either.
+    const TrackLine comb(along(144'000, [](double i) {
+        return Tessa::LatLong{48.0 + (std::fmod(i, 2.0) * 1e-3 * (1.0 + i * 1e-6)),
+                              11.0 + i * 1e-6};
+    }));
+    timer.restart();
+    QVERIFY(!comb.chunks(0.1).empty());
+    QVERIFY2(timer.elapsed() < 2000, qPrintable(QString::number(timer.elapsed())));
+}
+
+QTEST_APPLESS_MAIN(TestTrackLine)
+#include "tst_trackline.moc"
