@@ -162,7 +162,7 @@ void WidgetMap::resizeGL(int width, int height)
     m_map.setVisibleRange(m_state.width, m_state.height);
 }
 
-void WidgetMap::move()
+void WidgetMap::stepView()
 {
     if (m_isFitPending && !m_isTrackPending) {
         m_isFitPending = false;
@@ -203,7 +203,7 @@ void WidgetMap::paintGL()
     m_map.setWindowSize(width() * ratio, height() * ratio);
     if (m_isTrackPending)
         buildTrack();
-    move();
+    stepView();
     if (m_painter == nullptr || m_painter->pixelRatio() != ratio)
         m_painter = std::make_unique<MapPainter>(width(), height(), ratio);
     QOpenGLFunctions* const gl = context()->functions();
@@ -216,7 +216,8 @@ void WidgetMap::paintGL()
     m_painter->begin(width(), height());
     if (isDrawn)
         drawOverlays();
-    m_isDirty = m_map.nrLoadingTiles() > 0;
+    if (m_map.nrLoadingTiles() > 0)
+        m_isDirty = true; // held keys may have set it already
     ++m_frameCount;
 }
 

@@ -96,7 +96,7 @@ private slots:
 private:
     void releaseGl();
     void buildTrack();
-    void move();
+    void stepView();
     void applyView();
     void drawOverlays();
 

@@ -272,6 +272,7 @@ bool TessaMap::render()
     m_selected = selectTiles(view);
     for (TextureCache* const textures : {&m_tileTextures, &m_baseTextures, &m_shadeTextures})
         textures->beginFrame(m_gl);
+    m_baseTextures.use({0, 0, 0}); // never goes, so that there is always something to show
     loadTextures();
 
     m_drawer->begin(view, m_brightness);

@@ -1,5 +1,5 @@
 #include "libs/tessamap/TileSource.h"
-#include "tests/tessamap/LoopbackServer.h"
+#include "tests/support/LoopbackServer.h"
 
 #include <QBuffer>
 #include <QSignalSpy>

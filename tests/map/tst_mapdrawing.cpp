@@ -1,0 +1,341 @@
+#include "libs/tessamap/BaseMap.h"
+#include "tests/support/MapWindow.h"
+#include "tests/support/TestFiles.h"
+
+#include <QElapsedTimer>
+
+#include <algorithm>
+
+using namespace KOLT;
+using namespace KOLT::Test;
+
+namespace {
+
+/// Where the track's line lies across `length` pixels from `start` on; NaN where there is none.
+double lineAt(const QImage& picture, QPoint start, QPoint step, int length)
+{
+    double weights = 0.0;
+    double sum = 0.0;
+    for (int i = 0; i < length; ++i) {
+        const QRgb color = picture.pixel(start + i * step);
+        const double weight = std::max(0, qRed(color) - qGreen(color) - 30);
+        weights += weight;
+        sum += weight * (i + 0.5);
+    }
+    return sum / weights;
+}
+
+} // namespace
+
+/// What the map draws.
+class TestMapDrawing : public QObject
+{
+    Q_OBJECT
+
+private slots:
+
+    void initTestCase() { MapWindow::prepare(m_directory); }
+
+    void init();
+
+    void cleanup() { m_window.reset(); }
+
+    void tilesLieWhereTheyBelong_data();
+    void tilesLieWhereTheyBelong();
+    void noHoles_data();
+    void noHoles();
+    void trackDoesNotJitter_data();
+    void trackDoesNotJitter();
+    void deadServerLeavesTheBaseMap();
+    void shadesSlopes();
+    void idleMapRests();
+    void earlyTrackIsDrawn();
+    void drawsAgainInAnotherContext();
+
+private:
+    QTemporaryDir m_directory;
+    std::unique_ptr<MapWindow> m_window;
+};
+
+void TestMapDrawing::init()
+{
+    SettingsStore::instance().setText("MapShadingFactor", "0.5");
+    m_window = std::make_unique<MapWindow>();
+    QVERIFY(m_window->show());
+}
+
+void TestMapDrawing::tilesLieWhereTheyBelong_data()
+{
+    QTest::addColumn<double>("latitude");
+    QTest::addColumn<double>("longitude");
+    QTest::addColumn<double>("width");
+    for (const double width : {50.0, 3000.0, 2e5, 6e6, 3e7}) {
+        const auto row = [width](const char* name, double latitude, double longitude) {
+            QTest::addRow("%s, %g m", name, width) << latitude << longitude << width;
+        };
+        row("middle latitude", 48.1, 11.5);
+        row("south, at 180 degrees", -17.3, 180.0);
+        row("far north", 79.0, -45.0);
+    }
+}
+
+void TestMapDrawing::tilesLieWhereTheyBelong()
+{
+    QFETCH(double, latitude);
+    QFETCH(double, longitude);
+    QFETCH(double, width);
+    TileServerOnLoopback server;
+    SettingsStore::instance().setText("TileServer", server.address().toUtf8());
+    m_window->map.loadSettings();
+    SettingsStore::instance().setText("TileServer", {});
+    QCOMPARE(m_window->map.map().attribution(), QStringLiteral("127.0.0.1"));
+    m_window->map.map().tiles().setNetworkEnabled(true);
+    m_window->lookAt({latitude, longitude}, width);
+    const QImage picture = m_window->settled();
+    QVERIFY(!picture.isNull());
+    int probes = 0;
+    for (int y = 12; y < picture.height() - 60; y += 7) {
+        for (int x = 10; x < picture.width(); x += 7) {
+            const auto place = m_window->view().placeAt(x + 0.5, y + 0.5);
+            if (!place || std::abs(place->latitude) > 84.0)
+                continue;
+            const QColor color = picture.pixelColor(x, y);
+            const int zoom = zoomOf(color);
+            const auto tile = tileAt(*place, zoom);
+            // Two pixels from another tile, pictures may mix.
+            bool isInside = tile.has_value();
+            for (const QPointF& way : {QPointF(2, 2), QPointF(-2, 2), {2, -2}, {-2, -2}}) {
+                const auto near = m_window->view().placeAt(x + 0.5 + way.x(), y + 0.5 + way.y());
+                isInside = isInside && near && tileAt(*near, zoom) == tile;
+            }
+            if (!isInside)
+                continue;
+            ++probes;
+            QVERIFY2(isNear(color, colorOf(*tile)),
+                     qPrintable(QStringLiteral("%1 %2: %3 instead of %4, zoom %5")
+                                    .arg(x)
+                                    .arg(y)
+                                    .arg(color.name(), colorOf(*tile).name())
+                                    .arg(zoom)));
+            // Sharp, but not dearer than it need be; the factor 2 is for what a tile's edge nearer
+            // to the equator is larger than this place.
+            const double texel = 2.0 * std::numbers::pi * earthRadius *
+                                 std::cos(place->latitude * degree) / std::exp2(zoom) / 256.0 /
+                                 m_window->view().metresPerPixel;
+            QVERIFY(texel < 1.42 || zoom == 19);
+            QVERIFY(texel > 0.7 / 2.0 || zoom < 4);
+        }
+    }
+    QVERIFY2(probes > 300, qPrintable(QString::number(probes)));
+}
+
+void TestMapDrawing::noHoles_data()
+{
+    QTest::addColumn<double>("latitude");
+    QTest::addColumn<double>("longitude");
+    QTest::newRow("north pole") << 90.0 << 0.0;
+    QTest::newRow("beside the north pole") << 86.5 << -120.0;
+    QTest::newRow("edge of the north cap") << 85.0 << 180.0;
+    QTest::newRow("edge of the south cap") << -84.8 << 45.0;
+    QTest::newRow("south pole") << -90.0 << 0.0;
+    QTest::newRow("180 degrees") << 0.0 << 180.0;
+    QTest::newRow("south, at 180 degrees") << -60.0 << -179.99;
+    QTest::newRow("middle latitude") << 48.0 << 11.0;
+}
+
+void TestMapDrawing::noHoles()
+{
+    QFETCH(double, latitude);
+    QFETCH(double, longitude);
+    for (const double width : {50.0, 1e3, 3e4, 7e5, 4e6, 1.3e7, 7e7}) {
+        m_window->lookAt({latitude, longitude}, width);
+        const QImage picture = m_window->settled();
+        QVERIFY(!picture.isNull());
+        const int holes = countHoles(picture, m_window->view().metresPerPixel);
+        QVERIFY2(holes == 0, qPrintable(QStringLiteral("%1 at %2 m").arg(holes).arg(width)));
+        if (width == 7e7) { // half the window is space
+            QVERIFY(isBlack(picture.pixel(100, 30)));
+            QVERIFY(isBlack(picture.pixel(350, 200)));
+        }
+    }
+}
+
+void TestMapDrawing::trackDoesNotJitter_data()
+{
+    QTest::addColumn<double>("latitude");
+    QTest::addColumn<double>("longitude");
+    QTest::newRow("middle latitude") << 48.1234567 << 11.2345678;
+    QTest::newRow("far south") << -71.7654321 << 133.3333333;
+    QTest::newRow("180 degrees") << 12.3456789 << 180.0;
+}
+
+void TestMapDrawing::trackDoesNotJitter()
+{
+    QFETCH(double, latitude);
+    QFETCH(double, longitude);
+    // A corner in the middle, its legs longer than the window.
+    const double leg = 60.0 / 1852.0 / 60.0;
+    const Place corner{latitude, longitude};
+    const auto track = trackThrough({{latitude + leg, longitude},
+                                     corner,
+                                     {latitude, longitude + leg / std::cos(latitude * degree) -
+                                                    (longitude == 180.0 ? 360.0 : 0.0)}});
+    m_window->map.setTrack(&track, {});
+    m_window->lookAt(corner, 50.0);
+    QVERIFY(!m_window->settled().isNull());
+    const double quarter = 0.25 * m_window->view().metresPerPixel / 1852.0 / 60.0;
+    double worst = 0.0;
+    for (int i = -30; i < 30; ++i) {
+        m_window->state.latitude = latitude + i * quarter;
+        m_window->state.longitude = longitude - i * quarter / std::cos(latitude * degree);
+        const QImage picture = m_window->map.grabFramebuffer();
+        const QPointF expected = m_window->view().pixelOf(corner);
+        const double x = 200 + lineAt(picture, {200, 100}, {1, 0}, 100);
+        const double y = 150 + lineAt(picture, {400, 150}, {0, 1}, 100);
+        const double off = std::hypot(x - expected.x(), y - expected.y());
+        QVERIFY2(off <= 1.0, qPrintable(QStringLiteral("pan %1: %2 px").arg(i).arg(off)));
+        worst = std::max(worst, off);
+    }
+    qInfo("at most %.2f px", worst);
+}
+
+void TestMapDrawing::deadServerLeavesTheBaseMap()
+{
+    Tessa::Test::LoopbackServer server;
+    m_window->map.map().setTileServer(server.address());
+    server.close();
+    m_window->lookAt({10.0, 0.0}, 3e7);
+    const QImage online = m_window->settled(); // as far as it knows
+    m_window->map.map().tiles().setNetworkEnabled(true);
+    // The window goes on meanwhile.
+    QElapsedTimer sinceLast;
+    qint64 longest = 0;
+    QTimer heart;
+    connect(&heart, &QTimer::timeout, this,
+            [&] { longest = std::max(longest, sinceLast.restart()); });
+    sinceLast.start();
+    heart.start(1);
+    QTRY_VERIFY(m_window->map.map().isOffline());
+    const int frames = m_window->map.frameCount();
+    QTRY_VERIFY(m_window->map.frameCount() > frames + 1);
+    heart.stop();
+    QVERIFY2(longest < 500, qPrintable(QString::number(longest)));
+
+    const QImage picture = m_window->settled();
+    const auto colorAt = [&](double latitude, double longitude) {
+        return picture.pixelColor(m_window->view().pixelOf({latitude, longitude}).toPoint());
+    };
+    const QColor water = Tessa::BaseMap::waterColor();
+    for (const Place& sea : {Place{31.0, -42.5}, {-22.0, -12.5}, {-12.0, 74.0}})
+        QVERIFY2(isNear(colorAt(sea.latitude, sea.longitude), water, 8),
+                 qPrintable(QString::number(sea.latitude)));
+    for (const Place& land : {Place{22.0, 11.0}, {48.5, 2.5}, {-8.0, -62.0}, {-24.0, 22.5}}) {
+        const QColor color = colorAt(land.latitude, land.longitude);
+        QVERIFY2(color.red() > color.blue(), qPrintable(QString::number(land.latitude)));
+    }
+    // Nothing but a note has come up.
+    int changed = 0;
+    const QRect notes(MapWindow::size.width() / 2, MapWindow::size.height() - 60,
+                      MapWindow::size.width() / 2, 60);
+    for (int y = 0; y < picture.height(); ++y) {
+        for (int x = 0; x < picture.width(); ++x) {
+            if (picture.pixel(x, y) == online.pixel(x, y))
+                continue;
+            ++changed;
+            QVERIFY2(notes.contains(x, y), qPrintable(QStringLiteral("%1 %2").arg(x).arg(y)));
+        }
+    }
+    QVERIFY(changed > 100);
+}
+
+void TestMapDrawing::shadesSlopes()
+{
+    // Rising by 4 m with each sample to the east.
+    QByteArray heights;
+    for (int row = 0; row < 1201; ++row) {
+        for (int column = 0; column < 1201; ++column) {
+            heights += static_cast<char>(column * 4 / 256);
+            heights += static_cast<char>(column * 4 % 256);
+        }
+    }
+    QVERIFY(writeFile(m_directory.filePath("N48E011.hgt"), heights));
+    SettingsStore::instance().setText("MapShadingFactor", "5");
+    m_window->map.map().setTerrainPath(m_directory.path());
+    m_window->lookAt({48.5, 11.5}, 20000.0);
+    m_window->state.isShaded = false;
+    const QColor flat = m_window->settled().pixelColor(250, 200);
+    QTest::keyClick(&m_window->map, Qt::Key_S, Qt::ControlModifier);
+    QVERIFY(m_window->state.isShaded);
+    const double east =
+        5.0 * 4.0 * 1200.0 / (60.0 * 1852.0 * std::cos(48.5 * degree)); // what it rises by a metre
+    const double light = (1.0 + east) / std::sqrt(3.0) / std::hypot(1.0, east);
+    const double shade = 1.0 + light - 1.0 / std::sqrt(3.0);
+    QVERIFY(shade < 0.95 || shade > 1.05);
+    const auto lit = [shade](int value) { return std::min(255, qRound(value * shade)); };
+    const QColor expected(lit(flat.red()), lit(flat.green()), lit(flat.blue()));
+    QTRY_VERIFY2(isNear(m_window->settled().pixelColor(250, 200), expected, 4),
+                 qPrintable(expected.name()));
+}
+
+void TestMapDrawing::idleMapRests()
+{
+    QVERIFY(!m_window->settled().isNull());
+    const int settledFrames = m_window->map.frameCount();
+    QTRY_VERIFY(m_window->map.frameCount() > settledFrames);
+    const int frames = m_window->map.frameCount();
+    QTest::qWait(3000); // the time is what this is about
+    QVERIFY2(m_window->map.frameCount() >= frames + 2 && m_window->map.frameCount() <= frames + 4,
+             qPrintable(QString::number(m_window->map.frameCount() - frames)));
+}
+
+void TestMapDrawing::earlyTrackIsDrawn()
+{
+    const auto track = straightTrack();
+    m_window = std::make_unique<MapWindow>();
+    m_window->map.setTrack(&track, {});
+    m_window->map.fitTrack();
+    QVERIFY(m_window->show());
+    const QImage picture = m_window->settled();
+    QCOMPARE(m_window->map.track().pointCount(), track.size());
+    for (const std::size_t i : {5u, 30u, 55u}) {
+        const QPointF pixel = m_window->view().pixelOf({track[i].latitude, track[i].longitude});
+        QVERIFY(picture.rect().contains(pixel.toPoint()));
+        QVERIFY(isTrackColored(
+            picture.pixel(static_cast<int>(pixel.x()), static_cast<int>(pixel.y()))));
+    }
+    m_window->map.setTrack(nullptr, {});
+    const QImage empty = m_window->map.grabFramebuffer();
+    QVERIFY(!isTrackColored(empty.pixel(m_window->view().pixelOf(home).toPoint())));
+}
+
+void TestMapDrawing::drawsAgainInAnotherContext()
+{
+    const auto track = straightTrack();
+    m_window->map.setTrack(&track, {});
+    m_window->lookAt(home, 100e3);
+    const QImage before = m_window->settled();
+    m_window->map.makeCurrent();
+    m_window->map.map().releaseGl();
+    m_window->map.doneCurrent();
+    QVERIFY(!m_window->map.map().render()); // has no context
+    QCOMPARE(m_window->settled(), before);
+
+    QWidget other;
+    other.resize(MapWindow::size * 1.5);
+    m_window->map.setParent(&other);
+    m_window->map.move(0, 0);
+    m_window->map.show();
+    other.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&other));
+    const int frames = m_window->map.frameCount();
+    QTRY_VERIFY(m_window->map.frameCount() > frames + 1);
+    const QImage after = m_window->settled();
+    QCOMPARE(countHoles(after, m_window->view().metresPerPixel), 0);
+    const QPoint middle = m_window->view().pixelOf(home).toPoint();
+    QVERIFY(isTrackColored(after.pixel(middle)));
+    QVERIFY(isNear(after.pixelColor(100, 300), before.pixelColor(100, 300), 4));
+    m_window->map.setParent(nullptr);
+}
+
+QTEST_MAIN(TestMapDrawing)
+#include "tst_mapdrawing.moc"

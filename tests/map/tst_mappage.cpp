@@ -1,0 +1,310 @@
+#include "map/DialogDataMap.h"
+#include "tests/support/MapWindow.h"
+#include "tests/support/ProfileFixture.h"
+#include "tests/support/RecordingFixture.h"
+
+#include <QAction>
+#include <QElapsedTimer>
+#include <QLabel>
+#include <QNativeGestureEvent>
+#include <QPointingDevice>
+#include <QSignalSpy>
+#include <QWheelEvent>
+
+#include <algorithm>
+
+using namespace KOLT;
+using namespace KOLT::Test;
+
+/// What the user's hands do to the map, and the page around it.
+class TestMapPage : public QObject
+{
+    Q_OBJECT
+
+private slots:
+
+    void initTestCase() { MapWindow::prepare(m_directory); }
+
+    void init();
+    void cleanup();
+
+    void doubleClickGlides();
+    void wheelAndPinchZoomAboutThePointer_data();
+    void wheelAndPinchZoomAboutThePointer();
+    void touchPadPans();
+    void heldKeysMove_data();
+    void heldKeysMove();
+    void commandKeys();
+    void clickOnTheTrackTellsItsTime();
+    void dragEndsFollowing();
+    void valuesHaveTheirUnits();
+
+private:
+    void makePage();
+
+    QTemporaryDir m_directory;
+    std::unique_ptr<MapWindow> m_window;
+    Profile m_profile;
+    std::unique_ptr<DataSet> m_dataSet;
+    std::unique_ptr<DialogDataMap> m_page;
+};
+
+void TestMapPage::init()
+{
+    m_window = std::make_unique<MapWindow>();
+    QVERIFY(m_window->show());
+}
+
+void TestMapPage::cleanup()
+{
+    m_window.reset();
+    m_page.reset();
+}
+
+void TestMapPage::doubleClickGlides()
+{
+    m_window->lookAt(home, 100e3);
+    m_window->settled();
+    const QPoint pointer(400, 90);
+    const Place place = *m_window->view().placeAt(pointer.x(), pointer.y());
+    const int frames = m_window->map.frameCount();
+    QTest::mouseDClick(&m_window->map, Qt::LeftButton, {}, pointer);
+    QVERIFY(m_window->state.isRangeAnimated && m_window->state.isPositionAnimated);
+    QCOMPARE(m_window->state.width, 100e3); // it glides, it does not jump
+    QTRY_VERIFY(!m_window->state.isRangeAnimated && !m_window->state.isPositionAnimated);
+    QVERIFY(m_window->map.frameCount() > frames + 10);
+    QVERIFY(std::abs(m_window->state.width - 25e3) < 1.0);
+    const QPointF now = m_window->view().pixelOf(place);
+    QVERIFY2(std::hypot(now.x() - pointer.x(), now.y() - pointer.y()) < 1.0,
+             qPrintable(QStringLiteral("%1 %2").arg(now.x()).arg(now.y())));
+}
+
+void TestMapPage::wheelAndPinchZoomAboutThePointer_data()
+{
+    QTest::addColumn<int>("angle"); // 0: pinch
+    QTest::addColumn<double>("factor");
+    QTest::newRow("wheel away from the user") << 120 << 1.0 / 1.100000023841858;
+    QTest::newRow("wheel towards the user") << -120 << 1.100000023841858;
+    QTest::newRow("pinch") << 0 << 1.0 / 1.25;
+}
+
+void TestMapPage::wheelAndPinchZoomAboutThePointer()
+{
+    QFETCH(int, angle);
+    QFETCH(double, factor);
+    m_window->lookAt(home, 2e6);
+    m_window->settled();
+    const QPointF pointer(80, 350);
+    const QPointF global = m_window->map.mapToGlobal(pointer);
+    const Place place = *m_window->view().placeAt(pointer.x(), pointer.y());
+    for (int i = 0; i < 3; ++i) {
+        QWheelEvent wheel(pointer, global, {}, {0, angle}, Qt::NoButton, Qt::NoModifier,
+                          Qt::NoScrollPhase, false);
+        QNativeGestureEvent pinch(Qt::ZoomNativeGesture, QPointingDevice::primaryPointingDevice(),
+                                  2, pointer, pointer, global, 0.25, {});
+        QCoreApplication::sendEvent(&m_window->map,
+                                    angle != 0 ? static_cast<QEvent*>(&wheel) : &pinch);
+    }
+    const int frames = m_window->map.frameCount();
+    QTRY_VERIFY(m_window->map.frameCount() > frames);
+    QVERIFY(std::abs(m_window->state.width / (2e6 * factor * factor * factor) - 1.0) < 1e-9);
+    const QPointF now = m_window->view().pixelOf(place);
+    QVERIFY(std::hypot(now.x() - pointer.x(), now.y() - pointer.y()) < 0.1);
+}
+
+void TestMapPage::touchPadPans()
+{
+    m_window->lookAt(home, 100e3);
+    m_window->settled();
+    m_window->state.follow = 2;
+    QSignalSpy ended(&m_window->map, &WidgetMap::signalUpdateMode);
+    const auto scroll = [&](Qt::ScrollPhase phase, QPoint way) {
+        QWheelEvent event({250, 200}, m_window->map.mapToGlobal(QPointF(250, 200)), way, {},
+                          Qt::NoButton, Qt::NoModifier, phase, false);
+        QCoreApplication::sendEvent(&m_window->map, &event);
+    };
+    scroll(Qt::ScrollBegin, {});
+    scroll(Qt::ScrollUpdate, {30, 10});
+    scroll(Qt::ScrollUpdate, {12, -35});
+    scroll(Qt::ScrollEnd, {});
+    QCOMPARE(m_window->state.width, 100e3);
+    QCOMPARE(ended.count(), 1);
+    const QPointF now = m_window->view().pixelOf(home);
+    QVERIFY2(std::hypot(now.x() - 292.0, now.y() - 175.0) < 0.5,
+             qPrintable(QStringLiteral("%1 %2").arg(now.x()).arg(now.y())));
+}
+
+void TestMapPage::heldKeysMove_data()
+{
+    QTest::addColumn<int>("key");
+    QTest::addColumn<int>("zoom"); // steps for each frame
+    QTest::addColumn<int>("east");
+    QTest::addColumn<int>("north");
+    QTest::newRow("+") << int(Qt::Key_Plus) << -1 << 0 << 0;
+    QTest::newRow("-") << int(Qt::Key_Minus) << 1 << 0 << 0;
+    QTest::newRow("left") << int(Qt::Key_Left) << 0 << -1 << 0;
+    QTest::newRow("right") << int(Qt::Key_Right) << 0 << 1 << 0;
+    QTest::newRow("up") << int(Qt::Key_Up) << 0 << 0 << 1;
+    QTest::newRow("down") << int(Qt::Key_Down) << 0 << 0 << -1;
+}
+
+void TestMapPage::heldKeysMove()
+{
+    QFETCH(int, key);
+    QFETCH(int, zoom);
+    QFETCH(int, east);
+    QFETCH(int, north);
+    m_window->lookAt(home, 100e3);
+    m_window->settled();
+    const int before = m_window->map.frameCount();
+    QTest::keyPress(&m_window->map, static_cast<Qt::Key>(key));
+    QElapsedTimer held;
+    held.start();
+    QTRY_VERIFY(m_window->map.frameCount() >= before + 3);
+    // A held key's releases in between are none.
+    QKeyEvent repeated(QEvent::KeyRelease, key, Qt::NoModifier, QString(), true);
+    QCoreApplication::sendEvent(&m_window->map, &repeated);
+    QTRY_VERIFY(m_window->map.frameCount() >= before + 12);
+    QVERIFY(held.elapsed() < 3000); // not once a second
+    QTest::keyRelease(&m_window->map, static_cast<Qt::Key>(key));
+    const int frames = m_window->map.frameCount() - before;
+    const double step = 0.015 * 100e3 / 111120.0;
+    const auto verify = [&] {
+        QVERIFY(std::abs(m_window->state.width / (100e3 * std::pow(1.03, zoom * frames)) - 1.0) <
+                1e-9);
+        QVERIFY(std::abs(m_window->state.latitude - home.latitude - north * frames * step) < 1e-9);
+        QVERIFY(std::abs(m_window->state.longitude - home.longitude -
+                         east * frames * step / std::cos(home.latitude * degree)) < 1e-9);
+    };
+    verify();
+    m_window->map.grabFramebuffer();
+    verify(); // released, it rests
+}
+
+void TestMapPage::commandKeys()
+{
+    const auto track = straightTrack();
+    m_window->map.setTrack(&track, {});
+    m_window->lookAt({-30.0, 100.0}, 5e6);
+    m_window->state.follow = 2;
+    QSignalSpy ended(&m_window->map, &WidgetMap::signalUpdateMode);
+    QTest::keyClick(&m_window->map, Qt::Key_F);
+    QCOMPARE(ended.count(), 1);
+    QCOMPARE(m_window->state.follow, 0);
+    m_window->settled();
+    const QPointF first =
+        m_window->view().pixelOf({track.front().latitude, track.front().longitude});
+    const QPointF last = m_window->view().pixelOf({track.back().latitude, track.back().longitude});
+    QVERIFY(m_window->map.rect().contains(first.toPoint()) &&
+            m_window->map.rect().contains(last.toPoint()));
+    QVERIFY(last.x() - first.x() > 0.6 * m_window->map.width());
+    for (const bool isShaded : {false, true}) {
+        QTest::keyClick(&m_window->map, Qt::Key_S, Qt::ControlModifier);
+        QCOMPARE(m_window->state.isShaded, isShaded);
+    }
+}
+
+void TestMapPage::clickOnTheTrackTellsItsTime()
+{
+    const auto track = straightTrack();
+    m_window->map.setTrack(&track, {});
+    m_window->lookAt(home, 100e3);
+    m_window->settled();
+    QSignalSpy picked(&m_window->map, &WidgetMap::signalTime);
+    const QPoint point =
+        m_window->view().pixelOf({track[20].latitude, track[20].longitude}).toPoint();
+    QTest::mouseClick(&m_window->map, Qt::LeftButton, {}, point + QPoint(0, 8));
+    QCOMPARE(picked.count(), 1);
+    QCOMPARE(picked[0][0].toDouble(), track[20].seconds());
+    QTest::mouseClick(&m_window->map, Qt::LeftButton, {}, point - QPoint(0, 13));
+    QTest::mouseClick(&m_window->map, Qt::RightButton, {}, point);
+    // What ends on the track but was dragged there is no click.
+    QTest::mousePress(&m_window->map, Qt::LeftButton, {}, point - QPoint(0, 40));
+    QTest::mouseMove(&m_window->map, point);
+    QTest::mouseRelease(&m_window->map, Qt::LeftButton, {}, point);
+    QCOMPARE(picked.count(), 1);
+}
+
+void TestMapPage::makePage()
+{
+    m_window.reset();
+    QVERIFY(loadProfile(m_profile, device({"name='speed' id='1' dataType='FLOAT' unitMetric='km/h'",
+                                           "name='plain' id='2' dataType='FLOAT'"})));
+    m_profile.select([](const ProfileParameter&) { return true; });
+    m_dataSet = std::make_unique<DataSet>();
+    for (int i = 10; i < 70; ++i) {
+        add(m_dataSet->messages, 1, i, floats(static_cast<float>(100 + i)));
+        add(m_dataSet->messages, 2, i, floats(static_cast<float>(i)));
+    }
+    m_dataSet->startSeconds = 10.0;
+    m_dataSet->stopSeconds = 70.0;
+    m_dataSet->track = straightTrack();
+    m_page = std::make_unique<DialogDataMap>(m_profile);
+    m_page->widget().map().setTileDirectory({});
+    m_page->resize(900, 400);
+    m_page->show();
+    QVERIFY(QTest::qWaitForWindowExposed(m_page.get()));
+    m_page->setShown(true);
+    m_page->setData(m_dataSet.get());
+}
+
+void TestMapPage::dragEndsFollowing()
+{
+    makePage();
+    WidgetMap& map = m_page->widget();
+    const MapViewState& state = m_page->viewState();
+    const auto actions = m_page->findChildren<QAction*>();
+    const auto follow = std::ranges::find(actions, QStringLiteral("Center AC"), &QAction::text);
+    QVERIFY(follow != actions.end() && (*follow)->isChecked());
+    int frames = map.frameCount();
+    QTRY_VERIFY(map.frameCount() > frames); // has shown the whole flight
+    m_page->setTime(30.0);
+    const TrackPoint& there = m_dataSet->track[20];
+    QTRY_COMPARE(state.longitude, there.longitude);
+    QCOMPARE(state.latitude, there.latitude);
+
+    QSignalSpy ended(&map, &WidgetMap::signalUpdateMode);
+    const auto pageView = [&] {
+        return View{{state.latitude, state.longitude}, state.width / map.width(), map.size()};
+    };
+    const Place pressed = *pageView().placeAt(250, 250);
+    QTest::mousePress(&map, Qt::LeftButton, {}, {250, 250});
+    for (const QPoint& point : {QPoint(290, 240), QPoint(330, 200), QPoint(360, 150)})
+        QTest::mouseMove(&map, point);
+    QTest::mouseRelease(&map, Qt::LeftButton, {}, {360, 150});
+    QCOMPARE(ended.count(), 1);
+    QCOMPARE(state.follow, 0);
+    QVERIFY(!(*follow)->isChecked());
+    m_page->setTime(31.0); // no longer followed
+    frames = map.frameCount();
+    QTRY_VERIFY(map.frameCount() > frames);
+    const QPointF now = pageView().pixelOf(pressed);
+    QVERIFY(std::hypot(now.x() - 360.0, now.y() - 150.0) < 0.5);
+
+    (*follow)->trigger();
+    QTRY_COMPARE(state.longitude, m_dataSet->track[21].longitude);
+}
+
+void TestMapPage::valuesHaveTheirUnits()
+{
+    makePage();
+    auto* const panel = m_page->findChild<QWidget*>(QStringLiteral("valuePanel"));
+    QVERIFY(panel != nullptr && panel->isVisible());
+    const auto texts = [panel] {
+        QStringList all;
+        for (const QLabel* label : panel->findChildren<QLabel*>())
+            all << label->text();
+        return all;
+    };
+    m_page->setTime(30.0);
+    QCOMPARE(texts(), QStringList({"plain", "30.000000", "speed", "130.000000 [km/h]"}));
+    m_page->setTime(42.0);
+    QCOMPARE(texts(), QStringList({"plain", "42.000000", "speed", "142.000000 [km/h]"}));
+    QCOMPARE(panel->geometry().topLeft(), QPoint(m_page->width() - 310, 10));
+    QCOMPARE(panel->width(), 300);
+    m_page->setData(nullptr);
+    QVERIFY(!panel->isVisible());
+}
+
+QTEST_MAIN(TestMapPage)
+#include "tst_mappage.moc"
