@@ -268,12 +268,14 @@ bool TessaMap::render()
 {
     if (!prepareGl())
         return false;
+    const double start = now();
     const Globe view = globe();
     m_selected = selectTiles(view);
     for (TextureCache* const textures : {&m_tileTextures, &m_baseTextures, &m_shadeTextures})
         textures->beginFrame(m_gl);
     m_baseTextures.use({0, 0, 0}); // never goes, so that there is always something to show
     loadTextures();
+    m_loadingSeconds = now() - start;
 
     m_drawer->begin(view, m_brightness);
     m_drawer->drawCap(true, BaseMap::waterColor());

@@ -92,6 +92,9 @@ public:
     /// Tiles in the last frame.
     std::size_t drawnCount() const { return m_selected.size(); }
 
+    /// What the last frame took apart from drawing: choosing, reading, decoding and uploading.
+    double loadingSeconds() const { return m_loadingSeconds; }
+
 signals:
     /// There is something new to draw.
     void changed();
@@ -129,6 +132,7 @@ private:
     Shading m_shading;
     std::vector<SelectedTile> m_selected;
     int m_missingBase = 0;
+    double m_loadingSeconds = 0.0;
 
     bool m_hasFailed = false;
     QOpenGLFunctions m_gl;
