@@ -280,15 +280,14 @@ bool TessaMap::render()
     m_drawer->begin(view, m_brightness);
     m_drawer->drawCap(true, BaseMap::waterColor());
     m_drawer->drawCap(false, BaseMap::iceColor());
-    // Below the joints between tiles of different zoom.
-    for (const TileId tile : {TileId{1, 0, 0}, {1, 1, 0}, {1, 0, 1}, {1, 1, 1}}) {
-        const Picture picture = pictureOf(tile);
-        m_drawer->draw(tile, picture.texture, picture.window);
-    }
-    for (const SelectedTile& tile : m_selected) {
-        const Picture picture = pictureOf(tile.id);
-        const Picture shade = shadeOf(tile.id);
-        m_drawer->draw(tile.id, picture.texture, picture.window, shade.texture, shade.window);
+    // Of the same zoom or not, two tiles may leave a hair's breadth between them.
+    for (const TileDrawer::Piece piece : {TileDrawer::Piece::Border, TileDrawer::Piece::Tile}) {
+        for (const SelectedTile& tile : m_selected) {
+            const Picture picture = pictureOf(tile.id);
+            const Picture shade = shadeOf(tile.id);
+            m_drawer->draw(piece, tile.id, picture.texture, picture.window, shade.texture,
+                           shade.window);
+        }
     }
     m_drawer->end();
     return true;

@@ -16,6 +16,8 @@ constexpr int placeLocation = 1;
 constexpr int floatsPerVertex = 5; ///< x, y, z, u, v
 constexpr int stride = floatsPerVertex * static_cast<int>(sizeof(float));
 constexpr std::size_t mostMeshes = 1024;
+/// Beyond what two meshes of neighbours can be apart.
+constexpr double borderWidth = 1.5 / 256.0;
 constexpr int capSegments = 128;
 constexpr double capLatitude = 84.5;
 
@@ -140,15 +142,16 @@ TileDrawer::Mesh& TileDrawer::meshOf(const TileId& tile)
         return mesh;
     mesh.cells = cellsOf(tile.zoom);
     mesh.origin = placeInTile(tile, 0.5, 0.5);
+    // The border is one more cell on each side.
+    const auto part = [&mesh](int i) {
+        return i < 0            ? -borderWidth
+               : i > mesh.cells ? 1.0 + borderWidth
+                                : static_cast<double>(i) / mesh.cells;
+    };
     std::vector<float> vertices;
-    vertices.reserve(
-        static_cast<std::size_t>((mesh.cells + 1) * (mesh.cells + 1) * floatsPerVertex));
-    for (int j = 0; j <= mesh.cells; ++j) {
-        for (int i = 0; i <= mesh.cells; ++i) {
-            const double u = static_cast<double>(i) / mesh.cells;
-            const double v = static_cast<double>(j) / mesh.cells;
-            add(vertices, placeInTile(tile, u, v), mesh.origin, u, v);
-        }
+    for (int j = -1; j <= mesh.cells + 1; ++j) {
+        for (int i = -1; i <= mesh.cells + 1; ++i)
+            add(vertices, placeInTile(tile, part(i), part(j)), mesh.origin, part(i), part(j));
     }
     mesh.vertices.create();
     mesh.vertices.bind();
@@ -156,28 +159,33 @@ TileDrawer::Mesh& TileDrawer::meshOf(const TileId& tile)
     return mesh;
 }
 
-QOpenGLBuffer& TileDrawer::indicesOf(int cells)
+TileDrawer::Indices& TileDrawer::indicesOf(int cells)
 {
     const auto known = m_indices.find(cells);
     if (known != m_indices.end())
         return known->second;
-    std::vector<std::uint16_t> indices;
-    const int row = cells + 1;
-    for (int j = 0; j < cells; ++j) {
-        for (int i = 0; i < cells; ++i) {
+    std::vector<std::uint16_t> tile;
+    std::vector<std::uint16_t> border;
+    const int row = cells + 3;
+    for (int j = 0; j < cells + 2; ++j) {
+        for (int i = 0; i < cells + 2; ++i) {
+            const bool isInside = i > 0 && i <= cells && j > 0 && j <= cells;
+            std::vector<std::uint16_t>& piece = isInside ? tile : border;
             // Anticlockwise as seen from outside: rows go southwards.
             const int first = j * row + i;
             for (const int corner :
                  {first, first + row, first + 1, first + 1, first + row, first + row + 1})
-                indices.push_back(static_cast<std::uint16_t>(corner));
+                piece.push_back(static_cast<std::uint16_t>(corner));
         }
     }
-    QOpenGLBuffer& buffer =
-        m_indices.emplace(cells, QOpenGLBuffer(QOpenGLBuffer::IndexBuffer)).first->second;
-    buffer.create();
-    buffer.bind();
-    buffer.allocate(indices.data(), static_cast<int>(indices.size() * sizeof(std::uint16_t)));
-    return buffer;
+    Indices& indices = m_indices[cells];
+    indices.tileCount = static_cast<int>(tile.size());
+    indices.borderCount = static_cast<int>(border.size());
+    tile.insert(tile.end(), border.begin(), border.end());
+    indices.buffer.create();
+    indices.buffer.bind();
+    indices.buffer.allocate(tile.data(), static_cast<int>(tile.size() * sizeof(std::uint16_t)));
+    return indices;
 }
 
 void TileDrawer::dropOldMeshes()
@@ -213,8 +221,8 @@ void TileDrawer::bind(QOpenGLShaderProgram& program)
     program.enableAttributeArray(placeLocation);
 }
 
-void TileDrawer::draw(const TileId& tile, GLuint image, TextureWindow imageWindow, GLuint shade,
-                      TextureWindow shadeWindow)
+void TileDrawer::draw(Piece piece, const TileId& tile, GLuint image, TextureWindow imageWindow,
+                      GLuint shade, TextureWindow shadeWindow)
 {
     Mesh& mesh = meshOf(tile);
     bind(shade != 0 ? m_shaded : m_plain);
@@ -232,8 +240,15 @@ void TileDrawer::draw(const TileId& tile, GLuint image, TextureWindow imageWindo
     m_bound->setAttributeBuffer(positionLocation, GL_FLOAT, 0, 3, stride);
     m_bound->setAttributeBuffer(placeLocation, GL_FLOAT, 3 * static_cast<int>(sizeof(float)), 2,
                                 stride);
-    indicesOf(mesh.cells).bind();
-    m_gl.glDrawElements(GL_TRIANGLES, mesh.cells * mesh.cells * 6, GL_UNSIGNED_SHORT, nullptr);
+    Indices& indices = indicesOf(mesh.cells);
+    indices.buffer.bind();
+    if (piece == Piece::Tile) {
+        m_gl.glDrawElements(GL_TRIANGLES, indices.tileCount, GL_UNSIGNED_SHORT, nullptr);
+    } else {
+        const auto start = static_cast<std::uintptr_t>(indices.tileCount) * sizeof(std::uint16_t);
+        m_gl.glDrawElements(GL_TRIANGLES, indices.borderCount, GL_UNSIGNED_SHORT,
+                            reinterpret_cast<const void*>(start));
+    }
 }
 
 void TileDrawer::drawCap(bool isNorth, const QColor& color)

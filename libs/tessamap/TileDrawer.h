@@ -38,10 +38,14 @@ public:
     /// Null when the context lacks what it takes; `error` then tells more.
     static std::unique_ptr<TileDrawer> create(QString& error);
 
+    /// Of a tile: the tile itself, or a border around it. Borders drawn before all tiles fill the
+    /// hair cracks of the joints, with the right colours and at the cost of few pixels.
+    enum class Piece { Tile, Border };
+
     void begin(const Globe& globe, double brightness);
     /// `shade` 0: none.
-    void draw(const TileId& tile, GLuint image, TextureWindow imageWindow, GLuint shade = 0,
-              TextureWindow shadeWindow = {});
+    void draw(Piece piece, const TileId& tile, GLuint image, TextureWindow imageWindow,
+              GLuint shade = 0, TextureWindow shadeWindow = {});
     /// From just within the outermost tiles to the pole.
     void drawCap(bool isNorth, const QColor& color);
     void end();
@@ -55,11 +59,19 @@ private:
         QOpenGLBuffer vertices{QOpenGLBuffer::VertexBuffer};
     };
 
+    /// Triangles of the meshes of so many cells along a side.
+    struct Indices
+    {
+        QOpenGLBuffer buffer{QOpenGLBuffer::IndexBuffer};
+        int tileCount = 0;
+        int borderCount = 0; ///< behind the tile's
+    };
+
     TileDrawer() = default;
 
     bool build(QOpenGLShaderProgram& program, const char* fragmentSource, QString& error);
     Mesh& meshOf(const TileId& tile);
-    QOpenGLBuffer& indicesOf(int cells);
+    Indices& indicesOf(int cells);
     void dropOldMeshes();
     void bind(QOpenGLShaderProgram& program);
 
@@ -69,7 +81,7 @@ private:
     QOpenGLShaderProgram m_flat;
     QOpenGLShaderProgram* m_bound = nullptr;
     std::unordered_map<TileId, Mesh> m_meshes;
-    std::unordered_map<int, QOpenGLBuffer> m_indices; ///< by cells along a side
+    std::unordered_map<int, Indices> m_indices; ///< by cells along a side
     QOpenGLBuffer m_cap{QOpenGLBuffer::VertexBuffer};
     Globe m_globe;
     float m_brightness = 1.0F;
