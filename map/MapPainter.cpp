@@ -69,24 +69,30 @@ void MapPainter::drawTrack(const Tessa::Globe& globe, const TrackLine& track, bo
 {
     m_line.setLineWidth(static_cast<float>(trackWidth * m_pixelRatio));
     m_line.setUseMultiColor(true);
+    m_line.setArePairs(true);
+    m_handler.disableBlending(); // nothing of it is translucent
     for (const TrackLine::Chunk& chunk : track.chunks(globe.metresPerPixel())) {
         if (!isInView(globe, chunk))
             continue;
         m_line.clearVertex();
-        const TrackLine::Vertex* before = nullptr;
-        for (const TrackLine::Vertex& vertex : chunk.vertices) {
+        const auto add = [this](const TrackLine::Vertex& vertex) {
+            m_line.addVertex(vertex.x, vertex.y, vertex.z);
+        };
+        for (std::size_t i = 1; i < chunk.vertices.size(); ++i) {
+            const TrackLine::Vertex& vertex = chunk.vertices[i];
+            if (vertex.isStart)
+                continue;
+            // A colour holds for the line that ends here, it does not fade into the next.
             m_line.setColor(!isColored                           ? trackColor
                             : vertex.color == TrackLine::noColor ? noValueColor
                                                                  : trackColorRamp()[vertex.color]);
-            // A colour holds for the line that ends here, it does not fade into the next.
-            if (isColored && before != nullptr && before->color != vertex.color)
-                m_line.addVertex(before->x, before->y, before->z, 1.0F);
-            m_line.addVertex(vertex.x, vertex.y, vertex.z, 1.0F);
-            before = &vertex;
+            add(chunk.vertices[i - 1]);
+            add(vertex);
         }
         m_handler.matrices().load(Tessa::matrixFrom(globe, chunk.origin));
         m_line.render(m_handler);
     }
+    m_handler.enableBlending();
     m_handler.matrices().load(m_screen);
 }
 

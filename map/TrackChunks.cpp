@@ -56,9 +56,9 @@ TrackChunks::TrackChunks(double metresPerPixel)
 
 void TrackChunks::moveTo(const Vector& place)
 {
-    close();
-    m_points.clear();
-    append({place, TrackLine::noColor});
+    if (!m_points.empty() && m_points.back().isStart)
+        m_points.pop_back();
+    append({place, TrackLine::noColor, true});
 }
 
 void TrackChunks::lineTo(const Vector& place, std::uint8_t color)
@@ -81,10 +81,13 @@ void TrackChunks::lineTo(const Vector& place, std::uint8_t color)
 void TrackChunks::append(const Point& point)
 {
     if (!m_points.empty() && (m_points.size() == TrackLine::mostVertices || !fits(point.place))) {
-        const Point joint = m_points.back();
+        const Vector joint = m_points.back().place;
         close();
-        m_points.assign(1, joint);
-        m_low = m_high = joint.place;
+        m_points.clear();
+        if (!point.isStart) {
+            m_points.push_back({joint, TrackLine::noColor, true});
+            m_low = m_high = joint;
+        }
     }
     m_low = m_points.empty() ? point.place : lowest(m_low, point.place);
     m_high = m_points.empty() ? point.place : highest(m_high, point.place);
@@ -98,7 +101,9 @@ bool TrackChunks::fits(const Vector& place) const
 
 void TrackChunks::close()
 {
-    if (m_points.size() < 2)
+    if (!m_points.empty() && m_points.back().isStart)
+        m_points.pop_back();
+    if (m_points.empty())
         return;
     TrackLine::Chunk chunk;
     chunk.origin = {(m_low.x + m_high.x) / 2.0, (m_low.y + m_high.y) / 2.0,
@@ -108,7 +113,8 @@ void TrackChunks::close()
         chunk.radius = std::max(chunk.radius, distance(point.place, chunk.origin));
         chunk.vertices.push_back({static_cast<float>(point.place.x - chunk.origin.x),
                                   static_cast<float>(point.place.y - chunk.origin.y),
-                                  static_cast<float>(point.place.z - chunk.origin.z), point.color});
+                                  static_cast<float>(point.place.z - chunk.origin.z), point.color,
+                                  point.isStart});
     }
     m_chunks.push_back(std::move(chunk));
 }

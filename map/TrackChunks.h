@@ -26,6 +26,7 @@ private:
     {
         Vector place;
         std::uint8_t color = TrackLine::noColor;
+        bool isStart = false;
     };
 
     void append(const Point& point);

@@ -8,7 +8,7 @@ namespace {
 
 /// More than the radius of the earth: no coordinate is below 0.
 constexpr double shift = 6'400'000.0;
-constexpr int blockBits = 2; // of each axis: four cells
+constexpr int blockBits = 3; // of each axis: eight cells
 
 /// Never 0. That two blocks of a track share one is out of all likelihood.
 std::uint64_t keyOf(std::uint64_t x, std::uint64_t y, std::uint64_t z)
@@ -48,16 +48,24 @@ bool TrackCoverage::cover(const Vector& from, const Vector& to)
 
 bool TrackCoverage::add(const Vector& place)
 {
+    // Seen along the axis that is steepest there: cells of the surface, not of space, which the
+    // surface would cut into slivers.
+    const double x = std::abs(place.x);
+    const double y = std::abs(place.y);
+    const double z = std::abs(place.z);
+    const int axis = x >= y && x >= z ? 0 : y >= z ? 1 : 2;
+    const double across = axis == 0 ? place.y : place.x;
+    const double along = axis == 2 ? place.y : place.z;
+    const bool isFar = (axis == 0 ? place.x : axis == 1 ? place.y : place.z) < 0.0;
     const auto cellOf = [&](double coordinate) {
         return static_cast<std::uint64_t>((coordinate + shift) / m_cell);
     };
-    const std::uint64_t x = cellOf(place.x);
-    const std::uint64_t y = cellOf(place.y);
-    const std::uint64_t z = cellOf(place.z);
+    const std::uint64_t column = cellOf(across);
+    const std::uint64_t row = cellOf(along);
     constexpr std::uint64_t inBlock = (1U << blockBits) - 1;
-    const std::uint64_t bit =
-        (x & inBlock) << (2 * blockBits) | (y & inBlock) << blockBits | (z & inBlock);
-    Block& block = blockOf(keyOf(x >> blockBits, y >> blockBits, z >> blockBits));
+    const std::uint64_t bit = (column & inBlock) << blockBits | (row & inBlock);
+    const auto side = static_cast<std::uint64_t>(2 * axis + (isFar ? 1 : 0));
+    Block& block = blockOf(keyOf(column >> blockBits, row >> blockBits, side));
     const bool wasSet = (block.cells >> bit & 1U) != 0;
     block.cells |= std::uint64_t{1} << bit;
     return wasSet;

@@ -7,8 +7,8 @@
 
 namespace KOLT {
 
-/// Remembers where lines have been drawn, in cells of space. Who flies the same circuit all day
-/// draws the same pixels over and over; such lines can be left out.
+/// Remembers where lines have been drawn, in cells of the earth's surface. Who flies the same
+/// circuit all day draws the same pixels over and over; such lines can be left out.
 class TrackCoverage
 {
 public:
@@ -16,7 +16,7 @@ public:
 
     static constexpr double longestLine = 16.0; ///< cells
 
-    /// Of cells so many metres wide.
+    /// Of cells so many metres wide, up to 1.8 times as long.
     explicit TrackCoverage(double cell);
 
     /// Notes the line between two places on the earth. True when lines have been in all of its
@@ -25,7 +25,7 @@ public:
     bool cover(const Vector& from, const Vector& to);
 
 private:
-    /// 4 x 4 x 4 cells.
+    /// 8 x 8 cells.
     struct Block
     {
         std::uint64_t key = 0; ///< 0: free

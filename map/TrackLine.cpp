@@ -21,6 +21,8 @@ constexpr double tolerancePixels = 0.5;
 constexpr double shortestColor = 2.0;      // pixels
 constexpr double coverageCell = 1.0;       // pixels
 constexpr std::ptrdiff_t leastLeftOut = 8; // lines; every break costs a chunk
+constexpr double mostCells = 2e6;          // looked at for a level
+constexpr double longestDivided = 50e3;    // metres; still straight enough
 
 /// The square of the distance from a line between two points of the window.
 double squareFromLine(Tessa::WindowPoint click, Tessa::WindowPoint from, Tessa::WindowPoint to)
@@ -33,6 +35,11 @@ double squareFromLine(Tessa::WindowPoint click, Tessa::WindowPoint from, Tessa::
     const double dx = click.x - from.x - part * x;
     const double dy = click.y - from.y - part * y;
     return dx * dx + dy * dy;
+}
+
+double distance(const Tessa::Globe::Vector& a, const Tessa::Globe::Vector& b)
+{
+    return std::hypot(a.x - b.x, a.y - b.y, a.z - b.z);
 }
 
 } // namespace
@@ -90,45 +97,91 @@ std::vector<TrackLine::Corner> TrackLine::simplified(const TrackRun& run,
     std::vector<TrackPart> parts{{run.last, noColor}};
     if (!m_classes.isEmpty())
         parts = m_classes.partsOf(run, m_places, shortestColor * metresPerPixel);
-    std::vector<Corner> corners{{run.first, noColor}};
+    std::vector<Corner> corners{{m_places[run.first], noColor}};
     std::size_t i = run.first + 1;
     for (const TrackPart& part : parts) {
         for (; i <= part.last; ++i) {
             if (static_cast<double>(m_weights[i]) > tolerance || i == part.last)
-                corners.push_back({i, part.color});
+                corners.push_back({m_places[i], part.color});
         }
     }
     return corners;
+}
+
+std::vector<TrackLine::Corner> TrackLine::divided(const std::vector<Corner>& corners,
+                                                  double longest)
+{
+    std::vector<Corner> pieces{corners.front()};
+    for (std::size_t i = 1; i < corners.size(); ++i) {
+        const Vector from = pieces.back().place;
+        const Vector to = corners[i].place;
+        const double length = distance(from, to);
+        const double count = length <= longestDivided ? std::ceil(length / longest) : 1.0;
+        for (double piece = 1.0; piece < count; ++piece) {
+            const double part = piece / count;
+            pieces.push_back({{from.x + part * (to.x - from.x), from.y + part * (to.y - from.y),
+                               from.z + part * (to.z - from.z)},
+                              corners[i].color,
+                              true});
+        }
+        pieces.push_back(corners[i]);
+    }
+    return pieces;
+}
+
+void TrackLine::draw(const std::vector<Corner>& corners, TrackChunks& chunks)
+{
+    chunks.moveTo(corners.front().place);
+    const Corner* within = nullptr; // the last one passed: a vertex only where the line ends
+    const auto endLine = [&] {
+        if (within != nullptr)
+            chunks.lineTo(within->place, within->color);
+        within = nullptr;
+    };
+    auto corner = corners.begin() + 1;
+    while (corner != corners.end()) {
+        const auto drawn =
+            std::find_if(corner, corners.end(), [](const Corner& c) { return !c.isCovered; });
+        if (drawn - corner >= leastLeftOut) {
+            endLine();
+            chunks.moveTo(std::prev(drawn)->place);
+            corner = drawn;
+            continue;
+        }
+        const auto end = drawn == corners.end() ? drawn : std::next(drawn);
+        for (; corner != end; ++corner) {
+            within = corner->isWithin ? &*corner : nullptr;
+            if (within == nullptr)
+                chunks.lineTo(corner->place, corner->color);
+        }
+    }
+    endLine();
 }
 
 std::vector<TrackLine::Chunk> TrackLine::build(double metresPerPixel) const
 {
     if (m_weights.empty())
         m_weights = trackWeights(m_places, m_runs);
+    std::vector<std::vector<Corner>> lines;
+    double length = 0.0;
+    for (const TrackRun& run : m_runs) {
+        lines.push_back(simplified(run, metresPerPixel));
+        for (std::size_t i = 1; i < lines.back().size(); ++i)
+            length += distance(lines.back()[i - 1].place, lines.back()[i].place);
+    }
+    // Close by, with little of the track in the window, only short lines are looked at.
     const double cell = coverageCell * metresPerPixel;
+    const bool areDivided = length <= mostCells * cell;
     std::map<std::uint8_t, TrackCoverage> coverages; // by colour
     TrackChunks chunks(metresPerPixel);
-    for (const TrackRun& run : m_runs) {
-        std::vector<Corner> corners = simplified(run, metresPerPixel);
+    for (std::vector<Corner>& corners : lines) {
+        if (areDivided)
+            corners = divided(corners, (TrackCoverage::longestLine - 1.0) * cell);
         for (std::size_t i = 1; i < corners.size(); ++i) {
             TrackCoverage& coverage = coverages.try_emplace(corners[i].color, cell).first->second;
-            corners[i].isCovered =
-                coverage.cover(m_places[corners[i - 1].point], m_places[corners[i].point]);
+            corners[i].isCovered = coverage.cover(corners[i - 1].place, corners[i].place);
         }
-        chunks.moveTo(m_places[run.first]);
-        auto corner = corners.begin() + 1;
-        while (corner != corners.end()) {
-            const auto drawn =
-                std::find_if(corner, corners.end(), [](const Corner& c) { return !c.isCovered; });
-            if (drawn - corner >= leastLeftOut) {
-                chunks.moveTo(m_places[std::prev(drawn)->point]);
-                corner = drawn;
-                continue;
-            }
-            const auto end = drawn == corners.end() ? drawn : std::next(drawn);
-            for (; corner != end; ++corner)
-                chunks.lineTo(m_places[corner->point], corner->color);
-        }
+        draw(corners, chunks);
     }
     return chunks.take();
 }

@@ -13,6 +13,8 @@
 
 namespace KOLT {
 
+class TrackChunks;
+
 /// A track prepared for drawing on the globe at any scale.
 ///
 /// For each scale the line is simplified once, by Douglas and Peucker, to half a pixel, and cut
@@ -32,16 +34,15 @@ public:
         float x = 0.0F; ///< from the chunk's origin
         float y = 0.0F;
         float z = 0.0F;
-        /// Class 0..15 of the line that ends here, or noColor. With flat shading a line strip takes
-        /// it from the right vertex by itself.
-        std::uint8_t color = noColor;
+        std::uint8_t color = noColor; ///< class 0..15 of the line that ends here, or noColor
+        bool isStart = false;         ///< no line leads here
     };
 
-    /// A line through its vertices. Neighbours share a vertex, unless a gap parts them.
+    /// Lines through their vertices. Neighbours share a vertex, unless a gap parts them.
     struct Chunk
     {
         Tessa::Globe::Vector origin;
-        double radius = 0.0; ///< of a ball around the origin that holds the line
+        double radius = 0.0; ///< of a ball around the origin that holds the lines
         std::vector<Vertex> vertices;
     };
 
@@ -74,12 +75,17 @@ private:
 
     struct Corner
     {
-        std::size_t point = 0;
+        Vector place;
         std::uint8_t color = noColor;
+        bool isWithin = false;  ///< a long line, not a point of the track
         bool isCovered = false; ///< the line to it has been drawn before
     };
 
     std::vector<Corner> simplified(const TrackRun& run, double metresPerPixel) const;
+    /// With lines no longer than so many metres, but for very long ones.
+    static std::vector<Corner> divided(const std::vector<Corner>& corners, double longest);
+    /// All but longer stretches that are covered.
+    static void draw(const std::vector<Corner>& corners, TrackChunks& chunks);
     std::vector<Chunk> build(double metresPerPixel) const;
 
     TrackBounds m_bounds;

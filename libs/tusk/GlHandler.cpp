@@ -219,6 +219,11 @@ void GlHandler::enableBlending()
     glBlendFuncSeparate(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA, GL_ZERO, GL_ONE);
 }
 
+void GlHandler::disableBlending()
+{
+    glDisable(GL_BLEND);
+}
+
 void GlHandler::clip(const QRect& area)
 {
     if (area.isEmpty()) {

@@ -43,6 +43,7 @@ public:
 
     void clear(const QColor& color);
     void enableBlending();
+    void disableBlending();
     /// In pixels of the framebuffer from the lower left; an empty area ends the clipping.
     void clip(const QRect& area);
 

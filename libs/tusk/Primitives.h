@@ -68,6 +68,9 @@ public:
                           {x, y, z, m_color.redF(), m_color.greenF(), m_color.blueF(), alpha});
     }
 
+    /// Single lines of two vertices each instead of one through all.
+    void setArePairs(bool arePairs) { m_arePairs = arePairs; }
+
     void render(GlHandler& handler)
     {
         if (!m_isMultiColor) {
@@ -77,7 +80,7 @@ public:
                 m_vertices[i + 5] = m_color.blueF();
             }
         }
-        handler.drawColored(GL_LINE_STRIP, m_vertices, m_width);
+        handler.drawColored(m_arePairs ? GL_LINES : GL_LINE_STRIP, m_vertices, m_width);
     }
 
 private:
@@ -87,6 +90,7 @@ private:
     QColor m_color = Qt::white;
     float m_width = 1.0F;
     bool m_isMultiColor = false;
+    bool m_arePairs = false;
 };
 
 /// A filled area: each vertex makes a triangle with the two before it.

@@ -25,6 +25,7 @@ private slots:
     void longWaysFollowTheGreatCircle();
     void gapsPartTheLine();
     void repeatedCircuitsDrawLikeOne();
+    void longLegsDrawOnce();
     void colorsChangeWhereTheValuesDo();
     void spikesStayVisible_data();
     void spikesStayVisible();
@@ -113,6 +114,8 @@ double distanceTo(const std::vector<TrackLine::Chunk>& chunks, const Vector& pla
         if (lengthOf(place - chunk.origin) > chunk.radius + 1000.0)
             continue;
         for (std::size_t i = 1; i < chunk.vertices.size(); ++i) {
+            if (chunk.vertices[i].isStart)
+                continue;
             const Vector from = placeOf(chunk, chunk.vertices[i - 1]);
             const Vector line = placeOf(chunk, chunk.vertices[i]) - from;
             const double square = dot(line, line);
@@ -140,6 +143,8 @@ std::vector<double> lengthsOf(const std::vector<TrackLine::Chunk>& chunks)
     std::vector<double> lengths(17, 0.0);
     for (const TrackLine::Chunk& chunk : chunks) {
         for (std::size_t i = 1; i < chunk.vertices.size(); ++i) {
+            if (chunk.vertices[i].isStart)
+                continue;
             const std::size_t color = chunk.vertices[i].color;
             lengths[std::min<std::size_t>(color, 16)] +=
                 lengthOf(placeOf(chunk, chunk.vertices[i]) - placeOf(chunk, chunk.vertices[i - 1]));
@@ -268,6 +273,23 @@ void TestTrackLine::repeatedCircuitsDrawLikeOne()
     QVERIFY(vertexCount(chunks) < 25 * vertexCount(once.chunks(16.0)));
     for (std::size_t i = 0; i < day.size(); i += 131)
         QVERIFY(distanceTo(chunks, placeOf(day[i])) < 2.3 * 16.0); // a cell more
+}
+
+void TestTrackLine::longLegsDrawOnce()
+{
+    // To and fro between two places 10 km apart, within some metres: each leg is one long line.
+    std::mt19937 random(5);
+    std::normal_distribution<double> noise(0.0, 8.0 / 111'120.0);
+    double offset = 0.0;
+    const Track legs = along(60'000, [&](double i) {
+        const double part = std::fmod(i, 200.0) / 100.0;
+        if (part == 0.0)
+            offset = noise(random);
+        return Tessa::LatLong{48.0 + 0.09 * std::abs(1.0 - part), 11.0 + offset};
+    });
+    const auto lengths = lengthsOf(TrackLine(legs).chunks(16.0));
+    QVERIFY2(lengths[16] > 10'000.0 && lengths[16] < 20 * 10'000.0, // of 600 legs
+             qPrintable(QString::number(lengths[16])));
 }
 
 void TestTrackLine::colorsChangeWhereTheValuesDo()
