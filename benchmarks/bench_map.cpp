@@ -35,7 +35,7 @@ namespace {
 constexpr QSize pictureSize(1280, 800);
 constexpr int samples = 4; // as the window has it
 constexpr Tessa::LatLong home{48.35, 11.45};
-constexpr double width = 30'000.0;
+constexpr double width = 42'000.0;
 constexpr int tileSide = 256;
 constexpr int secondsPerCircuit = 360;
 constexpr int idleSeconds = 6;

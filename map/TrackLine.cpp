@@ -21,7 +21,7 @@ constexpr double tolerancePixels = 0.5;
 constexpr double shortestColor = 2.0;      // pixels
 constexpr double coverageCell = 1.0;       // pixels
 constexpr std::ptrdiff_t leastLeftOut = 8; // lines; every break costs a chunk
-constexpr double mostCells = 2e6;          // looked at for a level
+constexpr double mostCells = 1e6;          // looked at for a level
 constexpr double longestDivided = 50e3;    // metres; still straight enough
 
 /// The square of the distance from a line between two points of the window.
