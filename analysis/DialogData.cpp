@@ -6,6 +6,7 @@
 #include "analysis/DialogDataView.h"
 #include "analysis/DialogDataWarning.h"
 #include "analysis/WidgetFaultMatrix.h"
+#include "analysis/WidgetNoGl.h"
 #include "app/settings/CommandLineOptions.h"
 #include "graph/DialogDataGraph.h"
 #include "libs/tusk/Timer.h"
@@ -146,10 +147,11 @@ void DialogData::stripToDisplay()
 template <typename Widget>
 Widget* DialogData::addPage(Page page, Widget* widget)
 {
-    m_pages[static_cast<std::size_t>(page)] = {widget, widget};
-    widget->installEventFilter(this);
+    QWidget* const shown = WidgetNoGl::shown(widget);
+    m_pages[static_cast<std::size_t>(page)] = {widget, shown};
+    shown->installEventFilter(this);
     if (page != Page::Map)
-        m_stack->addWidget(widget);
+        m_stack->addWidget(shown);
     return widget;
 }
 

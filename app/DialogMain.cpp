@@ -167,8 +167,6 @@ void DialogMain::createToolBar()
             qOverload<const QString&>(&DialogMain::slotProfileChanged));
     connect(m_unitSelector, qOverload<int>(&Selector::signalActivated), this,
             &DialogMain::slotUnitChanged);
-    connect(m_preferences, &DialogPreferences::signalMapChanged, m_data,
-            &DialogData::reloadMapSettings);
 }
 
 void DialogMain::createDialogs()
@@ -185,6 +183,8 @@ void DialogMain::createDialogs()
             &DialogMain::slotProfileFileChanged);
     connect(m_preferences, &DialogPreferences::signalUnitChanged, this,
             &DialogMain::slotUnitChanged);
+    connect(m_preferences, &DialogPreferences::signalMapChanged, m_data,
+            &DialogData::reloadMapSettings);
 }
 
 void DialogMain::startTimers()

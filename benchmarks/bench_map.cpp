@@ -220,7 +220,7 @@ public:
 private:
     QOpenGLShaderProgram m_program;
     QOpenGLBuffer m_buffer{QOpenGLBuffer::VertexBuffer};
-    Tessa::TextureCache m_textures{512};
+    Tessa::TextureCache m_textures{128 * 1024 * 1024};
     std::vector<GLuint> m_names;
 };
 

@@ -87,7 +87,16 @@ void DialogDataMap::createToolBar()
     QAction* const fit =
         bar->addAction(QIcon(QStringLiteral(":/icons/map-fit.svg")), tr("Fit flight"));
     fit->setToolTip(tr("Show the whole flight (F)"));
-    connect(fit, &QAction::triggered, this, [this] { m_map->fitTrack(); });
+    connect(fit, &QAction::triggered, this, [this] { m_map->showWholeTrack(); });
+    m_shading =
+        bar->addAction(QIcon(QStringLiteral(":/icons/map-shading.svg")), tr("Hill shading"));
+    m_shading->setToolTip(tr("Hill shading (Ctrl+S while the map has the focus)"));
+    m_shading->setCheckable(true);
+    m_shading->setChecked(m_state.isShaded);
+    connect(m_shading, &QAction::toggled, this, [this](bool isChecked) {
+        m_state.isShaded = isChecked;
+        m_state.needsRepaint = true;
+    });
     m_coloring = new QComboBox(bar);
     m_coloring->setToolTip(tr("What the track is colored by"));
     m_coloring->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
@@ -103,19 +112,27 @@ void DialogDataMap::reloadSettings()
 
 void DialogDataMap::slotCommandToggled(int id, bool isChecked)
 {
-    if (id == CenterAircraft)
+    if (id == CenterAircraft) {
         m_state.follow = isChecked ? 2 : 0;
+        m_state.isFollowWaiting = false;
+    }
     m_state.needsRepaint = true;
 }
 
 void DialogDataMap::slotUpdateMode()
 {
     m_follow->setChecked(m_state.follow != 0);
+    m_shading->setChecked(m_state.isShaded);
 }
 
 void DialogDataMap::dropData()
 {
     m_table = {};
+    dropTrack();
+}
+
+void DialogDataMap::dropTrack()
+{
     m_aircraft = {};
     m_fitted = nullptr;
     m_map->setTrack(nullptr, {});
@@ -131,7 +148,7 @@ void DialogDataMap::showData()
     m_map->setUnitSystem(m_profile.unitSystem());
     const DataSet* const shown = dataSet();
     if (shown == nullptr || shown->track.empty()) {
-        dropData();
+        dropTrack(); // there are values all the same
         return;
     }
     if (m_fitted != shown) {

@@ -6,7 +6,6 @@
 #include "map/MapMarks.h"
 #include "map/MapViewState.h"
 #include "map/TrackColors.h"
-#include "map/TrackLine.h"
 
 #include <QWidget>
 
@@ -74,6 +73,7 @@ private:
     };
 
     void createToolBar();
+    void dropTrack();
     void fillColorings();
     void createValueRows();
     void refreshValues();
@@ -84,6 +84,7 @@ private:
     WidgetMap* m_map = nullptr;
     QWidget* m_toolPanel = nullptr;
     QAction* m_follow = nullptr;
+    QAction* m_shading = nullptr;
     QButtonGroup* m_commands = nullptr;
     QComboBox* m_coloring = nullptr;
     QWidget* m_valuePanel = nullptr;
@@ -91,7 +92,6 @@ private:
     std::vector<ValueRow> m_rows;
     TimeTable m_table;
     AircraftTrack m_aircraft;
-    TrackLine m_track;
     MessageHandler m_messageHandler;
     const DataSet* m_fitted = nullptr; ///< what the view was fitted to
 };

@@ -191,7 +191,7 @@ bool MapCamera::stepAnimations()
             m_state.isRangeAnimated = false;
         }
     }
-    if (m_state.follow != 0)
+    if (m_state.follow != 0 && !m_state.isFollowWaiting)
         m_state.isPositionAnimated = false;
     if (m_state.isPositionAnimated) {
         // The short way, also over 180 degrees.
@@ -212,6 +212,7 @@ bool MapCamera::endFollowing()
     cancelAnimations();
     const bool wasOn = m_state.follow != 0;
     m_state.follow = 0;
+    m_state.isFollowWaiting = false;
     return wasOn;
 }
 
@@ -287,11 +288,13 @@ void MapCamera::fit(const TrackBounds& bounds)
     }
     const double half = std::max(right, top * m_windowWidth / m_windowHeight);
     setRange(std::max(half * 2.0 * (1.0 + 2.0 * fitRoom), narrowestFit));
+    m_state.isFollowWaiting = m_state.follow != 0;
 }
 
 void MapCamera::follow(LatLong aircraft)
 {
-    if (m_state.follow != 0 && (aircraft.latitude != 0.0 || aircraft.longitude != 0.0))
+    if (m_state.follow != 0 && !m_state.isFollowWaiting &&
+        (aircraft.latitude != 0.0 || aircraft.longitude != 0.0))
         setCentre(aircraft);
 }
 

@@ -67,6 +67,9 @@ public:
     /// Starts gliding to a quarter of the width, about the point.
     void doubleClick(Tessa::WindowPoint point);
 
+    /// Ends animations and follow mode; true when it was on.
+    bool endFollowing();
+
     /// One frame of 0.02 s of the running animations. True while one runs. While the map follows
     /// the aircraft, only the range glides.
     bool stepAnimations();
@@ -92,7 +95,7 @@ public:
     void pinch(Tessa::WindowPoint point, double factor);
 
     /// Shows all of the bounds with a tenth of their size to spare on each side, at least 1 km.
-    /// Ends animations, leaves follow mode alone.
+    /// Ends animations; follow mode then waits for the aircraft to move.
     void fit(const TrackBounds& bounds);
 
     /// In follow mode, puts the centre on the aircraft. A place of exactly (0, 0), as it stands for
@@ -103,7 +106,6 @@ private:
     /// Metres from the centre of the window.
     Tessa::WindowPoint offsetOf(Tessa::WindowPoint point) const;
     bool isOnGlobe(Tessa::WindowPoint point) const;
-    bool endFollowing();
     void noteMovement(Tessa::WindowPoint point);
     void updateRange();
 

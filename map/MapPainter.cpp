@@ -1,6 +1,7 @@
 #include "map/MapPainter.h"
 
 #include "libs/tessamap/TileDrawer.h"
+#include "map/MarkShapes.h"
 
 #include <QFile>
 #include <QFontDatabase>
@@ -22,7 +23,6 @@ constexpr double textHeight = 18.0;
 constexpr double edge = 5.0;
 constexpr QColor textColor(20, 24, 30);
 constexpr QColor plateColor(255, 255, 255, 190);
-constexpr double dotRadius = 4.0;
 
 /// The font as it comes with the program; none when that cannot be read.
 std::optional<QFont> loadFont()
@@ -65,32 +65,45 @@ void MapPainter::begin(double width, double height)
     m_handler.matrices().load(m_screen);
 }
 
-void MapPainter::drawTrack(const Tessa::Globe& globe, const TrackLine& track, bool isColored)
+void MapPainter::fillTrack(const std::vector<TrackLine::Chunk>& chunks, bool isColored)
 {
-    m_line.setLineWidth(static_cast<float>(trackWidth * m_pixelRatio));
-    m_line.setUseMultiColor(true);
-    m_line.setArePairs(true);
-    m_handler.disableBlending(); // nothing of it is translucent
-    for (const TrackLine::Chunk& chunk : track.chunks(globe.metresPerPixel())) {
-        if (!isInView(globe, chunk))
-            continue;
-        m_line.clearVertex();
-        const auto add = [this](const TrackLine::Vertex& vertex) {
-            m_line.addVertex(vertex.x, vertex.y, vertex.z);
+    m_lines.clear();
+    for (const TrackLine::Chunk& chunk : chunks) {
+        TUSK::OpenGL::LineStrips& line = m_lines.emplace_back();
+        line.setLineWidth(static_cast<float>(trackWidth * m_pixelRatio));
+        line.setUseMultiColor(true);
+        line.setArePairs(true);
+        const auto add = [&line](const TrackLine::Vertex& vertex) {
+            line.addVertex(vertex.x, vertex.y, vertex.z);
         };
         for (std::size_t i = 1; i < chunk.vertices.size(); ++i) {
             const TrackLine::Vertex& vertex = chunk.vertices[i];
             if (vertex.isStart)
                 continue;
             // A colour holds for the line that ends here, it does not fade into the next.
-            m_line.setColor(!isColored                           ? trackColor
-                            : vertex.color == TrackLine::noColor ? noValueColor
-                                                                 : trackColorRamp()[vertex.color]);
+            line.setColor(!isColored                           ? trackColor
+                          : vertex.color == TrackLine::noColor ? noValueColor
+                                                               : trackColorRamp()[vertex.color]);
             add(chunk.vertices[i - 1]);
             add(vertex);
         }
-        m_handler.matrices().load(Tessa::matrixFrom(globe, chunk.origin));
-        m_line.render(m_handler);
+    }
+}
+
+void MapPainter::drawTrack(const Tessa::Globe& globe, const TrackLine& track, bool isColored)
+{
+    const std::vector<TrackLine::Chunk>& chunks = track.chunks(globe.metresPerPixel());
+    const std::tuple<const void*, int, bool> wanted{&chunks, track.revision(), isColored};
+    if (m_filled != wanted) {
+        fillTrack(chunks, isColored);
+        m_filled = wanted;
+    }
+    m_handler.disableBlending(); // nothing of it is translucent
+    for (std::size_t i = 0; i < chunks.size(); ++i) {
+        if (!isInView(globe, chunks[i]))
+            continue;
+        m_handler.matrices().load(Tessa::matrixFrom(globe, chunks[i].origin));
+        m_lines[i].render(m_handler);
     }
     m_handler.enableBlending();
     m_handler.matrices().load(m_screen);
@@ -116,60 +129,18 @@ void MapPainter::rectangle(double left, double bottom, double width, double heig
             color);
 }
 
-void MapPainter::drawMark(const MapMark& mark, Tessa::WindowPoint place)
-{
-    // A rim keeps each mark apart from track and map.
-    const auto both = [&](auto&& draw) {
-        draw(1.6, QColor(255, 255, 255));
-        draw(0.0, mark.color);
-    };
-    const double x = place.x;
-    const double y = place.y;
-    switch (mark.kind) {
-    case MapMark::Kind::TakeOff: // points up
-        both([&](double rim, const QColor& color) {
-            polygon({{x - 6.0 - rim, y - 5.0 - rim},
-                     {x + 6.0 + rim, y - 5.0 - rim},
-                     {x, y + 7.0 + 1.6 * rim}},
-                    color);
-        });
-        break;
-    case MapMark::Kind::Landing: // points down
-        both([&](double rim, const QColor& color) {
-            polygon({{x - 6.0 - rim, y + 5.0 + rim},
-                     {x, y - 7.0 - 1.6 * rim},
-                     {x + 6.0 + rim, y + 5.0 + rim}},
-                    color);
-        });
-        break;
-    case MapMark::Kind::Exceedance:
-        both([&](double rim, const QColor& color) {
-            const double r = dotRadius + rim;
-            const double d = r * 0.7071;
-            polygon({{x + r, y},
-                     {x + d, y + d},
-                     {x, y + r},
-                     {x - d, y + d},
-                     {x - r, y},
-                     {x - d, y - d},
-                     {x, y - r},
-                     {x + d, y - d}},
-                    color);
-        });
-        break;
-    }
-}
-
 void MapPainter::drawMarks(const Tessa::Globe& globe, const std::vector<MapMark>& marks)
 {
     constexpr double outside = 10.0;
+    MarkShapes shapes;
     for (const MapMark& mark : marks) {
         const auto place = globe.latLong2Window(mark.place);
         if (!place || place->x < -outside || place->y < -outside ||
             place->x > globe.width() + outside || place->y > globe.height() + outside)
             continue;
-        drawMark(mark, logical(*place));
+        shapes.add(mark, logical(*place));
     }
+    m_handler.drawColored(GL_TRIANGLES, shapes.vertices(), 1.0F);
 }
 
 void MapPainter::drawAircraft(Tessa::WindowPoint place, double heading)

@@ -11,6 +11,7 @@
 #include "map/TrackLine.h"
 
 #include <optional>
+#include <tuple>
 #include <vector>
 
 namespace KOLT {
@@ -25,6 +26,9 @@ public:
     MapPainter(double width, double height, double pixelRatio);
 
     double pixelRatio() const { return m_pixelRatio; }
+
+    /// False: the context lacks what it takes, and nothing is drawn.
+    bool isReady() const { return m_handler.isReady(); }
 
     void begin(double width, double height);
 
@@ -50,11 +54,12 @@ private:
 
     void rectangle(double left, double bottom, double width, double height, const QColor& color);
     void polygon(std::initializer_list<Tessa::WindowPoint> corners, const QColor& color);
-    void drawMark(const MapMark& mark, Tessa::WindowPoint place);
+    void fillTrack(const std::vector<TrackLine::Chunk>& chunks, bool isColored);
 
     double m_pixelRatio;
     TUSK::OpenGL::GlHandler m_handler;
-    TUSK::OpenGL::LineStrips m_line;
+    std::vector<TUSK::OpenGL::LineStrips> m_lines; ///< of the track's chunks, see m_filled
+    std::tuple<const void*, int, bool> m_filled{}; ///< chunks, revision of the track, colours
     TUSK::OpenGL::Texture m_aircraft;
     std::optional<TUSK::OpenGL::TextureFont> m_font;
     QMatrix4x4 m_screen;

@@ -30,7 +30,8 @@ struct MapViewState
     double factor = 0.5;
     std::array<float, 3> lightDirection{1.0F, -1.0F, -1.0F}; ///< the way the light goes
 
-    int follow = 2; ///< not 0: the centre is put on the aircraft every frame
+    int follow = 2;               ///< not 0: the centre is put on the aircraft every frame
+    bool isFollowWaiting = false; ///< until the aircraft moves, as after a fit
     bool needsRepaint = false;
 };
 

@@ -37,6 +37,12 @@ double squareFromLine(Tessa::WindowPoint click, Tessa::WindowPoint from, Tessa::
     return dx * dx + dy * dy;
 }
 
+int nextRevision()
+{
+    static int last = 0; // GUI thread only
+    return ++last;
+}
+
 double distance(const Tessa::Globe::Vector& a, const Tessa::Globe::Vector& b)
 {
     return std::hypot(a.x - b.x, a.y - b.y, a.z - b.z);
@@ -45,7 +51,8 @@ double distance(const Tessa::Globe::Vector& a, const Tessa::Globe::Vector& b)
 } // namespace
 
 TrackLine::TrackLine(const std::vector<TrackPoint>& track, const std::vector<TrackGap>& gaps)
-    : m_bounds(TrackBounds::of(track))
+    : m_revision(nextRevision())
+    , m_bounds(TrackBounds::of(track))
 {
     m_places.reserve(track.size());
     for (const TrackPoint& point : track)
@@ -78,6 +85,7 @@ void TrackLine::setValues(const std::vector<float>& values, const ValueScale& sc
 {
     m_classes = values.size() == m_places.size() ? TrackClasses(values, scale) : TrackClasses();
     m_levels.clear();
+    m_revision = nextRevision();
 }
 
 const std::vector<TrackLine::Chunk>& TrackLine::chunks(double metresPerPixel) const

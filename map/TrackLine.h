@@ -56,6 +56,9 @@ public:
 
     const TrackBounds& bounds() const { return m_bounds; }
 
+    /// Another one for each track and each setValues.
+    int revision() const { return m_revision; }
+
     /// Colours the line: one value for each point, NaN for none; see TrackClasses. Empty values, or
     /// another number of them than there are points: no colours.
     void setValues(const std::vector<float>& values, const ValueScale& scale);
@@ -88,6 +91,7 @@ private:
     static void draw(const std::vector<Corner>& corners, TrackChunks& chunks);
     std::vector<Chunk> build(double metresPerPixel) const;
 
+    int m_revision = 0;
     TrackBounds m_bounds;
     std::vector<Vector> m_places;
     std::vector<TrackRun> m_runs; ///< of two points or more

@@ -3,9 +3,9 @@
 #include "app/base/Diagnostics.h"
 #include "app/settings/DataPaths.h"
 #include "app/settings/SettingsStore.h"
+#include "app/settings/Version.h"
 #include "libs/tusk/Timer.h"
 
-#include <QCoreApplication>
 #include <QFile>
 #include <QOpenGLContext>
 
@@ -49,7 +49,7 @@ WidgetMap::WidgetMap(MapViewState& state, QWidget* parent)
     m_map.setTileDirectory(subFolder("/tiles/"));
     m_map.setTerrainPath(subFolder("/terrain/"));
     m_map.setProjection(1);
-    m_map.setUserAgent("KOLT/" + QCoreApplication::applicationVersion().toUtf8() +
+    m_map.setUserAgent(QByteArray(versionText).replace(" ", "/") +
                        " (debriefing viewer for aircraft engine recordings)");
     m_map.tiles().setNetworkEnabled(isNetworkEnabled &&
                                     qEnvironmentVariableIsEmpty("KOLT_OFFLINE"));
@@ -84,13 +84,14 @@ QString WidgetMap::hint()
 void WidgetMap::loadSettings()
 {
     m_map.setTileServer(QString::fromUtf8(SettingsStore::instance().getText("TileServer")));
+    m_map.refreshTerrain();
     m_isDirty = true;
 }
 
 void WidgetMap::setAircraft(const AircraftTrack::Record& aircraft)
 {
     if (aircraft != m_aircraft)
-        m_isFollowWaiting = false;
+        m_state.isFollowWaiting = false;
     m_aircraft = aircraft;
     m_state.needsRepaint = true;
 }
@@ -137,6 +138,13 @@ void WidgetMap::fitTrack()
     m_state.needsRepaint = true;
 }
 
+void WidgetMap::showWholeTrack()
+{
+    const bool wasFollowing = m_camera.endFollowing();
+    fitTrack();
+    tellModeEnded(wasFollowing);
+}
+
 void WidgetMap::releaseGl()
 {
     if (context() == nullptr)
@@ -166,10 +174,8 @@ void WidgetMap::stepView()
 {
     if (m_isFitPending && !m_isTrackPending) {
         m_isFitPending = false;
-        if (!m_line.isEmpty()) {
+        if (!m_line.isEmpty())
             m_camera.fit(m_line.bounds());
-            m_isFollowWaiting = true;
-        }
     }
     if (m_keys.any()) {
         m_camera.stepKeys(m_keys);
@@ -179,8 +185,7 @@ void WidgetMap::stepView()
     m_state.contrast = settings.getDouble("MapShadingContrast", 1.0);
     m_state.brightness = settings.getDouble("MapShadingBrightness", 1.0);
     m_state.factor = settings.getDouble("MapShadingFactor", 0.5);
-    if (!m_isFollowWaiting)
-        m_camera.follow(aircraftPlace());
+    m_camera.follow(aircraftPlace());
     m_camera.stepAnimations();
 }
 
@@ -205,7 +210,7 @@ void WidgetMap::paintGL()
         buildTrack();
     stepView();
     if (m_painter == nullptr || m_painter->pixelRatio() != ratio)
-        m_painter = std::make_unique<MapPainter>(width(), height(), ratio);
+        makePainter(ratio);
     QOpenGLFunctions* const gl = context()->functions();
     gl->glClearColor(0.0F, 0.0F, 0.0F, 1.0F);
     gl->glClear(GL_COLOR_BUFFER_BIT);
@@ -221,40 +226,73 @@ void WidgetMap::paintGL()
     ++m_frameCount;
 }
 
+void WidgetMap::makePainter(double ratio)
+{
+    m_painter = std::make_unique<MapPainter>(width(), height(), ratio);
+    if (!m_painter->isReady())
+        emit signalMessage(tr("Track and texts of the map cannot be drawn with this graphics "
+                              "driver."));
+}
+
 void WidgetMap::drawOverlays()
 {
     const Tessa::Globe globe = m_map.globe();
     m_painter->drawTrack(globe, m_line, !m_colors.isEmpty());
     m_painter->drawMarks(globe, m_marks);
-    double x = 0.0;
-    double y = 0.0;
-    if (!m_line.isEmpty() && m_map.latLong2Window(m_aircraft[0], m_aircraft[1], x, y))
-        m_painter->drawAircraft({x / devicePixelRatioF(), y / devicePixelRatioF()}, m_aircraft[4]);
+    Tessa::WindowPoint place;
+    if (!m_line.isEmpty() && m_map.latLong2Window(m_aircraft[0], m_aircraft[1], place.x, place.y))
+        m_painter->drawAircraft({place.x / devicePixelRatioF(), place.y / devicePixelRatioF()},
+                                m_aircraft[4]);
     const ScaleBar bar = ScaleBar::choose(m_state.metresPerPixel,
                                           std::min(scaleBarPixels, width() / 3.0), m_unitSystem);
     // In a narrow map there is no room for both beside each other.
-    const double attribution = m_painter->textWidth(m_map.attribution()) + 2.0 * edge;
+    const QStringList lines = attributionLines();
+    const double attribution = attributionRect().width() + 2.0 * edge;
     const double bottom =
         bar.pixels + attribution + 6.0 * edge < width() ? edge : 2.0 * edge + textHeight;
     m_painter->drawScaleBar(bar, bottom);
     m_painter->drawLegend(m_colors, bottom);
-    m_painter->drawText(width() - edge - 3.0, edge + textHeight / 2.0, m_map.attribution(), true);
+    double y = edge + textHeight / 2.0;
+    for (auto line = lines.rbegin(); line != lines.rend(); ++line, y += textHeight)
+        m_painter->drawText(width() - edge - 3.0, y, *line, true);
     if (m_map.isOffline())
-        m_painter->drawText(width() - edge - 3.0, 1.5 * textHeight + 2.0 * edge, tr("offline"),
-                            true);
+        m_painter->drawText(width() - edge - 3.0, y + edge, tr("offline"), true);
+}
+
+QStringList WidgetMap::attributionLines() const
+{
+    const QString whole = m_map.attribution();
+    const auto fits = [this](const QString& line) {
+        return m_painter->textWidth(line) + 2.0 * edge + 6.0 <= width();
+    };
+    qsizetype end = whole.size();
+    while (end > 0 && !fits(whole.left(end)))
+        end = whole.lastIndexOf(QLatin1Char(' '), end - 1);
+    if (end <= 0 || end == whole.size())
+        return {whole};
+    return {whole.left(end), whole.mid(end + 1)};
 }
 
 QRectF WidgetMap::attributionRect() const
 {
     if (m_painter == nullptr)
         return {};
-    const double textWidth = m_painter->textWidth(m_map.attribution()) + 6.0;
-    return {width() - edge - textWidth, height() - edge - textHeight, textWidth, textHeight};
+    double textWidth = 0.0;
+    const QStringList lines = attributionLines();
+    for (const QString& line : lines)
+        textWidth = std::max(textWidth, m_painter->textWidth(line) + 6.0);
+    const double rows = textHeight * static_cast<double>(lines.size());
+    return {width() - edge - textWidth, height() - edge - rows, textWidth, rows};
 }
 
 void WidgetMap::slotTimeout()
 {
-    if (!isVisible())
+    // Without a visible part it is as good as hidden: a splitter has taken all its room.
+    const bool isSeen = isVisible() && !visibleRegion().isEmpty();
+    if (m_isSeen && !isSeen)
+        m_map.tiles().setWanted({}); // nobody looks at them
+    m_isSeen = isSeen;
+    if (!isSeen)
         return;
     const double now = m_clock();
     if (!m_isDirty && !m_state.needsRepaint && !m_state.isRangeAnimated &&
@@ -271,10 +309,10 @@ void WidgetMap::slotTimeoutResize()
     resize(width() + 1, height());
 }
 
-void WidgetMap::hideEvent(QHideEvent* event)
+void WidgetMap::showEvent(QShowEvent* event)
 {
-    m_map.tiles().setWanted({}); // nobody looks at them
-    QOpenGLWidget::hideEvent(event);
+    m_map.refreshTerrain(); // there may be new files
+    QOpenGLWidget::showEvent(event);
 }
 
 } // namespace KOLT

@@ -51,6 +51,8 @@ public:
 
     /// Shows the whole track. Follow mode then waits for the aircraft to move.
     void fitTrack();
+    /// The same on behalf of the user, which ends follow mode.
+    void showWholeTrack();
 
     /// Seconds since an unspecified start; for tests.
     using Clock = std::function<double()>;
@@ -66,7 +68,7 @@ public:
     static QString hint();
 
 signals:
-    /// A drag ended follow mode.
+    /// The user ended follow mode by moving the map, or switched the shading.
     void signalUpdateMode();
     /// The user picked the place on the track that was passed at that time.
     void signalTime(double seconds);
@@ -87,7 +89,7 @@ protected:
     void wheelEvent(QWheelEvent* event) override;
     void leaveEvent(QEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
-    void hideEvent(QHideEvent* event) override;
+    void showEvent(QShowEvent* event) override;
 
 private slots:
     void slotTimeout();
@@ -98,6 +100,7 @@ private:
     void buildTrack();
     void stepView();
     void applyView();
+    void makePainter(double ratio);
     void drawOverlays();
 
     Tessa::LatLong aircraftPlace() const { return {m_aircraft[0], m_aircraft[1]}; }
@@ -107,6 +110,8 @@ private:
         return {position.x(), height() - position.y()};
     }
 
+    /// Two where the map is too narrow for one.
+    QStringList attributionLines() const;
     QRectF attributionRect() const;
     bool setHeld(int key, bool isHeld);
     void pick(const QPointF& position);
@@ -125,7 +130,6 @@ private:
     std::vector<TrackGap> m_gaps;
     bool m_isTrackPending = false;
     bool m_isFitPending = false;
-    bool m_isFollowWaiting = false; ///< until the aircraft moves
     TrackLine m_line;
     TrackColors m_colors;
     std::vector<MapMark> m_marks;
@@ -136,6 +140,7 @@ private:
     bool m_isLeftHeld = false;
     bool m_isClick = false; ///< no drag yet, no second click
     bool m_isDirty = true;
+    bool m_isSeen = false;
     double m_lastRepaint = 0.0;
     int m_frameCount = 0;
     QTimer m_repaintTimer;

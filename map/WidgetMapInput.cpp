@@ -52,11 +52,9 @@ void WidgetMap::keyPressEvent(QKeyEvent* event)
 {
     if (event->key() == Qt::Key_S && event->modifiers() == Qt::ControlModifier) {
         m_state.isShaded = !m_state.isShaded;
+        emit signalUpdateMode();
     } else if (event->key() == Qt::Key_F && event->modifiers() == Qt::NoModifier) {
-        const bool wasFollowing = m_state.follow != 0;
-        m_state.follow = 0;
-        fitTrack();
-        tellModeEnded(wasFollowing);
+        showWholeTrack();
     } else if (!setHeld(event->key(), true)) {
         QOpenGLWidget::keyPressEvent(event);
         return;
@@ -219,6 +217,14 @@ bool WidgetMap::gesture(QGestureEvent& event)
 
 bool WidgetMap::event(QEvent* event)
 {
+    if (event->type() == QEvent::ShortcutOverride) {
+        // While the map has the focus, its key goes before the window's command.
+        const auto& key = static_cast<const QKeyEvent&>(*event);
+        if (key.key() == Qt::Key_S && key.modifiers() == Qt::ControlModifier) {
+            event->accept();
+            return true;
+        }
+    }
     if (event->type() == QEvent::NativeGesture) {
         nativeGesture(static_cast<const QNativeGestureEvent&>(*event));
         return true;

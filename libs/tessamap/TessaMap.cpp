@@ -10,12 +10,13 @@ namespace Tessa {
 
 namespace {
 
-constexpr std::size_t mostTiles = 512;
-constexpr std::size_t mostBaseTiles = 128;
-constexpr std::size_t mostShades = 512;
-constexpr double tileSeconds = 0.006; ///< of a frame, for decoding and uploading
-constexpr double baseSeconds = 0.004;
-constexpr double shadeSeconds = 0.004;
+constexpr std::size_t mebibyte = 1024 * 1024;
+constexpr std::size_t mostTileBytes = 128 * mebibyte;
+constexpr std::size_t mostBaseBytes = 32 * mebibyte;
+constexpr std::size_t mostShadeBytes = 32 * mebibyte;
+constexpr double tileSeconds = 0.005; ///< of a frame, for decoding and uploading
+constexpr double baseSeconds = 0.003;
+constexpr double shadeSeconds = 0.003;
 /// An ancestor so much coarser than the embedded map's tile gives way to that.
 constexpr int coarserLevels = 3;
 
@@ -29,9 +30,9 @@ double now()
 TessaMap::TessaMap(QObject* parent)
     : QObject(parent)
     , m_shades(m_elevation)
-    , m_tileTextures(mostTiles)
-    , m_baseTextures(mostBaseTiles)
-    , m_shadeTextures(mostShades)
+    , m_tileTextures(mostTileBytes)
+    , m_baseTextures(mostBaseBytes)
+    , m_shadeTextures(mostShadeBytes)
 {
     connect(&m_tiles, &TileSource::changed, this, &TessaMap::changed);
     connect(&m_tiles, &TileSource::message, this, &TessaMap::message);
@@ -160,11 +161,20 @@ void TessaMap::releaseGl()
     }
     m_drawer.reset();
     m_hasFailed = false;
+    m_saidNoMemory = false;
+}
+
+void TessaMap::upload(TextureCache& textures, const TileId& tile, const QImage& image, int revision)
+{
+    if (textures.upload(m_gl, tile, image, revision) || m_saidNoMemory)
+        return;
+    m_saidNoMemory = true;
+    emit message(tr("The graphics driver refuses pictures of the map. It stays coarse."));
 }
 
 void TessaMap::paintBase(const TileId& tile)
 {
-    m_baseTextures.upload(m_gl, tile, m_baseMap.paint(tile));
+    upload(m_baseTextures, tile, m_baseMap.paint(tile));
 }
 
 std::optional<TileId> TessaMap::nearest(const TextureCache& textures, const TileId& tile) const
@@ -180,16 +190,20 @@ void TessaMap::loadTiles(double deadline)
 {
     std::vector<TileId> wanted;
     for (const SelectedTile& tile : m_selected) {
-        if (!m_tileTextures.contains(tile.id))
-            wanted.push_back(tile.id);
+        // Where the server has no tile, it may have a coarser one.
+        TileId best = tile.id;
+        while (best.zoom > 0 && m_tiles.isMissing(best))
+            best = best.ancestor(1);
+        if (!m_tileTextures.contains(best))
+            wanted.push_back(best);
     }
     m_tiles.setWanted(wanted);
-    do {
+    while (now() < deadline) {
         const auto tile = m_tiles.takeNext();
         if (!tile)
             return;
-        m_tileTextures.upload(m_gl, tile->id, tile->image);
-    } while (now() < deadline);
+        upload(m_tileTextures, tile->id, tile->image);
+    }
 }
 
 void TessaMap::loadBaseMap(double deadline)
@@ -222,20 +236,22 @@ void TessaMap::loadShades(double deadline)
             wanted.push_back(*shade);
     }
     m_shades.setWanted(wanted);
-    do {
+    while (now() < deadline) {
         const auto shade = m_shades.takeNext();
         if (!shade)
             return;
-        m_shadeTextures.upload(m_gl, shade->id, shade->image, m_shades.revision());
-    } while (now() < deadline);
+        upload(m_shadeTextures, shade->id, shade->image, m_shades.revision());
+    }
 }
 
 void TessaMap::loadTextures()
 {
-    loadTiles(now() + tileSeconds);
-    loadBaseMap(now() + baseSeconds);
+    // What one leaves over, the next may take; each may take one piece too much.
+    const double start = now();
+    loadTiles(start + tileSeconds);
+    loadBaseMap(start + tileSeconds + baseSeconds);
     if (m_isShaded)
-        loadShades(now() + shadeSeconds);
+        loadShades(start + tileSeconds + baseSeconds + shadeSeconds);
     else
         m_shades.setWanted({});
 }

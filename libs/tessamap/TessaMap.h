@@ -36,8 +36,12 @@ public:
 
     void setTileDirectory(const QString& path);
     void setTerrainPath(const QString& path);
+
+    /// Looks for new elevation files.
+    void refreshTerrain() { m_elevation.refresh(); }
+
     void setTileServer(const QString& address);
-    /// Must name the application and a way to reach its makers.
+    /// Must name the application.
     void setUserAgent(const QByteArray& userAgent);
     /// 1 is the sphere, the only one that there is.
     void setProjection(int projection);
@@ -115,6 +119,7 @@ private:
     void loadBaseMap(double deadline);
     void loadShades(double deadline);
     void paintBase(const TileId& tile);
+    void upload(TextureCache& textures, const TileId& tile, const QImage& image, int revision = 0);
     std::optional<TileId> nearest(const TextureCache& textures, const TileId& tile) const;
     Picture pictureOf(const TileId& tile);
     Picture shadeOf(const TileId& tile);
@@ -135,6 +140,7 @@ private:
     double m_loadingSeconds = 0.0;
 
     bool m_hasFailed = false;
+    bool m_saidNoMemory = false;
     QOpenGLFunctions m_gl;
     std::unique_ptr<TileDrawer> m_drawer;
     TextureCache m_tileTextures;

@@ -7,32 +7,41 @@ namespace Tessa {
 
 void TextureCache::beginFrame(QOpenGLFunctions& gl)
 {
-    if (m_entries.size() > m_limit) {
+    if (m_bytes > m_limit) {
         std::vector<std::pair<int, TileId>> byAge;
         for (const auto& [tile, entry] : m_entries) {
             if (entry.frame < m_frame) // not drawn in the frame before
                 byAge.emplace_back(entry.frame, tile);
         }
-        const std::size_t excess = std::min(m_entries.size() - m_limit, byAge.size());
-        std::ranges::nth_element(byAge, byAge.begin() + static_cast<std::ptrdiff_t>(excess), {},
-                                 &std::pair<int, TileId>::first);
-        for (std::size_t i = 0; i < excess; ++i) {
-            const auto entry = m_entries.find(byAge[i].second);
-            gl.glDeleteTextures(1, &entry->second.texture);
-            m_entries.erase(entry);
-        }
+        std::ranges::sort(byAge, {}, &std::pair<int, TileId>::first);
+        for (auto oldest = byAge.begin(); oldest != byAge.end() && m_bytes > m_limit; ++oldest)
+            drop(gl, oldest->second);
     }
     ++m_frame;
 }
 
-void TextureCache::upload(QOpenGLFunctions& gl, const TileId& tile, const QImage& image,
+void TextureCache::drop(QOpenGLFunctions& gl, const TileId& tile)
+{
+    const auto entry = m_entries.find(tile);
+    gl.glDeleteTextures(1, &entry->second.texture);
+    m_bytes -= entry->second.bytes;
+    m_entries.erase(entry);
+}
+
+bool TextureCache::upload(QOpenGLFunctions& gl, const TileId& tile, const QImage& image,
                           int revision)
 {
+    while (gl.glGetError() != GL_NO_ERROR) {
+        // What others left behind is not of this texture.
+    }
     Entry& entry = m_entries[tile];
     if (entry.texture == 0)
         gl.glGenTextures(1, &entry.texture);
     entry.frame = m_frame;
     entry.revision = revision;
+    m_bytes -= entry.bytes;
+    entry.bytes = static_cast<std::size_t>(image.sizeInBytes());
+    m_bytes += entry.bytes;
     const bool isGray = image.format() == QImage::Format_Grayscale8;
     const GLenum format = isGray ? GL_LUMINANCE : GL_RGBA;
     gl.glBindTexture(GL_TEXTURE_2D, entry.texture);
@@ -43,6 +52,10 @@ void TextureCache::upload(QOpenGLFunctions& gl, const TileId& tile, const QImage
     gl.glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_WRAP_T, GL_CLAMP_TO_EDGE);
     gl.glTexImage2D(GL_TEXTURE_2D, 0, static_cast<GLint>(format), image.width(), image.height(), 0,
                     format, GL_UNSIGNED_BYTE, image.constBits());
+    if (gl.glGetError() == GL_NO_ERROR)
+        return true;
+    drop(gl, tile);
+    return false;
 }
 
 int TextureCache::revisionOf(const TileId& tile) const
@@ -64,7 +77,7 @@ void TextureCache::clear(QOpenGLFunctions& gl)
 {
     for (const auto& [tile, entry] : m_entries)
         gl.glDeleteTextures(1, &entry.texture);
-    m_entries.clear();
+    forget();
 }
 
 } // namespace Tessa

@@ -14,7 +14,7 @@ namespace Tessa {
 class TextureCache
 {
 public:
-    /// `limit`: textures to keep. Those drawn in the current frame stay in any case.
+    /// `limit`: bytes of textures to keep. Those drawn in the current frame stay in any case.
     explicit TextureCache(std::size_t limit)
         : m_limit(limit)
     {
@@ -24,7 +24,8 @@ public:
     void beginFrame(QOpenGLFunctions& gl);
 
     /// RGBA8888 or Grayscale8; linear, clamped to its edges. `revision`: told back by revisionOf().
-    void upload(QOpenGLFunctions& gl, const TileId& tile, const QImage& image, int revision = 0);
+    /// False when the driver refuses; there is no such texture then.
+    bool upload(QOpenGLFunctions& gl, const TileId& tile, const QImage& image, int revision = 0);
 
     bool contains(const TileId& tile) const { return m_entries.contains(tile); }
 
@@ -38,7 +39,11 @@ public:
 
     void clear(QOpenGLFunctions& gl);
 
-    void forget() { m_entries.clear(); }
+    void forget()
+    {
+        m_entries.clear();
+        m_bytes = 0;
+    }
 
 private:
     struct Entry
@@ -46,9 +51,13 @@ private:
         GLuint texture = 0;
         int frame = 0;
         int revision = 0;
+        std::size_t bytes = 0;
     };
 
+    void drop(QOpenGLFunctions& gl, const TileId& tile);
+
     std::size_t m_limit;
+    std::size_t m_bytes = 0;
     int m_frame = 0;
     std::unordered_map<TileId, Entry> m_entries;
 };

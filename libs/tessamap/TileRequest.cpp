@@ -154,7 +154,8 @@ void TileSource::settle(const InFlight& request, const ReplyFacts& facts, const 
         m_cache.writeMeta(tile, metaOf(facts, now, *request.confirms));
         return;
     case ReplyOutcome::Missing:
-        m_failures[tile] = {now + missingRest, 0};
+        m_failures[tile] = {now + missingRest, 0, true};
+        emit changed(); // a coarser one may do
         m_cache.remove(tile);
         return;
     case ReplyOutcome::Refused:
@@ -182,6 +183,7 @@ void TileSource::settle(const InFlight& request, const ReplyFacts& facts, const 
 void TileSource::fail(const TileId& tile)
 {
     Failure& failure = m_failures[tile];
+    failure.isMissing = false;
     ++failure.tries;
     qint64 wait = std::min(longestPause, (qint64(1) << failure.tries) * second);
     if (failure.tries >= maxTries) {

@@ -3,6 +3,7 @@
 #include "libs/tessamap/TileRequest.h"
 
 #include <QDateTime>
+#include <QElapsedTimer>
 
 #include <algorithm>
 
@@ -16,11 +17,19 @@ constexpr qint64 zoomRest = 120;
 constexpr std::size_t maxToConfirm = 256;
 constexpr std::size_t maxFailures = 8192;
 
+/// Does not jump when the time of the machine is set.
+TileSource::Clock steadyClock()
+{
+    QElapsedTimer timer;
+    timer.start();
+    return [timer, start = QDateTime::currentMSecsSinceEpoch()] { return start + timer.elapsed(); };
+}
+
 } // namespace
 
 TileSource::TileSource(QObject* parent)
     : QObject(parent)
-    , m_clock([] { return QDateTime::currentMSecsSinceEpoch(); })
+    , m_clock(steadyClock())
     , m_userAgent("TessaMap/1")
     , m_random(std::random_device{}())
 {
@@ -171,6 +180,13 @@ bool TileSource::isDue(const TileId& tile, qint64 now) const
 {
     const auto failure = m_failures.find(tile);
     return failure == m_failures.end() || failure->second.notBefore <= now;
+}
+
+bool TileSource::isMissing(const TileId& tile) const
+{
+    const auto failure = m_failures.find(tile);
+    return failure != m_failures.end() && failure->second.isMissing &&
+           failure->second.notBefore > m_clock();
 }
 
 bool TileSource::isResting(qint64 now) const

@@ -62,7 +62,7 @@ public:
     /// Of the disk cache; empty for none.
     void setDirectory(const QString& directory);
 
-    /// Must name the application and a way to reach its makers.
+    /// Must name the application.
     void setUserAgent(const QByteArray& userAgent) { m_userAgent = userAgent; }
 
     /// Off for a map that must leave the network alone: tiles come from the disk only.
@@ -78,6 +78,9 @@ public:
     /// Wanted tiles that are under way or will be asked for as soon as there is room; not those
     /// waiting out a failure, nor what is confirmed in the background.
     int loadingCount() const;
+
+    /// The server said that it has no such tile, not long ago.
+    bool isMissing(const TileId& tile) const;
 
     /// The server cannot be reached; one tile is tried every 30 s.
     bool isOffline() const { return m_isOffline; }
@@ -115,6 +118,7 @@ private:
     {
         qint64 notBefore = 0;
         int tries = 0;
+        bool isMissing = false;
     };
 
     /// When a zoom level began to be wanted, and when it last was.

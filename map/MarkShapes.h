@@ -1,0 +1,34 @@
+#pragma once
+
+#include "libs/tessamap/Globe.h"
+#include "map/MapMarks.h"
+
+#include <QColor>
+
+#include <initializer_list>
+#include <set>
+#include <span>
+#include <tuple>
+#include <vector>
+
+namespace KOLT {
+
+/// The marks of a frame as triangles, all in one list, so that thousands of them cost one call.
+class MarkShapes
+{
+public:
+    /// At a point of the window, in logical pixels. An exceedance's dot is left out where one of
+    /// its colour lies on the same pixel.
+    void add(const MapMark& mark, Tessa::WindowPoint place);
+
+    /// For each: x, y, z (0), then red, green, blue and alpha from 0 to 1.
+    std::span<const float> vertices() const { return m_vertices; }
+
+private:
+    void polygon(std::initializer_list<Tessa::WindowPoint> corners, const QColor& color);
+
+    std::vector<float> m_vertices;
+    std::set<std::tuple<int, int, QRgb>> m_dots;
+};
+
+} // namespace KOLT
