@@ -46,6 +46,7 @@ private slots:
     void noHoles();
     void trackDoesNotJitter_data();
     void trackDoesNotJitter();
+    void coarserTilesWhereFineOnesAreMissing();
     void deadServerLeavesTheBaseMap();
     void shadesSlopes();
     void idleMapRests();
@@ -197,6 +198,26 @@ void TestMapDrawing::trackDoesNotJitter()
         worst = std::max(worst, off);
     }
     qInfo("at most %.2f px", worst);
+}
+
+void TestMapDrawing::coarserTilesWhereFineOnesAreMissing()
+{
+    constexpr int deepest = 9;
+    TileServerOnLoopback server;
+    QByteArray userAgent;
+    server.handler = [&, pictures = server.handler](const auto& request) {
+        userAgent = request.headers.value("user-agent");
+        const int zoom = request.path.split('/').value(1).toInt();
+        return zoom > deepest ? TileServerOnLoopback::answer("404 Not Found") : pictures(request);
+    };
+    SettingsStore::instance().setText("TileServer", server.address().toUtf8());
+    m_window->map.loadSettings();
+    SettingsStore::instance().setText("TileServer", {});
+    m_window->map.map().tiles().setNetworkEnabled(true);
+    m_window->lookAt(home, 3000.0);
+    QTRY_COMPARE_WITH_TIMEOUT(zoomOf(m_window->map.grabFramebuffer().pixelColor(200, 150)), deepest,
+                              20000);
+    QVERIFY2(userAgent.startsWith(QByteArray("KOLT/2.")), userAgent.constData());
 }
 
 void TestMapDrawing::deadServerLeavesTheBaseMap()

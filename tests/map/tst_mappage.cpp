@@ -6,9 +6,12 @@
 #include <QAction>
 #include <QElapsedTimer>
 #include <QLabel>
+#include <QMainWindow>
 #include <QNativeGestureEvent>
 #include <QPointingDevice>
+#include <QScopeGuard>
 #include <QSignalSpy>
+#include <QSplitter>
 #include <QWheelEvent>
 
 #include <algorithm>
@@ -37,10 +40,16 @@ private slots:
     void commandKeys();
     void clickOnTheTrackTellsItsTime();
     void dragEndsFollowing();
+    void buttonsFollowAndFit();
+    void doubleClickBeforeTheFirstMove();
+    void shadingKeyGoesBeforeTheWindows();
+    void coveredMapRests();
     void valuesHaveTheirUnits();
 
 private:
     void makePage();
+    QAction& action(const QString& text);
+    void waitForFrame();
 
     QTemporaryDir m_directory;
     std::unique_ptr<MapWindow> m_window;
@@ -253,11 +262,9 @@ void TestMapPage::dragEndsFollowing()
     makePage();
     WidgetMap& map = m_page->widget();
     const MapViewState& state = m_page->viewState();
-    const auto actions = m_page->findChildren<QAction*>();
-    const auto follow = std::ranges::find(actions, QStringLiteral("Center AC"), &QAction::text);
-    QVERIFY(follow != actions.end() && (*follow)->isChecked());
-    int frames = map.frameCount();
-    QTRY_VERIFY(map.frameCount() > frames); // has shown the whole flight
+    QAction& follow = action(QStringLiteral("Center AC"));
+    QVERIFY(follow.isChecked());
+    waitForFrame(); // has shown the whole flight
     m_page->setTime(30.0);
     const TrackPoint& there = m_dataSet->track[20];
     QTRY_COMPARE(state.longitude, there.longitude);
@@ -274,15 +281,114 @@ void TestMapPage::dragEndsFollowing()
     QTest::mouseRelease(&map, Qt::LeftButton, {}, {360, 150});
     QCOMPARE(ended.count(), 1);
     QCOMPARE(state.follow, 0);
-    QVERIFY(!(*follow)->isChecked());
+    QVERIFY(!follow.isChecked());
     m_page->setTime(31.0); // no longer followed
-    frames = map.frameCount();
-    QTRY_VERIFY(map.frameCount() > frames);
+    waitForFrame();
     const QPointF now = pageView().pixelOf(pressed);
     QVERIFY(std::hypot(now.x() - 360.0, now.y() - 150.0) < 0.5);
 
-    (*follow)->trigger();
+    follow.trigger();
     QTRY_COMPARE(state.longitude, m_dataSet->track[21].longitude);
+}
+
+QAction& TestMapPage::action(const QString& text)
+{
+    const auto actions = m_page->findChildren<QAction*>();
+    const auto found = std::ranges::find(actions, text, &QAction::text);
+    if (found == actions.end())
+        qFatal("no action %s", qPrintable(text));
+    return **found;
+}
+
+void TestMapPage::waitForFrame()
+{
+    const int frames = m_page->widget().frameCount();
+    QTRY_VERIFY(m_page->widget().frameCount() > frames);
+}
+
+void TestMapPage::buttonsFollowAndFit()
+{
+    makePage();
+    waitForFrame();
+    const MapViewState& state = m_page->viewState();
+    m_page->setTime(30.0);
+    QTRY_COMPARE(state.longitude, m_dataSet->track[20].longitude);
+
+    action(QStringLiteral("Fit flight")).trigger();
+    QVERIFY(!action(QStringLiteral("Center AC")).isChecked());
+    m_page->setTime(31.0);
+    waitForFrame();
+    const double whole = (m_dataSet->track.front().longitude + m_dataSet->track.back().longitude);
+    QVERIFY(std::abs(state.longitude - whole / 2.0) < 1e-6);
+
+    // At once, though the aircraft stands still.
+    action(QStringLiteral("Center AC")).trigger();
+    QTRY_COMPARE(state.longitude, m_dataSet->track[21].longitude);
+}
+
+void TestMapPage::doubleClickBeforeTheFirstMove()
+{
+    makePage(); // follows, but waits for the aircraft to move
+    waitForFrame();
+    WidgetMap& map = m_page->widget();
+    const MapViewState& state = m_page->viewState();
+    const auto pageView = [&] {
+        return View{{state.latitude, state.longitude}, state.width / map.width(), map.size()};
+    };
+    const QPoint pointer(600, 120);
+    const Place place = *pageView().placeAt(pointer.x(), pointer.y());
+    QTest::mouseDClick(&map, Qt::LeftButton, {}, pointer);
+    QTRY_VERIFY(!state.isRangeAnimated && !state.isPositionAnimated);
+    const QPointF now = pageView().pixelOf(place);
+    QVERIFY(std::hypot(now.x() - pointer.x(), now.y() - pointer.y()) < 1.0);
+}
+
+void TestMapPage::shadingKeyGoesBeforeTheWindows()
+{
+    makePage();
+    QMainWindow window;
+    QAction save(&window);
+    save.setShortcut(QKeySequence(QStringLiteral("Ctrl+S")));
+    window.addAction(&save);
+    window.setCentralWidget(m_page.get());
+    const auto end = qScopeGuard([&] { window.takeCentralWidget(); });
+    window.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    QApplication::setActiveWindow(&window);
+    m_page->widget().setFocus();
+    QTRY_VERIFY(m_page->widget().hasFocus());
+    QSignalSpy saved(&save, &QAction::triggered);
+    QTest::keyClick(&m_page->widget(), Qt::Key_S, Qt::ControlModifier);
+    QCOMPARE(saved.count(), 0);
+    QVERIFY(!m_page->viewState().isShaded);
+    QVERIFY(!action(QStringLiteral("Hill shading")).isChecked());
+    action(QStringLiteral("Hill shading")).trigger();
+    QVERIFY(m_page->viewState().isShaded);
+}
+
+void TestMapPage::coveredMapRests()
+{
+    makePage();
+    QSplitter splitter(Qt::Vertical);
+    splitter.addWidget(m_page.get());
+    const auto end = qScopeGuard([&] { m_page->setParent(nullptr); });
+    auto* const other = new QWidget;
+    splitter.addWidget(other);
+    splitter.resize(900, 500);
+    splitter.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&splitter));
+    waitForFrame();
+    splitter.setSizes({0, 500});
+    QTRY_VERIFY(m_page->widget().visibleRegion().isEmpty());
+    const int frames = m_page->widget().frameCount();
+    // Two idle periods and more, in which a map that is seen would be drawn.
+    QElapsedTimer timer;
+    timer.start();
+    double seconds = 30.0;
+    QTRY_VERIFY_WITH_TIMEOUT((m_page->setTime(seconds += 0.5), timer.elapsed() > 2200), 5000);
+    QCOMPARE(m_page->widget().frameCount(), frames);
+    splitter.setSizes({300, 200});
+    waitForFrame();
 }
 
 void TestMapPage::valuesHaveTheirUnits()
@@ -302,6 +408,10 @@ void TestMapPage::valuesHaveTheirUnits()
     QCOMPARE(texts(), QStringList({"plain", "42.000000", "speed", "142.000000 [km/h]"}));
     QCOMPARE(panel->geometry().topLeft(), QPoint(m_page->width() - 310, 10));
     QCOMPARE(panel->width(), 300);
+    m_dataSet->track.clear(); // an engine run on the ground has values too
+    m_page->refresh();
+    m_page->setTime(43.0);
+    QCOMPARE(texts(), QStringList({"plain", "43.000000", "speed", "143.000000 [km/h]"}));
     m_page->setData(nullptr);
     QVERIFY(!panel->isVisible());
 }
