@@ -2,6 +2,7 @@
 
 #include "analysis/Replay.h"
 
+#include <QIcon>
 #include <QWidget>
 
 #include <array>
@@ -29,6 +30,10 @@ namespace KOLT {
 class DataPage;
 class Profile;
 struct DataSet;
+
+/// Of a time that there is not.
+constexpr QLatin1String noDate{"--.--.---- --:--:--"};
+constexpr QLatin1String noTime{"--:--:--.---"};
 
 /// The date and time of a moment, to a second; dashes where the recording has none.
 QString dateTimeText(const QDateTime& start, double seconds);
@@ -120,6 +125,12 @@ private:
         DataPage* page = nullptr;
         QWidget* widget = nullptr;
     };
+
+    enum MapType { hideMap, mapBeside, mapBelow };
+
+    static constexpr int speedSteps = 100; ///< of the speed slider for a factor of 1
+
+    static QIcon icon(const QString& name);
 
     void createPages();
     void stripToDisplay();
