@@ -24,6 +24,7 @@ constexpr int panelEdge = 10;
 constexpr int toolBarRoom = 70;
 constexpr int valuePanelPlace = 310;
 constexpr int valuePanelWidth = 300;
+constexpr int attributionRoom = 48; ///< two lines
 constexpr int toolMargin = 3;
 constexpr int valueMargin = 5;
 
@@ -53,6 +54,7 @@ DialogDataMap::DialogDataMap(const Profile& profile, QWidget* parent)
     m_valuePanel->setObjectName(QStringLiteral("valuePanel"));
     m_values = new QGridLayout(m_valuePanel);
     m_values->setContentsMargins(valueMargin, valueMargin, valueMargin, valueMargin);
+    m_values->setSizeConstraint(QLayout::SetNoConstraint); // in a low map the last rows are cut
     m_values->setColumnStretch(0, 1);
     m_valuePanel->setAttribute(Qt::WA_TransparentForMouseEvents);
     m_valuePanel->hide();
@@ -266,6 +268,8 @@ void DialogDataMap::placePanels()
                  std::min(valuePanelWidth, width() - 2 * panelEdge), m_values->sizeHint().height());
     if (values.intersects(m_toolPanel->geometry()))
         values.moveTop(m_toolPanel->geometry().bottom() + panelEdge / 2);
+    // The attribution below stays in sight.
+    values.setBottom(std::min(values.bottom(), height() - attributionRoom));
     m_valuePanel->setGeometry(values);
     m_valuePanel->raise();
 }
