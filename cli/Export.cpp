@@ -119,6 +119,9 @@ QString Exporter::writeFile(const QString& path, const ExportSubject& subject) c
         return QStringLiteral("no position was recorded, so there is no flight path");
     if (m_arguments.format == ExportFormat::Csv) {
         const qint64 rows = CsvWriter(m_recording.profile(), dataSet(), m_csv).rowCount();
+        if (rows == 0)
+            return QStringLiteral("no sample with a usable time was recorded, so there are no "
+                                  "rows");
         if (rows > CsvWriter::maxRows)
             return QStringLiteral("it would have %1 rows, more than %2: choose a larger "
                                   "--CsvResolution")
