@@ -171,8 +171,15 @@ private:
 
 bool writeAll(QIODevice& device, const std::string& text)
 {
+    // A disk that fills up takes a part, and says why only when it is given the rest.
     const auto size = static_cast<qint64>(text.size());
-    return device.write(text.data(), size) == size;
+    for (qint64 done = 0; done < size;) {
+        const qint64 taken = device.write(text.data() + done, size - done);
+        if (taken <= 0)
+            return false;
+        done += taken;
+    }
+    return true;
 }
 
 /// The times are within the grid of all views: the number is small.
