@@ -26,6 +26,7 @@
 #include <limits>
 #include <random>
 #include <sys/resource.h>
+#include <sys/stat.h>
 
 using namespace KOLT;
 using namespace KOLT::Test;
@@ -121,10 +122,12 @@ private slots:
     void kmlDescriptions();
     void gpxReadByGdal();
     void oddPaths();
+    void beforeTheFirstFix();
     void sections();
     void hostileTexts();
     void formerFileStays_data();
     void formerFileStays();
+    void pipesAreLeftAlone();
     void namesAndFolders();
     void settingsAreBounded();
 
@@ -457,6 +460,8 @@ void TestExport::kmlReadByGdal()
 void TestExport::kmlStylesAndMarks()
 {
     fly(0.0, 50.0);
+    add(m_dataSet->messages, lamp, 5e11, {0}); // beyond all calendars
+    add(m_dataSet->messages, lamp, 5e11 + 1, {1});
     // An exceedance between two points of the path, and a lamp long after the last.
     add(m_dataSet->messages, gauge, 5.0, floats(1.0F));
     add(m_dataSet->messages, gauge, 20.25, floats(150.0F));
@@ -471,8 +476,9 @@ void TestExport::kmlStylesAndMarks()
     QByteArray content = kml(options);
     QVERIFY(content.contains("<color>0a563412</color>"));
     QVERIFY(content.contains("<width>7</width>"));
+    QCOMPARE(content.count("<TimeStamp>"), 2);
     QString read = readByGdal(content, "kml");
-    QCOMPARE(read.count("OGRFeature("), 3);
+    QCOMPARE(read.count("OGRFeature("), 4);
     // 420.25 m to the decimetre, and halfway in longitude.
     const QList<double> place = numbersAfter(read, "POINT Z");
     QVERIFY(place.size() == 3 && isNear(place, {11.0 + 20.25 / 50 / 60, 48.5}) &&
@@ -551,14 +557,46 @@ void TestExport::oddPaths()
                             100,   -179.0, 10,  100,   -178.9, 10,  100,    -178.8, 10,  100}));
     QVERIFY(!kml(options).contains("500"));
     QCOMPARE(gpx().count("<trkseg>"), 4);
+    QVERIFY(gpx().contains("lon=\"-180.0000000\"") && !gpx().contains("lon=\"180."));
+    m_dataSet->track[0].longitude = 179.99999999; // rounded
+    QVERIFY(!gpx().contains("lon=\"180."));
+    // Points look like the marks, and have no curtain.
+    options.polygonOn = true;
+    const QByteArray pieces = kml(options);
+    QCOMPARE(pieces.count("<Point>"), 1);
+    QVERIFY(pieces.mid(pieces.indexOf("<Style id=\"path\">")).left(200).contains("<IconStyle>"));
+    options.polygonOn = false;
 
     // Without altitudes an absolute path would lie below the ground.
     m_dataSet->track = {point(0, 20.0), point(1, 20.1)};
     for (TrackPoint& p : m_dataSet->track)
-        p.altitude = 0.0;
+        p.hasAltitude = false;
     options.polygonOn = true;
     QVERIFY(kml(options).contains("clampToGround") && !kml(options).contains("absolute"));
     QVERIFY(!gpx().contains("<ele>"));
+}
+
+/// Units send zeros until they know where they are. A lamp is on before.
+void TestExport::beforeTheFirstFix()
+{
+    MessageMap& messages = m_dataSet->messages;
+    add(messages, lamp, 1.0, {0});
+    add(messages, lamp, 5.0, {1});
+    for (int t = 0; t <= 20; ++t) {
+        add(messages, position, t, t < 10 ? floats(0.0F, 0.0F) : floats(4830.0F, 1100.0F));
+        add(messages, altitude, t, floats(t < 12 ? 0.0F : 500.0F));
+    }
+    m_dataSet->track = buildTrack(m_profile, messages);
+    const QByteArray track = gpx();
+    QCOMPARE(track.count("<trkpt"), 21);
+    QVERIFY(track.contains("<time>2026-07-29T00:00:05.000Z") && !track.contains("T23:59:"));
+    QCOMPARE(track.count("<ele>"), 17);
+    QCOMPARE(track.count("<ele>500.0</ele>"), 17);
+    const QByteArray document = kml({});
+    QVERIFY(document.contains("<coordinates>11.0000000,48.5000000,500.0"));
+    QVERIFY(!document.contains(",0.0") && document.contains("No position was recorded."));
+    QCOMPARE(document.count("<Point>"), 3); // at 10, 15 and 20 s
+    QCOMPARE(document.count("Altitude"), 2);
 }
 
 void TestExport::sections()
@@ -660,6 +698,7 @@ void TestExport::formerFileStays()
         QCOMPARE(outcome.status,
                  stopAtPercent < 0 ? ExportStatus::Failed : ExportStatus::Cancelled);
         QCOMPARE(outcome.error.isEmpty(), stopAtPercent >= 0);
+        QVERIFY2(!outcome.error.contains("Unknown"), qPrintable(outcome.error));
         QCOMPARE(readFile(path), QByteArray("before"));
         QCOMPARE(QDir(folder).entryList(QDir::Files | QDir::Hidden), QStringList{"out"});
         QCOMPARE(exportToFile(folder + "/new", writer).status,
@@ -670,6 +709,21 @@ void TestExport::formerFileStays()
     for (const char* unwritable : {"/proc/out.kml", "/no/such/folder/out.kml"}) {
         const ExportOutcome outcome = exportToFile(unwritable, writers[1]);
         QVERIFY(outcome.status == ExportStatus::Failed && !outcome.error.isEmpty());
+    }
+}
+
+void TestExport::pipesAreLeftAlone()
+{
+    const QString pipe = m_directory.filePath("pipe");
+    const QString link = m_directory.filePath("linked pipe");
+    QCOMPARE(mkfifo(QFile::encodeName(pipe), 0600), 0);
+    QVERIFY(QFile::link(pipe, link));
+    for (const QString& path : {pipe, link, m_directory.path()}) {
+        const ExportOutcome outcome =
+            exportToFile(path, [](QIODevice&) { return ExportStatus::Done; });
+        QCOMPARE(outcome.status, ExportStatus::Failed);
+        QCOMPARE(outcome.error, "This is no regular file.");
+        QVERIFY(QFileInfo::exists(path) && !QFileInfo(path).isFile());
     }
 }
 
