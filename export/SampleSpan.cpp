@@ -68,13 +68,90 @@ void forEachTime(const MessageMap& messages, Function&& function)
     }
 }
 
+/// The earliest and the latest sample; null where no time is usable.
+struct Extremes
+{
+    const StoredSample* first = nullptr;
+    const StoredSample* last = nullptr;
+};
+
+std::uint64_t ticksOf(const StoredSample& sample)
+{
+    return std::uint64_t{sample.timeHigh} << 32 | sample.timeLow;
+}
+
+Extremes extremesOf(const MessageMap& messages)
+{
+    Extremes found;
+    std::uint64_t least = std::numeric_limits<std::uint64_t>::max();
+    std::uint64_t most = 0;
+    for (const auto& [id, series] : messages.all()) {
+        for (const StoredSample& sample : series) {
+            const std::uint64_t ticks = ticksOf(sample);
+            if (ticks >= least && ticks <= most)
+                continue; // nearly all of them
+            if (!(sample.seconds() < maxGridSeconds))
+                continue;
+            if (ticks < least || found.first == nullptr) {
+                found.first = &sample;
+                least = ticks;
+            }
+            if (ticks > most || found.last == nullptr) {
+                found.last = &sample;
+                most = ticks;
+            }
+        }
+    }
+    return found;
+}
+
+/// The sample recorded at that place; null when it was not kept.
+const StoredSample* sampleAt(const MessageMap& messages, std::uint32_t sequence)
+{
+    for (const auto& [id, series] : messages.all()) {
+        std::size_t from = 0;
+        for (std::size_t to = series.size(); from < to;) {
+            const std::size_t middle = from + (to - from) / 2;
+            if (series[middle].sequence < sequence)
+                from = middle + 1;
+            else
+                to = middle;
+        }
+        if (from < series.size() && series[from].sequence == sequence)
+            return &series[from];
+    }
+    return nullptr;
+}
+
+bool isCloseToNeighbour(const MessageMap& messages, const StoredSample& sample)
+{
+    for (const std::uint32_t sequence : {sample.sequence - 1, sample.sequence + 1}) {
+        const StoredSample* const neighbour = sampleAt(messages, sequence);
+        if (neighbour != nullptr && neighbour->seconds() < maxGridSeconds &&
+            std::abs(neighbour->seconds() - sample.seconds()) <= straySeconds)
+            return true;
+    }
+    return false;
+}
+
+std::optional<SampleSpan> spanOf(const MessageMap& messages)
+{
+    const auto [first, last] = extremesOf(messages);
+    if (first == nullptr)
+        return {};
+    // So it is in sound recordings; looking at all in their order takes several times as long.
+    if (isCloseToNeighbour(messages, *first) && isCloseToNeighbour(messages, *last))
+        return SampleSpan{first->seconds(), last->seconds()};
+    SpanFinder finder;
+    forEachTime(messages, [&](double seconds) { finder.add(seconds); });
+    return finder.span();
+}
+
 } // namespace
 
 std::optional<SampleSpan> sampleSpan(const DataSet& dataSet)
 {
-    SpanFinder finder;
-    forEachTime(dataSet.messages, [&](double seconds) { finder.add(seconds); });
-    std::optional<SampleSpan> span = finder.span();
+    std::optional<SampleSpan> span = spanOf(dataSet.messages);
     if (!span || !dataSet.flightIndex)
         return span;
     // The flight's own times, unless they are strays themselves.
