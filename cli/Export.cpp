@@ -119,6 +119,9 @@ QString Exporter::writeFile(const QString& path, const ExportSubject& subject) c
         return QStringLiteral("no position was recorded, so there is no flight path");
     if (m_arguments.format == ExportFormat::Csv) {
         const qint64 rows = CsvWriter(m_recording.profile(), dataSet(), m_csv).rowCount();
+        if (rows == 0)
+            return QStringLiteral("no sample with a usable time was recorded, so there are no "
+                                  "rows");
         if (rows > CsvWriter::maxRows)
             return QStringLiteral("it would have %1 rows, more than %2: choose a larger "
                                   "--CsvResolution")
@@ -157,7 +160,9 @@ QString Exporter::freeName(const ExportSubject& subject)
     const QString suffix = QLatin1String(suffixOf(m_arguments.format));
     const QString name = exportFileName(subject, dataSet(), suffix);
     QString free = name;
-    for (int i = 2; m_names.contains(free); ++i)
+    // A name stays taken when its export failed; files of earlier runs are not overwritten.
+    const QDir folder(m_arguments.output);
+    for (int i = 2; m_names.contains(free) || folder.exists(free); ++i)
         free = QStringLiteral("%1_%2.%3").arg(name.chopped(suffix.size() + 1)).arg(i).arg(suffix);
     m_names.insert(free);
     return free;

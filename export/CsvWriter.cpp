@@ -171,36 +171,47 @@ private:
 
 bool writeAll(QIODevice& device, const std::string& text)
 {
+    // A disk that fills up takes a part, and says why only when it is given the rest.
     const auto size = static_cast<qint64>(text.size());
-    return device.write(text.data(), size) == size;
+    for (qint64 done = 0; done < size;) {
+        const qint64 taken = device.write(text.data() + done, size - done);
+        if (taken <= 0)
+            return false;
+        done += taken;
+    }
+    return true;
 }
 
-qint64 rowsBetween(double start, double stop, int resolution)
+/// The times are within the grid of all views: the number is small.
+qint64 rowsOf(const SampleSpan& span, int resolution)
 {
-    constexpr double most = 1e15;
-    const double steps = (stop - start) * 1000.0 / resolution + SampleWalker::tolerance;
-    return steps >= 0.0 ? static_cast<qint64>(std::min(steps, most)) + 1 : 0;
+    return static_cast<qint64>(span.seconds() * 1000.0 / resolution + SampleWalker::tolerance) + 1;
 }
 
 } // namespace
 
 CsvWriter::CsvWriter(const Profile& profile, const DataSet& dataSet, const CsvOptions& options)
+    : CsvWriter(profile, dataSet, options, sampleSpan(dataSet))
+{
+}
+
+CsvWriter::CsvWriter(const Profile& profile, const DataSet& dataSet, const CsvOptions& options,
+                     const std::optional<SampleSpan>& span)
     : m_profile(profile)
     , m_dataSet(dataSet)
     , m_options(options)
-    , m_rowCount(rowsBetween(dataSet.startSeconds, dataSet.stopSeconds, options.resolution))
+    , m_span(span.value_or(SampleSpan()))
+    , m_rowCount(span ? rowsOf(*span, options.resolution) : 0)
 {
-    for (const Device& device : profile.devices()) {
-        for (const ProfileParameter* parameter : device.parameters) {
-            if (options.allParameters || parameter->selected)
-                m_parameters.push_back(parameter);
-        }
+    for (const ProfileParameter& parameter : profile.parameters()) {
+        if (options.allParameters || parameter.selected)
+            m_parameters.push_back(&parameter);
     }
 }
 
 double CsvWriter::secondsOf(qint64 row) const
 {
-    return m_dataSet.startSeconds + static_cast<double>(row * m_options.resolution) / 1000.0;
+    return m_span.first + static_cast<double>(row * m_options.resolution) / 1000.0;
 }
 
 std::string CsvWriter::header() const
@@ -219,7 +230,7 @@ double CsvWriter::estimatedBytes() const
     constexpr std::size_t probes = 16;
     constexpr double prefixBytes = 36.0; // date, clock, seconds, line end
     const CellFormat format(m_profile, m_options);
-    const double span = m_dataSet.stopSeconds - m_dataSet.startSeconds;
+    const double span = m_span.seconds();
     double rowBytes = prefixBytes;
     for (const ProfileParameter* parameter : m_parameters) {
         rowBytes += 1.0; // the separator
@@ -231,7 +242,7 @@ double CsvWriter::estimatedBytes() const
             const MessageData& data = series[series.size() * i / probes].data;
             format.append(text, *parameter, data, decodeNumber(data, *parameter));
         }
-        const double held = span > 0.0 ? (m_dataSet.stopSeconds - series[0].seconds()) / span : 1.0;
+        const double held = span > 0.0 ? (m_span.last - series[0].seconds()) / span : 1.0;
         rowBytes += static_cast<double>(text.size()) / probes * std::clamp(held, 0.0, 1.0);
     }
     return static_cast<double>(header().size()) + static_cast<double>(m_rowCount) * rowBytes;
@@ -239,7 +250,7 @@ double CsvWriter::estimatedBytes() const
 
 ExportStatus CsvWriter::write(QIODevice& device, const ExportProgress& progress) const
 {
-    if (m_rowCount > maxRows)
+    if (m_rowCount == 0 || m_rowCount > maxRows)
         return ExportStatus::Failed;
     const CellFormat format(m_profile, m_options);
     const ExportClock clock(m_dataSet.dateTime);

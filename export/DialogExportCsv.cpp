@@ -19,6 +19,7 @@ DialogExportCsv::DialogExportCsv(const Profile& profile, Source source, QWidget*
                     "CsvExportDir", tr("KOLT Viewer Warning"), tr("Exporting CSV file failed !")},
                    parent)
     , m_profile(profile)
+    , m_span(sampleSpan(this->source().dataSet))
 {
     createOptions();
     readSettings();
@@ -82,10 +83,13 @@ void DialogExportCsv::showEstimate()
 {
     const QLocale locale;
     m_comma->setEnabled(m_separator->currentData().toInt() == ';');
-    const CsvWriter writer(m_profile, source().dataSet, options());
+    const CsvWriter writer(m_profile, source().dataSet, options(), m_span);
     const QString rows = locale.toString(writer.rowCount());
     if (writer.parameterCount() == 0)
         setSummary(tr("No parameters are selected."), false);
+    else if (writer.rowCount() == 0)
+        setSummary(tr("No sample with a usable time was recorded, so there are no rows to export."),
+                   false);
     else if (writer.rowCount() > CsvWriter::maxRows)
         setSummary(tr("%1 rows are too many. Please choose a longer time step.").arg(rows), false);
     else
@@ -93,7 +97,7 @@ void DialogExportCsv::showEstimate()
             tr("%1 rows, about %2")
                 .arg(rows, locale.formattedDataSize(static_cast<qint64>(writer.estimatedBytes()), 1,
                                                     QLocale::DataSizeTraditionalFormat)),
-            writer.rowCount() > 0);
+            true);
 }
 
 void DialogExportCsv::storeOptions()
@@ -103,7 +107,7 @@ void DialogExportCsv::storeOptions()
 
 ExportStatus DialogExportCsv::write(QIODevice& device, const ExportProgress& progress)
 {
-    return CsvWriter(m_profile, source().dataSet, options()).write(device, progress);
+    return CsvWriter(m_profile, source().dataSet, options(), m_span).write(device, progress);
 }
 
 } // namespace KOLT

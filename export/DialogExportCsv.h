@@ -2,6 +2,7 @@
 
 #include "export/DialogExport.h"
 #include "export/ExportOptions.h"
+#include "export/SampleSpan.h"
 #include "profile/Profile.h"
 
 class QCheckBox;
@@ -30,6 +31,7 @@ private:
     void showEstimate();
 
     const Profile& m_profile;
+    const std::optional<SampleSpan> m_span; ///< found once: it takes a look at every sample
     QComboBox* m_separator = nullptr;
     QCheckBox* m_comma = nullptr;
     QSpinBox* m_resolution = nullptr;

@@ -41,7 +41,7 @@ QDateTime ExportClock::dateTime(double seconds) const
 
 QString ExportClock::isoText(double seconds) const
 {
-    if (!m_isValid)
+    if (!dateTime(seconds).isValid())
         return {};
     std::string text;
     appendTo(text, seconds, 'T');

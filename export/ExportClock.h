@@ -20,7 +20,7 @@ public:
     /// Invalid without a clock, or for times that no calendar has.
     QDateTime dateTime(double seconds) const;
 
-    /// "2026-07-28T14:32:05.500Z", as XML schemas have it.
+    /// "2026-07-28T14:32:05.500Z", as XML schemas have it; empty where dateTime() is invalid.
     QString isoText(double seconds) const;
 
     /// Appends "2026-07-28", then `separator`, then "14:32:05.500"; only the separator without a

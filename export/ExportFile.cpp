@@ -1,5 +1,6 @@
 #include "export/ExportFile.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
 #include <QSaveFile>
@@ -7,6 +8,11 @@
 namespace KOLT {
 
 namespace {
+
+struct Text
+{
+    Q_DECLARE_TR_FUNCTIONS(KOLT::Export)
+};
 
 /// The canonical path of the closest folder above `path` that is there, or of `path` itself.
 QString existingPart(const QString& path)
@@ -21,11 +27,24 @@ QString existingPart(const QString& path)
     return info.canonicalFilePath();
 }
 
+/// What the system says. Where it took only a part of what was written, that is often nothing.
+QString errorOf(const QSaveFile& file)
+{
+    const QString unknown = QSaveFile().errorString();
+    return file.error() == QFileDevice::NoError || file.errorString() == unknown
+               ? Text::tr("Not everything could be written. The disk may be full.")
+               : file.errorString();
+}
+
 } // namespace
 
 ExportOutcome exportToFile(const QString& path,
                            const std::function<ExportStatus(QIODevice&)>& write)
 {
+    // A pipe or a device would be replaced by a file, not written to.
+    const QFileInfo target(path);
+    if (target.exists() && !target.isFile())
+        return {ExportStatus::Failed, Text::tr("This is no regular file.")};
     QSaveFile file(path);
     if (!file.open(QIODevice::WriteOnly))
         return {ExportStatus::Failed, file.errorString()};
@@ -34,7 +53,7 @@ ExportOutcome exportToFile(const QString& path,
         return {status, {}};
     if (status == ExportStatus::Cancelled)
         return {status, {}};
-    return {ExportStatus::Failed, file.errorString()};
+    return {ExportStatus::Failed, errorOf(file)};
 }
 
 ExportStatus finishExport(QIODevice& device, bool isWritten)

@@ -16,8 +16,10 @@ struct ExportOutcome
     QString error; ///< of the system, when it failed
 };
 
-/// Replaces the file by what `write` puts out. Unless that is done and all of it has reached the
-/// disk, a file that was there before stays as it was, and no other is left behind.
+/// Replaces the file by what `write` puts out; what is there and is no regular file (a folder, a
+/// pipe, a device), links followed, is left alone, which counts as a failure. Unless that is done
+/// and all of it has reached the disk, a file that was there before stays as it was, and no other
+/// is left behind.
 ExportOutcome exportToFile(const QString& path,
                            const std::function<ExportStatus(QIODevice&)>& write);
 

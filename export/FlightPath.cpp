@@ -41,9 +41,14 @@ double endOf(const std::vector<Flight>& flights, std::size_t index)
 
 } // namespace
 
+std::span<const TrackPoint> recordedTrack(const DataSet& dataSet)
+{
+    return {std::ranges::find(dataSet.track, true, &TrackPoint::hasFix), dataSet.track.end()};
+}
+
 std::vector<PathSection> pathSections(const DataSet& dataSet)
 {
-    const std::span<const TrackPoint> track = dataSet.track;
+    const std::span<const TrackPoint> track = recordedTrack(dataSet);
     const std::vector<Flight>& flights = dataSet.flights;
     using Kind = PathSection::Kind;
     if (dataSet.flightIndex)
@@ -98,7 +103,9 @@ std::optional<TrackPoint> placeAt(std::span<const TrackPoint> track, double seco
                           std::lerp(from->longitude, to->longitude, fraction),
                           std::lerp(from->altitude, to->altitude, fraction),
                           std::lerp(from->groundSpeed, to->groundSpeed, fraction),
-                          from->track};
+                          from->track,
+                          from->hasFix,
+                          from->hasAltitude};
     }
     for (const TrackPoint* const point : {to, from}) {
         if (point != nullptr && isOnEarth(*point) &&
@@ -115,10 +122,10 @@ bool hasPath(const DataSet& dataSet)
     });
 }
 
-bool hasAltitude(const DataSet& dataSet)
+std::optional<double> firstAltitude(const DataSet& dataSet)
 {
-    return std::ranges::any_of(dataSet.track,
-                               [](const TrackPoint& point) { return point.altitude != 0.0; });
+    const auto found = std::ranges::find(dataSet.track, true, &TrackPoint::hasAltitude);
+    return found == dataSet.track.end() ? std::nullopt : std::optional(found->altitude);
 }
 
 } // namespace KOLT

@@ -11,6 +11,9 @@ namespace KOLT {
 /// Damaged positions can be anything.
 bool isOnEarth(const TrackPoint& point);
 
+/// The track from the first position on. Before, nobody knows where the aircraft was.
+std::span<const TrackPoint> recordedTrack(const DataSet& dataSet);
+
 /// A stretch of the flight path that exports keep together.
 struct PathSection
 {
@@ -46,7 +49,7 @@ std::optional<TrackPoint> placeAt(std::span<const TrackPoint> track, double seco
 /// Whether there is anything of a path to export.
 bool hasPath(const DataSet& dataSet);
 
-/// Whether altitudes were recorded; without, all of them are 0.
-bool hasAltitude(const DataSet& dataSet);
+/// The first altitude that was recorded, metres; nothing where none was.
+std::optional<double> firstAltitude(const DataSet& dataSet);
 
 } // namespace KOLT

@@ -20,16 +20,23 @@ struct Text
 constexpr int degreeDecimals = 7; // about a centimetre
 constexpr int metreDecimals = 1;
 
-void writePoint(QXmlStreamWriter& xml, const TrackPoint& point, const ExportClock& clock,
-                bool hasAltitude)
+/// GPX knows the antimeridian as -180 only.
+QString longitudeText(double longitude)
+{
+    const QString text = fixedText(longitude, degreeDecimals);
+    return text == QStringLiteral("180.0000000") ? QLatin1Char('-') + text : text;
+}
+
+void writePoint(QXmlStreamWriter& xml, const TrackPoint& point, const ExportClock& clock)
 {
     xml.writeStartElement(QStringLiteral("trkpt"));
     xml.writeAttribute(QStringLiteral("lat"), fixedText(point.latitude, degreeDecimals));
-    xml.writeAttribute(QStringLiteral("lon"), fixedText(point.longitude, degreeDecimals));
-    if (hasAltitude)
+    xml.writeAttribute(QStringLiteral("lon"), longitudeText(point.longitude));
+    if (point.hasAltitude)
         xml.writeTextElement(QStringLiteral("ele"), fixedText(point.altitude, metreDecimals));
-    if (clock.isValid())
-        xml.writeTextElement(QStringLiteral("time"), clock.isoText(point.seconds()));
+    const QString time = clock.isoText(point.seconds());
+    if (!time.isEmpty())
+        xml.writeTextElement(QStringLiteral("time"), time);
     xml.writeEndElement();
 }
 
@@ -39,7 +46,6 @@ ExportStatus writeGpx(QIODevice& device, const DataSet& dataSet, const QString& 
                       const ExportProgress& progress)
 {
     const ExportClock clock(dataSet.dateTime);
-    const bool isHigh = hasAltitude(dataSet);
     ExportMeter meter(progress, dataSet.track.size());
     QXmlStreamWriter xml(&device);
     xml.setAutoFormatting(true);
@@ -63,7 +69,7 @@ ExportStatus writeGpx(QIODevice& device, const DataSet& dataSet, const QString& 
         for (const std::span<const TrackPoint> piece : pathPieces(section.points)) {
             xml.writeStartElement(QStringLiteral("trkseg"));
             for (const TrackPoint& point : piece) {
-                writePoint(xml, point, clock, isHigh);
+                writePoint(xml, point, clock);
                 if (!meter.step())
                     return ExportStatus::Cancelled;
                 if (xml.hasError())

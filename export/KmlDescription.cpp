@@ -44,9 +44,10 @@ KmlDescription::KmlDescription(const Profile& profile, const DataSet& dataSet)
 QString KmlDescription::of(const TrackPoint& point)
 {
     const double seconds = point.seconds();
-    QString text = QStringLiteral("<table>\n") + row(Text::tr("Time"), momentText(seconds)) +
-                   row(Text::tr("Altitude"), roleText("Altitude", point.altitude, "m", 0)) +
-                   row(Text::tr("Speed"), roleText("GroundSpeed", point.groundSpeed, "km/h", 0));
+    QString text = QStringLiteral("<table>\n") + row(Text::tr("Time"), momentText(seconds));
+    if (point.hasAltitude)
+        text += row(Text::tr("Altitude"), roleText("Altitude", point.altitude, "m", 0));
+    text += row(Text::tr("Speed"), roleText("GroundSpeed", point.groundSpeed, "km/h", 0));
     for (auto& [id, walker] : m_walkers)
         walker.advanceTo(seconds);
     for (const Column& column : m_columns) {

@@ -51,6 +51,12 @@ public:
     void icon(const char* id, const QColor& color, double scale, const char* address)
     {
         beginStyle(id);
+        iconParts(color, scale, address);
+        end();
+    }
+
+    void iconParts(const QColor& color, double scale, const char* address)
+    {
         begin("IconStyle");
         element("color", kmlColor(color, opaque));
         element("scale", fixedText(scale, 1));
@@ -60,7 +66,6 @@ public:
         end();
         begin("LabelStyle");
         element("scale", QStringLiteral("0")); // hundreds of times would cover the map
-        end();
         end();
     }
 
@@ -74,6 +79,7 @@ void writeKmlStyles(QXmlStreamWriter& xml, const KmlOptions& options)
 {
     Styles styles(xml);
     styles.beginStyle("path");
+    styles.iconParts(options.placeMarkColor, dotScale, dotIcon); // for pieces of a single point
     styles.begin("LineStyle");
     styles.element("color", kmlColor(options.lineColor, options.lineAlpha));
     styles.element("width", QString::number(options.lineWidth));

@@ -25,13 +25,6 @@ using Kind = PathSection::Kind;
 constexpr auto kmlNamespace = "http://www.opengis.net/kml/2.2";
 constexpr auto extensionNamespace = "http://www.google.com/kml/ext/2.2";
 
-/// Longitude, latitude and altitude; about a centimetre, and a decimetre.
-QString coordinates(const TrackPoint& point, QChar separator)
-{
-    return fixedText(point.longitude, 7) + separator + fixedText(point.latitude, 7) + separator +
-           fixedText(point.altitude, 1);
-}
-
 /// One document in the making. Operations that return false were told to stop.
 class KmlDocument
 {
@@ -67,6 +60,7 @@ private:
     bool writeSection(const PathSection& section, const Marks& marks);
     bool writePath(Points points, const QString& name, const char* style, bool isCurtain);
     bool writeCoordinates(Points piece);
+    QString coordinates(const TrackPoint& point, QChar separator) const;
     bool writeTrack(Points points);
     bool writePlaceMarks(Points points);
     bool writeErrorMarks(const Marks& marks);
@@ -86,7 +80,7 @@ private:
     KmlDescription m_description;
     ExportMeter m_meter;
     QXmlStreamWriter m_xml;
-    bool m_hasAltitude;
+    std::optional<double> m_firstAltitude;
 };
 
 /// Points are gone through once per line made of them; marks are few beside them.
@@ -107,7 +101,7 @@ KmlDocument::KmlDocument(QIODevice& device, const Profile& profile, const DataSe
     , m_description(profile, dataSet)
     , m_meter(progress, stepsOf(dataSet, options))
     , m_xml(&device)
-    , m_hasAltitude(hasAltitude(dataSet))
+    , m_firstAltitude(firstAltitude(dataSet))
 {
     m_xml.setAutoFormatting(true);
     m_xml.setAutoFormattingIndent(1);
@@ -182,7 +176,7 @@ void KmlDocument::beginFolder(const QString& name)
 void KmlDocument::writeAltitudeMode()
 {
     element("altitudeMode",
-            m_hasAltitude ? QStringLiteral("absolute") : QStringLiteral("clampToGround"));
+            m_firstAltitude ? QStringLiteral("absolute") : QStringLiteral("clampToGround"));
 }
 
 bool KmlDocument::writeSection(const PathSection& section, const Marks& marks)
@@ -191,7 +185,7 @@ bool KmlDocument::writeSection(const PathSection& section, const Marks& marks)
         return false;
     if (section.kind != Kind::Ground) {
         const bool hasTrack = m_options.timeStamp == KmlOptions::Times::PlaceMarksAndTrack;
-        if ((m_options.polygonOn && m_hasAltitude &&
+        if ((m_options.polygonOn && m_firstAltitude &&
              !writePath(section.points, Text::tr("Curtain"), "curtain", true)) ||
             (hasTrack && m_clock.isValid() && !writeTrack(section.points)) ||
             (m_options.placeMarkOn && !writePlaceMarks(section.points)))
@@ -202,7 +196,9 @@ bool KmlDocument::writeSection(const PathSection& section, const Marks& marks)
 
 bool KmlDocument::writePath(Points points, const QString& name, const char* style, bool isCurtain)
 {
-    const std::vector<Points> pieces = pathPieces(points);
+    std::vector<Points> pieces = pathPieces(points);
+    if (isCurtain) // below a point there is none
+        std::erase_if(pieces, [](Points piece) { return piece.size() < 2; });
     if (pieces.empty())
         return true;
     begin("Placemark");
@@ -215,7 +211,7 @@ bool KmlDocument::writePath(Points points, const QString& name, const char* styl
         begin(piece.size() > 1 ? "LineString" : "Point");
         if (isCurtain)
             element("extrude", QStringLiteral("1"));
-        if (!m_hasAltitude && piece.size() > 1)
+        if (!m_firstAltitude && piece.size() > 1)
             element("tessellate", QStringLiteral("1"));
         writeAltitudeMode();
         if (!writeCoordinates(piece))
@@ -238,6 +234,15 @@ bool KmlDocument::writeCoordinates(Points piece)
     }
     end();
     return true;
+}
+
+/// Longitude, latitude and altitude; about a centimetre, and a decimetre. Every point needs an
+/// altitude: before the first one is known, that one.
+QString KmlDocument::coordinates(const TrackPoint& point, QChar separator) const
+{
+    const double altitude = point.hasAltitude ? point.altitude : m_firstAltitude.value_or(0.0);
+    return fixedText(point.longitude, 7) + separator + fixedText(point.latitude, 7) + separator +
+           fixedText(altitude, 1);
 }
 
 bool KmlDocument::writeTrack(Points points)
@@ -293,7 +298,7 @@ bool KmlDocument::writeErrorMarks(const Marks& marks)
         return true;
     beginFolder(Text::tr("Exceeded"));
     for (const Event* const event : marks) {
-        const std::optional<TrackPoint> place = placeAt(m_dataSet.track, event->seconds);
+        const std::optional<TrackPoint> place = placeAt(recordedTrack(m_dataSet), event->seconds);
         QString description = m_description.momentText(event->seconds) + QStringLiteral("<br/>") +
                               event->text.toHtmlEscaped();
         if (!place)
@@ -318,9 +323,11 @@ void KmlDocument::writeMarkHead(const QString& name, const QString& description,
     m_xml.writeAttribute(QStringLiteral("maxLines"), QStringLiteral("0"));
     end();
     element("description", description);
-    if (m_options.timeStamp != KmlOptions::Times::None && m_clock.isValid()) {
+    const QString time =
+        m_options.timeStamp == KmlOptions::Times::None ? QString() : m_clock.isoText(seconds);
+    if (!time.isEmpty()) { // damaged time stamps lie beyond all calendars
         begin("TimeStamp");
-        element("when", m_clock.isoText(seconds));
+        element("when", time);
         end();
     }
     element("styleUrl", QLatin1Char('#') + QLatin1String(style));

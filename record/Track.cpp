@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 namespace KOLT {
 
@@ -12,6 +13,7 @@ namespace {
 
 constexpr double noFix = 1e-5;        // degrees, of a sample
 constexpr double noPosition = 0.0001; // degrees, of a grid point
+constexpr double never = std::numeric_limits<double>::infinity();
 
 /// A sampled quantity that is read at ascending times.
 class Curve
@@ -28,6 +30,17 @@ public:
     }
 
     bool empty() const { return m_points.empty(); }
+
+    double firstSeconds() const { return m_points.front().seconds; }
+
+    /// When the values begin to tell something: units send 0 as long as they know nothing.
+    double firstKnownFrom(double seconds) const
+    {
+        const auto found = std::ranges::find_if(m_points, [&](const Point& point) {
+            return point.seconds >= seconds && point.value != 0.0;
+        });
+        return found == m_points.end() ? never : found->seconds;
+    }
 
     /// Of the sample appended last.
     double lastSeconds() const { return m_lastSeconds; }
@@ -93,6 +106,9 @@ std::vector<TrackPoint> buildTrack(const Profile& profile, const MessageMap& mes
     Curve groundSpeed = sampled(profile, messages, "GroundSpeed", nullptr);
     Curve track = sampled(profile, messages, "Track", nullptr);
 
+    const double firstFix = std::max(latitude.firstSeconds(), longitude.firstSeconds());
+    const double firstAltitude = altitude.firstKnownFrom(firstFix);
+
     std::vector<TrackPoint> points;
     const double end = std::min(latitude.lastSeconds(), longitude.lastSeconds());
     const int last = static_cast<int>(end / gridSeconds);
@@ -100,7 +116,8 @@ std::vector<TrackPoint> buildTrack(const Profile& profile, const MessageMap& mes
     for (int i = first; i <= last; ++i) {
         const double t = i * gridSeconds;
         const TrackPoint point{
-            i, latitude.at(t), longitude.at(t), altitude.at(t), groundSpeed.at(t), track.at(t)};
+            i,           latitude.at(t), longitude.at(t),   altitude.at(t), groundSpeed.at(t),
+            track.at(t), t >= firstFix,  t >= firstAltitude};
         if (std::abs(point.latitude) > noPosition && std::abs(point.longitude) > noPosition)
             points.push_back(point);
     }

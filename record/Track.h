@@ -16,6 +16,8 @@ struct TrackPoint
     double altitude = 0.0;
     double groundSpeed = 0.0;
     double track = 0.0;
+    bool hasFix = true;      ///< false before the first position: the place is that of the first
+    bool hasAltitude = true; ///< false before the first altitude with a fix, and without any
 
     double seconds() const { return halfSecond * 0.5; }
 };

@@ -69,7 +69,7 @@ Track trackOf(const Properties& bar)
     const QString orientation = bar.text(Property::Orientation);
     track.isVertical = orientation.isEmpty() ? track.area.height() > track.area.width()
                                              : orientation == QStringLiteral("vertical");
-    track.dial = {bar.number(Property::Min, 0.0), bar.number(Property::Max, 0.0),
+    track.dial = {bar.number(Property::Min, Dial::unset), bar.number(Property::Max, Dial::unset),
                   track.isVertical ? track.area.bottom() : track.area.left(),
                   track.isVertical ? -track.area.height() : track.area.width()};
     track.hasPointers = bar.text(Property::Look) != QStringLiteral("fill");
@@ -99,7 +99,7 @@ void drawMarks(const Properties& bar, const Track& track, Canvas& canvas)
     for (const Element& part : bar.parts()) {
         const Properties mark = bar.of(part);
         const std::optional<double> at = mark.number(Property::At);
-        if (part.type != ElementType::Mark || !at || !mark.isVisible())
+        if (part.type != ElementType::Mark || !at || !mark.isVisible() || !track.dial.isUsable())
             continue;
         const double along = track.dial.place(*at);
         canvas.line(track.point(along, -markOverhang),
@@ -138,7 +138,7 @@ void drawPointers(const Properties& bar, const Track& track, Canvas& canvas)
     const double length = track.pointerLength + overlap;
     for (const Side& side : sidesOf(bar)) {
         const std::optional<double> value = bar.number(side.value);
-        if (!value)
+        if (!value || !track.dial.isUsable())
             continue;
         const bool isFirst = side.value == Property::Value;
         const QPointF tip =
@@ -160,7 +160,8 @@ void drawFill(const Properties& bar, const Track& track, Canvas& canvas)
     for (const Side& side : shown) {
         const double start = track.dial.start;
         canvas.rectangle(track.box(start, track.dial.length, across, breadth), Palette::track);
-        if (const std::optional<double> value = bar.number(side.value))
+        const std::optional<double> value = bar.number(side.value);
+        if (value && track.dial.isUsable())
             canvas.rectangle(
                 track.box(start, track.dial.place(*value) - start, across, breadth),
                 stateColor(stateOf(bar, side.state), bar.color(Property::Color, Palette::normal)));
@@ -185,7 +186,7 @@ Words wordsOf(const Properties& bar, const Track& track)
     if (!bar.has(Property::Format))
         return words;
     const double size = bar.number(Property::Size, usualDigitsSize);
-    words.room = digitsWidth(bar.formatted(track.dial.max), size);
+    words.room = digitsWidth(bar.formatted(bar.number(Property::Max)), size);
     for (const Side& side : sidesOf(bar)) {
         const std::optional<double> value = bar.shown(side.digits, side.value);
         const QString text = bar.formatted(value);

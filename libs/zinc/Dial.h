@@ -1,5 +1,6 @@
 #pragma once
 
+#include <limits>
 #include <optional>
 #include <utility>
 #include <vector>
@@ -11,6 +12,9 @@ namespace Zinc2D {
 /// bar. `max` may lie below `min`, and `length` below 0.
 struct Dial
 {
+    /// An end that is not known: the scale has no places then.
+    static constexpr double unset = std::numeric_limits<double>::quiet_NaN();
+
     double min = 0.0;
     double max = 1.0;
     double start = 0.0;

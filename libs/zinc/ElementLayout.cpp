@@ -109,7 +109,8 @@ void layoutElement(const Properties& element, Canvas& canvas)
 {
     if (!element.isVisible() ||
         element.isMissing({Property::X, Property::Y, Property::X2, Property::Y2, Property::Width,
-                           Property::Height, Property::Radius, Property::Start, Property::Sweep}))
+                           Property::Height, Property::Radius, Property::Inner, Property::Start,
+                           Property::Sweep}))
         return;
     switch (element.type()) {
     case ElementType::Text:
@@ -140,7 +141,7 @@ void layoutText(const Properties& element, Canvas& canvas)
         if (active != nullptr) {
             color = element.of(*active).color(Property::Color, color);
             text = element.of(*active).text(Property::Text);
-        } else if (value && !element.has(Property::Format)) {
+        } else if (value && !element.has(Property::Format) && element.has(Property::Text)) {
             text = element.text(Property::Text);
         }
     }

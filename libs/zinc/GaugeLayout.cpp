@@ -43,7 +43,7 @@ Face faceOf(const Properties& gauge)
     face.center = gauge.place();
     face.radius = gauge.number(Property::Radius, 0.0);
     face.ring = gauge.number(Property::Thickness, ringWidth * face.radius);
-    face.dial = {gauge.number(Property::Min, 0.0), gauge.number(Property::Max, 0.0),
+    face.dial = {gauge.number(Property::Min, Dial::unset), gauge.number(Property::Max, Dial::unset),
                  gauge.number(Property::Start, -120.0), gauge.number(Property::Sweep, 240.0)};
     return face;
 }
@@ -88,7 +88,7 @@ void drawScale(const Properties& gauge, const Face& face, Canvas& canvas)
     for (const Element& part : gauge.parts()) {
         const Properties mark = gauge.of(part);
         const std::optional<double> at = mark.number(Property::At);
-        if (part.type != ElementType::Mark || !at || !mark.isVisible())
+        if (part.type != ElementType::Mark || !at || !mark.isVisible() || !face.dial.isUsable())
             continue;
         const double angle = face.dial.place(*at);
         const double beyond = markLength * face.radius;
@@ -126,7 +126,7 @@ void layoutGauge(const Properties& gauge, Canvas& canvas)
     drawScale(gauge, face, canvas);
     const std::optional<double> value = gauge.number(Property::Value);
     const int state = value ? stateOf(gauge) : 0;
-    if (value)
+    if (value && face.dial.isUsable())
         drawNeedle(face, *value, gauge.color(Property::Color, Palette::white), canvas);
     const QPointF below(0.0, face.radius);
     if (gauge.has(Property::Format))

@@ -71,8 +71,9 @@ std::vector<QPointF> Properties::points() const
     for (std::size_t i = 0; i + 1 < found->expressions.size(); i += 2) {
         const Value x = found->expressions[i].evaluate(m_variables);
         const Value y = found->expressions[i + 1].evaluate(m_variables);
-        if (x.isNumber() && y.isNumber())
-            points.emplace_back(x.number(), y.number());
+        if (!x.isNumber() || !y.isNumber())
+            return {}; // without it, this would be another shape
+        points.emplace_back(x.number(), y.number());
     }
     return points;
 }

@@ -56,6 +56,7 @@ public:
     /// X, Y, Width and Height.
     QRectF area() const;
     QPointF place() const;
+    /// None at all while one of them has no place.
     std::vector<QPointF> points() const;
 
     /// Whether a number that the element cannot do without has no value at the moment.

@@ -40,7 +40,7 @@ Scale scaleOf(const Properties& tape, double value)
     Scale scale;
     scale.area = tape.area();
     scale.isVertical = tape.text(Property::Orientation) != QStringLiteral("horizontal");
-    const double half = tape.number(Property::Span, 1.0) / 2.0;
+    const double half = tape.number(Property::Span, Dial::unset) / 2.0;
     scale.dial = {value - half, value + half,
                   scale.isVertical ? scale.area.bottom() : scale.area.left(),
                   scale.isVertical ? -scale.area.height() : scale.area.width()};
@@ -62,14 +62,15 @@ void drawParts(const Properties& tape, const Scale& scale, Canvas& canvas)
         if (!look.isVisible())
             continue;
         if (part.type == ElementType::Mark) {
-            const double at = look.number(Property::At, scale.dial.min);
-            if (at > scale.dial.min && at < scale.dial.max)
-                drawTick(scale, at, 2.0 * majorLength, look.color(Property::Color, Palette::limit),
+            const std::optional<double> at = look.number(Property::At);
+            if (at && *at > scale.dial.min && *at < scale.dial.max)
+                drawTick(scale, *at, 2.0 * majorLength, look.color(Property::Color, Palette::limit),
                          2.0 * tickThickness, canvas);
             continue;
         }
-        const auto extent =
-            scale.dial.extent(look.number(Property::From, 0.0), look.number(Property::To, 0.0));
+        const std::optional<double> from = look.number(Property::From);
+        const std::optional<double> to = look.number(Property::To);
+        const auto extent = from && to ? scale.dial.extent(*from, *to) : std::nullopt;
         if (extent)
             canvas.rectangle(
                 QRectF(scale.point(extent->first, 0.0),

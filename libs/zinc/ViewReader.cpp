@@ -192,6 +192,10 @@ void ViewReader::readDefinition()
         reportIn(*expression, error->offset, error->message);
         return;
     }
+    if (m_variables.isDefined(name)) {
+        reportTag(QStringLiteral("\"%1\" is already defined").arg(name));
+        return;
+    }
     // Whoever used the name before would be drawn from what it was before.
     if (m_used.contains(m_variables.slot(name)) ||
         std::ranges::count(std::get<Expression>(compiled).variables(), m_variables.slot(name)) > 0)

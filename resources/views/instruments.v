@@ -224,7 +224,7 @@
         <range from="38" to="45" color="red"/>
     </bar>
     <text style="caption" x="1024" y="612" text="HOURS"/>
-    <text x="1252" y="612" align="right" size="30" weight="bold" value="[Engine Hours]" format="%.1f"/>
+    <text x="1252" y="612" align="right" size="30" weight="bold" value="[Engine Hours]" format="%.0f"/>
 
     <!-- warning lamps; the 915T has one more -->
     <define name="pitch" value="(1256 + 8) / (is915T ? 11 : 10)"/>

@@ -146,6 +146,14 @@ void TestCliExport::everyFlightOfACard()
     names.sort();
     QCOMPARE(QDir(folder).entryList(QDir::Files, QDir::Name), names);
     QCOMPARE(names.removeDuplicates(), 0);
+
+    // A second run leaves the files of the first as they are.
+    QVERIFY(writeFile(folder + '/' + names[0], "kept"));
+    const Result second = cli({"export", "kml", m_card, "--all", "--output", folder});
+    QVERIFY2(second.status == 0, qPrintable(second.error));
+    QCOMPARE(readFile(folder + '/' + names[0]), QByteArray("kept"));
+    QCOMPARE(QDir(folder).entryList(QDir::Files).size(), 2 * names.size());
+    QVERIFY(QFile::exists(folder + '/' + QString(names[0]).replace(".kml", "_2.kml")));
 }
 
 /// Two engine runs without a date, each with a flight; the second has no positions.

@@ -26,6 +26,7 @@
 #include <limits>
 #include <random>
 #include <sys/resource.h>
+#include <sys/stat.h>
 
 using namespace KOLT;
 using namespace KOLT::Test;
@@ -113,16 +114,20 @@ private slots:
     void csvReadByPython_data();
     void csvReadByPython();
     void csvBounds();
+    void csvSpan_data();
+    void csvSpan();
     void kmlReadByGdal_data();
     void kmlReadByGdal();
     void kmlStylesAndMarks();
     void kmlDescriptions();
     void gpxReadByGdal();
     void oddPaths();
+    void beforeTheFirstFix();
     void sections();
     void hostileTexts();
     void formerFileStays_data();
     void formerFileStays();
+    void pipesAreLeftAlone();
     void namesAndFolders();
     void settingsAreBounded();
 
@@ -252,12 +257,11 @@ void TestExport::numbersAsPrintf()
 void TestExport::csvToTheByte()
 {
     // Held values, exact ties, none before the first sample, a new day, a column out of order.
-    m_dataSet->startSeconds = 4.0;
-    m_dataSet->stopSeconds = 6.2;
     add(m_dataSet->messages, gauge, 4.5, floats(2.5F));
     add(m_dataSet->messages, gauge, 5.3, floats(std::numeric_limits<float>::quiet_NaN()));
     add(m_dataSet->messages, altitude, 5.9, floats(0.25F, 7.0F));
     add(m_dataSet->messages, altitude, 4.0, floats(0.75F, -0.5F));
+    add(m_dataSet->messages, lamp, 6.2);
     CsvOptions options;
     options.allParameters = false;
     options.resolution = 500;
@@ -267,17 +271,16 @@ void TestExport::csvToTheByte()
     });
     QCOMPARE(csv(options),
              QByteArray("\xEF\xBB\xBF"
-                        "Date;Time;Seconds;D/Alt [m];\"D/Gauge; <1>\";D/Speed [km/h]\r\n"
-                        "2026-07-28;23:59:59.000;4,000;0,8;;-0\r\n"
-                        "2026-07-28;23:59:59.500;4,500;0,8;2;-0\r\n"
-                        "2026-07-29;00:00:00.000;5,000;0,8;2;-0\r\n"
-                        "2026-07-29;00:00:00.500;5,500;0,8;nan;-0\r\n"
-                        "2026-07-29;00:00:01.000;6,000;0,2;nan;7\r\n"));
+                        "Date;Time;Seconds;D/Alt [m];D/Speed [km/h];\"D/Gauge; <1>\"\r\n"
+                        "2026-07-28;23:59:59.000;4,000;0,8;-0;\r\n"
+                        "2026-07-28;23:59:59.500;4,500;0,8;-0;2\r\n"
+                        "2026-07-29;00:00:00.000;5,000;0,8;-0;2\r\n"
+                        "2026-07-29;00:00:00.500;5,500;0,8;-0;nan\r\n"
+                        "2026-07-29;00:00:01.000;6,000;0,2;7;nan\r\n"));
     m_profile.setUnitSystem(UnitSystem::Imperial);
     m_dataSet->dateTime = {};
-    m_dataSet->startSeconds = 6.0;
     QCOMPARE(csv(options).split('\n').value(0).split(';').value(3), QByteArray("D/Alt [ft]"));
-    QCOMPARE(csv(options).split('\n').value(1), QByteArray(";;6,000;0,5;nan;7\r"));
+    QCOMPARE(csv(options).split('\n').value(5), QByteArray(";;6,000;0,5;7;nan\r"));
     m_profile.setUnitSystem(UnitSystem::Metric);
 }
 
@@ -297,7 +300,9 @@ void TestExport::csvReadByPython()
     QFETCH(QString, separator);
     QFETCH(int, resolution);
     std::mt19937 random(7);
-    m_dataSet->startSeconds = 0.25;
+    double first = 0.25;
+    double last = 0.0;
+    add(m_dataSet->messages, lamp, first);
     for (int id = position; id <= lamp; ++id) {
         double t = 0.0;
         for (int i = 0; i < 60; ++i) {
@@ -306,7 +311,8 @@ void TestExport::csvReadByPython()
             MessageData data;
             for (unsigned char& byte : data)
                 byte = static_cast<unsigned char>(random());
-            add(m_dataSet->messages, id, std::max(t, 0.0), data);
+            add(m_dataSet->messages, id, std::max(t, 0.25), data);
+            last = std::max(last, t);
         }
     }
     CsvOptions options;
@@ -322,15 +328,15 @@ void TestExport::csvReadByPython()
                     "sys.stdout)",
                     path, separator});
     const QJsonArray rows = QJsonDocument::fromJson(output.toUtf8()).array();
-    QCOMPARE(rows.size(), 1 + static_cast<int>(9750 / resolution) + 1);
-    const std::vector<const ProfileParameter*>& columns = m_profile.devices()[0].parameters;
+    QCOMPARE(rows.size(), 1 + static_cast<int>((last - first) * 1000 / resolution + 1e-6) + 1);
+    const std::deque<ProfileParameter>& columns = m_profile.parameters();
     for (qsizetype row = 1; row < rows.size(); ++row) {
-        const double seconds = 0.25 + static_cast<double>((row - 1) * resolution) / 1000.0;
+        const double seconds = first + static_cast<double>((row - 1) * resolution) / 1000.0;
         const QJsonArray cells = rows[row].toArray();
         QCOMPARE(cells.size(), static_cast<qsizetype>(columns.size()) + 3);
         QVERIFY(std::abs(cells[2].toString().toDouble() - seconds) < 0.0006);
         for (std::size_t column = 0; column < columns.size(); ++column) {
-            const ProfileParameter& parameter = *columns[column];
+            const ProfileParameter& parameter = columns[column];
             const StoredSample* held = nullptr;
             for (const StoredSample& sample : seriesOf(m_dataSet->messages, parameter)) {
                 if (sample.seconds() <= seconds + 1e-6 &&
@@ -363,20 +369,54 @@ void TestExport::csvBounds()
     QCOMPARE(writer.write(full), ExportStatus::Failed);
     QFile devFull("/dev/full");
     QVERIFY(devFull.open(QIODevice::WriteOnly));
-    m_dataSet->stopSeconds = 0.0; // a single row waits in the file's buffer
+    m_dataSet = emptySet(0.0);
+    add(m_dataSet->messages, gauge, 1.0); // a single row waits in the file's buffer
     QCOMPARE(CsvWriter(m_profile, *m_dataSet, options).write(devFull), ExportStatus::Failed);
     QCOMPARE(writeKml(devFull, m_profile, *m_dataSet, {}, "T"), ExportStatus::Failed);
     QCOMPARE(writeGpx(devFull, *m_dataSet, "T"), ExportStatus::Failed);
+}
 
-    m_dataSet->stopSeconds = 5.7e11; // a stray time stamp
-    QBuffer buffer;
-    buffer.open(QIODevice::WriteOnly);
-    const CsvWriter endless(m_profile, *m_dataSet, options);
-    QVERIFY(endless.rowCount() > CsvWriter::maxRows);
-    QCOMPARE(endless.write(buffer), ExportStatus::Failed);
-    QVERIFY(buffer.data().isEmpty());
-    m_dataSet->stopSeconds = -1.0; // files in reverse order
-    QCOMPARE(csv(options).count('\n'), 1);
+void TestExport::csvSpan_data()
+{
+    QTest::addColumn<QList<double>>("times"); // as recorded
+    QTest::addColumn<QList<double>>("span");  // first and last row; none: nothing is written
+    const auto row = [](const char* name, const QList<double>& times, const QList<double>& span) {
+        QTest::newRow(name) << times << span;
+    };
+    row("sound", {5000, 5001, 5002}, {5000, 5002});
+    row("last stamp is damaged", {5000, 5001, 5002, 5.7e11}, {5000, 5002});
+    row("last stamp runs back", {5000, 5001, 5002, 3}, {5000, 5002});
+    row("last stamp is a week ahead", {5000, 5001, 5002, 605e3}, {5000, 5002});
+    row("first stamp is damaged", {900e3, 5000, 5001, 5002}, {5000, 5002});
+    row("strays within", {5000, 5001, 9e5, 1, 5e11, 5002, 5003}, {5000, 5003});
+    row("long gap", {0, 1, 50e3, 50e3 + 1}, {0, 50e3 + 1});
+    row("files in reverse order", {5000, 5001, 0, 1}, {0, 5001});
+    row("one sample", {7}, {7, 7});
+    row("samples hours apart", {7, 9000}, {7, 9000});
+    row("no usable time", {5e11, 5e11}, {});
+    row("nothing recorded", {}, {});
+    row("too many rows", {0, 1, 2.4e6, 2.4e6 + 1}, {});
+}
+
+void TestExport::csvSpan()
+{
+    QFETCH(QList<double>, times);
+    QFETCH(QList<double>, span);
+    int id = position;
+    for (const double seconds : times)
+        add(m_dataSet->messages, id++ % lamp, seconds);
+    m_dataSet->startSeconds = times.value(0);
+    m_dataSet->stopSeconds = times.isEmpty() ? 0.0 : times.last();
+    CsvOptions options;
+    options.resolution = 100;
+    const QList<QByteArray> lines = csv(options).split('\n');
+    if (span.isEmpty()) {
+        QCOMPARE(lines, QList<QByteArray>{""}); // not even a header
+        return;
+    }
+    QCOMPARE(lines.size(), 1 + static_cast<int>((span[1] - span[0]) * 10 + 1) + 1);
+    QCOMPARE(lines[1].split(';').value(2).toDouble(), span[0]);
+    QCOMPARE(lines[lines.size() - 2].split(';').value(2).toDouble(), span[1]);
 }
 
 void TestExport::kmlReadByGdal_data()
@@ -420,6 +460,8 @@ void TestExport::kmlReadByGdal()
 void TestExport::kmlStylesAndMarks()
 {
     fly(0.0, 50.0);
+    add(m_dataSet->messages, lamp, 5e11, {0}); // beyond all calendars
+    add(m_dataSet->messages, lamp, 5e11 + 1, {1});
     // An exceedance between two points of the path, and a lamp long after the last.
     add(m_dataSet->messages, gauge, 5.0, floats(1.0F));
     add(m_dataSet->messages, gauge, 20.25, floats(150.0F));
@@ -434,8 +476,9 @@ void TestExport::kmlStylesAndMarks()
     QByteArray content = kml(options);
     QVERIFY(content.contains("<color>0a563412</color>"));
     QVERIFY(content.contains("<width>7</width>"));
+    QCOMPARE(content.count("<TimeStamp>"), 2);
     QString read = readByGdal(content, "kml");
-    QCOMPARE(read.count("OGRFeature("), 3);
+    QCOMPARE(read.count("OGRFeature("), 4);
     // 420.25 m to the decimetre, and halfway in longitude.
     const QList<double> place = numbersAfter(read, "POINT Z");
     QVERIFY(place.size() == 3 && isNear(place, {11.0 + 20.25 / 50 / 60, 48.5}) &&
@@ -514,14 +557,46 @@ void TestExport::oddPaths()
                             100,   -179.0, 10,  100,   -178.9, 10,  100,    -178.8, 10,  100}));
     QVERIFY(!kml(options).contains("500"));
     QCOMPARE(gpx().count("<trkseg>"), 4);
+    QVERIFY(gpx().contains("lon=\"-180.0000000\"") && !gpx().contains("lon=\"180."));
+    m_dataSet->track[0].longitude = 179.99999999; // rounded
+    QVERIFY(!gpx().contains("lon=\"180."));
+    // Points look like the marks, and have no curtain.
+    options.polygonOn = true;
+    const QByteArray pieces = kml(options);
+    QCOMPARE(pieces.count("<Point>"), 1);
+    QVERIFY(pieces.mid(pieces.indexOf("<Style id=\"path\">")).left(200).contains("<IconStyle>"));
+    options.polygonOn = false;
 
     // Without altitudes an absolute path would lie below the ground.
     m_dataSet->track = {point(0, 20.0), point(1, 20.1)};
     for (TrackPoint& p : m_dataSet->track)
-        p.altitude = 0.0;
+        p.hasAltitude = false;
     options.polygonOn = true;
     QVERIFY(kml(options).contains("clampToGround") && !kml(options).contains("absolute"));
     QVERIFY(!gpx().contains("<ele>"));
+}
+
+/// Units send zeros until they know where they are. A lamp is on before.
+void TestExport::beforeTheFirstFix()
+{
+    MessageMap& messages = m_dataSet->messages;
+    add(messages, lamp, 1.0, {0});
+    add(messages, lamp, 5.0, {1});
+    for (int t = 0; t <= 20; ++t) {
+        add(messages, position, t, t < 10 ? floats(0.0F, 0.0F) : floats(4830.0F, 1100.0F));
+        add(messages, altitude, t, floats(t < 12 ? 0.0F : 500.0F));
+    }
+    m_dataSet->track = buildTrack(m_profile, messages);
+    const QByteArray track = gpx();
+    QCOMPARE(track.count("<trkpt"), 21);
+    QVERIFY(track.contains("<time>2026-07-29T00:00:05.000Z") && !track.contains("T23:59:"));
+    QCOMPARE(track.count("<ele>"), 17);
+    QCOMPARE(track.count("<ele>500.0</ele>"), 17);
+    const QByteArray document = kml({});
+    QVERIFY(document.contains("<coordinates>11.0000000,48.5000000,500.0"));
+    QVERIFY(!document.contains(",0.0") && document.contains("No position was recorded."));
+    QCOMPARE(document.count("<Point>"), 3); // at 10, 15 and 20 s
+    QCOMPARE(document.count("Altitude"), 2);
 }
 
 void TestExport::sections()
@@ -623,6 +698,7 @@ void TestExport::formerFileStays()
         QCOMPARE(outcome.status,
                  stopAtPercent < 0 ? ExportStatus::Failed : ExportStatus::Cancelled);
         QCOMPARE(outcome.error.isEmpty(), stopAtPercent >= 0);
+        QVERIFY2(!outcome.error.contains("Unknown"), qPrintable(outcome.error));
         QCOMPARE(readFile(path), QByteArray("before"));
         QCOMPARE(QDir(folder).entryList(QDir::Files | QDir::Hidden), QStringList{"out"});
         QCOMPARE(exportToFile(folder + "/new", writer).status,
@@ -633,6 +709,21 @@ void TestExport::formerFileStays()
     for (const char* unwritable : {"/proc/out.kml", "/no/such/folder/out.kml"}) {
         const ExportOutcome outcome = exportToFile(unwritable, writers[1]);
         QVERIFY(outcome.status == ExportStatus::Failed && !outcome.error.isEmpty());
+    }
+}
+
+void TestExport::pipesAreLeftAlone()
+{
+    const QString pipe = m_directory.filePath("pipe");
+    const QString link = m_directory.filePath("linked pipe");
+    QCOMPARE(mkfifo(QFile::encodeName(pipe), 0600), 0);
+    QVERIFY(QFile::link(pipe, link));
+    for (const QString& path : {pipe, link, m_directory.path()}) {
+        const ExportOutcome outcome =
+            exportToFile(path, [](QIODevice&) { return ExportStatus::Done; });
+        QCOMPARE(outcome.status, ExportStatus::Failed);
+        QCOMPARE(outcome.error, "This is no regular file.");
+        QVERIFY(QFileInfo::exists(path) && !QFileInfo(path).isFile());
     }
 }
 

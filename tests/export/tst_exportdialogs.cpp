@@ -198,9 +198,16 @@ void TestExportDialogs::whatCannotBeExported()
     QVERIFY(!button("Export...")->isEnabled());
     labelled<QRadioButton>("All parameters")->setChecked(true);
     QVERIFY(button("Export...")->isEnabled());
-    m_dataSet.stopSeconds = 1e9; // a stray time stamp
+    for (const int t : {2'000'000, 2'000'001}) // weeks later
+        add(m_dataSet.messages, 2, t);
+    open("csv");
     find<QSpinBox>("resolution")->setValue(10);
     QVERIFY(summary().contains("too many") && !button("Export...")->isEnabled());
+    m_dataSet.messages.clear();
+    add(m_dataSet.messages, 2, 5e11); // damaged
+    open("csv");
+    QVERIFY(summary().startsWith("No sample with a usable time"));
+    QVERIFY(!button("Export...")->isEnabled());
     m_dataSet.track.clear();
     for (const char* suffix : {"kml", "gpx"}) {
         open(suffix);
@@ -265,7 +272,8 @@ void TestExportDialogs::cancelKeepsTheFormerFile()
 {
     const QString path = m_directory->filePath("long.csv");
     QVERIFY(writeFile(path, "before"));
-    m_dataSet.stopSeconds = 15'000.0;
+    for (const int t : {15'000, 15'001})
+        add(m_dataSet.messages, 2, t);
     SettingsStore::instance().setInteger("CsvResolution", 1); // fifteen million rows
     open("csv");
     ModalBoxes boxes;

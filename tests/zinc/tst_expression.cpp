@@ -190,6 +190,14 @@ void TestExpression::hugeExpressionsAreRefused()
     for (const QString& text : {nested, minus, wide, QString(5000, ' ') + "1"})
         QVERIFY(std::holds_alternative<ExpressionError>(compileExpression(text, variables)));
     QCOMPARE(inWords(compiled(deep, variables).evaluate(variables)), "46");
+    // What the documentation promises.
+    variables.set("v", 7.0);
+    const QString brackets = QString(49, '(') + "5" + QString(49, ')');
+    const QString chain = QString("v == 1 ? 2 : ").repeated(30) + "3";
+    const QString operands = "max(" + QString("1,").repeated(15) + "4)";
+    QCOMPARE(inWords(compiled(brackets, variables).evaluate(variables)), "5");
+    QCOMPARE(inWords(compiled(chain, variables).evaluate(variables)), "3");
+    QCOMPARE(inWords(compiled(operands, variables).evaluate(variables)), "4");
     QCOMPARE(inWords(compiled(QString("1+").repeated(900) + "1", variables).evaluate(variables)),
              "901");
 }

@@ -59,6 +59,8 @@ private slots:
     void gauge_data();
     void gauge();
     void gaugeWithoutValueHasNoNeedle();
+    void scalesWithoutEndsPointNowhere_data();
+    void scalesWithoutEndsPointNowhere();
     void bars();
     void lamps();
     void annunciator();
@@ -309,6 +311,39 @@ void TestViewFrame::gaugeWithoutValueHasNoNeedle()
     QVERIFY(find(0, Kind::Fill, Palette::warning) != nullptr);
 }
 
+void TestViewFrame::scalesWithoutEndsPointNowhere_data()
+{
+    QTest::addColumn<QByteArray>("element");
+    const QByteArray scale = "value='5' color='#123456' format='%.1f' min='low' max='high'>"
+                             "<mark at='5' color='#654321'/>";
+    QTest::newRow("gauge") << "<gauge x='200' y='150' radius='100' " + scale + "</gauge>";
+    QTest::newRow("pointer") << "<bar x='100' y='50' width='200' height='10' " + scale + "</bar>";
+    QTest::newRow("fill") << "<bar x='100' y='50' width='200' height='10' look='fill' " + scale +
+                                 "</bar>";
+}
+
+void TestViewFrame::scalesWithoutEndsPointNowhere()
+{
+    QFETCH(QByteArray, element);
+    load(element);
+    const auto points = [this] {
+        return find(0, Kind::Fill, 0xff123456) != nullptr &&
+               find(0, Kind::Stroke, 0xff654321) != nullptr;
+    };
+    const auto isBlank = [this] {
+        return find(0, Kind::Fill, 0xff123456) == nullptr &&
+               find(0, Kind::Stroke, 0xff654321) == nullptr;
+    };
+    QVERIFY(isBlank());
+    set("low", 0.0);
+    QVERIFY(isBlank());
+    set("high", 0.0); // no extent
+    QVERIFY(isBlank());
+    QVERIFY(textsOf(0).contains("5.0"));
+    set("high", 10.0);
+    QVERIFY(points());
+}
+
 void TestViewFrame::bars()
 {
     load("<bar x='100' y='50' width='200' height='10' min='0' max='10' value='a' value2='b' "
@@ -384,6 +419,7 @@ void TestViewFrame::texts_data()
     row("text='=v'/>", "", "2");
     row("value='v'><case value='1' text='one'/><case value='2' text='two'/></text>", "---", "two");
     row("value='v' text='?'><case value='1' text='one'/></text>", "---", "?");
+    row("value='v'><case value='1' text='one'/></text>", "---", "2");
     row("value='v' format='%d'><case value='1' text='one'/></text>", "---", "2");
     row("text='off'><case when='v > 1' text='on'/></text>", "off", "on");
 }
@@ -402,10 +438,14 @@ void TestViewFrame::texts()
 void TestViewFrame::tape()
 {
     load("<tape x='10' y='0' width='100' height='200' value='v' span='40' major='10' "
-         "format='%.0f'><range from='90' to='105' color='#00ff00'/></tape>");
+         "format='%.0f'><range from='90' to='105' color='#00ff00'/>"
+         "<range from='never' to='105' color='#0000ff'/></tape>"
+         "<tape x='10' y='0' width='100' height='200' value='v' span='wide' major='10'/>");
     QCOMPARE(textsOf(0), QStringList{"---"});
     set("v", 100.0);
     QCOMPARE(textsOf(0), (QStringList{"80", "90", "100", "110", "120", "100"}));
+    QVERIFY(find(0, Kind::Fill, 0xff0000ff) == nullptr); // it would begin at 0
+    QCOMPARE(textsOf(1), QStringList{"100"});            // no scale of unknown width
     const DrawCommand* const range = find(0, Kind::Fill, 0xff00ff00);
     QVERIFY(range != nullptr);
     QCOMPARE(boundsOf(0, *range).top(), 75.0); // 5 for each, 100 in the middle
@@ -420,11 +460,14 @@ void TestViewFrame::brokenPlacesAreNotDrawn()
     load("<circle x='a' y='1' radius='5'/><circle x='1' y='1' radius='-5'/>"
          "<rectangle x='1' y='1' width='0' height='5'/><gauge x='1' y='1' radius='0' value='1' "
          "min='0' max='1'/><bar x='1' y='1' width='9' height='2' value='1' min='1' max='1'/>"
-         "<polygon points='0,0; 1,1'/><line x='1' y='1' x2='2' y2='2' thickness='0'/>");
-    for (const std::size_t element : {0U, 1U, 2U, 3U, 5U, 6U})
+         "<polygon points='0,0; 1,1'/><line x='1' y='1' x2='2' y2='2' thickness='0'/>"
+         "<polygon points='0,0; 9,0; 9,a; 0,9'/><polyline points='0,0; a,0; 9,9'/>"
+         "<ring x='9' y='9' radius='9' inner='a' start='0' sweep='90'/>");
+    for (const std::size_t element : {0U, 1U, 2U, 3U, 5U, 6U, 7U, 8U, 9U})
         QVERIFY(m_frame.drawList(element).commands.empty());
     set("a", 3.0);
-    QCOMPARE(m_frame.drawList(0).commands.size(), 1U);
+    for (const std::size_t element : {0U, 7U, 8U, 9U})
+        QCOMPARE(m_frame.drawList(element).commands.size(), 1U);
 }
 
 void TestViewFrame::meshCoversItsFigure_data()

@@ -129,6 +129,8 @@ void TestViewReader::reports_data()
         {":2:2: \"a\" is used before it is defined"}, 0);
     row("crossed definitions", "<define name='a' value='b'/><define name='b' value='a'/>",
         {":2:30: \"b\" is used before it is defined"}, 0);
+    row("second definition", "<define name='a' value='1'/>\n <define name='a' value='2'/>",
+        {":3:3: \"a\" is already defined"}, 0);
     row("empty definition", "<define name=' ' value='1'/>",
         {":2:2: a definition needs \"name\" and \"value\""}, 0);
     row("bad points", "<polygon points='0,0; 1,1; 2'/>", {":2:29: a point needs \"x, y\""}, 1);
