@@ -11,6 +11,7 @@
 #include <QTemporaryDir>
 
 #include <GL/gl.h>
+#include <array>
 #include <benchmark/benchmark.h>
 #include <bit>
 #include <cmath>
@@ -25,28 +26,73 @@ constexpr int samplesPerTrace = 1'000'000;
 constexpr int fedSamples = 10'000'000;
 constexpr QSize pictureSize(1600, 900);
 constexpr double spacing = 0.05; ///< seconds
+constexpr double ticksPerSecond = 1e9 / RecordFormat::nanosecondsPerTick;
 
-void fill(Graph& graph)
+struct Feed
 {
-    graph.setTraceCount(traces);
-    for (int i = 0; i < traces; ++i) {
-        GraphTrace& trace = graph.trace(i);
-        trace.reserve(samplesPerTrace);
-        unsigned noise = static_cast<unsigned>(i) + 1;
-        for (int k = 0; k < samplesPerTrace; ++k) {
-            noise = noise * 1664525U + 1013904223U;
-            trace.append(k * spacing, std::sin(k * 1e-4) + static_cast<double>(noise >> 16) * 1e-6,
-                         1);
-        }
-    }
+    Profile profile;
+    DataSet dataSet;
+};
+
+/// A device with FLOAT parameters, two in each message.
+std::unique_ptr<Feed> feedOf(int parameters)
+{
+    auto feed = std::make_unique<Feed>();
+    QByteArray xml = "<KorvanProfile><Device name='D'>";
+    for (int i = 0; i < parameters; ++i)
+        xml += "<Parameter name='p" + QByteArray::number(i) + "' id='" +
+               QByteArray::number(i / 2 + 1) + "' startByte='" + QByteArray::number(i % 2 * 4) +
+               "' dataType='FLOAT' factor='1.5'/>";
+    const QTemporaryDir directory;
+    QFile file(directory.filePath(QStringLiteral("Profile.xml")));
+    if (file.open(QIODevice::WriteOnly) && file.write(xml + "</Device></KorvanProfile>") > 0 &&
+        file.flush())
+        feed->profile.loadProfil(file.fileName(), {});
+    return feed;
 }
 
+void add(DataSet& dataSet, std::uint32_t id, int index, std::array<float, 2> values)
+{
+    const auto ticks = static_cast<std::uint64_t>(index * spacing * ticksPerSecond);
+    StoredSample* const sample = dataSet.messages.append(
+        id, static_cast<std::uint32_t>(ticks >> 32), static_cast<std::uint32_t>(ticks));
+    for (std::size_t byte = 0; byte < sample->data.size(); ++byte)
+        sample->data[byte] = static_cast<unsigned char>(
+            std::bit_cast<std::uint32_t>(values[byte / 4]) >> (8 * (byte % 4)));
+}
+
+/// A recording of as many parameters as there are traces, message after message as the unit sends
+/// them.
+const Feed& recording()
+{
+    static const auto made = [] {
+        auto feed = feedOf(traces);
+        unsigned noise = 1;
+        for (int k = 0; k < samplesPerTrace; ++k) {
+            for (std::uint32_t id = 1; id <= traces / 2; ++id) {
+                std::array<float, 2> values{};
+                for (float& value : values) {
+                    noise = noise * 1664525U + 1013904223U;
+                    value = static_cast<float>(std::sin(k * 1e-4) + (noise >> 16) * 1e-6);
+                }
+                add(feed->dataSet, id, k, values);
+            }
+        }
+        return feed;
+    }();
+    return *made;
+}
+
+/// Filled as the page fills it.
 Graph& longGraph()
 {
     static const auto graph = [] {
         auto made = std::make_unique<Graph>();
-        fill(*made);
         made->setSize(pictureSize.width(), pictureSize.height());
+        made->setTraceCount(traces);
+        int index = 0;
+        for (const ProfileParameter& parameter : recording().profile.parameters())
+            feedTrace(*made, index++, recording().profile, parameter, recording().dataSet);
         made->setWindow(0.0, samplesPerTrace * spacing);
         return made;
     }();
@@ -56,9 +102,12 @@ Graph& longGraph()
 void rebuildColumns(benchmark::State& state)
 {
     Graph& graph = longGraph();
+    double shift = 0.0; // another window each time: for the same one, columns are known
     for (auto _ : state) {
+        shift = spacing - shift;
         for (int i = 0; i < traces; ++i)
-            graph.trace(i).rebuild(graph.windowStart, graph.windowEnd, graph.pixelSeconds());
+            graph.trace(i).rebuild(graph.windowStart + shift, graph.windowEnd,
+                                   graph.pixelSeconds());
     }
 }
 
@@ -168,31 +217,12 @@ void drawBareStrips(benchmark::State& state)
         widget->frame(true);
 }
 
-struct Feed
-{
-    Profile profile;
-    DataSet dataSet;
-};
-
-const Feed& feed()
+const Feed& longSeries()
 {
     static const auto made = [] {
-        auto feed = std::make_unique<Feed>();
-        const QTemporaryDir directory;
-        QFile file(directory.filePath(QStringLiteral("Profile.xml")));
-        if (file.open(QIODevice::WriteOnly) &&
-            file.write("<KorvanProfile><Device name='D'><Parameter name='p' id='1' "
-                       "dataType='FLOAT' factor='1.5'/></Device></KorvanProfile>") > 0 &&
-            file.flush())
-            feed->profile.loadProfil(file.fileName(), {});
-        for (int i = 0; i < fedSamples; ++i) {
-            const auto ticks = static_cast<std::uint64_t>(i) * 320'000;
-            StoredSample* const sample = feed->dataSet.messages.append(
-                1, static_cast<std::uint32_t>(ticks >> 32), static_cast<std::uint32_t>(ticks));
-            const auto bits = std::bit_cast<std::uint32_t>(static_cast<float>(i % 1000));
-            for (std::size_t byte = 0; byte < 4; ++byte)
-                sample->data[byte] = static_cast<unsigned char>(bits >> (8 * byte));
-        }
+        auto feed = feedOf(1);
+        for (int i = 0; i < fedSamples; ++i)
+            add(feed->dataSet, 1, i, {static_cast<float>(i % 1000), 0.0F});
         return feed;
     }();
     return *made;
@@ -200,10 +230,10 @@ const Feed& feed()
 
 void decodeOnly(benchmark::State& state)
 {
-    const ProfileParameter& parameter = feed().profile.parameters().front();
+    const ProfileParameter& parameter = longSeries().profile.parameters().front();
     for (auto _ : state) {
         double sum = 0.0;
-        for (const StoredSample& sample : seriesOf(feed().dataSet.messages, parameter)) {
+        for (const StoredSample& sample : seriesOf(longSeries().dataSet.messages, parameter)) {
             sum += decodeNumber(sample.data, parameter);
         }
         benchmark::DoNotOptimize(sum);
@@ -214,7 +244,8 @@ void decodeAndAppend(benchmark::State& state)
 {
     Graph graph;
     for (auto _ : state)
-        feedTrace(graph, 0, feed().profile, feed().profile.parameters().front(), feed().dataSet);
+        feedTrace(graph, 0, longSeries().profile, longSeries().profile.parameters().front(),
+                  longSeries().dataSet);
 }
 
 BENCHMARK(rebuildColumns)->Unit(benchmark::kMillisecond);

@@ -21,6 +21,7 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <utility>
 
 namespace KOLT {
 
@@ -34,6 +35,8 @@ constexpr double edge = 0.1; ///< of the span, within which the window is paged
 constexpr double allMargin = 0.1;
 constexpr int buttonSize = 32;
 constexpr int groupSpacing = 5;
+constexpr std::chrono::milliseconds feedBudget(15); ///< at a time
+constexpr int showMilliseconds = 100; ///< between pictures of the traces filled so far
 constexpr int graphState = 0;
 constexpr int emptyState = 1;
 
@@ -146,6 +149,8 @@ DialogDataGraph::DialogDataGraph(const Profile& profile, QWidget* parent)
     connect(m_graph, &WidgetGraphBase::signalManMode, this, &DialogDataGraph::slotManMode);
     connect(m_graph, &WidgetGraphBase::signalMoveParameter, this,
             &DialogDataGraph::slotMoveParameter);
+    m_feeder = std::make_unique<TraceFeeder>(m_graph->editGraph());
+    connect(&m_feedTimer, &QTimer::timeout, this, &DialogDataGraph::slotTimeoutFeed);
     connect(&m_holdTimer, &QTimer::timeout, this, &DialogDataGraph::slotTimeout);
     m_holdTimer.start(holdMilliseconds);
     m_graph->setSettings(m_settings);
@@ -153,6 +158,8 @@ DialogDataGraph::DialogDataGraph(const Profile& profile, QWidget* parent)
     slotManMode();
     showData();
 }
+
+DialogDataGraph::~DialogDataGraph() = default;
 
 void DialogDataGraph::createBar()
 {
@@ -188,6 +195,9 @@ void DialogDataGraph::createBar()
     addOwn("copy", tr("Copy picture"), &DialogDataGraph::copyPicture);
     addOwn("graph-setup", tr("Oscilloscope Setup"), &DialogDataGraph::showSetup);
     m_bar->addStretch();
+    m_progress = new QLabel(this);
+    m_progress->hide();
+    m_bar->addWidget(m_progress);
     connect(m_buttons, &QButtonGroup::idPressed, this, &DialogDataGraph::slotCommandPress);
     connect(m_buttons, &QButtonGroup::idReleased, this, &DialogDataGraph::slotCommandRelease);
 }
@@ -216,16 +226,24 @@ std::vector<const ProfileParameter*> DialogDataGraph::parameters() const
     return chosen;
 }
 
-void DialogDataGraph::dropData()
+void DialogDataGraph::clearTraces()
 {
+    m_feeder->cancel();
+    m_feedTimer.stop();
+    m_progress->hide();
     m_graph->setTraceCount(1);
     m_graph->editGraph().setVisible(0, false);
     m_graph->refresh();
 }
 
+void DialogDataGraph::dropData()
+{
+    clearTraces();
+    m_isNewData = true;
+}
+
 void DialogDataGraph::showData()
 {
-    dropData();
     const std::vector<const ProfileParameter*> chosen = parameters();
     const bool hasTraces = dataSet() != nullptr && !chosen.empty();
     m_empty->setText(
@@ -234,14 +252,34 @@ void DialogDataGraph::showData()
             : tr("No parameters are selected. Check some in the list on the left and press "
                  "\"Confirm Selection\"."));
     m_stack->setCurrentIndex(hasTraces ? graphState : emptyState);
-    if (!hasTraces)
+    if (!hasTraces) {
+        clearTraces();
         return;
-    Graph& graph = m_graph->editGraph();
-    graph.setTraceCount(static_cast<int>(chosen.size()));
-    int index = 0;
-    for (const ProfileParameter* parameter : chosen)
-        feedTrace(graph, index++, m_profile, *parameter, *dataSet());
+    }
+    m_feeder->begin(m_profile, chosen, *dataSet());
     m_graph->setExtent(dataSet()->startSeconds, dataSet()->stopSeconds);
+    if (std::exchange(m_isNewData, false)) {
+        Graph& graph = m_graph->editGraph();
+        graph.markerLeft = dataSet()->startSeconds;
+        graph.markerRight = dataSet()->startSeconds;
+    }
+    m_sinceShown.start();
+    m_feedTimer.start(0);
+    slotTimeoutFeed(); // short recordings are there at once
+}
+
+void DialogDataGraph::slotTimeoutFeed()
+{
+    const bool isDone = m_feeder->feed(feedBudget);
+    if (isDone)
+        m_feedTimer.stop();
+    if (isDone || m_sinceShown.elapsed() > showMilliseconds) {
+        m_graph->refresh();
+        m_sinceShown.start();
+    }
+    m_progress->setVisible(!isDone);
+    m_progress->setText(
+        tr("Reading traces: %1 of %2").arg(m_feeder->filled()).arg(m_feeder->total()));
 }
 
 void DialogDataGraph::showTime()
@@ -284,7 +322,7 @@ void DialogDataGraph::slotCommandRelease(int id)
                            std::max(graph.markerLeft, graph.markerRight));
         break;
     case ClearAll:
-        dropData();
+        clearTraces();
         break;
     case AutomaticMode:
         m_settings.isAutomatic = m_buttons->button(AutomaticMode)->isChecked();

@@ -3,8 +3,11 @@
 #include "analysis/DataPage.h"
 #include "graph/Graph.h"
 
+#include <QElapsedTimer>
 #include <QTimer>
 #include <QWidget>
+
+#include <memory>
 
 class QButtonGroup;
 class QHBoxLayout;
@@ -16,18 +19,26 @@ namespace KOLT {
 
 class DialogGraphSetup;
 class Profile;
+class TraceFeeder;
 class WidgetGraphBase;
 
 /// The "Graph" page: the oscilloscope with its command bar. Owns the graph's settings and keeps
 /// them in the program's settings.
+///
+/// Traces of long recordings are filled while the window goes on: all are there at once, but empty
+/// until their turn comes.
 class DialogDataGraph : public QWidget, public DataPage
 {
     Q_OBJECT
 
 public:
     explicit DialogDataGraph(const Profile& profile, QWidget* parent = nullptr);
+    ~DialogDataGraph() override;
 
     const WidgetGraphBase& widget() const { return *m_graph; }
+
+    /// Whether some traces are still to be filled.
+    bool isFeeding() const { return m_feedTimer.isActive(); }
 
 signals:
     void signalCursor(float seconds, double value);
@@ -43,6 +54,7 @@ private slots:
     void slotCommandPress(int id);
     void slotCommandRelease(int id);
     void slotTimeout();
+    void slotTimeoutFeed();
     void slotManMode();
     void slotGraphSetup();
     void slotMoveParameter(int trace, int row);
@@ -63,6 +75,7 @@ private:
         NoCommand = 99
     };
 
+    void clearTraces();
     void createBar();
     void addButton(Command id, const QString& icon, const QString& tip, bool isCheckable,
                    bool isShown);
@@ -83,6 +96,11 @@ private:
     QHBoxLayout* m_bar = nullptr;
     QLabel* m_empty = nullptr;
     QStackedLayout* m_stack = nullptr;
+    QLabel* m_progress = nullptr;
+    std::unique_ptr<TraceFeeder> m_feeder;
+    QTimer m_feedTimer;
+    QElapsedTimer m_sinceShown; ///< since the picture of the traces filled so far
+    bool m_isNewData = true;    ///< its traces were not shown yet
     QTimer m_holdTimer;
     int m_heldCommand = NoCommand;
     bool m_isSettingModes = false; ///< the mode buttons are set by the program

@@ -40,6 +40,8 @@ struct TraceSource
     const ProfileParameter* parameter = nullptr; ///< null for a bare trace
     double factor = 1.0; ///< from metric to shown values: value * factor + offset
     double offset = 0.0;
+
+    bool operator==(const TraceSource&) const = default;
 };
 
 struct EventLine

@@ -73,102 +73,46 @@ QColor GraphTrace::defaultColor(int index)
 
 void GraphTrace::reserve(std::size_t samples)
 {
-    m_times.reserve(samples);
+    m_times->reserve(samples);
     m_values.reserve(samples);
 }
 
-void GraphTrace::setSamples(const MessageSeries& series, SampleValues values,
-                            std::vector<std::uint32_t> gaps, bool isAscending)
+void GraphTrace::setSamples(std::shared_ptr<SampleTimes> times, SampleValues values)
 {
     clear();
-    m_series = &series;
+    m_times = std::move(times);
     m_values = std::move(values);
-    m_gaps = std::move(gaps);
-    m_isAscending = isAscending;
+}
+
+void GraphTrace::takeSamples(GraphTrace& other)
+{
+    m_times = other.m_times;
+    m_values = std::move(other.m_values);
+    m_pyramid = std::move(other.m_pyramid);
+    m_columns = std::move(other.m_columns);
+    m_start = other.m_start;
+    m_end = other.m_end;
+    other.clear();
 }
 
 void GraphTrace::append(double time, double value, int mark)
 {
-    if (!m_times.empty() && !(time >= m_times.back()))
-        m_isAscending = false;
-    if (mark == 0)
-        m_gaps.push_back(static_cast<std::uint32_t>(m_times.size()));
-    m_times.push_back(time);
-    m_values.push_back(value);
+    m_times->append(time, mark);
+    m_values.push_back(plottable(value));
 }
 
 void GraphTrace::clear()
 {
-    m_series = nullptr;
-    m_times = {};
+    m_times = std::make_shared<SampleTimes>();
     m_values = {};
-    m_gaps = {};
     m_columns = {};
     m_pyramid.clear();
-    m_isAscending = true;
 }
 
-template <typename Predicate>
-std::size_t GraphTrace::partitionPoint(Predicate&& predicate) const
+void GraphTrace::addColumn(const SampleTimes::Run& run, std::size_t to)
 {
-    std::size_t low = 0;
-    std::size_t high = size();
-    while (low < high) {
-        const std::size_t middle = low + (high - low) / 2;
-        if (predicate(timeOf(middle)))
-            low = middle + 1;
-        else
-            high = middle;
-    }
-    return low;
-}
-
-std::size_t GraphTrace::positionAt(double time) const
-{
-    const auto isBefore = [time](double sample) { return sample < time; };
-    if (m_isAscending)
-        return partitionPoint(isBefore);
-    std::size_t position = 0;
-    while (position < size() && isBefore(timeOf(position)))
-        ++position;
-    return position;
-}
-
-bool GraphTrace::hasGap(std::size_t from, std::size_t to) const
-{
-    const auto gap = std::ranges::lower_bound(m_gaps, from);
-    return gap != m_gaps.end() && *gap < to;
-}
-
-std::size_t GraphTrace::columnEnd(std::size_t from, std::size_t limit, double pixelSeconds) const
-{
-    const double start = timeOf(from);
-    const auto isInside = [&](std::size_t i) { return timeOf(i) - start <= pixelSeconds; };
-    // The column before is a good guess; from there in growing steps, then by halving.
-    std::size_t inside = from;
-    std::size_t behind = limit;
-    std::size_t guess = std::min(from + m_step, limit);
-    for (std::size_t reach = 1; guess < behind && guess > inside; reach *= 2) {
-        if (isInside(guess)) {
-            inside = guess;
-            guess = std::min(inside + reach, limit);
-        } else {
-            behind = guess;
-            guess = behind > reach ? std::max(behind - reach, inside) : inside;
-        }
-    }
-    while (behind - inside > 1) {
-        const std::size_t middle = inside + (behind - inside) / 2;
-        (isInside(middle) ? inside : behind) = middle;
-    }
-    return behind;
-}
-
-void GraphTrace::addColumn(std::size_t from, std::size_t to)
-{
-    GraphColumn& column = m_columns.emplace_back(columnOf(timeOf(from), m_values[from], 1));
-    if (!m_gaps.empty() && hasGap(from, to))
-        column.mark = 0;
+    const std::size_t from = run.first;
+    GraphColumn& column = m_columns.emplace_back(columnOf(run.time, m_values[from], run.mark));
     const std::size_t count = to - from;
     if (count == 1)
         return;
@@ -194,34 +138,29 @@ void GraphTrace::addColumn(std::size_t from, std::size_t to)
 void GraphTrace::rebuild(double start, double end, double pixelSeconds)
 {
     m_columns.clear();
-    std::size_t position = positionAt(start);
-    if (position >= 2)
-        --position;
-    if (!m_isAscending) {
+    m_start = start;
+    m_end = end;
+    if (!m_times->isAscending()) {
+        std::size_t position = m_times->positionAt(start);
+        if (position >= 2)
+            --position;
         for (std::size_t i = position; i < size(); ++i) {
-            mergeSample(m_columns, pixelSeconds, timeOf(i), m_values[i], hasGap(i, i + 1) ? 0 : 1);
-            if (timeOf(i) >= end)
+            const double time = m_times->at(i);
+            mergeSample(m_columns, pixelSeconds, time, m_values[i],
+                        m_times->hasGap(i, i + 1) ? 0 : 1);
+            if (time >= end)
                 break;
         }
         return;
     }
     m_pyramid.extend(m_values);
-    const std::size_t limit = std::min(positionAt(end) + 1, size());
-    while (position < limit) {
-        const std::size_t next = columnEnd(position, limit, pixelSeconds);
-        addColumn(position, next);
-        m_step = next - position;
-        position = next;
-        // Long traces do not fit the cache, and their columns come in regular steps.
+    const std::span<const SampleTimes::Run> runs = m_times->runs(start, end, pixelSeconds);
+    for (std::size_t i = 0; i + 1 < runs.size(); ++i) {
+        addColumn(runs[i], runs[i + 1].first);
+        // Long traces do not fit the cache.
         constexpr std::size_t ahead = 8;
-        const std::size_t later = position + ahead * m_step;
-        if (m_step > 8 && later < limit) {
-            if (m_series != nullptr)
-                __builtin_prefetch(&(*m_series)[later]);
-            else
-                __builtin_prefetch(&m_times[later]);
-            RangePyramid::prefetch(m_values, later);
-        }
+        if (i + ahead < runs.size() && runs[i + 1].first - runs[i].first > 8)
+            RangePyramid::prefetch(m_values, runs[i + ahead].first);
     }
 }
 
@@ -229,16 +168,27 @@ std::optional<double> GraphTrace::valueAt(double time) const
 {
     if (isEmpty() || !(time >= firstTime()) || time > lastTime())
         return std::nullopt;
-    const std::size_t position = positionAt(time);
+    const std::size_t position = m_times->positionAt(time);
     return m_values[position > 0 ? position - 1 : 0];
 }
 
 std::optional<std::pair<double, double>> GraphTrace::visibleRange() const
 {
+    // A sample beside the window is seen only through the line that joins it to one inside.
+    std::size_t first = 0;
+    std::size_t last = m_columns.size();
+    const auto isBroken = [this](std::size_t i) {
+        return i < m_columns.size() && m_columns[i].mark == 0;
+    };
+    if (first < last && m_columns.front().time < m_start && m_columns.front().fill == oneSample &&
+        isBroken(1))
+        ++first;
+    if (first < last && m_columns.back().time > m_end && isBroken(last - 1))
+        --last;
     RangePyramid::Range range;
-    for (const GraphColumn& column : m_columns) {
-        range.add(column.lowest);
-        range.add(column.highest);
+    for (std::size_t i = first; i < last; ++i) {
+        range.add(m_columns[i].lowest);
+        range.add(m_columns[i].highest);
     }
     if (range.isEmpty())
         return std::nullopt;
@@ -247,11 +197,11 @@ std::optional<std::pair<double, double>> GraphTrace::visibleRange() const
 
 std::optional<RangeStatistic> GraphTrace::statistic(double from, double to) const
 {
-    if (isEmpty() || !m_isAscending)
+    if (isEmpty() || !m_times->isAscending())
         return std::nullopt;
     m_pyramid.extend(m_values);
-    const std::size_t first = positionAt(from);
-    const std::size_t last = partitionPoint([to](double sample) { return sample <= to; });
+    const std::size_t first = m_times->positionAt(from);
+    const std::size_t last = m_times->positionBehind(to);
     if (first >= last)
         return std::nullopt;
     const RangePyramid::Range range = m_pyramid.range(m_values, first, last);

@@ -1,13 +1,12 @@
 #pragma once
 
 #include "graph/RangePyramid.h"
-#include "graph/SampleMemory.h"
-#include "record/MessageSeries.h"
+#include "graph/SampleTimes.h"
 
 #include <QColor>
 #include <QString>
 
-#include <cstdint>
+#include <memory>
 #include <optional>
 #include <vector>
 
@@ -45,6 +44,12 @@ struct RangeStatistic
     double mean = 0.0; ///< of the samples
 };
 
+/// A value as traces hold it: what is infinite has no place on a scale, and counts as no number.
+inline double plottable(double value)
+{
+    return value + value * 0.0; // 0 times infinity is none
+}
+
 /// One parameter's samples over time, and the columns of the visible part.
 ///
 /// Times are seconds on the unit's counter. They should ascend; where they do not, everything still
@@ -62,15 +67,24 @@ public:
     double bandOffset = 0.0; ///< pixels from the bottom of the widget
     double bandHeight = 0.0; ///< pixels
 
+    GraphTrace() = default;
+    GraphTrace(GraphTrace&&) = default; ///< copies would append to one list of times
+    GraphTrace& operator=(GraphTrace&&) = default;
+
     /// Red, green, blue and their dark mixtures, again from the start after six.
     static QColor defaultColor(int index);
 
-    /// Takes samples whose times stand in a series, which must outlive their use here: one value
-    /// for each, and the positions of those that come after a gap, ascending.
-    void setSamples(const MessageSeries& series, SampleValues values,
-                    std::vector<std::uint32_t> gaps, bool isAscending);
+    /// Takes samples, one value for each of the times, which traces of one message share.
+    void setSamples(std::shared_ptr<SampleTimes> times, SampleValues values);
+
+    /// Takes the samples of another trace, which is empty then.
+    void takeSamples(GraphTrace& other);
+
+    const std::shared_ptr<SampleTimes>& times() const { return m_times; }
+
     void reserve(std::size_t samples);
-    /// A mark of 0 says that samples are missing before this one.
+    /// A mark of 0 says that samples are missing before this one. Only for a trace whose times are
+    /// its own.
     void append(double time, double value, int mark);
     /// Drops samples and columns.
     void clear();
@@ -79,9 +93,9 @@ public:
 
     bool isEmpty() const { return m_values.empty(); }
 
-    double firstTime() const { return timeOf(0); }
+    double firstTime() const { return m_times->at(0); }
 
-    double lastTime() const { return timeOf(size() - 1); }
+    double lastTime() const { return m_times->at(size() - 1); }
 
     /// Rebuilds the columns of the window [start, end]: from the sample before it to the first one
     /// at or behind its end. O(columns * log samples).
@@ -93,7 +107,8 @@ public:
     /// time. None outside of the samples.
     std::optional<double> valueAt(double time) const;
 
-    /// Lowest and highest value of what is drawn; none without a number among them.
+    /// Lowest and highest value of what is drawn within the window; none without a number among
+    /// them.
     std::optional<std::pair<double, double>> visibleRange() const;
 
     /// Of the samples within [from, to]; none when there is no number among them.
@@ -101,28 +116,14 @@ public:
     std::optional<RangeStatistic> statistic(double from, double to) const;
 
 private:
-    double timeOf(std::size_t index) const
-    {
-        return m_series != nullptr ? (*m_series)[index].seconds() : m_times[index];
-    }
+    void addColumn(const SampleTimes::Run& run, std::size_t to);
 
-    /// The first position for which the predicate is false; it must be true, then false.
-    template <typename Predicate>
-    std::size_t partitionPoint(Predicate&& predicate) const;
-    /// Number of samples before the time; the first position at or after it.
-    std::size_t positionAt(double time) const;
-    void addColumn(std::size_t from, std::size_t to);
-    bool hasGap(std::size_t from, std::size_t to) const;
-    std::size_t columnEnd(std::size_t from, std::size_t limit, double pixelSeconds) const;
-
-    const MessageSeries* m_series = nullptr; ///< holds the times, where it is set
-    SampleValues m_times;                    ///< otherwise
+    std::shared_ptr<SampleTimes> m_times = std::make_shared<SampleTimes>();
     SampleValues m_values;
-    std::vector<std::uint32_t> m_gaps; ///< positions with a mark of 0, ascending
-    bool m_isAscending = true;
     mutable RangePyramid m_pyramid;
     std::vector<GraphColumn> m_columns;
-    std::size_t m_step = 1; ///< samples of the column before, the first guess for the next
+    double m_start = 0.0; ///< of the window that the columns are of
+    double m_end = 0.0;
 };
 
 } // namespace KOLT

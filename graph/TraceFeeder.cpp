@@ -4,15 +4,14 @@
 #include "profile/ValueDecoder.h"
 
 #include <algorithm>
-#include <cmath>
 
 namespace KOLT {
 
 namespace {
 
-constexpr double gapFactor = 3.0;
-constexpr double shortestGap = 1.0; ///< seconds
-constexpr double ticksPerSecond = 1e9 / RecordFormat::nanosecondsPerTick;
+constexpr std::int64_t gapFactor = 3;
+constexpr auto shortestGap =
+    static_cast<std::int64_t>(1e9 / RecordFormat::nanosecondsPerTick); ///< a second in ticks
 constexpr int mostDecimals = 3;
 
 /// The unit's counter as it stands in the sample; seconds cost more than comparing needs.
@@ -21,28 +20,58 @@ std::int64_t ticksOf(const StoredSample& sample)
     return static_cast<std::int64_t>(sample.timeHigh) << 32 | sample.timeLow;
 }
 
-/// The middle one of the spacings, from some hundred of them all over the series.
-double usualSpacing(const MessageSeries& series)
+/// The middle one of the spacings in ticks, from some hundred of them all over the series.
+std::int64_t usualSpacing(const MessageSeries& series)
 {
     constexpr std::size_t looks = 501;
-    std::vector<double> spacings;
+    std::vector<std::int64_t> spacings;
     const std::size_t step = std::max<std::size_t>(series.size() / looks, 1);
     for (std::size_t i = 1; i < series.size(); i += step)
-        spacings.push_back(series[i].seconds() - series[i - 1].seconds());
+        spacings.push_back(ticksOf(series[i]) - ticksOf(series[i - 1]));
     if (spacings.empty())
-        return 0.0;
+        return 0;
     const auto middle = spacings.begin() + static_cast<std::ptrdiff_t>(spacings.size() / 2);
     std::ranges::nth_element(spacings, middle);
     return *middle;
 }
 
-} // namespace
-
-void feedTrace(Graph& graph, int index, const Profile& profile, const ProfileParameter& parameter,
-               const DataSet& dataSet)
+/// The times of the series, if some trace has them already.
+std::shared_ptr<SampleTimes> knownTimes(const Graph& graph, const MessageSeries& series)
 {
-    if (!graph.hasTrace(index))
-        return;
+    for (int i = 0; i < graph.traceCount(); ++i) {
+        const auto& times = graph.trace(i).times();
+        if (times->series() == &series && times->size() == series.size())
+            return times;
+    }
+    return nullptr;
+}
+
+/// One walk over the series finds out about its times and decodes the values.
+template <typename Decode>
+std::shared_ptr<SampleTimes> walk(const MessageSeries& series, SampleValues& values,
+                                  Decode&& decode)
+{
+    // The next sample is missing when it is late by more than this.
+    const std::int64_t usual = std::max(gapFactor * usualSpacing(series), shortestGap - 1);
+    std::vector<std::uint32_t> gaps;
+    bool isAscending = true;
+    std::int64_t before = series.empty() ? 0 : ticksOf(series[0]);
+    double* place = values.data();
+    for (const StoredSample& sample : series) {
+        const std::int64_t ticks = ticksOf(sample);
+        if (ticks - before > usual)
+            gaps.push_back(static_cast<std::uint32_t>(place - values.data()));
+        isAscending = isAscending && ticks >= before;
+        before = ticks;
+        *place++ = decode(sample);
+    }
+    return std::make_shared<SampleTimes>(series, std::move(gaps), isAscending);
+}
+
+/// All that a trace shows of its parameter but the samples.
+void describeTrace(Graph& graph, int index, const Profile& profile,
+                   const ProfileParameter& parameter)
+{
     GraphTrace& trace = graph.trace(index);
     graph.setVisible(index, true);
     graph.setName(index, parameter.name, profile.unitLabel(parameter));
@@ -54,26 +83,81 @@ void feedTrace(Graph& graph, int index, const Profile& profile, const ProfilePar
     const bool isConverted = profile.isConverted(parameter);
     source.factor = isConverted ? parameter.conversion->factor : 1.0;
     source.offset = isConverted ? parameter.conversion->offset : 0.0;
+}
 
-    const MessageSeries& series = seriesOf(dataSet.messages, parameter);
-    const double gap = std::max(usualSpacing(series) * gapFactor, shortestGap);
-    SampleValues values(series.size());
-    std::vector<std::uint32_t> gaps;
+} // namespace
+
+void feedTrace(Graph& graph, int index, const Profile& profile, const ProfileParameter& parameter,
+               const DataSet& dataSet)
+{
+    if (!graph.hasTrace(index))
+        return;
+    describeTrace(graph, index, profile, parameter);
+    GraphTrace& trace = graph.trace(index);
+    trace.clear();
+    const TraceSource source = graph.source(index);
     PositionFilter filter;
-    bool isAscending = true;
-    const auto gapTicks = static_cast<std::int64_t>(gap * ticksPerSecond);
-    std::int64_t before = series.empty() ? 0 : ticksOf(series[0]);
-    double* place = values.data();
-    for (const StoredSample& sample : series) {
-        const std::int64_t ticks = ticksOf(sample);
-        if (ticks - before > gapTicks)
-            gaps.push_back(static_cast<std::uint32_t>(place - values.data()));
-        isAscending = isAscending && ticks >= before;
-        before = ticks;
+    const auto decode = [&](const StoredSample& sample) {
         const double value = decodeNumber(sample.data, parameter, &filter);
-        *place++ = isConverted ? value * source.factor + source.offset : value;
+        return plottable(value * source.factor + source.offset);
+    };
+    const MessageSeries& series = seriesOf(dataSet.messages, parameter);
+    SampleValues values(series.size());
+    std::shared_ptr<SampleTimes> times = knownTimes(graph, series);
+    if (times != nullptr)
+        std::ranges::transform(series.begin(), series.end(), values.begin(), decode);
+    else
+        times = walk(series, values, decode);
+    trace.setSamples(std::move(times), std::move(values));
+}
+
+void TraceFeeder::begin(const Profile& profile,
+                        const std::vector<const ProfileParameter*>& parameters,
+                        const DataSet& dataSet)
+{
+    m_profile = &profile;
+    m_dataSet = &dataSet;
+    m_pending.clear();
+    const ProfileParameter* const selected = m_graph.hasTrace(m_graph.selectedTrace)
+                                                 ? m_graph.source(m_graph.selectedTrace).parameter
+                                                 : nullptr;
+    std::vector<std::pair<GraphTrace, TraceSource>> before;
+    for (int i = 0; i < m_graph.traceCount(); ++i)
+        before.emplace_back(std::move(m_graph.trace(i)), m_graph.source(i));
+    m_graph.setTraceCount(static_cast<int>(parameters.size()));
+    for (int i = 0; i < m_graph.traceCount(); ++i) {
+        const ProfileParameter& parameter = *parameters[static_cast<std::size_t>(i)];
+        describeTrace(m_graph, i, profile, parameter);
+        if (&parameter == selected)
+            m_graph.selectedTrace = i;
+        const MessageSeries* const series = &seriesOf(dataSet.messages, parameter);
+        const auto same = std::ranges::find_if(before, [&](const auto& entry) {
+            const auto& [trace, source] = entry;
+            return source == m_graph.source(i) && trace.times()->series() == series &&
+                   trace.size() == series->size();
+        });
+        if (same != before.end())
+            m_graph.trace(i).takeSamples(same->first);
+        else
+            m_pending.push_back(i);
     }
-    trace.setSamples(series, std::move(values), std::move(gaps), isAscending);
+    m_total = m_pending.size();
+}
+
+bool TraceFeeder::feed(std::chrono::milliseconds budget)
+{
+    const auto start = std::chrono::steady_clock::now();
+    while (!m_pending.empty()) {
+        const int index = m_pending.front();
+        m_pending.pop_front();
+        feedTrace(m_graph, index, *m_profile, *m_graph.source(index).parameter, *m_dataSet);
+        // Sums up the samples, which takes as long as decoding them.
+        m_graph.trace(index).rebuild(m_graph.windowStart, m_graph.windowEnd,
+                                     m_graph.pixelSeconds());
+        if (std::chrono::steady_clock::now() - start >= budget)
+            break;
+    }
+    return m_pending.empty();
 }
 
 } // namespace KOLT

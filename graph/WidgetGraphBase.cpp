@@ -60,8 +60,6 @@ void WidgetGraphBase::setTraceCount(int count)
 void WidgetGraphBase::setExtent(double first, double last)
 {
     m_input.setExtent(first, last);
-    m_graph.markerLeft = first;
-    m_graph.markerRight = first;
     refresh();
 }
 

@@ -19,7 +19,7 @@ public:
 
     void setSettings(const GraphSettings& settings);
     void setTraceCount(int count);
-    /// The traces were filled: scales and shows them. First and last moment of the data.
+    /// The traces were made or filled: scales and shows them. First and last moment of the data.
     void setExtent(double first, double last);
 
     /// For whoever fills the traces; call setExtent() or refresh() afterwards.

@@ -35,6 +35,7 @@ private slots:
     void timeTicksForSpans();
     void valueTicksStayApart();
     void scalesToTheVisibleWindow();
+    void scaleLeavesOutWhatLiesBehindGaps();
     void cursorModes();
     void timeSpanKeepsAnEnd();
     void keys_data();
@@ -44,6 +45,8 @@ private slots:
     void handleDragMovesATrace();
     void wheelZoomsAboutThePointer();
     void feedingMarksGaps();
+    void tracesOfAMessageShareTheirTimes();
+    void feederKeepsWhatIsStillRight();
     void sceneBreaksLinesAtGaps();
     void cursorTextStaysInThePlot();
     void sceneJoinsStrokes_data();
@@ -364,6 +367,13 @@ void TestGraph::scalesToTheVisibleWindow()
     QCOMPARE(graph.trace(0).upper, 41.05);
     QCOMPARE(graph.trace(1).lower + graph.trace(1).upper, 10.0); // flat: centred
     QVERIFY(graph.trace(1).upper > 5.0);
+    graph.trace(0).append(101.0, std::numeric_limits<double>::infinity(), 1);
+    graph.trace(0).append(102.0, -std::numeric_limits<double>::infinity(), 1);
+    graph.trace(0).append(103.0, 110.0, 1);
+    graph.setWindow(95.0, 110.0);
+    QCOMPARE(graph.trace(0).lower, 93.2); // 94 to 110
+    QCOMPARE(graph.trace(0).upper, 110.8);
+    graph.setWindow(20.0, 40.0);
     graph.settings.isSplit = false;
     graph.rebuild();
     QVERIFY(graph.commonLower() < 5.0 && graph.commonUpper() > 40.0);
@@ -371,6 +381,21 @@ void TestGraph::scalesToTheVisibleWindow()
     graph.settings.yMinimum = graph.settings.yMaximum = 3.0; // would divide by zero
     graph.rebuild();
     QVERIFY(std::isfinite(graph.yOf(0, 3.0)));
+}
+
+/// No line leads to them, so the scale has nothing to do with them.
+void TestGraph::scaleLeavesOutWhatLiesBehindGaps()
+{
+    GraphTrace trace = traceOf(
+        {{0, 500, 1}, {1, 900, 1}, {2, 5, 0}, {3, 6, 1}, {4, 7, 1}, {5, -800, 0}, {6, 1, 1}});
+    const auto range = [&](double start, double end) {
+        trace.rebuild(start, end, 0.1);
+        return trace.visibleRange().value_or(std::pair(-1.0, -1.0));
+    };
+    QCOMPARE(range(1.5, 4.5), std::pair(5.0, 7.0));
+    QCOMPARE(range(1.0, 5.0), std::pair(-800.0, 900.0)); // at the very edges they are seen
+    QCOMPARE(range(2.5, 3.5), std::pair(5.0, 7.0));      // joined from both sides
+    QCOMPARE(range(4.2, 4.8), std::pair(-1.0, -1.0));    // nothing but missing data
 }
 
 void TestGraph::cursorModes()
@@ -553,6 +578,112 @@ void TestGraph::feedingMarksGaps()
         marks << column.mark;
     QCOMPARE(marks, (QList<int>{1, 1, 1, 1, 1, 1, 0, 1})); // 1.4 s is not three times 0.5 s
     feedTrace(graph, 99, profile, profile.parameters().front(), dataSet); // ignored
+    DataSet dense; // a second is the shortest gap
+    for (const double seconds : {0.0, 0.1, 0.2, 0.3, 1.25, 2.25, 2.35})
+        add(dense.messages, 1, seconds, floats(0.0F));
+    feedTrace(graph, 0, profile, profile.parameters().front(), dense);
+    trace.rebuild(0.0, 10.0, 0.01);
+    marks.clear();
+    for (const GraphColumn& column : trace.columns())
+        marks << column.mark;
+    QCOMPARE(marks, (QList<int>{1, 1, 1, 1, 1, 0, 1}));
+    add(dense.messages, 1, 2.45, floats(std::numeric_limits<float>::infinity()));
+    feedTrace(graph, 0, profile, profile.parameters().front(), dense);
+    trace.rebuild(0.0, 10.0, 0.01);
+    QCOMPARE(trace.visibleRange(), std::optional(std::pair(1.0, 1.0))); // 0 in feet
+}
+
+/// The second trace takes over what the first found out about the times of their message.
+void TestGraph::tracesOfAMessageShareTheirTimes()
+{
+    Profile profile;
+    QVERIFY(loadProfile(profile, device({"name='a' id='1' dataType='FLOAT'",
+                                         "name='b' id='1' startByte='4' dataType='FLOAT'",
+                                         "name='c' id='2' dataType='FLOAT'"})));
+    DataSet dataSet;
+    for (int i = 0; i < 3000; ++i) {
+        const double seconds = i * 0.1 + (i > 2000 ? 7.0 : 0.0);
+        const auto value = static_cast<float>(i * 37 % 101);
+        add(dataSet.messages, 1, seconds, floats(value, -value));
+        add(dataSet.messages, 2, seconds + 0.05, floats(value));
+    }
+    Graph graph;
+    graph.setTraceCount(3);
+    for (int i = 0; i < 3; ++i)
+        feedTrace(graph, i, profile, profile.parameters()[static_cast<std::size_t>(i)], dataSet);
+    QCOMPARE(graph.trace(0).times(), graph.trace(1).times());
+    QVERIFY(graph.trace(0).times() != graph.trace(2).times());
+    // Each window is looked up by the one and answered from memory for the other.
+    for (const double start : {0.0, 50.0, 150.0}) {
+        for (const double pixel : {0.7, 0.01}) {
+            std::vector<GraphColumn> expected;
+            for (int i = 0; i < 2; ++i)
+                graph.trace(i).rebuild(start, start + 100.0, pixel);
+            for (GraphColumn column : graph.trace(1).columns()) {
+                for (double* value : {&column.first, &column.low, &column.high, &column.last,
+                                      &column.lowest, &column.highest, &column.end})
+                    *value = -*value;
+                std::swap(column.lowest, column.highest);
+                expected.push_back(column);
+            }
+            QCOMPARE(graph.trace(0).columns().size(), expected.size());
+            for (std::size_t i = 0; i < expected.size(); ++i) {
+                const GraphColumn& column = graph.trace(0).columns()[i];
+                QCOMPARE(column.time, expected[i].time);
+                QCOMPARE(column.mark, expected[i].mark);
+                QCOMPARE(column.lowest, expected[i].lowest);
+                QCOMPARE(column.highest, expected[i].highest);
+                QCOMPARE(column.end, expected[i].end);
+            }
+        }
+    }
+}
+
+void TestGraph::feederKeepsWhatIsStillRight()
+{
+    Profile profile;
+    QVERIFY(loadProfile(
+        profile, "<UnitConversions><Unit unitMetric='m' unitImperial='ft' factor='2' offset='1'/>"
+                 "</UnitConversions>" +
+                     device({"name='a' id='1' dataType='FLOAT'",
+                             "name='b' id='2' dataType='FLOAT' unitMetric='m' unitImperial='ft'",
+                             "name='c' id='2' dataType='FLOAT'"})));
+    DataSet dataSet;
+    for (int i = 0; i < 100; ++i) {
+        add(dataSet.messages, 1, i, floats(1.0F));
+        add(dataSet.messages, 2, i, floats(2.0F));
+    }
+    const ProfileParameter* const a = &profile.parameters()[0];
+    const ProfileParameter* const b = &profile.parameters()[1];
+    const ProfileParameter* const c = &profile.parameters()[2];
+    Graph graph;
+    TraceFeeder feeder(graph);
+    const auto values = [&] {
+        QList<double> result;
+        for (int i = 0; i < graph.traceCount(); ++i)
+            result << graph.trace(i).valueAt(50.0).value_or(-1.0);
+        return result;
+    };
+    feeder.begin(profile, {a, b, c}, dataSet);
+    QCOMPARE(graph.trace(2).name, "c"); // named, and empty
+    QCOMPARE(values(), (QList<double>{-1, -1, -1}));
+    QVERIFY(!feeder.feed({})); // one at least, and no more than the time allows
+    QCOMPARE(values(), (QList<double>{1, -1, -1}));
+    graph.selectedTrace = 0;
+    feeder.begin(profile, {b, a}, dataSet); // before the others had their turn
+    QCOMPARE(values(), (QList<double>{-1, 1}));
+    QCOMPARE(graph.selectedTrace, 1); // a still
+    QVERIFY(feeder.feed({}));
+    QCOMPARE(values(), (QList<double>{2, 1}));
+    profile.setUnitSystem(UnitSystem::Imperial);
+    feeder.begin(profile, {a, b}, dataSet);
+    QCOMPARE(feeder.total(), std::size_t{1});
+    QCOMPARE(values(), (QList<double>{1, -1}));
+    QVERIFY(feeder.feed({}));
+    QCOMPARE(values(), (QList<double>{1, 5}));
+    add(dataSet.messages, 1, 100.0, floats(9.0F)); // the series went on
+    feeder.begin(profile, {a, b}, dataSet);
+    QCOMPARE(values(), (QList<double>{-1, 5}));
 }
 
 namespace {

@@ -43,6 +43,8 @@ private slots:
     void mouseReachesTheSignals();
     void keyGivesTheCursorBack();
     void draggedHandleGivesAnOrder();
+    void refreshKeepsMarkersAndSelection();
+    void longRecordingsAppearByAndBy();
     void setupChangesTheGraph();
     void settingsAreKept();
     void snapshot();
@@ -89,6 +91,7 @@ void TestGraphPage::init()
     m_page->setTime(150.0);
     m_page->show();
     QVERIFY(QTest::qWaitForWindowExposed(m_page.get()));
+    QTRY_VERIFY(!m_page->isFeeding());
 }
 
 void TestGraphPage::drawsWhatIsThere()
@@ -270,6 +273,67 @@ void TestGraphPage::draggedHandleGivesAnOrder()
     QCOMPARE(graph().windowStart, start);
     QCOMPARE(m_profile.selectedParameters().front()->name, "b");
     m_profile.setDisplayOrder({});
+}
+
+void TestGraphPage::refreshKeepsMarkersAndSelection()
+{
+    QTest::mouseClick(widget(), Qt::MiddleButton, {}, place(140.0, widget()->height() - 60));
+    QCOMPARE(graph().selectedTrace, 1);
+    QTest::keyClick(widget(), Qt::Key_M);
+    const double left = graph().markerLeft;
+    const double right = graph().markerRight;
+    QVERIFY(left < right);
+    m_profile.setDisplayOrder({"D/b", "D/a"});
+    m_page->refresh();
+    QCOMPARE(graph().trace(0).name, "b");
+    QCOMPARE(graph().selectedTrace, 0);
+    QCOMPARE(graph().markerLeft, left);
+    QCOMPARE(graph().markerRight, right);
+    m_page->setData(m_dataSet.get());
+    QCOMPARE(graph().markerLeft, 100.0);
+    QCOMPARE(graph().markerRight, 100.0);
+    m_profile.setDisplayOrder({});
+}
+
+void TestGraphPage::longRecordingsAppearByAndBy()
+{
+    constexpr int traces = 40;
+    QByteArray parameters;
+    for (int i = 0; i < traces; ++i)
+        parameters +=
+            "<Parameter name='p" + QByteArray::number(i + 10) + "' id='1' dataType='FLOAT'/>";
+    m_page.reset(); // it points into the profile
+    QVERIFY(loadProfile(m_profile, "<Device name='D'>" + parameters + "</Device>"));
+    m_profile.select([](const ProfileParameter&) { return true; });
+    m_page = std::make_unique<DialogDataGraph>(m_profile);
+    m_page->setShown(true);
+    auto recording = std::make_unique<DataSet>();
+    for (int i = 0; i < 200'000; ++i)
+        add(recording->messages, 1, i * 0.1, floats(static_cast<float>(i % 100)));
+    recording->stopSeconds = 20'000.0;
+    m_page->setData(recording.get());
+    QVERIFY(m_page->isFeeding());
+    QCOMPARE(graph().traceCount(), traces);
+    QCOMPARE(graph().trace(traces - 1).name, "p49"); // all are there, the last one empty
+    QVERIFY(graph().trace(traces - 1).isEmpty());
+    QTRY_VERIFY(!m_page->isFeeding());
+    for (int i = 0; i < traces; ++i)
+        QVERIFY(!graph().trace(i).columns().empty());
+    m_profile.setDisplayOrder({"D/p49"});
+    m_page->refresh();
+    QVERIFY(!m_page->isFeeding()); // an order is nothing to read anew
+    QVERIFY(!graph().trace(0).columns().empty());
+    m_profile.setDisplayOrder({});
+    m_page->setData(recording.get());
+    QVERIFY(m_page->isFeeding());
+    m_page->setData(m_dataSet.get()); // in the midst of it
+    recording.reset();
+    QTRY_VERIFY(!m_page->isFeeding());
+    for (int i = 0; i < traces; ++i)
+        QCOMPARE(graph().trace(i).size(), std::size_t{1001});
+    m_page->setData(m_dataSet.get());
+    m_page->clear();
+    QVERIFY(!m_page->isFeeding());
 }
 
 void TestGraphPage::setupChangesTheGraph()

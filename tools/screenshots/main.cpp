@@ -2,6 +2,7 @@
 #include "app/DialogMain.h"
 #include "app/settings/CommandLineOptions.h"
 #include "app/startup/Startup.h"
+#include "graph/DialogDataGraph.h"
 #include "map/WidgetMap.h"
 #include "resources/Resources.h"
 
@@ -88,12 +89,14 @@ void takePages(KOLT::DialogMain& window, Camera& camera)
     const KOLT::DataSet& data = *window.card().dataSet();
     pages->setTime((data.startSeconds + data.stopSeconds) / 2);
     const auto* const tabs = pages->findChild<QTabBar*>();
+    const auto* const graph = pages->findChild<KOLT::DialogDataGraph*>();
     constexpr const char* names[] = {"table", "graph",     "fault-matrix", "limits",
                                      "lamps", "statistic", "emu-view"};
     for (const QSize size : {smallSize, largeSize}) {
         window.resize(size);
         for (int page = 0; page < tabs->count(); ++page) {
             pages->setCurrentPage(static_cast<KOLT::DialogData::Page>(page));
+            waitFor([graph] { return !graph->isFeeding(); });
             camera.take(window, QStringLiteral("%1-%2x%3")
                                     .arg(QLatin1String(names[page]))
                                     .arg(size.width())

@@ -1,0 +1,109 @@
+#include "graph/SampleTimes.h"
+
+namespace KOLT {
+
+void SampleTimes::append(double time, int mark)
+{
+    if (!m_times.empty() && !(time >= m_times.back()))
+        m_isAscending = false;
+    if (mark == 0)
+        m_gaps.push_back(static_cast<std::uint32_t>(m_size));
+    m_times.push_back(time);
+    ++m_size;
+}
+
+template <typename Predicate>
+std::size_t SampleTimes::partitionPoint(Predicate&& predicate) const
+{
+    std::size_t low = 0;
+    std::size_t high = m_size;
+    while (low < high) {
+        const std::size_t middle = low + (high - low) / 2;
+        if (predicate(at(middle)))
+            low = middle + 1;
+        else
+            high = middle;
+    }
+    return low;
+}
+
+std::size_t SampleTimes::positionAt(double time) const
+{
+    const auto isBefore = [time](double sample) { return sample < time; };
+    if (m_isAscending)
+        return partitionPoint(isBefore);
+    std::size_t position = 0;
+    while (position < m_size && isBefore(at(position)))
+        ++position;
+    return position;
+}
+
+std::size_t SampleTimes::positionBehind(double time) const
+{
+    return partitionPoint([time](double sample) { return sample <= time; });
+}
+
+std::size_t SampleTimes::runEnd(std::size_t from, std::size_t limit, std::size_t step,
+                                double pixelSeconds) const
+{
+    const double start = at(from);
+    const auto isInside = [&](std::size_t i) { return at(i) - start <= pixelSeconds; };
+    // The run before is a good guess; from there in growing steps, then by halving.
+    std::size_t inside = from;
+    std::size_t behind = limit;
+    std::size_t guess = std::min(from + step, limit);
+    for (std::size_t reach = 1; guess < behind && guess > inside; reach *= 2) {
+        if (isInside(guess)) {
+            inside = guess;
+            guess = std::min(inside + reach, limit);
+        } else {
+            behind = guess;
+            guess = behind > reach ? std::max(behind - reach, inside) : inside;
+        }
+    }
+    while (behind - inside > 1) {
+        const std::size_t middle = inside + (behind - inside) / 2;
+        (isInside(middle) ? inside : behind) = middle;
+    }
+    return behind;
+}
+
+void SampleTimes::findRuns(const Window& window) const
+{
+    m_runs.clear();
+    std::size_t position = positionAt(window.start);
+    if (position >= 2)
+        --position;
+    const std::size_t limit = std::min(positionAt(window.end) + 1, m_size);
+    auto gap = std::ranges::lower_bound(m_gaps, position);
+    std::size_t step = 1;
+    while (position < limit) {
+        const std::size_t next = runEnd(position, limit, step, window.pixelSeconds);
+        Run& run = m_runs.emplace_back();
+        run.first = static_cast<std::uint32_t>(position);
+        run.time = at(position);
+        for (; gap != m_gaps.end() && *gap < next; ++gap)
+            run.mark = 0;
+        step = next - position;
+        position = next;
+        // Long series do not fit the cache, and their columns come in regular steps.
+        constexpr std::size_t ahead = 8;
+        const std::size_t later = position + ahead * step;
+        if (step > 8 && later < limit)
+            __builtin_prefetch(m_series != nullptr ? static_cast<const void*>(&(*m_series)[later])
+                                                   : &m_times[later]);
+    }
+    m_runs.push_back({static_cast<std::uint32_t>(position), 1, 0.0});
+    m_window = window;
+}
+
+std::span<const SampleTimes::Run> SampleTimes::runs(double start, double end,
+                                                    double pixelSeconds) const
+{
+    const Window window{start, end, pixelSeconds, m_size};
+    if (m_runs.empty() || window != m_window)
+        findRuns(window);
+    return m_runs;
+}
+
+} // namespace KOLT

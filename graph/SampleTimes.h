@@ -1,0 +1,100 @@
+#pragma once
+
+#include "graph/SampleMemory.h"
+#include "record/MessageSeries.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <span>
+#include <vector>
+
+namespace KOLT {
+
+/// When the samples of a trace were taken, in seconds on the unit's counter, and before which of
+/// them samples are missing. All traces of one message share one of these, and with it the search
+/// for the samples of each pixel column.
+class SampleTimes
+{
+public:
+    /// The samples of one pixel column: from `first` up to the first one of the next run.
+    struct Run
+    {
+        std::uint32_t first = 0;
+        int mark = 1;      ///< 0 when a sample after a gap is among them
+        double time = 0.0; ///< of the first sample
+    };
+
+    SampleTimes() = default;
+
+    /// Times that stand in a series, which must outlive this: `gaps` are the positions of samples
+    /// that come after a gap, ascending.
+    SampleTimes(const MessageSeries& series, std::vector<std::uint32_t> gaps, bool isAscending)
+        : m_series(&series)
+        , m_size(series.size())
+        , m_gaps(std::move(gaps))
+        , m_isAscending(isAscending)
+    {
+    }
+
+    void reserve(std::size_t samples) { m_times.reserve(samples); }
+
+    /// Only for times of its own. A mark of 0 says that samples are missing before this one.
+    void append(double time, int mark);
+
+    /// Where the times stand; null for times of its own.
+    const MessageSeries* series() const { return m_series; }
+
+    std::size_t size() const { return m_size; }
+
+    double at(std::size_t index) const
+    {
+        return m_series != nullptr ? (*m_series)[index].seconds() : m_times[index];
+    }
+
+    bool isAscending() const { return m_isAscending; }
+
+    bool hasGap(std::size_t from, std::size_t to) const
+    {
+        const auto gap = std::ranges::lower_bound(m_gaps, from);
+        return gap != m_gaps.end() && *gap < to;
+    }
+
+    /// Number of samples before the time; the first position at or after it.
+    std::size_t positionAt(double time) const;
+    /// The first position behind the time. The times must ascend.
+    std::size_t positionBehind(double time) const;
+
+    /// The columns of the window [start, end], from the sample before it to the first one at or
+    /// behind its end; an entry more tells where the last one ends. The times must ascend. Valid
+    /// until the next call; O(columns * log samples), or nothing when asked the same again.
+    std::span<const Run> runs(double start, double end, double pixelSeconds) const;
+
+private:
+    /// What the runs depend on.
+    struct Window
+    {
+        double start = 0.0;
+        double end = 0.0;
+        double pixelSeconds = 0.0;
+        std::size_t size = 0;
+
+        bool operator==(const Window&) const = default;
+    };
+
+    /// The first position for which the predicate is false; it must be true, then false.
+    template <typename Predicate>
+    std::size_t partitionPoint(Predicate&& predicate) const;
+    std::size_t runEnd(std::size_t from, std::size_t limit, std::size_t step,
+                       double pixelSeconds) const;
+    void findRuns(const Window& window) const;
+
+    const MessageSeries* m_series = nullptr;
+    std::size_t m_size = 0;
+    SampleValues m_times;              ///< unless they stand in a series
+    std::vector<std::uint32_t> m_gaps; ///< positions with a mark of 0, ascending
+    bool m_isAscending = true;
+    mutable Window m_window;
+    mutable std::vector<Run> m_runs; ///< of m_window; empty: none were asked for
+};
+
+} // namespace KOLT
