@@ -19,13 +19,15 @@ class Profile;
 class WidgetGraphBase;
 
 /// The "Graph" page: the oscilloscope with its command bar. Owns the graph's settings and keeps
-/// them in the program's settings.
+/// them in the program's settings; changes are saved after a short pause, or when the setup is
+/// closed.
 class DialogDataGraph : public QWidget, public DataPage
 {
     Q_OBJECT
 
 public:
     explicit DialogDataGraph(const Profile& profile, QWidget* parent = nullptr);
+    ~DialogDataGraph() override;
 
     const WidgetGraphBase& widget() const { return *m_graph; }
 
@@ -35,6 +37,7 @@ signals:
     void signalOrder(const QStringList& fullNames);
 
 protected:
+    void hideEvent(QHideEvent* event) override;
     void dropData() override;
     void showData() override;
     void showTime() override;
@@ -67,6 +70,8 @@ private:
     void addButton(Command id, const QString& icon, const QString& tip, bool isCheckable,
                    bool isShown);
     void applySettings();
+    void saveSoon();
+    void saveSettings();
     void setTimeSpan(double seconds);
     void showSetup();
     void saveSnapshot();
@@ -85,7 +90,7 @@ private:
     QStackedLayout* m_stack = nullptr;
     QTimer m_holdTimer;
     int m_heldCommand = NoCommand;
-    bool m_isSettingModes = false; ///< the mode buttons are set by the program
+    QTimer m_saveTimer; ///< single-shot: many changes are saved once
 };
 
 } // namespace KOLT

@@ -3,6 +3,7 @@
 #include "graph/GraphTrace.h"
 #include "profile/ProfileParameter.h"
 
+#include <algorithm>
 #include <vector>
 
 namespace KOLT {
@@ -10,7 +11,7 @@ namespace KOLT {
 enum class CursorMode : int {
     Floating = 0,
     Center = 1, ///< the window is kept centred on the replay's time
-    End = 2
+    End = 2     ///< the window is kept so that the replay's time lies a tenth before its end
 };
 
 /// What the user can set; colours as "#rrggbb" elsewhere.
@@ -40,6 +41,7 @@ struct TraceSource
     const ProfileParameter* parameter = nullptr; ///< null for a bare trace
     double factor = 1.0; ///< from metric to shown values: value * factor + offset
     double offset = 0.0;
+    int decimals = 0; ///< that the visible range needs; set by rebuilding
 };
 
 struct EventLine
@@ -60,6 +62,7 @@ public:
     static constexpr double leftMargin = 74.0; ///< room for the value axis and the handles
     static constexpr double rightMargin = 8.0;
     static constexpr double bottomMargin = 20.0;
+    static constexpr double edge = 0.1; ///< of the span: where the replay moves the window on
 
     Graph() { setTraceCount(6); }
 
@@ -144,6 +147,13 @@ public:
     /// Lays out the bands, rebuilds the columns of the visible traces and scales.
     void rebuild();
 
+    /// Of the trace's values in texts: those of the trace, more where the visible range needs them
+    /// and the parameter has them.
+    int shownDecimals(int index) const
+    {
+        return std::max(trace(index).decimals, source(index).decimals);
+    }
+
     double commonLower() const { return m_commonLower; }
 
     double commonUpper() const { return m_commonUpper; }
@@ -151,6 +161,7 @@ public:
 private:
     void layOutBands();
     void scale();
+    int neededDecimals(int trace, const std::optional<std::pair<double, double>>& range) const;
     double lowerOf(int trace) const;
     double upperOf(int trace) const;
     double offsetOf(int trace) const;

@@ -1,9 +1,9 @@
 #include "graph/GraphScene.h"
 
+#include "graph/GraphTexts.h"
 #include "graph/GraphTicks.h"
 #include "graph/ScenePen.h"
 #include "graph/TraceDrawing.h"
-#include "record/ClockTime.h"
 
 #include <QCoreApplication>
 
@@ -34,11 +34,6 @@ QColor withAlpha(QColor color, int alpha)
 {
     color.setAlpha(alpha);
     return color;
-}
-
-QString number(const GraphTrace& trace, double value)
-{
-    return QString::asprintf("%.*f", trace.decimals, value);
 }
 
 /// Puts the parts of a frame together.
@@ -225,9 +220,7 @@ private:
     void scaleLabel(int index, const QRectF& area)
     {
         const GraphTrace& trace = m_graph.trace(index);
-        const QString label =
-            QString::asprintf("%8.*f %8.*f [%s]", trace.decimals, trace.lower, trace.decimals,
-                              trace.upper, qUtf8Printable(trace.unit));
+        const QString label = scaleText(m_graph, index);
         const QString beside = legendText(m_graph, index, m_graph.cursorTime);
         constexpr double apart = 40.0;
         if (static_cast<double>(label.size() + beside.size()) * characterWidth + apart <
@@ -322,14 +315,8 @@ private:
             return;
         QStringList lines{
             QCoreApplication::translate("KOLT::GraphScene", "Between the markers: min, max, mean")};
-        for (const int index : visible) {
-            const GraphTrace& trace = m_graph.trace(index);
-            const auto range = trace.statistic(from, to);
-            lines << (range ? QStringLiteral("%1  %2  %3  %4")
-                                  .arg(trace.name, number(trace, range->minimum),
-                                       number(trace, range->maximum), number(trace, range->mean))
-                            : trace.name + QStringLiteral("  ---"));
-        }
+        for (const int index : visible)
+            lines << statisticText(m_graph, index, from, to);
         const double height = legendHeight * static_cast<double>(lines.size()) + 8.0;
         constexpr double width = 330.0;
         const QRectF panel(m_plot.right() - width - 8.0, m_plot.top() + legendHeight + 8.0, width,
@@ -375,31 +362,6 @@ private:
 GraphScene buildScene(const Graph& graph, const GraphInput& input, double pixelRatio)
 {
     return SceneBuilder(graph, input, pixelRatio).build();
-}
-
-QString legendText(const Graph& graph, int index, double seconds)
-{
-    const GraphTrace& trace = graph.trace(index);
-    QString name = trace.name;
-    if (!trace.unit.isEmpty())
-        name += QStringLiteral(" [%1]").arg(trace.unit);
-    const std::optional<double> value = trace.valueAt(seconds);
-    if (!value)
-        return name + QStringLiteral("   ---");
-    const TraceSource& source = graph.source(index);
-    if (source.parameter != nullptr && source.parameter->enumList != nullptr) {
-        const auto& entries = source.parameter->enumList->entries;
-        const auto entry = entries.find(static_cast<int>(*value));
-        if (entry != entries.end())
-            return name + QStringLiteral("   ") + entry->second.label;
-    }
-    return name + QStringLiteral("   ") + number(trace, *value);
-}
-
-QString cursorText(double seconds, double value)
-{
-    return clockTime(seconds).toString(QStringLiteral("hh:mm:ss.zzz")) +
-           QString::asprintf("/%.2f", value);
 }
 
 } // namespace KOLT

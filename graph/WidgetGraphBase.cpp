@@ -78,6 +78,12 @@ void WidgetGraphBase::setCursorTime(double seconds)
     update();
 }
 
+void WidgetGraphBase::releaseCursor()
+{
+    m_cursorTimer.stop();
+    m_graph.isCursorHeld = false;
+}
+
 void WidgetGraphBase::setTimeSpan(double seconds)
 {
     m_graph.setTimeSpan(seconds);
@@ -148,13 +154,16 @@ void WidgetGraphBase::slotTimeoutRecalc()
 
 void WidgetGraphBase::slotTimeoutCursor()
 {
-    m_graph.isCursorHeld = false;
+    releaseCursor();
+    emit signalCursorReleased();
 }
 
 void WidgetGraphBase::act(const GraphResponse& response)
 {
-    if (response.holdsCursor)
+    if (response.hold == GraphResponse::Hold::Timed)
         m_cursorTimer.start();
+    else if (response.hold != GraphResponse::Hold::Unchanged)
+        m_cursorTimer.stop();
     if (response.recalculations && !m_recalcTimer.isActive())
         startRecalculation(recalcMilliseconds, *response.recalculations);
     if (response.needsRepaint)
@@ -179,6 +188,10 @@ void WidgetGraphBase::act(const GraphResponse& response)
             break;
         }
     }
+    if (response.hasZoomed)
+        emit signalZoomed();
+    if (response.hold == GraphResponse::Hold::Ended)
+        emit signalCursorReleased();
 }
 
 void WidgetGraphBase::keyPressEvent(QKeyEvent* event)
@@ -207,7 +220,7 @@ void WidgetGraphBase::mouseReleaseEvent(QMouseEvent* event)
 
 void WidgetGraphBase::wheelEvent(QWheelEvent* event)
 {
-    act(m_input.wheel(event->angleDelta().y(), event->modifiers()));
+    act(m_input.wheel(event->angleDelta().y(), event->position().x(), event->modifiers()));
     event->accept();
 }
 

@@ -12,6 +12,7 @@
 
 #include <QButtonGroup>
 #include <QCheckBox>
+#include <QClipboard>
 #include <QComboBox>
 #include <QImage>
 #include <QLineEdit>
@@ -42,6 +43,7 @@ private slots:
     void replayPagesAndCentres();
     void mouseReachesTheSignals();
     void keyGivesTheCursorBack();
+    void otherDataEndTheHold();
     void draggedHandleGivesAnOrder();
     void setupChangesTheGraph();
     void settingsAreKept();
@@ -69,11 +71,15 @@ private:
 void TestGraphPage::init()
 {
     SettingsStore::instance().setFileName(QFile::encodeName(m_directory.filePath("KOLT.ini")));
-    for (const char* key : {"GraphTimeSpan", "GraphCursorMode", "GraphBackground", "GraphSplit"})
-        SettingsStore::instance().setText(key, {});
-    SettingsStore::instance().setText("GraphTimeSpan", "60");
-    SettingsStore::instance().setText("GraphCursorMode", "1");
-    SettingsStore::instance().setText("GraphSplit", "true");
+    for (const auto& [key, value] : {std::pair("GraphTimeSpan", "60"),
+                                     {"GraphCursorMode", "1"},
+                                     {"GraphSplit", "true"},
+                                     {"GraphBackground", "000000"},
+                                     {"GraphLegend", "true"},
+                                     {"GraphAutoscale", "true"},
+                                     {"GraphYMinimum", "-100"},
+                                     {"GraphYMaximum", "100"}})
+        SettingsStore::instance().setText(key, value);
     QVERIFY(loadProfile(m_profile, device({"name='a' id='1' dataType='FLOAT' precision='1'",
                                            "name='b' id='1' startByte='4' dataType='FLOAT'"})));
     m_profile.select([](const ProfileParameter&) { return true; });
@@ -199,6 +205,16 @@ void TestGraphPage::heldZoom()
     QTest::mousePress(button(1), Qt::LeftButton);
     QTRY_VERIFY(graph().span() > released * 1.03);
     QTest::mouseRelease(button(1), Qt::LeftButton);
+    // The limits only bring back what lies beyond them.
+    for (const auto& [id, begin, expected] :
+         {std::tuple(0, 9000.0, 5000.0), {0, 1.0, 0.97}, {1, 0.1, 1.0}, {1, 9700.0, 10000.0}}) {
+        widget()->setTimeSpan(begin);
+        QVERIFY(QMetaObject::invokeMethod(m_page.get(), "slotCommandPress", Q_ARG(int, id)));
+        QVERIFY(QMetaObject::invokeMethod(m_page.get(), "slotTimeout"));
+        QVERIFY(QMetaObject::invokeMethod(m_page.get(), "slotCommandRelease", Q_ARG(int, id)));
+        QVERIFY2(std::abs(graph().span() - expected) < 1e-6,
+                 qPrintable(QString::number(graph().span())));
+    }
 }
 
 void TestGraphPage::replayPagesAndCentres()
@@ -236,6 +252,7 @@ void TestGraphPage::mouseReachesTheSignals()
     QVERIFY(std::abs(graph().cursorTime - 140.0) < 0.2);
     QTest::mouseRelease(widget(), Qt::MiddleButton, {}, place(140.0, 100));
     QVERIFY(!graph().isCursorHeld);
+    QCOMPARE(graph().cursorTime, 160.0); // the replay's
     const double span = graph().span();
     QTest::mouseMove(widget(), place(150.0, 120));
     QWheelEvent wheel(QPointF(place(150.0, 120)), widget()->mapToGlobal(QPointF(place(150.0, 120))),
@@ -250,7 +267,26 @@ void TestGraphPage::keyGivesTheCursorBack()
     QTest::keyClick(widget(), Qt::Key_Right, Qt::ShiftModifier);
     QCOMPARE(cursor.size(), 1);
     QVERIFY(graph().isCursorHeld);
+    m_page->setTime(180.0);
+    QVERIFY(graph().cursorTime < 160.0);
     QTRY_VERIFY_WITH_TIMEOUT(!graph().isCursorHeld, 8000); // after five seconds
+    QCOMPARE(graph().cursorTime, 180.0);                   // it follows the replay again
+    QCOMPARE(graph().windowStart, 150.0);
+}
+
+void TestGraphPage::otherDataEndTheHold()
+{
+    QTest::keyClick(widget(), Qt::Key_Right);
+    DataSet other;
+    add(other.messages, 1, 5000.0, floats(1.0F));
+    add(other.messages, 1, 5200.0, floats(2.0F));
+    other.startSeconds = 5000.0;
+    other.stopSeconds = 5200.0;
+    m_page->setData(&other);
+    m_page->setTime(5000.0);
+    QVERIFY(!graph().isCursorHeld);
+    QCOMPARE(graph().windowStart, 4970.0);
+    m_page->clear();
 }
 
 void TestGraphPage::draggedHandleGivesAnOrder()
@@ -290,7 +326,11 @@ void TestGraphPage::setupChangesTheGraph()
     edits.at(1)->setText("no number");
     QCOMPARE(graph().settings.yMinimum, -7.5);
     QCOMPARE(graph().settings.yMaximum, 0.0);
-    QCOMPARE(changed.size(), 5);
+    edits.at(1)->setText("nan");
+    QCOMPARE(graph().settings.yMaximum, 0.0);
+    edits.at(1)->setText("1e999");
+    QCOMPARE(graph().settings.yMaximum, 0.0);
+    QCOMPARE(changed.size(), 7);
     ModalBoxes boxes; // cancels the colour dialog
     for (auto* select : setup->findChildren<QPushButton*>()) {
         if (select->text() == "Select") {
@@ -299,17 +339,45 @@ void TestGraphPage::setupChangesTheGraph()
         }
     }
     QCOMPARE(graph().settings.background, QColor(0, 0, 0));
-    QCOMPARE(changed.size(), 6); // applied all the same
+    QCOMPARE(changed.size(), 8); // applied all the same
 }
 
 void TestGraphPage::settingsAreKept()
 {
     QTest::mouseClick(button(7), Qt::LeftButton);
+    QTest::mouseClick(button(2), Qt::LeftButton); // the span is the flight's
+    QTest::mousePress(widget(), Qt::RightButton, {}, place(150.0, 100));
+    QTest::mouseMove(widget(), place(140.0, 100));
+    QTest::mouseRelease(widget(), Qt::RightButton, {}, place(140.0, 100));
+    QVERIFY(!graph().settings.isAutomatic);
+    auto* const setup = m_page->findChild<DialogGraphSetup*>();
+    button(9)->click();
+    QFile::remove(m_directory.filePath("KOLT.ini"));
+    const auto edits = setup->findChildren<QLineEdit*>();
+    edits.at(0)->setText("-1234567.125");
+    edits.at(1)->setText("0.1");
+    QVERIFY(!QFile::exists(m_directory.filePath("KOLT.ini"))); // not at every key
+    QCOMPARE(graph().span(), 100.0);                           // the record is applied as a whole
+    setup->close();
+    QVERIFY(QFile::exists(m_directory.filePath("KOLT.ini")));
+
     SettingsStore::instance().setText("GraphBackground", "102030");
     m_page = std::make_unique<DialogDataGraph>(m_profile);
     QVERIFY(!graph().settings.isSplit);
+    QVERIFY(graph().settings.isAutomatic); // nothing in sight would bring it back
     QVERIFY(button(7)->isChecked());
     QCOMPARE(graph().settings.background, QColor(0x10, 0x20, 0x30));
+    QCOMPARE(graph().settings.yMinimum, -1234567.125);
+    QCOMPARE(graph().settings.yMaximum, 0.1);
+    QCOMPARE(graph().span(), 100.0);
+    QCOMPARE(m_page->findChildren<QLineEdit*>().at(0)->text(), "-1234567.125");
+
+    for (const char* key : {"GraphTimeSpan", "GraphYMinimum", "GraphYMaximum"})
+        SettingsStore::instance().setText(key, "nan");
+    m_page = std::make_unique<DialogDataGraph>(m_profile);
+    QCOMPARE(graph().span(), 60.0);
+    QCOMPARE(graph().settings.yMinimum, 0.0);
+    QCOMPARE(graph().settings.yMaximum, 0.0);
 }
 
 void TestGraphPage::snapshot()
@@ -321,6 +389,21 @@ void TestGraphPage::snapshot()
     QCOMPARE(boxes.seen().value(0), "Save Snapshot");
     const QImage picture(path);
     QCOMPARE(picture.size(), m_page->size() * m_page->devicePixelRatioF());
+    const QPointF corner = widget()->mapTo(m_page.get(), QPointF(0.0, 0.0));
+    const auto pixel = [&](double x, double yFromTop) { // of the graph within the page
+        const QPointF place = (corner + QPointF(x, yFromTop)) * m_page->devicePixelRatioF();
+        return picture.pixelColor(static_cast<int>(place.x()), static_cast<int>(place.y()));
+    };
+    const double flat = graph().height() - graph().yOf(1, 5.0);
+    QVERIFY(pixel(graph().xOf(graph().windowStart + 3.0), flat).green() > 100); // its trace
+    QCOMPARE(pixel(2.0, graph().height() - 5.0), QColor(0xbb, 0xbb, 0xbb));
+    for (auto* own : m_page->findChildren<QToolButton*>()) {
+        QCOMPARE(own->iconSize(), QSize(32, 32));
+        if (own->toolTip() == "Copy picture")
+            QTest::mouseClick(own, Qt::LeftButton);
+    }
+    QCOMPARE(QApplication::clipboard()->image().convertToFormat(QImage::Format_RGB32),
+             widget()->grab().toImage().convertToFormat(QImage::Format_RGB32));
     boxes.answer("/proc/none/picture.bmp");
     boxes.answer("OK");
     QTest::mouseClick(button(10), Qt::LeftButton);
