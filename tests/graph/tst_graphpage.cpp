@@ -37,6 +37,7 @@ private slots:
     void cleanup() { m_page.reset(); }
 
     void drawsWhatIsThere();
+    void bothWaysOfDrawingAgree_data();
     void bothWaysOfDrawingAgree();
     void buttons();
     void heldZoom();
@@ -122,10 +123,53 @@ void TestGraphPage::drawsWhatIsThere()
     QVERIFY2(cursor > 80, qPrintable(QString::number(cursor)));
 }
 
+namespace {
+
+/// Pixels for which the other picture has nothing alike within one pixel: stipples and the edges of
+/// letters may be shifted, but not missing.
+int strangers(const QImage& picture, const QImage& other)
+{
+    constexpr int tolerance = 60;
+    const auto isAlike = [&](QRgb color, int x, int y) {
+        if (!other.valid(x, y))
+            return false;
+        const QRgb there = other.pixel(x, y);
+        return std::abs(qRed(color) - qRed(there)) <= tolerance &&
+               std::abs(qGreen(color) - qGreen(there)) <= tolerance &&
+               std::abs(qBlue(color) - qBlue(there)) <= tolerance;
+    };
+    int count = 0;
+    for (int y = 0; y < picture.height(); ++y) {
+        for (int x = 0; x < picture.width(); ++x) {
+            bool isFound = false;
+            for (int i = 0; i < 9 && !isFound; ++i)
+                isFound = isAlike(picture.pixel(x, y), x + i % 3 - 1, y + i / 3 - 1);
+            count += isFound ? 0 : 1;
+        }
+    }
+    return count;
+}
+
+} // namespace
+
+void TestGraphPage::bothWaysOfDrawingAgree_data()
+{
+    QTest::addColumn<bool>("isCore"); // of the context for the primitives
+    QTest::newRow("any profile") << false;
+    QTest::newRow("core profile") << true;
+}
+
 void TestGraphPage::bothWaysOfDrawingAgree()
 {
+    QFETCH(bool, isCore);
     WidgetGraph fixedFunction;
     WidgetGraphES primitives;
+    if (isCore) {
+        QSurfaceFormat format;
+        format.setVersion(3, 3);
+        format.setProfile(QSurfaceFormat::CoreProfile);
+        primitives.setFormat(format);
+    }
     QList<QImage> pictures;
     for (WidgetGraphBase* way :
          std::initializer_list<WidgetGraphBase*>{&fixedFunction, &primitives}) {
@@ -142,25 +186,23 @@ void TestGraphPage::bothWaysOfDrawingAgree()
         way->show();
         QVERIFY(QTest::qWaitForWindowExposed(way));
         way->setWindow(110.0, 170.0);
+        way->setCursorTime(140.0);
         QTest::keyClick(way, Qt::Key_M);
+        QVERIFY(!isCore || way == &fixedFunction ||
+                way->format().profile() == QSurfaceFormat::CoreProfile);
         pictures << way->grabFramebuffer().convertToFormat(QImage::Format_RGB32);
     }
     QCOMPARE(pictures[0].size(), pictures[1].size());
-    int different = 0;
+    const int different = strangers(pictures[0], pictures[1]) + strangers(pictures[1], pictures[0]);
     int drawn = 0; // neither background nor margin
     for (int y = 0; y < pictures[0].height(); ++y) {
         for (int x = 0; x < pictures[0].width(); ++x) {
-            const QColor a = pictures[0].pixelColor(x, y);
-            const QColor b = pictures[1].pixelColor(x, y);
-            constexpr int tolerance = 60;
-            different += std::abs(a.red() - b.red()) > tolerance ||
-                         std::abs(a.green() - b.green()) > tolerance ||
-                         std::abs(a.blue() - b.blue()) > tolerance;
-            drawn += a != QColor(0, 0, 0) && a != QColor(0x20, 0x40, 0x60);
+            const QColor color = pictures[0].pixelColor(x, y);
+            drawn += color != QColor(0, 0, 0) && color != QColor(0x20, 0x40, 0x60);
         }
     }
     QVERIFY2(drawn > 20'000, qPrintable(QString::number(drawn)));
-    const int most = pictures[0].width() * pictures[0].height() / 50; // texts and stipples shift
+    constexpr int most = 300; // measured: 206, without the thin event line 709
     if (different >= most) {
         pictures[0].save(QStringLiteral("graph-fixed.png"));
         pictures[1].save(QStringLiteral("graph-primitives.png"));
