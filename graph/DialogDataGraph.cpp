@@ -3,6 +3,7 @@
 #include "app/messages/Messages.h"
 #include "app/settings/SettingsStore.h"
 #include "graph/DialogGraphSetup.h"
+#include "graph/DialogGraphStore.h"
 #include "graph/TraceFeeder.h"
 #include "graph/WidgetGraph.h"
 #include "graph/WidgetGraphES.h"
@@ -21,7 +22,6 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
-#include <cmath>
 
 namespace KOLT {
 
@@ -37,32 +37,6 @@ constexpr int buttonSize = 32;
 constexpr int groupSpacing = 5;
 constexpr int graphState = 0;
 constexpr int emptyState = 1;
-
-/// Keys of the settings store, with what they are of.
-struct ColorKey
-{
-    const char* key;
-    QColor GraphSettings::*color;
-};
-
-struct FlagKey
-{
-    const char* key;
-    bool GraphSettings::*flag;
-};
-
-constexpr ColorKey colorKeys[] = {{"GraphBackground", &GraphSettings::background},
-                                  {"GraphGridColor", &GraphSettings::gridColor},
-                                  {"GraphLabelColor", &GraphSettings::labelColor},
-                                  {"GraphLabelBackground", &GraphSettings::labelBackground}};
-// Not the automatic mode: every pan ends it, and no button in sight brings it back.
-constexpr FlagKey flagKeys[] = {{"GraphSplit", &GraphSettings::isSplit},
-                                {"GraphGrid", &GraphSettings::hasGrid},
-                                {"GraphCursor", &GraphSettings::hasCursor},
-                                {"GraphLegend", &GraphSettings::hasLegend},
-                                {"GraphAutoscale", &GraphSettings::isAutoscaled},
-                                {"GraphLimits", &GraphSettings::hasThresholds},
-                                {"GraphStatistic", &GraphSettings::hasStatistic}};
 
 /// Whether contexts of this machine have the fixed-function pipeline. Asked once.
 bool hasFixedFunction()
@@ -80,54 +54,12 @@ bool hasFixedFunction()
     return answer;
 }
 
-double finiteOrZero(double value)
-{
-    return std::isfinite(value) ? value : 0.0;
-}
-
-GraphSettings readSettings()
-{
-    const SettingsStore& store = SettingsStore::instance();
-    GraphSettings settings;
-    const double span = store.getDouble("GraphTimeSpan", settings.timeSpan);
-    if (std::isfinite(span))
-        settings.timeSpan = std::clamp(span, 1e-3, 1e7);
-    settings.cursorMode = static_cast<CursorMode>(std::clamp(
-        store.getInteger("GraphCursorMode", static_cast<int>(settings.cursorMode)), 0, 2));
-    settings.yMinimum = finiteOrZero(store.getDouble("GraphYMinimum", settings.yMinimum));
-    settings.yMaximum = finiteOrZero(store.getDouble("GraphYMaximum", settings.yMaximum));
-    for (const auto& [key, color] : colorKeys) {
-        const QColor stored(QLatin1Char('#') + QString::fromLatin1(store.getText(key)));
-        if (stored.isValid())
-            settings.*color = stored;
-    }
-    for (const auto& [key, flag] : flagKeys)
-        settings.*flag = store.getBoolean(key, settings.*flag);
-    return settings;
-}
-
-void keepSettings(const GraphSettings& settings)
-{
-    SettingsStore& store = SettingsStore::instance();
-    const auto setNumber = [&store](const char* key, double value) {
-        store.setText(key, DialogGraphSetup::textOf(value).toLatin1());
-    };
-    setNumber("GraphTimeSpan", settings.timeSpan);
-    store.setInteger("GraphCursorMode", static_cast<int>(settings.cursorMode));
-    setNumber("GraphYMinimum", settings.yMinimum);
-    setNumber("GraphYMaximum", settings.yMaximum);
-    for (const auto& [key, color] : colorKeys)
-        store.setText(key, (settings.*color).name().mid(1).toLatin1());
-    for (const auto& [key, flag] : flagKeys)
-        store.setBoolean(key, settings.*flag);
-}
-
 } // namespace
 
 DialogDataGraph::DialogDataGraph(const Profile& profile, QWidget* parent)
     : QWidget(parent)
     , m_profile(profile)
-    , m_settings(readSettings())
+    , m_settings(readGraphSettings())
 {
     auto* const page = new QWidget(this);
     createBar();
@@ -391,7 +323,7 @@ void DialogDataGraph::applySettings()
 
 void DialogDataGraph::saveSoon()
 {
-    keepSettings(m_settings);
+    keepGraphSettings(m_settings);
     m_saveTimer.start();
 }
 

@@ -1,12 +1,13 @@
 #include "graph/DialogGraphSetup.h"
 
+#include "graph/DialogGraphStore.h"
+
 #include <QCheckBox>
 #include <QColorDialog>
 #include <QComboBox>
 #include <QFormLayout>
 #include <QLabel>
 #include <QLineEdit>
-#include <QLocale>
 #include <QPushButton>
 
 #include <cmath>
@@ -26,11 +27,6 @@ double numberOf(const QString& text)
 }
 
 } // namespace
-
-QString DialogGraphSetup::textOf(double number)
-{
-    return QLocale::c().toString(number, 'g', QLocale::FloatingPointShortest);
-}
 
 DialogGraphSetup::DialogGraphSetup(GraphSettings& settings, QWidget* parent)
     : QDialog(parent)
@@ -149,8 +145,8 @@ void DialogGraphSetup::refresh()
     for (const auto& [box, flag] : m_boxes)
         box->setChecked(m_settings.*flag);
     m_cursorMode->setCurrentIndex(static_cast<int>(m_settings.cursorMode));
-    m_yMinimum->setText(textOf(m_settings.yMinimum));
-    m_yMaximum->setText(textOf(m_settings.yMaximum));
+    m_yMinimum->setText(roundTripText(m_settings.yMinimum));
+    m_yMaximum->setText(roundTripText(m_settings.yMaximum));
     m_isShowing = false;
 }
 

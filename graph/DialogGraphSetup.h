@@ -21,9 +21,6 @@ class DialogGraphSetup : public QDialog
 public:
     explicit DialogGraphSetup(GraphSettings& settings, QWidget* parent = nullptr);
 
-    /// The shortest text that reads as the same number.
-    static QString textOf(double number);
-
     /// Shows the settings as they are now.
     void refresh();
 

@@ -74,9 +74,19 @@ void Graph::setSize(double width, double height)
 {
     m_width = width;
     m_height = height;
-    m_plotWidth = std::max(width - leftMargin - rightMargin, 1.0);
+    m_plotWidth = std::max(width - m_plotLeft - rightMargin, 1.0);
     m_plotHeight = std::max(height - bottomMargin, 1.0);
     layOutBands();
+}
+
+void Graph::setMetrics(const GraphMetrics& metrics)
+{
+    constexpr double labelCharacters = 7.0;
+    constexpr double besideLabels = 23.0; // handles and ticks
+    m_metrics = metrics;
+    m_plotLeft =
+        std::max(leftMargin, std::ceil(besideLabels + labelCharacters * metrics.characterWidth));
+    setSize(m_width, m_height);
 }
 
 double Graph::lowerOf(int index) const

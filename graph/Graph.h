@@ -50,6 +50,13 @@ struct EventLine
     double seconds = 0.0;
 };
 
+/// Of the fixed-pitch font of all texts, in pixels.
+struct GraphMetrics
+{
+    double rowHeight = 16.0;
+    double characterWidth = 7.3;
+};
+
 /// The oscilloscope without its drawing: traces, the visible window, scales, cursor and markers, in
 /// pixels with the origin at the lower left corner.
 ///
@@ -59,7 +66,8 @@ class Graph
 {
 public:
     static constexpr int maxTraces = 50;
-    static constexpr double leftMargin = 74.0; ///< room for the value axis and the handles
+    /// Room for the value axis and the handles; a large font takes more, see plotLeft().
+    static constexpr double leftMargin = 74.0;
     static constexpr double rightMargin = 8.0;
     static constexpr double bottomMargin = 20.0;
     static constexpr double edge = 0.1; ///< of the span: where the replay moves the window on
@@ -105,6 +113,10 @@ public:
     /// Size of the widget in pixels.
     void setSize(double width, double height);
 
+    void setMetrics(const GraphMetrics& metrics);
+
+    const GraphMetrics& metrics() const { return m_metrics; }
+
     double width() const { return m_width; }
 
     double height() const { return m_height; }
@@ -113,7 +125,9 @@ public:
 
     double plotHeight() const { return m_plotHeight; }
 
-    double plotRight() const { return leftMargin + m_plotWidth; }
+    double plotLeft() const { return m_plotLeft; }
+
+    double plotRight() const { return m_plotLeft + m_plotWidth; }
 
     double span() const { return windowEnd - windowStart; }
 
@@ -122,10 +136,10 @@ public:
 
     double xOf(double seconds) const
     {
-        return leftMargin + (seconds - windowStart) * m_plotWidth / span();
+        return m_plotLeft + (seconds - windowStart) * m_plotWidth / span();
     }
 
-    double timeAt(double x) const { return windowStart + (x - leftMargin) * span() / m_plotWidth; }
+    double timeAt(double x) const { return windowStart + (x - m_plotLeft) * span() / m_plotWidth; }
 
     /// In the band of the trace, or in the common scale when traces are not split.
     double yOf(int trace, double value) const;
@@ -171,6 +185,8 @@ private:
     std::vector<TraceSource> m_sources;
     double m_width = 0.0;
     double m_height = 0.0;
+    GraphMetrics m_metrics;
+    double m_plotLeft = leftMargin;
     double m_plotWidth = 10.0;
     double m_plotHeight = 0.0;
     double m_commonLower = -0.5;

@@ -1,8 +1,12 @@
 #include "graph/WidgetGraphBase.h"
 
+#include <QFontMetricsF>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QWheelEvent>
+
+#include <algorithm>
+#include <cmath>
 
 namespace KOLT {
 
@@ -12,6 +16,7 @@ constexpr int repaintMilliseconds = 30;
 constexpr int recalcMilliseconds = 50;
 constexpr int resizeMilliseconds = 100;
 constexpr int cursorMilliseconds = 5000;
+constexpr double leastRowHeight = 16.0;  ///< pixels
 constexpr double repaintThreshold = 0.7; ///< of the time that one pixel covers
 
 } // namespace
@@ -27,6 +32,7 @@ WidgetGraphBase::WidgetGraphBase(QWidget* parent)
     bold.setStyleHint(QFont::TypeWriter);
     bold.setWeight(QFont::Bold);
     setFont(bold);
+    measureFont();
     setToolTip(hint());
     m_recalcTimer.setSingleShot(true);
     m_cursorTimer.setSingleShot(true);
@@ -44,6 +50,22 @@ QString WidgetGraphBase::hint()
               "pan.\nWheel: zoom. Arrow keys: move the cursor (with Shift farther).\nF: whole "
               "flight. Home, End: its ends. M: markers around the middle.\nDrag a handle at the "
               "left edge to move its trace.");
+}
+
+void WidgetGraphBase::measureFont()
+{
+    const QFontMetricsF metrics(font());
+    m_graph.setMetrics({std::max(leastRowHeight, std::ceil(metrics.height())),
+                        metrics.horizontalAdvance(QLatin1Char('0'))});
+}
+
+void WidgetGraphBase::changeEvent(QEvent* event)
+{
+    QOpenGLWidget::changeEvent(event);
+    if (event->type() != QEvent::FontChange)
+        return;
+    measureFont();
+    refresh();
 }
 
 void WidgetGraphBase::setSettings(const GraphSettings& settings)

@@ -59,6 +59,7 @@ protected:
 
     void resizeGL(int width, int height) override;
     void paintGL() override;
+    void changeEvent(QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
@@ -73,6 +74,7 @@ private slots:
 
 private:
     void act(const GraphResponse& response);
+    void measureFont();
     void startRecalculation(int milliseconds, int repeats);
 
     Graph m_graph;

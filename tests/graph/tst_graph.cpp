@@ -50,6 +50,9 @@ private slots:
     void cursorTextStaysInThePlot();
     void sceneJoinsStrokes_data();
     void sceneJoinsStrokes();
+    void textsKeepApart_data();
+    void textsKeepApart();
+    void thresholdLines();
     void legendTexts();
     void decimalsFollowTheRange_data();
     void decimalsFollowTheRange();
@@ -350,6 +353,8 @@ void TestGraph::valueTicksStayApart()
         for (const double tick : ticks)
             QVERIFY(tick >= -extent / 3 && tick <= extent);
     }
+    const std::vector<double> far = valueTicks(1e18, 1e18 + 256.0, 200.0, 25.0);
+    QVERIFY(std::ranges::adjacent_find(far) == far.end()); // none twice
     QVERIFY(valueTicks(1.0, 1.0, 200.0, 25.0).empty());
     QVERIFY(valueTicks(0.0, std::nan(""), 200.0, 25.0).empty());
 }
@@ -717,6 +722,95 @@ void TestGraph::sceneJoinsStrokes()
         QVERIFY2(low <= highBefore + 1.0 && high >= lowBefore - 1.0,
                  qPrintable(QString::number(x)));
     }
+}
+
+void TestGraph::textsKeepApart_data()
+{
+    QTest::addColumn<int>("traces");
+    QTest::addColumn<bool>("isSplit");
+    QTest::addColumn<double>("fontScale");
+    QTest::addColumn<int>("left"); // out, in the legend
+
+    QTest::newRow("a few bands") << 4 << true << 1.0 << 0;
+    QTest::newRow("bands lower than a line") << 40 << true << 1.0 << 18;
+    QTest::newRow("one scale") << 40 << false << 1.0 << 18;
+    QTest::newRow("large font") << 12 << true << 2.2 << 3;
+}
+
+void TestGraph::textsKeepApart()
+{
+    QFETCH(int, traces);
+    QFETCH(bool, isSplit);
+    QFETCH(double, fontScale);
+    Graph graph;
+    graph.setTraceCount(traces);
+    graph.settings.isSplit = isSplit;
+    const GraphMetrics metrics{16.0 * fontScale, 7.3 * fontScale};
+    graph.setMetrics(metrics);
+    graph.setSize(900.0, 400.0);
+    for (int i = 0; i < traces; ++i) {
+        graph.setName(i, QStringLiteral("%1 ").arg(i) + QString(i % 2 == 0 ? 200 : 5, 'x'), "unit");
+        for (const double seconds : {0.0, 50.0, 100.0})
+            graph.trace(i).append(seconds, seconds, 1);
+    }
+    graph.cursorTime = 60.0;
+    graph.markerRight = 80.0;
+    graph.setWindow(0.0, 100.0);
+    const GraphScene scene = buildScene(graph, GraphInput(graph));
+    std::map<double, std::vector<QRectF>> columns; // by where they begin
+    int values = 0;
+    QStringList more;
+    for (const GraphScene::Text& text : scene.texts) {
+        const double width = static_cast<double>(text.text.size()) * metrics.characterWidth;
+        const bool isRight = text.alignment.testFlag(Qt::AlignRight);
+        const QRectF box(isRight ? text.x - width : text.x, text.y - metrics.rowHeight / 2.0, width,
+                         metrics.rowHeight);
+        QVERIFY2(box.left() >= 0.0 && box.right() <= graph.width() + 1.0, qPrintable(text.text));
+        QVERIFY2(box.bottom() <= graph.height() + 1.0, qPrintable(text.text));
+        for (const QRectF& other : columns[text.x])
+            QVERIFY2(isRight || !box.adjusted(0.0, 0.1, 0.0, -0.1).intersects(other),
+                     qPrintable(text.text));
+        columns[text.x].push_back(box);
+        values += text.text.endsWith("[unit]   50.00");
+        if (text.text.startsWith("..."))
+            more << text.text;
+    }
+    QFETCH(int, left);
+    QCOMPARE(values, traces - left);
+    QCOMPARE(more.isEmpty(), left == 0);
+}
+
+void TestGraph::thresholdLines()
+{
+    Profile profile;
+    QVERIFY(loadProfile(profile, "<ThresholdList><Threshold name='T'>"
+                                 "<Value val='10' color='#ff8800' state='WARNING'/>"
+                                 "<Value val='90' color='#ff0000' state='LIMIT'/>"
+                                 "</Threshold></ThresholdList>" +
+                                     device({"name='a' id='1' dataType='FLOAT' thresholdId='T'"})));
+    DataSet dataSet;
+    for (const double seconds : {0.0, 50.0, 100.0})
+        add(dataSet.messages, 1, seconds, floats(static_cast<float>(seconds) * 0.5F));
+    Graph graph;
+    prepare(graph);
+    graph.settings.yMaximum = 50.0;
+    graph.setTraceCount(1);
+    feedTrace(graph, 0, profile, profile.parameters().front(), dataSet);
+    graph.rebuild();
+    const auto linesAt = [&] {
+        QStringList lines;
+        const GraphScene scene = buildScene(graph, GraphInput(graph));
+        for (const GraphScene::Figure& figure : scene.figures) {
+            const float* const ends = scene.vertices.data() + 2 * figure.first;
+            if (figure.kind == GraphScene::Kind::Lines && figure.count == 2 &&
+                (figure.color.name() == "#ff8800" || figure.color.name() == "#ff0000"))
+                lines << QStringLiteral("%1 %2").arg(figure.color.name()).arg(ends[1]);
+        }
+        return lines.join(", ");
+    };
+    QCOMPARE(linesAt(), QStringLiteral("#ff8800 %1").arg(graph.yOf(0, 10.0))); // 90 lies outside
+    graph.settings.hasThresholds = false;
+    QCOMPARE(linesAt(), "");
 }
 
 void TestGraph::legendTexts()
