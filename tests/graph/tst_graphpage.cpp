@@ -154,14 +154,17 @@ int strangers(const QImage& picture, const QImage& other)
 
 void TestGraphPage::bothWaysOfDrawingAgree_data()
 {
-    QTest::addColumn<bool>("isCore"); // of the context for the primitives
-    QTest::newRow("any profile") << false;
-    QTest::newRow("core profile") << true;
+    QTest::addColumn<bool>("isCore");  // of the context for the primitives
+    QTest::addColumn<bool>("isLarge"); // the font, changed after the first frame
+    QTest::newRow("any profile") << false << false;
+    QTest::newRow("core profile") << true << false;
+    QTest::newRow("large font") << false << true;
 }
 
 void TestGraphPage::bothWaysOfDrawingAgree()
 {
     QFETCH(bool, isCore);
+    QFETCH(bool, isLarge);
     WidgetGraph fixedFunction;
     WidgetGraphES primitives;
     if (isCore) {
@@ -188,6 +191,14 @@ void TestGraphPage::bothWaysOfDrawingAgree()
         way->setWindow(110.0, 170.0);
         way->setCursorTime(140.0);
         QTest::keyClick(way, Qt::Key_M);
+        if (isLarge) {
+            const double row = way->graph().metrics().rowHeight;
+            way->grabFramebuffer();
+            QFont large = way->font();
+            large.setPixelSize(26);
+            way->setFont(large);
+            QVERIFY(way->graph().metrics().rowHeight > row + 8.0);
+        }
         QVERIFY(!isCore || way == &fixedFunction ||
                 way->format().profile() == QSurfaceFormat::CoreProfile);
         pictures << way->grabFramebuffer().convertToFormat(QImage::Format_RGB32);
