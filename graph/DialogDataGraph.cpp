@@ -3,6 +3,7 @@
 #include "app/messages/Messages.h"
 #include "app/settings/SettingsStore.h"
 #include "graph/DialogGraphSetup.h"
+#include "graph/DialogGraphStore.h"
 #include "graph/TraceFeeder.h"
 #include "graph/WidgetGraph.h"
 #include "graph/WidgetGraphES.h"
@@ -28,10 +29,10 @@ namespace KOLT {
 namespace {
 
 constexpr int holdMilliseconds = 50;
+constexpr int saveMilliseconds = 1000;
 constexpr double holdFactor = 0.97;
 constexpr double longestHeldSpan = 5000.0;
 constexpr double shortestHeldSpan = 1.0;
-constexpr double edge = 0.1; ///< of the span, within which the window is paged
 constexpr double allMargin = 0.1;
 constexpr int buttonSize = 32;
 constexpr int groupSpacing = 5;
@@ -39,32 +40,6 @@ constexpr std::chrono::milliseconds feedBudget(15); ///< at a time
 constexpr int showMilliseconds = 100; ///< between pictures of the traces filled so far
 constexpr int graphState = 0;
 constexpr int emptyState = 1;
-
-/// Keys of the settings store, with what they are of.
-struct ColorKey
-{
-    const char* key;
-    QColor GraphSettings::*color;
-};
-
-struct FlagKey
-{
-    const char* key;
-    bool GraphSettings::*flag;
-};
-
-constexpr ColorKey colorKeys[] = {{"GraphBackground", &GraphSettings::background},
-                                  {"GraphGridColor", &GraphSettings::gridColor},
-                                  {"GraphLabelColor", &GraphSettings::labelColor},
-                                  {"GraphLabelBackground", &GraphSettings::labelBackground}};
-constexpr FlagKey flagKeys[] = {{"GraphSplit", &GraphSettings::isSplit},
-                                {"GraphAutomatic", &GraphSettings::isAutomatic},
-                                {"GraphGrid", &GraphSettings::hasGrid},
-                                {"GraphCursor", &GraphSettings::hasCursor},
-                                {"GraphLegend", &GraphSettings::hasLegend},
-                                {"GraphAutoscale", &GraphSettings::isAutoscaled},
-                                {"GraphLimits", &GraphSettings::hasThresholds},
-                                {"GraphStatistic", &GraphSettings::hasStatistic}};
 
 /// Whether contexts of this machine have the fixed-function pipeline. Asked once.
 bool hasFixedFunction()
@@ -82,45 +57,12 @@ bool hasFixedFunction()
     return answer;
 }
 
-GraphSettings readSettings()
-{
-    const SettingsStore& store = SettingsStore::instance();
-    GraphSettings settings;
-    settings.timeSpan = std::clamp(store.getDouble("GraphTimeSpan", settings.timeSpan), 1e-3, 1e7);
-    settings.cursorMode = static_cast<CursorMode>(std::clamp(
-        store.getInteger("GraphCursorMode", static_cast<int>(settings.cursorMode)), 0, 2));
-    settings.yMinimum = store.getDouble("GraphYMinimum", settings.yMinimum);
-    settings.yMaximum = store.getDouble("GraphYMaximum", settings.yMaximum);
-    for (const auto& [key, color] : colorKeys) {
-        const QColor stored(QLatin1Char('#') + QString::fromLatin1(store.getText(key)));
-        if (stored.isValid())
-            settings.*color = stored;
-    }
-    for (const auto& [key, flag] : flagKeys)
-        settings.*flag = store.getBoolean(key, settings.*flag);
-    return settings;
-}
-
-void writeSettings(const GraphSettings& settings, QWidget* parent)
-{
-    SettingsStore& store = SettingsStore::instance();
-    store.setText("GraphTimeSpan", QByteArray::number(settings.timeSpan));
-    store.setInteger("GraphCursorMode", static_cast<int>(settings.cursorMode));
-    store.setText("GraphYMinimum", QByteArray::number(settings.yMinimum));
-    store.setText("GraphYMaximum", QByteArray::number(settings.yMaximum));
-    for (const auto& [key, color] : colorKeys)
-        store.setText(key, (settings.*color).name().mid(1).toLatin1());
-    for (const auto& [key, flag] : flagKeys)
-        store.setBoolean(key, settings.*flag);
-    Messages::saveSettings(parent);
-}
-
 } // namespace
 
 DialogDataGraph::DialogDataGraph(const Profile& profile, QWidget* parent)
     : QWidget(parent)
     , m_profile(profile)
-    , m_settings(readSettings())
+    , m_settings(readGraphSettings())
 {
     auto* const page = new QWidget(this);
     createBar();
@@ -142,24 +84,47 @@ DialogDataGraph::DialogDataGraph(const Profile& profile, QWidget* parent)
 
     m_setup = new DialogGraphSetup(m_settings, this);
     connect(m_setup, &DialogGraphSetup::signalChanged, this, &DialogDataGraph::slotGraphSetup);
+    m_saveTimer.setSingleShot(true);
+    m_saveTimer.setInterval(saveMilliseconds);
+    connect(&m_saveTimer, &QTimer::timeout, this, &DialogDataGraph::saveSettings);
+    connect(m_setup, &QDialog::finished, this, [this] {
+        if (m_saveTimer.isActive())
+            saveSettings();
+    });
     connect(m_graph, &WidgetGraphBase::signalCursor, this, [this](float seconds, double value) {
         keepTime(static_cast<double>(seconds));
         emit signalCursor(seconds, value);
     });
     connect(m_graph, &WidgetGraphBase::signalManMode, this, &DialogDataGraph::slotManMode);
+    connect(m_graph, &WidgetGraphBase::signalZoomed, this, [this] {
+        m_settings.timeSpan = m_graph->graph().span();
+        saveSoon();
+    });
+    connect(m_graph, &WidgetGraphBase::signalCursorReleased, this, &DialogDataGraph::showTime);
     connect(m_graph, &WidgetGraphBase::signalMoveParameter, this,
             &DialogDataGraph::slotMoveParameter);
     m_feeder = std::make_unique<TraceFeeder>(m_graph->editGraph());
     connect(&m_feedTimer, &QTimer::timeout, this, &DialogDataGraph::slotTimeoutFeed);
     connect(&m_holdTimer, &QTimer::timeout, this, &DialogDataGraph::slotTimeout);
     m_holdTimer.start(holdMilliseconds);
-    m_graph->setSettings(m_settings);
     m_graph->setTimeSpan(m_settings.timeSpan);
+    m_graph->setSettings(m_settings);
     slotManMode();
     showData();
 }
 
-DialogDataGraph::~DialogDataGraph() = default;
+DialogDataGraph::~DialogDataGraph()
+{
+    if (m_saveTimer.isActive())
+        SettingsStore::instance().save(); // too late for a message
+}
+
+void DialogDataGraph::hideEvent(QHideEvent* event)
+{
+    QWidget::hideEvent(event);
+    if (m_saveTimer.isActive())
+        saveSettings();
+}
 
 void DialogDataGraph::createBar()
 {
@@ -185,7 +150,7 @@ void DialogDataGraph::createBar()
     const auto addOwn = [this](const char* name, const QString& tip, auto slot) {
         auto* const button = new QToolButton(this);
         button->setFixedSize(buttonSize, buttonSize);
-        button->setIconSize(QSize(buttonSize, buttonSize) * 3 / 4);
+        button->setIconSize(QSize(buttonSize, buttonSize));
         button->setAutoRaise(true);
         button->setIcon(QIcon(QStringLiteral(":/icons/%1.svg").arg(QLatin1String(name))));
         button->setToolTip(tip);
@@ -207,7 +172,7 @@ void DialogDataGraph::addButton(Command id, const QString& icon, const QString& 
 {
     auto* const button = new QToolButton(this);
     button->setFixedSize(buttonSize, buttonSize);
-    button->setIconSize(QSize(buttonSize, buttonSize) * 3 / 4);
+    button->setIconSize(QSize(buttonSize, buttonSize));
     button->setAutoRaise(true);
     button->setCheckable(isCheckable);
     if (!icon.isEmpty())
@@ -231,6 +196,7 @@ void DialogDataGraph::clearTraces()
     m_feeder->cancel();
     m_feedTimer.stop();
     m_progress->hide();
+    m_graph->releaseCursor(); // it held a moment of what goes
     m_graph->setTraceCount(1);
     m_graph->editGraph().setVisible(0, false);
     m_graph->refresh();
@@ -293,6 +259,7 @@ void DialogDataGraph::pageTo(double seconds)
 {
     const Graph& graph = m_graph->graph();
     const double span = graph.span();
+    constexpr double edge = Graph::edge;
     if (seconds < graph.windowStart + span * edge)
         m_graph->setWindow(seconds - span * edge, seconds + span * (1.0 - edge));
     else if (seconds > graph.windowEnd - span * edge)
@@ -320,6 +287,8 @@ void DialogDataGraph::slotCommandRelease(int id)
     case ZoomMarker:
         m_graph->setWindow(std::min(graph.markerLeft, graph.markerRight),
                            std::max(graph.markerLeft, graph.markerRight));
+        m_settings.timeSpan = graph.span();
+        saveSoon();
         break;
     case ClearAll:
         clearTraces();
@@ -345,7 +314,7 @@ void DialogDataGraph::slotCommandRelease(int id)
         saveSnapshot();
         break;
     default:
-        writeSettings(m_settings, this); // the span that was zoomed to
+        saveSoon(); // the span that was zoomed to
         break;
     }
     m_heldCommand = NoCommand;
@@ -356,9 +325,12 @@ void DialogDataGraph::zoomToAll()
     if (dataSet() == nullptr)
         return;
     const double length = dataSet()->stopSeconds - dataSet()->startSeconds;
+    if (!(length > 0.0))
+        return;
     m_settings.timeSpan = length;
     m_graph->setWindow(dataSet()->startSeconds - length * allMargin,
                        dataSet()->stopSeconds + length * allMargin);
+    saveSoon();
 }
 
 void DialogDataGraph::slotTimeout()
@@ -373,22 +345,33 @@ void DialogDataGraph::slotTimeout()
 void DialogDataGraph::slotManMode()
 {
     m_settings.isAutomatic = m_graph->graph().settings.isAutomatic;
-    m_isSettingModes = true;
     m_buttons->button(AutomaticMode)->setChecked(m_settings.isAutomatic);
     m_buttons->button(SplitMode)->setChecked(m_graph->graph().settings.isSplit);
     m_buttons->button(SingleMode)->setChecked(!m_graph->graph().settings.isSplit);
-    m_isSettingModes = false;
 }
 
 void DialogDataGraph::applySettings()
 {
     m_graph->setSettings(m_settings);
     slotManMode();
-    writeSettings(m_settings, this);
+    saveSoon();
+}
+
+void DialogDataGraph::saveSoon()
+{
+    keepGraphSettings(m_settings);
+    m_saveTimer.start();
+}
+
+void DialogDataGraph::saveSettings()
+{
+    m_saveTimer.stop();
+    Messages::saveSettings(this);
 }
 
 void DialogDataGraph::slotGraphSetup()
 {
+    m_graph->setTimeSpan(m_settings.timeSpan);
     applySettings();
 }
 

@@ -23,7 +23,8 @@ class TraceFeeder;
 class WidgetGraphBase;
 
 /// The "Graph" page: the oscilloscope with its command bar. Owns the graph's settings and keeps
-/// them in the program's settings.
+/// them in the program's settings; changes are saved after a short pause, or when the setup is
+/// closed.
 ///
 /// Traces of long recordings are filled while the window goes on: all are there at once, but empty
 /// until their turn comes.
@@ -46,6 +47,7 @@ signals:
     void signalOrder(const QStringList& fullNames);
 
 protected:
+    void hideEvent(QHideEvent* event) override;
     void dropData() override;
     void showData() override;
     void showTime() override;
@@ -80,6 +82,8 @@ private:
     void addButton(Command id, const QString& icon, const QString& tip, bool isCheckable,
                    bool isShown);
     void applySettings();
+    void saveSoon();
+    void saveSettings();
     void setTimeSpan(double seconds);
     void showSetup();
     void saveSnapshot();
@@ -103,7 +107,7 @@ private:
     bool m_isNewData = true;    ///< its traces were not shown yet
     QTimer m_holdTimer;
     int m_heldCommand = NoCommand;
-    bool m_isSettingModes = false; ///< the mode buttons are set by the program
+    QTimer m_saveTimer; ///< single-shot: many changes are saved once
 };
 
 } // namespace KOLT

@@ -1,5 +1,7 @@
 #include "graph/DialogGraphSetup.h"
 
+#include "graph/DialogGraphStore.h"
+
 #include <QCheckBox>
 #include <QColorDialog>
 #include <QComboBox>
@@ -8,12 +10,21 @@
 #include <QLineEdit>
 #include <QPushButton>
 
+#include <cmath>
+
 namespace KOLT {
 
 namespace {
 
 constexpr QSize swatchSize(32, 16);
 constexpr int numberWidth = 90;
+
+/// What is no number, or none that ends, gives 0.
+double numberOf(const QString& text)
+{
+    const double number = text.toDouble();
+    return std::isfinite(number) ? number : 0.0;
+}
 
 } // namespace
 
@@ -134,8 +145,8 @@ void DialogGraphSetup::refresh()
     for (const auto& [box, flag] : m_boxes)
         box->setChecked(m_settings.*flag);
     m_cursorMode->setCurrentIndex(static_cast<int>(m_settings.cursorMode));
-    m_yMinimum->setText(QString::number(m_settings.yMinimum));
-    m_yMaximum->setText(QString::number(m_settings.yMaximum));
+    m_yMinimum->setText(roundTripText(m_settings.yMinimum));
+    m_yMaximum->setText(roundTripText(m_settings.yMaximum));
     m_isShowing = false;
 }
 
@@ -200,7 +211,7 @@ void DialogGraphSetup::slotYmin(const QString& text)
 {
     if (m_isShowing)
         return;
-    m_settings.yMinimum = text.toDouble(); // no number gives 0
+    m_settings.yMinimum = numberOf(text);
     emit signalChanged();
 }
 
@@ -208,7 +219,7 @@ void DialogGraphSetup::slotYmax(const QString& text)
 {
     if (m_isShowing)
         return;
-    m_settings.yMaximum = text.toDouble();
+    m_settings.yMaximum = numberOf(text);
     emit signalChanged();
 }
 

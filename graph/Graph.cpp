@@ -74,9 +74,19 @@ void Graph::setSize(double width, double height)
 {
     m_width = width;
     m_height = height;
-    m_plotWidth = std::max(width - leftMargin - rightMargin, 1.0);
+    m_plotWidth = std::max(width - m_plotLeft - rightMargin, 1.0);
     m_plotHeight = std::max(height - bottomMargin, 1.0);
     layOutBands();
+}
+
+void Graph::setMetrics(const GraphMetrics& metrics)
+{
+    constexpr double labelCharacters = 7.0;
+    constexpr double besideLabels = 23.0; // handles and ticks
+    m_metrics = metrics;
+    m_plotLeft =
+        std::max(leftMargin, std::ceil(besideLabels + labelCharacters * metrics.characterWidth));
+    setSize(m_width, m_height);
 }
 
 double Graph::lowerOf(int index) const
@@ -139,10 +149,11 @@ bool Graph::setCursorTime(double seconds)
     if (isCursorHeld)
         return false;
     cursorTime = seconds;
-    if (settings.cursorMode != CursorMode::Center)
+    if (settings.cursorMode == CursorMode::Floating)
         return false;
-    const double half = span() / 2.0;
-    setWindow(seconds - half, seconds + half);
+    const bool isAtEnd = settings.cursorMode == CursorMode::End;
+    const double start = seconds - span() * (isAtEnd ? 1.0 - edge : 0.5);
+    setWindow(start, start + span());
     return true;
 }
 
@@ -191,13 +202,30 @@ void Graph::rebuild()
     scale();
 }
 
+int Graph::neededDecimals(int index, const std::optional<std::pair<double, double>>& range) const
+{
+    constexpr int figures = 3; // that a range is to be read by
+    const ProfileParameter* const parameter = source(index).parameter;
+    if (parameter == nullptr || parameter->rule != DecodingRule::Float || !range)
+        return 0;
+    double extent = range->second - range->first;
+    if (!(extent > 0.0)) // flat: as its value needs
+        extent = std::abs(range->first);
+    if (!(extent > 0.0) || !std::isfinite(extent))
+        return 0;
+    const int needed = figures - 1 - static_cast<int>(std::floor(std::log10(extent)));
+    return std::min(needed, parameter->precision);
+}
+
 void Graph::scale()
 {
     const auto common = ordered(settings.yMinimum, settings.yMaximum);
     RangePyramid::Range all;
-    for (GraphTrace& trace : m_traces) {
+    for (int i = 0; i < traceCount(); ++i) {
+        GraphTrace& trace = m_traces[static_cast<std::size_t>(i)];
         std::tie(trace.lower, trace.upper) = common;
         const auto range = trace.isVisible ? trace.visibleRange() : std::nullopt;
+        source(i).decimals = neededDecimals(i, range);
         if (!settings.isAutoscaled || !range)
             continue;
         std::tie(trace.lower, trace.upper) = withRoom(range->first, range->second);

@@ -3,6 +3,7 @@
 #include "graph/GraphTrace.h"
 #include "profile/ProfileParameter.h"
 
+#include <algorithm>
 #include <vector>
 
 namespace KOLT {
@@ -10,7 +11,7 @@ namespace KOLT {
 enum class CursorMode : int {
     Floating = 0,
     Center = 1, ///< the window is kept centred on the replay's time
-    End = 2
+    End = 2     ///< the window is kept so that the replay's time lies a tenth before its end
 };
 
 /// What the user can set; colours as "#rrggbb" elsewhere.
@@ -40,14 +41,26 @@ struct TraceSource
     const ProfileParameter* parameter = nullptr; ///< null for a bare trace
     double factor = 1.0; ///< from metric to shown values: value * factor + offset
     double offset = 0.0;
+    int decimals = 0; ///< that the visible range needs; set by rebuilding
 
-    bool operator==(const TraceSource&) const = default;
+    /// Whether it is the same apart from how it is shown.
+    bool isSame(const TraceSource& other) const
+    {
+        return parameter == other.parameter && factor == other.factor && offset == other.offset;
+    }
 };
 
 struct EventLine
 {
     int number = 0;
     double seconds = 0.0;
+};
+
+/// Of the fixed-pitch font of all texts, in pixels.
+struct GraphMetrics
+{
+    double rowHeight = 16.0;
+    double characterWidth = 7.3;
 };
 
 /// The oscilloscope without its drawing: traces, the visible window, scales, cursor and markers, in
@@ -59,9 +72,11 @@ class Graph
 {
 public:
     static constexpr int maxTraces = 50;
-    static constexpr double leftMargin = 74.0; ///< room for the value axis and the handles
+    /// Room for the value axis and the handles; a large font takes more, see plotLeft().
+    static constexpr double leftMargin = 74.0;
     static constexpr double rightMargin = 8.0;
     static constexpr double bottomMargin = 20.0;
+    static constexpr double edge = 0.1; ///< of the span: where the replay moves the window on
 
     Graph() { setTraceCount(6); }
 
@@ -104,6 +119,10 @@ public:
     /// Size of the widget in pixels.
     void setSize(double width, double height);
 
+    void setMetrics(const GraphMetrics& metrics);
+
+    const GraphMetrics& metrics() const { return m_metrics; }
+
     double width() const { return m_width; }
 
     double height() const { return m_height; }
@@ -112,7 +131,9 @@ public:
 
     double plotHeight() const { return m_plotHeight; }
 
-    double plotRight() const { return leftMargin + m_plotWidth; }
+    double plotLeft() const { return m_plotLeft; }
+
+    double plotRight() const { return m_plotLeft + m_plotWidth; }
 
     double span() const { return windowEnd - windowStart; }
 
@@ -121,10 +142,10 @@ public:
 
     double xOf(double seconds) const
     {
-        return leftMargin + (seconds - windowStart) * m_plotWidth / span();
+        return m_plotLeft + (seconds - windowStart) * m_plotWidth / span();
     }
 
-    double timeAt(double x) const { return windowStart + (x - leftMargin) * span() / m_plotWidth; }
+    double timeAt(double x) const { return windowStart + (x - m_plotLeft) * span() / m_plotWidth; }
 
     /// In the band of the trace, or in the common scale when traces are not split.
     double yOf(int trace, double value) const;
@@ -146,6 +167,13 @@ public:
     /// Lays out the bands, rebuilds the columns of the visible traces and scales.
     void rebuild();
 
+    /// Of the trace's values in texts: those of the trace, more where the visible range needs them
+    /// and the parameter has them.
+    int shownDecimals(int index) const
+    {
+        return std::max(trace(index).decimals, source(index).decimals);
+    }
+
     double commonLower() const { return m_commonLower; }
 
     double commonUpper() const { return m_commonUpper; }
@@ -153,6 +181,7 @@ public:
 private:
     void layOutBands();
     void scale();
+    int neededDecimals(int trace, const std::optional<std::pair<double, double>>& range) const;
     double lowerOf(int trace) const;
     double upperOf(int trace) const;
     double offsetOf(int trace) const;
@@ -162,6 +191,8 @@ private:
     std::vector<TraceSource> m_sources;
     double m_width = 0.0;
     double m_height = 0.0;
+    GraphMetrics m_metrics;
+    double m_plotLeft = leftMargin;
     double m_plotWidth = 10.0;
     double m_plotHeight = 0.0;
     double m_commonLower = -0.5;

@@ -35,6 +35,14 @@ void GraphInput::placeCursor(const QPointF& place)
     m_graph.cursorValue = m_graph.valueAt(m_graph.selectedTrace, y);
 }
 
+/// No release gives the cursor back, unless the middle button is down as well.
+void GraphInput::holdForAWhile(GraphResponse& response)
+{
+    m_graph.isCursorHeld = true;
+    if (!m_isMiddleHeld)
+        response.hold = GraphResponse::Hold::Timed;
+}
+
 void GraphInput::moveNearerMarker(double seconds)
 {
     const double middle = (m_graph.markerLeft + m_graph.markerRight) / 2.0;
@@ -74,22 +82,29 @@ GraphResponse GraphInput::goTo(double seconds)
     const double half = m_graph.span() / 2.0;
     m_graph.cursorTime = seconds;
     m_graph.setWindow(seconds - half, seconds + half);
-    return {{cursor()}, true, true};
+    GraphResponse response{{cursor()}};
+    response.needsRepaint = true;
+    return response;
 }
 
 GraphResponse GraphInput::keyPress(int key, Qt::KeyboardModifiers modifiers)
 {
     const double pixels = modifiers.testFlag(Qt::ShiftModifier) ? farStep : 1.0;
+    GraphResponse response;
+    response.needsRepaint = true;
     if (moveCursorByKey(key, pixels)) {
-        m_graph.isCursorHeld = true;
-        return {{cursor()}, true, true, true};
+        holdForAWhile(response);
+        response.reports.push_back(cursor());
+        return response;
     }
     const double length = m_last - m_first;
     switch (key) {
     case Qt::Key_F:
         m_graph.settings.isAutomatic = false;
         m_graph.setWindow(m_first - length * fitMargin, m_last + length * fitMargin);
-        return {{}, true, true};
+        response.hasZoomed = true;
+        response.reports.push_back({GraphSignal::Kind::ManMode});
+        return response;
     case Qt::Key_Home:
         return goTo(m_first);
     case Qt::Key_End:
@@ -97,9 +112,11 @@ GraphResponse GraphInput::keyPress(int key, Qt::KeyboardModifiers modifiers)
     case Qt::Key_M:
         m_graph.markerLeft = m_graph.windowStart + m_graph.span() / 4.0;
         m_graph.markerRight = m_graph.windowEnd - m_graph.span() / 4.0;
-        return {{markers()}, true, true};
+        response.reports.push_back(markers());
+        return response;
     default:
-        return {{}, false};
+        response.isHandled = false;
+        return response;
     }
 }
 
@@ -138,8 +155,7 @@ GraphResponse GraphInput::mousePress(Qt::MouseButton button, const QPointF& plac
             response.reports.push_back(markers());
             m_pan = anchor;
         } else if (modifiers.testFlag(Qt::ControlModifier)) {
-            m_graph.isCursorHeld = true;
-            response.holdsCursor = true; // no release gives it back
+            holdForAWhile(response);
             placeCursor(place);
             response.reports.push_back(cursor());
         } else {
@@ -151,6 +167,7 @@ GraphResponse GraphInput::mousePress(Qt::MouseButton button, const QPointF& plac
     case Qt::MiddleButton:
         m_isMiddleHeld = true;
         m_graph.isCursorHeld = true;
+        response.hold = GraphResponse::Hold::Open;
         placeCursor(place);
         response.reports.push_back(cursor());
         break;
@@ -195,6 +212,8 @@ GraphResponse GraphInput::mouseMove(const QPointF& place, Qt::KeyboardModifiers 
         response.needsRepaint = true;
         response.reports.insert(response.reports.end(), {markers(), cursor(), markers()});
     } else if (m_isMiddleHeld || m_isLeftHeld) {
+        if (m_isLeftHeld)
+            holdForAWhile(response);
         placeCursor(place);
         response.needsRepaint = true;
         response.reports.push_back(cursor());
@@ -224,6 +243,7 @@ GraphResponse GraphInput::mouseRelease(Qt::MouseButton button)
     case Qt::MiddleButton:
         m_isMiddleHeld = false;
         m_graph.isCursorHeld = false;
+        response.hold = GraphResponse::Hold::Ended;
         response.reports.push_back({GraphSignal::Kind::MoveCursorFinished});
         break;
     case Qt::RightButton:
@@ -238,15 +258,17 @@ GraphResponse GraphInput::mouseRelease(Qt::MouseButton button)
     return response;
 }
 
-GraphResponse GraphInput::wheel(int angleDelta, Qt::KeyboardModifiers modifiers)
+GraphResponse GraphInput::wheel(int angleDelta, double x, Qt::KeyboardModifiers modifiers)
 {
     GraphResponse response;
-    if (modifiers.testFlag(Qt::ShiftModifier))
+    m_graph.pointerTime = m_graph.timeAt(x);
+    if (modifiers.testFlag(Qt::ShiftModifier) || angleDelta == 0) // sideways it does nothing
         return response;
     const double factor = angleDelta >= 1 ? zoomIn : zoomOut;
     const double h = m_graph.pointerTime;
     m_graph.setWindow(h - (h - m_graph.windowStart) * factor, h - (h - m_graph.windowEnd) * factor);
     response.needsRepaint = true;
+    response.hasZoomed = true;
     response.recalculations = wheelRepeats;
     return response;
 }

@@ -24,10 +24,19 @@ struct GraphSignal
 /// What follows from an input, for the widget to do.
 struct GraphResponse
 {
+    /// What becomes of the user's hold on the cursor.
+    enum class Hold {
+        Unchanged,
+        Timed, ///< the replay gets it back after a while
+        Open,  ///< it stays the user's until a release
+        Ended
+    };
+
     std::vector<GraphSignal> reports;
     bool isHandled = true; ///< otherwise the key is somebody else's
     bool needsRepaint = false;
-    bool holdsCursor = false; ///< start the time after which the replay gets the cursor back
+    Hold hold = Hold::Unchanged;
+    bool hasZoomed = false; ///< the user chose another span
     std::optional<int> recalculations =
         std::nullopt; ///< start the timer that rebuilds, with so many repeats
 };
@@ -54,7 +63,8 @@ public:
                              Qt::KeyboardModifiers modifiers);
     GraphResponse mouseMove(const QPointF& place, Qt::KeyboardModifiers modifiers);
     GraphResponse mouseRelease(Qt::MouseButton button);
-    GraphResponse wheel(int angleDelta, Qt::KeyboardModifiers modifiers);
+    /// Zooms about the time at x: the window may have moved since the last mouse move.
+    GraphResponse wheel(int angleDelta, double x, Qt::KeyboardModifiers modifiers);
 
     bool isMeasuring() const { return m_isLeftHeld && !m_dragged; }
 
@@ -76,6 +86,7 @@ private:
     };
 
     void placeCursor(const QPointF& place);
+    void holdForAWhile(GraphResponse& response);
     void moveNearerMarker(double seconds);
     std::optional<int> handleAt(const QPointF& place) const;
     void pan(double x, GraphResponse& response);

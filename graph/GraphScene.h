@@ -46,11 +46,4 @@ struct GraphScene
 /// each of the graph's.
 GraphScene buildScene(const Graph& graph, const GraphInput& input, double pixelRatio = 1.0);
 
-/// "name   value" as the legend shows it, with the label of an enumerated value, or "name   ---"
-/// where the trace has none.
-QString legendText(const Graph& graph, int trace, double seconds);
-
-/// "hh:mm:ss.zzz/value" at the cursor.
-QString cursorText(double seconds, double value);
-
 } // namespace KOLT

@@ -4,6 +4,12 @@
 
 namespace KOLT {
 
+inline QColor withAlpha(QColor color, int alpha)
+{
+    color.setAlpha(alpha);
+    return color;
+}
+
 /// Adds figures to a scene.
 class ScenePen
 {

@@ -133,7 +133,7 @@ void TraceFeeder::begin(const Profile& profile,
         const MessageSeries* const series = &seriesOf(dataSet.messages, parameter);
         const auto same = std::ranges::find_if(before, [&](const auto& entry) {
             const auto& [trace, source] = entry;
-            return source == m_graph.source(i) && trace.times()->series() == series &&
+            return source.isSame(m_graph.source(i)) && trace.times()->series() == series &&
                    trace.size() == series->size();
         });
         if (same != before.end())

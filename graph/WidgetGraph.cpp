@@ -129,7 +129,7 @@ void WidgetGraph::drawTexts(QPainter& painter, const GraphScene& scene) const
 {
     painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);
     painter.setFont(font());
-    constexpr int lineHeight = 16;
+    const auto lineHeight = static_cast<int>(graph().metrics().rowHeight);
     for (const GraphScene::Text& text : scene.texts) {
         const int top = static_cast<int>(graph().height() - text.y) - lineHeight / 2;
         const int x = static_cast<int>(text.x);

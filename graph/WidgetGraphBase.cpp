@@ -1,8 +1,12 @@
 #include "graph/WidgetGraphBase.h"
 
+#include <QFontMetricsF>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QWheelEvent>
+
+#include <algorithm>
+#include <cmath>
 
 namespace KOLT {
 
@@ -12,6 +16,7 @@ constexpr int repaintMilliseconds = 30;
 constexpr int recalcMilliseconds = 50;
 constexpr int resizeMilliseconds = 100;
 constexpr int cursorMilliseconds = 5000;
+constexpr double leastRowHeight = 16.0;  ///< pixels
 constexpr double repaintThreshold = 0.7; ///< of the time that one pixel covers
 
 } // namespace
@@ -27,6 +32,7 @@ WidgetGraphBase::WidgetGraphBase(QWidget* parent)
     bold.setStyleHint(QFont::TypeWriter);
     bold.setWeight(QFont::Bold);
     setFont(bold);
+    measureFont();
     setToolTip(hint());
     m_recalcTimer.setSingleShot(true);
     m_cursorTimer.setSingleShot(true);
@@ -44,6 +50,22 @@ QString WidgetGraphBase::hint()
               "pan.\nWheel: zoom. Arrow keys: move the cursor (with Shift farther).\nF: whole "
               "flight. Home, End: its ends. M: markers around the middle.\nDrag a handle at the "
               "left edge to move its trace.");
+}
+
+void WidgetGraphBase::measureFont()
+{
+    const QFontMetricsF metrics(font());
+    m_graph.setMetrics({std::max(leastRowHeight, std::ceil(metrics.height())),
+                        metrics.horizontalAdvance(QLatin1Char('0'))});
+}
+
+void WidgetGraphBase::changeEvent(QEvent* event)
+{
+    QOpenGLWidget::changeEvent(event);
+    if (event->type() != QEvent::FontChange)
+        return;
+    measureFont();
+    refresh();
 }
 
 void WidgetGraphBase::setSettings(const GraphSettings& settings)
@@ -74,6 +96,12 @@ void WidgetGraphBase::setCursorTime(double seconds)
     m_graph.setCursorTime(seconds);
     m_hasMoved = true;
     update();
+}
+
+void WidgetGraphBase::releaseCursor()
+{
+    m_cursorTimer.stop();
+    m_graph.isCursorHeld = false;
 }
 
 void WidgetGraphBase::setTimeSpan(double seconds)
@@ -146,13 +174,16 @@ void WidgetGraphBase::slotTimeoutRecalc()
 
 void WidgetGraphBase::slotTimeoutCursor()
 {
-    m_graph.isCursorHeld = false;
+    releaseCursor();
+    emit signalCursorReleased();
 }
 
 void WidgetGraphBase::act(const GraphResponse& response)
 {
-    if (response.holdsCursor)
+    if (response.hold == GraphResponse::Hold::Timed)
         m_cursorTimer.start();
+    else if (response.hold != GraphResponse::Hold::Unchanged)
+        m_cursorTimer.stop();
     if (response.recalculations && !m_recalcTimer.isActive())
         startRecalculation(recalcMilliseconds, *response.recalculations);
     if (response.needsRepaint)
@@ -177,6 +208,10 @@ void WidgetGraphBase::act(const GraphResponse& response)
             break;
         }
     }
+    if (response.hasZoomed)
+        emit signalZoomed();
+    if (response.hold == GraphResponse::Hold::Ended)
+        emit signalCursorReleased();
 }
 
 void WidgetGraphBase::keyPressEvent(QKeyEvent* event)
@@ -205,7 +240,7 @@ void WidgetGraphBase::mouseReleaseEvent(QMouseEvent* event)
 
 void WidgetGraphBase::wheelEvent(QWheelEvent* event)
 {
-    act(m_input.wheel(event->angleDelta().y(), event->modifiers()));
+    act(m_input.wheel(event->angleDelta().y(), event->position().x(), event->modifiers()));
     event->accept();
 }
 

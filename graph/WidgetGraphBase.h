@@ -30,6 +30,8 @@ public:
 
     /// The replay's time. Nothing moves while the user holds the cursor.
     void setCursorTime(double seconds);
+    /// Ends the user's hold on the cursor without telling it.
+    void releaseCursor();
     void setTimeSpan(double seconds);
     void setWindow(double start, double end);
     void addEventLine(int number, double seconds);
@@ -44,6 +46,10 @@ signals:
     void signalMarker(float left, float right);
     void signalManMode();
     void signalMoveParameter(int trace, int row);
+    /// The user's hold on the cursor ended: the replay has it again.
+    void signalCursorReleased();
+    /// The user chose another span by wheel or key.
+    void signalZoomed();
 
 protected:
     explicit WidgetGraphBase(QWidget* parent);
@@ -53,6 +59,7 @@ protected:
 
     void resizeGL(int width, int height) override;
     void paintGL() override;
+    void changeEvent(QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
@@ -67,6 +74,7 @@ private slots:
 
 private:
     void act(const GraphResponse& response);
+    void measureFont();
     void startRecalculation(int milliseconds, int repeats);
 
     Graph m_graph;

@@ -53,8 +53,9 @@ void WidgetGraphES::drawScene(const GraphScene& scene, double pixelRatio)
     for (const GraphScene::Figure& figure : scene.figures)
         drawFigure(scene, figure, pixelRatio);
     m_handler->clip({});
-    if (m_font == nullptr || m_fontRatio != pixelRatio) {
+    if (m_font == nullptr || m_fontRatio != pixelRatio || m_fontOf != font()) {
         m_font = std::make_unique<TUSK::OpenGL::TextureFont>(font(), pixelRatio);
+        m_fontOf = font();
         m_fontRatio = pixelRatio;
     }
     for (const GraphScene::Text& text : scene.texts)

@@ -30,7 +30,8 @@ private:
 
     std::unique_ptr<TUSK::OpenGL::GlHandler> m_handler;
     std::unique_ptr<TUSK::OpenGL::TextureFont> m_font;
-    double m_fontRatio = 0.0; ///< pixel ratio that the font was made for
+    QFont m_fontOf;           ///< what the font was made of
+    double m_fontRatio = 0.0; ///< and for which pixel ratio
 };
 
 } // namespace KOLT

@@ -123,6 +123,7 @@ void GlHandler::draw(GLenum mode, std::span<const float> vertices, const QColor&
 {
     if (!m_isReady || vertices.empty())
         return;
+    const QOpenGLVertexArrayObject::Binder bound(&m_arrays);
     m_plain->bind();
     m_plain->setUniformValue("matrix", m_matrices.top());
     m_plain->setUniformValue("color", color);
@@ -142,6 +143,7 @@ void GlHandler::drawColored(GLenum mode, std::span<const float> vertices, float 
     if (!m_isReady || vertices.empty())
         return;
     constexpr int stride = coloredSize * static_cast<int>(sizeof(float));
+    const QOpenGLVertexArrayObject::Binder bound(&m_arrays);
     m_colored->bind();
     m_colored->setUniformValue("matrix", m_matrices.top());
     upload(vertices);
@@ -177,6 +179,7 @@ void GlHandler::drawTriangles(QOpenGLShaderProgram& program, std::span<const flo
     if (!m_isReady || vertices.empty())
         return;
     constexpr int stride = texturedSize * static_cast<int>(sizeof(float));
+    const QOpenGLVertexArrayObject::Binder bound(&m_arrays);
     program.bind();
     program.setUniformValue("matrix", m_matrices.top());
     program.setUniformValue("color", color);

@@ -6,6 +6,7 @@
 #include <QOpenGLBuffer>
 #include <QOpenGLFunctions>
 #include <QOpenGLShaderProgram>
+#include <QOpenGLVertexArrayObject>
 
 #include <memory>
 #include <span>
@@ -60,6 +61,7 @@ private:
     std::unique_ptr<QOpenGLShaderProgram> m_textured;
     std::unique_ptr<QOpenGLShaderProgram> m_image;
     std::unique_ptr<QOpenGLBuffer> m_buffer;
+    QOpenGLVertexArrayObject m_arrays; ///< core profiles draw nothing without one
 };
 
 } // namespace TUSK::OpenGL

@@ -72,6 +72,7 @@ void Mesh::draw(GlHandler& handler, std::span<const Batch> batches)
 {
     if (!m_isReady || batches.empty())
         return;
+    const QOpenGLVertexArrayObject::Binder bound(&m_arrays);
     m_program->bind();
     m_program->setUniformValue("matrix", handler.matrices().top());
     m_program->setUniformValue("image", 0);

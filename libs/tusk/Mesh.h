@@ -41,6 +41,7 @@ private:
     bool m_isReady = false;
     std::unique_ptr<QOpenGLShaderProgram> m_program;
     std::unique_ptr<QOpenGLBuffer> m_buffer;
+    QOpenGLVertexArrayObject m_arrays; ///< core profiles draw nothing without one
     int m_paint = -1;
     int m_scale = -1;
 };

@@ -1,4 +1,5 @@
 #include "graph/GraphScene.h"
+#include "graph/GraphTexts.h"
 #include "graph/GraphTicks.h"
 #include "graph/TraceFeeder.h"
 #include "tests/support/ProfileFixture.h"
@@ -42,6 +43,7 @@ private slots:
     void keys();
     void mouse_data();
     void mouse();
+    void holdOfTheCursor();
     void handleDragMovesATrace();
     void wheelZoomsAboutThePointer();
     void feedingMarksGaps();
@@ -51,7 +53,12 @@ private slots:
     void cursorTextStaysInThePlot();
     void sceneJoinsStrokes_data();
     void sceneJoinsStrokes();
+    void textsKeepApart_data();
+    void textsKeepApart();
+    void thresholdLines();
     void legendTexts();
+    void decimalsFollowTheRange_data();
+    void decimalsFollowTheRange();
 
 private:
     static GraphTrace traceOf(const std::vector<std::tuple<double, double, int>>& samples)
@@ -349,6 +356,8 @@ void TestGraph::valueTicksStayApart()
         for (const double tick : ticks)
             QVERIFY(tick >= -extent / 3 && tick <= extent);
     }
+    const std::vector<double> far = valueTicks(1e18, 1e18 + 256.0, 200.0, 25.0);
+    QVERIFY(std::ranges::adjacent_find(far) == far.end()); // none twice
     QVERIFY(valueTicks(1.0, 1.0, 200.0, 25.0).empty());
     QVERIFY(valueTicks(0.0, std::nan(""), 200.0, 25.0).empty());
 }
@@ -410,6 +419,11 @@ void TestGraph::cursorModes()
     graph.isCursorHeld = true;
     graph.setCursorTime(10.0);
     QCOMPARE(graph.cursorTime, 90.0); // the user has it
+    graph.isCursorHeld = false;
+    graph.settings.cursorMode = CursorMode::End;
+    QVERIFY(graph.setCursorTime(190.0));
+    QCOMPARE(graph.windowEnd, 200.0);
+    QCOMPARE(graph.windowStart, 100.0);
 }
 
 void TestGraph::timeSpanKeepsAnEnd()
@@ -432,12 +446,17 @@ void TestGraph::keys_data()
     QTest::addColumn<bool>("isShift");
     QTest::addColumn<double>("time"); // cursor from 50 s and 5.0, in pixels of 482 and 100
     QTest::addColumn<double>("value");
+    QTest::addColumn<double>("newValue");
+    QTest::addColumn<int>("selected");
 
     const double pixel = 100.0 / (Graph::leftMargin + 400.0 + Graph::rightMargin);
-    QTest::newRow("left") << int(Qt::Key_Left) << false << 50.0 - pixel << 5.0;
-    QTest::newRow("right, far") << int(Qt::Key_Right) << true << 50.0 + 10 * pixel << 5.0;
-    QTest::newRow("up") << int(Qt::Key_Up) << false << 50.0 << 5.1;
-    QTest::newRow("down, far") << int(Qt::Key_Down) << true << 50.0 << 4.0;
+    QTest::newRow("left") << int(Qt::Key_Left) << false << 50.0 - pixel << 5.0 << 5.0 << 0;
+    QTest::newRow("right, far") << int(Qt::Key_Right) << true << 50.0 + 10 * pixel << 5.0 << 5.0
+                                << 0;
+    QTest::newRow("up") << int(Qt::Key_Up) << false << 50.0 << 5.0 << 5.1 << 0;
+    QTest::newRow("down, far") << int(Qt::Key_Down) << true << 50.0 << 5.0 << 4.0 << 0;
+    QTest::newRow("down, into the band below")
+        << int(Qt::Key_Down) << true << 50.0 << 0.4 << 9.4 << 1;
 }
 
 void TestGraph::keys()
@@ -446,21 +465,28 @@ void TestGraph::keys()
     QFETCH(bool, isShift);
     QFETCH(double, time);
     QFETCH(double, value);
+    QFETCH(double, newValue);
+    QFETCH(int, selected);
     Graph graph;
     prepare(graph);
     GraphInput input(graph);
     graph.cursorTime = 50.0;
-    graph.cursorValue = 5.0;
+    graph.cursorValue = value;
     const GraphResponse response =
         input.keyPress(key, isShift ? Qt::ShiftModifier : Qt::NoModifier);
     QCOMPARE(graph.cursorTime, time);
-    QCOMPARE(graph.cursorValue, value);
-    QVERIFY(response.isHandled && response.holdsCursor && graph.isCursorHeld);
-    QCOMPARE(response.reports.size(), 1U);
+    QCOMPARE(graph.cursorValue, newValue);
+    QVERIFY(response.isHandled && graph.isCursorHeld);
+    QCOMPARE(response.hold, GraphResponse::Hold::Timed);
+    QCOMPARE(response.reports,
+             (std::vector<GraphSignal>{{GraphSignal::Kind::Cursor, time, graph.cursorValue}}));
+    QCOMPARE(graph.selectedTrace, selected);
 
     QVERIFY(!input.keyPress(Qt::Key_A, {}).isHandled);
     input.setExtent(1000.0, 2000.0);
-    input.keyPress(Qt::Key_F, {});
+    graph.settings.isAutomatic = true;
+    QCOMPARE(describe(input.keyPress(Qt::Key_F, {}).reports), "man 0 0");
+    QVERIFY(!graph.settings.isAutomatic);
     QCOMPARE(graph.windowStart, 900.0);
     QCOMPARE(graph.windowEnd, 2100.0);
     QCOMPARE(describe(input.keyPress(Qt::Key_M, {}).reports), "marker 1200 1800");
@@ -517,6 +543,24 @@ void TestGraph::mouse()
     QCOMPARE(graph.pointerTime, graph.timeAt(graph.xOf(60.0)));
 }
 
+void TestGraph::holdOfTheCursor()
+{
+    using Hold = GraphResponse::Hold;
+    Graph graph;
+    prepare(graph);
+    GraphInput input(graph);
+    const QPointF place = placeOf(graph, 30.0, 50.0);
+    QCOMPARE(input.mousePress(Qt::LeftButton, place, Qt::ControlModifier).hold, Hold::Timed);
+    QCOMPARE(input.mouseMove(place, Qt::ControlModifier).hold, Hold::Timed); // again from now on
+    QCOMPARE(input.mouseRelease(Qt::LeftButton).hold, Hold::Unchanged);
+    QCOMPARE(input.mousePress(Qt::MiddleButton, place, {}).hold, Hold::Open);
+    QCOMPARE(input.mouseMove(place, {}).hold, Hold::Unchanged);
+    QCOMPARE(input.keyPress(Qt::Key_Left, {}).hold, Hold::Unchanged); // its time must not end it
+    QVERIFY(graph.isCursorHeld);
+    QCOMPARE(input.mouseRelease(Qt::MiddleButton).hold, Hold::Ended);
+    QVERIFY(!graph.isCursorHeld);
+}
+
 void TestGraph::handleDragMovesATrace()
 {
     Graph graph;
@@ -541,16 +585,23 @@ void TestGraph::wheelZoomsAboutThePointer()
     Graph graph;
     prepare(graph);
     GraphInput input(graph);
+    // The replay moved the window since the pointer came there.
     input.mouseMove(placeOf(graph, 25.0, 50.0), {});
-    QCOMPARE(input.wheel(120, {}).recalculations.value_or(-1), 3);
-    QCOMPARE(graph.windowStart, 2.5);
-    QCOMPARE(graph.windowEnd, 92.5);
-    input.wheel(-120, {});
-    QCOMPARE(graph.windowStart, 0.0);
-    input.wheel(120, Qt::ShiftModifier);
-    QCOMPARE(graph.windowEnd, 100.0);
+    const double x = graph.xOf(25.0);
+    graph.setWindow(100.0, 200.0);
+    QCOMPARE(input.wheel(120, x, {}).recalculations.value_or(-1), 3);
+    QCOMPARE(graph.windowStart, 102.5);
+    QCOMPARE(graph.windowEnd, 192.5);
+    QVERIFY(input.wheel(-120, x, {}).hasZoomed);
+    QCOMPARE(graph.windowStart, 100.0);
+    for (const auto& [turned, modifiers] :
+         {std::pair(120, Qt::KeyboardModifiers(Qt::ShiftModifier)), {0, {}}}) {
+        const GraphResponse response = input.wheel(turned, x, modifiers);
+        QVERIFY(!response.hasZoomed && !response.recalculations);
+        QCOMPARE(graph.windowEnd, 200.0);
+    }
     for (int i = 0; i < 2000; ++i)
-        input.wheel(120, {}); // as far as it goes
+        input.wheel(120, x, {}); // as far as it goes
     QVERIFY(graph.span() > 0.0);
 }
 
@@ -804,25 +855,159 @@ void TestGraph::sceneJoinsStrokes()
     }
 }
 
+void TestGraph::textsKeepApart_data()
+{
+    QTest::addColumn<int>("traces");
+    QTest::addColumn<bool>("isSplit");
+    QTest::addColumn<double>("fontScale");
+    QTest::addColumn<int>("left"); // out, in the legend
+
+    QTest::newRow("a few bands") << 4 << true << 1.0 << 0;
+    QTest::newRow("bands lower than a line") << 40 << true << 1.0 << 18;
+    QTest::newRow("one scale") << 40 << false << 1.0 << 18;
+    QTest::newRow("large font") << 12 << true << 2.2 << 3;
+}
+
+void TestGraph::textsKeepApart()
+{
+    QFETCH(int, traces);
+    QFETCH(bool, isSplit);
+    QFETCH(double, fontScale);
+    Graph graph;
+    graph.setTraceCount(traces);
+    graph.settings.isSplit = isSplit;
+    const GraphMetrics metrics{16.0 * fontScale, 7.3 * fontScale};
+    graph.setMetrics(metrics);
+    graph.setSize(900.0, 400.0);
+    for (int i = 0; i < traces; ++i) {
+        graph.setName(i, QStringLiteral("%1 ").arg(i) + QString(i % 2 == 0 ? 200 : 5, 'x'), "unit");
+        for (const double seconds : {0.0, 50.0, 100.0})
+            graph.trace(i).append(seconds, seconds, 1);
+    }
+    graph.cursorTime = 60.0;
+    graph.markerRight = 80.0;
+    graph.setWindow(0.0, 100.0);
+    const GraphScene scene = buildScene(graph, GraphInput(graph));
+    std::map<double, std::vector<QRectF>> columns; // by where they begin
+    int values = 0;
+    QStringList more;
+    for (const GraphScene::Text& text : scene.texts) {
+        const double width = static_cast<double>(text.text.size()) * metrics.characterWidth;
+        const bool isRight = text.alignment.testFlag(Qt::AlignRight);
+        const QRectF box(isRight ? text.x - width : text.x, text.y - metrics.rowHeight / 2.0, width,
+                         metrics.rowHeight);
+        QVERIFY2(box.left() >= 0.0 && box.right() <= graph.width() + 1.0, qPrintable(text.text));
+        QVERIFY2(box.bottom() <= graph.height() + 1.0, qPrintable(text.text));
+        for (const QRectF& other : columns[text.x])
+            QVERIFY2(isRight || !box.adjusted(0.0, 0.1, 0.0, -0.1).intersects(other),
+                     qPrintable(text.text));
+        columns[text.x].push_back(box);
+        values += text.text.endsWith("[unit]   50.00");
+        if (text.text.startsWith("..."))
+            more << text.text;
+    }
+    QFETCH(int, left);
+    QCOMPARE(values, traces - left);
+    QCOMPARE(more.isEmpty(), left == 0);
+}
+
+void TestGraph::thresholdLines()
+{
+    Profile profile;
+    QVERIFY(loadProfile(profile, "<ThresholdList><Threshold name='T'>"
+                                 "<Value val='10' color='#ff8800' state='WARNING'/>"
+                                 "<Value val='90' color='#ff0000' state='LIMIT'/>"
+                                 "</Threshold></ThresholdList>" +
+                                     device({"name='a' id='1' dataType='FLOAT' thresholdId='T'"})));
+    DataSet dataSet;
+    for (const double seconds : {0.0, 50.0, 100.0})
+        add(dataSet.messages, 1, seconds, floats(static_cast<float>(seconds) * 0.5F));
+    Graph graph;
+    prepare(graph);
+    graph.settings.yMaximum = 50.0;
+    graph.setTraceCount(1);
+    feedTrace(graph, 0, profile, profile.parameters().front(), dataSet);
+    graph.rebuild();
+    const auto linesAt = [&] {
+        QStringList lines;
+        const GraphScene scene = buildScene(graph, GraphInput(graph));
+        for (const GraphScene::Figure& figure : scene.figures) {
+            const float* const ends = scene.vertices.data() + 2 * figure.first;
+            if (figure.kind == GraphScene::Kind::Lines && figure.count == 2 &&
+                (figure.color.name() == "#ff8800" || figure.color.name() == "#ff0000"))
+                lines << QStringLiteral("%1 %2").arg(figure.color.name()).arg(ends[1]);
+        }
+        return lines.join(", ");
+    };
+    QCOMPARE(linesAt(), QStringLiteral("#ff8800 %1").arg(graph.yOf(0, 10.0))); // 90 lies outside
+    graph.settings.hasThresholds = false;
+    QCOMPARE(linesAt(), "");
+}
+
 void TestGraph::legendTexts()
 {
     Profile profile;
-    QVERIFY(loadProfile(profile, "<EnumList><Enum name='E'><Value val='1' label='ON'/></Enum>"
-                                 "</EnumList>" +
-                                     device({"name='Lamp' id='1' dataType='BLONG' enumId='E'"})));
+    QVERIFY(loadProfile(profile,
+                        "<EnumList><Enum name='E'><Value val='1' label='ON'/>"
+                        "<Value val='-1' label='FAIL'/></Enum></EnumList>" +
+                            device({"name='Lamp' id='1' dataType='BLONG' endBit='31' enumId='E'",
+                                    "name='Count' id='1' dataType='LONG' enumId='E'",
+                                    "name='Heat' id='2' dataType='FLOAT' enumId='E'"})));
     DataSet dataSet;
-    add(dataSet.messages, 1, 0.0, {0});
-    add(dataSet.messages, 1, 10.0, {1});
-    add(dataSet.messages, 1, 20.0, {1});
+    for (const auto& [seconds, value] : {std::pair(0.0, 0), {10.0, 1}, {20.0, 255}, {30.0, 1}}) {
+        const auto byte = static_cast<unsigned char>(value);
+        const auto rest = static_cast<unsigned char>(value == 255 ? 255 : 0);
+        add(dataSet.messages, 1, seconds, {byte, rest, rest, rest});
+        add(dataSet.messages, 2, seconds, floats(seconds == 10.0 ? std::nanf("") : 1.0F));
+    }
     Graph graph;
-    feedTrace(graph, 0, profile, profile.parameters().front(), dataSet);
+    for (int i = 0; i < 3; ++i)
+        feedTrace(graph, i, profile, profile.parameters()[static_cast<std::size_t>(i)], dataSet);
     QCOMPARE(legendText(graph, 0, 15.0), "Lamp   ON");
     QCOMPARE(legendText(graph, 0, 5.0), "Lamp   0");
-    QCOMPARE(legendText(graph, 0, 25.0), "Lamp   ---");
-    QCOMPARE(legendText(graph, 1, 5.0), "NoName [-]   ---");
+    QCOMPARE(legendText(graph, 0, 25.0), "Lamp   FAIL"); // all 32 bits, as the table reads them
+    QCOMPARE(legendText(graph, 0, 35.0), "Lamp   ---");
+    QCOMPARE(legendText(graph, 1, 15.0), "Count   1"); // labels are for bit fields
+    QCOMPARE(legendText(graph, 2, 15.0), "Heat   ---");
+    QCOMPARE(legendText(graph, 3, 5.0), "NoName [-]   ---");
+    QCOMPARE(legendText(graph, 0, 15.0, 12), "Lamp   ON");
+    graph.trace(0).name = "A long name of a lamp";
+    QCOMPARE(legendText(graph, 0, 15.0, 16), QStringLiteral("A long nam\u2026   ON"));
+    QCOMPARE(statisticText(graph, 0, 0.0, 15.0), "A long name of a lamp  0  ON  0.50");
+    QCOMPARE(statisticText(graph, 1, 0.0, 15.0), "Count  0  1  0.50");
+    QCOMPARE(statisticText(graph, 1, 11.0, 15.0), "Count  ---");
     QCOMPARE(cursorText(3661.25, 1.2345), "01:01:01.250/1.23");
     QCOMPARE(timeTickText(3661.9), "1:01:01");
     QCOMPARE(timeTickText(-61.0), "-0:01:01");
+}
+
+void TestGraph::decimalsFollowTheRange_data()
+{
+    QTest::addColumn<int>("precision");
+    QTest::addColumn<float>("extent"); // from 0.00025 on
+    QTest::addColumn<QString>("text");
+    QTest::newRow("three are enough") << 6 << 10.0F << "0.000";
+    QTest::newRow("the range needs more") << 6 << 0.001F << "0.00025";
+    QTest::newRow("the parameter has no more") << 4 << 0.001F << "0.0002";
+    QTest::newRow("a flat one") << 6 << 0.0F << "0.000250";
+    QTest::newRow("fewer") << 1 << 0.001F << "0.0";
+}
+
+void TestGraph::decimalsFollowTheRange()
+{
+    QFETCH(int, precision);
+    QFETCH(float, extent);
+    Profile profile;
+    QVERIFY(loadProfile(profile, device({"name='a' id='1' dataType='FLOAT' precision='" +
+                                         QByteArray::number(precision) + "'"})));
+    DataSet dataSet;
+    for (const double seconds : {0.0, 10.0, 20.0})
+        add(dataSet.messages, 1, seconds, floats(0.00025F + (seconds == 10.0 ? extent : 0.0F)));
+    Graph graph;
+    feedTrace(graph, 0, profile, profile.parameters().front(), dataSet);
+    graph.setSize(400.0, 200.0);
+    graph.setWindow(0.0, 30.0);
+    QTEST(valueText(graph, 0, 0.000249999), "text");
 }
 
 QTEST_GUILESS_MAIN(TestGraph)

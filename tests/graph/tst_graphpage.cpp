@@ -12,6 +12,7 @@
 
 #include <QButtonGroup>
 #include <QCheckBox>
+#include <QClipboard>
 #include <QComboBox>
 #include <QImage>
 #include <QLineEdit>
@@ -36,12 +37,14 @@ private slots:
     void cleanup() { m_page.reset(); }
 
     void drawsWhatIsThere();
+    void bothWaysOfDrawingAgree_data();
     void bothWaysOfDrawingAgree();
     void buttons();
     void heldZoom();
     void replayPagesAndCentres();
     void mouseReachesTheSignals();
     void keyGivesTheCursorBack();
+    void otherDataEndTheHold();
     void draggedHandleGivesAnOrder();
     void refreshKeepsMarkersAndSelection();
     void longRecordingsAppearByAndBy();
@@ -71,11 +74,15 @@ private:
 void TestGraphPage::init()
 {
     SettingsStore::instance().setFileName(QFile::encodeName(m_directory.filePath("KOLT.ini")));
-    for (const char* key : {"GraphTimeSpan", "GraphCursorMode", "GraphBackground", "GraphSplit"})
-        SettingsStore::instance().setText(key, {});
-    SettingsStore::instance().setText("GraphTimeSpan", "60");
-    SettingsStore::instance().setText("GraphCursorMode", "1");
-    SettingsStore::instance().setText("GraphSplit", "true");
+    for (const auto& [key, value] : {std::pair("GraphTimeSpan", "60"),
+                                     {"GraphCursorMode", "1"},
+                                     {"GraphSplit", "true"},
+                                     {"GraphBackground", "000000"},
+                                     {"GraphLegend", "true"},
+                                     {"GraphAutoscale", "true"},
+                                     {"GraphYMinimum", "-100"},
+                                     {"GraphYMaximum", "100"}})
+        SettingsStore::instance().setText(key, value);
     QVERIFY(loadProfile(m_profile, device({"name='a' id='1' dataType='FLOAT' precision='1'",
                                            "name='b' id='1' startByte='4' dataType='FLOAT'"})));
     m_profile.select([](const ProfileParameter&) { return true; });
@@ -119,10 +126,56 @@ void TestGraphPage::drawsWhatIsThere()
     QVERIFY2(cursor > 80, qPrintable(QString::number(cursor)));
 }
 
+namespace {
+
+/// Pixels for which the other picture has nothing alike within one pixel: stipples and the edges of
+/// letters may be shifted, but not missing.
+int strangers(const QImage& picture, const QImage& other)
+{
+    constexpr int tolerance = 60;
+    const auto isAlike = [&](QRgb color, int x, int y) {
+        if (!other.valid(x, y))
+            return false;
+        const QRgb there = other.pixel(x, y);
+        return std::abs(qRed(color) - qRed(there)) <= tolerance &&
+               std::abs(qGreen(color) - qGreen(there)) <= tolerance &&
+               std::abs(qBlue(color) - qBlue(there)) <= tolerance;
+    };
+    int count = 0;
+    for (int y = 0; y < picture.height(); ++y) {
+        for (int x = 0; x < picture.width(); ++x) {
+            bool isFound = false;
+            for (int i = 0; i < 9 && !isFound; ++i)
+                isFound = isAlike(picture.pixel(x, y), x + i % 3 - 1, y + i / 3 - 1);
+            count += isFound ? 0 : 1;
+        }
+    }
+    return count;
+}
+
+} // namespace
+
+void TestGraphPage::bothWaysOfDrawingAgree_data()
+{
+    QTest::addColumn<bool>("isCore");  // of the context for the primitives
+    QTest::addColumn<bool>("isLarge"); // the font, changed after the first frame
+    QTest::newRow("any profile") << false << false;
+    QTest::newRow("core profile") << true << false;
+    QTest::newRow("large font") << false << true;
+}
+
 void TestGraphPage::bothWaysOfDrawingAgree()
 {
+    QFETCH(bool, isCore);
+    QFETCH(bool, isLarge);
     WidgetGraph fixedFunction;
     WidgetGraphES primitives;
+    if (isCore) {
+        QSurfaceFormat format;
+        format.setVersion(3, 3);
+        format.setProfile(QSurfaceFormat::CoreProfile);
+        primitives.setFormat(format);
+    }
     QList<QImage> pictures;
     for (WidgetGraphBase* way :
          std::initializer_list<WidgetGraphBase*>{&fixedFunction, &primitives}) {
@@ -139,25 +192,31 @@ void TestGraphPage::bothWaysOfDrawingAgree()
         way->show();
         QVERIFY(QTest::qWaitForWindowExposed(way));
         way->setWindow(110.0, 170.0);
+        way->setCursorTime(140.0);
         QTest::keyClick(way, Qt::Key_M);
+        if (isLarge) {
+            const double row = way->graph().metrics().rowHeight;
+            way->grabFramebuffer();
+            QFont large = way->font();
+            large.setPixelSize(26);
+            way->setFont(large);
+            QVERIFY(way->graph().metrics().rowHeight > row + 8.0);
+        }
+        QVERIFY(!isCore || way == &fixedFunction ||
+                way->format().profile() == QSurfaceFormat::CoreProfile);
         pictures << way->grabFramebuffer().convertToFormat(QImage::Format_RGB32);
     }
     QCOMPARE(pictures[0].size(), pictures[1].size());
-    int different = 0;
+    const int different = strangers(pictures[0], pictures[1]) + strangers(pictures[1], pictures[0]);
     int drawn = 0; // neither background nor margin
     for (int y = 0; y < pictures[0].height(); ++y) {
         for (int x = 0; x < pictures[0].width(); ++x) {
-            const QColor a = pictures[0].pixelColor(x, y);
-            const QColor b = pictures[1].pixelColor(x, y);
-            constexpr int tolerance = 60;
-            different += std::abs(a.red() - b.red()) > tolerance ||
-                         std::abs(a.green() - b.green()) > tolerance ||
-                         std::abs(a.blue() - b.blue()) > tolerance;
-            drawn += a != QColor(0, 0, 0) && a != QColor(0x20, 0x40, 0x60);
+            const QColor color = pictures[0].pixelColor(x, y);
+            drawn += color != QColor(0, 0, 0) && color != QColor(0x20, 0x40, 0x60);
         }
     }
     QVERIFY2(drawn > 20'000, qPrintable(QString::number(drawn)));
-    const int most = pictures[0].width() * pictures[0].height() / 50; // texts and stipples shift
+    constexpr int most = 300; // measured: 206, without the thin event line 709
     if (different >= most) {
         pictures[0].save(QStringLiteral("graph-fixed.png"));
         pictures[1].save(QStringLiteral("graph-primitives.png"));
@@ -202,6 +261,16 @@ void TestGraphPage::heldZoom()
     QTest::mousePress(button(1), Qt::LeftButton);
     QTRY_VERIFY(graph().span() > released * 1.03);
     QTest::mouseRelease(button(1), Qt::LeftButton);
+    // The limits only bring back what lies beyond them.
+    for (const auto& [id, begin, expected] :
+         {std::tuple(0, 9000.0, 5000.0), {0, 1.0, 0.97}, {1, 0.1, 1.0}, {1, 9700.0, 10000.0}}) {
+        widget()->setTimeSpan(begin);
+        QVERIFY(QMetaObject::invokeMethod(m_page.get(), "slotCommandPress", Q_ARG(int, id)));
+        QVERIFY(QMetaObject::invokeMethod(m_page.get(), "slotTimeout"));
+        QVERIFY(QMetaObject::invokeMethod(m_page.get(), "slotCommandRelease", Q_ARG(int, id)));
+        QVERIFY2(std::abs(graph().span() - expected) < 1e-6,
+                 qPrintable(QString::number(graph().span())));
+    }
 }
 
 void TestGraphPage::replayPagesAndCentres()
@@ -239,6 +308,7 @@ void TestGraphPage::mouseReachesTheSignals()
     QVERIFY(std::abs(graph().cursorTime - 140.0) < 0.2);
     QTest::mouseRelease(widget(), Qt::MiddleButton, {}, place(140.0, 100));
     QVERIFY(!graph().isCursorHeld);
+    QCOMPARE(graph().cursorTime, 160.0); // the replay's
     const double span = graph().span();
     QTest::mouseMove(widget(), place(150.0, 120));
     QWheelEvent wheel(QPointF(place(150.0, 120)), widget()->mapToGlobal(QPointF(place(150.0, 120))),
@@ -253,7 +323,26 @@ void TestGraphPage::keyGivesTheCursorBack()
     QTest::keyClick(widget(), Qt::Key_Right, Qt::ShiftModifier);
     QCOMPARE(cursor.size(), 1);
     QVERIFY(graph().isCursorHeld);
+    m_page->setTime(180.0);
+    QVERIFY(graph().cursorTime < 160.0);
     QTRY_VERIFY_WITH_TIMEOUT(!graph().isCursorHeld, 8000); // after five seconds
+    QCOMPARE(graph().cursorTime, 180.0);                   // it follows the replay again
+    QCOMPARE(graph().windowStart, 150.0);
+}
+
+void TestGraphPage::otherDataEndTheHold()
+{
+    QTest::keyClick(widget(), Qt::Key_Right);
+    DataSet other;
+    add(other.messages, 1, 5000.0, floats(1.0F));
+    add(other.messages, 1, 5200.0, floats(2.0F));
+    other.startSeconds = 5000.0;
+    other.stopSeconds = 5200.0;
+    m_page->setData(&other);
+    m_page->setTime(5000.0);
+    QVERIFY(!graph().isCursorHeld);
+    QCOMPARE(graph().windowStart, 4970.0);
+    m_page->clear();
 }
 
 void TestGraphPage::draggedHandleGivesAnOrder()
@@ -354,7 +443,11 @@ void TestGraphPage::setupChangesTheGraph()
     edits.at(1)->setText("no number");
     QCOMPARE(graph().settings.yMinimum, -7.5);
     QCOMPARE(graph().settings.yMaximum, 0.0);
-    QCOMPARE(changed.size(), 5);
+    edits.at(1)->setText("nan");
+    QCOMPARE(graph().settings.yMaximum, 0.0);
+    edits.at(1)->setText("1e999");
+    QCOMPARE(graph().settings.yMaximum, 0.0);
+    QCOMPARE(changed.size(), 7);
     ModalBoxes boxes; // cancels the colour dialog
     for (auto* select : setup->findChildren<QPushButton*>()) {
         if (select->text() == "Select") {
@@ -363,17 +456,45 @@ void TestGraphPage::setupChangesTheGraph()
         }
     }
     QCOMPARE(graph().settings.background, QColor(0, 0, 0));
-    QCOMPARE(changed.size(), 6); // applied all the same
+    QCOMPARE(changed.size(), 8); // applied all the same
 }
 
 void TestGraphPage::settingsAreKept()
 {
     QTest::mouseClick(button(7), Qt::LeftButton);
+    QTest::mouseClick(button(2), Qt::LeftButton); // the span is the flight's
+    QTest::mousePress(widget(), Qt::RightButton, {}, place(150.0, 100));
+    QTest::mouseMove(widget(), place(140.0, 100));
+    QTest::mouseRelease(widget(), Qt::RightButton, {}, place(140.0, 100));
+    QVERIFY(!graph().settings.isAutomatic);
+    auto* const setup = m_page->findChild<DialogGraphSetup*>();
+    button(9)->click();
+    QFile::remove(m_directory.filePath("KOLT.ini"));
+    const auto edits = setup->findChildren<QLineEdit*>();
+    edits.at(0)->setText("-1234567.125");
+    edits.at(1)->setText("0.1");
+    QVERIFY(!QFile::exists(m_directory.filePath("KOLT.ini"))); // not at every key
+    QCOMPARE(graph().span(), 100.0);                           // the record is applied as a whole
+    setup->close();
+    QVERIFY(QFile::exists(m_directory.filePath("KOLT.ini")));
+
     SettingsStore::instance().setText("GraphBackground", "102030");
     m_page = std::make_unique<DialogDataGraph>(m_profile);
     QVERIFY(!graph().settings.isSplit);
+    QVERIFY(graph().settings.isAutomatic); // nothing in sight would bring it back
     QVERIFY(button(7)->isChecked());
     QCOMPARE(graph().settings.background, QColor(0x10, 0x20, 0x30));
+    QCOMPARE(graph().settings.yMinimum, -1234567.125);
+    QCOMPARE(graph().settings.yMaximum, 0.1);
+    QCOMPARE(graph().span(), 100.0);
+    QCOMPARE(m_page->findChildren<QLineEdit*>().at(0)->text(), "-1234567.125");
+
+    for (const char* key : {"GraphTimeSpan", "GraphYMinimum", "GraphYMaximum"})
+        SettingsStore::instance().setText(key, "nan");
+    m_page = std::make_unique<DialogDataGraph>(m_profile);
+    QCOMPARE(graph().span(), 60.0);
+    QCOMPARE(graph().settings.yMinimum, 0.0);
+    QCOMPARE(graph().settings.yMaximum, 0.0);
 }
 
 void TestGraphPage::snapshot()
@@ -385,6 +506,21 @@ void TestGraphPage::snapshot()
     QCOMPARE(boxes.seen().value(0), "Save Snapshot");
     const QImage picture(path);
     QCOMPARE(picture.size(), m_page->size() * m_page->devicePixelRatioF());
+    const QPointF corner = widget()->mapTo(m_page.get(), QPointF(0.0, 0.0));
+    const auto pixel = [&](double x, double yFromTop) { // of the graph within the page
+        const QPointF place = (corner + QPointF(x, yFromTop)) * m_page->devicePixelRatioF();
+        return picture.pixelColor(static_cast<int>(place.x()), static_cast<int>(place.y()));
+    };
+    const double flat = graph().height() - graph().yOf(1, 5.0);
+    QVERIFY(pixel(graph().xOf(graph().windowStart + 3.0), flat).green() > 100); // its trace
+    QCOMPARE(pixel(2.0, graph().height() - 5.0), QColor(0xbb, 0xbb, 0xbb));
+    for (auto* own : m_page->findChildren<QToolButton*>()) {
+        QCOMPARE(own->iconSize(), QSize(32, 32));
+        if (own->toolTip() == "Copy picture")
+            QTest::mouseClick(own, Qt::LeftButton);
+    }
+    QCOMPARE(QApplication::clipboard()->image().convertToFormat(QImage::Format_RGB32),
+             widget()->grab().toImage().convertToFormat(QImage::Format_RGB32));
     boxes.answer("/proc/none/picture.bmp");
     boxes.answer("OK");
     QTest::mouseClick(button(10), Qt::LeftButton);

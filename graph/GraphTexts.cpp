@@ -1,0 +1,92 @@
+#include "graph/GraphTexts.h"
+
+#include "record/ClockTime.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace KOLT {
+
+namespace {
+
+constexpr int meanDecimals = 2; ///< at least: the mean of whole numbers is none
+constexpr int shortestName = 8;
+
+QString number(double value, int decimals)
+{
+    if (!std::isfinite(value))
+        return QStringLiteral("---");
+    return QString::asprintf("%.*f", decimals, value);
+}
+
+/// The name in front of the rest, cut where both together are too long.
+QString named(const QString& name, const QString& rest, int longest)
+{
+    const auto room = std::max(longest - static_cast<int>(rest.size()), shortestName);
+    if (name.size() <= room)
+        return name + rest;
+    return name.left(room - 1) + QChar(0x2026) + rest;
+}
+
+/// The label of a bit field's value, found as the data table finds it.
+const QString* labelOf(const TraceSource& source, double value)
+{
+    const ProfileParameter* const parameter = source.parameter;
+    constexpr double end = 4294967296.0; // bit fields have 32 bits at most
+    if (parameter == nullptr || parameter->enumList == nullptr ||
+        parameter->rule != DecodingRule::BitField || !(value >= 0.0 && value < end))
+        return nullptr;
+    const auto bits = static_cast<std::uint32_t>(value);
+    const auto& entries = parameter->enumList->entries;
+    const auto entry = entries.find(static_cast<std::int32_t>(bits));
+    return entry != entries.end() ? &entry->second.label : nullptr;
+}
+
+} // namespace
+
+QString valueText(const Graph& graph, int index, double value)
+{
+    const QString* const label = labelOf(graph.source(index), value);
+    return label != nullptr ? *label : number(value, graph.shownDecimals(index));
+}
+
+QString legendText(const Graph& graph, int index, double seconds, int longest)
+{
+    const GraphTrace& trace = graph.trace(index);
+    QString rest;
+    if (!trace.unit.isEmpty())
+        rest = QStringLiteral(" [%1]").arg(trace.unit);
+    const std::optional<double> value = trace.valueAt(seconds);
+    rest += QStringLiteral("   ");
+    rest += value ? valueText(graph, index, *value) : QStringLiteral("---");
+    return named(trace.name, rest, longest);
+}
+
+QString statisticText(const Graph& graph, int index, double from, double to, int longest)
+{
+    const GraphTrace& trace = graph.trace(index);
+    const auto range = trace.statistic(from, to);
+    if (!range)
+        return named(trace.name, QStringLiteral("  ---"), longest);
+    const QString rest =
+        QStringLiteral("  %1  %2  %3")
+            .arg(valueText(graph, index, range->minimum), valueText(graph, index, range->maximum),
+                 number(range->mean, std::max(graph.shownDecimals(index), meanDecimals)));
+    return named(trace.name, rest, longest);
+}
+
+QString scaleText(const Graph& graph, int index)
+{
+    const GraphTrace& trace = graph.trace(index);
+    const int decimals = graph.shownDecimals(index);
+    return QString::asprintf("%8.*f %8.*f ", decimals, trace.lower, decimals, trace.upper) +
+           QStringLiteral("[%1]").arg(trace.unit);
+}
+
+QString cursorText(double seconds, double value)
+{
+    return clockTime(seconds).toString(QStringLiteral("hh:mm:ss.zzz")) +
+           QString::asprintf("/%.2f", value);
+}
+
+} // namespace KOLT

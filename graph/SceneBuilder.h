@@ -1,0 +1,86 @@
+#pragma once
+
+#include "graph/GraphScene.h"
+#include "graph/ScenePen.h"
+
+#include <algorithm>
+
+namespace KOLT {
+
+/// Puts the parts of a frame together: margins, axes and bands, and what lies over them.
+class SceneBuilder
+{
+public:
+    SceneBuilder(const Graph& graph, const GraphInput& input, double pixelRatio)
+        : m_graph(graph)
+        , m_input(input)
+        , m_pixelRatio(pixelRatio)
+        , m_row(graph.metrics().rowHeight)
+        , m_plot(graph.plotLeft(), Graph::bottomMargin, graph.plotWidth(), graph.plotHeight())
+    {
+    }
+
+    GraphScene build();
+
+private:
+    void margins();
+
+    void text(double x, double y, Qt::Alignment alignment, const QString& content,
+              const QColor& color)
+    {
+        m_scene.texts.push_back({x, y, alignment, content, color});
+    }
+
+    double widthOf(const QString& content) const
+    {
+        return static_cast<double>(content.size()) * m_graph.metrics().characterWidth;
+    }
+
+    /// Characters that a width holds.
+    int charactersIn(double width) const
+    {
+        return static_cast<int>(std::max(width / m_graph.metrics().characterWidth, 0.0));
+    }
+
+    /// A text in the plot, on a plate that keeps it legible above the grid.
+    void plotText(double x, double y, Qt::Alignment alignment, const QString& content,
+                  const QColor& color);
+
+    /// Dark colours are lightened on a dark plot, and pale ones darkened on a pale one.
+    QColor legible(const QColor& color) const;
+    QRectF bandRect(int index) const;
+    void valueAxis(const QRectF& area, double lower, double upper, int decimals,
+                   const QColor& color);
+    void timeGrid();
+    void band(int index);
+
+    /// The ends of the band's scale, where the legend leaves room for it.
+    void scaleLabel(int index, const QRectF& area);
+    void thresholds(int index, const QRectF& area);
+    void markers();
+    void events();
+    void cursor();
+
+    /// Bands that are lower than a line of text share one list.
+    bool hasLegendInBands() const
+    {
+        return m_graph.settings.isSplit && m_graph.rowHeight() >= m_row;
+    }
+
+    /// How many of the rows are shown in the height; the last line then tells of the others.
+    std::size_t fitting(std::size_t rows, double height) const;
+    static QString moreText(std::size_t count);
+    void legend(const std::vector<int>& visible);
+    void statistic(const std::vector<int>& visible);
+    void handles(const std::vector<int>& visible);
+
+    const Graph& m_graph;
+    const GraphInput& m_input;
+    double m_pixelRatio;
+    double m_row;  ///< height of a line of text
+    QRectF m_plot; ///< top is its lower edge, as y goes up
+    GraphScene m_scene;
+    ScenePen m_pen{m_scene};
+};
+
+} // namespace KOLT

@@ -1,0 +1,156 @@
+#include "graph/GraphTexts.h"
+#include "graph/SceneBuilder.h"
+
+#include <QCoreApplication>
+
+#include <span>
+
+namespace KOLT {
+
+namespace {
+
+constexpr double legendIndent = 18.0;
+constexpr double panelPadding = 8.0;
+constexpr double handleX = 10.0;
+constexpr QColor markerColor(255, 255, 0, 77);
+constexpr QColor eventColor(0, 153, 153);
+constexpr QColor dragColor(0, 255, 255);
+constexpr QColor hoverColor(255, 128, 0);
+constexpr QColor cursorColor(128, 128, 128);
+constexpr QColor panelColor(255, 255, 255, 215);
+
+} // namespace
+
+void SceneBuilder::markers()
+{
+    const double left = std::clamp(m_graph.xOf(std::min(m_graph.markerLeft, m_graph.markerRight)),
+                                   m_plot.left(), m_plot.right());
+    const double right = std::clamp(m_graph.xOf(std::max(m_graph.markerLeft, m_graph.markerRight)),
+                                    m_plot.left(), m_plot.right());
+    if (right > left)
+        m_pen.quad({left, m_plot.top(), right - left, m_plot.height()}, markerColor);
+    if (m_input.isMeasuring()) {
+        const int index = m_graph.selectedTrace;
+        text(m_graph.xOf(m_graph.cursorTime) + 5.0,
+             m_graph.yOf(index, m_graph.cursorValue) + 5.0 + m_row / 2.0, Qt::AlignLeft,
+             QStringLiteral("dt = %1 s").arg(m_graph.markerRight - m_graph.markerLeft),
+             legible(Qt::black));
+    }
+}
+
+void SceneBuilder::events()
+{
+    for (const EventLine& event : m_graph.eventLines) {
+        const double x = m_graph.xOf(event.seconds);
+        if (x < m_plot.left() || x > m_plot.right())
+            continue;
+        m_pen.line(x, m_plot.top(), x, m_plot.bottom(), withAlpha(eventColor, 102));
+        text(x + 5.0, m_plot.bottom() - 15.0, Qt::AlignLeft, QString::number(event.number),
+             eventColor);
+    }
+}
+
+void SceneBuilder::cursor()
+{
+    const double x = m_graph.xOf(m_graph.cursorTime);
+    if (x < m_plot.left() || x > m_plot.right())
+        return;
+    const QColor color = legible(cursorColor);
+    m_pen.line(x, m_plot.top(), x, m_plot.bottom(), color);
+    const double y = m_graph.yOf(m_graph.selectedTrace, m_graph.cursorValue);
+    const QRectF area =
+        m_graph.hasTrace(m_graph.selectedTrace) ? bandRect(m_graph.selectedTrace) : m_plot;
+    if (y >= area.top() && y <= area.bottom())
+        m_pen.line(m_plot.left(), y, m_plot.right(), y, withAlpha(color, 120));
+    const QString label = cursorText(m_graph.cursorTime, m_graph.cursorValue);
+    const double width = widthOf(label);
+    const bool isRight = x + 10.0 + width > m_plot.right();
+    // In a narrow plot neither side has room: it then begins at the plot's edge.
+    const double begin = isRight ? std::max(x - 5.0 - width, m_plot.left() + 2.0) : x + 5.0;
+    text(begin, m_plot.top() + m_row / 2.0, Qt::AlignLeft, label, color);
+}
+
+std::size_t SceneBuilder::fitting(std::size_t rows, double height) const
+{
+    const auto lines = static_cast<std::size_t>(std::max(height / m_row, 1.0));
+    return rows <= lines ? rows : lines - 1;
+}
+
+QString SceneBuilder::moreText(std::size_t count)
+{
+    return QCoreApplication::translate("KOLT::GraphScene", "... and %n more", nullptr,
+                                       static_cast<int>(count));
+}
+
+void SceneBuilder::legend(const std::vector<int>& visible)
+{
+    const bool isInBands = hasLegendInBands();
+    const std::size_t shown = isInBands ? visible.size() : fitting(visible.size(), m_plot.height());
+    const double left = m_plot.left() + legendIndent;
+    double y = m_plot.bottom() - m_row / 2.0;
+    for (const int index : std::span(visible).first(shown)) {
+        const GraphTrace& trace = m_graph.trace(index);
+        if (isInBands)
+            y = trace.bandOffset + trace.bandHeight - m_row / 2.0;
+        m_pen.quad({m_plot.left() + 6.0, y - 4.0, 8.0, 8.0}, trace.color);
+        plotText(
+            left, y, Qt::AlignLeft,
+            legendText(m_graph, index, m_graph.cursorTime, charactersIn(m_plot.right() - left)),
+            trace.color);
+        y -= m_row;
+    }
+    if (shown < visible.size())
+        plotText(left, y, Qt::AlignLeft, moreText(visible.size() - shown),
+                 m_graph.settings.labelColor);
+}
+
+void SceneBuilder::statistic(const std::vector<int>& visible)
+{
+    const double from = std::min(m_graph.markerLeft, m_graph.markerRight);
+    const double to = std::max(m_graph.markerLeft, m_graph.markerRight);
+    if (!(to > from) || visible.empty())
+        return;
+    QStringList lines{
+        QCoreApplication::translate("KOLT::GraphScene", "Between the markers: min, max, mean")};
+    // Above the line of the cursor's text.
+    const double height = m_plot.height() - 2.0 * m_row - 3.0 * panelPadding;
+    const std::size_t shown = fitting(visible.size(), height);
+    const int longest = charactersIn(m_plot.width() - 4.0 * panelPadding);
+    for (const int index : std::span(visible).first(shown))
+        lines << statisticText(m_graph, index, from, to, longest);
+    if (shown < visible.size())
+        lines << moreText(visible.size() - shown);
+    double width = 0.0;
+    for (const QString& content : lines)
+        width = std::max(width, widthOf(content) + 2.0 * panelPadding);
+    const QRectF panel(m_plot.right() - width - panelPadding, m_plot.top() + m_row + panelPadding,
+                       width, m_row * static_cast<double>(lines.size()) + panelPadding);
+    m_pen.quad(panel, panelColor);
+    double y = panel.bottom() - panelPadding / 2.0 - m_row / 2.0;
+    for (const QString& content : lines) {
+        text(panel.left() + panelPadding, y, Qt::AlignLeft, content, Qt::black);
+        y -= m_row;
+    }
+}
+
+void SceneBuilder::handles(const std::vector<int>& visible)
+{
+    const double height = m_graph.rowHeight();
+    double middle = m_graph.height() - height * 0.5;
+    for (const int index : visible) {
+        const bool isHovered = m_input.hoveredTrace() == index;
+        const QColor color = isHovered ? hoverColor : QColor(Qt::black);
+        for (const double dy : {-4.0, 0.0, 4.0})
+            m_pen.line(handleX - 5.0, middle + dy, handleX + 5.0, middle + dy, color, 2.0F);
+        if (m_input.draggedTrace() == index)
+            text(handleX + 10.0, middle + m_input.dragOffset(), Qt::AlignLeft,
+                 m_graph.trace(index).name, m_graph.settings.labelColor);
+        middle -= height;
+    }
+    if (m_input.draggedTrace()) {
+        const double y = m_graph.height() - height * m_input.targetRow();
+        m_pen.line(m_plot.left(), y, m_plot.right(), y, dragColor, 5.0F);
+    }
+}
+
+} // namespace KOLT
