@@ -6,6 +6,7 @@
 #include <cmath>
 #include <cstdint>
 #include <limits>
+#include <utility>
 #include <vector>
 
 namespace KOLT {
@@ -23,27 +24,48 @@ void widen(std::optional<SampleSpan>& span, double seconds)
     span->last = std::max(span->last, seconds);
 }
 
+/// Whether a time stamp fits to neither of those recorded before and after it; those may be noTime.
+bool isStray(double before, double seconds, double after)
+{
+    const auto fits = [](double from, double to) {
+        return to - from <= straySeconds && to - from >= -disorderSeconds;
+    };
+    const bool hasReturned =
+        std::abs(after - before) <= disorderSeconds && std::abs(seconds - before) > disorderSeconds;
+    return hasReturned || (!fits(before, seconds) && !fits(seconds, after));
+}
+
 /// Is told times in the order of the recording.
 class SpanFinder
 {
 public:
     void add(double seconds)
     {
-        widen(m_all, seconds);
-        if (std::abs(seconds - m_before) <= straySeconds) {
-            widen(m_close, m_before);
-            widen(m_close, seconds);
-        }
-        m_before = seconds;
+        look(seconds);
+        m_before = std::exchange(m_seconds, seconds);
     }
 
     /// A few samples that all lie far from each other are all there is.
-    std::optional<SampleSpan> span() const { return m_close ? m_close : m_all; }
+    std::optional<SampleSpan> finish()
+    {
+        look(noTime);
+        return m_sound ? m_sound : m_all;
+    }
 
 private:
+    void look(double after)
+    {
+        if (std::isnan(m_seconds))
+            return;
+        widen(m_all, m_seconds);
+        if (!isStray(m_before, m_seconds, after))
+            widen(m_sound, m_seconds);
+    }
+
     double m_before = noTime;
+    double m_seconds = noTime;
     std::optional<SampleSpan> m_all;
-    std::optional<SampleSpan> m_close; ///< of the times that have one close to them
+    std::optional<SampleSpan> m_sound;
 };
 
 /// Calls function(seconds) for all samples as they were recorded. The series are laid side by side
@@ -123,15 +145,13 @@ const StoredSample* sampleAt(const MessageMap& messages, std::uint32_t sequence)
     return nullptr;
 }
 
-bool isCloseToNeighbour(const MessageMap& messages, const StoredSample& sample)
+bool isStray(const MessageMap& messages, const StoredSample& sample)
 {
-    for (const std::uint32_t sequence : {sample.sequence - 1, sample.sequence + 1}) {
+    const auto timeAt = [&](std::uint32_t sequence) {
         const StoredSample* const neighbour = sampleAt(messages, sequence);
-        if (neighbour != nullptr && neighbour->seconds() < maxGridSeconds &&
-            std::abs(neighbour->seconds() - sample.seconds()) <= straySeconds)
-            return true;
-    }
-    return false;
+        return neighbour != nullptr ? neighbour->seconds() : noTime;
+    };
+    return isStray(timeAt(sample.sequence - 1), sample.seconds(), timeAt(sample.sequence + 1));
 }
 
 std::optional<SampleSpan> spanOf(const MessageMap& messages)
@@ -140,11 +160,11 @@ std::optional<SampleSpan> spanOf(const MessageMap& messages)
     if (first == nullptr)
         return {};
     // So it is in sound recordings; looking at all in their order takes several times as long.
-    if (isCloseToNeighbour(messages, *first) && isCloseToNeighbour(messages, *last))
+    if (!isStray(messages, *first) && !isStray(messages, *last))
         return SampleSpan{first->seconds(), last->seconds()};
     SpanFinder finder;
     forEachTime(messages, [&](double seconds) { finder.add(seconds); });
-    return finder.span();
+    return finder.finish();
 }
 
 } // namespace

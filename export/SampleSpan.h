@@ -15,9 +15,12 @@ struct SampleSpan
     double seconds() const { return last - first; }
 };
 
-/// A time stamp this far from those of the samples recorded before and after it is a stray: a
-/// damaged one says nothing about when something was recorded.
+/// A time stamp is a stray where it lies more than straySeconds away from those of the samples
+/// recorded before and after it, or more than disorderSeconds before the earlier one; or where the
+/// recording goes on behind it as if it were not there. A damaged one says nothing about when
+/// something was recorded.
 constexpr double straySeconds = 3600.0;
+constexpr double disorderSeconds = 60.0;
 
 /// From the earliest to the latest sample, strays left out, and all times beyond maxGridSeconds;
 /// of a loaded flight the whole flight. Long gaps and times that run back (several recordings)

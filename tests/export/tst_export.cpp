@@ -389,6 +389,9 @@ void TestExport::csvSpan_data()
     row("last stamp is a week ahead", {5000, 5001, 5002, 605e3}, {5000, 5002});
     row("first stamp is damaged", {900e3, 5000, 5001, 5002}, {5000, 5002});
     row("strays within", {5000, 5001, 9e5, 1, 5e11, 5002, 5003}, {5000, 5003});
+    row("stray of less than an hour", {5000, 5001, 3000, 5002, 8000, 5003, 5004}, {5000, 5004});
+    row("last stamp is 0", {3000, 3001, 3002, 0}, {3000, 3002});
+    row("pauses of some minutes", {5000, 5300, 5600, 6000}, {5000, 6000});
     row("long gap", {0, 1, 50e3, 50e3 + 1}, {0, 50e3 + 1});
     row("files in reverse order", {5000, 5001, 0, 1}, {0, 5001});
     row("one sample", {7}, {7, 7});
