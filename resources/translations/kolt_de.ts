@@ -341,6 +341,10 @@ Verwenden Sie einen Namen mit der Endung .bmp, .png oder .jpg.</translation>
         <source>Oscilloscope Setup</source>
         <translation>Oszilloskop einrichten</translation>
     </message>
+    <message>
+        <source>Reading traces: %1 of %2</source>
+        <translation>Kurven werden gelesen: %1 von %2</translation>
+    </message>
 </context>
 <context>
     <name>KOLT::DialogDataLimit</name>
@@ -378,6 +382,14 @@ Verwenden Sie einen Namen mit der Endung .bmp, .png oder .jpg.</translation>
     <message>
         <source>One color</source>
         <translation>Eine Farbe</translation>
+    </message>
+    <message>
+        <source>Hill shading</source>
+        <translation>Geländeschattierung</translation>
+    </message>
+    <message>
+        <source>Hill shading (Ctrl+S while the map has the focus)</source>
+        <translation>Geländeschattierung (Strg+S, wenn die Karte den Fokus hat)</translation>
     </message>
 </context>
 <context>
@@ -798,6 +810,10 @@ Bitte prüfen Sie, ob der Ordner beschreibbar und nicht voll ist, oder wählen S
     <message>
         <source>%1 rows, about %2</source>
         <translation>%1 Zeilen, etwa %2</translation>
+    </message>
+    <message>
+        <source>No sample with a usable time was recorded, so there are no rows to export.</source>
+        <translation>Es wurde kein Messwert mit einem brauchbaren Zeitpunkt aufgezeichnet, daher gibt es keine Zeilen zu exportieren.</translation>
     </message>
 </context>
 <context>
@@ -1424,6 +1440,14 @@ ist keine Aufzeichnungsdatei. Aufzeichnungsdateien enden auf .CAN, .can oder .xc
         <source>No position was recorded.</source>
         <translation>Es wurde keine Position aufgezeichnet.</translation>
     </message>
+    <message>
+        <source>Not everything could be written. The disk may be full.</source>
+        <translation>Es konnte nicht alles geschrieben werden. Möglicherweise ist der Datenträger voll.</translation>
+    </message>
+    <message>
+        <source>This is no regular file.</source>
+        <translation>Dies ist keine gewöhnliche Datei.</translation>
+    </message>
 </context>
 <context>
     <name>KOLT::GraphScene</name>
@@ -1884,6 +1908,19 @@ Klick auf die Spur: zu diesem Moment gehen.</translation>
         <source>offline</source>
         <translation>offline</translation>
     </message>
+    <message>
+        <source>Track and texts of the map cannot be drawn with this graphics driver.</source>
+        <translation>Track und Texte der Karte können mit diesem Grafiktreiber nicht gezeichnet werden.</translation>
+    </message>
+</context>
+<context>
+    <name>KOLT::WidgetNoGl</name>
+    <message>
+        <source>This cannot be shown: the graphics driver offers no OpenGL.
+Install or update the driver, and start KOLT again.</source>
+        <translation>Dies kann nicht gezeigt werden: Der Grafiktreiber bietet kein OpenGL.
+Installieren oder aktualisieren Sie den Treiber und starten Sie KOLT neu.</translation>
+    </message>
 </context>
 <context>
     <name>Tessa::ElevationSource</name>
@@ -1897,6 +1934,10 @@ Klick auf die Spur: zu diesem Moment gehen.</translation>
     <message>
         <source>The map cannot be drawn with this graphics driver: %1</source>
         <translation>Die Karte lässt sich mit diesem Grafiktreiber nicht zeichnen: %1</translation>
+    </message>
+    <message>
+        <source>The graphics driver refuses pictures of the map. It stays coarse.</source>
+        <translation>Der Grafiktreiber nimmt Bilder der Karte nicht an. Sie bleibt grob.</translation>
     </message>
 </context>
 <context>
