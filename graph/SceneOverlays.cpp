@@ -78,8 +78,8 @@ std::size_t SceneBuilder::fitting(std::size_t rows, double height) const
 
 QString SceneBuilder::moreText(std::size_t count)
 {
-    return QCoreApplication::translate("KOLT::GraphScene", "... and %n more", nullptr,
-                                       static_cast<int>(count));
+    const int n = static_cast<int>(count);
+    return QCoreApplication::translate("KOLT::GraphScene", "... and %n more", nullptr, n);
 }
 
 void SceneBuilder::legend(const std::vector<int>& visible)

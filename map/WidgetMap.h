@@ -115,6 +115,8 @@ private:
     QRectF attributionRect() const;
     bool setHeld(int key, bool isHeld);
     void pick(const QPointF& position);
+    /// Of the mark at a place of the widget; empty when there is none.
+    QString markTextAt(const QPointF& position) const;
     void tellModeEnded(bool hasEnded);
     void pinch(double factor, const QPointF& position);
     void nativeGesture(const QNativeGestureEvent& event);

@@ -8,7 +8,10 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QNativeGestureEvent>
+#include <QToolTip>
 #include <QWheelEvent>
+
+#include <cmath>
 
 namespace KOLT {
 
@@ -16,6 +19,7 @@ namespace {
 
 constexpr double clickReach = 4.0;      ///< pixels that a click may wander
 constexpr double pickReach = 10.0;      ///< pixels around the track
+constexpr double markReach = 8.0;       ///< pixels around a mark
 constexpr double pixelsPerDegree = 2.0; ///< of a touch pad that reports angles only
 constexpr int angleSteps = 8;           ///< of a wheel's angle to a degree
 
@@ -141,6 +145,18 @@ void WidgetMap::pick(const QPointF& position)
         emit signalTime((*m_track)[*point].seconds());
 }
 
+QString WidgetMap::markTextAt(const QPointF& position) const
+{
+    const Tessa::Globe globe = m_camera.globe();
+    const Tessa::WindowPoint pointer = windowPoint(position);
+    for (auto mark = m_marks.rbegin(); mark != m_marks.rend(); ++mark) { // the uppermost first
+        const auto place = globe.latLong2Window(mark->place);
+        if (place && std::hypot(place->x - pointer.x, place->y - pointer.y) <= markReach)
+            return mark->text;
+    }
+    return {};
+}
+
 void WidgetMap::mouseDoubleClickEvent(QMouseEvent* event)
 {
     m_isClick = false;
@@ -222,6 +238,13 @@ bool WidgetMap::event(QEvent* event)
         const auto& key = static_cast<const QKeyEvent&>(*event);
         if (key.key() == Qt::Key_S && key.modifiers() == Qt::ControlModifier) {
             event->accept();
+            return true;
+        }
+    }
+    if (event->type() == QEvent::ToolTip) {
+        const auto& help = static_cast<const QHelpEvent&>(*event);
+        if (const QString text = markTextAt(help.pos()); !text.isEmpty()) {
+            QToolTip::showText(help.globalPos(), text, this);
             return true;
         }
     }

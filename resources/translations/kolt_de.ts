@@ -1455,6 +1455,13 @@ ist keine Aufzeichnungsdatei. Aufzeichnungsdateien enden auf .CAN, .can oder .xc
         <source>Between the markers: min, max, mean</source>
         <translation>Zwischen den Markern: Min, Max, Mittel</translation>
     </message>
+    <message numerus="yes">
+        <source>... and %n more</source>
+        <translation>
+            <numerusform>... und %n weitere</numerusform>
+            <numerusform>... und %n weitere</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>KOLT::MainActions</name>

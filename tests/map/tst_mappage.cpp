@@ -12,6 +12,7 @@
 #include <QScopeGuard>
 #include <QSignalSpy>
 #include <QSplitter>
+#include <QToolTip>
 #include <QWheelEvent>
 
 #include <algorithm>
@@ -44,6 +45,7 @@ private slots:
     void doubleClickBeforeTheFirstMove();
     void shadingKeyGoesBeforeTheWindows();
     void coveredMapRests();
+    void marksTellWhatTheyAre();
     void valuesHaveTheirUnits();
 
 private:
@@ -389,6 +391,26 @@ void TestMapPage::coveredMapRests()
     QCOMPARE(m_page->widget().frameCount(), frames);
     splitter.setSizes({300, 200});
     waitForFrame();
+}
+
+void TestMapPage::marksTellWhatTheyAre()
+{
+    const auto track = straightTrack();
+    m_window->map.setTrack(&track, {});
+    const Place place{track[20].latitude, track[20].longitude};
+    m_window->map.setMarks({MapMark{MapMark::Kind::Exceedance, 30.0, place, QColor(Qt::red),
+                                    QStringLiteral("Oil is hot")}});
+    m_window->lookAt(home, 100e3);
+    m_window->settled();
+    const auto tipAt = [&](QPoint point) {
+        QToolTip::hideText();
+        QHelpEvent help(QEvent::ToolTip, point, m_window->map.mapToGlobal(point));
+        QCoreApplication::sendEvent(&m_window->map, &help);
+        return QToolTip::text();
+    };
+    const QPoint point = m_window->view().pixelOf(place).toPoint();
+    QCOMPARE(tipAt(point + QPoint(4, -5)), QStringLiteral("Oil is hot"));
+    QVERIFY(!tipAt(point + QPoint(0, 15)).contains(QStringLiteral("Oil")));
 }
 
 void TestMapPage::valuesHaveTheirUnits()
