@@ -398,7 +398,10 @@ void TestMapPage::marksTellWhatTheyAre()
     const auto track = straightTrack();
     m_window->map.setTrack(&track, {});
     const Place place{track[20].latitude, track[20].longitude};
-    m_window->map.setMarks({MapMark{MapMark::Kind::Exceedance, 30.0, place, QColor(Qt::red),
+    m_window->map.setMarks({MapMark{MapMark::Kind::Exceedance,
+                                    30.0,
+                                    {place.latitude, place.longitude},
+                                    QColor(Qt::red),
                                     QStringLiteral("Oil is hot")}});
     m_window->lookAt(home, 100e3);
     m_window->settled();
