@@ -1,0 +1,38 @@
+#pragma once
+
+#include "graph/Graph.h"
+
+#include <QPointF>
+
+#include <tuple>
+#include <vector>
+
+/// What the tests of the graph have in common.
+namespace KOLT::Test {
+
+/// Of times, values and marks.
+inline GraphTrace traceOf(const std::vector<std::tuple<double, double, int>>& samples)
+{
+    GraphTrace trace;
+    for (const auto& [time, value, mark] : samples)
+        trace.append(time, value, mark);
+    return trace;
+}
+
+/// A plot of 400 by 200 pixels over 0 to 100 s, with two bands of 0 to 10.
+inline void prepare(Graph& graph)
+{
+    graph.setTraceCount(2);
+    graph.settings.isAutoscaled = false;
+    graph.settings.yMinimum = 0.0;
+    graph.settings.yMaximum = 10.0;
+    graph.setSize(Graph::leftMargin + 400.0 + Graph::rightMargin, 200.0 + Graph::bottomMargin);
+    graph.setWindow(0.0, 100.0);
+}
+
+inline QPointF placeOf(const Graph& graph, double seconds, double yFromTop)
+{
+    return {graph.xOf(seconds), yFromTop};
+}
+
+} // namespace KOLT::Test

@@ -1,0 +1,366 @@
+#include "graph/GraphScene.h"
+#include "graph/GraphTexts.h"
+#include "graph/GraphTicks.h"
+#include "graph/TraceFeeder.h"
+#include "tests/graph/GraphSupport.h"
+#include "tests/support/ProfileFixture.h"
+#include "tests/support/RecordingFixture.h"
+
+#include <QLineF>
+#include <QTest>
+
+#include <cmath>
+#include <map>
+#include <random>
+
+using namespace KOLT;
+using namespace KOLT::Test;
+
+/// What is drawn.
+class TestGraphScene : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void timeTicksForSpans_data();
+    void timeTicksForSpans();
+    void valueTicksStayApart();
+    void sceneBreaksLinesAtGaps();
+    void cursorTextStaysInThePlot();
+    void sceneJoinsStrokes_data();
+    void sceneJoinsStrokes();
+    void textsKeepApart_data();
+    void textsKeepApart();
+    void thresholdLines();
+    void legendTexts();
+    void decimalsFollowTheRange_data();
+    void decimalsFollowTheRange();
+};
+
+namespace {
+
+/// The lines that are drawn for trace 0.
+std::vector<QLineF> linesOf(Graph& graph, double pixelRatio)
+{
+    std::vector<QLineF> lines;
+    const GraphScene scene = buildScene(graph, GraphInput(graph), pixelRatio);
+    for (const GraphScene::Figure& figure : scene.figures) {
+        if (figure.color != graph.trace(0).color || figure.kind == GraphScene::Kind::Quads)
+            continue;
+        const int step = figure.kind == GraphScene::Kind::Lines ? 2 : 1;
+        for (int i = figure.first; i + 1 < figure.first + figure.count; i += step) {
+            const float* const ends = scene.vertices.data() + 2 * i;
+            lines.emplace_back(ends[0], ends[1], ends[2], ends[3]);
+        }
+    }
+    return lines;
+}
+
+} // namespace
+
+void TestGraphScene::timeTicksForSpans_data()
+{
+    QTest::addColumn<double>("span");
+    QTest::addColumn<double>("step"); // of major lines, in a plot of 700 pixels
+    QTest::addColumn<int>("minor");
+
+    QTest::newRow("0.3 s") << 0.3 << 0.05 << 5;
+    QTest::newRow("6 s") << 6.0 << 1.0 << 5;
+    QTest::newRow("4 s") << 4.0 << 0.5 << 5;
+    QTest::newRow("15 s") << 15.0 << 2.0 << 4;
+    QTest::newRow("30 s") << 30.0 << 5.0 << 5;
+    QTest::newRow("60 s") << 60.0 << 10.0 << 5;
+    QTest::newRow("250 s") << 250.0 << 50.0 << 5;
+    QTest::newRow("an hour") << 3600.0 << 500.0 << 5;
+}
+
+void TestGraphScene::timeTicksForSpans()
+{
+    QFETCH(double, span);
+    QFETCH(double, step);
+    QFETCH(int, minor);
+    const std::vector<GraphTick> ticks = timeTicks(1000.0, 1000.0 + span, 700.0);
+    std::vector<double> major;
+    int between = 0;
+    for (const GraphTick& tick : ticks) {
+        QVERIFY(tick.value >= 1000.0 && tick.value <= 1000.0 + span);
+        if (tick.isMajor)
+            major.push_back(tick.value);
+        else if (major.size() == 1)
+            ++between;
+    }
+    QVERIFY(major.size() >= 2);
+    QVERIFY2(std::abs(major[1] - major[0] - step) < 1e-9,
+             qPrintable(QString::number(major[1] - major[0])));
+    QCOMPARE(between, minor - 1);
+    QVERIFY(timeTicks(0.0, span, 69.9).empty());
+}
+
+void TestGraphScene::valueTicksStayApart()
+{
+    for (const double extent : {1e-6, 0.37, 5.0, 99.0, 1e9}) {
+        const std::vector<double> ticks = valueTicks(-extent / 3, extent, 200.0, 25.0);
+        QVERIFY(ticks.size() >= 2 && ticks.size() <= 8);
+        for (const double tick : ticks)
+            QVERIFY(tick >= -extent / 3 && tick <= extent);
+    }
+    const std::vector<double> far = valueTicks(1e18, 1e18 + 256.0, 200.0, 25.0);
+    QVERIFY(std::ranges::adjacent_find(far) == far.end()); // none twice
+    QVERIFY(valueTicks(1.0, 1.0, 200.0, 25.0).empty());
+    QVERIFY(valueTicks(0.0, std::nan(""), 200.0, 25.0).empty());
+}
+
+void TestGraphScene::sceneBreaksLinesAtGaps()
+{
+    Graph graph;
+    prepare(graph);
+    graph.setTraceCount(1);
+    graph.setSize(graph.width(), graph.height());
+    for (const auto& [time, mark] : {std::pair(10.0, 1), {20.0, 1}, {60.0, 0}, {70.0, 1}})
+        graph.trace(0).append(time, 5.0, mark);
+    graph.setWindow(0.0, 100.0);
+    QList<double> ends;
+    for (const QLineF& line : linesOf(graph, 1.0)) {
+        if (line.dx() != 0.0)
+            ends << graph.timeAt(line.x1()) << graph.timeAt(line.x2());
+    }
+    QCOMPARE(ends, (QList<double>{10.0, 20.0, 60.0, 70.0}));
+}
+
+void TestGraphScene::cursorTextStaysInThePlot()
+{
+    Graph graph;
+    for (const double width : {240.0, 600.0}) {
+        graph.setSize(width, 200.0);
+        graph.setWindow(0.0, 100.0);
+        for (const double seconds : {0.0, 30.0, 50.0, 99.0}) {
+            graph.cursorTime = seconds;
+            const GraphScene scene = buildScene(graph, GraphInput(graph));
+            const QString label = cursorText(seconds, graph.cursorValue);
+            const auto text = std::find_if(scene.texts.begin(), scene.texts.end(),
+                                           [&](const auto& each) { return each.text == label; });
+            QVERIFY(text != scene.texts.end());
+            QVERIFY(text->x >= Graph::leftMargin);
+            QVERIFY(text->x <= graph.xOf(seconds) + 5.0);
+        }
+    }
+}
+
+void TestGraphScene::sceneJoinsStrokes_data()
+{
+    QTest::addColumn<double>("pixelRatio");
+    QTest::addColumn<double>("pixelsPerSample");
+    for (const double ratio : {1.0, 1.5, 2.0}) {
+        for (const double pixels : {0.003, 0.09, 0.4, 0.77, 1.3, 7.0})
+            QTest::addRow("%g at %g", pixels, ratio) << ratio << pixels;
+    }
+}
+
+void TestGraphScene::sceneJoinsStrokes()
+{
+    QFETCH(double, pixelRatio);
+    QFETCH(double, pixelsPerSample);
+    Graph graph;
+    graph.setTraceCount(1);
+    graph.setSize(400.0, 200.0);
+    unsigned noise = 1;
+    double level = 0.0;
+    for (int i = 0; i * pixelsPerSample < 300.0; ++i) {
+        noise = noise * 1664525U + 1013904223U;
+        level += noise >> 31 != 0U ? 1.0 : -0.7;
+        graph.trace(0).append(i, level, 1);
+    }
+    graph.setWindow(0.0, graph.plotWidth() / pixelsPerSample);
+
+    // What a pixel column holds, as one interval: strokes and sloping lines together.
+    std::map<int, std::pair<double, double>> reached;
+    const auto reach = [&](double x, double y) { // x in pixels of the framebuffer
+        auto& interval = *reached.try_emplace(static_cast<int>(std::floor(x)), y, y).first;
+        interval.second = {std::min(interval.second.first, y), std::max(interval.second.second, y)};
+    };
+    const std::vector<QLineF> lines = linesOf(graph, pixelRatio);
+    for (const QLineF& line : lines) {
+        if (line.dx() == 0.0) { // as wide as its trace
+            const double width = std::max(1.0, std::round(1.4 * pixelRatio));
+            for (double px = 0.0; px < width; px += 1.0) {
+                reach(line.x1() * pixelRatio + px - (width - 1.0) / 2.0, line.y1());
+                reach(line.x1() * pixelRatio + px - (width - 1.0) / 2.0, line.y2());
+            }
+            continue;
+        }
+        // One pixel thin; it fills pixels of which it passes the middle, without its last one.
+        const double begin = line.x1() * pixelRatio;
+        const double end = line.x2() * pixelRatio;
+        for (double x = std::ceil(begin - 0.5) + 0.5; x < end; x += 1.0) {
+            reach(x, line.pointAt((x - 0.5 - begin) / (end - begin)).y());
+            reach(x, line.pointAt((x + 0.5 - begin) / (end - begin)).y());
+        }
+    }
+    const double first = graph.xOf(0.0) * pixelRatio;
+    const double last = graph.xOf(graph.trace(0).lastTime()) * pixelRatio;
+    for (int x = static_cast<int>(first) + 2; x < static_cast<int>(last) - 2; ++x) {
+        QVERIFY2(reached.count(x) == 1, qPrintable(QString::number(x)));
+        const auto [low, high] = reached[x];
+        const auto [lowBefore, highBefore] = reached[x - 1];
+        QVERIFY2(low <= highBefore + 1.0 && high >= lowBefore - 1.0,
+                 qPrintable(QString::number(x)));
+    }
+}
+
+void TestGraphScene::textsKeepApart_data()
+{
+    QTest::addColumn<int>("traces");
+    QTest::addColumn<bool>("isSplit");
+    QTest::addColumn<double>("fontScale");
+    QTest::addColumn<int>("left"); // out, in the legend
+
+    QTest::newRow("a few bands") << 4 << true << 1.0 << 0;
+    QTest::newRow("bands lower than a line") << 40 << true << 1.0 << 18;
+    QTest::newRow("one scale") << 40 << false << 1.0 << 18;
+    QTest::newRow("large font") << 12 << true << 2.2 << 3;
+}
+
+void TestGraphScene::textsKeepApart()
+{
+    QFETCH(int, traces);
+    QFETCH(bool, isSplit);
+    QFETCH(double, fontScale);
+    Graph graph;
+    graph.setTraceCount(traces);
+    graph.settings.isSplit = isSplit;
+    const GraphMetrics metrics{16.0 * fontScale, 7.3 * fontScale};
+    graph.setMetrics(metrics);
+    graph.setSize(900.0, 400.0);
+    for (int i = 0; i < traces; ++i) {
+        graph.setName(i, QStringLiteral("%1 ").arg(i) + QString(i % 2 == 0 ? 200 : 5, 'x'), "unit");
+        for (const double seconds : {0.0, 50.0, 100.0})
+            graph.trace(i).append(seconds, seconds, 1);
+    }
+    graph.cursorTime = 60.0;
+    graph.markerRight = 80.0;
+    graph.setWindow(0.0, 100.0);
+    const GraphScene scene = buildScene(graph, GraphInput(graph));
+    std::map<double, std::vector<QRectF>> columns; // by where they begin
+    int values = 0;
+    QStringList more;
+    for (const GraphScene::Text& text : scene.texts) {
+        const double width = static_cast<double>(text.text.size()) * metrics.characterWidth;
+        const bool isRight = text.alignment.testFlag(Qt::AlignRight);
+        const QRectF box(isRight ? text.x - width : text.x, text.y - metrics.rowHeight / 2.0, width,
+                         metrics.rowHeight);
+        QVERIFY2(box.left() >= 0.0 && box.right() <= graph.width() + 1.0, qPrintable(text.text));
+        QVERIFY2(box.bottom() <= graph.height() + 1.0, qPrintable(text.text));
+        for (const QRectF& other : columns[text.x])
+            QVERIFY2(isRight || !box.adjusted(0.0, 0.1, 0.0, -0.1).intersects(other),
+                     qPrintable(text.text));
+        columns[text.x].push_back(box);
+        values += text.text.endsWith("[unit]   50.00");
+        if (text.text.startsWith("..."))
+            more << text.text;
+    }
+    QFETCH(int, left);
+    QCOMPARE(values, traces - left);
+    QCOMPARE(more.isEmpty(), left == 0);
+}
+
+void TestGraphScene::thresholdLines()
+{
+    Profile profile;
+    QVERIFY(loadProfile(profile, "<ThresholdList><Threshold name='T'>"
+                                 "<Value val='10' color='#ff8800' state='WARNING'/>"
+                                 "<Value val='90' color='#ff0000' state='LIMIT'/>"
+                                 "</Threshold></ThresholdList>" +
+                                     device({"name='a' id='1' dataType='FLOAT' thresholdId='T'"})));
+    DataSet dataSet;
+    for (const double seconds : {0.0, 50.0, 100.0})
+        add(dataSet.messages, 1, seconds, floats(static_cast<float>(seconds) * 0.5F));
+    Graph graph;
+    prepare(graph);
+    graph.settings.yMaximum = 50.0;
+    graph.setTraceCount(1);
+    feedTrace(graph, 0, profile, profile.parameters().front(), dataSet);
+    graph.rebuild();
+    const auto linesAt = [&] {
+        QStringList lines;
+        const GraphScene scene = buildScene(graph, GraphInput(graph));
+        for (const GraphScene::Figure& figure : scene.figures) {
+            const float* const ends = scene.vertices.data() + 2 * figure.first;
+            if (figure.kind == GraphScene::Kind::Lines && figure.count == 2 &&
+                (figure.color.name() == "#ff8800" || figure.color.name() == "#ff0000"))
+                lines << QStringLiteral("%1 %2").arg(figure.color.name()).arg(ends[1]);
+        }
+        return lines.join(", ");
+    };
+    QCOMPARE(linesAt(), QStringLiteral("#ff8800 %1").arg(graph.yOf(0, 10.0))); // 90 lies outside
+    graph.settings.hasThresholds = false;
+    QCOMPARE(linesAt(), "");
+}
+
+void TestGraphScene::legendTexts()
+{
+    Profile profile;
+    QVERIFY(loadProfile(profile,
+                        "<EnumList><Enum name='E'><Value val='1' label='ON'/>"
+                        "<Value val='-1' label='FAIL'/></Enum></EnumList>" +
+                            device({"name='Lamp' id='1' dataType='BLONG' endBit='31' enumId='E'",
+                                    "name='Count' id='1' dataType='LONG' enumId='E'",
+                                    "name='Heat' id='2' dataType='FLOAT' enumId='E'"})));
+    DataSet dataSet;
+    for (const auto& [seconds, value] : {std::pair(0.0, 0), {10.0, 1}, {20.0, 255}, {30.0, 1}}) {
+        const auto byte = static_cast<unsigned char>(value);
+        const auto rest = static_cast<unsigned char>(value == 255 ? 255 : 0);
+        add(dataSet.messages, 1, seconds, {byte, rest, rest, rest});
+        add(dataSet.messages, 2, seconds, floats(seconds == 10.0 ? std::nanf("") : 1.0F));
+    }
+    Graph graph;
+    for (int i = 0; i < 3; ++i)
+        feedTrace(graph, i, profile, profile.parameters()[static_cast<std::size_t>(i)], dataSet);
+    QCOMPARE(legendText(graph, 0, 15.0), "Lamp   ON");
+    QCOMPARE(legendText(graph, 0, 5.0), "Lamp   0");
+    QCOMPARE(legendText(graph, 0, 25.0), "Lamp   FAIL"); // all 32 bits, as the table reads them
+    QCOMPARE(legendText(graph, 0, 35.0), "Lamp   ---");
+    QCOMPARE(legendText(graph, 1, 15.0), "Count   1"); // labels are for bit fields
+    QCOMPARE(legendText(graph, 2, 15.0), "Heat   ---");
+    QCOMPARE(legendText(graph, 3, 5.0), "NoName [-]   ---");
+    QCOMPARE(legendText(graph, 0, 15.0, 12), "Lamp   ON");
+    graph.trace(0).name = "A long name of a lamp";
+    QCOMPARE(legendText(graph, 0, 15.0, 16), QStringLiteral("A long nam\u2026   ON"));
+    QCOMPARE(statisticText(graph, 0, 0.0, 15.0), "A long name of a lamp  0  ON  0.50");
+    QCOMPARE(statisticText(graph, 1, 0.0, 15.0), "Count  0  1  0.50");
+    QCOMPARE(statisticText(graph, 1, 11.0, 15.0), "Count  ---");
+    QCOMPARE(cursorText(3661.25, 1.2345), "01:01:01.250/1.23");
+    QCOMPARE(timeTickText(3661.9), "1:01:01");
+    QCOMPARE(timeTickText(-61.0), "-0:01:01");
+}
+
+void TestGraphScene::decimalsFollowTheRange_data()
+{
+    QTest::addColumn<int>("precision");
+    QTest::addColumn<float>("extent"); // from 0.00025 on
+    QTest::addColumn<QString>("text");
+    QTest::newRow("three are enough") << 6 << 10.0F << "0.000";
+    QTest::newRow("the range needs more") << 6 << 0.001F << "0.00025";
+    QTest::newRow("the parameter has no more") << 4 << 0.001F << "0.0002";
+    QTest::newRow("a flat one") << 6 << 0.0F << "0.000250";
+    QTest::newRow("fewer") << 1 << 0.001F << "0.0";
+}
+
+void TestGraphScene::decimalsFollowTheRange()
+{
+    QFETCH(int, precision);
+    QFETCH(float, extent);
+    Profile profile;
+    QVERIFY(loadProfile(profile, device({"name='a' id='1' dataType='FLOAT' precision='" +
+                                         QByteArray::number(precision) + "'"})));
+    DataSet dataSet;
+    for (const double seconds : {0.0, 10.0, 20.0})
+        add(dataSet.messages, 1, seconds, floats(0.00025F + (seconds == 10.0 ? extent : 0.0F)));
+    Graph graph;
+    feedTrace(graph, 0, profile, profile.parameters().front(), dataSet);
+    graph.setSize(400.0, 200.0);
+    graph.setWindow(0.0, 30.0);
+    QTEST(valueText(graph, 0, 0.000249999), "text");
+}
+
+QTEST_GUILESS_MAIN(TestGraphScene)
+#include "tst_graphscene.moc"
