@@ -305,6 +305,21 @@ void drawTwentyHours(benchmark::State& state)
     drawTrack(state, 20);
 }
 
+/// The first look at a day's track in a zoom level: everything for that level is built.
+void buildTrackLevel(benchmark::State& state)
+{
+    const std::vector<TrackPoint> points = circuits(20);
+    for (auto _ : state) {
+        state.PauseTiming();
+        auto line = std::make_unique<TrackLine>(points);
+        state.ResumeTiming();
+        benchmark::DoNotOptimize(line->chunks(10.0));
+        state.PauseTiming();
+        line.reset();
+        state.ResumeTiming();
+    }
+}
+
 /// Heights for the hill shading of the area.
 void writeTerrain()
 {
@@ -370,6 +385,7 @@ BENCHMARK(drawMap)->Unit(benchmark::kMillisecond);
 BENCHMARK(drawBareLoop)->Unit(benchmark::kMillisecond);
 BENCHMARK(drawOneHour)->Unit(benchmark::kMillisecond);
 BENCHMARK(drawTwentyHours)->Unit(benchmark::kMillisecond);
+BENCHMARK(buildTrackLevel)->Unit(benchmark::kMillisecond);
 
 } // namespace
 
@@ -389,11 +405,13 @@ int main(int argc, char** argv)
         std::printf("%zu tiles drawn, %zu on the disk\n", map.map().drawnCount(), onDisk);
     }
     using Bound = KOLT::Bench::Figure::Bound;
-    bool met = KOLT::Bench::runAndPrint(argc, argv,
-                                        {{"frame of 1280 x 800 / bare loop of the same tiles",
-                                          "drawMap", "drawBareLoop", Bound::AtMost, 1.5},
-                                         {"frame with a track of 20 h / of 1 h", "drawTwentyHours",
-                                          "drawOneHour", Bound::AtMost, 1.2}});
+    bool met = KOLT::Bench::runAndPrint(
+        argc, argv,
+        {{"frame of 1280 x 800 / bare loop of the same tiles", "drawMap", "drawBareLoop",
+          Bound::AtMost, 1.5},
+         {"frame with a track of 20 h / of 1 h", "drawTwentyHours", "drawOneHour", Bound::AtMost,
+          1.2},
+         {"level of a 20 h track built, ms", "buildTrackLevel", {}, Bound::AtMost, 100.0}});
     const auto print = [&met](const char* name, double measured, double target) {
         met = KOLT::Bench::printFigure(name, measured, Bound::AtMost, target) && met;
     };

@@ -126,6 +126,7 @@ DialogCard::DialogCard(CardContainer& card, QWidget* parent)
 
     for (QTimer* timer : {&m_recordTimer, &m_cycleTimer}) {
         timer->setSingleShot(true);
+        timer->setTimerType(Qt::PreciseTimer); // a coarse one may be early
         timer->setInterval(settlingMilliseconds);
     }
     connect(&m_recordTimer, &QTimer::timeout, this, &DialogCard::slotTimeout);

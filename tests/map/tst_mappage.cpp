@@ -169,14 +169,12 @@ void TestMapPage::heldKeysMove()
     m_window->settled();
     const int before = m_window->map.frameCount();
     QTest::keyPress(&m_window->map, static_cast<Qt::Key>(key));
-    QElapsedTimer held;
-    held.start();
     QTRY_VERIFY(m_window->map.frameCount() >= before + 3);
     // A held key's releases in between are none.
     QKeyEvent repeated(QEvent::KeyRelease, key, Qt::NoModifier, QString(), true);
     QCoreApplication::sendEvent(&m_window->map, &repeated);
-    QTRY_VERIFY(m_window->map.frameCount() >= before + 12);
-    QVERIFY(held.elapsed() < 3000); // not once a second
+    // Sooner than with the one frame a second of a map at rest.
+    QTRY_VERIFY_WITH_TIMEOUT(m_window->map.frameCount() >= before + 12, 5000);
     QTest::keyRelease(&m_window->map, static_cast<Qt::Key>(key));
     const int frames = m_window->map.frameCount() - before;
     const double step = 0.015 * 100e3 / 111120.0;

@@ -2,7 +2,6 @@
 #include "tests/support/ProfileFixture.h"
 #include "tests/support/RecordingFixture.h"
 
-#include <QElapsedTimer>
 #include <QTest>
 
 #include <cmath>
@@ -31,7 +30,6 @@ private slots:
     void spikesStayVisible();
     void clickHitsTheNearestPoint();
     void boundsGoOverTheDateLine();
-    void aDayIsReadyAtOnce();
 };
 
 namespace {
@@ -368,30 +366,6 @@ void TestTrackLine::boundsGoOverTheDateLine()
     QCOMPARE(bounds.maxLongitude, 179.0);
     QCOMPARE(bounds.west, 178.0);
     QCOMPARE(bounds.east, 182.0);
-}
-
-void TestTrackLine::aDayIsReadyAtOnce()
-{
-    // 20 hours. The times are some ten times what is measured, for busy machines.
-    const Track day = wandering({48.0, 11.0}, 144'000);
-    TrackLine line(day);
-    QElapsedTimer timer;
-    timer.start();
-    QVERIFY(!line.chunks(0.1).empty());
-    QVERIFY(!line.chunks(64.0).empty());
-    QVERIFY2(timer.elapsed() < 500, qPrintable(QString::number(timer.elapsed())));
-    timer.restart();
-    const Tessa::Globe globe({48.0, 11.0}, 100.0, 1280.0, 800.0);
-    QVERIFY(line.nearestPoint(globe, {640.0, 400.0}, 10.0));
-    QVERIFY2(timer.elapsed() < 50, qPrintable(QString::number(timer.elapsed())));
-    // Whoever turns back and forth all day does not hold up the window either.
-    const TrackLine comb(along(144'000, [](double i) {
-        return Tessa::LatLong{48.0 + (std::fmod(i, 2.0) * 1e-3 * (1.0 + i * 1e-6)),
-                              11.0 + i * 1e-6};
-    }));
-    timer.restart();
-    QVERIFY(!comb.chunks(0.1).empty());
-    QVERIFY2(timer.elapsed() < 2000, qPrintable(QString::number(timer.elapsed())));
 }
 
 QTEST_APPLESS_MAIN(TestTrackLine)
