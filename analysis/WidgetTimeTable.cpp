@@ -124,6 +124,7 @@ void WidgetTimeTable::setModel(QAbstractItemModel* model)
     QTableView::setModel(model);
     m_frozen->setModel(model);
     m_frozen->setSelectionModel(selectionModel());
+    fitRows(); // without rows it costs nothing
 }
 
 void WidgetTimeTable::setTimeRow(int row)
@@ -178,10 +179,21 @@ void WidgetTimeTable::updateRow(int row)
     }
 }
 
+void WidgetTimeTable::fitRows()
+{
+    for (QTableView* view : {static_cast<QTableView*>(this), m_frozen}) {
+        QHeaderView* const header = view->verticalHeader();
+        const int height =
+            std::max(fontMetrics().height() + rowPadding, header->minimumSectionSize());
+        // The header tells of every single row that it sets, of the same height too.
+        if (header->defaultSectionSize() != height)
+            header->setDefaultSectionSize(height);
+    }
+}
+
 void WidgetTimeTable::fitColumns()
 {
-    for (QTableView* view : {static_cast<QTableView*>(this), m_frozen})
-        view->verticalHeader()->setDefaultSectionSize(fontMetrics().height() + rowPadding);
+    fitRows();
     resizeColumnsToContents();
     for (int i = 0; i < model()->columnCount(); ++i) {
         setColumnWidth(i, columnWidth(i) + columnPadding);

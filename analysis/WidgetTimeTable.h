@@ -37,6 +37,7 @@ protected:
 
 private:
     void createFrozenColumn();
+    void fitRows();
     void placeFrozenColumn();
     void updateRow(int row);
     void bringInSight(int row);
