@@ -23,15 +23,15 @@ void RangePyramid::clear()
 }
 
 template <typename Source>
-void RangePyramid::summarise(std::span<const Source> source, std::vector<Range>& level)
+void RangePyramid::summarise(std::span<const Source> source, std::vector<Entry>& level)
 {
     level.reserve(source.size() / fanOut);
     while ((level.size() + 1) * fanOut <= source.size()) {
-        const std::size_t first = level.size() * fanOut;
-        Range range;
-        for (std::size_t i = first; i < first + fanOut; ++i)
-            range.add(source[i]);
-        level.push_back(range);
+        const Source* const first = source.data() + level.size() * fanOut;
+        Extremes extremes;
+        extremes.addAll(first, first + fanOut);
+        const Range range = extremes.range();
+        level.push_back({range.lowest, -range.highest});
     }
 }
 
@@ -44,7 +44,7 @@ void RangePyramid::extend(std::span<const double> values)
         if (i == 0)
             summarise(values, m_levels[0]);
         else
-            summarise(std::span<const Range>(m_levels[i - 1]), m_levels[i]);
+            summarise(std::span<const Entry>(m_levels[i - 1]), m_levels[i]);
         below = m_levels[i].size();
     }
     while ((m_sums.size() + 1) * sumBlock <= values.size()) {

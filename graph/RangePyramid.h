@@ -1,5 +1,7 @@
 #pragma once
 
+#include "graph/NumberPair.h"
+
 #include <array>
 #include <cstddef>
 #include <limits>
@@ -22,15 +24,13 @@ public:
 
         void add(double value)
         {
-            lowest = value < lowest ? value : lowest;
-            highest = value > highest ? value : highest;
+            addLow(value);
+            addHigh(value);
         }
 
-        void add(const Range& other)
-        {
-            lowest = other.lowest < lowest ? other.lowest : lowest;
-            highest = other.highest > highest ? other.highest : highest;
-        }
+        void addLow(double value) { lowest = value < lowest ? value : lowest; }
+
+        void addHigh(double value) { highest = value > highest ? value : highest; }
     };
 
     struct Sum
@@ -47,27 +47,31 @@ public:
     /// Of values[from, to), all of which must have been taken.
     Range range(std::span<const double> values, std::size_t from, std::size_t to) const
     {
-        Range result;
-        const std::size_t firstFull = (from + fanOut - 1) / fanOut * fanOut;
-        const std::size_t lastFull = to / fanOut * fanOut;
-        if (firstFull >= lastFull) {
-            addAll(result, values.data() + from, values.data() + to);
-            return result;
+        Extremes result;
+        const std::size_t firstGroup = from / fanOut;
+        const std::size_t lastGroup = to / fanOut;
+        if (lastGroup < firstGroup + 2) {
+            result.addAll(values.data() + from, values.data() + to);
+            return result.range();
         }
-        addAll(result, values.data() + from, values.data() + firstFull);
-        addAll(result, values.data() + lastFull, values.data() + to);
-        from = firstFull / fanOut;
-        to = lastFull / fanOut;
-        for (const std::vector<Range>* level = m_levels.data();; ++level) {
-            const Range* const ranges = level->data();
+        result.addGroup(values.data() + firstGroup * fanOut, mask.data() + fanOut - from % fanOut);
+        const double* const tail = values.data() + lastGroup * fanOut;
+        if ((lastGroup + 1) * fanOut <= values.size())
+            result.addGroup(tail, mask.data() + 2 * fanOut - to % fanOut);
+        else
+            result.addAll(tail, values.data() + to);
+        from = firstGroup + 1;
+        to = lastGroup;
+        for (const std::vector<Entry>* level = m_levels.data();; ++level) {
+            const Entry* const entries = level->data();
             const std::size_t first = (from + fanOut - 1) / fanOut * fanOut;
             const std::size_t last = to / fanOut * fanOut;
             if (first >= last) {
-                addAll(result, ranges + from, ranges + to);
-                return result;
+                result.addAll(entries + from, entries + to);
+                return result.range();
             }
-            addAll(result, ranges + from, ranges + first);
-            addAll(result, ranges + last, ranges + to);
+            result.addAll(entries + from, entries + first);
+            result.addAll(entries + last, entries + to);
             from = first / fanOut;
             to = last / fanOut;
         }
@@ -90,27 +94,105 @@ private:
     static constexpr std::size_t fanOut = 32;
     static constexpr std::size_t sumBlock = 4096;
 
-    /// Four ranges side by side, as each comparison would otherwise wait for the one before.
-    template <typename Source>
-    static void addAll(Range& result, const Source* first, const Source* last)
+    /// A group's range. The highest value is negated, so that one minimum of a pair takes in both.
+    struct Entry
     {
-        std::array<Range, 4> parts;
-        for (; last - first >= 4; first += 4) {
-            parts[0].add(first[0]);
-            parts[1].add(first[1]);
-            parts[2].add(first[2]);
-            parts[3].add(first[3]);
+        double lowest = std::numeric_limits<double>::infinity();
+        double negatedHighest = std::numeric_limits<double>::infinity();
+    };
+
+    /// Nothing is added to the values of a group that count, infinity to the others: a run seldom
+    /// ends where a group does, and loops up to there cost more in wrongly foreseen ends than all
+    /// of the group.
+    static constexpr auto mask = [] {
+        std::array<double, 3 * fanOut> made{};
+        for (std::size_t i = 0; i < fanOut; ++i)
+            made[i] = made[2 * fanOut + i] = std::numeric_limits<double>::infinity();
+        return made;
+    }();
+
+    /// Collects the range of values and entries, several side by side, as each comparison would
+    /// otherwise wait for the one before.
+    class Extremes
+    {
+    public:
+        void addAll(const double* first, const double* last)
+        {
+            for (; last - first >= 4; first += 4) {
+                const std::array pairs{NumberPair::load(first), NumberPair::load(first + 2)};
+                addPairs(pairs, pairs);
+            }
+            for (; first != last; ++first) {
+                m_lows[0].lower(NumberPair::both(*first));
+                m_highs[0].raise(NumberPair::both(*first));
+            }
         }
-        for (; first != last; ++first)
-            parts[0].add(*first);
-        for (const Range& part : parts)
-            result.add(part);
-    }
+
+        void addGroup(const double* group, const double* groupMask)
+        {
+            for (std::size_t i = 0; i < fanOut; i += 4) {
+                const std::array values{NumberPair::load(group + i),
+                                        NumberPair::load(group + i + 2)};
+                const std::array masks{NumberPair::load(groupMask + i),
+                                       NumberPair::load(groupMask + i + 2)};
+                addPairs({values[0] + masks[0], values[1] + masks[1]},
+                         {values[0] - masks[0], values[1] - masks[1]});
+            }
+        }
+
+        void addAll(const Entry* first, const Entry* last)
+        {
+            for (; last - first >= 2; first += 2) {
+                m_entries[0].lower(NumberPair::load(&first[0].lowest));
+                m_entries[1].lower(NumberPair::load(&first[1].lowest));
+            }
+            if (first != last)
+                m_entries[0].lower(NumberPair::load(&first->lowest));
+        }
+
+        Range range() const
+        {
+            Range result;
+            for (std::size_t i = 0; i < 2; ++i) {
+                std::array<double, 2> pair{};
+                m_lows[i].store(pair.data());
+                result.addLow(pair[0]);
+                result.addLow(pair[1]);
+                m_highs[i].store(pair.data());
+                result.addHigh(pair[0]);
+                result.addHigh(pair[1]);
+                m_entries[i].store(pair.data());
+                result.addLow(pair[0]);
+                result.addHigh(-pair[1]);
+            }
+            return result;
+        }
+
+    private:
+        using Pairs = std::array<NumberPair, 2>;
+
+        void addPairs(const Pairs& lows, const Pairs& highs)
+        {
+            for (std::size_t i = 0; i < 2; ++i) {
+                m_lows[i].lower(lows[i]);
+                m_highs[i].raise(highs[i]);
+            }
+        }
+
+        static Pairs all(double value)
+        {
+            return {NumberPair::both(value), NumberPair::both(value)};
+        }
+
+        Pairs m_lows = all(std::numeric_limits<double>::infinity());
+        Pairs m_highs = all(-std::numeric_limits<double>::infinity());
+        Pairs m_entries = all(std::numeric_limits<double>::infinity());
+    };
 
     template <typename Source>
-    static void summarise(std::span<const Source> source, std::vector<Range>& level);
+    static void summarise(std::span<const Source> source, std::vector<Entry>& level);
 
-    std::vector<std::vector<Range>> m_levels; ///< full groups only
+    std::vector<std::vector<Entry>> m_levels; ///< full groups only
     std::vector<Sum> m_sums;                  ///< full blocks only
 };
 

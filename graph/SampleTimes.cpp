@@ -86,12 +86,15 @@ void SampleTimes::findRuns(const Window& window) const
             run.mark = 0;
         step = next - position;
         position = next;
-        // Long series do not fit the cache, and their columns come in regular steps.
+        // Long series do not fit the cache: the next columns are as far as the last ones were.
         constexpr std::size_t ahead = 8;
-        const std::size_t later = position + ahead * step;
-        if (step > 8 && later < limit)
-            __builtin_prefetch(m_series != nullptr ? static_cast<const void*>(&(*m_series)[later])
-                                                   : &m_times[later]);
+        if (step <= 8 || m_runs.size() < ahead)
+            continue;
+        const std::size_t later = position + (position - m_runs[m_runs.size() - ahead].first);
+        if (later < limit) {
+            prefetch(later - 1);
+            prefetch(later);
+        }
     }
     m_runs.push_back({static_cast<std::uint32_t>(position), 1, 0.0});
     m_window = window;

@@ -88,6 +88,12 @@ private:
                        double pixelSeconds) const;
     void findRuns(const Window& window) const;
 
+    void prefetch(std::size_t index) const
+    {
+        __builtin_prefetch(m_series != nullptr ? static_cast<const void*>(&(*m_series)[index])
+                                               : &m_times[index]);
+    }
+
     const MessageSeries* m_series = nullptr;
     std::size_t m_size = 0;
     SampleValues m_times;              ///< unless they stand in a series
