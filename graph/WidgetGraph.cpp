@@ -125,20 +125,36 @@ void WidgetGraph::drawScene(const GraphScene& scene, double pixelRatio)
     drawTexts(painter, scene);
 }
 
-void WidgetGraph::drawTexts(QPainter& painter, const GraphScene& scene) const
+void WidgetGraph::drawTexts(QPainter& painter, const GraphScene& scene)
 {
     painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);
     painter.setFont(font());
     const auto lineHeight = static_cast<int>(graph().metrics().rowHeight);
     for (const GraphScene::Text& text : scene.texts) {
+        const QStaticText& laidOut = staticText(text.text);
+        const QSizeF size = laidOut.size();
         const int top = static_cast<int>(graph().height() - text.y) - lineHeight / 2;
         const int x = static_cast<int>(text.x);
-        const QRect place = text.alignment.testFlag(Qt::AlignRight)
-                                ? QRect(x - width(), top, width(), lineHeight)
-                                : QRect(x, top, width(), lineHeight);
+        const double left = text.alignment.testFlag(Qt::AlignRight) ? x - size.width() : x;
         painter.setPen(text.color);
-        painter.drawText(place, text.alignment | Qt::AlignVCenter | Qt::TextSingleLine, text.text);
+        painter.drawStaticText(QPointF(left, top + (lineHeight - size.height()) / 2.0), laidOut);
     }
+}
+
+const QStaticText& WidgetGraph::staticText(const QString& text)
+{
+    constexpr qsizetype manyTexts = 1000;
+    if (m_texts.size() >= manyTexts || m_textFont != font()) {
+        m_texts.clear();
+        m_textFont = font();
+    }
+    QStaticText& laidOut = m_texts[text];
+    if (laidOut.text().isEmpty() && !text.isEmpty()) {
+        laidOut.setTextFormat(Qt::PlainText);
+        laidOut.setText(text);
+        laidOut.prepare({}, font());
+    }
+    return laidOut;
 }
 
 } // namespace KOLT

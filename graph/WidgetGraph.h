@@ -2,6 +2,10 @@
 
 #include "graph/WidgetGraphBase.h"
 
+#include <QFont>
+#include <QHash>
+#include <QStaticText>
+
 namespace KOLT {
 
 /// The oscilloscope drawn with the fixed-function pipeline, from vertex arrays.
@@ -20,7 +24,12 @@ protected:
 
 private:
     void drawFigures(const GraphScene& scene, double pixelRatio) const;
-    void drawTexts(QPainter& painter, const GraphScene& scene) const;
+    void drawTexts(QPainter& painter, const GraphScene& scene);
+    const QStaticText& staticText(const QString& text);
+
+    // The same texts come again in most frames, and laying them out takes longer than drawing.
+    QHash<QString, QStaticText> m_texts;
+    QFont m_textFont; ///< of m_texts
 };
 
 } // namespace KOLT
