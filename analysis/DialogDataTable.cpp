@@ -1,6 +1,7 @@
 #include "analysis/DialogDataTable.h"
 
 #include "analysis/WidgetTimeTable.h"
+#include "app/messages/ContentOrNote.h"
 
 #include <QAction>
 #include <QApplication>
@@ -8,7 +9,6 @@
 #include <QLabel>
 #include <QMenu>
 #include <QMessageBox>
-#include <QStackedLayout>
 #include <QToolButton>
 #include <QVBoxLayout>
 
@@ -19,8 +19,6 @@ namespace KOLT {
 namespace {
 
 constexpr int pageMargin = 3;
-constexpr int tableState = 0;
-constexpr int emptyState = 1;
 
 /// Cells may hold any text that the profile gives them; a tab would shift the columns.
 QString cellText(const QModelIndex& index)
@@ -95,13 +93,7 @@ DialogDataTable::DialogDataTable(const Profile& profile, QWidget* parent)
     tableLayout->addWidget(m_view);
     tableLayout->addWidget(m_hint);
 
-    m_empty = new QLabel(this);
-    m_empty->setObjectName(QStringLiteral("emptyState"));
-    m_empty->setAlignment(Qt::AlignCenter);
-    m_empty->setWordWrap(true);
-    m_stack = new QStackedLayout(this);
-    m_stack->addWidget(table);
-    m_stack->addWidget(m_empty);
+    m_shown = new ContentOrNote(this, table);
     showData();
 }
 
@@ -147,20 +139,19 @@ void DialogDataTable::showData()
     const bool hasParameters = !parameters.empty();
     if (dataSet() != nullptr && hasParameters)
         m_model.setTable(*dataSet(), std::move(parameters));
-    const bool hasRows = m_model.rowCount() > 0;
-    if (hasRows) {
+    if (m_model.rowCount() > 0) {
         m_view->fitColumns();
         showRowCount();
+        m_shown->showContent();
     } else if (dataSet() == nullptr) {
-        m_empty->setText(
+        m_shown->showNote(
             tr("Choose a cycle or a flight on the left to see its values.\nF1 opens the help."));
     } else if (!hasParameters) {
-        m_empty->setText(tr("No parameters are selected. Check some in the list on the left and "
-                            "press \"Confirm Selection\"."));
+        m_shown->showNote(tr("No parameters are selected. Check some in the list on the left and "
+                             "press \"Confirm Selection\"."));
     } else {
-        m_empty->setText(tr("The selected parameters have no samples in this data set."));
+        m_shown->showNote(tr("The selected parameters have no samples in this data set."));
     }
-    m_stack->setCurrentIndex(hasRows ? tableState : emptyState);
 }
 
 void DialogDataTable::showRowCount()

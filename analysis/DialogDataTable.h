@@ -7,10 +7,10 @@
 
 class QAction;
 class QLabel;
-class QStackedLayout;
 
 namespace KOLT {
 
+class ContentOrNote;
 class WidgetTimeTable;
 
 /// The page with the time table of the chosen parameters.
@@ -49,8 +49,7 @@ private:
     TimeTableModel m_model;
     WidgetTimeTable* m_view = nullptr;
     QLabel* m_hint = nullptr;
-    QLabel* m_empty = nullptr;
-    QStackedLayout* m_stack = nullptr;
+    ContentOrNote* m_shown = nullptr;
     QAction* m_copy = nullptr;
     QAction* m_nextChange = nullptr;
     QAction* m_previousChange = nullptr;

@@ -3,6 +3,7 @@
 #include "analysis/EventDetails.h"
 #include "analysis/FlightLog.h"
 #include "app/base/Csv.h"
+#include "app/messages/ContentOrNote.h"
 #include "app/messages/Messages.h"
 #include "app/settings/SettingsStore.h"
 #include "record/ClockTime.h"
@@ -14,10 +15,8 @@
 #include <QHeaderView>
 #include <QHelpEvent>
 #include <QKeyEvent>
-#include <QLabel>
 #include <QLineEdit>
 #include <QPixmap>
-#include <QStackedLayout>
 #include <QTableWidget>
 #include <QToolTip>
 #include <QVBoxLayout>
@@ -36,8 +35,6 @@ constexpr int timeWidth = 80;
 constexpr int timePadding = 8;
 constexpr QSize swatchSize(4, 11);
 constexpr QColor timeBackground(230, 230, 230);
-constexpr int listState = 0;
-constexpr int emptyState = 1;
 
 /// Tenths of seconds, halves up.
 qint64 timeKey(double seconds)
@@ -103,13 +100,7 @@ DialogEventList::DialogEventList(const Profile& profile, EventScope scope, const
     layout->setContentsMargins(pageMargin, pageMargin, pageMargin, pageMargin);
     layout->addWidget(m_filter);
     layout->addWidget(m_table);
-    m_empty = new QLabel(this);
-    m_empty->setObjectName(QStringLiteral("emptyState"));
-    m_empty->setAlignment(Qt::AlignCenter);
-    m_empty->setWordWrap(true);
-    m_stack = new QStackedLayout(this);
-    m_stack->addWidget(page);
-    m_stack->addWidget(m_empty);
+    m_shown = new ContentOrNote(this, page);
     showData();
 }
 
@@ -158,10 +149,12 @@ void DialogEventList::showData()
     if (dataSet() != nullptr)
         m_events = findEvents(m_profile, *dataSet(), m_scope);
     fillTable();
-    m_empty->setText(dataSet() != nullptr ? emptyText()
-                                          : tr("Choose a cycle or a flight on the left to see what "
-                                               "was exceeded."));
-    m_stack->setCurrentIndex(m_events.empty() ? emptyState : listState);
+    if (!m_events.empty())
+        m_shown->showContent();
+    else if (dataSet() != nullptr)
+        m_shown->showNote(emptyText());
+    else
+        m_shown->showNote(tr("Choose a cycle or a flight on the left to see what was exceeded."));
 }
 
 void DialogEventList::fillTable()

@@ -7,12 +7,12 @@
 
 #include <map>
 
-class QLabel;
 class QLineEdit;
-class QStackedLayout;
 class QTableWidget;
 
 namespace KOLT {
+
+class ContentOrNote;
 
 /// A page with a list of exceedances. Highlights the last one at or before the current time; the
 /// user's choice of a row is reported. Base of the two lists, which differ in what they list.
@@ -56,8 +56,7 @@ private:
     bool m_isFilling = false;
     QLineEdit* m_filter = nullptr;
     QTableWidget* m_table = nullptr;
-    QLabel* m_empty = nullptr;
-    QStackedLayout* m_stack = nullptr;
+    ContentOrNote* m_shown = nullptr;
 };
 
 } // namespace KOLT

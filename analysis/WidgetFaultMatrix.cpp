@@ -1,11 +1,11 @@
 #include "analysis/WidgetFaultMatrix.h"
 
 #include "analysis/WidgetErrorTime.h"
+#include "app/messages/ContentOrNote.h"
 
 #include <QCheckBox>
 #include <QLabel>
 #include <QScrollArea>
-#include <QStackedLayout>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -16,8 +16,6 @@ namespace {
 
 constexpr int pageMargin = 3;
 constexpr int titleGap = 8;
-constexpr int matrixState = 0;
-constexpr int emptyState = 1;
 
 } // namespace
 
@@ -44,13 +42,7 @@ WidgetFaultMatrix::WidgetFaultMatrix(const Profile& profile, QWidget* parent)
     layout->addLayout(bar);
     layout->addWidget(m_area, 1);
 
-    m_empty = new QLabel(this);
-    m_empty->setObjectName(QStringLiteral("emptyState"));
-    m_empty->setAlignment(Qt::AlignCenter);
-    m_empty->setWordWrap(true);
-    m_stack = new QStackedLayout(this);
-    m_stack->addWidget(page);
-    m_stack->addWidget(m_empty);
+    m_shown = new ContentOrNote(this, page);
     showData();
 }
 
@@ -65,14 +57,15 @@ void WidgetFaultMatrix::showData()
 {
     dropData();
     if (dataSet() == nullptr) {
-        m_empty->setText(tr("Choose a cycle or a flight on the left to see its faults."));
-        m_stack->setCurrentIndex(emptyState);
+        m_shown->showNote(tr("Choose a cycle or a flight on the left to see its faults."));
         return;
     }
     m_matrices = findFaults(m_profile, *dataSet());
     createBlocks();
-    m_empty->setText(tr("The profile has no fault matrix."));
-    m_stack->setCurrentIndex(m_rows.empty() ? emptyState : matrixState);
+    if (m_rows.empty())
+        m_shown->showNote(tr("The profile has no fault matrix."));
+    else
+        m_shown->showContent();
     showOnlyActive();
 }
 

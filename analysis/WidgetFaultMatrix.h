@@ -8,11 +8,11 @@
 class QCheckBox;
 class QLabel;
 class QScrollArea;
-class QStackedLayout;
 class QVBoxLayout;
 
 namespace KOLT {
 
+class ContentOrNote;
 class WidgetErrorTime;
 
 /// The "Fault Matrix" page: for each error matrix of the profile a block with the history of its
@@ -45,8 +45,7 @@ private:
     QCheckBox* m_onlyActive = nullptr;
     QLabel* m_summary = nullptr;
     QScrollArea* m_area = nullptr;
-    QLabel* m_empty = nullptr;
-    QStackedLayout* m_stack = nullptr;
+    ContentOrNote* m_shown = nullptr;
 };
 
 } // namespace KOLT

@@ -12,11 +12,11 @@
 class QButtonGroup;
 class QHBoxLayout;
 class QLabel;
-class QStackedLayout;
 class QToolButton;
 
 namespace KOLT {
 
+class ContentOrNote;
 class DialogGraphSetup;
 class Profile;
 class TraceFeeder;
@@ -79,8 +79,9 @@ private:
 
     void clearTraces();
     void createBar();
-    void addButton(Command id, const QString& icon, const QString& tip, bool isCheckable,
-                   bool isShown);
+    QToolButton* addButton(const QString& icon, const QString& tip);
+    void addCommand(Command id, const QString& icon, const QString& tip, bool isCheckable,
+                    bool isShown);
     void applySettings();
     void saveSoon();
     void saveSettings();
@@ -98,8 +99,7 @@ private:
     DialogGraphSetup* m_setup = nullptr;
     QButtonGroup* m_buttons = nullptr;
     QHBoxLayout* m_bar = nullptr;
-    QLabel* m_empty = nullptr;
-    QStackedLayout* m_stack = nullptr;
+    ContentOrNote* m_shown = nullptr;
     QLabel* m_progress = nullptr;
     std::unique_ptr<TraceFeeder> m_feeder;
     QTimer m_feedTimer;
