@@ -67,7 +67,10 @@ void addOptions(QCommandLineParser& parser, const Verb& verb)
         add("variant", "Variant of the profile; the one in the settings without it.", "V");
     }
     if (verb.choosesFiles)
-        add("unit", "Units of the texts: metric or imperial.", "U");
+        add("unit",
+            isExport(verb) ? "Units: metric or imperial; those in the settings without it."
+                           : "Units of the texts: metric or imperial.",
+            "U");
     if (QLatin1String(verb.name) == QLatin1String("values"))
         add("parameter", "The parameter, as \"Device/Name\".", "NAME");
     if (QLatin1String(verb.name) == QLatin1String("events"))
@@ -102,10 +105,12 @@ QString readChoice(const QCommandLineParser& parser, Arguments& arguments)
             return QStringLiteral("--cycle needs a number, not \"%1\"")
                 .arg(parser.value(QStringLiteral("cycle")));
     }
-    const QString unit = parser.isSet(QStringLiteral("unit")) ? parser.value(QStringLiteral("unit"))
-                                                              : QStringLiteral("metric");
-    arguments.imperial = unit == QLatin1String("imperial");
-    if (!arguments.imperial && unit != QLatin1String("metric"))
+    const QString unit = parser.value(QStringLiteral("unit"));
+    if (unit == QLatin1String("imperial"))
+        arguments.units = UnitSystem::Imperial;
+    else if (unit == QLatin1String("metric"))
+        arguments.units = UnitSystem::Metric;
+    else if (parser.isSet(QStringLiteral("unit")))
         return QStringLiteral("--unit is metric or imperial, not \"%1\"").arg(unit);
     return {};
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "profile/ProfileParameter.h"
+
 #include <QString>
 #include <QStringList>
 
@@ -22,7 +24,7 @@ struct Arguments
     std::optional<QStringList> files;
     QString profile;                ///< empty: the installed one
     std::optional<QString> variant; ///< none: the one in the settings
-    bool imperial = false;
+    std::optional<UnitSystem> units; ///< none: metric, in exports those of the settings
     QString parameter;
     bool lampsOnly = false;
 

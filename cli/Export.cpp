@@ -58,6 +58,7 @@ private:
     QString tellMissing() const;
     QString freeName(const ExportSubject& subject);
     void exportFlight(int cycle, std::size_t flight);
+    void fail(QJsonObject entry, const QString& error);
 
     const DataSet& dataSet() const { return *m_recording.card().dataSet(); }
 
@@ -84,6 +85,8 @@ QString Exporter::prepare()
         return m_arguments.selection.contains(parameter.fullName);
     });
     SettingsStore& settings = installedSettings();
+    if (!m_arguments.units && settings.getInteger("Unit", 0) == 1)
+        profile.setUnitSystem(UnitSystem::Imperial);
     // In memory only: nothing of the command line is kept.
     if (!m_arguments.selection.isEmpty())
         settings.setBoolean("CsvAllParameter", false);
@@ -188,6 +191,11 @@ void Exporter::exportFlight(int cycle, std::size_t flight)
     if (error.isEmpty())
         return;
     Diagnostics::print("cycle %d, flight %zu: %s\n", cycle, flight + 1, qUtf8Printable(error));
+    fail(entry, error);
+}
+
+void Exporter::fail(QJsonObject entry, const QString& error)
+{
     entry[QStringLiteral("error")] = error;
     m_failed.append(entry);
     if (m_firstError.isEmpty())
@@ -202,6 +210,12 @@ QString Exporter::exportAll()
     for (const auto& [number, cycle] : card.cycles()) {
         card.loadCycle(number);
         const std::size_t flights = card.flightsOf(number).size();
+        // Flights may be in what could not be read.
+        const QString missing = tellMissing();
+        if (flights == 0 && !missing.isEmpty()) {
+            Diagnostics::print("cycle %d: %s\n", number, qUtf8Printable(missing));
+            fail({{QStringLiteral("cycle"), number}}, missing);
+        }
         for (std::size_t i = 0; i < flights; ++i)
             exportFlight(number, i);
     }
@@ -214,7 +228,7 @@ QString Exporter::exportAll()
     if (m_exported.isEmpty() && m_failed.isEmpty())
         return QStringLiteral("there are no flights in %1").arg(m_arguments.folder);
     return m_failed.isEmpty() ? QString()
-                              : QStringLiteral("%1 flights failed, the first with: %2")
+                              : QStringLiteral("%1 flights or cycles failed, the first with: %2")
                                     .arg(m_failed.size())
                                     .arg(m_firstError);
 }

@@ -55,7 +55,7 @@ QString Recording::openProfile()
         std::ranges::find(known, variant, &Variant::name) == known.end())
         Diagnostics::print("the profile does not list the variant \"%s\"\n",
                            qUtf8Printable(variant));
-    m_profile.setUnitSystem(m_arguments.imperial ? UnitSystem::Imperial : UnitSystem::Metric);
+    m_profile.setUnitSystem(m_arguments.units.value_or(UnitSystem::Metric));
     return {};
 }
 

@@ -34,6 +34,8 @@ KmlDescription::KmlDescription(const Profile& profile, const DataSet& dataSet)
     : m_profile(profile)
     , m_clock(dataSet.dateTime)
 {
+    const ProfileParameter* const speed = profile.parameterByRole(QStringLiteral("GroundSpeed"));
+    m_hasSpeed = speed != nullptr && !seriesOf(dataSet.messages, *speed).empty();
     for (const ProfileParameter* parameter : profile.selectedParameters()) {
         const auto place =
             m_walkers.try_emplace(parameter->id, seriesOf(dataSet.messages, *parameter)).first;
@@ -47,7 +49,8 @@ QString KmlDescription::of(const TrackPoint& point)
     QString text = QStringLiteral("<table>\n") + row(Text::tr("Time"), momentText(seconds));
     if (point.hasAltitude)
         text += row(Text::tr("Altitude"), roleText("Altitude", point.altitude, "m", 0));
-    text += row(Text::tr("Speed"), roleText("GroundSpeed", point.groundSpeed, "km/h", 0));
+    if (m_hasSpeed)
+        text += row(Text::tr("Speed"), roleText("GroundSpeed", point.groundSpeed, "km/h", 0));
     for (auto& [id, walker] : m_walkers)
         walker.advanceTo(seconds);
     for (const Column& column : m_columns) {

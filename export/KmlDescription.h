@@ -37,6 +37,7 @@ private:
 
     const Profile& m_profile;
     ExportClock m_clock;
+    bool m_hasSpeed = false;
     std::map<int, SampleWalker> m_walkers; ///< by message identifier
     std::vector<Column> m_columns;
 };

@@ -196,7 +196,7 @@ bool RecordFile::readSamples(QFile& file, MessageMap& messages, const ReadProgre
 {
     const qint64 wanted = qint64{m_info.sampleCount} * sampleBytes;
     if (!file.seek(headerBytes))
-        return true;
+        return wanted == 0;
     std::vector<unsigned char> block(static_cast<std::size_t>(std::min(blockBytes, wanted)));
     qint64 done = 0;
     qint64 held = 0; // bytes of a sample whose end is still to be read
@@ -204,7 +204,12 @@ bool RecordFile::readSamples(QFile& file, MessageMap& messages, const ReadProgre
         const qint64 room =
             std::min<qint64>(static_cast<qint64>(block.size()) - held, wanted - done);
         const qint64 count = file.read(reinterpret_cast<char*>(block.data()) + held, room);
-        if (count <= 0) {
+        if (count < 0) {
+            Diagnostics::print("RecordFile::readRecordData: Could not read all of %s: %s\n",
+                               qUtf8Printable(m_path), qUtf8Printable(file.errorString()));
+            return false;
+        }
+        if (count == 0) {
             Diagnostics::print("RecordFile::readRecordData: %s ends after %lld of %d samples\n",
                                qUtf8Printable(m_path), static_cast<long long>(done / sampleBytes),
                                m_info.sampleCount);

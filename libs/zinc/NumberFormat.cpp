@@ -99,6 +99,8 @@ QString NumberFormat::apply(double number) const
 {
     if (m_kind == Kind::None)
         return m_prefix;
+    if (std::isnan(number))
+        return dashes();
     QByteArray text = toBytes(number);
     const bool isZero = std::ranges::none_of(
         text, [](char c) { return (c >= '1' && c <= '9') || (c >= 'a' && c <= 'z'); });

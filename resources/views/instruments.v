@@ -117,10 +117,11 @@
         <message style="warning" text="COOLANT TEMPERATURE"
                  when="[Lamp Coolant] == 1 or [Coolant Temperature A_STATE] == 2"/>
         <message style="warning" text="FUEL PRESSURE"
-                 when="[Lamp Fuel Pressure] == 1 or isset([Fuel Pressure A]) and max([Fuel Pressure A_STATE], [Fuel Pressure B_STATE]) == 2"/>
+                 when="[Lamp Fuel Pressure] == 1 or isset([Fuel Pressure A]) and [Fuel Pressure A_STATE] == 2 or isset([Fuel Pressure B]) and [Fuel Pressure B_STATE] == 2"/>
         <message style="warning" text="EXHAUST GAS"
                  when="max([EGT 1_STATE], [EGT 2_STATE], [EGT 3_STATE], [EGT 4_STATE]) == 2"/>
         <message style="warning" text="GENERATOR" when="[Lamp Generator] == 1"/>
+        <message style="warning" text="BUS VOLTAGE" when="[Bus Voltage A_STATE] == 2"/>
         <message style="caution" text="EXHAUST GAS HIGH"
                  when="max([EGT 1_STATE], [EGT 2_STATE], [EGT 3_STATE], [EGT 4_STATE]) == 1"/>
         <message style="caution" text="ENGINE SPEED HIGH" when="[Engine Speed_STATE] == 1"/>

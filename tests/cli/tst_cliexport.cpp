@@ -180,7 +180,7 @@ void TestCliExport::failingFlightDoesNotStopTheRest()
     const Result result = run(KOLT_CLI, {"export", "gpx", card.path(), "--all", "--output", folder,
                                          "--profile", profile, "--variant", ""});
     QCOMPARE(result.status, 1);
-    QVERIFY2(result.error.startsWith("kolt-cli: 1 flights failed") &&
+    QVERIFY2(result.error.startsWith("kolt-cli: 1 flights or cycles failed") &&
                  result.error.contains("no position"),
              qPrintable(result.error));
     const QJsonDocument json = QJsonDocument::fromJson(result.output);
