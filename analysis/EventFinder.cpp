@@ -1,6 +1,6 @@
 #include "analysis/EventFinder.h"
 
-#include "profile/ValueDecoder.h"
+#include "record/RoleSeries.h"
 
 #include <algorithm>
 
@@ -17,7 +17,7 @@ bool isWorse(ThresholdState previous, ThresholdState state)
 void findEventsOf(const Profile& profile, const Device& group, const ProfileParameter& parameter,
                   const DataSet& dataSet, std::vector<Event>& events)
 {
-    PositionFilter filter;
+    PositionFilter filter = positionFilterFor(profile, dataSet.messages, parameter);
     ThresholdState previous = ThresholdState::Limit;
     double previousNumber = 0.0;
     for (const StoredSample& sample : seriesOf(dataSet.messages, parameter)) {

@@ -81,7 +81,11 @@ DialogDataGraph::DialogDataGraph(const Profile& profile, QWidget* parent)
         m_settings.timeSpan = m_graph->graph().span();
         saveSoon();
     });
-    connect(m_graph, &WidgetGraphBase::signalCursorReleased, this, &DialogDataGraph::showTime);
+    connect(m_graph, &WidgetGraphBase::signalCursorReleased, this, [this] {
+        // Without a replay the page's time is where the cursor was put: nothing is to move then.
+        if (static_cast<float>(time()) != static_cast<float>(m_graph->graph().cursorTime))
+            showTime();
+    });
     connect(m_graph, &WidgetGraphBase::signalMoveParameter, this,
             &DialogDataGraph::slotMoveParameter);
     m_feeder = std::make_unique<TraceFeeder>(m_graph->editGraph());

@@ -149,7 +149,9 @@ GraphResponse GraphInput::mousePress(Qt::MouseButton button, const QPointF& plac
             // A handle is moved for itself: cursor and markers stay.
             m_pressY = place.y();
             m_dragOffset = 0.0;
-            m_targetRow = static_cast<int>(place.y() / m_graph.rowHeight());
+            // Its own row, and not that of the pointer: handles of low rows overlap.
+            const std::vector<int> rows = m_graph.visibleTraces();
+            m_targetRow = static_cast<int>(std::ranges::find(rows, *m_dragged) - rows.begin());
         } else if (modifiers.testFlag(Qt::ShiftModifier)) {
             moveNearerMarker(seconds);
             response.reports.push_back(markers());

@@ -35,6 +35,8 @@ GraphScene SceneBuilder::build()
     for (const int index : visible)
         columns += m_graph.trace(index).columns().size();
     m_scene.vertices.reserve(4096 + 4 * columns);
+    if (settings.hasStatistic)
+        layOutStatistic(visible);
     // Below the traces: a plate must not hide any of them.
     if (settings.hasLegend)
         legend(visible);
@@ -44,8 +46,10 @@ GraphScene SceneBuilder::build()
     events();
     if (settings.hasCursor)
         cursor();
+    for (const auto& [place, color] : m_swatches) // in full colour, over the marker band
+        m_pen.quad(place, color);
     if (settings.hasStatistic)
-        statistic(visible);
+        statistic();
     handles(visible);
     return std::move(m_scene); // the builder is used up
 }
@@ -101,9 +105,8 @@ void SceneBuilder::valueAxis(const QRectF& area, double lower, double upper, int
         return area.top() + (value - lower) * area.height() / (upper - lower);
     };
     if (m_graph.settings.hasGrid) {
-        GraphScene::Figure& grid =
-            m_pen.begin(GraphScene::Kind::Lines,
-                        withAlpha(m_graph.settings.gridColor, gridAlpha / 2), gridWidth);
+        GraphScene::Figure& grid = m_pen.begin(
+            GraphScene::Kind::Lines, withAlpha(m_graph.settings.gridColor, gridAlpha), gridWidth);
         grid.isStippled = true;
         for (const double tick : ticks) {
             m_pen.vertex(area.left(), yOf(tick));
@@ -124,11 +127,15 @@ void SceneBuilder::valueAxis(const QRectF& area, double lower, double upper, int
             needed,
             std::clamp(static_cast<int>(-std::floor(std::log10(ticks[1] - ticks[0]) + 1e-9)), 0,
                        9));
-    for (const double tick : ticks)
+    for (const double tick : ticks) {
+        // Of two labels where bands meet, the lower band's stays.
+        if (area.top() > m_plot.top() && yOf(tick) < area.top() + m_row / 2.0)
+            continue;
         text(area.left() - shortTick - 2.0, std::min(yOf(tick), m_graph.height() - m_row / 2.0),
              Qt::AlignRight,
              QString::asprintf("%.*f", ticks.size() >= 2 ? std::min(needed, 9) : decimals, tick),
              color);
+    }
 }
 
 void SceneBuilder::timeGrid()
@@ -177,7 +184,7 @@ void SceneBuilder::band(int index)
     }
     if (m_graph.settings.hasThresholds)
         thresholds(index, area);
-    if (hasLegendInBands() && m_graph.settings.hasLegend)
+    if (hasLegendInBands())
         scaleLabel(index, area);
     drawTrace(m_scene, m_graph, index, area, m_pixelRatio);
 }
@@ -186,9 +193,11 @@ void SceneBuilder::scaleLabel(int index, const QRectF& area)
 {
     const GraphTrace& trace = m_graph.trace(index);
     const QString label = scaleText(m_graph, index);
-    const QString beside = legendText(m_graph, index, m_graph.cursorTime);
     constexpr double apart = 40.0;
-    if (widthOf(label) + widthOf(beside) + apart < area.width())
+    const double beside = m_graph.settings.hasLegend
+                              ? widthOf(legendText(m_graph, index, m_graph.cursorTime)) + apart
+                              : 0.0;
+    if (widthOf(label) + beside < area.width())
         plotText(area.right() - 4.0, area.bottom() - m_row / 2.0, Qt::AlignRight, label,
                  trace.color);
 }

@@ -3,7 +3,11 @@
 #include "graph/GraphScene.h"
 #include "graph/ScenePen.h"
 
+#include <QStringList>
+
 #include <algorithm>
+#include <utility>
+#include <vector>
 
 namespace KOLT {
 
@@ -71,7 +75,10 @@ private:
     std::size_t fitting(std::size_t rows, double height) const;
     static QString moreText(std::size_t count);
     void legend(const std::vector<int>& visible);
-    void statistic(const std::vector<int>& visible);
+    /// Fills the panel, for which the legend leaves room.
+    void layOutStatistic(const std::vector<int>& visible);
+    double rightOfTexts(double y) const;
+    void statistic();
     void handles(const std::vector<int>& visible);
 
     const Graph& m_graph;
@@ -81,6 +88,9 @@ private:
     QRectF m_plot; ///< top is its lower edge, as y goes up
     GraphScene m_scene;
     ScenePen m_pen{m_scene};
+    std::vector<std::pair<QRectF, QColor>> m_swatches; ///< of the legend
+    QRectF m_panel;                                    ///< of the statistic
+    QStringList m_panelLines;
 };
 
 } // namespace KOLT

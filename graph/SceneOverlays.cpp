@@ -17,7 +17,7 @@ constexpr QColor eventColor(0, 153, 153);
 constexpr QColor dragColor(0, 255, 255);
 constexpr QColor hoverColor(255, 128, 0);
 constexpr QColor cursorColor(128, 128, 128);
-constexpr QColor panelColor(255, 255, 255, 215);
+constexpr QColor panelColor(255, 255, 255, 235);
 
 } // namespace
 
@@ -92,10 +92,10 @@ void SceneBuilder::legend(const std::vector<int>& visible)
         const GraphTrace& trace = m_graph.trace(index);
         if (isInBands)
             y = trace.bandOffset + trace.bandHeight - m_row / 2.0;
-        m_pen.quad({m_plot.left() + 6.0, y - 4.0, 8.0, 8.0}, trace.color);
+        m_swatches.push_back({{m_plot.left() + 6.0, y - 4.0, 8.0, 8.0}, trace.color});
         plotText(
             left, y, Qt::AlignLeft,
-            legendText(m_graph, index, m_graph.cursorTime, charactersIn(m_plot.right() - left)),
+            legendText(m_graph, index, m_graph.cursorTime, charactersIn(rightOfTexts(y) - left)),
             trace.color);
         y -= m_row;
     }
@@ -104,18 +104,19 @@ void SceneBuilder::legend(const std::vector<int>& visible)
                  m_graph.settings.labelColor);
 }
 
-void SceneBuilder::statistic(const std::vector<int>& visible)
+void SceneBuilder::layOutStatistic(const std::vector<int>& visible)
 {
     const double from = std::min(m_graph.markerLeft, m_graph.markerRight);
     const double to = std::max(m_graph.markerLeft, m_graph.markerRight);
     if (!(to > from) || visible.empty())
         return;
-    QStringList lines{
+    QStringList& lines = m_panelLines;
+    lines = {
         QCoreApplication::translate("KOLT::GraphScene", "Between the markers: min, max, mean")};
     // Above the line of the cursor's text.
     const double height = m_plot.height() - 2.0 * m_row - 3.0 * panelPadding;
     const std::size_t shown = fitting(visible.size(), height);
-    const int longest = charactersIn(m_plot.width() - 4.0 * panelPadding);
+    const int longest = charactersIn(m_plot.width() / 2.0 - 3.0 * panelPadding);
     for (const int index : std::span(visible).first(shown))
         lines << statisticText(m_graph, index, from, to, longest);
     if (shown < visible.size())
@@ -123,12 +124,31 @@ void SceneBuilder::statistic(const std::vector<int>& visible)
     double width = 0.0;
     for (const QString& content : lines)
         width = std::max(width, widthOf(content) + 2.0 * panelPadding);
-    const QRectF panel(m_plot.right() - width - panelPadding, m_plot.top() + m_row + panelPadding,
-                       width, m_row * static_cast<double>(lines.size()) + panelPadding);
-    m_pen.quad(panel, panelColor);
-    double y = panel.bottom() - panelPadding / 2.0 - m_row / 2.0;
-    for (const QString& content : lines) {
-        text(panel.left() + panelPadding, y, Qt::AlignLeft, content, Qt::black);
+    m_panel = {m_plot.right() - width - panelPadding, m_plot.top() + m_row + panelPadding, width,
+               m_row * static_cast<double>(lines.size()) + panelPadding};
+}
+
+double SceneBuilder::rightOfTexts(double y) const
+{
+    const bool isBeside = y + m_row / 2.0 > m_panel.top() && y - m_row / 2.0 < m_panel.bottom();
+    return isBeside ? m_panel.left() - panelPadding : m_plot.right();
+}
+
+void SceneBuilder::statistic()
+{
+    if (m_panelLines.isEmpty())
+        return;
+    // Texts lie over all figures: what has no room beside the panel would shine through.
+    std::erase_if(m_scene.texts, [this](const GraphScene::Text& other) {
+        const double width = widthOf(other.text);
+        const bool isRight = other.alignment.testFlag(Qt::AlignRight);
+        return m_panel.intersects(
+            {isRight ? other.x - width : other.x, other.y - m_row / 2.0, width, m_row});
+    });
+    m_pen.quad(m_panel, panelColor);
+    double y = m_panel.bottom() - panelPadding / 2.0 - m_row / 2.0;
+    for (const QString& content : m_panelLines) {
+        text(m_panel.left() + panelPadding, y, Qt::AlignLeft, content, Qt::black);
         y -= m_row;
     }
 }

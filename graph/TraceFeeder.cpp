@@ -1,9 +1,10 @@
 #include "graph/TraceFeeder.h"
 
-#include "profile/PositionFilter.h"
 #include "profile/ValueDecoder.h"
+#include "record/RoleSeries.h"
 
 #include <algorithm>
+#include <numeric>
 
 namespace KOLT {
 
@@ -68,6 +69,23 @@ std::shared_ptr<SampleTimes> walk(const MessageSeries& series, SampleValues& val
     return std::make_shared<SampleTimes>(series, std::move(gaps), isAscending);
 }
 
+/// The samples in the order of their times: in any other, one stray time stamp would hide all that
+/// comes behind it.
+void feedSorted(GraphTrace& trace, const MessageSeries& series, const SampleValues& values)
+{
+    std::vector<std::uint32_t> order(series.size());
+    std::iota(order.begin(), order.end(), 0U);
+    std::ranges::stable_sort(order, {}, [&](std::uint32_t i) { return ticksOf(series[i]); });
+    const std::int64_t usual = std::max(gapFactor * usualSpacing(series), shortestGap - 1);
+    trace.reserve(order.size());
+    std::int64_t before = ticksOf(series[order.front()]);
+    for (const std::uint32_t i : order) {
+        const std::int64_t ticks = ticksOf(series[i]);
+        trace.append(series[i].seconds(), values[i], ticks - before > usual ? 0 : 1);
+        before = ticks;
+    }
+}
+
 /// All that a trace shows of its parameter but the samples.
 void describeTrace(Graph& graph, int index, const Profile& profile,
                    const ProfileParameter& parameter)
@@ -96,7 +114,7 @@ void feedTrace(Graph& graph, int index, const Profile& profile, const ProfilePar
     GraphTrace& trace = graph.trace(index);
     trace.clear();
     const TraceSource source = graph.source(index);
-    PositionFilter filter;
+    PositionFilter filter = positionFilterFor(profile, dataSet.messages, parameter);
     const auto decode = [&](const StoredSample& sample) {
         const double value = decodeNumber(sample.data, parameter, &filter);
         return plottable(value * source.factor + source.offset);
@@ -108,7 +126,10 @@ void feedTrace(Graph& graph, int index, const Profile& profile, const ProfilePar
         std::ranges::transform(series.begin(), series.end(), values.begin(), decode);
     else
         times = walk(series, values, decode);
-    trace.setSamples(std::move(times), std::move(values));
+    if (times->isAscending())
+        trace.setSamples(std::move(times), std::move(values));
+    else
+        feedSorted(trace, series, values);
 }
 
 void TraceFeeder::begin(const Profile& profile,

@@ -34,6 +34,9 @@ WidgetGraphBase::WidgetGraphBase(QWidget* parent)
     setFont(bold);
     measureFont();
     setToolTip(hint());
+    m_graph.settings.background = Qt::white;
+    m_graph.settings.gridColor = QColor::fromRgbF(1.0F, 0.3F, 0.3F);
+    m_graph.settings.labelBackground = QColor::fromRgbF(0.8F, 0.8F, 0.8F);
     m_recalcTimer.setSingleShot(true);
     m_cursorTimer.setSingleShot(true);
     m_cursorTimer.setInterval(cursorMilliseconds);
@@ -46,10 +49,10 @@ WidgetGraphBase::WidgetGraphBase(QWidget* parent)
 
 QString WidgetGraphBase::hint()
 {
-    return tr("Left button: markers and cursor. Ctrl+left or middle button: cursor. Right button: "
-              "pan.\nWheel: zoom. Arrow keys: move the cursor (with Shift farther).\nF: whole "
-              "flight. Home, End: its ends. M: markers around the middle.\nDrag a handle at the "
-              "left edge to move its trace.");
+    return tr("Left button: markers and cursor. Shift+left: the nearer marker, and pan. Ctrl+left "
+              "or middle button: cursor.\nRight button: pan. Wheel: zoom. Arrow keys: move the "
+              "cursor (with Shift farther).\nF: whole flight. Home, End: its ends. M: markers "
+              "around the middle.\nDrag a handle at the left edge to move its trace.");
 }
 
 void WidgetGraphBase::measureFont()
@@ -94,8 +97,10 @@ void WidgetGraphBase::refresh()
 void WidgetGraphBase::setCursorTime(double seconds)
 {
     m_graph.setCursorTime(seconds);
+    // Less than what is seen waits for the repaint timer.
     m_hasMoved = true;
-    update();
+    if (!(std::abs(seconds - m_paintedTime) < repaintThreshold * m_graph.pixelSeconds()))
+        update();
 }
 
 void WidgetGraphBase::releaseCursor()
@@ -147,6 +152,7 @@ void WidgetGraphBase::paintGL()
     const GraphScene scene = buildScene(m_graph, m_input, devicePixelRatioF());
     drawScene(scene, devicePixelRatioF());
     m_hasMoved = false;
+    m_paintedTime = m_graph.cursorTime;
     m_sinceRepaint.restart();
 }
 

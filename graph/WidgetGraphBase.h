@@ -83,7 +83,8 @@ private:
     QTimer m_recalcTimer;
     QTimer m_cursorTimer;
     int m_recalcRepeats = 0;
-    bool m_hasMoved = false; ///< since the last repaint
+    bool m_hasMoved = false;    ///< since the last repaint
+    double m_paintedTime = 0.0; ///< of the cursor
     QElapsedTimer m_sinceRepaint;
 };
 

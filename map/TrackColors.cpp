@@ -1,6 +1,6 @@
 #include "map/TrackColors.h"
 
-#include "profile/ValueDecoder.h"
+#include "record/RoleSeries.h"
 
 #include <algorithm>
 #include <cmath>
@@ -22,12 +22,13 @@ struct TimedValue
     double value = 0.0;
 };
 
-std::vector<TimedValue> samplesOf(const ProfileParameter& parameter, const MessageMap& messages)
+std::vector<TimedValue> samplesOf(const Profile& profile, const ProfileParameter& parameter,
+                                  const MessageMap& messages)
 {
     const MessageSeries& series = seriesOf(messages, parameter);
     std::vector<TimedValue> samples;
     samples.reserve(series.size());
-    PositionFilter filter;
+    PositionFilter filter = positionFilterFor(profile, messages, parameter);
     for (const StoredSample& sample : series)
         samples.push_back({sample.seconds(), decodeNumber(sample.data, parameter, &filter)});
     if (!std::ranges::is_sorted(samples, {}, &TimedValue::seconds))
@@ -35,9 +36,10 @@ std::vector<TimedValue> samplesOf(const ProfileParameter& parameter, const Messa
     return samples;
 }
 
-std::vector<double> heldValues(const ProfileParameter& parameter, const DataSet& dataSet)
+std::vector<double> heldValues(const Profile& profile, const ProfileParameter& parameter,
+                               const DataSet& dataSet)
 {
-    const std::vector<TimedValue> samples = samplesOf(parameter, dataSet.messages);
+    const std::vector<TimedValue> samples = samplesOf(profile, parameter, dataSet.messages);
     std::vector<double> values;
     values.reserve(dataSet.track.size());
     std::size_t next = 0;
@@ -92,7 +94,7 @@ TrackColors trackColors(const TrackColorChoice& choice, const Profile& profile,
     case TrackColorChoice::Kind::Parameter:
         parameter = profile.parameterByFullName(choice.parameter);
         if (parameter != nullptr)
-            values = heldValues(*parameter, dataSet);
+            values = heldValues(profile, *parameter, dataSet);
         break;
     }
     if (parameter == nullptr)

@@ -57,4 +57,9 @@ private:
     const MessageSeries* m_series;
 };
 
+/// The filter for a pass over the samples of one parameter: for a longitude, whose limit follows
+/// from the latitude, it has seen all latitudes before.
+PositionFilter positionFilterFor(const Profile& profile, const MessageMap& messages,
+                                 const ProfileParameter& parameter);
+
 } // namespace KOLT
