@@ -290,7 +290,8 @@ void WidgetMap::slotTimeout()
     // Without a visible part it is as good as hidden: a splitter has taken all its room.
     const bool isSeen = isVisible() && !visibleRegion().isEmpty();
     if (m_isSeen && !isSeen)
-        m_map.tiles().setWanted({}); // nobody looks at them
+        m_map.tiles().setVisible({}); // nobody looks at them
+    m_map.tiles().setWanted({});
     m_isSeen = isSeen;
     if (!isSeen)
         return;

@@ -105,6 +105,8 @@ void WidgetMap::mouseMoveEvent(QMouseEvent* event)
 {
     m_isDirty = true;
     const Tessa::WindowPoint point = windowPoint(event->position());
+    if (!m_isLeftHeld && event->buttons() != Qt::NoButton)
+        return;
     if (!m_isLeftHeld) {
         setCursor(attributionRect().contains(event->position()) ? Qt::PointingHandCursor
                                                                 : Qt::ArrowCursor);
@@ -182,7 +184,10 @@ void WidgetMap::wheelEvent(QWheelEvent* event)
     Diagnostics::print("wheelEvent inverted %d\n", event->inverted() ? 1 : 0);
     event->accept();
     m_isDirty = true;
-    if (event->phase() == Qt::NoScrollPhase) {
+    // On some platforms touch pads scroll without phases.
+    const bool isTouchPad = event->pointingDevice() != nullptr &&
+                            event->pointingDevice()->type() == QInputDevice::DeviceType::TouchPad;
+    if (event->phase() == Qt::NoScrollPhase && !isTouchPad) {
         if (event->angleDelta().y() != 0)
             m_camera.wheel(windowPoint(event->position()), event->angleDelta().y());
         return;

@@ -125,18 +125,20 @@ void ElevationSource::refresh()
             // Of a plain and a compressed file the plain one is read faster.
             if (cell && (!found.contains(*cell) ||
                          path.endsWith(QLatin1String(".hgt"), Qt::CaseInsensitive)))
-                found[*cell] = File{path, -1};
+                found[*cell] =
+                    File{path, -1, entries.fileInfo().size(), entries.fileInfo().lastModified()};
         }
     }
     for (auto& [cell, file] : found) {
         const auto known = m_files.find(cell);
-        if (known != m_files.end() && known->second.path == file.path)
+        // One that was of no use may have been copied whole meanwhile.
+        if (known != m_files.end() && known->second.isSame(file))
             file.side = known->second.side;
     }
     const bool isOther =
         found.size() != m_files.size() || !std::ranges::all_of(found, [&](const auto& entry) {
             const auto known = m_files.find(entry.first);
-            return known != m_files.end() && known->second.path == entry.second.path;
+            return known != m_files.end() && known->second.isSame(entry.second);
         });
     m_files = std::move(found);
     if (isOther) {

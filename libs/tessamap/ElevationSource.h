@@ -3,6 +3,7 @@
 #include "libs/tessamap/ElevationFile.h"
 #include "libs/tessamap/TileId.h"
 
+#include <QDateTime>
 #include <QObject>
 #include <QString>
 #include <QThreadPool>
@@ -71,6 +72,13 @@ private:
     {
         QString path;
         int side = -1; ///< 0 for files that cannot be used, -1 before the first look
+        qint64 bytes = 0;
+        QDateTime changed;
+
+        bool isSame(const File& other) const
+        {
+            return path == other.path && bytes == other.bytes && changed == other.changed;
+        }
     };
 
     struct Kept

@@ -5,6 +5,7 @@
 #include <QOpenGLContext>
 
 #include <algorithm>
+#include <utility>
 
 namespace Tessa {
 
@@ -58,8 +59,7 @@ void TessaMap::setTileServer(const QString& address)
         return;
     m_tiles.setServer(address);
     // The pictures of another server are not ours to show under this one's name.
-    if (m_drawer != nullptr)
-        m_tileTextures.clear(m_gl);
+    m_isOtherServer = true;
     emit changed();
 }
 
@@ -188,15 +188,18 @@ std::optional<TileId> TessaMap::nearest(const TextureCache& textures, const Tile
 
 void TessaMap::loadTiles(double deadline)
 {
+    std::vector<TileId> visible;
     std::vector<TileId> wanted;
     for (const SelectedTile& tile : m_selected) {
         // Where the server has no tile, it may have a coarser one.
         TileId best = tile.id;
         while (best.zoom > 0 && m_tiles.isMissing(best))
             best = best.ancestor(1);
+        visible.push_back(best);
         if (!m_tileTextures.contains(best))
             wanted.push_back(best);
     }
+    m_tiles.setVisible(visible);
     m_tiles.setWanted(wanted);
     while (now() < deadline) {
         const auto tile = m_tiles.takeNext();
@@ -287,6 +290,8 @@ bool TessaMap::render()
     const double start = now();
     const Globe view = globe();
     m_selected = selectTiles(view);
+    if (std::exchange(m_isOtherServer, false))
+        m_tileTextures.clear(m_gl);
     for (TextureCache* const textures : {&m_tileTextures, &m_baseTextures, &m_shadeTextures})
         textures->beginFrame(m_gl);
     m_baseTextures.use({0, 0, 0}); // never goes, so that there is always something to show

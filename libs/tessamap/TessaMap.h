@@ -141,6 +141,7 @@ private:
 
     bool m_hasFailed = false;
     bool m_saidNoMemory = false;
+    bool m_isOtherServer = false; ///< since the last picture
     QOpenGLFunctions m_gl;
     std::unique_ptr<TileDrawer> m_drawer;
     TextureCache m_tileTextures;

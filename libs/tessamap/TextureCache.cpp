@@ -31,8 +31,9 @@ void TextureCache::drop(QOpenGLFunctions& gl, const TileId& tile)
 bool TextureCache::upload(QOpenGLFunctions& gl, const TileId& tile, const QImage& image,
                           int revision)
 {
-    while (gl.glGetError() != GL_NO_ERROR) {
-        // What others left behind is not of this texture.
+    // What others left behind is not of this texture; a lost context never runs out of errors.
+    constexpr int mostErrors = 16;
+    for (int i = 0; i < mostErrors && gl.glGetError() != GL_NO_ERROR; ++i) {
     }
     Entry& entry = m_entries[tile];
     if (entry.texture == 0)

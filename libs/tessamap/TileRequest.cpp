@@ -109,15 +109,19 @@ void TileSource::dropLate(qint64 now)
 {
     std::vector<std::unique_ptr<InFlight>> late;
     for (auto& request : m_inFlight) {
-        const bool isWanted = request->confirms || m_onDisk.contains(request->tile);
+        const bool isWanted =
+            request->confirms ? isVisible(request->tile) : m_onDisk.contains(request->tile);
         if (isWanted)
             request->unwantedSince.reset();
         else if (!request->unwantedSince)
             request->unwantedSince = now;
         if (now - request->startedAt >= requestDeadline)
             late.push_back(std::move(request));
-        else if (!isWanted && now - *request->unwantedSince >= unwantedTime)
+        else if (!isWanted && now - *request->unwantedSince >= unwantedTime) {
+            if (request->confirms)
+                confirmLater(request->tile, *request->confirms); // when it is seen again
             request.reset();
+        }
     }
     std::erase(m_inFlight, nullptr);
     for (const auto& request : late) {

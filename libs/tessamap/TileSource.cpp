@@ -106,6 +106,16 @@ void TileSource::setWanted(std::span<const TileId> byPriority)
     work();
 }
 
+void TileSource::setVisible(std::span<const TileId> tiles)
+{
+    m_visible.emplace(tiles.begin(), tiles.end());
+}
+
+bool TileSource::isVisible(const TileId& tile) const
+{
+    return !m_visible || m_visible->contains(tile);
+}
+
 std::optional<TileSource::Tile> TileSource::takeNext()
 {
     for (const TileId& tile : m_wanted) {
@@ -215,7 +225,7 @@ std::optional<TileId> TileSource::nextToAsk(qint64 now)
             return tile;
     }
     for (const auto& [tile, meta] : m_toConfirm) {
-        if (isDue(tile, now) && !isInFlight(tile))
+        if (isVisible(tile) && isDue(tile, now) && !isInFlight(tile))
             return tile;
     }
     return std::nullopt;

@@ -18,6 +18,7 @@
 #include <random>
 #include <span>
 #include <unordered_map>
+#include <unordered_set>
 #include <utility>
 #include <vector>
 
@@ -71,6 +72,10 @@ public:
     /// The tiles that the caller has no picture of, most important first; replaces the former list.
     /// Invalid ones are left out.
     void setWanted(std::span<const TileId> byPriority);
+
+    /// Of which tiles a picture is seen: only these are confirmed, the others when they are seen
+    /// again. All of them until the first call.
+    void setVisible(std::span<const TileId> tiles);
 
     /// The most important wanted tile that is at hand, decoded. One decoding per call (about 1 ms).
     std::optional<Tile> takeNext();
@@ -130,6 +135,7 @@ private:
 
     // The queue.
     bool isWaiting(const TileId& tile) const;
+    bool isVisible(const TileId& tile) const;
     bool isDue(const TileId& tile, qint64 now) const;
     bool isResting(qint64 now) const;
     std::optional<TileId> nextToAsk(qint64 now);
@@ -163,6 +169,7 @@ private:
     bool m_isNetworkEnabled = true;
 
     std::vector<TileId> m_wanted;
+    std::optional<std::unordered_set<TileId>> m_visible;
     std::unordered_map<TileId, bool> m_onDisk; ///< for every wanted tile not yet taken
     std::array<ZoomTimes, TileId::maxZoom + 1> m_zoomTimes;
     std::unordered_map<TileId, Arrived> m_arrived;
