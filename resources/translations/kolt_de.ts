@@ -1891,14 +1891,14 @@ Links und Rechts gehen zum Auftreten davor und danach</translation>
 <context>
     <name>KOLT::WidgetGraphBase</name>
     <message>
-        <source>Left button: markers and cursor. Ctrl+left or middle button: cursor. Right button: pan.
-Wheel: zoom. Arrow keys: move the cursor (with Shift farther).
+        <source>Left button: markers and cursor. Shift+left: the nearer marker, and pan. Ctrl+left or middle button: cursor.
+Right button: pan. Wheel: zoom. Arrow keys: move the cursor (with Shift farther).
 F: whole flight. Home, End: its ends. M: markers around the middle.
 Drag a handle at the left edge to move its trace.</source>
-        <translation>Linke Taste: Marker und Cursor. Strg+links oder mittlere Taste: Cursor. Rechte Taste: verschieben.
-Rad: zoomen. Pfeiltasten: Cursor bewegen (mit Umschalt weiter).
+        <translation>Linke Taste: Marker und Cursor. Umschalt+links: der nähere Marker, und Verschieben. Strg+links oder mittlere Taste: Cursor.
+Rechte Taste: Verschieben. Mausrad: Zoom. Pfeiltasten: Cursor bewegen (mit Umschalt weiter).
 F: ganzer Flug. Pos1, Ende: seine Enden. M: Marker um die Mitte.
-Ein Griff am linken Rand verschiebt seine Kurve.</translation>
+Ziehen Sie einen Griff am linken Rand, um seine Kurve zu verschieben.</translation>
     </message>
 </context>
 <context>
