@@ -1,18 +1,17 @@
 #include "analysis/DataPage.h"
 #include "analysis/DialogData.h"
 #include "app/settings/CommandLineOptions.h"
-#include "profile/Profile.h"
 #include "record/DataSet.h"
 #include "resources/Resources.h"
+#include "tests/support/Buttons.h"
 #include "tests/support/RecordingFixture.h"
+#include "tests/support/Rows.h"
 
 #include <QDoubleSpinBox>
 #include <QLCDNumber>
-#include <QSignalSpy>
 #include <QSlider>
 #include <QSplitter>
 #include <QTabBar>
-#include <QTest>
 #include <QTimeEdit>
 #include <QToolButton>
 
@@ -58,7 +57,6 @@ private slots:
     void controlsMoveTheTime();
     void speedControlsStayInStep();
     void replayRunsPausesAndRewinds();
-    void dataSetWithoutExtent();
     void momentsBeyondADay();
     void tabsAndTexts();
     void mapLayouts();
@@ -81,9 +79,9 @@ private:
         return find<QSlider>([](auto* w) { return w->minimum() > 0; });
     }
 
-    QToolButton* button(const QString& start) const
+    QToolButton* layoutButton(const QString& tip) const
     {
-        return find<QToolButton>([&](auto* w) { return w->text().startsWith(start); });
+        return find<QToolButton>([&](auto* w) { return w->toolTip() == tip; });
     }
 
     template <typename Widget, typename Predicate>
@@ -94,7 +92,13 @@ private:
         return found == all.end() ? nullptr : *found;
     }
 
-    double timeOf(Page page) const { return m_window->page(page).time(); }
+    static QList<Page> allPages()
+    {
+        QList<Page> pages;
+        for (int page = 0; page < static_cast<int>(DialogData::pageCount); ++page)
+            pages << static_cast<Page>(page);
+        return pages;
+    }
 
     Profile m_profile;
     DataSet m_dataSet;
@@ -115,64 +119,51 @@ void TestDialogData::init()
 void TestDialogData::hiddenPagesWorkWhenShown()
 {
     CountingPage page;
+    const auto log = [&] { return std::exchange(page.log, {}).join(' '); };
     page.setData(&m_dataSet);
     page.setTime(1.0);
     page.setTime(2.0);
-    QCOMPARE(page.log, QStringList{"drop"});
+    QCOMPARE(log(), "drop");
     page.setShown(true);
-    QCOMPARE(page.log, (QStringList{"drop", "data", "2"}));
-    page.log.clear();
+    QCOMPARE(log(), "data 2");
     page.setTime(3.0);
     page.refresh();
-    QCOMPARE(page.log, (QStringList{"3", "data", "3"}));
-    page.log.clear();
+    QCOMPARE(log(), "3 data 3");
     page.setShown(false);
     page.setTime(4.0);
     page.clear();
-    QCOMPARE(page.log, QStringList{"drop"}); // at once: the data set goes
+    QCOMPARE(log(), "drop"); // at once: the data set goes
     QCOMPARE(page.dataSet(), nullptr);
     page.setShown(true);
-    QCOMPARE(page.log, (QStringList{"drop", "nothing", "4"}));
+    QCOMPARE(log(), "nothing 4");
 }
 
 void TestDialogData::timeReachesThePages_data()
 {
-    QTest::addColumn<QByteArray>("slot");
-    QTest::addColumn<QList<int>>("others"); // that are not told
-
-    const auto add = [](const char* slot, std::initializer_list<Page> others) {
-        QList<int> pages;
-        for (const Page page : others)
-            pages << static_cast<int>(page);
-        QTest::newRow(slot) << QByteArray(slot) << pages;
-    };
-    add("slotCursor", {Page::Graph, Page::Statistic});
-    add("slotTableTime", {Page::Table, Page::Statistic});
-    add("slotLimitTime", {Page::Limit, Page::Statistic});
-    add("slotWarningTime", {Page::WarningLamps, Page::Statistic, Page::Map});
-    add("slotFaultTime", {Page::FaultMatrix, Page::Statistic});
-    add("slotSlider", {});
-    add("slotValue", {});
+    const Rows<QList<Page>> row; // that are not told
+    row("slotCursor", {Page::Graph, Page::Statistic});
+    row("slotTableTime", {Page::Table, Page::Statistic});
+    row("slotLimitTime", {Page::Limit, Page::Statistic});
+    row("slotWarningTime", {Page::WarningLamps, Page::Statistic, Page::Map});
+    row("slotFaultTime", {Page::FaultMatrix, Page::Statistic});
+    row("slotSlider", {});
+    row("slotValue", {});
 }
 
 void TestDialogData::timeReachesThePages()
 {
-    QFETCH(QByteArray, slot);
-    QFETCH(QList<int>, others);
-    bool isCalled = false;
-    if (slot == "slotCursor")
-        isCalled = QMetaObject::invokeMethod(m_window.get(), slot, Q_ARG(float, 200.0F),
-                                             Q_ARG(double, 7.0));
-    else if (slot == "slotSlider")
-        isCalled = QMetaObject::invokeMethod(m_window.get(), slot, Q_ARG(int, 5000));
-    else if (slot == "slotValue")
-        isCalled = QMetaObject::invokeMethod(m_window.get(), slot, Q_ARG(QTime, QTime(0, 3, 20)));
-    else
-        isCalled = QMetaObject::invokeMethod(m_window.get(), slot, Q_ARG(double, 200.0));
-    QVERIFY(isCalled);
+    const auto [others] = fetchRow<QList<Page>>();
+    const QByteArray slot = QTest::currentDataTag();
+    const auto call = [&](auto... arguments) {
+        return QMetaObject::invokeMethod(m_window.get(), slot, arguments...);
+    };
+    QVERIFY(slot == "slotCursor"   ? call(Q_ARG(float, 200.0F), Q_ARG(double, 7.0))
+            : slot == "slotSlider" ? call(Q_ARG(int, 5000))
+            : slot == "slotValue"  ? call(Q_ARG(QTime, QTime(0, 3, 20)))
+                                   : call(Q_ARG(double, 200.0)));
     QCOMPARE(m_window->time(), 200.0);
-    for (int page = 0; page < static_cast<int>(DialogData::pageCount); ++page)
-        QCOMPARE(timeOf(static_cast<Page>(page)), others.contains(page) ? 100.0 : 200.0);
+    for (const Page page : allPages())
+        QCOMPARE(m_window->page(page).time(), others.contains(page) ? 100.0 : 200.0);
 }
 
 void TestDialogData::displaysFollowTheTime()
@@ -186,10 +177,10 @@ void TestDialogData::displaysFollowTheTime()
     QCOMPARE(child<QLCDNumber>(0)->digitCount(), 19);
     QCOMPARE(child<QLCDNumber>(1)->digitCount(), 12);
     m_window->clear();
-    QVERIFY(!button("Replay Start")->isEnabled());
-    for (int page = 0; page < static_cast<int>(DialogData::pageCount); ++page) {
-        QCOMPARE(m_window->page(static_cast<Page>(page)).dataSet(), nullptr);
-        QCOMPARE(timeOf(static_cast<Page>(page)), 0.0);
+    QVERIFY(!labelled(*m_window, "Replay Start")->isEnabled());
+    for (const Page page : allPages()) {
+        QCOMPARE(m_window->page(page).dataSet(), nullptr);
+        QCOMPARE(m_window->page(page).time(), 0.0);
     }
 }
 
@@ -230,15 +221,15 @@ void TestDialogData::speedControlsStayInStep()
 void TestDialogData::replayRunsPausesAndRewinds()
 {
     m_window->show();
-    QToolButton* const start = button("Replay Start");
-    QToolButton* const stop = button("Replay Stop");
+    auto* const start = labelled(*m_window, "Replay Start");
+    auto* const stop = labelled(*m_window, "Replay Stop");
     QVERIFY(!stop->isEnabled());
     child<QDoubleSpinBox>()->setValue(10.0);
     QTest::mouseClick(start, Qt::LeftButton);
     QCOMPARE(start->text(), "Replay Pause");
     QVERIFY(stop->isEnabled());
     m_clock += 5.0;
-    QTRY_COMPARE(timeOf(Page::Map), 150.0);
+    QTRY_COMPARE(m_window->page(Page::Map).time(), 150.0);
     QTest::mouseClick(start, Qt::LeftButton);
     QCOMPARE(start->text(), "Replay Run");
     m_clock += 5.0; // a pause does not count
@@ -247,7 +238,7 @@ void TestDialogData::replayRunsPausesAndRewinds()
     QTRY_COMPARE(m_window->time(), 160.0);
     m_clock += 14.5;
     QTRY_COMPARE(start->text(), "Replay Start"); // beyond the end
-    QCOMPARE(timeOf(Page::Table), 100.0);
+    QCOMPARE(m_window->page(Page::Table).time(), 100.0);
     QVERIFY(!stop->isEnabled());
 
     QTest::mouseClick(start, Qt::LeftButton);
@@ -258,17 +249,12 @@ void TestDialogData::replayRunsPausesAndRewinds()
     QCOMPARE(start->text(), "Replay Start");
 }
 
-void TestDialogData::dataSetWithoutExtent()
-{
-    m_dataSet.stopSeconds = m_dataSet.startSeconds;
-    m_window->setData(m_dataSet);
-    QCOMPARE(slider()->value(), 0);
-    slider()->setValue(7000);
-    QCOMPARE(m_window->time(), 100.0);
-}
-
 void TestDialogData::momentsBeyondADay()
 {
+    m_dataSet.stopSeconds = m_dataSet.startSeconds; // no extent at all
+    m_window->setData(m_dataSet);
+    slider()->setValue(7000);
+    QCOMPARE(m_window->time(), 100.0);
     m_dataSet.startSeconds = 30 * 3600.0;
     m_dataSet.stopSeconds = 31 * 3600.0;
     m_window->setData(m_dataSet);
@@ -285,9 +271,7 @@ void TestDialogData::tabsAndTexts()
         texts << tabs->tabText(i);
     QCOMPARE(texts.join(", "), "Data, Graph, Fault Matrix, Limit/Warning, Warning Lamps, "
                                "Tow Statistic, EMU View");
-    QVERIFY(find<QToolButton>([](auto* w) {
-                return w->toolTip() == "Tile Map Display Horizontally";
-            })->isChecked());
+    QVERIFY(layoutButton("Tile Map Display Horizontally")->isChecked());
     QCOMPARE(dateTimeText(m_dataSet.dateTime, 61.9996), "28.07.2026 14:01:02"); // rounded
     QCOMPARE(dateTimeText({}, 61.0), "--.--.---- --:--:--");
     QCOMPARE(dateTimeText(m_dataSet.dateTime, 1e300), "--.--.---- --:--:--");
@@ -302,8 +286,7 @@ void TestDialogData::mapLayouts()
     QVERIFY(QTest::qWaitForWindowExposed(m_window.get()));
     auto* const splitter = child<QSplitter>();
     const auto choose = [&](const QString& tip) {
-        QTest::mouseClick(find<QToolButton>([&](auto* w) { return w->toolTip() == tip; }),
-                          Qt::LeftButton);
+        QTest::mouseClick(layoutButton(tip), Qt::LeftButton);
     };
     choose("Hide Map Display");
     QCOMPARE(splitter->sizes().at(1), 0);
@@ -330,7 +313,7 @@ void TestDialogData::emuDisplayHidesControls()
     QVERIFY(child<QLCDNumber>(1)->isHidden());
     QVERIFY(slider()->isHidden());
     QVERIFY(child<QTimeEdit>()->isHidden());
-    QVERIFY(!button("Replay Start")->isHidden());
+    QVERIFY(!labelled(*m_window, "Replay Start")->isHidden());
 }
 
 QTEST_MAIN(TestDialogData)

@@ -1,8 +1,6 @@
 #include "analysis/EventFinder.h"
-#include "tests/support/ProfileFixture.h"
 #include "tests/support/RecordingFixture.h"
-
-#include <QTest>
+#include "tests/support/Rows.h"
 
 #include <cmath>
 
@@ -23,32 +21,25 @@ private slots:
 
 namespace {
 
-const QByteArray thresholds =
-    "<UnitConversions><Unit unitMetric='C' unitImperial='F' factor='1.8' "
-    "offset='32'/></UnitConversions>"
-    "<ThresholdList><Threshold name='T'><Value val='100' color='yellow' state='WARNING'/>"
-    "<Value val='200' color='red' state='LIMIT'/></Threshold>"
-    "<Threshold name='Lamp'><Value val='1' color='red' state='LIMIT'/></Threshold></ThresholdList>";
+const QByteArray thresholds = unit("unitMetric='C' unitImperial='F' factor='1.8' offset='32'") +
+                              threshold("T", {"val='100' color='yellow' state='WARNING'",
+                                              "val='200' color='red' state='LIMIT'"}) +
+                              threshold("Lamp", {"val='1' color='red' state='LIMIT'"});
 
 } // namespace
 
 void TestEventFinder::statesWalk_data()
 {
-    QTest::addColumn<QList<float>>("values"); // one a second
-    QTest::addColumn<QList<double>>("times");
-
+    const Rows<QList<float>, QList<double>> row; // values one a second, expected
     const float nan = std::nanf("");
-    using Values = QList<float>;
-    using Times = QList<double>;
-    QTest::newRow("0 1 2 1 2 0 2") << Values{0, 100, 200, 150, 250, 0, 300} << Times{1, 2, 4, 6};
-    QTest::newRow("beyond from the start") << Values{300, 300, 150, 120} << Times{};
-    QTest::newRow("limit at the start, then warning, then limit")
-        << Values{300, 150, 200} << Times{2};
-    QTest::newRow("warning at the start, then limit") << Values{150, 200} << Times{1};
-    QTest::newRow("stays above: once") << Values{0, 150, 151, 152} << Times{1};
-    QTest::newRow("straight to the limit") << Values{0, 250, 0, 250} << Times{1, 3};
-    QTest::newRow("NaN is normal") << Values{150, nan, 150, nan} << Times{2};
-    QTest::newRow("no samples") << Values{} << Times{};
+    row("0 1 2 1 2 0 2", {0, 100, 200, 150, 250, 0, 300}, {1, 2, 4, 6});
+    row("beyond from the start", {300, 300, 150, 120}, {});
+    row("limit at the start, then warning, then limit", {300, 150, 200}, {2});
+    row("warning at the start, then limit", {150, 200}, {1});
+    row("stays above: once", {0, 150, 151, 152}, {1});
+    row("straight to the limit", {0, 250, 0, 250}, {1, 3});
+    row("NaN is normal", {150, nan, 150, nan}, {2});
+    row("no samples", {}, {});
 }
 
 void TestEventFinder::statesWalk()
@@ -58,13 +49,13 @@ void TestEventFinder::statesWalk()
                         thresholds + device({"name='p' id='1' dataType='FLOAT' thresholdId='T'",
                                              "name='q' id='1' dataType='FLOAT'"})));
     DataSet dataSet;
-    QFETCH(QList<float>, values);
+    const auto [values, expected] = fetchRow<QList<float>, QList<double>>();
     for (qsizetype i = 0; i < values.size(); ++i)
         add(dataSet.messages, 1, static_cast<double>(i), floats(values[i]));
     QList<double> times;
     for (const Event& event : findEvents(profile, dataSet, EventScope::AllParameters))
         times << event.seconds;
-    QTEST(times, "times");
+    QCOMPARE(times, expected);
 }
 
 void TestEventFinder::textIsInTheChosenUnits()

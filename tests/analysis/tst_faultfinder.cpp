@@ -1,9 +1,7 @@
 #include "analysis/FaultFinder.h"
 #include "analysis/TimeStrip.h"
-#include "tests/support/ProfileFixture.h"
 #include "tests/support/RecordingFixture.h"
-
-#include <QTest>
+#include "tests/support/Rows.h"
 
 using namespace KOLT;
 using namespace KOLT::Test;
@@ -29,21 +27,19 @@ private:
 
 void TestFaultFinder::intervals_data()
 {
-    QTest::addColumn<QByteArray>("values"); // of the bit, one sample a second from 10 s on
-    QTest::addColumn<QList<double>>("ends");
-
-    QTest::newRow("never") << QByteArray("000") << QList<double>{};
-    QTest::newRow("once") << QByteArray("01100") << QList<double>{11, 13};
-    QTest::newRow("one sample") << QByteArray("010") << QList<double>{11, 12};
-    QTest::newRow("from the first sample") << QByteArray("110") << QList<double>{10, 12};
-    QTest::newRow("never cleared") << QByteArray("011") << QList<double>{11, 60};
-    QTest::newRow("twice") << QByteArray("0101") << QList<double>{11, 12, 13, 60};
-    QTest::newRow("no samples") << QByteArray() << QList<double>{};
+    const Rows<QByteArray, QList<double>> row; // the bit, once a second from 10 s on; ends
+    row("never", "000", {});
+    row("once", "01100", {11, 13});
+    row("one sample", "010", {11, 12});
+    row("from the first sample", "110", {10, 12});
+    row("never cleared", "011", {11, 60});
+    row("twice", "0101", {11, 12, 13, 60});
+    row("no samples", {}, {});
 }
 
 void TestFaultFinder::intervals()
 {
-    QFETCH(QByteArray, values);
+    const auto [values, expected] = fetchRow<QByteArray, QList<double>>();
     Profile profile;
     QVERIFY(loadProfile(profile, "<Device name='D'><ErrorMatrix id='7' name='M'/>"
                                  "<Parameter name='f' id='7' dataType='BLONG' startBit='2' "
@@ -59,7 +55,7 @@ void TestFaultFinder::intervals()
     QList<double> ends;
     for (const FaultInterval& interval : history.intervals)
         ends << interval.start << interval.end;
-    QTEST(ends, "ends");
+    QCOMPARE(ends, expected);
     QCOMPARE(history.stateAt(9.9), State::Unknown);
     QCOMPARE(history.hasSamples, !values.isEmpty());
 }
@@ -100,11 +96,9 @@ void TestFaultFinder::stateAndNeighbours()
 void TestFaultFinder::stripPlaces()
 {
     const TimeStrip strip{100.0, 300.0, 401};
-    QCOMPARE(strip.xOf(100.0), 0);
-    QCOMPARE(strip.xOf(200.0), 200);
-    QCOMPARE(strip.xOf(300.0), 400);
-    QCOMPARE(strip.xOf(-5.0), 0);
-    QCOMPARE(strip.xOf(1e9), 400);
+    for (const auto& [seconds, x] :
+         {std::pair(100.0, 0), {200.0, 200}, {300.0, 400}, {-5.0, 0}, {1e9, 400}})
+        QCOMPARE(strip.xOf(seconds), x);
     for (int x = 0; x < strip.width; ++x)
         QCOMPARE(strip.xOf(strip.timeAt(x)), x);
     QCOMPARE(strip.timeAt(-3), 100.0);
@@ -117,29 +111,25 @@ void TestFaultFinder::stripPlaces()
 
 void TestFaultFinder::stripRuns_data()
 {
-    using Ends = QList<double>;
-    QTest::addColumn<Ends>("ends");
-    QTest::addColumn<QList<int>>("pixels");
-
-    QTest::newRow("none") << Ends{} << QList<int>{};
-    QTest::newRow("apart") << Ends{10, 20, 50, 60} << QList<int>{10, 20, 50, 60};
-    QTest::newRow("too short for a pixel") << Ends{10.1, 10.2} << QList<int>{10, 10};
-    QTest::newRow("neighbours join") << Ends{10, 20, 21, 30} << QList<int>{10, 30};
-    QTest::newRow("several in a pixel, the last goes on")
-        << Ends{10.0, 10.1, 10.2, 10.3, 10.4, 40} << QList<int>{10, 40};
-    QTest::newRow("beyond the end") << Ends{90, 500} << QList<int>{90, 100};
+    const Rows<QList<double>, QList<int>> row; // ends, expected
+    row("none", {}, {});
+    row("apart", {10, 20, 50, 60}, {10, 20, 50, 60});
+    row("too short for a pixel", {10.1, 10.2}, {10, 10});
+    row("neighbours join", {10, 20, 21, 30}, {10, 30});
+    row("several in a pixel, the last goes on", {10.0, 10.1, 10.2, 10.3, 10.4, 40}, {10, 40});
+    row("beyond the end", {90, 500}, {90, 100});
 }
 
 void TestFaultFinder::stripRuns()
 {
-    QFETCH(QList<double>, ends);
+    const auto [ends, expected] = fetchRow<QList<double>, QList<int>>();
     std::vector<FaultInterval> intervals;
     for (qsizetype i = 0; i < ends.size(); i += 2)
         intervals.push_back({ends[i], ends[i + 1], false});
     QList<int> pixels;
     for (const PixelRun& run : pixelRuns({0.0, 100.0, 101}, intervals))
         pixels << run.left << run.right;
-    QTEST(pixels, "pixels");
+    QCOMPARE(pixels, expected);
 }
 
 QTEST_GUILESS_MAIN(TestFaultFinder)

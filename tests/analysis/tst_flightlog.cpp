@@ -1,7 +1,6 @@
 #include "analysis/DaySheet.h"
 #include "analysis/EventDetails.h"
 #include "app/base/Csv.h"
-#include "tests/support/ProfileFixture.h"
 #include "tests/support/RecordingFixture.h"
 
 #include <QTest>
@@ -33,11 +32,10 @@ private:
 void TestFlightLog::init()
 {
     QVERIFY(loadProfile(
-        m_profile, "<UnitConversions><Unit unitMetric='C' unitImperial='F' factor='2' offset='1'/>"
-                   "</UnitConversions><ThresholdList><Threshold name='T'>"
-                   "<Value val='100' color='yellow' state='WARNING'/></Threshold>"
-                   "<Threshold name='Low'><Value val='-1000' color='red' state='LIMIT'/>"
-                   "<Value val='-100' color='white' state='OK'/></Threshold></ThresholdList>" +
+        m_profile, unit("unitMetric='C' unitImperial='F' factor='2' offset='1'") +
+                       threshold("T", {"val='100' color='yellow' state='WARNING'"}) +
+                       threshold("Low", {"val='-1000' color='red' state='LIMIT'",
+                                         "val='-100' color='white' state='OK'"}) +
                        device({"name='p' id='1' dataType='FLOAT' precision='0' thresholdId='T' "
                                "unitMetric='C' unitImperial='F'",
                                "name='low' id='3' dataType='FLOAT' precision='0' thresholdId='Low'",
@@ -148,10 +146,11 @@ void TestFlightLog::csvFields()
 
 void TestFlightLog::durations()
 {
-    QCOMPARE(durationText(3725.9), "01:02:05");
-    QCOMPARE(durationText(100 * 3600.0), "100:00:00");
-    QCOMPARE(durationText(-1), "00:00:00");
-    QCOMPARE(durationText(std::nan("")), "00:00:00");
+    for (const auto& [seconds, text] : {std::pair(3725.9, "01:02:05"),
+                                        {100 * 3600.0, "100:00:00"},
+                                        {-1.0, "00:00:00"},
+                                        {std::nan(""), "00:00:00"}})
+        QCOMPARE(durationText(seconds), text);
     QCOMPARE(figureText(1.26, 1, "l"), "1.3 l");
     QCOMPARE(figureText(INFINITY, 1, "l"), "-");
 }

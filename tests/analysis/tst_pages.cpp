@@ -5,7 +5,6 @@
 #include "analysis/WidgetFaultMatrix.h"
 #include "resources/Resources.h"
 #include "tests/support/ModalBoxes.h"
-#include "tests/support/ProfileFixture.h"
 #include "tests/support/RecordingFixture.h"
 
 #include <QCheckBox>
@@ -32,12 +31,9 @@ private slots:
 
     void init();
     void listShowsEvents();
-    void listFollowsTheTime_data();
     void listFollowsTheTime();
     void listReportsTheChoice();
-    void listFilters();
     void listCopiesAndSaves();
-    void emptyListSaysSo();
     void lampsOnly();
     void statisticTexts();
     void statisticWithoutFlight();
@@ -49,6 +45,7 @@ private:
     template <typename Page>
     std::unique_ptr<Page> open(Page* page)
     {
+        m_table = page->template findChild<QTableWidget*>();
         page->resize(600, 400);
         page->setShown(true);
         page->setData(&*m_dataSet);
@@ -56,14 +53,10 @@ private:
         return std::unique_ptr<Page>(page);
     }
 
-    static int selectedRow(const QWidget& page)
-    {
-        return page.findChild<QTableWidget*>()->currentRow();
-    }
-
     Profile m_profile;
     std::unique_ptr<DataSet> m_dataSet;
     QTemporaryDir m_directory;
+    QTableWidget* m_table = nullptr; ///< of the page opened last
 };
 
 /// Limits at 10.1234 s, 20 s and 20.02 s (one tenth), a lamp at 30 s, faults at 10 and 40 s.
@@ -71,17 +64,17 @@ void TestPages::init()
 {
     QVERIFY(loadProfile(
         m_profile,
-        "<ThresholdList><Threshold name='T'><Value val='100' color='#ff0000' state='LIMIT'/>"
-        "</Threshold><Threshold name='L'><Value val='1' color='#ffff00' state='WARNING'/>"
-        "</Threshold></ThresholdList><Device name='Engine'><ErrorMatrix id='4' name='Lane'/>"
-        "<Parameter name='Oil' id='1' dataType='FLOAT' precision='1' unitMetric='bar' "
-        "thresholdId='T'/><Parameter name='Rope; \"x\"' id='2' dataType='FLOAT' precision='0' "
-        "thresholdId='T'/><Parameter name='Lamp' id='3' dataType='UCHAR' thresholdId='L' "
-        "koltDataType='WarningLamp'/>"
-        "<Parameter name='Crank' id='4' dataType='BLONG' startBit='0' endBit='0' "
-        "errorType='Fault'/>"
-        "<Parameter name='Cam' id='4' dataType='BLONG' startBit='1' endBit='1' "
-        "errorType='Warning'/></Device>"));
+        threshold("T", {"val='100' color='#ff0000' state='LIMIT'"}) +
+            threshold("L", {"val='1' color='#ffff00' state='WARNING'"}) +
+            "<Device name='Engine'><ErrorMatrix id='4' name='Lane'/>"
+            "<Parameter name='Oil' id='1' dataType='FLOAT' precision='1' unitMetric='bar' "
+            "thresholdId='T'/><Parameter name='Rope; \"x\"' id='2' dataType='FLOAT' precision='0' "
+            "thresholdId='T'/><Parameter name='Lamp' id='3' dataType='UCHAR' thresholdId='L' "
+            "koltDataType='WarningLamp'/>"
+            "<Parameter name='Crank' id='4' dataType='BLONG' startBit='0' endBit='0' "
+            "errorType='Fault'/>"
+            "<Parameter name='Cam' id='4' dataType='BLONG' startBit='1' endBit='1' "
+            "errorType='Warning'/></Device>"));
     m_dataSet = std::make_unique<DataSet>();
     m_dataSet->stopSeconds = 50.0;
     for (const auto& [seconds, value] :
@@ -98,110 +91,89 @@ void TestPages::init()
 void TestPages::listShowsEvents()
 {
     const auto page = open(new DialogDataLimit(m_profile));
-    auto* const table = page->findChild<QTableWidget*>();
     QStringList texts;
-    for (int row = 0; row < table->rowCount(); ++row)
-        texts << table->item(row, 0)->text() + ' ' + table->item(row, 1)->text();
+    for (int row = 0; row < m_table->rowCount(); ++row)
+        texts << m_table->item(row, 0)->text() + ' ' + m_table->item(row, 1)->text();
     QCOMPARE(texts, (QStringList{
                         "00:00:10.123 Engine Oil 150.0 bar", "00:00:20.000 Engine Rope; \"x\" 101 ",
                         "00:00:20.020 Engine Oil 200.0 bar", "00:00:30.000 Engine Lamp 1 "}));
-    QCOMPARE(table->horizontalHeaderItem(1)->text(), "Warning/Limit Exceed");
-    QCOMPARE(table->item(0, 0)->data(Qt::UserRole).toLongLong(), 10'123);
+    QCOMPARE(m_table->horizontalHeaderItem(1)->text(), "Warning/Limit Exceed");
+    QCOMPARE(m_table->item(0, 0)->data(Qt::UserRole).toLongLong(), 10'123);
     // The tool tip is made when it is asked for.
-    const QPoint place = table->visualItemRect(table->item(0, 1)).center();
-    QHelpEvent help(QEvent::ToolTip, place, table->viewport()->mapToGlobal(place));
-    QApplication::sendEvent(table->viewport(), &help);
-    QCOMPARE(table->item(0, 1)->toolTip(),
+    const QPoint place = m_table->visualItemRect(m_table->item(0, 1)).center();
+    QHelpEvent help(QEvent::ToolTip, place, m_table->viewport()->mapToGlobal(place));
+    QApplication::sendEvent(m_table->viewport(), &help);
+    QCOMPARE(m_table->item(0, 1)->toolTip(),
              "Peak value: 150.0 bar\nDuration until normal: 00:00:04\nEngine speed: -");
-}
-
-void TestPages::listFollowsTheTime_data()
-{
-    QTest::addColumn<double>("seconds");
-    QTest::addColumn<int>("row");
-
-    QTest::newRow("before the first") << 0.0 << 0;
-    QTest::newRow("at the first, to a tenth") << 10.1 << 0;
-    QTest::newRow("between") << 19.0 << 0;
-    QTest::newRow("two in one tenth") << 20.0 << 2;
-    QTest::newRow("after all") << 1e6 << 3;
-    QTest::newRow("back") << 10.2 << 0;
 }
 
 void TestPages::listFollowsTheTime()
 {
-    QFETCH(double, seconds);
     const auto page = open(new DialogDataLimit(m_profile));
     const QSignalSpy reported(page.get(), &DialogEventList::signalTime);
-    page->setTime(25.0);
-    page->setTime(seconds);
-    QTEST(selectedRow(*page), "row");
+    for (const auto& [seconds, row] : {std::pair(0.0, 0),
+                                       {10.1, 0}, // at the first, to a tenth
+                                       {19.0, 0},
+                                       {20.0, 2}, // two in one tenth
+                                       {1e6, 3},
+                                       {10.2, 0}}) {
+        page->setTime(25.0);
+        page->setTime(seconds);
+        QCOMPARE(m_table->currentRow(), row);
+    }
     QCOMPARE(reported.size(), 0);
+    page->setTime(25.0);
+    QTest::keyClicks(page->findChild<QLineEdit*>(), "rope");
+    QVERIFY(m_table->isRowHidden(0) && !m_table->isRowHidden(1) && m_table->isRowHidden(2));
+    QCOMPARE(m_table->currentRow(), 1); // the last one in sight
+    page->findChild<QLineEdit*>()->clear();
+    QCOMPARE(m_table->currentRow(), 2);
 }
 
 void TestPages::listReportsTheChoice()
 {
     const auto page = open(new DialogDataLimit(m_profile));
     QSignalSpy reported(page.get(), &DialogEventList::signalTime);
-    auto* const table = page->findChild<QTableWidget*>();
-    QTest::mouseClick(table->viewport(), Qt::LeftButton, {},
-                      table->visualItemRect(table->item(2, 1)).center());
+    QTest::mouseClick(m_table->viewport(), Qt::LeftButton, {},
+                      m_table->visualItemRect(m_table->item(2, 1)).center());
     QCOMPARE(reported.takeFirst().value(0).toDouble(), 20.02);
-    QTest::keyClick(table, Qt::Key_Up);
+    QTest::keyClick(m_table, Qt::Key_Up);
     QCOMPARE(reported.takeFirst().value(0).toDouble(), 20.0);
     page->clear();
     page->setData(m_dataSet.get());
     QCOMPARE(reported.size(), 0);
 }
 
-void TestPages::listFilters()
-{
-    const auto page = open(new DialogDataLimit(m_profile));
-    auto* const table = page->findChild<QTableWidget*>();
-    page->setTime(25.0);
-    QTest::keyClicks(page->findChild<QLineEdit*>(), "rope");
-    QVERIFY(table->isRowHidden(0) && !table->isRowHidden(1) && table->isRowHidden(2));
-    QCOMPARE(selectedRow(*page), 1); // the last one in sight
-    page->findChild<QLineEdit*>()->clear();
-    QCOMPARE(selectedRow(*page), 2);
-}
-
 void TestPages::listCopiesAndSaves()
 {
     const auto page = open(new DialogDataLimit(m_profile));
-    auto* const table = page->findChild<QTableWidget*>();
     page->setTime(12.0);
-    QTest::keyClick(table, Qt::Key_C, Qt::ControlModifier);
+    QTest::keyClick(m_table, Qt::Key_C, Qt::ControlModifier);
     QCOMPARE(QApplication::clipboard()->text(), "00:00:10.123\tEngine Oil 150.0 bar");
     const QString path = m_directory.filePath("list.csv");
     ModalBoxes boxes;
     boxes.answer(path);
-    table->actions().at(1)->trigger();
+    m_table->actions().at(1)->trigger();
     QVERIFY(readFile(path).startsWith("\xEF\xBB\xBF"));
     const QString text = QString::fromUtf8(readFile(path));
     QCOMPARE(text.count("\r\n"), 5);
     QVERIFY2(text.contains("20.000;Engine;\"Rope; \"\"x\"\"\";Limit;"), qPrintable(text));
     boxes.answer("/proc/none/list.csv");
     boxes.answer("OK");
-    table->actions().at(1)->trigger();
+    m_table->actions().at(1)->trigger();
     QVERIFY(boxes.seen().back().contains("/proc/none/list.csv"));
-}
-
-void TestPages::emptyListSaysSo()
-{
-    m_dataSet = std::make_unique<DataSet>();
-    const auto page = open(new DialogDataWarning(m_profile));
-    const auto* const label = page->findChild<QLabel*>("emptyState");
-    QVERIFY(label->isVisible());
-    QCOMPARE(label->text(), "No exceedance in this data set");
 }
 
 void TestPages::lampsOnly()
 {
     const auto page = open(new DialogDataWarning(m_profile));
-    auto* const table = page->findChild<QTableWidget*>();
-    QCOMPARE(table->rowCount(), 1);
-    QCOMPARE(table->horizontalHeaderItem(1)->text(), "Warning Lamps");
+    QCOMPARE(m_table->rowCount(), 1);
+    QCOMPARE(m_table->horizontalHeaderItem(1)->text(), "Warning Lamps");
+    m_dataSet = std::make_unique<DataSet>(); // an empty list says so
+    page->setData(m_dataSet.get());
+    const auto* const label = page->findChild<QLabel*>("emptyState");
+    QVERIFY(label->isVisible());
+    QCOMPARE(label->text(), "No exceedance in this data set");
 }
 
 void TestPages::statisticTexts()
@@ -272,22 +244,20 @@ void TestPages::faultStripReports()
     WidgetErrorTime* const row = page->findChildren<WidgetErrorTime*>().at(0);
     const int nameWidth = page->fontMetrics().horizontalAdvance("Crank");
     const QRect strip = WidgetErrorTime::layoutFor(row->size(), nameWidth).strip;
-    QTest::mouseClick(row, Qt::LeftButton, {}, QPoint(strip.left(), strip.center().y()));
+    for (const int x : {strip.left(), strip.right(), strip.left() - 10})
+        QTest::mouseClick(row, Qt::LeftButton, {}, QPoint(x, strip.center().y()));
+    QCOMPARE(reported.size(), 2); // the name is none of it
     QCOMPARE(reported.takeFirst().value(0).toDouble(), 0.0);
-    QTest::mouseClick(row, Qt::LeftButton, {}, QPoint(strip.right(), strip.center().y()));
     QCOMPARE(reported.takeFirst().value(0).toDouble(), 50.0);
-    QTest::mouseClick(row, Qt::LeftButton, {}, QPoint(strip.left() - 10, strip.center().y()));
-    QCOMPARE(reported.size(), 0);
     // What is drawn: the fault's colour from 10 s to 20 s, the empty strip before.
     const QImage picture = row->grab().toImage();
     const TimeStrip places{0.0, 50.0, strip.width()};
     const auto colorAt = [&](double seconds) {
         return picture.pixelColor(strip.left() + places.xOf(seconds), strip.center().y());
     };
-    QCOMPARE(colorAt(15.0), QColor(0xb3, 0x26, 0x1e));
-    QCOMPARE(colorAt(45.0), QColor(0xb3, 0x26, 0x1e)); // never cleared
-    QCOMPARE(colorAt(5.0), QColor(0xe9, 0xec, 0xef));
-    QCOMPARE(colorAt(30.0), QColor(0xe9, 0xec, 0xef));
+    for (const auto& [seconds, color] :
+         {std::pair(5.0, "#e9ecef"), {15.0, "#b3261e"}, {30.0, "#e9ecef"}, {45.0, "#b3261e"}})
+        QCOMPARE(colorAt(seconds).name(), color); // the second one is never cleared
     page->setTime(30.0);
     QCOMPARE(row->grab().toImage().pixelColor(strip.left() + places.xOf(30.0), strip.center().y()),
              QColor(0x1b, 0x22, 0x29));

@@ -12,7 +12,6 @@ private slots:
     void runsByTheWallClock();
     void pauseLosesNoTime();
     void endRewinds();
-    void sliderPositions_data();
     void sliderPositions();
     void spanWithoutExtent();
     void speedStaysInItsRange();
@@ -66,25 +65,18 @@ void TestReplay::endRewinds()
     QCOMPARE(replay.time(), 10.0);
 }
 
-void TestReplay::sliderPositions_data()
-{
-    QTest::addColumn<double>("time");
-    QTest::addColumn<int>("position");
-
-    QTest::newRow("start") << 100.0 << 0;
-    QTest::newRow("end") << 300.0 << 10'000;
-    QTest::newRow("truncated") << 100.0399 << 1;
-    QTest::newRow("before") << 0.0 << 0;
-    QTest::newRow("far behind") << 5.7e11 << 10'000;
-}
-
 void TestReplay::sliderPositions()
 {
     Replay replay;
     replay.setSpan(100.0, 300.0);
-    QFETCH(double, time);
-    replay.setTime(time);
-    QTEST(replay.position(), "position");
+    for (const auto& [time, position] : {std::pair(100.0, 0),
+                                         {300.0, 10'000},
+                                         {100.0399, 1}, // truncated
+                                         {0.0, 0},
+                                         {5.7e11, 10'000}}) {
+        replay.setTime(time);
+        QCOMPARE(replay.position(), position);
+    }
     QCOMPARE(replay.timeAt(2500), 150.0);
 }
 

@@ -1,6 +1,5 @@
 #include "analysis/TimeTable.h"
 #include "profile/ValueDecoder.h"
-#include "tests/support/ProfileFixture.h"
 #include "tests/support/RecordingFixture.h"
 
 #include <QTest>
@@ -18,7 +17,6 @@ private slots:
     void init();
     void rowsAreTheTenthsWithASample();
     void cellsHoldTheLastValue();
-    void rowAtTime_data();
     void rowAtTime();
     void jumpsToTheNextChange();
     void stepsBackInTimeAreOrdered();
@@ -81,24 +79,16 @@ void TestTimeTable::cellsHoldTheLastValue()
     QVERIFY(!all.cell(2, 1).isFresh && all.cell(2, 2).isFresh);
 }
 
-void TestTimeTable::rowAtTime_data()
-{
-    QTest::addColumn<double>("seconds");
-    QTest::addColumn<int>("row");
-
-    QTest::newRow("before all") << 0.0 << 0;
-    QTest::newRow("exactly") << 2.0 << 1;
-    QTest::newRow("rounded up to the tenth") << 2.96 << 2;
-    QTest::newRow("between") << 2.9 << 1;
-    QTest::newRow("behind all") << 5.7e11 << 2;
-}
-
 void TestTimeTable::rowAtTime()
 {
     for (const double seconds : {1.0, 2.0, 3.0})
         add(m_dataSet->messages, 1, seconds);
-    QFETCH(double, seconds);
-    QTEST(static_cast<int>(table().rowAt(seconds)), "row");
+    for (const auto& [seconds, row] : {std::pair(0.0, 0U),
+                                       {2.0, 1U},
+                                       {2.9, 1U},
+                                       {2.96, 2U}, // rounded up to the tenth
+                                       {5.7e11, 2U}})
+        QCOMPARE(table().rowAt(seconds), row);
 }
 
 void TestTimeTable::jumpsToTheNextChange()

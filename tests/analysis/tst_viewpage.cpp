@@ -3,11 +3,10 @@
 #include "libs/zinc/ViewReader.h"
 #include "profile/ValueDecoder.h"
 #include "resources/Resources.h"
-#include "tests/support/ProfileFixture.h"
 #include "tests/support/RecordingFixture.h"
+#include "tests/support/Rows.h"
 
 #include <QImage>
-#include <QTest>
 
 #include <cmath>
 #include <limits>
@@ -57,17 +56,12 @@ private slots:
 
     void cleanup() { m_page.reset(); }
 
-    void fits_data();
     void fits();
     void pushesValues();
-    void noNumberKeepsTheLastOne();
     void timerFollowsTheProfile();
     void hiddenPageWaits();
-    void clearingLeavesDashes();
-    void variantIsANumber_data();
     void variantIsANumber();
 
-    void drawsNeedles_data();
     void drawsNeedles();
     void drawsLampsAndDashes();
     void backgroundFillsThePage();
@@ -87,10 +81,14 @@ private:
         QVERIFY(QTest::qWaitForWindowExposed(m_page.get()));
     }
 
-    QString valueOf(const QString& name) const
+    QString valuesOf(const QStringList& names) const
     {
-        const Zinc2D::Value value = m_page->view().variables().value(name);
-        return value.isSet() ? QString::number(value.number()) : QStringLiteral("-");
+        QStringList texts;
+        for (const QString& name : names) {
+            const Zinc2D::Value value = m_page->view().variables().value(name);
+            texts << (value.isSet() ? QString::number(value.number()) : QStringLiteral("-"));
+        }
+        return texts.join(' ');
     }
 
     Profile m_profile;
@@ -103,17 +101,15 @@ private:
 /// "rpm" climbs from 10 at 1 s to 90 at 9 s, "lamp" is 1 from 5 s on.
 void TestViewPage::init()
 {
-    const QByteArray thresholds =
-        "<ThresholdList><Threshold name='t'><Value val='-1000' state='OK'/>"
-        "<Value val='50' state='WARNING'/><Value val='80' state='LIMIT'/></Threshold>"
-        "</ThresholdList>";
     QVERIFY(loadProfile(
         m_profile,
-        thresholds + device({"name='rpm' id='1' dataType='FLOAT' thresholdId='t' viewId='EMU'",
-                             "name='lamp' id='2' dataType='FLOAT' viewId='EMU'",
-                             "name='missing' id='3' dataType='FLOAT' thresholdId='t' viewId='EMU'",
-                             "name='text' id='1' dataType='NODATA' viewId='EMU'",
-                             "name='other' id='1' dataType='FLOAT'"})));
+        threshold(
+            "t", {"val='-1000' state='OK'", "val='50' state='WARNING'", "val='80' state='LIMIT'"}) +
+            device({"name='rpm' id='1' dataType='FLOAT' thresholdId='t' viewId='EMU'",
+                    "name='lamp' id='2' dataType='FLOAT' viewId='EMU'",
+                    "name='missing' id='3' dataType='FLOAT' thresholdId='t' viewId='EMU'",
+                    "name='text' id='1' dataType='NODATA' viewId='EMU'",
+                    "name='other' id='1' dataType='FLOAT'"})));
     m_profile.setUnitSystem(UnitSystem::Metric);
     m_dataSet = std::make_unique<DataSet>();
     for (int i = 1; i <= 9; ++i) {
@@ -137,68 +133,51 @@ void TestViewPage::makePage(const QByteArray& content)
     m_page->setShown(true);
 }
 
-void TestViewPage::fits_data()
-{
-    QTest::addColumn<QSizeF>("widget");
-    QTest::addColumn<QString>("fit");
-    QTest::newRow("as it is") << QSizeF(200, 150) << "1 0 0";
-    QTest::newRow("wide") << QSizeF(1000, 300) << "2 300 0";
-    QTest::newRow("high") << QSizeF(100, 400) << "0.5 0 162.5";
-    QTest::newRow("larger") << QSizeF(400, 300) << "2 0 0";
-}
-
 void TestViewPage::fits()
 {
-    QFETCH(QSizeF, widget);
-    QFETCH(QString, fit);
-    const auto found = DialogDataView::fit(widget, QSizeF(200, 150));
-    QCOMPARE(QStringLiteral("%1 %2 %3").arg(found.scale).arg(found.offsetX).arg(found.offsetY),
-             fit);
-    QCOMPARE(DialogDataView::fit(widget, {}).scale, 1.0); // no view
+    // As it is, wide, high, larger; and no view.
+    for (const auto& [widget, fit] : {std::pair(QSizeF(200, 150), "1 0 0"),
+                                      {QSizeF(1000, 300), "2 300 0"},
+                                      {QSizeF(100, 400), "0.5 0 162.5"},
+                                      {QSizeF(400, 300), "2 0 0"}}) {
+        const auto found = DialogDataView::fit(widget, QSizeF(200, 150));
+        QCOMPARE(QStringLiteral("%1 %2 %3").arg(found.scale).arg(found.offsetX).arg(found.offsetY),
+                 fit);
+        QCOMPARE(DialogDataView::fit(widget, {}).scale, 1.0);
+    }
 }
 
 void TestViewPage::pushesValues()
 {
-    QCOMPARE(valueOf("UNIT"), "0"); // even without data
-    QCOMPARE(valueOf("VARIANT"), "0");
+    QCOMPARE(valuesOf({"UNIT", "VARIANT"}), "0 0"); // even without data
     m_page->setData(m_dataSet.get());
     m_page->setTime(5.5); // the sample that follows
-    QCOMPARE(valueOf("rpm"), "60");
-    QCOMPARE(valueOf("rpm_STATE"), "1");
-    QCOMPARE(valueOf("lamp"), "1");
-    QCOMPARE(valueOf("lamp_STATE"), "0");
+    QCOMPARE(valuesOf({"rpm", "rpm_STATE", "lamp", "lamp_STATE"}), "60 1 1 0");
     m_page->setTime(0.0); // before the first sample
-    QCOMPARE(valueOf("rpm"), "10");
-    QCOMPARE(valueOf("rpm_STATE"), "0");
+    QCOMPARE(valuesOf({"rpm", "rpm_STATE"}), "10 0");
     m_page->setTime(100.0); // behind the last one
-    QCOMPARE(valueOf("rpm"), "90");
-    QCOMPARE(valueOf("rpm_STATE"), "2");
+    QCOMPARE(valuesOf({"rpm", "rpm_STATE"}), "90 2");
     // Never recorded, or not to be decoded: no value, but a state.
-    for (const QString name : {"missing", "text"}) {
-        QCOMPARE(valueOf(name), "-");
-        QCOMPARE(valueOf(name + "_STATE"), "0");
-    }
-    QCOMPARE(valueOf("other"), "-"); // is not for the view
-    QCOMPARE(valueOf("other_STATE"), "-");
-}
-
-void TestViewPage::noNumberKeepsTheLastOne()
-{
+    QCOMPARE(valuesOf({"missing", "missing_STATE", "text", "text_STATE"}), "- 0 - 0");
+    QCOMPARE(valuesOf({"other", "other_STATE"}), "- -"); // is not for the view
+    // What is no number keeps the last value, and is never graded.
     add(m_dataSet->messages, 1, 10.0, floats(std::numeric_limits<float>::quiet_NaN()));
-    m_page->setData(m_dataSet.get());
     m_page->setTime(9.0);
-    QCOMPARE(valueOf("rpm_STATE"), "2");
+    QCOMPARE(valuesOf({"rpm", "rpm_STATE"}), "90 2");
     m_page->setTime(10.0);
-    QCOMPARE(valueOf("rpm"), "90");
-    QCOMPARE(valueOf("rpm_STATE"), "0"); // what is no number is never graded
+    QCOMPARE(valuesOf({"rpm", "rpm_STATE"}), "90 0");
+    m_page->clear();
+    QCOMPARE(valuesOf({"rpm", "rpm_STATE", "UNIT"}), "- - 0");
+    m_page->setTime(7.0);
+    QCOMPARE(valuesOf({"rpm"}), "-");
 }
 
 void TestViewPage::timerFollowsTheProfile()
 {
     show();
-    QCOMPARE(valueOf("UNIT"), "0");
+    QCOMPARE(valuesOf({"UNIT"}), "0");
     m_profile.setUnitSystem(UnitSystem::Imperial); // and nobody tells the page
-    QTRY_COMPARE_WITH_TIMEOUT(valueOf("UNIT"), "1", 3000);
+    QTRY_COMPARE_WITH_TIMEOUT(valuesOf({"UNIT"}), "1", 3000);
 }
 
 void TestViewPage::hiddenPageWaits()
@@ -206,62 +185,34 @@ void TestViewPage::hiddenPageWaits()
     m_page->setShown(false);
     m_page->setData(m_dataSet.get());
     m_page->setTime(5.0);
-    QCOMPARE(valueOf("rpm"), "-");
+    QCOMPARE(valuesOf({"rpm"}), "-");
     m_page->setShown(true);
-    QCOMPARE(valueOf("rpm"), "50");
-}
-
-void TestViewPage::clearingLeavesDashes()
-{
-    m_page->setData(m_dataSet.get());
-    m_page->setTime(5.0);
-    m_page->clear();
-    QCOMPARE(valueOf("rpm"), "-");
-    QCOMPARE(valueOf("rpm_STATE"), "-");
-    QCOMPARE(valueOf("UNIT"), "0");
-    m_page->setTime(7.0);
-    QCOMPARE(valueOf("rpm"), "-");
-}
-
-void TestViewPage::variantIsANumber_data()
-{
-    QTest::addColumn<QString>("variant");
-    QTest::addColumn<int>("number");
-    QTest::newRow("number") << "915" << 915;
-    QTest::newRow("with a letter") << "915T" << 0;
-    QTest::newRow("word") << "tow" << 0;
-    QTest::newRow("none") << "" << 0;
+    QCOMPARE(valuesOf({"rpm"}), "50");
 }
 
 void TestViewPage::variantIsANumber()
 {
-    QFETCH(QString, variant);
-    QFETCH(int, number);
-    Profile profile;
-    QVERIFY(loadProfile(profile, device({}), variant));
-    QCOMPARE(variantNumber(profile), number);
-}
-
-void TestViewPage::drawsNeedles_data()
-{
-    QTest::addColumn<double>("time");
-    QTest::addColumn<QPoint>("tip"); // on the way from (150, 150), 80 pixels long
-    QTest::newRow("low") << 1.0 << QPoint(-76, -25);
-    QTest::newRow("middle") << 5.0 << QPoint(0, -80);
-    QTest::newRow("high") << 9.0 << QPoint(76, -25);
+    for (const auto& [variant, number] :
+         {std::pair("915", 915), {"915T", 0}, {"tow", 0}, {"", 0}}) {
+        Profile profile;
+        QVERIFY(loadProfile(profile, device({}), variant));
+        QCOMPARE(variantNumber(profile), number);
+    }
 }
 
 void TestViewPage::drawsNeedles()
 {
-    QFETCH(double, time);
-    QFETCH(QPoint, tip);
     m_page->setData(m_dataSet.get());
-    m_page->setTime(time);
     show();
-    const QImage picture = m_page->grabFramebuffer();
-    const QColor needle(0xff, 0, 0xff);
-    for (const QPoint place : {QPoint(-76, -25), QPoint(0, -80), QPoint(76, -25)})
-        QCOMPARE(pixel(picture, 150 + place.x(), 150 + place.y()) == needle, place == tip);
+    // On the way from (150, 150), 80 pixels long.
+    const std::pair<double, QPoint> tips[] = {{1.0, {-76, -25}}, {5.0, {0, -80}}, {9.0, {76, -25}}};
+    for (const auto& [time, tip] : tips) {
+        m_page->setTime(time);
+        const QImage picture = m_page->grabFramebuffer();
+        for (const QPoint place : {tips[0].second, tips[1].second, tips[2].second})
+            QCOMPARE(pixel(picture, 150 + place.x(), 150 + place.y()) == QColor(0xff, 0, 0xff),
+                     place == tip);
+    }
 }
 
 void TestViewPage::drawsLampsAndDashes()
@@ -309,23 +260,18 @@ void TestViewPage::unchangedFrameRebuildsNothing()
 
 void TestViewPage::brokenViews_data()
 {
-    QTest::addColumn<QByteArray>("content");
-    QTest::addColumn<QString>("message");
-    QTest::addColumn<bool>("isBlank");
-    QTest::newRow("no view") << QByteArray("<picture/>")
-                             << "The instrument view cannot be shown: %1:1:2: this is no view: "
-                                "the first element is \"picture\""
-                             << true;
-    QTest::newRow("broken element")
-        << QByteArray("<view width='20' height='15' background='#101820'>\n<dial/></view>")
-        << "The instrument view has 1 fault(s): %1:2:2: there is no element \"dial\"" << false;
+    const Rows<QByteArray, QString, bool> row; // content, message, isBlank
+    row("no view", "<picture/>",
+        "The instrument view cannot be shown: %1:1:2: this is no view: "
+        "the first element is \"picture\"",
+        true);
+    row("broken element", "<view width='20' height='15' background='#101820'>\n<dial/></view>",
+        "The instrument view has 1 fault(s): %1:2:2: there is no element \"dial\"", false);
 }
 
 void TestViewPage::brokenViews()
 {
-    QFETCH(QByteArray, content);
-    QFETCH(QString, message);
-    QFETCH(bool, isBlank);
+    const auto [content, message, isBlank] = fetchRow<QByteArray, QString, bool>();
     makePage(content);
     m_page->setData(m_dataSet.get());
     m_page->setTime(5.0);
@@ -338,7 +284,7 @@ void TestViewPage::brokenViews()
     QCOMPARE(pixel(m_page->grabFramebuffer(), 200, 150),
              isBlank ? QColor(Qt::white) : QColor(0x10, 0x18, 0x20));
     m_page->setTime(6.0); // the values are pushed all the same
-    QCOMPARE(valueOf("rpm"), "60");
+    QCOMPARE(valuesOf({"rpm"}), "60");
     m_page->hide();
     show();
     QCoreApplication::processEvents();
@@ -347,11 +293,10 @@ void TestViewPage::brokenViews()
 
 void TestViewPage::installedPanelFitsTheProfile_data()
 {
-    QTest::addColumn<QString>("variant");
-    QTest::addColumn<int>("unit");
+    const Rows<QString, int> row; // variant, unit
     for (const char* variant : {"915", "915T", "850"}) {
-        QTest::addRow("%s metric", variant) << variant << 0;
-        QTest::addRow("%s imperial", variant) << variant << 1;
+        row(qPrintable(QString(variant) + " metric"), variant, 0);
+        row(qPrintable(QString(variant) + " imperial"), variant, 1);
     }
 }
 
@@ -359,8 +304,7 @@ void TestViewPage::installedPanelFitsTheProfile_data()
 /// of the profile's thresholds.
 void TestViewPage::installedPanelFitsTheProfile()
 {
-    QFETCH(QString, variant);
-    QFETCH(int, unit);
+    const auto [variant, unitSystem] = fetchRow<QString, int>();
     Profile profile;
     QVERIFY(profile.loadProfil(QStringLiteral(KOLT_PROFILE), variant));
     Zinc2D::VariableTable variables;
@@ -381,9 +325,9 @@ void TestViewPage::installedPanelFitsTheProfile()
     }
 
     variables.set("VARIANT", variantNumber(profile));
-    variables.set("UNIT", unit);
+    variables.set("UNIT", unitSystem);
     variables.takeChanges();
-    const double factor = unit == 1 ? 0.0295299831 : 1.0; // of the manifold pressure
+    const double factor = unitSystem == 1 ? 0.0295299831 : 1.0; // of the manifold pressure
     int compared = 0;
     for (const Zinc2D::Element& element : model->elements) {
         const Zinc2D::PropertyValue* const shown = element.find(Zinc2D::Property::Value);

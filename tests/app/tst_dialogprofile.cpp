@@ -1,11 +1,10 @@
 #include "app/DialogProfile.h"
+#include "tests/support/Buttons.h"
 #include "tests/support/ProfileFixture.h"
 
 #include <QLineEdit>
 #include <QListWidget>
-#include <QPushButton>
 #include <QSignalSpy>
-#include <QTest>
 #include <QTreeWidget>
 
 using namespace KOLT;
@@ -51,15 +50,6 @@ private:
         QCoreApplication::processEvents(); // the draft is shown when all of a device is checked
     }
 
-    QPushButton* button(const QString& text) const
-    {
-        for (QPushButton* candidate : m_panel->findChildren<QPushButton*>()) {
-            if (candidate->text() == text)
-                return candidate;
-        }
-        return nullptr;
-    }
-
     Profile m_profile;
     std::unique_ptr<DialogProfile> m_panel;
     QTreeWidget* m_tree = nullptr;
@@ -82,20 +72,20 @@ void TestDialogProfile::init()
 void TestDialogProfile::checksAreADraftUntilConfirmed()
 {
     const QSignalSpy changed(m_panel.get(), &DialogProfile::signalChanged);
-    QPushButton* const confirm = button("Confirm Selection");
+    auto* const confirm = labelled(*m_panel, "Confirm Selection");
     QVERIFY(!confirm->isEnabled());
     toggle("Speed over ground");
     QCOMPARE(item("Speed over ground")->checkState(0), Qt::Checked);
     QCOMPARE(selected(), QStringList{"Engine/Oil"});
     QVERIFY(confirm->isEnabled());
-    QTest::mouseClick(confirm, Qt::LeftButton);
+    click(*m_panel, "Confirm Selection");
     QCOMPARE(selected(), (QStringList{"Engine/Oil", "GPS/Speed over ground"}));
     QCOMPARE(changed.size(), 1);
     QVERIFY(!confirm->isEnabled());
-    QTest::mouseClick(button("Clear"), Qt::LeftButton);
+    click(*m_panel, "Clear");
     QCOMPARE(item("Oil")->checkState(0), Qt::Unchecked);
     QCOMPARE(selected().size(), 2);
-    QTest::mouseClick(confirm, Qt::LeftButton);
+    click(*m_panel, "Confirm Selection");
     QCOMPARE(selected(), QStringList());
 }
 
@@ -125,7 +115,7 @@ void TestDialogProfile::filterHidesAndProtects()
     QVERIFY(!item("Speed over ground")->isHidden());
     filter->clear();
     QVERIFY(!item("Oil")->isHidden());
-    QTest::mouseClick(button("Confirm Selection"), Qt::LeftButton);
+    click(*m_panel, "Confirm Selection");
     QCOMPARE(selected(), (QStringList{"Engine/Oil", "Engine/Speed"}));
 }
 

@@ -8,9 +8,8 @@
 #include "app/settings/SettingsStore.h"
 #include "app/startup/Startup.h"
 #include "resources/Resources.h"
+#include "tests/support/Buttons.h"
 #include "tests/support/ModalBoxes.h"
-#include "tests/support/ProfileFixture.h"
-#include "tests/support/RecordBytes.h"
 #include "tests/support/RecordingFixture.h"
 
 #include <QAbstractItemModelTester>
@@ -27,7 +26,6 @@
 #include <QSpinBox>
 #include <QTableView>
 #include <QTableWidget>
-#include <QTest>
 #include <QTextBrowser>
 
 using namespace KOLT;
@@ -41,7 +39,6 @@ private slots:
     void initTestCase();
     void preferencesAreStoredAndApplied();
     void profileParametersCanBeSearched();
-    void manualHasAllItsLinks_data();
     void manualHasAllItsLinks();
     void daySheetOfLoadedDataAndFolder();
     void licencesAreShown();
@@ -122,33 +119,27 @@ void TestDialogs::profileParametersCanBeSearched()
     QCOMPARE(list->model()->rowCount(), 0);
 }
 
-void TestDialogs::manualHasAllItsLinks_data()
-{
-    QTest::addColumn<QString>("word");
-
-    QTest::newRow("us") << "flight";
-    QTest::newRow("de") << "Flug";
-    QTest::newRow("xx") << "flight"; // English where there is none
-}
-
 void TestDialogs::manualHasAllItsLinks()
 {
-    QFETCH(QString, word);
-    DialogHelp dialog(QTest::currentDataTag());
-    auto* const browser = dialog.findChild<QTextBrowser*>();
-    QVERIFY(browser->toPlainText().contains(word));
-    const QString html = browser->document()->toHtml();
-    static const QRegularExpression link("href=\"#(\\w+)\"");
-    int count = 0;
-    for (auto it = link.globalMatch(html); it.hasNext(); ++count) {
-        const QString anchor = it.next().captured(1);
-        QVERIFY2(html.contains("name=\"" + anchor + "\""), qPrintable(anchor));
+    for (const auto& [language, word] : {std::pair("us", "flight"),
+                                         {"de", "Flug"},
+                                         {"xx", "flight"}}) { // English where there is none
+        DialogHelp dialog(language);
+        auto* const browser = dialog.findChild<QTextBrowser*>();
+        QVERIFY(browser->toPlainText().contains(word));
+        const QString html = browser->document()->toHtml();
+        static const QRegularExpression link("href=\"#(\\w+)\"");
+        int count = 0;
+        for (auto it = link.globalMatch(html); it.hasNext(); ++count) {
+            const QString anchor = it.next().captured(1);
+            QVERIFY2(html.contains("name=\"" + anchor + "\""), qPrintable(anchor));
+        }
+        QVERIFY(count >= 10);
+        auto* const search = dialog.findChild<QLineEdit*>();
+        QTest::keyClicks(search, "KOLT.ini");
+        QTest::keyClick(search, Qt::Key_Return);
+        QCOMPARE(browser->textCursor().selectedText(), "KOLT.ini");
     }
-    QVERIFY(count >= 10);
-    auto* const search = dialog.findChild<QLineEdit*>();
-    QTest::keyClicks(search, "KOLT.ini");
-    QTest::keyClick(search, Qt::Key_Return);
-    QCOMPARE(browser->textCursor().selectedText(), "KOLT.ini");
 }
 
 /// A folder of two cycles with a flight each, one day after the other.
@@ -196,10 +187,7 @@ void TestDialogs::daySheetOfLoadedDataAndFolder()
     const auto save = [&](const char* text, const QString& path) {
         ModalBoxes boxes;
         boxes.answer(path);
-        for (auto* button : dialog.findChildren<QPushButton*>()) {
-            if (button->text() == text)
-                QTest::mouseClick(button, Qt::LeftButton);
-        }
+        click(dialog, text);
         return readFile(path);
     };
     QCOMPARE(save("Save as CSV...", m_home.filePath("sheet.csv")).count("\r\n"), 3);
@@ -230,16 +218,17 @@ void TestDialogs::licencesAreShown()
 void TestDialogs::translationsAreThere()
 {
     const DiagnosticsCapture output;
-    SettingsStore::instance().setText("Locale", "de");
-    Startup::installTranslations(*qApp);
+    const auto choose = [](const char* locale) {
+        SettingsStore::instance().setText("Locale", locale);
+        Startup::installTranslations(*qApp);
+    };
+    choose("de");
     QVERIFY2(output.text().contains("Translation IOS <de> 1\n"), qPrintable(output.text()));
     QCOMPARE(DialogPreferences::tr("Preferences"), "Einstellungen");
     QCOMPARE(QLocale().decimalPoint(), ",");
-    SettingsStore::instance().setText("Locale", "us");
-    Startup::installTranslations(*qApp);
+    choose("us");
     QCOMPARE(DialogPreferences::tr("Preferences"), "Preferences");
-    SettingsStore::instance().setText("Locale", "fr");
-    Startup::installTranslations(*qApp);
+    choose("fr");
     QVERIFY(output.text().contains("Translation IOS <fr> 0\n"));
 }
 

@@ -1,7 +1,6 @@
 #include "app/project/Project.h"
 #include "tests/support/ProfileFixture.h"
-
-#include <QTest>
+#include "tests/support/Rows.h"
 
 using namespace KOLT;
 using namespace KOLT::Test;
@@ -16,12 +15,25 @@ private slots:
     void readSelects();
     void writtenFileFollowsTheProfile();
     void unreadableFileKeepsTheSelection();
-    void clearDeselectsEverything();
     void failedWriteIsKnown();
 
 private:
-    QStringList selected() const;
-    QString file(const QByteArray& content) const;
+    QStringList selected() const
+    {
+        QStringList names;
+        for (const ProfileParameter& parameter : m_profile.parameters()) {
+            if (parameter.selected)
+                names << parameter.name;
+        }
+        return names;
+    }
+
+    QString file(const QByteArray& content) const
+    {
+        const QString path = m_directory.filePath("project.xml");
+        writeFile(path, content);
+        return path;
+    }
 
     QTemporaryDir m_directory;
     Profile m_profile;
@@ -37,47 +49,27 @@ void TestProject::init()
     m_project.clear();
 }
 
-QStringList TestProject::selected() const
-{
-    QStringList names;
-    for (const ProfileParameter& parameter : m_profile.parameters()) {
-        if (parameter.selected)
-            names << parameter.name;
-    }
-    return names;
-}
-
-QString TestProject::file(const QByteArray& content) const
-{
-    const QString path = m_directory.filePath("project.xml");
-    writeFile(path, content);
-    return path;
-}
-
 void TestProject::readSelects_data()
 {
-    QTest::addColumn<QByteArray>("content");
-    QTest::addColumn<QStringList>("names");
-
-    QTest::newRow("two, one twice, one unknown")
-        << QByteArray("<KoltProject><Parameters><Parameter name='a'/><Parameter name='b'/>"
-                      "<Parameter name='a'/><Parameter name='gone'/></Parameters></KoltProject>")
-        << QStringList{"b", "a"};
-    QTest::newRow("any root") << QByteArray("<X><Parameters><Parameter name='a'/></Parameters></X>")
-                              << QStringList{"a"};
-    QTest::newRow("other elements")
-        << QByteArray("<KoltProject><Parameters><parameter name='a'/><Item name='b'/></Parameters>"
-                      "<Parameter name='a'/></KoltProject>")
-        << QStringList{};
-    QTest::newRow("no Parameters element") << QByteArray("<KoltProject/>") << QStringList{};
+    const Rows<QByteArray, QStringList> row; // content, names
+    row("two, one twice, one unknown",
+        "<KoltProject><Parameters><Parameter name='a'/><Parameter name='b'/>"
+        "<Parameter name='a'/><Parameter name='gone'/></Parameters></KoltProject>",
+        {"b", "a"});
+    row("any root", "<X><Parameters><Parameter name='a'/></Parameters></X>", {"a"});
+    row("other elements",
+        "<KoltProject><Parameters><parameter name='a'/><Item name='b'/></Parameters>"
+        "<Parameter name='a'/></KoltProject>",
+        {});
+    row("no Parameters element", "<KoltProject/>", {});
 }
 
 void TestProject::readSelects()
 {
-    QFETCH(QByteArray, content);
+    const auto [content, names] = fetchRow<QByteArray, QStringList>();
     m_profile.select([](const ProfileParameter&) { return true; });
     QVERIFY(m_project.read(file(content)) != 0);
-    QTEST(selected(), "names");
+    QCOMPARE(selected(), names);
 }
 
 void TestProject::writtenFileFollowsTheProfile()
@@ -108,13 +100,8 @@ void TestProject::unreadableFileKeepsTheSelection()
     QCOMPARE(m_project.read(m_directory.filePath("missing.xml")), 0);
     QCOMPARE(m_project.read(file("<KoltProject><Parameters>")), 0);
     QCOMPARE(selected(), QStringList{"a"});
-}
-
-void TestProject::clearDeselectsEverything()
-{
-    m_profile.select([](const ProfileParameter&) { return true; });
     m_project.clear();
-    QCOMPARE(selected(), QStringList{});
+    QCOMPARE(selected(), QStringList());
 }
 
 void TestProject::failedWriteIsKnown()

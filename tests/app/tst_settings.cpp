@@ -1,9 +1,8 @@
 #include "app/base/XmlFile.h"
 #include "app/settings/CommandLineOptions.h"
 #include "app/settings/SettingsStore.h"
+#include "tests/support/Rows.h"
 #include "tests/support/TestFiles.h"
-
-#include <QTest>
 
 #include <vector>
 
@@ -30,7 +29,12 @@ private slots:
 private:
     QByteArray fileName() const { return QFile::encodeName(m_directory->filePath("KOLT.ini")); }
 
-    SettingsStore& loadedFrom(const QByteArray& content);
+    SettingsStore& loadedFrom(const QByteArray& content)
+    {
+        writeFile(QFile::decodeName(fileName()), content);
+        m_store->load();
+        return *m_store;
+    }
 
     std::unique_ptr<QTemporaryDir> m_directory;
     std::unique_ptr<SettingsStore> m_store;
@@ -46,36 +50,25 @@ void TestSettings::init()
     m_output = std::make_unique<DiagnosticsCapture>();
 }
 
-SettingsStore& TestSettings::loadedFrom(const QByteArray& content)
-{
-    writeFile(QFile::decodeName(fileName()), content);
-    m_store->load();
-    return *m_store;
-}
-
 void TestSettings::typedValues_data()
 {
-    QTest::addColumn<QByteArray>("text");
-    QTest::addColumn<int>("integer");
-    QTest::addColumn<bool>("boolean");
-    QTest::addColumn<double>("number");
-
-    QTest::newRow("true") << QByteArray("true") << 0 << true << 0.0;
-    QTest::newRow("TRUE") << QByteArray("TRUE") << 0 << true << 0.0;
-    QTest::newRow("tRUE is no boolean") << QByteArray("tRUE") << 0 << false << 0.0;
-    QTest::newRow("1 is not true") << QByteArray("1") << 1 << false << 1.0;
-    QTest::newRow("leading digits count") << QByteArray("12px") << 12 << false << 12.0;
-    QTest::newRow("sign and fraction") << QByteArray("-2.75") << -2 << false << -2.75;
-    QTest::newRow("too large") << QByteArray("99999999999") << 2147483647 << false << 99999999999.0;
+    const Rows<QByteArray, int, bool, double> row; // text, integer, boolean, number
+    row("true", "true", 0, true, 0.0);
+    row("TRUE", "TRUE", 0, true, 0.0);
+    row("tRUE is no boolean", "tRUE", 0, false, 0.0);
+    row("1 is not true", "1", 1, false, 1.0);
+    row("leading digits count", "12px", 12, false, 12.0);
+    row("sign and fraction", "-2.75", -2, false, -2.75);
+    row("too large", "99999999999", 2147483647, false, 99999999999.0);
 }
 
 void TestSettings::typedValues()
 {
-    QFETCH(QByteArray, text);
+    const auto [text, integer, boolean, number] = fetchRow<QByteArray, int, bool, double>();
     m_store->setText("key", text);
-    QTEST(m_store->getInteger("key", 7), "integer");
-    QTEST(m_store->getBoolean("key", true), "boolean");
-    QTEST(m_store->getDouble("key", 7.0), "number");
+    QCOMPARE(m_store->getInteger("key", 7), integer);
+    QCOMPARE(m_store->getBoolean("key", true), boolean);
+    QCOMPARE(m_store->getDouble("key", 7.0), number);
     QCOMPARE(m_store->getInteger("KEY", 7), 7);
     QVERIFY(m_store->getBoolean("KEY", true));
     QCOMPARE(m_store->getDouble("KEY", 0.5), 0.5);
@@ -87,10 +80,9 @@ void TestSettings::loadsDirectPropertiesOnly()
         loadedFrom("<AnyRoot><Property id='a' value='1'/><property id='b' value='1'/>"
                    "<Group><Property id='c' value='1'/></Group>"
                    "<Property id='a' value='2'/><Property id='d'/><x:any y:z='1'/></AnyRoot>");
-    QCOMPARE(store.getText("a"), QByteArray("2"));
-    QCOMPARE(store.getText("b", "absent"), QByteArray("absent"));
-    QCOMPARE(store.getText("c", "absent"), QByteArray("absent"));
-    QCOMPARE(store.getText("d", "absent"), QByteArray());
+    for (const auto& [key, value] :
+         {std::pair("a", "2"), {"b", "absent"}, {"c", "absent"}, {"d", ""}})
+        QCOMPARE(store.getText(key, "absent"), QByteArray(value));
     QCOMPARE(m_output->text(),
              QStringLiteral("readXmlFile <%1> 1\n").arg(QFile::decodeName(fileName())));
 }
@@ -122,32 +114,28 @@ void TestSettings::savedFileReadsBackTheSame()
 
 void TestSettings::unusableFileIsKeptAside_data()
 {
-    QTest::addColumn<QByteArray>("content");
-
+    const Rows<QByteArray> row;
     QByteArray bomb = "<!DOCTYPE K [<!ENTITY e0 'xxxxxxxxxx'>";
     for (int i = 1; i < 12; ++i)
-        bomb += QStringLiteral("<!ENTITY e%1 '%2'>")
-                    .arg(i)
-                    .arg(QStringLiteral("&e%1;").arg(i - 1).repeated(10))
-                    .toLatin1();
-    QTest::newRow("not XML") << QByteArray("[General]\nLastPath=/home\n");
-    QTest::newRow("cut short") << QByteArray("<KOLT><Property id='a' val");
-    QTest::newRow("empty") << QByteArray();
-    QTest::newRow("zeros") << QByteArray(512, '\0');
-    QTest::newRow("entities that explode") << bomb + "]><KOLT>&e11;</KOLT>";
-    QTest::newRow("nested too deeply")
-        << QByteArray("<a>").repeated(500'000) + QByteArray("</a>").repeated(500'000);
+        bomb += "<!ENTITY e" + QByteArray::number(i) + " '" +
+                ("&e" + QByteArray::number(i - 1) + ";").repeated(10) + "'>";
     QByteArray attributes;
     for (int i = 0; i < 300'000; ++i)
         attributes += " a" + QByteArray::number(i) + "='1'";
-    QTest::newRow("too many attributes") << "<KOLT" + attributes + "/>";
-    QTest::newRow("too many elements")
-        << "<KOLT>" + QByteArray("<a/>").repeated(1'100'000) + "</KOLT>";
+    row("not XML", "[General]\nLastPath=/home\n");
+    row("cut short", "<KOLT><Property id='a' val");
+    row("empty", {});
+    row("zeros", QByteArray(512, '\0'));
+    row("entities that explode", bomb + "]><KOLT>&e11;</KOLT>");
+    row("nested too deeply",
+        QByteArray("<a>").repeated(500'000) + QByteArray("</a>").repeated(500'000));
+    row("too many attributes", "<KOLT" + attributes + "/>");
+    row("too many elements", "<KOLT>" + QByteArray("<a/>").repeated(1'100'000) + "</KOLT>");
 }
 
 void TestSettings::unusableFileIsKeptAside()
 {
-    QFETCH(QByteArray, content);
+    const auto [content] = fetchRow<QByteArray>();
     const QString path = QFile::decodeName(fileName());
     writeFile(path + ".broken", "from an earlier accident");
     SettingsStore& store = loadedFrom(content);
@@ -181,54 +169,37 @@ void TestSettings::failedSaveLeavesTheOldFile()
 
 void TestSettings::commandLine_data()
 {
-    QTest::addColumn<QList<QByteArray>>("arguments");
-    QTest::addColumn<bool>("accepted");
-    QTest::addColumn<QString>("emu");   // value, then '+' when given
-    QTest::addColumn<QString>("style"); // the same
-    QTest::addColumn<QString>("output");
-
-    using List = QList<QByteArray>;
-    QTest::newRow("none") << List{} << true << "false"
-                          << ""
-                          << "";
-    QTest::newRow("flag") << List{"-emu"} << true << "true+"
-                          << ""
-                          << "";
-    QTest::newRow("flag twice") << List{"-emu", "-emu"} << true << "false+"
-                                << ""
-                                << "";
-    QTest::newRow("value") << List{"-s", "a.css"} << true << "false"
-                           << "a.css+"
-                           << "";
-    QTest::newRow("value missing") << List{"-s"} << true << "false"
-                                   << "+"
-                                   << "";
-    QTest::newRow("value like a flag") << List{"-s", "-emu"} << true << "false"
-                                       << "-emu+"
-                                       << "";
-    QTest::newRow("unknown, then known") << List{"x", "-EMU", "-emu"} << false << "true+"
-                                         << ""
-                                         << "unknown option x\nunknown option -EMU\n";
+    // arguments, accepted, -emu and -s (value, then '+' when given), output
+    const Rows<QList<QByteArray>, bool, QString, QString, QString> row;
+    row("none", {}, true, "false", "", "");
+    row("flag", {"-emu"}, true, "true+", "", "");
+    row("flag twice", {"-emu", "-emu"}, true, "false+", "", "");
+    row("value", {"-s", "a.css"}, true, "false", "a.css+", "");
+    row("value missing", {"-s"}, true, "false", "+", "");
+    row("value like a flag", {"-s", "-emu"}, true, "false", "-emu+", "");
+    row("unknown, then known", {"x", "-EMU", "-emu"}, false, "true+", "",
+        "unknown option x\nunknown option -EMU\n");
 }
 
 void TestSettings::commandLine()
 {
-    QFETCH(QList<QByteArray>, arguments);
+    const auto [arguments, accepted, emu, style, output] =
+        fetchRow<QList<QByteArray>, bool, QString, QString, QString>();
     CommandLineOptions options;
     options.addFlag("-emu", "display");
     options.addValueOption("-s", "style", "");
     std::vector<const char*> argv{"kolt"};
     for (const QByteArray& argument : arguments)
         argv.push_back(argument.constData());
-    QTEST(options.parse(static_cast<int>(argv.size()), argv.data()), "accepted");
+    QCOMPARE(options.parse(static_cast<int>(argv.size()), argv.data()), accepted);
     const auto state = [&](const char* name) {
         std::string value;
         const bool given = options.getValue(name, value);
         return QString::fromStdString(value) + QLatin1String(given ? "+" : "");
     };
-    QTEST(state("-emu"), "emu");
-    QTEST(state("-s"), "style");
-    QTEST(m_output->text(), "output");
+    QCOMPARE(state("-emu"), emu);
+    QCOMPARE(state("-s"), style);
+    QCOMPARE(m_output->text(), output);
 }
 
 void TestSettings::usageShowsCurrentValues()
@@ -237,14 +208,13 @@ void TestSettings::usageShowsCurrentValues()
     options.addFlag("-h", "print this help");
     options.addFlag("-connect", "connect after startup");
     options.addValueOption("-s", "stylefile to load", "");
-    const std::vector<const char*> argv{"./kolt", "-s", "my.css"};
-    options.parse(3, argv.data());
+    const char* const argv[] = {"./kolt", "-s", "my.css"};
+    options.parse(3, argv);
     options.printUsage();
-    QCOMPARE(m_output->text(), QStringLiteral("Usage of ./kolt :\n"
-                                              "-connect connect after startup\n"
-                                              "-h       print this help\n"
-                                              "-s       [stylefile to load] default [my.css]\n"
-                                              "\n"));
+    QCOMPARE(m_output->text(), "Usage of ./kolt :\n"
+                               "-connect connect after startup\n"
+                               "-h       print this help\n"
+                               "-s       [stylefile to load] default [my.css]\n\n");
 }
 
 QTEST_GUILESS_MAIN(TestSettings)

@@ -1,7 +1,6 @@
 #include "app/startup/StyleSheet.h"
+#include "tests/support/Rows.h"
 #include "tests/support/TestFiles.h"
-
-#include <QTest>
 
 using namespace KOLT;
 using namespace KOLT::Test;
@@ -18,31 +17,25 @@ private slots:
 
 void TestStyleSheet::appliedText_data()
 {
-    QTest::addColumn<QByteArray>("file");
-    QTest::addColumn<QString>("applied");
-
-    QTest::newRow("empty") << QByteArray() << QString();
-    QTest::newRow("as it is") << QByteArray("QLabel { color: red; }\n")
-                              << "QLabel { color: red; }\n";
-    QTest::newRow("comments") << QByteArray("/* a ** / */QLabel { // why\n color: red; /***/}")
-                              << "QLabel { \n color: red; }";
-    QTest::newRow("variables") << QByteArray(
-                                      "A{b:$(x);}Variables { x: 1px; yy : #f00 ; }C{d:$(yy) $(X);}")
-                               << "A{b:1px;}C{d:#f00 $(X);}";
-    QTest::newRow("variables of variables")
-        << QByteArray("Variables{a:1;b:$(a);c:$(b) $(a);}A{x:$(c);}") << "A{x:1 1;}";
-    QTest::newRow("another case is another block")
-        << QByteArray("variables{x:1;}A{b:$(x);}") << "variables{x:1;}A{b:$(x);}";
-    QTest::newRow("unfinished") << QByteArray("A{b:1;}C{d:") << "A{b:1;}C{d:";
+    const Rows<QByteArray, QString> row; // file, applied
+    row("empty", {}, {});
+    row("as it is", "QLabel { color: red; }\n", "QLabel { color: red; }\n");
+    row("comments", "/* a ** / */QLabel { // why\n color: red; /***/}",
+        "QLabel { \n color: red; }");
+    row("variables", QByteArray("A{b:$(x);}Variables { x: 1px; yy : #f00 ; }C{d:$(yy) $(X);}"),
+        "A{b:1px;}C{d:#f00 $(X);}");
+    row("variables of variables", "Variables{a:1;b:$(a);c:$(b) $(a);}A{x:$(c);}", "A{x:1 1;}");
+    row("another case is another block", "variables{x:1;}A{b:$(x);}", "variables{x:1;}A{b:$(x);}");
+    row("unfinished", "A{b:1;}C{d:", "A{b:1;}C{d:");
 }
 
 void TestStyleSheet::appliedText()
 {
-    QFETCH(QByteArray, file);
+    const auto [file, applied] = fetchRow<QByteArray, QString>();
     const QTemporaryDir directory;
     const QString path = directory.filePath("style.css");
     writeFile(path, file);
-    QTEST(StyleSheet().read(path), "applied");
+    QCOMPARE(StyleSheet().read(path), applied);
     QCOMPARE(StyleSheet().read(directory.filePath("missing.css")), QString());
 }
 

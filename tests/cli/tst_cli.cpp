@@ -1,12 +1,10 @@
+#include "tests/cli/CliSupport.h"
 #include "tests/support/RecordBytes.h"
+#include "tests/support/Rows.h"
 #include "tests/support/TestFiles.h"
 
-#include <QDir>
-#include <QJsonArray>
-#include <QJsonDocument>
-#include <QJsonObject>
-#include <QProcess>
-#include <QTest>
+#include <cmath>
+#include <numeric>
 
 using namespace KOLT::Test;
 
@@ -18,10 +16,8 @@ class TestCli : public QObject
 private slots:
     void listTellsFilesAndCycles();
     void dateRepairedOnlyWithAValidDate();
-    void everyFlightIsBelievable();
-    void cardHasItsStories();
     void valuesAreExact();
-    void eventsInBothUnits();
+    void flightsAndEventsOfTheCard();
     void reportIsForPeople();
     void failures_data();
     void failures();
@@ -29,46 +25,23 @@ private slots:
     void fullOutputIsAFailure();
 
 private:
-    struct Result
+    Result run(const QStringList& arguments) const
     {
-        int status = -1;
-        QByteArray output;
-        QByteArray errors;
+        return KOLT::Test::run(m_home, KOLT_CLI, arguments);
+    }
 
-        QJsonObject json() const { return QJsonDocument::fromJson(output).object(); }
-    };
+    QJsonObject onCard(const QString& verb, const QStringList& more) const
+    {
+        const Result result = run(QStringList{verb, m_card} + more + m_profile);
+        return result.status == 0 ? result.json() : QJsonObject();
+    }
 
-    Result run(const QStringList& arguments) const;
-    QJsonObject onCard(const QString& verb, const QStringList& more) const;
-    int cycleCount() const;
+    qsizetype cycleCount() const { return run({"list", m_card}).json()["cycles"].toArray().size(); }
 
     QTemporaryDir m_home;
     const QString m_card = KOLT_SAMPLE_CARD;
     const QStringList m_profile{"--profile", KOLT_PROFILE, "--variant", "915"};
 };
-
-TestCli::Result TestCli::run(const QStringList& arguments) const
-{
-    QProcess program;
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert("XDG_DATA_HOME", m_home.path());
-    program.setProcessEnvironment(environment);
-    program.start(KOLT_CLI, arguments);
-    program.waitForFinished(120'000);
-    return {program.exitStatus() == QProcess::NormalExit ? program.exitCode() : -1,
-            program.readAllStandardOutput(), program.readAllStandardError()};
-}
-
-QJsonObject TestCli::onCard(const QString& verb, const QStringList& more) const
-{
-    const Result result = run(QStringList{verb, m_card} + more + m_profile);
-    return result.status == 0 ? result.json() : QJsonObject();
-}
-
-int TestCli::cycleCount() const
-{
-    return static_cast<int>(run({"list", m_card}).json()["cycles"].toArray().size());
-}
 
 void TestCli::listTellsFilesAndCycles()
 {
@@ -114,121 +87,94 @@ void TestCli::dateRepairedOnlyWithAValidDate()
     QVERIFY(json["cycles"][1]["dateTime"].isNull());
 }
 
-void TestCli::everyFlightIsBelievable()
-{
-    int flights = 0;
-    for (int cycle = 1; cycle <= cycleCount(); ++cycle) {
-        const QJsonObject json = onCard("flights", {"--cycle", QString::number(cycle)});
-        QVERIFY(json["trackPoints"].toInt() > 100);
-        for (const QJsonValue& flight : json["flights"].toArray()) {
-            ++flights;
-            QCOMPARE(flight.toObject().size(), 18);
-            const auto within = [&](const char* key, double low, double high) {
-                const double value = flight[QLatin1String(key)].toDouble();
-                return QTest::qVerify(
-                    value >= low && value <= high, key,
-                    qPrintable(QStringLiteral("%1 in cycle %2").arg(value).arg(cycle)), __FILE__,
-                    __LINE__);
-            };
-            QVERIFY(within("altitudeGain", 300, 1100));
-            QVERIFY(within("minAltitude", 400, 500));
-            QVERIFY(within("climbRate", 1.5, 6));
-            QVERIFY(within("descentRate", 1, 8));
-            QVERIFY(within("maxGroundSpeed", 110, 230));
-            QVERIFY(within("fuel", 1, 8));
-            QVERIFY(within("takeOffDistance", 150, 450));
-            QVERIFY(within("takeOffDistance15m", 250, 750));
-            QVERIFY(flight["takeOffDistance15m"].toDouble() > flight["takeOffDistance"].toDouble());
-            const double duration = flight["landing"].toDouble() - flight["takeOff"].toDouble();
-            QVERIFY2(duration > 180 && duration < 1800, qPrintable(QString::number(duration)));
-        }
-    }
-    QVERIFY2(flights >= 10, qPrintable(QString::number(flights)));
-}
-
-void TestCli::cardHasItsStories()
-{
-    int cyclesOfFour = 0;
-    int cyclesOnTheGround = 0;
-    QSet<QString> exceeded;
-    QSet<QString> lamps;
-    for (int cycle = 1; cycle <= cycleCount(); ++cycle) {
-        const QStringList choice{"--cycle", QString::number(cycle)};
-        const qsizetype flights = onCard("flights", choice)["flights"].toArray().size();
-        cyclesOfFour += flights >= 4 ? 1 : 0;
-        cyclesOnTheGround += flights == 0 ? 1 : 0;
-        for (const QJsonValue& event : onCard("events", choice)["events"].toArray())
-            exceeded << event["parameter"].toString();
-        for (const QJsonValue& event :
-             onCard("events", choice + QStringList{"--lamps"})["events"].toArray())
-            lamps << event["parameter"].toString();
-    }
-    QVERIFY(cyclesOfFour >= 2);
-    QVERIFY(cyclesOnTheGround >= 1);
-    const QStringList names(exceeded.begin(), exceeded.end());
-    QVERIFY2(names.filter("Oil Temp").size() >= 1 && names.filter("EGT").size() >= 1 &&
-                 names.filter("Engine Speed").size() >= 1,
-             qPrintable(names.join(", ")));
-    QVERIFY(!lamps.isEmpty() && exceeded.contains(lamps));
-    QVERIFY(lamps.size() < exceeded.size());
-}
-
 void TestCli::valuesAreExact()
 {
     const QTemporaryDir card;
     const QString profile = card.filePath("Profile.xml");
-    QVERIFY(writeFile(
-        profile,
-        "<KorvanProfile><UnitConversions><Unit unitMetric='&#176;C' unitImperial='\"F\"' "
-        "factor='1.8' offset='32'/>"
-        "</UnitConversions><ThresholdList><Threshold name='T'><Value val='1' color='#ffaa00' "
-        "state='WARNING'/>"
-        "</Threshold></ThresholdList><Device name='D'><Parameter name='p' id='291' "
-        "dataType='FLOAT' precision='1' "
-        "unitMetric='&#176;C' unitImperial='\"F\"' thresholdId='T'/></Device></KorvanProfile>"));
+    QVERIFY(writeFile(profile, "<KorvanProfile><UnitConversions><Unit unitMetric='&#176;C' "
+                               "unitImperial='\"F\"' factor='1.8' offset='32'/></UnitConversions>"
+                               "<ThresholdList><Threshold name='T'><Value val='1' color='#ffaa00' "
+                               "state='WARNING'/></Threshold></ThresholdList><Device name='D'>"
+                               "<Parameter name='p' id='291' dataType='FLOAT' precision='1' "
+                               "unitMetric='&#176;C' unitImperial='\"F\"' thresholdId='T'/>"
+                               "</Device></KorvanProfile>"));
     // 0.1 and 2.5 in single precision, and a NaN.
-    QVERIFY(
-        writeFile(card.filePath("a.can"), RecordBytes(false)
-                                              .sample(0x80000123, 0.25, {0xcd, 0xcc, 0xcc, 0x3d})
-                                              .sample(291, 134.217728, {0, 0, 0x20, 0x40})
-                                              .sample(291, 200, {0, 0, 0xc0, 0x7f})
-                                              .bytes()));
-    const Result result = run({"values", card.path(), "--profile", profile, "--variant", "x",
-                               "--unit", "imperial", "--parameter", "D/p", "--files", "a.can"});
+    QVERIFY(writeFile(card.filePath("a.can"), RecordBytes(false)
+                                                  .sample(0x80000123, 0.25, floats(0.1F))
+                                                  .sample(291, 134.217728, floats(2.5F))
+                                                  .sample(291, 200, floats(std::nanf("")))
+                                                  .bytes()));
+    const QStringList asked{"--profile", profile, "--parameter", "D/p", "--files"};
+    const Result result =
+        run(QStringList{"values", card.path(), "--variant", "x", "--unit", "imperial"} + asked +
+            QStringList{"a.can"});
     QCOMPARE(result.output, QByteArray("{\"unit\":\"\\\"F\\\"\",\"samples\":[\n"
                                        "[0.25,3,0.10000000149011612,\"32.2\",0,\"#ffffff\"],\n"
                                        "[134.217728,1342,2.5,\"36.5\",1,\"#ffaa00\"],\n"
                                        "[200,2000,null,\"nan\",0,\"#ffffff\"]\n]}\n"));
     QVERIFY(!result.json().isEmpty());
     // A file that is not there is an empty one.
-    const QJsonObject empty = run({"values", card.path(), "--files", "b.can", "c.can", "--profile",
-                                   profile, "--parameter", "D/p"})
-                                  .json();
+    const QJsonObject empty =
+        run(QStringList{"values", card.path()} + asked + QStringList{"b.can", "c.can"}).json();
     QVERIFY(empty["samples"].isArray() && empty["samples"].toArray().isEmpty());
     QCOMPARE(empty["unit"].toString(), QString::fromUtf8("°C"));
 }
 
-void TestCli::eventsInBothUnits()
+/// Flights that one believes, exceedances of more than the lamps, and the same in both units.
+void TestCli::flightsAndEventsOfTheCard()
 {
+    const std::tuple<const char*, double, double> ranges[] = {
+        {"altitudeGain", 300, 1100},   {"minAltitude", 400, 500},       {"climbRate", 1.5, 6},
+        {"descentRate", 1, 8},         {"maxGroundSpeed", 110, 230},    {"fuel", 1, 8},
+        {"takeOffDistance", 150, 450}, {"takeOffDistance15m", 250, 750}};
+    QList<qsizetype> flightsOfCycles;
     bool anyDifference = false;
+    QSet<QString> exceeded;
+    QSet<QString> lamps;
     for (int cycle = 1; cycle <= cycleCount(); ++cycle) {
-        const QJsonArray metric =
-            onCard("events", {"--cycle", QString::number(cycle)})["events"].toArray();
-        const QJsonArray imperial =
-            onCard("events", {"--cycle", QString::number(cycle), "--unit", "imperial"})["events"]
-                .toArray();
+        const QStringList choice{"--cycle", QString::number(cycle)};
+        const QJsonObject json = onCard("flights", choice);
+        QVERIFY(json["trackPoints"].toInt() > 100);
+        const QJsonArray flights = json["flights"].toArray();
+        flightsOfCycles << flights.size();
+        for (const QJsonValue& flight : flights) {
+            QCOMPARE(flight.toObject().size(), 18);
+            for (const auto& [key, low, high] : ranges) {
+                const double value = flight[QLatin1String(key)].toDouble();
+                QVERIFY2(value >= low && value <= high, key);
+            }
+            QVERIFY(flight["takeOffDistance15m"].toDouble() > flight["takeOffDistance"].toDouble());
+            const double duration = flight["landing"].toDouble() - flight["takeOff"].toDouble();
+            QVERIFY2(duration > 180 && duration < 1800, qPrintable(QString::number(duration)));
+        }
+        const auto eventsOf = [&](const QStringList& more) {
+            return onCard("events", choice + more)["events"].toArray();
+        };
+        const QJsonArray metric = eventsOf({});
+        const QJsonArray imperial = eventsOf({"--unit", "imperial"});
         QCOMPARE(metric.size(), imperial.size());
         double previous = 0.0;
         for (qsizetype i = 0; i < metric.size(); ++i) {
+            const QString parameter = metric[i]["parameter"].toString();
+            exceeded << parameter;
             QCOMPARE(metric[i]["time"].toDouble(), imperial[i]["time"].toDouble());
             QVERIFY(metric[i]["time"].toDouble() >= previous);
             previous = metric[i]["time"].toDouble();
-            QVERIFY(metric[i]["text"].toString().startsWith(
-                metric[i]["group"].toString() + " " + metric[i]["parameter"].toString() + " "));
+            QVERIFY(metric[i]["text"].toString().startsWith(metric[i]["group"].toString() + " " +
+                                                            parameter + " "));
             anyDifference = anyDifference || metric[i]["text"] != imperial[i]["text"];
         }
+        for (const QJsonValue& event : eventsOf({"--lamps"}))
+            lamps << event["parameter"].toString();
     }
     QVERIFY(anyDifference);
+    QVERIFY(std::accumulate(flightsOfCycles.begin(), flightsOfCycles.end(), 0) >= 10);
+    QVERIFY(flightsOfCycles.contains(0));
+    QVERIFY(std::ranges::count_if(flightsOfCycles, [](qsizetype n) { return n >= 4; }) >= 2);
+    const QStringList names(exceeded.begin(), exceeded.end());
+    for (const char* name : {"Oil Temp", "EGT", "Engine Speed"})
+        QVERIFY2(!names.filter(name).isEmpty(), name);
+    QVERIFY(!lamps.isEmpty() && exceeded.contains(lamps) && lamps.size() < exceeded.size());
 }
 
 void TestCli::reportIsForPeople()
@@ -245,45 +191,35 @@ void TestCli::reportIsForPeople()
 
 void TestCli::failures_data()
 {
-    QTest::addColumn<QStringList>("arguments");
-    QTest::addColumn<QString>("says");
-
+    const Rows<QStringList, QString> row; // arguments, says
     const QString card = KOLT_SAMPLE_CARD;
     const QString profile = KOLT_PROFILE;
-    QTest::newRow("nothing") << QStringList{} << "no verb";
-    QTest::newRow("unknown verb") << QStringList{"fly", card} << "unknown verb \"fly\"";
-    QTest::newRow("no folder") << QStringList{"list"} << "one folder";
-    QTest::newRow("two folders") << QStringList{"list", card, card} << "one folder";
-    QTest::newRow("unknown option") << QStringList{"list", card, "--cycle", "1"} << "cycle";
-    QTest::newRow("missing folder")
-        << QStringList{"list", "/no/such"} << "there is no folder /no/such";
-    QTest::newRow("missing profile")
-        << QStringList{"report", card, "--profile", "/no/such.xml"} << "/no/such.xml";
-    QTest::newRow("profile that is none")
-        << QStringList{"report", card, "--profile", KOLT_CLI} << "not a KOLT profile";
-    QTest::newRow("unknown cycle")
-        << QStringList{"flights", card, "--cycle", "99", "--profile", profile} << "no cycle 99";
-    QTest::newRow("cycle is no number") << QStringList{"flights", card, "--cycle", "x"} << "\"x\"";
-    QTest::newRow("cycle and files")
-        << QStringList{"flights", card, "--cycle", "1", "--files", "a"} << "either";
-    QTest::newRow("neither") << QStringList{"events", card} << "either";
-    QTest::newRow("unknown unit") << QStringList{"events", card, "--cycle", "1", "--unit", "feet"}
-                                  << "\"feet\"";
-    QTest::newRow("no parameter") << QStringList{"values", card, "--cycle", "1"} << "--parameter";
-    QTest::newRow("unknown parameter")
-        << QStringList{"values",    card,    "--cycle",     "1",
-                       "--profile", profile, "--parameter", "No/Such"}
-        << "No/Such";
+    row("nothing", {}, "no verb");
+    row("unknown verb", {"fly", card}, "unknown verb \"fly\"");
+    row("no folder", {"list"}, "one folder");
+    row("two folders", {"list", card, card}, "one folder");
+    row("unknown option", {"list", card, "--cycle", "1"}, "cycle");
+    row("missing folder", {"list", "/no/such"}, "there is no folder /no/such");
+    row("missing profile", {"report", card, "--profile", "/no/such.xml"}, "/no/such.xml");
+    row("profile that is none", {"report", card, "--profile", KOLT_CLI}, "not a KOLT profile");
+    row("unknown cycle", {"flights", card, "--cycle", "99", "--profile", profile}, "no cycle 99");
+    row("cycle is no number", {"flights", card, "--cycle", "x"}, "\"x\"");
+    row("cycle and files", {"flights", card, "--cycle", "1", "--files", "a"}, "either");
+    row("neither", {"events", card}, "either");
+    row("unknown unit", {"events", card, "--cycle", "1", "--unit", "feet"}, "\"feet\"");
+    row("no parameter", {"values", card, "--cycle", "1"}, "--parameter");
+    row("unknown parameter",
+        {"values", card, "--cycle", "1", "--profile", profile, "--parameter", "No/Such"},
+        "No/Such");
 }
 
 void TestCli::failures()
 {
-    QFETCH(QStringList, arguments);
-    QFETCH(QString, says);
+    const auto [arguments, says] = fetchRow<QStringList, QString>();
     const Result result = run(arguments);
     QVERIFY2(result.status > 0, qPrintable(QString::number(result.status)));
     QCOMPARE(result.output, QByteArray());
-    const QString last = QString::fromUtf8(result.errors).trimmed().section('\n', -1);
+    const QString last = result.lastError();
     QVERIFY2(last.startsWith("kolt-cli: ") && last.contains(says), qPrintable(last));
 }
 
@@ -302,12 +238,10 @@ void TestCli::helpOfEveryVerb()
 
 void TestCli::fullOutputIsAFailure()
 {
-    QProcess program;
-    program.setStandardOutputFile("/dev/full");
-    program.start(KOLT_CLI, {"list", m_card});
-    QVERIFY(program.waitForFinished());
-    QCOMPARE(program.exitCode(), 1);
-    QVERIFY(program.readAllStandardError().contains("kolt-cli: the output could not be written"));
+    const Result result =
+        KOLT::Test::run(m_home, "sh", {"-c", KOLT_CLI " list \"$0\" > /dev/full", m_card});
+    QCOMPARE(result.status, 1);
+    QVERIFY(result.errors.contains("kolt-cli: the output could not be written"));
 }
 
 QTEST_GUILESS_MAIN(TestCli)

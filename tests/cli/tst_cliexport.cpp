@@ -1,29 +1,14 @@
+#include "tests/cli/CliSupport.h"
 #include "tests/support/RecordBytes.h"
+#include "tests/support/Rows.h"
 #include "tests/support/TestFiles.h"
 
 #include <QDir>
-#include <QJsonArray>
-#include <QJsonDocument>
-#include <QJsonObject>
-#include <QProcess>
 #include <QRegularExpression>
-#include <QTest>
 
-#include <array>
-#include <bit>
 #include <cmath>
 
 using namespace KOLT::Test;
-
-namespace {
-
-/// Two FLOAT values.
-KOLT::MessageData floats(float first, float second = 0.0F)
-{
-    return std::bit_cast<KOLT::MessageData>(std::array{first, second});
-}
-
-} // namespace
 
 /// Exports of kolt-cli, on the sample card and on small ones.
 class TestCliExport : public QObject
@@ -32,7 +17,6 @@ class TestCliExport : public QObject
 
 private slots:
     void csvOfAFlight();
-    void pathsOfACycle_data();
     void pathsOfACycle();
     void everyFlightOfACard();
     void failingFlightDoesNotStopTheRest();
@@ -42,57 +26,31 @@ private slots:
     void helpNamesTheSettings();
 
 private:
-    struct Result
-    {
-        int status = -1;
-        QByteArray output;
-        QString error; ///< the last line
-    };
-
-    Result run(const QString& program, const QStringList& arguments) const;
-
     Result cli(const QStringList& arguments) const
     {
-        return run(KOLT_CLI,
+        return run(m_home, KOLT_CLI,
                    arguments + QStringList{"--profile", KOLT_PROFILE, "--variant", "915"});
     }
 
-    QJsonArray flightsOf(int cycle) const;
+    QJsonArray flightsOfCycle2() const
+    {
+        return cli({"flights", m_card, "--cycle", "2"}).json()["flights"].toArray();
+    }
 
     QTemporaryDir m_home;
     QTemporaryDir m_out;
     const QString m_card = KOLT_SAMPLE_CARD;
 };
 
-TestCliExport::Result TestCliExport::run(const QString& program, const QStringList& arguments) const
-{
-    QProcess process;
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert("XDG_DATA_HOME", m_home.path());
-    process.setProcessEnvironment(environment);
-    process.start(program, arguments);
-    process.waitForFinished(120'000);
-    return {process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
-            process.readAllStandardOutput(),
-            QString::fromUtf8(process.readAllStandardError()).trimmed().section('\n', -1)};
-}
-
-QJsonArray TestCliExport::flightsOf(int cycle) const
-{
-    return QJsonDocument::fromJson(
-               cli({"flights", m_card, "--cycle", QString::number(cycle)}).output)["flights"]
-        .toArray();
-}
-
 void TestCliExport::csvOfAFlight()
 {
-    const QJsonObject flight = flightsOf(2)[1].toObject();
+    const QJsonObject flight = flightsOfCycle2()[1].toObject();
     const double span = flight["end"].toDouble() - flight["start"].toDouble();
     const QString path = m_out.filePath("flight.csv");
     const Result result = cli({"export", "csv", m_card, "--cycle", "2", "--flight", "2", "--output",
                                path, "--csv-resolution", "500", "--CsvLimiter=44", "--parameter",
                                "GPS/Altitude", "--parameter", "GPS/Ground Speed"});
-    QVERIFY2(result.status == 0, qPrintable(result.error));
+    QVERIFY2(result.status == 0, qPrintable(result.lastError()));
     QCOMPARE(result.output, QByteArray());
     const QList<QByteArray> lines = readFile(path).split('\n');
     QCOMPARE(lines.size(), 1 + static_cast<int>(span * 2) + 1 + 1);
@@ -104,36 +62,28 @@ void TestCliExport::csvOfAFlight()
     QVERIFY(std::abs(highest - flight["maxAltitude"].toDouble()) < 2.0);
 }
 
-void TestCliExport::pathsOfACycle_data()
-{
-    QTest::addColumn<QString>("layerOption");
-    QTest::newRow("kml") << "-al";
-    QTest::newRow("gpx") << "tracks";
-}
-
 void TestCliExport::pathsOfACycle()
 {
-    QFETCH(QString, layerOption);
-    const QString path = m_out.filePath(QStringLiteral("cycle.") + QTest::currentDataTag());
-    const Result result =
-        cli({"export", QTest::currentDataTag(), m_card, "--cycle", "2", "--output", path});
-    QVERIFY2(result.status == 0, qPrintable(result.error));
-    const QString read =
-        QString::fromUtf8(run("ogrinfo", {"-ro", "-geom=SUMMARY", path, layerOption}).output);
-    const auto flights = static_cast<int>(flightsOf(2).size());
+    const qsizetype flights = flightsOfCycle2().size();
     QVERIFY(flights >= 4);
-    for (int flight = 1; flight <= flights; ++flight)
-        QCOMPARE(read.count(QStringLiteral("Flight %1\n").arg(flight)), 1);
+    for (const auto& [format, layer] : {std::pair("kml", "-al"), {"gpx", "tracks"}}) {
+        const QString path = m_out.filePath(QStringLiteral("cycle.") + format);
+        const Result result = cli({"export", format, m_card, "--cycle", "2", "--output", path});
+        QVERIFY2(result.status == 0, qPrintable(result.lastError()));
+        const QByteArray read =
+            run(m_home, "ogrinfo", {"-ro", "-geom=SUMMARY", path, layer}).output;
+        for (int flight = 1; flight <= flights; ++flight)
+            QCOMPARE(read.count("Flight " + QByteArray::number(flight) + "\n"), 1);
+    }
 }
 
 void TestCliExport::everyFlightOfACard()
 {
     const QString folder = m_out.filePath("all/kml");
     const Result result = cli({"export", "kml", m_card, "--all", "--output", folder});
-    QVERIFY2(result.status == 0, qPrintable(result.error));
-    const QJsonDocument json = QJsonDocument::fromJson(result.output);
-    const QJsonArray exported = json["exported"].toArray();
-    QVERIFY(exported.size() >= 10 && json["failed"].toArray().isEmpty());
+    QVERIFY2(result.status == 0, qPrintable(result.lastError()));
+    const QJsonArray exported = result.json()["exported"].toArray();
+    QVERIFY(exported.size() >= 10 && result.json()["failed"].toArray().isEmpty());
     QStringList names;
     for (const QJsonValue& entry : exported) {
         names << entry["file"].toString().section('/', -1);
@@ -150,7 +100,7 @@ void TestCliExport::everyFlightOfACard()
     // A second run leaves the files of the first as they are.
     QVERIFY(writeFile(folder + '/' + names[0], "kept"));
     const Result second = cli({"export", "kml", m_card, "--all", "--output", folder});
-    QVERIFY2(second.status == 0, qPrintable(second.error));
+    QVERIFY2(second.status == 0, qPrintable(second.lastError()));
     QCOMPARE(readFile(folder + '/' + names[0]), QByteArray("kept"));
     QCOMPARE(QDir(folder).entryList(QDir::Files).size(), 2 * names.size());
     QVERIFY(QFile::exists(folder + '/' + QString(names[0]).replace(".kml", "_2.kml")));
@@ -177,15 +127,15 @@ void TestCliExport::failingFlightDoesNotStopTheRest()
         QVERIFY(writeFile(card.filePath(QStringLiteral("%1.CAN").arg(cycle)), bytes.bytes()));
     }
     const QString folder = m_out.filePath("some");
-    const Result result = run(KOLT_CLI, {"export", "gpx", card.path(), "--all", "--output", folder,
-                                         "--profile", profile, "--variant", ""});
+    const Result result = run(m_home, KOLT_CLI,
+                              {"export", "gpx", card.path(), "--all", "--output", folder,
+                               "--profile", profile, "--variant", ""});
     QCOMPARE(result.status, 1);
-    QVERIFY2(result.error.startsWith("kolt-cli: 1 flights or cycles failed") &&
-                 result.error.contains("no position"),
-             qPrintable(result.error));
-    const QJsonDocument json = QJsonDocument::fromJson(result.output);
-    QCOMPARE(json["exported"].toArray().size(), 2);
-    QCOMPARE(json["failed"][0]["cycle"].toInt(), 2);
+    QVERIFY2(result.lastError().startsWith("kolt-cli: 1 flights or cycles failed") &&
+                 result.lastError().contains("no position"),
+             qPrintable(result.lastError()));
+    QCOMPARE(result.json()["exported"].toArray().size(), 2);
+    QCOMPARE(result.json()["failed"][0]["cycle"].toInt(), 2);
     QCOMPARE(QDir(folder).entryList(QDir::Files, QDir::Name),
              (QStringList{"Kolt_Cycle1_Flight1.gpx", "Kolt_Cycle3_Flight1.gpx"}));
 }
@@ -200,7 +150,7 @@ void TestCliExport::settingsOfTheProgramCount()
     const QString path = m_out.filePath("settings.kml");
     const Result result = cli({"export", "kml", m_card, "--cycle", "1", "--flight", "1", "--output",
                                path, "--kml-line-color", "a0b0c0", "--kml-place-mark-on=false"});
-    QVERIFY2(result.status == 0, qPrintable(result.error));
+    QVERIFY2(result.status == 0, qPrintable(result.lastError()));
     const QByteArray written = readFile(path);
     QVERIFY(written.contains("<width>7</width>") && written.contains("<color>ffc0b0a0</color>"));
     QVERIFY(!written.contains("Positions"));
@@ -210,37 +160,31 @@ void TestCliExport::settingsOfTheProgramCount()
 
 void TestCliExport::failures_data()
 {
-    QTest::addColumn<QStringList>("arguments");
-    QTest::addColumn<QString>("says");
-
+    const Rows<QStringList, QString> row; // arguments without "export", says
     const QString card = KOLT_SAMPLE_CARD;
-    const auto row = [&](const char* name, const QStringList& more, const char* says) {
-        QTest::newRow(name) << QStringList{"export"} + more << says;
+    const auto with = [&](const char* format, const QStringList& more) {
+        return QStringList{format, card, "--output", "OUT"} + more;
     };
+    const QStringList first{"--cycle", "1"};
     row("nothing", {}, "csv, kml or gpx");
-    row("unknown format", {"pdf", card, "--cycle", "1", "--output", "OUT"}, "not \"pdf\"");
+    row("unknown format", with("pdf", first), "not \"pdf\"");
     row("no folder", {"csv", "--cycle", "1", "--output", "OUT"}, "one folder");
     row("no output", {"csv", card, "--cycle", "1"}, "--output is missing");
-    row("neither cycle nor files", {"csv", card, "--output", "OUT"}, "either");
-    row("all and a cycle", {"csv", card, "--all", "--cycle", "1", "--output", "OUT"}, "--all");
-    row("flight of files", {"csv", card, "--files", "a", "--flight", "1", "--output", "OUT"},
+    row("neither cycle nor files", with("csv", {}), "either");
+    row("all and a cycle", with("csv", first + QStringList{"--all"}), "--all");
+    row("flight of files", with("csv", {"--files", "a", "--flight", "1"}),
         "--flight needs --cycle");
-    row("flight 0", {"csv", card, "--cycle", "1", "--flight", "0", "--output", "OUT"}, "\"0\"");
-    row("unknown flight", {"csv", card, "--cycle", "1", "--flight", "99", "--output", "OUT"},
-        "no flight 99");
-    row("unknown cycle", {"csv", card, "--cycle", "99", "--output", "OUT"}, "no cycle 99");
-    row("no such file", {"csv", card, "--files", "no.CAN", "--output", "OUT"}, "nothing recorded");
-    row("wrong number", {"csv", card, "--cycle", "1", "--output", "OUT", "--CsvResolution", "0"},
+    row("flight 0", with("csv", first + QStringList{"--flight", "0"}), "\"0\"");
+    row("unknown flight", with("csv", first + QStringList{"--flight", "99"}), "no flight 99");
+    row("unknown cycle", with("csv", {"--cycle", "99"}), "no cycle 99");
+    row("no such file", with("csv", {"--files", "no.CAN"}), "nothing recorded");
+    row("wrong number", with("csv", first + QStringList{"--CsvResolution", "0"}),
         "--CsvResolution cannot be \"0\"");
-    row("wrong colour", {"kml", card, "--cycle", "1", "--output", "OUT", "--KmlLineColor", "red"},
-        "\"red\"");
-    row("setting of another format",
-        {"gpx", card, "--cycle", "1", "--output", "OUT", "--CsvResolution", "5"},
+    row("wrong colour", with("kml", first + QStringList{"--KmlLineColor", "red"}), "\"red\"");
+    row("setting of another format", with("gpx", first + QStringList{"--CsvResolution", "5"}),
         "means nothing to an export as gpx");
-    row("unknown parameter",
-        {"csv", card, "--cycle", "1", "--output", "OUT", "--parameter", "No/Such"}, "No/Such");
-    row("no parameter at all",
-        {"csv", card, "--cycle", "1", "--output", "OUT", "--CsvAllParameter", "false"},
+    row("unknown parameter", with("csv", first + QStringList{"--parameter", "No/Such"}), "No/Such");
+    row("no parameter at all", with("csv", first + QStringList{"--CsvAllParameter", "false"}),
         "--parameter is missing");
     row("below the card", {"csv", card, "--cycle", "1", "--output", card + "/new/out.csv"},
         "below the recordings");
@@ -252,21 +196,21 @@ void TestCliExport::failures_data()
 
 void TestCliExport::failures()
 {
-    QFETCH(QStringList, arguments);
-    QFETCH(QString, says);
+    auto [arguments, says] = fetchRow<QStringList, QString>();
     const QString path = m_out.filePath("kept");
     QVERIFY(writeFile(path, "before"));
-    const Result result = cli(arguments.replaceInStrings("OUT", path));
+    arguments.replaceInStrings("OUT", path).prepend("export");
+    const Result result = cli(arguments);
     QVERIFY2(result.status > 0, qPrintable(QString::number(result.status)));
     QCOMPARE(result.output, QByteArray());
-    QVERIFY2(result.error.startsWith("kolt-cli: ") && result.error.contains(says),
-             qPrintable(result.error));
+    QVERIFY2(result.lastError().startsWith("kolt-cli: ") && result.lastError().contains(says),
+             qPrintable(result.lastError()));
     QCOMPARE(readFile(path), QByteArray("before"));
 }
 
 void TestCliExport::helpNamesTheSettings()
 {
-    const Result result = run(KOLT_CLI, {"export", "--help"});
+    const Result result = run(m_home, KOLT_CLI, {"export", "--help"});
     QCOMPARE(result.status, 0);
     for (const char* text : {"kolt-cli export csv|kml|gpx FOLDER", "--all", "--output",
                              "--CsvResolution <N>", "--KmlPolygonColor <RRGGBB>"})

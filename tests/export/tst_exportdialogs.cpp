@@ -3,20 +3,17 @@
 #include "export/DialogExportGpx.h"
 #include "export/DialogExportKml.h"
 #include "export/WidgetColorButton.h"
+#include "tests/support/Buttons.h"
 #include "tests/support/ModalBoxes.h"
-#include "tests/support/ProfileFixture.h"
 #include "tests/support/RecordingFixture.h"
+#include "tests/support/Rows.h"
 
-#include <QCheckBox>
 #include <QColorDialog>
 #include <QDir>
 #include <QGroupBox>
 #include <QLabel>
 #include <QProgressBar>
-#include <QPushButton>
-#include <QRadioButton>
 #include <QSpinBox>
-#include <QTest>
 
 using namespace KOLT;
 using namespace KOLT::Test;
@@ -36,14 +33,15 @@ private slots:
     void whatCannotBeExported();
     void failuresAreTold_data();
     void failuresAreTold();
-    void cardFolderIsNotWrittenTo();
     void suffixIsAddedBeforeOverwriting();
     void cancelKeepsTheFormerFile();
 
 private:
     void open(const QString& suffix);
-    void click(const QString& text);
-    QPushButton* button(const QString& text) const;
+
+    void clickExport() const { click(*m_dialog, "Export..."); }
+
+    bool canExport() const { return labelled(*m_dialog, "Export...")->isEnabled(); }
 
     DialogExport::Source source() const
     {
@@ -56,16 +54,6 @@ private:
     Widget* find(const QString& name) const
     {
         return m_dialog->findChild<Widget*>(name);
-    }
-
-    template <typename Button>
-    Button* labelled(const QString& text) const
-    {
-        for (Button* candidate : m_dialog->findChildren<Button*>()) {
-            if (candidate->text().remove('&').startsWith(text))
-                return candidate;
-        }
-        return nullptr;
     }
 
     std::unique_ptr<QTemporaryDir> m_directory;
@@ -111,16 +99,6 @@ void TestExportDialogs::open(const QString& suffix)
     QVERIFY(QTest::qWaitForWindowExposed(m_dialog.get()));
 }
 
-QPushButton* TestExportDialogs::button(const QString& text) const
-{
-    return labelled<QPushButton>(text);
-}
-
-void TestExportDialogs::click(const QString& text)
-{
-    QTest::mouseClick(button(text), Qt::LeftButton);
-}
-
 void TestExportDialogs::kmlOptionsReachFileAndSettings()
 {
     open("kml");
@@ -140,7 +118,7 @@ void TestExportDialogs::kmlOptionsReachFileAndSettings()
     color->click();
     const QString path = m_directory->filePath("new.kml");
     boxes.answer(path);
-    click("Export...");
+    clickExport();
     QVERIFY(boxes.isDone());
     QCOMPARE(boxes.seen(), QStringList{"Export KML File"});
     QCOMPARE(m_dialog->result(), int{QDialog::Accepted});
@@ -154,11 +132,12 @@ void TestExportDialogs::kmlOptionsReachFileAndSettings()
     stored.setFileName(SettingsStore::instance().fileName());
     const DiagnosticsCapture output;
     stored.load();
-    QCOMPARE(stored.getInteger("KmlLineWidth", 0), 9);
-    QCOMPARE(stored.getInteger("KmlPlaceMarkIntervall", 0), 100);
-    QCOMPARE(stored.getBoolean("KmlPolygonOn", true), false);
-    QCOMPARE(stored.getText("KmlLineColor"), QByteArray("010203"));
-    QCOMPARE(stored.getText("KmlExportDir"), m_directory->path().toUtf8());
+    for (const auto& [key, value] : {std::pair("KmlLineWidth", QByteArray("9")),
+                                     {"KmlPlaceMarkIntervall", "100"},
+                                     {"KmlPolygonOn", "false"},
+                                     {"KmlLineColor", "010203"},
+                                     {"KmlExportDir", m_directory->path().toUtf8()}})
+        QCOMPARE(stored.getText(key), value);
     // The next dialog begins with them.
     open("kml");
     QCOMPARE(find<QSpinBox>("KmlLineWidth")->value(), 9);
@@ -171,14 +150,14 @@ void TestExportDialogs::csvOptionsReachFileAndSettings()
     SettingsStore::instance().setInteger("CsvLimiter", '|'); // none of those offered
     open("csv");
     QVERIFY2(summary().startsWith("1,001 rows, about "), qPrintable(summary()));
-    QVERIFY(!labelled<QCheckBox>("Decimal comma")->isEnabled());
-    labelled<QCheckBox>("Decimal comma")->setChecked(true);
-    labelled<QRadioButton>("Selected parameters (1)")->setChecked(true);
+    QVERIFY(!labelled(*m_dialog, "Decimal comma")->isEnabled());
+    labelled(*m_dialog, "Decimal comma")->setChecked(true);
+    labelled(*m_dialog, "Selected parameters (1)")->setChecked(true);
     find<QSpinBox>("resolution")->setValue(50'000);
     QVERIFY2(summary().startsWith("3 rows, about "), qPrintable(summary()));
     ModalBoxes boxes;
     boxes.answer(m_directory->filePath("new.csv"));
-    click("Export...");
+    clickExport();
     QCOMPARE(readFile(m_directory->filePath("new.csv")).split('\n').value(2),
              QByteArray("2026-07-28|12:00:50.000|50.000|500.500000\r"));
     const SettingsStore& settings = SettingsStore::instance();
@@ -192,62 +171,53 @@ void TestExportDialogs::whatCannotBeExported()
 {
     m_profile.select([](const ProfileParameter&) { return false; });
     open("csv");
-    QVERIFY(button("Export...")->isEnabled());
-    labelled<QRadioButton>("Selected parameters (0)")->setChecked(true);
+    QVERIFY(canExport());
+    labelled(*m_dialog, "Selected parameters (0)")->setChecked(true);
     QCOMPARE(summary(), "No parameters are selected.");
-    QVERIFY(!button("Export...")->isEnabled());
-    labelled<QRadioButton>("All parameters")->setChecked(true);
-    QVERIFY(button("Export...")->isEnabled());
+    QVERIFY(!canExport());
+    labelled(*m_dialog, "All parameters")->setChecked(true);
+    QVERIFY(canExport());
     for (const int t : {2'000'000, 2'000'001}) // weeks later
         add(m_dataSet.messages, 2, t);
     open("csv");
     find<QSpinBox>("resolution")->setValue(10);
-    QVERIFY(summary().contains("too many") && !button("Export...")->isEnabled());
+    QVERIFY(summary().contains("too many") && !canExport());
     m_dataSet.messages.clear();
     add(m_dataSet.messages, 2, 5e11); // damaged
     open("csv");
     QVERIFY(summary().startsWith("No sample with a usable time"));
-    QVERIFY(!button("Export...")->isEnabled());
+    QVERIFY(!canExport());
     m_dataSet.track.clear();
     for (const char* suffix : {"kml", "gpx"}) {
         open(suffix);
         QVERIFY(summary().startsWith("No position was recorded"));
-        QVERIFY(!button("Export...")->isEnabled());
+        QVERIFY(!canExport());
     }
 }
 
 void TestExportDialogs::failuresAreTold_data()
 {
-    QTest::addColumn<QString>("box");
-    QTest::newRow("kml") << "KOLT Warning|Exporting KML file failed !|OK";
-    QTest::newRow("csv") << "KOLT Viewer Warning|Exporting CSV file failed !|OK";
-    QTest::newRow("gpx") << "KOLT Warning|Exporting GPX file failed !|OK";
+    const Rows<QString, QString> row; // the file, what is told
+    row("kml", "/proc/out.kml", "KOLT Warning|Exporting KML file failed !|OK"); // not even for root
+    row("csv", "/proc/out.csv", "KOLT Viewer Warning|Exporting CSV file failed !|OK");
+    row("gpx", "/proc/out.gpx", "KOLT Warning|Exporting GPX file failed !|OK");
+    row("card", "card/sub/out.gpx", "KOLT Warning|Nothing is written to the folder");
 }
 
 void TestExportDialogs::failuresAreTold()
 {
-    QFETCH(QString, box);
-    open(QTest::currentDataTag());
-    ModalBoxes boxes;
-    boxes.answer(QStringLiteral("/proc/out.") + QTest::currentDataTag()); // not even for root
-    boxes.answer("OK");
-    click("Export...");
-    QCOMPARE(QString(boxes.seen().last()).remove('&'), box);
-    QVERIFY(m_dialog->isVisible() && button("Export...")->isEnabled());
-    QVERIFY(m_dialog->exportedPath().isEmpty());
-}
-
-void TestExportDialogs::cardFolderIsNotWrittenTo()
-{
+    const auto [file, told] = fetchRow<QString, QString>();
     QVERIFY(QDir().mkpath(m_directory->filePath("card/sub")));
-    open("gpx");
+    open(file.section('.', -1));
     ModalBoxes boxes;
-    boxes.answer(m_directory->filePath("card/sub/out.gpx"));
+    const QString path = QDir(m_directory->path()).absoluteFilePath(file);
+    boxes.answer(path);
     boxes.answer("OK");
-    click("Export...");
-    QVERIFY(boxes.seen().last().startsWith("KOLT Warning|Nothing is written to the folder"));
-    QVERIFY(m_dialog->isVisible());
-    QVERIFY(!QFile::exists(m_directory->filePath("card/sub/out.gpx")));
+    clickExport();
+    QVERIFY(QString(boxes.seen().last()).remove('&').startsWith(told));
+    QVERIFY(m_dialog->isVisible() && canExport());
+    QVERIFY(m_dialog->exportedPath().isEmpty());
+    QVERIFY(!QFile::exists(path));
 }
 
 void TestExportDialogs::suffixIsAddedBeforeOverwriting()
@@ -259,12 +229,12 @@ void TestExportDialogs::suffixIsAddedBeforeOverwriting()
     boxes.answer(m_directory->filePath("flight"));
     boxes.answer("&No");
     boxes.answer({}); // and the file dialog is left
-    click("Export...");
+    clickExport();
     QVERIFY2(boxes.seen().value(1).contains("flight.gpx"), qPrintable(boxes.seen().join('\n')));
     QCOMPARE(readFile(path), QByteArray("before"));
     boxes.answer(m_directory->filePath("flight"));
     boxes.answer("&Yes");
-    click("Export...");
+    clickExport();
     QVERIFY(readFile(path).contains("<trkpt"));
 }
 
@@ -286,14 +256,14 @@ void TestExportDialogs::cancelKeepsTheFormerFile()
         if (!progress->isVisible())
             return;
         ++looks; // the window is alive while it works
-        QVERIFY(!button("Export...")->isEnabled() && !find<QSpinBox>("resolution")->isEnabled());
+        QVERIFY(!canExport() && !find<QSpinBox>("resolution")->isEnabled());
         if (looks == 2)
             m_dialog->close(); // only ends the work
         if (looks == 3)
-            click("Cancel");
+            click(*m_dialog, "Cancel");
     });
     look.start(1);
-    click("Export...");
+    clickExport();
     look.stop();
     QVERIFY2(looks >= 2, qPrintable(QString::number(looks)));
     QVERIFY(m_dialog->isVisible() && !progress->isVisible());
@@ -301,7 +271,7 @@ void TestExportDialogs::cancelKeepsTheFormerFile()
     QCOMPARE(readFile(path), QByteArray("before"));
     QCOMPARE(QDir(m_directory->path()).entryList({"long*"}, QDir::Files | QDir::Hidden),
              QStringList{"long.csv"});
-    QVERIFY(button("Export...")->isEnabled());
+    QVERIFY(canExport());
 }
 
 QTEST_MAIN(TestExportDialogs)

@@ -20,14 +20,16 @@ inline GraphTrace traceOf(const std::vector<std::tuple<double, double, int>>& sa
 }
 
 /// A plot of 400 by 200 pixels over 0 to 100 s, with two bands of 0 to 10.
-inline void prepare(Graph& graph)
+inline Graph prepared()
 {
+    Graph graph;
     graph.setTraceCount(2);
     graph.settings.isAutoscaled = false;
     graph.settings.yMinimum = 0.0;
     graph.settings.yMaximum = 10.0;
     graph.setSize(Graph::leftMargin + 400.0 + Graph::rightMargin, 200.0 + Graph::bottomMargin);
     graph.setWindow(0.0, 100.0);
+    return graph;
 }
 
 inline QPointF placeOf(const Graph& graph, double seconds, double yFromTop)

@@ -1,13 +1,8 @@
 #include "graph/GraphScene.h"
 #include "tests/graph/GraphSupport.h"
-#include "tests/support/ProfileFixture.h"
-#include "tests/support/RecordingFixture.h"
-
-#include <QTest>
+#include "tests/support/Rows.h"
 
 #include <cmath>
-#include <map>
-#include <random>
 
 using namespace KOLT;
 using namespace KOLT::Test;
@@ -70,8 +65,7 @@ void TestGraph::traceCountAndColors()
 
 void TestGraph::mappingGoesRoundTrip()
 {
-    Graph graph;
-    prepare(graph);
+    Graph graph = prepared();
     QCOMPARE(graph.xOf(0.0), Graph::leftMargin);
     QCOMPARE(graph.xOf(100.0), Graph::leftMargin + 400.0);
     QCOMPARE(graph.timeAt(graph.xOf(33.0)), 33.0);
@@ -86,8 +80,7 @@ void TestGraph::mappingGoesRoundTrip()
 
 void TestGraph::bandsOfVisibleTraces()
 {
-    Graph graph;
-    prepare(graph);
+    Graph graph = prepared();
     graph.setTraceCount(4);
     graph.setVisible(1, false);
     graph.rebuild();
@@ -102,24 +95,24 @@ void TestGraph::bandsOfVisibleTraces()
 
 void TestGraph::scalesToTheVisibleWindow()
 {
-    Graph graph;
-    prepare(graph);
+    Graph graph = prepared();
     graph.settings.isAutoscaled = true;
+    GraphTrace& climbing = graph.trace(0);
+    GraphTrace& flat = graph.trace(1);
     for (int i = 0; i <= 100; ++i) {
-        graph.trace(0).append(i, i, 1);
-        graph.trace(1).append(i, 5.0, 1);
+        climbing.append(i, i, 1);
+        flat.append(i, 5.0, 1);
     }
     graph.setWindow(20.0, 40.0);
-    QCOMPARE(graph.trace(0).lower, 17.95); // 19 to 40, with 5 % room
-    QCOMPARE(graph.trace(0).upper, 41.05);
-    QCOMPARE(graph.trace(1).lower + graph.trace(1).upper, 10.0); // flat: centred
-    QVERIFY(graph.trace(1).upper > 5.0);
-    graph.trace(0).append(101.0, std::numeric_limits<double>::infinity(), 1);
-    graph.trace(0).append(102.0, -std::numeric_limits<double>::infinity(), 1);
-    graph.trace(0).append(103.0, 110.0, 1);
+    QCOMPARE(climbing.lower, 17.95); // 19 to 40, with 5 % room
+    QCOMPARE(climbing.upper, 41.05);
+    QCOMPARE(flat.lower + flat.upper, 10.0); // centred
+    QVERIFY(flat.upper > 5.0);
+    for (const double value : {HUGE_VAL, -HUGE_VAL, 110.0})
+        climbing.append(climbing.lastTime() + 1.0, value, 1);
     graph.setWindow(95.0, 110.0);
-    QCOMPARE(graph.trace(0).lower, 93.2); // 94 to 110
-    QCOMPARE(graph.trace(0).upper, 110.8);
+    QCOMPARE(climbing.lower, 93.2); // 94 to 110
+    QCOMPARE(climbing.upper, 110.8);
     graph.setWindow(20.0, 40.0);
     graph.settings.isSplit = false;
     graph.rebuild();
@@ -147,8 +140,7 @@ void TestGraph::scaleLeavesOutWhatLiesBehindGaps()
 
 void TestGraph::cursorModes()
 {
-    Graph graph;
-    prepare(graph);
+    Graph graph = prepared();
     QVERIFY(graph.setCursorTime(70.0));
     QCOMPARE(graph.windowStart, 20.0);
     graph.settings.cursorMode = CursorMode::Floating;
@@ -166,8 +158,7 @@ void TestGraph::cursorModes()
 
 void TestGraph::timeSpanKeepsAnEnd()
 {
-    Graph graph;
-    prepare(graph);
+    Graph graph = prepared();
     graph.setTimeSpan(40.0);
     QCOMPARE(graph.windowStart, 60.0);
     graph.settings.isAutomatic = false;
@@ -180,33 +171,21 @@ void TestGraph::timeSpanKeepsAnEnd()
 
 void TestGraph::keys_data()
 {
-    QTest::addColumn<int>("key");
-    QTest::addColumn<bool>("isShift");
-    QTest::addColumn<double>("time"); // cursor from 50 s and 5.0, in pixels of 482 and 100
-    QTest::addColumn<double>("value");
-    QTest::addColumn<double>("newValue");
-    QTest::addColumn<int>("selected");
-
+    // key, isShift; from 50 s and a value to a time and a value, in pixels of 482 and 100; selected
+    const Rows<Qt::Key, bool, double, double, double, int> row;
     const double pixel = 100.0 / (Graph::leftMargin + 400.0 + Graph::rightMargin);
-    QTest::newRow("left") << int(Qt::Key_Left) << false << 50.0 - pixel << 5.0 << 5.0 << 0;
-    QTest::newRow("right, far") << int(Qt::Key_Right) << true << 50.0 + 10 * pixel << 5.0 << 5.0
-                                << 0;
-    QTest::newRow("up") << int(Qt::Key_Up) << false << 50.0 << 5.0 << 5.1 << 0;
-    QTest::newRow("down, far") << int(Qt::Key_Down) << true << 50.0 << 5.0 << 4.0 << 0;
-    QTest::newRow("down, into the band below")
-        << int(Qt::Key_Down) << true << 50.0 << 0.4 << 9.4 << 1;
+    row("left", Qt::Key_Left, false, 5.0, 50.0 - pixel, 5.0, 0);
+    row("right, far", Qt::Key_Right, true, 5.0, 50.0 + 10 * pixel, 5.0, 0);
+    row("up", Qt::Key_Up, false, 5.0, 50.0, 5.1, 0);
+    row("down, far", Qt::Key_Down, true, 5.0, 50.0, 4.0, 0);
+    row("down, into the band below", Qt::Key_Down, true, 0.4, 50.0, 9.4, 1);
 }
 
 void TestGraph::keys()
 {
-    QFETCH(int, key);
-    QFETCH(bool, isShift);
-    QFETCH(double, time);
-    QFETCH(double, value);
-    QFETCH(double, newValue);
-    QFETCH(int, selected);
-    Graph graph;
-    prepare(graph);
+    const auto [key, isShift, value, time, newValue, selected] =
+        fetchRow<Qt::Key, bool, double, double, double, int>();
+    Graph graph = prepared();
     GraphInput input(graph);
     graph.cursorTime = 50.0;
     graph.cursorValue = value;
@@ -234,48 +213,31 @@ void TestGraph::keys()
 
 void TestGraph::mouse_data()
 {
-    QTest::addColumn<int>("button");
-    QTest::addColumn<int>("modifiers");
-    QTest::addColumn<QString>("pressed"); // at 20 s
-    QTest::addColumn<QString>("moved");   // to 40 s
-    QTest::addColumn<QString>("released");
-    QTest::addColumn<double>("windowStart");
-
-    const auto none = int(Qt::NoModifier);
-    QTest::newRow("left: markers") << int(Qt::LeftButton) << none << "marker 20 20"
-                                   << "marker 20 40, cursor 40 5, marker 20 40"
-                                   << "" << 0.0;
-    QTest::newRow("ctrl+left: cursor")
-        << int(Qt::LeftButton) << int(Qt::ControlModifier) << "cursor 20 5"
-        << "cursor 40 5"
-        << "" << 0.0;
-    QTest::newRow("shift+left: marker and pan")
-        << int(Qt::LeftButton) << int(Qt::ShiftModifier) << "marker 20 80"
-        << "marker 40 80, cursor 40 5, marker 40 80, man 0 0"
-        << "" << -20.0;
-    QTest::newRow("middle: cursor") << int(Qt::MiddleButton) << none << "cursor 20 5"
-                                    << "cursor 40 5"
-                                    << "finished 0 0" << 0.0;
-    QTest::newRow("right: pan") << int(Qt::RightButton) << none << ""
-                                << "man 0 0"
-                                << "" << -20.0;
+    // button, modifier, reports when pressed at 20 s, moved to 40 s and released, windowStart
+    const Rows<Qt::MouseButton, Qt::KeyboardModifier, QString, QString, QString, double> row;
+    row("left: markers", Qt::LeftButton, Qt::NoModifier, "marker 20 20",
+        "marker 20 40, cursor 40 5, marker 20 40", "", 0.0);
+    row("ctrl+left: cursor", Qt::LeftButton, Qt::ControlModifier, "cursor 20 5", "cursor 40 5", "",
+        0.0);
+    row("shift+left: marker and pan", Qt::LeftButton, Qt::ShiftModifier, "marker 20 80",
+        "marker 40 80, cursor 40 5, marker 40 80, man 0 0", "", -20.0);
+    row("middle: cursor", Qt::MiddleButton, Qt::NoModifier, "cursor 20 5", "cursor 40 5",
+        "finished 0 0", 0.0);
+    row("right: pan", Qt::RightButton, Qt::NoModifier, "", "man 0 0", "", -20.0);
 }
 
 void TestGraph::mouse()
 {
-    QFETCH(int, button);
-    QFETCH(int, modifiers);
-    Graph graph;
-    prepare(graph);
+    const auto [button, keys, pressed, moved, released, windowStart] =
+        fetchRow<Qt::MouseButton, Qt::KeyboardModifier, QString, QString, QString, double>();
+    Graph graph = prepared();
     graph.markerLeft = 10.0;
     graph.markerRight = 80.0;
     GraphInput input(graph);
-    const auto keys = static_cast<Qt::KeyboardModifiers>(modifiers);
-    const auto pressed = static_cast<Qt::MouseButton>(button);
-    QTEST(describe(input.mousePress(pressed, placeOf(graph, 20.0, 50.0), keys).reports), "pressed");
-    QTEST(describe(input.mouseMove(placeOf(graph, 40.0, 50.0), keys).reports), "moved");
-    QTEST(describe(input.mouseRelease(pressed).reports), "released");
-    QTEST(graph.windowStart, "windowStart");
+    QCOMPARE(describe(input.mousePress(button, placeOf(graph, 20.0, 50.0), keys).reports), pressed);
+    QCOMPARE(describe(input.mouseMove(placeOf(graph, 40.0, 50.0), keys).reports), moved);
+    QCOMPARE(describe(input.mouseRelease(button).reports), released);
+    QCOMPARE(graph.windowStart, windowStart);
     QVERIFY(graph.markerLeft <= graph.markerRight);
     QVERIFY(input.mouseMove(placeOf(graph, 60.0, 50.0), keys).reports.empty());
     QCOMPARE(graph.pointerTime, graph.timeAt(graph.xOf(60.0)));
@@ -284,8 +246,7 @@ void TestGraph::mouse()
 void TestGraph::holdOfTheCursor()
 {
     using Hold = GraphResponse::Hold;
-    Graph graph;
-    prepare(graph);
+    Graph graph = prepared();
     GraphInput input(graph);
     const QPointF place = placeOf(graph, 30.0, 50.0);
     QCOMPARE(input.mousePress(Qt::LeftButton, place, Qt::ControlModifier).hold, Hold::Timed);
@@ -301,8 +262,7 @@ void TestGraph::holdOfTheCursor()
 
 void TestGraph::handleDragMovesATrace()
 {
-    Graph graph;
-    prepare(graph);
+    Graph graph = prepared();
     graph.markerLeft = 10.0;
     graph.markerRight = 80.0;
     GraphInput input(graph);
@@ -320,8 +280,7 @@ void TestGraph::handleDragMovesATrace()
 
 void TestGraph::wheelZoomsAboutThePointer()
 {
-    Graph graph;
-    prepare(graph);
+    Graph graph = prepared();
     GraphInput input(graph);
     // The replay moved the window since the pointer came there.
     input.mouseMove(placeOf(graph, 25.0, 50.0), {});

@@ -6,9 +6,10 @@
 #include "graph/WidgetGraphES.h"
 #include "record/DataSet.h"
 #include "resources/Resources.h"
+#include "tests/support/Buttons.h"
 #include "tests/support/ModalBoxes.h"
-#include "tests/support/ProfileFixture.h"
 #include "tests/support/RecordingFixture.h"
+#include "tests/support/Rows.h"
 
 #include <QButtonGroup>
 #include <QCheckBox>
@@ -16,9 +17,7 @@
 #include <QComboBox>
 #include <QImage>
 #include <QLineEdit>
-#include <QPushButton>
 #include <QSignalSpy>
-#include <QTest>
 #include <QToolButton>
 
 using namespace KOLT;
@@ -44,15 +43,26 @@ private slots:
     void replayPagesAndCentres();
     void mouseReachesTheSignals();
     void keyGivesTheCursorBack();
-    void otherDataEndTheHold();
     void draggedHandleGivesAnOrder();
-    void refreshKeepsMarkersAndSelection();
     void longRecordingsAppearByAndBy();
     void setupChangesTheGraph();
     void settingsAreKept();
     void snapshot();
 
 private:
+    void makePage()
+    {
+        m_page = std::make_unique<DialogDataGraph>(m_profile);
+        m_page->setShown(true);
+    }
+
+    void selectAllOf(const QByteArray& devices)
+    {
+        m_page.reset(); // it points into the profile
+        QVERIFY(loadProfile(m_profile, devices));
+        m_profile.select([](const ProfileParameter&) { return true; });
+    }
+
     const Graph& graph() const { return m_page->widget().graph(); }
 
     WidgetGraphBase* widget() const { return m_page->findChild<WidgetGraphBase*>(); }
@@ -83,17 +93,15 @@ void TestGraphPage::init()
                                      {"GraphYMinimum", "-100"},
                                      {"GraphYMaximum", "100"}})
         SettingsStore::instance().setText(key, value);
-    QVERIFY(loadProfile(m_profile, device({"name='a' id='1' dataType='FLOAT' precision='1'",
-                                           "name='b' id='1' startByte='4' dataType='FLOAT'"})));
-    m_profile.select([](const ProfileParameter&) { return true; });
+    selectAllOf(device({"name='a' id='1' dataType='FLOAT' precision='1'",
+                        "name='b' id='1' startByte='4' dataType='FLOAT'"}));
     m_dataSet = std::make_unique<DataSet>();
     for (int i = 0; i <= 1000; ++i)
         add(m_dataSet->messages, 1, 100.0 + i * 0.1, floats(static_cast<float>(i % 100), 5.0F));
     m_dataSet->startSeconds = 100.0;
     m_dataSet->stopSeconds = 200.0;
-    m_page = std::make_unique<DialogDataGraph>(m_profile);
+    makePage();
     m_page->resize(700, 500);
-    m_page->setShown(true);
     m_page->setData(m_dataSet.get());
     m_page->setTime(150.0);
     m_page->show();
@@ -157,17 +165,16 @@ int strangers(const QImage& picture, const QImage& other)
 
 void TestGraphPage::bothWaysOfDrawingAgree_data()
 {
-    QTest::addColumn<bool>("isCore");  // of the context for the primitives
-    QTest::addColumn<bool>("isLarge"); // the font, changed after the first frame
-    QTest::newRow("any profile") << false << false;
-    QTest::newRow("core profile") << true << false;
-    QTest::newRow("large font") << false << true;
+    // A core profile for the primitives' context, a large font after the first frame.
+    const Rows<bool, bool> row;
+    row("any profile", false, false);
+    row("core profile", true, false);
+    row("large font", false, true);
 }
 
 void TestGraphPage::bothWaysOfDrawingAgree()
 {
-    QFETCH(bool, isCore);
-    QFETCH(bool, isLarge);
+    const auto [isCore, isLarge] = fetchRow<bool, bool>();
     WidgetGraph fixedFunction;
     WidgetGraphES primitives;
     if (isCore) {
@@ -232,13 +239,12 @@ void TestGraphPage::buttons()
     QCOMPARE(tips.join(", "),
              "Zoom In, Zoom Out, Zoom 1:1, Zoom Marker, Clear All-, Automatic Mode-, Split Mode, "
              "Single Graph Mode, Reset all to default-, Setup-, Snapshot");
+    const auto window = [&] { return std::pair(graph().windowStart, graph().windowEnd); };
     QTest::mouseClick(button(2), Qt::LeftButton);
-    QCOMPARE(graph().windowStart, 90.0);
-    QCOMPARE(graph().windowEnd, 210.0);
+    QCOMPARE(window(), std::pair(90.0, 210.0));
     QTest::keyClick(widget(), Qt::Key_M);
     QTest::mouseClick(button(3), Qt::LeftButton);
-    QCOMPARE(graph().windowStart, 120.0);
-    QCOMPARE(graph().windowEnd, 180.0);
+    QCOMPARE(window(), std::pair(120.0, 180.0));
     QVERIFY(button(6)->isChecked() && !button(7)->isChecked());
     QTest::mouseClick(button(7), Qt::LeftButton);
     QVERIFY(!graph().settings.isSplit && button(7)->isChecked() && !button(6)->isChecked());
@@ -278,8 +284,7 @@ void TestGraphPage::replayPagesAndCentres()
     m_page->setTime(170.0);
     QCOMPARE(graph().windowStart, 140.0); // centred
     SettingsStore::instance().setText("GraphCursorMode", "0");
-    m_page = std::make_unique<DialogDataGraph>(m_profile);
-    m_page->setShown(true);
+    makePage();
     m_page->setData(m_dataSet.get());
     m_page->setTime(100.0);
     const double start = graph().windowStart;
@@ -328,12 +333,8 @@ void TestGraphPage::keyGivesTheCursorBack()
     QTRY_VERIFY_WITH_TIMEOUT(!graph().isCursorHeld, 8000); // after five seconds
     QCOMPARE(graph().cursorTime, 180.0);                   // it follows the replay again
     QCOMPARE(graph().windowStart, 150.0);
-}
-
-void TestGraphPage::otherDataEndTheHold()
-{
     QTest::keyClick(widget(), Qt::Key_Right);
-    DataSet other;
+    DataSet other; // ends it at once
     add(other.messages, 1, 5000.0, floats(1.0F));
     add(other.messages, 1, 5200.0, floats(2.0F));
     other.startSeconds = 5000.0;
@@ -348,6 +349,9 @@ void TestGraphPage::otherDataEndTheHold()
 void TestGraphPage::draggedHandleGivesAnOrder()
 {
     QSignalSpy order(m_page.get(), &DialogDataGraph::signalOrder);
+    QTest::mouseClick(widget(), Qt::MiddleButton, {}, place(140.0, widget()->height() - 60));
+    QCOMPARE(graph().selectedTrace, 1);
+    QTest::keyClick(widget(), Qt::Key_M);
     const auto row = static_cast<int>(graph().rowHeight());
     QTest::mousePress(widget(), Qt::LeftButton, {}, QPoint(10, row / 2));
     QTest::mouseMove(widget(), QPoint(10, row + row / 2));
@@ -356,31 +360,18 @@ void TestGraphPage::draggedHandleGivesAnOrder()
     const QStringList names = order.front().value(0).toStringList();
     QCOMPARE(names, (QStringList{"D/b", "D/a"}));
     m_profile.setDisplayOrder(names); // as the main window does
-    const double start = graph().windowStart;
-    m_page->refresh();
-    QCOMPARE(graph().trace(0).name, "b");
-    QCOMPARE(graph().windowStart, start);
-    QCOMPARE(m_profile.selectedParameters().front()->name, "b");
-    m_profile.setDisplayOrder({});
-}
-
-void TestGraphPage::refreshKeepsMarkersAndSelection()
-{
-    QTest::mouseClick(widget(), Qt::MiddleButton, {}, place(140.0, widget()->height() - 60));
-    QCOMPARE(graph().selectedTrace, 1);
-    QTest::keyClick(widget(), Qt::Key_M);
-    const double left = graph().markerLeft;
-    const double right = graph().markerRight;
-    QVERIFY(left < right);
-    m_profile.setDisplayOrder({"D/b", "D/a"});
+    const auto kept = [&] {
+        return QList<double>{graph().windowStart, graph().markerLeft, graph().markerRight};
+    };
+    const QList<double> before = kept();
+    QVERIFY(before[1] < before[2]);
     m_page->refresh();
     QCOMPARE(graph().trace(0).name, "b");
     QCOMPARE(graph().selectedTrace, 0);
-    QCOMPARE(graph().markerLeft, left);
-    QCOMPARE(graph().markerRight, right);
+    QCOMPARE(kept(), before);
+    QCOMPARE(m_profile.selectedParameters().front()->name, "b");
     m_page->setData(m_dataSet.get());
-    QCOMPARE(graph().markerLeft, 100.0);
-    QCOMPARE(graph().markerRight, 100.0);
+    QCOMPARE(kept().mid(1), (QList<double>{100.0, 100.0}));
     m_profile.setDisplayOrder({});
 }
 
@@ -391,11 +382,8 @@ void TestGraphPage::longRecordingsAppearByAndBy()
     for (int i = 0; i < traces; ++i)
         parameters +=
             "<Parameter name='p" + QByteArray::number(i + 10) + "' id='1' dataType='FLOAT'/>";
-    m_page.reset(); // it points into the profile
-    QVERIFY(loadProfile(m_profile, "<Device name='D'>" + parameters + "</Device>"));
-    m_profile.select([](const ProfileParameter&) { return true; });
-    m_page = std::make_unique<DialogDataGraph>(m_profile);
-    m_page->setShown(true);
+    selectAllOf("<Device name='D'>" + parameters + "</Device>");
+    makePage();
     auto recording = std::make_unique<DataSet>();
     for (int i = 0; i < 200'000; ++i)
         add(recording->messages, 1, i * 0.1, floats(static_cast<float>(i % 100)));
@@ -431,30 +419,21 @@ void TestGraphPage::setupChangesTheGraph()
     auto* const setup = m_page->findChild<DialogGraphSetup*>();
     QVERIFY(setup->isVisible());
     const QSignalSpy changed(setup, &DialogGraphSetup::signalChanged);
-    for (auto* box : setup->findChildren<QCheckBox*>()) {
-        if (box->text() == "Legend On" || box->text() == "Autoscale On")
-            box->click();
-    }
+    for (const char* box : {"Legend On", "Autoscale On"})
+        labelled<QCheckBox>(*setup, box)->click();
     QVERIFY(!graph().settings.hasLegend && !graph().settings.isAutoscaled);
     setup->findChild<QComboBox*>()->setCurrentIndex(2);
     QCOMPARE(graph().settings.cursorMode, CursorMode::End);
     const auto edits = setup->findChildren<QLineEdit*>();
     edits.at(0)->setText("-7.5");
-    edits.at(1)->setText("no number");
     QCOMPARE(graph().settings.yMinimum, -7.5);
-    QCOMPARE(graph().settings.yMaximum, 0.0);
-    edits.at(1)->setText("nan");
-    QCOMPARE(graph().settings.yMaximum, 0.0);
-    edits.at(1)->setText("1e999");
-    QCOMPARE(graph().settings.yMaximum, 0.0);
+    for (const char* text : {"no number", "nan", "1e999"}) {
+        edits.at(1)->setText(text);
+        QCOMPARE(graph().settings.yMaximum, 0.0);
+    }
     QCOMPARE(changed.size(), 7);
     ModalBoxes boxes; // cancels the colour dialog
-    for (auto* select : setup->findChildren<QPushButton*>()) {
-        if (select->text() == "Select") {
-            QTest::mouseClick(select, Qt::LeftButton);
-            break;
-        }
-    }
+    click(*setup, "Select");
     QCOMPARE(graph().settings.background, QColor(0, 0, 0));
     QCOMPARE(changed.size(), 8); // applied all the same
 }
@@ -521,14 +500,13 @@ void TestGraphPage::snapshot()
     }
     QCOMPARE(QApplication::clipboard()->image().convertToFormat(QImage::Format_RGB32),
              widget()->grab().toImage().convertToFormat(QImage::Format_RGB32));
-    boxes.answer("/proc/none/picture.bmp");
-    boxes.answer("OK");
-    QTest::mouseClick(button(10), Qt::LeftButton);
-    QVERIFY(boxes.seen().back().contains("/proc/none/picture.bmp"));
-    boxes.answer(m_directory.filePath("picture.xyz"));
-    boxes.answer("OK");
-    QTest::mouseClick(button(10), Qt::LeftButton);
-    QVERIFY(boxes.seen().back().contains("picture.xyz"));
+    for (const QString& bad :
+         {QStringLiteral("/proc/none/picture.bmp"), m_directory.filePath("picture.xyz")}) {
+        boxes.answer(bad);
+        boxes.answer("OK");
+        QTest::mouseClick(button(10), Qt::LeftButton);
+        QVERIFY(boxes.seen().back().contains(bad));
+    }
 }
 
 QTEST_MAIN(TestGraphPage)

@@ -3,17 +3,15 @@
 #include "graph/GraphTicks.h"
 #include "graph/TraceFeeder.h"
 #include "tests/graph/GraphSupport.h"
-#include "tests/support/ProfileFixture.h"
 #include "tests/support/RecordingFixture.h"
+#include "tests/support/Rows.h"
 
 #include <QLineF>
-#include <QTest>
 
 #include <cmath>
 #include <functional>
 #include <map>
 #include <numeric>
-#include <random>
 
 using namespace KOLT;
 using namespace KOLT::Test;
@@ -62,25 +60,20 @@ std::vector<QLineF> linesOf(Graph& graph, double pixelRatio)
 
 void TestGraphScene::timeTicksForSpans_data()
 {
-    QTest::addColumn<double>("span");
-    QTest::addColumn<double>("step"); // of major lines, in a plot of 700 pixels
-    QTest::addColumn<int>("minor");
-
-    QTest::newRow("0.3 s") << 0.3 << 0.05 << 5;
-    QTest::newRow("6 s") << 6.0 << 1.0 << 5;
-    QTest::newRow("4 s") << 4.0 << 0.5 << 5;
-    QTest::newRow("15 s") << 15.0 << 2.0 << 4;
-    QTest::newRow("30 s") << 30.0 << 5.0 << 5;
-    QTest::newRow("60 s") << 60.0 << 10.0 << 5;
-    QTest::newRow("250 s") << 250.0 << 50.0 << 5;
-    QTest::newRow("an hour") << 3600.0 << 500.0 << 5;
+    const Rows<double, double, int> row; // span; step of major lines in 700 pixels; minor ones
+    row("0.3 s", 0.3, 0.05, 5);
+    row("6 s", 6.0, 1.0, 5);
+    row("4 s", 4.0, 0.5, 5);
+    row("15 s", 15.0, 2.0, 4);
+    row("30 s", 30.0, 5.0, 5);
+    row("60 s", 60.0, 10.0, 5);
+    row("250 s", 250.0, 50.0, 5);
+    row("an hour", 3600.0, 500.0, 5);
 }
 
 void TestGraphScene::timeTicksForSpans()
 {
-    QFETCH(double, span);
-    QFETCH(double, step);
-    QFETCH(int, minor);
+    const auto [span, step, minor] = fetchRow<double, double, int>();
     const std::vector<GraphTick> ticks = timeTicks(1000.0, 1000.0 + span, 700.0);
     std::vector<double> major;
     int between = 0;
@@ -114,10 +107,8 @@ void TestGraphScene::valueTicksStayApart()
 
 void TestGraphScene::sceneBreaksLinesAtGaps()
 {
-    Graph graph;
-    prepare(graph);
+    Graph graph = prepared();
     graph.setTraceCount(1);
-    graph.setSize(graph.width(), graph.height());
     for (const auto& [time, mark] : {std::pair(10.0, 1), {20.0, 1}, {60.0, 0}, {70.0, 1}})
         graph.trace(0).append(time, 5.0, mark);
     graph.setWindow(0.0, 100.0);
@@ -150,18 +141,16 @@ void TestGraphScene::cursorTextStaysInThePlot()
 
 void TestGraphScene::sceneJoinsStrokes_data()
 {
-    QTest::addColumn<double>("pixelRatio");
-    QTest::addColumn<double>("pixelsPerSample");
+    const Rows<double, double> row; // pixelRatio, pixelsPerSample
     for (const double ratio : {1.0, 1.5, 2.0}) {
         for (const double pixels : {0.003, 0.09, 0.4, 0.77, 1.3, 7.0})
-            QTest::addRow("%g at %g", pixels, ratio) << ratio << pixels;
+            row(qPrintable(QString::asprintf("%g at %g", pixels, ratio)), ratio, pixels);
     }
 }
 
 void TestGraphScene::sceneJoinsStrokes()
 {
-    QFETCH(double, pixelRatio);
-    QFETCH(double, pixelsPerSample);
+    const auto [pixelRatio, pixelsPerSample] = fetchRow<double, double>();
     Graph graph;
     graph.setTraceCount(1);
     graph.setSize(400.0, 200.0);
@@ -185,8 +174,8 @@ void TestGraphScene::sceneJoinsStrokes()
         if (line.dx() == 0.0) { // as wide as its trace
             const double width = std::max(1.0, std::round(1.4 * pixelRatio));
             for (double px = 0.0; px < width; px += 1.0) {
-                reach(line.x1() * pixelRatio + px - (width - 1.0) / 2.0, line.y1());
-                reach(line.x1() * pixelRatio + px - (width - 1.0) / 2.0, line.y2());
+                for (const double y : {line.y1(), line.y2()})
+                    reach(line.x1() * pixelRatio + px - (width - 1.0) / 2.0, y);
             }
             continue;
         }
@@ -194,8 +183,8 @@ void TestGraphScene::sceneJoinsStrokes()
         const double begin = line.x1() * pixelRatio;
         const double end = line.x2() * pixelRatio;
         for (double x = std::ceil(begin - 0.5) + 0.5; x < end; x += 1.0) {
-            reach(x, line.pointAt((x - 0.5 - begin) / (end - begin)).y());
-            reach(x, line.pointAt((x + 0.5 - begin) / (end - begin)).y());
+            for (const double side : {-0.5, 0.5})
+                reach(x, line.pointAt((x + side - begin) / (end - begin)).y());
         }
     }
     const double first = graph.xOf(0.0) * pixelRatio;
@@ -211,22 +200,16 @@ void TestGraphScene::sceneJoinsStrokes()
 
 void TestGraphScene::textsKeepApart_data()
 {
-    QTest::addColumn<int>("traces");
-    QTest::addColumn<bool>("isSplit");
-    QTest::addColumn<double>("fontScale");
-    QTest::addColumn<int>("left"); // out, in the legend
-
-    QTest::newRow("a few bands") << 4 << true << 1.0 << 0;
-    QTest::newRow("bands lower than a line") << 40 << true << 1.0 << 18;
-    QTest::newRow("one scale") << 40 << false << 1.0 << 18;
-    QTest::newRow("no room beside the panel") << 12 << true << 2.2 << 12;
+    const Rows<int, bool, double, int> row; // traces, isSplit, fontScale, left out, in the legend
+    row("a few bands", 4, true, 1.0, 0);
+    row("bands lower than a line", 40, true, 1.0, 18);
+    row("one scale", 40, false, 1.0, 18);
+    row("no room beside the panel", 12, true, 2.2, 12);
 }
 
 void TestGraphScene::textsKeepApart()
 {
-    QFETCH(int, traces);
-    QFETCH(bool, isSplit);
-    QFETCH(double, fontScale);
+    const auto [traces, isSplit, fontScale, left] = fetchRow<int, bool, double, int>();
     Graph graph;
     graph.setTraceCount(traces);
     graph.settings.isSplit = isSplit;
@@ -271,7 +254,6 @@ void TestGraphScene::textsKeepApart()
         for (const QRectF& box : boxes)
             QVERIFY(x == panelLeft || !panel.intersects(box));
     }
-    QFETCH(int, left);
     QCOMPARE(values, traces - left);
     QCOMPARE(more.isEmpty(), left == 0);
 }
@@ -279,16 +261,13 @@ void TestGraphScene::textsKeepApart()
 void TestGraphScene::thresholdLines()
 {
     Profile profile;
-    QVERIFY(loadProfile(profile, "<ThresholdList><Threshold name='T'>"
-                                 "<Value val='10' color='#ff8800' state='WARNING'/>"
-                                 "<Value val='90' color='#ff0000' state='LIMIT'/>"
-                                 "</Threshold></ThresholdList>" +
+    QVERIFY(loadProfile(profile, threshold("T", {"val='10' color='#ff8800' state='WARNING'",
+                                                 "val='90' color='#ff0000' state='LIMIT'"}) +
                                      device({"name='a' id='1' dataType='FLOAT' thresholdId='T'"})));
     DataSet dataSet;
     for (const double seconds : {0.0, 50.0, 100.0})
         add(dataSet.messages, 1, seconds, floats(static_cast<float>(seconds) * 0.5F));
-    Graph graph;
-    prepare(graph);
+    Graph graph = prepared();
     graph.settings.yMaximum = 50.0;
     graph.setTraceCount(1);
     feedTrace(graph, 0, profile, profile.parameters().front(), dataSet);
@@ -348,20 +327,17 @@ void TestGraphScene::legendTexts()
 
 void TestGraphScene::decimalsFollowTheRange_data()
 {
-    QTest::addColumn<int>("precision");
-    QTest::addColumn<float>("extent"); // from 0.00025 on
-    QTest::addColumn<QString>("text");
-    QTest::newRow("three are enough") << 6 << 10.0F << "0.000";
-    QTest::newRow("the range needs more") << 6 << 0.001F << "0.00025";
-    QTest::newRow("the parameter has no more") << 4 << 0.001F << "0.0002";
-    QTest::newRow("a flat one") << 6 << 0.0F << "0.000250";
-    QTest::newRow("fewer") << 1 << 0.001F << "0.0";
+    const Rows<int, float, QString> row; // precision, extent from 0.00025 on, text
+    row("three are enough", 6, 10.0F, "0.000");
+    row("the range needs more", 6, 0.001F, "0.00025");
+    row("the parameter has no more", 4, 0.001F, "0.0002");
+    row("a flat one", 6, 0.0F, "0.000250");
+    row("fewer", 1, 0.001F, "0.0");
 }
 
 void TestGraphScene::decimalsFollowTheRange()
 {
-    QFETCH(int, precision);
-    QFETCH(float, extent);
+    const auto [precision, extent, text] = fetchRow<int, float, QString>();
     Profile profile;
     QVERIFY(loadProfile(profile, device({"name='a' id='1' dataType='FLOAT' precision='" +
                                          QByteArray::number(precision) + "'"})));
@@ -372,7 +348,7 @@ void TestGraphScene::decimalsFollowTheRange()
     feedTrace(graph, 0, profile, profile.parameters().front(), dataSet);
     graph.setSize(400.0, 200.0);
     graph.setWindow(0.0, 30.0);
-    QTEST(valueText(graph, 0, 0.000249999), "text");
+    QCOMPARE(valueText(graph, 0, 0.000249999), text);
 }
 
 QTEST_GUILESS_MAIN(TestGraphScene)

@@ -1,13 +1,9 @@
 #include "graph/TraceFeeder.h"
 #include "tests/graph/GraphSupport.h"
-#include "tests/support/ProfileFixture.h"
 #include "tests/support/RecordingFixture.h"
-
-#include <QTest>
+#include "tests/support/Rows.h"
 
 #include <cmath>
-#include <cstring>
-#include <map>
 #include <random>
 
 using namespace KOLT;
@@ -21,10 +17,8 @@ class TestGraphTrace : public QObject
 private slots:
     void samplesMergeIntoColumns_data();
     void samplesMergeIntoColumns();
-    void rebuiltColumnsAreTheMergedOnes_data();
     void rebuiltColumnsAreTheMergedOnes();
     void windowTakesTheSampleBefore();
-    void valueIsHeld_data();
     void valueIsHeld();
     void statisticOfARange();
     void feedingMarksGaps();
@@ -54,86 +48,72 @@ QStringList describe(const std::vector<GraphColumn>& columns)
 
 void TestGraphTrace::samplesMergeIntoColumns_data()
 {
-    QTest::addColumn<QList<double>>("values"); // a second apart, ten to a pixel
-    QTest::addColumn<int>("gapAt");
-    QTest::addColumn<QString>("column");
-
-    QTest::newRow("one") << QList<double>{5} << -1 << "2 t0 f5 l5 h5 z5 m1 [5 5] e5";
-    QTest::newRow("two: the second is the high value")
-        << QList<double>{5, -100} << -1 << "3 t0 f5 l5 h-100 z5 m1 [-100 5] e-100";
-    QTest::newRow("three: a downward spike in second place")
-        << QList<double>{5, -100, 6} << -1 << "4 t0 f5 l5 h6 z6 m1 [-100 6] e6";
-    QTest::newRow("many") << QList<double>{5, 7, 1, 9, 3} << -1 << "4 t0 f5 l1 h9 z3 m1 [1 9] e3";
-    QTest::newRow("a gap within") << QList<double>{5, 7, 1} << 2 << "4 t0 f5 l1 h7 z1 m0 [1 7] e1";
-    QTest::newRow("a gap before") << QList<double>{5, 7} << 0 << "3 t0 f5 l5 h7 z5 m0 [5 7] e7";
+    // values a second apart, ten to a pixel; gapAt; column
+    const Rows<QList<double>, int, QString> row;
+    row("one", {5}, -1, "2 t0 f5 l5 h5 z5 m1 [5 5] e5");
+    row("two: the second is the high value", {5, -100}, -1,
+        "3 t0 f5 l5 h-100 z5 m1 [-100 5] e-100");
+    row("three: a downward spike in second place", {5, -100, 6}, -1,
+        "4 t0 f5 l5 h6 z6 m1 [-100 6] e6");
+    row("many", {5, 7, 1, 9, 3}, -1, "4 t0 f5 l1 h9 z3 m1 [1 9] e3");
+    row("a gap within", {5, 7, 1}, 2, "4 t0 f5 l1 h7 z1 m0 [1 7] e1");
+    row("a gap before", {5, 7}, 0, "3 t0 f5 l5 h7 z5 m0 [5 7] e7");
 }
 
 void TestGraphTrace::samplesMergeIntoColumns()
 {
-    QFETCH(QList<double>, values);
-    QFETCH(int, gapAt);
+    const auto [values, gapAt, column] = fetchRow<QList<double>, int, QString>();
     std::vector<GraphColumn> columns;
     for (int i = 0; i < values.size(); ++i)
         mergeSample(columns, 10.0, i, values[i], i == gapAt ? 0 : 1);
     QCOMPARE(columns.size(), 1U);
-    QTEST(describe(columns.front()), "column");
+    QCOMPARE(describe(columns.front()), column);
     mergeSample(columns, 10.0, 10.0, 1.0, 1); // exactly one pixel behind still belongs to it
     QCOMPARE(columns.size(), 1U);
     mergeSample(columns, 10.0, 10.1, 2.0, 1);
     QCOMPARE(columns.size(), 2U);
 }
 
-void TestGraphTrace::rebuiltColumnsAreTheMergedOnes_data()
-{
-    QTest::addColumn<int>("seed");
-    QTest::addColumn<bool>("isOrdered");
-    for (int seed = 1; seed <= 30; ++seed)
-        QTest::addRow("%d", seed) << seed << (seed % 10 != 0);
-}
-
 void TestGraphTrace::rebuiltColumnsAreTheMergedOnes()
 {
-    QFETCH(int, seed);
-    QFETCH(bool, isOrdered);
-    std::mt19937 random(static_cast<unsigned>(seed));
-    std::uniform_real_distribution<double> chance(0.0, 1.0);
-    GraphTrace trace;
+    for (int seed = 1; seed <= 30; ++seed) {
+        const bool isOrdered = seed % 10 != 0;
+        std::mt19937 random(static_cast<unsigned>(seed));
+        std::uniform_real_distribution<double> chance(0.0, 1.0);
+        GraphTrace trace;
 
-    struct Sample
-    {
-        double time, value;
-        int mark;
-    };
-
-    std::vector<Sample> samples;
-    double time = 100.0;
-    const int count = seed * seed * 17 + 3;
-    for (int i = 0; i < count; ++i) {
-        const bool isGap = chance(random) < 0.01;
-        time += isGap ? 50.0 : chance(random) < 0.2 ? 0.0 : chance(random) * 0.2;
-        if (!isOrdered && chance(random) < 0.01)
-            time -= 5.0;
-        const double value = chance(random) < 0.02 ? std::nan("") : chance(random) * 100.0 - 50.0;
-        samples.push_back({time, value, isGap ? 0 : 1});
-        trace.append(time, value, samples.back().mark);
-        if (i == count / 2)
-            trace.rebuild(100.0, time, 1.0); // the pyramid grows with the samples
-    }
-    const double last = samples.back().time;
-    for (const double pixel : {1e-9, 0.05, 0.7, 13.0, 1e6}) {
-        const double start = 100.0 + (last - 100.0) * chance(random) * 0.5;
-        const double end = start + (last - start) * chance(random);
-        trace.rebuild(start, end, pixel);
-        std::vector<GraphColumn> expected;
-        std::size_t first = 0;
-        while (first < samples.size() && samples[first].time < start)
-            ++first;
-        for (std::size_t i = first >= 2 ? first - 1 : first; i < samples.size(); ++i) {
-            mergeSample(expected, pixel, samples[i].time, samples[i].value, samples[i].mark);
-            if (samples[i].time >= end)
-                break;
+        std::vector<std::tuple<double, double, int>> samples; // time, value, mark
+        double time = 100.0;
+        const int count = seed * seed * 17 + 3;
+        for (int i = 0; i < count; ++i) {
+            const bool isGap = chance(random) < 0.01;
+            time += isGap ? 50.0 : chance(random) < 0.2 ? 0.0 : chance(random) * 0.2;
+            if (!isOrdered && chance(random) < 0.01)
+                time -= 5.0;
+            const double value =
+                chance(random) < 0.02 ? std::nan("") : chance(random) * 100.0 - 50.0;
+            samples.emplace_back(time, value, isGap ? 0 : 1);
+            trace.append(time, value, isGap ? 0 : 1);
+            if (i == count / 2)
+                trace.rebuild(100.0, time, 1.0); // the pyramid grows with the samples
         }
-        QCOMPARE(describe(trace.columns()), describe(expected));
+        const double last = time;
+        for (const double pixel : {1e-9, 0.05, 0.7, 13.0, 1e6}) {
+            const double start = 100.0 + (last - 100.0) * chance(random) * 0.5;
+            const double end = start + (last - start) * chance(random);
+            trace.rebuild(start, end, pixel);
+            std::vector<GraphColumn> expected;
+            std::size_t first = 0;
+            while (first < samples.size() && std::get<0>(samples[first]) < start)
+                ++first;
+            for (std::size_t i = first >= 2 ? first - 1 : first; i < samples.size(); ++i) {
+                const auto [at, value, mark] = samples[i];
+                mergeSample(expected, pixel, at, value, mark);
+                if (at >= end)
+                    break;
+            }
+            QCOMPARE(describe(trace.columns()), describe(expected));
+        }
     }
 }
 
@@ -154,26 +134,18 @@ void TestGraphTrace::windowTakesTheSampleBefore()
     QCOMPARE(times(-20, -10), (QList<double>{0}));
 }
 
-void TestGraphTrace::valueIsHeld_data()
-{
-    QTest::addColumn<double>("time");
-    QTest::addColumn<double>("value"); // -1: none
-
-    QTest::newRow("before") << 9.9 << -1.0;
-    QTest::newRow("at the first") << 10.0 << 1.0;
-    QTest::newRow("between") << 15.0 << 1.0;
-    QTest::newRow("at the second: not yet used") << 20.0 << 1.0;
-    QTest::newRow("behind the second") << 20.1 << 2.0;
-    QTest::newRow("at the last") << 30.0 << 2.0;
-    QTest::newRow("behind the last") << 30.1 << -1.0;
-}
-
 void TestGraphTrace::valueIsHeld()
 {
-    QFETCH(double, time);
     const GraphTrace trace = traceOf({{10, 1, 1}, {20, 2, 1}, {30, 3, 1}});
-    QTEST(trace.valueAt(time).value_or(-1.0), "value");
-    QVERIFY(!GraphTrace().valueAt(time));
+    for (const auto& [time, value] : {std::pair(9.9, -1.0), // none
+                                      {10.0, 1.0},
+                                      {15.0, 1.0},
+                                      {20.0, 1.0}, // the second is not yet used
+                                      {20.1, 2.0},
+                                      {30.0, 2.0},
+                                      {30.1, -1.0}})
+        QCOMPARE(trace.valueAt(time).value_or(-1.0), value);
+    QVERIFY(!GraphTrace().valueAt(15.0));
 }
 
 void TestGraphTrace::statisticOfARange()
@@ -197,39 +169,35 @@ void TestGraphTrace::statisticOfARange()
 void TestGraphTrace::feedingMarksGaps()
 {
     Profile profile;
-    QVERIFY(loadProfile(
-        profile, "<UnitConversions><Unit unitMetric='m' unitImperial='ft' factor='2' offset='1'/>"
-                 "</UnitConversions>" +
-                     device({"name='a' id='1' dataType='FLOAT' precision='5' unitMetric='m' "
-                             "unitImperial='ft'"})));
+    QVERIFY(loadProfile(profile, unit("unitMetric='m' unitImperial='ft' factor='2' offset='1'") +
+                                     device({"name='a' id='1' dataType='FLOAT' precision='5' "
+                                             "unitMetric='m' unitImperial='ft'"})));
+    profile.setUnitSystem(UnitSystem::Imperial);
+    Graph graph;
+    GraphTrace& trace = graph.trace(0);
+    const auto feed = [&](int index, const DataSet& dataSet) {
+        feedTrace(graph, index, profile, profile.parameters().front(), dataSet);
+        trace.rebuild(0.0, 10.0, 0.01);
+        QList<int> marks;
+        for (const GraphColumn& column : trace.columns())
+            marks << column.mark;
+        return marks;
+    };
     DataSet dataSet;
     for (const double seconds : {0.0, 0.5, 1.0, 1.5, 2.0, 3.4, 5.0, 5.5})
         add(dataSet.messages, 1, seconds, floats(static_cast<float>(seconds)));
-    Graph graph;
-    profile.setUnitSystem(UnitSystem::Imperial);
-    feedTrace(graph, 0, profile, profile.parameters().front(), dataSet);
-    GraphTrace& trace = graph.trace(0);
+    const QList<int> marks{1, 1, 1, 1, 1, 1, 0, 1}; // 1.4 s is not three times 0.5 s
+    QCOMPARE(feed(0, dataSet), marks);
     QCOMPARE(trace.unit, "ft");
     QCOMPARE(trace.decimals, 3);
     QCOMPARE(trace.valueAt(1.7).value_or(-1), 4.0); // 1.5 in feet
-    trace.rebuild(0.0, 10.0, 0.01);
-    QList<int> marks;
-    for (const GraphColumn& column : trace.columns())
-        marks << column.mark;
-    QCOMPARE(marks, (QList<int>{1, 1, 1, 1, 1, 1, 0, 1})); // 1.4 s is not three times 0.5 s
-    feedTrace(graph, 99, profile, profile.parameters().front(), dataSet); // ignored
-    DataSet dense; // a second is the shortest gap
+    DataSet dense;                                  // a second is the shortest gap
     for (const double seconds : {0.0, 0.1, 0.2, 0.3, 1.25, 2.25, 2.35})
         add(dense.messages, 1, seconds, floats(0.0F));
-    feedTrace(graph, 0, profile, profile.parameters().front(), dense);
-    trace.rebuild(0.0, 10.0, 0.01);
-    marks.clear();
-    for (const GraphColumn& column : trace.columns())
-        marks << column.mark;
-    QCOMPARE(marks, (QList<int>{1, 1, 1, 1, 1, 0, 1}));
+    QCOMPARE(feed(99, dense), marks); // ignored
+    QCOMPARE(feed(0, dense), (QList<int>{1, 1, 1, 1, 1, 0, 1}));
     add(dense.messages, 1, 2.45, floats(std::numeric_limits<float>::infinity()));
-    feedTrace(graph, 0, profile, profile.parameters().front(), dense);
-    trace.rebuild(0.0, 10.0, 0.01);
+    feed(0, dense);
     QCOMPARE(trace.visibleRange(), std::optional(std::pair(1.0, 1.0))); // 0 in feet
 }
 
@@ -248,33 +216,19 @@ void TestGraphTrace::tracesOfAMessageShareTheirTimes()
         add(dataSet.messages, 2, seconds + 0.05, floats(value));
     }
     Graph graph;
-    graph.setTraceCount(3);
-    for (int i = 0; i < 3; ++i)
-        feedTrace(graph, i, profile, profile.parameters()[static_cast<std::size_t>(i)], dataSet);
+    for (std::size_t i = 0; i < 3; ++i)
+        feedTrace(graph, static_cast<int>(i), profile, profile.parameters()[i], dataSet);
     QCOMPARE(graph.trace(0).times(), graph.trace(1).times());
     QVERIFY(graph.trace(0).times() != graph.trace(2).times());
     // Each window is looked up by the one and answered from memory for the other.
+    Graph alone;
+    feedTrace(alone, 0, profile, profile.parameters()[1], dataSet);
     for (const double start : {0.0, 50.0, 150.0}) {
         for (const double pixel : {0.7, 0.01}) {
-            std::vector<GraphColumn> expected;
-            for (int i = 0; i < 2; ++i)
-                graph.trace(i).rebuild(start, start + 100.0, pixel);
-            for (GraphColumn column : graph.trace(1).columns()) {
-                for (double* value : {&column.first, &column.low, &column.high, &column.last,
-                                      &column.lowest, &column.highest, &column.end})
-                    *value = -*value;
-                std::swap(column.lowest, column.highest);
-                expected.push_back(column);
-            }
-            QCOMPARE(graph.trace(0).columns().size(), expected.size());
-            for (std::size_t i = 0; i < expected.size(); ++i) {
-                const GraphColumn& column = graph.trace(0).columns()[i];
-                QCOMPARE(column.time, expected[i].time);
-                QCOMPARE(column.mark, expected[i].mark);
-                QCOMPARE(column.lowest, expected[i].lowest);
-                QCOMPARE(column.highest, expected[i].highest);
-                QCOMPARE(column.end, expected[i].end);
-            }
+            for (GraphTrace* trace : {&graph.trace(0), &graph.trace(1), &alone.trace(0)})
+                trace->rebuild(start, start + 100.0, pixel);
+            QVERIFY(!alone.trace(0).columns().empty());
+            QCOMPARE(describe(graph.trace(1).columns()), describe(alone.trace(0).columns()));
         }
     }
 }
@@ -283,8 +237,7 @@ void TestGraphTrace::feederKeepsWhatIsStillRight()
 {
     Profile profile;
     QVERIFY(loadProfile(
-        profile, "<UnitConversions><Unit unitMetric='m' unitImperial='ft' factor='2' offset='1'/>"
-                 "</UnitConversions>" +
+        profile, unit("unitMetric='m' unitImperial='ft' factor='2' offset='1'") +
                      device({"name='a' id='1' dataType='FLOAT'",
                              "name='b' id='2' dataType='FLOAT' unitMetric='m' unitImperial='ft'",
                              "name='c' id='2' dataType='FLOAT'"})));

@@ -1,7 +1,6 @@
 #include "profile/Profile.h"
 #include "tests/support/ProfileFixture.h"
-
-#include <QTest>
+#include "tests/support/Rows.h"
 
 using namespace KOLT;
 using namespace KOLT::Test;
@@ -25,49 +24,31 @@ private slots:
     void unusableFiles();
     void variantList();
     void reloadForgetsTheOldContent();
-    void manyParametersLoad();
 };
 
 void TestProfile::variantMatches_data()
 {
-    QTest::addColumn<QString>("active");
-    QTest::addColumn<QString>("attribute");
-    QTest::addColumn<bool>("matches");
-
-    QTest::newRow("no attribute") << "A"
-                                  << "" << true;
-    QTest::newRow("no active variant") << ""
-                                       << "B,!A" << true;
-    QTest::newRow("same") << "A"
-                          << "A" << true;
-    QTest::newRow("other") << "A"
-                           << "B" << false;
-    QTest::newRow("case counts") << "a"
-                                 << "A" << false;
-    QTest::newRow("in list, trimmed") << "B"
-                                      << "A , B,, C" << true;
-    QTest::newRow("not in list") << "D"
-                                 << "A,B" << false;
-    QTest::newRow("excluded") << "B"
-                              << "!B" << false;
-    QTest::newRow("another excluded") << "A"
-                                      << "!B" << true;
-    QTest::newRow("excluded and included") << "A"
-                                           << "A,!A" << false;
-    QTest::newRow("included beside an exclusion") << "A"
-                                                  << "A,!B" << true;
-    QTest::newRow("neither") << "C"
-                             << "A,!B" << false;
-    QTest::newRow("only commas") << "A"
-                                 << ",," << true;
+    const Rows<QString, QString, bool> row; // active, attribute, matches
+    row("no attribute", "A", "", true);
+    row("no active variant", "", "B,!A", true);
+    row("same", "A", "A", true);
+    row("other", "A", "B", false);
+    row("case counts", "a", "A", false);
+    row("in list, trimmed", "B", "A , B,, C", true);
+    row("not in list", "D", "A,B", false);
+    row("excluded", "B", "!B", false);
+    row("another excluded", "A", "!B", true);
+    row("excluded and included", "A", "A,!A", false);
+    row("included beside an exclusion", "A", "A,!B", true);
+    row("neither", "C", "A,!B", false);
+    row("only commas", "A", ",,", true);
 }
 
 void TestProfile::variantMatches()
 {
     const DiagnosticsCapture output;
-    QFETCH(QString, active);
-    QFETCH(QString, attribute);
-    QTEST(Profile::matchesVariant(active, attribute), "matches");
+    const auto [active, attribute, matches] = fetchRow<QString, QString, bool>();
+    QCOMPARE(Profile::matchesVariant(active, attribute), matches);
     if (QTest::currentDataTag() == QByteArray("in list, trimmed"))
         QCOMPARE(output.text(), "variant <A , B,, C> size 3\n");
 }
@@ -189,20 +170,17 @@ void TestProfile::namesResolveWhereverTheListStands()
 
 void TestProfile::thresholdGrades_data()
 {
-    QTest::addColumn<double>("value");
-    QTest::addColumn<QString>("color");
-    QTest::addColumn<int>("state");
-
-    QTest::newRow("below all") << 9.99 << "#ffffff" << 0;
-    QTest::newRow("at the first") << 10.0 << "#00ff00" << 0;
-    QTest::newRow("at the second") << 20.0 << "#ffa500" << 1;
-    QTest::newRow("between") << 29.0 << "#ffa500" << 1;
-    QTest::newRow("third") << 30.0 << "#ff0000" << 2;
-    QTest::newRow("bad colour and state") << 40.0 << "#ffffff" << 0;
-    QTest::newRow("the walk ends at the first step above") << 55.0 << "#ffffff" << 0;
-    QTest::newRow("behind it") << 60.0 << "#0000ff" << 1;
-    QTest::newRow("NaN") << std::nan("") << "#ffffff" << 0;
-    QTest::newRow("infinite") << HUGE_VAL << "#0000ff" << 1;
+    const Rows<double, QString, int> row; // value, color, state
+    row("below all", 9.99, "#ffffff", 0);
+    row("at the first", 10.0, "#00ff00", 0);
+    row("at the second", 20.0, "#ffa500", 1);
+    row("between", 29.0, "#ffa500", 1);
+    row("third", 30.0, "#ff0000", 2);
+    row("bad colour and state", 40.0, "#ffffff", 0);
+    row("the walk ends at the first step above", 55.0, "#ffffff", 0);
+    row("behind it", 60.0, "#0000ff", 1);
+    row("NaN", std::nan(""), "#ffffff", 0);
+    row("infinite", HUGE_VAL, "#0000ff", 1);
 }
 
 void TestProfile::thresholdGrades()
@@ -210,16 +188,14 @@ void TestProfile::thresholdGrades()
     Profile profile;
     QVERIFY(loadProfile(
         profile,
-        "<ThresholdList><Threshold name='T'>"
-        "<Value val='10' color='lime' state='OK'/><Value val='20' color='#ffa500' state='WARNING'/>"
-        "<Value val='30' color='red' state='LIMIT'/><Value val='40' color='no colour' "
-        "state='Limit'/>"
-        "<Value val='60' color='red' state='LIMIT'/><Value val='50' color='blue' state='WARNING'/>"
-        "</Threshold></ThresholdList>"));
-    QFETCH(double, value);
+        threshold(
+            "T", {"val='10' color='lime' state='OK'", "val='20' color='#ffa500' state='WARNING'",
+                  "val='30' color='red' state='LIMIT'", "val='40' color='no colour' state='Limit'",
+                  "val='60' color='red' state='LIMIT'", "val='50' color='blue' state='WARNING'"})));
+    const auto [value, color, state] = fetchRow<double, QString, int>();
     const Grade grade = profile.threshold(0)->grade(value);
-    QTEST(QColor(grade.color).name(), "color");
-    QTEST(static_cast<int>(grade.state), "state");
+    QCOMPARE(QColor(grade.color).name(), color);
+    QCOMPARE(static_cast<int>(grade.state), state);
 }
 
 void TestProfile::errorMatricesCollectMembers()
@@ -264,34 +240,28 @@ void TestProfile::unitsFollowTheSystem()
 
 void TestProfile::unusableFiles_data()
 {
-    QTest::addColumn<QByteArray>("content");
-    QTest::addColumn<QString>("variantsSay");
-
-    QTest::newRow("wrong root") << QByteArray("<Profile><Device name='D'/></Profile>")
-                                << "Profile::loadVariants Not a KorvanProfile\n";
-    QTest::newRow("not XML") << QByteArray("KorvanProfile")
-                             << "Profile::loadVariants Error could not load <%1>\n";
-    QTest::newRow("cut short") << QByteArray("<KorvanProfile><Device")
-                               << "Profile::loadVariants Error could not load <%1>\n";
+    const Rows<QByteArray, QString> row; // content, variantsSay
+    row("wrong root", "<Profile><Device name='D'/></Profile>",
+        "Profile::loadVariants Not a KorvanProfile\n");
+    row("not XML", "KorvanProfile", "Profile::loadVariants Error could not load <%1>\n");
+    row("cut short", "<KorvanProfile><Device", "Profile::loadVariants Error could not load <%1>\n");
 }
 
 void TestProfile::unusableFiles()
 {
-    QFETCH(QByteArray, content);
-    QFETCH(QString, variantsSay);
+    const auto [content, variantsSay] = fetchRow<QByteArray, QString>();
     const QTemporaryDir directory;
     const QString path = directory.filePath("Profile.xml");
     QVERIFY(writeFile(path, content));
     const DiagnosticsCapture output;
     Profile profile;
-    QVERIFY(!profile.loadProfil(path, "915"));
+    for (const QString& unusable : {path, directory.filePath("missing.xml"), directory.path()})
+        QVERIFY(!profile.loadProfil(unusable, "915"));
     QVERIFY(output.text().startsWith(QStringLiteral("Profile::loadProfil <%1> <915>\n").arg(path)));
     QVERIFY(profile.devices().empty());
     QVERIFY(!profile.loadVariants(path));
     QVERIFY(
         output.text().contains(variantsSay.contains('%') ? variantsSay.arg(path) : variantsSay));
-    QVERIFY(!profile.loadProfil(directory.filePath("missing.xml"), "915"));
-    QVERIFY(!profile.loadProfil(directory.path(), "915"));
 }
 
 void TestProfile::variantList()
@@ -327,20 +297,6 @@ void TestProfile::reloadForgetsTheOldContent()
     QVERIFY(profile.parameterByRole("R") == nullptr);
     const ProfileParameter* p = profile.parameterByFullName("D/p");
     QVERIFY(p->conversion == nullptr && p->enumList == nullptr);
-}
-
-void TestProfile::manyParametersLoad()
-{
-    QByteArray content;
-    for (int i = 0; i < 10'000; ++i)
-        content += "<Parameter name='p" + QByteArray::number(i % 5'000) + "' id='" +
-                   QByteArray::number(i / 8) + "' dataType='UCHAR' startByte='" +
-                   QByteArray::number(i % 8) + "'/>";
-    Profile profile;
-    QVERIFY(loadProfile(profile, "<Device name='D'>" + content + "</Device>"));
-    QCOMPARE(profile.devices()[0].parameters.size(), 10'000U);
-    QCOMPARE(profile.parametersById(1'249).size(), 8U);
-    QCOMPARE(profile.parameterByFullName("D/p7")->id, 0); // the first of two
 }
 
 QTEST_GUILESS_MAIN(TestProfile)

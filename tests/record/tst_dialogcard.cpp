@@ -1,9 +1,6 @@
-#include "profile/Profile.h"
 #include "record/CardContainer.h"
 #include "record/DialogCard.h"
 #include "resources/Resources.h"
-#include "tests/support/ProfileFixture.h"
-#include "tests/support/RecordBytes.h"
 #include "tests/support/RecordingFixture.h"
 
 #include <QLineEdit>
@@ -30,16 +27,37 @@ private slots:
     void rawDataTellsTheHeaders();
     void wholeCycleListsItsFlights();
     void flightKeepsTheList();
-    void burstOfSelectionsLoadsTheLast();
     void severalFilesAreOneRequest();
     void headingsAndDetailsAskForNothing();
-    void refreshForgetsAWaitingSelection();
     void emptyFolderSaysSo();
 
 private:
-    static QStringList texts(const QTreeWidget* tree);
-    QTreeWidget* tree(int tab) const;
-    void click(QTreeWidgetItem* item, Qt::KeyboardModifiers modifiers = {}) const;
+    static QStringList texts(const QTreeWidget* tree)
+    {
+        QStringList result;
+        for (int i = 0; i < tree->topLevelItemCount(); ++i)
+            result << tree->topLevelItem(i)->text(0);
+        return result;
+    }
+
+    QTreeWidget* tree(int tab) const
+    {
+        return m_dialog->findChild<QTabWidget*>()->widget(tab)->findChild<QTreeWidget*>();
+    }
+
+    void click(QTreeWidgetItem* item, Qt::KeyboardModifiers modifiers = {}) const
+    {
+        QTreeWidget* const widget = item->treeWidget();
+        m_dialog->findChild<QTabWidget*>()->setCurrentIndex(widget == tree(0) ? 0 : 1);
+        widget->scrollToItem(item);
+        QTest::mouseClick(widget->viewport(), Qt::LeftButton, modifiers,
+                          widget->visualItemRect(item).center());
+    }
+
+    void write(const QString& name, const RecordBytes& record) const
+    {
+        QVERIFY(writeFile(m_folder.filePath(name), record.bytes()));
+    }
 
     QTreeWidgetItem* cycleItem(int index) const { return tree(0)->topLevelItem(index); }
 
@@ -62,15 +80,13 @@ void TestDialogCard::initTestCase()
     }
     RecordBytes later = RecordBytes().date(2026, 7, 1, 8, 10, 0).busType(3000000000U);
     later.ecuSerial(77).text(0, "PA").text(1, "TYPE").text(2, "SER").text(5, "1.2").sample(1, 400);
-    QVERIFY(writeFile(m_folder.filePath("1.CAN"), tow.bytes()));
-    QVERIFY(writeFile(m_folder.filePath("2.CAN"), later.sample(1, 4000).bytes()));
-    QVERIFY(writeFile(m_folder.filePath("3.CAN"), RecordBytes().sample(2, 60).bytes()));
-    QVERIFY(writeFile(m_folder.filePath("4.CAN"),
-                      RecordBytes().date(2026, 7, 1, 12).sample(2, 60).bytes()));
-    QVERIFY(writeFile(m_folder.filePath("5.CAN"), RecordBytes().sample(2, 1).bytes()));
-    QVERIFY(writeFile(m_folder.filePath("6.CAN"),
-                      RecordBytes().date(2026, 7, 2, 9).sample(2, 60).bytes()));
-    QVERIFY(writeFile(m_folder.filePath("7.CAN"), RecordBytes().bytes()));
+    write("1.CAN", tow);
+    write("2.CAN", later.sample(1, 4000));
+    write("3.CAN", RecordBytes().sample(2, 60));
+    write("4.CAN", RecordBytes().date(2026, 7, 1, 12).sample(2, 60));
+    write("5.CAN", RecordBytes().sample(2, 1));
+    write("6.CAN", RecordBytes().date(2026, 7, 2, 9).sample(2, 60));
+    write("7.CAN", RecordBytes());
 }
 
 void TestDialogCard::init()
@@ -101,38 +117,15 @@ void TestDialogCard::cleanup()
     m_dialog.reset();
 }
 
-QTreeWidget* TestDialogCard::tree(int tab) const
-{
-    return m_dialog->findChild<QTabWidget*>()->widget(tab)->findChild<QTreeWidget*>();
-}
-
-QStringList TestDialogCard::texts(const QTreeWidget* tree)
-{
-    QStringList result;
-    for (int i = 0; i < tree->topLevelItemCount(); ++i)
-        result << tree->topLevelItem(i)->text(0);
-    return result;
-}
-
-void TestDialogCard::click(QTreeWidgetItem* item, Qt::KeyboardModifiers modifiers) const
-{
-    QTreeWidget* const widget = item->treeWidget();
-    m_dialog->findChild<QTabWidget*>()->setCurrentIndex(widget == tree(0) ? 0 : 1);
-    widget->scrollToItem(item);
-    QTest::mouseClick(widget->viewport(), Qt::LeftButton, modifiers,
-                      widget->visualItemRect(item).center());
-}
-
 void TestDialogCard::cyclesAreGroupedByDay()
 {
     QCOMPARE(texts(tree(0)), (QStringList{"01.07.2026", "Cycle 1       1.7.2026 8:03:21 (01:06:40)",
                                           "Cycle 2       1.7.2026 11:59:00 (00:00:00)",
                                           "02.07.2026", "Cycle 3       2.7.2026 8:59:59 (00:00:59)",
                                           "Unknown Date", "Cycle 4        (00:00:00)"}));
-    const QTreeWidgetItem* const heading = cycleItem(0);
-    QCOMPARE(heading->background(0).color(), QColor(195, 171, 99));
-    QCOMPARE(heading->font(0).pixelSize(), 20);
-    QCOMPARE(heading->flags(), Qt::ItemFlags(Qt::ItemIsEnabled));
+    QCOMPARE(cycleItem(0)->background(0).color(), QColor(195, 171, 99));
+    QCOMPARE(cycleItem(0)->font(0).pixelSize(), 20);
+    QCOMPARE(cycleItem(0)->flags(), Qt::ItemFlags(Qt::ItemIsEnabled));
     QCOMPARE(cycleItem(4)->data(0, Qt::UserRole).toUInt(), 3U);
     QCOMPARE(cycleItem(4)->data(0, Qt::UserRole + 1).toInt(), -1);
     QVERIFY(!cycleItem(1)->icon(0).pixmap(16).isNull());
@@ -192,17 +185,6 @@ void TestDialogCard::flightKeepsTheList()
     QTRY_COMPARE(cycleItem(1)->childCount(), 2);
 }
 
-void TestDialogCard::burstOfSelectionsLoadsTheLast()
-{
-    click(cycleItem(1));
-    QTest::keyClick(tree(0), Qt::Key_Down);
-    click(cycleItem(4));
-    QVERIFY(m_cycles->wait());
-    QCOMPARE(m_cycles->count(), 1);
-    QCOMPARE(m_cycles->at(0), (QVariantList{3U, -1}));
-    QVERIFY(!m_cycles->wait(700));
-}
-
 void TestDialogCard::severalFilesAreOneRequest()
 {
     click(tree(1)->topLevelItem(1));
@@ -226,14 +208,18 @@ void TestDialogCard::headingsAndDetailsAskForNothing()
     QVERIFY(!m_records->wait(700));
     QCOMPARE(m_cycles->count(), 0);
     QVERIFY(tree(1)->selectedItems().isEmpty());
-}
-
-void TestDialogCard::refreshForgetsAWaitingSelection()
-{
     click(cycleItem(1));
-    m_dialog->refresh();
+    m_dialog->refresh(); // forgets what waits
     QVERIFY(!m_cycles->wait(700));
     QVERIFY(tree(0)->selectedItems().isEmpty());
+    // Of several selections only the last is asked for.
+    click(cycleItem(1));
+    QTest::keyClick(tree(0), Qt::Key_Down);
+    click(cycleItem(4));
+    QVERIFY(m_cycles->wait());
+    QVERIFY(!m_cycles->wait(700));
+    QCOMPARE(m_cycles->count(), 1);
+    QCOMPARE(m_cycles->at(0), (QVariantList{3U, -1}));
 }
 
 void TestDialogCard::emptyFolderSaysSo()

@@ -1,9 +1,7 @@
 #include "record/FlightFinder.h"
 #include "record/Track.h"
-#include "tests/support/ProfileFixture.h"
 #include "tests/support/RecordingFixture.h"
-
-#include <QTest>
+#include "tests/support/Rows.h"
 
 #include <cmath>
 
@@ -50,6 +48,21 @@ public:
 
     std::vector<Flight> flights() const { return findFlights(profile, messages, noon); }
 
+    /// The only one.
+    Flight flight() const
+    {
+        const std::vector<Flight> all = flights();
+        return all.size() == 1 ? all[0] : Flight();
+    }
+
+    Story& at(std::uint32_t id, double seconds, float first, float second = 0.0F)
+    {
+        add(messages, id, seconds, floats(first, second));
+        return *this;
+    }
+
+    std::vector<TrackPoint> track() const { return buildTrack(profile, messages); }
+
     Profile profile;
     MessageMap messages;
     double now = 0.0;
@@ -67,17 +80,14 @@ private slots:
 
     void detectorConfirmsBothEnds_data();
     void detectorConfirmsBothEnds();
-    void exactlyFortyCountsWhileAirborne();
     void flightTimes();
     void figuresOfATow();
     void figuresWithoutSamples();
-    void fuelCountsTheTimeSinceTheLastSample();
     void onlySamplesOfTheFlightCount();
     void strayTimesDoNoHarm();
     void thousandsOfFlightsAtOneTime();
     void trackIsInterpolated();
     void trackFiltersJumps();
-    void trackEndsWithinTheGrid();
 
 private:
     std::unique_ptr<DiagnosticsCapture> m_output;
@@ -91,67 +101,51 @@ void TestFlights::init()
 
 void TestFlights::detectorConfirmsBothEnds_data()
 {
-    QTest::addColumn<QList<double>>("run"); // count, speed, count, speed ...
-    QTest::addColumn<QList<double>>("takeOffs");
-    QTest::addColumn<QList<double>>("landings");
-
-    using L = QList<double>;
-    QTest::newRow("twelve above, eleven below") << L{5, 0, 12, 51, 11, 39} << L{16} << L{27};
-    QTest::newRow("eleven above are too few") << L{5, 0, 11, 51, 20, 39} << L{} << L{};
-    QTest::newRow("ten below are too few") << L{12, 51, 10, 39} << L{} << L{};
-    QTest::newRow("exactly 50 does not start") << L{20, 50, 20, 39} << L{} << L{};
-    QTest::newRow("exactly 50 holds") << L{1, 51, 11, 50, 11, 39} << L{11} << L{22};
-    QTest::newRow("one slow sample ends the run")
-        << L{11, 51, 1, 49, 12, 51, 11, 39} << L{23} << L{34};
-    QTest::newRow("a hop between ends no flight")
-        << L{12, 51, 8, 39, 1, 41, 8, 39, 5, 90, 11, 0} << L{11} << L{44};
-    QTest::newRow("two flights") << L{12, 51, 11, 39, 12, 60, 11, 5} << L{11, 34} << L{22, 45};
-    QTest::newRow("no landing") << L{12, 51, 500, 120} << L{} << L{};
+    // run (count, speed, count, speed ...), take-offs, landings
+    const Rows<QList<double>, QList<double>, QList<double>> row;
+    row("twelve above, eleven below", {5, 0, 12, 51, 11, 39}, {16}, {27});
+    row("eleven above are too few", {5, 0, 11, 51, 20, 39}, {}, {});
+    row("ten below are too few", {12, 51, 10, 39}, {}, {});
+    row("exactly 50 does not start", {20, 50, 20, 39}, {}, {});
+    row("exactly 50 holds", {1, 51, 11, 50, 11, 39}, {11}, {22});
+    row("one slow sample ends the run", {11, 51, 1, 49, 12, 51, 11, 39}, {23}, {34});
+    row("a hop between ends no flight", {12, 51, 8, 39, 1, 41, 8, 39, 5, 90, 11, 0}, {11}, {44});
+    row("two flights", {12, 51, 11, 39, 12, 60, 11, 5}, {11, 34}, {22, 45});
+    row("no landing", {12, 51, 500, 120}, {}, {});
+    // At 40 it stays airborne, and the counter goes on from where the last faster sample put it.
+    row("40 is not counted anew", {12, 51, 1, 41, 9, 40, 50, 41}, {}, {});
+    row("exactly 40 counts", {12, 51, 1, 41, 10, 40}, {11}, {22});
+    row("40 straight after the take-off", {12, 51, 1, 40}, {11}, {12});
+    row("below 40 counts anew", {12, 51, 1, 41, 9, 40, 10, 39}, {}, {});
 }
 
 void TestFlights::detectorConfirmsBothEnds()
 {
-    QFETCH(QList<double>, run);
+    const auto [run, takeOffs, landings] = fetchRow<QList<double>, QList<double>, QList<double>>();
     Story story;
     for (qsizetype i = 0; i < run.size(); i += 2)
         story.speed(static_cast<int>(run[i]), static_cast<float>(run[i + 1]));
-    QList<double> takeOffs;
-    QList<double> landings;
+    QList<double> foundTakeOffs;
+    QList<double> foundLandings;
     for (const Flight& flight : story.flights()) {
-        takeOffs << flight.takeOffSeconds;
-        landings << flight.landingSeconds;
+        foundTakeOffs << flight.takeOffSeconds;
+        foundLandings << flight.landingSeconds;
     }
-    QTEST(takeOffs, "takeOffs");
-    QTEST(landings, "landings");
-}
-
-void TestFlights::exactlyFortyCountsWhileAirborne()
-{
-    // At 40 the state stays airborne and the counter goes on from where the last faster sample put
-    // it.
-    QCOMPARE(Story().speed(12, 51).speed(1, 41).speed(9, 40).speed(50, 41).flights().size(), 0U);
-    QCOMPARE(Story().speed(12, 51).speed(1, 41).speed(10, 40).flights().size(), 1U);
-    // Straight after the take-off the counter still stands above its limit.
-    const std::vector<Flight> flights = Story().speed(12, 51).speed(1, 40).flights();
-    QCOMPARE(flights.size(), 1U);
-    QCOMPARE(flights[0].landingSeconds, 12.0);
-    // Below 40 the landing run starts counting anew.
-    QCOMPARE(Story().speed(12, 51).speed(1, 41).speed(9, 40).speed(10, 39).flights().size(), 0U);
+    QCOMPARE(foundTakeOffs, takeOffs);
+    QCOMPARE(foundLandings, landings);
 }
 
 void TestFlights::flightTimes()
 {
     Story story;
     story.now = 3.25;
-    story.speed(12, 60).speed(100, 90).speed(11, 10);
-    const std::vector<Flight> flights = story.flights();
-    QCOMPARE(flights.size(), 1U);
-    QCOMPARE(flights[0].takeOffSeconds, 14.25);
-    QCOMPARE(flights[0].startSeconds, 0.0);
-    QCOMPARE(flights[0].landingSeconds, 125.25);
-    QCOMPARE(flights[0].endSeconds, 155.25);
-    QCOMPARE(flights[0].dateTime, noon.addSecs(14));
-    QVERIFY(flights[0].statisticsValid);
+    const Flight flight = story.speed(12, 60).speed(100, 90).speed(11, 10).flight();
+    QCOMPARE(flight.takeOffSeconds, 14.25);
+    QCOMPARE(flight.startSeconds, 0.0);
+    QCOMPARE(flight.landingSeconds, 125.25);
+    QCOMPARE(flight.endSeconds, 155.25);
+    QCOMPARE(flight.dateTime, noon.addSecs(14));
+    QVERIFY(flight.statisticsValid);
     QVERIFY(m_output->text().endsWith("\nFlight 0.000000 -> 155.250000 <12:00:14>\n"));
     QVERIFY(!findFlights(story.profile, story.messages, {})[0].dateTime.isValid());
 }
@@ -162,18 +156,14 @@ void TestFlights::figuresOfATow()
     Story story;
     story.speed(105, 0).speed(15, 60).speed(280, 120).speed(11, 30);
     for (int t = 0; t < 450; ++t) {
-        add(story.messages, throttleId, t, floats(t < 100 ? 30.0F : 95.0F));
+        story.at(throttleId, t, t < 100 ? 30.0F : 95.0F).at(fuelId, t + 0.5, 18.0F, 9.0F);
         // North along the meridian, one thousandth of a minute (1.852 m) a second.
-        add(story.messages, positionId, t,
-            floats(4800.0F + static_cast<float>(t) / 1000.0F, 1100.0F));
+        story.at(positionId, t, 4800.0F + static_cast<float>(t) / 1000.0F, 1100.0F);
         const float climbing = 450.0F + 2.5F * static_cast<float>(std::min(t, 330) - 130);
-        add(story.messages, altitudeId, t, floats(t < 130 ? 450.0F : t <= 330 ? climbing : 500.0F));
-        add(story.messages, fuelId, t + 0.5, floats(18.0F, 9.0F));
+        story.at(altitudeId, t, t < 130 ? 450.0F : t <= 330 ? climbing : 500.0F);
     }
-    add(story.messages, altitudeId, 450.0, floats(0.05F)); // no fix: skipped
-    const std::vector<Flight> flights = story.flights();
-    QCOMPARE(flights.size(), 1U);
-    const Flight& flight = flights[0];
+    story.at(altitudeId, 450.0, 0.05F); // no fix: skipped
+    const Flight flight = story.flight();
     QCOMPARE(flight.takeOffSeconds, 116.0);
     QCOMPARE(flight.landingSeconds, 410.0);
     QCOMPARE(flight.minAltitude, 450.0);
@@ -198,70 +188,54 @@ void TestFlights::figuresOfATow()
 
 void TestFlights::figuresWithoutSamples()
 {
-    const std::vector<Flight> flights = Story().speed(12, 60).speed(50, 70).speed(11, 10).flights();
-    QCOMPARE(flights.size(), 1U);
-    QCOMPARE(flights[0].maxAltitude, 0.0);
-    QCOMPARE(flights[0].fuel, 0.0);
-    QCOMPARE(flights[0].takeOffDistance, 0.0);
-    QVERIFY(std::isnan(flights[0].fuelPer100m)); // 0 / 0
-    QVERIFY(std::isinf(flights[0].timePer100m));
+    const Flight flight = Story().speed(12, 60).speed(50, 70).speed(11, 10).flight();
+    QCOMPARE(flight.takeOffSeconds, 11.0);
+    QCOMPARE(flight.maxAltitude, 0.0);
+    QCOMPARE(flight.fuel, 0.0);
+    QCOMPARE(flight.takeOffDistance, 0.0);
+    QVERIFY(std::isnan(flight.fuelPer100m)); // 0 / 0
+    QVERIFY(std::isinf(flight.timePer100m));
 
     // Without full throttle the run starts at (0, 0): a quarter of the globe from 90 degrees east.
     Story story;
-    story.speed(12, 60).speed(50, 90).speed(11, 10);
-    add(story.messages, altitudeId, 12.0, floats(100.0F));
-    add(story.messages, altitudeId, 20.0, floats(110.0F));
-    add(story.messages, positionId, 20.0, floats(0.0F, 9000.0F));
-    QCOMPARE(story.flights()[0].takeOffDistance, 90.0 * 60.0 * 1852.0);
-}
-
-void TestFlights::fuelCountsTheTimeSinceTheLastSample()
-{
-    Story story;
-    story.speed(12, 60).speed(50, 90).speed(11, 10);
-    add(story.messages, fuelId, 10.0, floats(100.0F)); // only starts the clock
-    add(story.messages, fuelId, 20.0, floats(36.0F));
-    add(story.messages, fuelId, 50.0, floats(72.0F));
-    QCOMPARE(story.flights()[0].fuelA, (36.0 * 10.0 + 72.0 * 30.0) / 3600.0);
+    story.speed(12, 60).speed(50, 90).speed(11, 10).at(altitudeId, 12.0, 100.0F);
+    story.at(altitudeId, 20.0, 110.0F).at(positionId, 20.0, 0.0F, 9000.0F);
+    // Of the fuel, the first sample only starts the clock.
+    story.at(fuelId, 10.0, 100.0F).at(fuelId, 20.0, 36.0F).at(fuelId, 50.0, 72.0F);
+    QCOMPARE(story.flight().takeOffDistance, 90.0 * 60.0 * 1852.0);
+    QCOMPARE(story.flight().fuelA, (36.0 * 10.0 + 72.0 * 30.0) / 3600.0);
 }
 
 void TestFlights::onlySamplesOfTheFlightCount()
 {
     Story story;
     story.speed(100, 0).speed(12, 60).speed(50, 90).speed(11, 10).speed(100, 0);
-    add(story.messages, altitudeId, 10.0, floats(5000.0F)); // long before
-    add(story.messages, altitudeId, 150.0, floats(600.0F));
-    add(story.messages, altitudeId, 160.0, floats(500.0F));
-    add(story.messages, altitudeId, 270.0, floats(1.0F)); // long after
-    const Flight ascending = story.flights()[0];
-    QCOMPARE(ascending.maxAltitude, 600.0);
-    QCOMPARE(ascending.minAltitude, 500.0);
-    add(story.messages, altitudeId, 155.0, floats(550.0F)); // out of order: the other way to search
-    const Flight unordered = story.flights()[0];
-    QCOMPARE(unordered.maxAltitude, 600.0);
-    QCOMPARE(unordered.minAltitude, 500.0);
+    story.at(altitudeId, 10.0, 5000.0F); // long before
+    story.at(altitudeId, 150.0, 600.0F).at(altitudeId, 160.0, 500.0F);
+    story.at(altitudeId, 270.0, 1.0F); // long after
+    for (int i = 0; i < 2; ++i) {
+        QCOMPARE(story.flight().maxAltitude, 600.0);
+        QCOMPARE(story.flight().minAltitude, 500.0);
+        story.at(altitudeId, 155.0, 550.0F); // out of order: the other way to search
+    }
 }
 
 void TestFlights::strayTimesDoNoHarm()
 {
     Story story;
-    story.speed(20, 60);
-    add(story.messages, speedId, 5.7e11, floats(90.0F));
-    story.speed(50, 90).speed(11, 10);
-    add(story.messages, positionId, 10.0, floats(4800.0F, 1100.0F));
-    add(story.messages, positionId, 5.7e11, floats(4800.0F, 1100.0F));
-    add(story.messages, positionId, 60.0, floats(4800.0F, 1100.0F));
+    story.speed(20, 60).at(speedId, 5.7e11, 90.0F).speed(50, 90).speed(11, 10);
+    for (const double seconds : {10.0, 5.7e11, 60.0})
+        story.at(positionId, seconds, 4800.0F, 1100.0F);
     QCOMPARE(story.flights().size(), 1U);
-    QCOMPARE(buildTrack(story.profile, story.messages).size(), 121U);
+    QCOMPARE(story.track().size(), 121U);
 
     // A stray stamp within the grid must not hold up what comes behind it.
     Story moving;
     for (int t = 0; t <= 100; ++t)
-        add(moving.messages, positionId, t == 50 ? 1e5 : t,
-            floats(4800.0F + static_cast<float>(t) / 8.0F, t == 60 ? HUGE_VALF : 1100.0F));
-    const std::vector<TrackPoint> track = buildTrack(moving.profile, moving.messages);
-    QCOMPARE(track.size(), 201U);
-    for (const TrackPoint& point : track) {
+        moving.at(positionId, t == 50 ? 1e5 : t, 4800.0F + static_cast<float>(t) / 8.0F,
+                  t == 60 ? HUGE_VALF : 1100.0F);
+    QCOMPARE(moving.track().size(), 201U);
+    for (const TrackPoint& point : moving.track()) {
         QVERIFY(std::abs(point.latitude - 48.0 - point.seconds() / 480.0) < 1e-5);
         QCOMPARE(point.longitude, 11.0);
     }
@@ -286,13 +260,10 @@ void TestFlights::trackIsInterpolated()
 {
     Story story;
     for (int i = 0; i < 6; ++i)
-        add(story.messages, positionId, 0.1 * i, floats(0.0F, 0.0F)); // no fix yet
-    add(story.messages, positionId, 2.0, floats(4800.0F, -1100.0F));
-    add(story.messages, positionId, 4.0, floats(4802.4F, -1102.4F));
-    add(story.messages, speedId, 1.0, floats(100.0F, 90.0F));
-    add(story.messages, speedId, 3.0, floats(200.0F, 180.0F));
-    add(story.messages, altitudeId, 3.0, floats(500.0F));
-    const std::vector<TrackPoint> track = buildTrack(story.profile, story.messages);
+        story.at(positionId, 0.1 * i, 0.0F); // no fix yet
+    story.at(positionId, 2.0, 4800.0F, -1100.0F).at(positionId, 4.0, 4802.4F, -1102.4F);
+    story.at(speedId, 1.0, 100.0F, 90.0F).at(speedId, 3.0, 200.0F, 180.0F);
+    const std::vector<TrackPoint> track = story.at(altitudeId, 3.0, 500.0F).track();
     QCOMPARE(track.size(), 9U);             // 0 s to 4 s
     QCOMPARE(track.front().latitude, 48.0); // held backwards from the first fix
     QCOMPARE(track[8].halfSecond, 8);
@@ -306,24 +277,18 @@ void TestFlights::trackIsInterpolated()
 
 void TestFlights::trackFiltersJumps()
 {
+    QVERIFY(Story().track().empty());
     Story story;
     for (int t = 0; t < 20; ++t)
-        add(story.messages, positionId, t,
-            t == 10 ? floats(4900.0F, 1200.0F) : floats(4800.0F, 1100.0F));
-    for (const TrackPoint& point : buildTrack(story.profile, story.messages)) {
+        story.at(positionId, t, t == 10 ? 4900.0F : 4800.0F, t == 10 ? 1200.0F : 1100.0F);
+    for (const TrackPoint& point : story.track()) {
         QCOMPARE(point.latitude, 48.0);
         QCOMPARE(point.longitude, 11.0);
     }
-    QVERIFY(buildTrack(story.profile, MessageMap()).empty());
-}
-
-void TestFlights::trackEndsWithinTheGrid()
-{
-    Story story;
-    add(story.messages, positionId, 0.0, floats(4800.0F, 1100.0F));
-    add(story.messages, positionId, 2'499'999.5, floats(4800.0F, 1100.0F));
-    add(story.messages, positionId, 2'500'000.0, floats(4800.0F, 1100.0F));
-    QCOMPARE(buildTrack(story.profile, story.messages).size(), 5'000'000U);
+    // It ends within the grid.
+    for (const double seconds : {2'499'999.5, 2'500'000.0})
+        story.at(positionId, seconds, 4800.0F, 1100.0F);
+    QCOMPARE(story.track().size(), 5'000'000U);
 }
 
 QTEST_GUILESS_MAIN(TestFlights)

@@ -14,7 +14,6 @@ class TestMessageMap : public QObject
 
 private slots:
     void kindsAreListedInRecordingOrder();
-    void lookUpFindsTheFirstAtOrAfter_data();
     void lookUpFindsTheFirstAtOrAfter();
     void lookUpFollowsChanges();
     void aroundHoldsTheWindow();
@@ -49,33 +48,26 @@ void TestMessageMap::kindsAreListedInRecordingOrder()
     QVERIFY(messages.series(RecordFormat::kind0Series).empty());
 }
 
-void TestMessageMap::lookUpFindsTheFirstAtOrAfter_data()
-{
-    QTest::addColumn<double>("seconds");
-    QTest::addColumn<double>("found"); // -1: none
-
-    QTest::newRow("before all") << -5.0 << 1.25;
-    QTest::newRow("zero") << 0.0 << 1.25;
-    QTest::newRow("exactly") << 1.25 << 1.25;
-    QTest::newRow("just after") << 1.26 << 1.75;
-    QTest::newRow("over a gap") << 2.0 << 9.0;
-    QTest::newRow("stored order, not the nearest") << 9.1 << 50.0;
-    QTest::newRow("behind a step back") << 50.5 << 51.0;
-    QTest::newRow("a stray time") << 60.0 << 3e6;
-    QTest::newRow("beyond all") << 3.5e6 << -1.0;
-    QTest::newRow("beyond the slots") << 5.5e6 << -1.0;
-    QTest::newRow("NaN") << std::nan("") << -1.0;
-}
-
 void TestMessageMap::lookUpFindsTheFirstAtOrAfter()
 {
     MessageMap messages;
     for (const double seconds : {1.25, 1.75, 9.0, 50.0, 10.0, 51.0, 3e6, 52.0, 6e6})
         add(messages, 1, seconds);
-    QFETCH(double, seconds);
-    const StoredSample* found = messages.series(1).firstAtOrAfter(seconds);
-    QTEST(found != nullptr ? found->seconds() : -1.0, "found");
-    QVERIFY(messages.series(2).firstAtOrAfter(seconds) == nullptr);
+    for (const auto& [seconds, expected] : {std::pair(-5.0, 1.25),
+                                            {0.0, 1.25},
+                                            {1.25, 1.25},
+                                            {1.26, 1.75},
+                                            {2.0, 9.0},    // over a gap
+                                            {9.1, 50.0},   // stored order, not the nearest
+                                            {50.5, 51.0},  // behind a step back
+                                            {60.0, 3e6},   // a stray time
+                                            {3.5e6, -1.0}, // none; beyond the slots
+                                            {5.5e6, -1.0},
+                                            {std::nan(""), -1.0}}) {
+        const StoredSample* const found = messages.series(1).firstAtOrAfter(seconds);
+        QCOMPARE(found != nullptr ? found->seconds() : -1.0, expected);
+        QVERIFY(messages.series(2).firstAtOrAfter(seconds) == nullptr);
+    }
 }
 
 void TestMessageMap::lookUpFollowsChanges()

@@ -1,8 +1,7 @@
 #include "record/RecordFile.h"
 #include "tests/support/RecordBytes.h"
+#include "tests/support/Rows.h"
 #include "tests/support/TestFiles.h"
-
-#include <QTest>
 
 using namespace KOLT;
 using namespace KOLT::Test;
@@ -12,7 +11,6 @@ class TestRecordFile : public QObject
     Q_OBJECT
 
 private slots:
-    void bothByteOrdersReadTheSame_data();
     void bothByteOrdersReadTheSame();
     void dates_data();
     void dates();
@@ -34,76 +32,61 @@ private:
     QTemporaryDir m_directory;
 };
 
-void TestRecordFile::bothByteOrdersReadTheSame_data()
-{
-    QTest::addColumn<bool>("littleEndian");
-    QTest::newRow("little") << true;
-    QTest::newRow("big") << false;
-}
-
 void TestRecordFile::bothByteOrdersReadTheSame()
 {
-    QFETCH(bool, littleEndian);
-    RecordBytes record(littleEndian);
-    record.date(2026, 7, 28, 14, 32, 5).headerTime(1.0).busType(0x80000001).ecuSerial(4711);
-    record.text(0, "PART-A-567890")
-        .text(1, "ECU")
-        .text(2, QByteArray("Nr\xe4\0x", 5))
-        .text(5, "1.2.345");
-    record.sample(0x80000123, 2.5, {1, 2, 3, 4, 5, 6, 7, 8}, 0x0102).sample(0x7FFFFFF0, 3.25);
-    RecordFile reader;
-    QVERIFY(reader.readRecordInfo(file(record.bytes())));
-    const RecordInfo& info = reader.info();
-    QCOMPARE(info.dateTime, QDateTime(QDate(2026, 7, 28), QTime(14, 32, 5), Qt::UTC));
-    QCOMPARE(info.startSeconds, 2.5);
-    QCOMPARE(info.stopSeconds, 3.25);
-    QCOMPARE(info.sampleCount, 2);
-    QCOMPARE(info.busType, 0x80000001U);
-    QCOMPARE(info.ecuSerialNumber, 4711U);
-    QCOMPARE(info.softwarePartA, "PART-A-567890");
-    QCOMPARE(info.ecuType, "ECU");
-    QCOMPARE(info.engineSerial, QString::fromUtf8("Nrä"));
-    QCOMPARE(info.engineType, "");
-    QCOMPARE(info.emuVersion, "1.2.345");
+    for (const bool littleEndian : {true, false}) {
+        RecordBytes record(littleEndian);
+        record.date(2026, 7, 28, 14, 32, 5).headerTime(1.0).busType(0x80000001).ecuSerial(4711);
+        record.text(0, "PART-A-567890").text(1, "ECU").text(2, QByteArray("Nr\xe4\0x", 5));
+        record.text(5, "1.2.345").sample(0x80000123, 2.5, {1, 2, 3, 4, 5, 6, 7, 8}, 0x0102);
+        RecordFile reader;
+        QVERIFY(reader.readRecordInfo(file(record.sample(0x7FFFFFF0, 3.25).bytes())));
+        const RecordInfo& info = reader.info();
+        QCOMPARE(info.dateTime, QDateTime(QDate(2026, 7, 28), QTime(14, 32, 5), Qt::UTC));
+        QCOMPARE(info.startSeconds, 2.5);
+        QCOMPARE(info.stopSeconds, 3.25);
+        QCOMPARE(info.sampleCount, 2);
+        QCOMPARE(info.busType, 0x80000001U);
+        QCOMPARE(info.ecuSerialNumber, 4711U);
+        QCOMPARE((QStringList{info.softwarePartA, info.ecuType, info.engineSerial, info.engineType,
+                              info.emuVersion}),
+                 (QStringList{"PART-A-567890", "ECU", QString::fromUtf8("Nrä"), "", "1.2.345"}));
 
-    MessageMap messages;
-    QVERIFY(reader.readRecordData(messages));
-    const MessageSeries& series = messages.series(0x123);
-    QCOMPARE(series.size(), 1U);
-    const StoredSample& sample = series.last();
-    QCOMPARE(sample.data, (MessageData{1, 2, 3, 4, 5, 6, 7, 8}));
-    QCOMPARE(sample.kind, 0x0102);
-    QCOMPARE(sample.byte8, 0x11);
-    QCOMPARE(sample.byte9, 0x22);
-    QCOMPARE(sample.word16, 0x12345678U);
-    QCOMPARE(sample.seconds(), 2.5);
-    QCOMPARE(messages.series(0x7FFFFFF0).size(), 1U);
+        MessageMap messages;
+        QVERIFY(reader.readRecordData(messages));
+        QCOMPARE(messages.series(0x123).size(), 1U);
+        const StoredSample& sample = messages.series(0x123).last();
+        QCOMPARE(sample.data, (MessageData{1, 2, 3, 4, 5, 6, 7, 8}));
+        QCOMPARE(sample.kind, 0x0102);
+        QCOMPARE(sample.byte8, 0x11);
+        QCOMPARE(sample.byte9, 0x22);
+        QCOMPARE(sample.word16, 0x12345678U);
+        QCOMPARE(sample.seconds(), 2.5);
+        QCOMPARE(messages.series(0x7FFFFFF0).size(), 1U);
+    }
 }
 
 void TestRecordFile::dates_data()
 {
-    QTest::addColumn<QList<int>>("fields");
-    QTest::addColumn<QString>("dateTime");
-
-    QTest::newRow("valid") << QList<int>{2024, 2, 29, 23, 59, 59} << "2024-02-29T23:59:59";
-    QTest::newRow("no date") << QList<int>{0, 0, 0, 0, 0, 0} << "";
-    QTest::newRow("30 February") << QList<int>{2023, 2, 30, 1, 0, 0} << "";
-    QTest::newRow("month 13") << QList<int>{2023, 13, 1, 1, 0, 0} << "";
-    QTest::newRow("all ones") << QList<int>{-1, 255, 255, 255, 255, 255} << "";
-    QTest::newRow("impossible time") << QList<int>{2023, 1, 31, 24, 0, 0} << "2023-01-31T00:00:00";
-    QTest::newRow("hour that summer time skips")
-        << QList<int>{2026, 3, 29, 2, 30, 0} << "2026-03-29T02:30:00";
+    const Rows<std::array<int, 6>, QString> row; // fields, dateTime
+    row("valid", {2024, 2, 29, 23, 59, 59}, "2024-02-29T23:59:59");
+    row("no date", {}, "");
+    row("30 February", {2023, 2, 30, 1, 0, 0}, "");
+    row("month 13", {2023, 13, 1, 1, 0, 0}, "");
+    row("all ones", {-1, 255, 255, 255, 255, 255}, "");
+    row("impossible time", {2023, 1, 31, 24, 0, 0}, "2023-01-31T00:00:00");
+    row("hour that summer time skips", {2026, 3, 29, 2, 30, 0}, "2026-03-29T02:30:00");
 }
 
 void TestRecordFile::dates()
 {
-    QFETCH(QList<int>, fields);
+    const auto [fields, dateTime] = fetchRow<std::array<int, 6>, QString>();
+    const auto [year, month, day, hour, minute, second] = fields;
     qputenv("TZ", "Europe/Berlin");
-    const RecordBytes record =
-        RecordBytes().date(fields[0], fields[1], fields[2], fields[3], fields[4], fields[5]);
     RecordFile reader;
-    QVERIFY(reader.readRecordInfo(file(record.bytes())));
-    QTEST(reader.info().dateTime.toString("yyyy-MM-ddThh:mm:ss"), "dateTime");
+    QVERIFY(reader.readRecordInfo(
+        file(RecordBytes().date(year, month, day, hour, minute, second).bytes())));
+    QCOMPARE(reader.info().dateTime.toString("yyyy-MM-ddThh:mm:ss"), dateTime);
 }
 
 void TestRecordFile::everyLengthIsReadSafely()

@@ -23,4 +23,19 @@ inline QByteArray device(std::initializer_list<QByteArray> parameters)
     return xml + "</Device>";
 }
 
+/// A list of one threshold with the values given as XML attributes.
+inline QByteArray threshold(const QByteArray& name, std::initializer_list<QByteArray> values)
+{
+    QByteArray xml = "<ThresholdList><Threshold name='" + name + "'>";
+    for (const QByteArray& attributes : values)
+        xml += "<Value " + attributes + "/>";
+    return xml + "</Threshold></ThresholdList>";
+}
+
+/// The conversion of one unit.
+inline QByteArray unit(const QByteArray& attributes)
+{
+    return "<UnitConversions><Unit " + attributes + "/></UnitConversions>";
+}
+
 } // namespace KOLT::Test

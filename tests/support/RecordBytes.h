@@ -5,9 +5,21 @@
 #include <QByteArray>
 #include <QDateTime>
 
+#include <bit>
 #include <cstdint>
 
 namespace KOLT::Test {
+
+/// The data bytes of two FLOAT values, at byte 0 and byte 4.
+inline MessageData floats(float first, float second = 0.0F)
+{
+    MessageData data{};
+    const std::uint32_t words[] = {std::bit_cast<std::uint32_t>(first),
+                                   std::bit_cast<std::uint32_t>(second)};
+    for (std::size_t i = 0; i < data.size(); ++i)
+        data[i] = static_cast<unsigned char>(words[i / 4] >> (8 * (i % 4)));
+    return data;
+}
 
 /// The bytes of a record file, put together field by field.
 class RecordBytes

@@ -1,0 +1,174 @@
+#include "tests/app/MainWindowFixture.h"
+#include "tests/support/Rows.h"
+
+using namespace KOLT;
+using namespace KOLT::Test;
+
+/// The main window with projects and profiles.
+class TestMainProject : public QObject, private MainWindowFixture
+{
+    Q_OBJECT
+
+private slots:
+
+    void initTestCase() { prepareOnce(); }
+
+    void init() { QVERIFY(prepare()); }
+
+    void cleanup()
+    {
+        m_window.reset();
+        m_output.reset();
+    }
+
+    void unreadableProjectIsKeptAside();
+    void projectIsKeptBetweenRuns();
+    void savePromptsAnswers_data();
+    void savePromptsAnswers();
+    void saveAsAsksForAFile();
+    void profileInstallation();
+};
+
+void TestMainProject::unreadableProjectIsKeptAside()
+{
+    const QString path =
+        QFile::decodeName(DataPaths::instance().dataPath()) + "/CurrentProject.xml";
+    QVERIFY(writeFile(path, "<KoltProject><Par"));
+    ModalBoxes boxes;
+    boxes.answer("OK");
+    QVERIFY(open());
+    QVERIFY(boxes.seen().value(0).contains(path + ".broken"));
+    QCOMPARE(readFile(path + ".broken"), "<KoltProject><Par");
+    QVERIFY(!profile().selectedParameters().empty());
+    QVERIFY(QFile::remove(path + ".broken"));
+
+    // Without a profile nothing is selected, and what is in the file is not overwritten by that.
+    const QByteArray project = "<KoltProject><Parameters><Parameter name=\"Speed\"/></Parameters>"
+                               "</KoltProject>";
+    QVERIFY(writeFile(path, project));
+    QVERIFY(writeFile(ProfileInstaller::installedPath(), "broken"));
+    boxes.answer("OK");
+    QVERIFY(open());
+    QTRY_COMPARE(boxes.seen().size(), 2);
+    QVERIFY(boxes.seen().back().contains(ProfileInstaller::installedPath()));
+    boxes.answer("OK");
+    trigger(Command::SaveProject);
+    QVERIFY(boxes.isDone());
+    trigger(Command::Quit);
+    QCOMPARE(m_exitCodes, QList<int>{0});
+    QCOMPARE(readFile(path), project);
+}
+
+void TestMainProject::projectIsKeptBetweenRuns()
+{
+    QVERIFY(open());
+    QVERIFY(!m_window->project().isModified());
+    confirmSelection("Fuel");
+    QVERIFY(m_window->project().isModified());
+    QTest::keyClick(m_window.get(), Qt::Key_S, Qt::ControlModifier);
+    QVERIFY(!m_window->project().isModified());
+    QVERIFY(open());
+    QTRY_COMPARE(profile().selectedParameters().size(), 1U);
+    QCOMPARE(profile().selectedParameters().front()->name, "Speed");
+
+    // Saved elsewhere, and the settings read afresh: the next start still comes back to it.
+    ModalBoxes boxes;
+    boxes.answer(m_cards->filePath("mine.xml"));
+    trigger(Command::SaveProjectAs);
+    confirmSelection("Fuel");
+    m_window->close();
+    trigger(Command::Quit); // ends it only once
+    QCOMPARE(m_exitCodes, QList<int>{0});
+    QVERIFY(readFile(m_cards->filePath("mine.xml")).contains("Fuel"));
+    QVERIFY(readFile(SettingsStore::instance().fileName()).contains("mine.xml"));
+    QVERIFY(open());
+    QTRY_COMPARE(profile().selectedParameters().size(), 2U);
+}
+
+void TestMainProject::savePromptsAnswers_data()
+{
+    const Rows<Command, QString, bool, bool> row; // command, answer, isSaved, goesOn
+    row("new, yes", Command::NewProject, "Yes", true, true);
+    row("new, no", Command::NewProject, "No", false, true);
+    row("new, cancel", Command::NewProject, "Cancel", false, false);
+    row("open, yes", Command::OpenProject, "Yes", true, true);
+    row("open, no", Command::OpenProject, "No", false, true);
+    row("open, cancel", Command::OpenProject, "Cancel", false, false);
+}
+
+void TestMainProject::savePromptsAnswers()
+{
+    const auto [command, answer, isSaved, goesOn] = fetchRow<Command, QString, bool, bool>();
+    QVERIFY(open());
+    confirmSelection("Fuel"); // Speed stays
+    const QString path = m_window->project().path();
+    const QString other = m_cards->filePath("other.xml");
+    QVERIFY(writeFile(other, "<KoltProject/>"));
+    ModalBoxes boxes;
+    boxes.answer(answer);
+    if (goesOn && command == Command::OpenProject)
+        boxes.answer(other);
+    trigger(command);
+    QVERIFY(boxes.isDone());
+    QCOMPARE(boxes.seen().front(),
+             "KOLT Warning|Current Project not saved !\nSave it now ?|Yes, No, Cancel");
+    QCOMPARE(QFile::exists(path), isSaved);
+    QCOMPARE(profile().selectedParameters().empty(), goesOn);
+    QCOMPARE(m_window->project().isModified(), !goesOn);
+    QCOMPARE(m_window->project().path(), !goesOn                          ? path
+                                         : command == Command::NewProject ? QString()
+                                                                          : other);
+}
+
+void TestMainProject::saveAsAsksForAFile()
+{
+    QVERIFY(open());
+    const QString file = m_cards->filePath("mine");
+    ModalBoxes boxes;
+    boxes.answer(file);
+    trigger(Command::SaveProjectAs);
+    QVERIFY(QFile::exists(file + ".xml"));
+    QCOMPARE(m_window->project().path(), file + ".xml");
+    QCOMPARE(setting("LastProjectPath"), file + ".xml");
+    boxes.answer("/proc/no/such.v1");
+    boxes.answer("OK");
+    confirmSelection("Fuel");
+    trigger(Command::SaveProjectAs);
+    QVERIFY(boxes.seen().back().contains("/proc/no/such.v1"));
+    QVERIFY(m_window->project().isModified());
+}
+
+void TestMainProject::profileInstallation()
+{
+    using ProfileInstaller::Result;
+    const QByteArray before = readFile(ProfileInstaller::installedPath());
+    const QByteArray profile = "<KorvanProfile><Device name='E'><Parameter name='New' id='1'/>"
+                               "</Device></KorvanProfile>";
+    const QString file = m_cards->filePath("new.xml");
+    for (const QByteArray& bad : {QByteArray("no xml"), QByteArray("<KoltProject/>"),
+                                  QByteArray("<KorvanProfile/>"), profile.left(40)}) {
+        QVERIFY(writeFile(file, bad));
+        QCOMPARE(ProfileInstaller::install(file), Result::NotAProfile);
+    }
+    QCOMPARE(ProfileInstaller::install("/no/such.xml"), Result::NotAProfile);
+    QCOMPARE(readFile(ProfileInstaller::installedPath()), before);
+    QVERIFY(writeFile(file, profile));
+    QCOMPARE(ProfileInstaller::install(file), Result::Installed);
+    QCOMPARE(readFile(ProfileInstaller::installedPath()), profile);
+    QCOMPARE(readFile(ProfileInstaller::installedPath() + ".bak"), before);
+    QCOMPARE(ProfileInstaller::install(ProfileInstaller::installedPath()), Result::InUse);
+
+    QVERIFY(open());
+    QCOMPARE(m_window->profile().parameters().front().name, "New");
+    ModalBoxes boxes;
+    boxes.answer(m_cards->filePath("new.xml"));
+    boxes.answer("OK");
+    QVERIFY(writeFile(file, "<X/>"));
+    trigger(Command::ProfileInfo);
+    click(*m_window, "Install Profile...");
+    QVERIFY(boxes.isDone());
+    QVERIFY(boxes.seen().back().startsWith("KOLT Warning|Not a valid KOLT profile !"));
+}
+
+QTEST_MAIN(TestMainProject)
+#include "tst_mainproject.moc"

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QAbstractButton>
+#include <QTest>
+
+namespace KOLT::Test {
+
+/// The button within a window whose text starts so, mnemonics aside; null when there is none.
+template <typename Button = QAbstractButton>
+Button* labelled(const QWidget& window, const QString& text)
+{
+    for (Button* const candidate : window.findChildren<Button*>()) {
+        if (candidate->text().remove('&').startsWith(text))
+            return candidate;
+    }
+    return nullptr;
+}
+
+inline void click(const QWidget& window, const QString& text)
+{
+    QTest::mouseClick(labelled(window, text), Qt::LeftButton);
+}
+
+} // namespace KOLT::Test
