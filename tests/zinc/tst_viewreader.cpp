@@ -1,10 +1,10 @@
 #include "libs/zinc/VariableTable.h"
 #include "libs/zinc/ViewReader.h"
+#include "tests/support/Rows.h"
 #include "tests/support/TestFiles.h"
 
-#include <QTest>
-
 using namespace Zinc2D;
+using KOLT::Test::Rows;
 
 class TestViewReader : public QObject
 {
@@ -30,9 +30,8 @@ private:
         ViewReader reader(m_variables);
         std::optional<ViewModel> model = reader.read(path);
         m_reports.clear();
-        for (const Diagnostic& diagnostic : reader.diagnostics()) {
+        for (const Diagnostic& diagnostic : reader.diagnostics())
             m_reports << diagnostic.text().remove(path);
-        }
         return model;
     }
 
@@ -83,14 +82,8 @@ void TestViewReader::readsElements()
 
 void TestViewReader::reports_data()
 {
-    QTest::addColumn<QByteArray>("children");
-    QTest::addColumn<QStringList>("reports");
-    QTest::addColumn<int>("kept"); // elements that are drawn all the same
-    const auto row = [](const char* name, const char* children, const QStringList& reports,
-                        int kept) {
-        QTest::newRow(name) << QByteArray("\n") + children + "\n<circle x='1' y='1' radius='1'/>"
-                            << reports << kept + 1;
-    };
+    // Kept are elements that are drawn all the same.
+    const Rows<QByteArray, QStringList, int> row("children", "reports", "kept");
     row("unknown element", " <dial x='1'><text/></dial>", {":2:3: there is no element \"dial\""},
         0);
     row("unknown attribute", "<line x='1' y='1' x2='2' y2='2' colour='#ff0000'/>",
@@ -110,7 +103,7 @@ void TestViewReader::reports_data()
     row("bad word", "<text x='1' y='2' text='a' align='middle'/>",
         {":2:35: \"middle\" is none of: left center right"}, 1);
     row("missing file", "<image x='0' y='0' width='1' height='1' file='none.png'/>",
-        {":2:47: there is no file \"none.png\""}, 0 + 1);
+        {":2:47: there is no file \"none.png\""}, 1);
     row("missing style", "<text x='1' y='2' text='a' style='big'/>",
         {":2:35: there is no style \"big\""}, 1);
     row("fault of a style", "<style name='s' size='1 +'/>\n<text x='1' y='2' style='s'/>",
@@ -145,19 +138,15 @@ void TestViewReader::reports()
     QFETCH(QByteArray, children);
     QFETCH(QStringList, reports);
     QFETCH(int, kept);
-    const auto model = readView(children);
+    const auto model = readView("\n" + children + "\n<circle x='1' y='1' radius='1'/>");
     QVERIFY(model);
     QCOMPARE(m_reports, reports);
-    QCOMPARE(static_cast<int>(model->elements.size()), kept);
+    QCOMPARE(static_cast<int>(model->elements.size()), kept + 1);
 }
 
 void TestViewReader::refusesWhatIsNoView_data()
 {
-    QTest::addColumn<QByteArray>("content");
-    QTest::addColumn<QString>("place");
-    const auto row = [](const char* name, const QByteArray& content, const char* place) {
-        QTest::newRow(name) << content << place;
-    };
+    const Rows<QByteArray, QString> row("content", "place");
     row("empty", "", ":1:1:");
     row("no XML", "engine", ":1:");
     row("other root", "<?xml version='1.0'?>\n <project/>", ":2:3:");
