@@ -24,7 +24,6 @@ private slots:
     void flightsWithinTheSpanAreMarked();
     void exceedancesLieOnTheTrack();
     void aircraftIsLookedUpByHalfSeconds();
-    void scaleBarIsRound_data();
     void scaleBarIsRound();
 
 private:
@@ -171,35 +170,28 @@ void TestMapMarks::aircraftIsLookedUpByHalfSeconds()
     QCOMPARE(AircraftTrack(nothing).at(10.0), Record{});
 }
 
-void TestMapMarks::scaleBarIsRound_data()
-{
-    const Rows<double, UnitSystem, QString, double> row("metresPerPixel", "system", "text",
-                                                        "metres");
-    const auto metric = UnitSystem::Metric;
-    const auto imperial = UnitSystem::Imperial;
-    row("50 m wide", 0.04, metric, "5 m", 5.0); // of 6
-    row("exact", 10.0 / 150.0, metric, "10 m", 10.0);
-    row("999 m", 6.66, metric, "500 m", 500.0);
-    row("1 km", 1000.0 / 150.0, metric, "1 km", 1000.0);
-    row("globe", 54'687.5, metric, "5000 km", 5e6);
-    row("below a metre", 0.004, metric, "0.5 m", 0.5);
-    row("feet", 0.04, imperial, "10 ft", 3.048);
-    row("below a mile", 12.3, imperial, "5000 ft", 1524.0);
-    row("a mile", 12.4, imperial, "1 NM", 1852.0);
-    row("many miles", 5000.0, imperial, "200 NM", 370'400.0);
-    row("nothing", 0.0, metric, "", 0.0);
-}
-
 void TestMapMarks::scaleBarIsRound()
 {
-    QFETCH(double, metresPerPixel);
-    QFETCH(UnitSystem, system);
-    QFETCH(double, metres);
-    const ScaleBar bar = ScaleBar::choose(metresPerPixel, 150.0, system);
-    QTEST(bar.text, "text");
-    QCOMPARE(bar.metres, metres);
-    QVERIFY(std::abs(bar.pixels * metresPerPixel - metres) < 1e-6);
-    QVERIFY(bar.pixels <= 150.0001);
+    const auto bar = [](double metresPerPixel, UnitSystem system) {
+        const ScaleBar found = ScaleBar::choose(metresPerPixel, 150.0, system);
+        const bool isTrue = std::abs(found.pixels * metresPerPixel - found.metres) < 1e-6;
+        return isTrue && found.pixels <= 150.0001
+                   ? QStringLiteral("%1 = %2").arg(found.text).arg(found.metres)
+                   : QStringLiteral("%1 pixels").arg(found.pixels);
+    };
+    const auto metric = UnitSystem::Metric;
+    const auto imperial = UnitSystem::Imperial;
+    QCOMPARE(bar(0.04, metric), "5 m = 5");
+    QCOMPARE(bar(10.0 / 150.0, metric), "10 m = 10");
+    QCOMPARE(bar(6.66, metric), "500 m = 500");
+    QCOMPARE(bar(1000.0 / 150.0, metric), "1 km = 1000");
+    QCOMPARE(bar(54'687.5, metric), "5000 km = 5e+06");
+    QCOMPARE(bar(0.004, metric), "0.5 m = 0.5");
+    QCOMPARE(bar(0.04, imperial), "10 ft = 3.048");
+    QCOMPARE(bar(12.3, imperial), "5000 ft = 1524");
+    QCOMPARE(bar(12.4, imperial), "1 NM = 1852");
+    QCOMPARE(bar(5000.0, imperial), "200 NM = 370400");
+    QCOMPARE(bar(0.0, metric), " = 0");
 }
 
 QTEST_APPLESS_MAIN(TestMapMarks)

@@ -266,15 +266,15 @@ void TestViewFrame::annunciator()
          "<message when='b' text='warning' priority='2'/>"
          "<message when='c' text='also a caution' priority='1'/>"
          "<message when='b &amp;&amp; never' text='nobody knows' priority='9'/></annunciator>");
+    const auto after = [this](const char* name, double value) {
+        set(name, value);
+        return textsOf(0).join('|');
+    };
     QCOMPARE(textsOf(0), QStringList());
-    set("a", 1.0);
-    QCOMPARE(textsOf(0), QStringList{"caution"});
-    set("b", 1.0);
-    QCOMPARE(textsOf(0), (QStringList{"warning", "caution"}));
-    set("c", 1.0);
-    QCOMPARE(textsOf(0), (QStringList{"warning", "caution", "+1"}));
-    set("a", 0.0);
-    QCOMPARE(textsOf(0), (QStringList{"warning", "also a caution"}));
+    QCOMPARE(after("a", 1.0), "caution");
+    QCOMPARE(after("b", 1.0), "warning|caution");
+    QCOMPARE(after("c", 1.0), "warning|caution|+1");
+    QCOMPARE(after("a", 0.0), "warning|also a caution");
 }
 
 void TestViewFrame::texts_data()
