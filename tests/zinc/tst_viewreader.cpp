@@ -15,7 +15,6 @@ private slots:
     void readsElements();
     void reports_data();
     void reports();
-    void refusesWhatIsNoView_data();
     void refusesWhatIsNoView();
     void isBounded();
     void cutFilesNeverCrash();
@@ -142,29 +141,24 @@ void TestViewReader::reports()
     QCOMPARE(static_cast<int>(model->elements.size()), kept + 1);
 }
 
-void TestViewReader::refusesWhatIsNoView_data()
-{
-    const Rows<QByteArray, QString> row("content", "place");
-    row("empty", "", ":1:1:");
-    row("no XML", "engine", ":1:");
-    row("other root", "<?xml version='1.0'?>\n <project/>", ":2:3:");
-    row("no size", "<view width='100'></view>", ":1:2:");
-    row("no area", "<view width='100' height='-1'></view>", ":1:2:");
-    row("infinite", "<view width='inf' height='1'></view>", ":1:2:");
-    row("cut", "<view width='1' height='1'>\n<group>", ":2:8:");
-    row("not well formed", "<view width='1' height='1'>\n<group></view>", ":2:");
-    row("binary", QByteArray("\0\1\2\3", 4), ":1:");
-}
-
 void TestViewReader::refusesWhatIsNoView()
 {
-    QFETCH(QByteArray, content);
-    QFETCH(QString, place);
-    QVERIFY(!read(content));
-    QVERIFY2(!m_reports.isEmpty() && m_reports.last().startsWith(place),
-             qPrintable(m_reports.join('\n')));
-    VariableTable variables;
-    ViewReader reader(variables);
+    const std::pair<QByteArray, QString> rows[] = {
+        {"", ":1:1:"},
+        {"engine", ":1:"},
+        {"<?xml version='1.0'?>\n <project/>", ":2:3:"},
+        {"<view width='100'></view>", ":1:2:"},
+        {"<view width='100' height='-1'></view>", ":1:2:"},
+        {"<view width='inf' height='1'></view>", ":1:2:"},
+        {"<view width='1' height='1'>\n<group>", ":2:8:"},
+        {"<view width='1' height='1'>\n<group></view>", ":2:"},
+        {QByteArray("\0\1\2\3", 4), ":1:"}};
+    for (const auto& [content, place] : rows) {
+        QVERIFY2(!read(content), content);
+        QVERIFY2(!m_reports.isEmpty() && m_reports.last().startsWith(place),
+                 qPrintable(content + m_reports.join('\n')));
+    }
+    ViewReader reader(m_variables);
     QVERIFY(!reader.read(m_directory.filePath("missing.v")));
     QCOMPARE(reader.diagnostics().size(), 1U);
 }
