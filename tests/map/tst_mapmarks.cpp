@@ -4,8 +4,7 @@
 #include "map/TrackColors.h"
 #include "tests/support/ProfileFixture.h"
 #include "tests/support/RecordingFixture.h"
-
-#include <QTest>
+#include "tests/support/Rows.h"
 
 #include <cmath>
 
@@ -25,7 +24,6 @@ private slots:
     void flightsWithinTheSpanAreMarked();
     void exceedancesLieOnTheTrack();
     void aircraftIsLookedUpByHalfSeconds();
-    void scaleBarIsRound_data();
     void scaleBarIsRound();
 
 private:
@@ -58,15 +56,9 @@ void TestMapMarks::initTestCase()
 void TestMapMarks::colorsTakeTheirValues_data()
 {
     using Kind = TrackColorChoice::Kind;
-    QTest::addColumn<TrackColorChoice>("choice");
-    QTest::addColumn<UnitSystem>("system");
-    QTest::addColumn<QList<float>>("values");
-    QTest::addColumn<QString>("legend");
+    const Rows<TrackColorChoice, UnitSystem, QList<float>, QString> row("choice", "system",
+                                                                        "values", "legend");
     const float none = -1.0F;
-    const auto row = [](const char* name, const TrackColorChoice& choice, UnitSystem system,
-                        const QList<float>& values, const char* legend) {
-        QTest::newRow(name) << choice << system << values << QString::fromLatin1(legend);
-    };
     row("altitude", {Kind::Altitude, {}}, UnitSystem::Metric, {500, 501, 502, 503, 504, 505, 506},
         "Height 500 m 506 m");
     row("feet", {Kind::Altitude, {}}, UnitSystem::Imperial,
@@ -96,16 +88,16 @@ void TestMapMarks::colorsTakeTheirValues()
         QStringList{colors.name, colors.lowText, colors.highText}.join(QLatin1Char(' '));
     QTEST(legend, "legend");
     m_profile.setUnitSystem(UnitSystem::Metric);
+}
 
+void TestMapMarks::rampIsLegible()
+{
     const ValueScale scale{10.0, 26.0};
     for (const auto& [value, color] :
          {std::pair{9.0, 0}, {10.9, 0}, {11.0, 1}, {25.9, 15}, {99.0, 15}})
         QCOMPARE(int(scale.classOf(value)), color);
     QCOMPARE(int(ValueScale{5.0, 5.0}.classOf(7.0)), 0);
-}
 
-void TestMapMarks::rampIsLegible()
-{
     const auto luminance = [](const QColor& color) {
         const auto linear = [](double part) { return std::pow(part, 2.2); };
         return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) +
@@ -178,37 +170,28 @@ void TestMapMarks::aircraftIsLookedUpByHalfSeconds()
     QCOMPARE(AircraftTrack(nothing).at(10.0), Record{});
 }
 
-void TestMapMarks::scaleBarIsRound_data()
-{
-    QTest::addColumn<double>("metresPerPixel");
-    QTest::addColumn<UnitSystem>("system");
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<double>("metres");
-    const auto metric = UnitSystem::Metric;
-    const auto imperial = UnitSystem::Imperial;
-    QTest::newRow("50 m wide") << 0.04 << metric << "5 m" << 5.0; // of 6
-    QTest::newRow("exact") << 10.0 / 150.0 << metric << "10 m" << 10.0;
-    QTest::newRow("999 m") << 6.66 << metric << "500 m" << 500.0;
-    QTest::newRow("1 km") << 1000.0 / 150.0 << metric << "1 km" << 1000.0;
-    QTest::newRow("globe") << 54'687.5 << metric << "5000 km" << 5e6;
-    QTest::newRow("below a metre") << 0.004 << metric << "0.5 m" << 0.5;
-    QTest::newRow("feet") << 0.04 << imperial << "10 ft" << 3.048;
-    QTest::newRow("below a mile") << 12.3 << imperial << "5000 ft" << 1524.0;
-    QTest::newRow("a mile") << 12.4 << imperial << "1 NM" << 1852.0;
-    QTest::newRow("many miles") << 5000.0 << imperial << "200 NM" << 370'400.0;
-    QTest::newRow("nothing") << 0.0 << metric << "" << 0.0;
-}
-
 void TestMapMarks::scaleBarIsRound()
 {
-    QFETCH(double, metresPerPixel);
-    QFETCH(UnitSystem, system);
-    QFETCH(double, metres);
-    const ScaleBar bar = ScaleBar::choose(metresPerPixel, 150.0, system);
-    QTEST(bar.text, "text");
-    QCOMPARE(bar.metres, metres);
-    QVERIFY(std::abs(bar.pixels * metresPerPixel - metres) < 1e-6);
-    QVERIFY(bar.pixels <= 150.0001);
+    const auto bar = [](double metresPerPixel, UnitSystem system) {
+        const ScaleBar found = ScaleBar::choose(metresPerPixel, 150.0, system);
+        const bool isTrue = std::abs(found.pixels * metresPerPixel - found.metres) < 1e-6;
+        return isTrue && found.pixels <= 150.0001
+                   ? QStringLiteral("%1 = %2").arg(found.text).arg(found.metres)
+                   : QStringLiteral("%1 pixels").arg(found.pixels);
+    };
+    const auto metric = UnitSystem::Metric;
+    const auto imperial = UnitSystem::Imperial;
+    QCOMPARE(bar(0.04, metric), "5 m = 5");
+    QCOMPARE(bar(10.0 / 150.0, metric), "10 m = 10");
+    QCOMPARE(bar(6.66, metric), "500 m = 500");
+    QCOMPARE(bar(1000.0 / 150.0, metric), "1 km = 1000");
+    QCOMPARE(bar(54'687.5, metric), "5000 km = 5e+06");
+    QCOMPARE(bar(0.004, metric), "0.5 m = 0.5");
+    QCOMPARE(bar(0.04, imperial), "10 ft = 3.048");
+    QCOMPARE(bar(12.3, imperial), "5000 ft = 1524");
+    QCOMPARE(bar(12.4, imperial), "1 NM = 1852");
+    QCOMPARE(bar(5000.0, imperial), "200 NM = 370400");
+    QCOMPARE(bar(0.0, metric), " = 0");
 }
 
 QTEST_APPLESS_MAIN(TestMapMarks)

@@ -11,6 +11,7 @@
 
 using namespace KOLT;
 using namespace KOLT::Test;
+using Tessa::LatLong;
 using Vector = Tessa::Globe::Vector;
 
 class TestTrackLine : public QObject
@@ -18,7 +19,6 @@ class TestTrackLine : public QObject
     Q_OBJECT
 
 private slots:
-    void lineKeepsToTheTrack_data();
     void lineKeepsToTheTrack();
     void chunksHangTogether();
     void longWaysFollowTheGreatCircle();
@@ -26,7 +26,6 @@ private slots:
     void repeatedCircuitsDrawLikeOne();
     void longLegsDrawOnce();
     void colorsChangeWhereTheValuesDo();
-    void spikesStayVisible_data();
     void spikesStayVisible();
     void clickHitsTheNearestPoint();
     void boundsGoOverTheDateLine();
@@ -36,7 +35,7 @@ namespace {
 
 using Track = std::vector<TrackPoint>;
 
-Track along(std::size_t count, const std::function<Tessa::LatLong(double)>& place)
+Track along(std::size_t count, const std::function<LatLong(double)>& place)
 {
     Track track;
     for (std::size_t i = 0; i < count; ++i) {
@@ -49,10 +48,10 @@ Track along(std::size_t count, const std::function<Tessa::LatLong(double)>& plac
 /// Northwards, ten metres a point.
 Track straight(std::size_t count)
 {
-    return along(count, [](double i) { return Tessa::LatLong{48.0 + i * 10.0 / 111'120.0, 11.0}; });
+    return along(count, [](double i) { return LatLong{48.0 + i * 10.0 / 111'120.0, 11.0}; });
 }
 
-Track wandering(Tessa::LatLong start, std::size_t count)
+Track wandering(LatLong start, std::size_t count)
 {
     std::mt19937 random(5);
     std::normal_distribution<double> turn(0.0, 0.05);
@@ -73,8 +72,8 @@ Track circuits(std::size_t count)
     std::normal_distribution<double> noise(0.0, 2.0 / 111'120.0);
     return along(count, [&](double i) {
         const double angle = i * 0.0628318530718;
-        return Tessa::LatLong{48.0 + std::cos(angle) * 0.0045 + noise(random),
-                              11.0 + std::sin(angle) * 0.0067 + noise(random)};
+        return LatLong{48.0 + std::cos(angle) * 0.0045 + noise(random),
+                       11.0 + std::sin(angle) * 0.0067 + noise(random)};
     });
 }
 
@@ -105,24 +104,31 @@ Vector placeOf(const TrackLine::Chunk& chunk, const TrackLine::Vertex& vertex)
             chunk.origin.z + static_cast<double>(vertex.z)};
 }
 
+/// The lines drawn.
+void forLines(const TrackLine::Chunk& chunk,
+              const std::function<void(Vector from, Vector to, std::size_t color)>& handle)
+{
+    for (std::size_t i = 1; i < chunk.vertices.size(); ++i) {
+        const TrackLine::Vertex& end = chunk.vertices[i];
+        if (!end.isStart)
+            handle(placeOf(chunk, chunk.vertices[i - 1]), placeOf(chunk, end), end.color);
+    }
+}
+
 double distanceTo(const std::vector<TrackLine::Chunk>& chunks, const Vector& place)
 {
     double nearest = std::numeric_limits<double>::infinity();
     for (const TrackLine::Chunk& chunk : chunks) {
         if (lengthOf(place - chunk.origin) > chunk.radius + 1000.0)
             continue;
-        for (std::size_t i = 1; i < chunk.vertices.size(); ++i) {
-            if (chunk.vertices[i].isStart)
-                continue;
-            const Vector from = placeOf(chunk, chunk.vertices[i - 1]);
-            const Vector line = placeOf(chunk, chunk.vertices[i]) - from;
+        forLines(chunk, [&](Vector from, Vector to, std::size_t) {
+            const Vector line = to - from;
+            const Vector way = place - from;
             const double square = dot(line, line);
-            const double part =
-                square > 0.0 ? std::clamp(dot(place - from, line) / square, 0.0, 1.0) : 0.0;
-            nearest =
-                std::min(nearest, lengthOf(place - from -
-                                           Vector{line.x * part, line.y * part, line.z * part}));
-        }
+            const double part = square > 0.0 ? std::clamp(dot(way, line) / square, 0.0, 1.0) : 0.0;
+            nearest = std::min(nearest,
+                               lengthOf(way - Vector{line.x * part, line.y * part, line.z * part}));
+        });
     }
     return nearest;
 }
@@ -139,46 +145,35 @@ std::size_t vertexCount(const std::vector<TrackLine::Chunk>& chunks)
 std::vector<double> lengthsOf(const std::vector<TrackLine::Chunk>& chunks)
 {
     std::vector<double> lengths(17, 0.0);
-    for (const TrackLine::Chunk& chunk : chunks) {
-        for (std::size_t i = 1; i < chunk.vertices.size(); ++i) {
-            if (chunk.vertices[i].isStart)
-                continue;
-            const std::size_t color = chunk.vertices[i].color;
-            lengths[std::min<std::size_t>(color, 16)] +=
-                lengthOf(placeOf(chunk, chunk.vertices[i]) - placeOf(chunk, chunk.vertices[i - 1]));
-        }
-    }
+    for (const TrackLine::Chunk& chunk : chunks)
+        forLines(chunk, [&](Vector from, Vector to, std::size_t color) {
+            lengths[std::min<std::size_t>(color, 16)] += lengthOf(to - from);
+        });
     return lengths;
 }
 
 } // namespace
 
-void TestTrackLine::lineKeepsToTheTrack_data()
-{
-    QTest::addColumn<Tessa::LatLong>("start");
-    QTest::newRow("Bavaria") << Tessa::LatLong{48.0, 11.0};
-    QTest::newRow("date line") << Tessa::LatLong{-17.0, 179.99};
-    QTest::newRow("north") << Tessa::LatLong{89.0, 0.0};
-}
-
 void TestTrackLine::lineKeepsToTheTrack()
 {
-    QFETCH(Tessa::LatLong, start);
-    const Track track = wandering(start, 4000);
-    const TrackLine line(track);
-    std::size_t before = track.size() + 100;
-    for (const double scale : {0.3, 3.0, 40.0, 700.0}) {
-        const auto& chunks = line.chunks(scale);
-        for (std::size_t i = 0; i < track.size(); i += 7)
-            QVERIFY(distanceTo(chunks, placeOf(track[i])) <= scale / 2.0 + 0.01);
-        QVERIFY(vertexCount(chunks) < before);
-        before = vertexCount(chunks);
-        // The power of two below counts.
-        QCOMPARE(&line.chunks(std::exp2(std::floor(std::log2(scale)))), &chunks);
+    // The last two at 180 degrees and near the pole.
+    for (const LatLong start : {LatLong{48.0, 11.0}, {-17.0, 179.99}, {89.0, 0.0}}) {
+        const Track track = wandering(start, 4000);
+        const TrackLine line(track);
+        std::size_t before = track.size() + 100;
+        for (const double scale : {0.3, 3.0, 40.0, 700.0}) {
+            const auto& chunks = line.chunks(scale);
+            for (std::size_t i = 0; i < track.size(); i += 7)
+                QVERIFY(distanceTo(chunks, placeOf(track[i])) <= scale / 2.0 + 0.01);
+            QVERIFY(vertexCount(chunks) < before);
+            before = vertexCount(chunks);
+            // The power of two below counts.
+            QCOMPARE(&line.chunks(std::exp2(std::floor(std::log2(scale)))), &chunks);
+        }
+        QVERIFY(before < 60);
+        for (const double scale : {0.0, -1.0, 1e-9, 1e12, std::nan("")})
+            QVERIFY(!line.chunks(scale).empty());
     }
-    QVERIFY(before < 60);
-    for (const double scale : {0.0, -1.0, 1e-9, 1e12, std::nan("")})
-        QVERIFY(!line.chunks(scale).empty());
 }
 
 void TestTrackLine::chunksHangTogether()
@@ -230,15 +225,13 @@ void TestTrackLine::longWaysFollowTheGreatCircle()
 
 void TestTrackLine::gapsPartTheLine()
 {
-    Track track = straight(200);
-    for (std::size_t i = 100; i < track.size(); ++i)
-        track[i].halfSecond += 20; // 10.5 s
-    const auto parted = lengthsOf(TrackLine(track).chunks(1.0))[16];
-    QVERIFY(std::abs(parted - 1980.0) < 0.1);
-    track = straight(200);
-    for (std::size_t i = 100; i < track.size(); ++i)
-        track[i].halfSecond += 19; // 10 s
-    QVERIFY(std::abs(lengthsOf(TrackLine(track).chunks(1.0))[16] - 1990.0) < 0.1);
+    // After 10.5 s, not after 10 s.
+    for (const auto& [halfSeconds, length] : {std::pair(20, 1980.0), {19, 1990.0}}) {
+        Track track = straight(200);
+        for (std::size_t i = 100; i < track.size(); ++i)
+            track[i].halfSecond += halfSeconds;
+        QVERIFY(std::abs(lengthsOf(TrackLine(track).chunks(1.0))[16] - length) < 0.1);
+    }
 
     // Positions that are missing are interpolated: the samples tell where.
     Profile profile;
@@ -283,7 +276,7 @@ void TestTrackLine::longLegsDrawOnce()
         const double part = std::fmod(i, 200.0) / 100.0;
         if (part == 0.0)
             offset = noise(random);
-        return Tessa::LatLong{48.0 + 0.09 * std::abs(1.0 - part), 11.0 + offset};
+        return LatLong{48.0 + 0.09 * std::abs(1.0 - part), 11.0 + offset};
     });
     const auto lengths = lengthsOf(TrackLine(legs).chunks(16.0));
     QVERIFY2(lengths[16] > 10'000.0 && lengths[16] < 20 * 10'000.0, // of 600 legs
@@ -308,28 +301,21 @@ void TestTrackLine::colorsChangeWhereTheValuesDo()
     QVERIFY(std::abs(lengthsOf(line.chunks(16.0))[16] - 9990.0) < 0.1);
 }
 
-void TestTrackLine::spikesStayVisible_data()
-{
-    QTest::addColumn<std::size_t>("place");
-    QTest::newRow("at the start") << std::size_t{0};
-    QTest::newRow("on the way") << std::size_t{523};
-    QTest::newRow("at the end") << std::size_t{999};
-}
-
 void TestTrackLine::spikesStayVisible()
 {
-    QFETCH(std::size_t, place);
     TrackLine line(straight(1000));
-    for (const float spike : {0.0F, 100.0F}) {
+    for (const std::size_t place : {0u, 1u, 523u, 998u, 999u}) {
         std::vector<float> values(1000, 52.0F);
         for (std::size_t i = 0; i < values.size(); i += 2)
             values[i] = 47.0F; // another class
-        values[place] = spike;
-        line.setValues(values, {0.0, 100.0});
-        for (const double scale : {1.0, 32.0, 512.0}) {
-            const double length = lengthsOf(line.chunks(scale))[spike > 50.0F ? 15 : 0];
-            QVERIFY2(length >= std::min(2.0 * scale, 9990.0) && length < 2.0 * scale + 20.0,
-                     qPrintable(QString::number(length)));
+        for (const float spike : {0.0F, 100.0F}) {
+            values[place] = spike;
+            line.setValues(values, {0.0, 100.0});
+            for (const double scale : {1.0, 32.0, 512.0}) {
+                const double length = lengthsOf(line.chunks(scale))[spike > 50.0F ? 15 : 0];
+                QVERIFY2(length >= std::min(2.0 * scale, 9990.0) && length < 2.0 * scale + 20.0,
+                         qPrintable(QString("%1 of the spike at %2").arg(length).arg(place)));
+            }
         }
     }
 }
@@ -358,14 +344,10 @@ void TestTrackLine::clickHitsTheNearestPoint()
 
 void TestTrackLine::boundsGoOverTheDateLine()
 {
-    const TrackBounds bounds = TrackBounds::of(
+    const auto [south, north, lowest, highest, west, east] = TrackBounds::of(
         Track{{0, -17.0, 179.0}, {1, -16.0, -179.0}, {2, -18.0, -178.0}, {3, -17.0, 178.0}});
-    QCOMPARE(bounds.minLatitude, -18.0);
-    QCOMPARE(bounds.maxLatitude, -16.0);
-    QCOMPARE(bounds.minLongitude, -179.0);
-    QCOMPARE(bounds.maxLongitude, 179.0);
-    QCOMPARE(bounds.west, 178.0);
-    QCOMPARE(bounds.east, 182.0);
+    QCOMPARE((std::vector{south, north, lowest, highest, west, east}),
+             (std::vector{-18.0, -16.0, -179.0, 179.0, 178.0, 182.0}));
 }
 
 QTEST_APPLESS_MAIN(TestTrackLine)

@@ -1,7 +1,9 @@
 #pragma once
 
+#include <QBuffer>
 #include <QHash>
 #include <QHostAddress>
+#include <QImage>
 #include <QStringList>
 #include <QTcpServer>
 #include <QTcpSocket>
@@ -10,6 +12,16 @@
 #include <functional>
 
 namespace Tessa::Test {
+
+/// The bytes of a picture file.
+inline QByteArray encoded(const QImage& image, const char* format = "png")
+{
+    QByteArray body;
+    QBuffer buffer(&body);
+    buffer.open(QIODevice::WriteOnly);
+    image.save(&buffer, format);
+    return body;
+}
 
 /// A web server on this machine's loopback that answers as it is told to, and notes what it was
 /// asked.

@@ -1,11 +1,8 @@
 #pragma once
 
-#include "tests/support/LoopbackServer.h"
-
-#include <QBuffer>
 #include <QImage>
-#include <QStringList>
 
+#include <algorithm>
 #include <cmath>
 #include <numbers>
 #include <optional>
@@ -61,6 +58,13 @@ struct View
         const double pixels = earthRadius / metresPerPixel;
         return {size.width() / 2.0 + pixels * east, size.height() / 2.0 - pixels * north};
     }
+
+    /// Pixels between a point and where a place should be.
+    double distance(QPointF point, Place place) const
+    {
+        const QPointF way = pixelOf(place) - point;
+        return std::hypot(way.x(), way.y());
+    }
 };
 
 struct Tile
@@ -95,27 +99,6 @@ inline int zoomOf(const QColor& color)
 {
     return qRound((color.blue() - 4) / 12.0);
 }
-
-/// Serves tiles in their colours.
-class TileServerOnLoopback : public Tessa::Test::LoopbackServer
-{
-public:
-    TileServerOnLoopback()
-    {
-        handler = [](const Request& request) {
-            const QStringList parts = QString::fromLatin1(request.path).split(QLatin1Char('/'));
-            const Tile tile{parts.value(1).toInt(), parts.value(2).toInt(),
-                            parts.value(3).section(QLatin1Char('.'), 0, 0).toInt()};
-            QImage image(256, 256, QImage::Format_RGB32);
-            image.fill(colorOf(tile));
-            QByteArray body;
-            QBuffer buffer(&body);
-            buffer.open(QIODevice::WriteOnly);
-            image.save(&buffer, "png");
-            return answer("200 OK", body);
-        };
-    }
-};
 
 inline bool isNear(const QColor& one, const QColor& other, int tolerance = 2)
 {

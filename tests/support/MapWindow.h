@@ -14,6 +14,12 @@ namespace KOLT::Test {
 
 constexpr Place home{48.0, 11.3};
 
+/// What a map should show.
+inline View viewOf(const MapViewState& state, const WidgetMap& map)
+{
+    return {{state.latitude, state.longitude}, state.width / map.width(), map.size()};
+}
+
 /// A map in a window of its own, that leaves network and disk alone.
 class MapWindow
 {
@@ -67,18 +73,7 @@ public:
         return isDone ? picture : QImage();
     }
 
-    /// What it should show.
-    View view() const
-    {
-        return {{state.latitude, state.longitude}, state.width / map.width(), map.size()};
-    }
-
-    /// Pixels between a point of the window and where a place should be.
-    double distance(QPointF point, Place place) const
-    {
-        const QPointF there = view().pixelOf(place) - point;
-        return std::hypot(there.x(), there.y());
-    }
+    View view() const { return viewOf(state, map); }
 
     MapViewState state;
     WidgetMap map{state};
@@ -99,6 +94,11 @@ inline std::vector<TrackPoint> straightTrack()
     for (int i = 0; i <= 60; ++i)
         places.push_back({home.latitude, home.longitude - 0.3 + 0.01 * i});
     return trackThrough(places);
+}
+
+inline Place placeOf(const TrackPoint& point)
+{
+    return {point.latitude, point.longitude};
 }
 
 inline bool isTrackColored(QRgb color)

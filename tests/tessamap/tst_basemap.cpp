@@ -1,10 +1,7 @@
 #include "libs/tessamap/BaseMap.h"
 #include "libs/tessamap/Mercator.h"
+#include "tests/support/Rows.h"
 #include "tests/support/TestFiles.h"
-
-#include <QTest>
-
-#include <cstdlib>
 
 using namespace Tessa;
 
@@ -44,35 +41,28 @@ bool isIce(QColor color)
 
 void TestBaseMap::places_data()
 {
-    QTest::addColumn<double>("latitude");
-    QTest::addColumn<double>("longitude");
-    QTest::addColumn<QString>("ground");
-    QTest::addColumn<int>("fromZoom"); ///< where it is large enough to be seen
-    const auto row = [](const char* name, double latitude, double longitude, const char* ground,
-                        int fromZoom = 0) {
-        QTest::newRow(name) << latitude << longitude << QString::fromLatin1(ground) << fromZoom;
-    };
-    row("Bavaria", 48.5, 11.8, "land");
-    row("Sahara", 22.4, 8.3, "land");
-    row("Amazon", -7.4, -61.7, "land");
-    row("Greenland", 73.3, -42.4, "land");
+    // From the zoom where it is large enough to be seen.
+    const KOLT::Test::Rows<double, double, QString, int> row("latitude", "longitude", "ground",
+                                                             "fromZoom");
+    row("Bavaria", 48.5, 11.8, "land", 0);
+    row("Greenland", 73.3, -42.4, "land", 0);
     row("Chukotka, west of 180 degrees", 67.8, 178.8, "land", 1);
     row("Chukotka, on 180 degrees", 68.0, 180.0, "land", 1);
     row("Chukotka, east of 180 degrees", 66.8, -178.2, "land", 2);
     row("Wrangel Island", 71.2, -179.6, "land", 4);
     row("Viti Levu", -17.8, 178.0, "land", 4);
     row("Taveuni, on 180 degrees", -16.85, 179.98, "land", 7);
-    row("Queen Maud Land", -75.0, 15.4, "ice");
-    row("South of the tiles but for a hair", -84.9, 60.0, "ice");
-    row("Marie Byrd Land", -79.0, -120.4, "ice");
-    row("Atlantic", 31.7, -42.3, "water");
-    row("Pacific, on 180 degrees", 3.3, 180.0, "water");
-    row("Pacific, off Fiji", -19.3, 176.4, "water");
+    row("Queen Maud Land", -75.0, 15.4, "ice", 0);
+    row("South of the tiles but for a hair", -84.9, 60.0, "ice", 0);
+    row("Marie Byrd Land", -79.0, -120.4, "ice", 0);
+    row("Atlantic", 31.7, -42.3, "water", 0);
+    row("Pacific, on 180 degrees", 3.3, 180.0, "water", 0);
+    row("Pacific, off Fiji", -19.3, 176.4, "water", 0);
     row("Black Sea", 43.4, 34.2, "water", 1);
     row("Caspian Sea", 42.2, 50.6, "water", 2);
     row("Weddell Sea", -71.5, -43.4, "water", 1);
     row("Ross Sea, on 180 degrees", -75.5, 180.0, "water", 2);
-    row("Arctic Ocean", 84.3, 155.4, "water");
+    row("Arctic Ocean", 84.3, 155.4, "water", 0);
 }
 
 void TestBaseMap::places()
@@ -172,16 +162,15 @@ void TestBaseMap::damagedData()
     m_map.paint({0, 0, 0}); // makes the data known to the toolkit
     const QByteArray good = KOLT::Test::readFile(QStringLiteral(":/tessamap/world.bin"));
     QVERIFY(BaseMapData::read(good));
-    const auto packed = [](const QByteArray& raw) { return qCompress(raw); };
     const QByteArray raw = qUncompress(good);
     for (const qsizetype length : {0, 3, 4, 6, 8, 9, 13, 40, 5000, int(raw.size()) - 1})
-        QVERIFY(!BaseMapData::read(packed(raw.left(length))));
+        QVERIFY(!BaseMapData::read(qCompress(raw.left(length))));
     for (const qsizetype length : {0, 3, 4, 100})
         QVERIFY(!BaseMapData::read(good.left(length)));
     QVERIFY(!BaseMapData::read(QByteArray("\xff\xff\xff\xff", 4) + good.mid(4)));
     // More lines, and longer ones, than there are bytes.
-    QVERIFY(!BaseMapData::read(packed("TWM1" + QByteArray(40, '\x7f'))));
-    QVERIFY(!BaseMapData::read(packed("TWM1" + QByteArray::fromHex("0000000100000f4240ffff"))));
+    QVERIFY(!BaseMapData::read(qCompress("TWM1" + QByteArray(40, '\x7f'))));
+    QVERIFY(!BaseMapData::read(qCompress("TWM1" + QByteArray::fromHex("0000000100000f4240ffff"))));
 }
 
 QTEST_GUILESS_MAIN(TestBaseMap)

@@ -1,15 +1,16 @@
 #include "libs/tessamap/TileDiskCache.h"
 #include "libs/tessamap/TileReply.h"
 #include "libs/tessamap/TileServer.h"
+#include "tests/support/Rows.h"
 #include "tests/support/TestFiles.h"
 
 #include <QDateTime>
 #include <QDir>
-#include <QTest>
 #include <QUrl>
 
 using namespace Tessa;
 using KOLT::Test::readFile;
+using KOLT::Test::Rows;
 using KOLT::Test::writeFile;
 
 namespace {
@@ -17,6 +18,21 @@ namespace {
 constexpr TileId tile{9, 268, 178};
 constexpr qint64 now = 1'700'000'000'000; // 14 Nov 2023 22:13:20 GMT
 constexpr qint64 day = 24LL * 3600 * 1000;
+
+/// A cache in a folder of its own.
+struct Cache : TileDiskCache
+{
+    Cache() { setPlace(folder.path(), QStringLiteral("0123456789abcdef")); }
+
+    ~Cache() { waitForIdle(); }
+
+    QString path(const QString& name) const
+    {
+        return folder.filePath(QStringLiteral("0123456789abcdef/9/") + name);
+    }
+
+    QTemporaryDir folder;
+};
 
 } // namespace
 
@@ -28,7 +44,6 @@ private slots:
     void tileIds();
     void serverAddresses_data();
     void serverAddresses();
-    void lifetimes_data();
     void lifetimes();
     void whatIsWrittenIsRead();
     void damagedFiles_data();
@@ -53,14 +68,10 @@ void TestTileCache::tileIds()
 
 void TestTileCache::serverAddresses_data()
 {
-    QTest::addColumn<QString>("address");
-    QTest::addColumn<QString>("url"); ///< of 9/268/178; empty when the address cannot be used
-    QTest::addColumn<QString>("attribution");
+    // The url is that of 9/268/178; empty when the address cannot be used.
+    const Rows<QString, QString, QString> row("address", "url", "attribution");
     const QString publicUrl = QStringLiteral("https://tile.openstreetmap.org/9/268/178.png");
     const QString contributors = QStringLiteral("(c) OpenStreetMap contributors");
-    const auto row = [](const char* address, const QString& url, const QString& attribution) {
-        QTest::newRow(address) << QString::fromLatin1(address) << url << attribution;
-    };
     row("", publicUrl, contributors);
     row("http://tile.openstreetmap.org", publicUrl, contributors);
     row("tile.openstreetmap.org/", publicUrl, contributors);
@@ -91,56 +102,37 @@ void TestTileCache::serverAddresses()
     QCOMPARE(server.cacheKey() == TileServer().cacheKey(), server.isPublicServer());
 }
 
-void TestTileCache::lifetimes_data()
-{
-    QTest::addColumn<QByteArray>("cacheControl");
-    QTest::addColumn<QByteArray>("expires");
-    QTest::addColumn<QByteArray>("age");
-    QTest::addColumn<qint64>("seconds");
-    const QByteArray none;
-    QTest::newRow("nothing said") << none << none << none << 7 * day / 1000;
-    QTest::newRow("max-age") << QByteArray("public, Max-Age=90") << none << none << qint64(90);
-    QTest::newRow("spent in a proxy")
-        << QByteArray("max-age=90") << none << QByteArray("60") << qint64(30);
-    QTest::newRow("too old already")
-        << QByteArray("max-age=90") << none << QByteArray("600") << qint64(0);
-    QTest::newRow("before Expires")
-        << QByteArray("max-age=90") << QByteArray("Tue, 14 Nov 2023 23:00:00 GMT") << none
-        << qint64(90);
-    QTest::newRow("no-cache") << QByteArray("no-cache, max-age=90") << none << none << qint64(0);
-    QTest::newRow("no number") << QByteArray("max-age=soon") << none << none << 7 * day / 1000;
-    // The server's clock is 10 minutes behind.
-    QTest::newRow("Expires") << none << QByteArray("Tue, 14 Nov 2023 23:03:20 GMT") << none
-                             << qint64(3600);
-    QTest::newRow("Expires in the past")
-        << none << QByteArray("Tue, 14 Nov 2023 01:00:00 GMT") << none << qint64(0);
-    QTest::newRow("Expires without date") << none << QByteArray("-1") << none << qint64(0);
-    QTest::newRow("for ever") << QByteArray("max-age=99999999999") << none << none
-                              << 366 * day / 1000;
-}
-
 void TestTileCache::lifetimes()
 {
-    QFETCH(qint64, seconds);
-    ReplyFacts facts;
-    facts.date = "Tue, 14 Nov 2023 22:03:20 GMT";
-    QFETCH(QByteArray, cacheControl);
-    QFETCH(QByteArray, expires);
-    QFETCH(QByteArray, age);
-    facts.cacheControl = cacheControl;
-    facts.expires = expires;
-    facts.age = age;
-    QCOMPARE((metaOf(facts, now).expires - now) / 1000, seconds);
+    const auto seconds = [](const char* cacheControl, const char* expires = "",
+                            const char* age = "") {
+        ReplyFacts facts;
+        facts.date = "Tue, 14 Nov 2023 22:03:20 GMT"; // a clock that is 10 minutes behind
+        facts.cacheControl = cacheControl;
+        facts.expires = expires;
+        facts.age = age;
+        return (metaOf(facts, now).expires - now) / 1000;
+    };
+    QCOMPARE(seconds(""), 7 * day / 1000);
+    QCOMPARE(seconds("public, Max-Age=90"), 90);
+    QCOMPARE(seconds("max-age=90", "", "60"), 30); // spent in a proxy
+    QCOMPARE(seconds("max-age=90", "", "600"), 0);
+    QCOMPARE(seconds("max-age=90", "Tue, 14 Nov 2023 23:00:00 GMT"), 90);
+    QCOMPARE(seconds("no-cache, max-age=90"), 0);
+    QCOMPARE(seconds("max-age=soon"), 7 * day / 1000);
+    QCOMPARE(seconds("", "Tue, 14 Nov 2023 23:03:20 GMT"), 3600);
+    QCOMPARE(seconds("", "Tue, 14 Nov 2023 01:00:00 GMT"), 0); // in the past
+    QCOMPARE(seconds("", "-1"), 0);
+    QCOMPARE(seconds("max-age=99999999999"), 366 * day / 1000);
 }
 
 void TestTileCache::whatIsWrittenIsRead()
 {
-    QTemporaryDir folder;
-    TileDiskCache cache;
-    QVERIFY(!cache.write(tile, "picture", {})); // switched off
-    QVERIFY(!cache.read(tile) && !cache.contains(tile));
+    TileDiskCache switchedOff;
+    QVERIFY(!switchedOff.write(tile, "picture", {}));
+    QVERIFY(!switchedOff.read(tile) && !switchedOff.contains(tile));
 
-    cache.setPlace(folder.path(), QStringLiteral("0123456789abcdef"));
+    Cache cache;
     const TileMeta meta{"W/\"a: b\"", "Tue, 14 Nov 2023 22:13:20 GMT", now + day};
     QVERIFY(cache.write(tile, "picture", meta));
     QVERIFY(cache.write(tile, "another", meta)); // in its place
@@ -148,8 +140,8 @@ void TestTileCache::whatIsWrittenIsRead()
     QVERIFY(entry);
     QCOMPARE(entry->body, QByteArray("another"));
     QVERIFY(entry->meta == meta);
-    QCOMPARE(readFile(folder.filePath("0123456789abcdef/9/268/178.png")), entry->body);
-    QCOMPARE(QDir(folder.filePath("0123456789abcdef/9/268")).entryList(QDir::Files),
+    QCOMPARE(readFile(cache.path("268/178.png")), entry->body);
+    QCOMPARE(QDir(cache.path("268")).entryList(QDir::Files),
              (QStringList{"178.meta", "178.png"})); // nothing temporary stays
 
     QVERIFY(cache.writeMeta(tile, {"\"c\"", "", now}));
@@ -164,35 +156,27 @@ void TestTileCache::whatIsWrittenIsRead()
 
 void TestTileCache::damagedFiles_data()
 {
-    QTest::addColumn<QByteArray>("file"); ///< "png" or "meta"
-    QTest::addColumn<QByteArray>("content");
-    QTest::addColumn<bool>("isKept"); ///< as expired
-    QTest::newRow("no notes") << QByteArray("meta") << QByteArray() << true;
-    QTest::newRow("notes are no text") << QByteArray("meta") << QByteArray(200, '\0') << true;
-    QTest::newRow("notes cut short") << QByteArray("meta") << QByteArray("expires: 17\nsi") << true;
-    QTest::newRow("no expiry") << QByteArray("meta") << QByteArray("expires: soon\nsize: 7\n")
-                               << true;
-    QTest::newRow("notes without end")
-        << QByteArray("meta") << QByteArray("expires: 9\nsize: 7\n").repeated(1000) << true;
-    QTest::newRow("notes of another tile")
-        << QByteArray("meta") << QByteArray("expires: 1700000000000\nsize: 9\n") << false;
-    QTest::newRow("tile cut short") << QByteArray("png") << QByteArray("pic") << false;
-    QTest::newRow("tile empty") << QByteArray("png") << QByteArray("") << false;
-    QTest::newRow("tile too large") << QByteArray("png") << QByteArray(5 << 20, 'x') << false;
+    // Kept is a tile as expired.
+    const Rows<QString, QByteArray, bool> row("file", "content", "isKept");
+    row("no notes", "178.meta", "", true);
+    row("notes are no text", "178.meta", QByteArray(200, '\0'), true);
+    row("notes cut short", "178.meta", "expires: 17\nsi", true);
+    row("no expiry", "178.meta", "expires: soon\nsize: 7\n", true);
+    row("notes without end", "178.meta", QByteArray("expires: 9\nsize: 7\n").repeated(1000), true);
+    row("notes of another tile", "178.meta", "expires: 1700000000000\nsize: 9\n", false);
+    row("tile cut short", "178.png", "pic", false);
+    row("tile empty", "178.png", "", false);
+    row("tile too large", "178.png", QByteArray(5 << 20, 'x'), false);
 }
 
 void TestTileCache::damagedFiles()
 {
-    QFETCH(QByteArray, file);
+    QFETCH(QString, file);
     QFETCH(QByteArray, content);
     QFETCH(bool, isKept);
-    QTemporaryDir folder;
-    TileDiskCache cache;
-    cache.setPlace(folder.path(), QStringLiteral("0123456789abcdef"));
+    Cache cache;
     QVERIFY(cache.write(tile, "picture", {"\"a\"", "", now + day}));
-    QVERIFY(writeFile(
-        folder.filePath(QStringLiteral("0123456789abcdef/9/268/178.") + QString::fromLatin1(file)),
-        content));
+    QVERIFY(writeFile(cache.path("268/" + file), content));
     const auto entry = cache.read(tile);
     QCOMPARE(entry.has_value(), isKept);
     QCOMPARE(cache.contains(tile), isKept);
@@ -220,13 +204,9 @@ void TestTileCache::placeThatCannotBeWritten()
 
 void TestTileCache::leastRecentlyUsedGoFirst()
 {
-    QTemporaryDir folder;
-    TileDiskCache cache;
-    cache.setPlace(folder.path(), QStringLiteral("0123456789abcdef"));
+    Cache cache;
     cache.waitForIdle();
-    const auto path = [&](int x) {
-        return folder.filePath(QStringLiteral("0123456789abcdef/9/%1/0.png").arg(x));
-    };
+    const auto path = [&](int x) { return cache.path(QStringLiteral("%1/0.png").arg(x)); };
     const QDateTime longAgo = QDateTime::currentDateTimeUtc().addDays(-100);
     for (int x = 0; x < 20; ++x) {
         QVERIFY(cache.write({9, x, 0}, QByteArray(10000, 'x'), {"", "", now}));
@@ -235,12 +215,13 @@ void TestTileCache::leastRecentlyUsedGoFirst()
         QVERIFY(file.setFileTime(longAgo.addSecs(x * 60), QFileDevice::FileModificationTime));
     }
     QVERIFY(cache.read({9, 0, 0})); // the oldest one is of use again
-    QDir(folder.path()).mkpath("holidays/9/1");
-    const QString foreign = folder.filePath("holidays/9/1/1.png");
+    const QString root = cache.folder.path();
+    QDir(root).mkpath("holidays/9/1");
+    const QString foreign = cache.folder.filePath("holidays/9/1/1.png");
     QVERIFY(writeFile(foreign, QByteArray(500000, 'x')));
 
     const std::atomic<bool> goOn{false};
-    const qint64 left = TileDiskCache::makeRoom(folder.path(), 150000, goOn);
+    const qint64 left = TileDiskCache::makeRoom(root, 150000, goOn);
     QVERIFY(left <= 135000 && left > 120000);
     QVERIFY(QFile::exists(foreign));
     QVERIFY(QFile::exists(path(0)));
@@ -250,15 +231,13 @@ void TestTileCache::leastRecentlyUsedGoFirst()
         QCOMPARE(QFile::exists(path(x).chopped(3) + "meta"), isKept);
     }
     // Enough room: nothing goes.
-    QCOMPARE(TileDiskCache::makeRoom(folder.path(), 150000, goOn), left);
+    QCOMPARE(TileDiskCache::makeRoom(root, 150000, goOn), left);
 }
 
 void TestTileCache::roomIsMadeWhileWriting()
 {
-    QTemporaryDir folder;
-    TileDiskCache cache;
+    Cache cache;
     cache.setLimit(100000);
-    cache.setPlace(folder.path(), QStringLiteral("0123456789abcdef"));
     for (int x = 0; x < 50; ++x)
         QVERIFY(cache.write({9, x, 0}, QByteArray(10000, 'x'), {"", "", now}));
     cache.waitForIdle();
