@@ -212,7 +212,10 @@ void TestPathExport::oddPaths()
     for (TrackPoint& p : m_dataSet->track)
         p.hasAltitude = false;
     options.polygonOn = true;
+    options.placeMarkOn = true;
+    options.placeMarkInterval = 1;
     QVERIFY(kml(options).contains("clampToGround") && !kml(options).contains("absolute"));
+    QVERIFY(kml(options).contains("Time") && !kml(options).contains("Speed")); // never recorded
     QVERIFY(!gpx().contains("<ele>"));
 }
 

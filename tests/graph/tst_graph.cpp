@@ -276,6 +276,15 @@ void TestGraph::handleDragMovesATrace()
     QCOMPARE(graph.markerLeft, 10.0); // markers stay
     input.mousePress(Qt::LeftButton, {10.0, 150.0}, {});
     QCOMPARE(describe(input.mouseRelease(Qt::LeftButton).reports), "move 1 1"); // also in its place
+    // Handles of low rows overlap: a click without a drag moves none of them.
+    graph.setTraceCount(30);
+    graph.setSize(500.0, 300.0);
+    for (double y = 5.0; y < 300.0; y += 10.0) {
+        input.mousePress(Qt::LeftButton, {10.0, y}, {});
+        const auto reports = input.mouseRelease(Qt::LeftButton).reports;
+        QCOMPARE(reports.size(), 1U);
+        QCOMPARE(reports.front().first, reports.front().second);
+    }
 }
 
 void TestGraph::wheelZoomsAboutThePointer()

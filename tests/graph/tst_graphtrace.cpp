@@ -196,6 +196,13 @@ void TestGraphTrace::feedingMarksGaps()
         add(dense.messages, 1, seconds, floats(0.0F));
     QCOMPARE(feed(99, dense), marks); // ignored
     QCOMPARE(feed(0, dense), (QList<int>{1, 1, 1, 1, 1, 0, 1}));
+    // A stray time stamp hides nothing behind it.
+    DataSet stray;
+    for (const double seconds : {0.0, 1.0, 2.0, 900.0, 3.0, 4.0, 5.0})
+        add(stray.messages, 1, seconds, floats(static_cast<float>(seconds)));
+    QCOMPARE(feed(0, stray), (QList<int>{1, 1, 1, 1, 1, 1, 0}));
+    QCOMPARE(trace.valueAt(4.5).value_or(-1), 9.0); // 4 in feet
+    QCOMPARE(trace.statistic(2.0, 5.0).value_or(RangeStatistic()).maximum, 11.0);
     add(dense.messages, 1, 2.45, floats(std::numeric_limits<float>::infinity()));
     feed(0, dense);
     QCOMPARE(trace.visibleRange(), std::optional(std::pair(1.0, 1.0))); // 0 in feet

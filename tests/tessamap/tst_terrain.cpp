@@ -190,6 +190,12 @@ void TestTerrain::unusableFiles()
     QCOMPARE(ground.source.dataZoom(tile), 0);
     QCOMPARE(messages.size(), 1);
     QVERIFY(messages[0][0].toString().contains(name));
+    ground.source.refresh(); // the same file is told once
+    QVERIFY(!ground.heights(tile));
+    QCOMPARE(messages.size(), 1);
+    const QByteArray good = elevationBytes(47, 11, tilted);
+    ground.add(name, name.endsWith(".gz") ? gzipped(good) : good);
+    QVERIFY(ground.heights(tile));
 }
 
 void TestTerrain::heightsFollowThePlane_data()

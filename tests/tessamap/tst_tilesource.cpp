@@ -374,6 +374,10 @@ void TestTileSource::changedTileIsTakenAgain()
     // Not confirmed it is asked for again, and then it is another.
     map.answer(ok(picture("png", 256, Qt::blue)));
     map.now += 3 * second;
+    map.source.setVisible({}); // but not while nobody sees it
+    map.source.work();
+    QCOMPARE(map.source.inFlightCount(), 0);
+    map.source.setVisible(std::vector{first});
     map.source.work();
     QTRY_COMPARE(map.server.requests.size(), 3);
     map.source.setWanted({}); // as the caller now has it
