@@ -22,8 +22,8 @@ struct Arguments
     QString folder;
     std::optional<int> cycle;
     std::optional<QStringList> files;
-    QString profile;                ///< empty: the installed one
-    std::optional<QString> variant; ///< none: the one in the settings
+    QString profile;                 ///< empty: the installed one
+    std::optional<QString> variant;  ///< none: the one in the settings
     std::optional<UnitSystem> units; ///< none: metric, in exports those of the settings
     QString parameter;
     bool lampsOnly = false;

@@ -19,8 +19,9 @@ struct DataSet
     double startSeconds = 0.0;
     double stopSeconds = 0.0;
     QDateTime dateTime; ///< of the first file, taken as the clock at counter 0; may be invalid
-    std::vector<QString> unreadFiles; ///< names of files that could not be read, or not to their end
-    std::vector<Flight> flights;      ///< all flights of the files, also when only one is loaded
+    std::vector<QString>
+        unreadFiles;             ///< names of files that could not be read, or not to their end
+    std::vector<Flight> flights; ///< all flights of the files, also when only one is loaded
     std::optional<std::size_t> flightIndex; ///< the flight that is loaded, when it is one
     std::vector<TrackPoint> track;
 
