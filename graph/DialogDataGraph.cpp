@@ -81,11 +81,7 @@ DialogDataGraph::DialogDataGraph(const Profile& profile, QWidget* parent)
         m_settings.timeSpan = m_graph->graph().span();
         saveSoon();
     });
-    connect(m_graph, &WidgetGraphBase::signalCursorReleased, this, [this] {
-        // Without a replay the page's time is where the cursor was put: nothing is to move then.
-        if (static_cast<float>(time()) != static_cast<float>(m_graph->graph().cursorTime))
-            showTime();
-    });
+    connect(m_graph, &WidgetGraphBase::signalCursorReleased, this, &DialogDataGraph::showTime);
     connect(m_graph, &WidgetGraphBase::signalMoveParameter, this,
             &DialogDataGraph::slotMoveParameter);
     m_feeder = std::make_unique<TraceFeeder>(m_graph->editGraph());
@@ -156,6 +152,7 @@ void DialogDataGraph::showData()
         Graph& graph = m_graph->editGraph();
         graph.markerLeft = dataSet()->startSeconds;
         graph.markerRight = dataSet()->startSeconds;
+        m_mustPlaceWindow = true;
     }
     m_sinceShown.start();
     m_feedTimer.start(0);
@@ -178,6 +175,11 @@ void DialogDataGraph::slotTimeoutFeed()
 
 void DialogDataGraph::showTime()
 {
+    // Where the cursor was put is the page's time, and nothing is to move.
+    const bool isThere =
+        static_cast<float>(time()) == static_cast<float>(m_graph->graph().cursorTime);
+    if (!std::exchange(m_mustPlaceWindow, false) && isThere)
+        return;
     m_graph->setCursorTime(time());
     if (!m_graph->graph().isCursorHeld)
         pageTo(time());

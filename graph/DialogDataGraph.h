@@ -103,8 +103,9 @@ private:
     QLabel* m_progress = nullptr;
     std::unique_ptr<TraceFeeder> m_feeder;
     QTimer m_feedTimer;
-    QElapsedTimer m_sinceShown; ///< since the picture of the traces filled so far
-    bool m_isNewData = true;    ///< its traces were not shown yet
+    QElapsedTimer m_sinceShown;    ///< since the picture of the traces filled so far
+    bool m_isNewData = true;       ///< its traces were not shown yet
+    bool m_mustPlaceWindow = true; ///< even if the cursor is where the time is
     QTimer m_holdTimer;
     int m_heldCommand = NoCommand;
     QTimer m_saveTimer; ///< single-shot: many changes are saved once
