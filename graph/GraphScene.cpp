@@ -71,9 +71,14 @@ void SceneBuilder::plotText(double x, double y, Qt::Alignment alignment, const Q
 {
     const double width = widthOf(content);
     const double left = alignment.testFlag(Qt::AlignRight) ? x - width : x;
-    m_pen.quad({left - 2.0, y - m_row / 2.0, width + 4.0, m_row},
-               withAlpha(m_graph.settings.background, plateAlpha));
+    const QRectF& plate = m_plates.emplace_back(left - 2.0, y - m_row / 2.0, width + 4.0, m_row);
+    m_pen.quad(plate, plateColor());
     text(x, y, alignment, content, legible(color));
+}
+
+QColor SceneBuilder::plateColor() const
+{
+    return withAlpha(m_graph.settings.background, plateAlpha);
 }
 
 QColor SceneBuilder::legible(const QColor& color) const

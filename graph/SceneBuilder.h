@@ -50,6 +50,8 @@ private:
     void plotText(double x, double y, Qt::Alignment alignment, const QString& content,
                   const QColor& color);
 
+    QColor plateColor() const;
+
     /// Dark colours are lightened on a dark plot, and pale ones darkened on a pale one.
     QColor legible(const QColor& color) const;
     QRectF bandRect(int index) const;
@@ -89,6 +91,7 @@ private:
     GraphScene m_scene;
     ScenePen m_pen{m_scene};
     std::vector<std::pair<QRectF, QColor>> m_swatches; ///< of the legend
+    std::vector<QRectF> m_plates;                      ///< below texts in the plot
     QRectF m_panel;                                    ///< of the statistic
     QStringList m_panelLines;
 };

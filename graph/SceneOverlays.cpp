@@ -27,8 +27,15 @@ void SceneBuilder::markers()
                                    m_plot.left(), m_plot.right());
     const double right = std::clamp(m_graph.xOf(std::max(m_graph.markerLeft, m_graph.markerRight)),
                                     m_plot.left(), m_plot.right());
-    if (right > left)
-        m_pen.quad({left, m_plot.top(), right - left, m_plot.height()}, markerColor);
+    if (right > left) {
+        const QRectF area(left, m_plot.top(), right - left, m_plot.height());
+        m_pen.quad(area, markerColor);
+        // Texts keep their ground.
+        for (const QRectF& plate : m_plates) {
+            if (plate.intersects(area))
+                m_pen.quad(plate.intersected(area), plateColor());
+        }
+    }
     if (m_input.isMeasuring()) {
         const int index = m_graph.selectedTrace;
         text(m_graph.xOf(m_graph.cursorTime) + 5.0,
@@ -110,13 +117,17 @@ void SceneBuilder::layOutStatistic(const std::vector<int>& visible)
     const double to = std::max(m_graph.markerLeft, m_graph.markerRight);
     if (!(to > from) || visible.empty())
         return;
+    QString heading =
+        QCoreApplication::translate("KOLT::GraphScene", "Between the markers: min, max, mean");
+    if (widthOf(heading) > m_plot.width() - 4.0 * panelPadding)
+        heading = heading.section(QStringLiteral(": "), -1);
     QStringList& lines = m_panelLines;
-    lines = {
-        QCoreApplication::translate("KOLT::GraphScene", "Between the markers: min, max, mean")};
+    lines = {heading};
     // Above the line of the cursor's text.
     const double height = m_plot.height() - 2.0 * m_row - 3.0 * panelPadding;
     const std::size_t shown = fitting(visible.size(), height);
-    const int longest = charactersIn(m_plot.width() / 2.0 - 3.0 * panelPadding);
+    const int longest = std::max(charactersIn(m_plot.width() / 2.0 - 3.0 * panelPadding),
+                                 static_cast<int>(heading.size()));
     for (const int index : std::span(visible).first(shown))
         lines << statisticText(m_graph, index, from, to, longest);
     if (shown < visible.size())
