@@ -1,6 +1,6 @@
 #include "analysis/DaySheet.h"
 
-#include "app/base/Csv.h"
+#include "base/Csv.h"
 
 #include <QCoreApplication>
 

@@ -1,23 +1,30 @@
 #include "app/DialogMain.h"
 
-#include "analysis/DialogData.h"
+#include "analysis/ui/DialogData.h"
 #include "app/DialogProfile.h"
 #include "app/MainActions.h"
 #include "app/ProfileInstaller.h"
-#include "app/ProgressDisplay.h"
 #include "app/ProjectSession.h"
 #include "app/Selector.h"
-#include "app/base/Diagnostics.h"
+#include "app/SettingsSaver.h"
 #include "app/dialogs/DialogAbout.h"
 #include "app/dialogs/DialogDaySheet.h"
 #include "app/dialogs/DialogHelp.h"
 #include "app/dialogs/DialogPreferences.h"
 #include "app/dialogs/DialogProfileInfo.h"
-#include "app/messages/Messages.h"
 #include "app/settings/CommandLineOptions.h"
+#include "app/settings/GraphSettingsStore.h"
+#include "app/settings/MapSettingsStore.h"
 #include "app/settings/SettingsStore.h"
 #include "app/startup/Startup.h"
-#include "record/DialogCard.h"
+#include "base/Diagnostics.h"
+#include "graph/ui/DialogDataGraph.h"
+#include "instruments/ui/DialogDataView.h"
+#include "map/MapSettings.h"
+#include "map/ui/DialogDataMap.h"
+#include "record/ui/DialogCard.h"
+#include "ui/Messages.h"
+#include "ui/ProgressDisplay.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -116,15 +123,7 @@ void DialogMain::createPanels()
     column->setSizes({1, 1});
     column->setStretchFactor(0, 1);
     column->setStretchFactor(1, 1);
-    m_data = new DialogData(m_profile, m_splitter);
-    m_data->setOrderHandler([this](const QStringList& fullNames) {
-        m_profile.setDisplayOrder(fullNames);
-        m_data->refresh();
-    });
-    m_data->setMessageHandler([this](const QString& message) {
-        m_notice = message;
-        statusBar()->showMessage(message);
-    });
+    createDataWindow();
     m_splitter->addWidget(column);
     m_splitter->addWidget(m_data);
     m_splitter->setStretchFactor(0, listStretch);
@@ -143,6 +142,32 @@ void DialogMain::createPanels()
         m_data->refresh();
     });
     connect(m_project, &ProjectSession::signalPathStored, this, &DialogMain::refreshTitle);
+}
+
+void DialogMain::createDataWindow()
+{
+    m_parts = KOLT::createDataWindow(
+        m_profile, m_isEmuDisplay ? DialogData::Display::EmuOnly : DialogData::Display::Full,
+        m_splitter);
+    m_data = m_parts.window;
+    connect(m_parts.graph, &DialogDataGraph::signalOrder, this,
+            [this](const QStringList& fullNames) {
+                m_profile.setDisplayOrder(fullNames);
+                m_data->refresh();
+            });
+    connect(m_parts.graph, &DialogDataGraph::signalSettings, this,
+            [this](const GraphSettings& settings) {
+                storeGraphSettings(settings, SettingsStore::instance());
+                m_settingsSaver.saveSoon();
+            });
+    connect(m_parts.map, &DialogDataMap::signalMessage, this, &DialogMain::showNotice);
+    connect(m_parts.view, &DialogDataView::signalMessage, this, &DialogMain::showNotice);
+}
+
+void DialogMain::showNotice(const QString& message)
+{
+    m_notice = message;
+    statusBar()->showMessage(message);
 }
 
 void DialogMain::createToolBar()
@@ -183,8 +208,8 @@ void DialogMain::createDialogs()
             &DialogMain::slotProfileFileChanged);
     connect(m_preferences, &DialogPreferences::signalUnitChanged, this,
             &DialogMain::slotUnitChanged);
-    connect(m_preferences, &DialogPreferences::signalMapChanged, m_data,
-            &DialogData::reloadMapSettings);
+    connect(m_preferences, &DialogPreferences::signalMapChanged, this,
+            [this] { m_parts.map->setSettings(loadMapSettings(SettingsStore::instance())); });
 }
 
 void DialogMain::startTimers()
@@ -329,7 +354,7 @@ void DialogMain::slotProfileChanged(const QString& variant)
         return;
     Diagnostics::print("slotProfileChanged <%s>\n", qUtf8Printable(variant));
     SettingsStore::instance().setText("Profile", variant.toUtf8());
-    Messages::saveSettings(this);
+    saveSettings(this);
     m_jobs.runLatest(JobQueue::Kind::Reload, [this] {
         reloadProfile();
         refreshTitle();
@@ -341,7 +366,7 @@ void DialogMain::slotUnitChanged(int unit)
     if (m_isUpdating)
         return;
     SettingsStore::instance().setInteger("Unit", unit);
-    Messages::saveSettings(this);
+    saveSettings(this);
     m_profile.setUnitSystem(unit == 1 ? UnitSystem::Imperial : UnitSystem::Metric);
     refreshSelectors();
     m_profileInfo->refresh();
@@ -382,6 +407,7 @@ void DialogMain::closeEvent(QCloseEvent* event)
     if (m_isClosing)
         return;
     m_isClosing = true; // before a box comes up, in which the user may close again
+    m_settingsSaver.flush();
     m_project->saveOnExit();
     event->accept();
     m_endProcess(EXIT_SUCCESS);

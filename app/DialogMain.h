@@ -1,7 +1,9 @@
 #pragma once
 
+#include "app/DataWindow.h"
 #include "app/JobQueue.h"
 #include "app/RecentFolders.h"
+#include "app/SettingsSaver.h"
 #include "export/ExportName.h"
 #include "profile/Profile.h"
 #include "record/CardContainer.h"
@@ -27,7 +29,6 @@ enum class Command;
 
 class DialogAbout;
 class DialogCard;
-class DialogData;
 class DialogDaySheet;
 class DialogHelp;
 class DialogPreferences;
@@ -100,6 +101,8 @@ private:
     using Choice = std::variant<std::monostate, Files, CycleChoice>;
 
     void createPanels();
+    void createDataWindow();
+    void showNotice(const QString& message);
     void createToolBar();
     void createDialogs();
     void startTimers();
@@ -131,6 +134,7 @@ private:
     CardContainer m_card{m_profile};
     JobQueue m_jobs;
     RecentFolders m_recentFolders;
+    SettingsSaver m_settingsSaver{*this};
     Choice m_choice;
     ExportSubject m_subject;    ///< where the loaded data came from
     std::set<QString> m_wanted; ///< full names of the selected parameters, of all variants
@@ -150,7 +154,8 @@ private:
     QSplitter* m_splitter = nullptr;
     DialogCard* m_cardDialog = nullptr;
     DialogProfile* m_profileDialog = nullptr;
-    DialogData* m_data = nullptr;
+    DataWindow m_parts;
+    DialogData* m_data = nullptr; ///< of the parts
     DialogAbout* m_about = nullptr;
     DialogProfileInfo* m_profileInfo = nullptr;
     DialogHelp* m_help = nullptr;

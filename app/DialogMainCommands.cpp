@@ -1,20 +1,21 @@
 // What the user asks of the main window: commands, folders, and what to load.
-#include "analysis/DialogData.h"
+#include "analysis/ui/DialogData.h"
 #include "app/DialogMain.h"
 #include "app/MainActions.h"
-#include "app/ProgressDisplay.h"
 #include "app/ProjectSession.h"
-#include "app/base/Diagnostics.h"
+#include "app/SettingsSaver.h"
 #include "app/dialogs/DialogAbout.h"
 #include "app/dialogs/DialogDaySheet.h"
 #include "app/dialogs/DialogHelp.h"
 #include "app/dialogs/DialogPreferences.h"
 #include "app/dialogs/DialogProfileInfo.h"
-#include "app/messages/Messages.h"
 #include "app/settings/SettingsStore.h"
 #include "app/startup/Startup.h"
+#include "base/Diagnostics.h"
 #include "record/ClockTime.h"
-#include "record/DialogCard.h"
+#include "record/ui/DialogCard.h"
+#include "ui/Messages.h"
+#include "ui/ProgressDisplay.h"
 
 #include <QDir>
 #include <QDropEvent>
@@ -112,7 +113,7 @@ void DialogMain::slotMenuRecent(QAction* action)
         return;
     }
     m_recentFolders.remove(folder);
-    Messages::saveSettings(this);
+    saveSettings(this);
     m_actions->setRecentFolders(m_recentFolders.folders());
     Messages::warn(this,
                    tr("The folder\n%1\nis not there any more. It is taken off the list; if it "
@@ -140,7 +141,7 @@ void DialogMain::openFolder(const QString& folder)
         }
         SettingsStore::instance().setText("LastPath", folder.toUtf8());
         m_recentFolders.add(folder);
-        Messages::saveSettings(this);
+        saveSettings(this);
         m_actions->setRecentFolders(m_recentFolders.folders());
         refreshTitle();
     });

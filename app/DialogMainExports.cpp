@@ -1,13 +1,17 @@
 // The exports of the main window.
 #include "app/DialogMain.h"
 #include "app/MainActions.h"
-#include "export/DialogExportCsv.h"
-#include "export/DialogExportGpx.h"
-#include "export/DialogExportKml.h"
+#include "app/settings/ExportSettingsStore.h"
+#include "app/settings/SettingsStore.h"
 #include "export/ExportName.h"
+#include "export/ui/DialogExportCsv.h"
+#include "export/ui/DialogExportGpx.h"
+#include "export/ui/DialogExportKml.h"
 
 #include <QDir>
 #include <QStatusBar>
+
+#include <memory>
 
 namespace KOLT {
 
@@ -36,22 +40,48 @@ void DialogMain::startExport(Command command)
     if (m_card.dataSet() == nullptr)
         return;
     const DataSet& dataSet = *m_card.dataSet();
-    DialogExport::Source source{dataSet, exportTitle(m_subject, dataSet), {}, m_card.folder()};
+    SettingsStore& settings = SettingsStore::instance();
+    const char* const format = command == Command::ExportKml   ? "Kml"
+                               : command == Command::ExportGpx ? "Gpx"
+                                                               : "Csv";
+    const DialogExport::Source source{
+        dataSet, exportTitle(m_subject, dataSet),
+        command == Command::ExportCsv
+            ? QStringLiteral("ExportKolt.csv")
+            : exportFileName(m_subject, dataSet, QString::fromLatin1(format).toLower()),
+        m_card.folder(), loadExportFolder(settings, format)};
     std::unique_ptr<DialogExport> dialog;
+    std::function<void()> storeOptions;
     switch (command) {
-    case Command::ExportKml:
-        source.fileName = exportFileName(m_subject, dataSet, QStringLiteral("kml"));
-        dialog = std::make_unique<DialogExportKml>(m_profile, source, this);
-        break;
-    case Command::ExportGpx:
-        source.fileName = exportFileName(m_subject, dataSet, QStringLiteral("gpx"));
-        dialog = std::make_unique<DialogExportGpx>(source, this);
-        break;
-    default:
-        source.fileName = QStringLiteral("ExportKolt.csv");
-        dialog = std::make_unique<DialogExportCsv>(m_profile, source, this);
+    case Command::ExportKml: {
+        auto kml =
+            std::make_unique<DialogExportKml>(m_profile, source, loadKmlOptions(settings), this);
+        storeOptions = [page = kml.get(), &settings] {
+            storeKmlOptions(page->options(), settings);
+        };
+        dialog = std::move(kml);
         break;
     }
+    case Command::ExportGpx:
+        dialog = std::make_unique<DialogExportGpx>(source, this);
+        break;
+    default: {
+        auto csv =
+            std::make_unique<DialogExportCsv>(m_profile, source, loadCsvOptions(settings), this);
+        storeOptions = [page = csv.get(), &settings] {
+            storeCsvOptions(page->options(), settings);
+        };
+        dialog = std::move(csv);
+        break;
+    }
+    }
+    connect(dialog.get(), &DialogExport::signalChosen, this, [&](const QString& folder) {
+        storeExportFolder(folder, format, settings);
+        if (storeOptions)
+            storeOptions();
+        m_data->setListSettings(loadListSettings(settings));
+        saveSettings(dialog.get());
+    });
     if (dialog->exec() == QDialog::Accepted)
         statusBar()->showMessage(
             tr("Exported to %1").arg(QDir::toNativeSeparators(dialog->exportedPath())));

@@ -1,7 +1,7 @@
 #include "app/ProfileInstaller.h"
 
-#include "app/base/Diagnostics.h"
 #include "app/settings/DataPaths.h"
+#include "base/Diagnostics.h"
 #include "profile/Profile.h"
 
 #include <QFile>

@@ -1,9 +1,10 @@
 #include "app/ProjectSession.h"
 
-#include "app/messages/Messages.h"
+#include "app/SettingsSaver.h"
 #include "app/project/Project.h"
 #include "app/settings/DataPaths.h"
 #include "app/settings/SettingsStore.h"
+#include "ui/Messages.h"
 
 #include <QFile>
 #include <QFileDialog>
@@ -44,7 +45,7 @@ QString ProjectSession::lastPath() const
 void ProjectSession::storePath(const QString& path)
 {
     SettingsStore::instance().setText(lastPathKey, path.toUtf8());
-    Messages::saveSettings(&m_window);
+    saveSettings(&m_window);
     emit signalPathStored();
 }
 

@@ -1,9 +1,9 @@
 #include "app/ApplicationContext.h"
 #include "app/DialogMain.h"
-#include "app/settings/Version.h"
 #include "app/startup/Banner.h"
 #include "app/startup/SplashScreen.h"
 #include "app/startup/Startup.h"
+#include "base/Version.h"
 #include "resources/Resources.h"
 
 #include <QApplication>

@@ -1,6 +1,6 @@
 #include "benchmarks/Figures.h"
 
-#include "app/base/Diagnostics.h"
+#include "base/Diagnostics.h"
 
 #include <algorithm>
 #include <benchmark/benchmark.h>

@@ -1,6 +1,6 @@
 // The numeric path of decoding against the full text path.
 
-#include "app/base/Diagnostics.h"
+#include "base/Diagnostics.h"
 #include "benchmarks/Figures.h"
 #include "profile/ValueDecoder.h"
 

@@ -2,7 +2,7 @@
 
 #include "analysis/EventFinder.h"
 #include "analysis/FaultFinder.h"
-#include "app/base/Diagnostics.h"
+#include "base/Diagnostics.h"
 #include "benchmarks/Figures.h"
 #include "profile/ValueDecoder.h"
 #include "record/CardContainer.h"

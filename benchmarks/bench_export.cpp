@@ -1,13 +1,13 @@
 // CSV of an hour of flying, against the same cells through QTextStream's operators, and KML of a
 // cycle of ten hours, against formatting its coordinates alone.
 
-#include "app/base/Diagnostics.h"
+#include "base/Diagnostics.h"
 #include "benchmarks/Figures.h"
 #include "export/CsvWriter.h"
 #include "export/KmlWriter.h"
-#include "export/SampleWalker.h"
 #include "profile/ValueDecoder.h"
 #include "record/CardContainer.h"
+#include "record/SampleWalker.h"
 #include "tools/samplecard/SampleCard.h"
 
 #include <QCoreApplication>

@@ -1,9 +1,9 @@
 // The graph: rebuilding the columns of long traces, a frame of fifty traces, and feeding samples.
 
-#include "app/base/Diagnostics.h"
+#include "base/Diagnostics.h"
 #include "benchmarks/Figures.h"
 #include "graph/TraceFeeder.h"
-#include "graph/WidgetGraph.h"
+#include "graph/ui/WidgetGraph.h"
 #include "profile/ValueDecoder.h"
 
 #include <QApplication>

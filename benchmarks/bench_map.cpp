@@ -2,10 +2,9 @@
 // pictures to the same places, long tracks beside short ones, what a pan over tiles on the disk
 // holds the window up for, and how often an idle map is drawn.
 
-#include "app/settings/SettingsStore.h"
 #include "benchmarks/Figures.h"
-#include "map/MapPainter.h"
-#include "map/WidgetMap.h"
+#include "map/ui/MapPainter.h"
+#include "map/ui/WidgetMap.h"
 #include "resources/Resources.h"
 
 #include <QApplication>
@@ -387,9 +386,10 @@ double longestLoading()
 /// Frames of a map that shows the same all the time, for each second.
 double idleFrames()
 {
-    WidgetMap::setNetworkEnabled(false);
+    MapSettings settings;
+    settings.isNetworkEnabled = false;
     MapViewState state;
-    WidgetMap map(state);
+    WidgetMap map(state, settings);
     map.resize(pictureSize);
     map.show();
     const auto wait = [](qint64 milliseconds) {
@@ -420,10 +420,7 @@ int main(int argc, char** argv)
 {
     QApplication application(argc, argv);
     directory = std::make_unique<QTemporaryDir>();
-    qputenv("XDG_DATA_HOME", QFile::encodeName(directory->path()));
     initKoltResources();
-    SettingsStore::instance().setFileName(
-        QFile::encodeName(directory->filePath(QStringLiteral("KOLT.ini"))));
     stage = std::make_unique<Stage>();
     const std::size_t onDisk = fillDisk();
     writeTerrain();

@@ -1,9 +1,9 @@
 // The graph against a general plotting widget: ten traces of a million samples, panned by a tenth
 // of the window and drawn again, in one run.
 
-#include "app/base/Diagnostics.h"
+#include "base/Diagnostics.h"
 #include "benchmarks/Figures.h"
-#include "graph/WidgetGraph.h"
+#include "graph/ui/WidgetGraph.h"
 
 #include <QApplication>
 #include <qcustomplot.h>

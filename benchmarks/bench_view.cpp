@@ -2,9 +2,9 @@
 // installed panel on the software renderer, each beside the least that any view would cost.
 
 #include "benchmarks/Figures.h"
-#include "libs/tusk/Primitives.h"
-#include "libs/zinc/ViewReader.h"
-#include "libs/zinc/ZincView.h"
+#include "libs/tusk/gl/Primitives.h"
+#include "libs/zinc/drawing/ZincView.h"
+#include "libs/zinc/view/ViewReader.h"
 
 #include <QApplication>
 #include <QFile>

@@ -4,11 +4,11 @@
 // composed by OpenGL in each step; the software renderer needs some 25 to 40 ms for a window of
 // this size with nothing in it, so that there the steps are compared with such a window.
 
-#include "analysis/DialogData.h"
-#include "analysis/DialogDataTable.h"
-#include "app/base/Diagnostics.h"
+#include "analysis/ui/DialogDataTable.h"
+#include "app/DataWindow.h"
+#include "base/Diagnostics.h"
 #include "benchmarks/Figures.h"
-#include "libs/tusk/GlSupport.h"
+#include "libs/tusk/gl/GlSupport.h"
 #include "record/CardContainer.h"
 #include "resources/Resources.h"
 #include "tools/samplecard/SampleCard.h"
@@ -71,7 +71,8 @@ void paint()
 /// A window with the data page in front.
 std::unique_ptr<DialogData> openWindow()
 {
-    auto window = std::make_unique<DialogData>(profile());
+    std::unique_ptr<DialogData> window(
+        createDataWindow(profile(), DialogData::Display::Full).window);
     window->resize(windowSize);
     window->show();
     paint();

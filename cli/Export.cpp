@@ -1,13 +1,14 @@
-#include "app/base/Diagnostics.h"
+#include "cli/Export.h"
+
+#include "base/Diagnostics.h"
 #include "cli/Arguments.h"
 #include "cli/Recording.h"
-#include "cli/Verbs.h"
 #include "export/CsvWriter.h"
 #include "export/ExportFile.h"
 #include "export/ExportName.h"
-#include "export/FlightPath.h"
 #include "export/GpxWriter.h"
 #include "export/KmlWriter.h"
+#include "record/FlightPath.h"
 
 #include <QDir>
 #include <QJsonArray>

@@ -1,7 +1,7 @@
 #include "cli/Recording.h"
 
-#include "app/base/Diagnostics.h"
 #include "app/settings/DataPaths.h"
+#include "base/Diagnostics.h"
 
 #include <QCoreApplication>
 #include <QFile>

@@ -1,7 +1,8 @@
+#include "cli/Report.h"
+
 #include "analysis/FlightLog.h"
 #include "cli/Arguments.h"
 #include "cli/Recording.h"
-#include "cli/Verbs.h"
 
 #include <array>
 

@@ -1,5 +1,8 @@
 #pragma once
 
+#include "cli/Export.h"
+#include "cli/Report.h"
+
 #include <QString>
 
 #include <array>
@@ -14,8 +17,6 @@ QString list(const Arguments& arguments);
 QString flights(const Arguments& arguments);
 QString values(const Arguments& arguments);
 QString events(const Arguments& arguments);
-QString report(const Arguments& arguments);
-QString exportData(const Arguments& arguments);
 
 struct Verb
 {

@@ -1,4 +1,4 @@
-#include "app/base/Diagnostics.h"
+#include "base/Diagnostics.h"
 #include "cli/Arguments.h"
 #include "cli/Recording.h"
 #include "cli/Verbs.h"

@@ -1,11 +1,11 @@
 #include "export/CsvWriter.h"
 
-#include "app/base/Csv.h"
+#include "base/Csv.h"
 #include "export/ExportClock.h"
 #include "export/ExportFile.h"
 #include "export/NumberText.h"
-#include "export/SampleWalker.h"
 #include "profile/ValueDecoder.h"
+#include "record/SampleWalker.h"
 
 #include <QIODevice>
 

@@ -2,9 +2,9 @@
 
 #include "export/ExportOptions.h"
 #include "export/ExportProgress.h"
-#include "export/SampleSpan.h"
 #include "profile/Profile.h"
 #include "record/DataSet.h"
+#include "record/SampleSpan.h"
 
 #include <vector>
 

@@ -2,8 +2,8 @@
 
 #include "export/ExportClock.h"
 #include "export/ExportFile.h"
-#include "export/FlightPath.h"
 #include "export/XmlText.h"
+#include "record/FlightPath.h"
 
 #include <QCoreApplication>
 #include <QXmlStreamWriter>

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "export/ExportClock.h"
-#include "export/SampleWalker.h"
 #include "profile/Profile.h"
 #include "record/DataSet.h"
+#include "record/SampleWalker.h"
 
 #include <QString>
 

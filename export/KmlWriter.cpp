@@ -3,10 +3,10 @@
 #include "analysis/EventFinder.h"
 #include "export/ExportClock.h"
 #include "export/ExportFile.h"
-#include "export/FlightPath.h"
 #include "export/KmlDescription.h"
 #include "export/KmlStyles.h"
 #include "export/XmlText.h"
+#include "record/FlightPath.h"
 
 #include <QCoreApplication>
 #include <QXmlStreamWriter>

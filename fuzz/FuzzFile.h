@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/base/Diagnostics.h"
+#include "base/Diagnostics.h"
 
 #include <QByteArray>
 #include <QFile>

@@ -2,9 +2,9 @@
 // Whatever the file holds, places are finite in number, and a frame without changes costs nothing.
 
 #include "fuzz/FuzzFile.h"
-#include "libs/zinc/MeshBuilder.h"
-#include "libs/zinc/ViewFrame.h"
-#include "libs/zinc/ViewReader.h"
+#include "libs/zinc/drawing/MeshBuilder.h"
+#include "libs/zinc/layout/ViewFrame.h"
+#include "libs/zinc/view/ViewReader.h"
 
 #include <cmath>
 

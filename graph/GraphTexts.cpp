@@ -2,6 +2,8 @@
 
 #include "record/ClockTime.h"
 
+#include <QLocale>
+
 #include <algorithm>
 #include <cmath>
 
@@ -87,6 +89,11 @@ QString cursorText(double seconds, double value)
 {
     return clockTime(seconds).toString(QStringLiteral("hh:mm:ss.zzz")) +
            QString::asprintf("/%.2f", value);
+}
+
+QString roundTripText(double number)
+{
+    return QLocale::c().toString(number, 'g', QLocale::FloatingPointShortest);
 }
 
 } // namespace KOLT

@@ -1,7 +1,7 @@
 #include "map/MapCamera.h"
 
-#include "libs/tusk/Filter.h"
-#include "libs/tusk/Geodetic.h"
+#include "libs/tusk/math/Filter.h"
+#include "libs/tusk/math/Geodetic.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "libs/tessamap/Globe.h"
+#include "libs/tessamap/globe/Globe.h"
 #include "record/DataSet.h"
 
 #include <QColor>

@@ -1,6 +1,6 @@
 #include "map/TrackBounds.h"
 
-#include "libs/tessamap/Globe.h"
+#include "libs/tessamap/globe/Globe.h"
 
 #include <algorithm>
 

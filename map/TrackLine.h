@@ -1,10 +1,10 @@
 #pragma once
 
-#include "libs/tessamap/Globe.h"
+#include "libs/tessamap/globe/Globe.h"
 #include "map/TrackBounds.h"
 #include "map/TrackClasses.h"
-#include "map/TrackGaps.h"
 #include "record/Track.h"
+#include "record/TrackGaps.h"
 
 #include <cstdint>
 #include <map>

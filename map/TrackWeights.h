@@ -1,6 +1,6 @@
 #pragma once
 
-#include "libs/tusk/Geodetic.h"
+#include "libs/tusk/math/Geodetic.h"
 #include "map/TrackClasses.h"
 
 #include <span>

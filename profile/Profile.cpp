@@ -1,7 +1,7 @@
 #include "profile/Profile.h"
 
-#include "app/base/Diagnostics.h"
-#include "app/base/XmlFile.h"
+#include "base/Diagnostics.h"
+#include "base/XmlFile.h"
 #include "profile/ProfileReader.h"
 
 #include <algorithm>

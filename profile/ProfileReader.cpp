@@ -1,6 +1,6 @@
 #include "profile/ProfileReader.h"
 
-#include "app/base/Diagnostics.h"
+#include "base/Diagnostics.h"
 
 #include <algorithm>
 

@@ -1,6 +1,6 @@
 #include "record/CardContainer.h"
 
-#include "app/base/Diagnostics.h"
+#include "base/Diagnostics.h"
 #include "record/FlightFinder.h"
 #include "record/TimeSlots.h"
 

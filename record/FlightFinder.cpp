@@ -1,7 +1,7 @@
 #include "record/FlightFinder.h"
 
-#include "app/base/Diagnostics.h"
-#include "libs/tusk/Geodetic.h"
+#include "base/Diagnostics.h"
+#include "libs/tusk/math/Geodetic.h"
 #include "record/FlightDetector.h"
 #include "record/RoleSeries.h"
 

@@ -1,6 +1,6 @@
 #include "record/RecordFile.h"
 
-#include "app/base/Diagnostics.h"
+#include "base/Diagnostics.h"
 
 #include <QFile>
 

@@ -15,40 +15,51 @@ import sys
 import tempfile
 from pathlib import Path
 
+# What the core of a room may use besides itself. A face, in the room's folder ui/, may use its own
+# core, whatever that core may use, the libraries and what the faces share.
 CORE_USES = {
+    "base": set(),
     "profile": {"base"},
     "record": {"base", "profile", "libs/tusk"},
     "analysis": {"base", "profile", "record"},
     "graph": {"base", "profile", "record", "analysis", "libs/tusk"},
     "map": {"base", "profile", "record", "analysis", "libs/tusk", "libs/tessamap"},
+    "instruments": {"base", "profile", "record", "analysis", "libs/zinc"},
     "export": {"base", "profile", "record", "analysis", "libs/tusk"},
 }
 LIBS = {"libs/tusk", "libs/tessamap", "libs/zinc"}
-FACES = {room + ".face" for room in CORE_USES}
-SHARED = {"base", "settings", "project"}
-# Shared by the faces: message boxes.
-SHARED_FACES = {"messages"}
-# The data window hosts the pages of these rooms.
-HOSTED_FACES = {"analysis.face": {"graph.face", "map.face"}}
-OUTER = {"tools", "tests", "benchmarks", "fuzz"}
-ALL = SHARED | SHARED_FACES | set(CORE_USES) | FACES | LIBS | OUTER | {"app", "cli", "resources"}
-WINDOWLESS = SHARED | set(CORE_USES) | {"cli"}
+FACES = {room + "/ui" for room in CORE_USES if room != "base"}
+# What the faces share: message boxes, notes for empty pages, the interface of a page, progress.
+SHARED_FACES = {"ui"}
+# The roof. Settings, paths, options and the project file stay free of windows, for kolt-cli.
+ROOF = {"app", "app/settings", "app/project"}
+OUTER = {"tools", "tests", "benchmarks", "fuzz", "cmake"}
+ALL = SHARED_FACES | set(CORE_USES) | FACES | LIBS | ROOF | OUTER | {"cli", "resources"}
+WINDOWLESS = set(CORE_USES) | {"app/settings", "app/project", "cli"}
+
+# Folders of a library by the order in which they build on each other: a folder uses those before it
+# in its own row, and rows before.
+LIBRARY_FOLDERS = {
+    "libs/tusk": ["math", "misc", "gl"],
+    "libs/tessamap": ["globe", "basemap", "terrain", "tiles", "drawing"],
+    "libs/zinc": ["expression", "view", "layout", "drawing"],
+}
 
 
 def allowed_uses():
-    uses = {"base": set(), "settings": {"base"}, "project": {"base", "profile"},
-            "messages": {"base", "settings"}}
+    uses = {"ui": {"base", "libs/tusk"}, "resources": set()}
     uses.update(CORE_USES)
-    for room, below in CORE_USES.items():
-        face = room + ".face"
-        uses[face] = {room} | below | LIBS | SHARED | SHARED_FACES | HOSTED_FACES.get(face, set())
+    for face in FACES:
+        core = face.removesuffix("/ui")
+        uses[face] = {core} | CORE_USES[core] | LIBS | SHARED_FACES
     for lib in LIBS:
         uses[lib] = {"libs/tusk"}
-    uses["resources"] = set()
-    uses["app"] = ALL - OUTER
-    uses["cli"] = set(CORE_USES) | {"base", "settings"}
+    uses["app/settings"] = set(CORE_USES)
+    uses["app/project"] = {"base", "profile"}
+    uses["app"] = ALL - OUTER - {"cli"}
+    uses["cli"] = set(CORE_USES) | {"app/settings"}
     uses["tools"] = ALL - {"tests"}
-    for layer in ("tests", "benchmarks", "fuzz"):
+    for layer in ("tests", "benchmarks", "fuzz", "cmake"):
         uses[layer] = ALL
     return {layer: targets | {layer} for layer, targets in uses.items()}
 
@@ -80,15 +91,17 @@ def layer_of(path):
     parts = path.split("/")
     if len(parts) < 2:
         return None
-    room = parts[0]
-    if room == "app":
-        return parts[1] if len(parts) > 2 and parts[1] in SHARED | SHARED_FACES else "app"
-    if room in CORE_USES:
-        return room + ".face" if re.match(r"Dialog|Widget", parts[-1]) else room
-    if room == "libs":
-        lib = "/".join(parts[:2])
-        return lib if lib in LIBS else None
-    return room if room in USES else None
+    nested = "/".join(parts[:2])
+    if len(parts) > 2 and nested in ALL:
+        return nested
+    return parts[0] if parts[0] in ALL else None
+
+
+def library_folder(path):
+    """(library, folder) of a source of a library; None elsewhere."""
+    parts = path.split("/")
+    lib = "/".join(parts[:2])
+    return (lib, parts[2]) if lib in LIBS and len(parts) > 3 else None
 
 
 class Checker:
@@ -136,6 +149,20 @@ class Checker:
             self.complain(path, number, f'"{name}" lies in no known room')
         elif target not in USES[layer]:
             self.complain(path, number, f'{layer} must not use {target}: "{name}"')
+        else:
+            self.check_library_folders(path, number, name)
+
+    def check_library_folders(self, path, number, name):
+        source, target = library_folder(path), library_folder(name)
+        if source is None or target is None or source[0] != target[0]:
+            return
+        order = LIBRARY_FOLDERS[source[0]]
+        for folder in (source[1], target[1]):
+            if folder not in order:
+                self.complain(path, number, f"{source[0]} has no folder {folder}")
+                return
+        if order.index(target[1]) > order.index(source[1]):
+            self.complain(path, number, f'{source[1]} must not use {target[1]}: "{name}"')
 
     def exists(self, name):
         # A header that CMake configures counts where its template lies.
@@ -160,6 +187,7 @@ def check(root, files):
 
 # path, one line of it, whether it is to be accepted
 EXAMPLES = [
+    ("base/Bad.cpp", '#include "profile/Good.h"', False),
     ("profile/Bad1.cpp", '#include "record/Good.h"', False),
     ("profile/Bad2.cpp", '#include "app/settings/Good.h"', False),
     ("record/Bad1.cpp", '#include "analysis/Good.h"', False),
@@ -172,40 +200,52 @@ EXAMPLES = [
     ("record/Bad8.cpp", '#include "../profile/Good.h"', False),
     ("record/Bad9.cpp", '#include "profile/Missing.h"', False),
     ("record/Bad10.cpp", "#include <profile/Good.h>", False),
-    ("record/Bad11.cpp", '  #  include "libs/zinc/Good.h"', False),
+    ("record/Bad11.cpp", '  #  include "libs/zinc/layout/Good.h"', False),
+    ("record/Bad12.cpp", '#include "ui/Good.h"', False),
     ("analysis/Bad.cpp", '#include "graph/Good.h"', False),
-    ("graph/Bad.cpp", '#include "graph/WidgetGood.h"', False),
-    ("graph/DialogBad1.cpp", '#include "map/DialogGood.h"', False),
-    ("graph/DialogBad2.cpp", '#include "map/Good.h"', False),
-    ("graph/DialogBad3.cpp", '#include "app/Good.h"', False),
-    ("analysis/DialogBad.cpp", '#include "record/DialogGood.h"', False),
-    ("export/DialogBad.cpp", '#include "analysis/DialogGood.h"', False),
-    ("app/base/Bad.cpp", '#include "profile/Good.h"', False),
-    ("app/settings/Bad.cpp", '#include "app/project/Good.h"', False),
+    ("analysis/ui/Bad1.cpp", '#include "graph/ui/Good.h"', False),
+    ("analysis/ui/Bad2.cpp", '#include "record/ui/Good.h"', False),
+    ("analysis/ui/Bad3.cpp", '#include "app/settings/Good.h"', False),
+    ("graph/Bad.cpp", '#include "graph/ui/Good.h"', False),
+    ("graph/ui/Bad1.cpp", '#include "map/ui/Good.h"', False),
+    ("graph/ui/Bad2.cpp", '#include "map/Good.h"', False),
+    ("graph/ui/Bad3.cpp", '#include "app/Good.h"', False),
+    ("export/ui/Bad.cpp", '#include "analysis/ui/Good.h"', False),
+    ("ui/Bad.cpp", '#include "record/Good.h"', False),
+    ("app/settings/Bad1.cpp", '#include "app/project/Good.h"', False),
+    ("app/settings/Bad2.cpp", '#include "graph/ui/Good.h"', False),
     ("app/project/Bad.cpp", '#include "record/Good.h"', False),
     ("app/Bad.cpp", '#include "tools/Good.h"', False),
-    ("libs/zinc/Bad.cpp", '#include "profile/Good.h"', False),
-    ("libs/tusk/Bad.cpp", '#include "libs/zinc/Good.h"', False),
-    ("cli/Bad1.cpp", '#include "record/DialogGood.h"', False),
+    ("libs/zinc/layout/Bad1.cpp", '#include "profile/Good.h"', False),
+    ("libs/zinc/layout/Bad2.cpp", '#include "libs/zinc/drawing/Good.h"', False),
+    ("libs/zinc/attic/Bad.cpp", '#include "libs/zinc/layout/Good.h"', False),
+    ("libs/tusk/math/Bad.cpp", '#include "libs/zinc/layout/Good.h"', False),
+    ("cli/Bad1.cpp", '#include "record/ui/Good.h"', False),
     ("cli/Bad2.cpp", "#include <QApplication>", False),
+    ("cli/Bad3.cpp", '#include "app/Good.h"', False),
     ("tools/Bad.cpp", '#include "tests/Good.h"', False),
     ("attic/Bad.cpp", "int x;", False),
-    ("profile/Good.h", '#include "app/base/Good.h"', True),
-    ("record/Good.h", '#include "libs/tusk/Good.h"', True),
-    ("record/DialogGood.h", '#include "app/settings/Good.h"', True),
+    ("base/Good.h", "#include <vector>", True),
+    ("profile/Good.h", '#include "base/Good.h"', True),
+    ("record/Good.h", '#include "libs/tusk/math/Good.h"', True),
+    ("record/ui/Good.h", '#include "ui/Good.h"', True),
     ("analysis/Good.h", '#include "record/Good.h"', True),
-    ("analysis/DialogGood.h", '#include "graph/DialogGood.h"', True),
+    ("analysis/ui/Good.h", '#include "libs/tusk/gl/Good.h"', True),
     ("graph/Good.h", "#include <QColor>", True),
-    ("graph/WidgetGood.h", "#include <QOpenGLWidget>", True),
-    ("graph/DialogGood.h", '#include "graph/WidgetGood.h"', True),
+    ("graph/ui/Good.h", "#include <QOpenGLWidget>", True),
     ("map/Good.h", "#include <QTextLayout>", True),
-    ("map/DialogGood.h", '#include "libs/zinc/Good.h"', True),
-    ("app/Good.h", '#include "analysis/DialogGood.h"', True),
-    ("app/base/Good.h", "#include <vector>", True),
-    ("app/settings/Good.h", '#include "app/base/Good.h"', True),
+    ("map/ui/Good.h", '#include "libs/tessamap/drawing/Good.h"', True),
+    ("ui/Good.h", "#include <QMessageBox>", True),
+    ("app/Good.h", '#include "graph/ui/Good.h"', True),
+    ("app/settings/Good.h", '#include "graph/Good.h"', True),
     ("app/project/Good.h", '#include "profile/Good.h"', True),
-    ("libs/tusk/Good.h", "#include <cmath>", True),
-    ("libs/zinc/Good.h", '#include "libs/tusk/Good.h"', True),
+    ("libs/tusk/math/Good.h", "#include <cmath>", True),
+    ("libs/tusk/gl/Good.h", '#include "libs/tusk/math/Good.h"', True),
+    ("libs/tessamap/drawing/Good.h", '#include "libs/tusk/gl/Good.h"', True),
+    ("libs/zinc/layout/Good.h", '#include "libs/zinc/view/Good.h"', True),
+    ("libs/zinc/view/Good.h", '#include "libs/zinc/expression/Good.h"', True),
+    ("libs/zinc/expression/Good.h", '#include "libs/tusk/math/Good.h"', True),
+    ("libs/zinc/drawing/Good.h", '#include "libs/zinc/layout/Good.h"', True),
     ("cli/main.cpp", '#include "app/settings/Good.h"', True),
     ("tools/Good.h", '#include "record/Good.h"', True),
     ("tests/Good.h", '#include "Good.moc"', True),

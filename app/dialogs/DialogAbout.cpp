@@ -1,6 +1,6 @@
 #include "app/dialogs/DialogAbout.h"
 
-#include "app/settings/Version.h"
+#include "base/Version.h"
 
 #include <QDialogButtonBox>
 #include <QFile>

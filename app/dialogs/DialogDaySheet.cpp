@@ -1,9 +1,9 @@
 #include "app/dialogs/DialogDaySheet.h"
 
 #include "app/JobQueue.h"
-#include "app/messages/Messages.h"
 #include "app/settings/SettingsStore.h"
 #include "record/CardContainer.h"
+#include "ui/Messages.h"
 
 #include <QBuffer>
 #include <QComboBox>

@@ -1,8 +1,8 @@
 #include "app/dialogs/DialogPreferences.h"
 
 #include "app/ProfileInstaller.h"
+#include "app/SettingsSaver.h"
 #include "app/dialogs/ProfileInstallation.h"
-#include "app/messages/Messages.h"
 #include "app/settings/SettingsStore.h"
 #include "app/startup/Startup.h"
 
@@ -164,7 +164,7 @@ void DialogPreferences::apply()
         settings.setInteger("FontSize", m_fontSize->value());
     m_shownFontSize = m_fontSize->value();
     const bool isOtherMap = storeMap();
-    Messages::saveSettings(this);
+    saveSettings(this);
     if (isOtherFont)
         Startup::applyFontSize();
     Startup::applyStyleSheet(*qApp); // widgets under a style sheet keep their font without it

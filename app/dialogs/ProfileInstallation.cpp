@@ -1,7 +1,7 @@
 #include "app/dialogs/ProfileInstallation.h"
 
 #include "app/ProfileInstaller.h"
-#include "app/messages/Messages.h"
+#include "ui/Messages.h"
 
 #include <QCoreApplication>
 #include <QFileDialog>

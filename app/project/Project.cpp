@@ -1,6 +1,6 @@
 #include "app/project/Project.h"
 
-#include "app/base/XmlFile.h"
+#include "base/XmlFile.h"
 #include "profile/Profile.h"
 
 #include <QDomDocument>

@@ -1,6 +1,6 @@
 #include "app/settings/CommandLineOptions.h"
 
-#include "app/base/Diagnostics.h"
+#include "base/Diagnostics.h"
 
 namespace KOLT {
 

@@ -1,6 +1,6 @@
 #include "app/settings/DataPaths.h"
 
-#include "app/base/Diagnostics.h"
+#include "base/Diagnostics.h"
 
 #include <QCoreApplication>
 #include <QDir>

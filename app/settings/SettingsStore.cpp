@@ -1,7 +1,7 @@
 #include "app/settings/SettingsStore.h"
 
-#include "app/base/Diagnostics.h"
-#include "app/base/XmlFile.h"
+#include "base/Diagnostics.h"
+#include "base/XmlFile.h"
 
 #include <QDomDocument>
 #include <QFile>

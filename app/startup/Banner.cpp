@@ -1,7 +1,7 @@
 #include "app/startup/Banner.h"
 
-#include "app/base/Diagnostics.h"
-#include "app/settings/Version.h"
+#include "base/Diagnostics.h"
+#include "base/Version.h"
 
 #include <array>
 #include <unistd.h>

@@ -1,10 +1,10 @@
 #include "app/startup/Startup.h"
 
-#include "app/base/Diagnostics.h"
 #include "app/settings/CommandLineOptions.h"
 #include "app/settings/DataPaths.h"
 #include "app/settings/SettingsStore.h"
 #include "app/startup/StyleSheet.h"
+#include "base/Diagnostics.h"
 
 #include <QApplication>
 #include <QFile>

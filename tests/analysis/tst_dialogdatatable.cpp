@@ -1,4 +1,4 @@
-#include "analysis/DialogDataTable.h"
+#include "analysis/ui/DialogDataTable.h"
 #include "resources/Resources.h"
 #include "tests/support/ModalBoxes.h"
 #include "tests/support/RecordingFixture.h"

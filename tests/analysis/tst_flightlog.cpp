@@ -1,6 +1,6 @@
 #include "analysis/DaySheet.h"
 #include "analysis/EventDetails.h"
-#include "app/base/Csv.h"
+#include "base/Csv.h"
 #include "tests/support/RecordingFixture.h"
 
 #include <QTest>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "analysis/DialogData.h"
-#include "analysis/DialogDataTable.h"
+#include "analysis/ui/DialogData.h"
+#include "analysis/ui/DialogDataTable.h"
 #include "app/DialogMain.h"
 #include "app/MainActions.h"
 #include "app/ProfileInstaller.h"

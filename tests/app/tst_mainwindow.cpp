@@ -1,8 +1,8 @@
-#include "analysis/DataPage.h"
-#include "analysis/DialogDataView.h"
 #include "app/JobQueue.h"
 #include "app/dialogs/DialogPreferences.h"
+#include "instruments/ui/DialogDataView.h"
 #include "tests/app/MainWindowFixture.h"
+#include "ui/DataPage.h"
 
 #include <QComboBox>
 #include <QDialogButtonBox>

@@ -1,6 +1,6 @@
-#include "app/base/XmlFile.h"
 #include "app/settings/CommandLineOptions.h"
 #include "app/settings/SettingsStore.h"
+#include "base/XmlFile.h"
 #include "tests/support/Rows.h"
 #include "tests/support/TestFiles.h"
 

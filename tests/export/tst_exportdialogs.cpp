@@ -1,8 +1,7 @@
-#include "app/settings/SettingsStore.h"
-#include "export/DialogExportCsv.h"
-#include "export/DialogExportGpx.h"
-#include "export/DialogExportKml.h"
-#include "export/WidgetColorButton.h"
+#include "export/ui/DialogExportCsv.h"
+#include "export/ui/DialogExportGpx.h"
+#include "export/ui/DialogExportKml.h"
+#include "export/ui/WidgetColorButton.h"
 #include "tests/support/Buttons.h"
 #include "tests/support/ModalBoxes.h"
 #include "tests/support/RecordingFixture.h"
@@ -28,8 +27,8 @@ private slots:
 
     void cleanup() { m_dialog.reset(); }
 
-    void kmlOptionsReachFileAndSettings();
-    void csvOptionsReachFileAndSettings();
+    void kmlOptionsReachTheFileAndAreReported();
+    void csvOptionsReachTheFileAndAreReported();
     void whatCannotBeExported();
     void failuresAreTold_data();
     void failuresAreTold();
@@ -45,7 +44,8 @@ private:
 
     DialogExport::Source source() const
     {
-        return {m_dataSet, "Flight 1", "Proposed", m_directory->filePath("card")};
+        return {m_dataSet, "Flight 1", "Proposed", m_directory->filePath("card"),
+                m_directory->path()};
     }
 
     QString summary() const { return m_dialog->findChildren<QLabel*>("hint").last()->text(); }
@@ -59,6 +59,9 @@ private:
     std::unique_ptr<QTemporaryDir> m_directory;
     Profile m_profile;
     DataSet m_dataSet;
+    KmlOptions m_kml;
+    CsvOptions m_csv;
+    QStringList m_chosen;
     std::unique_ptr<DialogExport> m_dialog;
 };
 
@@ -79,27 +82,31 @@ void TestExportDialogs::init()
         add(m_dataSet.messages, 2, t, floats(500.5F));
     }
     m_dataSet.track = buildTrack(m_profile, m_dataSet.messages);
-    SettingsStore& settings = SettingsStore::instance();
-    settings.setFileName(QFile::encodeName(m_directory->filePath("KOLT.ini")));
-    storeKmlOptions({}, settings);
-    storeCsvOptions({}, settings);
-    for (const char* key : {"KmlExportDir", "CsvExportDir", "GpxExportDir"})
-        settings.setText(key, QFile::encodeName(m_directory->path()));
+    m_kml = {};
+    m_csv = {};
+    m_chosen.clear();
 }
 
 void TestExportDialogs::open(const QString& suffix)
 {
     if (suffix == "kml")
-        m_dialog = std::make_unique<DialogExportKml>(m_profile, source());
+        m_dialog = std::make_unique<DialogExportKml>(m_profile, source(), m_kml);
     else if (suffix == "csv")
-        m_dialog = std::make_unique<DialogExportCsv>(m_profile, source());
+        m_dialog = std::make_unique<DialogExportCsv>(m_profile, source(), m_csv);
     else
         m_dialog = std::make_unique<DialogExportGpx>(source());
+    connect(m_dialog.get(), &DialogExport::signalChosen, this, [this](const QString& folder) {
+        m_chosen << folder; // the options are those of now
+        if (const auto* const kml = qobject_cast<DialogExportKml*>(m_dialog.get()))
+            m_kml = kml->options();
+        if (const auto* const csv = qobject_cast<DialogExportCsv*>(m_dialog.get()))
+            m_csv = csv->options();
+    });
     m_dialog->show();
     QVERIFY(QTest::qWaitForWindowExposed(m_dialog.get()));
 }
 
-void TestExportDialogs::kmlOptionsReachFileAndSettings()
+void TestExportDialogs::kmlOptionsReachTheFileAndAreReported()
 {
     open("kml");
     QVERIFY(summary().contains("201 positions"));
@@ -128,26 +135,20 @@ void TestExportDialogs::kmlOptionsReachFileAndSettings()
     QVERIFY(content.contains("<color>ff030201</color>"));
     QCOMPARE(content.count("<LineString>"), 1);
     QCOMPARE(content.count("<Point>"), 3);
-    SettingsStore stored;
-    stored.setFileName(SettingsStore::instance().fileName());
-    const DiagnosticsCapture output;
-    stored.load();
-    for (const auto& [key, value] : {std::pair("KmlLineWidth", QByteArray("9")),
-                                     {"KmlPlaceMarkIntervall", "100"},
-                                     {"KmlPolygonOn", "false"},
-                                     {"KmlLineColor", "010203"},
-                                     {"KmlExportDir", m_directory->path().toUtf8()}})
-        QCOMPARE(stored.getText(key), value);
+    QCOMPARE(m_chosen, QStringList{m_directory->path()});
+    QCOMPARE(m_kml.lineWidth, 9);
+    QCOMPARE(m_kml.placeMarkInterval, 100);
+    QVERIFY(!m_kml.polygonOn);
     // The next dialog begins with them.
     open("kml");
     QCOMPARE(find<QSpinBox>("KmlLineWidth")->value(), 9);
     QCOMPARE(m_dialog->findChildren<WidgetColorButton*>().first()->color(), QColor(1, 2, 3));
 }
 
-void TestExportDialogs::csvOptionsReachFileAndSettings()
+void TestExportDialogs::csvOptionsReachTheFileAndAreReported()
 {
     m_profile.select([](const ProfileParameter& parameter) { return parameter.name == "Alt"; });
-    SettingsStore::instance().setInteger("CsvLimiter", '|'); // none of those offered
+    m_csv.separator = '|'; // none of those offered
     open("csv");
     QVERIFY2(summary().startsWith("1,001 rows, about "), qPrintable(summary()));
     QVERIFY(!labelled(*m_dialog, "Decimal comma")->isEnabled());
@@ -160,11 +161,10 @@ void TestExportDialogs::csvOptionsReachFileAndSettings()
     clickExport();
     QCOMPARE(readFile(m_directory->filePath("new.csv")).split('\n').value(2),
              QByteArray("2026-07-28|12:00:50.000|50.000|500.500000\r"));
-    const SettingsStore& settings = SettingsStore::instance();
-    QCOMPARE(settings.getInteger("CsvLimiter", 0), int{'|'});
-    QCOMPARE(settings.getInteger("CsvResolution", 0), 50'000);
-    QVERIFY(!settings.getBoolean("CsvAllParameter", true));
-    QVERIFY(settings.getBoolean("CsvDecimalComma", false));
+    QCOMPARE(m_csv.separator, '|');
+    QCOMPARE(m_csv.resolution, 50'000);
+    QVERIFY(!m_csv.allParameters);
+    QVERIFY(m_csv.decimalComma);
 }
 
 void TestExportDialogs::whatCannotBeExported()
@@ -244,7 +244,7 @@ void TestExportDialogs::cancelKeepsTheFormerFile()
     QVERIFY(writeFile(path, "before"));
     for (const int t : {15'000, 15'001})
         add(m_dataSet.messages, 2, t);
-    SettingsStore::instance().setInteger("CsvResolution", 1); // fifteen million rows
+    m_csv.resolution = 1; // fifteen million rows
     open("csv");
     ModalBoxes boxes;
     boxes.answer(path);

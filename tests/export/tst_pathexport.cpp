@@ -1,4 +1,4 @@
-#include "export/FlightPath.h"
+#include "record/FlightPath.h"
 #include "tests/export/ExportSupport.h"
 #include "tests/support/Rows.h"
 

@@ -1,9 +1,8 @@
-#include "app/settings/SettingsStore.h"
-#include "graph/DialogDataGraph.h"
-#include "graph/DialogGraphSetup.h"
 #include "graph/TraceFeeder.h"
-#include "graph/WidgetGraph.h"
-#include "graph/WidgetGraphES.h"
+#include "graph/ui/DialogDataGraph.h"
+#include "graph/ui/DialogGraphSetup.h"
+#include "graph/ui/WidgetGraph.h"
+#include "graph/ui/WidgetGraphES.h"
 #include "record/DataSet.h"
 #include "resources/Resources.h"
 #include "tests/support/Buttons.h"
@@ -52,7 +51,9 @@ private slots:
 private:
     void makePage()
     {
-        m_page = std::make_unique<DialogDataGraph>(m_profile);
+        m_page = std::make_unique<DialogDataGraph>(m_profile, m_settings);
+        connect(m_page.get(), &DialogDataGraph::signalSettings, this,
+                [this](const GraphSettings& settings) { m_reported << settings; });
         m_page->setShown(true);
     }
 
@@ -76,6 +77,8 @@ private:
 
     Profile m_profile;
     std::unique_ptr<DataSet> m_dataSet;
+    GraphSettings m_settings;
+    QList<GraphSettings> m_reported;
     std::unique_ptr<DialogDataGraph> m_page;
     QTemporaryDir m_directory;
 };
@@ -83,16 +86,9 @@ private:
 /// Two traces from 100 s to 200 s, ten samples a second.
 void TestGraphPage::init()
 {
-    SettingsStore::instance().setFileName(QFile::encodeName(m_directory.filePath("KOLT.ini")));
-    for (const auto& [key, value] : {std::pair("GraphTimeSpan", "60"),
-                                     {"GraphCursorMode", "1"},
-                                     {"GraphSplit", "true"},
-                                     {"GraphBackground", "000000"},
-                                     {"GraphLegend", "true"},
-                                     {"GraphAutoscale", "true"},
-                                     {"GraphYMinimum", "-100"},
-                                     {"GraphYMaximum", "100"}})
-        SettingsStore::instance().setText(key, value);
+    m_settings = {};
+    m_settings.timeSpan = 60.0;
+    m_reported.clear();
     selectAllOf(device({"name='a' id='1' dataType='FLOAT' precision='1'",
                         "name='b' id='1' startByte='4' dataType='FLOAT'"}));
     m_dataSet = std::make_unique<DataSet>();
@@ -283,7 +279,7 @@ void TestGraphPage::replayPagesAndCentres()
 {
     m_page->setTime(170.0);
     QCOMPARE(graph().windowStart, 140.0); // centred
-    SettingsStore::instance().setText("GraphCursorMode", "0");
+    m_settings.cursorMode = CursorMode{0};
     makePage();
     m_page->setData(m_dataSet.get());
     m_page->setTime(100.0);
@@ -450,32 +446,21 @@ void TestGraphPage::settingsAreKept()
     QVERIFY(!graph().settings.isAutomatic);
     auto* const setup = m_page->findChild<DialogGraphSetup*>();
     button(9)->click();
-    QFile::remove(m_directory.filePath("KOLT.ini"));
     const auto edits = setup->findChildren<QLineEdit*>();
     edits.at(0)->setText("-1234567.125");
     edits.at(1)->setText("0.1");
-    QVERIFY(!QFile::exists(m_directory.filePath("KOLT.ini"))); // not at every key
-    QCOMPARE(graph().span(), 100.0);                           // the record is applied as a whole
-    setup->close();
-    QVERIFY(QFile::exists(m_directory.filePath("KOLT.ini")));
+    QCOMPARE(graph().span(), 100.0); // the record is applied as a whole
+    QVERIFY(!m_reported.isEmpty());
 
-    SettingsStore::instance().setText("GraphBackground", "102030");
-    m_page = std::make_unique<DialogDataGraph>(m_profile);
+    m_settings = m_reported.back();
+    m_settings.isAutomatic = true; // it is not kept
+    makePage();
     QVERIFY(!graph().settings.isSplit);
-    QVERIFY(graph().settings.isAutomatic); // nothing in sight would bring it back
     QVERIFY(button(7)->isChecked());
-    QCOMPARE(graph().settings.background, QColor(0x10, 0x20, 0x30));
     QCOMPARE(graph().settings.yMinimum, -1234567.125);
     QCOMPARE(graph().settings.yMaximum, 0.1);
     QCOMPARE(graph().span(), 100.0);
     QCOMPARE(m_page->findChildren<QLineEdit*>().at(0)->text(), "-1234567.125");
-
-    for (const char* key : {"GraphTimeSpan", "GraphYMinimum", "GraphYMaximum"})
-        SettingsStore::instance().setText(key, "nan");
-    m_page = std::make_unique<DialogDataGraph>(m_profile);
-    QCOMPARE(graph().span(), 60.0);
-    QCOMPARE(graph().settings.yMinimum, 0.0);
-    QCOMPARE(graph().settings.yMaximum, 0.0);
 }
 
 void TestGraphPage::snapshot()

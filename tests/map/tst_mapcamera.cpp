@@ -1,4 +1,4 @@
-#include "libs/tusk/Geodetic.h"
+#include "libs/tusk/math/Geodetic.h"
 #include "map/MapCamera.h"
 #include "tests/support/Rows.h"
 

@@ -1,4 +1,4 @@
-#include "map/DialogDataMap.h"
+#include "map/ui/DialogDataMap.h"
 #include "tests/support/MapWindow.h"
 #include "tests/support/ProfileFixture.h"
 #include "tests/support/RecordingFixture.h"
@@ -28,8 +28,6 @@ class TestMapPage : public QObject
 
 private slots:
 
-    void initTestCase() { MapWindow::prepare(m_directory); }
-
     void init();
     void cleanup();
 
@@ -54,7 +52,6 @@ private:
 
     View pageView() const { return viewOf(m_page->viewState(), m_page->widget()); }
 
-    QTemporaryDir m_directory;
     std::unique_ptr<MapWindow> m_window;
     Profile m_profile;
     std::unique_ptr<DataSet> m_dataSet;
@@ -217,8 +214,7 @@ void TestMapPage::makePage()
     m_dataSet->startSeconds = 10.0;
     m_dataSet->stopSeconds = 70.0;
     m_dataSet->track = straightTrack();
-    m_page = std::make_unique<DialogDataMap>(m_profile);
-    m_page->widget().map().setTileDirectory({});
+    m_page = std::make_unique<DialogDataMap>(m_profile, offlineSettings());
     m_page->resize(900, 400);
     m_page->show();
     QVERIFY(QTest::qWaitForWindowExposed(m_page.get()));

@@ -1,5 +1,5 @@
 #include "record/CardContainer.h"
-#include "record/DialogCard.h"
+#include "record/ui/DialogCard.h"
 #include "resources/Resources.h"
 #include "tests/support/RecordingFixture.h"
 

@@ -1,13 +1,10 @@
 #pragma once
 
-#include "app/settings/SettingsStore.h"
-#include "map/WidgetMap.h"
+#include "map/ui/WidgetMap.h"
 #include "resources/Resources.h"
 #include "tests/support/MapProbes.h"
 
 #include <QApplication>
-#include <QFile>
-#include <QTemporaryDir>
 #include <QTest>
 
 namespace KOLT::Test {
@@ -20,25 +17,24 @@ inline View viewOf(const MapViewState& state, const WidgetMap& map)
     return {{state.latitude, state.longitude}, state.width / map.width(), map.size()};
 }
 
+/// Leaves network and disk alone.
+inline MapSettings offlineSettings()
+{
+    MapSettings settings;
+    settings.isNetworkEnabled = false;
+    return settings;
+}
+
 /// A map in a window of its own, that leaves network and disk alone.
 class MapWindow
 {
 public:
     static constexpr QSize size{500, 400};
 
-    /// Once for a program.
-    static void prepare(const QTemporaryDir& directory)
-    {
-        qputenv("XDG_DATA_HOME", QFile::encodeName(directory.path()));
-        initKoltResources();
-        WidgetMap::setNetworkEnabled(false);
-        SettingsStore::instance().setFileName(QFile::encodeName(directory.filePath("KOLT.ini")));
-    }
-
     MapWindow()
     {
+        initKoltResources();
         state.follow = 0;
-        map.map().setTileDirectory({});
         map.resize(size);
     }
 
@@ -76,7 +72,7 @@ public:
     View view() const { return viewOf(state, map); }
 
     MapViewState state;
-    WidgetMap map{state};
+    WidgetMap map{state, offlineSettings()};
 };
 
 inline std::vector<TrackPoint> trackThrough(const std::vector<Place>& places)

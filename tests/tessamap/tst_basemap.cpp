@@ -1,5 +1,5 @@
-#include "libs/tessamap/BaseMap.h"
-#include "libs/tessamap/Mercator.h"
+#include "libs/tessamap/basemap/BaseMap.h"
+#include "libs/tessamap/globe/Mercator.h"
 #include "tests/support/Rows.h"
 #include "tests/support/TestFiles.h"
 

@@ -1,5 +1,5 @@
-#include "libs/tessamap/Globe.h"
-#include "libs/tessamap/TileSelection.h"
+#include "libs/tessamap/globe/Globe.h"
+#include "libs/tessamap/globe/TileSelection.h"
 #include "tests/support/MapProbes.h"
 #include "tests/support/Rows.h"
 

@@ -1,7 +1,7 @@
-#include "libs/tessamap/ElevationSource.h"
-#include "libs/tessamap/HillShade.h"
-#include "libs/tessamap/Mercator.h"
-#include "libs/tessamap/ShadeSource.h"
+#include "libs/tessamap/globe/Mercator.h"
+#include "libs/tessamap/terrain/ElevationSource.h"
+#include "libs/tessamap/terrain/HillShade.h"
+#include "libs/tessamap/terrain/ShadeSource.h"
 #include "tests/support/Rows.h"
 #include "tests/support/TestFiles.h"
 

@@ -1,6 +1,6 @@
-#include "libs/tessamap/TileDiskCache.h"
-#include "libs/tessamap/TileReply.h"
-#include "libs/tessamap/TileServer.h"
+#include "libs/tessamap/tiles/TileDiskCache.h"
+#include "libs/tessamap/tiles/TileReply.h"
+#include "libs/tessamap/tiles/TileServer.h"
 #include "tests/support/Rows.h"
 #include "tests/support/TestFiles.h"
 

@@ -1,4 +1,4 @@
-#include "libs/tessamap/TileSource.h"
+#include "libs/tessamap/tiles/TileSource.h"
 #include "tests/support/LoopbackServer.h"
 #include "tests/support/Rows.h"
 

@@ -1,6 +1,6 @@
-#include "libs/zinc/ExpressionCompiler.h"
-#include "libs/zinc/NumberFormat.h"
-#include "libs/zinc/VariableTable.h"
+#include "libs/zinc/expression/ExpressionCompiler.h"
+#include "libs/zinc/expression/VariableTable.h"
+#include "libs/zinc/view/NumberFormat.h"
 #include "tests/support/Rows.h"
 
 #include <limits>

@@ -1,6 +1,6 @@
-#include "libs/zinc/InstrumentLook.h"
-#include "libs/zinc/ViewFrame.h"
-#include "libs/zinc/ViewReader.h"
+#include "libs/zinc/layout/InstrumentLook.h"
+#include "libs/zinc/layout/ViewFrame.h"
+#include "libs/zinc/view/ViewReader.h"
 #include "tests/support/Rows.h"
 #include "tests/support/TestFiles.h"
 

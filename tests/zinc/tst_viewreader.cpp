@@ -1,5 +1,5 @@
-#include "libs/zinc/VariableTable.h"
-#include "libs/zinc/ViewReader.h"
+#include "libs/zinc/expression/VariableTable.h"
+#include "libs/zinc/view/ViewReader.h"
 #include "tests/support/Rows.h"
 #include "tests/support/TestFiles.h"
 

@@ -1,7 +1,7 @@
-#include "libs/zinc/Dial.h"
-#include "libs/zinc/InstrumentLook.h"
-#include "libs/zinc/MeshBuilder.h"
-#include "libs/zinc/Triangulation.h"
+#include "libs/zinc/drawing/MeshBuilder.h"
+#include "libs/zinc/drawing/Triangulation.h"
+#include "libs/zinc/layout/Dial.h"
+#include "libs/zinc/layout/InstrumentLook.h"
 #include "tests/support/Rows.h"
 
 #include <cmath>

@@ -1,4 +1,4 @@
-#include "app/base/Diagnostics.h"
+#include "base/Diagnostics.h"
 #include "tools/samplecard/SampleCard.h"
 
 #include <QCommandLineParser>

@@ -1,9 +1,9 @@
-#include "analysis/DialogData.h"
+#include "analysis/ui/DialogData.h"
 #include "app/DialogMain.h"
 #include "app/settings/CommandLineOptions.h"
 #include "app/startup/Startup.h"
-#include "graph/DialogDataGraph.h"
-#include "map/WidgetMap.h"
+#include "graph/ui/DialogDataGraph.h"
+#include "map/ui/WidgetMap.h"
 #include "resources/Resources.h"
 
 #include <QAction>
@@ -172,7 +172,7 @@ void takeDialogs(KOLT::DialogMain& window, Camera& camera)
 int main(int argc, char* argv[])
 {
     initKoltResources();
-    KOLT::WidgetMap::setNetworkEnabled(false); // the same pictures everywhere
+    qputenv("KOLT_OFFLINE", "1"); // the same pictures everywhere
     const bool isEmu = argc > 2 && QByteArray(argv[2]) == "-emu";
     const char* const options[] = {argv[0], "-emu"};
     KOLT::Startup::parseCommandLine(isEmu ? 2 : 1, options);

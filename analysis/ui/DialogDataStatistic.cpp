@@ -1,0 +1,83 @@
+#include "analysis/ui/DialogDataStatistic.h"
+
+#include "record/ClockTime.h"
+#include "record/DataSet.h"
+
+#include <QLocale>
+#include <QTextEdit>
+#include <QVBoxLayout>
+
+#include <cmath>
+
+namespace KOLT {
+
+namespace {
+
+QString row(const QString& label, const QString& value)
+{
+    return QStringLiteral("<tr><td>%1  :  </td><td><b>%2</b></td></tr>").arg(label, value);
+}
+
+QString figure(const char* pattern, double value)
+{
+    return QString::fromLatin1(pattern).arg(value, 0, 'g', QLocale::FloatingPointShortest);
+}
+
+/// Whole seconds as a time of day; dashes for a ratio that has no value.
+QString timeText(double seconds)
+{
+    return std::isfinite(seconds)
+               ? clockTime(std::trunc(seconds)).toString(QStringLiteral("hh:mm:ss"))
+               : QStringLiteral("--:--:--");
+}
+
+} // namespace
+
+DialogDataStatistic::DialogDataStatistic(QWidget* parent)
+    : QWidget(parent)
+    , m_text(new QTextEdit(this))
+{
+    m_text->setReadOnly(true);
+    m_text->setLineWrapMode(QTextEdit::NoWrap); // a figure and its unit stay on one line
+    m_text->setPlaceholderText(tr("Choose a flight on the left to see its figures."));
+    auto* const layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(m_text);
+}
+
+QString DialogDataStatistic::textOf(const Flight& flight)
+{
+    return QStringLiteral("<table>") +
+           row(tr("Flight Time"), timeText(flight.endSeconds - flight.startSeconds)) +
+           row(tr("Total Fuel Lane A"), figure("%1 l", flight.fuelA)) +
+           row(tr("Total Fuel Lane B"), figure("%1 l", flight.fuelB)) +
+           row(tr("Total Fuel"), figure("%1 l", flight.fuel)) +
+           row(tr("Minimum Alt"), figure("%1 m", flight.minAltitude)) +
+           row(tr("Maximum Alt"), figure("%1 m", flight.maxAltitude)) +
+           row(tr("Total Climb"), figure("%1 m", flight.altitudeGain)) +
+           row(tr("Average Climb Rate"), figure("%1 m/s", flight.climbRate)) +
+           row(tr("Average Descend Rate"), figure("%1 m/s", flight.descentRate)) +
+           row(tr("Max Ground Speed"), figure("%1 km/h", flight.maxGroundSpeed)) +
+           row(tr("Time / 100m"), timeText(flight.timePer100m)) +
+           row(tr("Fuel / 100m"), figure("%1 l", flight.fuelPer100m)) +
+           row(tr("Take Off Distance"), figure("%1 m", flight.takeOffDistance)) +
+           row(tr("Take Off Distance 15m"), figure("%1 m", flight.takeOffDistance15m)) +
+           QStringLiteral("</table>");
+}
+
+void DialogDataStatistic::showData()
+{
+    if (dataSet() == nullptr)
+        return;
+    const Flight* const flight = dataSet()->flight();
+    if (flight == nullptr) {
+        m_text->setText(tr("<br><br><b>No flight selected</b>"));
+        m_text->selectAll();
+        m_text->setAlignment(Qt::AlignCenter);
+        m_text->moveCursor(QTextCursor::Start);
+        return;
+    }
+    m_text->setText(textOf(*flight));
+}
+
+} // namespace KOLT

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "record/Flight.h"
+#include "ui/DataPage.h"
+
+#include <QWidget>
+
+class QTextEdit;
+
+namespace KOLT {
+
+/// The "Tow Statistic" page: the figures of the loaded flight, in metric units. Has no time.
+class DialogDataStatistic : public QWidget, public DataPage
+{
+    Q_OBJECT
+
+public:
+    explicit DialogDataStatistic(QWidget* parent = nullptr);
+
+    /// The figures as a table of rich text.
+    static QString textOf(const Flight& flight);
+
+protected:
+    void dropData() override {}
+
+    void showData() override;
+
+    void showTime() override {}
+
+private:
+    QTextEdit* m_text;
+};
+
+} // namespace KOLT

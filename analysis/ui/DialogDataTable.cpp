@@ -1,0 +1,214 @@
+#include "analysis/ui/DialogDataTable.h"
+
+#include "analysis/ui/WidgetTimeTable.h"
+#include "ui/ContentOrNote.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QClipboard>
+#include <QLabel>
+#include <QMenu>
+#include <QMessageBox>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace KOLT {
+
+namespace {
+
+constexpr int pageMargin = 3;
+
+/// Cells may hold any text that the profile gives them; a tab would shift the columns.
+QString cellText(const QModelIndex& index)
+{
+    QString text = index.data().toString();
+    return text.replace(QLatin1Char('\t'), QLatin1Char(' '))
+        .replace(QLatin1Char('\n'), QLatin1Char(' '));
+}
+
+qint64 cellCount(const QItemSelection& selection)
+{
+    qint64 count = 0;
+    for (const QItemSelectionRange& range : selection)
+        count += qint64{range.width()} * range.height();
+    return count;
+}
+
+/// The cells as lines of tab-separated text; a cell between them that is not selected stays empty.
+QString tabSeparated(QModelIndexList cells)
+{
+    std::sort(cells.begin(), cells.end()); // by row, then column
+    const auto [first, last] = std::ranges::minmax(cells, {}, &QModelIndex::column);
+    QString text;
+    int row = -1;
+    int column = 0;
+    for (const QModelIndex& cell : cells) {
+        if (cell.row() != row) {
+            if (row >= 0)
+                text += QString(last.column() - column, QLatin1Char('\t')) + QLatin1Char('\n');
+            row = cell.row();
+            column = first.column();
+        }
+        text += QString(cell.column() - column, QLatin1Char('\t')) + cellText(cell);
+        column = cell.column();
+    }
+    return text + QString(last.column() - column, QLatin1Char('\t')) + QLatin1Char('\n');
+}
+
+} // namespace
+
+DialogDataTable::DialogDataTable(const Profile& profile, QWidget* parent)
+    : QWidget(parent)
+    , m_profile(profile)
+    , m_model(profile)
+{
+    m_previousChange = createAction(tr("Previous change"), QStringLiteral("change-previous"),
+                                    QKeySequence(Qt::CTRL | Qt::Key_Up),
+                                    tr("Jump to the previous change of the selected column"));
+    m_nextChange = createAction(tr("Next change"), QStringLiteral("change-next"),
+                                QKeySequence(Qt::CTRL | Qt::Key_Down),
+                                tr("Jump to the next change of the selected column"));
+    connect(m_previousChange, &QAction::triggered, this, [this] { jumpToChange(false); });
+    connect(m_nextChange, &QAction::triggered, this, [this] { jumpToChange(true); });
+    createView();
+
+    m_hint = new QLabel(this);
+    m_hint->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred); // never widens the page
+    auto* const bar = new QHBoxLayout;
+    for (QAction* action : {m_previousChange, m_nextChange}) {
+        auto* const button = new QToolButton(this);
+        button->setDefaultAction(action);
+        button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+        button->setAutoRaise(true);
+        bar->addWidget(button);
+        setTabOrder(button, m_view);
+    }
+    bar->addStretch();
+    auto* const table = new QWidget(this);
+    auto* const tableLayout = new QVBoxLayout(table);
+    tableLayout->setContentsMargins(pageMargin, pageMargin, pageMargin, pageMargin);
+    tableLayout->addLayout(bar);
+    tableLayout->addWidget(m_view);
+    tableLayout->addWidget(m_hint);
+
+    m_shown = new ContentOrNote(this, table);
+    showData();
+}
+
+QAction* DialogDataTable::createAction(const QString& text, const QString& icon,
+                                       const QKeySequence& shortcut, const QString& tip)
+{
+    auto* const action = new QAction(QIcon(QStringLiteral(":/icons/%1.svg").arg(icon)), text, this);
+    action->setShortcut(shortcut);
+    action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
+    action->setToolTip(
+        QStringLiteral("%1 (%2)").arg(tip, shortcut.toString(QKeySequence::NativeText)));
+    addAction(action);
+    return action;
+}
+
+void DialogDataTable::createView()
+{
+    m_view = new WidgetTimeTable(this);
+    m_view->setModel(&m_model);
+    m_copy = new QAction(QIcon(QStringLiteral(":/icons/copy.svg")), tr("Copy"), this);
+    m_copy->setShortcut(QKeySequence::Copy); // for the menu to show; the view handles the key
+    m_copy->setShortcutContext(Qt::WidgetShortcut);
+    connect(m_copy, &QAction::triggered, this, &DialogDataTable::copySelection);
+    connect(m_view, &WidgetTimeTable::signalCopy, this, &DialogDataTable::copySelection);
+    m_view->setContextMenuPolicy(Qt::ActionsContextMenu);
+    m_view->addActions({m_copy, m_previousChange, m_nextChange});
+    connect(m_view->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
+            &DialogDataTable::slotCurrentRow);
+}
+
+void DialogDataTable::dropData()
+{
+    const bool wasFollowing = std::exchange(m_isFollowing, true);
+    m_view->setTimeRow(-1);
+    m_model.clear();
+    m_isFollowing = wasFollowing;
+}
+
+void DialogDataTable::showData()
+{
+    dropData();
+    std::vector<const ProfileParameter*> parameters = m_profile.selectedParameters();
+    const bool hasParameters = !parameters.empty();
+    if (dataSet() != nullptr && hasParameters)
+        m_model.setTable(*dataSet(), std::move(parameters));
+    if (m_model.rowCount() > 0) {
+        m_view->fitColumns();
+        showRowCount();
+        m_shown->showContent();
+    } else if (dataSet() == nullptr) {
+        m_shown->showNote(
+            tr("Choose a cycle or a flight on the left to see its values.\nF1 opens the help."));
+    } else if (!hasParameters) {
+        m_shown->showNote(tr("No parameters are selected. Check some in the list on the left and "
+                             "press \"Confirm Selection\"."));
+    } else {
+        m_shown->showNote(tr("The selected parameters have no samples in this data set."));
+    }
+}
+
+void DialogDataTable::showRowCount()
+{
+    m_hint->setText(tr("%Ln row(s)", nullptr, m_model.rowCount()));
+}
+
+void DialogDataTable::showTime()
+{
+    if (m_model.rowCount() == 0)
+        return;
+    const bool wasFollowing = std::exchange(m_isFollowing, true);
+    m_view->setTimeRow(static_cast<int>(m_model.table().rowAt(time())));
+    m_isFollowing = wasFollowing;
+}
+
+void DialogDataTable::slotCurrentRow(const QModelIndex& current, const QModelIndex& /*previous*/)
+{
+    if (m_isFollowing || !current.isValid())
+        return;
+    const double seconds = m_model.table().seconds(static_cast<std::size_t>(current.row()));
+    keepTime(seconds);
+    m_view->setTimeRow(current.row());
+    emit signalTime(seconds);
+}
+
+void DialogDataTable::jumpToChange(bool forward)
+{
+    const QModelIndex from = m_view->currentIndex();
+    if (from.column() == TimeTableModel::timeColumn) {
+        m_hint->setText(tr("First select a cell of the parameter to search."));
+        return;
+    }
+    const int row = m_model.changedRow(from, forward);
+    if (row < 0) {
+        m_hint->setText(forward ? tr("No further change in this column.")
+                                : tr("No earlier change in this column."));
+        return;
+    }
+    showRowCount();
+    m_view->setCurrentIndex(m_model.index(row, from.column()));
+}
+
+void DialogDataTable::copySelection()
+{
+    const QItemSelection selection = m_view->selectionModel()->selection();
+    if (selection.isEmpty())
+        return;
+    if (cellCount(selection) > maxCopiedCells) {
+        QMessageBox::information(
+            this, tr("KOLT Info"),
+            tr("Not copied: more than %L1 cells are selected.\nSelect fewer, or "
+               "export the data as a CSV file.")
+                .arg(maxCopiedCells));
+        return;
+    }
+    QApplication::clipboard()->setText(tabSeparated(selection.indexes()));
+}
+
+} // namespace KOLT

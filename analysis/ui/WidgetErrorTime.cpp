@@ -1,0 +1,231 @@
+#include "analysis/ui/WidgetErrorTime.h"
+
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPainter>
+
+#include <algorithm>
+
+namespace KOLT {
+
+namespace {
+
+constexpr int rowPadding = 8;
+constexpr int gap = 6;
+constexpr int badgeWidth = 18;
+constexpr int stateWidth = 34;
+constexpr int countWidth = 32;
+constexpr int namePercent = 35;
+constexpr int smallestRun = 2; ///< pixels; a fault of one sample must be seen
+constexpr QColor stripColor(0xe9, 0xec, 0xef);
+constexpr QColor timeColor(0x1b, 0x22, 0x29);
+constexpr QColor focusColor(0x2f, 0x66, 0x90);
+
+struct ClassLook
+{
+    QColor color;
+    QString letter;
+    QString name;
+};
+
+ClassLook lookOf(ErrorType type)
+{
+    switch (type) {
+    case ErrorType::Info:
+        return {QColor(0x2f, 0x66, 0x90), QStringLiteral("I"), WidgetErrorTime::tr("Info")};
+    case ErrorType::Warning:
+        return {QColor(0xb9, 0x6a, 0x00), QStringLiteral("W"), WidgetErrorTime::tr("Warning")};
+    case ErrorType::Fault:
+        return {QColor(0xb3, 0x26, 0x1e), QStringLiteral("F"), WidgetErrorTime::tr("Fault")};
+    case ErrorType::None:
+        break;
+    }
+    return {QColor(0x5d, 0x68, 0x73), QStringLiteral("-"), WidgetErrorTime::tr("No class")};
+}
+
+} // namespace
+
+WidgetErrorTime::Layout WidgetErrorTime::layoutFor(const QSize& size, int nameWidth)
+{
+    const int name = std::min(nameWidth, size.width() * namePercent / 100);
+    Layout layout;
+    int x = gap;
+    const auto next = [&](int width) {
+        const QRect rect(x, 0, std::max(width, 0), size.height());
+        x += width + gap;
+        return rect;
+    };
+    layout.errorClass = next(badgeWidth);
+    layout.name = next(name);
+    layout.state = next(stateWidth);
+    layout.count = next(countWidth);
+    layout.strip = next(size.width() - x - gap).adjusted(0, 3, 0, -3);
+    return layout;
+}
+
+WidgetErrorTime::WidgetErrorTime(const FaultHistory& history, double first, double last,
+                                 int nameWidth, QWidget* parent)
+    : QWidget(parent)
+    , m_history(history)
+    , m_first(first)
+    , m_last(last)
+    , m_nameWidth(nameWidth)
+    , m_seconds(first)
+{
+    setFocusPolicy(Qt::StrongFocus);
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    const ProfileParameter& parameter = *history.parameter;
+    setAccessibleName(parameter.name);
+    setToolTip(tr("%1\nClass: %2\nMessage %3, byte %4, bit %5\nLeft and Right go to the occurrence "
+                  "before and after")
+                   .arg(parameter.fullName, lookOf(parameter.errorType).name)
+                   .arg(parameter.id)
+                   .arg(parameter.startByte)
+                   .arg(parameter.startBit));
+}
+
+QSize WidgetErrorTime::sizeHint() const
+{
+    return {m_nameWidth * 2, fontMetrics().height() + rowPadding};
+}
+
+TimeStrip WidgetErrorTime::strip() const
+{
+    return {m_first, m_last, m_layout.strip.width()};
+}
+
+void WidgetErrorTime::resizeEvent(QResizeEvent* /*event*/)
+{
+    m_layout = layoutFor(size(), m_nameWidth);
+    m_runs = pixelRuns(strip(), m_history.intervals);
+}
+
+void WidgetErrorTime::setTime(double seconds)
+{
+    const int before = strip().xOf(m_seconds);
+    const FaultHistory::State stateBefore = m_history.stateAt(m_seconds);
+    m_seconds = seconds;
+    const int now = strip().xOf(seconds);
+    if (stateBefore != m_history.stateAt(seconds))
+        update();
+    else if (now != before) {
+        for (const int x : {before, now})
+            update(m_layout.strip.left() + x - 1, 0, 3, height());
+    }
+}
+
+void WidgetErrorTime::paintEvent(QPaintEvent* /*event*/)
+{
+    QPainter painter(this);
+    paintClass(painter);
+    const QFontMetrics metrics = fontMetrics();
+    painter.setPen(palette().color(QPalette::Text));
+    painter.drawText(
+        m_layout.name, Qt::AlignVCenter | Qt::AlignLeft,
+        metrics.elidedText(m_history.parameter->name, Qt::ElideRight, m_layout.name.width()));
+    paintState(painter);
+    painter.setPen(palette().color(QPalette::Text));
+    painter.drawText(m_layout.count, Qt::AlignVCenter | Qt::AlignRight,
+                     m_history.hasSamples ? QString::number(m_history.count())
+                                          : QStringLiteral("-"));
+    paintStrip(painter);
+    if (hasFocus()) {
+        painter.setPen(focusColor);
+        painter.setBrush(Qt::NoBrush);
+        painter.drawRect(rect().adjusted(0, 0, -1, -1));
+    }
+}
+
+void WidgetErrorTime::paintClass(QPainter& painter) const
+{
+    const ClassLook look = lookOf(m_history.parameter->errorType);
+    const int side = std::min(badgeWidth, height() - 4);
+    QRect badge(0, 0, badgeWidth, side);
+    badge.moveCenter(m_layout.errorClass.center());
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(look.color);
+    painter.drawRoundedRect(badge, 3, 3);
+    painter.setRenderHint(QPainter::Antialiasing, false);
+    painter.setPen(Qt::white);
+    painter.drawText(badge, Qt::AlignCenter, look.letter);
+}
+
+void WidgetErrorTime::paintState(QPainter& painter) const
+{
+    const FaultHistory::State state = m_history.stateAt(m_seconds);
+    if (state == FaultHistory::State::Set) {
+        const QColor color = lookOf(m_history.parameter->errorType).color;
+        painter.fillRect(m_layout.state.adjusted(0, 3, 0, -3), color);
+        painter.setPen(Qt::white);
+        painter.drawText(m_layout.state, Qt::AlignCenter, tr("ON"));
+        return;
+    }
+    painter.setPen(palette().color(QPalette::PlaceholderText));
+    painter.drawText(m_layout.state, Qt::AlignCenter,
+                     state == FaultHistory::State::Clear ? tr("off") : QStringLiteral("-"));
+}
+
+void WidgetErrorTime::paintStrip(QPainter& painter) const
+{
+    const QRect& area = m_layout.strip;
+    painter.fillRect(area, stripColor);
+    const QColor color = lookOf(m_history.parameter->errorType).color;
+    for (const PixelRun& run : m_runs) {
+        const int width = std::max(run.right - run.left + 1, smallestRun);
+        const int left = std::min(run.left, area.width() - width);
+        painter.fillRect(area.left() + left, area.top() + 2, width, area.height() - 4, color);
+    }
+    painter.fillRect(area.left() + strip().xOf(m_seconds), 0, 1, height(), timeColor);
+}
+
+void WidgetErrorTime::reportAt(int x)
+{
+    if (m_layout.strip.width() > 1)
+        emit signalTime(strip().timeAt(x - m_layout.strip.left()));
+}
+
+void WidgetErrorTime::mousePressEvent(QMouseEvent* event)
+{
+    const QPoint place = event->position().toPoint();
+    if (event->button() == Qt::LeftButton && place.x() >= m_layout.strip.left())
+        reportAt(place.x());
+}
+
+void WidgetErrorTime::mouseMoveEvent(QMouseEvent* event)
+{
+    if (event->buttons().testFlag(Qt::LeftButton))
+        reportAt(event->position().toPoint().x());
+}
+
+void WidgetErrorTime::keyPressEvent(QKeyEvent* event)
+{
+    const FaultInterval* wanted = nullptr;
+    switch (event->key()) {
+    case Qt::Key_Right:
+        wanted = m_history.intervalAfter(m_seconds);
+        break;
+    case Qt::Key_Left:
+        wanted = m_history.intervalBefore(m_seconds);
+        break;
+    case Qt::Key_Down:
+        focusNextPrevChild(true);
+        return;
+    case Qt::Key_Up:
+        focusNextPrevChild(false);
+        return;
+    default:
+        QWidget::keyPressEvent(event);
+        return;
+    }
+    if (wanted != nullptr)
+        emit signalTime(wanted->start);
+}
+
+void WidgetErrorTime::focusInEvent(QFocusEvent* event)
+{
+    update();
+    QWidget::focusInEvent(event);
+}
+
+} // namespace KOLT

@@ -1,0 +1,51 @@
+#pragma once
+
+#include "analysis/FaultFinder.h"
+#include "ui/DataPage.h"
+
+#include <QWidget>
+
+class QCheckBox;
+class QLabel;
+class QScrollArea;
+class QVBoxLayout;
+
+namespace KOLT {
+
+class ContentOrNote;
+class WidgetErrorTime;
+
+/// The "Fault Matrix" page: for each error matrix of the profile a block with the history of its
+/// members. The histories are found once per load.
+class WidgetFaultMatrix : public QWidget, public DataPage
+{
+    Q_OBJECT
+
+public:
+    explicit WidgetFaultMatrix(const Profile& profile, QWidget* parent = nullptr);
+
+signals:
+    /// The user chose a moment in a strip; seconds on the scale of the data set.
+    void signalTime(double seconds);
+
+protected:
+    void dropData() override;
+    void showData() override;
+    void showTime() override;
+
+private:
+    void createBlocks();
+    void addBlock(const FaultMatrix& matrix, int nameWidth, QVBoxLayout& layout);
+    void showOnlyActive();
+    void pick(double seconds);
+
+    const Profile& m_profile;
+    std::vector<FaultMatrix> m_matrices;
+    std::vector<WidgetErrorTime*> m_rows;
+    QCheckBox* m_onlyActive = nullptr;
+    QLabel* m_summary = nullptr;
+    QScrollArea* m_area = nullptr;
+    ContentOrNote* m_shown = nullptr;
+};
+
+} // namespace KOLT

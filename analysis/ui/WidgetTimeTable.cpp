@@ -1,0 +1,254 @@
+#include "analysis/ui/WidgetTimeTable.h"
+
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QScrollBar>
+#include <QStyledItemDelegate>
+
+#include <algorithm>
+
+namespace KOLT {
+
+namespace {
+
+constexpr QSize swatchSize(4, 12); ///< of a threshold's colour
+constexpr int cellPadding = 4;
+constexpr int rowPadding = 6;
+constexpr int columnPadding = 12;
+constexpr int frozenColumn = 0;
+constexpr QColor timeColor(0x2f, 0x66, 0x90);
+constexpr QColor timeVeil(0x2f, 0x66, 0x90, 28);
+
+} // namespace
+
+/// Draws the cells. The style's own drawing lays every text out several times, which is too slow
+/// for a replay over a full screen.
+class TimeTableDelegate : public QStyledItemDelegate
+{
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    void setTimeRow(int row) { m_timeRow = row; }
+
+    int timeRow() const { return m_timeRow; }
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& option,
+               const QModelIndex& index) const override
+    {
+        const QRect& cell = option.rect;
+        const QVariant background = index.data(Qt::BackgroundRole);
+        if (option.state.testFlag(QStyle::State_Selected))
+            painter->fillRect(cell, option.palette.color(QPalette::Highlight));
+        else if (background.isValid())
+            painter->fillRect(cell, background.value<QColor>());
+        const QVariant swatch = index.data(Qt::DecorationRole);
+        if (swatch.isValid())
+            painter->fillRect(QRect(QPoint(cell.left() + cellPadding,
+                                           cell.center().y() - swatchSize.height() / 2),
+                                    swatchSize),
+                              swatch.value<QColor>());
+        paintText(*painter, option, index);
+        if (option.state.testFlag(QStyle::State_HasFocus)) {
+            painter->setPen(timeColor);
+            painter->drawRect(cell.adjusted(0, 0, -1, -1));
+        }
+        if (index.row() == m_timeRow) {
+            painter->fillRect(cell, timeVeil);
+            painter->fillRect(QRect(cell.left(), cell.bottom() - 1, cell.width(), 2), timeColor);
+        }
+    }
+
+private:
+    static void paintText(QPainter& painter, const QStyleOptionViewItem& option,
+                          const QModelIndex& index)
+    {
+        QString text = index.data().toString();
+        if (text.isEmpty())
+            return;
+        const QRect place = option.rect.adjusted(cellPadding, 0, -cellPadding, 0);
+        // Measuring costs as much as drawing; only a long text can be too wide.
+        if (text.size() * option.fontMetrics.maxWidth() / 2 > place.width())
+            text = option.fontMetrics.elidedText(text, Qt::ElideRight, place.width());
+        const QVariant foreground = index.data(Qt::ForegroundRole);
+        painter.setPen(foreground.isValid() ? foreground.value<QColor>()
+                                            : option.palette.color(QPalette::Text));
+        painter.setFont(option.font);
+        painter.drawText(place, Qt::AlignRight | Qt::AlignVCenter | Qt::TextSingleLine, text);
+    }
+
+    int m_timeRow = -1;
+};
+
+WidgetTimeTable::WidgetTimeTable(QWidget* parent)
+    : QTableView(parent)
+    , m_delegate(new TimeTableDelegate(this))
+    , m_frozen(new QTableView(this))
+{
+    setHorizontalScrollMode(ScrollPerPixel);
+    setTabKeyNavigation(false); // Tab leaves the table
+    for (QTableView* view : {static_cast<QTableView*>(this), m_frozen}) {
+        view->setItemDelegate(m_delegate);
+        view->setIconSize(swatchSize);
+        view->setWordWrap(false);
+        view->setCornerButtonEnabled(false);
+        view->horizontalHeader()->setHighlightSections(false);
+        view->verticalHeader()->hide();
+        view->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    }
+    createFrozenColumn();
+}
+
+void WidgetTimeTable::createFrozenColumn()
+{
+    m_frozen->setObjectName(QStringLiteral("frozenColumn"));
+    m_frozen->setAutoScroll(false); // it follows the table's scroll bar
+    m_frozen->setFocusPolicy(Qt::NoFocus);
+    m_frozen->setFrameShape(QFrame::NoFrame);
+    m_frozen->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    m_frozen->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    m_frozen->horizontalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    viewport()->stackUnder(m_frozen);
+    connect(verticalScrollBar(), &QScrollBar::valueChanged, m_frozen->verticalScrollBar(),
+            &QScrollBar::setValue);
+    connect(m_frozen->verticalScrollBar(), &QScrollBar::valueChanged, verticalScrollBar(),
+            &QScrollBar::setValue);
+    connect(horizontalHeader(), &QHeaderView::sectionResized, this,
+            &WidgetTimeTable::placeFrozenColumn);
+    connect(horizontalHeader(), &QHeaderView::geometriesChanged, this,
+            &WidgetTimeTable::placeFrozenColumn);
+}
+
+void WidgetTimeTable::setModel(QAbstractItemModel* model)
+{
+    QTableView::setModel(model);
+    m_frozen->setModel(model);
+    m_frozen->setSelectionModel(selectionModel());
+    fitRows(); // without rows it costs nothing
+}
+
+void WidgetTimeTable::setTimeRow(int row)
+{
+    const int before = m_delegate->timeRow();
+    if (row >= 0 && row != currentIndex().row()) {
+        setAutoScroll(false); // it would go to the edge only, and sideways to the current column
+        selectionModel()->setCurrentIndex(
+            model()->index(row, std::max(currentIndex().column(), frozenColumn)),
+            QItemSelectionModel::NoUpdate);
+        setAutoScroll(true);
+    }
+    if (row == before)
+        return;
+    m_delegate->setTimeRow(row);
+    updateRow(before);
+    updateRow(row);
+    bringInSight(row);
+}
+
+void WidgetTimeTable::bringInSight(int row)
+{
+    if (row < 0)
+        return;
+    const int top = rowViewportPosition(row);
+    if (top >= 0 && top + rowHeight(row) <= viewport()->height())
+        return;
+    const int sideways = horizontalScrollBar()->value();
+    scrollTo(model()->index(row, frozenColumn), PositionAtCenter);
+    horizontalScrollBar()->setValue(sideways);
+}
+
+int WidgetTimeTable::sizeHintForColumn(int column) const
+{
+    // Of millions of rows, some from all over the recording tell how long the values get.
+    constexpr int samples = 64;
+    const int rows = model()->rowCount();
+    const int step = std::max(rows / samples, 1);
+    int width = 0;
+    for (int row = 0; row < rows; row += step)
+        width = std::max(width, sizeHintForIndex(model()->index(row, column)).width());
+    return width;
+}
+
+void WidgetTimeTable::updateRow(int row)
+{
+    if (row < 0)
+        return;
+    for (QTableView* view : {static_cast<QTableView*>(this), m_frozen}) {
+        QWidget* const area = view->viewport();
+        area->update(0, rowViewportPosition(row), area->width(), rowHeight(row));
+    }
+}
+
+void WidgetTimeTable::fitRows()
+{
+    for (QTableView* view : {static_cast<QTableView*>(this), m_frozen}) {
+        QHeaderView* const header = view->verticalHeader();
+        const int height =
+            std::max(fontMetrics().height() + rowPadding, header->minimumSectionSize());
+        // The header tells of every single row that it sets, of the same height too.
+        if (header->defaultSectionSize() != height)
+            header->setDefaultSectionSize(height);
+    }
+}
+
+void WidgetTimeTable::fitColumns()
+{
+    fitRows();
+    resizeColumnsToContents();
+    for (int i = 0; i < model()->columnCount(); ++i) {
+        setColumnWidth(i, columnWidth(i) + columnPadding);
+        m_frozen->setColumnHidden(i, i != frozenColumn);
+    }
+    placeFrozenColumn();
+}
+
+void WidgetTimeTable::placeFrozenColumn()
+{
+    const int width = columnWidth(frozenColumn);
+    m_frozen->setColumnWidth(frozenColumn, width);
+    m_frozen->horizontalHeader()->setFixedHeight(horizontalHeader()->height());
+    m_frozen->setGeometry(horizontalHeader()->x(), horizontalHeader()->y(), width,
+                          viewport()->geometry().bottom() + 1 - horizontalHeader()->y());
+    m_frozen->setVisible(model() != nullptr && model()->rowCount() > 0);
+}
+
+void WidgetTimeTable::resizeEvent(QResizeEvent* event)
+{
+    QTableView::resizeEvent(event);
+    placeFrozenColumn();
+    if (event->size().height() != event->oldSize().height())
+        bringInSight(m_delegate->timeRow());
+}
+
+QModelIndex WidgetTimeTable::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers)
+{
+    const QModelIndex index = QTableView::moveCursor(action, modifiers);
+    // What the cursor reaches to the left must not hide behind the frozen column.
+    const int hidden = m_frozen->width() - visualRect(index).left();
+    if (action == MoveLeft && index.column() > frozenColumn && hidden > 0)
+        horizontalScrollBar()->setValue(horizontalScrollBar()->value() - hidden);
+    return index;
+}
+
+bool WidgetTimeTable::event(QEvent* event)
+{
+    // The main window has another command on the copy key; in the table, it copies.
+    if (event->type() == QEvent::ShortcutOverride &&
+        static_cast<QKeyEvent*>(event)->matches(QKeySequence::Copy)) {
+        event->accept();
+        return true;
+    }
+    return QTableView::event(event);
+}
+
+void WidgetTimeTable::keyPressEvent(QKeyEvent* event)
+{
+    if (event->matches(QKeySequence::Copy)) {
+        emit signalCopy();
+        event->accept();
+        return;
+    }
+    QTableView::keyPressEvent(event);
+}
+
+} // namespace KOLT

@@ -1,0 +1,46 @@
+#include "app/SettingsSaver.h"
+
+#include "app/settings/SettingsStore.h"
+#include "ui/Messages.h"
+
+#include <QCoreApplication>
+#include <QFile>
+
+namespace KOLT {
+
+namespace {
+
+constexpr int pauseMilliseconds = 1000;
+
+} // namespace
+
+void saveSettings(QWidget* parent)
+{
+    SettingsStore& settings = SettingsStore::instance();
+    if (!settings.save())
+        Messages::warn(
+            parent,
+            QCoreApplication::translate(
+                "KOLT::Messages",
+                "The settings could not be saved to\n%1\nThey hold until the program ends. Please "
+                "check that the folder can be written and is not full.")
+                .arg(QFile::decodeName(settings.fileName())));
+}
+
+SettingsSaver::SettingsSaver(QWidget& window)
+    : m_window(window)
+{
+    m_timer.setSingleShot(true);
+    m_timer.setInterval(pauseMilliseconds);
+    m_timer.callOnTimeout(&m_window, [this] { saveSettings(&m_window); });
+}
+
+void SettingsSaver::flush()
+{
+    if (!m_timer.isActive())
+        return;
+    m_timer.stop();
+    saveSettings(&m_window);
+}
+
+} // namespace KOLT

@@ -1,0 +1,106 @@
+#include "base/XmlFile.h"
+
+#include "base/Diagnostics.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QSaveFile>
+#include <QXmlStreamReader>
+
+#include <algorithm>
+
+namespace KOLT {
+
+namespace {
+
+/// Whether some tag has more attributes than any file of ours. The toolkit compares each with all
+/// others of its tag, which takes minutes for some hundred thousand.
+bool hasTooManyAttributes(const QByteArray& content)
+{
+    int count = 0;
+    for (qsizetype i = 0; i + 1 < content.size(); ++i) {
+        if (content[i] == '<')
+            count = 0;
+        else if (content[i] == '=' && (content[i + 1] == '"' || content[i + 1] == '\''))
+            ++count;
+        if (count > maxXmlAttributes)
+            return true;
+    }
+    return false;
+}
+
+/// Well-formed and not nested too deeply. The stream reader also refuses expanding entities.
+bool isAcceptableXml(const QByteArray& content)
+{
+    if (hasTooManyAttributes(content))
+        return false;
+    QXmlStreamReader reader(content);
+    reader.setNamespaceProcessing(false); // as the DOM reads it: prefixes need no declaration
+    int depth = 0;
+    int elements = 0;
+    while (!reader.atEnd()) {
+        const QXmlStreamReader::TokenType token = reader.readNext();
+        if (token == QXmlStreamReader::StartElement &&
+            (++depth > maxXmlDepth || ++elements > maxXmlElements))
+            return false;
+        if (token == QXmlStreamReader::EndElement)
+            --depth;
+    }
+    return !reader.hasError();
+}
+
+XmlStatus readContent(const QString& path, QDomDocument& document)
+{
+    QFile file(path);
+    // A pipe or a device would block or never end.
+    if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly)) {
+        Diagnostics::print("could not open file <%s>\n", qUtf8Printable(path));
+        return XmlStatus::NotOpened;
+    }
+    const QByteArray content = file.read(std::min(file.size(), maxXmlFileBytes + 1));
+    QDomDocument parsed;
+    if (content.size() > maxXmlFileBytes || !isAcceptableXml(content) ||
+        !parsed.setContent(content)) {
+        Diagnostics::print("could not set content <%s>\n", qUtf8Printable(path));
+        return XmlStatus::NotParsed;
+    }
+    document = parsed;
+    return XmlStatus::Ok;
+}
+
+bool isXmlCharacter(char32_t c)
+{
+    return c == 0x9 || c == 0xA || c == 0xD || (c >= 0x20 && c <= 0xD7FF) ||
+           (c >= 0xE000 && c <= 0xFFFD) || (c >= 0x10000 && c <= 0x10FFFF);
+}
+
+} // namespace
+
+XmlStatus readXmlFile(const QString& path, QDomDocument& document)
+{
+    const XmlStatus status = readContent(path, document);
+    Diagnostics::print("readXmlFile <%s> %d\n", qUtf8Printable(path),
+                       status == XmlStatus::Ok ? 1 : 0);
+    return status;
+}
+
+bool writeXmlFile(const QString& path, const QDomDocument& document)
+{
+    QSaveFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || file.write(document.toByteArray(4)) < 0 ||
+        !file.commit()) {
+        Diagnostics::print("could not open file for writing !<%s>\n", qUtf8Printable(path));
+        return false;
+    }
+    return true;
+}
+
+QString xmlText(const QByteArray& bytes)
+{
+    QString text;
+    for (const char32_t c : QString::fromUtf8(bytes).toUcs4())
+        text += QStringView(QChar::fromUcs4(isXmlCharacter(c) ? c : char32_t{0xFFFD}));
+    return text;
+}
+
+} // namespace KOLT

@@ -1,0 +1,1 @@
+// Only the precompiled header beside this file is wanted.

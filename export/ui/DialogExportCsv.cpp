@@ -1,0 +1,106 @@
+#include "export/ui/DialogExportCsv.h"
+
+#include "export/CsvWriter.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QFormLayout>
+#include <QLocale>
+#include <QRadioButton>
+#include <QSpinBox>
+#include <QVBoxLayout>
+
+namespace KOLT {
+
+DialogExportCsv::DialogExportCsv(const Profile& profile, Source source, const CsvOptions& options,
+                                 QWidget* parent)
+    : DialogExport(std::move(source),
+                   {tr("Export CSV File"), QStringLiteral("csv"), tr("CSV Files (*.csv)"),
+                    tr("KOLT Viewer Warning"), tr("Exporting CSV file failed !")},
+                   parent)
+    , m_profile(profile)
+    , m_span(sampleSpan(this->source().dataSet))
+{
+    createOptions();
+    setOptions(options);
+    connect(m_separator, &QComboBox::currentIndexChanged, this, &DialogExportCsv::showEstimate);
+    connect(m_resolution, &QSpinBox::valueChanged, this, &DialogExportCsv::showEstimate);
+    connect(m_all, &QRadioButton::toggled, this, &DialogExportCsv::showEstimate);
+    showEstimate();
+}
+
+void DialogExportCsv::createOptions()
+{
+    m_separator = new QComboBox;
+    m_separator->setObjectName(QStringLiteral("separator"));
+    m_separator->addItem(tr("Semicolon ;"), int{';'});
+    m_separator->addItem(tr("Comma ,"), int{','});
+    m_separator->addItem(tr("Tabulator"), int{'\t'});
+    m_comma = new QCheckBox(tr("&Decimal comma (12,5)"));
+    m_comma->setToolTip(tr("For spreadsheets of countries that write numbers so"));
+    m_resolution = new QSpinBox;
+    m_resolution->setObjectName(QStringLiteral("resolution"));
+    m_resolution->setRange(bounded("CsvResolution", 0), bounded("CsvResolution", 1'000'000));
+    m_resolution->setStepType(QAbstractSpinBox::AdaptiveDecimalStepType);
+    m_resolution->setSuffix(tr(" ms"));
+    m_resolution->setToolTip(tr("Time from one row to the next"));
+    const auto selected = static_cast<int>(m_profile.selectedParameters().size());
+    m_all = new QRadioButton(
+        tr("&All parameters (%1)").arg(static_cast<int>(m_profile.parameters().size())));
+    m_selected = new QRadioButton(tr("&Selected parameters (%1)").arg(selected));
+    auto* const form = new QFormLayout;
+    form->addRow(tr("Se&parator"), m_separator);
+    form->addRow(QString(), m_comma);
+    form->addRow(tr("&Time step"), m_resolution);
+    form->addRow(tr("Columns"), m_all);
+    form->addRow(QString(), m_selected);
+    optionsLayout().addLayout(form);
+}
+
+void DialogExportCsv::setOptions(const CsvOptions& options)
+{
+    if (m_separator->findData(int{options.separator}) < 0)
+        m_separator->addItem(QString(QLatin1Char(options.separator)), int{options.separator});
+    m_separator->setCurrentIndex(m_separator->findData(int{options.separator}));
+    m_comma->setChecked(options.decimalComma);
+    m_resolution->setValue(options.resolution);
+    (options.allParameters ? m_all : m_selected)->setChecked(true);
+}
+
+CsvOptions DialogExportCsv::options() const
+{
+    CsvOptions options;
+    options.separator = static_cast<char>(m_separator->currentData().toInt());
+    options.resolution = m_resolution->value();
+    options.allParameters = m_all->isChecked();
+    options.decimalComma = m_comma->isChecked();
+    return options;
+}
+
+void DialogExportCsv::showEstimate()
+{
+    const QLocale locale;
+    m_comma->setEnabled(m_separator->currentData().toInt() == ';');
+    const CsvWriter writer(m_profile, source().dataSet, options(), m_span);
+    const QString rows = locale.toString(writer.rowCount());
+    if (writer.parameterCount() == 0)
+        setSummary(tr("No parameters are selected."), false);
+    else if (writer.rowCount() == 0)
+        setSummary(tr("No sample with a usable time was recorded, so there are no rows to export."),
+                   false);
+    else if (writer.rowCount() > CsvWriter::maxRows)
+        setSummary(tr("%1 rows are too many. Please choose a longer time step.").arg(rows), false);
+    else
+        setSummary(
+            tr("%1 rows, about %2")
+                .arg(rows, locale.formattedDataSize(static_cast<qint64>(writer.estimatedBytes()), 1,
+                                                    QLocale::DataSizeTraditionalFormat)),
+            true);
+}
+
+ExportStatus DialogExportCsv::write(QIODevice& device, const ExportProgress& progress)
+{
+    return CsvWriter(m_profile, source().dataSet, options(), m_span).write(device, progress);
+}
+
+} // namespace KOLT

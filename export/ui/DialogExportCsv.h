@@ -1,0 +1,44 @@
+#pragma once
+
+#include "export/ExportOptions.h"
+#include "export/ui/DialogExport.h"
+#include "profile/Profile.h"
+#include "record/SampleSpan.h"
+
+class QCheckBox;
+class QComboBox;
+class QRadioButton;
+class QSpinBox;
+
+namespace KOLT {
+
+/// The options of a CSV export, with the rows and the size that they lead to.
+class DialogExportCsv : public DialogExport
+{
+    Q_OBJECT
+
+public:
+    DialogExportCsv(const Profile& profile, Source source, const CsvOptions& options,
+                    QWidget* parent = nullptr);
+
+    /// As the user has set them.
+    CsvOptions options() const;
+
+protected:
+    ExportStatus write(QIODevice& device, const ExportProgress& progress) override;
+
+private:
+    void createOptions();
+    void setOptions(const CsvOptions& options);
+    void showEstimate();
+
+    const Profile& m_profile;
+    const std::optional<SampleSpan> m_span; ///< found once: it takes a look at every sample
+    QComboBox* m_separator = nullptr;
+    QCheckBox* m_comma = nullptr;
+    QSpinBox* m_resolution = nullptr;
+    QRadioButton* m_all = nullptr;
+    QRadioButton* m_selected = nullptr;
+};
+
+} // namespace KOLT

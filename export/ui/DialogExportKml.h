@@ -1,0 +1,63 @@
+#pragma once
+
+#include "export/ExportOptions.h"
+#include "export/ui/DialogExport.h"
+#include "profile/Profile.h"
+
+class QCheckBox;
+class QComboBox;
+class QFormLayout;
+class QGroupBox;
+class QLabel;
+class QSlider;
+class QSpinBox;
+
+namespace KOLT {
+
+class WidgetColorButton;
+
+/// The options of a KML export: line, curtain, marks along the path and where something was
+/// exceeded, times.
+class DialogExportKml : public DialogExport
+{
+    Q_OBJECT
+
+public:
+    DialogExportKml(const Profile& profile, Source source, const KmlOptions& options,
+                    QWidget* parent = nullptr);
+
+    /// As the user has set them.
+    KmlOptions options() const;
+
+protected:
+    ExportStatus write(QIODevice& device, const ExportProgress& progress) override;
+
+private:
+    void createOptions();
+    QGroupBox* createLine();
+    QGroupBox* createCurtain();
+    QGroupBox* createPlaceMarks();
+    QGroupBox* createErrorMarks();
+    QSlider* addOpacity(QFormLayout* form);
+    void setOptions(const KmlOptions& options);
+    void showInterval();
+
+    const Profile& m_profile;
+    QSpinBox* m_lineWidth = nullptr;
+    WidgetColorButton* m_lineColor = nullptr;
+    QSlider* m_lineAlpha = nullptr;
+    QGroupBox* m_polygon = nullptr;
+    WidgetColorButton* m_polygonColor = nullptr;
+    QSlider* m_polygonAlpha = nullptr;
+    QGroupBox* m_placeMarks = nullptr;
+    QSpinBox* m_interval = nullptr;
+    QLabel* m_intervalSeconds = nullptr;
+    WidgetColorButton* m_placeMarkColor = nullptr;
+    QGroupBox* m_errorMarks = nullptr;
+    QCheckBox* m_limits = nullptr;
+    QCheckBox* m_warnings = nullptr;
+    WidgetColorButton* m_errorMarkColor = nullptr;
+    QComboBox* m_times = nullptr;
+};
+
+} // namespace KOLT

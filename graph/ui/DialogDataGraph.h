@@ -1,0 +1,111 @@
+#pragma once
+
+#include "graph/Graph.h"
+#include "ui/DataPage.h"
+
+#include <QElapsedTimer>
+#include <QTimer>
+#include <QWidget>
+
+#include <memory>
+
+class QButtonGroup;
+class QHBoxLayout;
+class QLabel;
+class QToolButton;
+
+namespace KOLT {
+
+class ContentOrNote;
+class DialogGraphSetup;
+class Profile;
+class TraceFeeder;
+class WidgetGraphBase;
+
+/// The "Graph" page: the oscilloscope with its command bar. Owns the graph's settings and reports
+/// each change of them.
+///
+/// Traces of long recordings are filled while the window goes on: all are there at once, but empty
+/// until their turn comes.
+class DialogDataGraph : public QWidget, public DataPage
+{
+    Q_OBJECT
+
+public:
+    DialogDataGraph(const Profile& profile, const GraphSettings& settings,
+                    QWidget* parent = nullptr);
+    ~DialogDataGraph() override;
+
+    const WidgetGraphBase& widget() const { return *m_graph; }
+
+    /// Whether some traces are still to be filled.
+    bool isFeeding() const { return m_feedTimer.isActive(); }
+
+signals:
+    void signalCursor(float seconds, double value);
+    /// The user moved a trace: the full names of all parameters in their new order.
+    void signalOrder(const QStringList& fullNames);
+    void signalSettings(const KOLT::GraphSettings& settings);
+
+protected:
+    void dropData() override;
+    void showData() override;
+    void showTime() override;
+
+private slots:
+    void slotCommandPress(int id);
+    void slotCommandRelease(int id);
+    void slotTimeout();
+    void slotTimeoutFeed();
+    void slotManMode();
+    void slotGraphSetup();
+    void slotMoveParameter(int trace, int row);
+
+private:
+    enum Command {
+        ZoomIn,
+        ZoomOut,
+        ZoomAll,
+        ZoomMarker,
+        ClearAll,
+        AutomaticMode,
+        SplitMode,
+        SingleMode,
+        Reset,
+        Setup,
+        Snapshot,
+        NoCommand = 99
+    };
+
+    void clearTraces();
+    void createBar();
+    QToolButton* addButton(const QString& icon, const QString& tip);
+    void addCommand(Command id, const QString& icon, const QString& tip, bool isCheckable,
+                    bool isShown);
+    void applySettings();
+    void setTimeSpan(double seconds);
+    void showSetup();
+    void saveSnapshot();
+    void copyPicture();
+    void zoomToAll();
+    void pageTo(double seconds);
+    std::vector<const ProfileParameter*> parameters() const;
+
+    const Profile& m_profile;
+    GraphSettings m_settings;
+    WidgetGraphBase* m_graph = nullptr;
+    DialogGraphSetup* m_setup = nullptr;
+    QButtonGroup* m_buttons = nullptr;
+    QHBoxLayout* m_bar = nullptr;
+    ContentOrNote* m_shown = nullptr;
+    QLabel* m_progress = nullptr;
+    std::unique_ptr<TraceFeeder> m_feeder;
+    QTimer m_feedTimer;
+    QElapsedTimer m_sinceShown;    ///< since the picture of the traces filled so far
+    bool m_isNewData = true;       ///< its traces were not shown yet
+    bool m_mustPlaceWindow = true; ///< even if the cursor is where the time is
+    QTimer m_holdTimer;
+    int m_heldCommand = NoCommand;
+};
+
+} // namespace KOLT

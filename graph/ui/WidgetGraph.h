@@ -1,0 +1,35 @@
+#pragma once
+
+#include "graph/ui/WidgetGraphBase.h"
+
+#include <QFont>
+#include <QHash>
+#include <QStaticText>
+
+namespace KOLT {
+
+/// The oscilloscope drawn with the fixed-function pipeline, from vertex arrays.
+class WidgetGraph : public WidgetGraphBase
+{
+    Q_OBJECT
+
+public:
+    explicit WidgetGraph(QWidget* parent = nullptr)
+        : WidgetGraphBase(parent)
+    {
+    }
+
+protected:
+    void drawScene(const GraphScene& scene, double pixelRatio) override;
+
+private:
+    void drawFigures(const GraphScene& scene, double pixelRatio) const;
+    void drawTexts(QPainter& painter, const GraphScene& scene);
+    const QStaticText& staticText(const QString& text);
+
+    // The same texts come again in most frames, and laying them out takes longer than drawing.
+    QHash<QString, QStaticText> m_texts;
+    QFont m_textFont; ///< of m_texts
+};
+
+} // namespace KOLT

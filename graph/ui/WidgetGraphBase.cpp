@@ -1,0 +1,253 @@
+#include "graph/ui/WidgetGraphBase.h"
+
+#include <QFontMetricsF>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QWheelEvent>
+
+#include <algorithm>
+#include <cmath>
+
+namespace KOLT {
+
+namespace {
+
+constexpr int repaintMilliseconds = 30;
+constexpr int recalcMilliseconds = 50;
+constexpr int resizeMilliseconds = 100;
+constexpr int cursorMilliseconds = 5000;
+constexpr double leastRowHeight = 16.0;  ///< pixels
+constexpr double repaintThreshold = 0.7; ///< of the time that one pixel covers
+
+} // namespace
+
+WidgetGraphBase::WidgetGraphBase(QWidget* parent)
+    : QOpenGLWidget(parent)
+{
+    setMouseTracking(true);
+    setFocusPolicy(Qt::StrongFocus);
+    setMinimumSize(160, 120);
+    QFont bold = font();
+    bold.setFamily(QStringLiteral("monospace"));
+    bold.setStyleHint(QFont::TypeWriter);
+    bold.setWeight(QFont::Bold);
+    setFont(bold);
+    measureFont();
+    setToolTip(hint());
+    m_graph.settings.background = Qt::white;
+    m_graph.settings.gridColor = QColor::fromRgbF(1.0F, 0.3F, 0.3F);
+    m_graph.settings.labelBackground = QColor::fromRgbF(0.8F, 0.8F, 0.8F);
+    m_recalcTimer.setSingleShot(true);
+    m_cursorTimer.setSingleShot(true);
+    m_cursorTimer.setInterval(cursorMilliseconds);
+    connect(&m_repaintTimer, &QTimer::timeout, this, &WidgetGraphBase::slotTimeout);
+    connect(&m_recalcTimer, &QTimer::timeout, this, &WidgetGraphBase::slotTimeoutRecalc);
+    connect(&m_cursorTimer, &QTimer::timeout, this, &WidgetGraphBase::slotTimeoutCursor);
+    m_repaintTimer.start(repaintMilliseconds);
+    m_sinceRepaint.start();
+}
+
+QString WidgetGraphBase::hint()
+{
+    return tr("Left button: markers and cursor. Shift+left: the nearer marker, and pan. Ctrl+left "
+              "or middle button: cursor.\nRight button: pan. Wheel: zoom. Arrow keys: move the "
+              "cursor (with Shift farther).\nF: whole flight. Home, End: its ends. M: markers "
+              "around the middle.\nDrag a handle at the left edge to move its trace.");
+}
+
+void WidgetGraphBase::measureFont()
+{
+    const QFontMetricsF metrics(font());
+    m_graph.setMetrics({std::max(leastRowHeight, std::ceil(metrics.height())),
+                        metrics.horizontalAdvance(QLatin1Char('0'))});
+}
+
+void WidgetGraphBase::changeEvent(QEvent* event)
+{
+    QOpenGLWidget::changeEvent(event);
+    if (event->type() != QEvent::FontChange)
+        return;
+    measureFont();
+    refresh();
+}
+
+void WidgetGraphBase::setSettings(const GraphSettings& settings)
+{
+    m_graph.settings = settings;
+    refresh();
+}
+
+void WidgetGraphBase::setTraceCount(int count)
+{
+    m_graph.setTraceCount(count);
+}
+
+void WidgetGraphBase::setExtent(double first, double last)
+{
+    m_input.setExtent(first, last);
+    refresh();
+}
+
+void WidgetGraphBase::refresh()
+{
+    m_graph.rebuild();
+    update();
+}
+
+void WidgetGraphBase::setCursorTime(double seconds)
+{
+    m_graph.setCursorTime(seconds);
+    // Less than what is seen waits for the repaint timer.
+    m_hasMoved = true;
+    if (!(std::abs(seconds - m_paintedTime) < repaintThreshold * m_graph.pixelSeconds()))
+        update();
+}
+
+void WidgetGraphBase::releaseCursor()
+{
+    m_cursorTimer.stop();
+    m_graph.isCursorHeld = false;
+}
+
+void WidgetGraphBase::setTimeSpan(double seconds)
+{
+    m_graph.setTimeSpan(seconds);
+    startRecalculation(recalcMilliseconds, 3);
+    update();
+}
+
+void WidgetGraphBase::setWindow(double start, double end)
+{
+    m_graph.setWindow(start, end);
+    update();
+}
+
+void WidgetGraphBase::addEventLine(int number, double seconds)
+{
+    m_graph.eventLines.push_back({number, seconds});
+    update();
+}
+
+void WidgetGraphBase::clearEventLines()
+{
+    m_graph.eventLines.clear();
+    update();
+}
+
+void WidgetGraphBase::resizeGL(int width, int height)
+{
+    m_graph.setSize(width, height);
+    m_graph.rebuild();
+}
+
+void WidgetGraphBase::resizeEvent(QResizeEvent* event)
+{
+    QOpenGLWidget::resizeEvent(event);
+    m_graph.setSize(event->size().width(), event->size().height());
+    startRecalculation(resizeMilliseconds, 0);
+}
+
+void WidgetGraphBase::paintGL()
+{
+    const GraphScene scene = buildScene(m_graph, m_input, devicePixelRatioF());
+    drawScene(scene, devicePixelRatioF());
+    m_hasMoved = false;
+    m_paintedTime = m_graph.cursorTime;
+    m_sinceRepaint.restart();
+}
+
+void WidgetGraphBase::startRecalculation(int milliseconds, int repeats)
+{
+    m_recalcRepeats = repeats;
+    m_recalcTimer.start(milliseconds);
+}
+
+void WidgetGraphBase::slotTimeout()
+{
+    if (!isVisible() || !m_hasMoved)
+        return;
+    if (static_cast<double>(m_sinceRepaint.elapsed()) / 1000.0 >
+        repaintThreshold * m_graph.pixelSeconds())
+        update();
+}
+
+void WidgetGraphBase::slotTimeoutRecalc()
+{
+    refresh();
+    if (m_recalcRepeats-- >= 1)
+        m_recalcTimer.start(recalcMilliseconds);
+}
+
+void WidgetGraphBase::slotTimeoutCursor()
+{
+    releaseCursor();
+    emit signalCursorReleased();
+}
+
+void WidgetGraphBase::act(const GraphResponse& response)
+{
+    if (response.hold == GraphResponse::Hold::Timed)
+        m_cursorTimer.start();
+    else if (response.hold != GraphResponse::Hold::Unchanged)
+        m_cursorTimer.stop();
+    if (response.recalculations && !m_recalcTimer.isActive())
+        startRecalculation(recalcMilliseconds, *response.recalculations);
+    if (response.needsRepaint)
+        update();
+    for (const GraphSignal& report : response.reports) {
+        switch (report.kind) {
+        case GraphSignal::Kind::Cursor:
+            emit signalCursor(static_cast<float>(report.first), report.second);
+            break;
+        case GraphSignal::Kind::MoveCursorFinished:
+            emit signalMoveCursorFinished();
+            break;
+        case GraphSignal::Kind::Marker:
+            emit signalMarker(static_cast<float>(report.first), static_cast<float>(report.second));
+            break;
+        case GraphSignal::Kind::ManMode:
+            emit signalManMode();
+            break;
+        case GraphSignal::Kind::MoveParameter:
+            emit signalMoveParameter(static_cast<int>(report.first),
+                                     static_cast<int>(report.second));
+            break;
+        }
+    }
+    if (response.hasZoomed)
+        emit signalZoomed();
+    if (response.hold == GraphResponse::Hold::Ended)
+        emit signalCursorReleased();
+}
+
+void WidgetGraphBase::keyPressEvent(QKeyEvent* event)
+{
+    const GraphResponse response = m_input.keyPress(event->key(), event->modifiers());
+    if (response.isHandled)
+        act(response);
+    else
+        QOpenGLWidget::keyPressEvent(event);
+}
+
+void WidgetGraphBase::mousePressEvent(QMouseEvent* event)
+{
+    act(m_input.mousePress(event->button(), event->position(), event->modifiers()));
+}
+
+void WidgetGraphBase::mouseMoveEvent(QMouseEvent* event)
+{
+    act(m_input.mouseMove(event->position(), event->modifiers()));
+}
+
+void WidgetGraphBase::mouseReleaseEvent(QMouseEvent* event)
+{
+    act(m_input.mouseRelease(event->button()));
+}
+
+void WidgetGraphBase::wheelEvent(QWheelEvent* event)
+{
+    act(m_input.wheel(event->angleDelta().y(), event->position().x(), event->modifiers()));
+    event->accept();
+}
+
+} // namespace KOLT

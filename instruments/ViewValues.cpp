@@ -1,0 +1,36 @@
+#include "instruments/ViewValues.h"
+
+#include "profile/ValueDecoder.h"
+
+#include <limits>
+
+namespace KOLT {
+
+std::vector<ViewParameter> viewParameters(const Profile& profile)
+{
+    std::vector<ViewParameter> parameters;
+    for (const ProfileParameter& parameter : profile.parameters()) {
+        if (parameter.viewId == QStringLiteral("EMU"))
+            parameters.push_back({parameter.name, parameter.id, &parameter});
+    }
+    return parameters;
+}
+
+ViewValue viewValueAt(const DataSet& dataSet, const ViewParameter& parameter, double seconds)
+{
+    const ViewValue none{std::numeric_limits<double>::quiet_NaN(), 0};
+    const MessageSeries& series = dataSet.messages.series(static_cast<std::uint32_t>(parameter.id));
+    if (series.empty() || parameter.parameter->rule == DecodingRule::NotImplemented)
+        return none;
+    const StoredSample* const next = series.firstAtOrAfter(seconds);
+    const MessageData& data = next != nullptr ? next->data : series.last().data;
+    const double number = decodeNumber(data, *parameter.parameter);
+    return {number, static_cast<int>(gradeOf(*parameter.parameter, number).state)};
+}
+
+int variantNumber(const Profile& profile)
+{
+    return profile.activeVariant().toInt();
+}
+
+} // namespace KOLT

@@ -1,0 +1,75 @@
+#pragma once
+
+#include "instruments/ViewValues.h"
+#include "libs/zinc/drawing/ZincView.h"
+#include "ui/DataPage.h"
+
+#include <QOpenGLWidget>
+#include <QTimer>
+
+namespace TUSK::OpenGL {
+class GlHandler;
+}
+
+namespace KOLT {
+
+/// The "EMU View" page: the engine's instrument panel, drawn from a view file
+/// (docs/formats/view.md).
+///
+/// It only loads the view, fits it into the widget, and pushes values into the view's variables: of
+/// the parameters, their threshold states, the variant and the unit system.
+class DialogDataView : public QOpenGLWidget, public DataPage
+{
+    Q_OBJECT
+
+public:
+    DialogDataView(const Profile& profile, QString viewFile, QWidget* parent = nullptr);
+    ~DialogDataView() override;
+
+    /// The file is read when the page is painted for the first time.
+    void setViewFile(const QString& path) { m_viewFile = path; }
+
+    const Zinc2D::ZincView& view() const { return m_view; }
+
+    /// Where the view lies in the widget: centred, with its aspect kept.
+    struct Fit
+    {
+        double scale = 1.0;
+        double offsetX = 0.0;
+        double offsetY = 0.0;
+    };
+
+    static Fit fit(const QSizeF& widget, const QSizeF& view);
+
+signals:
+    /// What is wrong with the view file, once.
+    void signalMessage(const QString& text);
+
+protected:
+    void initializeGL() override;
+    void resizeGL(int width, int height) override;
+    void paintGL() override;
+    void dropData() override;
+    void showData() override;
+    void showTime() override;
+
+private slots:
+    void slotTimeoutUpdate();
+
+private:
+    void releaseGraphics();
+    void loadView();
+    void tellDiagnostics(bool isLoaded);
+    void pushValues();
+
+    const Profile& m_profile;
+    QString m_viewFile;
+    std::unique_ptr<TUSK::OpenGL::GlHandler> m_handler;
+    Zinc2D::ZincView m_view;
+    bool m_isLoaded = false; ///< or it was tried
+    Fit m_fit;
+    std::vector<ViewParameter> m_parameters;
+    QTimer m_timer;
+};
+
+} // namespace KOLT

@@ -1,0 +1,64 @@
+#include "libs/tessamap/globe/Globe.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace Tessa {
+
+using TUSK::Geodetic::radiansPerDegree;
+using TUSK::Geodetic::radius;
+
+double wrappedLongitude(double longitude)
+{
+    return longitude - 360.0 * std::floor((longitude + 180.0) / 360.0);
+}
+
+Globe::Globe(LatLong centre, double metresPerPixel, double width, double height)
+    : m_centre(centre)
+    , m_metresPerPixel(metresPerPixel)
+    , m_width(std::max(1.0, width))
+    , m_height(std::max(1.0, height))
+{
+    const double sinPhi = std::sin(centre.latitude * radiansPerDegree);
+    const double cosPhi = std::cos(centre.latitude * radiansPerDegree);
+    const double sinLambda = std::sin(centre.longitude * radiansPerDegree);
+    const double cosLambda = std::cos(centre.longitude * radiansPerDegree);
+    m_rotation = {cosLambda,           0.0,    -sinLambda,
+                  -sinPhi * sinLambda, cosPhi, -sinPhi * cosLambda,
+                  cosPhi * sinLambda,  sinPhi, cosPhi * cosLambda};
+}
+
+Globe::Vector Globe::toView(const Vector& place) const
+{
+    const auto& r = m_rotation;
+    return {r[0] * place.x + r[1] * place.y + r[2] * place.z,
+            r[3] * place.x + r[4] * place.y + r[5] * place.z,
+            r[6] * place.x + r[7] * place.y + r[8] * place.z};
+}
+
+std::optional<WindowPoint> Globe::latLong2Window(LatLong place) const
+{
+    const Vector view = toView(TUSK::Geodetic::latLong2Cartesian(place.latitude, place.longitude));
+    if (view.z < 0.0)
+        return std::nullopt;
+    return windowOf(view);
+}
+
+std::optional<LatLong> Globe::window2LatLong(WindowPoint point) const
+{
+    const double x = (point.x - m_width / 2.0) * m_metresPerPixel;
+    const double y = (point.y - m_height / 2.0) * m_metresPerPixel;
+    const double square = radius * radius - x * x - y * y;
+    if (!(square >= 0.0))
+        return std::nullopt;
+    const double z = std::sqrt(square);
+    // Back by the transposed rotation.
+    const auto& r = m_rotation;
+    const double px = r[0] * x + r[3] * y + r[6] * z;
+    const double py = r[1] * x + r[4] * y + r[7] * z;
+    const double pz = r[2] * x + r[5] * y + r[8] * z;
+    return LatLong{std::atan2(py, std::hypot(px, pz)) / radiansPerDegree,
+                   std::atan2(px, pz) / radiansPerDegree};
+}
+
+} // namespace Tessa

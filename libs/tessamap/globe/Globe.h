@@ -1,0 +1,76 @@
+#pragma once
+
+#include "libs/tusk/math/Geodetic.h"
+
+#include <array>
+#include <optional>
+
+namespace Tessa {
+
+/// A place on the earth, in degrees.
+struct LatLong
+{
+    double latitude = 0.0;
+    double longitude = 0.0;
+};
+
+/// A place in the window, in pixels from its lower left corner.
+struct WindowPoint
+{
+    double x = 0.0;
+    double y = 0.0;
+};
+
+/// The longitude brought into [-180, 180).
+double wrappedLongitude(double longitude);
+
+/// How the globe stands before the viewer: an orthographic picture of the sphere, looked at from
+/// straight above a centre, north up. All in doubles; a value.
+///
+/// A place in space is turned by minus the centre's longitude about the y axis, then by its
+/// latitude about the x axis. The view's axes are then x to the right, y up and z towards the
+/// viewer, in metres from the centre of the sphere.
+class Globe
+{
+public:
+    using Vector = TUSK::Geodetic::Vector;
+
+    Globe() = default;
+    /// `width` and `height` of the window in pixels; at least 1.
+    Globe(LatLong centre, double metresPerPixel, double width, double height);
+
+    LatLong centre() const { return m_centre; }
+
+    double metresPerPixel() const { return m_metresPerPixel; }
+
+    double width() const { return m_width; }
+
+    double height() const { return m_height; }
+
+    /// Turns a place or direction in space into the view.
+    Vector toView(const Vector& place) const;
+
+    /// The rotation, row by row.
+    const std::array<double, 9>& rotation() const { return m_rotation; }
+
+    WindowPoint windowOf(const Vector& view) const
+    {
+        return {view.x / m_metresPerPixel + m_width / 2.0,
+                view.y / m_metresPerPixel + m_height / 2.0};
+    }
+
+    /// None on the far side.
+    std::optional<WindowPoint> latLong2Window(LatLong place) const;
+
+    /// None beside the globe.
+    std::optional<LatLong> window2LatLong(WindowPoint point) const;
+
+private:
+    LatLong m_centre;
+    double m_metresPerPixel = 1.0;
+    double m_width = 1.0;
+    double m_height = 1.0;
+    std::array<double, 9> m_rotation{1.0, 0.0, 0.0, 0.0, 1.0, 0.0, 0.0, 0.0, 1.0};
+};
+
+} // namespace Tessa

@@ -1,0 +1,101 @@
+#include "libs/tessamap/tiles/TileServer.h"
+
+#include <QCryptographicHash>
+
+namespace Tessa {
+
+namespace {
+
+bool isPublicHost(const QString& host)
+{
+    // The numbered mirrors of former years are the same server.
+    return host == QLatin1String("tile.openstreetmap.org") ||
+           host.endsWith(QLatin1String(".tile.openstreetmap.org"));
+}
+
+QString withPlaceholders(QString address)
+{
+    if (address.contains(QLatin1String("{z}")) || address.contains(QLatin1String("{x}")) ||
+        address.contains(QLatin1String("{y}")))
+        return address;
+    while (address.endsWith(QLatin1Char('/')))
+        address.chop(1);
+    return address + QLatin1String("/{z}/{x}/{y}.png");
+}
+
+QString filled(QString urlTemplate, const TileId& tile)
+{
+    return urlTemplate.replace(QLatin1String("{z}"), QString::number(tile.zoom))
+        .replace(QLatin1String("{x}"), QString::number(tile.x))
+        .replace(QLatin1String("{y}"), QString::number(tile.y))
+        .replace(QLatin1String("{s}"), QLatin1String("a"));
+}
+
+} // namespace
+
+QString TileServer::defaultTemplate()
+{
+    return QStringLiteral("https://tile.openstreetmap.org/{z}/{x}/{y}.png");
+}
+
+TileServer::TileServer(const QString& address)
+{
+    QString text = address.trimmed();
+    if (text.isEmpty())
+        text = defaultTemplate();
+    if (!text.contains(QLatin1String("://")))
+        text.prepend(QLatin1String("https://"));
+    m_template = withPlaceholders(text);
+
+    const QUrl sample(filled(m_template, TileId{}), QUrl::StrictMode);
+    m_host = sample.host().toLower();
+    const bool hasAll = m_template.contains(QLatin1String("{z}")) &&
+                        m_template.contains(QLatin1String("{x}")) &&
+                        m_template.contains(QLatin1String("{y}"));
+    m_isValid =
+        sample.isValid() && !m_host.isEmpty() && hasAll &&
+        (sample.scheme() == QLatin1String("http") || sample.scheme() == QLatin1String("https"));
+    if (m_isValid && isPublicHost(m_host)) {
+        m_template = defaultTemplate();
+        m_host = QUrl(filled(m_template, TileId{})).host();
+    }
+}
+
+QUrl TileServer::url(const TileId& tile) const
+{
+    return m_isValid ? QUrl(filled(m_template, tile)) : QUrl();
+}
+
+QString TileServer::attribution() const
+{
+    if (!m_isValid)
+        return QString();
+    const QString contributors = QStringLiteral("(c) OpenStreetMap contributors");
+    if (isPublicServer())
+        return contributors;
+    if (m_host.contains(QLatin1String("openstreetmap")))
+        return contributors + QLatin1String(", ") + m_host;
+    return m_host;
+}
+
+QUrl TileServer::attributionLink() const
+{
+    if (!m_isValid)
+        return QUrl();
+    if (m_host.contains(QLatin1String("openstreetmap")))
+        return QUrl(QStringLiteral("https://www.openstreetmap.org/copyright"));
+    QUrl link;
+    link.setScheme(QUrl(filled(m_template, TileId{})).scheme());
+    link.setHost(m_host);
+    link.setPath(QStringLiteral("/"));
+    return link;
+}
+
+QString TileServer::cacheKey() const
+{
+    const QByteArray hash =
+        QCryptographicHash::hash(m_template.toUtf8(), QCryptographicHash::Sha256);
+    return QString::fromLatin1(hash.toHex().left(16));
+}
+
+} // namespace Tessa

@@ -1,0 +1,266 @@
+#include "libs/zinc/drawing/MeshBuilder.h"
+
+#include "libs/zinc/drawing/Triangulation.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+namespace Zinc2D {
+
+namespace {
+
+using TUSK::OpenGL::MeshVertex;
+
+constexpr double feather = 0.5;   ///< pixels on either side of an edge
+constexpr double mostMiter = 3.0; ///< how far a corner may stand out, in widths
+constexpr double farthest = 1e5;  ///< pixels
+constexpr double tiniest = 1e-9;
+
+double length(const QPointF& vector)
+{
+    return std::hypot(vector.x(), vector.y());
+}
+
+/// To the left of the way, of length 1; (0, 0) where the points coincide.
+QPointF normal(const QPointF& from, const QPointF& to)
+{
+    const QPointF way = to - from;
+    const double size = length(way);
+    return size < tiniest ? QPointF() : QPointF(way.y(), -way.x()) / size;
+}
+
+/// Where the corner between two edges goes when both move by 1 along their normals.
+QPointF miter(const QPointF& first, const QPointF& second)
+{
+    const QPointF sum = first + second;
+    const double square = QPointF::dotProduct(sum, sum);
+    if (square < tiniest)
+        return first.isNull() ? second : first;
+    return sum * std::min(2.0 / square, mostMiter / std::sqrt(square));
+}
+
+class Mesh
+{
+public:
+    Mesh(Argb color, std::vector<MeshVertex>& vertices)
+        : m_color(color)
+        , m_vertices(vertices)
+    {
+    }
+
+    /// A corner whose colour is faded by `strength`.
+    struct Corner
+    {
+        QPointF place;
+        double strength = 1.0;
+    };
+
+    void triangle(const Corner& a, const Corner& b, const Corner& c)
+    {
+        for (const Corner* corner : {&a, &b, &c})
+            m_vertices.push_back(vertex(*corner));
+    }
+
+    void quad(const Corner& a, const Corner& b, const Corner& c, const Corner& d)
+    {
+        triangle(a, b, c);
+        triangle(a, c, d);
+    }
+
+private:
+    MeshVertex vertex(const Corner& corner) const
+    {
+        const auto alpha = static_cast<Argb>(std::lround((m_color >> 24) * corner.strength));
+        return {static_cast<float>(corner.place.x()), static_cast<float>(corner.place.y()), 0.0F,
+                0.0F, TUSK::OpenGL::rgbaOf((m_color & 0xFFFFFFU) | alpha << 24)};
+    }
+
+    Argb m_color;
+    std::vector<MeshVertex>& m_vertices;
+};
+
+bool isLevelRectangle(std::span<const QPointF> corners)
+{
+    const auto isNear = [](double a, double b) { return std::abs(a - b) < 1e-6; };
+    return corners.size() == 4 && isNear(corners[0].y(), corners[1].y()) &&
+           isNear(corners[1].x(), corners[2].x()) && isNear(corners[2].y(), corners[3].y()) &&
+           isNear(corners[3].x(), corners[0].x());
+}
+
+/// To whole pixels; what has a size keeps one.
+void snapRectangle(std::span<QPointF> corners)
+{
+    for (QPointF& corner : corners)
+        corner = {std::round(corner.x()), std::round(corner.y())};
+    const double width = corners[1].x() - corners[0].x();
+    const double height = corners[3].y() - corners[0].y();
+    if (width == 0.0) {
+        corners[1].rx() += 1.0;
+        corners[2].rx() += 1.0;
+    }
+    if (height == 0.0) {
+        corners[2].ry() += 1.0;
+        corners[3].ry() += 1.0;
+    }
+}
+
+/// So that both edges of a line of that width lie between pixels.
+double snapped(double middle, double width)
+{
+    const double half = std::max(std::round(width), 1.0) / 2.0;
+    return std::round(middle - half) + half;
+}
+
+double signedArea(std::span<const QPointF> points)
+{
+    double area = 0.0;
+    for (std::size_t i = 0; i < points.size(); ++i) {
+        const QPointF& next = points[(i + 1) % points.size()];
+        area += points[i].x() * next.y() - next.x() * points[i].y();
+    }
+    return area / 2.0;
+}
+
+/// Drops points that lie on their neighbours.
+void dropRepeated(std::vector<QPointF>& points, bool isClosed)
+{
+    const auto isSame = [](const QPointF& a, const QPointF& b) { return length(a - b) < 1e-4; };
+    points.erase(std::unique(points.begin(), points.end(), isSame), points.end());
+    while (isClosed && points.size() > 1 && isSame(points.front(), points.back()))
+        points.pop_back();
+}
+
+std::vector<QPointF> miters(std::span<const QPointF> points, bool isClosed)
+{
+    const std::size_t count = points.size();
+    std::vector<QPointF> result(count);
+    for (std::size_t i = 0; i < count; ++i) {
+        const bool hasBefore = isClosed || i > 0;
+        const bool hasAfter = isClosed || i + 1 < count;
+        const QPointF before =
+            hasBefore ? normal(points[(i + count - 1) % count], points[i]) : QPointF();
+        const QPointF after = hasAfter ? normal(points[i], points[(i + 1) % count]) : QPointF();
+        result[i] = !hasBefore ? after : !hasAfter ? before : miter(before, after);
+    }
+    return result;
+}
+
+void addFill(std::vector<QPointF> points, Mesh& mesh)
+{
+    if (isLevelRectangle(points)) {
+        snapRectangle(points);
+        mesh.quad({points[0]}, {points[1]}, {points[2]}, {points[3]});
+        return;
+    }
+    dropRepeated(points, true);
+    if (points.size() < 3)
+        return;
+    if (signedArea(points) < 0.0)
+        std::ranges::reverse(points);
+    const std::vector<QPointF> outwards = miters(points, true);
+    std::vector<QPointF> inner = points;
+    for (std::size_t i = 0; i < points.size(); ++i)
+        inner[i] -= feather * outwards[i];
+    for (const Triangle& corners : triangulate(points))
+        mesh.triangle({inner[corners[0]]}, {inner[corners[1]]}, {inner[corners[2]]});
+    for (std::size_t i = 0; i < points.size(); ++i) {
+        const std::size_t next = (i + 1) % points.size();
+        mesh.quad({inner[i]}, {inner[next]}, {points[next] + feather * outwards[next], 0.0},
+                  {points[i] + feather * outwards[i], 0.0});
+    }
+}
+
+/// The smooth edge at an end of a line, `way` pointing outwards.
+void addCap(const QPointF& end, const QPointF& side, const QPointF& way, double inner, double outer,
+            double strength, Mesh& mesh)
+{
+    const QPointF beyond = end + feather * way;
+    const QPointF before = end - feather * way;
+    mesh.quad({before + inner * side, strength}, {before - inner * side, strength},
+              {beyond - inner * side, 0.0}, {beyond + inner * side, 0.0});
+    for (const double sign : {-1.0, 1.0})
+        mesh.triangle({before + sign * inner * side, strength}, {beyond + sign * inner * side, 0.0},
+                      {before + sign * outer * side, 0.0});
+}
+
+void addStroke(std::vector<QPointF> points, double width, bool isClosed, Mesh& mesh)
+{
+    if (isLevelRectangle(points) && isClosed) {
+        for (QPointF& point : points)
+            point = {snapped(point.x(), width), snapped(point.y(), width)};
+        width = std::max(std::round(width), 1.0);
+    } else if (points.size() == 2 && !isClosed) {
+        const bool isLevel = std::abs(points[0].y() - points[1].y()) < 1e-6;
+        const bool isUpright = std::abs(points[0].x() - points[1].x()) < 1e-6;
+        if (isLevel)
+            points[0].ry() = points[1].ry() = snapped(points[0].y(), width);
+        else if (isUpright)
+            points[0].rx() = points[1].rx() = snapped(points[0].x(), width);
+        if (isLevel || isUpright)
+            width = std::max(std::round(width), 1.0);
+    }
+    dropRepeated(points, isClosed);
+    if (points.size() < 2)
+        return;
+    // Thinner than a pixel is paler than one.
+    const double strength = std::min(width, 1.0);
+    const double inner = std::max(width / 2.0 - feather, 0.0);
+    const double outer = std::max(width / 2.0, feather) + feather;
+    const std::vector<QPointF> sides = miters(points, isClosed);
+    std::vector<QPointF> along = points;
+    if (!isClosed) { // the smooth ends take up half a pixel of the line
+        const auto pull = [](QPointF& end, const QPointF& next) {
+            const QPointF way = next - end;
+            end += way * std::min(feather / length(way), 0.5);
+        };
+        pull(along.front(), points[1]);
+        pull(along.back(), points[points.size() - 2]);
+    }
+    const std::size_t count = isClosed ? points.size() : points.size() - 1;
+    for (std::size_t i = 0; i < count; ++i) {
+        const std::size_t next = (i + 1) % points.size();
+        const QPointF& a = along[i];
+        const QPointF& b = along[next];
+        if (inner > 0.0)
+            mesh.quad({a + inner * sides[i], strength}, {b + inner * sides[next], strength},
+                      {b - inner * sides[next], strength}, {a - inner * sides[i], strength});
+        for (const double sign : {-1.0, 1.0})
+            mesh.quad({a + sign * inner * sides[i], strength},
+                      {b + sign * inner * sides[next], strength},
+                      {b + sign * outer * sides[next], 0.0}, {a + sign * outer * sides[i], 0.0});
+    }
+    if (isClosed)
+        return;
+    const auto wayOf = [](const QPointF& from, const QPointF& to) {
+        return (to - from) / length(to - from);
+    };
+    addCap(points.front(), sides.front(), wayOf(points[1], points[0]), inner, outer, strength,
+           mesh);
+    addCap(points.back(), sides.back(), wayOf(points[points.size() - 2], points.back()), inner,
+           outer, strength, mesh);
+}
+
+} // namespace
+
+void addMesh(const DrawCommand& command, std::span<const QPointF> points, const PixelMap& map,
+             std::vector<MeshVertex>& vertices)
+{
+    std::vector<QPointF> mapped;
+    mapped.reserve(points.size());
+    for (const QPointF& point : points)
+        mapped.push_back(map.map(point));
+    const bool isNear = std::ranges::all_of(mapped, [](const QPointF& point) {
+        return std::abs(point.x()) < farthest && std::abs(point.y()) < farthest;
+    });
+    const double width = command.thickness * map.scale;
+    if (!isNear || width > farthest)
+        return;
+    Mesh mesh(command.color, vertices);
+    if (command.kind == DrawCommand::Kind::Fill)
+        addFill(std::move(mapped), mesh);
+    else
+        addStroke(std::move(mapped), width, command.isClosed, mesh);
+}
+
+} // namespace Zinc2D

@@ -1,0 +1,10 @@
+#pragma once
+
+#include "libs/zinc/layout/Properties.h"
+
+namespace Zinc2D {
+
+/// Draws a round gauge as it is now.
+void layoutGauge(const Properties& element, Canvas& canvas);
+
+} // namespace Zinc2D

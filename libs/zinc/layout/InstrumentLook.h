@@ -1,0 +1,48 @@
+#pragma once
+
+#include "libs/zinc/layout/Properties.h"
+
+/// What the ready-made instruments have in common.
+namespace Zinc2D {
+
+namespace Palette {
+constexpr Argb white = 0xFFFFFFFF;
+constexpr Argb label = 0xFFB4BEC8;
+constexpr Argb tick = 0xFFDCE2E8;
+constexpr Argb minorTick = 0xFF7C8894;
+constexpr Argb track = 0xFF2B333B;
+constexpr Argb well = 0xFF0A0D10; ///< behind digits and off lamps
+constexpr Argb edge = 0xFF39434C;
+constexpr Argb unlit = 0xFF5A6671;
+constexpr Argb normal = 0xFF00C853;
+constexpr Argb warning = 0xFFFFAB00;
+constexpr Argb limit = 0xFFFF1744;
+constexpr Argb onWarning = 0xFF14100A; ///< text on that colour
+constexpr Argb none = 0x00000000;
+} // namespace Palette
+
+/// A threshold's state: 0 normal, 1 warning, 2 limit.
+int stateOf(const Properties& element, Property property = Property::State);
+
+/// Colour of a state; `normal` is that of state 0.
+Argb stateColor(int state, Argb normal);
+
+/// The number of an instrument. Beyond the normal range it stands inverted on a field of the
+/// state's colour, so that it needs no colour vision to be noticed.
+struct Digits
+{
+    QString text;
+    double size = 24.0;
+    int state = 0;
+    Argb color = Palette::white;
+    Align align = Align::Center;
+};
+
+/// How wide digits are at most, field included; the core knows no fonts.
+double digitsWidth(const QString& text, double size);
+void drawDigits(Canvas& canvas, const QPointF& place, const Digits& digits);
+
+/// The number that stands at a tick.
+QString tickLabel(const Properties& element, double value);
+
+} // namespace Zinc2D

@@ -1,0 +1,294 @@
+#include "libs/zinc/view/ViewReader.h"
+
+#include "libs/zinc/expression/VariableTable.h"
+#include "libs/zinc/view/ViewSchema.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+#include <algorithm>
+
+namespace Zinc2D {
+
+namespace {
+
+constexpr qint64 maxFileBytes = 16 << 20;
+constexpr int maxElements = 20'000;
+constexpr int maxDepth = 64;
+constexpr std::size_t maxDiagnostics = 200;
+constexpr double maxSize = 100'000.0;
+
+} // namespace
+
+ViewReader::ViewReader(VariableTable& variables)
+    : m_variables(variables)
+{
+}
+
+std::optional<ViewModel> ViewReader::read(const QString& path)
+{
+    if (!load(path) || !readRoot())
+        return {};
+    readChildren(-1, 0);
+    if (m_xml.hasError()) {
+        report(m_xml.characterOffset(), m_xml.errorString());
+        return {};
+    }
+    return std::move(m_model);
+}
+
+bool ViewReader::load(const QString& path)
+{
+    QFile file(path);
+    m_directory = QFileInfo(path).absolutePath();
+    m_source = ViewSource(path, {});
+    if (!file.open(QIODevice::ReadOnly)) {
+        report(0, file.errorString());
+        return false;
+    }
+    const QByteArray content = file.read(maxFileBytes + 1);
+    if (content.size() > maxFileBytes) {
+        report(0, QStringLiteral("the file is too large"));
+        return false;
+    }
+    QString text = QString::fromUtf8(content);
+    if (text.startsWith(QChar::ByteOrderMark))
+        text.remove(0, 1);
+    m_source = ViewSource(path, text);
+    m_xml.addData(text);
+    return true;
+}
+
+bool ViewReader::readRoot()
+{
+    if (!m_xml.readNextStartElement()) {
+        report(m_xml.characterOffset(), m_xml.errorString());
+        return false;
+    }
+    if (m_xml.name() != QStringLiteral("view")) {
+        reportTag(QStringLiteral("this is no view: the first element is \"%1\"").arg(m_xml.name()));
+        return false;
+    }
+    for (const Attribute& attribute : attributes()) {
+        const double number = attribute.value.toDouble();
+        if (attribute.name == QStringLiteral("width"))
+            m_model.size.setWidth(number);
+        else if (attribute.name == QStringLiteral("height"))
+            m_model.size.setHeight(number);
+        else if (attribute.name == QStringLiteral("font"))
+            m_model.fontFamily = attribute.value;
+        else if (attribute.name == QStringLiteral("background"))
+            compile(attribute, 0, m_model.background);
+        else
+            report(attribute.offset, QStringLiteral("a view has no \"%1\"").arg(attribute.name));
+    }
+    const auto isUsable = [](double size) { return size > 0.0 && size <= maxSize; };
+    if (isUsable(m_model.size.width()) && isUsable(m_model.size.height()))
+        return true;
+    reportTag(QStringLiteral("the view needs \"width\" and \"height\" above 0"));
+    return false;
+}
+
+void ViewReader::readChildren(int parent, int depth)
+{
+    while (!m_xml.atEnd()) {
+        const QXmlStreamReader::TokenType token = m_xml.readNext();
+        if (token == QXmlStreamReader::EndElement || token == QXmlStreamReader::Invalid)
+            return;
+        if (token == QXmlStreamReader::StartElement)
+            readChild(parent, depth);
+        else if (token == QXmlStreamReader::Characters && !m_xml.isWhitespace())
+            report(m_xml.characterOffset(), QStringLiteral("text between elements is not shown"));
+    }
+}
+
+void ViewReader::readChild(int parent, int depth)
+{
+    const QStringView name = m_xml.name();
+    if (name == QStringLiteral("define")) {
+        readDefinition();
+    } else if (name == QStringLiteral("style")) {
+        readStyle();
+    } else if (name == QStringLiteral("font")) {
+        readFont();
+    } else {
+        const ElementInfo* const info = elementInfo(name);
+        if (info == nullptr)
+            reportTag(QStringLiteral("there is no element \"%1\"").arg(name));
+        else if (info->type >= ElementType::Range)
+            reportTag(QStringLiteral("\"%1\" stands only in another element").arg(name));
+        else if (++m_elementCount > maxElements)
+            reportTag(QStringLiteral("too many elements"));
+        else if (depth >= maxDepth)
+            reportTag(QStringLiteral("groups lie too deep in each other"));
+        else
+            return readElement(*info, parent, depth);
+    }
+    m_xml.skipCurrentElement();
+}
+
+void ViewReader::readElement(const ElementInfo& info, int parent, int depth)
+{
+    Attributes given = attributes();
+    addStyle(given);
+    Element element;
+    element.type = info.type;
+    element.parent = parent;
+    readProperties(info, given, element);
+    const bool isComplete = hasRequired(info, given);
+    if (info.type == ElementType::Group) {
+        m_model.elements.push_back(std::move(element));
+        readChildren(static_cast<int>(m_model.elements.size()) - 1, depth + 1);
+        return;
+    }
+    readParts(info, element);
+    if (isComplete)
+        m_model.elements.push_back(std::move(element));
+}
+
+void ViewReader::readParts(const ElementInfo& info, Element& element)
+{
+    while (m_xml.readNextStartElement()) {
+        const ElementInfo* const part = elementInfo(m_xml.name());
+        if (part == nullptr || !holdsWord(info.parts, m_xml.name())) {
+            reportTag(QStringLiteral("\"%1\" has no \"%2\" in it")
+                          .arg(QLatin1StringView(info.name.data()), m_xml.name()));
+        } else if (++m_elementCount > maxElements) {
+            reportTag(QStringLiteral("too many elements"));
+        } else {
+            Attributes given = attributes();
+            addStyle(given);
+            Element read;
+            read.type = part->type;
+            readProperties(*part, given, read);
+            if (hasRequired(*part, given))
+                element.parts.push_back(std::move(read));
+        }
+        m_xml.skipCurrentElement();
+    }
+}
+
+void ViewReader::readDefinition()
+{
+    QString name;
+    const Attribute* expression = nullptr;
+    const Attributes given = attributes();
+    for (const Attribute& attribute : given) {
+        if (attribute.name == QStringLiteral("name"))
+            name = attribute.value.trimmed();
+        else if (attribute.name == QStringLiteral("value"))
+            expression = &attribute;
+        else
+            report(attribute.offset,
+                   QStringLiteral("a definition has no \"%1\"").arg(attribute.name));
+    }
+    if (name.isEmpty() || expression == nullptr) {
+        reportTag(QStringLiteral("a definition needs \"name\" and \"value\""));
+        return;
+    }
+    auto compiled = compileExpression(expression->value, m_variables);
+    if (const auto* const error = std::get_if<ExpressionError>(&compiled)) {
+        reportIn(*expression, error->offset, error->message);
+        return;
+    }
+    if (m_variables.isDefined(name)) {
+        reportTag(QStringLiteral("\"%1\" is already defined").arg(name));
+        return;
+    }
+    // Whoever used the name before would be drawn from what it was before.
+    if (m_used.contains(m_variables.slot(name)) ||
+        std::ranges::count(std::get<Expression>(compiled).variables(), m_variables.slot(name)) > 0)
+        reportTag(QStringLiteral("\"%1\" is used before it is defined").arg(name));
+    else
+        define(name, std::move(std::get<Expression>(compiled)));
+}
+
+void ViewReader::define(const QString& name, Expression expression)
+{
+    markUsed(expression);
+    m_variables.define(name, std::move(expression));
+}
+
+void ViewReader::markUsed(const Expression& expression)
+{
+    for (const int slot : expression.variables())
+        m_used.insert(slot);
+}
+
+void ViewReader::readStyle()
+{
+    QString name;
+    Attributes kept;
+    for (const Attribute& attribute : attributes()) {
+        if (attribute.name == QStringLiteral("name"))
+            name = attribute.value;
+        else
+            kept.push_back(attribute);
+    }
+    if (name.isEmpty())
+        reportTag(QStringLiteral("a style needs \"name\""));
+    else
+        m_styles.insert(name, kept);
+}
+
+void ViewReader::readFont()
+{
+    for (const Attribute& attribute : attributes()) {
+        PropertyValue value;
+        if (attribute.name != QStringLiteral("file"))
+            report(attribute.offset, QStringLiteral("a font has no \"%1\"").arg(attribute.name));
+        else if (readFile(attribute, value))
+            m_model.fontFiles.push_back(value.text);
+    }
+}
+
+ViewReader::Attributes ViewReader::attributes() const
+{
+    const qsizetype tag = tagStart();
+    const QHash<QString, qsizetype> offsets = m_source.attributeOffsets(tag);
+    Attributes result;
+    for (const QXmlStreamAttribute& attribute : m_xml.attributes()) {
+        const QString name = attribute.qualifiedName().toString();
+        result.push_back({name, attribute.value().toString(), offsets.value(name, tag)});
+    }
+    return result;
+}
+
+void ViewReader::addStyle(Attributes& attributes)
+{
+    const auto styled = std::ranges::find(attributes, QStringLiteral("style"), &Attribute::name);
+    if (styled == attributes.end())
+        return;
+    const Attribute attribute = *styled;
+    attributes.erase(styled);
+    const auto style = m_styles.constFind(attribute.value);
+    if (style == m_styles.cend()) {
+        report(attribute.offset, QStringLiteral("there is no style \"%1\"").arg(attribute.value));
+        return;
+    }
+    for (const Attribute& inherited : *style) {
+        if (std::ranges::count(attributes, inherited.name, &Attribute::name) == 0)
+            attributes.push_back(inherited);
+    }
+}
+
+qsizetype ViewReader::tagStart() const
+{
+    // No "<" can stand within a tag.
+    const qsizetype end = std::max<qsizetype>(m_xml.characterOffset() - 1, 0);
+    return std::max<qsizetype>(m_source.text().lastIndexOf(u'<', end), 0) + 1;
+}
+
+void ViewReader::report(qsizetype offset, const QString& message)
+{
+    if (m_diagnostics.size() < maxDiagnostics)
+        m_diagnostics.push_back(m_source.diagnostic(offset, message));
+}
+
+void ViewReader::reportIn(const Attribute& attribute, qsizetype character, const QString& message)
+{
+    report(m_source.offsetInValue(attribute.offset, character), message);
+}
+
+} // namespace Zinc2D

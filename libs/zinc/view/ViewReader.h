@@ -1,0 +1,85 @@
+#pragma once
+
+#include "libs/zinc/expression/ExpressionCompiler.h"
+#include "libs/zinc/view/ViewModel.h"
+#include "libs/zinc/view/ViewSource.h"
+
+#include <QSet>
+#include <QXmlStreamReader>
+
+#include <optional>
+
+namespace Zinc2D {
+
+struct ElementInfo;
+struct PropertyInfo;
+class VariableTable;
+
+/// Reads a view file (docs/formats/view.md).
+///
+/// What cannot be used is reported with its place and left out, and the rest is read. Bounded: at
+/// most 16 MiB, 20,000 elements, groups 64 deep, 200 reports.
+class ViewReader
+{
+public:
+    /// Definitions go straight to the table, which should hold none.
+    explicit ViewReader(VariableTable& variables);
+
+    /// Nothing where the file cannot be read, is no XML, or is no view with a size.
+    std::optional<ViewModel> read(const QString& path);
+
+    const std::vector<Diagnostic>& diagnostics() const { return m_diagnostics; }
+
+private:
+    /// As it stands in the file.
+    struct Attribute
+    {
+        QString name;
+        QString value;
+        qsizetype offset = 0; ///< of the value
+    };
+
+    using Attributes = std::vector<Attribute>;
+
+    bool load(const QString& path);
+    bool readRoot();
+    void readChildren(int parent, int depth);
+    void readChild(int parent, int depth);
+    void readElement(const ElementInfo& info, int parent, int depth);
+    void readParts(const ElementInfo& info, Element& element);
+    void readDefinition();
+    void define(const QString& name, Expression expression);
+    void markUsed(const Expression& expression);
+    void readStyle();
+    void readFont();
+
+    Attributes attributes() const;
+    void addStyle(Attributes& attributes);
+    bool hasRequired(const ElementInfo& info, const Attributes& attributes);
+    void readProperties(const ElementInfo& info, const Attributes& attributes, Element& element);
+    std::optional<PropertyValue> readProperty(const PropertyInfo& info, const Attribute& attribute);
+    void compile(const Attribute& attribute, qsizetype skipped, PropertyValue& value);
+    bool readWord(const PropertyInfo& info, const Attribute& attribute, PropertyValue& value);
+    bool readFormat(const Attribute& attribute, PropertyValue& value);
+    bool readFile(const Attribute& attribute, PropertyValue& value);
+    void readPoints(const Attribute& attribute, PropertyValue& value);
+
+    qsizetype tagStart() const;
+    void report(qsizetype offset, const QString& message);
+
+    void reportTag(const QString& message) { report(tagStart(), message); }
+
+    void reportIn(const Attribute& attribute, qsizetype character, const QString& message);
+
+    VariableTable& m_variables;
+    QString m_directory;
+    ViewSource m_source;
+    QXmlStreamReader m_xml;
+    ViewModel m_model;
+    QHash<QString, Attributes> m_styles;
+    QSet<int> m_used; ///< slots of variables that something is drawn from
+    std::vector<Diagnostic> m_diagnostics;
+    int m_elementCount = 0;
+};
+
+} // namespace Zinc2D

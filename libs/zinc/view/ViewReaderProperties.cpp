@@ -1,0 +1,134 @@
+#include "libs/zinc/expression/VariableTable.h"
+#include "libs/zinc/view/ViewReader.h"
+#include "libs/zinc/view/ViewSchema.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+#include <algorithm>
+
+namespace Zinc2D {
+
+bool ViewReader::hasRequired(const ElementInfo& info, const Attributes& attributes)
+{
+    const QString required =
+        QString::fromLatin1(info.required.data(), static_cast<qsizetype>(info.required.size()));
+    for (const QString& name : required.split(u' ', Qt::SkipEmptyParts)) {
+        if (std::ranges::count(attributes, name, &Attribute::name) == 0) {
+            reportTag(QStringLiteral("\"%1\" is missing").arg(name));
+            return false;
+        }
+    }
+    return true;
+}
+
+void ViewReader::readProperties(const ElementInfo& info, const Attributes& attributes,
+                                Element& element)
+{
+    for (const Attribute& attribute : attributes) {
+        const PropertyInfo* const property = propertyInfo(attribute.name);
+        if (property == nullptr || !takes(info, attribute.name)) {
+            report(attribute.offset, QStringLiteral("\"%1\" has no \"%2\"")
+                                         .arg(QLatin1StringView(info.name.data()), attribute.name));
+            continue;
+        }
+        if (std::optional<PropertyValue> value = readProperty(*property, attribute)) {
+            value->property = property->property;
+            element.properties.push_back(std::move(*value));
+        }
+    }
+}
+
+std::optional<PropertyValue> ViewReader::readProperty(const PropertyInfo& info,
+                                                      const Attribute& attribute)
+{
+    PropertyValue value;
+    const bool isExpression = attribute.value.startsWith(u'=');
+    switch (info.kind) {
+    case PropertyKind::Number:
+    case PropertyKind::Color:
+        compile(attribute, 0, value);
+        return value;
+    case PropertyKind::Points:
+        readPoints(attribute, value);
+        return value;
+    case PropertyKind::File:
+        return readFile(attribute, value) ? std::optional(value) : std::nullopt;
+    default:
+        break;
+    }
+    if (isExpression) {
+        compile(attribute, 1, value);
+        return value;
+    }
+    value.isLiteral = true;
+    value.text = attribute.value;
+    const bool isGood = info.kind == PropertyKind::Keyword  ? readWord(info, attribute, value)
+                        : info.kind == PropertyKind::Format ? readFormat(attribute, value)
+                                                            : true;
+    return isGood ? std::optional(value) : std::nullopt;
+}
+
+void ViewReader::compile(const Attribute& attribute, qsizetype skipped, PropertyValue& value)
+{
+    auto compiled = compileExpression(attribute.value.mid(skipped), m_variables);
+    if (const auto* const error = std::get_if<ExpressionError>(&compiled)) {
+        reportIn(attribute, skipped + error->offset, error->message);
+        return; // it stays without a value
+    }
+    auto& expression = std::get<Expression>(compiled);
+    const Value constant = expression.evaluate(m_variables);
+    if (expression.variables().empty() && !constant.isText()) {
+        value.constant = constant;
+        return;
+    }
+    markUsed(expression);
+    value.expressions.push_back(std::move(expression));
+}
+
+bool ViewReader::readWord(const PropertyInfo& info, const Attribute& attribute,
+                          PropertyValue& value)
+{
+    if (holdsWord(info.words, value.text))
+        return true;
+    reportIn(attribute, 0,
+             QStringLiteral("\"%1\" is none of: %2")
+                 .arg(value.text, QLatin1StringView(info.words.data())));
+    return false;
+}
+
+bool ViewReader::readFormat(const Attribute& attribute, PropertyValue& value)
+{
+    qsizetype offset = 0;
+    const std::optional<NumberFormat> format = NumberFormat::parse(value.text, &offset);
+    if (!format) {
+        reportIn(attribute, offset, QStringLiteral("this is no number format"));
+        return false;
+    }
+    value.format = *format;
+    return true;
+}
+
+bool ViewReader::readFile(const Attribute& attribute, PropertyValue& value)
+{
+    value.isLiteral = true;
+    value.text = QDir(m_directory).absoluteFilePath(attribute.value);
+    if (QFileInfo(value.text).isFile())
+        return true;
+    reportIn(attribute, 0, QStringLiteral("there is no file \"%1\"").arg(attribute.value));
+    return false;
+}
+
+void ViewReader::readPoints(const Attribute& attribute, PropertyValue& value)
+{
+    auto compiled = compilePoints(attribute.value, m_variables);
+    if (const auto* const error = std::get_if<ExpressionError>(&compiled)) {
+        reportIn(attribute, error->offset, error->message);
+        return;
+    }
+    value.expressions = std::move(std::get<std::vector<Expression>>(compiled));
+    for (const Expression& expression : value.expressions)
+        markUsed(expression);
+}
+
+} // namespace Zinc2D

@@ -1,0 +1,280 @@
+#include "map/ui/DialogDataMap.h"
+
+#include "map/ui/WidgetMap.h"
+#include "profile/ValueDecoder.h"
+
+#include <QAction>
+#include <QButtonGroup>
+#include <QComboBox>
+#include <QGridLayout>
+#include <QLabel>
+#include <QResizeEvent>
+#include <QTimer>
+#include <QToolBar>
+#include <QToolButton>
+
+#include <algorithm>
+
+namespace KOLT {
+
+namespace {
+
+constexpr int narrowestPage = 200;
+constexpr int panelEdge = 10;
+constexpr int toolBarRoom = 70;
+constexpr int valuePanelPlace = 310;
+constexpr int valuePanelWidth = 300;
+constexpr int attributionRoom = 48; ///< two lines
+constexpr int toolMargin = 3;
+constexpr int valueMargin = 5;
+
+const auto valueStyle = QStringLiteral("QLabel {color: %1; font-weight: bold;}");
+
+} // namespace
+
+DialogDataMap::DialogDataMap(const Profile& profile, const MapSettings& settings, QWidget* parent)
+    : QWidget(parent)
+    , m_profile(profile)
+    , m_map(new WidgetMap(m_state, settings, this))
+{
+    auto* const layout = new QGridLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(m_map);
+    connect(m_map, &WidgetMap::signalUpdateMode, this, &DialogDataMap::slotUpdateMode);
+    connect(m_map, &WidgetMap::signalTime, this, &DialogDataMap::signalTime);
+    connect(m_map, &WidgetMap::signalMessage, this, &DialogDataMap::signalMessage);
+    createToolBar();
+    m_valuePanel = new QWidget(this);
+    m_valuePanel->setAttribute(Qt::WA_StyledBackground);
+    m_valuePanel->setStyleSheet(
+        QStringLiteral(".QWidget{background-color: #66000000;border-radius:10px;}"));
+    m_valuePanel->setObjectName(QStringLiteral("valuePanel"));
+    m_values = new QGridLayout(m_valuePanel);
+    m_values->setContentsMargins(valueMargin, valueMargin, valueMargin, valueMargin);
+    m_values->setSizeConstraint(QLayout::SetNoConstraint); // in a low map the last rows are cut
+    m_values->setColumnStretch(0, 1);
+    m_valuePanel->setAttribute(Qt::WA_TransparentForMouseEvents);
+    m_valuePanel->hide();
+    setMinimumWidth(narrowestPage);
+}
+
+void DialogDataMap::createToolBar()
+{
+    m_toolPanel = new QWidget(this);
+    m_toolPanel->setAttribute(Qt::WA_StyledBackground);
+    m_toolPanel->setObjectName(QStringLiteral("toolPanel"));
+    m_toolPanel->setStyleSheet(
+        QStringLiteral(".QWidget{background-color: #66ffffff;border-radius:10px;}"));
+    auto* const layout = new QGridLayout(m_toolPanel);
+    layout->setContentsMargins(toolMargin, toolMargin, toolMargin, toolMargin);
+    auto* const bar = new QToolBar(m_toolPanel);
+    bar->setStyleSheet(
+        QStringLiteral(".QToolBar{background-color: #00ffffff;border-radius:10px;}"));
+    layout->addWidget(bar);
+
+    m_follow = bar->addAction(QIcon(QStringLiteral(":/icons/map-follow.svg")), tr("Center AC"));
+    m_follow->setToolTip(tr("Center AC"));
+    m_follow->setCheckable(true);
+    m_follow->setChecked(m_state.follow != 0);
+    m_follow->setData(CenterAircraft);
+    m_commands = new QButtonGroup(this);
+    m_commands->setExclusive(false);
+    m_commands->addButton(static_cast<QToolButton*>(bar->widgetForAction(m_follow)),
+                          CenterAircraft);
+    connect(m_commands, &QButtonGroup::idToggled, this, &DialogDataMap::slotCommandToggled);
+
+    QAction* const fit =
+        bar->addAction(QIcon(QStringLiteral(":/icons/map-fit.svg")), tr("Fit flight"));
+    fit->setToolTip(tr("Show the whole flight (F)"));
+    connect(fit, &QAction::triggered, this, [this] { m_map->showWholeTrack(); });
+    m_shading =
+        bar->addAction(QIcon(QStringLiteral(":/icons/map-shading.svg")), tr("Hill shading"));
+    m_shading->setToolTip(tr("Hill shading (Ctrl+S while the map has the focus)"));
+    m_shading->setCheckable(true);
+    m_shading->setChecked(m_state.isShaded);
+    connect(m_shading, &QAction::toggled, this, [this](bool isChecked) {
+        m_state.isShaded = isChecked;
+        m_state.needsRepaint = true;
+    });
+    m_coloring = new QComboBox(bar);
+    m_coloring->setToolTip(tr("What the track is colored by"));
+    m_coloring->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    m_coloring->setMinimumContentsLength(10);
+    connect(m_coloring, &QComboBox::activated, this, &DialogDataMap::slotColoring);
+    bar->addWidget(m_coloring);
+}
+
+void DialogDataMap::setSettings(const MapSettings& settings)
+{
+    m_map->setSettings(settings);
+}
+
+void DialogDataMap::slotCommandToggled(int id, bool isChecked)
+{
+    if (id == CenterAircraft) {
+        m_state.follow = isChecked ? 2 : 0;
+        m_state.isFollowWaiting = false;
+    }
+    m_state.needsRepaint = true;
+}
+
+void DialogDataMap::slotUpdateMode()
+{
+    m_follow->setChecked(m_state.follow != 0);
+    m_shading->setChecked(m_state.isShaded);
+}
+
+void DialogDataMap::dropData()
+{
+    m_table = {};
+    dropTrack();
+}
+
+void DialogDataMap::dropTrack()
+{
+    m_aircraft = {};
+    m_fitted = nullptr;
+    m_map->setTrack(nullptr, {});
+    m_map->setColors({});
+    m_map->setMarks({});
+    m_map->setAircraft({});
+}
+
+void DialogDataMap::showData()
+{
+    fillColorings();
+    createValueRows();
+    m_map->setUnitSystem(m_profile.unitSystem());
+    const DataSet* const shown = dataSet();
+    if (shown == nullptr || shown->track.empty()) {
+        dropTrack(); // there are values all the same
+        return;
+    }
+    if (m_fitted != shown) {
+        m_aircraft = AircraftTrack(shown->track);
+        m_map->setTrack(&shown->track, trackGaps(m_profile, shown->messages));
+        m_map->fitTrack();
+        m_fitted = shown;
+    }
+    slotColoring(m_coloring->currentIndex());
+    m_map->setMarks(flightMarks(*shown));
+    // Finding exceedances walks through all samples; the map need not wait for that.
+    QTimer::singleShot(0, this, [this, shown] {
+        if (dataSet() != shown || m_fitted != shown)
+            return;
+        std::vector<MapMark> marks = exceedanceMarks(m_profile, *shown);
+        std::ranges::move(flightMarks(*shown), std::back_inserter(marks));
+        m_map->setMarks(std::move(marks));
+    });
+}
+
+void DialogDataMap::fillColorings()
+{
+    const QVariant chosen = m_coloring->currentData();
+    m_coloring->clear();
+    m_coloring->addItem(tr("One color"), QString());
+    m_coloring->addItem(tr("Altitude"), QStringLiteral("altitude"));
+    m_coloring->addItem(tr("Ground speed"), QStringLiteral("speed"));
+    for (const ProfileParameter* const parameter : m_profile.selectedParameters())
+        m_coloring->addItem(parameter->name, QStringLiteral("/") + parameter->fullName);
+    m_coloring->setCurrentIndex(std::max(0, m_coloring->findData(chosen)));
+}
+
+void DialogDataMap::slotColoring(int index)
+{
+    if (dataSet() == nullptr)
+        return;
+    const QString chosen = m_coloring->itemData(index).toString();
+    TrackColorChoice choice;
+    if (chosen.startsWith(QLatin1Char('/')))
+        choice = {TrackColorChoice::Kind::Parameter, chosen.mid(1)};
+    else if (!chosen.isEmpty())
+        choice.kind = chosen == QStringLiteral("altitude") ? TrackColorChoice::Kind::Altitude
+                                                           : TrackColorChoice::Kind::GroundSpeed;
+    m_map->setColors(trackColors(choice, m_profile, *dataSet()));
+}
+
+void DialogDataMap::createValueRows()
+{
+    for (const ValueRow& row : m_rows) {
+        delete row.name;
+        delete row.value;
+    }
+    m_rows.clear();
+    m_table = {};
+    if (dataSet() == nullptr) {
+        m_valuePanel->hide();
+        return;
+    }
+    const std::vector<const ProfileParameter*> parameters = m_profile.selectedParameters();
+    m_table = TimeTable(*dataSet(), parameters);
+    for (const ProfileParameter* const parameter : parameters) {
+        ValueRow row{parameter, new QLabel(parameter->name, m_valuePanel),
+                     new QLabel(m_valuePanel)};
+        const int line = static_cast<int>(m_rows.size());
+        for (QLabel* const label : {row.name, row.value})
+            label->setStyleSheet(valueStyle.arg(QStringLiteral("white")));
+        row.value->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+        m_values->addWidget(row.name, line, 0);
+        m_values->addWidget(row.value, line, 1);
+        m_rows.push_back(row);
+    }
+    m_valuePanel->setVisible(!m_rows.empty());
+    placePanels();
+}
+
+void DialogDataMap::showTime()
+{
+    m_map->setAircraft(m_aircraft.at(time()));
+    refreshValues();
+}
+
+void DialogDataMap::refreshValues()
+{
+    if (m_table.rowCount() == 0)
+        return;
+    const std::size_t tableRow = m_table.rowAt(time());
+    for (std::size_t i = 0; i < m_rows.size(); ++i) {
+        const ValueRow& row = m_rows[i];
+        const TimeTable::Cell cell = m_table.cell(tableRow, i);
+        QString text = QStringLiteral("---");
+        QColor color = Qt::white;
+        if (cell.sample != nullptr) {
+            MessageData bytes = cell.sample->data;
+            const DecodedValue value = decodeValue(m_profile, *row.parameter, bytes);
+            text = value.text;
+            color = QColor(value.grade.color);
+            if (!m_profile.unitLabel(*row.parameter).isEmpty())
+                text += QStringLiteral(" [%1]").arg(m_profile.unitLabel(*row.parameter));
+        }
+        const QString style = valueStyle.arg(color.name());
+        if (row.value->styleSheet() != style) // setting it is dear
+            row.value->setStyleSheet(style);
+        row.value->setText(text);
+    }
+}
+
+void DialogDataMap::placePanels()
+{
+    m_toolPanel->setMaximumWidth(std::max(1, width() - toolBarRoom));
+    m_toolPanel->adjustSize();
+    m_toolPanel->move(panelEdge, panelEdge);
+    m_toolPanel->raise();
+    // In a narrow map the values go below the commands.
+    QRect values(std::max(panelEdge, width() - valuePanelPlace), panelEdge,
+                 std::min(valuePanelWidth, width() - 2 * panelEdge), m_values->sizeHint().height());
+    if (values.intersects(m_toolPanel->geometry()))
+        values.moveTop(m_toolPanel->geometry().bottom() + panelEdge / 2);
+    // The attribution below stays in sight.
+    values.setBottom(std::min(values.bottom(), height() - attributionRoom));
+    m_valuePanel->setGeometry(values);
+    m_valuePanel->raise();
+}
+
+void DialogDataMap::resizeEvent(QResizeEvent* event)
+{
+    QWidget::resizeEvent(event);
+    placePanels();
+}
+
+} // namespace KOLT

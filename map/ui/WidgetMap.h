@@ -1,0 +1,149 @@
+#pragma once
+
+#include "libs/tessamap/drawing/TessaMap.h"
+#include "map/AircraftTrack.h"
+#include "map/MapCamera.h"
+#include "map/MapMarks.h"
+#include "map/MapSettings.h"
+#include "map/TrackColors.h"
+#include "map/TrackLine.h"
+#include "map/ui/MapPainter.h"
+
+#include <QOpenGLWidget>
+#include <QTimer>
+
+#include <functional>
+#include <memory>
+
+class QGestureEvent;
+class QNativeGestureEvent;
+
+namespace KOLT {
+
+/// The moving map: tiles of a globe, the flight's track, the aircraft, marks, and whom the map is
+/// owed to. Shares its view state with the page that owns it, so that both act on the same view.
+///
+/// Frames are drawn on demand, at most every 20 ms, and once a second when nothing changes.
+class WidgetMap : public QOpenGLWidget
+{
+    Q_OBJECT
+
+public:
+    WidgetMap(MapViewState& state, const MapSettings& settings, QWidget* parent = nullptr);
+    ~WidgetMap() override;
+
+    void setSettings(const MapSettings& settings);
+
+    void setAircraft(const AircraftTrack::Record& aircraft);
+
+    /// The track must stay until the next call; null for none. When no frame was drawn yet, its
+    /// line is built in the next one.
+    void setTrack(const std::vector<TrackPoint>* track, std::vector<TrackGap> gaps);
+
+    /// Colours the track; without values it has one colour.
+    void setColors(TrackColors colors);
+    void setMarks(std::vector<MapMark> marks);
+    void setUnitSystem(UnitSystem system);
+
+    /// Shows the whole track. Follow mode then waits for the aircraft to move.
+    void fitTrack();
+    /// The same on behalf of the user, which ends follow mode.
+    void showWholeTrack();
+
+    /// Seconds since an unspecified start; for tests.
+    using Clock = std::function<double()>;
+
+    void setClock(Clock clock) { m_clock = std::move(clock); }
+
+    Tessa::TessaMap& map() { return m_map; }
+
+    const TrackLine& track() const { return m_line; }
+
+    int frameCount() const { return m_frameCount; }
+
+    static QString hint();
+
+signals:
+    /// The user ended follow mode by moving the map, or switched the shading.
+    void signalUpdateMode();
+    /// The user picked the place on the track that was passed at that time.
+    void signalTime(double seconds);
+    /// For the status bar.
+    void signalMessage(const QString& text);
+
+protected:
+    void initializeGL() override;
+    void resizeGL(int width, int height) override;
+    void paintGL() override;
+    bool event(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void keyReleaseEvent(QKeyEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+    void leaveEvent(QEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+
+private slots:
+    void slotTimeout();
+    void slotTimeoutResize();
+
+private:
+    void releaseGl();
+    void buildTrack();
+    void stepView();
+    void applyView();
+    void makePainter(double ratio);
+    void drawOverlays();
+
+    Tessa::LatLong aircraftPlace() const { return {m_aircraft[0], m_aircraft[1]}; }
+
+    Tessa::WindowPoint windowPoint(const QPointF& position) const
+    {
+        return {position.x(), height() - position.y()};
+    }
+
+    /// Two where the map is too narrow for one.
+    QStringList attributionLines() const;
+    QRectF attributionRect() const;
+    bool setHeld(int key, bool isHeld);
+    void pick(const QPointF& position);
+    /// Of the mark at a place of the widget; empty when there is none.
+    QString markTextAt(const QPointF& position) const;
+    void tellModeEnded(bool hasEnded);
+    void pinch(double factor, const QPointF& position);
+    void nativeGesture(const QNativeGestureEvent& event);
+    bool gesture(QGestureEvent& event);
+
+    MapViewState& m_state;
+    MapSettings m_settings;
+    MapCamera m_camera;
+    Clock m_clock;
+    Tessa::TessaMap m_map;
+    std::unique_ptr<MapPainter> m_painter; ///< from the first frame on
+    AircraftTrack::Record m_aircraft{};
+    const std::vector<TrackPoint>* m_track = nullptr;
+    std::vector<TrackGap> m_gaps;
+    bool m_isTrackPending = false;
+    bool m_isFitPending = false;
+    TrackLine m_line;
+    TrackColors m_colors;
+    std::vector<MapMark> m_marks;
+    UnitSystem m_unitSystem = UnitSystem::Metric;
+
+    MapKeys m_keys;
+    QPointF m_pressPosition;
+    bool m_isLeftHeld = false;
+    bool m_isClick = false; ///< no drag yet, no second click
+    bool m_isDirty = true;
+    bool m_isSeen = false;
+    double m_lastRepaint = 0.0;
+    int m_frameCount = 0;
+    QTimer m_repaintTimer;
+    QTimer m_resizeTimer;
+};
+
+} // namespace KOLT

@@ -1,0 +1,317 @@
+#include "app/DataWindow.h"
+#include "record/DataSet.h"
+#include "resources/Resources.h"
+#include "tests/support/Buttons.h"
+#include "tests/support/RecordingFixture.h"
+#include "tests/support/Rows.h"
+#include "ui/DataPage.h"
+
+#include <QDoubleSpinBox>
+#include <QLCDNumber>
+#include <QSlider>
+#include <QSplitter>
+#include <QTabBar>
+#include <QTimeEdit>
+#include <QToolButton>
+
+using namespace KOLT;
+using namespace KOLT::Test;
+
+using Page = DialogData::Page;
+
+namespace {
+
+/// Counts the work it is made to do.
+class CountingPage : public DataPage
+{
+public:
+    QStringList log;
+
+protected:
+    void dropData() override { log << "drop"; }
+
+    void showData() override { log << (dataSet() != nullptr ? "data" : "nothing"); }
+
+    void showTime() override { log << QString::number(time()); }
+};
+
+} // namespace
+
+class TestDataWindow : public QObject
+{
+    Q_OBJECT
+
+private slots:
+
+    void initTestCase() { initKoltResources(); }
+
+    void init();
+
+    void cleanup() { m_window.reset(); }
+
+    void hiddenPagesWorkWhenShown();
+    void timeReachesThePages_data();
+    void timeReachesThePages();
+    void displaysFollowTheTime();
+    void controlsMoveTheTime();
+    void speedControlsStayInStep();
+    void replayRunsPausesAndRewinds();
+    void momentsBeyondADay();
+    void tabsAndTexts();
+    void mapLayouts();
+    void emuDisplayHidesControls();
+
+private:
+    template <typename Widget>
+    Widget* child(int index = 0) const
+    {
+        return m_window->findChildren<Widget*>().value(index);
+    }
+
+    QSlider* slider() const
+    {
+        return find<QSlider>([](auto* w) { return w->minimum() == 0; });
+    }
+
+    QSlider* speedSlider() const
+    {
+        return find<QSlider>([](auto* w) { return w->minimum() > 0; });
+    }
+
+    QToolButton* layoutButton(const QString& tip) const
+    {
+        return find<QToolButton>([&](auto* w) { return w->toolTip() == tip; });
+    }
+
+    template <typename Widget, typename Predicate>
+    Widget* find(Predicate&& isWanted) const
+    {
+        const QList<Widget*> all = m_window->findChildren<Widget*>();
+        const auto found = std::ranges::find_if(all, isWanted);
+        return found == all.end() ? nullptr : *found;
+    }
+
+    static QList<Page> allPages()
+    {
+        QList<Page> pages;
+        for (int page = 0; page < static_cast<int>(DialogData::pageCount); ++page)
+            pages << static_cast<Page>(page);
+        return pages;
+    }
+
+    Profile m_profile;
+    DataSet m_dataSet;
+    double m_clock = 0.0;
+    std::unique_ptr<DialogData> m_window;
+};
+
+void TestDataWindow::init()
+{
+    m_clock = 1000.0;
+    m_dataSet.startSeconds = 100.0;
+    m_dataSet.stopSeconds = 300.0;
+    m_dataSet.dateTime = QDateTime(QDate(2026, 7, 28), QTime(14, 0), Qt::UTC);
+    m_window.reset(createDataWindow(m_profile, DialogData::Display::Full, nullptr, [this] {
+                       return m_clock;
+                   }).window);
+    m_window->setData(m_dataSet);
+}
+
+void TestDataWindow::hiddenPagesWorkWhenShown()
+{
+    CountingPage page;
+    const auto log = [&] { return std::exchange(page.log, {}).join(' '); };
+    page.setData(&m_dataSet);
+    page.setTime(1.0);
+    page.setTime(2.0);
+    QCOMPARE(log(), "drop");
+    page.setShown(true);
+    QCOMPARE(log(), "data 2");
+    page.setTime(3.0);
+    page.refresh();
+    QCOMPARE(log(), "3 data 3");
+    page.setShown(false);
+    page.setTime(4.0);
+    page.clear();
+    QCOMPARE(log(), "drop"); // at once: the data set goes
+    QCOMPARE(page.dataSet(), nullptr);
+    page.setShown(true);
+    QCOMPARE(log(), "nothing 4");
+}
+
+void TestDataWindow::timeReachesThePages_data()
+{
+    const Rows<QList<Page>> row; // that are not told
+    row("slotCursor", {Page::Graph, Page::Statistic});
+    row("slotTableTime", {Page::Table, Page::Statistic});
+    row("slotLimitTime", {Page::Limit, Page::Statistic});
+    row("slotWarningTime", {Page::WarningLamps, Page::Statistic, Page::Map});
+    row("slotFaultTime", {Page::FaultMatrix, Page::Statistic});
+    row("slotSlider", {});
+    row("slotValue", {});
+}
+
+void TestDataWindow::timeReachesThePages()
+{
+    const auto [others] = fetchRow<QList<Page>>();
+    const QByteArray slot = QTest::currentDataTag();
+    const auto call = [&](auto... arguments) {
+        return QMetaObject::invokeMethod(m_window.get(), slot, arguments...);
+    };
+    QVERIFY(slot == "slotCursor"   ? call(Q_ARG(float, 200.0F), Q_ARG(double, 7.0))
+            : slot == "slotSlider" ? call(Q_ARG(int, 5000))
+            : slot == "slotValue"  ? call(Q_ARG(QTime, QTime(0, 3, 20)))
+                                   : call(Q_ARG(double, 200.0)));
+    QCOMPARE(m_window->time(), 200.0);
+    for (const Page page : allPages())
+        QCOMPARE(m_window->page(page).time(), others.contains(page) ? 100.0 : 200.0);
+}
+
+void TestDataWindow::displaysFollowTheTime()
+{
+    m_window->setTime(3661.25);
+    QCOMPARE(slider()->value(), 10'000);
+    QCOMPARE(child<QTimeEdit>()->time(), QTime(1, 1, 1, 250));
+    m_window->setTime(150.0);
+    QCOMPARE(slider()->value(), 2500);
+    QCOMPARE(m_window->time(), 150.0); // the window's own writing does not come back
+    QCOMPARE(child<QLCDNumber>(0)->digitCount(), 19);
+    QCOMPARE(child<QLCDNumber>(1)->digitCount(), 12);
+    m_window->clear();
+    QVERIFY(!labelled(*m_window, "Replay Start")->isEnabled());
+    for (const Page page : allPages()) {
+        QCOMPARE(m_window->page(page).dataSet(), nullptr);
+        QCOMPARE(m_window->page(page).time(), 0.0);
+    }
+}
+
+void TestDataWindow::controlsMoveTheTime()
+{
+    m_window->show();
+    QVERIFY(QTest::qWaitForWindowExposed(m_window.get()));
+    slider()->setValue(1234);
+    QCOMPARE(m_window->time(), 100.0 + 200.0 / 10'000 * 1234);
+    QCOMPARE(child<QTimeEdit>()->time(), QTime(0, 2, 4, 680));
+    QTimeEdit* const edit = child<QTimeEdit>();
+    edit->setFocus();
+    edit->setSelectedSection(QTimeEdit::SecondSection);
+    QTest::keyClick(edit, Qt::Key_Up);
+    QCOMPARE(m_window->time(), 125.0); // whole seconds on this way
+    QCOMPARE(slider()->value(), 1250);
+}
+
+void TestDataWindow::speedControlsStayInStep()
+{
+    auto* const box = child<QDoubleSpinBox>();
+    box->setValue(2.5);
+    QCOMPARE(speedSlider()->value(), 250);
+    speedSlider()->setValue(1234);
+    QCOMPARE(box->value(), 12.34);
+    QCOMPARE(box->text(), "Speed 12.34");
+    speedSlider()->setValue(10'000);
+    QCOMPARE(box->value(), 100.0);
+    m_window->show();
+    box->setFocus();
+    box->selectAll();
+    QTest::keyClicks(box, "2.5"); // typed, as the window must not rewrite it meanwhile
+    QTest::keyClick(box, Qt::Key_Return);
+    QCOMPARE(box->value(), 2.5);
+    QCOMPARE(speedSlider()->value(), 250);
+}
+
+void TestDataWindow::replayRunsPausesAndRewinds()
+{
+    m_window->show();
+    auto* const start = labelled(*m_window, "Replay Start");
+    auto* const stop = labelled(*m_window, "Replay Stop");
+    QVERIFY(!stop->isEnabled());
+    child<QDoubleSpinBox>()->setValue(10.0);
+    QTest::mouseClick(start, Qt::LeftButton);
+    QCOMPARE(start->text(), "Replay Pause");
+    QVERIFY(stop->isEnabled());
+    m_clock += 5.0;
+    QTRY_COMPARE(m_window->page(Page::Map).time(), 150.0);
+    QTest::mouseClick(start, Qt::LeftButton);
+    QCOMPARE(start->text(), "Replay Run");
+    m_clock += 5.0; // a pause does not count
+    QTest::mouseClick(start, Qt::LeftButton);
+    m_clock += 1.0;
+    QTRY_COMPARE(m_window->time(), 160.0);
+    m_clock += 14.5;
+    QTRY_COMPARE(start->text(), "Replay Start"); // beyond the end
+    QCOMPARE(m_window->page(Page::Table).time(), 100.0);
+    QVERIFY(!stop->isEnabled());
+
+    QTest::mouseClick(start, Qt::LeftButton);
+    m_clock += 1.0;
+    QTRY_COMPARE(m_window->time(), 110.0);
+    QTest::mouseClick(stop, Qt::LeftButton);
+    QCOMPARE(m_window->time(), 100.0);
+    QCOMPARE(start->text(), "Replay Start");
+}
+
+void TestDataWindow::momentsBeyondADay()
+{
+    m_dataSet.stopSeconds = m_dataSet.startSeconds; // no extent at all
+    m_window->setData(m_dataSet);
+    slider()->setValue(7000);
+    QCOMPARE(m_window->time(), 100.0);
+    m_dataSet.startSeconds = 30 * 3600.0;
+    m_dataSet.stopSeconds = 31 * 3600.0;
+    m_window->setData(m_dataSet);
+    child<QTimeEdit>()->setTime(QTime(6, 30));
+    QCOMPARE(m_window->time(), 30.5 * 3600.0);
+    QCOMPARE(dateTimeText(m_dataSet.dateTime, m_window->time()), "29.07.2026 20:30:00");
+}
+
+void TestDataWindow::tabsAndTexts()
+{
+    auto* const tabs = child<QTabBar>();
+    QStringList texts;
+    for (int i = 0; i < tabs->count(); ++i)
+        texts << tabs->tabText(i);
+    QCOMPARE(texts.join(", "), "Data, Graph, Fault Matrix, Limit/Warning, Warning Lamps, "
+                               "Tow Statistic, EMU View");
+    QVERIFY(layoutButton("Tile Map Display Horizontally")->isChecked());
+    QCOMPARE(dateTimeText(m_dataSet.dateTime, 61.9996), "28.07.2026 14:01:02"); // rounded
+    QCOMPARE(dateTimeText({}, 61.0), "--.--.---- --:--:--");
+    QCOMPARE(dateTimeText(m_dataSet.dateTime, 1e300), "--.--.---- --:--:--");
+    QCOMPARE(counterText(3661.25), "01:01:01.250");
+    QCOMPARE(counterText(-1.0), "23:59:59.000");
+}
+
+void TestDataWindow::mapLayouts()
+{
+    m_window->resize(900, 700);
+    m_window->show();
+    QVERIFY(QTest::qWaitForWindowExposed(m_window.get()));
+    auto* const splitter = child<QSplitter>();
+    const auto choose = [&](const QString& tip) {
+        QTest::mouseClick(layoutButton(tip), Qt::LeftButton);
+    };
+    choose("Hide Map Display");
+    QCOMPARE(splitter->sizes().at(1), 0);
+    choose("Tile Map Display Vertically");
+    QCOMPARE(splitter->orientation(), Qt::Vertical);
+    const QList<int> halves = splitter->sizes();
+    QVERIFY2(std::abs(halves[0] - halves[1]) <= 1, qPrintable(QString::number(halves[0])));
+    splitter->setSizes({halves[0] + 50, halves[1] - 50});
+    const QList<int> sizes = splitter->sizes();
+    choose("Tile Map Display Vertically");
+    QCOMPARE(splitter->sizes(), sizes);
+    choose("Tile Map Display Horizontally");
+    QCOMPARE(splitter->orientation(), Qt::Horizontal);
+}
+
+void TestDataWindow::emuDisplayHidesControls()
+{
+    m_window.reset(createDataWindow(m_profile, DialogData::Display::EmuOnly).window);
+    QVERIFY(!child<QLCDNumber>(0)->isHidden());
+    QVERIFY(child<QLCDNumber>(1)->isHidden());
+    QVERIFY(slider()->isHidden());
+    QVERIFY(child<QTimeEdit>()->isHidden());
+    QVERIFY(!labelled(*m_window, "Replay Start")->isHidden());
+}
+
+QTEST_MAIN(TestDataWindow)
+#include "tst_datawindow.moc"

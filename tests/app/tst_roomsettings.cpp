@@ -1,0 +1,111 @@
+#include "app/settings/DataPaths.h"
+#include "app/settings/ExportSettingsStore.h"
+#include "app/settings/GraphSettingsStore.h"
+#include "app/settings/MapSettingsStore.h"
+#include "app/settings/SettingsStore.h"
+#include "tests/support/TestFiles.h"
+
+#include <QTest>
+
+using namespace KOLT;
+using namespace KOLT::Test;
+
+/// The rooms' settings through the settings file.
+class TestRoomSettings : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void graph();
+    void graphNumbersThatCannotBe();
+    void map();
+    void lists();
+
+private:
+    /// Saves the store and reads the file into another.
+    void saveAndLoad(SettingsStore& from, SettingsStore& to)
+    {
+        const DiagnosticsCapture output;
+        from.setFileName(QFile::encodeName(m_home.filePath("KOLT.ini")));
+        to.setFileName(from.fileName());
+        QVERIFY(from.save());
+        QVERIFY(to.load());
+    }
+
+    QTemporaryDir m_home;
+};
+
+void TestRoomSettings::graph()
+{
+    GraphSettings settings;
+    settings.timeSpan = 12.5;
+    settings.cursorMode = CursorMode{2};
+    settings.yMinimum = -1234567.125;
+    settings.yMaximum = 0.1;
+    settings.background = QColor(0x10, 0x20, 0x30);
+    settings.isSplit = !settings.isSplit;
+    settings.hasLegend = !settings.hasLegend;
+    settings.isAutomatic = !settings.isAutomatic;
+    SettingsStore stored;
+    storeGraphSettings(settings, stored);
+    SettingsStore file;
+    saveAndLoad(stored, file);
+    const GraphSettings loaded = loadGraphSettings(file);
+    QCOMPARE(loaded.timeSpan, 12.5);
+    QCOMPARE(int(loaded.cursorMode), 2);
+    QCOMPARE(loaded.yMinimum, -1234567.125);
+    QCOMPARE(loaded.yMaximum, 0.1);
+    QCOMPARE(loaded.background, QColor(0x10, 0x20, 0x30));
+    QCOMPARE(loaded.isSplit, settings.isSplit);
+    QCOMPARE(loaded.hasLegend, settings.hasLegend);
+    // Nothing in sight would bring the automatic mode back.
+    QCOMPARE(loaded.isAutomatic, GraphSettings().isAutomatic);
+}
+
+void TestRoomSettings::graphNumbersThatCannotBe()
+{
+    SettingsStore store;
+    for (const char* key : {"GraphTimeSpan", "GraphYMinimum", "GraphYMaximum"})
+        store.setText(key, "nan");
+    store.setText("GraphCursorMode", "77");
+    const GraphSettings loaded = loadGraphSettings(store);
+    QCOMPARE(loaded.timeSpan, GraphSettings().timeSpan);
+    QCOMPARE(loaded.yMinimum, 0.0);
+    QCOMPARE(loaded.yMaximum, 0.0);
+    QCOMPARE(int(loaded.cursorMode), 2);
+}
+
+void TestRoomSettings::map()
+{
+    qputenv("XDG_DATA_HOME", QFile::encodeName(m_home.path()));
+    const DiagnosticsCapture output;
+    SettingsStore store;
+    store.setText("TileServer", "http://127.0.0.1/");
+    store.setText("MapShadingFactor", "5");
+    MapSettings loaded = loadMapSettings(store);
+    QCOMPARE(loaded.tileServer, "http://127.0.0.1/");
+    QCOMPARE(loaded.shadingFactor, 5.0);
+    QCOMPARE(loaded.shadingContrast, 1.0);
+    QVERIFY(loaded.tileDirectory.startsWith(m_home.path()));
+    QVERIFY2(loaded.userAgent.startsWith("KOLT/2."), loaded.userAgent.constData());
+    QVERIFY(loaded.isNetworkEnabled);
+    qputenv("KOLT_OFFLINE", "1");
+    QVERIFY(!loadMapSettings(store).isNetworkEnabled);
+}
+
+void TestRoomSettings::lists()
+{
+    SettingsStore stored;
+    CsvOptions options;
+    options.separator = '|';
+    storeCsvOptions(options, stored);
+    storeExportFolder("/somewhere", "Csv", stored);
+    SettingsStore file;
+    saveAndLoad(stored, file);
+    QCOMPARE(loadListSettings(file).separator, QChar('|'));
+    QCOMPARE(loadListSettings(file).folder, "/somewhere");
+    QCOMPARE(loadExportFolder(file, "Kml"), ".");
+}
+
+QTEST_GUILESS_MAIN(TestRoomSettings)
+#include "tst_roomsettings.moc"

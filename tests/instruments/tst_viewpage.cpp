@@ -1,0 +1,362 @@
+#include "instruments/ui/DialogDataView.h"
+#include "libs/zinc/layout/Properties.h"
+#include "libs/zinc/view/ViewReader.h"
+#include "profile/ValueDecoder.h"
+#include "resources/Resources.h"
+#include "tests/support/RecordingFixture.h"
+#include "tests/support/Rows.h"
+
+#include <QImage>
+
+#include <cmath>
+#include <limits>
+
+using namespace KOLT;
+using namespace KOLT::Test;
+
+namespace {
+
+constexpr QSize pageSize(400, 300); // twice the view's size
+constexpr auto panel = R"(<view width="200" height="150" background="#101820">
+<gauge x="75" y="75" radius="60" value="rpm" min="0" max="100" start="-90" sweep="180"
+       color="#ff00ff"/>
+<lamp x="150" y="10" width="40" height="30" value="lamp" background="#202020">
+    <case value="1" background="#ff0000" text=""/></lamp>
+<text x="150" y="120" size="40" weight="bold" color="#00ff00" value="rpm" format="%.0f"/>
+</view>)";
+
+QColor pixel(const QImage& picture, double x, double y)
+{
+    const double ratio = picture.devicePixelRatio();
+    return picture.pixelColor(static_cast<int>(x * ratio), static_cast<int>(y * ratio));
+}
+
+/// How many pixels of an area have that colour.
+int count(const QImage& picture, const QRect& area, const QColor& color)
+{
+    int found = 0;
+    for (int y = area.top(); y <= area.bottom(); ++y) {
+        for (int x = area.left(); x <= area.right(); ++x)
+            found += pixel(picture, x, y) == color ? 1 : 0;
+    }
+    return found;
+}
+
+} // namespace
+
+class TestViewPage : public QObject
+{
+    Q_OBJECT
+
+private slots:
+
+    void initTestCase() { initKoltResources(); }
+
+    void init();
+
+    void cleanup() { m_page.reset(); }
+
+    void fits();
+    void pushesValues();
+    void timerFollowsTheProfile();
+    void hiddenPageWaits();
+    void variantIsANumber();
+
+    void drawsNeedles();
+    void drawsLampsAndDashes();
+    void backgroundFillsThePage();
+    void unchangedFrameRebuildsNothing();
+    void brokenViews_data();
+    void brokenViews();
+
+    void installedPanelFitsTheProfile_data();
+    void installedPanelFitsTheProfile();
+
+private:
+    void makePage(const QByteArray& content);
+
+    void show()
+    {
+        m_page->show();
+        QVERIFY(QTest::qWaitForWindowExposed(m_page.get()));
+    }
+
+    QString valuesOf(const QStringList& names) const
+    {
+        QStringList texts;
+        for (const QString& name : names) {
+            const Zinc2D::Value value = m_page->view().variables().value(name);
+            texts << (value.isSet() ? QString::number(value.number()) : QStringLiteral("-"));
+        }
+        return texts.join(' ');
+    }
+
+    Profile m_profile;
+    std::unique_ptr<DataSet> m_dataSet;
+    std::unique_ptr<DialogDataView> m_page;
+    QStringList m_messages;
+    QTemporaryDir m_directory;
+};
+
+/// "rpm" climbs from 10 at 1 s to 90 at 9 s, "lamp" is 1 from 5 s on.
+void TestViewPage::init()
+{
+    QVERIFY(loadProfile(
+        m_profile,
+        threshold(
+            "t", {"val='-1000' state='OK'", "val='50' state='WARNING'", "val='80' state='LIMIT'"}) +
+            device({"name='rpm' id='1' dataType='FLOAT' thresholdId='t' viewId='EMU'",
+                    "name='lamp' id='2' dataType='FLOAT' viewId='EMU'",
+                    "name='missing' id='3' dataType='FLOAT' thresholdId='t' viewId='EMU'",
+                    "name='text' id='1' dataType='NODATA' viewId='EMU'",
+                    "name='other' id='1' dataType='FLOAT'"})));
+    m_profile.setUnitSystem(UnitSystem::Metric);
+    m_dataSet = std::make_unique<DataSet>();
+    for (int i = 1; i <= 9; ++i) {
+        add(m_dataSet->messages, 1, i, floats(static_cast<float>(i * 10)));
+        add(m_dataSet->messages, 2, i, floats(i >= 5 ? 1.0F : 0.0F));
+    }
+    m_dataSet->startSeconds = 1.0;
+    m_dataSet->stopSeconds = 9.0;
+    makePage(panel);
+}
+
+void TestViewPage::makePage(const QByteArray& content)
+{
+    const QString path = m_directory.filePath("panel.v");
+    QVERIFY(writeFile(path, content));
+    m_messages.clear();
+    m_page = std::make_unique<DialogDataView>(m_profile, path);
+    connect(m_page.get(), &DialogDataView::signalMessage, this,
+            [this](const QString& message) { m_messages << message; });
+    m_page->resize(pageSize);
+    m_page->setShown(true);
+}
+
+void TestViewPage::fits()
+{
+    // As it is, wide, high, larger; and no view.
+    for (const auto& [widget, fit] : {std::pair(QSizeF(200, 150), "1 0 0"),
+                                      {QSizeF(1000, 300), "2 300 0"},
+                                      {QSizeF(100, 400), "0.5 0 162.5"},
+                                      {QSizeF(400, 300), "2 0 0"}}) {
+        const auto found = DialogDataView::fit(widget, QSizeF(200, 150));
+        QCOMPARE(QStringLiteral("%1 %2 %3").arg(found.scale).arg(found.offsetX).arg(found.offsetY),
+                 fit);
+        QCOMPARE(DialogDataView::fit(widget, {}).scale, 1.0);
+    }
+}
+
+void TestViewPage::pushesValues()
+{
+    QCOMPARE(valuesOf({"UNIT", "VARIANT"}), "0 0"); // even without data
+    m_page->setData(m_dataSet.get());
+    m_page->setTime(5.5); // the sample that follows
+    QCOMPARE(valuesOf({"rpm", "rpm_STATE", "lamp", "lamp_STATE"}), "60 1 1 0");
+    m_page->setTime(0.0); // before the first sample
+    QCOMPARE(valuesOf({"rpm", "rpm_STATE"}), "10 0");
+    m_page->setTime(100.0); // behind the last one
+    QCOMPARE(valuesOf({"rpm", "rpm_STATE"}), "90 2");
+    // Never recorded, or not to be decoded: no value, but a state.
+    QCOMPARE(valuesOf({"missing", "missing_STATE", "text", "text_STATE"}), "- 0 - 0");
+    QCOMPARE(valuesOf({"other", "other_STATE"}), "- -"); // is not for the view
+    // What is no number keeps the last value, and is never graded.
+    add(m_dataSet->messages, 1, 10.0, floats(std::numeric_limits<float>::quiet_NaN()));
+    m_page->setTime(9.0);
+    QCOMPARE(valuesOf({"rpm", "rpm_STATE"}), "90 2");
+    m_page->setTime(10.0);
+    QCOMPARE(valuesOf({"rpm", "rpm_STATE"}), "90 0");
+    m_page->clear();
+    QCOMPARE(valuesOf({"rpm", "rpm_STATE", "UNIT"}), "- - 0");
+    m_page->setTime(7.0);
+    QCOMPARE(valuesOf({"rpm"}), "-");
+}
+
+void TestViewPage::timerFollowsTheProfile()
+{
+    show();
+    QCOMPARE(valuesOf({"UNIT"}), "0");
+    m_profile.setUnitSystem(UnitSystem::Imperial); // and nobody tells the page
+    QTRY_COMPARE_WITH_TIMEOUT(valuesOf({"UNIT"}), "1", 3000);
+}
+
+void TestViewPage::hiddenPageWaits()
+{
+    m_page->setShown(false);
+    m_page->setData(m_dataSet.get());
+    m_page->setTime(5.0);
+    QCOMPARE(valuesOf({"rpm"}), "-");
+    m_page->setShown(true);
+    QCOMPARE(valuesOf({"rpm"}), "50");
+}
+
+void TestViewPage::variantIsANumber()
+{
+    for (const auto& [variant, number] :
+         {std::pair("915", 915), {"915T", 0}, {"tow", 0}, {"", 0}}) {
+        Profile profile;
+        QVERIFY(loadProfile(profile, device({}), variant));
+        QCOMPARE(variantNumber(profile), number);
+    }
+}
+
+void TestViewPage::drawsNeedles()
+{
+    m_page->setData(m_dataSet.get());
+    show();
+    // On the way from (150, 150), 80 pixels long.
+    const std::pair<double, QPoint> tips[] = {{1.0, {-76, -25}}, {5.0, {0, -80}}, {9.0, {76, -25}}};
+    for (const auto& [time, tip] : tips) {
+        m_page->setTime(time);
+        const QImage picture = m_page->grabFramebuffer();
+        for (const QPoint place : {tips[0].second, tips[1].second, tips[2].second})
+            QCOMPARE(pixel(picture, 150 + place.x(), 150 + place.y()) == QColor(0xff, 0, 0xff),
+                     place == tip);
+    }
+}
+
+void TestViewPage::drawsLampsAndDashes()
+{
+    const QRect digits(300, 200, 100, 80);
+    const QColor green(0, 0xff, 0);
+    show();
+    QImage picture = m_page->grabFramebuffer();
+    const int dashes = count(picture, digits, green);
+    QVERIFY(dashes > 20);
+    QCOMPARE(count(picture, digits.adjusted(0, 0, 0, -45), green), 0); // low and flat
+    m_page->setData(m_dataSet.get());
+    m_page->setTime(4.0);
+    picture = m_page->grabFramebuffer();
+    QVERIFY(count(picture, digits.adjusted(0, 0, 0, -45), green) > 20); // figures stand higher
+    QCOMPARE(pixel(picture, 320, 30), QColor(0x20, 0x20, 0x20));
+    m_page->setTime(5.0);
+    QCOMPARE(pixel(m_page->grabFramebuffer(), 320, 30), QColor(0xff, 0, 0));
+}
+
+void TestViewPage::backgroundFillsThePage()
+{
+    m_page->resize(800, 300);
+    show();
+    const QImage picture = m_page->grabFramebuffer();
+    for (const QPoint place : {QPoint(1, 1), QPoint(798, 1), QPoint(1, 298), QPoint(500, 150)})
+        QCOMPARE(pixel(picture, place.x(), place.y()), QColor(0x10, 0x18, 0x20));
+}
+
+void TestViewPage::unchangedFrameRebuildsNothing()
+{
+    m_page->setData(m_dataSet.get());
+    m_page->setTime(4.0);
+    show();
+    m_page->grabFramebuffer();
+    const long rebuilt = m_page->view().rebuiltElements();
+    QVERIFY(rebuilt >= 3);
+    m_page->setTime(4.0);
+    m_page->grabFramebuffer();
+    QCOMPARE(m_page->view().rebuiltElements(), rebuilt);
+    m_page->setTime(3.0); // the gauge and the number; the lamp stays
+    m_page->grabFramebuffer();
+    QCOMPARE(m_page->view().rebuiltElements(), rebuilt + 2);
+}
+
+void TestViewPage::brokenViews_data()
+{
+    const Rows<QByteArray, QString, bool> row; // content, message, isBlank
+    row("no view", "<picture/>",
+        "The instrument view cannot be shown: %1:1:2: this is no view: "
+        "the first element is \"picture\"",
+        true);
+    row("broken element", "<view width='20' height='15' background='#101820'>\n<dial/></view>",
+        "The instrument view has 1 fault(s): %1:2:2: there is no element \"dial\"", false);
+}
+
+void TestViewPage::brokenViews()
+{
+    const auto [content, message, isBlank] = fetchRow<QByteArray, QString, bool>();
+    makePage(content);
+    m_page->setData(m_dataSet.get());
+    m_page->setTime(5.0);
+    const DiagnosticsCapture log;
+    show();
+    QTRY_COMPARE(m_messages.size(), 1);
+    const QString path = m_directory.filePath("panel.v");
+    QCOMPARE(m_messages.front(), message.arg(path));
+    QVERIFY(log.text().contains(path + ":"));
+    QCOMPARE(pixel(m_page->grabFramebuffer(), 200, 150),
+             isBlank ? QColor(Qt::white) : QColor(0x10, 0x18, 0x20));
+    m_page->setTime(6.0); // the values are pushed all the same
+    QCOMPARE(valuesOf({"rpm"}), "60");
+    m_page->hide();
+    show();
+    QCoreApplication::processEvents();
+    QCOMPARE(m_messages.size(), 1);
+}
+
+void TestViewPage::installedPanelFitsTheProfile_data()
+{
+    const Rows<QString, int> row; // variant, unit
+    for (const char* variant : {"915", "915T", "850"}) {
+        row(qPrintable(QString(variant) + " metric"), variant, 0);
+        row(qPrintable(QString(variant) + " imperial"), variant, 1);
+    }
+}
+
+/// Every variable of the panel is one that the page pushes, and the colours of its scales are those
+/// of the profile's thresholds.
+void TestViewPage::installedPanelFitsTheProfile()
+{
+    const auto [variant, unitSystem] = fetchRow<QString, int>();
+    Profile profile;
+    QVERIFY(profile.loadProfil(QStringLiteral(KOLT_PROFILE), variant));
+    Zinc2D::VariableTable variables;
+    Zinc2D::ViewReader reader(variables);
+    const auto model = reader.read(QStringLiteral(KOLT_VIEW));
+    QVERIFY(model);
+    QVERIFY2(reader.diagnostics().empty(),
+             qPrintable(reader.diagnostics().empty() ? QString() : reader.diagnostics()[0].text()));
+
+    QHash<QString, const ProfileParameter*> known;
+    for (const ViewParameter& parameter : viewParameters(profile))
+        known.insert(parameter.name, parameter.parameter);
+    for (QString name : variables.names()) {
+        if (name == "VARIANT" || name == "UNIT" || variables.isDefined(name))
+            continue;
+        const bool isOfVariant = name.remove("_STATE") != "Lamp Tow" || variant == "915T";
+        QVERIFY2(known.contains(name) || !isOfVariant, qPrintable(name));
+    }
+
+    variables.set("VARIANT", variantNumber(profile));
+    variables.set("UNIT", unitSystem);
+    variables.takeChanges();
+    const double factor = unitSystem == 1 ? 0.0295299831 : 1.0; // of the manifold pressure
+    int compared = 0;
+    for (const Zinc2D::Element& element : model->elements) {
+        const Zinc2D::PropertyValue* const shown = element.find(Zinc2D::Property::Value);
+        if (shown == nullptr || shown->expressions.empty() || element.parts.empty() ||
+            element.parts[0].type != Zinc2D::ElementType::Range)
+            continue;
+        const auto parameter = std::find_if(known.cbegin(), known.cend(), [&](const auto* known_) {
+            const auto& slots_ = shown->expressions[0].variables();
+            return std::ranges::count(slots_, variables.slot(known_->name)) > 0;
+        });
+        QVERIFY(parameter != known.cend());
+        const double scale = parameter.key() == "Manifold Pressure" ? factor : 1.0;
+        for (const Zinc2D::Element& part : element.parts) {
+            if (part.type != Zinc2D::ElementType::Range)
+                continue;
+            const Zinc2D::Properties range(part, variables);
+            const double from = *range.number(Zinc2D::Property::From) / scale;
+            const double to = *range.number(Zinc2D::Property::To) / scale;
+            if (from >= to)
+                continue; // not in this variant
+            const auto color = range.color(Zinc2D::Property::Color, 0);
+            for (const double inside : {from + (to - from) * 1e-6, to - (to - from) * 1e-6})
+                QVERIFY2(gradeOf(**parameter, inside).color == color,
+                         qPrintable(QStringLiteral("%1 %2").arg(parameter.key()).arg(inside)));
+            ++compared;
+        }
+    }
+    QVERIFY(compared > 20);
+}
+
+QTEST_MAIN(TestViewPage)
+#include "tst_viewpage.moc"

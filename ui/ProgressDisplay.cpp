@@ -1,0 +1,55 @@
+#include "ui/ProgressDisplay.h"
+
+#include <QCoreApplication>
+#include <QProgressBar>
+#include <QStatusBar>
+
+namespace KOLT {
+
+namespace {
+
+constexpr qint64 eventMilliseconds = 30;
+constexpr int barWidth = 160;
+
+} // namespace
+
+ProgressDisplay::ProgressDisplay(QStatusBar& statusBar)
+    : m_statusBar(statusBar)
+    , m_bar(new QProgressBar(&statusBar))
+{
+    m_bar->setFixedWidth(barWidth);
+    m_bar->hide();
+    statusBar.addPermanentWidget(m_bar);
+}
+
+void ProgressDisplay::begin(const QString& text)
+{
+    m_statusBar.showMessage(text);
+    m_bar->setRange(0, 0);
+    m_bar->show();
+    m_sinceEvents.start();
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+}
+
+void ProgressDisplay::tick()
+{
+    if (m_sinceEvents.elapsed() < eventMilliseconds)
+        return;
+    QCoreApplication::processEvents();
+    m_sinceEvents.start();
+}
+
+void ProgressDisplay::setPercent(int percent)
+{
+    m_bar->setRange(0, 100);
+    m_bar->setValue(percent);
+    tick();
+}
+
+void ProgressDisplay::end()
+{
+    m_bar->hide();
+    m_statusBar.clearMessage();
+}
+
+} // namespace KOLT
