@@ -64,7 +64,7 @@ bool openFlight(const KOLT::DialogMain& window)
 {
     if (!waitFor([&] { return !window.card().cycles().empty() && !window.isBusy(); }))
         return false;
-    auto* const tree = window.findChild<QTreeWidget*>("cyclesTree");
+    auto* const tree = window.findChild<QTreeWidget*>(QStringLiteral("cyclesTree"));
     int skipped = 0;
     for (int i = 0; tree != nullptr && i < tree->topLevelItemCount(); ++i) {
         QTreeWidgetItem* const item = tree->topLevelItem(i);
