@@ -1,6 +1,6 @@
 #pragma once
 
-#include "graph/NumberPair.h"
+#include "base/Processor.h"
 
 #include <array>
 #include <cstddef>
@@ -84,7 +84,7 @@ public:
         constexpr std::size_t lineValues = 8;
         const std::size_t first = position / fanOut * fanOut;
         for (std::size_t i = 0; i < fanOut; i += lineValues)
-            __builtin_prefetch(values.data() + first + i);
+            KOLT::prefetch(values.data() + first + i);
     }
 
     /// O(run / sumBlock + sumBlock).

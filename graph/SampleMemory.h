@@ -1,14 +1,12 @@
 #pragma once
 
+#include "base/System.h"
+
 #include <cstdlib>
 #include <memory>
 #include <new>
 #include <utility>
 #include <vector>
-
-#ifdef __linux__
-#include <sys/mman.h>
-#endif
 
 namespace KOLT {
 
@@ -28,26 +26,17 @@ struct SampleAllocator
 
     Value* allocate(std::size_t count)
     {
-        constexpr std::size_t hugePage = std::size_t{2} << 20;
-        const std::size_t bytes = count * sizeof(Value);
-        if (bytes < hugePage)
-            return std::allocator<Value>().allocate(count);
-        const std::size_t rounded = (bytes + hugePage - 1) / hugePage * hugePage;
-        void* const memory = std::aligned_alloc(hugePage, rounded);
-        if (memory == nullptr)
-            throw std::bad_alloc();
-#ifdef __linux__
-        madvise(memory, rounded, MADV_HUGEPAGE); // only advice
-#endif
-        return static_cast<Value*>(memory);
+        return isLarge(count)
+                   ? static_cast<Value*>(System::allocateHugePages(count * sizeof(Value)))
+                   : std::allocator<Value>().allocate(count);
     }
 
     void deallocate(Value* values, std::size_t count)
     {
-        if (count * sizeof(Value) < std::size_t{2} << 20)
-            std::allocator<Value>().deallocate(values, count);
-        else
+        if (isLarge(count))
             std::free(values);
+        else
+            std::allocator<Value>().deallocate(values, count);
     }
 
     /// Growing leaves new values as the memory is.
@@ -67,6 +56,12 @@ struct SampleAllocator
     bool operator==(const SampleAllocator<Other>& /*other*/) const
     {
         return true;
+    }
+
+private:
+    static bool isLarge(std::size_t count)
+    {
+        return count * sizeof(Value) >= System::hugePageBytes;
     }
 };
 

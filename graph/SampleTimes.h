@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/Processor.h"
 #include "graph/SampleMemory.h"
 #include "record/MessageSeries.h"
 
@@ -90,8 +91,8 @@ private:
 
     void prefetch(std::size_t index) const
     {
-        __builtin_prefetch(m_series != nullptr ? static_cast<const void*>(&(*m_series)[index])
-                                               : &m_times[index]);
+        KOLT::prefetch(m_series != nullptr ? static_cast<const void*>(&(*m_series)[index])
+                                           : &m_times[index]);
     }
 
     const MessageSeries* m_series = nullptr;

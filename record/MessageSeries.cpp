@@ -1,17 +1,12 @@
 #include "record/MessageSeries.h"
 
+#include "base/System.h"
 #include "record/TimeSlots.h"
-
-#include <QtGlobal>
 
 #include <algorithm>
 #include <cstring>
 #include <new>
 #include <type_traits>
-
-#ifdef Q_OS_LINUX
-#include <sys/mman.h>
-#endif
 
 namespace KOLT {
 
@@ -19,18 +14,11 @@ static_assert(std::is_trivially_copyable_v<StoredSample>);
 
 MessageSeries::Chunk MessageSeries::allocate(std::size_t samples)
 {
-    constexpr std::size_t chunkBytes = chunkSamples * sizeof(StoredSample);
-    const bool isWhole = samples == chunkSamples;
+    const std::size_t bytes = samples * sizeof(StoredSample); // NOLINT(bugprone-sizeof-expression)
     Chunk chunk(static_cast<StoredSample*>(
-        isWhole
-            ? std::aligned_alloc(chunkBytes, chunkBytes)
-            : std::malloc(samples * sizeof(StoredSample)))); // NOLINT(bugprone-sizeof-expression)
+        samples == chunkSamples ? System::allocateHugePages(bytes) : std::malloc(bytes)));
     if (!chunk)
         throw std::bad_alloc();
-#ifdef Q_OS_LINUX
-    if (isWhole)
-        madvise(chunk.get(), chunkBytes, MADV_HUGEPAGE);
-#endif
     return chunk;
 }
 

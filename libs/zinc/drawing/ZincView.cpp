@@ -31,8 +31,8 @@ PixelMap pixelMap(const QMatrix4x4& matrix, double height, const QSize& pixels)
     };
     PixelMap map;
     map.offset = inPixels(0.0, height);
-    constexpr double far = 1000.0; // for the precision of the matrix
-    map.scale = (inPixels(far, height).x() - map.offset.x()) / far;
+    constexpr double length = 1000.0; // much, for the precision of the matrix
+    map.scale = (inPixels(length, height).x() - map.offset.x()) / length;
     return map;
 }
 

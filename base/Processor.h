@@ -1,12 +1,26 @@
 #pragma once
 
+/// What compilers offer beyond the language for the processors that they know. Everything else is
+/// written without: other compilers have the plain way here.
+
 #ifdef __SSE2__
 #include <emmintrin.h>
 #else
 #include <array>
+#include <cstddef>
 #endif
 
 namespace KOLT {
+
+/// Asks for memory that will be read some time later. Any address will do.
+inline void prefetch(const void* address)
+{
+#if defined(__GNUC__)
+    __builtin_prefetch(address);
+#else
+    static_cast<void>(address);
+#endif
+}
 
 #ifdef __SSE2__
 
