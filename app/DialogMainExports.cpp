@@ -49,7 +49,7 @@ void DialogMain::startExport(Command command)
         command == Command::ExportCsv
             ? QStringLiteral("ExportKolt.csv")
             : exportFileName(m_subject, dataSet, QString::fromLatin1(format).toLower()),
-        m_card.folder(), loadExportFolder(settings, format)};
+        loadExportFolder(settings, format)};
     std::unique_ptr<DialogExport> dialog;
     std::function<void()> storeOptions;
     switch (command) {

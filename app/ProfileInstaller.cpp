@@ -2,11 +2,11 @@
 
 #include "app/settings/DataPaths.h"
 #include "base/Diagnostics.h"
+#include "base/SafeFile.h"
 #include "profile/Profile.h"
 
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 
 namespace KOLT::ProfileInstaller {
 
@@ -27,17 +27,6 @@ bool isProfile(const QString& path)
     return profile.loadProfil(path, {}) && !profile.parameters().empty();
 }
 
-bool replaceByCopy(const QString& source, const QString& target)
-{
-    QFile from(source);
-    QSaveFile to(target);
-    if (!from.open(QIODevice::ReadOnly) || !to.open(QIODevice::WriteOnly))
-        return false;
-    const QByteArray content = from.readAll();
-    return from.error() == QFileDevice::NoError && to.write(content) == content.size() &&
-           to.commit();
-}
-
 } // namespace
 
 QString installedPath()
@@ -52,8 +41,8 @@ Result install(const QString& path)
         return Result::NotAProfile;
     if (QFileInfo(path).canonicalFilePath() == QFileInfo(target).canonicalFilePath())
         return Result::InUse;
-    const bool isSaved = !QFile::exists(target) || QFile::copy(target, freeBackupName(target));
-    const bool isInstalled = isSaved && replaceByCopy(path, target);
+    const bool isSaved = !QFile::exists(target) || copyFile(target, freeBackupName(target));
+    const bool isInstalled = isSaved && copyFile(path, target);
     Diagnostics::print("ProfileInstaller::install <%s> %d\n", qUtf8Printable(path),
                        isInstalled ? 1 : 0);
     return isInstalled ? Result::Installed : Result::NotWritten;

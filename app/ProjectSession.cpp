@@ -4,7 +4,9 @@
 #include "app/project/Project.h"
 #include "app/settings/DataPaths.h"
 #include "app/settings/SettingsStore.h"
+#include "base/SafeFile.h"
 #include "ui/Messages.h"
+#include "ui/SaveDialog.h"
 
 #include <QFile>
 #include <QFileDialog>
@@ -64,10 +66,8 @@ void ProjectSession::readLast()
 void ProjectSession::replaceUnreadable(const QString& path)
 {
     selectDefaultParameters(m_profile);
-    QString aside = path + QStringLiteral(".broken");
-    for (int i = 2; QFile::exists(aside); ++i)
-        aside = QStringLiteral("%1.broken.%2").arg(path).arg(i);
-    if (QFile::rename(path, aside))
+    const QString aside = moveAside(path);
+    if (!aside.isEmpty())
         Messages::warn(&m_window, tr("The project file\n%1\ncannot be read. It is kept as\n%2\nand "
                                      "some usual parameters are selected in its place.")
                                       .arg(path, aside));
@@ -131,12 +131,12 @@ bool ProjectSession::save()
 
 bool ProjectSession::saveAs()
 {
-    QString path = QFileDialog::getSaveFileName(&m_window, tr("Save KOLT Project"), lastPath(),
-                                                tr("Project Files (*.xml)"));
+    QString path = askForSavePath(&m_window, tr("Save KOLT Project"), lastPath(),
+                                  tr("Project Files (*.xml)"), QStringLiteral("xml"));
     if (path.isEmpty())
         return false;
     if (!path.section(QLatin1Char('/'), -1).contains(QLatin1Char('.')))
-        path += QStringLiteral(".xml");
+        path += QStringLiteral(".xml"); // where the system's own dialog gave no suffix
     return write(path);
 }
 
@@ -148,7 +148,12 @@ bool ProjectSession::write(const QString& path)
         return false;
     }
     Project::instance().write(path);
-    if (!Project::instance().isWritten()) {
+    const WriteResult& result = Project::instance().lastWrite();
+    if (result.status == WriteResult::Status::Refused) {
+        Messages::warn(&m_window, result.error);
+        return false;
+    }
+    if (!result) {
         Messages::warn(&m_window, tr("The project could not be saved to\n%1\nPlease check that the "
                                      "folder can be written and is not full, or save it elsewhere.")
                                       .arg(path));
@@ -169,11 +174,11 @@ void ProjectSession::saveOnExit()
     bool isSaved = true;
     if (m_isModified && isElsewhere) {
         project.write(m_path);
-        isSaved = project.isWritten();
+        isSaved = bool{project.lastWrite()};
     }
     if (m_isModified || isElsewhere) {
         project.write(defaultPath());
-        isSaved = isSaved && project.isWritten();
+        isSaved = isSaved && bool{project.lastWrite()};
     }
     if (!isSaved)
         Messages::warn(&m_window,

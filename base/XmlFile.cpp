@@ -4,7 +4,6 @@
 
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 #include <QXmlStreamReader>
 
 #include <algorithm>
@@ -84,15 +83,12 @@ XmlStatus readXmlFile(const QString& path, QDomDocument& document)
     return status;
 }
 
-bool writeXmlFile(const QString& path, const QDomDocument& document)
+WriteResult writeXmlFile(const QString& path, const QDomDocument& document)
 {
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(document.toByteArray(4)) < 0 ||
-        !file.commit()) {
+    const WriteResult result = replaceFile(path, document.toByteArray(4));
+    if (!result)
         Diagnostics::print("could not open file for writing !<%s>\n", qUtf8Printable(path));
-        return false;
-    }
-    return true;
+    return result;
 }
 
 QString xmlText(const QByteArray& bytes)

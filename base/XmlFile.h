@@ -1,5 +1,7 @@
 #pragma once
 
+#include "base/SafeFile.h"
+
 #include <QByteArray>
 #include <QDomDocument>
 #include <QString>
@@ -26,8 +28,8 @@ constexpr int maxXmlAttributes = 2'000; ///< of one element
 XmlStatus readXmlFile(const QString& path, QDomDocument& document);
 
 /// Writes the document as UTF-8 with an indentation of 4. The file is replaced as a whole or not at
-/// all. On failure prints "could not open file for writing !<path>" and returns false.
-bool writeXmlFile(const QString& path, const QDomDocument& document);
+/// all. On failure prints "could not open file for writing !<path>".
+WriteResult writeXmlFile(const QString& path, const QDomDocument& document);
 
 /// Text for an attribute: UTF-8 decoded, characters that no XML file may hold replaced by U+FFFD.
 /// Without this one odd file name would make the whole file unreadable.

@@ -1,6 +1,7 @@
 #include "cli/Export.h"
 
 #include "base/Diagnostics.h"
+#include "base/WriteGuard.h"
 #include "cli/Arguments.h"
 #include "cli/Recording.h"
 #include "export/CsvWriter.h"
@@ -75,8 +76,8 @@ private:
 
 QString Exporter::prepare()
 {
-    if (isWithin(m_arguments.folder, m_arguments.output))
-        return QStringLiteral("nothing is written below the recordings: choose another --output");
+    if (QString objection = writeObjection(m_arguments.output); !objection.isEmpty())
+        return objection.replace(QLatin1Char('\n'), QLatin1Char(' '));
     Profile& profile = m_recording.profile();
     for (const QString& name : m_arguments.selection) {
         if (profile.parameterByFullName(name) == nullptr)

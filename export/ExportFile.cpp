@@ -1,59 +1,24 @@
 #include "export/ExportFile.h"
 
-#include <QCoreApplication>
-#include <QDir>
-#include <QFileInfo>
-#include <QSaveFile>
+#include "base/SafeFile.h"
+
+#include <QFileDevice>
 
 namespace KOLT {
-
-namespace {
-
-struct Text
-{
-    Q_DECLARE_TR_FUNCTIONS(KOLT::Export)
-};
-
-/// The canonical path of the closest folder above `path` that is there, or of `path` itself.
-QString existingPart(const QString& path)
-{
-    QFileInfo info(path);
-    while (!info.exists() && !info.isRoot()) {
-        const QFileInfo above(info.absolutePath());
-        if (above.filePath() == info.filePath())
-            break;
-        info = above;
-    }
-    return info.canonicalFilePath();
-}
-
-/// What the system says. Where it took only a part of what was written, that is often nothing.
-QString errorOf(const QSaveFile& file)
-{
-    const QString unknown = QSaveFile().errorString();
-    return file.error() == QFileDevice::NoError || file.errorString() == unknown
-               ? Text::tr("Not everything could be written. The disk may be full.")
-               : file.errorString();
-}
-
-} // namespace
 
 ExportOutcome exportToFile(const QString& path,
                            const std::function<ExportStatus(QIODevice&)>& write)
 {
-    // A pipe or a device would be replaced by a file, not written to.
-    const QFileInfo target(path);
-    if (target.exists() && !target.isFile())
-        return {ExportStatus::Failed, Text::tr("This is no regular file.")};
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly))
-        return {ExportStatus::Failed, file.errorString()};
-    const ExportStatus status = write(file);
-    if (status == ExportStatus::Done && file.commit())
-        return {status, {}};
+    ExportStatus status = ExportStatus::Failed;
+    const WriteResult result = replaceFile(path, [&](QIODevice& device) {
+        status = write(device);
+        return status == ExportStatus::Done;
+    });
+    if (result)
+        return {ExportStatus::Done, {}};
     if (status == ExportStatus::Cancelled)
         return {status, {}};
-    return {ExportStatus::Failed, errorOf(file)};
+    return {ExportStatus::Failed, result.error};
 }
 
 ExportStatus finishExport(QIODevice& device, bool isWritten)
@@ -61,17 +26,6 @@ ExportStatus finishExport(QIODevice& device, bool isWritten)
     auto* const file = qobject_cast<QFileDevice*>(&device);
     const bool isOut = isWritten && (file == nullptr || file->flush());
     return isOut ? ExportStatus::Done : ExportStatus::Failed;
-}
-
-bool isWithin(const QString& folder, const QString& path)
-{
-    const QString canonical = QFileInfo(folder).canonicalFilePath();
-    const QString target = existingPart(QFileInfo(path).absoluteFilePath());
-    if (canonical.isEmpty() || target.isEmpty())
-        return false;
-    return target == canonical ||
-           target.startsWith(canonical.endsWith(QLatin1Char('/')) ? canonical
-                                                                  : canonical + QLatin1Char('/'));
 }
 
 } // namespace KOLT

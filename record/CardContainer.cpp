@@ -1,6 +1,7 @@
 #include "record/CardContainer.h"
 
 #include "base/Diagnostics.h"
+#include "base/WriteGuard.h"
 #include "record/FlightFinder.h"
 #include "record/TimeSlots.h"
 
@@ -9,21 +10,12 @@
 #include <QFileInfo>
 
 #include <algorithm>
-#include <array>
 #include <filesystem>
 #include <system_error>
 
 namespace KOLT {
 
 namespace {
-
-bool isRecordName(const QString& name)
-{
-    const QStringView suffix = QStringView(name).mid(name.lastIndexOf(QLatin1Char('.')) + 1);
-    return suffix.size() < name.size() &&
-           (suffix == QLatin1String("CAN") || suffix == QLatin1String("can") ||
-            suffix == QLatin1String("xcb"));
-}
 
 QString fileNameOf(const QString& path)
 {
@@ -40,7 +32,7 @@ void reportOddEntries(const QString& folder, const std::map<QString, RecordFile>
          !error && it != std::filesystem::directory_iterator(); it.increment(error)) {
         const std::string bytes = it->path().filename().string();
         const QString name = QFile::decodeName(bytes.c_str());
-        if (isRecordName(name) && !name.startsWith(QLatin1Char('.')) && !files.contains(name))
+        if (isRecordFileName(name) && !name.startsWith(QLatin1Char('.')) && !files.contains(name))
             Diagnostics::print("CardContainer::readContainer: %s is not a plain file, or its name "
                                "is not UTF-8\n",
                                bytes.c_str());
@@ -67,6 +59,7 @@ bool CardContainer::readContainer(const QString& folder, const Progress& progres
     if (folder.isEmpty() || !directory.exists())
         return false;
     m_folder = folder;
+    m_protection = protectFolder(folder);
     m_files.clear();
     m_flights.clear();
     if (!directory.isReadable())
@@ -79,7 +72,7 @@ bool CardContainer::readContainer(const QString& folder, const Progress& progres
     for (const QFileInfo& entry : entries) {
         const QString name = entry.fileName();
         // Links to pipes and devices count as files in the listing; opening one may never return.
-        if (isRecordName(name) && entry.isFile())
+        if (isRecordFileName(name) && entry.isFile())
             m_files[name].readRecordInfo(QStringLiteral("%1/%2").arg(folder, name));
         // Whole-number division: the bar stays at 0 until all is read.
         if (progress)

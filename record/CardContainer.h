@@ -19,8 +19,8 @@ class Profile;
 /// A folder of record files: the unit's memory card or a copy of it.
 ///
 /// Lists the files with their headers and cycles, and loads a choice of them as the one current
-/// data set. Nothing is ever written below the folder. Flights need the profile's roles, so the
-/// profile must be loaded first; it has to outlive the container.
+/// data set. As long as it lives, nothing is written below the folder. Flights need the profile's
+/// roles, so the profile must be loaded first; it has to outlive the container.
 class CardContainer
 {
 public:
@@ -69,6 +69,7 @@ private:
 
     const Profile& m_profile;
     QString m_folder;
+    std::shared_ptr<const void> m_protection;     ///< nothing is written below the folder
     std::map<QString, RecordFile> m_files;        ///< by file name
     std::map<int, Cycle> m_cycles;                ///< by number
     std::map<int, std::vector<Flight>> m_flights; ///< by cycle number

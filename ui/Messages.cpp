@@ -1,8 +1,9 @@
 #include "ui/Messages.h"
 
+#include "base/SafeFile.h"
+
 #include <QCoreApplication>
 #include <QMessageBox>
-#include <QSaveFile>
 
 namespace KOLT::Messages {
 
@@ -29,14 +30,18 @@ void inform(QWidget* parent, const QString& text)
 
 bool saveFile(QWidget* parent, const QString& path, const QByteArray& content)
 {
-    QSaveFile file(path);
-    if (file.open(QIODevice::WriteOnly) && file.write(content) == content.size() && file.commit())
+    const WriteResult result = replaceFile(path, content);
+    if (result)
         return true;
+    if (result.status == WriteResult::Status::Refused) {
+        warn(parent, result.error);
+        return false;
+    }
     warn(parent, translated(QT_TRANSLATE_NOOP(
                                 "KOLT::Messages",
                                 "The file could not be written:\n%1\n%2\nPlease check that the "
                                 "folder can be written and is not full, or save it elsewhere."))
-                     .arg(path, file.errorString()));
+                     .arg(path, result.error));
     return false;
 }
 

@@ -6,11 +6,11 @@
 #include "record/ClockTime.h"
 #include "ui/ContentOrNote.h"
 #include "ui/Messages.h"
+#include "ui/SaveDialog.h"
 
 #include <QAction>
 #include <QApplication>
 #include <QClipboard>
-#include <QFileDialog>
 #include <QHeaderView>
 #include <QHelpEvent>
 #include <QKeyEvent>
@@ -268,9 +268,9 @@ void DialogEventList::copy()
 
 void DialogEventList::save()
 {
-    const QString path = QFileDialog::getSaveFileName(
-        this, tr("Save list as CSV"), m_settings.folder + QStringLiteral("/Exceedances.csv"),
-        tr("CSV Files (*.csv)"));
+    const QString path = askForSavePath(this, tr("Save list as CSV"),
+                                        m_settings.folder + QStringLiteral("/Exceedances.csv"),
+                                        tr("CSV Files (*.csv)"), QStringLiteral("csv"));
     if (path.isEmpty() || dataSet() == nullptr)
         return;
     const QChar separator = m_settings.separator;

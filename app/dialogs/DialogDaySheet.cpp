@@ -4,13 +4,13 @@
 #include "app/settings/SettingsStore.h"
 #include "record/CardContainer.h"
 #include "ui/Messages.h"
+#include "ui/SaveDialog.h"
 
 #include <QBuffer>
 #include <QComboBox>
 #include <QCoreApplication>
 #include <QDir>
 #include <QElapsedTimer>
-#include <QFileDialog>
 #include <QHeaderView>
 #include <QLabel>
 #include <QPageLayout>
@@ -237,8 +237,9 @@ void DialogDaySheet::print()
 
 void DialogDaySheet::savePdf()
 {
-    const QString path = QFileDialog::getSaveFileName(
-        this, tr("Save as PDF"), proposedName(QStringLiteral("pdf")), tr("PDF Files (*.pdf)"));
+    const auto suffix = QStringLiteral("pdf");
+    const QString path = askForSavePath(this, tr("Save as PDF"), proposedName(suffix),
+                                        tr("PDF Files (*.pdf)"), suffix);
     if (path.isEmpty())
         return;
     QByteArray content;
@@ -258,8 +259,9 @@ void DialogDaySheet::savePdf()
 
 void DialogDaySheet::saveCsv()
 {
-    const QString path = QFileDialog::getSaveFileName(
-        this, tr("Save as CSV"), proposedName(QStringLiteral("csv")), tr("CSV Files (*.csv)"));
+    const auto suffix = QStringLiteral("csv");
+    const QString path = askForSavePath(this, tr("Save as CSV"), proposedName(suffix),
+                                        tr("CSV Files (*.csv)"), suffix);
     if (path.isEmpty())
         return;
     const QChar separator(SettingsStore::instance().getInteger("CsvLimiter", ';'));

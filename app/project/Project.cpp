@@ -80,7 +80,7 @@ bool Project::write(const QString& path)
         element.setAttribute(QStringLiteral("id"), xmlText(id));
         element.setAttribute(QStringLiteral("value"), xmlText(value));
     }
-    m_written = writeXmlFile(path, document);
+    m_lastWrite = writeXmlFile(path, document);
     return true;
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "base/SafeFile.h"
+
 #include <QByteArray>
 #include <QString>
 
@@ -27,11 +29,11 @@ public:
     /// content is then empty, and the profile's selection is as it was.
     int read(const QString& path);
 
-    /// Always true; a file that cannot be written is logged, and isWritten() tells.
+    /// Always true; a file that cannot be written is logged, and lastWrite() tells.
     bool write(const QString& path);
 
     /// Whether the last write reached the disk.
-    bool isWritten() const { return m_written; }
+    const WriteResult& lastWrite() const { return m_lastWrite; }
 
     /// Empties the content and deselects every parameter.
     void clear();
@@ -43,7 +45,7 @@ private:
     Profile* m_profile = nullptr;
     std::map<QByteArray, int> m_names; ///< a set; the number is always 0
     std::map<QByteArray, QByteArray> m_canProperties;
-    bool m_written = true;
+    WriteResult m_lastWrite;
 };
 
 } // namespace KOLT

@@ -1,6 +1,8 @@
 #include "app/settings/DataPaths.h"
 
 #include "base/Diagnostics.h"
+#include "base/SafeFile.h"
+#include "base/WriteGuard.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -19,7 +21,7 @@ void installDefaultProfile(const QString& directory)
         return;
     const QString source =
         QCoreApplication::applicationDirPath() + QStringLiteral("/../profiles/Profile.xml");
-    const bool copied = QFile::copy(source, target);
+    const bool copied{copyFile(source, target)};
     Diagnostics::print("copy <%s> <%s> %d\n", qUtf8Printable(source), qUtf8Printable(target),
                        copied ? 1 : 0);
 }
@@ -49,6 +51,7 @@ DataPaths::DataPaths()
     const QString dataPath = QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);
     QDir().mkpath(dataPath);
     m_dataPath = QFile::encodeName(dataPath);
+    setOwnFolder(dataPath);
     if (qEnvironmentVariableIsSet("USERPROFILE")) {
         const QByteArray profile = qgetenv("USERPROFILE");
         Diagnostics::print("USERPROFILE: <%s>\n", profile.constData());

@@ -1,6 +1,7 @@
 #include "app/settings/SettingsStore.h"
 
 #include "base/Diagnostics.h"
+#include "base/SafeFile.h"
 #include "base/XmlFile.h"
 
 #include <QDomDocument>
@@ -41,14 +42,11 @@ bool SettingsStore::load()
 bool SettingsStore::moveBrokenFileAside() const
 {
     const QString path = QFile::decodeName(m_fileName);
-    QString target = path + QStringLiteral(".broken");
-    for (int i = 2; QFileInfo::exists(target); ++i)
-        target = path + QStringLiteral(".broken.%1").arg(i);
-    const bool moved = QFile::rename(path, target);
-    Diagnostics::print(moved ? "settings file <%s> could not be used, kept as <%s>\n"
-                             : "settings file <%s> could not be used, nor moved to <%s>\n",
-                       qUtf8Printable(path), qUtf8Printable(target));
-    return moved;
+    const QString aside = moveAside(path);
+    Diagnostics::print(aside.isEmpty() ? "settings file <%s> could not be used, nor moved%s\n"
+                                       : "settings file <%s> could not be used, kept as <%s>\n",
+                       qUtf8Printable(path), qUtf8Printable(aside));
+    return !aside.isEmpty();
 }
 
 bool SettingsStore::save()
@@ -69,7 +67,7 @@ bool SettingsStore::save()
         element.setAttribute(QStringLiteral("value"), xmlText(value));
         root.appendChild(element);
     }
-    return writeXmlFile(QFile::decodeName(m_fileName), document);
+    return bool{writeXmlFile(QFile::decodeName(m_fileName), document)};
 }
 
 const QByteArray* SettingsStore::find(const QByteArray& key) const

@@ -1,12 +1,11 @@
 #include "export/ui/DialogExport.h"
 
 #include "export/ExportFile.h"
-#include "ui/Messages.h"
+#include "ui/SaveDialog.h"
 
 #include <QCloseEvent>
 #include <QCoreApplication>
 #include <QDir>
-#include <QFileDialog>
 #include <QFileInfo>
 #include <QLabel>
 #include <QMessageBox>
@@ -84,27 +83,13 @@ void DialogExport::setWorking(bool isWorking)
 
 void DialogExport::start()
 {
-    const QString path = askForPath();
+    const QString path = askForSavePath(this, m_format.windowTitle,
+                                        QDir(m_source.folder).filePath(m_source.fileName),
+                                        m_format.filter, m_format.suffix);
     if (path.isEmpty())
         return;
-    if (isWithin(m_source.cardFolder, path)) {
-        Messages::warn(this, tr("Nothing is written to the folder of the recordings, so that they "
-                                "stay as they are. Please choose another folder than\n%1")
-                                 .arg(QDir::toNativeSeparators(m_source.cardFolder)));
-        return;
-    }
     emit signalChosen(QFileInfo(path).absolutePath());
     exportTo(path);
-}
-
-QString DialogExport::askForPath()
-{
-    QFileDialog dialog(this, m_format.windowTitle, m_source.folder, m_format.filter);
-    dialog.setAcceptMode(QFileDialog::AcceptSave);
-    dialog.setFileMode(QFileDialog::AnyFile);
-    dialog.setDefaultSuffix(m_format.suffix);
-    dialog.selectFile(m_source.fileName);
-    return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
 }
 
 void DialogExport::exportTo(const QString& path)

@@ -30,10 +30,9 @@ public:
     struct Source
     {
         const DataSet& dataSet;
-        QString title;      ///< what the documents are called
-        QString fileName;   ///< proposed
-        QString cardFolder; ///< nothing is written below it
-        QString folder;     ///< offered first
+        QString title;    ///< what the documents are called
+        QString fileName; ///< proposed
+        QString folder;   ///< offered first
     };
 
     /// Where the file went; empty before it is there.
@@ -71,7 +70,6 @@ protected:
 
 private:
     void start();
-    QString askForPath();
     void exportTo(const QString& path);
     bool goOn(int percent);
     void setWorking(bool isWorking);

@@ -5,12 +5,12 @@
 #include "graph/ui/WidgetGraphBase.h"
 #include "record/DataSet.h"
 #include "ui/Messages.h"
+#include "ui/SaveDialog.h"
 
 #include <QApplication>
 #include <QBuffer>
 #include <QButtonGroup>
 #include <QClipboard>
-#include <QFileDialog>
 #include <QFileInfo>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -169,8 +169,8 @@ void DialogDataGraph::saveSnapshot()
 {
     const QPixmap picture = grab();
     const QString path =
-        QFileDialog::getSaveFileName(this, tr("Save Snapshot"), QStringLiteral("./snapshot.bmp"),
-                                     tr("BMP File (*.bmp);;All Files (*.*)"));
+        askForSavePath(this, tr("Save Snapshot"), QStringLiteral("./snapshot.bmp"),
+                       tr("BMP File (*.bmp);;All Files (*.*)"), QStringLiteral("bmp"));
     if (path.isEmpty())
         return;
     QByteArray content;

@@ -81,7 +81,7 @@ void TestProject::writtenFileFollowsTheProfile()
                      "<Property id='z' value='3'/></CanProperties></KoltProject>")) != 0);
     const QString path = m_directory.filePath("written.xml");
     QVERIFY(m_project.write(path));
-    QVERIFY(m_project.isWritten());
+    QVERIFY(bool{m_project.lastWrite()});
     QString written = QString::fromUtf8(readFile(path));
     QVERIFY2(written.contains("\n        <Parameter "), qPrintable(written));
     const QString expected =
@@ -108,7 +108,7 @@ void TestProject::failedWriteIsKnown()
 {
     const DiagnosticsCapture output;
     QVERIFY(m_project.write(m_directory.filePath("missing/project.xml")));
-    QVERIFY(!m_project.isWritten());
+    QVERIFY(!m_project.lastWrite());
     QVERIFY(output.text().contains("could not open file for writing !<"));
 }
 

@@ -187,7 +187,7 @@ void TestCliExport::failures_data()
     row("no parameter at all", with("csv", first + QStringList{"--CsvAllParameter", "false"}),
         "--parameter is missing");
     row("below the card", {"csv", card, "--cycle", "1", "--output", card + "/new/out.csv"},
-        "below the recordings");
+        "folder of the recordings");
     row("a folder that cannot be written",
         {"kml", card, "--cycle", "1", "--output", "/proc/out.kml"}, "could not be written");
     row("a folder that cannot be made", {"kml", card, "--all", "--output", "/proc/out"},

@@ -1,3 +1,4 @@
+#include "base/WriteGuard.h"
 #include "export/ui/DialogExportCsv.h"
 #include "export/ui/DialogExportGpx.h"
 #include "export/ui/DialogExportKml.h"
@@ -44,8 +45,7 @@ private:
 
     DialogExport::Source source() const
     {
-        return {m_dataSet, "Flight 1", "Proposed", m_directory->filePath("card"),
-                m_directory->path()};
+        return {m_dataSet, "Flight 1", "Proposed", m_directory->path()};
     }
 
     QString summary() const { return m_dialog->findChildren<QLabel*>("hint").last()->text(); }
@@ -208,6 +208,7 @@ void TestExportDialogs::failuresAreTold()
 {
     const auto [file, told] = fetchRow<QString, QString>();
     QVERIFY(QDir().mkpath(m_directory->filePath("card/sub")));
+    const auto protection = protectFolder(m_directory->filePath("card"));
     open(file.section('.', -1));
     ModalBoxes boxes;
     const QString path = QDir(m_directory->path()).absoluteFilePath(file);

@@ -1,0 +1,109 @@
+#include "base/SafeFile.h"
+
+#include "base/WriteGuard.h"
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QFileInfo>
+#include <QSaveFile>
+
+#include <cerrno>
+#include <cstring>
+#include <filesystem>
+#include <system_error>
+
+#ifdef Q_OS_UNIX
+#include <unistd.h>
+#endif
+
+namespace KOLT {
+
+namespace {
+
+using Status = WriteResult::Status;
+
+struct Text
+{
+    Q_DECLARE_TR_FUNCTIONS(KOLT::SafeFile)
+};
+
+/// What the system says. Where it took only a part of what was written, that is often nothing.
+QString errorOf(const QSaveFile& file)
+{
+    const QString unknown = QSaveFile().errorString();
+    return file.error() == QFileDevice::NoError || file.errorString() == unknown
+               ? Text::tr("Not everything could be written. The disk may be full.")
+               : file.errorString();
+}
+
+/// Puts on the disk what the system holds in memory; what went wrong, empty when all is there.
+/// commit() does the same, but asks for no answer.
+QString syncError(const QSaveFile& file)
+{
+#ifdef Q_OS_UNIX
+    int result = 0;
+    do {
+        result = ::fsync(file.handle());
+    } while (result != 0 && errno == EINTR);
+    const bool isUnknownThere = errno == EINVAL || errno == ENOSYS || errno == ENOTSUP;
+    if (result != 0 && !isUnknownThere)
+        return QString::fromLocal8Bit(std::strerror(errno));
+#else
+    Q_UNUSED(file)
+#endif
+    return {};
+}
+
+} // namespace
+
+WriteResult replaceFile(const QString& path, const std::function<bool(QIODevice&)>& write)
+{
+    if (const QString objection = writeObjection(path); !objection.isEmpty())
+        return {Status::Refused, objection};
+    // Of a chain of links the last one's target is replaced, not a link of the chain.
+    const QString target = resolvedPath(path);
+    if (const QFileInfo info(target); info.exists() && !info.isFile())
+        return {Status::Failed, Text::tr("This is no regular file.")};
+    QSaveFile file(target);
+    if (!file.open(QIODevice::WriteOnly))
+        return {Status::Failed, file.errorString()};
+    // commit() would put out what is still buffered, and take no notice when that fails.
+    if (!write(file) || !file.flush())
+        return {Status::Failed, errorOf(file)};
+    if (const QString error = syncError(file); !error.isEmpty())
+        return {Status::Failed, error};
+    if (!file.commit())
+        return {Status::Failed, errorOf(file)};
+    return {Status::Written, {}};
+}
+
+WriteResult replaceFile(const QString& path, const QByteArray& content)
+{
+    return replaceFile(path,
+                       [&](QIODevice& device) { return device.write(content) == content.size(); });
+}
+
+WriteResult copyFile(const QString& source, const QString& target)
+{
+    QFile file(source);
+    if (!file.open(QIODevice::ReadOnly))
+        return {Status::Failed, file.errorString()};
+    const QByteArray content = file.readAll();
+    if (file.error() != QFileDevice::NoError)
+        return {Status::Failed, file.errorString()};
+    return replaceFile(target, content);
+}
+
+QString moveAside(const QString& path)
+{
+    QString aside = path + QStringLiteral(".broken");
+    for (int i = 2; QFileInfo(aside).isSymLink() || QFileInfo::exists(aside); ++i)
+        aside = QStringLiteral("%1.broken.%2").arg(path).arg(i);
+    // The toolkit's own would copy where this fails, and remove what it copied from.
+    std::error_code error;
+    std::filesystem::rename(QFile::encodeName(path).toStdString(),
+                            QFile::encodeName(aside).toStdString(), error);
+    return error ? QString() : aside;
+}
+
+} // namespace KOLT

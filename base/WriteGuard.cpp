@@ -1,0 +1,157 @@
+#include "base/WriteGuard.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+#include <algorithm>
+#include <array>
+#include <filesystem>
+#include <list>
+#include <optional>
+#include <system_error>
+#include <vector>
+
+namespace KOLT {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr int maxLinks = 40; // as the system has it
+
+struct Text
+{
+    Q_DECLARE_TR_FUNCTIONS(KOLT::WriteGuard)
+};
+
+struct Guard
+{
+    std::vector<std::weak_ptr<const QString>> folders;
+    QString ownFolder;
+};
+
+Guard& guard()
+{
+    static Guard instance;
+    return instance;
+}
+
+fs::path toPath(const QString& path)
+{
+    return QFile::encodeName(path).toStdString();
+}
+
+std::optional<fs::path> resolve(const fs::path& path)
+{
+    std::error_code error;
+    const fs::path absolute = fs::absolute(path, error);
+    fs::path resolved = absolute.root_path();
+    const fs::path relative = absolute.relative_path();
+    std::list<fs::path> parts(relative.begin(), relative.end());
+    int links = 0;
+    while (!parts.empty()) {
+        const fs::path part = parts.front();
+        parts.pop_front();
+        if (part.empty() || part == ".")
+            continue;
+        if (part == "..") {
+            resolved = resolved.parent_path();
+            continue;
+        }
+        const fs::path next = resolved / part;
+        if (!fs::is_symlink(fs::symlink_status(next, error))) {
+            resolved = next;
+            continue;
+        }
+        if (++links > maxLinks)
+            return std::nullopt;
+        const fs::path target = fs::read_symlink(next, error);
+        if (target.is_absolute())
+            resolved = target.root_path();
+        const fs::path rest = target.relative_path();
+        parts.insert(parts.begin(), rest.begin(), rest.end());
+    }
+    return resolved;
+}
+
+/// Whether the resolved path is the folder or lies below it, also by another name of the folder: a
+/// second mount of it, or other letters where case does not matter.
+bool isWithin(const QString& folder, const fs::path& target)
+{
+    const std::optional<fs::path> top = resolve(toPath(folder));
+    if (!top)
+        return false;
+    for (fs::path path = target;; path = path.parent_path()) {
+        std::error_code error;
+        if (path == *top || fs::equivalent(path, *top, error))
+            return true;
+        if (path == path.parent_path())
+            return false;
+    }
+}
+
+bool hasRecordSuffix(const QString& name, Qt::CaseSensitivity sensitivity)
+{
+    const qsizetype dot = name.lastIndexOf(QLatin1Char('.'));
+    const QStringView suffix = QStringView(name).mid(dot + 1);
+    constexpr std::array suffixes{QLatin1String("CAN"), QLatin1String("can"), QLatin1String("xcb")};
+    return dot >= 0 && std::ranges::any_of(suffixes, [&](QLatin1String known) {
+               return suffix.compare(known, sensitivity) == 0;
+           });
+}
+
+} // namespace
+
+bool isRecordFileName(const QString& name)
+{
+    return hasRecordSuffix(name, Qt::CaseSensitive);
+}
+
+std::shared_ptr<const void> protectFolder(const QString& folder)
+{
+    // Absolute now: the working directory may be another one later.
+    auto entry = std::make_shared<const QString>(QFileInfo(folder).absoluteFilePath());
+    std::erase_if(guard().folders, [](const auto& known) { return known.expired(); });
+    guard().folders.push_back(entry);
+    return entry;
+}
+
+void setOwnFolder(const QString& folder)
+{
+    guard().ownFolder = folder;
+}
+
+QString resolvedPath(const QString& path)
+{
+    const std::optional<fs::path> resolved = resolve(toPath(path));
+    return resolved ? QFile::decodeName(resolved->string().c_str()) : QString();
+}
+
+QString writeObjection(const QString& path)
+{
+    const std::optional<fs::path> target = resolve(toPath(path));
+    if (!target)
+        return Text::tr("The links of this path lead nowhere:\n%1").arg(path);
+    const QString name = QFile::decodeName(target->filename().string().c_str());
+    // A card's file system does not tell letters by their case.
+    if (hasRecordSuffix(path, Qt::CaseInsensitive) || hasRecordSuffix(name, Qt::CaseInsensitive))
+        return Text::tr("Names that end with .CAN, .can or .xcb belong to recordings, which are "
+                        "never written. Please choose another name than\n%1")
+            .arg(QDir::toNativeSeparators(path));
+    const QString& own = guard().ownFolder;
+    const bool isOwn = !own.isEmpty() && isWithin(own, *target);
+    for (const auto& entry : guard().folders) {
+        const std::shared_ptr<const QString> folder = entry.lock();
+        if (folder == nullptr || !isWithin(*folder, *target) ||
+            (isOwn && isWithin(*folder, toPath(resolvedPath(own)))))
+            continue;
+        return Text::tr("Nothing is written to the folder of the recordings, so that they stay as "
+                        "they are. Please choose another folder than\n%1")
+            .arg(QDir::toNativeSeparators(*folder));
+    }
+    return {};
+}
+
+} // namespace KOLT
