@@ -21,7 +21,7 @@ void findEventsOf(const Profile& profile, const Device& group, const ProfilePara
     ThresholdState previous = ThresholdState::Limit;
     double previousNumber = 0.0;
     for (const StoredSample& sample : seriesOf(dataSet.messages, parameter)) {
-        const double number = decodeNumber(sample.data, parameter, &filter);
+        const double number = decodeFiltered(sample.data, parameter, &filter);
         const Grade grade = gradeOf(parameter, number);
         if (isWorse(previous, grade.state)) {
             const QString value = textOf(profile, parameter, sample.data, number);

@@ -233,13 +233,9 @@ void DialogMain::loadProfile()
 {
     const QString path = ProfileInstaller::installedPath();
     const SettingsStore& settings = SettingsStore::instance();
-    QString variant = QString::fromUtf8(settings.getText("Profile", defaultVariant));
-    // With a variant that the file does not have, nearly nothing of it would be loaded.
+    const QString variant = QString::fromUtf8(settings.getText("Profile", defaultVariant));
     m_profile.loadVariants(path);
-    const std::vector<Variant>& variants = m_profile.variants();
-    if (!variants.empty() && std::ranges::count(variants, variant, &Variant::name) == 0)
-        variant = variants.front().name;
-    m_isProfileLoaded = m_profile.loadProfil(path, variant);
+    m_isProfileLoaded = m_profile.loadProfil(path, m_profile.variantOrFirst(variant));
     m_profile.setUnitSystem(settings.getInteger("Unit", 0) == 1 ? UnitSystem::Imperial
                                                                 : UnitSystem::Metric);
     refreshSelectors();

@@ -1,13 +1,11 @@
 #include "cli/Recording.h"
 
 #include "app/settings/DataPaths.h"
-#include "base/Diagnostics.h"
 
 #include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
 
-#include <algorithm>
 #include <cstdio>
 
 namespace KOLT::Cli {
@@ -31,6 +29,14 @@ QString installedVariant()
     return QString::fromUtf8(installedSettings().getText("Profile", defaultVariant));
 }
 
+QString variantNames(const Profile& profile)
+{
+    QStringList names;
+    for (const Variant& variant : profile.variants())
+        names << variant.name;
+    return names.join(QStringLiteral(", "));
+}
+
 } // namespace
 
 SettingsStore& installedSettings()
@@ -47,14 +53,15 @@ SettingsStore& installedSettings()
 QString Recording::openProfile()
 {
     const QString path = m_arguments.profile.isEmpty() ? installedProfile() : m_arguments.profile;
-    const QString variant = m_arguments.variant ? *m_arguments.variant : installedVariant();
-    if (!m_profile.loadVariants(path) || !m_profile.loadProfil(path, variant))
+    const bool isRead = m_profile.loadVariants(path);
+    const QString variant =
+        m_arguments.variant.value_or(m_profile.variantOrFirst(installedVariant()));
+    // An empty one takes every element.
+    if (m_arguments.variant && !variant.isEmpty() && !m_profile.hasVariant(variant))
+        return QStringLiteral("the profile %1 has no variant \"%2\"; it has %3")
+            .arg(path, variant, variantNames(m_profile));
+    if (!isRead || !m_profile.loadProfil(path, variant))
         return QStringLiteral("%1 cannot be read or is not a KOLT profile").arg(path);
-    const auto& known = m_profile.variants();
-    if (!variant.isEmpty() && !known.empty() &&
-        std::ranges::find(known, variant, &Variant::name) == known.end())
-        Diagnostics::print("the profile does not list the variant \"%s\"\n",
-                           qUtf8Printable(variant));
     m_profile.setUnitSystem(m_arguments.units.value_or(UnitSystem::Metric));
     return {};
 }

@@ -3,7 +3,7 @@
 #include "analysis/EventFinder.h"
 #include "cli/Arguments.h"
 #include "cli/Recording.h"
-#include "profile/ValueDecoder.h"
+#include "record/RoleSeries.h"
 
 #include <QColor>
 #include <QJsonArray>
@@ -149,11 +149,13 @@ QString values(const Arguments& arguments)
     writeOutput(
         "{\"unit\":" + QJsonDocument(unit).toJson(QJsonDocument::Compact).mid(1).chopped(1) +
         ",\"samples\":[");
-    PositionFilter filter;
+    const MessageMap& messages = recording.card().dataSet()->messages;
+    PositionFilter filter = positionFilterFor(profile, messages, *parameter);
     QByteArray separator = "\n";
-    for (const StoredSample& sample : seriesOf(recording.card().dataSet()->messages, *parameter)) {
-        MessageData data = sample.data;
-        const DecodedValue value = decodeValue(profile, *parameter, data, &filter);
+    for (const StoredSample& sample : seriesOf(messages, *parameter)) {
+        const double number = decodeFiltered(sample.data, *parameter, &filter);
+        const DecodedValue value{number, textOf(profile, *parameter, sample.data, number),
+                                 gradeOf(*parameter, number)};
         const QJsonArray row = jsonSample(sample, value);
         if (!writeOutput(separator + QJsonDocument(row).toJson(QJsonDocument::Compact)))
             break;

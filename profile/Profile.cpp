@@ -51,6 +51,16 @@ bool Profile::loadVariants(const QString& path)
     return true;
 }
 
+bool Profile::hasVariant(const QString& name) const
+{
+    return m_variants.empty() || std::ranges::count(m_variants, name, &Variant::name) > 0;
+}
+
+QString Profile::variantOrFirst(const QString& name) const
+{
+    return hasVariant(name) ? name : m_variants.front().name;
+}
+
 void Profile::clear()
 {
     m_version.clear();

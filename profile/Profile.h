@@ -46,6 +46,12 @@ public:
 
     const std::vector<Variant>& variants() const { return m_variants; }
 
+    /// Whether the variants that loadVariants() found know the name; true where there are none.
+    bool hasVariant(const QString& name) const;
+    /// The variant to load where one is only remembered: it, or else the first of the file. With a
+    /// variant that the file does not have, nearly nothing of it would be loaded.
+    QString variantOrFirst(const QString& name) const;
+
     UnitSystem unitSystem() const { return m_unitSystem; }
 
     void setUnitSystem(UnitSystem system) { m_unitSystem = system; }

@@ -3,6 +3,8 @@
 #include "profile/ValueDecoder.h"
 #include "record/MessageMap.h"
 
+#include <cmath>
+
 namespace KOLT {
 
 /// A parameter found by its role, with its samples. Without such a parameter it has no samples.
@@ -56,6 +58,16 @@ private:
     const ProfileParameter* m_parameter;
     const MessageSeries* m_series;
 };
+
+/// The number as a pass over a recording takes it. What is no number stays out of the filter, which
+/// would never let go of it.
+inline double decodeFiltered(const MessageData& data, const ProfileParameter& parameter,
+                             PositionFilter* filter)
+{
+    const double number = decodeNumber(data, parameter);
+    return parameter.isPosition && std::isfinite(number) ? decodeNumber(data, parameter, filter)
+                                                         : number;
+}
 
 /// The filter for a pass over the samples of one parameter: for a longitude, whose limit follows
 /// from the latitude, it has seen all latitudes before.

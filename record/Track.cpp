@@ -80,11 +80,10 @@ Curve sampled(const Profile& profile, const MessageMap& messages, const char* ro
     Curve curve;
     const RoleSeries series(profile, messages, role);
     series.forEach([&](double seconds, const MessageData& data, const ProfileParameter& parameter) {
-        // A number that is none must not reach the filter: it would never let go of it.
-        if (seconds >= maxGridSeconds || !std::isfinite(decodeNumber(data, parameter)))
+        if (seconds >= maxGridSeconds)
             return;
-        const double value = decodeNumber(data, parameter, filter);
-        if (filter == nullptr || std::abs(value) > noFix)
+        const double value = decodeFiltered(data, parameter, filter);
+        if (std::isfinite(value) && (filter == nullptr || std::abs(value) > noFix))
             curve.append(seconds, value);
     });
     curve.finish();

@@ -3,6 +3,8 @@
 #include "tests/support/Rows.h"
 #include "tests/support/TestFiles.h"
 
+#include <QDir>
+
 #include <cmath>
 #include <numeric>
 
@@ -19,6 +21,8 @@ private slots:
     void valuesAreExact();
     void flightsAndEventsOfTheCard();
     void reportIsForPeople();
+    void variantsAreThoseOfTheWindow();
+    void positionsAreFiltered();
     void failures_data();
     void failures();
     void helpOfEveryVerb();
@@ -189,6 +193,53 @@ void TestCli::reportIsForPeople()
     QVERIFY(QFile::exists(m_home.filePath("KOLT/Profile.xml")));
 }
 
+/// The settings may name a variant of another profile; the command line may not.
+void TestCli::variantsAreThoseOfTheWindow()
+{
+    const QTemporaryDir home;
+    QVERIFY(QDir(home.path()).mkdir("KOLT"));
+    QVERIFY(writeFile(home.filePath("KOLT/KOLT.ini"),
+                      "<KOLT><Property id='Profile' value='No such'/></KOLT>"));
+    const auto events = [&](const QStringList& more) {
+        return KOLT::Test::run(
+                   home, KOLT_CLI,
+                   QStringList{"events", m_card, "--cycle", "2", "--profile", KOLT_PROFILE} + more)
+            .json()["events"]
+            .toArray();
+    };
+    const QJsonArray ofTheFirst = events({"--variant", "915"});
+    QVERIFY(!ofTheFirst.isEmpty() && ofTheFirst != events({"--variant", "850"}));
+    QCOMPARE(events({}), ofTheFirst);
+}
+
+/// One jump of a degree in each axis; the limit of the longitude is that of its latitude.
+void TestCli::positionsAreFiltered()
+{
+    const QTemporaryDir card;
+    const QString profile = card.filePath("Profile.xml");
+    QVERIFY(writeFile(profile,
+                      "<KorvanProfile><Device name='D'>"
+                      "<Parameter name='lat' id='1' dataType='FLOAT' koltDataType='Latitude'/>"
+                      "<Parameter name='lon' id='1' startByte='4' dataType='FLOAT' "
+                      "koltDataType='Longitude'/></Device></KorvanProfile>"));
+    RecordBytes bytes;
+    for (int t = 0; t < 8; ++t) {
+        const float jump = t == 6 ? 100.0F : 0.0F;
+        // At 60 degrees north 0.15 degrees east are less than 10 km.
+        bytes.sample(1, t, t == 7 ? floats(6000.0F, 1109.0F) : floats(6000.0F + jump, 1100 + jump));
+    }
+    QVERIFY(writeFile(card.filePath("1.CAN"), bytes.bytes()));
+    for (const auto& [name, last] : {std::pair("D/lat", 60.0), {"D/lon", 11.15}}) {
+        const QJsonArray samples = run({"values", card.path(), "--files", "1.CAN", "--profile",
+                                        profile, "--parameter", name})
+                                       .json()["samples"]
+                                       .toArray();
+        QCOMPARE(samples.size(), 8);
+        QCOMPARE(samples[6][2].toDouble(), samples[5][2].toDouble());
+        QVERIFY(std::abs(samples[7][2].toDouble() - last) < 1e-6);
+    }
+}
+
 void TestCli::failures_data()
 {
     const Rows<QStringList, QString> row; // arguments, says
@@ -202,6 +253,7 @@ void TestCli::failures_data()
     row("missing folder", {"list", "/no/such"}, "there is no folder /no/such");
     row("missing profile", {"report", card, "--profile", "/no/such.xml"}, "/no/such.xml");
     row("profile that is none", {"report", card, "--profile", KOLT_CLI}, "not a KOLT profile");
+    row("unknown variant", {"report", card, "--profile", profile, "--variant", "x"}, "has 91");
     row("unknown cycle", {"flights", card, "--cycle", "99", "--profile", profile}, "no cycle 99");
     row("cycle is no number", {"flights", card, "--cycle", "x"}, "\"x\"");
     row("cycle and files", {"flights", card, "--cycle", "1", "--files", "a"}, "either");
