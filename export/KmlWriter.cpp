@@ -279,7 +279,7 @@ bool KmlDocument::writePlaceMarks(Points points)
     beginFolder(Text::tr("Positions"));
     for (std::size_t i = 0; i < points.size(); i += interval) {
         const TrackPoint& point = points[i];
-        if (!isOnEarth(point))
+        if (!isRecorded(point))
             continue;
         writeMarkHead(m_description.timeText(point.seconds()), m_description.of(point),
                       point.seconds(), "place");

@@ -8,9 +8,9 @@
 
 namespace KOLT {
 
-bool isOnEarth(const TrackPoint& point)
+bool isRecorded(const TrackPoint& point)
 {
-    return std::abs(point.latitude) <= 90.0 && std::abs(point.longitude) <= 180.0;
+    return !point.isInGap && std::abs(point.latitude) <= 90.0 && std::abs(point.longitude) <= 180.0;
 }
 
 namespace {
@@ -19,7 +19,7 @@ constexpr double endOfTime = std::numeric_limits<double>::infinity();
 
 bool isJoined(const TrackPoint& from, const TrackPoint& to)
 {
-    return to.halfSecond - from.halfSecond == 1 && isOnEarth(from) && isOnEarth(to) &&
+    return to.halfSecond - from.halfSecond == 1 && isRecorded(from) && isRecorded(to) &&
            std::abs(to.longitude - from.longitude) <= 180.0;
 }
 
@@ -84,7 +84,7 @@ std::vector<std::span<const TrackPoint>> pathPieces(std::span<const TrackPoint> 
     for (std::size_t i = 1; i <= points.size(); ++i) {
         if (i < points.size() && isJoined(points[i - 1], points[i]))
             continue;
-        if (isOnEarth(points[first]))
+        if (isRecorded(points[first]))
             pieces.push_back(points.subspan(first, i - first));
         first = i;
     }
@@ -108,7 +108,7 @@ std::optional<TrackPoint> placeAt(std::span<const TrackPoint> track, double seco
                           from->hasAltitude};
     }
     for (const TrackPoint* const point : {to, from}) {
-        if (point != nullptr && isOnEarth(*point) &&
+        if (point != nullptr && isRecorded(*point) &&
             std::abs(point->seconds() - seconds) <= gridSeconds)
             return *point;
     }
@@ -118,7 +118,7 @@ std::optional<TrackPoint> placeAt(std::span<const TrackPoint> track, double seco
 bool hasPath(const DataSet& dataSet)
 {
     return std::ranges::any_of(pathSections(dataSet), [](const PathSection& section) {
-        return std::ranges::any_of(section.points, isOnEarth);
+        return std::ranges::any_of(section.points, isRecorded);
     });
 }
 

@@ -8,8 +8,9 @@
 
 namespace KOLT {
 
-/// Damaged positions can be anything.
-bool isOnEarth(const TrackPoint& point);
+/// Whether the aircraft was there: not where no position was recorded for more than 10 s, nor
+/// nowhere on Earth, as damaged positions can be anything.
+bool isRecorded(const TrackPoint& point);
 
 /// The track from the first position on. Before, nobody knows where the aircraft was.
 std::span<const TrackPoint> recordedTrack(const DataSet& dataSet);
@@ -40,10 +41,11 @@ std::vector<PathSection> pathSections(const DataSet& dataSet);
 std::size_t sectionAt(std::span<const PathSection> sections, double seconds);
 
 /// Runs of points that may be joined by lines: no gap in the grid, no step over the antimeridian.
-/// Points that are nowhere on Earth belong to none.
+/// Points that were not recorded belong to none.
 std::vector<std::span<const TrackPoint>> pathPieces(std::span<const TrackPoint> points);
 
-/// The place at a time, between the points around it; none more than half a second away from them.
+/// The place at a time, between the points around it; none more than half a second away from those
+/// that were recorded.
 std::optional<TrackPoint> placeAt(std::span<const TrackPoint> track, double seconds);
 
 /// Whether there is anything of a path to export.

@@ -2,6 +2,7 @@
 
 #include "record/RoleSeries.h"
 #include "record/TimeSlots.h"
+#include "record/TrackGaps.h"
 
 #include <algorithm>
 #include <cmath>
@@ -108,15 +109,26 @@ std::vector<TrackPoint> buildTrack(const Profile& profile, const MessageMap& mes
     const double firstFix = std::max(latitude.firstSeconds(), longitude.firstSeconds());
     const double firstAltitude = altitude.firstKnownFrom(firstFix);
 
+    const std::vector<TrackGap> gaps = trackGaps(profile, messages);
+    auto gap = gaps.begin();
+
     std::vector<TrackPoint> points;
     const double end = std::min(latitude.lastSeconds(), longitude.lastSeconds());
     const int last = static_cast<int>(end / gridSeconds);
     const int first = static_cast<int>(std::ceil(std::min(fromSeconds, end) / gridSeconds));
     for (int i = first; i <= last; ++i) {
         const double t = i * gridSeconds;
-        const TrackPoint point{
-            i,           latitude.at(t), longitude.at(t),   altitude.at(t), groundSpeed.at(t),
-            track.at(t), t >= firstFix,  t >= firstAltitude};
+        while (gap != gaps.end() && gap->to <= t)
+            ++gap;
+        const TrackPoint point{i,
+                               latitude.at(t),
+                               longitude.at(t),
+                               altitude.at(t),
+                               groundSpeed.at(t),
+                               track.at(t),
+                               t >= firstFix,
+                               t >= firstAltitude,
+                               gap != gaps.end() && gap->holds(t)};
         if (std::abs(point.latitude) > noPosition && std::abs(point.longitude) > noPosition)
             points.push_back(point);
     }

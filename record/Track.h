@@ -18,6 +18,7 @@ struct TrackPoint
     double track = 0.0;
     bool hasFix = true;      ///< false before the first position: the place is that of the first
     bool hasAltitude = true; ///< false before the first altitude with a fix, and without any
+    bool isInGap = false;    ///< no position was recorded around here: the place is made up
 
     double seconds() const { return halfSecond * 0.5; }
 };

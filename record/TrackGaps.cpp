@@ -1,9 +1,11 @@
 #include "record/TrackGaps.h"
 
 #include "record/RoleSeries.h"
+#include "record/TimeSlots.h"
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 namespace KOLT {
 
@@ -11,14 +13,21 @@ namespace {
 
 constexpr double noFix = 1e-5; // degrees
 
+constexpr double never = std::numeric_limits<double>::infinity();
+
 void findGaps(const Profile& profile, const MessageMap& messages, const char* role,
-              std::vector<TrackGap>& gaps)
+              PositionFilter& filter, std::vector<TrackGap>& gaps)
 {
     std::vector<double> times;
+    double last = 0.0; // that anything was sent
     const RoleSeries series(profile, messages, role);
     series.forEach([&](double seconds, const MessageData& data, const ProfileParameter& parameter) {
-        const double value = decodeNumber(data, parameter);
-        if (std::isfinite(value) && std::abs(value) > noFix)
+        const double sent = decodeNumber(data, parameter);
+        if (seconds >= maxGridSeconds)
+            return;
+        last = std::max(last, seconds);
+        if (std::isfinite(sent) && std::abs(sent) > noFix &&
+            decodeFiltered(data, parameter, &filter) == sent)
             times.push_back(seconds);
     });
     if (!std::ranges::is_sorted(times))
@@ -27,6 +36,8 @@ void findGaps(const Profile& profile, const MessageMap& messages, const char* ro
         if (times[i] - times[i - 1] > longestTrackGap)
             gaps.push_back({times[i - 1], times[i]});
     }
+    if (!times.empty() && last - times.back() > longestTrackGap)
+        gaps.push_back({times.back(), never});
 }
 
 } // namespace
@@ -34,8 +45,9 @@ void findGaps(const Profile& profile, const MessageMap& messages, const char* ro
 std::vector<TrackGap> trackGaps(const Profile& profile, const MessageMap& messages)
 {
     std::vector<TrackGap> gaps;
-    findGaps(profile, messages, "Latitude", gaps);
-    findGaps(profile, messages, "Longitude", gaps);
+    PositionFilter filter; // latitude first, as the track does
+    findGaps(profile, messages, "Latitude", filter, gaps);
+    findGaps(profile, messages, "Longitude", filter, gaps);
     std::ranges::sort(gaps, {}, &TrackGap::from);
     std::vector<TrackGap> joined;
     for (const TrackGap& gap : gaps) {

@@ -5,6 +5,8 @@
 #include <QCoreApplication>
 #include <QLocale>
 
+#include <algorithm>
+
 namespace KOLT {
 
 namespace {
@@ -24,7 +26,7 @@ QString pathSummary(const DataSet& dataSet)
     std::size_t points = 0;
     for (const PathSection& section : pathSections(dataSet)) {
         flights += section.kind == PathSection::Kind::Flight ? 1 : 0;
-        points += section.points.size();
+        points += static_cast<std::size_t>(std::ranges::count_if(section.points, isRecorded));
     }
     const QString size = Text::tr("%1 positions, two a second")
                              .arg(QLocale().toString(static_cast<qulonglong>(points)));

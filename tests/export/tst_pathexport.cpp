@@ -50,6 +50,8 @@ private slots:
     void kmlStylesAndMarks();
     void kmlDescriptions();
     void gpxReadByGdal();
+    void lostPositions_data();
+    void lostPositions();
     void oddPaths();
     void beforeTheFirstFix();
     void sections();
@@ -167,6 +169,49 @@ void TestPathExport::gpxReadByGdal()
              qPrintable(points.left(2000)));
     const QString tracks = outputOf("ogrinfo", {"-ro", "-al", path, "tracks"});
     QVERIFY(isNear(numbersAfter(tracks, "MULTILINESTRING"), {11.0 + 10.0 / 50 / 60, 48.5}));
+}
+
+void TestPathExport::lostPositions_data()
+{
+    // Lost from, to; sent meanwhile (degrees north), or nothing; points left, pieces of the path.
+    const Rows<int, int, QList<float>, int, int> row;
+    row("nothing is sent", 40, 60, {}, 162, 2);
+    row("zeros are sent", 40, 60, {0.0F}, 162, 2);
+    row("positions that the filter replaces", 40, 60, {49.0F}, 162, 2);
+    row("zeros until the end", 40, 200, {0.0F}, 81, 1);
+    row("too short", 40, 50, {0.0F}, 201, 1);
+}
+
+/// Nobody knows where the aircraft was; an exceedance then, and one long after.
+void TestPathExport::lostPositions()
+{
+    const auto [from, to, sent, points, pieces] = fetchRow<int, int, QList<float>, int, int>();
+    for (double t = 0.0; t <= 100.0; t += 0.5) {
+        const bool isLost = t > from && t < to;
+        const auto east = static_cast<float>(1100 + t / 50);
+        if (!isLost)
+            add(position, t, floats(4830.0F, east));
+        else if (!sent.isEmpty())
+            add(position, t, floats(sent[0] * 100, sent[0] > 0 ? east : 0.0F));
+        add(altitude, t, floats(500.0F));
+    }
+    for (const double t : {45.25, 70.25}) {
+        add(gauge, t - 1, floats(1.0F));
+        add(gauge, t, floats(150.0F));
+    }
+    m_dataSet->track = buildTrack(m_profile, m_dataSet->messages);
+    QCOMPARE(m_dataSet->track.size(), std::size_t{201}); // the grid of the map has no holes
+    QCOMPARE(gpx().count("<trkpt"), points);
+    QCOMPARE(gpx().count("<trkseg>"), pieces);
+    KmlOptions options;
+    options.placeMarkInterval = 1;
+    options.timeStamp = KmlOptions::Times::PlaceMarksAndTrack;
+    const QByteArray document = kml(options);
+    QCOMPARE(document.count("<LineString>"), 2 * pieces); // path and curtain
+    QCOMPARE(document.count("<gx:coord>"), points);
+    const int unknown = (points < 201 ? 1 : 0) + (points < 100 ? 1 : 0);
+    QCOMPARE(document.count("<Point>"), points + 2 - unknown);
+    QCOMPARE(document.count("No position was recorded."), unknown);
 }
 
 void TestPathExport::oddPaths()
