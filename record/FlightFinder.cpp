@@ -6,6 +6,7 @@
 #include "record/RoleSeries.h"
 
 #include <algorithm>
+#include <cmath>
 #include <optional>
 
 namespace KOLT {
@@ -134,7 +135,7 @@ private:
         std::optional<double> liftOff;
         std::optional<double> obstacle;
         m_altitude.forEach(flight.startSeconds, flight.endSeconds, [&](double t, double altitude) {
-            if (!(altitude >= minValidAltitude))
+            if (altitude < minValidAltitude)
                 return;
             const double height = altitude - reference.altitude;
             if (t > reference.seconds && !liftOff && height > liftOffHeight)
@@ -182,7 +183,10 @@ std::vector<Flight> findFlights(const Profile& profile, const MessageMap& messag
     Flight flight;
     const RoleSeries groundSpeed(profile, messages, "GroundSpeed");
     groundSpeed.forEach([&](double t, const MessageData& data, const ProfileParameter& parameter) {
-        switch (detector.step(decodeNumber(data, parameter))) {
+        const double speed = decodeNumber(data, parameter);
+        if (!std::isfinite(speed)) // it says neither that the aircraft is fast nor that it is slow
+            return;
+        switch (detector.step(speed)) {
         case FlightDetector::Event::None:
             break;
         case FlightDetector::Event::TakeOff:

@@ -23,7 +23,8 @@ public:
         return m_series != nullptr ? m_series->around(start, end).size() : 0;
     }
 
-    /// Calls function(seconds, value) for each sample in stored order within [start, end].
+    /// Calls function(seconds, value) for each sample in stored order within [start, end] whose
+    /// value is finite.
     template <typename Function>
     void forEach(double start, double end, Function&& function) const
     {
@@ -31,8 +32,11 @@ public:
             return;
         for (const StoredSample& sample : m_series->around(start, end)) {
             const double seconds = sample.seconds();
-            if (seconds >= start && seconds <= end)
-                function(seconds, decodeNumber(sample.data, *m_parameter));
+            if (seconds < start || seconds > end)
+                continue;
+            const double value = decodeNumber(sample.data, *m_parameter);
+            if (std::isfinite(value))
+                function(seconds, value);
         }
     }
 
@@ -46,13 +50,9 @@ public:
             function(sample.seconds(), sample.data, *m_parameter);
     }
 
-    /// The value of the first sample at or after `seconds`, 0 when there is none.
-    double valueAt(double seconds) const
-    {
-        const StoredSample* const sample =
-            m_series != nullptr ? m_series->firstAtOrAfter(seconds) : nullptr;
-        return sample != nullptr ? decodeNumber(sample->data, *m_parameter) : 0.0;
-    }
+    /// The value of the first sample at or after `seconds`, 0 when there is none. A value that is
+    /// not finite leaves the word to the next sample, for up to 100 samples.
+    double valueAt(double seconds) const;
 
 private:
     const ProfileParameter* m_parameter;

@@ -47,7 +47,26 @@ public:
     double lastSeconds() const { return m_lastSeconds; }
 
     /// Linear between the samples around `seconds`, constant outside; 0 without samples.
-    double at(double seconds)
+    double at(double seconds) { return between(seconds, 0.0); }
+
+    /// The same for an angle in degrees, which turns the shorter way round; within 0..360.
+    double angleAt(double seconds)
+    {
+        const double angle = std::fmod(between(seconds, wholeTurn), wholeTurn);
+        return angle < 0.0 ? angle + wholeTurn : angle;
+    }
+
+private:
+    struct Point
+    {
+        double seconds;
+        double value;
+    };
+
+    static constexpr double wholeTurn = 360.0; // degrees
+
+    /// Values that differ by whole turns are the same; with 0 there are none.
+    double between(double seconds, double turn)
     {
         if (m_points.size() < 2)
             return m_points.empty() ? 0.0 : m_points.front().value;
@@ -59,15 +78,10 @@ public:
         // Equal times leave no line between the samples: the later one counts from there on.
         const double fraction =
             span != 0.0 ? (seconds - from.seconds) / span : (seconds >= to.seconds ? 1.0 : 0.0);
-        return std::lerp(from.value, to.value, std::clamp(fraction, 0.0, 1.0));
+        const double step = to.value - from.value;
+        const double nearest = turn > 0.0 ? from.value + std::remainder(step, turn) : to.value;
+        return std::lerp(from.value, nearest, std::clamp(fraction, 0.0, 1.0));
     }
-
-private:
-    struct Point
-    {
-        double seconds;
-        double value;
-    };
 
     std::vector<Point> m_points;
     std::size_t m_cursor = 0;
@@ -125,7 +139,7 @@ std::vector<TrackPoint> buildTrack(const Profile& profile, const MessageMap& mes
                                longitude.at(t),
                                altitude.at(t),
                                groundSpeed.at(t),
-                               track.at(t),
+                               track.angleAt(t),
                                t >= firstFix,
                                t >= firstAltitude,
                                gap != gaps.end() && gap->holds(t)};

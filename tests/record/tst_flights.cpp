@@ -84,6 +84,9 @@ private slots:
     void figuresOfATow();
     void figuresWithoutSamples();
     void onlySamplesOfTheFlightCount();
+    void numbersThatAreNoneAreSkipped();
+    void headingTurnsTheShorterWay_data();
+    void headingTurnsTheShorterWay();
     void strayTimesDoNoHarm();
     void thousandsOfFlightsAtOneTime();
     void trackIsInterpolated();
@@ -218,6 +221,62 @@ void TestFlights::onlySamplesOfTheFlightCount()
         QCOMPARE(story.flight().minAltitude, 500.0);
         story.at(altitudeId, 155.0, 550.0F); // out of order: the other way to search
     }
+}
+
+/// The same flight with and without NaN and infinity in all that is recorded.
+void TestFlights::numbersThatAreNoneAreSkipped()
+{
+    const auto fly = [](bool isDamaged) {
+        Story story;
+        for (int t = 0; t < 200; ++t) {
+            const float speed = t < 50 || t > 150 ? 10.0F : 100.0F;
+            story.at(speedId, t, speed);
+            story.at(throttleId, t, t < 50 ? 30.0F : 95.0F).at(fuelId, t, 18.0F, 9.0F);
+            for (int i = 1; isDamaged && i <= 12; ++i) {
+                const float none = i % 2 == 0 ? std::nanf("") : HUGE_VALF;
+                const double between = t + 0.99 * i / 12.0;
+                for (const std::uint32_t id : {speedId, throttleId, fuelId, altitudeId, positionId})
+                    story.at(id, between, none, none);
+            }
+            // Behind them, so that whoever looks for the value at a time meets them first.
+            story.at(altitudeId, t + 0.995, 450.0F + static_cast<float>(t > 60 ? t - 60 : 0));
+            story.at(positionId, t + 0.995, 4800.0F + static_cast<float>(t) / 100.0F, 1100.0F);
+        }
+        return story.flight();
+    };
+    const Flight sound = fly(false);
+    const Flight damaged = fly(true);
+    QVERIFY(sound.takeOffDistance > 100.0 && sound.fuel > 0.5);
+    QCOMPARE(damaged.takeOffSeconds, sound.takeOffSeconds);
+    QCOMPARE(damaged.landingSeconds, sound.landingSeconds);
+    QCOMPARE(damaged.fuel, sound.fuel);
+    QCOMPARE(damaged.maxGroundSpeed, sound.maxGroundSpeed);
+    QCOMPARE(damaged.maxAltitude, sound.maxAltitude);
+    QCOMPARE(damaged.takeOffDistance, sound.takeOffDistance);
+    QCOMPARE(damaged.takeOffDistance15m, sound.takeOffDistance15m);
+}
+
+void TestFlights::headingTurnsTheShorterWay_data()
+{
+    const Rows<float, float, double> row; // from, to, a quarter of the way
+    row("over north to the right", 359.0F, 1.0F, 359.5);
+    row("over north to the left", 1.0F, 357.0F, 0.0);
+    row("past north", 350.0F, 70.0F, 10.0);
+    row("elsewhere", 90.0F, 180.0F, 112.5);
+    row("half a turn", 10.0F, 190.0F, 55.0);
+    row("signed headings", -10.0F, 30.0F, 0.0);
+    row("signed headings, west", -90.0F, -90.0F, 270.0);
+}
+
+void TestFlights::headingTurnsTheShorterWay()
+{
+    const auto [from, to, quarter] = fetchRow<float, float, double>();
+    Story story;
+    story.at(positionId, 0.0, 4800.0F, 1100.0F).at(positionId, 2.0, 4800.0F, 1100.0F);
+    const std::vector<TrackPoint> track =
+        story.at(speedId, 0.0, 100.0F, from).at(speedId, 2.0, 100.0F, to).track();
+    QCOMPARE(track.size(), 5U);
+    QCOMPARE(track[1].track, quarter);
 }
 
 void TestFlights::strayTimesDoNoHarm()
