@@ -57,7 +57,6 @@ public:
 private:
     QString writeFile(const QString& path, const ExportSubject& subject) const;
     ExportStatus write(QIODevice& device, const QString& title) const;
-    QString tellMissing() const;
     QString freeName(const ExportSubject& subject);
     void exportFlight(int cycle, std::size_t flight);
     void fail(QJsonObject entry, const QString& error);
@@ -141,23 +140,13 @@ QString Exporter::writeFile(const QString& path, const ExportSubject& subject) c
                : QStringLiteral("%1 could not be written: %2").arg(path, outcome.error);
 }
 
-/// What was exported lacks files that could not be read.
-QString Exporter::tellMissing() const
-{
-    const std::vector<QString>& unread = dataSet().unreadFiles;
-    if (unread.empty())
-        return {};
-    return QStringLiteral("incomplete: %1 could not be read")
-        .arg(QStringList(unread.begin(), unread.end()).join(QStringLiteral(", ")));
-}
-
 QString Exporter::exportOne()
 {
     QString error = m_recording.load();
     ExportSubject subject{m_arguments.cycle, m_arguments.files.value_or(QStringList())};
     if (error.isEmpty())
         error = writeFile(m_arguments.output, subject);
-    return error.isEmpty() ? tellMissing() : error;
+    return error.isEmpty() ? unreadError(dataSet().unreadFiles) : error;
 }
 
 QString Exporter::freeName(const ExportSubject& subject)
@@ -185,7 +174,7 @@ void Exporter::exportFlight(int cycle, std::size_t flight)
         error = writeFile(path, subject);
         if (error.isEmpty()) {
             m_exported.append(entry);
-            error = tellMissing();
+            error = unreadError(dataSet().unreadFiles);
         }
     } else {
         error = QStringLiteral("the flight is not there any more");
@@ -213,7 +202,7 @@ QString Exporter::exportAll()
         card.loadCycle(number);
         const std::size_t flights = card.flightsOf(number).size();
         // Flights may be in what could not be read.
-        const QString missing = tellMissing();
+        const QString missing = unreadError(dataSet().unreadFiles);
         if (flights == 0 && !missing.isEmpty()) {
             Diagnostics::print("cycle %d: %s\n", number, qUtf8Printable(missing));
             fail({{QStringLiteral("cycle"), number}}, missing);

@@ -100,6 +100,14 @@ QString Recording::load()
     return {};
 }
 
+QString unreadError(const std::vector<QString>& names)
+{
+    if (names.empty())
+        return {};
+    return QStringLiteral("incomplete: %1 could not be read")
+        .arg(QStringList(names.begin(), names.end()).join(QStringLiteral(", ")));
+}
+
 bool writeOutput(const QByteArray& bytes)
 {
     return std::fwrite(bytes.constData(), 1, static_cast<std::size_t>(bytes.size()), stdout) ==

@@ -37,6 +37,9 @@ private:
 /// The settings of the program with windows, as far as they are there.
 SettingsStore& installedSettings();
 
+/// What to say of files that could not be read, empty where all could.
+QString unreadError(const std::vector<QString>& names);
+
 /// Writes to the standard output; false when that fails, as on a full disk.
 bool writeOutput(const QByteArray& bytes);
 

@@ -103,6 +103,7 @@ QString report(const Arguments& arguments)
                          QString::number(card.cycles().size()))
                     .toUtf8());
     FlightTotals all;
+    std::vector<QString> unread;
     for (const auto& [cycleNumber, cycle] : card.cycles()) {
         const QString date = cycle.dateTime.isValid()
                                  ? cycle.dateTime.toString(QStringLiteral("dd.MM.yyyy hh:mm:ss"))
@@ -112,14 +113,17 @@ QString report(const Arguments& arguments)
                         .arg(cycle.fileNames.size())
                         .toUtf8());
         card.loadCycle(cycleNumber);
-        for (const QString& name : card.dataSet()->unreadFiles)
+        const std::vector<QString>& unreadHere = card.dataSet()->unreadFiles;
+        unread.insert(unread.end(), unreadHere.begin(), unreadHere.end());
+        for (const QString& name : unreadHere)
             writeOutput(" " + name.toUtf8() + " could not be read: what follows lacks it\n");
         const FlightTotals totals = reportFlights(recording.profile(), *card.dataSet());
         writeOutput(totalsLine(" Sum", totals));
         all.add(totals);
     }
     writeOutput("\n" + totalsLine("Total", all));
-    return finishOutput();
+    error = finishOutput();
+    return error.isEmpty() ? unreadError(unread) : error;
 }
 
 } // namespace KOLT::Cli

@@ -27,6 +27,17 @@ QString print(const QJsonObject& object)
     return finishOutput();
 }
 
+QJsonArray jsonNames(const std::vector<QString>& names)
+{
+    return QJsonArray::fromStringList(QStringList(names.begin(), names.end()));
+}
+
+/// Ends the output on a data set: what it lacks is an error, though all the rest was printed.
+QString finish(const QString& error, const DataSet& dataSet)
+{
+    return error.isEmpty() ? unreadError(dataSet.unreadFiles) : error;
+}
+
 QJsonObject jsonFile(const QString& name, const RecordInfo& info)
 {
     return {
@@ -127,10 +138,12 @@ QString flights(const Arguments& arguments)
     QJsonArray found;
     for (const Flight& flight : dataSet.flights)
         found.append(jsonFlight(flight));
-    return print({{QStringLiteral("start"), dataSet.startSeconds},
-                  {QStringLiteral("stop"), dataSet.stopSeconds},
-                  {QStringLiteral("flights"), found},
-                  {QStringLiteral("trackPoints"), static_cast<qint64>(dataSet.track.size())}});
+    error = print({{QStringLiteral("start"), dataSet.startSeconds},
+                   {QStringLiteral("stop"), dataSet.stopSeconds},
+                   {QStringLiteral("flights"), found},
+                   {QStringLiteral("trackPoints"), static_cast<qint64>(dataSet.track.size())},
+                   {QStringLiteral("unread"), jsonNames(dataSet.unreadFiles)}});
+    return finish(error, dataSet);
 }
 
 QString values(const Arguments& arguments)
@@ -145,11 +158,11 @@ QString values(const Arguments& arguments)
         return QStringLiteral("the profile has no parameter %1").arg(arguments.parameter);
 
     // Written sample by sample: a long cycle has millions.
-    const QJsonArray unit{profile.unitLabel(*parameter)};
-    writeOutput(
-        "{\"unit\":" + QJsonDocument(unit).toJson(QJsonDocument::Compact).mid(1).chopped(1) +
-        ",\"samples\":[");
-    const MessageMap& messages = recording.card().dataSet()->messages;
+    const DataSet& dataSet = *recording.card().dataSet();
+    const QJsonObject head{{QStringLiteral("unit"), profile.unitLabel(*parameter)},
+                           {QStringLiteral("unread"), jsonNames(dataSet.unreadFiles)}};
+    writeOutput(QJsonDocument(head).toJson(QJsonDocument::Compact).chopped(1) + ",\"samples\":[");
+    const MessageMap& messages = dataSet.messages;
     PositionFilter filter = positionFilterFor(profile, messages, *parameter);
     QByteArray separator = "\n";
     for (const StoredSample& sample : seriesOf(messages, *parameter)) {
@@ -162,7 +175,7 @@ QString values(const Arguments& arguments)
         separator = ",\n";
     }
     writeOutput("\n]}\n");
-    return finishOutput();
+    return finish(finishOutput(), dataSet);
 }
 
 QString events(const Arguments& arguments)
@@ -174,12 +187,15 @@ QString events(const Arguments& arguments)
     QJsonArray found;
     const EventScope scope =
         arguments.lampsOnly ? EventScope::WarningLamps : EventScope::AllParameters;
-    for (const Event& event : findEvents(recording.profile(), *recording.card().dataSet(), scope))
+    const DataSet& dataSet = *recording.card().dataSet();
+    for (const Event& event : findEvents(recording.profile(), dataSet, scope))
         found.append(QJsonObject{{QStringLiteral("time"), event.seconds},
                                  {QStringLiteral("group"), event.group},
                                  {QStringLiteral("parameter"), event.parameter->name},
                                  {QStringLiteral("text"), event.text}});
-    return print({{QStringLiteral("events"), found}});
+    error = print({{QStringLiteral("events"), found},
+                   {QStringLiteral("unread"), jsonNames(dataSet.unreadFiles)}});
+    return finish(error, dataSet);
 }
 
 } // namespace KOLT::Cli

@@ -213,7 +213,7 @@ bool RecordFile::readSamples(QFile& file, MessageMap& messages, const ReadProgre
             Diagnostics::print("RecordFile::readRecordData: %s ends after %lld of %d samples\n",
                                qUtf8Printable(m_path), static_cast<long long>(done / sampleBytes),
                                m_info.sampleCount);
-            break;
+            return false;
         }
         done += count;
         const qint64 available = held + count;

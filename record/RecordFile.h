@@ -49,8 +49,8 @@ public:
     bool readRecordInfo(const QString& path);
 
     /// Appends all samples of the remembered file to the map. False when the file cannot be opened
-    /// or memory does not suffice, nothing of it is then stored; and when reading fails on the way,
-    /// what came before is then kept.
+    /// or memory does not suffice, nothing of it is then stored; and when reading fails on the way
+    /// or the file ends before its size said, what came before is then kept.
     bool readRecordData(MessageMap& messages, const ReadProgress& progress = {});
 
     const QString& path() const { return m_path; }

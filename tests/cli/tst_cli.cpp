@@ -23,6 +23,7 @@ private slots:
     void reportIsForPeople();
     void variantsAreThoseOfTheWindow();
     void positionsAreFiltered();
+    void unreadFilesAreAnError();
     void failures_data();
     void failures();
     void helpOfEveryVerb();
@@ -112,7 +113,7 @@ void TestCli::valuesAreExact()
     const Result result =
         run(QStringList{"values", card.path(), "--variant", "x", "--unit", "imperial"} + asked +
             QStringList{"a.can"});
-    QCOMPARE(result.output, QByteArray("{\"unit\":\"\\\"F\\\"\",\"samples\":[\n"
+    QCOMPARE(result.output, QByteArray("{\"unit\":\"\\\"F\\\"\",\"unread\":[],\"samples\":[\n"
                                        "[0.25,3,0.10000000149011612,\"32.2\",0,\"#ffffff\"],\n"
                                        "[134.217728,1342,2.5,\"36.5\",1,\"#ffaa00\"],\n"
                                        "[200,2000,null,\"nan\",0,\"#ffffff\"]\n]}\n"));
@@ -122,6 +123,7 @@ void TestCli::valuesAreExact()
         run(QStringList{"values", card.path()} + asked + QStringList{"b.can", "c.can"}).json();
     QVERIFY(empty["samples"].isArray() && empty["samples"].toArray().isEmpty());
     QCOMPARE(empty["unit"].toString(), QString::fromUtf8("°C"));
+    QCOMPARE(empty["unread"].toArray(), (QJsonArray{"b.can", "c.can"}));
 }
 
 /// Flights that one believes, exceedances of more than the lamps, and the same in both units.
@@ -237,6 +239,26 @@ void TestCli::positionsAreFiltered()
         QCOMPARE(samples.size(), 8);
         QCOMPARE(samples[6][2].toDouble(), samples[5][2].toDouble());
         QVERIFY(std::abs(samples[7][2].toDouble() - last) < 1e-6);
+    }
+}
+
+/// A cycle of two files; the first ends long before its size, and so has no date either.
+void TestCli::unreadFilesAreAnError()
+{
+    const QTemporaryDir card;
+    QVERIFY(QFile::link("/sys/kernel/uevent_seqnum", card.filePath("1.CAN")));
+    QVERIFY(QFile::copy(m_card + "/REC00002.CAN", card.filePath("2.CAN")));
+    const QStringList verbs[] = {{"flights", "--cycle", "1"},
+                                 {"events", "--cycle", "1"},
+                                 {"values", "--cycle", "1", "--parameter", "GPS/Altitude"},
+                                 {"report"}};
+    for (const QStringList& verb : verbs) {
+        const Result result = run(QStringList{verb[0], card.path()} + verb.mid(1) + m_profile);
+        QCOMPARE(result.status, 1);
+        QCOMPARE(result.lastError(), "kolt-cli: incomplete: 1.CAN could not be read");
+        if (verb[0] != "report")
+            QCOMPARE(result.json()["unread"].toArray(), QJsonArray{"1.CAN"});
+        QVERIFY(verb[0] != "report" || result.output.contains("\nTotal: "));
     }
 }
 

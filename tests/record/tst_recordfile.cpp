@@ -169,7 +169,7 @@ void TestRecordFile::fileThatShrinksGivesWhatIsLeft()
     MessageMap messages;
     const DiagnosticsCapture output;
     bool cut = false;
-    QVERIFY(reader.readRecordData(messages, [&](qint64) {
+    QVERIFY(!reader.readRecordData(messages, [&](qint64) { // it lacks something
         if (!cut)
             QFile::resize(path, 128 + 28 * 50'000 + 5);
         cut = true;
