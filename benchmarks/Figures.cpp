@@ -2,93 +2,153 @@
 
 #include "base/Diagnostics.h"
 
-#include <algorithm>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+
 #include <benchmark/benchmark.h>
 #include <cstdio>
-#include <map>
+#include <cstdlib>
+#include <string_view>
 
 namespace KOLT::Bench {
 
 namespace {
 
-/// Keeps the shortest time of each benchmark: what disturbs a run only ever makes it longer.
-class ShortestTimes : public benchmark::BenchmarkReporter
+/// About how long a block of a pair lasts: neither the clock nor a cold start counts then.
+constexpr auto blockSeconds = "0.05";
+
+/// A baseline that does its work takes longer than that.
+constexpr double shortestBaseline = 20e-6;
+
+/// Keeps what a block tells: the library's figures of a benchmark that ran for some iterations.
+class BlockReporter : public benchmark::BenchmarkReporter
 {
 public:
     bool ReportContext(const Context& /*context*/) override { return true; }
 
     void ReportRuns(const std::vector<Run>& runs) override
     {
-        for (const Run& run : runs) {
-            if (run.run_type != Run::RT_Iteration || run.error_occurred)
-                continue;
-            const double seconds = run.real_accumulated_time /
-                                   static_cast<double>(std::max<int64_t>(1, run.iterations));
-            const std::string name = run.run_name.function_name;
-            const auto known = m_seconds.find(name);
-            if (known == m_seconds.end() || seconds < known->second)
-                m_seconds[name] = seconds;
-            if (const auto items = run.counters.find("values"); items != run.counters.end())
-                m_values[name] = items->second;
-        }
+        const Run& run = runs.front();
+        error = run.error_occurred ? run.error_message : std::string();
+        iterations = run.iterations;
+        if (iterations > 0)
+            seconds = run.real_accumulated_time / static_cast<double>(iterations);
     }
 
-    bool has(const std::string& name) const { return m_seconds.contains(name); }
+    double seconds = 0.0; ///< per iteration
+    std::int64_t iterations = 0;
+    std::string error = "it was not run";
+};
 
-    double seconds(const std::string& name) const { return m_seconds.at(name); }
+/// Without a number of iterations the library finds one that takes `blockSeconds`.
+BlockReporter runBlock(Benchmark function, std::int64_t iterations = 0)
+{
+    benchmark::ClearRegisteredBenchmarks();
+    auto* const registered = benchmark::RegisterBenchmark("block", function);
+    if (iterations > 0)
+        registered->Iterations(iterations);
+    BlockReporter reporter;
+    benchmark::RunSpecifiedBenchmarks(&reporter, "block");
+    return reporter;
+}
 
-    void print() const
+/// One of the two that a pair is made of.
+class Side
+{
+public:
+    explicit Side(Benchmark function)
+        : m_function(function)
     {
-        for (const auto& [name, seconds] : m_seconds) {
-            const auto values = m_values.find(name);
-            if (values != m_values.end())
-                std::printf("    %-28s %10.2f ns per value\n", name.c_str(),
-                            seconds / values->second * 1e9);
-            else
-                std::printf("    %-28s %10.3f ms\n", name.c_str(), seconds * 1e3);
-        }
+        if (function == nullptr)
+            return;
+        runBlock(function, 1); // whatever is made once must not count
+        m_iterations = runBlock(function).iterations;
     }
+
+    /// Seconds per iteration of another block. Without a benchmark it is a millisecond, as what is
+    /// divided by it is told in milliseconds.
+    double next(std::string& error)
+    {
+        if (m_function == nullptr)
+            return 1e-3;
+        const BlockReporter block = runBlock(m_function, m_iterations);
+        if (!block.error.empty())
+            error = block.error;
+        m_milliseconds.append(block.seconds * 1e3);
+        return block.seconds;
+    }
+
+    const QJsonArray& milliseconds() const { return m_milliseconds; }
 
 private:
-    std::map<std::string, double> m_seconds; ///< per iteration
-    std::map<std::string, double> m_values;  ///< values handled per iteration, where that is told
+    Benchmark m_function;
+    std::int64_t m_iterations = 0;
+    QJsonArray m_milliseconds;
 };
+
+void measure(const Figure& figure, int pairs, QJsonObject& result)
+{
+    Side measured(figure.measured);
+    Side baseline(figure.baseline);
+    QJsonArray values;
+    std::string error;
+    for (int i = 0; i < pairs && error.empty(); ++i) {
+        const double time = measured.next(error);
+        const double divisor = baseline.next(error);
+        if (divisor < shortestBaseline && error.empty())
+            error = "the baseline did no work: it took " + std::to_string(divisor * 1e3) + " ms";
+        if (error.empty())
+            values.append(time / divisor);
+    }
+    result[QStringLiteral("values")] = values;
+    result[QStringLiteral("measured_ms")] = measured.milliseconds();
+    result[QStringLiteral("baseline_ms")] = baseline.milliseconds();
+    if (!error.empty())
+        result[QStringLiteral("error")] = QString::fromStdString(error);
+}
+
+void print(const Figure& figure, int pairs)
+{
+    const bool atMost = figure.bound == Bound::AtMost;
+    QJsonObject result{{QStringLiteral("name"), QString::fromStdString(figure.name)},
+                       {QStringLiteral("bound"), QLatin1String(atMost ? "<=" : ">=")},
+                       {QStringLiteral("target"), figure.target}};
+    if (figure.value)
+        result[QStringLiteral("values")] = QJsonArray{figure.value()};
+    else
+        measure(figure, pairs, result);
+    std::printf("%s\n", QJsonDocument(result).toJson(QJsonDocument::Compact).constData());
+    std::fflush(stdout);
+}
 
 } // namespace
 
-bool printFigure(const std::string& name, double measured, Figure::Bound bound, double target)
-{
-    const bool atMost = bound == Figure::Bound::AtMost;
-    const bool isMet = atMost ? measured <= target : measured >= target;
-    std::printf("%-44s %8.2f  %s %.2f  %s\n", name.c_str(), measured, atMost ? "<=" : ">=", target,
-                isMet ? "ok" : "short");
-    return isMet;
-}
-
-bool runAndPrint(int argc, char** argv, const std::vector<Figure>& figures)
+int run(int argc, char** argv, const std::vector<Figure>& figures)
 {
     Diagnostics::setSink([](std::string_view) {});
-    std::vector<char*> arguments(argv, argv + argc);
-    std::string repetitions = "--benchmark_repetitions=5";
-    std::string interleaving = "--benchmark_enable_random_interleaving=true";
-    arguments.insert(arguments.begin() + 1, {repetitions.data(), interleaving.data()});
+    int pairs = 5;
+    std::string only;
+    for (int i = 1; i < argc; i += 2) {
+        const std::string_view option = argv[i];
+        if (i + 1 < argc && option == "--pairs")
+            pairs = std::atoi(argv[i + 1]);
+        else if (i + 1 < argc && option == "--only")
+            only = argv[i + 1];
+        else {
+            std::fprintf(stderr, "usage: %s [--pairs N] [--only TEXT]\n", argv[0]);
+            return 2;
+        }
+    }
+    std::string blockTime = std::string("--benchmark_min_time=") + blockSeconds;
+    std::vector<char*> arguments{argv[0], blockTime.data()};
     int count = static_cast<int>(arguments.size());
     benchmark::Initialize(&count, arguments.data());
-    ShortestTimes times;
-    benchmark::RunSpecifiedBenchmarks(&times);
-    times.print();
-    bool allMet = true;
     for (const Figure& figure : figures) {
-        const bool isRatio = !figure.baseline.empty();
-        // A filter on the command line may have left them out.
-        if (!times.has(figure.benchmark) || (isRatio && !times.has(figure.baseline)))
-            continue;
-        const double measured =
-            isRatio ? times.seconds(figure.benchmark) / times.seconds(figure.baseline)
-                    : times.seconds(figure.benchmark) * 1e3;
-        allMet = printFigure(figure.name, measured, figure.bound, figure.target) && allMet;
+        if (figure.name.find(only) != std::string::npos)
+            print(figure, pairs);
     }
-    return allMet;
+    return 0;
 }
 
 } // namespace KOLT::Bench

@@ -1,11 +1,8 @@
 // The numeric path of decoding against the full text path.
 
-#include "base/Diagnostics.h"
+#include "benchmarks/BenchData.h"
 #include "benchmarks/Figures.h"
 #include "profile/ValueDecoder.h"
-
-#include <QFile>
-#include <QTemporaryDir>
 
 #include <benchmark/benchmark.h>
 #include <bit>
@@ -17,30 +14,14 @@ namespace {
 
 constexpr std::size_t count = 100'000;
 
-Profile& profile()
+const Profile& profile()
 {
-    static Profile profile;
-    return profile;
-}
-
-void loadProfile()
-{
-    Diagnostics::setSink([](std::string_view) {});
-    const QTemporaryDir directory;
-    const QString path = directory.filePath(QStringLiteral("Profile.xml"));
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly))
-        std::abort();
-    file.write(
-        "<KorvanProfile><ThresholdList><Threshold name='T'><Value val='900' state='WARNING' "
-        "color='yellow'/>"
-        "<Value val='950' state='LIMIT' color='red'/></Threshold></ThresholdList><Device name='D'>"
+    static const auto profile = Bench::profileOf(
         "<Parameter name='EGT' dataType='FLOAT' factor='0.1' offset='1' precision='1' "
-        "thresholdId='T'/>"
-        "</Device></KorvanProfile>");
-    file.close();
-    if (!profile().loadProfil(path, {}))
-        std::abort();
+        "thresholdId='T'/>",
+        "<ThresholdList><Threshold name='T'><Value val='900' state='WARNING' color='yellow'/>"
+        "<Value val='950' state='LIMIT' color='red'/></Threshold></ThresholdList>");
+    return *profile;
 }
 
 std::vector<MessageData> messages()
@@ -65,7 +46,6 @@ void floatNumber(benchmark::State& state)
         benchmark::DoNotOptimize(numbers.data());
         benchmark::ClobberMemory();
     }
-    state.counters["values"] = count;
 }
 
 void floatText(benchmark::State& state)
@@ -81,19 +61,13 @@ void floatText(benchmark::State& state)
         benchmark::DoNotOptimize(values.data());
         benchmark::ClobberMemory();
     }
-    state.counters["values"] = count;
 }
-
-BENCHMARK(floatNumber);
-BENCHMARK(floatText);
 
 } // namespace
 
 int main(int argc, char** argv)
 {
-    loadProfile();
-    const bool met = Bench::runAndPrint(argc, argv,
-                                        {{"FLOAT text time / number time", "floatText",
-                                          "floatNumber", Bench::Figure::Bound::AtLeast, 30.0}});
-    return met ? 0 : 1;
+    return Bench::run(
+        argc, argv,
+        {{"FLOAT text time / number time", floatText, floatNumber, Bench::Bound::AtLeast, 30.0}});
 }

@@ -1,16 +1,13 @@
 // CSV of an hour of flying, against the same cells through QTextStream's operators, and KML of a
 // cycle of ten hours, against formatting its coordinates alone.
 
-#include "base/Diagnostics.h"
+#include "benchmarks/BenchData.h"
 #include "benchmarks/Figures.h"
 #include "export/CsvWriter.h"
 #include "export/KmlWriter.h"
 #include "profile/ValueDecoder.h"
-#include "record/CardContainer.h"
 #include "record/SampleWalker.h"
-#include "tools/samplecard/SampleCard.h"
 
-#include <QCoreApplication>
 #include <QFile>
 #include <QTemporaryDir>
 #include <QTextStream>
@@ -27,35 +24,26 @@ using namespace KOLT;
 
 namespace {
 
-Profile& profile()
+/// A card with the first six parameters selected.
+std::unique_ptr<Bench::Card> cardOf(double hours)
 {
-    static Profile profile;
-    return profile;
+    auto card = std::make_unique<Bench::Card>(hours);
+    int chosen = 0;
+    card->profile.select([&](const ProfileParameter&) { return chosen++ < 6; });
+    return card;
 }
 
-/// A card with one engine run of that length, loaded.
-struct Card
+const Bench::Card& hour()
 {
-    explicit Card(double hours)
-    {
-        SampleCard::SampleCardOptions options;
-        options.folder = directory.path();
-        options.profilePath = QStringLiteral(KOLT_PROFILE);
-        options.hours = hours;
-        isGood = SampleCard::writeSampleCard(options, &error) &&
-                 container.readContainer(directory.path()) && container.loadCycle(1);
-    }
+    static const auto card = cardOf(1.0);
+    return *card;
+}
 
-    const DataSet& dataSet() const { return *container.dataSet(); }
-
-    QTemporaryDir directory;
-    CardContainer container{profile()};
-    QString error;
-    bool isGood = false;
-};
-
-std::unique_ptr<Card> hour;
-std::unique_ptr<Card> tenHours;
+const Bench::Card& tenHours()
+{
+    static const auto card = cardOf(10.0);
+    return *card;
+}
 
 /// A cell as it was worked out beforehand: a number, or where the parameter is none, a text.
 struct Cell
@@ -66,15 +54,16 @@ struct Cell
 };
 
 /// The cells of the CSV file, row by row.
-std::vector<Cell> cellsOf(const DataSet& dataSet, const CsvOptions& options)
+std::vector<Cell> cellsOf(const Bench::Card& card, const CsvOptions& options)
 {
+    const DataSet& dataSet = card.dataSet();
     std::vector<SampleWalker> walkers;
     std::vector<const ProfileParameter*> parameters;
-    for (const ProfileParameter& parameter : profile().parameters()) {
+    for (const ProfileParameter& parameter : card.profile.parameters()) {
         walkers.emplace_back(seriesOf(dataSet.messages, parameter));
         parameters.push_back(&parameter);
     }
-    const qint64 rows = CsvWriter(profile(), dataSet, options).rowCount();
+    const qint64 rows = CsvWriter(card.profile, dataSet, options).rowCount();
     std::vector<Cell> held(walkers.size());
     std::vector<Cell> cells;
     cells.reserve(static_cast<std::size_t>(rows) * walkers.size());
@@ -88,7 +77,7 @@ std::vector<Cell> cellsOf(const DataSet& dataSet, const CsvOptions& options)
                 if (parameters[i]->rule == DecodingRule::Float)
                     held[i].precision = parameters[i]->precision;
                 else
-                    held[i].text = textOf(profile(), *parameters[i], data, held[i].number);
+                    held[i].text = textOf(card.profile, *parameters[i], data, held[i].number);
             }
             cells.push_back(held[i]);
         }
@@ -98,7 +87,7 @@ std::vector<Cell> cellsOf(const DataSet& dataSet, const CsvOptions& options)
 
 const std::vector<Cell>& cells()
 {
-    static const std::vector<Cell> cells = cellsOf(hour->dataSet(), CsvOptions());
+    static const std::vector<Cell> cells = cellsOf(hour(), CsvOptions());
     return cells;
 }
 
@@ -125,26 +114,24 @@ void textStreamCells(benchmark::State& state)
             }
         }
     }
-    state.counters["values"] = static_cast<double>(cells().size());
 }
 
 void writeCsv(benchmark::State& state)
 {
     QFile file;
     openNull(file);
-    const CsvWriter writer(profile(), hour->dataSet(), {});
+    const CsvWriter writer(hour().profile, hour().dataSet(), {});
     for (auto _ : state) {
         if (writer.write(file) != ExportStatus::Done)
             std::abort();
     }
-    state.counters["values"] = static_cast<double>(cells().size());
 }
 
 void formatCoordinates(benchmark::State& state)
 {
     std::array<char, 100> text{};
     for (auto _ : state) {
-        for (const TrackPoint& point : tenHours->dataSet().track) {
+        for (const TrackPoint& point : tenHours().dataSet().track) {
             std::snprintf(text.data(), text.size(), "%.7f,%.7f,%.1f", point.longitude,
                           point.latitude, point.altitude);
             benchmark::DoNotOptimize(text.data());
@@ -160,16 +147,11 @@ void writeKmlOfTenHours(benchmark::State& state)
     for (auto _ : state) {
         QFile file(directory.filePath(QStringLiteral("out.kml")));
         if (!file.open(QIODevice::WriteOnly) ||
-            writeKml(file, profile(), tenHours->dataSet(), options, QStringLiteral("Ten hours")) !=
-                ExportStatus::Done)
+            writeKml(file, tenHours().profile, tenHours().dataSet(), options,
+                     QStringLiteral("Ten hours")) != ExportStatus::Done)
             std::abort();
     }
 }
-
-BENCHMARK(textStreamCells)->Unit(benchmark::kMillisecond);
-BENCHMARK(writeCsv)->Unit(benchmark::kMillisecond);
-BENCHMARK(formatCoordinates)->Unit(benchmark::kMillisecond);
-BENCHMARK(writeKmlOfTenHours)->Unit(benchmark::kMillisecond);
 
 /// Memory in use, in megabytes.
 double residentMegabytes()
@@ -192,7 +174,7 @@ double csvMegabytes()
         most = std::max(most, residentMegabytes());
         return true;
     };
-    CsvWriter(profile(), tenHours->dataSet(), {}).write(file, look);
+    CsvWriter(tenHours().profile, tenHours().dataSet(), {}).write(file, look);
     return most - before;
 }
 
@@ -200,31 +182,16 @@ double csvMegabytes()
 
 int main(int argc, char** argv)
 {
-    Diagnostics::setSink([](std::string_view) {});
-    const QCoreApplication application(argc, argv);
-    profile().loadProfil(QStringLiteral(KOLT_PROFILE), QStringLiteral("915"));
-    hour = std::make_unique<Card>(1.0);
-    tenHours = std::make_unique<Card>(10.0);
-    if (!hour->isGood || !tenHours->isGood) {
-        std::fprintf(stderr, "bench_export: no card to work on: %s\n",
-                     qUtf8Printable(hour->error + tenHours->error));
-        return 2;
-    }
-    int chosen = 0;
-    profile().select([&](const ProfileParameter&) { return chosen++ < 6; });
-    using Bound = Bench::Figure::Bound;
+    using Bench::Bound;
     // Ten million cells a minute.
     const double slowest = static_cast<double>(cells().size()) / 10e6 * 60e3;
-    const bool fast = Bench::runAndPrint(
-        argc, argv,
-        {{"CSV of an hour at 100 ms, ms", "writeCsv", "", Bound::AtMost, slowest},
-         {"  QTextStream's operators / CSV", "textStreamCells", "writeCsv", Bound::AtLeast, 5.0},
-         {"KML of ten hours, ms", "writeKmlOfTenHours", "", Bound::AtMost, 2000.0},
-         {"  / formatting its coordinates once", "writeKmlOfTenHours", "formatCoordinates",
-          Bound::AtMost, 20.0}});
-    const bool small = Bench::printFigure("memory of writing ten hours as CSV, MB", csvMegabytes(),
-                                          Bound::AtMost, 8.0);
-    hour.reset();
-    tenHours.reset();
-    return fast && small ? 0 : 1;
+    return Bench::run(argc, argv,
+                      {{"CSV of an hour at 100 ms, ms", writeCsv, nullptr, Bound::AtMost, slowest},
+                       {"QTextStream's operators / CSV of an hour", textStreamCells, writeCsv,
+                        Bound::AtLeast, 5.0},
+                       {"KML of ten hours, ms", writeKmlOfTenHours, nullptr, Bound::AtMost, 2000.0},
+                       {"KML of ten hours / formatting its coordinates", writeKmlOfTenHours,
+                        formatCoordinates, Bound::AtMost, 20.0},
+                       {"memory of writing ten hours as CSV, MB", nullptr, nullptr, Bound::AtMost,
+                        8.0, csvMegabytes}});
 }

@@ -1,14 +1,13 @@
 // The graph: rebuilding the columns of long traces, a frame of fifty traces, and feeding samples.
 
-#include "base/Diagnostics.h"
+#include "benchmarks/BenchData.h"
 #include "benchmarks/Figures.h"
+#include "benchmarks/ShownWindow.h"
 #include "graph/TraceFeeder.h"
 #include "graph/ui/WidgetGraph.h"
 #include "profile/ValueDecoder.h"
 
 #include <QApplication>
-#include <QFile>
-#include <QTemporaryDir>
 
 #include <GL/gl.h>
 #include <array>
@@ -30,24 +29,20 @@ constexpr double ticksPerSecond = 1e9 / RecordFormat::nanosecondsPerTick;
 
 struct Feed
 {
-    Profile profile;
+    std::unique_ptr<Profile> profile;
     DataSet dataSet;
 };
 
 /// A device with FLOAT parameters, two in each message.
 std::unique_ptr<Feed> feedOf(int parameters)
 {
-    auto feed = std::make_unique<Feed>();
-    QByteArray xml = "<KorvanProfile><Device name='D'>";
+    QByteArray xml;
     for (int i = 0; i < parameters; ++i)
         xml += "<Parameter name='p" + QByteArray::number(i) + "' id='" +
                QByteArray::number(i / 2 + 1) + "' startByte='" + QByteArray::number(i % 2 * 4) +
                "' dataType='FLOAT' factor='1.5'/>";
-    const QTemporaryDir directory;
-    QFile file(directory.filePath(QStringLiteral("Profile.xml")));
-    if (file.open(QIODevice::WriteOnly) && file.write(xml + "</Device></KorvanProfile>") > 0 &&
-        file.flush())
-        feed->profile.loadProfil(file.fileName(), {});
+    auto feed = std::make_unique<Feed>();
+    feed->profile = Bench::profileOf(xml);
     return feed;
 }
 
@@ -91,8 +86,8 @@ Graph& longGraph()
         made->setSize(pictureSize.width(), pictureSize.height());
         made->setTraceCount(traces);
         int index = 0;
-        for (const ProfileParameter& parameter : recording().profile.parameters())
-            feedTrace(*made, index++, recording().profile, parameter, recording().dataSet);
+        for (const ProfileParameter& parameter : recording().profile->parameters())
+            feedTrace(*made, index++, *recording().profile, parameter, recording().dataSet);
         made->setWindow(0.0, samplesPerTrace * spacing);
         return made;
     }();
@@ -133,7 +128,6 @@ public:
     BenchGraph()
     {
         resize(pictureSize);
-        show();
         Graph& graph = editGraph();
         graph.setTraceCount(traces);
         for (int i = 0; i < traces; ++i) {
@@ -145,7 +139,7 @@ public:
             }
         }
         setWindow(0.0, 2000.0);
-        QCoreApplication::processEvents();
+        Bench::showAndWait(*this);
     }
 
     void frame(bool isBare)
@@ -230,7 +224,7 @@ const Feed& longSeries()
 
 void decodeOnly(benchmark::State& state)
 {
-    const ProfileParameter& parameter = longSeries().profile.parameters().front();
+    const ProfileParameter& parameter = longSeries().profile->parameters().front();
     for (auto _ : state) {
         double sum = 0.0;
         for (const StoredSample& sample : seriesOf(longSeries().dataSet.messages, parameter)) {
@@ -244,33 +238,25 @@ void decodeAndAppend(benchmark::State& state)
 {
     Graph graph;
     for (auto _ : state)
-        feedTrace(graph, 0, longSeries().profile, longSeries().profile.parameters().front(),
+        feedTrace(graph, 0, *longSeries().profile, longSeries().profile->parameters().front(),
                   longSeries().dataSet);
 }
-
-BENCHMARK(rebuildColumns)->Unit(benchmark::kMillisecond);
-BENCHMARK(mergeAllSamples)->Unit(benchmark::kMillisecond);
-BENCHMARK(drawFrame)->Unit(benchmark::kMillisecond);
-BENCHMARK(drawBareStrips)->Unit(benchmark::kMillisecond);
-BENCHMARK(decodeOnly)->Unit(benchmark::kMillisecond);
-BENCHMARK(decodeAndAppend)->Unit(benchmark::kMillisecond);
 
 } // namespace
 
 int main(int argc, char** argv)
 {
-    Diagnostics::setSink([](std::string_view) {});
     QApplication application(argc, argv);
     widget = std::make_unique<BenchGraph>();
-    using Bound = KOLT::Bench::Figure::Bound;
-    const bool met = KOLT::Bench::runAndPrint(
+    using Bench::Bound;
+    const int status = Bench::run(
         argc, argv,
-        {{"columns of 50 x 1,000,000 samples, ms", "rebuildColumns", "", Bound::AtMost, 8.0},
-         {"  all samples one by one / this", "mergeAllSamples", "rebuildColumns", Bound::AtLeast,
-          20.0},
-         {"frame of 50 traces / bare strips", "drawFrame", "drawBareStrips", Bound::AtMost, 1.5},
-         {"decode and append 10,000,000 / decode", "decodeAndAppend", "decodeOnly", Bound::AtMost,
+        {{"columns of 50 x 1,000,000 samples, ms", rebuildColumns, nullptr, Bound::AtMost, 8.0},
+         {"all samples one by one / columns of 50 x 1,000,000", mergeAllSamples, rebuildColumns,
+          Bound::AtLeast, 20.0},
+         {"frame of 50 traces / bare strips", drawFrame, drawBareStrips, Bound::AtMost, 1.5},
+         {"decode and append 10,000,000 / decode", decodeAndAppend, decodeOnly, Bound::AtMost,
           2.0}});
     widget.reset();
-    return met ? 0 : 1;
+    return status;
 }

@@ -1,8 +1,8 @@
 // The graph against a general plotting widget: ten traces of a million samples, panned by a tenth
 // of the window and drawn again, in one run.
 
-#include "base/Diagnostics.h"
 #include "benchmarks/Figures.h"
+#include "benchmarks/ShownWindow.h"
 #include "graph/ui/WidgetGraph.h"
 
 #include <QApplication>
@@ -40,14 +40,13 @@ public:
     PannedGraph()
     {
         resize(pictureSize);
-        show();
         editGraph().setTraceCount(traces);
         for (int i = 0; i < traces; ++i) {
             editGraph().trace(i).reserve(samples);
             for (int k = 0; k < samples; ++k)
                 editGraph().trace(i).append(k * spacing, valueOf(i, k), 1);
         }
-        QCoreApplication::processEvents();
+        Bench::showAndWait(*this);
     }
 
     void panTo(double start)
@@ -76,9 +75,8 @@ void makePlot()
         }
         trace->setData(times, values, true);
     }
-    plot->show();
     plot->yAxis->setRange(-1.5, 1.5);
-    QCoreApplication::processEvents();
+    Bench::showAndWait(*plot);
 }
 
 void panGraph(benchmark::State& state)
@@ -98,22 +96,17 @@ void panPlot(benchmark::State& state)
     }
 }
 
-BENCHMARK(panGraph)->Unit(benchmark::kMillisecond);
-BENCHMARK(panPlot)->Unit(benchmark::kMillisecond);
-
 } // namespace
 
 int main(int argc, char** argv)
 {
-    Diagnostics::setSink([](std::string_view) {});
     QApplication application(argc, argv);
     graph = std::make_unique<PannedGraph>();
     makePlot();
-    const bool met =
-        KOLT::Bench::runAndPrint(argc, argv,
-                                 {{"pan of a plotting widget / pan of the graph", "panPlot",
-                                   "panGraph", KOLT::Bench::Figure::Bound::AtLeast, 3.0}});
+    const int status = Bench::run(argc, argv,
+                                  {{"pan of a plotting widget / pan of the graph", panPlot,
+                                    panGraph, Bench::Bound::AtLeast, 3.0}});
     graph.reset();
     plot.reset();
-    return met ? 0 : 1;
+    return status;
 }

@@ -1,5 +1,6 @@
-// Listing and loading of record files, against bare loops over the same files.
+// Listing and loading of record files, against bare passes over the same files.
 
+#include "benchmarks/BarePasses.h"
 #include "benchmarks/Figures.h"
 #include "profile/Profile.h"
 #include "record/CardContainer.h"
@@ -10,7 +11,6 @@
 
 #include <array>
 #include <benchmark/benchmark.h>
-#include <cstdio>
 #include <cstring>
 #include <fcntl.h>
 #include <fstream>
@@ -24,6 +24,8 @@ namespace {
 
 constexpr int listedFiles = 1000;
 constexpr qint64 loadedBytes = 500'000'000;
+constexpr std::size_t loadedSamples =
+    (loadedBytes - RecordFormat::headerBytes) / RecordFormat::sampleBytes;
 constexpr int identifiers = 25;
 
 const QTemporaryDir& directory()
@@ -72,8 +74,7 @@ void prepare()
     QDir(directory().path()).mkpath(QStringLiteral("load"));
     for (int i = 0; i < listedFiles; ++i)
         writeRecord(listedPath(i), 200);
-    writeRecord(loadedPath(),
-                (loadedBytes - RecordFormat::headerBytes) / RecordFormat::sampleBytes);
+    writeRecord(loadedPath(), loadedSamples);
 }
 
 void listBare(benchmark::State& state)
@@ -106,39 +107,19 @@ void listContainer(benchmark::State& state)
     }
 }
 
-/// Reads the file and converts each sample into one array that is already there.
-void loadBare(benchmark::State& state)
+void readBare(benchmark::State& state)
 {
-    const auto count = static_cast<std::size_t>((loadedBytes - RecordFormat::headerBytes) /
-                                                RecordFormat::sampleBytes);
-    std::vector<StoredSample> samples(count);
-    std::vector<unsigned char> block(32'768 * RecordFormat::sampleBytes);
-    const QByteArray path = QFile::encodeName(loadedPath());
     for (auto _ : state) {
-        const int file = open(path.constData(), O_RDONLY | O_CLOEXEC);
-        lseek(file, RecordFormat::headerBytes, SEEK_SET);
-        std::size_t next = 0;
-        for (ssize_t got = 0; (got = read(file, block.data(), block.size())) > 0;) {
-            const ByteReader reader(
-                std::span<const unsigned char>(block).first(static_cast<std::size_t>(got)),
-                ByteOrder::Little);
-            for (std::size_t at = 0;
-                 at + RecordFormat::sampleBytes <= static_cast<std::size_t>(got);
-                 at += RecordFormat::sampleBytes) {
-                StoredSample& sample = samples[next++];
-                std::memcpy(sample.data.data(), block.data() + at, sample.data.size());
-                sample.byte8 = block[at + 8];
-                sample.byte9 = block[at + 9];
-                sample.word16 = reader.u32(at + 16);
-                sample.kind = reader.u16(at + RecordFormat::kindOffset);
-                sample.id =
-                    reader.u32(at + RecordFormat::identifierOffset) & RecordFormat::identifierMask;
-                sample.timeHigh = reader.u32(at + RecordFormat::sampleTimeOffset);
-                sample.timeLow = reader.u32(at + RecordFormat::sampleTimeOffset + 4);
-            }
-        }
-        close(file);
-        benchmark::DoNotOptimize(samples.data());
+        if (Bench::read({loadedPath()}) / RecordFormat::sampleBytes < loadedSamples)
+            std::abort();
+    }
+}
+
+void readAndGroup(benchmark::State& state)
+{
+    for (auto _ : state) {
+        if (Bench::readAndGroup({loadedPath()}) != loadedSamples)
+            std::abort();
     }
 }
 
@@ -152,11 +133,6 @@ void loadGrouped(benchmark::State& state)
             std::abort();
     }
 }
-
-BENCHMARK(listBare)->Unit(benchmark::kMillisecond);
-BENCHMARK(listContainer)->Unit(benchmark::kMillisecond);
-BENCHMARK(loadBare)->Unit(benchmark::kMillisecond)->Iterations(1);
-BENCHMARK(loadGrouped)->Unit(benchmark::kMillisecond)->Iterations(1);
 
 /// A line of /proc/self/status, in bytes.
 double statusBytes(const std::string& key)
@@ -199,14 +175,12 @@ double loadMemory()
 
 int main(int argc, char** argv)
 {
-    using Bound = Bench::Figure::Bound;
+    using Bench::Bound;
     prepare();
-    const double memory = loadMemory();
-    const bool fast = Bench::runAndPrint(
+    return Bench::run(
         argc, argv,
-        {{"listing 1,000 files / bare reads", "listContainer", "listBare", Bound::AtMost, 3.0},
-         {"loading 500 MB / bare conversion", "loadGrouped", "loadBare", Bound::AtMost, 2.0}});
-    const bool small =
-        Bench::printFigure("memory of loading 500 MB / file", memory, Bound::AtMost, 3.0);
-    return fast && small ? 0 : 1;
+        {{"memory of loading 500 MB / file", nullptr, nullptr, Bound::AtMost, 3.0, loadMemory},
+         {"listing 1,000 files / bare reads", listContainer, listBare, Bound::AtMost, 3.0},
+         {"loading 500 MB / read", loadGrouped, readBare, Bound::AtMost, 2.0},
+         {"loading 500 MB / read and group", loadGrouped, readAndGroup, Bound::AtMost, 2.0}});
 }

@@ -14,9 +14,7 @@
 #include <QOpenGLFramebufferObject>
 #include <QTemporaryDir>
 
-#include <algorithm>
 #include <benchmark/benchmark.h>
-#include <chrono>
 #include <memory>
 
 using namespace Zinc2D;
@@ -25,7 +23,6 @@ namespace {
 
 constexpr QSize pictureSize(1280, 720);
 constexpr int variableCount = 100;
-constexpr int medianFrames = 101;
 constexpr int textsPerGauge = 6;
 
 /// What the variables are given in turn, so that all of them change.
@@ -237,50 +234,25 @@ void drawRectangle(benchmark::State& state)
     }
 }
 
-/// Of frames in each of which everything changes.
-double medianMilliseconds()
-{
-    Panel panel;
-    std::vector<double> times;
-    for (int i = 1; i <= medianFrames; ++i) {
-        const auto start = std::chrono::steady_clock::now();
-        panel.frame(i);
-        const std::chrono::duration<double, std::milli> time =
-            std::chrono::steady_clock::now() - start;
-        times.push_back(time.count());
-    }
-    std::ranges::nth_element(times, times.begin() + medianFrames / 2);
-    return times[medianFrames / 2];
-}
-
-BENCHMARK(setHundredAndBuild)->Unit(benchmark::kMillisecond);
-BENCHMARK(setHundredUnchanged)->Unit(benchmark::kMillisecond);
-BENCHMARK(keepAndFormatHundred)->Unit(benchmark::kMillisecond);
-BENCHMARK(drawChangedFrame)->Unit(benchmark::kMillisecond);
-BENCHMARK(drawUnchangedFrame)->Unit(benchmark::kMillisecond);
-BENCHMARK(drawRectangle)->Unit(benchmark::kMillisecond);
-
 } // namespace
 
 int main(int argc, char** argv)
 {
     QApplication application(argc, argv);
     stage = std::make_unique<Stage>();
-    using Bound = KOLT::Bench::Figure::Bound;
-    bool met = KOLT::Bench::runAndPrint(
+    using Bound = KOLT::Bench::Bound;
+    const int status = KOLT::Bench::run(
         argc, argv,
-        {{"100 variables set, frame built, ms", "setHundredAndBuild", "", Bound::AtMost, 1.0},
-         {"  the same / values kept, texts formatted", "setHundredAndBuild", "keepAndFormatHundred",
-          Bound::AtMost, 10.0},
-         {"100 set to what they are / all changed", "setHundredUnchanged", "setHundredAndBuild",
+        {{"100 variables set, frame built, ms", setHundredAndBuild, nullptr, Bound::AtMost, 1.0},
+         {"100 variables set / values kept, texts formatted", setHundredAndBuild,
+          keepAndFormatHundred, Bound::AtMost, 10.0},
+         {"100 set to what they are / all changed", setHundredUnchanged, setHundredAndBuild,
           Bound::AtMost, 0.05},
-         {"frame of 1280 x 720, all changed / rectangle", "drawChangedFrame", "drawRectangle",
+         {"frame of 1280 x 720, all changed, ms", drawChangedFrame, nullptr, Bound::AtMost, 10.0},
+         {"frame of 1280 x 720, all changed / rectangle", drawChangedFrame, drawRectangle,
           Bound::AtMost, 15.0},
-         {"frame without changes / all changed", "drawUnchangedFrame", "drawChangedFrame",
+         {"frame without changes / all changed", drawUnchangedFrame, drawChangedFrame,
           Bound::AtMost, 0.9}});
-    met = KOLT::Bench::printFigure("frame of 1280 x 720, all changed, median, ms",
-                                   medianMilliseconds(), Bound::AtMost, 10.0) &&
-          met;
     stage.reset();
-    return met ? 0 : 1;
+    return status;
 }

@@ -6,12 +6,11 @@
 
 #include "analysis/ui/DialogDataTable.h"
 #include "app/DataWindow.h"
-#include "base/Diagnostics.h"
+#include "benchmarks/BenchData.h"
 #include "benchmarks/Figures.h"
+#include "benchmarks/ShownWindow.h"
 #include "libs/tusk/gl/GlSupport.h"
-#include "record/CardContainer.h"
 #include "resources/Resources.h"
-#include "tools/samplecard/SampleCard.h"
 
 #include <QApplication>
 #include <QOpenGLFunctions>
@@ -20,10 +19,8 @@
 #include <QPixmap>
 #include <QScrollBar>
 #include <QTableView>
-#include <QTemporaryDir>
 
 #include <benchmark/benchmark.h>
-#include <cstdio>
 #include <memory>
 
 using namespace KOLT;
@@ -34,15 +31,9 @@ constexpr QSize windowSize(1600, 1000);
 constexpr int cycle = 1;
 constexpr int manyRows = 2'000'000;
 
-Profile& profile()
+Bench::Card& card()
 {
-    static Profile profile;
-    return profile;
-}
-
-CardContainer& card()
-{
-    static CardContainer card(profile());
+    static Bench::Card card;
     return card;
 }
 
@@ -51,7 +42,7 @@ const DataSet& longDataSet()
 {
     static const auto dataSet = [] {
         auto set = std::make_unique<DataSet>();
-        const auto id = static_cast<std::uint32_t>(profile().selectedParameters().front()->id);
+        const auto id = static_cast<std::uint32_t>(card().profile.selectedParameters().front()->id);
         for (int i = 0; i < manyRows; ++i) {
             const auto ticks = static_cast<std::uint64_t>(i) * 3'200'000;
             set->messages.append(id, static_cast<std::uint32_t>(ticks >> 32),
@@ -63,26 +54,45 @@ const DataSet& longDataSet()
     return *dataSet;
 }
 
-void paint()
+/// Counts what is painted in all windows.
+class PaintCounter : public QObject
 {
-    QCoreApplication::processEvents();
+public:
+    int count = 0;
+
+protected:
+    bool eventFilter(QObject* /*object*/, QEvent* event) override
+    {
+        if (event->type() == QEvent::Paint)
+            ++count;
+        return false;
+    }
+};
+
+std::unique_ptr<PaintCounter> painted;
+
+/// Handles events until something was painted: what is timed has to be seen.
+void paint(benchmark::State& state)
+{
+    const int before = painted->count;
+    if (!Bench::waitUntil([&] { return painted->count > before; }))
+        state.SkipWithError("nothing was painted");
 }
 
 /// A window with the data page in front.
 std::unique_ptr<DialogData> openWindow()
 {
     std::unique_ptr<DialogData> window(
-        createDataWindow(profile(), DialogData::Display::Full).window);
+        createDataWindow(card().profile, DialogData::Display::Full).window);
     window->resize(windowSize);
-    window->show();
-    paint();
+    Bench::showAndWait(*window);
     return window;
 }
 
 void loadFlight(benchmark::State& state)
 {
     for (auto _ : state)
-        card().loadFlight(cycle, 0);
+        card().container.loadFlight(cycle, 0);
 }
 
 void loadAndShowFlight(benchmark::State& state)
@@ -90,9 +100,9 @@ void loadAndShowFlight(benchmark::State& state)
     const auto window = openWindow();
     for (auto _ : state) {
         window->clear();
-        card().loadFlight(cycle, 0);
-        window->setData(*card().dataSet());
-        paint();
+        card().container.loadFlight(cycle, 0);
+        window->setData(card().dataSet());
+        paint(state);
     }
 }
 
@@ -105,31 +115,32 @@ void paintTexts(benchmark::State& state)
         QPainter painter(&pixmap);
         for (int row = 0; row < 40; ++row) {
             for (int column = 0; column < 7; ++column)
-                painter.drawText(QRect(column * 90, row * 20, 80, 20), Qt::AlignRight, "1234.56");
+                painter.drawText(QRect(column * 90, row * 20, 80, 20), Qt::AlignRight,
+                                 QStringLiteral("1234.56"));
         }
     }
 }
 
 void replayStep(benchmark::State& state)
 {
-    card().loadFlight(cycle, 0);
+    card().container.loadFlight(cycle, 0);
     const auto window = openWindow();
-    window->setData(*card().dataSet());
-    paint();
-    double seconds = card().dataSet()->startSeconds;
+    window->setData(card().dataSet());
+    paint(state);
+    double seconds = card().dataSet().startSeconds;
     for (auto _ : state) {
         seconds += 2.0; // 20 ms at the highest speed
-        if (seconds > card().dataSet()->stopSeconds)
-            seconds = card().dataSet()->startSeconds;
+        if (seconds > card().dataSet().stopSeconds)
+            seconds = card().dataSet().startSeconds;
         window->setTime(seconds);
-        paint();
+        paint(state);
     }
 }
 
 /// What every opening has to do at least: look at each sample's tenth once.
 void walkRows(benchmark::State& state)
 {
-    const ProfileParameter& parameter = *profile().selectedParameters().front();
+    const ProfileParameter& parameter = *card().profile.selectedParameters().front();
     for (auto _ : state) {
         std::int64_t sum = 0;
         for (const StoredSample& sample : seriesOf(longDataSet().messages, parameter))
@@ -143,7 +154,7 @@ void openLongTable(benchmark::State& state)
     const auto window = openWindow();
     for (auto _ : state) {
         window->setData(longDataSet());
-        paint();
+        paint(state);
     }
 }
 
@@ -151,14 +162,14 @@ void scrollPage(benchmark::State& state)
 {
     const auto window = openWindow();
     window->setData(longDataSet());
-    paint();
+    paint(state);
     auto* const view = window->findChild<DialogDataTable*>()->findChild<QTableView*>();
     QScrollBar* const bar = view->verticalScrollBar();
     for (auto _ : state) {
         bar->setValue(bar->value() + bar->pageStep());
         if (bar->value() == bar->maximum())
             bar->setValue(0);
-        paint();
+        paint(state);
     }
 }
 
@@ -167,12 +178,18 @@ class ClearedWidget : public QOpenGLWidget
 public:
     using QOpenGLWidget::QOpenGLWidget;
 
+    int frames() const { return m_frames; }
+
 protected:
     void paintGL() override
     {
         context()->functions()->glClearColor(0.2F, 0.3F, 0.4F, 1.0F);
         context()->functions()->glClear(GL_COLOR_BUFFER_BIT);
+        ++m_frames;
     }
+
+private:
+    int m_frames = 0;
 };
 
 /// A window as large as ours, with a cleared area where the map would be.
@@ -186,13 +203,14 @@ public:
         m_area.setFormat(format);
         resize(windowSize);
         m_area.setGeometry(windowSize.width() / 2, 0, windowSize.width() / 2, mapHeight);
-        show();
-        paint();
+        Bench::showAndWait(*this);
     }
 
     void updateTable() { update(0, 0, windowSize.width() / 2, windowSize.height()); }
 
     void updateMap() { m_area.update(); }
+
+    int mapFrames() const { return m_area.frames(); }
 
 private:
     static constexpr int mapHeight = 840;
@@ -202,11 +220,14 @@ private:
 void composeStep(benchmark::State& state)
 {
     BareWindow window;
+    const int before = window.mapFrames();
     for (auto _ : state) {
         window.updateTable();
         window.updateMap();
-        paint();
+        paint(state);
     }
+    if (window.mapFrames() - before < state.iterations())
+        state.SkipWithError("the map's area was not drawn in each step");
 }
 
 void composeTable(benchmark::State& state)
@@ -214,61 +235,50 @@ void composeTable(benchmark::State& state)
     BareWindow window;
     for (auto _ : state) {
         window.updateTable();
-        paint();
+        paint(state);
     }
 }
 
-BENCHMARK(loadFlight)->Unit(benchmark::kMillisecond);
-BENCHMARK(loadAndShowFlight)->Unit(benchmark::kMillisecond);
-BENCHMARK(paintTexts)->Unit(benchmark::kMillisecond);
-BENCHMARK(replayStep)->Unit(benchmark::kMillisecond);
-BENCHMARK(walkRows)->Unit(benchmark::kMillisecond);
-BENCHMARK(openLongTable)->Unit(benchmark::kMillisecond);
-BENCHMARK(scrollPage)->Unit(benchmark::kMillisecond);
+std::vector<Bench::Figure> figures()
+{
+    using Bench::Bound;
+    std::vector<Bench::Figure> result{
+        {"click on a flight to pages ready, ms", loadAndShowFlight, nullptr, Bound::AtMost, 300.0},
+        {"opening 2,000,000 rows, ms", openLongTable, nullptr, Bound::AtMost, 500.0},
+        {"opening 2,000,000 rows / looking at each sample", openLongTable, walkRows, Bound::AtMost,
+         30.0}};
+    if (TUSK::OpenGL::isAvailable())
+        result.insert(result.end(), {{"step of the replay / bare window composed", replayStep,
+                                      composeStep, Bound::AtMost, 1.5},
+                                     {"scrolling a page / bare window composed", scrollPage,
+                                      composeTable, Bound::AtMost, 1.5}});
+    else
+        result.insert(
+            result.end(),
+            {{"click on a flight to pages ready / loading it", loadAndShowFlight, loadFlight,
+              Bound::AtMost, 3.0},
+             {"step of the replay, ms", replayStep, nullptr, Bound::AtMost, 8.0},
+             {"step of the replay / painting as many texts", replayStep, paintTexts, Bound::AtMost,
+              10.0},
+             {"scrolling a page of 2,000,000 rows, ms", scrollPage, nullptr, Bound::AtMost, 16.0},
+             {"scrolling a page / painting as many texts", scrollPage, paintTexts, Bound::AtMost,
+              10.0}});
+    return result;
+}
 
 } // namespace
 
 int main(int argc, char** argv)
 {
-    Diagnostics::setSink([](std::string_view) {});
     QApplication application(argc, argv);
     initKoltResources();
-    const QTemporaryDir directory;
-    SampleCard::SampleCardOptions options;
-    options.folder = directory.path();
-    options.profilePath = QStringLiteral(KOLT_PROFILE);
-    QString error;
-    if (!SampleCard::writeSampleCard(options, &error) ||
-        !profile().loadProfil(options.profilePath, QStringLiteral("915")) ||
-        !card().readContainer(directory.path()) || !card().loadCycle(cycle) ||
-        card().flightsOf(cycle).empty()) {
-        std::fprintf(stderr, "bench_window: no card to work on: %s\n", qUtf8Printable(error));
+    painted = std::make_unique<PaintCounter>();
+    application.installEventFilter(painted.get());
+    if (card().container.flightsOf(cycle).empty())
         return 2;
-    }
     int chosen = 0;
-    profile().select([&](const ProfileParameter& parameter) {
+    card().profile.select([&](const ProfileParameter& parameter) {
         return parameter.rule == DecodingRule::Float && chosen++ < 6;
     });
-    using Bound = Bench::Figure::Bound;
-    std::vector<Bench::Figure> figures{
-        {"click on a flight to pages ready, ms", "loadAndShowFlight", "", Bound::AtMost, 300.0},
-        {"opening 2,000,000 rows, ms", "openLongTable", "", Bound::AtMost, 500.0},
-        {"  / looking at each sample once", "openLongTable", "walkRows", Bound::AtMost, 30.0}};
-    if (TUSK::OpenGL::isAvailable()) {
-        benchmark::RegisterBenchmark("composeStep", composeStep)->Unit(benchmark::kMillisecond);
-        benchmark::RegisterBenchmark("composeTable", composeTable)->Unit(benchmark::kMillisecond);
-        figures.insert(figures.end(), {{"step of the replay / bare window composed", "replayStep",
-                                        "composeStep", Bound::AtMost, 1.5},
-                                       {"scrolling a page / bare window composed", "scrollPage",
-                                        "composeTable", Bound::AtMost, 1.5}});
-    } else {
-        figures.insert(
-            figures.end(),
-            {{"  / loading the flight", "loadAndShowFlight", "loadFlight", Bound::AtMost, 3.0},
-             {"step of the replay, ms", "replayStep", "", Bound::AtMost, 8.0},
-             {"  / painting as many texts", "replayStep", "paintTexts", Bound::AtMost, 10.0},
-             {"scrolling a page of them, ms", "scrollPage", "", Bound::AtMost, 16.0},
-             {"  / painting as many texts", "scrollPage", "paintTexts", Bound::AtMost, 10.0}});
-    }
-    return Bench::runAndPrint(argc, argv, figures) ? 0 : 1;
+    return Bench::run(argc, argv, figures());
 }
