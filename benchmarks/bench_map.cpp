@@ -420,7 +420,7 @@ int main(int argc, char** argv)
         {{"frame of 1280 x 800 / bare loop of the same tiles", drawMap, drawBareLoop, Bound::AtMost,
           1.5},
          {"frame with a track of 20 h / of 1 h", drawTwentyHours, drawOneHour, Bound::AtMost, 2.0},
-         {"the same, cross-country, whole track seen", drawTwentyHoursAway, drawOneHourAway,
+         {"cross-country track of 20 h / of 1 h, seen whole", drawTwentyHoursAway, drawOneHourAway,
           Bound::AtMost, 2.0},
          {"level of a 20 h track built, ms", buildTrackLevel, nullptr, Bound::AtMost, 100.0},
          {"pan over tiles on disk: longest loading, ms", nullptr, nullptr, Bound::AtMost, 16.0,

@@ -71,12 +71,15 @@ protected:
 
 std::unique_ptr<PaintCounter> painted;
 
-/// Handles events until something was painted: what is timed has to be seen.
-void paint(benchmark::State& state)
+/// Handles events until something was painted, as what is timed has to be seen; false when nothing
+/// ever is.
+bool paint(benchmark::State& state)
 {
     const int before = painted->count;
-    if (!Bench::waitUntil([&] { return painted->count > before; }))
+    const bool isPainted = Bench::waitUntil([&] { return painted->count > before; });
+    if (!isPainted)
         state.SkipWithError("nothing was painted");
+    return isPainted;
 }
 
 /// A window with the data page in front.
@@ -102,7 +105,8 @@ void loadAndShowFlight(benchmark::State& state)
         window->clear();
         card().container.loadFlight(cycle, 0);
         window->setData(card().dataSet());
-        paint(state);
+        if (!paint(state))
+            return;
     }
 }
 
@@ -133,7 +137,8 @@ void replayStep(benchmark::State& state)
         if (seconds > card().dataSet().stopSeconds)
             seconds = card().dataSet().startSeconds;
         window->setTime(seconds);
-        paint(state);
+        if (!paint(state))
+            return;
     }
 }
 
@@ -154,7 +159,8 @@ void openLongTable(benchmark::State& state)
     const auto window = openWindow();
     for (auto _ : state) {
         window->setData(longDataSet());
-        paint(state);
+        if (!paint(state))
+            return;
     }
 }
 
@@ -169,7 +175,8 @@ void scrollPage(benchmark::State& state)
         bar->setValue(bar->value() + bar->pageStep());
         if (bar->value() == bar->maximum())
             bar->setValue(0);
-        paint(state);
+        if (!paint(state))
+            return;
     }
 }
 
@@ -224,7 +231,8 @@ void composeStep(benchmark::State& state)
     for (auto _ : state) {
         window.updateTable();
         window.updateMap();
-        paint(state);
+        if (!paint(state))
+            return;
     }
     if (window.mapFrames() - before < state.iterations())
         state.SkipWithError("the map's area was not drawn in each step");
@@ -235,7 +243,8 @@ void composeTable(benchmark::State& state)
     BareWindow window;
     for (auto _ : state) {
         window.updateTable();
-        paint(state);
+        if (!paint(state))
+            return;
     }
 }
 
