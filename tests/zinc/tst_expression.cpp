@@ -91,9 +91,8 @@ void TestExpression::evaluates_data()
     row("5 % zero", "unset");
     row("sqrt(-1)", "unset");
     row("1e308 * 10", "unset");
-    row("'a' < 'b'", "unset");
-    row("'a' == 1", "unset");
-    row("'a' + 1", "unset");
+    row("(rpm > 1 ? 'a' : 1) + 1", "unset"); // a text only now
+    row("(rpm > 1 ? 'a' : 1) == 'a'", "1");
     // What the documentation promises, and what is refused.
     row("49 brackets", QString(49, '(') + "5" + QString(49, ')'), "5");
     row("30 choices", QString("rpm == 1 ? 2 : ").repeated(30) + "3", "3");
@@ -125,12 +124,39 @@ void TestExpression::evaluates()
 void TestExpression::tellsWhereItIsWrong()
 {
     VariableTable variables;
-    const std::pair<const char*, std::ptrdiff_t> rows[] = {
-        {"", 0},          {"   ", 3},      {"1 +", 3},      {"1 + * 2", 4}, {"(1 + 2", 6},
-        {"1 2", 2},       {"a b", 2},      {"rpm >< 2", 5}, {"rpm & 2", 4}, {"[rpm", 0},
-        {"1 + []", 4},    {"'text", 0},    {"#12", 0},      {"#12345g", 0}, {"2 * wrong(1)", 4},
-        {"abs(1, 2)", 0}, {"clamp(1)", 0}, {"min(1,)", 6},  {"a ? b", 5},   {"a ? b : ", 8},
-        {"1 = 1", 2},     {"\u00a7", 0}};
+    variables.define("word", compiled("'psi'", variables));
+    const std::pair<const char*, std::ptrdiff_t> rows[] = {{"", 0},
+                                                           {"   ", 3},
+                                                           {"1 +", 3},
+                                                           {"1 + * 2", 4},
+                                                           {"(1 + 2", 6},
+                                                           {"1 2", 2},
+                                                           {"a b", 2},
+                                                           {"rpm >< 2", 5},
+                                                           {"rpm & 2", 4},
+                                                           {"[rpm", 0},
+                                                           {"1 + []", 4},
+                                                           {"'text", 0},
+                                                           {"#12", 0},
+                                                           {"#12345g", 0},
+                                                           {"2 * wrong(1)", 4},
+                                                           {"abs(1, 2)", 0},
+                                                           {"clamp(1)", 0},
+                                                           {"min(1,)", 6},
+                                                           {"a ? b", 5},
+                                                           {"a ? b : ", 8},
+                                                           {"1 = 1", 2},
+                                                           {"\u00a7", 0},
+                                                           // Texts where they can never be of use.
+                                                           {"'a' + 'b'", 4},
+                                                           {"1 - (-'b')", 5},
+                                                           {"1 > 0 and not 'a'", 10},
+                                                           {"'a' < 'b'", 4},
+                                                           {"rpm == 'a'", 4},
+                                                           {"2 * max(1, 'a')", 4},
+                                                           {"'a' ? 1 : 2", 4},
+                                                           {"a + (a ? 'b' : 'c')", 2},
+                                                           {"1 + word", 2}};
     for (const auto& [text, offset] : rows) {
         const auto expression = compileExpression(text, variables);
         const auto* const error = std::get_if<ExpressionError>(&expression);

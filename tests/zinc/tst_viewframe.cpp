@@ -10,6 +10,7 @@
 #include <cmath>
 
 using namespace Zinc2D;
+using KOLT::Test::fetchRow;
 using KOLT::Test::Rows;
 
 namespace {
@@ -32,6 +33,8 @@ private slots:
     void scalesWithoutEndsPointNowhere();
     void bars();
     void lamps();
+    void partsFadeAndHide_data();
+    void partsFadeAndHide();
     void annunciator();
     void texts_data();
     void texts();
@@ -257,6 +260,43 @@ void TestViewFrame::lamps()
     QCOMPARE(lamp(0.0), "OIL|PRESS ff111111");
     QCOMPARE(lamp(1.0), "OIL|PRESS ffff0000");
     QCOMPARE(lamp(7.0), "TEST ffffff00");
+}
+
+void TestViewFrame::partsFadeAndHide_data()
+{
+    const Rows<QByteArray, QByteArray> row; // element, part
+    const QByteArray scale = " min='0' max='9' value='5'>";
+    const QByteArray bar = "<bar x='9' y='9' width='90' height='9'";
+    const QByteArray tape = "<tape x='9' y='9' width='90' height='9' span='9' value='5'>";
+    for (const QByteArray part : {"range from='4' to='6'", "mark at='5'"}) {
+        row("gauge " + part, "<gauge x='9' y='9' radius='9'" + scale, part);
+        row("pointer " + part, bar + scale, part);
+        row("fill " + part, bar + " look='fill'" + scale, part);
+        row("tape " + part, tape, part);
+    }
+    row("text", "<text x='1' y='1' value='5'>", "case value='5' text='a'");
+    row("lamp", "<lamp x='9' y='9' width='9' height='9' value='5'>", "case value='5' text='a'");
+    row("message", "<annunciator x='9' y='9' width='90' height='90'>", "message when='1' text='a'");
+}
+
+void TestViewFrame::partsFadeAndHide()
+{
+    const auto [element, part] = fetchRow<QByteArray, QByteArray>();
+    const QByteArray name = element.mid(1, element.indexOf(' ') - 1);
+    load(element + '<' + part + " color='#123456' visible='on' opacity='fade'/></" + name + '>');
+    const auto alphas = [this] {
+        QStringList found;
+        for (const DrawCommand& command : m_frame.drawList(0).commands) {
+            if ((command.color & 0xffffff) == 0x123456)
+                found << QString::number(command.color >> 24);
+        }
+        return found.join(' ');
+    };
+    QCOMPARE(alphas(), QString());
+    set("on", 1.0);
+    QCOMPARE(alphas(), "255");
+    set("fade", 0.5);
+    QCOMPARE(alphas(), "128");
 }
 
 void TestViewFrame::annunciator()

@@ -15,6 +15,7 @@ private slots:
     void readsElements();
     void reports_data();
     void reports();
+    void tellsWhichVariablesItNeeds();
     void refusesWhatIsNoView();
     void isBounded();
     void cutFilesNeverCrash();
@@ -123,6 +124,37 @@ void TestViewReader::reports_data()
         {":3:3: \"a\" is already defined"}, 0);
     row("empty definition", "<define name=' ' value='1'/>",
         {":2:2: a definition needs \"name\" and \"value\""}, 0);
+    row("colour words",
+        "<define name='red' value='#ff0000'/><circle x='1' y='1' radius='1' fill='red'/>"
+        "<circle x='1' y='1' radius='1'\nfill='x > 1 ? blue : red'/>",
+        {":3:7: \"blue\" is no colour here: write #ff0000ff, or define it"}, 2);
+    row("no colour", "<line x='0' y='0' x2='1' y2='1' color='123456' thickness='#ff'/>",
+        {":2:40: a colour is expected here, such as #00c853",
+         ":2:59: a colour is written as #rrggbb or #aarrggbb"},
+        1);
+    row("types", "<text x='#ff0000' y='1' text='=#ff0000' align='=1'/>",
+        {":2:10: a number is expected here", ":2:31: a text is expected here",
+         ":2:48: a text is expected here"},
+        1);
+    row("joined texts",
+        "<define name='unit' value=\"imperial ? 'psi' : 'bar'\"/>\n<text x='0' y='0' "
+        "text=\"='OIL ' + unit\"/>",
+        {":3:33: \"+\" does not take texts"}, 1);
+    row("text of a point", "<polygon points=\"0,0; 1,1; 2,'a'\"/>",
+        {":2:30: a number is expected here"}, 1);
+    row("useless cases",
+        "<text x='1' y='1' value='v'><case text='a'/>\n"
+        "<case value='1' background='#ffffff'/></text>",
+        {":2:30: a case needs \"value\" or \"when\"", ":3:2: a text has no \"background\""}, 1);
+    row("what nobody reads",
+        "<text x='1' y='1'>OIL</text><style name='s'><a/></style>\n"
+        "<lamp x='1' y='1' width='1' height='1' value='1'><case value='1'><b/></case></lamp>",
+        {":2:19: text between elements is not shown", ":2:46: \"style\" has no \"a\" in it",
+         ":3:67: \"case\" has no \"b\" in it"},
+        2);
+    row("style with a fault, twice",
+        "<style name='s' size='#'/><text x='0' y='0' style='s'/><text x='0' y='0' style='s'/>",
+        {":2:23: a colour is written as #rrggbb or #aarrggbb"}, 2);
     row("bad points", "<polygon points='0,0; 1,1; 2'/>", {":2:29: a point needs \"x, y\""}, 1);
     row("several", "<a/><b/>\n<c/>",
         {":2:2: there is no element \"a\"", ":2:6: there is no element \"b\"",
@@ -139,6 +171,22 @@ void TestViewReader::reports()
     QVERIFY(model);
     QCOMPARE(m_reports, reports);
     QCOMPARE(static_cast<int>(model->elements.size()), kept + 1);
+}
+
+void TestViewReader::tellsWhichVariablesItNeeds()
+{
+    const auto model = readView("<define name='hot' value='[Oil Temp] > 120'/>\n"
+                                "<optional name='Tow'/><text x='1' y='1' value='hot ? rpm : Tow'/>"
+                                "\n<polygon points='0,0; rpm,1; [Oil Temp],yaw'/>");
+    QVERIFY(model);
+    QStringList unknown;
+    for (const VariableUse& use : model->variables)
+        unknown << use.unknown.text().remove(m_directory.filePath("panel.v"));
+    QCOMPARE(unknown, (QStringList{":1:57: there is no variable \"Oil Temp\"",
+                                   ":2:48: there is no variable \"rpm\"",
+                                   ":2:48: there is no variable \"Tow\"",
+                                   ":3:18: there is no variable \"yaw\""}));
+    QCOMPARE(model->optionalVariables, QSet<QString>{"Tow"});
 }
 
 void TestViewReader::refusesWhatIsNoView()

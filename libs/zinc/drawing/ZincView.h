@@ -55,6 +55,8 @@ public:
 
     const VariableTable& variables() const { return m_variables; }
 
+    const ViewModel& model() const { return m_model; }
+
     /// The view's own size; 0 while there is none.
     double width() const { return m_model.size.width(); }
 

@@ -148,9 +148,10 @@ Value ofMany(Operation operation, std::span<const Value> operands)
 } // namespace
 
 Expression::Expression(std::vector<Instruction> program,
-                       std::shared_ptr<const std::vector<QString>> texts)
+                       std::shared_ptr<const std::vector<QString>> texts, ValueTypes types)
     : m_program(std::move(program))
     , m_texts(std::move(texts))
+    , m_types(types)
 {
     for (const Instruction& instruction : m_program) {
         if (instruction.operation == Operation::Variable &&

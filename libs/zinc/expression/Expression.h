@@ -11,6 +11,12 @@ namespace Zinc2D {
 
 class VariableTable;
 
+/// What an expression may yield: a sum of these. A colour can be calculated with like a number.
+using ValueTypes = unsigned;
+constexpr ValueTypes numberType = 1;
+constexpr ValueTypes colorType = 2;
+constexpr ValueTypes textType = 4;
+
 /// A compiled expression of variables (docs/formats/view.md): a program for a small stack machine.
 ///
 /// What is not set propagates: an operation on it yields nothing, except where the other operand
@@ -64,17 +70,22 @@ public:
 
     /// `texts` holds what the constants refer to. The program must be well formed and need no more
     /// than maxDepth places.
-    Expression(std::vector<Instruction> program, std::shared_ptr<const std::vector<QString>> texts);
+    Expression(std::vector<Instruction> program, std::shared_ptr<const std::vector<QString>> texts,
+               ValueTypes types);
 
     Value evaluate(const VariableTable& variables) const;
 
     /// Slots of the variables in it, each once.
     const std::vector<int>& variables() const { return m_variables; }
 
+    /// What it yields where it yields anything.
+    ValueTypes types() const { return m_types; }
+
 private:
     std::vector<Instruction> m_program;
     std::shared_ptr<const std::vector<QString>> m_texts;
     std::vector<int> m_variables;
+    ValueTypes m_types = numberType;
 };
 
 } // namespace Zinc2D

@@ -1,10 +1,12 @@
 #include "libs/zinc/expression/ExpressionCompiler.h"
 
+#include "libs/zinc/expression/ExpressionTypes.h"
 #include "libs/zinc/expression/VariableTable.h"
 
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <span>
 #include <string_view>
 
 namespace Zinc2D {
@@ -109,10 +111,10 @@ public:
     {
         std::vector<Expression> coordinates;
         do {
-            coordinates.push_back(next());
+            coordinates.push_back(coordinate());
             if (!take(","))
                 fail(QStringLiteral("a point needs \"x, y\""));
-            coordinates.push_back(next());
+            coordinates.push_back(coordinate());
         } while (take(";") && !isAtEnd() && !m_error);
         if (!isAtEnd())
             failAtNext();
@@ -122,14 +124,25 @@ public:
     }
 
 private:
+    Expression coordinate()
+    {
+        const qsizetype start = nextPosition();
+        Expression expression = next();
+        if (!m_error && (expression.types() & numberType) == 0) {
+            m_position = start;
+            fail(QStringLiteral("a number is expected here"));
+        }
+        return expression;
+    }
+
     Expression next()
     {
         m_program.clear();
         m_texts = std::make_shared<std::vector<QString>>();
         m_texts->reserve(static_cast<std::size_t>(m_text.count(u'\'')) / 2); // values point into it
-        m_depth = 0;
+        m_types.clear();
         parseChoice();
-        return {std::move(m_program), std::move(m_texts)};
+        return {std::move(m_program), std::move(m_texts), m_types.empty() ? 0 : m_types.back()};
     }
 
     void fail(const QString& message)
@@ -160,6 +173,12 @@ private:
         return m_position >= m_text.size();
     }
 
+    qsizetype nextPosition()
+    {
+        skipBlanks();
+        return m_position;
+    }
+
     QChar peek()
     {
         skipBlanks();
@@ -186,14 +205,39 @@ private:
             failAtNext();
     }
 
-    void emit_(Operation operation, int operands, Value value = {})
+    /// Something that stands for itself.
+    void push(Operation operation, int slot, Value value, ValueTypes types)
     {
-        // What takes operands replaces them by one result.
-        m_depth += operation <= Operation::Variable ? 1 : 1 - operands;
-        if (m_depth > Expression::maxDepth || m_program.size() >= maxInstructions)
+        m_types.push_back(types);
+        add({operation, slot, value});
+    }
+
+    /// Something that replaces its operands by one result; where and how it stands in the text.
+    void apply(Operation operation, int operands, qsizetype position, std::string_view sign)
+    {
+        if (m_error)
+            return;
+        const std::span<const ValueTypes> types =
+            std::span(m_types).last(static_cast<std::size_t>(operands));
+        if (!canTake(operation, types)) {
+            m_position = position;
+            fail(isEquality(operation)
+                     ? QStringLiteral("a text is never equal to a number")
+                     : QStringLiteral("\"%1\" does not take texts").arg(latin(sign)));
+            return;
+        }
+        const ValueTypes result = resultOf(operation, types);
+        m_types.resize(m_types.size() - static_cast<std::size_t>(operands));
+        m_types.push_back(result);
+        add({operation, operands, {}});
+    }
+
+    void add(const Expression::Instruction& instruction)
+    {
+        if (m_types.size() > Expression::maxDepth || m_program.size() >= maxInstructions)
             fail(QStringLiteral("the expression is too long"));
         else
-            m_program.push_back({operation, operands, value});
+            m_program.push_back(instruction);
     }
 
     void parseChoice()
@@ -201,11 +245,12 @@ private:
         if (++m_nesting > maxNesting)
             fail(QStringLiteral("too many parentheses"));
         parseLevel(0);
+        const qsizetype position = nextPosition();
         if (!m_error && take("?")) {
             parseChoice();
             expect(":");
             parseChoice();
-            emit_(Operation::Select, 3);
+            apply(Operation::Select, 3, position, "?");
         }
         --m_nesting;
     }
@@ -228,26 +273,29 @@ private:
             return;
         }
         parseLevel(level + 1);
+        qsizetype position = nextPosition();
         while (const Operator* found = m_error ? nullptr : takeOperator(level)) {
             parseLevel(level + 1);
-            emit_(found->operation, 2);
+            apply(found->operation, 2, position, found->sign);
+            position = nextPosition();
         }
     }
 
     void parseUnary()
     {
-        std::vector<Operation> signs;
+        std::vector<std::pair<Operation, qsizetype>> signs;
         while (true) {
+            const qsizetype position = nextPosition();
             if (take("-"))
-                signs.push_back(Operation::Negate);
+                signs.emplace_back(Operation::Negate, position);
             else if (take("!") || take("not"))
-                signs.push_back(Operation::Not);
+                signs.emplace_back(Operation::Not, position);
             else if (!take("+"))
                 break;
         }
         parseOperand();
         for (auto sign = signs.rbegin(); sign != signs.rend(); ++sign)
-            emit_(*sign, 1);
+            apply(sign->first, 1, sign->second, sign->first == Operation::Not ? "not" : "-");
     }
 
     void parseOperand()
@@ -272,7 +320,11 @@ private:
         }
     }
 
-    void addVariable(const QString& name) { emit_(Operation::Variable, m_variables.slot(name)); }
+    void addVariable(const QString& name)
+    {
+        const int slot = m_variables.slot(name);
+        push(Operation::Variable, slot, {}, m_variables.types(slot));
+    }
 
     void parseBracketedName()
     {
@@ -297,7 +349,7 @@ private:
         }
         m_texts->push_back(m_text.mid(m_position + 1, end - m_position - 1));
         m_position = end + 1;
-        emit_(Operation::Constant, 0, Value(&m_texts->back()));
+        push(Operation::Constant, 0, Value(&m_texts->back()), textType);
     }
 
     void parseColor()
@@ -313,8 +365,9 @@ private:
             return;
         }
         m_position = end;
-        emit_(Operation::Constant, 0,
-              Value(static_cast<double>(digits.size() == 6 ? color | 0xFF000000U : color)));
+        push(Operation::Constant, 0,
+             Value(static_cast<double>(digits.size() == 6 ? color | 0xFF000000U : color)),
+             colorType);
     }
 
     void parseNumber()
@@ -328,7 +381,7 @@ private:
             return;
         }
         m_position += end - rest.data();
-        emit_(Operation::Constant, 0, Value(number));
+        push(Operation::Constant, 0, Value(number), numberType);
     }
 
     void parseName()
@@ -359,15 +412,15 @@ private:
             m_position = start;
             fail(QStringLiteral("\"%1\" does not take %2 operand(s)").arg(name).arg(operands));
         }
-        emit_(function->operation, operands);
+        apply(function->operation, operands, start, function->name);
     }
 
     const QString& m_text;
     VariableTable& m_variables;
     qsizetype m_position = 0;
     int m_nesting = 0;
-    int m_depth = 0; ///< of the stack
     std::vector<Expression::Instruction> m_program;
+    std::vector<ValueTypes> m_types; ///< of what lies on the stack
     std::shared_ptr<std::vector<QString>> m_texts;
     std::optional<ExpressionError> m_error;
 };

@@ -12,7 +12,9 @@ int VariableTable::slot(const QString& name)
         return *found;
     const auto slot = static_cast<int>(m_values.size());
     m_slots.insert(name, slot);
+    m_names.push_back(name);
     m_values.emplace_back();
+    m_types.push_back(numberType);
     m_isChanged.push_back(false);
     m_isDefined.push_back(false);
     return slot;
@@ -47,6 +49,7 @@ void VariableTable::define(const QString& name, Expression expression)
 {
     const int place = slot(name);
     m_isDefined[static_cast<std::size_t>(place)] = true;
+    m_types[static_cast<std::size_t>(place)] = expression.types();
     change(place, expression.evaluate(*this));
     m_definitions.push_back({place, std::move(expression)});
 }
@@ -56,6 +59,7 @@ void VariableTable::dropDefinitions()
     for (const Definition& definition : m_definitions) {
         change(definition.slot, Value()); // before the text that it may refer to is gone
         m_isDefined[static_cast<std::size_t>(definition.slot)] = false;
+        m_types[static_cast<std::size_t>(definition.slot)] = numberType;
     }
     m_definitions.clear();
 }

@@ -21,10 +21,17 @@ public:
     /// All names that were set, defined or used.
     QStringList names() const { return m_slots.keys(); }
 
+    const QString& name(int slot) const { return m_names[static_cast<std::size_t>(slot)]; }
+
+    /// Numbers, but for definitions.
+    ValueTypes types(int slot) const { return m_types[static_cast<std::size_t>(slot)]; }
+
+    bool isDefined(int slot) const { return m_isDefined[static_cast<std::size_t>(slot)]; }
+
     bool isDefined(const QString& name) const
     {
         const auto found = m_slots.constFind(name);
-        return found != m_slots.cend() && m_isDefined[static_cast<std::size_t>(*found)];
+        return found != m_slots.cend() && isDefined(*found);
     }
 
     const Value& value(int slot) const { return m_values[static_cast<std::size_t>(slot)]; }
@@ -60,7 +67,9 @@ private:
     bool isAnyChanged(const std::vector<int>& variables) const;
 
     QHash<QString, int> m_slots;
+    std::vector<QString> m_names;
     std::vector<Value> m_values;
+    std::vector<ValueTypes> m_types;
     std::vector<bool> m_isChanged;
     std::vector<bool> m_isDefined;
     std::vector<int> m_changed;

@@ -58,13 +58,13 @@ std::vector<QPointF> fullCircle(const QPointF& center, double radius)
     return points;
 }
 
+} // namespace
+
 Argb faded(Argb color, double opacity)
 {
     const double alpha = std::clamp((color >> 24) * opacity, 0.0, 255.0);
     return (static_cast<Argb>(std::lround(alpha)) << 24) | (color & 0xFFFFFFU);
 }
-
-} // namespace
 
 QPointF onCircle(const QPointF& center, double radius, double angle)
 {

@@ -66,6 +66,9 @@ private:
     int m_clip = -1;
 };
 
+/// The colour with its opacity taken down.
+Argb faded(Argb color, double opacity);
+
 /// The point of a circle at an angle.
 QPointF onCircle(const QPointF& center, double radius, double angle);
 

@@ -30,7 +30,8 @@ std::optional<double> Properties::number(Property property) const
 Argb Properties::color(Property property, Argb fallback) const
 {
     const PropertyValue* const found = m_element.find(property);
-    return found != nullptr ? colorOf(*found, m_variables, fallback) : fallback;
+    const Argb color = found != nullptr ? colorOf(*found, m_variables, fallback) : fallback;
+    return isPart(type()) ? faded(color, opacity()) : color;
 }
 
 QString Properties::text(Property property) const
@@ -91,7 +92,8 @@ const Element* Properties::activeCase(const std::optional<double>& value) const
             continue;
         const Properties properties = of(part);
         const std::optional<double> own = properties.number(Property::Value);
-        if ((own && own == value) || properties.isTrue(Property::When))
+        const bool applies = (own && own == value) || properties.isTrue(Property::When);
+        if (applies && properties.isVisible())
             return &part;
     }
     return nullptr;

@@ -4,6 +4,7 @@
 #include "libs/zinc/layout/Canvas.h"
 #include "libs/zinc/view/ViewModel.h"
 
+#include <algorithm>
 #include <optional>
 
 namespace Zinc2D {
@@ -45,7 +46,10 @@ public:
     /// Unless the file tells otherwise, and not while that has no value.
     bool isVisible() const { return !has(Property::Visible) || isTrue(Property::Visible); }
 
+    /// Of parts with their opacity; elements fade as a whole.
     Argb color(Property property, Argb fallback) const;
+
+    double opacity() const { return std::clamp(number(Property::Opacity, 1.0), 0.0, 1.0); }
 
     /// Empty where there is none. A number is written as short as it can be.
     QString text(Property property) const;
@@ -66,7 +70,7 @@ public:
 
     Properties of(const Element& part) const { return {part, m_variables}; }
 
-    /// The first case that applies to the value; null when none does.
+    /// The first visible case that applies to the value; null when none does.
     const Element* activeCase(const std::optional<double>& value) const;
 
     /// The number to be shown where the first property tells it, else that of the second.

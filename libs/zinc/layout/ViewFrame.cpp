@@ -100,7 +100,7 @@ Placement ViewFrame::placementOf(const Element& group, const Placement& outer) c
     placement.transform.scale(scale, scale);
     placement.scale *= std::abs(scale);
     placement.angle += turn;
-    placement.opacity *= std::clamp(properties.number(Property::Opacity, 1.0), 0.0, 1.0);
+    placement.opacity *= properties.opacity();
     return placement;
 }
 
@@ -112,7 +112,7 @@ void ViewFrame::rebuild(Node& node, const Placement& outer)
         return;
     const Properties properties(*node.element, *m_variables);
     Placement placement = outer;
-    placement.opacity *= std::clamp(properties.number(Property::Opacity, 1.0), 0.0, 1.0);
+    placement.opacity *= properties.opacity();
     Canvas canvas(node.list, placement);
     layoutElement(properties, canvas);
 }

@@ -2,7 +2,9 @@
 
 #include "libs/zinc/expression/Expression.h"
 #include "libs/zinc/view/NumberFormat.h"
+#include "libs/zinc/view/ViewSource.h"
 
+#include <QSet>
 #include <QSizeF>
 #include <QString>
 
@@ -33,6 +35,11 @@ enum class ElementType {
     Case,
     Message
 };
+
+constexpr bool isPart(ElementType type)
+{
+    return type >= ElementType::Range;
+}
 
 enum class Property {
     Align,
@@ -111,6 +118,13 @@ struct Element
     const PropertyValue* find(Property property) const;
 };
 
+/// A variable that the view does not define itself, and what to tell when nobody sets it.
+struct VariableUse
+{
+    QString name;
+    Diagnostic unknown; ///< where it is used first
+};
+
 /// A whole view. Elements stand in the order of the file, groups before what is in them.
 struct ViewModel
 {
@@ -119,6 +133,8 @@ struct ViewModel
     QString fontFamily;
     std::vector<QString> fontFiles;
     std::vector<Element> elements;
+    std::vector<VariableUse> variables;
+    QSet<QString> optionalVariables; ///< nobody has to set them
 };
 
 } // namespace Zinc2D

@@ -35,6 +35,7 @@ std::optional<ViewModel> ViewReader::read(const QString& path)
         report(m_xml.characterOffset(), m_xml.errorString());
         return {};
     }
+    collectVariables();
     return std::move(m_model);
 }
 
@@ -79,7 +80,7 @@ bool ViewReader::readRoot()
         else if (attribute.name == QStringLiteral("font"))
             m_model.fontFamily = attribute.value;
         else if (attribute.name == QStringLiteral("background"))
-            compile(attribute, 0, m_model.background);
+            compile(attribute, PropertyKind::Color, m_model.background);
         else
             report(attribute.offset, QStringLiteral("a view has no \"%1\"").arg(attribute.name));
     }
@@ -92,14 +93,32 @@ bool ViewReader::readRoot()
 
 void ViewReader::readChildren(int parent, int depth)
 {
+    while (nextChild())
+        readChild(parent, depth);
+}
+
+/// Goes to the next element within this one; false at its end.
+bool ViewReader::nextChild()
+{
     while (!m_xml.atEnd()) {
         const QXmlStreamReader::TokenType token = m_xml.readNext();
         if (token == QXmlStreamReader::EndElement || token == QXmlStreamReader::Invalid)
-            return;
+            return false;
         if (token == QXmlStreamReader::StartElement)
-            readChild(parent, depth);
-        else if (token == QXmlStreamReader::Characters && !m_xml.isWhitespace())
-            report(m_xml.characterOffset(), QStringLiteral("text between elements is not shown"));
+            return true;
+        if (token == QXmlStreamReader::Characters && !m_xml.isWhitespace())
+            report(textStart(), QStringLiteral("text between elements is not shown"));
+    }
+    return false;
+}
+
+/// Goes to the end of an element that holds nothing.
+void ViewReader::leave()
+{
+    const QString name = m_xml.name().toString();
+    while (nextChild()) {
+        reportTag(QStringLiteral("\"%1\" has no \"%2\" in it").arg(name, m_xml.name()));
+        m_xml.skipCurrentElement();
     }
 }
 
@@ -108,23 +127,31 @@ void ViewReader::readChild(int parent, int depth)
     const QStringView name = m_xml.name();
     if (name == QStringLiteral("define")) {
         readDefinition();
-    } else if (name == QStringLiteral("style")) {
-        readStyle();
-    } else if (name == QStringLiteral("font")) {
-        readFont();
-    } else {
-        const ElementInfo* const info = elementInfo(name);
-        if (info == nullptr)
-            reportTag(QStringLiteral("there is no element \"%1\"").arg(name));
-        else if (info->type >= ElementType::Range)
-            reportTag(QStringLiteral("\"%1\" stands only in another element").arg(name));
-        else if (++m_elementCount > maxElements)
-            reportTag(QStringLiteral("too many elements"));
-        else if (depth >= maxDepth)
-            reportTag(QStringLiteral("groups lie too deep in each other"));
-        else
-            return readElement(*info, parent, depth);
+        return leave();
     }
+    if (name == QStringLiteral("style")) {
+        readStyle();
+        return leave();
+    }
+    if (name == QStringLiteral("font")) {
+        readFont();
+        return leave();
+    }
+    if (name == QStringLiteral("optional")) {
+        readOptional();
+        return leave();
+    }
+    const ElementInfo* const info = elementInfo(name);
+    if (info == nullptr)
+        reportTag(QStringLiteral("there is no element \"%1\"").arg(name));
+    else if (isPart(info->type))
+        reportTag(QStringLiteral("\"%1\" stands only in another element").arg(name));
+    else if (++m_elementCount > maxElements)
+        reportTag(QStringLiteral("too many elements"));
+    else if (depth >= maxDepth)
+        reportTag(QStringLiteral("groups lie too deep in each other"));
+    else
+        return readElement(*info, parent, depth);
     m_xml.skipCurrentElement();
 }
 
@@ -149,7 +176,7 @@ void ViewReader::readElement(const ElementInfo& info, int parent, int depth)
 
 void ViewReader::readParts(const ElementInfo& info, Element& element)
 {
-    while (m_xml.readNextStartElement()) {
+    while (nextChild()) {
         const ElementInfo* const part = elementInfo(m_xml.name());
         if (part == nullptr || !holdsWord(info.parts, m_xml.name())) {
             reportTag(QStringLiteral("\"%1\" has no \"%2\" in it")
@@ -162,11 +189,25 @@ void ViewReader::readParts(const ElementInfo& info, Element& element)
             Element read;
             read.type = part->type;
             readProperties(*part, given, read);
-            if (hasRequired(*part, given))
+            if (hasRequired(*part, given) && isUsablePart(info, read))
                 element.parts.push_back(std::move(read));
+            leave();
+            continue;
         }
         m_xml.skipCurrentElement();
     }
+}
+
+bool ViewReader::isUsablePart(const ElementInfo& parent, const Element& part)
+{
+    if (part.type != ElementType::Case)
+        return true;
+    if (parent.type == ElementType::Text && part.find(Property::Background) != nullptr)
+        reportTag(QStringLiteral("a text has no \"background\""));
+    if (part.find(Property::Value) != nullptr || part.find(Property::When) != nullptr)
+        return true;
+    reportTag(QStringLiteral("a case needs \"value\" or \"when\""));
+    return false;
 }
 
 void ViewReader::readDefinition()
@@ -196,24 +237,47 @@ void ViewReader::readDefinition()
         reportTag(QStringLiteral("\"%1\" is already defined").arg(name));
         return;
     }
+    auto& found = std::get<Expression>(compiled);
     // Whoever used the name before would be drawn from what it was before.
     if (m_used.contains(m_variables.slot(name)) ||
-        std::ranges::count(std::get<Expression>(compiled).variables(), m_variables.slot(name)) > 0)
+        std::ranges::count(found.variables(), m_variables.slot(name)) > 0) {
         reportTag(QStringLiteral("\"%1\" is used before it is defined").arg(name));
-    else
-        define(name, std::move(std::get<Expression>(compiled)));
+        return;
+    }
+    markUsed(found, *expression);
+    m_variables.define(name, std::move(found));
 }
 
-void ViewReader::define(const QString& name, Expression expression)
+void ViewReader::markUsed(const Expression& expression, const Attribute& attribute)
 {
-    markUsed(expression);
-    m_variables.define(name, std::move(expression));
-}
-
-void ViewReader::markUsed(const Expression& expression)
-{
-    for (const int slot : expression.variables())
+    for (const int slot : expression.variables()) {
+        if (m_used.contains(slot))
+            continue;
         m_used.insert(slot);
+        m_uses.emplace_back(slot, attribute.offset);
+    }
+}
+
+void ViewReader::collectVariables()
+{
+    for (const auto& [slot, offset] : m_uses) {
+        const QString& name = m_variables.name(slot);
+        if (!m_variables.isDefined(slot))
+            m_model.variables.push_back(
+                {name, m_source.diagnostic(
+                           offset, QStringLiteral("there is no variable \"%1\"").arg(name))});
+    }
+}
+
+void ViewReader::readOptional()
+{
+    for (const Attribute& attribute : attributes()) {
+        if (attribute.name == QStringLiteral("name"))
+            m_model.optionalVariables.insert(attribute.value.trimmed());
+        else
+            report(attribute.offset,
+                   QStringLiteral("\"optional\" has no \"%1\"").arg(attribute.name));
+    }
 }
 
 void ViewReader::readStyle()
@@ -280,10 +344,25 @@ qsizetype ViewReader::tagStart() const
     return std::max<qsizetype>(m_source.text().lastIndexOf(u'<', end), 0) + 1;
 }
 
+/// Of the text that was read last.
+qsizetype ViewReader::textStart() const
+{
+    const QString& text = m_source.text();
+    const qsizetype end = std::max<qsizetype>(m_xml.characterOffset() - 1, 0);
+    qsizetype start = text.lastIndexOf(u'>', end) + 1;
+    while (start < end && text[start].isSpace())
+        ++start;
+    return start;
+}
+
 void ViewReader::report(qsizetype offset, const QString& message)
 {
-    if (m_diagnostics.size() < maxDiagnostics)
-        m_diagnostics.push_back(m_source.diagnostic(offset, message));
+    if (m_diagnostics.size() >= maxDiagnostics)
+        return;
+    Diagnostic found = m_source.diagnostic(offset, message);
+    // Whoever takes a style over takes over its faults.
+    if (std::ranges::count(m_diagnostics, found) == 0)
+        m_diagnostics.push_back(std::move(found));
 }
 
 void ViewReader::reportIn(const Attribute& attribute, qsizetype character, const QString& message)

@@ -13,6 +13,7 @@ namespace Zinc2D {
 
 struct ElementInfo;
 struct PropertyInfo;
+enum class PropertyKind;
 class VariableTable;
 
 /// Reads a view file (docs/formats/view.md).
@@ -43,28 +44,34 @@ private:
 
     bool load(const QString& path);
     bool readRoot();
+    void collectVariables();
     void readChildren(int parent, int depth);
     void readChild(int parent, int depth);
     void readElement(const ElementInfo& info, int parent, int depth);
     void readParts(const ElementInfo& info, Element& element);
     void readDefinition();
-    void define(const QString& name, Expression expression);
-    void markUsed(const Expression& expression);
+    void markUsed(const Expression& expression, const Attribute& attribute);
     void readStyle();
     void readFont();
+    void readOptional();
+    bool nextChild();
+    void leave();
 
     Attributes attributes() const;
     void addStyle(Attributes& attributes);
     bool hasRequired(const ElementInfo& info, const Attributes& attributes);
     void readProperties(const ElementInfo& info, const Attributes& attributes, Element& element);
     std::optional<PropertyValue> readProperty(const PropertyInfo& info, const Attribute& attribute);
-    void compile(const Attribute& attribute, qsizetype skipped, PropertyValue& value);
+    void compile(const Attribute& attribute, PropertyKind kind, PropertyValue& value);
+    bool fits(const Expression& expression, const Attribute& attribute, PropertyKind kind);
+    bool isUsablePart(const ElementInfo& parent, const Element& part);
     bool readWord(const PropertyInfo& info, const Attribute& attribute, PropertyValue& value);
     bool readFormat(const Attribute& attribute, PropertyValue& value);
     bool readFile(const Attribute& attribute, PropertyValue& value);
     void readPoints(const Attribute& attribute, PropertyValue& value);
 
     qsizetype tagStart() const;
+    qsizetype textStart() const;
     void report(qsizetype offset, const QString& message);
 
     void reportTag(const QString& message) { report(tagStart(), message); }
@@ -77,7 +84,8 @@ private:
     QXmlStreamReader m_xml;
     ViewModel m_model;
     QHash<QString, Attributes> m_styles;
-    QSet<int> m_used; ///< slots of variables that something is drawn from
+    std::vector<std::pair<int, qsizetype>> m_uses; ///< slots of variables, and where
+    QSet<int> m_used;                              ///< the same slots
     std::vector<Diagnostic> m_diagnostics;
     int m_elementCount = 0;
 };

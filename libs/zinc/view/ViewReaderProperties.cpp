@@ -2,6 +2,7 @@
 #include "libs/zinc/view/ViewReader.h"
 #include "libs/zinc/view/ViewSchema.h"
 
+#include <QColor>
 #include <QDir>
 #include <QFileInfo>
 
@@ -43,11 +44,10 @@ std::optional<PropertyValue> ViewReader::readProperty(const PropertyInfo& info,
                                                       const Attribute& attribute)
 {
     PropertyValue value;
-    const bool isExpression = attribute.value.startsWith(u'=');
     switch (info.kind) {
     case PropertyKind::Number:
     case PropertyKind::Color:
-        compile(attribute, 0, value);
+        compile(attribute, info.kind, value);
         return value;
     case PropertyKind::Points:
         readPoints(attribute, value);
@@ -57,8 +57,8 @@ std::optional<PropertyValue> ViewReader::readProperty(const PropertyInfo& info,
     default:
         break;
     }
-    if (isExpression) {
-        compile(attribute, 1, value);
+    if (attribute.value.startsWith(u'=')) {
+        compile(attribute, info.kind, value);
         return value;
     }
     value.isLiteral = true;
@@ -69,21 +69,54 @@ std::optional<PropertyValue> ViewReader::readProperty(const PropertyInfo& info,
     return isGood ? std::optional(value) : std::nullopt;
 }
 
-void ViewReader::compile(const Attribute& attribute, qsizetype skipped, PropertyValue& value)
+void ViewReader::compile(const Attribute& attribute, PropertyKind kind, PropertyValue& value)
 {
+    const qsizetype skipped =
+        kind == PropertyKind::Number || kind == PropertyKind::Color ? 0 : 1; // the "="
     auto compiled = compileExpression(attribute.value.mid(skipped), m_variables);
     if (const auto* const error = std::get_if<ExpressionError>(&compiled)) {
         reportIn(attribute, skipped + error->offset, error->message);
         return; // it stays without a value
     }
     auto& expression = std::get<Expression>(compiled);
+    if (!fits(expression, attribute, kind))
+        return;
     const Value constant = expression.evaluate(m_variables);
     if (expression.variables().empty() && !constant.isText()) {
         value.constant = constant;
         return;
     }
-    markUsed(expression);
+    markUsed(expression, attribute);
     value.expressions.push_back(std::move(expression));
+}
+
+/// What can never be of use is told, rather than drawn as if it was not there.
+bool ViewReader::fits(const Expression& expression, const Attribute& attribute, PropertyKind kind)
+{
+    const ValueTypes types = expression.types();
+    if (kind == PropertyKind::Color) {
+        for (const int slot : expression.variables()) {
+            const QString& name = m_variables.name(slot);
+            if (m_variables.isDefined(slot) || !QColor::isValidColor(name))
+                continue;
+            reportIn(attribute, 0,
+                     QStringLiteral("\"%1\" is no colour here: write %2, or define it")
+                         .arg(name, QColor(name).name(QColor::HexArgb)));
+            return false;
+        }
+        if ((types & colorType) == 0)
+            reportIn(attribute, 0, QStringLiteral("a colour is expected here, such as #00c853"));
+        return (types & colorType) != 0;
+    }
+    const bool isNumber = kind == PropertyKind::Number;
+    const bool isText = kind == PropertyKind::Keyword || kind == PropertyKind::Format;
+    const ValueTypes wanted = isNumber ? numberType : isText ? textType : numberType | textType;
+    if ((types & wanted) != 0)
+        return true;
+    reportIn(attribute, 0,
+             isNumber ? QStringLiteral("a number is expected here")
+                      : QStringLiteral("a text is expected here"));
+    return false;
 }
 
 bool ViewReader::readWord(const PropertyInfo& info, const Attribute& attribute,
@@ -128,7 +161,7 @@ void ViewReader::readPoints(const Attribute& attribute, PropertyValue& value)
     }
     value.expressions = std::move(std::get<std::vector<Expression>>(compiled));
     for (const Expression& expression : value.expressions)
-        markUsed(expression);
+        markUsed(expression, attribute);
 }
 
 } // namespace Zinc2D

@@ -15,6 +15,8 @@ struct Diagnostic
     qint64 column = 0;
     QString message;
 
+    bool operator==(const Diagnostic&) const = default;
+
     /// "file:line:column: message"
     QString text() const
     {
