@@ -3,6 +3,9 @@
 #include "profile/Profile.h"
 #include "record/DataSet.h"
 
+#include <QSet>
+#include <QStringList>
+
 #include <cstdint>
 #include <optional>
 #include <vector>
@@ -10,16 +13,36 @@
 /// What the instrument view is fed with.
 namespace KOLT {
 
-/// A parameter that the view shows; its variable has its name.
+/// Variables that are no parameters.
+inline const QString variantVariable = QStringLiteral("VARIANT");
+inline const QString unitVariable = QStringLiteral("UNIT");
+
+/// A parameter that the view shows. Its variables are called by its name, and by its full name;
+/// that of its state ends in "_STATE".
 struct ViewParameter
 {
     QString name;
+    QString fullName;    ///< with its device
     std::int32_t id = 0; ///< message identifier
     const ProfileParameter* parameter = nullptr;
 };
 
 /// The parameters whose `viewId` is "EMU", in file order.
 std::vector<ViewParameter> viewParameters(const Profile& profile);
+
+QString stateVariable(const QString& name);
+
+/// All variables that the view is given, of the parameters and others.
+QSet<QString> viewVariables(const Profile& profile);
+
+/// Names that more than one parameter has: the variable is then the last one's.
+struct SharedName
+{
+    QString name;
+    QStringList fullNames;
+};
+
+std::vector<SharedName> sharedNames(const std::vector<ViewParameter>& parameters);
 
 struct ViewValue
 {

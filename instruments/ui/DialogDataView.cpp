@@ -13,6 +13,7 @@ namespace {
 
 constexpr int updateMilliseconds = 1000;
 constexpr float farthest = -7000.0F;
+constexpr std::size_t maxFaults = 200;
 
 } // namespace
 
@@ -91,28 +92,79 @@ void DialogDataView::paintGL()
 void DialogDataView::loadView()
 {
     m_isLoaded = true;
-    const bool isLoaded = m_view.load(m_viewFile);
+    m_view.load(m_viewFile);
     m_view.startView(true);
     m_view.setBackgroundMode(false);
-    tellDiagnostics(isLoaded);
+    for (const Zinc2D::Diagnostic& diagnostic : m_view.diagnostics())
+        addFault(diagnostic);
+    tellFaults();
 }
 
-void DialogDataView::tellDiagnostics(bool isLoaded)
+void DialogDataView::addFault(const Zinc2D::Diagnostic& fault)
 {
-    const std::vector<Zinc2D::Diagnostic>& diagnostics = m_view.diagnostics();
-    for (const Zinc2D::Diagnostic& diagnostic : diagnostics)
-        Diagnostics::print("DialogDataView <%s>\n", qUtf8Printable(diagnostic.text()));
-    if (diagnostics.empty())
+    m_faults.push_back(fault);
+    Diagnostics::print("DialogDataView <%s>\n", qUtf8Printable(fault.text()));
+}
+
+/// What hangs on a name that nobody sets would show dashes for good, or be a lamp that never
+/// lights.
+void DialogDataView::findUnknownVariables()
+{
+    QSet<QString> known = viewVariables(m_profile);
+    for (const QString& name : m_view.model().optionalVariables)
+        known << name << stateVariable(name);
+    for (const Zinc2D::VariableUse& use : m_view.model().variables) {
+        if (known.contains(use.name) || m_toldNames.contains(use.name) ||
+            m_faults.size() >= maxFaults)
+            continue;
+        m_toldNames << use.name;
+        addFault(use.unknown);
+    }
+}
+
+QString DialogDataView::faultsInWords() const
+{
+    if (m_view.width() > 0.0)
+        return tr("The instrument view has %n fault(s): %1", nullptr,
+                  static_cast<int>(m_faults.size()))
+            .arg(m_faults.front().text());
+    return tr("The instrument view cannot be shown: %1").arg(m_faults.back().text());
+}
+
+/// Of names that the view uses; with full names it can tell the parameters apart.
+QStringList DialogDataView::sharedNamesInWords()
+{
+    QSet<QString> used;
+    for (const Zinc2D::VariableUse& use : m_view.model().variables)
+        used << use.name;
+    QStringList texts;
+    for (const SharedName& shared : sharedNames(viewParameters(m_profile))) {
+        const bool isUsed = used.contains(shared.name) || used.contains(stateVariable(shared.name));
+        if (!isUsed || m_toldShared.contains(shared.name))
+            continue;
+        m_toldShared << shared.name;
+        texts << tr("Several parameters are called \"%1\" (%2). By this name the instrument view "
+                    "knows the last of them only.")
+                     .arg(shared.name, shared.fullNames.join(QStringLiteral(", ")));
+    }
+    return texts;
+}
+
+/// What is new about view and profile.
+void DialogDataView::tellFaults()
+{
+    if (!m_profile.parameters().empty()) // else all would be unknown
+        findUnknownVariables();
+    QStringList messages = sharedNamesInWords();
+    if (m_faults.size() > m_toldFaults)
+        messages.prepend(faultsInWords());
+    m_toldFaults = m_faults.size();
+    if (messages.isEmpty())
         return;
-    const QString first = diagnostics.front().text();
-    const QString message =
-        isLoaded ? tr("The instrument view has %n fault(s): %1", nullptr,
-                      static_cast<int>(diagnostics.size()))
-                       .arg(first)
-                 : tr("The instrument view cannot be shown: %1").arg(diagnostics.back().text());
     // Not from within painting.
     QMetaObject::invokeMethod(
-        this, [this, message] { emit signalMessage(message); }, Qt::QueuedConnection);
+        this, [this, message = messages.join(QLatin1Char(' '))] { emit signalMessage(message); },
+        Qt::QueuedConnection);
 }
 
 void DialogDataView::dropData()
@@ -125,6 +177,8 @@ void DialogDataView::dropData()
 void DialogDataView::showData()
 {
     m_parameters = dataSet() != nullptr ? viewParameters(m_profile) : std::vector<ViewParameter>();
+    if (m_isLoaded)
+        tellFaults(); // the profile may be another one
 }
 
 void DialogDataView::showTime()
@@ -142,14 +196,21 @@ void DialogDataView::slotTimeoutUpdate()
 
 void DialogDataView::pushValues()
 {
-    m_view.setVar(QStringLiteral("VARIANT"), variantNumber(m_profile));
-    m_view.setVar(QStringLiteral("UNIT"), static_cast<int>(m_profile.unitSystem()));
-    for (const ViewParameter& parameter : m_parameters) {
-        const ViewValue value = viewValueAt(*dataSet(), parameter, time());
+    m_view.setVar(variantVariable, variantNumber(m_profile));
+    m_view.setVar(unitVariable, static_cast<int>(m_profile.unitSystem()));
+    const auto push = [this](const QString& name, const ViewValue& value) {
         if (!std::isnan(value.number))
-            m_view.setVar(parameter.name, value.number);
-        m_view.setVar(QStringLiteral("%1_STATE").arg(parameter.name), value.state);
+            m_view.setVar(name, value.number);
+        m_view.setVar(stateVariable(name), value.state);
+    };
+    std::vector<ViewValue> values;
+    for (const ViewParameter& parameter : m_parameters) {
+        values.push_back(viewValueAt(*dataSet(), parameter, time()));
+        push(parameter.fullName, values.back());
     }
+    // A name wins over another parameter's full name, and the last one of a name over the others.
+    for (std::size_t i = 0; i < values.size(); ++i)
+        push(m_parameters[i].name, values[i]);
     update();
 }
 

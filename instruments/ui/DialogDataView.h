@@ -42,7 +42,7 @@ public:
     static Fit fit(const QSizeF& widget, const QSizeF& view);
 
 signals:
-    /// What is wrong with the view file, once.
+    /// What is wrong with the view file, and which parameters it cannot tell apart; each once.
     void signalMessage(const QString& text);
 
 protected:
@@ -59,7 +59,11 @@ private slots:
 private:
     void releaseGraphics();
     void loadView();
-    void tellDiagnostics(bool isLoaded);
+    void addFault(const Zinc2D::Diagnostic& fault);
+    void findUnknownVariables();
+    QString faultsInWords() const;
+    QStringList sharedNamesInWords();
+    void tellFaults();
     void pushValues();
 
     const Profile& m_profile;
@@ -67,6 +71,10 @@ private:
     std::unique_ptr<TUSK::OpenGL::GlHandler> m_handler;
     Zinc2D::ZincView m_view;
     bool m_isLoaded = false; ///< or it was tried
+    std::vector<Zinc2D::Diagnostic> m_faults;
+    std::size_t m_toldFaults = 0; ///< the first ones
+    QSet<QString> m_toldNames;    ///< of unknown variables
+    QSet<QString> m_toldShared;   ///< names that parameters share
     Fit m_fit;
     std::vector<ViewParameter> m_parameters;
     QTimer m_timer;

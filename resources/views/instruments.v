@@ -41,7 +41,51 @@
     <define name="egtWarning" value="is850 ? 840 : 920"/>
     <define name="egtLimit" value="is850 ? 900 : 950"/>
 
-    <define name="spread" value="max([EGT 1], [EGT 2], [EGT 3], [EGT 4]) - min([EGT 1], [EGT 2], [EGT 3], [EGT 4])"/>
+    <!-- Engine values are those of lane A, also where lane B sends some by the same name; "Worst" is
+         the state of whichever is worse. Profiles without a device "ECU Lane A" have the plain
+         name only, and some variants have no tow lamp. -->
+    <optional name="Lamp Tow"/>
+    <optional name="ECU Lane A/Engine Speed"/>
+    <optional name="ECU Lane A/Manifold Pressure"/>
+    <optional name="ECU Lane A/Oil Temperature"/>
+    <optional name="ECU Lane A/Oil Pressure"/>
+    <optional name="ECU Lane A/EGT 1"/>
+    <optional name="ECU Lane A/EGT 2"/>
+    <optional name="ECU Lane A/EGT 3"/>
+    <optional name="ECU Lane A/EGT 4"/>
+    <optional name="ECU Lane A/Engine Hours"/>
+    <define name="rpm" value="first([ECU Lane A/Engine Speed], [Engine Speed])"/>
+    <define name="map" value="first([ECU Lane A/Manifold Pressure], [Manifold Pressure])"/>
+    <define name="oilTemp" value="first([ECU Lane A/Oil Temperature], [Oil Temperature])"/>
+    <define name="oilPress" value="first([ECU Lane A/Oil Pressure], [Oil Pressure])"/>
+    <define name="egt1" value="first([ECU Lane A/EGT 1], [EGT 1])"/>
+    <define name="egt2" value="first([ECU Lane A/EGT 2], [EGT 2])"/>
+    <define name="egt3" value="first([ECU Lane A/EGT 3], [EGT 3])"/>
+    <define name="egt4" value="first([ECU Lane A/EGT 4], [EGT 4])"/>
+    <define name="hours" value="first([ECU Lane A/Engine Hours], [Engine Hours])"/>
+    <define name="rpmState"
+            value="isset([ECU Lane A/Engine Speed]) ? [ECU Lane A/Engine Speed_STATE] : [Engine Speed_STATE]"/>
+    <define name="mapState"
+            value="isset([ECU Lane A/Manifold Pressure]) ? [ECU Lane A/Manifold Pressure_STATE] : [Manifold Pressure_STATE]"/>
+    <define name="oilTempState"
+            value="isset([ECU Lane A/Oil Temperature]) ? [ECU Lane A/Oil Temperature_STATE] : [Oil Temperature_STATE]"/>
+    <define name="oilPressState"
+            value="isset([ECU Lane A/Oil Pressure]) ? [ECU Lane A/Oil Pressure_STATE] : [Oil Pressure_STATE]"/>
+    <define name="egt1State"
+            value="isset([ECU Lane A/EGT 1]) ? [ECU Lane A/EGT 1_STATE] : [EGT 1_STATE]"/>
+    <define name="egt2State"
+            value="isset([ECU Lane A/EGT 2]) ? [ECU Lane A/EGT 2_STATE] : [EGT 2_STATE]"/>
+    <define name="egt3State"
+            value="isset([ECU Lane A/EGT 3]) ? [ECU Lane A/EGT 3_STATE] : [EGT 3_STATE]"/>
+    <define name="egt4State"
+            value="isset([ECU Lane A/EGT 4]) ? [ECU Lane A/EGT 4_STATE] : [EGT 4_STATE]"/>
+    <define name="rpmWorst" value="max(rpmState, [Engine Speed_STATE])"/>
+    <define name="mapWorst" value="max(mapState, [Manifold Pressure_STATE])"/>
+    <define name="oilTempWorst" value="max(oilTempState, [Oil Temperature_STATE])"/>
+    <define name="oilPressWorst" value="max(oilPressState, [Oil Pressure_STATE])"/>
+    <define name="egtWorst"
+            value="max(egt1State, egt2State, egt3State, egt4State, [EGT 1_STATE], [EGT 2_STATE], [EGT 3_STATE], [EGT 4_STATE])"/>
+    <define name="spread" value="max(egt1, egt2, egt3, egt4) - min(egt1, egt2, egt3, egt4)"/>
 
     <style name="card" fill="card" stroke="edge" thickness="1.5" corner="8"/>
     <style name="caption" size="18" color="grey"/>
@@ -49,8 +93,8 @@
 
     <!-- engine speed -->
     <rectangle style="card" x="12" y="12" width="400" height="404"/>
-    <gauge x="212" y="218" radius="184" value="[Engine Speed]" min="0" max="6500" major="1000"
-           minor="500" labelScale="1000" format="%.0f" state="[Engine Speed_STATE]" size="66"
+    <gauge x="212" y="218" radius="184" value="rpm" min="0" max="6500" major="1000"
+           minor="500" labelScale="1000" format="%.0f" state="rpmState" size="66"
            labelSize="27" label="RPM">
         <range from="0" to="rpmWarning" color="green"/>
         <range from="rpmWarning" to="rpmLimit" color="amber"/>
@@ -62,10 +106,10 @@
 
     <!-- manifold pressure -->
     <rectangle style="card" x="422" y="12" width="400" height="404"/>
-    <gauge x="622" y="218" radius="184" value="[Manifold Pressure] * hPa"
+    <gauge x="622" y="218" radius="184" value="map * hPa"
            min="imperial ? 10 : 200" max="mapEnd * hPa" major="imperial ? 10 : 200"
            minor="imperial ? 5 : 100" labelScale="imperial ? 1 : 100"
-           format="=imperial ? '%.1f' : '%.0f'" state="[Manifold Pressure_STATE]" size="66"
+           format="=imperial ? '%.1f' : '%.0f'" state="mapState" size="66"
            labelSize="27" label="=imperial ? 'MAN inHg' : 'MAN hPa'">
         <range from="0" to="mapWarning * hPa" color="green"/>
         <range from="mapWarning * hPa" to="mapLimit * hPa" color="amber"/>
@@ -78,16 +122,16 @@
     <!-- oil and coolant -->
     <rectangle style="card" x="832" y="12" width="436" height="266"/>
     <bar style="scale" x="852" y="84" width="396" label="OIL TEMP" unit="=imperial ? '°F' : '°C'"
-         value="[Oil Temperature]" digits="[Oil Temperature] * degree + zero" format="%.0f"
-         min="0" max="150" state="[Oil Temperature_STATE]">
+         value="oilTemp" digits="oilTemp * degree + zero" format="%.0f"
+         min="0" max="150" state="oilTempState">
         <range from="0" to="50" color="amber"/>
         <range from="50" to="oilHot" color="green"/>
         <range from="oilHot" to="oilLimit" color="amber"/>
         <range from="oilLimit" to="150" color="red"/>
     </bar>
     <bar style="scale" x="852" y="168" width="396" label="OIL PRESS" unit="=imperial ? 'psi' : 'bar'"
-         value="[Oil Pressure]" digits="[Oil Pressure] * bar" format="=imperial ? '%.0f' : '%.1f'"
-         min="0" max="8" state="[Oil Pressure_STATE]">
+         value="oilPress" digits="oilPress * bar" format="=imperial ? '%.0f' : '%.1f'"
+         min="0" max="8" state="oilPressState">
         <range from="0" to="0.8" color="red"/>
         <range from="0.8" to="oilNormal" color="amber"/>
         <range from="oilNormal" to="5" color="green"/>
@@ -108,26 +152,26 @@
     <style name="caution" color="amber" priority="1"/>
     <annunciator x="840" y="296" width="420" height="112" rows="3" size="24">
         <message style="warning" text="OIL PRESSURE"
-                 when="[Lamp Oil Pressure] == 1 or [Oil Pressure_STATE] == 2 and isset([Oil Pressure])"/>
+                 when="[Lamp Oil Pressure] == 1 or oilPressWorst == 2 and isset(oilPress)"/>
         <message style="warning" text="OVERSPEED"
-                 when="[Lamp Overspeed] == 1 or [Engine Speed_STATE] == 2"/>
-        <message style="warning" text="MANIFOLD PRESSURE" when="[Manifold Pressure_STATE] == 2"/>
+                 when="[Lamp Overspeed] == 1 or rpmWorst == 2"/>
+        <message style="warning" text="MANIFOLD PRESSURE" when="mapWorst == 2"/>
         <message style="warning" text="OIL TEMPERATURE"
-                 when="[Lamp Oil Temperature] == 1 or [Oil Temperature_STATE] == 2"/>
+                 when="[Lamp Oil Temperature] == 1 or oilTempWorst == 2"/>
         <message style="warning" text="COOLANT TEMPERATURE"
                  when="[Lamp Coolant] == 1 or [Coolant Temperature A_STATE] == 2"/>
         <message style="warning" text="FUEL PRESSURE"
                  when="[Lamp Fuel Pressure] == 1 or isset([Fuel Pressure A]) and [Fuel Pressure A_STATE] == 2 or isset([Fuel Pressure B]) and [Fuel Pressure B_STATE] == 2"/>
         <message style="warning" text="EXHAUST GAS"
-                 when="max([EGT 1_STATE], [EGT 2_STATE], [EGT 3_STATE], [EGT 4_STATE]) == 2"/>
+                 when="egtWorst == 2"/>
         <message style="warning" text="GENERATOR" when="[Lamp Generator] == 1"/>
         <message style="warning" text="BUS VOLTAGE" when="[Bus Voltage A_STATE] == 2"/>
         <message style="caution" text="EXHAUST GAS HIGH"
-                 when="max([EGT 1_STATE], [EGT 2_STATE], [EGT 3_STATE], [EGT 4_STATE]) == 1"/>
-        <message style="caution" text="ENGINE SPEED HIGH" when="[Engine Speed_STATE] == 1"/>
-        <message style="caution" text="MANIFOLD PRESS HIGH" when="[Manifold Pressure_STATE] == 1"/>
-        <message style="caution" text="OIL TEMPERATURE" when="[Oil Temperature_STATE] == 1"/>
-        <message style="caution" text="OIL PRESSURE" when="[Oil Pressure_STATE] == 1"/>
+                 when="egtWorst == 1"/>
+        <message style="caution" text="ENGINE SPEED HIGH" when="rpmWorst == 1"/>
+        <message style="caution" text="MANIFOLD PRESS HIGH" when="mapWorst == 1"/>
+        <message style="caution" text="OIL TEMPERATURE" when="oilTempWorst == 1"/>
+        <message style="caution" text="OIL PRESSURE" when="oilPressWorst == 1"/>
         <message style="caution" text="COOLANT HIGH" when="[Coolant Temperature A_STATE] == 1"/>
         <message style="caution" text="FUEL PRESSURE"
                  when="max([Fuel Pressure A_STATE], [Fuel Pressure B_STATE]) == 1"/>
@@ -173,16 +217,16 @@
     <text style="caption" x="324" y="448" text="=imperial ? 'EGT °F' : 'EGT °C'"/>
     <text style="caption" x="548" y="448" align="right" text="SPREAD"/>
     <text x="620" y="448" align="right" size="28" weight="bold" value="spread * degree" format="%.0f"/>
-    <bar style="egt" x="335" label="1" value="[EGT 1]" digits="[EGT 1] * degree + zero" state="[EGT 1_STATE]">
+    <bar style="egt" x="335" label="1" value="egt1" digits="egt1 * degree + zero" state="egt1State">
         <mark at="egtWarning" color="amber"/><mark at="egtLimit" color="red"/>
     </bar>
-    <bar style="egt" x="415" label="2" value="[EGT 2]" digits="[EGT 2] * degree + zero" state="[EGT 2_STATE]">
+    <bar style="egt" x="415" label="2" value="egt2" digits="egt2 * degree + zero" state="egt2State">
         <mark at="egtWarning" color="amber"/><mark at="egtLimit" color="red"/>
     </bar>
-    <bar style="egt" x="495" label="3" value="[EGT 3]" digits="[EGT 3] * degree + zero" state="[EGT 3_STATE]">
+    <bar style="egt" x="495" label="3" value="egt3" digits="egt3 * degree + zero" state="egt3State">
         <mark at="egtWarning" color="amber"/><mark at="egtLimit" color="red"/>
     </bar>
-    <bar style="egt" x="575" label="4" value="[EGT 4]" digits="[EGT 4] * degree + zero" state="[EGT 4_STATE]">
+    <bar style="egt" x="575" label="4" value="egt4" digits="egt4 * degree + zero" state="egt4State">
         <mark at="egtWarning" color="amber"/><mark at="egtLimit" color="red"/>
     </bar>
 
@@ -225,7 +269,7 @@
         <range from="38" to="45" color="red"/>
     </bar>
     <text style="caption" x="1024" y="612" text="HOURS"/>
-    <text x="1252" y="612" align="right" size="30" weight="bold" value="[Engine Hours]" format="%.0f"/>
+    <text x="1252" y="612" align="right" size="30" weight="bold" value="hours" format="%.0f"/>
 
     <!-- warning lamps; the 915T has one more -->
     <define name="pitch" value="(1256 + 8) / (is915T ? 11 : 10)"/>

@@ -62,7 +62,11 @@ private slots:
     void hiddenPageWaits();
     void variantIsANumber();
 
+    void sharedNames();
+    void unknownVariables();
+
     void drawsNeedles();
+    void drawsWhereItFits();
     void drawsLampsAndDashes();
     void backgroundFillsThePage();
     void unchangedFrameRebuildsNothing();
@@ -71,6 +75,7 @@ private slots:
 
     void installedPanelFitsTheProfile_data();
     void installedPanelFitsTheProfile();
+    void installedPanelHidesNoLimit();
 
 private:
     void makePage(const QByteArray& content);
@@ -200,6 +205,81 @@ void TestViewPage::variantIsANumber()
     }
 }
 
+/// The name alone is the last device's, so a limit of the first one would not show; the full names
+/// tell both apart, and one of them may be another parameter's name.
+void TestViewPage::sharedNames()
+{
+    QByteArray content =
+        threshold("t", {"val='-1000' state='OK'", "val='50' state='LIMIT'"}) +
+        device({"name='rpm' id='1' dataType='FLOAT' thresholdId='t' viewId='EMU'"}) +
+        device({"name='rpm' id='2' dataType='FLOAT' thresholdId='t' viewId='EMU'",
+                "name='D/lamp' id='2' dataType='FLOAT' viewId='EMU'",
+                "name='lamp' id='1' dataType='FLOAT' viewId='EMU'"});
+    content.replace(content.lastIndexOf("'D'"), 3, "'E'");
+    content += device({"name='lamp' id='1' dataType='FLOAT' viewId='EMU'"});
+    QVERIFY(loadProfile(m_profile, content));
+    makePage(panel);
+    m_page->setData(m_dataSet.get());
+    m_page->setTime(9.0);
+    QCOMPARE(valuesOf({"D/rpm", "D/rpm_STATE", "E/rpm", "E/rpm_STATE"}), "90 2 1 0");
+    QCOMPARE(valuesOf({"rpm", "rpm_STATE", "D/lamp"}), "1 0 1");
+    show();
+    QTRY_COMPARE(m_messages.size(), 1);
+    QCOMPARE(
+        m_messages.front(),
+        "Several parameters are called \"rpm\" (D/rpm, E/rpm). By this name the instrument view "
+        "knows the last of them only. Several parameters are called \"lamp\" (E/lamp, D/lamp). "
+        "By this name the instrument view knows the last of them only.");
+    m_page->clear();
+    m_page->setData(m_dataSet.get());
+    QCoreApplication::processEvents();
+    QCOMPARE(m_messages.size(), 1);
+}
+
+void TestViewPage::unknownVariables()
+{
+    makePage(
+        "<view width='20' height='15'><optional name='tow'/>\n<text x='1' y='1' "
+        "value='[D/rpm_STATE] + missing + UNIT + VARIANT + tow + tow_STATE'/>\n"
+        "<text x='1' y='1' value='rqm'/><text x='1' y='1' value='rqm + other + lamp'/></view>");
+    const DiagnosticsCapture log;
+    show();
+    QTRY_COMPARE(m_messages.size(), 1);
+    QCOMPARE(m_messages.front(),
+             "The instrument view has 2 fault(s): " + m_directory.filePath("panel.v") +
+                 ":3:26: there is no variable \"rqm\"");
+    QCOMPARE(log.text().count("there is no variable \"other\""), 1);
+    // Another profile: only what is new is told.
+    QVERIFY(
+        loadProfile(m_profile, device({"name='rpm' id='1' dataType='FLOAT' viewId='EMU'",
+                                       "name='missing' id='1' dataType='FLOAT' viewId='EMU'"})));
+    m_page->setData(m_dataSet.get());
+    QTRY_COMPARE(m_messages.size(), 2);
+    QVERIFY(m_messages.back().contains("3 fault(s)"));
+    QCOMPARE(log.text().count("there is no variable"), 3);
+    QVERIFY(log.text().contains("no variable \"lamp\""));
+}
+
+/// Centred in a page that is too wide, and in one that is too high.
+void TestViewPage::drawsWhereItFits()
+{
+    m_page->setData(m_dataSet.get());
+    m_page->setTime(5.0);
+    show();
+    // The lamp lies at 150, 10 of 200 x 150 and is 40 wide.
+    for (const auto& [size, corner] :
+         {std::pair(QSize(800, 300), QPoint(500, 20)), {QSize(400, 500), QPoint(300, 120)}}) {
+        m_page->resize(size);
+        QTRY_COMPARE(m_page->grabFramebuffer().size(), size);
+        const QImage picture = m_page->grabFramebuffer();
+        const QColor lit(0xff, 0, 0);
+        QCOMPARE(pixel(picture, corner.x() + 10, corner.y() + 10), lit);
+        QCOMPARE(pixel(picture, corner.x() + 70, corner.y() + 50), lit);
+        QVERIFY(pixel(picture, corner.x() - 5, corner.y() + 10) != lit);
+        QVERIFY(pixel(picture, corner.x() + 10, corner.y() - 5) != lit);
+    }
+}
+
 void TestViewPage::drawsNeedles()
 {
     m_page->setData(m_dataSet.get());
@@ -314,15 +394,10 @@ void TestViewPage::installedPanelFitsTheProfile()
     QVERIFY2(reader.diagnostics().empty(),
              qPrintable(reader.diagnostics().empty() ? QString() : reader.diagnostics()[0].text()));
 
-    QHash<QString, const ProfileParameter*> known;
-    for (const ViewParameter& parameter : viewParameters(profile))
-        known.insert(parameter.name, parameter.parameter);
-    for (QString name : variables.names()) {
-        if (name == "VARIANT" || name == "UNIT" || variables.isDefined(name))
-            continue;
-        const bool isOfVariant = name.remove("_STATE") != "Lamp Tow" || variant == "915T";
-        QVERIFY2(known.contains(name) || !isOfVariant, qPrintable(name));
-    }
+    for (const Zinc2D::VariableUse& use : model->variables)
+        QVERIFY2(viewVariables(profile).contains(use.name) ||
+                     (use.name == "Lamp Tow" && variant != "915T"),
+                 qPrintable(use.unknown.text()));
 
     variables.set("VARIANT", variantNumber(profile));
     variables.set("UNIT", unitSystem);
@@ -334,12 +409,18 @@ void TestViewPage::installedPanelFitsTheProfile()
         if (shown == nullptr || shown->expressions.empty() || element.parts.empty() ||
             element.parts[0].type != Zinc2D::ElementType::Range)
             continue;
-        const auto parameter = std::find_if(known.cbegin(), known.cend(), [&](const auto* known_) {
-            const auto& slots_ = shown->expressions[0].variables();
-            return std::ranges::count(slots_, variables.slot(known_->name)) > 0;
+        // What it is drawn from gives it a value.
+        const auto parameters = viewParameters(profile);
+        const auto found = std::ranges::find_if(parameters, [&](const ViewParameter& parameter) {
+            variables.set(parameter.name, 1.0);
+            variables.takeChanges();
+            const bool isShown = shown->expressions[0].evaluate(variables).isSet();
+            variables.set(parameter.name, std::numeric_limits<double>::quiet_NaN());
+            return isShown;
         });
-        QVERIFY(parameter != known.cend());
-        const double scale = parameter.key() == "Manifold Pressure" ? factor : 1.0;
+        QVERIFY(found != parameters.end());
+        const ProfileParameter& parameter = *found->parameter;
+        const double scale = parameter.name == "Manifold Pressure" ? factor : 1.0;
         for (const Zinc2D::Element& part : element.parts) {
             if (part.type != Zinc2D::ElementType::Range)
                 continue;
@@ -350,12 +431,29 @@ void TestViewPage::installedPanelFitsTheProfile()
                 continue; // not in this variant
             const auto color = range.color(Zinc2D::Property::Color, 0);
             for (const double inside : {from + (to - from) * 1e-6, to - (to - from) * 1e-6})
-                QVERIFY2(gradeOf(**parameter, inside).color == color,
-                         qPrintable(QStringLiteral("%1 %2").arg(parameter.key()).arg(inside)));
+                QVERIFY2(gradeOf(parameter, inside).color == color,
+                         qPrintable(QStringLiteral("%1 %2").arg(parameter.name).arg(inside)));
             ++compared;
         }
     }
     QVERIFY(compared > 20);
+}
+
+/// Lane A's value in the dial, the worse of both among the warnings.
+void TestViewPage::installedPanelHidesNoLimit()
+{
+    Zinc2D::VariableTable variables;
+    QVERIFY(Zinc2D::ViewReader(variables).read(QStringLiteral(KOLT_VIEW)));
+    for (const double ofLaneA : {2.0, 0.0}) {
+        variables.set("ECU Lane A/Engine Speed", 1000.0);
+        variables.set("Engine Speed", 2000.0);
+        variables.set("ECU Lane A/Engine Speed_STATE", ofLaneA);
+        variables.set("Engine Speed_STATE", 2.0 - ofLaneA);
+        variables.takeChanges();
+        QCOMPARE(variables.value("rpm").number(), 1000.0);
+        QCOMPARE(variables.value("rpmState").number(), ofLaneA);
+        QCOMPARE(variables.value("rpmWorst").number(), 2.0);
+    }
 }
 
 QTEST_MAIN(TestViewPage)
