@@ -1,5 +1,6 @@
 #include "app/JobQueue.h"
 #include "app/dialogs/DialogPreferences.h"
+#include "app/dialogs/DialogProfileInfo.h"
 #include "instruments/ui/DialogDataView.h"
 #include "tests/app/MainWindowFixture.h"
 #include "ui/DataPage.h"
@@ -39,6 +40,7 @@ private slots:
     void fromTheLastFolderToTheTable();
     void menusAndShortcuts();
     void preferencesReachTheWindow();
+    void profileInstalledFromItsDialogIsRead();
     void recentFolders();
     void droppedFilesAreLoaded();
     void secondSelectionDuringALoadIsQueued();
@@ -163,6 +165,20 @@ void TestMainWindow::preferencesReachTheWindow()
     QCOMPARE(profile().parameters().front().name, "New");
     dialog->findChild<QSpinBox*>()->setValue(Startup::defaultFontPixels);
     QTest::mouseClick(apply, Qt::LeftButton);
+}
+
+void TestMainWindow::profileInstalledFromItsDialogIsRead()
+{
+    QVERIFY(open());
+    const QString file = m_cards->filePath("new.xml");
+    QVERIFY(writeFile(file, "<KorvanProfile><Device name='E'><Parameter name='New' id='1'/>"
+                            "</Device></KorvanProfile>"));
+    ModalBoxes boxes;
+    boxes.answer(file);
+    boxes.answer("OK"); // installed
+    click(*m_window->findChild<DialogProfileInfo*>(), "Install Profile...");
+    QVERIFY(boxes.isDone());
+    QVERIFY(waitFor([this] { return profile().parameters().front().name == "New"; }));
 }
 
 void TestMainWindow::recentFolders()
