@@ -538,6 +538,10 @@ Wählen Sie weniger oder exportieren Sie die Daten als CSV-Datei.</translation>
         <source>The instrument view cannot be shown: %1</source>
         <translation>Die Instrumententafel lässt sich nicht anzeigen: %1</translation>
     </message>
+    <message>
+        <source>Several parameters are called &quot;%1&quot; (%2). By this name the instrument view knows the last of them only.</source>
+        <translation>Mehrere Parameter heißen „%1“ (%2). Unter diesem Namen kennt die Instrumententafel nur den letzten.</translation>
+    </message>
 </context>
 <context>
     <name>KOLT::DialogDataWarning</name>
