@@ -3,6 +3,7 @@
 #include "base/Diagnostics.h"
 #include "libs/tusk/gl/GlHandler.h"
 
+#include <QFileInfo>
 #include <QOpenGLContext>
 
 #include <cmath>
@@ -124,11 +125,13 @@ void DialogDataView::findUnknownVariables()
 
 QString DialogDataView::faultsInWords() const
 {
-    if (m_view.width() > 0.0)
-        return tr("The instrument view has %n fault(s): %1", nullptr,
-                  static_cast<int>(m_faults.size()))
-            .arg(m_faults.front().text());
-    return tr("The instrument view cannot be shown: %1").arg(m_faults.back().text());
+    const bool isShown = m_view.width() > 0.0;
+    Zinc2D::Diagnostic fault = isShown ? m_faults.front() : m_faults.back();
+    fault.file = QFileInfo(fault.file).fileName(); // a status bar has no room for a path
+    return isShown ? tr("The instrument view has %n fault(s): %1", nullptr,
+                        static_cast<int>(m_faults.size()))
+                         .arg(fault.text())
+                   : tr("The instrument view cannot be shown: %1").arg(fault.text());
 }
 
 /// Of names that the view uses; with full names it can tell the parameters apart.

@@ -419,7 +419,7 @@ void TestMainWindow::brokenViewIsToldInTheStatusBar()
     QVERIFY(writeFile(path, "<view width='9' height='9'><dial/></view>"));
     m_window->findChild<DialogDataView*>()->setViewFile(path);
     m_window->findChild<DialogData*>()->setCurrentPage(DialogData::Page::EmuView);
-    QTRY_VERIFY(m_window->statusBar()->currentMessage().contains(path + ":1:29"));
+    QTRY_VERIFY(m_window->statusBar()->currentMessage().contains("panel.v:1:29"));
 }
 
 QTEST_MAIN(TestMainWindow)
