@@ -70,6 +70,32 @@ std::vector<int> Graph::visibleTraces() const
     return visible;
 }
 
+void Graph::setEventLines(std::vector<EventLine> lines)
+{
+    std::erase_if(lines, [](const EventLine& line) { return !std::isfinite(line.seconds); });
+    std::ranges::stable_sort(lines, {}, &EventLine::seconds);
+    m_eventLines = std::move(lines);
+}
+
+void Graph::addEventLine(const EventLine& line)
+{
+    if (std::isfinite(line.seconds))
+        m_eventLines.insert(
+            std::ranges::upper_bound(m_eventLines, line.seconds, {}, &EventLine::seconds), line);
+}
+
+std::vector<EventLine> Graph::eventsInSight() const
+{
+    const auto columnOf = [this](const EventLine& line) { return std::floor(xOf(line.seconds)); };
+    std::vector<EventLine> found;
+    auto line = std::ranges::lower_bound(m_eventLines, windowStart, {}, &EventLine::seconds);
+    while (line != m_eventLines.end() && line->seconds <= windowEnd) {
+        found.push_back(*line);
+        line = std::ranges::upper_bound(line, m_eventLines.end(), columnOf(*line), {}, columnOf);
+    }
+    return found;
+}
+
 void Graph::setSize(double width, double height)
 {
     m_width = width;
@@ -149,10 +175,15 @@ bool Graph::setCursorTime(double seconds)
     if (isCursorHeld)
         return false;
     cursorTime = seconds;
+    return !isPanned && followCursor();
+}
+
+bool Graph::followCursor()
+{
     if (settings.cursorMode == CursorMode::Floating)
         return false;
     const bool isAtEnd = settings.cursorMode == CursorMode::End;
-    const double start = seconds - span() * (isAtEnd ? 1.0 - edge : 0.5);
+    const double start = cursorTime - span() * (isAtEnd ? 1.0 - edge : 0.5);
     setWindow(start, start + span());
     return true;
 }

@@ -33,6 +33,7 @@ struct GraphSettings
     double yMaximum = 100.0;
     bool hasThresholds = true;
     bool hasStatistic = true;
+    bool hasEvents = true;
 };
 
 /// What a trace is of, where it comes from a profile.
@@ -90,8 +91,8 @@ public:
     double markerRight = 0.0;
     bool isCursorHeld = false; ///< by the user; the replay does not move it
     bool mayPan = true;
+    bool isPanned = false; ///< by the user, right now
     int selectedTrace = 0; ///< in whose band the cursor is
-    std::vector<EventLine> eventLines;
 
     /// Destroys all traces and makes 1 to 50 new ones.
     void setTraceCount(int count);
@@ -115,6 +116,17 @@ public:
     /// Hiding drops the trace's samples.
     void setVisible(int index, bool isVisible);
     std::vector<int> visibleTraces() const;
+
+    /// In any order; what has no time is left out.
+    void setEventLines(std::vector<EventLine> lines);
+    void addEventLine(const EventLine& line);
+
+    /// By ascending time.
+    const std::vector<EventLine>& eventLines() const { return m_eventLines; }
+
+    /// At most one for each column of pixels, the first of those that share it. Costs O(columns),
+    /// whatever their number.
+    std::vector<EventLine> eventsInSight() const;
 
     /// Size of the widget in pixels.
     void setSize(double width, double height);
@@ -157,9 +169,11 @@ public:
     /// Height of a row of the legend handles, which stand in display order from the top.
     double rowHeight() const;
 
-    /// The replay's clock. With the cursor held by the user nothing moves. True when the window
-    /// moved and the columns were rebuilt.
+    /// The replay's clock. With the cursor held by the user nothing moves, and while the user pans
+    /// the window stays. True when the window moved and the columns were rebuilt.
     bool setCursorTime(double seconds);
+    /// Moves the window to where the mode wants the cursor in it; true when it did.
+    bool followCursor();
     /// Keeps the window's end in automatic mode, its start otherwise.
     void setTimeSpan(double seconds);
     void setWindow(double start, double end);
@@ -189,6 +203,7 @@ private:
 
     std::vector<GraphTrace> m_traces;
     std::vector<TraceSource> m_sources;
+    std::vector<EventLine> m_eventLines;
     double m_width = 0.0;
     double m_height = 0.0;
     GraphMetrics m_metrics;

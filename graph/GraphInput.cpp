@@ -140,7 +140,6 @@ GraphResponse GraphInput::mousePress(Qt::MouseButton button, const QPointF& plac
 {
     GraphResponse response;
     const double seconds = m_graph.timeAt(place.x());
-    const Pan anchor{place.x(), m_graph.windowStart, m_graph.windowEnd};
     switch (button) {
     case Qt::LeftButton:
         m_isLeftHeld = true;
@@ -155,7 +154,7 @@ GraphResponse GraphInput::mousePress(Qt::MouseButton button, const QPointF& plac
         } else if (modifiers.testFlag(Qt::ShiftModifier)) {
             moveNearerMarker(seconds);
             response.reports.push_back(markers());
-            m_pan = anchor;
+            beginPan(place.x());
         } else if (modifiers.testFlag(Qt::ControlModifier)) {
             holdForAWhile(response);
             placeCursor(place);
@@ -175,7 +174,7 @@ GraphResponse GraphInput::mousePress(Qt::MouseButton button, const QPointF& plac
         break;
     case Qt::RightButton:
         if (m_graph.mayPan)
-            m_pan = anchor;
+            beginPan(place.x());
         break;
     default:
         response.isHandled = false;
@@ -183,6 +182,19 @@ GraphResponse GraphInput::mousePress(Qt::MouseButton button, const QPointF& plac
     }
     response.needsRepaint = true;
     return response;
+}
+
+/// The replay must not move the window under the hand.
+void GraphInput::beginPan(double x)
+{
+    m_pan = Pan{x, m_graph.windowStart, m_graph.windowEnd};
+    m_graph.isPanned = true;
+}
+
+void GraphInput::endPan()
+{
+    m_pan.reset();
+    m_graph.isPanned = false;
 }
 
 void GraphInput::pan(double x, GraphResponse& response)
@@ -240,7 +252,7 @@ GraphResponse GraphInput::mouseRelease(Qt::MouseButton button)
         if (m_graph.markerLeft > m_graph.markerRight)
             std::swap(m_graph.markerLeft, m_graph.markerRight);
         m_isLeftHeld = false;
-        m_pan.reset();
+        endPan();
         break;
     case Qt::MiddleButton:
         m_isMiddleHeld = false;
@@ -251,7 +263,7 @@ GraphResponse GraphInput::mouseRelease(Qt::MouseButton button)
     case Qt::RightButton:
         m_graph.rebuild();
         response.recalculations = 0;
-        m_pan.reset();
+        endPan();
         break;
     default:
         response.isHandled = false;

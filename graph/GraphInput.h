@@ -89,6 +89,8 @@ private:
     void holdForAWhile(GraphResponse& response);
     void moveNearerMarker(double seconds);
     std::optional<int> handleAt(const QPointF& place) const;
+    void beginPan(double x);
+    void endPan();
     void pan(double x, GraphResponse& response);
     GraphSignal cursor() const;
     GraphSignal markers() const;

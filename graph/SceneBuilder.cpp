@@ -37,9 +37,12 @@ GraphScene SceneBuilder::build()
     m_scene.vertices.reserve(4096 + 4 * columns);
     if (settings.hasStatistic)
         layOutStatistic(visible);
+    layOutCursor();
+    layOutEvents();
     // Below the traces: a plate must not hide any of them.
     if (settings.hasLegend)
         legend(visible);
+    eventNumbers();
     for (const int index : visible)
         band(index);
     markers();
@@ -199,12 +202,12 @@ void SceneBuilder::scaleLabel(int index, const QRectF& area)
     const GraphTrace& trace = m_graph.trace(index);
     const QString label = scaleText(m_graph, index);
     constexpr double apart = 40.0;
-    const double beside = m_graph.settings.hasLegend
-                              ? widthOf(legendText(m_graph, index, m_graph.cursorTime)) + apart
-                              : 0.0;
+    const double y = topOfTexts(area) - m_row / 2.0;
+    double beside = isCursorRow(y) ? m_cursorWidth : 0.0;
+    if (m_graph.settings.hasLegend)
+        beside += widthOf(legendText(m_graph, index, m_graph.cursorTime)) + apart;
     if (widthOf(label) + beside < area.width())
-        plotText(area.right() - 4.0, area.bottom() - m_row / 2.0, Qt::AlignRight, label,
-                 trace.color);
+        plotText(area.right() - 4.0, y, Qt::AlignRight, label, trace.color);
 }
 
 void SceneBuilder::thresholds(int index, const QRectF& area)

@@ -64,8 +64,16 @@ private:
     void scaleLabel(int index, const QRectF& area);
     void thresholds(int index, const QRectF& area);
     void markers();
+    /// Takes the events in sight, and keeps a strip at the top free for their numbers.
+    void layOutEvents();
+    /// Where the texts of an area begin: below the strip, if the area has room for both.
+    double topOfTexts(const QRectF& area) const;
+    void eventNumbers();
     void events();
+    void layOutCursor();
     void cursor();
+    /// Beside the cursor's line at x, where no other text stands if possible.
+    double beginOfCursorText(double x, double width) const;
 
     /// Bands that are lower than a line of text share one list.
     bool hasLegendInBands() const
@@ -80,6 +88,13 @@ private:
     /// Fills the panel, for which the legend leaves room.
     void layOutStatistic(const std::vector<int>& visible);
     double rightOfTexts(double y) const;
+
+    /// Whether a line of text lies where the cursor's does.
+    bool isCursorRow(double y) const
+    {
+        return m_cursorWidth > 0.0 && y < m_plot.top() + 1.5 * m_row;
+    }
+
     void statistic();
     void handles(const std::vector<int>& visible);
 
@@ -94,6 +109,9 @@ private:
     std::vector<QRectF> m_plates;                      ///< below texts in the plot
     QRectF m_panel;                                    ///< of the statistic
     QStringList m_panelLines;
+    std::vector<EventLine> m_events; ///< in sight
+    double m_strip = 0.0;            ///< at the top of the plot, for their numbers
+    double m_cursorWidth = 0.0;      ///< of its text, with some room; 0: none
 };
 
 } // namespace KOLT

@@ -14,6 +14,7 @@ constexpr double panelPadding = 8.0;
 constexpr double handleX = 10.0;
 constexpr QColor markerColor(255, 255, 0, 77);
 constexpr QColor eventColor(0, 153, 153);
+constexpr double numberDepth = 15.0; ///< of an event's number below the plot's top
 constexpr QColor dragColor(0, 255, 255);
 constexpr QColor hoverColor(255, 128, 0);
 constexpr QColor cursorColor(128, 128, 128);
@@ -45,16 +46,79 @@ void SceneBuilder::markers()
     }
 }
 
+void SceneBuilder::layOutEvents()
+{
+    if (!m_graph.settings.hasEvents || m_graph.eventLines().empty())
+        return;
+    m_events = m_graph.eventsInSight();
+    m_strip = numberDepth + m_row / 2.0; // also while none is in sight: no text is to jump
+}
+
+double SceneBuilder::topOfTexts(const QRectF& area) const
+{
+    const bool isTop = area.bottom() > m_plot.bottom() - 1.0;
+    const bool hasRoom = area.height() > m_strip + 1.5 * m_row;
+    return isTop && hasRoom ? area.bottom() - m_strip : area.bottom();
+}
+
+void SceneBuilder::eventNumbers()
+{
+    const double y = m_plot.bottom() - numberDepth;
+    double taken = m_plot.left(); // by the number before
+    for (const EventLine& event : m_events) {
+        const QString number = QString::number(event.number);
+        const QRectF box(m_graph.xOf(event.seconds) + 5.0, y - m_row / 2.0, widthOf(number), m_row);
+        const bool isFree = std::ranges::none_of(
+            m_plates, [&](const QRectF& plate) { return plate.intersects(box); });
+        if (box.left() < taken || box.right() > m_plot.right() || !isFree)
+            continue;
+        m_pen.quad(box, plateColor());
+        text(box.left(), y, Qt::AlignLeft, number, eventColor);
+        taken = box.right() + m_graph.metrics().characterWidth;
+    }
+}
+
 void SceneBuilder::events()
 {
-    for (const EventLine& event : m_graph.eventLines) {
+    m_pen.begin(GraphScene::Kind::Lines, withAlpha(eventColor, 102));
+    for (const EventLine& event : m_events) {
         const double x = m_graph.xOf(event.seconds);
-        if (x < m_plot.left() || x > m_plot.right())
-            continue;
-        m_pen.line(x, m_plot.top(), x, m_plot.bottom(), withAlpha(eventColor, 102));
-        text(x + 5.0, m_plot.bottom() - 15.0, Qt::AlignLeft, QString::number(event.number),
-             eventColor);
+        m_pen.vertex(x, m_plot.top());
+        m_pen.vertex(x, m_plot.bottom());
     }
+    m_pen.end();
+}
+
+void SceneBuilder::layOutCursor()
+{
+    constexpr double around = 15.0;
+    if (m_graph.settings.hasCursor) // also where it is out of sight: no text is to jump
+        m_cursorWidth = widthOf(cursorText(m_graph.cursorTime, m_graph.cursorValue)) + around;
+}
+
+double SceneBuilder::beginOfCursorText(double x, double width) const
+{
+    const double right = x + 5.0;
+    const double left = x - 5.0 - width;
+    const auto fits = [&](double begin) {
+        return begin >= m_plot.left() + 2.0 && begin + width + 5.0 <= m_plot.right();
+    };
+    const auto isFree = [&](double begin) {
+        const QRectF box(begin, m_plot.top(), width, m_row);
+        return std::ranges::none_of(m_plates,
+                                    [&](const QRectF& plate) { return plate.intersects(box); });
+    };
+    double beyond = m_plot.left(); // the legend of the lowest band
+    for (const QRectF& plate : m_plates) {
+        if (plate.top() < m_plot.top() + m_row && plate.left() < m_plot.center().x())
+            beyond = std::max(beyond, plate.right() + 2.0);
+    }
+    for (const double begin : {right, left, beyond}) {
+        if (fits(begin) && isFree(begin))
+            return begin;
+    }
+    // In a narrow plot neither side has room: it then begins at the plot's edge.
+    return fits(right) ? right : std::max(left, m_plot.left() + 2.0);
 }
 
 void SceneBuilder::cursor()
@@ -70,11 +134,8 @@ void SceneBuilder::cursor()
     if (y >= area.top() && y <= area.bottom())
         m_pen.line(m_plot.left(), y, m_plot.right(), y, withAlpha(color, 120));
     const QString label = cursorText(m_graph.cursorTime, m_graph.cursorValue);
-    const double width = widthOf(label);
-    const bool isRight = x + 10.0 + width > m_plot.right();
-    // In a narrow plot neither side has room: it then begins at the plot's edge.
-    const double begin = isRight ? std::max(x - 5.0 - width, m_plot.left() + 2.0) : x + 5.0;
-    text(begin, m_plot.top() + m_row / 2.0, Qt::AlignLeft, label, color);
+    text(beginOfCursorText(x, widthOf(label)), m_plot.top() + m_row / 2.0, Qt::AlignLeft, label,
+         color);
 }
 
 std::size_t SceneBuilder::fitting(std::size_t rows, double height) const
@@ -92,13 +153,16 @@ QString SceneBuilder::moreText(std::size_t count)
 void SceneBuilder::legend(const std::vector<int>& visible)
 {
     const bool isInBands = hasLegendInBands();
-    const std::size_t shown = isInBands ? visible.size() : fitting(visible.size(), m_plot.height());
+    // Of a list the last line is the cursor's.
+    const double top = topOfTexts(m_plot);
+    const double height = top - m_plot.top() - (m_cursorWidth > 0.0 ? m_row : 0.0);
+    const std::size_t shown = isInBands ? visible.size() : fitting(visible.size(), height);
     const double left = m_plot.left() + legendIndent;
-    double y = m_plot.bottom() - m_row / 2.0;
+    double y = top - m_row / 2.0;
     for (const int index : std::span(visible).first(shown)) {
         const GraphTrace& trace = m_graph.trace(index);
         if (isInBands)
-            y = trace.bandOffset + trace.bandHeight - m_row / 2.0;
+            y = topOfTexts(bandRect(index)) - m_row / 2.0;
         m_swatches.push_back({{m_plot.left() + 6.0, y - 4.0, 8.0, 8.0}, trace.color});
         plotText(
             left, y, Qt::AlignLeft,
@@ -142,7 +206,8 @@ void SceneBuilder::layOutStatistic(const std::vector<int>& visible)
 double SceneBuilder::rightOfTexts(double y) const
 {
     const bool isBeside = y + m_row / 2.0 > m_panel.top() && y - m_row / 2.0 < m_panel.bottom();
-    return isBeside ? m_panel.left() - panelPadding : m_plot.right();
+    return (isBeside ? m_panel.left() - panelPadding : m_plot.right()) -
+           (isCursorRow(y) ? m_cursorWidth : 0.0);
 }
 
 void SceneBuilder::statistic()

@@ -34,6 +34,7 @@ constexpr FlagKey flagKeys[] = {{"GraphSplit", &GraphSettings::isSplit},
                                 {"GraphLegend", &GraphSettings::hasLegend},
                                 {"GraphAutoscale", &GraphSettings::isAutoscaled},
                                 {"GraphLimits", &GraphSettings::hasThresholds},
+                                {"GraphEvents", &GraphSettings::hasEvents},
                                 {"GraphStatistic", &GraphSettings::hasStatistic}};
 
 double finiteOrZero(double value)

@@ -1,5 +1,6 @@
 #include "graph/ui/DialogDataGraph.h"
 
+#include "analysis/EventFinder.h"
 #include "graph/TraceFeeder.h"
 #include "graph/ui/DialogGraphSetup.h"
 #include "graph/ui/WidgetGraph.h"
@@ -14,6 +15,7 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <span>
 #include <utility>
 
 namespace KOLT {
@@ -40,6 +42,16 @@ bool hasFixedFunction()
     return answer;
 }
 
+/// Numbered as the rows of the list of limits, which has the same events in this order.
+std::vector<EventLine> linesOf(std::span<const Event> events)
+{
+    std::vector<EventLine> lines;
+    lines.reserve(events.size());
+    for (const Event& event : events)
+        lines.push_back({static_cast<int>(lines.size()) + 1, event.seconds});
+    return lines;
+}
+
 } // namespace
 
 DialogDataGraph::DialogDataGraph(const Profile& profile, const GraphSettings& settings,
@@ -61,7 +73,13 @@ DialogDataGraph::DialogDataGraph(const Profile& profile, const GraphSettings& se
     m_shown = new ContentOrNote(this, page);
 
     m_setup = new DialogGraphSetup(m_settings, this);
-    connect(m_setup, &DialogGraphSetup::signalChanged, this, &DialogDataGraph::slotGraphSetup);
+    connect(m_setup, &DialogGraphSetup::signalChanged, this, [this] {
+        // It has no field for the span, and what is in sight may be wider.
+        const double start = m_graph->graph().windowStart;
+        const double end = m_graph->graph().windowEnd;
+        slotGraphSetup();
+        m_graph->setWindow(start, end);
+    });
     connect(m_graph, &WidgetGraphBase::signalCursor, this, [this](float seconds, double value) {
         keepTime(static_cast<double>(seconds));
         emit signalCursor(seconds, value);
@@ -108,6 +126,8 @@ void DialogDataGraph::clearTraces()
 void DialogDataGraph::dropData()
 {
     clearTraces();
+    m_graph->clearEventLines();
+    m_hasEvents = false;
     m_isNewData = true;
 }
 
@@ -135,7 +155,16 @@ void DialogDataGraph::showData()
     }
     m_sinceShown.start();
     m_feedTimer.start(0);
+    feedEvents();
     slotTimeoutFeed(); // short recordings are there at once
+}
+
+void DialogDataGraph::feedEvents()
+{
+    if (m_hasEvents || !m_settings.hasEvents || dataSet() == nullptr)
+        return;
+    m_graph->setEventLines(linesOf(findEvents(m_profile, *dataSet(), EventScope::AllParameters)));
+    m_hasEvents = true;
 }
 
 void DialogDataGraph::slotTimeoutFeed()
@@ -147,9 +176,22 @@ void DialogDataGraph::slotTimeoutFeed()
         m_graph->refresh();
         m_sinceShown.start();
     }
-    m_progress->setVisible(!isDone);
+    showProgress();
+}
+
+void DialogDataGraph::showProgress()
+{
+    const std::size_t selected = m_profile.selectedParameters().size();
+    const bool isCut = selected > static_cast<std::size_t>(Graph::maxTraces);
+    m_progress->setVisible(isFeeding() || isCut);
     m_progress->setText(
-        tr("Reading traces: %1 of %2").arg(m_feeder->filled()).arg(m_feeder->total()));
+        isFeeding() ? tr("Reading traces: %1 of %2").arg(m_feeder->filled()).arg(m_feeder->total())
+                    : tr("Shown: %1 of %2 parameters").arg(Graph::maxTraces).arg(selected));
+    m_progress->setToolTip(
+        isCut ? tr("The graph shows the first %1 selected parameters. Uncheck some in the list on "
+                   "the left to see the others.")
+                    .arg(Graph::maxTraces)
+              : QString());
 }
 
 void DialogDataGraph::showTime()
@@ -160,7 +202,7 @@ void DialogDataGraph::showTime()
     if (!std::exchange(m_mustPlaceWindow, false) && isThere)
         return;
     m_graph->setCursorTime(time());
-    if (!m_graph->graph().isCursorHeld)
+    if (!m_graph->graph().isCursorHeld && !m_graph->graph().isPanned)
         pageTo(time());
 }
 
@@ -191,6 +233,7 @@ void DialogDataGraph::slotManMode()
 
 void DialogDataGraph::applySettings()
 {
+    feedEvents();
     m_graph->setSettings(m_settings);
     slotManMode();
     emit signalSettings(m_settings);

@@ -89,6 +89,9 @@ private:
     void copyPicture();
     void zoomToAll();
     void pageTo(double seconds);
+    /// Finds the events, once for the data and not before they are wanted.
+    void feedEvents();
+    void showProgress();
     std::vector<const ProfileParameter*> parameters() const;
 
     const Profile& m_profile;
@@ -102,6 +105,7 @@ private:
     std::unique_ptr<TraceFeeder> m_feeder;
     QTimer m_feedTimer;
     QElapsedTimer m_sinceShown;    ///< since the picture of the traces filled so far
+    bool m_hasEvents = false;      ///< the graph has those of the data
     bool m_isNewData = true;       ///< its traces were not shown yet
     bool m_mustPlaceWindow = true; ///< even if the cursor is where the time is
     QTimer m_holdTimer;

@@ -151,11 +151,15 @@ void DialogDataGraph::zoomToAll()
 
 void DialogDataGraph::slotTimeout()
 {
+    const double span = m_graph->graph().span();
     // The limits stand on these sides on purpose: a zoom that began beyond one comes back.
     if (m_heldCommand == ZoomIn)
-        setTimeSpan(std::min(m_graph->graph().span() * holdFactor, longestHeldSpan));
+        setTimeSpan(std::min(span * holdFactor, longestHeldSpan));
     else if (m_heldCommand == ZoomOut)
-        setTimeSpan(std::max(m_graph->graph().span() / holdFactor, shortestHeldSpan));
+        setTimeSpan(std::max(span / holdFactor, shortestHeldSpan));
+    else
+        return;
+    m_graph->followCursor(); // the step keeps an end of the window, not the cursor in it
 }
 
 void DialogDataGraph::showSetup()

@@ -1,13 +1,12 @@
 #include "graph/ui/DialogGraphSetup.h"
 
-#include "graph/GraphTexts.h"
-
 #include <QCheckBox>
 #include <QColorDialog>
 #include <QComboBox>
 #include <QFormLayout>
 #include <QLabel>
 #include <QLineEdit>
+#include <QLocale>
 #include <QPushButton>
 
 #include <cmath>
@@ -22,8 +21,20 @@ constexpr int numberWidth = 90;
 /// What is no number, or none that ends, gives 0.
 double numberOf(const QString& text)
 {
-    const double number = text.toDouble();
+    // With a point everywhere, with a comma where the language has it.
+    bool isNumber = false;
+    double number = text.toDouble(&isNumber);
+    if (!isNumber)
+        number = QLocale().toDouble(text);
     return std::isfinite(number) ? number : 0.0;
+}
+
+/// As the window's language writes it.
+QString textOf(double number)
+{
+    QLocale locale;
+    locale.setNumberOptions(QLocale::OmitGroupSeparator);
+    return locale.toString(number, 'g', QLocale::FloatingPointShortest);
 }
 
 } // namespace
@@ -87,7 +98,9 @@ void DialogGraphSetup::createRows(QFormLayout* form)
     connect(cursor, &QCheckBox::stateChanged, this, &DialogGraphSetup::slotCursorOn);
     connect(legend, &QCheckBox::stateChanged, this, &DialogGraphSetup::slotLegendOn);
     connect(autoscale, &QCheckBox::stateChanged, this, &DialogGraphSetup::slotAutoscaleOn);
+    QCheckBox* const events = createBox(tr("Exceedances On"), &GraphSettings::hasEvents);
     for (const auto& [box, flag] : {std::pair(thresholds, &GraphSettings::hasThresholds),
+                                    std::pair(events, &GraphSettings::hasEvents),
                                     std::pair(statistic, &GraphSettings::hasStatistic)})
         connect(box, &QCheckBox::toggled, this, [this, flag = flag](bool isOn) {
             m_settings.*flag = isOn;
@@ -131,6 +144,7 @@ void DialogGraphSetup::createRows(QFormLayout* form)
     form->addRow(tr("Legend :"), legend);
     form->addRow(tr("Y-Scale :"), scaleRow);
     form->addRow(tr("Limits :"), thresholds);
+    form->addRow(tr("Exceedances :"), events);
     form->addRow(tr("Statistic :"), statistic);
 }
 
@@ -145,8 +159,8 @@ void DialogGraphSetup::refresh()
     for (const auto& [box, flag] : m_boxes)
         box->setChecked(m_settings.*flag);
     m_cursorMode->setCurrentIndex(static_cast<int>(m_settings.cursorMode));
-    m_yMinimum->setText(roundTripText(m_settings.yMinimum));
-    m_yMaximum->setText(roundTripText(m_settings.yMaximum));
+    m_yMinimum->setText(textOf(m_settings.yMinimum));
+    m_yMaximum->setText(textOf(m_settings.yMaximum));
     m_isShowing = false;
 }
 

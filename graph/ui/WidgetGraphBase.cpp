@@ -39,8 +39,10 @@ WidgetGraphBase::WidgetGraphBase(QWidget* parent)
     m_graph.settings.labelBackground = QColor::fromRgbF(0.8F, 0.8F, 0.8F);
     m_recalcTimer.setSingleShot(true);
     m_cursorTimer.setSingleShot(true);
+    m_followTimer.setSingleShot(true);
     m_cursorTimer.setInterval(cursorMilliseconds);
     connect(&m_repaintTimer, &QTimer::timeout, this, &WidgetGraphBase::slotTimeout);
+    connect(&m_followTimer, &QTimer::timeout, this, &WidgetGraphBase::slotTimeoutFollow);
     connect(&m_recalcTimer, &QTimer::timeout, this, &WidgetGraphBase::slotTimeoutRecalc);
     connect(&m_cursorTimer, &QTimer::timeout, this, &WidgetGraphBase::slotTimeoutCursor);
     m_repaintTimer.start(repaintMilliseconds);
@@ -97,10 +99,10 @@ void WidgetGraphBase::refresh()
 void WidgetGraphBase::setCursorTime(double seconds)
 {
     m_graph.setCursorTime(seconds);
-    // Less than what is seen waits for the repaint timer.
+    // The values in the legend change where the cursor does not move by a pixel.
     m_hasMoved = true;
-    if (!(std::abs(seconds - m_paintedTime) < repaintThreshold * m_graph.pixelSeconds()))
-        update();
+    if (!m_followTimer.isActive())
+        slotTimeoutFollow();
 }
 
 void WidgetGraphBase::releaseCursor()
@@ -116,6 +118,12 @@ void WidgetGraphBase::setTimeSpan(double seconds)
     update();
 }
 
+void WidgetGraphBase::followCursor()
+{
+    m_graph.followCursor();
+    update();
+}
+
 void WidgetGraphBase::setWindow(double start, double end)
 {
     m_graph.setWindow(start, end);
@@ -124,14 +132,19 @@ void WidgetGraphBase::setWindow(double start, double end)
 
 void WidgetGraphBase::addEventLine(int number, double seconds)
 {
-    m_graph.eventLines.push_back({number, seconds});
+    m_graph.addEventLine({number, seconds});
+    update();
+}
+
+void WidgetGraphBase::setEventLines(std::vector<EventLine> lines)
+{
+    m_graph.setEventLines(std::move(lines));
     update();
 }
 
 void WidgetGraphBase::clearEventLines()
 {
-    m_graph.eventLines.clear();
-    update();
+    setEventLines({});
 }
 
 void WidgetGraphBase::resizeGL(int width, int height)
@@ -152,7 +165,6 @@ void WidgetGraphBase::paintGL()
     const GraphScene scene = buildScene(m_graph, m_input, devicePixelRatioF());
     drawScene(scene, devicePixelRatioF());
     m_hasMoved = false;
-    m_paintedTime = m_graph.cursorTime;
     m_sinceRepaint.restart();
 }
 
@@ -182,6 +194,14 @@ void WidgetGraphBase::slotTimeoutCursor()
 {
     releaseCursor();
     emit signalCursorReleased();
+}
+
+void WidgetGraphBase::slotTimeoutFollow()
+{
+    if (!isVisible() || !m_hasMoved)
+        return;
+    update();
+    m_followTimer.start(repaintMilliseconds);
 }
 
 void WidgetGraphBase::act(const GraphResponse& response)

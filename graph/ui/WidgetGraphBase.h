@@ -33,8 +33,11 @@ public:
     /// Ends the user's hold on the cursor without telling it.
     void releaseCursor();
     void setTimeSpan(double seconds);
+    /// Puts the window where the cursor's mode wants it.
+    void followCursor();
     void setWindow(double start, double end);
     void addEventLine(int number, double seconds);
+    void setEventLines(std::vector<EventLine> lines);
     void clearEventLines();
 
     /// Name, shown range and colour do not depend on the drawing; this does.
@@ -71,6 +74,7 @@ private slots:
     void slotTimeout();
     void slotTimeoutRecalc();
     void slotTimeoutCursor();
+    void slotTimeoutFollow();
 
 private:
     void act(const GraphResponse& response);
@@ -83,8 +87,8 @@ private:
     QTimer m_recalcTimer;
     QTimer m_cursorTimer;
     int m_recalcRepeats = 0;
-    bool m_hasMoved = false;    ///< since the last repaint
-    double m_paintedTime = 0.0; ///< of the cursor
+    QTimer m_followTimer;    ///< runs for a while after a repaint that the time asked for
+    bool m_hasMoved = false; ///< since the last repaint
     QElapsedTimer m_sinceRepaint;
 };
 
