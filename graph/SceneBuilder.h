@@ -66,6 +66,9 @@ private:
     void markers();
     /// Takes the events in sight, and keeps a strip at the top free for their numbers.
     void layOutEvents();
+
+    bool hasStrip(double height) const { return height > m_strip + 1.5 * m_row; }
+
     /// Where the texts of an area begin: below the strip, if the area has room for both.
     double topOfTexts(const QRectF& area) const;
     void eventNumbers();

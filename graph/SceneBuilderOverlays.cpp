@@ -14,7 +14,7 @@ constexpr double panelPadding = 8.0;
 constexpr double handleX = 10.0;
 constexpr QColor markerColor(255, 255, 0, 77);
 constexpr QColor eventColor(0, 153, 153);
-constexpr double numberDepth = 15.0; ///< of an event's number below the plot's top
+constexpr double eventDepth = 15.0; ///< of an event's number below the plot's top
 constexpr QColor dragColor(0, 255, 255);
 constexpr QColor hoverColor(255, 128, 0);
 constexpr QColor cursorColor(128, 128, 128);
@@ -51,19 +51,21 @@ void SceneBuilder::layOutEvents()
     if (!m_graph.settings.hasEvents || m_graph.eventLines().empty())
         return;
     m_events = m_graph.eventsInSight();
-    m_strip = numberDepth + m_row / 2.0; // also while none is in sight: no text is to jump
+    m_strip = std::max(eventDepth, m_row / 2.0) +
+              m_row / 2.0; // also while none is in sight: no text is to jump
 }
 
 double SceneBuilder::topOfTexts(const QRectF& area) const
 {
     const bool isTop = area.bottom() > m_plot.bottom() - 1.0;
-    const bool hasRoom = area.height() > m_strip + 1.5 * m_row;
-    return isTop && hasRoom ? area.bottom() - m_strip : area.bottom();
+    return isTop && hasStrip(area.height()) ? area.bottom() - m_strip : area.bottom();
 }
 
 void SceneBuilder::eventNumbers()
 {
-    const double y = m_plot.bottom() - numberDepth;
+    // Beside the legend where bands are too low for a strip.
+    const bool isStrip = hasStrip(hasLegendInBands() ? m_graph.rowHeight() : m_plot.height());
+    const double y = m_plot.bottom() + m_row / 2.0 - (isStrip ? m_strip : m_row);
     double taken = m_plot.left(); // by the number before
     for (const EventLine& event : m_events) {
         const QString number = QString::number(event.number);

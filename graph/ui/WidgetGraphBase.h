@@ -30,6 +30,12 @@ public:
 
     /// The replay's time. Nothing moves while the user holds the cursor.
     void setCursorTime(double seconds);
+
+    /// How long a key holds the cursor.
+    int holdMilliseconds() const { return m_cursorTimer.interval(); }
+
+    void setHoldMilliseconds(int milliseconds) { m_cursorTimer.setInterval(milliseconds); }
+
     /// Ends the user's hold on the cursor without telling it.
     void releaseCursor();
     void setTimeSpan(double seconds);

@@ -1,6 +1,7 @@
 #include "app/JobQueue.h"
 #include "app/dialogs/DialogPreferences.h"
 #include "app/dialogs/DialogProfileInfo.h"
+#include "graph/ui/DialogDataGraph.h"
 #include "instruments/ui/DialogDataView.h"
 #include "tests/app/MainWindowFixture.h"
 #include "ui/DataPage.h"
@@ -46,6 +47,7 @@ private slots:
     void secondSelectionDuringALoadIsQueued();
     void vanishedFilesAreTold();
     void unitAndVariantSelectors();
+    void graphMovesTimeAndColumns();
     void undoKeyReachesNoWidget();
     void styleSheetOfTheCommandLineIsApplied();
     void exportsNeedData();
@@ -310,6 +312,30 @@ void TestMainWindow::unitAndVariantSelectors()
     QCOMPARE(profile().selectedParameters().size(), 2U);
     pick("profileSelector", Qt::Key_Down);
     QCOMPARE(profile().selectedParameters().size(), 3U); // and so is what only this variant has
+}
+
+void TestMainWindow::graphMovesTimeAndColumns()
+{
+    QVERIFY(openCycle(folder("card")));
+    auto* const data = m_window->findChild<DialogData*>();
+    auto* const graph = m_window->findChild<DialogDataGraph*>();
+    emit graph->signalCursor(7.5F, 1.0);
+    QCOMPARE(data->time(), 7.5);
+    QCOMPARE(data->page(DialogData::Page::Map).time(), 7.5);
+    const auto columns = [&] {
+        const auto name = [this](int column) {
+            return table()->headerData(column, Qt::Horizontal).toString().section('\n', 0, 0);
+        };
+        return name(1) + ' ' + name(2);
+    };
+    for (const QStringList& order : {QStringList{"Speed", "Fuel"}, {"Fuel", "Speed"}}) {
+        emit graph->signalOrder({"D/" + order[0], "D/" + order[1]});
+        QCOMPARE(columns(), order.join(' '));
+    }
+    GraphSettings settings;
+    settings.hasEvents = false;
+    emit graph->signalSettings(settings);
+    QCOMPARE(setting("GraphEvents"), "false");
 }
 
 void TestMainWindow::undoKeyReachesNoWidget()

@@ -3,6 +3,7 @@
 #include "tests/support/Rows.h"
 
 #include <cmath>
+#include <functional>
 
 using namespace KOLT;
 using namespace KOLT::Test;
@@ -19,12 +20,15 @@ private slots:
     void scalesToTheVisibleWindow();
     void scaleLeavesOutWhatLiesBehindGaps();
     void cursorModes();
+    void manyEventsShareColumns();
     void timeSpanKeepsAnEnd();
     void keys_data();
     void keys();
     void mouse_data();
     void mouse();
     void holdOfTheCursor();
+    void replayLeavesAPannedWindow_data();
+    void replayLeavesAPannedWindow();
     void handleDragMovesATrace();
     void wheelZoomsAboutThePointer();
 };
@@ -156,6 +160,31 @@ void TestGraph::cursorModes()
     QCOMPARE(graph.windowStart, 100.0);
 }
 
+void TestGraph::manyEventsShareColumns()
+{
+    Graph graph = prepared();
+    std::vector<EventLine> lines{{0, std::nan("")}};
+    for (int i = 100'000; i > 0; --i) // four pixels to a second
+        lines.push_back({i, i * 0.002 - 50.0});
+    graph.setEventLines(lines);
+    graph.addEventLine({-1, 0.1});
+    QCOMPARE(graph.eventLines().size(), 100'001U);
+    QList<double> columns;
+    QList<int> numbers;
+    for (const EventLine& line : graph.eventsInSight()) {
+        columns << std::floor(graph.xOf(line.seconds));
+        numbers << line.number;
+    }
+    QCOMPARE(columns.size(), 401); // with both edges
+    QVERIFY(std::ranges::adjacent_find(columns, std::greater_equal()) == columns.end());
+    QCOMPARE(numbers.mid(0, 2), (QList<int>{25'000, 25'125}));
+    QCOMPARE(numbers.back(), 75'000);
+    graph.setWindow(0.0999, 0.1001);
+    QCOMPARE(graph.eventsInSight().size(), 1U); // of two at one time
+    graph.setWindow(200.0, 300.0);
+    QVERIFY(graph.eventsInSight().empty());
+}
+
 void TestGraph::timeSpanKeepsAnEnd()
 {
     Graph graph = prepared();
@@ -260,11 +289,34 @@ void TestGraph::holdOfTheCursor()
     QVERIFY(!graph.isCursorHeld);
 }
 
+void TestGraph::replayLeavesAPannedWindow_data()
+{
+    const Rows<Qt::MouseButton, Qt::KeyboardModifier> row;
+    row("right", Qt::RightButton, Qt::NoModifier);
+    row("shift+left", Qt::LeftButton, Qt::ShiftModifier);
+}
+
+void TestGraph::replayLeavesAPannedWindow()
+{
+    const auto [button, keys] = fetchRow<Qt::MouseButton, Qt::KeyboardModifier>();
+    Graph graph = prepared();
+    GraphInput input(graph);
+    input.mousePress(button, placeOf(graph, 20.0, 50.0), keys);
+    QVERIFY(!graph.setCursorTime(500.0));
+    QCOMPARE(graph.cursorTime, 500.0);
+    input.mouseMove(placeOf(graph, 40.0, 50.0), keys);
+    QVERIFY(!graph.setCursorTime(501.0));
+    QCOMPARE(graph.windowStart, -20.0);
+    input.mouseRelease(button);
+    QVERIFY(graph.setCursorTime(502.0));
+    QCOMPARE(graph.windowStart, 452.0);
+}
+
 void TestGraph::handleDragMovesATrace()
 {
     Graph graph = prepared();
-    graph.markerLeft = 10.0;
-    graph.markerRight = 80.0;
+    graph.markerLeft = 80.0;
+    graph.markerRight = 10.0;
     GraphInput input(graph);
     QVERIFY(input.mouseMove({10.0, 60.0}, {}).needsRepaint);
     QCOMPARE(input.hoveredTrace().value_or(-1), 0);
@@ -273,7 +325,8 @@ void TestGraph::handleDragMovesATrace()
     QVERIFY(input.mouseMove({15.0, 150.0}, {}).reports.empty());
     QCOMPARE(input.dragOffset(), -100.0);
     QCOMPARE(describe(input.mouseRelease(Qt::LeftButton).reports), "move 0 1");
-    QCOMPARE(graph.markerLeft, 10.0); // markers stay
+    QCOMPARE(graph.markerLeft, 10.0); // markers stay, but in order
+    QCOMPARE(graph.markerRight, 80.0);
     input.mousePress(Qt::LeftButton, {10.0, 150.0}, {});
     QCOMPARE(describe(input.mouseRelease(Qt::LeftButton).reports), "move 1 1"); // also in its place
     // Handles of low rows overlap: a click without a drag moves none of them.

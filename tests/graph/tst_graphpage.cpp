@@ -14,8 +14,11 @@
 #include <QCheckBox>
 #include <QClipboard>
 #include <QComboBox>
+#include <QElapsedTimer>
 #include <QImage>
+#include <QLabel>
 #include <QLineEdit>
+#include <QLocale>
 #include <QSignalSpy>
 #include <QToolButton>
 
@@ -40,10 +43,13 @@ private slots:
     void buttons();
     void heldZoom();
     void replayPagesAndCentres();
+    void readOutsFollowTheTime();
     void mouseReachesTheSignals();
     void keyGivesTheCursorBack();
     void draggedHandleGivesAnOrder();
     void longRecordingsAppearByAndBy();
+    void moreParametersThanTracesAreTold();
+    void eventsAreNumberedAsInTheList();
     void setupChangesTheGraph();
     void settingsAreKept();
     void snapshot();
@@ -256,6 +262,7 @@ void TestGraphPage::heldZoom()
     const double span = graph().span();
     QTest::mousePress(button(0), Qt::LeftButton);
     QTRY_VERIFY(graph().span() < span * 0.97 * 0.98);
+    QCOMPARE((graph().windowStart + graph().windowEnd) / 2.0, 150.0); // still centred
     QTest::mouseRelease(button(0), Qt::LeftButton);
     const double released = graph().span();
     QVERIFY(QMetaObject::invokeMethod(m_page.get(), "slotTimeout")); // the next tick
@@ -292,6 +299,35 @@ void TestGraphPage::replayPagesAndCentres()
     QVERIFY(std::abs(graph().span() - 60.0) < 1e-9);
     m_page->setTime(50.0);
     QCOMPARE(graph().windowStart + 6.0, 50.0);
+    QTest::mousePress(widget(), Qt::RightButton, {}, QPoint(300, 100));
+    m_page->setTime(300.0); // not under the hand that pans
+    QCOMPARE(graph().windowStart + 6.0, 50.0);
+    QTest::mouseRelease(widget(), Qt::RightButton, {}, QPoint(300, 100));
+    m_page->setTime(301.0);
+    QCOMPARE(graph().windowEnd - 6.0, 301.0);
+}
+
+/// Also where the cursor does not move by a pixel, but not for each time that comes.
+void TestGraphPage::readOutsFollowTheTime()
+{
+    m_page->setTime(150.0);
+    const QSignalSpy painted(widget(), &QOpenGLWidget::aboutToCompose);
+    widget()->setWindow(0.0, 14'400.0);
+    QTRY_VERIFY(!painted.isEmpty());
+    for (const double seconds : {151.0, 151.1, 151.2}) { // the last ones come too early
+        const qsizetype before = painted.size();
+        m_page->setTime(seconds);
+        QTRY_VERIFY_WITH_TIMEOUT(painted.size() > before, 2000);
+    }
+    const qsizetype before = painted.size();
+    QElapsedTimer clock;
+    clock.start();
+    for (int i = 0; clock.elapsed() < 300; ++i) {
+        m_page->setTime(152.0 + i * 0.001);
+        QCoreApplication::processEvents();
+    }
+    const qsizetype most = clock.elapsed() / 30 + 2;
+    QVERIFY2(painted.size() - before <= most, qPrintable(QString::number(painted.size() - before)));
 }
 
 void TestGraphPage::mouseReachesTheSignals()
@@ -321,13 +357,15 @@ void TestGraphPage::mouseReachesTheSignals()
 void TestGraphPage::keyGivesTheCursorBack()
 {
     const QSignalSpy cursor(m_page.get(), &DialogDataGraph::signalCursor);
+    QCOMPARE(widget()->holdMilliseconds(), 5000);
+    widget()->setHoldMilliseconds(300);
     QTest::keyClick(widget(), Qt::Key_Right, Qt::ShiftModifier);
     QCOMPARE(cursor.size(), 1);
     QVERIFY(graph().isCursorHeld);
     m_page->setTime(180.0);
     QVERIFY(graph().cursorTime < 160.0);
-    QTRY_VERIFY_WITH_TIMEOUT(!graph().isCursorHeld, 8000); // after five seconds
-    QCOMPARE(graph().cursorTime, 180.0);                   // it follows the replay again
+    QTRY_VERIFY(!graph().isCursorHeld);
+    QCOMPARE(graph().cursorTime, 180.0); // it follows the replay again
     QCOMPARE(graph().windowStart, 150.0);
     QTest::keyClick(widget(), Qt::Key_Right);
     DataSet other; // ends it at once
@@ -411,6 +449,61 @@ void TestGraphPage::longRecordingsAppearByAndBy()
     QVERIFY(!m_page->isFeeding());
 }
 
+void TestGraphPage::moreParametersThanTracesAreTold()
+{
+    const auto notes = [&] {
+        QStringList texts;
+        for (const QLabel* label : m_page->findChildren<QLabel*>()) {
+            if (label->isVisibleTo(m_page.get()) && label->text().startsWith("Shown:"))
+                texts << label->text();
+        }
+        return texts.join('|');
+    };
+    for (const auto& [count, told] : {std::pair(50, ""), {63, "Shown: 50 of 63 parameters"}}) {
+        QByteArray parameters;
+        for (int i = 0; i < count; ++i)
+            parameters +=
+                "<Parameter name='p" + QByteArray::number(i) + "' id='1' dataType='FLOAT'/>";
+        selectAllOf("<Device name='D'>" + parameters + "</Device>");
+        makePage();
+        m_page->setData(m_dataSet.get());
+        QTRY_VERIFY(!m_page->isFeeding());
+        QCOMPARE(graph().traceCount(), 50);
+        QCOMPARE(notes(), told);
+    }
+    m_page->clear();
+    QCOMPARE(notes(), "");
+}
+
+void TestGraphPage::eventsAreNumberedAsInTheList()
+{
+    m_page.reset();
+    QVERIFY(loadProfile(m_profile, threshold("T", {"val='-100' color='#00ff00' state='OK'",
+                                                   "val='90' color='#ff0000' state='LIMIT'"}) +
+                                       device({"name='a' id='1' dataType='FLOAT' thresholdId='T'",
+                                               "name='b' id='1' startByte='4' dataType='FLOAT'"})));
+    m_profile.select([](const ProfileParameter& parameter) { return parameter.name == "b"; });
+    m_settings.hasEvents = false;
+    makePage();
+    m_page->setData(m_dataSet.get());
+    QVERIFY(graph().eventLines().empty());
+    labelled<QCheckBox>(*m_page->findChild<DialogGraphSetup*>(), "Exceedances On")->click();
+    const auto shown = [&] {
+        QStringList lines;
+        for (const EventLine& line : graph().eventLines())
+            lines << QStringLiteral("%1 at %2").arg(line.number).arg(line.seconds);
+        return lines;
+    };
+    // Of all parameters, selected or not; each run up to 99 begins at 0 again.
+    const QStringList expected{"1 at 109", "2 at 119", "3 at 129", "4 at 139", "5 at 149",
+                               "6 at 159", "7 at 169", "8 at 179", "9 at 189", "10 at 199"};
+    QCOMPARE(shown(), expected);
+    m_page->refresh();
+    QCOMPARE(shown(), expected); // none twice
+    m_page->clear();
+    QCOMPARE(shown(), {});
+}
+
 void TestGraphPage::setupChangesTheGraph()
 {
     button(9)->click();
@@ -429,11 +522,19 @@ void TestGraphPage::setupChangesTheGraph()
         edits.at(1)->setText(text);
         QCOMPARE(graph().settings.yMaximum, 0.0);
     }
-    QCOMPARE(changed.size(), 7);
+    QLocale::setDefault(QLocale(QLocale::German));
+    edits.at(1)->setText("12,5");
+    QCOMPARE(graph().settings.yMaximum, 12.5);
+    edits.at(1)->setText("7.25"); // as the settings file has it
+    QCOMPARE(graph().settings.yMaximum, 7.25);
+    setup->refresh();
+    QCOMPARE(edits.at(1)->text(), "7,25");
+    QLocale::setDefault(QLocale::c());
+    QCOMPARE(changed.size(), 9);
     ModalBoxes boxes; // cancels the colour dialog
     click(*setup, "Select");
     QCOMPARE(graph().settings.background, QColor(0, 0, 0));
-    QCOMPARE(changed.size(), 8); // applied all the same
+    QCOMPARE(changed.size(), 10); // applied all the same
 }
 
 void TestGraphPage::settingsAreKept()
@@ -449,8 +550,8 @@ void TestGraphPage::settingsAreKept()
     const auto edits = setup->findChildren<QLineEdit*>();
     edits.at(0)->setText("-1234567.125");
     edits.at(1)->setText("0.1");
-    QCOMPARE(graph().span(), 100.0); // the record is applied as a whole
-    QVERIFY(!m_reported.isEmpty());
+    QCOMPARE(graph().span(), 120.0); // what was in sight stays, with the room at both sides
+    QVERIFY(!m_reported.isEmpty() && !m_reported.back().isAutomatic); // since the pan
 
     m_settings = m_reported.back();
     m_settings.isAutomatic = true; // it is not kept

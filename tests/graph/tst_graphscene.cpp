@@ -7,6 +7,7 @@
 #include "tests/support/Rows.h"
 
 #include <QLineF>
+#include <QSet>
 
 #include <cmath>
 #include <functional>
@@ -29,6 +30,8 @@ private slots:
     void cursorTextStaysInThePlot();
     void sceneJoinsStrokes_data();
     void sceneJoinsStrokes();
+    void switchesTakePartsAway_data();
+    void switchesTakePartsAway();
     void textsKeepApart_data();
     void textsKeepApart();
     void thresholdLines();
@@ -123,6 +126,7 @@ void TestGraphScene::sceneBreaksLinesAtGaps()
 void TestGraphScene::cursorTextStaysInThePlot()
 {
     Graph graph;
+    graph.setTraceCount(1); // its legend leaves the line alone
     for (const double width : {240.0, 600.0}) {
         graph.setSize(width, 200.0);
         graph.setWindow(0.0, 100.0);
@@ -198,12 +202,69 @@ void TestGraphScene::sceneJoinsStrokes()
     }
 }
 
+void TestGraphScene::switchesTakePartsAway_data()
+{
+    const Rows<bool GraphSettings::*> row;
+    row("grid", &GraphSettings::hasGrid);
+    row("cursor", &GraphSettings::hasCursor);
+    row("legend", &GraphSettings::hasLegend);
+    row("events", &GraphSettings::hasEvents);
+    row("statistic", &GraphSettings::hasStatistic);
+}
+
+void TestGraphScene::switchesTakePartsAway()
+{
+    const auto [flag] = fetchRow<bool GraphSettings::*>();
+    Graph graph = prepared();
+    graph.setSize(900.0, 400.0);
+    graph.cursorTime = 50.0;
+    graph.markerRight = 80.0;
+    graph.addEventLine({77, 70.0});
+    const auto parts = [&] {
+        const QList<std::pair<QString, QString>> texts{
+            {"cursor", cursorText(50.0, 0.0)},
+            {"legend", legendText(graph, 0, 50.0)},
+            {"events", "77"},
+            {"statistic", "Between the markers: min, max, mean"}};
+        QSet<QString> found;
+        const GraphScene scene = buildScene(graph, GraphInput(graph));
+        for (const GraphScene::Text& text : scene.texts) {
+            for (const auto& [part, content] : texts) {
+                if (text.text == content)
+                    found << part;
+            }
+        }
+        for (const GraphScene::Figure& figure : scene.figures) {
+            const float* const ends = scene.vertices.data() + 2 * figure.first;
+            if (figure.isStippled)
+                found << "grid";
+            else if (figure.count == 2 && ends[0] == ends[2])
+                found << QStringLiteral("%1 at %2").arg(figure.color.name()).arg(ends[0]);
+        }
+        return found;
+    };
+    QSet<QString> expected{"grid", "cursor", "legend", "events", "statistic"};
+    const QString event = QStringLiteral("#009999 at %1").arg(graph.xOf(70.0));
+    const QString cursor = QStringLiteral("#808080 at %1").arg(graph.xOf(50.0));
+    expected << event << cursor;
+    QCOMPARE(parts(), expected);
+    graph.settings.*flag = false;
+    const QString part = QTest::currentDataTag();
+    expected.remove(part);
+    if (part == "events")
+        expected.remove(event);
+    if (part == "cursor")
+        expected.remove(cursor);
+    QCOMPARE(parts(), expected);
+}
+
 void TestGraphScene::textsKeepApart_data()
 {
     const Rows<int, bool, double, int> row; // traces, isSplit, fontScale, left out, in the legend
     row("a few bands", 4, true, 1.0, 0);
-    row("bands lower than a line", 40, true, 1.0, 18);
-    row("one scale", 40, false, 1.0, 18);
+    row("bands lower than two lines", 20, true, 1.0, 0);
+    row("bands lower than a line", 40, true, 1.0, 20);
+    row("one scale", 40, false, 1.0, 20);
     row("no room beside the panel", 12, true, 2.2, 12);
 }
 
@@ -217,14 +278,18 @@ void TestGraphScene::textsKeepApart()
     graph.setMetrics(metrics);
     graph.setSize(900.0, 400.0);
     for (int i = 0; i < traces; ++i) {
-        graph.setName(i, QStringLiteral("%1 ").arg(i) + QString(i % 2 == 0 ? 200 : 5, 'x'), "unit");
+        graph.setName(i, QStringLiteral("%1 ").arg(i) + QString(i % 2 == 0 ? 5 : 200, 'x'), "unit");
         for (const double seconds : {0.0, 50.0, 100.0})
             graph.trace(i).append(seconds, seconds, 1);
     }
     graph.cursorTime = 60.0;
     graph.markerRight = 80.0;
+    for (int i = 0; i < 60; ++i)
+        graph.addEventLine({1000 + i, 1.7 * i});
     graph.setWindow(0.0, 100.0);
     const GraphScene scene = buildScene(graph, GraphInput(graph));
+    std::vector<QRectF> inPlot;
+    int alone = 0;                                 // of the cursor and of events
     std::map<double, std::vector<QRectF>> columns; // by where they begin
     double panelLeft = 0.0;
     int values = 0;
@@ -240,6 +305,15 @@ void TestGraphScene::textsKeepApart()
             QVERIFY2(isRight || !box.adjusted(0.0, 0.1, 0.0, -0.1).intersects(other),
                      qPrintable(text.text));
         columns[text.x].push_back(box);
+        const bool isEvent = text.color == QColor(0, 153, 153);
+        alone += isEvent || text.text == cursorText(60.0, 0.0);
+        if (box.left() > graph.plotLeft() && box.top() > Graph::bottomMargin - 1.0) {
+            const auto isNear = [&](const QRectF& other) {
+                return box.adjusted(0.0, 0.1, 0.0, -0.1).intersects(other);
+            };
+            QVERIFY2(std::ranges::none_of(inPlot, isNear), qPrintable(text.text));
+            inPlot.push_back(box);
+        }
         if (text.text.startsWith("Between"))
             panelLeft = text.x;
         values += text.text.endsWith("[unit]   50.00");
@@ -254,6 +328,7 @@ void TestGraphScene::textsKeepApart()
         for (const QRectF& box : boxes)
             QVERIFY(x == panelLeft || !panel.intersects(box));
     }
+    QVERIFY2(alone > 1, qPrintable(QString::number(alone)));
     QCOMPARE(values, traces - left);
     QCOMPARE(more.isEmpty(), left == 0);
 }
