@@ -6,9 +6,11 @@
 #include "tests/support/TestFiles.h"
 
 #include <QSignalSpy>
+#include <QThread>
 
 #include <cmath>
 #include <functional>
+#include <sys/stat.h>
 #include <zlib.h>
 
 using namespace Tessa;
@@ -136,6 +138,8 @@ private slots:
     void averages();
     void littleMemoryIsEnough();
     void filesThatComeLater();
+    void replacedFilesAreReadAgain();
+    void pipesAreNotOpened();
     void shadeOfAPlane_data();
     void shadeOfAPlane();
     void shadeOfFlatAndMissingGround();
@@ -344,6 +348,49 @@ void TestTerrain::filesThatComeLater()
     QFile::remove(ground.folder.filePath("N47E011.hgt"));
     QVERIFY(!ground.heights(tile));
     QVERIFY(!shades.shadeTile(tile));
+}
+
+void TestTerrain::replacedFilesAreReadAgain()
+{
+    const auto flat = [](int metres) {
+        return elevationBytes(47, 11, [metres](double, double) { return metres; });
+    };
+    Ground ground("N47E011.hgt", flat(100));
+    ground.add("N47E012.hgt", flat(7));
+    const auto height = [&](double longitude) {
+        const auto heights = ground.heights(tileAt(11, 47.5, longitude));
+        return heights ? at(*heights, 100, 100) : -1.0F;
+    };
+    QCOMPARE(height(11.5), 100.0F);
+    QCOMPARE(height(12.5), 7.0F);
+    ground.add("N47E011.hgt", flat(200));
+    std::vector<float> heights;
+    // The other one stays at hand.
+    QCOMPARE(ground.source.sample(tileAt(11, 47.5, 12.5), heights), ElevationSource::State::Ready);
+    QCOMPARE(height(11.5), 200.0F);
+
+    // Replaced while it is read: what was read is of the former one.
+    ground.add("N47E011.hgt", flat(300));
+    QCOMPARE(ground.source.sample(tileAt(11, 47.5, 11.5), heights),
+             ElevationSource::State::Loading);
+    QThread::msleep(100); // enough to read it; it is not yet taken
+    ground.add("N47E011.hgt", flat(400));
+    QCOMPARE(height(11.5), 400.0F);
+}
+
+void TestTerrain::pipesAreNotOpened()
+{
+    Ground ground("N47E011.hgt", elevationBytes(47, 11, tilted));
+    const TileId tile = tileAt(11, 47.5, 11.5);
+    QCOMPARE(ground.source.dataZoom(tile), 11);
+    const QString path = ground.folder.filePath("N47E011.hgt");
+    QFile::remove(path); // after it was found
+    QCOMPARE(mkfifo(qPrintable(path), 0600), 0);
+    QVERIFY(!ground.heights(tile));
+    for (const char* name : {"N47E011.hgt.gz", "N47E011.SRTMGL1.hgt"})
+        QVERIFY(QFile::link(path, ground.folder.filePath(name)));
+    ground.source.refresh();
+    QVERIFY(!ground.heights(tile));
 }
 
 void TestTerrain::shadeOfAPlane_data()

@@ -1,6 +1,7 @@
 #include "libs/tessamap/terrain/ElevationFile.h"
 
 #include <QFile>
+#include <QFileInfo>
 #include <QRegularExpression>
 #include <QtEndian>
 
@@ -28,6 +29,12 @@ std::optional<int> sideOf(qint64 bytes)
 bool isCompressed(const QString& path)
 {
     return path.endsWith(QLatin1String(".gz"), Qt::CaseInsensitive);
+}
+
+/// Opening anything else, such as a pipe, might wait for ever.
+bool isPlain(const QString& path)
+{
+    return QFileInfo(path).isFile();
 }
 
 /// Empty for damaged data and for more than the largest file holds.
@@ -111,6 +118,8 @@ std::optional<ElevationCell> ElevationCell::ofFile(const QString& name)
 
 std::optional<int> elevationSide(const QString& path)
 {
+    if (!isPlain(path))
+        return std::nullopt;
     QFile file(path);
     if (!isCompressed(path))
         return sideOf(file.size());
@@ -127,7 +136,7 @@ std::optional<HeightGrid> readElevation(const QString& path)
     QFile file(path);
     // No compressed file that could be of use is longer than the largest plain one by much.
     constexpr qint64 maxBytes = bytesOf(knownSides.back()) + (qint64(1) << 20);
-    if (!file.open(QIODevice::ReadOnly) || file.size() > maxBytes)
+    if (!isPlain(path) || !file.open(QIODevice::ReadOnly) || file.size() > maxBytes)
         return std::nullopt;
     QByteArray bytes = file.readAll();
     if (isCompressed(path))

@@ -129,17 +129,22 @@ void ElevationSource::refresh()
                     File{path, -1, entries.fileInfo().size(), entries.fileInfo().lastModified()};
         }
     }
+    bool isOther = false;
     for (auto& [cell, file] : found) {
         const auto known = m_files.find(cell);
         // One that was of no use may have been copied whole meanwhile.
         if (known != m_files.end() && known->second.isSame(file))
             file.side = known->second.side;
+        else
+            isOther = true;
     }
-    const bool isOther =
-        found.size() != m_files.size() || !std::ranges::all_of(found, [&](const auto& entry) {
-            const auto known = m_files.find(entry.first);
-            return known != m_files.end() && known->second.isSame(entry.second);
-        });
+    for (const auto& [cell, file] : m_files) {
+        const auto now = found.find(cell);
+        if (now != found.end() && now->second.isSame(file))
+            continue;
+        isOther = true;
+        drop(cell);
+    }
     m_files = std::move(found);
     if (isOther) {
         emit filesChanged();
@@ -249,25 +254,26 @@ std::shared_ptr<const HeightGrid> ElevationSource::grid(const ElevationCell& cel
     }
     // The most important ones first: the others are asked for again once these have come.
     if (m_loading.size() < maxLoading && m_loading.insert(slot(cell, level)).second)
-        load(cell, level, m_files.at(cell).path);
+        load(cell, level, m_files.at(cell));
     return nullptr;
 }
 
-void ElevationSource::load(const ElevationCell& cell, std::size_t level, const QString& path)
+void ElevationSource::load(const ElevationCell& cell, std::size_t level, const File& file)
 {
-    m_worker.start([this, cell, level, path] {
-        auto levels = ElevationLevels::read(path);
+    m_worker.start([this, cell, level, file] {
+        auto levels = ElevationLevels::read(file.path);
         QMetaObject::invokeMethod(
-            this, [=, this] { take(cell, level, path, levels); }, Qt::QueuedConnection);
+            this, [=, this] { take(cell, level, file, levels); }, Qt::QueuedConnection);
     });
 }
 
-void ElevationSource::take(const ElevationCell& cell, std::size_t level, const QString& path,
+void ElevationSource::take(const ElevationCell& cell, std::size_t level, const File& read,
                            const std::optional<ElevationLevels>& levels)
 {
     m_loading.erase(slot(cell, level));
     const auto file = m_files.find(cell);
-    if (file != m_files.end() && file->second.path == path) {
+    // One that was replaced meanwhile is asked for again.
+    if (file != m_files.end() && file->second.isSame(read)) {
         if (levels) {
             // Coarser versions cost little; finer ones come when they are asked for.
             for (std::size_t i = ElevationLevels::count; i-- > level;)
@@ -275,11 +281,23 @@ void ElevationSource::take(const ElevationCell& cell, std::size_t level, const Q
             file->second.side = levels->grids[0]->side;
         } else {
             file->second.side = 0;
-            emit message(
-                tr("The elevation file cannot be used: %1").arg(QDir::toNativeSeparators(path)));
+            emit message(tr("The elevation file cannot be used: %1")
+                             .arg(QDir::toNativeSeparators(read.path)));
         }
     }
     emit changed();
+}
+
+void ElevationSource::drop(const ElevationCell& cell)
+{
+    for (std::size_t level = 0; level < ElevationLevels::count; ++level) {
+        const auto entry = m_slots.find(slot(cell, level));
+        if (entry == m_slots.end())
+            continue;
+        m_memory -= entry->second->grid->bytes();
+        m_kept.erase(entry->second);
+        m_slots.erase(entry);
+    }
 }
 
 void ElevationSource::keep(const ElevationCell& cell, std::size_t level,

@@ -41,7 +41,8 @@ public:
 
     void setPath(const QString& path);
 
-    /// Looks for files anew, as when the user has added some; those already read are kept.
+    /// Looks for files anew, as when the user has added some; what was read of those that are still
+    /// the same is kept.
     void refresh();
 
     bool isEmpty() const { return m_files.empty(); }
@@ -93,8 +94,9 @@ private:
     static std::size_t slot(const ElevationCell& cell, std::size_t level);
     File* usableFile(const ElevationCell& cell);
     std::shared_ptr<const HeightGrid> grid(const ElevationCell& cell, std::size_t level);
-    void load(const ElevationCell& cell, std::size_t level, const QString& path);
-    void take(const ElevationCell& cell, std::size_t level, const QString& path,
+    void load(const ElevationCell& cell, std::size_t level, const File& file);
+    void drop(const ElevationCell& cell);
+    void take(const ElevationCell& cell, std::size_t level, const File& read,
               const std::optional<ElevationLevels>& levels);
     void keep(const ElevationCell& cell, std::size_t level, std::shared_ptr<const HeightGrid> grid);
 
