@@ -8,6 +8,8 @@
 #include <QDir>
 #include <QUrl>
 
+#include <sys/stat.h>
+
 using namespace Tessa;
 using KOLT::Test::readFile;
 using KOLT::Test::Rows;
@@ -48,6 +50,7 @@ private slots:
     void whatIsWrittenIsRead();
     void damagedFiles_data();
     void damagedFiles();
+    void onlyPlainFilesAreOpened();
     void placeThatCannotBeWritten();
     void leastRecentlyUsedGoFirst();
     void roomIsMadeWhileWriting();
@@ -186,6 +189,29 @@ void TestTileCache::damagedFiles()
     }
     QVERIFY(cache.write(tile, "renewed", {"\"b\"", "", now}));
     QCOMPARE(cache.read(tile)->meta.etag, QByteArray("\"b\""));
+}
+
+void TestTileCache::onlyPlainFilesAreOpened()
+{
+    Cache cache;
+    const QString elsewhere = cache.folder.filePath("elsewhere");
+    for (const QString name : {"178.png", "178.meta", "178.png.part", "178.meta.part"}) {
+        QVERIFY(cache.write(tile, "picture", {"", "", now}));
+        const QString path = cache.path("268/" + name);
+        QFile::remove(path);
+        QCOMPARE(mkfifo(qPrintable(path), 0600), 0);
+        const bool isTile = name == "178.png";
+        QCOMPARE(cache.contains(tile), !isTile);
+        QCOMPARE(cache.read(tile).has_value(), !isTile);
+        QVERIFY(cache.write(tile, "renewed", {"", "", now})); // in its place
+        QCOMPARE(cache.read(tile)->body, QByteArray("renewed"));
+
+        QVERIFY(writeFile(elsewhere, "kept"));
+        QFile::remove(path);
+        QVERIFY(QFile::link(elsewhere, path));
+        QVERIFY(cache.write(tile, "picture", {"", "", now}));
+        QCOMPARE(readFile(elsewhere), QByteArray("kept"));
+    }
 }
 
 void TestTileCache::placeThatCannotBeWritten()

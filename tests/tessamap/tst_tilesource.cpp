@@ -5,6 +5,10 @@
 #include <QSignalSpy>
 #include <QTemporaryDir>
 
+#include <atomic>
+#include <future>
+#include <thread>
+
 using namespace Tessa;
 using namespace Tessa::Test;
 
@@ -108,6 +112,8 @@ private slots:
     void outcomes();
     void failuresAreRepeatedEverLessOften();
     void slowServers();
+    void endlessBodyIsNotTakenIn();
+    void timeoutsInARowCountAsUnreachable();
     void unreachableServerIsProbed();
     void sixRequestsByPriority();
     void sameViewAsksNothing();
@@ -157,6 +163,7 @@ void TestTileSource::outcomes_data()
     failed("unasked 304", LoopbackServer::answer("304 Not Modified"));
     failed("no http", "hello\r\n\r\n");
     failed("no picture", ok("<html>log in</html>"));
+    failed("packed", ok(qCompress(picture()).mid(4), "Content-Encoding: deflate\r\n"));
     failed("empty", ok(""));
     failed("other size", ok(picture("png", 300)));
     QImage huge(20000, 20000, QImage::Format_Mono);
@@ -251,6 +258,61 @@ void TestTileSource::slowServers()
     map.now += second;
     QCOMPARE(map.ask({first}), 0);
     QCOMPARE(map.source.loadingCount(), 0);
+}
+
+void TestTileSource::endlessBodyIsNotTakenIn()
+{
+    std::promise<QString> address;
+    std::atomic<bool> isAsked = false;
+    qint64 sent = 0;
+    std::jthread server([&] {
+        QTcpServer endless;
+        endless.listen(QHostAddress::LocalHost);
+        address.set_value(QStringLiteral("http://127.0.0.1:%1").arg(endless.serverPort()));
+        endless.waitForNewConnection(20000);
+        QTcpSocket* const socket = endless.nextPendingConnection();
+        isAsked = socket != nullptr && socket->waitForReadyRead(20000);
+        if (!isAsked)
+            return;
+        socket->write("HTTP/1.1 200 OK\r\n\r\n");
+        const QByteArray part(1 << 20, 'x');
+        while (sent < 100 * part.size() && socket->write(part) > 0 &&
+               socket->waitForBytesWritten(500))
+            sent += part.size();
+    });
+    Map map;
+    map.source.setServer(address.get_future().get());
+    map.show({first});
+    QTRY_VERIFY(isAsked);
+    server.join(); // and so this thread looks at nothing meanwhile
+    QVERIFY2(sent > 0 && sent < (40 << 20), qPrintable(QString::number(sent)));
+    QVERIFY(map.waitForReplies());
+    QVERIFY(map.takeAll().empty());
+}
+
+void TestTileSource::timeoutsInARowCountAsUnreachable()
+{
+    // Each tile of its own, so that none has to rest. A pause comes before the sixth.
+    const auto isOfflineAfterSix = [](qint64 pause, bool isAnswered) {
+        Map map;
+        for (int i = 0; i < 6; ++i) {
+            map.answer({});
+            map.now += i == 5 ? pause : 0;
+            if (i == 5 && isAnswered) {
+                map.answer(ok());
+                map.load({{5, 9, 9}});
+                map.answer({});
+            }
+            map.show({{5, i, 4}});
+            map.now += 30 * second;
+            map.ask({{5, i, 4}});
+        }
+        return map.source.isOffline();
+    };
+    QVERIFY(isOfflineAfterSix(0, false));
+    QVERIFY(isOfflineAfterSix(500 * second, false)); // the longest rest of a single tile
+    QVERIFY(!isOfflineAfterSix(0, true));
+    QVERIFY(!isOfflineAfterSix(day / 6, false));
 }
 
 void TestTileSource::unreachableServerIsProbed()

@@ -27,13 +27,21 @@ QString metaPath(const QString& bodyPath)
     return bodyPath.chopped(4) + QLatin1String(".meta");
 }
 
+/// Opening anything else, such as a pipe, might wait for ever.
+bool isPlain(const QString& path)
+{
+    return QFileInfo(path).isFile();
+}
+
 bool replaceFile(const QString& path, const QByteArray& content)
 {
     // Without waiting for the disk as QSaveFile does: a tile lost in a power failure is fetched
     // again, and one cut short is told by its length.
     const QString temporary = path + QLatin1String(".part");
+    // Anew, or it might be a link to something else, or a pipe that waits for a reader.
+    QFile::remove(temporary);
     QFile file(temporary);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate))
+    if (!file.open(QIODevice::WriteOnly | QIODevice::NewOnly))
         return false;
     const bool isWritten = file.write(content) == content.size() && file.flush();
     file.close();
@@ -55,7 +63,7 @@ struct Notes
 std::optional<Notes> readNotes(const QString& path)
 {
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly) || file.size() > maxMetaBytes)
+    if (!isPlain(path) || !file.open(QIODevice::ReadOnly) || file.size() > maxMetaBytes)
         return std::nullopt;
     Notes notes;
     bool hasExpiry = false;
@@ -125,7 +133,7 @@ QString TileDiskCache::path(const TileId& tile) const
 
 bool TileDiskCache::contains(const TileId& tile) const
 {
-    return !m_folder.isEmpty() && QFile::exists(path(tile));
+    return !m_folder.isEmpty() && isPlain(path(tile));
 }
 
 std::optional<TileDiskCache::Entry> TileDiskCache::read(const TileId& tile)
@@ -134,7 +142,7 @@ std::optional<TileDiskCache::Entry> TileDiskCache::read(const TileId& tile)
         return std::nullopt;
     const QString bodyPath = path(tile);
     QFile file(bodyPath);
-    if (!file.open(QIODevice::ReadOnly))
+    if (!isPlain(bodyPath) || !file.open(QIODevice::ReadOnly))
         return std::nullopt;
     const auto notes = readNotes(metaPath(bodyPath));
     const qint64 size = file.size();

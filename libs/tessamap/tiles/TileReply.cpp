@@ -1,8 +1,6 @@
 #include "libs/tessamap/tiles/TileReply.h"
 
-#include <QBuffer>
 #include <QDateTime>
-#include <QImageReader>
 #include <QLocale>
 #include <QTimeZone>
 
@@ -147,29 +145,6 @@ std::optional<qint64> httpDate(const QByteArray& text)
         return std::nullopt;
     date.setTimeSpec(Qt::UTC);
     return date.toMSecsSinceEpoch();
-}
-
-QImage decodeTile(const QByteArray& body)
-{
-    QBuffer buffer;
-    buffer.setData(body);
-    if (!buffer.open(QIODevice::ReadOnly))
-        return QImage();
-    QImageReader reader(&buffer);
-    const QSize size = reader.size();
-    if (size != QSize(256, 256) && size != QSize(512, 512))
-        return QImage();
-    // A JPEG cut short would be decoded to a picture that is grey from there on.
-    if (reader.format() == "jpeg") {
-        const qsizetype end = body.lastIndexOf(QByteArray::fromHex("ffd9"));
-        if (end < 0 || end < body.size() - 64)
-            return QImage();
-    }
-    QImage image;
-    if (!reader.read(&image))
-        return QImage();
-    image.setDevicePixelRatio(1.0);
-    return std::move(image).convertToFormat(QImage::Format_RGBA8888);
 }
 
 } // namespace Tessa

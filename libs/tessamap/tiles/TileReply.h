@@ -3,7 +3,6 @@
 #include "libs/tessamap/tiles/TileDiskCache.h"
 
 #include <QByteArray>
-#include <QImage>
 #include <QNetworkReply>
 
 #include <optional>
@@ -60,9 +59,5 @@ qint64 retryTime(const ReplyFacts& facts, qint64 now);
 
 /// A moment as HTTP writes it ("Sun, 06 Nov 1994 08:49:37 GMT"), milliseconds since 1970.
 std::optional<qint64> httpDate(const QByteArray& text);
-
-/// A complete picture of 256 or 512 pixels square in Format_RGBA8888, or a null one. Others are not
-/// decoded at all, so that a small file cannot ask for a huge picture.
-QImage decodeTile(const QByteArray& body);
 
 } // namespace Tessa

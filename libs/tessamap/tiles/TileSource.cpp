@@ -1,5 +1,6 @@
 #include "libs/tessamap/tiles/TileSource.h"
 
+#include "libs/tessamap/tiles/TilePicture.h"
 #include "libs/tessamap/tiles/TileRequest.h"
 
 #include <QDateTime>

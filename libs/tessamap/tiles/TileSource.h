@@ -153,6 +153,7 @@ private:
     std::unique_ptr<InFlight> release(const QNetworkReply* reply);
     void dropLate(qint64 now);
     void settle(const InFlight& request, const ReplyFacts& facts, const QByteArray& body);
+    bool isTimeoutTooMany();
     void fail(const TileId& tile);
     void pause(qint64 until);
     void setOffline(bool offline);
@@ -180,6 +181,7 @@ private:
 
     qint64 m_pausedUntil = 0;
     qint64 m_nextProbe = 0;
+    qint64 m_lastTimeout = 0;
     int m_timeoutsInARow = 0;
     bool m_isOffline = false;
     bool m_saidRefused = false;

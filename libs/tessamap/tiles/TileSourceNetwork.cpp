@@ -11,6 +11,8 @@ constexpr qint64 missingRest = 24 * 3600 * second;
 constexpr qint64 refusedRest = 600 * second;
 constexpr qint64 probeInterval = 30 * second;
 constexpr qint64 longestPause = 300 * second;
+/// Longer than the rest of a single tile that keeps timing out.
+constexpr qint64 timeoutMemory = 2 * longestPause;
 constexpr int maxTries = 5;
 constexpr double jitter = 0.2;
 
@@ -28,6 +30,8 @@ void TileSource::start(const TileId& tile, qint64 now)
     entry->startedAt = now;
     QNetworkRequest request(m_server.url(tile));
     request.setHeader(QNetworkRequest::UserAgentHeader, m_userAgent);
+    // Pictures are compressed already. What the toolkit unpacks by itself could become any size.
+    request.setRawHeader("Accept-Encoding", "identity");
     request.setAttribute(QNetworkRequest::Http2AllowedAttribute, true);
     request.setAttribute(QNetworkRequest::CookieLoadControlAttribute, QNetworkRequest::Manual);
     request.setAttribute(QNetworkRequest::CookieSaveControlAttribute, QNetworkRequest::Manual);
@@ -50,6 +54,9 @@ void TileSource::start(const TileId& tile, qint64 now)
         m_nextProbe = now + probeInterval;
 
     QNetworkReply* const reply = m_network.get(request);
+    // Bounds what comes while this thread is busy. Twice as much as it takes: the toolkit may stop
+    // a block before the bound, and the reply would wait there without a word.
+    reply->setReadBufferSize(2 * maxTileBytes);
     entry->reply = reply;
     m_inFlight.push_back(std::move(entry));
     connect(reply, &QNetworkReply::readyRead, this, [this, reply] { checkSize(reply); });
@@ -130,8 +137,7 @@ void TileSource::settle(const InFlight& request, const ReplyFacts& facts, const 
     if (facts.status != 0) {
         m_timeoutsInARow = 0;
         setOffline(false);
-    } else if (outcome == ReplyOutcome::Unreachable ||
-               (facts.wasTimeout && ++m_timeoutsInARow >= maxInFlight)) {
+    } else if (outcome == ReplyOutcome::Unreachable || (facts.wasTimeout && isTimeoutTooMany())) {
         // A server that lets every request time out is as good as none.
         m_nextProbe = now + probeInterval;
         setOffline(true);
@@ -173,6 +179,16 @@ void TileSource::settle(const InFlight& request, const ReplyFacts& facts, const 
     }
     if (request.confirms)
         m_toConfirm.emplace_back(tile, *request.confirms);
+}
+
+/// Those of hours ago say nothing of now.
+bool TileSource::isTimeoutTooMany()
+{
+    const qint64 now = m_clock();
+    if (now - m_lastTimeout > timeoutMemory)
+        m_timeoutsInARow = 0;
+    m_lastTimeout = now;
+    return ++m_timeoutsInARow >= maxInFlight;
 }
 
 void TileSource::fail(const TileId& tile)
