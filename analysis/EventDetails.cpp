@@ -50,10 +50,8 @@ EventDetails detailsOf(const Profile& profile, const DataSet& dataSet, const Eve
         }
     }
     if (peak != nullptr) {
-        const QString& unit = profile.unitLabel(parameter);
         details.peakText = textOf(profile, parameter, peak->data, details.peak);
-        if (!unit.isEmpty())
-            details.peakText += QLatin1Char(' ') + unit;
+        details.unit = profile.unitLabel(parameter);
     }
     details.engineSpeed =
         valueUpTo(dataSet, profile.parameterByRole(QStringLiteral("EngineSpeed")), event.seconds);

@@ -10,7 +10,8 @@ namespace KOLT {
 struct EventDetails
 {
     double peak = 0.0;                 ///< the value farthest from normal until it was over
-    QString peakText;                  ///< with its unit, in the profile's unit system
+    QString peakText;                  ///< in the profile's unit system
+    QString unit;                      ///< of the peak's text; may be empty
     std::optional<double> duration;    ///< seconds until the return to normal; none if it never did
     std::optional<double> engineSpeed; ///< the last one up to the event; by role "EngineSpeed"
 };

@@ -1,22 +1,18 @@
 #include "analysis/FlightLog.h"
 
-#include "analysis/EventFinder.h"
+#include "analysis/Findings.h"
 
 #include <algorithm>
 #include <cmath>
 
 namespace KOLT {
 
-namespace {
-
-QDateTime momentOf(const DataSet& dataSet, double seconds)
+double FlightLine::flightSeconds() const
 {
-    return dataSet.dateTime.isValid()
-               ? dataSet.dateTime.addMSecs(static_cast<qint64>(seconds * 1000.0))
-               : QDateTime();
+    return takeOff.isValid() && landing.isValid()
+               ? static_cast<double>(landing.toSecsSinceEpoch() - takeOff.toSecsSinceEpoch())
+               : std::trunc(landingSeconds) - std::trunc(takeOffSeconds);
 }
-
-} // namespace
 
 void FlightTotals::add(const FlightLine& line)
 {
@@ -31,9 +27,17 @@ void FlightTotals::add(const FlightTotals& other)
     exceedances += other.exceedances;
 }
 
+QDateTime momentOf(const DataSet& dataSet, double seconds)
+{
+    return dataSet.dateTime.isValid()
+               ? dataSet.dateTime.addMSecs(static_cast<qint64>(seconds * 1000.0))
+               : QDateTime();
+}
+
 FlightLog flightLog(const Profile& profile, const DataSet& dataSet)
 {
-    const std::vector<Event> events = findEvents(profile, dataSet, EventScope::AllParameters);
+    const EventList found = eventsOf(profile, dataSet, EventScope::AllParameters);
+    const std::vector<Event>& events = *found;
     FlightLog log;
     log.exceedances = events.size();
     for (const Flight& flight : dataSet.flights) {
@@ -56,15 +60,6 @@ FlightLog flightLog(const Profile& profile, const DataSet& dataSet)
         line.exceedances = first < behind ? static_cast<std::size_t>(behind - first) : 0;
     }
     return log;
-}
-
-QString durationText(double seconds)
-{
-    const auto whole = static_cast<qint64>(seconds > 0.0 ? std::min(seconds, 1e15) : 0.0);
-    return QStringLiteral("%1:%2:%3")
-        .arg(whole / 3600, 2, 10, QLatin1Char('0'))
-        .arg(whole / 60 % 60, 2, 10, QLatin1Char('0'))
-        .arg(whole % 60, 2, 10, QLatin1Char('0'));
 }
 
 QString figureText(double value, int decimals, const QString& unit)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "profile/Profile.h"
+#include "record/ClockTime.h"
 #include "record/DataSet.h"
 
 #include <QString>
@@ -25,14 +26,15 @@ struct FlightLine
     double takeOffDistance15m = 0.0;
     std::size_t exceedances = 0; ///< within the flight and the 30 s around it
 
-    double flightSeconds() const { return landingSeconds - takeOffSeconds; }
+    /// From take-off to landing in whole seconds, as both are shown: lines and sums add up.
+    double flightSeconds() const;
 };
 
 /// Sums over several flights.
 struct FlightTotals
 {
     int flights = 0;
-    double seconds = 0.0; ///< in the air
+    double seconds = 0.0; ///< in the air, whole ones
     double fuel = 0.0;
     std::size_t exceedances = 0;
 
@@ -49,8 +51,8 @@ struct FlightLog
 /// The flights of a data set with their exceedances. Costs one pass over all graded parameters.
 FlightLog flightLog(const Profile& profile, const DataSet& dataSet);
 
-/// "hh:mm:ss" in whole seconds; hours may exceed a day. Below 0 it is 0.
-QString durationText(double seconds);
+/// Date and clock time of a moment; invalid when the recording has no date.
+QDateTime momentOf(const DataSet& dataSet, double seconds);
 
 /// The number with a fixed count of decimals and its unit, "-" when it is not finite.
 QString figureText(double value, int decimals, const QString& unit);

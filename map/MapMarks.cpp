@@ -1,6 +1,6 @@
 #include "map/MapMarks.h"
 
-#include "analysis/EventFinder.h"
+#include "analysis/Findings.h"
 
 #include <QCoreApplication>
 
@@ -60,7 +60,8 @@ std::vector<MapMark> flightMarks(const DataSet& dataSet)
 std::vector<MapMark> exceedanceMarks(const Profile& profile, const DataSet& dataSet)
 {
     std::vector<MapMark> marks;
-    for (const Event& event : findEvents(profile, dataSet, EventScope::AllParameters)) {
+    const EventList events = eventsOf(profile, dataSet, EventScope::AllParameters);
+    for (const Event& event : *events) {
         append(
             marks, dataSet,
             {MapMark::Kind::Exceedance, event.seconds, {}, QColor(event.grade.color), event.text});

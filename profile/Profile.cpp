@@ -63,6 +63,8 @@ QString Profile::variantOrFirst(const QString& name) const
 
 void Profile::clear()
 {
+    static std::uint64_t loads = 0;
+    m_revision = ++loads;
     m_version.clear();
     m_profileId.clear();
     m_name.clear();

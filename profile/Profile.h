@@ -6,6 +6,7 @@
 #include <QString>
 #include <QStringList>
 
+#include <cstdint>
 #include <deque>
 #include <map>
 #include <utility>
@@ -51,6 +52,10 @@ public:
     /// The variant to load where one is only remembered: it, or else the first of the file. With a
     /// variant that the file does not have, nearly nothing of it would be loaded.
     QString variantOrFirst(const QString& name) const;
+
+    /// Another number after each load, of all profiles of the process: what was worked out with the
+    /// parameters of another revision is stale.
+    std::uint64_t revision() const { return m_revision; }
 
     UnitSystem unitSystem() const { return m_unitSystem; }
 
@@ -115,6 +120,7 @@ private:
     QString m_activeVariant;
     QStringList m_displayOrder;
     UnitSystem m_unitSystem = UnitSystem::Metric;
+    std::uint64_t m_revision = 0; ///< 0: never loaded
     std::vector<Variant> m_variants;
     std::map<QString, UnitConversion> m_conversions; ///< by unitMetric + "_" + unitImperial
     std::map<int, EnumList> m_enumLists;

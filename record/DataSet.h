@@ -6,6 +6,7 @@
 
 #include <QDateTime>
 
+#include <memory>
 #include <optional>
 #include <vector>
 
@@ -24,6 +25,9 @@ struct DataSet
     std::vector<Flight> flights; ///< all flights of the files, also when only one is loaded
     std::optional<std::size_t> flightIndex; ///< the flight that is loaded, when it is one
     std::vector<TrackPoint> track;
+
+    /// What the rooms above found in the samples and keep beside them, gone with them.
+    mutable std::shared_ptr<void> findings;
 
     /// The flight that is loaded; null when a whole cycle or files are.
     const Flight* flight() const { return flightIndex ? &flights[*flightIndex] : nullptr; }

@@ -7,20 +7,25 @@
 #include "ui/ContentOrNote.h"
 #include "ui/Messages.h"
 #include "ui/SaveDialog.h"
+#include "ui/PlainToolTip.h"
 
+#include <QAbstractItemModel>
 #include <QAction>
 #include <QApplication>
 #include <QClipboard>
 #include <QHeaderView>
 #include <QHelpEvent>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QLineEdit>
-#include <QPixmap>
+#include <QLocale>
+#include <QSignalBlocker>
 #include <QTableWidget>
 #include <QToolTip>
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <cmath>
 
 namespace KOLT {
 
@@ -46,17 +51,76 @@ QString timeText(double seconds)
     return clockTime(seconds).toString(QStringLiteral("hh:mm:ss.zzz"));
 }
 
-QIcon swatch(QRgb color)
+/// The first whole millisecond at or after the moment, so that what is shown for it is there.
+qint64 millisecondsOf(double seconds)
 {
-    QPixmap pixmap(swatchSize);
-    pixmap.fill(color);
-    return {pixmap};
+    constexpr double noise = 1e-5; // of the multiplication; a tick of the unit is three times that
+    return static_cast<qint64>(std::ceil(seconds * 1000.0 - noise));
 }
+
+/// A cell that asks its event for what it shows: a hundred thousand of them are made at once.
+class EventItem : public QTableWidgetItem
+{
+public:
+    explicit EventItem(const Event& event)
+        : m_event(event)
+    {
+        setFlags(Qt::ItemIsSelectable | Qt::ItemIsEnabled);
+    }
+
+protected:
+    const Event& event() const { return m_event; }
+
+private:
+    const Event& m_event;
+};
+
+class TimeItem : public EventItem
+{
+public:
+    using EventItem::EventItem;
+
+    QVariant data(int role) const override
+    {
+        switch (role) {
+        case Qt::DisplayRole:
+            return timeText(event().seconds);
+        case Qt::BackgroundRole:
+            return QBrush(timeBackground);
+        case Qt::ForegroundRole:
+            return QBrush(Qt::black);
+        case Qt::UserRole:
+            return millisecondsOf(event().seconds);
+        default:
+            return EventItem::data(role);
+        }
+    }
+};
+
+class TextItem : public EventItem
+{
+public:
+    using EventItem::EventItem;
+
+    QVariant data(int role) const override
+    {
+        if (role == Qt::DisplayRole)
+            return event().text;
+        if (role == Qt::DecorationRole)
+            return QColor(event().grade.color); // a swatch of the icons' size
+        return EventItem::data(role);
+    }
+};
 
 QString stateText(ThresholdState state)
 {
     return state == ThresholdState::Limit ? DialogEventList::tr("Limit")
                                           : DialogEventList::tr("Warning");
+}
+
+std::size_t asIndex(int row)
+{
+    return static_cast<std::size_t>(row);
 }
 
 QString durationOf(const EventDetails& details)
@@ -65,18 +129,12 @@ QString durationOf(const EventDetails& details)
                             : DialogEventList::tr("until the end of the data");
 }
 
-QString engineSpeedOf(const EventDetails& details)
+QString engineSpeedOf(const EventDetails& details, const QString& unit)
 {
-    return details.engineSpeed ? figureText(*details.engineSpeed, 0, QStringLiteral("rpm"))
-                               : QStringLiteral("-");
+    return details.engineSpeed ? figureText(*details.engineSpeed, 0, unit) : QStringLiteral("-");
 }
 
 } // namespace
-
-QString DialogEventList::emptyText()
-{
-    return tr("No exceedance in this data set");
-}
 
 DialogEventList::DialogEventList(const Profile& profile, EventScope scope, const QString& heading,
                                  QWidget* parent)
@@ -90,15 +148,19 @@ DialogEventList::DialogEventList(const Profile& profile, EventScope scope, const
     m_filter->setClearButtonEnabled(true);
     m_filter->addAction(QIcon(QStringLiteral(":/icons/filter.svg")), QLineEdit::LeadingPosition);
     connect(m_filter, &QLineEdit::textChanged, this, [this] {
-        applyFilter();
+        fillTable();
         showTime();
     });
     createTable(heading);
     createMenu();
+    m_hint = new QLabel(page);
+    m_hint->setTextFormat(Qt::PlainText);
+    m_hint->setWordWrap(true);
     auto* const layout = new QVBoxLayout(page);
     layout->setContentsMargins(pageMargin, pageMargin, pageMargin, pageMargin);
     layout->addWidget(m_filter);
     layout->addWidget(m_table);
+    layout->addWidget(m_hint);
     m_shown = new ContentOrNote(this, page);
     showData();
 }
@@ -121,6 +183,12 @@ void DialogEventList::createTable(const QString& heading)
     m_table->installEventFilter(this);
     m_table->viewport()->installEventFilter(this);
     connect(m_table, &QTableWidget::itemSelectionChanged, this, &DialogEventList::slotSelect);
+    // A row that is selected already can be asked for again.
+    connect(m_table, &QTableWidget::cellClicked, this, [this](int row) {
+        if (row == m_pressedRow)
+            report(row);
+    });
+    connect(m_table, &QTableWidget::cellActivated, this, &DialogEventList::report);
 }
 
 void DialogEventList::createMenu()
@@ -139,74 +207,100 @@ void DialogEventList::createMenu()
 
 void DialogEventList::dropData()
 {
-    m_events.clear();
-    fillTable();
+    clearTable();
+    m_events.reset();
 }
 
 void DialogEventList::showData()
 {
-    if (dataSet() != nullptr)
-        m_events = findEvents(m_profile, *dataSet(), m_scope);
-    fillTable();
-    if (!m_events.empty())
-        m_shown->showContent();
-    else if (dataSet() != nullptr)
-        m_shown->showNote(emptyText());
-    else
+    fitTable();
+    m_hint->hide();
+    if (dataSet() == nullptr) {
+        clearTable();
+        m_events.reset();
         m_shown->showNote(tr("Choose a cycle or a flight on the left to see what was exceeded."));
+        return;
+    }
+    const EventList events = eventsOf(m_profile, *dataSet(), m_scope);
+    if (events != m_events) {
+        clearTable(); // its cells refer to the events
+        m_events = events;
+        fillTable();
+    }
+    const bool isLamps = m_scope == EventScope::WarningLamps;
+    QString hint;
+    const QStringList lamps = isLamps ? lampsOnFromTheStart(m_profile, *dataSet()) : QStringList();
+    if (!lamps.isEmpty())
+        hint = tr("On from the start: %1").arg(lamps.join(QStringLiteral(", ")));
+    m_hint->setText(hint);
+    m_hint->setVisible(!hint.isEmpty());
+    if (!m_events->empty()) {
+        m_shown->showContent();
+        return;
+    }
+    QString note =
+        isLamps ? tr("No lamp came on in this data set") : tr("No exceedance in this data set");
+    if (!hint.isEmpty())
+        note += QLatin1Char('\n') + hint;
+    m_shown->showNote(note);
 }
 
-void DialogEventList::fillTable()
+void DialogEventList::fitTable()
 {
-    m_isFilling = true;
     // At larger fonts rows and times need more room.
     m_table->verticalHeader()->setDefaultSectionSize(
         std::max(rowHeight, fontMetrics().height() + 1));
     m_table->setColumnWidth(
         timeColumn,
         std::max(timeWidth, fontMetrics().horizontalAdvance(timeText(0)) + timePadding));
-    m_table->setRowCount(0);
-    m_table->setRowCount(static_cast<int>(m_events.size()));
-    int row = 0;
-    for (const Event& entry : m_events) {
-        auto* const time = new QTableWidgetItem(timeText(entry.seconds));
-        time->setBackground(timeBackground);
-        time->setForeground(Qt::black);
-        time->setFlags(Qt::ItemIsSelectable | Qt::ItemIsEnabled);
-        time->setData(Qt::UserRole, static_cast<qint64>(entry.seconds * 1000.0));
-        m_table->setItem(row, timeColumn, time);
-        auto* const text = new QTableWidgetItem(swatch(entry.grade.color), entry.text);
-        text->setFlags(Qt::ItemIsSelectable | Qt::ItemIsEnabled);
-        m_table->setItem(row, textColumn, text);
-        ++row;
-    }
-    applyFilter();
-    m_isFilling = false;
 }
 
-void DialogEventList::applyFilter()
+void DialogEventList::clearTable()
 {
+    const bool wasFilling = std::exchange(m_isFilling, true);
+    m_table->setRowCount(0);
+    m_shownEvents.clear();
+    m_isFilling = wasFilling;
+}
+
+void DialogEventList::fillTable()
+{
+    clearTable();
+    if (m_events == nullptr)
+        return;
     const QString wanted = m_filter->text().trimmed();
-    m_rows.clear();
-    for (int row = 0; row < m_table->rowCount(); ++row) {
-        const Event& entry = m_events[static_cast<std::size_t>(row)];
-        const bool isWanted = entry.text.contains(wanted, Qt::CaseInsensitive);
-        m_table->setRowHidden(row, !isWanted);
-        if (isWanted)
-            m_rows[timeKey(entry.seconds)] = row;
+    for (const Event& event : *m_events) {
+        if (event.text.contains(wanted, Qt::CaseInsensitive))
+            m_shownEvents.push_back(&event);
     }
+    const bool wasFilling = std::exchange(m_isFilling, true);
+    m_table->setRowCount(static_cast<int>(m_shownEvents.size()));
+    {
+        // The model would tell of every single cell.
+        const QSignalBlocker blocker(m_table->model());
+        int row = 0;
+        for (const Event* event : m_shownEvents) {
+            m_table->setItem(row, timeColumn, new TimeItem(*event));
+            m_table->setItem(row, textColumn, new TextItem(*event));
+            ++row;
+        }
+    }
+    m_table->viewport()->update();
+    m_isFilling = wasFilling;
 }
 
 void DialogEventList::showTime()
 {
+    if (m_shownEvents.empty())
+        return;
     const bool wasFilling = std::exchange(m_isFilling, true);
-    const auto behind = m_rows.upper_bound(timeKey(time()));
-    const int row = behind == m_rows.begin() ? (m_rows.empty() ? 0 : m_rows.begin()->second)
-                                             : std::prev(behind)->second;
-    if (row < m_table->rowCount() && !m_table->isRowHidden(row)) {
-        m_table->selectRow(row);
-        m_table->scrollToItem(m_table->item(row, timeColumn));
-    }
+    // Of several in one tenth the last.
+    const auto behind =
+        std::ranges::upper_bound(m_shownEvents, timeKey(time()), {},
+                                 [](const Event* event) { return timeKey(event->seconds); });
+    const auto row = std::max<std::ptrdiff_t>(behind - m_shownEvents.begin() - 1, 0);
+    m_table->selectRow(static_cast<int>(row));
+    m_table->scrollToItem(m_table->item(static_cast<int>(row), timeColumn));
     m_isFilling = wasFilling;
 }
 
@@ -215,16 +309,30 @@ void DialogEventList::slotSelect()
     if (m_isFilling)
         return;
     for (const QTableWidgetItem* item : m_table->selectedItems()) {
-        if (item->column() != timeColumn)
-            continue;
-        const double seconds = static_cast<double>(item->data(Qt::UserRole).toLongLong()) * 0.001;
-        keepTime(seconds);
-        emit signalTime(seconds);
+        if (item->column() == timeColumn)
+            report(item->row());
     }
+}
+
+void DialogEventList::report(int row)
+{
+    const QTableWidgetItem* const item = m_table->item(row, timeColumn);
+    if (item == nullptr)
+        return;
+    const double seconds = static_cast<double>(item->data(Qt::UserRole).toLongLong()) * 0.001;
+    keepTime(seconds);
+    emit signalTime(seconds);
 }
 
 bool DialogEventList::eventFilter(QObject* watched, QEvent* event)
 {
+    if (watched == m_table->viewport() && event->type() == QEvent::MouseButtonPress) {
+        const auto* const press = static_cast<QMouseEvent*>(event);
+        const int row = m_table->rowAt(press->position().toPoint().y());
+        m_pressedRow =
+            row == m_table->currentRow() ? row : -1; // another one is reported as selected
+        return false;
+    }
     if (watched == m_table->viewport() && event->type() == QEvent::ToolTip) {
         const auto* const help = static_cast<QHelpEvent*>(event);
         const QTableWidgetItem* const item = m_table->itemAt(help->pos());
@@ -249,12 +357,15 @@ void DialogEventList::showToolTip(int row)
 {
     if (dataSet() == nullptr)
         return;
-    const EventDetails details =
-        detailsOf(m_profile, *dataSet(), m_events[static_cast<std::size_t>(row)]);
-    const QString text = tr("Peak value: %1\nDuration until normal: %2\nEngine speed: %3")
-                             .arg(details.peakText, durationOf(details), engineSpeedOf(details));
+    const EventDetails details = detailsOf(m_profile, *dataSet(), *m_shownEvents[asIndex(row)]);
+    const QString peak = details.unit.isEmpty()
+                             ? details.peakText
+                             : details.peakText + QLatin1Char(' ') + details.unit;
+    const QString text =
+        tr("Peak value: %1\nDuration until normal: %2\nEngine speed: %3")
+            .arg(peak, durationOf(details), engineSpeedOf(details, QStringLiteral("rpm")));
     for (const int column : {timeColumn, textColumn})
-        m_table->item(row, column)->setToolTip(text);
+        m_table->item(row, column)->setToolTip(plainToolTip(text));
 }
 
 void DialogEventList::copy()
@@ -266,6 +377,27 @@ void DialogEventList::copy()
                                            m_table->item(row, textColumn)->text());
 }
 
+QString DialogEventList::csv() const
+{
+    QString text = csvLine({tr("Time"), tr("Seconds"), tr("Date"), tr("Clock time"), tr("Device"),
+                            tr("Parameter"), tr("State"), tr("Text"), tr("Peak value"), tr("Unit"),
+                            tr("Duration"), tr("Engine speed [rpm]")},
+                           m_settings.separator);
+    for (const Event* event : m_shownEvents) {
+        const EventDetails details = detailsOf(m_profile, *dataSet(), *event);
+        const QDateTime moment = momentOf(*dataSet(), event->seconds);
+        text += csvLine({timeText(event->seconds),
+                         m_settings.numberText(QString::number(event->seconds, 'f', 3)),
+                         moment.toString(QStringLiteral("dd.MM.yyyy")),
+                         moment.toString(QStringLiteral("hh:mm:ss")), event->group,
+                         event->parameter->name, stateText(event->grade.state), event->text,
+                         m_settings.numberText(details.peakText), details.unit, durationOf(details),
+                         engineSpeedOf(details, {})},
+                        m_settings.separator);
+    }
+    return text;
+}
+
 void DialogEventList::save()
 {
     const QString path = askForSavePath(this, tr("Save list as CSV"),
@@ -273,21 +405,7 @@ void DialogEventList::save()
                                         tr("CSV Files (*.csv)"), QStringLiteral("csv"));
     if (path.isEmpty() || dataSet() == nullptr)
         return;
-    const QChar separator = m_settings.separator;
-    QString text = csvLine({tr("Time"), tr("Seconds"), tr("Device"), tr("Parameter"), tr("State"),
-                            tr("Text"), tr("Peak value"), tr("Duration"), tr("Engine speed")},
-                           separator);
-    for (int row = 0; row < m_table->rowCount(); ++row) {
-        if (m_table->isRowHidden(row))
-            continue;
-        const Event& entry = m_events[static_cast<std::size_t>(row)];
-        const EventDetails details = detailsOf(m_profile, *dataSet(), entry);
-        text += csvLine({timeText(entry.seconds), QString::number(entry.seconds, 'f', 3),
-                         entry.group, entry.parameter->name, stateText(entry.grade.state),
-                         entry.text, details.peakText, durationOf(details), engineSpeedOf(details)},
-                        separator);
-    }
-    Messages::saveFile(this, path, "\xEF\xBB\xBF" + text.toUtf8());
+    Messages::saveFile(this, path, "\xEF\xBB\xBF" + csv().toUtf8());
 }
 
 } // namespace KOLT

@@ -1,13 +1,12 @@
 #pragma once
 
-#include "analysis/EventFinder.h"
+#include "analysis/Findings.h"
 #include "analysis/ListSettings.h"
 #include "ui/DataPage.h"
 
 #include <QWidget>
 
-#include <map>
-
+class QLabel;
 class QLineEdit;
 class QTableWidget;
 
@@ -22,9 +21,6 @@ class DialogEventList : public QWidget, public DataPage
     Q_OBJECT
 
 public:
-    /// The text of a list without entries.
-    static QString emptyText();
-
     void setSettings(const ListSettings& settings) { m_settings = settings; }
 
 signals:
@@ -46,20 +42,25 @@ private slots:
 private:
     void createTable(const QString& heading);
     void createMenu();
+    void fitTable();
+    void clearTable();
     void fillTable();
-    void applyFilter();
+    void report(int row);
     void showToolTip(int row);
     void copy();
+    QString csv() const;
     void save();
 
     const Profile& m_profile;
     EventScope m_scope;
     ListSettings m_settings;
-    std::vector<Event> m_events;
-    std::map<qint64, int> m_rows; ///< rows in sight by time key; of equal keys the last
+    EventList m_events;
+    std::vector<const Event*> m_shownEvents; ///< those that the filter lets through, by row
+    int m_pressedRow = -1;                   ///< the mouse went down on the selected row
     bool m_isFilling = false;
     QLineEdit* m_filter = nullptr;
     QTableWidget* m_table = nullptr;
+    QLabel* m_hint = nullptr;
     ContentOrNote* m_shown = nullptr;
 };
 

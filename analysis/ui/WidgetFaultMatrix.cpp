@@ -50,7 +50,7 @@ void WidgetFaultMatrix::dropData()
 {
     m_rows.clear();
     delete m_area->takeWidget();
-    m_matrices.clear();
+    m_matrices.reset();
 }
 
 void WidgetFaultMatrix::showData()
@@ -60,7 +60,7 @@ void WidgetFaultMatrix::showData()
         m_shown->showNote(tr("Choose a cycle or a flight on the left to see its faults."));
         return;
     }
-    m_matrices = findFaults(m_profile, *dataSet());
+    m_matrices = faultsOf(m_profile, *dataSet());
     createBlocks();
     if (m_rows.empty())
         m_shown->showNote(tr("The profile has no fault matrix."));
@@ -72,7 +72,7 @@ void WidgetFaultMatrix::showData()
 void WidgetFaultMatrix::createBlocks()
 {
     int nameWidth = 0;
-    for (const FaultMatrix& matrix : m_matrices) {
+    for (const FaultMatrix& matrix : *m_matrices) {
         for (const FaultHistory& member : matrix.members)
             nameWidth =
                 std::max(nameWidth, fontMetrics().horizontalAdvance(member.parameter->name));
@@ -82,7 +82,7 @@ void WidgetFaultMatrix::createBlocks()
     auto* const layout = new QVBoxLayout(content);
     layout->setContentsMargins(pageMargin, pageMargin, pageMargin, pageMargin);
     layout->setSpacing(0);
-    for (const FaultMatrix& matrix : m_matrices) {
+    for (const FaultMatrix& matrix : *m_matrices) {
         if (!matrix.members.empty())
             addBlock(matrix, nameWidth, *layout);
     }
@@ -96,6 +96,7 @@ void WidgetFaultMatrix::createBlocks()
 void WidgetFaultMatrix::addBlock(const FaultMatrix& matrix, int nameWidth, QVBoxLayout& layout)
 {
     auto* const title = new QLabel(matrix.matrix->name);
+    title->setTextFormat(Qt::PlainText);
     QFont font = title->font();
     font.setBold(true);
     title->setFont(font);

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "analysis/FaultFinder.h"
+#include "analysis/Findings.h"
 #include "ui/DataPage.h"
 
 #include <QWidget>
@@ -16,7 +16,7 @@ class ContentOrNote;
 class WidgetErrorTime;
 
 /// The "Fault Matrix" page: for each error matrix of the profile a block with the history of its
-/// members. The histories are found once per load.
+/// members. The histories are found once for all.
 class WidgetFaultMatrix : public QWidget, public DataPage
 {
     Q_OBJECT
@@ -40,7 +40,7 @@ private:
     void pick(double seconds);
 
     const Profile& m_profile;
-    std::vector<FaultMatrix> m_matrices;
+    FaultList m_matrices;
     std::vector<WidgetErrorTime*> m_rows;
     QCheckBox* m_onlyActive = nullptr;
     QLabel* m_summary = nullptr;

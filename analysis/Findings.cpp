@@ -1,0 +1,84 @@
+#include "analysis/Findings.h"
+
+#include "profile/ValueDecoder.h"
+#include "record/RoleSeries.h"
+
+#include <array>
+
+namespace KOLT {
+
+namespace {
+
+/// All that the findings depend on but the unit system.
+struct Key
+{
+    const Profile* profile = nullptr;
+    std::uint64_t revision = 0;
+    std::size_t samples = 0;
+    double stopSeconds = 0.0;
+
+    bool operator==(const Key&) const = default;
+};
+
+struct Findings
+{
+    Key key;
+    UnitSystem units = UnitSystem::Metric;
+    std::array<EventList, 2> events; ///< by scope
+    FaultList faults;
+};
+
+Findings& findingsOf(const Profile& profile, const DataSet& dataSet)
+{
+    const Key key{&profile, profile.revision(), dataSet.messages.sampleCount(),
+                  dataSet.stopSeconds};
+    auto found = std::static_pointer_cast<Findings>(dataSet.findings);
+    if (found == nullptr || found->key != key) {
+        found = std::make_shared<Findings>();
+        found->key = key;
+        dataSet.findings = found;
+    }
+    if (found->units != profile.unitSystem()) {
+        found->events = {};
+        found->units = profile.unitSystem();
+    }
+    return *found;
+}
+
+} // namespace
+
+EventList eventsOf(const Profile& profile, const DataSet& dataSet, EventScope scope)
+{
+    EventList& events =
+        findingsOf(profile, dataSet).events[scope == EventScope::AllParameters ? 0 : 1];
+    if (events == nullptr)
+        events = std::make_shared<const std::vector<Event>>(findEvents(profile, dataSet, scope));
+    return events;
+}
+
+FaultList faultsOf(const Profile& profile, const DataSet& dataSet)
+{
+    FaultList& faults = findingsOf(profile, dataSet).faults;
+    if (faults == nullptr)
+        faults = std::make_shared<const std::vector<FaultMatrix>>(findFaults(profile, dataSet));
+    return faults;
+}
+
+QStringList lampsOnFromTheStart(const Profile& profile, const DataSet& dataSet)
+{
+    QStringList names;
+    for (const Device& group : profile.devices()) {
+        for (const ProfileParameter* parameter : group.parameters) {
+            if (parameter->koltDataType != QLatin1String("WarningLamp"))
+                continue;
+            const MessageSeries& series = seriesOf(dataSet.messages, *parameter);
+            if (!series.empty() &&
+                gradeOf(*parameter, decodeNumber(series[0].data, *parameter)).state !=
+                    ThresholdState::Ok)
+                names << QStringLiteral("%1 %2").arg(group.name, parameter->name);
+        }
+    }
+    return names;
+}
+
+} // namespace KOLT
