@@ -34,6 +34,7 @@
 #include <QPixmap>
 #include <QSplitter>
 #include <QStatusBar>
+#include <QStatusTipEvent>
 #include <QToolBar>
 
 #include <algorithm>
@@ -78,6 +79,7 @@ DialogMain::DialogMain()
     enableExports();
     createToolBar();
     m_dataInWords = new QLabel(this);
+    m_dataInWords->setTextFormat(Qt::PlainText); // names of files may look like markup
     statusBar()->addPermanentWidget(m_dataInWords);
     m_progress = std::make_unique<ProgressDisplay>(*statusBar());
     createDialogs();
@@ -320,10 +322,12 @@ void DialogMain::slotTimeoutStartup()
 {
     m_jobs.run([this] {
         // Whoever was faster than the timer has opened a folder, or chosen parameters.
-        if (m_card.folder().isEmpty() && !listFolder(Startup::lastPath()))
+        if (m_card.folder().isEmpty() && !listFolder(Startup::lastPath())) {
+            m_cardDialog->setMissingFolder(Startup::lastPath());
             statusBar()->showMessage(tr("The last folder %1 is not there. Open another one with "
                                         "\"Open Data Folder\".")
                                          .arg(Startup::lastPath()));
+        }
         if (!m_project->isModified())
             m_project->readLast();
         refreshTitle();
@@ -385,6 +389,19 @@ void DialogMain::slotProfileFileChanged()
 void DialogMain::refreshTitle()
 {
     setWindowTitle(QStringLiteral("KOLT ") + Startup::lastPath().section(QLatin1Char('/'), -2));
+}
+
+bool DialogMain::event(QEvent* event)
+{
+    if (event->type() != QEvent::StatusTip)
+        return QMainWindow::event(event);
+    // The tip of a menu entry takes the place of what the bar told, which comes back behind it.
+    const QString shown = statusBar()->currentMessage();
+    if (m_tip.isEmpty() || shown != m_tip)
+        m_messageBehindTip = shown;
+    m_tip = static_cast<QStatusTipEvent*>(event)->tip();
+    statusBar()->showMessage(m_tip.isEmpty() ? m_messageBehindTip : m_tip);
+    return true;
 }
 
 bool DialogMain::eventFilter(QObject* watched, QEvent* event)

@@ -68,6 +68,7 @@ public:
     void setEndProcess(EndProcess endProcess) { m_endProcess = std::move(endProcess); }
 
 protected:
+    bool event(QEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
@@ -140,6 +141,8 @@ private:
     std::set<QString> m_wanted; ///< full names of the selected parameters, of all variants
     EndProcess m_endProcess;
     QString m_notice; ///< what is wrong with a page, told once
+    QString m_tip;    ///< of the menu entry below the pointer
+    QString m_messageBehindTip;
     bool m_isEmuDisplay = false;
     bool m_isProfileLoaded = false;
     bool m_isClosing = false;

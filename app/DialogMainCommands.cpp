@@ -150,7 +150,8 @@ void DialogMain::openFolder(const QString& folder)
 bool DialogMain::listFolder(const QString& folder)
 {
     m_progress->begin(tr("Reading %1").arg(folder));
-    const bool isOpen = m_card.readContainer(folder, [this](int) { m_progress->tick(); });
+    const bool isOpen =
+        m_card.readContainer(folder, [this](int percent) { m_progress->setPercent(percent); });
     m_progress->end();
     if (!isOpen)
         return false;
@@ -207,6 +208,8 @@ void DialogMain::loadNow(const Choice& choice)
     }
     m_progress->end();
     enableExports();
+    if (!isLoaded || m_card.dataSet() == nullptr || !m_card.dataSet()->unreadFiles.empty())
+        m_cardDialog->setChoiceFailed();
     if (m_card.dataSet() == nullptr) {
         m_data->clear();
         return;
@@ -280,7 +283,7 @@ void DialogMain::showDataInWords(const Choice& choice)
             .arg(isCount ? nameOf(choice) : tr("%1: %2").arg(nameOf(choice), files),
                  QLocale().toString(static_cast<qulonglong>(dataSet.messages.sampleCount())),
                  time(dataSet.startSeconds), time(dataSet.stopSeconds),
-                 time(dataSet.stopSeconds - dataSet.startSeconds)));
+                 durationText(dataSet.stopSeconds - dataSet.startSeconds)));
     m_dataInWords->setToolTip(tr("What is loaded; times since the recording unit was switched on"));
 }
 

@@ -9,6 +9,7 @@ namespace KOLT {
 namespace {
 
 constexpr qint64 eventMilliseconds = 30;
+constexpr int lingeringMilliseconds = 300;
 constexpr int barWidth = 160;
 
 } // namespace
@@ -20,10 +21,14 @@ ProgressDisplay::ProgressDisplay(QStatusBar& statusBar)
     m_bar->setFixedWidth(barWidth);
     m_bar->hide();
     statusBar.addPermanentWidget(m_bar);
+    m_lingering.setSingleShot(true);
+    m_lingering.setInterval(lingeringMilliseconds);
+    QObject::connect(&m_lingering, &QTimer::timeout, m_bar, &QWidget::hide);
 }
 
 void ProgressDisplay::begin(const QString& text)
 {
+    m_lingering.stop();
     m_statusBar.showMessage(text);
     m_bar->setRange(0, 0);
     m_bar->show();
@@ -48,7 +53,7 @@ void ProgressDisplay::setPercent(int percent)
 
 void ProgressDisplay::end()
 {
-    m_bar->hide();
+    m_lingering.start(); // the last step is to be seen
     m_statusBar.clearMessage();
 }
 

@@ -2,6 +2,7 @@
 
 #include <QElapsedTimer>
 #include <QString>
+#include <QTimer>
 
 class QProgressBar;
 class QStatusBar;
@@ -23,12 +24,14 @@ public:
     void tick();
     /// The same with the part that is done, 0..100.
     void setPercent(int percent);
+    /// Takes the text away at once, and the bar a moment later.
     void end();
 
 private:
     QStatusBar& m_statusBar;
     QProgressBar* m_bar;
     QElapsedTimer m_sinceEvents;
+    QTimer m_lingering;
 };
 
 } // namespace KOLT

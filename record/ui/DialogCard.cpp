@@ -3,6 +3,7 @@
 #include "record/CardContainer.h"
 #include "record/ClockTime.h"
 
+#include <QFileInfo>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPainter>
@@ -151,12 +152,13 @@ DialogCard::Page DialogCard::createPage(const QString& title)
     page.tree = new DayTree(widget);
     page.tree->setHeaderHidden(true);
     page.tree->setSelectionMode(QAbstractItemView::SingleSelection);
-    auto* const empty = new QLabel(tr("No record files in this folder"), widget);
-    empty->setAlignment(Qt::AlignCenter);
-    empty->setWordWrap(true);
+    page.empty = new QLabel(widget);
+    page.empty->setTextFormat(Qt::PlainText);
+    page.empty->setAlignment(Qt::AlignCenter);
+    page.empty->setWordWrap(true);
     page.stack = new QStackedLayout;
     page.stack->addWidget(page.tree);
-    page.stack->addWidget(empty);
+    page.stack->addWidget(page.empty);
 
     auto* const layout = new QVBoxLayout(widget);
     layout->setContentsMargins(pageMargin, pageMargin, pageMargin, pageMargin);
@@ -170,8 +172,32 @@ void DialogCard::refresh()
 {
     m_recordTimer.stop();
     m_cycleTimer.stop();
+    m_hasFailed = false;
     fillRawData();
     fillCycles();
+}
+
+void DialogCard::setMissingFolder(const QString& folder)
+{
+    m_missingFolder = folder;
+    refresh();
+}
+
+QString DialogCard::whyEmpty() const
+{
+    const QString folder = m_card.folder();
+    if (folder.isEmpty())
+        return m_missingFolder.isEmpty()
+                   ? tr("No folder is open. Choose one with \"Open Data Folder\".")
+                   : tr("The folder\n%1\nis not there. Insert the card, or choose another folder "
+                        "with \"Open Data Folder\".")
+                         .arg(m_missingFolder);
+    const QFileInfo info(folder);
+    if (!info.isDir())
+        return tr("The folder is not there any more.");
+    if (!info.isReadable() || !info.isExecutable())
+        return tr("The folder may not be read: please check its permissions.");
+    return tr("No record files in this folder");
 }
 
 void DialogCard::clear(const Page& page)
@@ -179,6 +205,7 @@ void DialogCard::clear(const Page& page)
     const QSignalBlocker blocker(page.tree); // what vanishes was not deselected by the user
     page.name->setText(m_card.folder());
     page.tree->clear();
+    page.empty->setText(whyEmpty());
     page.stack->setCurrentIndex(m_card.files().empty() ? 1 : 0);
 }
 
@@ -223,7 +250,7 @@ QTreeWidgetItem* DialogCard::addCycle(const Cycle& cycle)
     item->setText(0, QStringLiteral("%1 %2 (%3)")
                          .arg(cycle.name.leftJustified(cycleNameWidth),
                               cycle.dateTime.toString(dateTimeFormat),
-                              timeText(cycle.durationSeconds())));
+                              durationText(cycle.durationSeconds())));
     item->setIcon(0, QIcon(QStringLiteral(":/icons/cycle.svg")));
     item->setData(0, valueRole, static_cast<unsigned int>(cycle.number));
     item->setData(0, flightRole, wholeCycle);
@@ -248,7 +275,7 @@ void DialogCard::listFlights(unsigned int cycle)
         auto* const item = new QTreeWidgetItem(cycleItem);
         item->setText(0, tr("Flight %1 %2 (%3)")
                              .arg(QString::number(index + 1), flight.dateTime.toString(timeFormat),
-                                  timeText(flight.endSeconds - flight.startSeconds)));
+                                  durationText(flight.endSeconds - flight.startSeconds)));
         item->setIcon(0, QIcon(QStringLiteral(":/icons/flight.svg")));
         item->setData(0, valueRole, cycle);
         item->setData(0, flightRole, index);
@@ -267,19 +294,19 @@ void DialogCard::deselect(const Page& page)
 
 void DialogCard::repeatChoice(const QTreeWidgetItem& pressed, bool isCycle)
 {
-    // What is selected already can be asked for again, after a card was changed or a load failed.
-    if (!m_isChoiceNew && pressed.isSelected()) {
-        if (isCycle)
-            slotSelectCycle();
-        else
-            slotSelect();
-    }
-    m_isChoiceNew = false;
+    // A choice that failed can be made again, after the card was inserted. What is loaded stays as
+    // it is, and so does the moment that is looked at.
+    if (!m_hasFailed || !pressed.isSelected())
+        return;
+    if (isCycle)
+        slotSelectCycle();
+    else
+        slotSelect();
 }
 
 void DialogCard::slotSelect()
 {
-    m_isChoiceNew = true;
+    m_hasFailed = false;
     m_selectedPaths.clear();
     for (const QTreeWidgetItem* item : m_rawDataPage.tree->selectedItems())
         m_selectedPaths.push_back(item->data(0, valueRole).toString());
@@ -295,7 +322,7 @@ void DialogCard::slotSelect()
 
 void DialogCard::slotSelectCycle()
 {
-    m_isChoiceNew = true;
+    m_hasFailed = false;
     m_selectedPaths.clear();
     const QList<QTreeWidgetItem*> selected = m_cyclesPage.tree->selectedItems();
     for (const QTreeWidgetItem* item : selected) {
@@ -313,13 +340,11 @@ void DialogCard::slotSelectCycle()
 
 void DialogCard::slotTimeout()
 {
-    m_isChoiceNew = false;
     emit signalLoadRecord(m_selectedPaths);
 }
 
 void DialogCard::slotTimeoutLoadCycle()
 {
-    m_isChoiceNew = false;
     const unsigned int cycle = m_selectedCycle;
     const int flight = m_selectedFlight;
     emit signalLoadCycle(cycle, flight);

@@ -6,6 +6,7 @@
 #include <list>
 #include <map>
 
+class QLabel;
 class QLineEdit;
 class QStackedLayout;
 class QTabWidget;
@@ -33,6 +34,12 @@ public:
     /// Fills both trees anew; call it after a folder was opened or read again.
     void refresh();
 
+    /// The folder that should be open is not there: says so while no other is open.
+    void setMissingFolder(const QString& folder);
+
+    /// What was chosen last could not be loaded, or not all of it: it can be chosen again.
+    void setChoiceFailed() { m_hasFailed = true; }
+
     /// Lists the flights of a cycle beneath it, as they were found when it was loaded.
     void listFlights(unsigned int cycle);
 
@@ -55,8 +62,10 @@ private:
         QStackedLayout* stack = nullptr;
         QLineEdit* name = nullptr;
         QTreeWidget* tree = nullptr;
+        QLabel* empty = nullptr; ///< in place of an empty tree
     };
 
+    QString whyEmpty() const;
     Page createPage(const QString& title);
     void clear(const Page& page);
     void deselect(const Page& page);
@@ -69,8 +78,9 @@ private:
     std::map<unsigned int, QTreeWidgetItem*> m_cycleItems;
     std::list<QString> m_selectedPaths;
     unsigned int m_selectedCycle = 0;
-    int m_selectedFlight = -1;  ///< -1: the whole cycle
-    bool m_isChoiceNew = false; ///< the selection changed since the last signal or press
+    int m_selectedFlight = -1; ///< -1: the whole cycle
+    bool m_hasFailed = false;  ///< what is selected could not be loaded
+    QString m_missingFolder;
     QTimer m_recordTimer;
     QTimer m_cycleTimer;
     QTabWidget* m_tabs = nullptr;
