@@ -3,7 +3,6 @@
 #include "profile/ValueDecoder.h"
 
 #include <algorithm>
-#include <cmath>
 #include <map>
 #include <numeric>
 
@@ -11,21 +10,48 @@ namespace KOLT {
 
 namespace {
 
-/// Equal numbers look equal; NaN equals NaN.
-bool isSameNumber(double a, double b)
+/// Half a tick of the unit: a moment that went through some calculation is the same moment.
+constexpr double halfTick = 0.5 / 32e6;
+
+std::uint64_t ticks(const StoredSample& sample)
 {
-    return a == b || (std::isnan(a) && std::isnan(b));
+    return static_cast<std::uint64_t>(sample.timeHigh) << 32 | sample.timeLow;
 }
+
+/// Compares samples with one as the user sees them.
+class ShownText
+{
+public:
+    ShownText(const Profile& profile, const ProfileParameter& parameter, const StoredSample& sample)
+        : m_profile(profile)
+        , m_parameter(parameter)
+        , m_number(decodeNumber(sample.data, parameter))
+        , m_text(textOf(profile, parameter, sample.data, m_number))
+    {
+    }
+
+    bool isTextOf(const StoredSample& sample) const
+    {
+        const double number = decodeNumber(sample.data, m_parameter);
+        return number == m_number || textOf(m_profile, m_parameter, sample.data, number) == m_text;
+    }
+
+private:
+    const Profile& m_profile;
+    const ProfileParameter& m_parameter;
+    double m_number;
+    QString m_text;
+};
 
 } // namespace
 
 TimeTable::Timeline::Timeline(const MessageSeries& series)
     : m_series(&series)
 {
-    std::int64_t previous = 0;
+    std::uint64_t previous = 0;
     bool isAscending = true;
     for (const StoredSample& sample : series) {
-        const std::int64_t key = sample.tenths();
+        const std::uint64_t key = ticks(sample);
         isAscending = isAscending && key >= previous;
         previous = key;
     }
@@ -34,21 +60,33 @@ TimeTable::Timeline::Timeline(const MessageSeries& series)
     m_order.resize(series.size());
     std::iota(m_order.begin(), m_order.end(), 0U);
     std::ranges::stable_sort(m_order, {},
-                             [&](std::uint32_t index) { return series[index].tenths(); });
+                             [&](std::uint32_t index) { return ticks(series[index]); });
 }
 
-std::size_t TimeTable::Timeline::countUpTo(std::int64_t key) const
+template <typename Condition>
+std::size_t TimeTable::Timeline::countWhile(Condition&& holds) const
 {
     std::size_t low = 0;
     std::size_t high = size();
     while (low < high) {
         const std::size_t middle = low + (high - low) / 2;
-        if ((*this)[middle].tenths() <= key)
+        if (holds((*this)[middle]))
             low = middle + 1;
         else
             high = middle;
     }
     return low;
+}
+
+std::size_t TimeTable::Timeline::countUpTo(std::int64_t key) const
+{
+    return countWhile([key](const StoredSample& sample) { return sample.tenths() <= key; });
+}
+
+std::size_t TimeTable::Timeline::countUpTo(double seconds) const
+{
+    return countWhile(
+        [seconds](const StoredSample& sample) { return sample.seconds() <= seconds + halfTick; });
 }
 
 std::vector<std::int64_t> TimeTable::Timeline::keys() const
@@ -89,8 +127,34 @@ std::size_t TimeTable::rowOf(std::int64_t key) const
 
 std::size_t TimeTable::rowAt(double seconds) const
 {
-    constexpr double maxSeconds = 1e15;
-    return rowOf(RecordFormat::tenthsOf(std::clamp(seconds, -maxSeconds, maxSeconds)));
+    std::size_t row = 0;
+    for (const Timeline& timeline : m_timelines) {
+        const std::size_t count = timeline.countUpTo(seconds);
+        if (count > 0)
+            row = std::max(row, rowOf(timeline[count - 1].tenths()));
+    }
+    return row;
+}
+
+double TimeTable::lastSeconds(std::size_t row) const
+{
+    double last = 0.0;
+    for (const Timeline& timeline : m_timelines) {
+        const std::size_t count = timeline.countUpTo(m_keys[row]);
+        if (count > 0)
+            last = std::max(last, timeline[count - 1].seconds());
+    }
+    return last;
+}
+
+TimeTable::Cell TimeTable::cellAt(double seconds, std::size_t row, std::size_t column) const
+{
+    const Timeline& timeline = m_timelines[m_timelineOf[column]];
+    const std::size_t count = timeline.countUpTo(seconds);
+    if (count == 0)
+        return {};
+    const StoredSample& sample = timeline[count - 1];
+    return {&sample, sample.tenths() == m_keys[row]};
 }
 
 TimeTable::Cell TimeTable::cell(std::size_t row, std::size_t column) const
@@ -103,34 +167,39 @@ TimeTable::Cell TimeTable::cell(std::size_t row, std::size_t column) const
     return {&sample, sample.tenths() == m_keys[row]};
 }
 
-std::optional<std::size_t> TimeTable::nextChange(std::size_t row, std::size_t column) const
+std::optional<std::size_t> TimeTable::nextChange(const Profile& profile, std::size_t row,
+                                                 std::size_t column) const
 {
     const ProfileParameter& parameter = *m_columns[column];
     const Timeline& timeline = m_timelines[m_timelineOf[column]];
     const std::size_t behind = timeline.countUpTo(m_keys[row]);
+    if (behind == timeline.size())
+        return std::nullopt;
+    if (behind == 0)
+        return rowOf(timeline[0].tenths()); // nothing was shown before
+    const ShownText shown(profile, parameter, timeline[behind - 1]);
     for (std::size_t i = behind; i < timeline.size(); ++i) {
         // A sample that another in the same tenth follows is not shown.
         if (i + 1 < timeline.size() && timeline[i + 1].tenths() == timeline[i].tenths())
             continue;
-        if (behind == 0 || !isSameNumber(decodeNumber(timeline[i].data, parameter),
-                                         decodeNumber(timeline[behind - 1].data, parameter)))
+        if (!shown.isTextOf(timeline[i]))
             return rowOf(timeline[i].tenths());
     }
     return std::nullopt;
 }
 
-std::optional<std::size_t> TimeTable::previousChange(std::size_t row, std::size_t column) const
+std::optional<std::size_t> TimeTable::previousChange(const Profile& profile, std::size_t row,
+                                                     std::size_t column) const
 {
     const ProfileParameter& parameter = *m_columns[column];
     const Timeline& timeline = m_timelines[m_timelineOf[column]];
     const std::size_t behind = timeline.countUpTo(m_keys[row]);
     if (behind == 0)
         return std::nullopt;
-    const double number = decodeNumber(timeline[behind - 1].data, parameter);
+    const ShownText shown(profile, parameter, timeline[behind - 1]);
     for (std::size_t i = behind - 1; i > 0; --i) {
         const StoredSample& sample = timeline[i - 1];
-        if (sample.tenths() != timeline[i].tenths() &&
-            !isSameNumber(decodeNumber(sample.data, parameter), number))
+        if (sample.tenths() != timeline[i].tenths() && !shown.isTextOf(sample))
             return rowOf(sample.tenths());
     }
     return std::nullopt;

@@ -12,9 +12,10 @@ namespace KOLT {
 /// The rows and cells of the data table, without making any text.
 ///
 /// One row stands for each tenth of a second in which any of the chosen parameters has a sample.
-/// Where a parameter has several samples in one tenth, the last of them is shown. The index is
-/// built in one pass over the series; a cell costs a search by halving. Data set and profile must
-/// outlive the table and stay as they are.
+/// Where a parameter has several samples in one tenth, the latest of them is shown; the row of the
+/// current moment can be asked for as it was at that moment. The index is built in one pass over
+/// the series; a cell costs a search by halving. Data set and profile must outlive the table and
+/// stay as they are.
 class TimeTable
 {
 public:
@@ -34,18 +35,28 @@ public:
     /// The row's time on the unit's counter, in seconds to a tenth.
     double seconds(std::size_t row) const { return static_cast<double>(m_keys[row]) / 10.0; }
 
-    /// The last row not later than the time; the first row when there is none.
+    /// The row of the latest sample at or before the time; the first row when there is none.
     std::size_t rowAt(double seconds) const;
+
+    /// The moment at which all of the row is known: its latest sample, in seconds.
+    double lastSeconds(std::size_t row) const;
 
     Cell cell(std::size_t row, std::size_t column) const;
 
-    /// The next row after `row` (or before it) in which the column's value differs from the one in
-    /// `row`; none when it stays as it is. Costs one numeric decoding per sample on the way.
-    std::optional<std::size_t> nextChange(std::size_t row, std::size_t column) const;
-    std::optional<std::size_t> previousChange(std::size_t row, std::size_t column) const;
+    /// The latest sample at or before a time that rowAt() finds in the row.
+    Cell cellAt(double seconds, std::size_t row, std::size_t column) const;
+
+    /// The next row after `row` (or before it) in which the column's text differs from the one in
+    /// `row`; none when it stays as it is. Costs one numeric decoding per sample on the way, and a
+    /// text where the number differs.
+    std::optional<std::size_t> nextChange(const Profile& profile, std::size_t row,
+                                          std::size_t column) const;
+    std::optional<std::size_t> previousChange(const Profile& profile, std::size_t row,
+                                              std::size_t column) const;
 
 private:
-    /// A series in the order of its tenths; stored order where the times ascend, as they should.
+    /// A series in the order of its times, which is the stored one where they ascend as they
+    /// should.
     class Timeline
     {
     public:
@@ -60,10 +71,16 @@ private:
 
         /// Number of samples whose tenths do not exceed the key.
         std::size_t countUpTo(std::int64_t key) const;
+        /// Number of samples at or before the time.
+        std::size_t countUpTo(double seconds) const;
         /// The different tenths, ascending.
         std::vector<std::int64_t> keys() const;
 
     private:
+        /// How many samples from the first on fulfil the condition.
+        template <typename Condition>
+        std::size_t countWhile(Condition&& holds) const;
+
         const MessageSeries* m_series;
         std::vector<std::uint32_t> m_order; ///< empty: stored order
     };

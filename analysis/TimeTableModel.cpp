@@ -4,6 +4,7 @@
 #include "record/ClockTime.h"
 
 #include <QColor>
+#include <QTextDocument>
 
 #include <algorithm>
 #include <limits>
@@ -39,6 +40,7 @@ void TimeTableModel::setTable(const DataSet& dataSet,
                               std::vector<const ProfileParameter*> parameters)
 {
     beginResetModel();
+    m_momentRow = -1;
     m_table = TimeTable(dataSet, std::move(parameters));
     endResetModel();
 }
@@ -46,8 +48,16 @@ void TimeTableModel::setTable(const DataSet& dataSet,
 void TimeTableModel::clear()
 {
     beginResetModel();
+    m_momentRow = -1;
     m_table = {};
     endResetModel();
+}
+
+int TimeTableModel::setMoment(double seconds)
+{
+    m_moment = seconds;
+    m_momentRow = rowCount() > 0 ? static_cast<int>(m_table.rowAt(seconds)) : -1;
+    return m_momentRow;
 }
 
 int TimeTableModel::rowCount(const QModelIndex& parent) const
@@ -79,7 +89,9 @@ QVariant TimeTableModel::value(std::size_t row, std::size_t column, int role) co
     if (role != Qt::DisplayRole && role != Qt::ForegroundRole && role != Qt::BackgroundRole &&
         role != Qt::DecorationRole)
         return {};
-    const TimeTable::Cell cell = m_table.cell(row, column);
+    const TimeTable::Cell cell = static_cast<int>(row) == m_momentRow
+                                     ? m_table.cellAt(m_moment, row, column)
+                                     : m_table.cell(row, column);
     if (cell.sample == nullptr)
         return {};
     if (role == Qt::ForegroundRole)
@@ -101,8 +113,10 @@ QVariant TimeTableModel::headerData(int section, Qt::Orientation orientation, in
     if (section == timeColumn)
         return role == Qt::DisplayRole ? tr("Time") : QVariant();
     const ProfileParameter& parameter = *m_table.columns()[at(section - 1)];
-    if (role == Qt::ToolTipRole)
-        return parameter.fullName;
+    if (role == Qt::ToolTipRole) // a name must not become markup
+        return Qt::mightBeRichText(parameter.fullName)
+                   ? Qt::convertFromPlainText(parameter.fullName)
+                   : parameter.fullName;
     if (role != Qt::DisplayRole)
         return {};
     const bool isAmbiguous =
@@ -118,8 +132,8 @@ int TimeTableModel::changedRow(const QModelIndex& from, bool forward) const
         return -1;
     const std::size_t row = at(from.row());
     const std::size_t column = at(from.column() - 1);
-    const auto changed =
-        forward ? m_table.nextChange(row, column) : m_table.previousChange(row, column);
+    const auto changed = forward ? m_table.nextChange(m_profile, row, column)
+                                 : m_table.previousChange(m_profile, row, column);
     return changed ? static_cast<int>(*changed) : -1;
 }
 

@@ -26,6 +26,13 @@ public:
 
     const TimeTable& table() const { return m_table; }
 
+    /// The moment that is looked at. Its row shows what was known then, and not what came later
+    /// within its tenth; whoever shows the model repaints the row. Returns the row, -1 without any.
+    int setMoment(double seconds);
+
+    /// All rows are shown as a whole.
+    void clearMoment() { m_momentRow = -1; }
+
     int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;
     QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
@@ -41,6 +48,8 @@ private:
 
     const Profile& m_profile;
     TimeTable m_table;
+    double m_moment = 0.0;
+    int m_momentRow = -1;
 };
 
 } // namespace KOLT

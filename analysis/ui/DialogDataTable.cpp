@@ -117,6 +117,7 @@ void DialogDataTable::createView()
     m_copy->setShortcut(QKeySequence::Copy); // for the menu to show; the view handles the key
     m_copy->setShortcutContext(Qt::WidgetShortcut);
     connect(m_copy, &QAction::triggered, this, &DialogDataTable::copySelection);
+    connect(m_view, &WidgetTimeTable::signalPicked, this, &DialogDataTable::pick);
     connect(m_view, &WidgetTimeTable::signalCopy, this, &DialogDataTable::copySelection);
     m_view->setContextMenuPolicy(Qt::ActionsContextMenu);
     m_view->addActions({m_copy, m_previousChange, m_nextChange});
@@ -164,17 +165,21 @@ void DialogDataTable::showTime()
     if (m_model.rowCount() == 0)
         return;
     const bool wasFollowing = std::exchange(m_isFollowing, true);
-    m_view->setTimeRow(static_cast<int>(m_model.table().rowAt(time())));
+    m_view->setTimeRow(m_model.setMoment(time()));
     m_isFollowing = wasFollowing;
 }
 
 void DialogDataTable::slotCurrentRow(const QModelIndex& current, const QModelIndex& /*previous*/)
 {
-    if (m_isFollowing || !current.isValid())
-        return;
-    const double seconds = m_model.table().seconds(static_cast<std::size_t>(current.row()));
+    if (!m_isFollowing && current.isValid())
+        pick(current.row());
+}
+
+void DialogDataTable::pick(int row)
+{
+    const double seconds = m_model.table().lastSeconds(static_cast<std::size_t>(row));
     keepTime(seconds);
-    m_view->setTimeRow(current.row());
+    showTime();
     emit signalTime(seconds);
 }
 
@@ -208,7 +213,9 @@ void DialogDataTable::copySelection()
                 .arg(maxCopiedCells));
         return;
     }
+    m_model.clearMoment();
     QApplication::clipboard()->setText(tabSeparated(selection.indexes()));
+    m_model.setMoment(time());
 }
 
 } // namespace KOLT

@@ -28,7 +28,8 @@ public:
     explicit DialogDataTable(const Profile& profile, QWidget* parent = nullptr);
 
 signals:
-    /// The user picked a row; seconds on the scale of the data set, to a tenth.
+    /// The user picked a row; the moment at which all of it is known, in seconds on the scale of
+    /// the data set.
     void signalTime(double seconds);
 
 protected:
@@ -42,6 +43,7 @@ private:
     void createView();
     void copySelection();
     void jumpToChange(bool forward);
+    void pick(int row);
     void slotCurrentRow(const QModelIndex& current, const QModelIndex& previous);
     void showRowCount();
 

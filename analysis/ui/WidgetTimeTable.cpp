@@ -95,6 +95,13 @@ WidgetTimeTable::WidgetTimeTable(QWidget* parent)
         view->horizontalHeader()->setHighlightSections(false);
         view->verticalHeader()->hide();
         view->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+        view->viewport()->installEventFilter(this);
+        connect(view, &QTableView::clicked, this, [this](const QModelIndex& index) {
+            if (index.row() == m_pressedRow)
+                emit signalPicked(index.row());
+        });
+        connect(view, &QTableView::activated, this,
+                [this](const QModelIndex& index) { emit signalPicked(index.row()); });
     }
     createFrozenColumn();
 }
@@ -137,8 +144,10 @@ void WidgetTimeTable::setTimeRow(int row)
             QItemSelectionModel::NoUpdate);
         setAutoScroll(true);
     }
-    if (row == before)
+    if (row == before) {
+        updateRow(row); // what was known at the moment may have changed
         return;
+    }
     m_delegate->setTimeRow(row);
     updateRow(before);
     updateRow(row);
@@ -228,6 +237,13 @@ QModelIndex WidgetTimeTable::moveCursor(CursorAction action, Qt::KeyboardModifie
     if (action == MoveLeft && index.column() > frozenColumn && hidden > 0)
         horizontalScrollBar()->setValue(horizontalScrollBar()->value() - hidden);
     return index;
+}
+
+bool WidgetTimeTable::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::MouseButtonPress)
+        m_pressedRow = currentIndex().row();
+    return QTableView::eventFilter(watched, event);
 }
 
 bool WidgetTimeTable::event(QEvent* event)

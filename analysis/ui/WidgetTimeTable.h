@@ -27,8 +27,12 @@ public:
 signals:
     /// The copy key was pressed in the table.
     void signalCopy();
+    /// The row that is current already was clicked, or any was double-clicked or confirmed with
+    /// Return.
+    void signalPicked(int row);
 
 protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
     int sizeHintForColumn(int column) const override;
     bool event(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
@@ -43,7 +47,8 @@ private:
     void bringInSight(int row);
 
     TimeTableDelegate* m_delegate;
-    QTableView* m_frozen; ///< the first column once more, over the table's own
+    QTableView* m_frozen;  ///< the first column once more, over the table's own
+    int m_pressedRow = -1; ///< the row that was current when the mouse went down
 };
 
 } // namespace KOLT
