@@ -41,6 +41,13 @@ QStringList cellsOf(const FlightLine& line)
             QString::number(line.exceedances)};
 }
 
+/// The times on the unit's counter, as a line of the CSV file has them at its end.
+QStringList countersOf(const FlightLine& line)
+{
+    return {QString::number(line.takeOffSeconds, 'f', 1),
+            QString::number(line.landingSeconds, 'f', 1)};
+}
+
 QStringList sumOf(const QString& label, const FlightTotals& totals)
 {
     return {label,
@@ -83,37 +90,51 @@ DaySheet::DaySheet(std::vector<FlightLine> lines)
     FlightTotals all;
     FlightTotals day;
     for (std::size_t i = 0; i < lines.size(); ++i) {
-        m_rows.push_back({false, cellsOf(lines[i])});
+        m_rows.push_back({false, cellsOf(lines[i]), countersOf(lines[i])});
         day.add(lines[i]);
         all.add(lines[i]);
         const QDate date = lines[i].takeOff.date();
         if (i + 1 == lines.size() || lines[i + 1].takeOff.date() != date) {
-            m_rows.push_back({true, sumOf(Text::tr("Sum %1").arg(dateText(date)), day)});
+            m_rows.push_back({true, sumOf(Text::tr("Sum %1").arg(dateText(date)), day), {}});
             day = {};
         }
     }
     if (!lines.empty() && all.flights != 0 && std::ranges::count(m_rows, true, &Row::isSum) > 1)
-        m_rows.push_back({true, sumOf(Text::tr("Total"), all)});
+        m_rows.push_back({true, sumOf(Text::tr("Total"), all), {}});
 }
 
-QString DaySheet::toHtml(const QString& title) const
+QString DaySheet::explanation()
 {
-    QString html = QStringLiteral("<h2>%1</h2><table width=\"100%\" cellspacing=\"0\" "
-                                  "border=\"0\">")
-                       .arg(title.toHtmlEscaped());
-    html += htmlRow(headings(), "th", "background-color:#e3e9ee");
+    return Text::tr("Flight time: from take-off to landing.");
+}
+
+QString DaySheet::toHtml(const QString& title, const QString& remark) const
+{
+    QString html = QStringLiteral("<h2>%1</h2><p>%2</p>")
+                       .arg(title.toHtmlEscaped(), explanation().toHtmlEscaped());
+    if (!remark.isEmpty())
+        html += QStringLiteral("<p><b>%1</b></p>").arg(remark.toHtmlEscaped());
+    // What is in the head is repeated on each page.
+    html += QStringLiteral("<table width=\"100%\" cellspacing=\"0\" border=\"0\"><thead>") +
+            htmlRow(headings(), "th", "background-color:#e3e9ee") + QStringLiteral("</thead>");
     for (const Row& row : m_rows)
         html += row.isSum ? htmlRow(row.cells, "th", "background-color:#f4f5f6")
                           : htmlRow(row.cells, "td", "");
     return html + QStringLiteral("</table>");
 }
 
-QString DaySheet::toCsv(QChar separator) const
+QString DaySheet::toCsv(const ListSettings& settings) const
 {
-    QString text = csvLine(headings(), separator);
+    QString text = csvLine(headings() + QStringList{Text::tr("Take-off, counter [s]"),
+                                                    Text::tr("Landing, counter [s]")},
+                           settings.separator);
     for (const Row& row : m_rows) {
-        if (!row.isSum)
-            text += csvLine(row.cells, separator);
+        if (row.isSum)
+            continue;
+        QStringList fields = row.cells + row.counters;
+        for (QString& field : fields)
+            field = settings.numberText(field);
+        text += csvLine(fields, settings.separator);
     }
     return text;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "analysis/FlightLog.h"
+#include "analysis/ListSettings.h"
 
 #include <QStringList>
 
@@ -16,7 +17,8 @@ public:
     struct Row
     {
         bool isSum = false;
-        QStringList cells; ///< as many as there are headings
+        QStringList cells;    ///< as many as there are headings
+        QStringList counters; ///< of a flight: take-off and landing on the unit's counter
     };
 
     static QStringList headings();
@@ -27,11 +29,15 @@ public:
 
     bool isEmpty() const { return m_rows.empty(); }
 
-    /// A page with the title and the table, for printing.
-    QString toHtml(const QString& title) const;
+    /// What the figures mean, in a sentence.
+    static QString explanation();
 
-    /// With a line of headings; the sums are left out, as spreadsheets make their own.
-    QString toCsv(QChar separator) const;
+    /// A page with title, explanation, a remark if there is one, and the table, for printing.
+    QString toHtml(const QString& title, const QString& remark = {}) const;
+
+    /// With a line of headings; the sums are left out, as spreadsheets make their own. Take-off and
+    /// landing stand once more at the end, on the unit's counter.
+    QString toCsv(const ListSettings& settings) const;
 
 private:
     std::vector<Row> m_rows;

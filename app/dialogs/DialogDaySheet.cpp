@@ -1,6 +1,8 @@
 #include "app/dialogs/DialogDaySheet.h"
 
 #include "app/JobQueue.h"
+#include "app/dialogs/SheetPrinter.h"
+#include "app/settings/ExportSettingsStore.h"
 #include "app/settings/SettingsStore.h"
 #include "record/CardContainer.h"
 #include "ui/Messages.h"
@@ -13,6 +15,7 @@
 #include <QElapsedTimer>
 #include <QHeaderView>
 #include <QLabel>
+#include <QLocale>
 #include <QPageLayout>
 #include <QPdfWriter>
 #include <QPrintDialog>
@@ -20,7 +23,6 @@
 #include <QProgressBar>
 #include <QPushButton>
 #include <QTableWidget>
-#include <QTextDocument>
 #include <QVBoxLayout>
 
 namespace KOLT {
@@ -51,6 +53,7 @@ DialogDaySheet::DialogDaySheet(const Profile& profile, JobQueue& jobs, QWidget* 
     m_table->horizontalHeader()->setHighlightSections(false);
     m_state = new QLabel(this);
     m_state->setObjectName(QStringLiteral("hint"));
+    m_state->setTextFormat(Qt::PlainText); // it names files
     m_progress = new QProgressBar(this);
     m_progress->setRange(0, wholePercent);
     m_cancel = new QPushButton(tr("Cancel"), this);
@@ -202,16 +205,28 @@ void DialogDaySheet::showSheet()
     if (m_isCancelled)
         m_state->setText(tr("Cancelled"));
     else if (!m_unreadFiles.isEmpty())
-        m_state->setText(tr("Incomplete: these files could not be read: %1")
-                             .arg(m_unreadFiles.join(QStringLiteral(", "))));
+        m_state->setText(remark());
     else
-        m_state->setText(m_sheet.isEmpty() ? tr("No flights were found.") : QString());
+        m_state->setText(m_sheet.isEmpty() ? tr("No flights were found.")
+                                           : DaySheet::explanation());
     setWorking(false);
 }
 
 QString DialogDaySheet::title() const
 {
     return tr("Flights of %1").arg(m_scope->currentText());
+}
+
+QString DialogDaySheet::remark() const
+{
+    return m_unreadFiles.isEmpty() ? QString()
+                                   : tr("Incomplete: these files could not be read: %1")
+                                         .arg(m_unreadFiles.join(QStringLiteral(", ")));
+}
+
+QString DialogDaySheet::html() const
+{
+    return m_sheet.toHtml(title(), remark());
 }
 
 QString DialogDaySheet::proposedName(const QString& suffix) const
@@ -230,9 +245,7 @@ void DialogDaySheet::print()
     QPrintDialog dialog(&printer, this);
     if (dialog.exec() != QDialog::Accepted)
         return;
-    QTextDocument document;
-    document.setHtml(m_sheet.toHtml(title()));
-    document.print(&printer);
+    printSheet(html(), printer);
 }
 
 void DialogDaySheet::savePdf()
@@ -247,12 +260,11 @@ void DialogDaySheet::savePdf()
     buffer.open(QIODevice::WriteOnly);
     {
         QPdfWriter writer(&buffer);
-        writer.setPageLayout(QPageLayout(QPageSize(QPageSize::A4), QPageLayout::Landscape,
-                                         QMarginsF(15, 15, 15, 15), QPageLayout::Millimeter));
+        const bool isLetter = QLocale::system().measurementSystem() == QLocale::ImperialUSSystem;
+        writer.setPageLayout(QPageLayout(QPageSize(isLetter ? QPageSize::Letter : QPageSize::A4),
+                                         QPageLayout::Landscape, {}));
         writer.setTitle(title());
-        QTextDocument document;
-        document.setHtml(m_sheet.toHtml(title()));
-        document.print(&writer);
+        printSheet(html(), writer);
     }
     Messages::saveFile(this, path, content);
 }
@@ -264,8 +276,8 @@ void DialogDaySheet::saveCsv()
                                         tr("CSV Files (*.csv)"), suffix);
     if (path.isEmpty())
         return;
-    const QChar separator(SettingsStore::instance().getInteger("CsvLimiter", ';'));
-    Messages::saveFile(this, path, "\xEF\xBB\xBF" + m_sheet.toCsv(separator).toUtf8());
+    const ListSettings settings = loadListSettings(SettingsStore::instance());
+    Messages::saveFile(this, path, "\xEF\xBB\xBF" + m_sheet.toCsv(settings).toUtf8());
 }
 
 void DialogDaySheet::closeEvent(QCloseEvent* event)

@@ -55,6 +55,8 @@ private:
     void showSheet();
     void setWorking(bool isWorking);
     QString title() const;
+    QString remark() const;
+    QString html() const;
     QString proposedName(const QString& suffix) const;
     void print();
     void savePdf();

@@ -29,7 +29,9 @@ ListSettings loadListSettings(const SettingsStore& store)
 {
     ListSettings settings;
     settings.folder = loadExportFolder(store, "Csv");
-    settings.separator = QChar(store.getInteger("CsvLimiter", settings.separator.unicode()));
+    const CsvOptions options = loadCsvOptions(store);
+    settings.separator = QLatin1Char(options.separator);
+    settings.decimalComma = options.decimalComma;
     return settings;
 }
 
