@@ -126,6 +126,7 @@ void DialogData::createPages(const HostedPages& pages)
     addPage(Page::Map, pages.map);
     m_loading = new QLabel(m_stack);
     m_loading->setObjectName(QStringLiteral("emptyState"));
+    m_loading->setTextFormat(Qt::PlainText); // names of files may look like markup
     m_loading->setAlignment(Qt::AlignCenter);
     m_stack->addWidget(m_loading);
     connect(table, &DialogDataTable::signalTime, this, &DialogData::slotTableTime);
@@ -255,7 +256,7 @@ void DialogData::refreshDisplays()
                                                 : QString(noDate));
     m_timeDisplay->display(m_dataSet != nullptr ? counterText(seconds) : QString(noTime));
     // Whoever types a time while the replay runs must not lose the half of it.
-    if (m_replay.state() != Replay::State::Running || !m_timeEdit->hasFocus())
+    if (m_replay.state() != Replay::State::Running || !m_typing.isActive())
         m_timeEdit->setTime(time);
     m_slider->setValue(m_replay.position());
     m_isWriting = false;

@@ -3,6 +3,7 @@
 #include "analysis/Replay.h"
 
 #include <QIcon>
+#include <QTimer>
 #include <QWidget>
 
 #include <array>
@@ -22,7 +23,6 @@ class QStackedWidget;
 class QTabBar;
 class QTime;
 class QTimeEdit;
-class QTimer;
 class QToolButton;
 
 namespace KOLT {
@@ -177,6 +177,7 @@ private:
     QToolButton* m_stopButton = nullptr;
     QSlider* m_slider = nullptr;
     QTimeEdit* m_timeEdit = nullptr;
+    QTimer m_typing; ///< runs while a time is typed
     QSlider* m_speedSlider = nullptr;
     QDoubleSpinBox* m_speedBox = nullptr;
 };

@@ -7,8 +7,11 @@
 #include <QGridLayout>
 #include <QLCDNumber>
 #include <QLabel>
+#include <QLineEdit>
+#include <QMouseEvent>
 #include <QSlider>
 #include <QStackedWidget>
+#include <QStyleOptionSlider>
 #include <QTabBar>
 #include <QTimeEdit>
 #include <QToolButton>
@@ -27,6 +30,33 @@ constexpr QSize buttonIconSize(24, 24);
 constexpr QSize tabIconSize(16, 16);
 constexpr int spacing = 6;
 constexpr int emuRowHeight = 44;
+constexpr int typingMilliseconds = 3000; ///< behind the last key
+
+/// A slider that goes to where it is clicked, and can be dragged from there on.
+class PositionSlider : public QSlider
+{
+public:
+    using QSlider::QSlider;
+
+protected:
+    void mousePressEvent(QMouseEvent* event) override
+    {
+        QStyleOptionSlider option;
+        initStyleOption(&option);
+        const auto part = [&](QStyle::SubControl control) {
+            return style()->subControlRect(QStyle::CC_Slider, &option, control, this);
+        };
+        const QRect handle = part(QStyle::SC_SliderHandle);
+        const QPoint place = event->position().toPoint();
+        if (event->button() == Qt::LeftButton && !handle.contains(place)) {
+            const QRect groove = part(QStyle::SC_SliderGroove);
+            const int first = groove.left() + handle.width() / 2;
+            setSliderPosition(QStyle::sliderValueFromPosition(
+                minimum(), maximum(), place.x() - first, groove.width() - handle.width()));
+        }
+        QSlider::mousePressEvent(event); // the handle is below the pointer now
+    }
+};
 
 QLCDNumber* createDisplay(int digits, const QString& text, QWidget* parent)
 {
@@ -151,7 +181,7 @@ QGridLayout* DialogData::createControls()
     m_stopButton->setToolTip(tr("Stop the replay and go back to the start"));
     connect(m_stopButton, &QToolButton::clicked, this, &DialogData::slotReplayStop);
 
-    m_slider = new QSlider(Qt::Horizontal, this);
+    m_slider = new PositionSlider(Qt::Horizontal, this);
     m_slider->setRange(0, Replay::positions);
     m_slider->setToolTip(tr("Position within the loaded data"));
     connect(m_slider, &QSlider::valueChanged, this, &DialogData::slotSlider);
@@ -160,6 +190,11 @@ QGridLayout* DialogData::createControls()
     m_timeEdit->setFixedWidth(controlWidth);
     m_timeEdit->setToolTip(tr("Go to a time since the recording unit was switched on"));
     connect(m_timeEdit, &QTimeEdit::timeChanged, this, &DialogData::slotValue);
+    m_typing.setSingleShot(true);
+    m_typing.setInterval(typingMilliseconds);
+    connect(m_timeEdit->findChild<QLineEdit*>(), &QLineEdit::textEdited, &m_typing,
+            qOverload<>(&QTimer::start));
+    connect(m_timeEdit, &QTimeEdit::editingFinished, &m_typing, &QTimer::stop);
     auto* const timeRow = new QHBoxLayout;
     timeRow->addWidget(m_timeEdit);
     timeRow->addStretch();

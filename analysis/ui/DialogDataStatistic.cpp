@@ -3,6 +3,7 @@
 #include "record/ClockTime.h"
 #include "record/DataSet.h"
 
+#include <QLabel>
 #include <QLocale>
 #include <QTextEdit>
 #include <QVBoxLayout>
@@ -12,6 +13,8 @@
 namespace KOLT {
 
 namespace {
+
+constexpr int hintMargin = 6;
 
 QString row(const QString& label, const QString& value)
 {
@@ -23,12 +26,10 @@ QString figure(const char* pattern, double value)
     return QString::fromLatin1(pattern).arg(value, 0, 'g', QLocale::FloatingPointShortest);
 }
 
-/// Whole seconds as a time of day; dashes for a ratio that has no value.
+/// Whole seconds; dashes for a ratio that has no value.
 QString timeText(double seconds)
 {
-    return std::isfinite(seconds)
-               ? clockTime(std::trunc(seconds)).toString(QStringLiteral("hh:mm:ss"))
-               : QStringLiteral("--:--:--");
+    return std::isfinite(seconds) ? durationText(seconds) : QStringLiteral("--:--:--");
 }
 
 } // namespace
@@ -43,6 +44,15 @@ DialogDataStatistic::DialogDataStatistic(QWidget* parent)
     auto* const layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_text);
+    m_hint =
+        new QLabel(tr("Flight Time is counted from 30 s before take-off to 30 s after landing, "
+                      "as the flight was cut out. The day sheet counts from take-off to "
+                      "landing."),
+                   this);
+    m_hint->setWordWrap(true);
+    m_hint->setMargin(hintMargin);
+    layout->addWidget(m_hint);
+    m_hint->hide();
 }
 
 QString DialogDataStatistic::textOf(const Flight& flight)
@@ -70,6 +80,7 @@ void DialogDataStatistic::showData()
     if (dataSet() == nullptr)
         return;
     const Flight* const flight = dataSet()->flight();
+    m_hint->setVisible(flight != nullptr);
     if (flight == nullptr) {
         m_text->setText(tr("<br><br><b>No flight selected</b>"));
         m_text->selectAll();

@@ -5,6 +5,7 @@
 
 #include <QWidget>
 
+class QLabel;
 class QTextEdit;
 
 namespace KOLT {
@@ -29,6 +30,7 @@ protected:
 
 private:
     QTextEdit* m_text;
+    QLabel* m_hint = nullptr; ///< below the figures of a flight
 };
 
 } // namespace KOLT

@@ -1,5 +1,7 @@
 #include "analysis/ui/WidgetErrorTime.h"
 
+#include "ui/PlainToolTip.h"
+
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
@@ -16,6 +18,7 @@ constexpr int badgeWidth = 18;
 constexpr int stateWidth = 34;
 constexpr int countWidth = 32;
 constexpr int namePercent = 35;
+constexpr int reach = 3;       ///< pixels beside a fault in which a click still means it
 constexpr int smallestRun = 2; ///< pixels; a fault of one sample must be seen
 constexpr QColor stripColor(0xe9, 0xec, 0xef);
 constexpr QColor timeColor(0x1b, 0x22, 0x29);
@@ -76,12 +79,12 @@ WidgetErrorTime::WidgetErrorTime(const FaultHistory& history, double first, doub
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     const ProfileParameter& parameter = *history.parameter;
     setAccessibleName(parameter.name);
-    setToolTip(tr("%1\nClass: %2\nMessage %3, byte %4, bit %5\nLeft and Right go to the occurrence "
-                  "before and after")
-                   .arg(parameter.fullName, lookOf(parameter.errorType).name)
-                   .arg(parameter.id)
-                   .arg(parameter.startByte)
-                   .arg(parameter.startBit));
+    setToolTip(plainToolTip(tr("%1\nClass: %2\nMessage %3, byte %4, bit %5\nLeft and Right go to "
+                               "the occurrence before and after")
+                                .arg(parameter.fullName, lookOf(parameter.errorType).name)
+                                .arg(parameter.id)
+                                .arg(parameter.startByte)
+                                .arg(parameter.startBit)));
 }
 
 QSize WidgetErrorTime::sizeHint() const
@@ -181,8 +184,15 @@ void WidgetErrorTime::paintStrip(QPainter& painter) const
 
 void WidgetErrorTime::reportAt(int x)
 {
-    if (m_layout.strip.width() > 1)
-        emit signalTime(strip().timeAt(x - m_layout.strip.left()));
+    if (m_layout.strip.width() <= 1)
+        return;
+    const int place = x - m_layout.strip.left();
+    double seconds = strip().timeAt(place);
+    // A short fault is narrower than a pointer is steady.
+    const FaultInterval* const meant = intervalAt(strip(), m_history.intervals, place, reach);
+    if (meant != nullptr && m_history.stateAt(seconds) != FaultHistory::State::Set)
+        seconds = meant->start;
+    emit signalTime(seconds);
 }
 
 void WidgetErrorTime::mousePressEvent(QMouseEvent* event)
