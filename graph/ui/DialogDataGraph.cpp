@@ -69,6 +69,11 @@ DialogDataGraph::DialogDataGraph(const Profile& profile, const GraphSettings& se
     auto* const layout = new QVBoxLayout(page);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addLayout(m_bar);
+    m_cut = new QLabel(page);
+    m_cut->setIndent(4);
+    m_cut->setWordWrap(true); // the page must not grow by it
+    m_cut->hide();
+    layout->addWidget(m_cut);
     layout->addWidget(m_graph, 1);
     m_shown = new ContentOrNote(this, page);
 
@@ -145,6 +150,7 @@ void DialogDataGraph::showData()
         return;
     }
     m_shown->showContent();
+    showWhatIsCut();
     m_feeder->begin(m_profile, chosen, *dataSet());
     m_graph->setExtent(dataSet()->startSeconds, dataSet()->stopSeconds);
     if (std::exchange(m_isNewData, false)) {
@@ -176,22 +182,17 @@ void DialogDataGraph::slotTimeoutFeed()
         m_graph->refresh();
         m_sinceShown.start();
     }
-    showProgress();
+    m_progress->setVisible(!isDone);
+    m_progress->setText(
+        tr("Reading traces: %1 of %2").arg(m_feeder->filled()).arg(m_feeder->total()));
 }
 
-void DialogDataGraph::showProgress()
+void DialogDataGraph::showWhatIsCut()
 {
     const std::size_t selected = m_profile.selectedParameters().size();
-    const bool isCut = selected > static_cast<std::size_t>(Graph::maxTraces);
-    m_progress->setVisible(isFeeding() || isCut);
-    m_progress->setText(
-        isFeeding() ? tr("Reading traces: %1 of %2").arg(m_feeder->filled()).arg(m_feeder->total())
-                    : tr("Shown: %1 of %2 parameters").arg(Graph::maxTraces).arg(selected));
-    m_progress->setToolTip(
-        isCut ? tr("The graph shows the first %1 selected parameters. Uncheck some in the list on "
-                   "the left to see the others.")
-                    .arg(Graph::maxTraces)
-              : QString());
+    m_cut->setVisible(selected > static_cast<std::size_t>(Graph::maxTraces));
+    m_cut->setText(
+        tr("Only the first %1 of %2 parameters are shown.").arg(Graph::maxTraces).arg(selected));
 }
 
 void DialogDataGraph::showTime()

@@ -91,7 +91,7 @@ private:
     void pageTo(double seconds);
     /// Finds the events, once for the data and not before they are wanted.
     void feedEvents();
-    void showProgress();
+    void showWhatIsCut();
     std::vector<const ProfileParameter*> parameters() const;
 
     const Profile& m_profile;
@@ -102,6 +102,7 @@ private:
     QHBoxLayout* m_bar = nullptr;
     ContentOrNote* m_shown = nullptr;
     QLabel* m_progress = nullptr;
+    QLabel* m_cut = nullptr; ///< tells of parameters without a trace
     std::unique_ptr<TraceFeeder> m_feeder;
     QTimer m_feedTimer;
     QElapsedTimer m_sinceShown;    ///< since the picture of the traces filled so far

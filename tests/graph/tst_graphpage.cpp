@@ -454,12 +454,13 @@ void TestGraphPage::moreParametersThanTracesAreTold()
     const auto notes = [&] {
         QStringList texts;
         for (const QLabel* label : m_page->findChildren<QLabel*>()) {
-            if (label->isVisibleTo(m_page.get()) && label->text().startsWith("Shown:"))
+            if (label->isVisibleTo(m_page.get()) && label->text().startsWith("Only"))
                 texts << label->text();
         }
         return texts.join('|');
     };
-    for (const auto& [count, told] : {std::pair(50, ""), {63, "Shown: 50 of 63 parameters"}}) {
+    for (const auto& [count, told] :
+         {std::pair(50, ""), {63, "Only the first 50 of 63 parameters are shown."}}) {
         QByteArray parameters;
         for (int i = 0; i < count; ++i)
             parameters +=
