@@ -345,6 +345,10 @@ Verwenden Sie einen Namen mit der Endung .bmp, .png oder .jpg.</translation>
         <source>Reading traces: %1 of %2</source>
         <translation>Kurven werden gelesen: %1 von %2</translation>
     </message>
+    <message>
+        <source>Only the first %1 of %2 parameters are shown.</source>
+        <translation>Nur die ersten %1 von %2 Parametern sind zu sehen.</translation>
+    </message>
 </context>
 <context>
     <name>KOLT::DialogDataLimit</name>
@@ -1031,6 +1035,14 @@ Bitte prüfen Sie, ob der Ordner beschreibbar und nicht voll ist, oder wählen S
     <message>
         <source>Statistic :</source>
         <translation>Statistik :</translation>
+    </message>
+    <message>
+        <source>Exceedances On</source>
+        <translation>Überschreitungen an</translation>
+    </message>
+    <message>
+        <source>Exceedances :</source>
+        <translation>Überschreitungen :</translation>
     </message>
 </context>
 <context>
