@@ -68,14 +68,17 @@ void SceneBuilder::eventNumbers()
     const double y = m_plot.bottom() + m_row / 2.0 - (isStrip ? m_strip : m_row);
     double taken = m_plot.left(); // by the number before
     for (const EventLine& event : m_events) {
+        const double left = m_graph.xOf(event.seconds) + 5.0;
+        if (left < taken)
+            continue;
         const QString number = QString::number(event.number);
-        const QRectF box(m_graph.xOf(event.seconds) + 5.0, y - m_row / 2.0, widthOf(number), m_row);
+        const QRectF box(left, y - m_row / 2.0, widthOf(number), m_row);
         const bool isFree = std::ranges::none_of(
             m_plates, [&](const QRectF& plate) { return plate.intersects(box); });
-        if (box.left() < taken || box.right() > m_plot.right() || !isFree)
+        if (box.right() > m_plot.right() || !isFree)
             continue;
-        m_pen.quad(box, plateColor());
-        text(box.left(), y, Qt::AlignLeft, number, eventColor);
+        m_pen.quad(m_plates.emplace_back(box), plateColor());
+        text(left, y, Qt::AlignLeft, number, eventColor);
         taken = box.right() + m_graph.metrics().characterWidth;
     }
 }
