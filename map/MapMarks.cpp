@@ -5,6 +5,8 @@
 #include <QCoreApplication>
 
 #include <algorithm>
+#include <cmath>
+#include <ranges>
 
 namespace KOLT {
 
@@ -12,6 +14,8 @@ namespace {
 
 constexpr QRgb takeOffColor = 0xff1b7837;
 constexpr QRgb landingColor = 0xff2166ac;
+constexpr double largestMark = 10.0; ///< pixels around its place
+constexpr double markReach = 8.0;
 
 void append(std::vector<MapMark>& marks, const DataSet& dataSet, MapMark mark)
 {
@@ -59,14 +63,62 @@ std::vector<MapMark> flightMarks(const DataSet& dataSet)
 
 std::vector<MapMark> exceedanceMarks(const Profile& profile, const DataSet& dataSet)
 {
+    const EventList found = eventsOf(profile, dataSet, EventScope::AllParameters);
+    std::vector<const Event*> events;
+    events.reserve(found->size());
+    for (const Event& event : *found)
+        events.push_back(&event);
+    std::ranges::stable_sort(events, {}, [](const Event* event) { return event->grade.state; });
     std::vector<MapMark> marks;
-    const EventList events = eventsOf(profile, dataSet, EventScope::AllParameters);
-    for (const Event& event : *events) {
-        append(
-            marks, dataSet,
-            {MapMark::Kind::Exceedance, event.seconds, {}, QColor(event.grade.color), event.text});
+    for (const Event* const event : events) {
+        append(marks, dataSet,
+               {MapMark::Kind::Exceedance,
+                event->seconds,
+                {},
+                QColor(event->grade.color),
+                event->text});
     }
     return marks;
+}
+
+std::vector<PlacedMark> marksInWindow(const std::vector<MapMark>& marks, const Tessa::Globe& globe)
+{
+    const double columns = std::ceil(globe.width() + 2.0 * largestMark);
+    const double rows = std::ceil(globe.height() + 2.0 * largestMark);
+    std::vector<quint8> taken(static_cast<std::size_t>(columns * rows)); ///< a bit for each kind
+    std::vector<PlacedMark> placed;
+    for (const MapMark& mark : std::views::reverse(marks)) {
+        const auto place = globe.latLong2Window(mark.place);
+        if (!place)
+            continue;
+        const double column = std::floor(place->x + largestMark);
+        const double row = std::floor(place->y + largestMark);
+        if (!(column >= 0.0 && row >= 0.0 && column < columns && row < rows))
+            continue;
+        quint8& pixel = taken[static_cast<std::size_t>(row * columns + column)];
+        const auto bit = static_cast<quint8>(1U << static_cast<unsigned>(mark.kind));
+        if ((pixel & bit) == 0)
+            placed.push_back({&mark, *place});
+        pixel |= bit;
+    }
+    std::ranges::reverse(placed);
+    return placed;
+}
+
+const MapMark* markAt(const std::vector<MapMark>& marks, const Tessa::Globe& globe,
+                      Tessa::WindowPoint point)
+{
+    const MapMark* nearest = nullptr;
+    double least = markReach;
+    for (const MapMark& mark : marks) {
+        const auto place = globe.latLong2Window(mark.place);
+        const double away = place ? std::hypot(place->x - point.x, place->y - point.y) : HUGE_VAL;
+        if (away <= least) {
+            nearest = &mark;
+            least = away;
+        }
+    }
+    return nearest;
 }
 
 } // namespace KOLT

@@ -1,7 +1,5 @@
 #include "map/MarkShapes.h"
 
-#include <cmath>
-
 namespace KOLT {
 
 namespace {
@@ -52,11 +50,6 @@ void MarkShapes::add(const MapMark& mark, Tessa::WindowPoint place)
         });
         break;
     case MapMark::Kind::Exceedance:
-        if (!m_dots
-                 .emplace(static_cast<int>(std::lround(x)), static_cast<int>(std::lround(y)),
-                          mark.color.rgb())
-                 .second)
-            break;
         both([&](double rim, const QColor& color) {
             const double r = dotRadius + rim;
             const double d = r * 0.7071;

@@ -6,9 +6,7 @@
 #include <QColor>
 
 #include <initializer_list>
-#include <set>
 #include <span>
-#include <tuple>
 #include <vector>
 
 namespace KOLT {
@@ -17,8 +15,7 @@ namespace KOLT {
 class MarkShapes
 {
 public:
-    /// At a point of the window, in logical pixels. An exceedance's dot is left out where one of
-    /// its colour lies on the same pixel.
+    /// At a point of the window, in logical pixels.
     void add(const MapMark& mark, Tessa::WindowPoint place);
 
     /// For each: x, y, z (0), then red, green, blue and alpha from 0 to 1.
@@ -28,7 +25,6 @@ private:
     void polygon(std::initializer_list<Tessa::WindowPoint> corners, const QColor& color);
 
     std::vector<float> m_vertices;
-    std::set<std::tuple<int, int, QRgb>> m_dots;
 };
 
 } // namespace KOLT

@@ -217,6 +217,9 @@ void DialogDataMap::createValueRows()
         row.value->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
         m_values->addWidget(row.name, line, 0);
         m_values->addWidget(row.value, line, 1);
+        // Until they are shown the grid has no height for them.
+        row.name->show();
+        row.value->show();
         m_rows.push_back(row);
     }
     m_valuePanel->setVisible(!m_rows.empty());

@@ -131,15 +131,9 @@ void MapPainter::rectangle(double left, double bottom, double width, double heig
 
 void MapPainter::drawMarks(const Tessa::Globe& globe, const std::vector<MapMark>& marks)
 {
-    constexpr double outside = 10.0;
     MarkShapes shapes;
-    for (const MapMark& mark : marks) {
-        const auto place = globe.latLong2Window(mark.place);
-        if (!place || place->x < -outside || place->y < -outside ||
-            place->x > globe.width() + outside || place->y > globe.height() + outside)
-            continue;
-        shapes.add(mark, logical(*place));
-    }
+    for (const PlacedMark& placed : marksInWindow(marks, globe))
+        shapes.add(*placed.mark, logical(placed.place));
     m_handler.drawColored(GL_TRIANGLES, shapes.vertices(), 1.0F);
 }
 

@@ -39,6 +39,8 @@ WidgetMap::WidgetMap(MapViewState& state, const MapSettings& settings, QWidget* 
     setSettings(settings);
     connect(&m_map, &Tessa::TessaMap::changed, this, [this] { m_isDirty = true; });
     connect(&m_map, &Tessa::TessaMap::message, this, &WidgetMap::signalMessage);
+    m_pickTimer.setSingleShot(true);
+    connect(&m_pickTimer, &QTimer::timeout, this, [this] { emit signalTime(m_pickedSeconds); });
     m_resizeTimer.setSingleShot(true);
     connect(&m_resizeTimer, &QTimer::timeout, this, &WidgetMap::slotTimeoutResize);
     connect(&m_repaintTimer, &QTimer::timeout, this, &WidgetMap::slotTimeout);
@@ -56,7 +58,7 @@ QString WidgetMap::hint()
 {
     return tr("Left button: move the map; with Shift: zoom. Wheel or double click: zoom about the "
               "pointer.\nArrow keys, + and -: move and zoom. F: whole flight. Ctrl+S: hill "
-              "shading.\nClick on the track: go to that moment.");
+              "shading.\nClick on the track or on a mark: go to that moment.");
 }
 
 void WidgetMap::setSettings(const MapSettings& settings)
@@ -81,9 +83,11 @@ void WidgetMap::setAircraft(const AircraftTrack::Record& aircraft)
 
 void WidgetMap::setTrack(const std::vector<TrackPoint>* track, std::vector<TrackGap> gaps)
 {
+    m_pickTimer.stop(); // what was picked is gone
     m_track = track;
     m_gaps = std::move(gaps);
     m_isTrackPending = true;
+    m_line = {}; // its points are those of the former track
     if (m_painter != nullptr || track == nullptr)
         buildTrack();
     m_state.needsRepaint = true;
@@ -271,9 +275,10 @@ void WidgetMap::slotTimeout()
 {
     // Without a visible part it is as good as hidden: a splitter has taken all its room.
     const bool isSeen = isVisible() && !visibleRegion().isEmpty();
-    if (m_isSeen && !isSeen)
-        m_map.tiles().setVisible({}); // nobody looks at them
-    m_map.tiles().setWanted({});
+    if (m_isSeen && !isSeen) { // nobody looks at them
+        m_map.tiles().setVisible({});
+        m_map.tiles().setWanted({});
+    }
     m_isSeen = isSeen;
     if (!isSeen)
         return;

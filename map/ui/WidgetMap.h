@@ -66,7 +66,8 @@ public:
 signals:
     /// The user ended follow mode by moving the map, or switched the shading.
     void signalUpdateMode();
-    /// The user picked the place on the track that was passed at that time.
+    /// The user clicked on a mark or on the track: the moment it stands for. Comes once it is sure
+    /// that no double click was meant.
     void signalTime(double seconds);
     /// For the status bar.
     void signalMessage(const QString& text);
@@ -111,8 +112,6 @@ private:
     QRectF attributionRect() const;
     bool setHeld(int key, bool isHeld);
     void pick(const QPointF& position);
-    /// Of the mark at a place of the widget; empty when there is none.
-    QString markTextAt(const QPointF& position) const;
     void tellModeEnded(bool hasEnded);
     void pinch(double factor, const QPointF& position);
     void nativeGesture(const QNativeGestureEvent& event);
@@ -144,6 +143,8 @@ private:
     int m_frameCount = 0;
     QTimer m_repaintTimer;
     QTimer m_resizeTimer;
+    QTimer m_pickTimer;
+    double m_pickedSeconds = 0.0;
 };
 
 } // namespace KOLT

@@ -3,6 +3,7 @@
 #include "base/Diagnostics.h"
 #include "map/ui/WidgetMap.h"
 
+#include <QApplication>
 #include <QDesktopServices>
 #include <QGestureEvent>
 #include <QKeyEvent>
@@ -11,15 +12,12 @@
 #include <QToolTip>
 #include <QWheelEvent>
 
-#include <cmath>
-
 namespace KOLT {
 
 namespace {
 
 constexpr double clickReach = 4.0;      ///< pixels that a click may wander
 constexpr double pickReach = 10.0;      ///< pixels around the track
-constexpr double markReach = 8.0;       ///< pixels around a mark
 constexpr double pixelsPerDegree = 2.0; ///< of a touch pad that reports angles only
 constexpr int angleSteps = 8;           ///< of a wheel's angle to a degree
 
@@ -140,23 +138,16 @@ void WidgetMap::pick(const QPointF& position)
         QDesktopServices::openUrl(m_map.attributionLink());
         return;
     }
-    if (m_track == nullptr)
-        return;
-    const auto point = m_line.nearestPoint(m_camera.globe(), windowPoint(position), pickReach);
-    if (point)
-        emit signalTime((*m_track)[*point].seconds());
-}
-
-QString WidgetMap::markTextAt(const QPointF& position) const
-{
     const Tessa::Globe globe = m_camera.globe();
-    const Tessa::WindowPoint pointer = windowPoint(position);
-    for (auto mark = m_marks.rbegin(); mark != m_marks.rend(); ++mark) { // the uppermost first
-        const auto place = globe.latLong2Window(mark->place);
-        if (place && std::hypot(place->x - pointer.x, place->y - pointer.y) <= markReach)
-            return mark->text;
-    }
-    return {};
+    const Tessa::WindowPoint click = windowPoint(position);
+    if (const MapMark* const mark = markAt(m_marks, globe, click))
+        m_pickedSeconds = mark->seconds;
+    else if (const auto point = m_line.nearestPoint(globe, click, pickReach))
+        m_pickedSeconds = (*m_track)[*point].seconds();
+    else
+        return;
+    // The second click of a double click may follow, which only zooms.
+    m_pickTimer.start(QApplication::doubleClickInterval());
 }
 
 void WidgetMap::mouseDoubleClickEvent(QMouseEvent* event)
@@ -164,6 +155,7 @@ void WidgetMap::mouseDoubleClickEvent(QMouseEvent* event)
     m_isClick = false;
     if (event->button() != Qt::LeftButton)
         return;
+    m_pickTimer.stop();
     m_camera.doubleClick(windowPoint(event->position()));
     m_isDirty = true;
 }
@@ -248,8 +240,9 @@ bool WidgetMap::event(QEvent* event)
     }
     if (event->type() == QEvent::ToolTip) {
         const auto& help = static_cast<const QHelpEvent&>(*event);
-        if (const QString text = markTextAt(help.pos()); !text.isEmpty()) {
-            QToolTip::showText(help.globalPos(), text, this);
+        if (const MapMark* const mark =
+                markAt(m_marks, m_camera.globe(), windowPoint(help.pos()))) {
+            QToolTip::showText(help.globalPos(), mark->text, this);
             return true;
         }
     }

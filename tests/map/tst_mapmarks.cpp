@@ -23,6 +23,8 @@ private slots:
     void rampIsLegible();
     void flightsWithinTheSpanAreMarked();
     void exceedancesLieOnTheTrack();
+    void onePixelShowsOneMark();
+    void nearestMarkIsHit();
     void aircraftIsLookedUpByHalfSeconds();
     void scaleBarIsRound();
 
@@ -37,7 +39,8 @@ void TestMapMarks::initTestCase()
         m_profile,
         "<UnitConversions><Unit unitMetric='m' unitImperial='ft' factor='3.28' offset='0'/>"
         "</UnitConversions><ThresholdList><Threshold name='T'>"
-        "<Value val='5' color='#ffff00' state='WARNING'/></Threshold></ThresholdList>" +
+        "<Value val='5' color='#ffff00' state='WARNING'/>"
+        "<Value val='8' color='#ff0000' state='LIMIT'/></Threshold></ThresholdList>" +
             device({"name='Height' id='9' dataType='FLOAT' precision='0' unitMetric='m' "
                     "unitImperial='ft' koltDataType='Altitude'",
                     "name='Speed' id='9' dataType='FLOAT' koltDataType='GroundSpeed'",
@@ -137,17 +140,68 @@ void TestMapMarks::exceedancesLieOnTheTrack()
 {
     DataSet dataSet;
     dataSet.track = m_dataSet.track;
-    for (const double seconds : {9.0, 9.9, 11.0, 11.9, 20.0, 30.0})
-        add(dataSet.messages, 1, seconds,
-            floats(seconds == 9.9 || seconds == 11.9 || seconds == 30.0 ? 6.0F : 2.0F));
+    for (const auto& [seconds, value] : {std::pair(9.0, 2.0F),
+                                         {9.9, 6.0F},
+                                         {10.0, 2.0F},
+                                         {10.6, 9.0F},
+                                         {11.0, 2.0F},
+                                         {11.9, 6.0F},
+                                         {20.0, 2.0F},
+                                         {30.0, 6.0F}})
+        add(dataSet.messages, 1, seconds, floats(value));
     const std::vector<MapMark> marks = exceedanceMarks(m_profile, dataSet);
-    QCOMPARE(marks.size(), std::size_t{2}); // at 9.9 s there was no track yet
+    QCOMPARE(marks.size(), std::size_t{3}); // at 9.9 s there was no track yet
     QCOMPARE(marks[0].text, QStringLiteral("D Oil 6.00 bar"));
     QCOMPARE(marks[0].color, QColor(255, 255, 0));
     QCOMPARE(marks[0].place.latitude, 51.0);
+    QCOMPARE(marks[0].seconds, 11.9); // its own, not that of the track's point
     QCOMPARE(marks[1].place.latitude, 54.0);
+    QCOMPARE(marks[2].color, QColor(255, 0, 0)); // earlier, but to be seen
     dataSet.track.clear();
     QVERIFY(exceedanceMarks(m_profile, dataSet).empty());
+}
+
+namespace {
+
+/// A square window of 100 pixels, a kilometre each.
+const Tessa::Globe globe({0.0, 0.0}, 1000.0, 100.0, 100.0);
+
+MapMark markAtPixel(double x, double y, double seconds,
+                    MapMark::Kind kind = MapMark::Kind::Exceedance)
+{
+    return {kind, seconds, globe.window2LatLong({x, y}).value_or(Tessa::LatLong{}), {}, {}};
+}
+
+} // namespace
+
+void TestMapMarks::onePixelShowsOneMark()
+{
+    std::vector<MapMark> marks{markAtPixel(20.5, 20.5, -1.0, MapMark::Kind::TakeOff)};
+    for (int i = 0; i < 1000; ++i) // on four pixels, two of them just below the window
+        marks.push_back(markAtPixel(i % 2 == 0 ? 20.5 : 21.5, i % 4 < 2 ? -5.5 : 99.5, i));
+    for (const Tessa::LatLong far : {Tessa::LatLong{0.0, 180.0}, {40.0, 0.0}})
+        marks.push_back({MapMark::Kind::Exceedance, 0.0, far, {}, {}});
+    QStringList seconds;
+    for (const PlacedMark& placed : marksInWindow(marks, globe)) {
+        seconds << QString::number(placed.mark->seconds);
+        QVERIFY(std::abs(placed.place.x - 21.0) < 0.6);
+    }
+    QCOMPARE(seconds.join(' '), "-1 996 997 998 999");
+}
+
+void TestMapMarks::nearestMarkIsHit()
+{
+    const std::vector<MapMark> marks{markAtPixel(50, 50, 1), markAtPixel(54, 50, 2),
+                                     markAtPixel(54, 50, 3), markAtPixel(60, 50, 4)};
+    const auto secondsAt = [&](double x, double y) {
+        const MapMark* const mark = markAt(marks, globe, {x, y});
+        return mark != nullptr ? mark->seconds : 0.0;
+    };
+    QCOMPARE(secondsAt(48, 50), 1.0);
+    QCOMPARE(secondsAt(51, 52), 1.0);
+    QCOMPARE(secondsAt(55, 49), 3.0);
+    QCOMPARE(secondsAt(67, 50), 4.0);
+    QCOMPARE(secondsAt(60, 59), 0.0);
 }
 
 void TestMapMarks::aircraftIsLookedUpByHalfSeconds()

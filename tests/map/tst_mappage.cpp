@@ -37,7 +37,8 @@ private slots:
     void heldKeysMove_data();
     void heldKeysMove();
     void fitKeyShowsTheTrack();
-    void clickOnTheTrackTellsItsTime();
+    void clickTellsTheMoment_data();
+    void clickTellsTheMoment();
     void dragAndFitEndFollowing();
     void doubleClickGlides();
     void shadingKeyGoesBeforeTheWindows();
@@ -182,22 +183,46 @@ void TestMapPage::fitKeyShowsTheTrack()
     QVERIFY(m_window->state.width < 60e3); // the track is 45 km long
 }
 
-void TestMapPage::clickOnTheTrackTellsItsTime()
+void TestMapPage::clickTellsTheMoment_data()
 {
-    const auto track = straightTrack();
+    // Beside the point of the track that is passed at 50 s, and for a second time at 200 s.
+    const Rows<QPoint, bool, QList<double>> row("offset", "hasMark", "seconds");
+    row("near the track", {0, 8}, false, {50.0});
+    row("beside it", {0, 13}, false, {});
+    row("on a mark", {3, -4}, true, {201.25});
+    row("beside the mark", {12, 0}, true, {53.0});
+}
+
+void TestMapPage::clickTellsTheMoment()
+{
+    QFETCH(QPoint, offset);
+    QFETCH(bool, hasMark);
+    QFETCH(QList<double>, seconds);
+    auto track = straightTrack();
+    track.push_back({400, 48.2, 11.3});
+    track.push_back({401, track[40].latitude, track[40].longitude}); // another lap
     m_window->map.setTrack(&track, {});
+    const Place place = placeOf(track[40]);
+    if (hasMark)
+        m_window->map.setMarks({{MapMark::Kind::Exceedance,
+                                 201.25,
+                                 {place.latitude, place.longitude},
+                                 QColor(Qt::red),
+                                 QStringLiteral("Oil is hot")}});
     QSignalSpy picked(&m_window->map, &WidgetMap::signalTime);
-    const QPoint point = m_window->view().pixelOf(placeOf(track[20])).toPoint();
-    QTest::mouseClick(&m_window->map, Qt::LeftButton, {}, point + QPoint(0, 8));
-    QCOMPARE(picked.count(), 1);
-    QCOMPARE(picked[0][0].toDouble(), track[20].seconds());
-    QTest::mouseClick(&m_window->map, Qt::LeftButton, {}, point - QPoint(0, 13));
+    const QPoint point = m_window->view().pixelOf(place).toPoint();
     QTest::mouseClick(&m_window->map, Qt::RightButton, {}, point);
     // What ends on the track but was dragged there is no click.
     QTest::mousePress(&m_window->map, Qt::LeftButton, {}, point - QPoint(0, 40));
     QTest::mouseMove(&m_window->map, point);
-    QTest::mouseRelease(&m_window->map, Qt::LeftButton, {}, point);
-    QCOMPARE(picked.count(), 1);
+    QTest::mouseMove(&m_window->map, point - QPoint(0, 40));
+    QTest::mouseRelease(&m_window->map, Qt::LeftButton, {}, point - QPoint(0, 40));
+    QTest::mouseClick(&m_window->map, Qt::LeftButton, {}, point + offset);
+    QTest::qWait(2 * QApplication::doubleClickInterval());
+    QList<double> told;
+    for (const auto& arguments : picked)
+        told << arguments[0].toDouble();
+    QCOMPARE(told, seconds);
 }
 
 void TestMapPage::makePage()
@@ -282,16 +307,21 @@ void TestMapPage::doubleClickGlides()
     WidgetMap& map = m_page->widget();
     const MapViewState& state = m_page->viewState();
     const double width = state.width;
-    const QPoint pointer(600, 120);
+    const QPoint pointer = pageView().pixelOf(placeOf(m_dataSet->track[40])).toPoint();
     const Place place = *pageView().placeAt(pointer.x(), pointer.y());
     const int frames = map.frameCount();
+    const QSignalSpy picked(&map, &WidgetMap::signalTime);
+    QTest::mouseClick(&map, Qt::LeftButton, {}, pointer);
     QTest::mouseDClick(&map, Qt::LeftButton, {}, pointer);
+    QTest::mouseRelease(&map, Qt::LeftButton, {}, pointer);
     QVERIFY(state.isRangeAnimated && state.isPositionAnimated);
     QCOMPARE(state.width, width); // it glides, it does not jump
     QTRY_VERIFY(!state.isRangeAnimated && !state.isPositionAnimated);
     QVERIFY(map.frameCount() > frames + 10);
     QVERIFY(std::abs(state.width - width / 4.0) < 1.0);
     QVERIFY(pageView().distance(pointer, place) < 1.0);
+    QTest::qWait(QApplication::doubleClickInterval());
+    QCOMPARE(picked.count(), 0); // it was on the track, but only zooms
 }
 
 void TestMapPage::shadingKeyGoesBeforeTheWindows()
@@ -380,6 +410,10 @@ void TestMapPage::valuesHaveTheirUnits()
     QCOMPARE(textsAt(42.0), "plain 42.000000 speed 142.000000 [km/h]");
     QCOMPARE(panel->geometry().topLeft(), QPoint(m_page->width() - 310, 10));
     QCOMPARE(panel->width(), 300);
+    const int height = panel->height();
+    QVERIFY(height > 2 * panel->fontMetrics().height());
+    m_page->refresh(); // other parameters or units
+    QCOMPARE(panel->height(), height);
     m_dataSet->track.clear(); // an engine run on the ground has values too
     m_page->refresh();
     QCOMPARE(textsAt(43.0), "plain 43.000000 speed 143.000000 [km/h]");

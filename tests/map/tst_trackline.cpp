@@ -240,15 +240,15 @@ void TestTrackLine::gapsPartTheLine()
         device({"name='y' id='1' dataType='FLOAT' koltDataType='Latitude'",
                 "name='x' id='1' dataType='FLOAT' startByte='4' koltDataType='Longitude'"})));
     MessageMap messages;
-    for (const double seconds : {0.0, 10.0, 20.0, 31.0, 31.5, 40.0, 55.0, 100.0})
-        add(messages, 1, seconds,
-            seconds == 40.0 ? floats(0.0F, 1100.0F) : floats(4800.0F, 1100.0F));
+    const auto hasNoLatitude = [](double seconds) { return seconds > 31.5 && seconds < 100.0; };
+    for (const double seconds : {0.0, 10.0, 20.0, 31.0, 31.5, 40.0, 55.0, 90.0, 100.0})
+        add(messages, 1, seconds, floats(hasNoLatitude(seconds) ? 0.0F : 4800.0F, 1100.0F));
     const std::vector<TrackGap> gaps = trackGaps(profile, messages);
     QCOMPARE(gaps.size(), std::size_t{2});
     QCOMPARE(gaps[0].from, 20.0);
     QCOMPARE(gaps[0].to, 31.0);
-    QCOMPARE(gaps[1].from, 31.5); // the sample at 40 s has no fix; 55 s lies within
-    QCOMPARE(gaps[1].to, 100.0);
+    QCOMPARE(gaps[1].from, 31.5);
+    QCOMPARE(gaps[1].to, 100.0); // those of the longitude lie within, and end at 90 s
     // Of 100 s, drawn are the first 20 s and half a second.
     const TrackLine line(straight(201), gaps);
     QVERIFY(std::abs(lengthsOf(line.chunks(1.0))[16] - 410.0) < 0.1);
