@@ -107,7 +107,7 @@ bool CardContainer::loadFiles(const std::list<QString>& paths, const Progress& p
 {
     m_dataSet.reset(); // two cycles at once would need twice the memory
     m_dataSet = read(paths, progress);
-    m_dataSet->track = buildTrack(m_profile, m_dataSet->messages);
+    findTrack(*m_dataSet);
     return true;
 }
 
@@ -138,23 +138,33 @@ bool CardContainer::loadFlight(int number, std::size_t flightIndex, const Progre
     const bool isKnown = flightIndex < m_dataSet->flights.size();
     if (isKnown)
         m_dataSet->keepFlight(flightIndex);
-    m_dataSet->track =
-        buildTrack(m_profile, m_dataSet->messages, isKnown ? m_dataSet->startSeconds : 0.0);
+    findTrack(*m_dataSet);
     return isKnown;
+}
+
+std::unique_ptr<DataSet> CardContainer::copyOfFlight(std::size_t flightIndex) const
+{
+    std::unique_ptr<DataSet> copy = m_dataSet->copyOfFlight(flightIndex);
+    findTrack(*copy);
+    return copy;
+}
+
+void CardContainer::findTrack(DataSet& dataSet) const
+{
+    dataSet.track = buildTrack(m_profile, dataSet.messages,
+                               dataSet.flightIndex ? dataSet.startSeconds : 0.0, dataSet.before);
 }
 
 void CardContainer::reanalyse(std::optional<int> cycleNumber)
 {
     if (m_dataSet == nullptr)
         return;
-    const Flight* const flight = m_dataSet->flight();
-    if (flight == nullptr) {
+    if (!m_dataSet->flightIndex) {
         m_dataSet->flights = findFlights(m_profile, m_dataSet->messages, m_dataSet->dateTime);
         if (cycleNumber)
             m_flights[*cycleNumber] = m_dataSet->flights;
     }
-    m_dataSet->track = buildTrack(m_profile, m_dataSet->messages,
-                                  flight != nullptr ? m_dataSet->startSeconds : 0.0);
+    findTrack(*m_dataSet);
 }
 
 std::list<QString> CardContainer::pathsOf(const Cycle& cycle) const

@@ -46,6 +46,10 @@ public:
     /// Without such a flight the result is false too, and the whole cycle is loaded.
     bool loadFlight(int number, std::size_t flightIndex, const Progress& progress = {});
 
+    /// A flight of the current data set, which must be a whole cycle, as a set of its own: what
+    /// loadFlight() loads, without reading the files once more for each flight.
+    std::unique_ptr<DataSet> copyOfFlight(std::size_t flightIndex) const;
+
     /// Works out flights and track of the current data set again, as they depend on the profile;
     /// of a single flight only the track. Keeps the flights for the cycle of that number.
     void reanalyse(std::optional<int> cycleNumber);
@@ -66,6 +70,7 @@ private:
     void repairDates();
     std::unique_ptr<DataSet> read(const std::list<QString>& paths, const Progress& progress);
     std::list<QString> pathsOf(const Cycle& cycle) const;
+    void findTrack(DataSet& dataSet) const;
 
     const Profile& m_profile;
     QString m_folder;

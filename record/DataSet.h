@@ -32,8 +32,15 @@ struct DataSet
     /// The flight that is loaded; null when a whole cycle or files are.
     const Flight* flight() const { return flightIndex ? &flights[*flightIndex] : nullptr; }
 
+    /// What the messages sent last before the loaded flight, by identifier. For exports only, whose
+    /// first rows would be empty without: the flight itself has no earlier samples.
+    SamplesBefore before;
+
     /// Narrows the set to one of its flights: only its samples stay.
     void keepFlight(std::size_t index);
+
+    /// What keepFlight() would leave, without the track, as a set of its own.
+    std::unique_ptr<DataSet> copyOfFlight(std::size_t index) const;
 };
 
 } // namespace KOLT

@@ -91,4 +91,22 @@ void MessageMap::keepWindow(double start, double end)
     });
 }
 
+void MessageMap::copyWindow(const MessageMap& other, double start, double end)
+{
+    clear();
+    for (const auto& [id, series] : other.m_series) {
+        MessageSeries* copy = nullptr;
+        for (const StoredSample& sample : series.around(start, end)) {
+            if (sample.seconds() < start || sample.seconds() > end)
+                continue;
+            if (copy == nullptr)
+                copy = &m_series[id];
+            copy->append() = sample;
+        }
+    }
+    m_droppedCount = other.m_droppedCount;
+    m_lateCount = other.m_lateCount;
+    m_nextSequence = other.m_nextSequence;
+}
+
 } // namespace KOLT

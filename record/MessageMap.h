@@ -71,6 +71,10 @@ public:
     /// Keeps only the samples within [start, end] seconds.
     void keepWindow(double start, double end);
 
+    /// Becomes what keepWindow() would leave of the other map. O(samples within) where times
+    /// ascend.
+    void copyWindow(const MessageMap& other, double start, double end);
+
 private:
     static constexpr auto lastGridHighWord =
         static_cast<std::uint32_t>(maxGridSeconds / RecordFormat::secondsPerHighWord);
@@ -108,6 +112,9 @@ private:
     std::size_t m_lateCount = 0;
     std::uint32_t m_nextSequence = 0;
 };
+
+/// The last sample of each message before a time, by identifier.
+using SamplesBefore = std::map<std::uint32_t, StoredSample>;
 
 /// The samples of the message that carries a parameter.
 inline const MessageSeries& seriesOf(const MessageMap& messages, const ProfileParameter& parameter)

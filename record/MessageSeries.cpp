@@ -123,4 +123,21 @@ MessageSeries::Range MessageSeries::around(double start, double end) const
     return {Iterator(*this, first), Iterator(*this, std::max(first, last))};
 }
 
+const StoredSample* MessageSeries::lastBefore(double seconds) const
+{
+    buildIndex();
+    if (m_ascending) {
+        const std::size_t behind =
+            partitionPoint([&](const StoredSample& s) { return s.seconds() < seconds; });
+        return behind > 0 ? &(*this)[behind - 1] : nullptr;
+    }
+    const StoredSample* last = nullptr;
+    for (const StoredSample& sample : *this) {
+        const double own = sample.seconds();
+        if (own < seconds && (last == nullptr || own >= last->seconds()))
+            last = &sample;
+    }
+    return last;
+}
+
 } // namespace KOLT

@@ -122,6 +122,10 @@ public:
     /// index was built by the first call.
     const StoredSample* firstAtOrAfter(double seconds) const;
 
+    /// The latest sample before `seconds`, of equal times the one stored last; null when there is
+    /// none. O(log samples) when the times ascend, after the index was built.
+    const StoredSample* lastBefore(double seconds) const;
+
     /// A run of samples that holds all those within [start, end]: only they when the times ascend,
     /// otherwise the whole series.
     Range around(double start, double end) const;

@@ -105,10 +105,23 @@ Curve sampled(const Profile& profile, const MessageMap& messages, const char* ro
     return curve;
 }
 
+/// Whether a role had a number other than the zeros that units send without a fix.
+bool wasKnown(const Profile& profile, const SamplesBefore& before, const char* role)
+{
+    const ProfileParameter* const parameter = profile.parameterByRole(QLatin1String(role));
+    if (parameter == nullptr)
+        return false;
+    const auto found = before.find(static_cast<std::uint32_t>(parameter->id));
+    if (found == before.end())
+        return false;
+    const double number = decodeNumber(found->second.data, *parameter);
+    return std::isfinite(number) && number != 0.0;
+}
+
 } // namespace
 
 std::vector<TrackPoint> buildTrack(const Profile& profile, const MessageMap& messages,
-                                   double fromSeconds)
+                                   double fromSeconds, const SamplesBefore& before)
 {
     // One filter, latitude first: its limit for longitudes follows from the latitude.
     PositionFilter filter;
@@ -121,7 +134,9 @@ std::vector<TrackPoint> buildTrack(const Profile& profile, const MessageMap& mes
     Curve track = sampled(profile, messages, "Track", nullptr);
 
     const double firstFix = std::max(latitude.firstSeconds(), longitude.firstSeconds());
-    const double firstAltitude = altitude.firstKnownFrom(firstFix);
+    const bool wasAltitudeKnown = !altitude.empty() && wasKnown(profile, before, "Latitude") &&
+                                  wasKnown(profile, before, "Altitude");
+    const double firstAltitude = wasAltitudeKnown ? 0.0 : altitude.firstKnownFrom(firstFix);
 
     const std::vector<TrackGap> gaps = trackGaps(profile, messages);
     auto gap = gaps.begin();

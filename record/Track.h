@@ -26,8 +26,9 @@ struct TrackPoint
 /// The flight path on a grid of half seconds from 0 s to the last position, each point interpolated
 /// between the samples around it; only points with a position. Positions without a fix are dropped
 /// first. Samples beyond maxGridSeconds do not count. By ascending `halfSecond`.
-/// `fromSeconds` leaves out the points before it.
+/// `fromSeconds` leaves out the points before it; `before` tells what was sent last before it. It
+/// only says whether the altitude was known already: no point is made from it.
 std::vector<TrackPoint> buildTrack(const Profile& profile, const MessageMap& messages,
-                                   double fromSeconds = 0.0);
+                                   double fromSeconds = 0.0, const SamplesBefore& before = {});
 
 } // namespace KOLT

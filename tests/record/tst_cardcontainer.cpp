@@ -192,33 +192,41 @@ void TestCardContainer::cycleAndFlight()
                 "name='lat' id='2' dataType='FLOAT' koltDataType='Latitude'",
                 "name='lon' id='2' startByte='4' dataType='FLOAT' koltDataType='Longitude'"})));
     RecordBytes record;
+    record.sample(3, 20);
     for (int t = 0; t < 400; ++t) {
         const bool flying = (t >= 100 && t < 150) || (t >= 250 && t < 300);
         record.sample(1, t, floats(flying ? 100.0F : 0.0F)).sample(2, t, floats(4800.0F, 1100.0F));
     }
     put("1.CAN", record);
-    put("2.CAN", RecordBytes().date(2026, 7, 1, 8).sample(3, 400));
+    put("2.CAN", RecordBytes().date(2026, 7, 1, 8).sample(3, 400).sample(3, 10));
     QVERIFY(read());
     QVERIFY(!m_card->loadCycle(7));
     QVERIFY(m_card->dataSet() == nullptr);
     QVERIFY(m_card->loadCycle(1));
     QCOMPARE(m_card->dataSet()->flights.size(), 2U);
     QVERIFY(m_card->dataSet()->flight() == nullptr);
-    QCOMPARE(m_card->dataSet()->stopSeconds, 400.0);
+    QCOMPARE(m_card->dataSet()->stopSeconds, 10.0);
 
     QVERIFY(!m_card->loadFlight(1, 2));
-    QCOMPARE(m_card->dataSet()->stopSeconds, 400.0); // the whole cycle
+    QCOMPARE(m_card->dataSet()->stopSeconds, 10.0); // the whole cycle
+    const std::unique_ptr<DataSet> copy = m_card->copyOfFlight(1);
     QVERIFY(m_card->loadFlight(1, 1));
-    const DataSet& dataSet = *m_card->dataSet();
-    QCOMPARE(dataSet.flights.size(), 2U);
-    QCOMPARE(dataSet.flight()->takeOffSeconds, 261.0);
-    QCOMPARE(dataSet.startSeconds, 231.0);
-    QCOMPARE(dataSet.stopSeconds, 340.0);
-    QCOMPARE(dataSet.messages.series(1)[0].seconds(), 231.0);
-    QCOMPARE(dataSet.messages.series(1).last().seconds(), 340.0);
-    QVERIFY(dataSet.messages.series(3).empty());
-    QCOMPARE(dataSet.track.front().seconds(), 231.0);
-    QCOMPARE(dataSet.track.back().seconds(), 340.0);
+    for (const DataSet* dataSet : {m_card->dataSet(), const_cast<const DataSet*>(copy.get())}) {
+        QCOMPARE(dataSet->flights.size(), 2U);
+        QCOMPARE(dataSet->flight()->takeOffSeconds, 261.0);
+        QCOMPARE(dataSet->startSeconds, 231.0);
+        QCOMPARE(dataSet->stopSeconds, 340.0);
+        const MessageSeries& speed = dataSet->messages.series(1);
+        QCOMPARE(speed[0].seconds(), 231.0);
+        QCOMPARE(speed[0].sequence, 463U); // as stored
+        QCOMPARE(speed.last().seconds(), 340.0);
+        QVERIFY(dataSet->messages.series(3).empty());
+        QCOMPARE(dataSet->track.front().seconds(), 231.0);
+        QCOMPARE(dataSet->track.back().seconds(), 340.0);
+        QCOMPARE(dataSet->before.size(), 3U);
+        QCOMPARE(dataSet->before.at(1).seconds(), 230.0);
+        QCOMPARE(dataSet->before.at(3).seconds(), 20.0); // the latest, not the one stored last
+    }
 }
 
 void TestCardContainer::manyFilesAndCoarseProgress()
