@@ -18,7 +18,7 @@
 #include <QLocale>
 #include <QSet>
 
-#include <algorithm>
+#include <memory>
 
 namespace KOLT::Cli {
 
@@ -61,13 +61,17 @@ private:
     void exportFlight(int cycle, std::size_t flight);
     void fail(QJsonObject entry, const QString& error);
 
-    const DataSet& dataSet() const { return *m_recording.card().dataSet(); }
+    const DataSet& dataSet() const
+    {
+        return m_flight != nullptr ? *m_flight : *m_recording.card().dataSet();
+    }
 
     const Arguments& m_arguments;
     Recording& m_recording;
     CsvOptions m_csv;
     KmlOptions m_kml;
-    QSet<QString> m_names; ///< taken in this run
+    std::unique_ptr<DataSet> m_flight; ///< of the loaded cycle, in its place
+    QSet<QString> m_names;             ///< taken in this run
     QJsonArray m_exported;
     QJsonArray m_failed;
     QString m_firstError;
@@ -95,6 +99,12 @@ QString Exporter::prepare()
         settings.setText(key, value);
     m_csv = readCsvOptions(settings, QLocale::system().decimalPoint() == QLatin1String(","));
     m_kml = readKmlOptions(settings);
+    if (m_arguments.format == ExportFormat::Csv && problemOf(m_csv) == CsvProblem::Separator)
+        return QStringLiteral("fields cannot be separated as the settings have it: give another "
+                              "--CsvLimiter");
+    if (m_arguments.format == ExportFormat::Csv && problemOf(m_csv) == CsvProblem::DecimalComma)
+        return QStringLiteral("a decimal comma does not go with the separator \",\": give another "
+                              "--CsvLimiter or --CsvDecimalComma false");
     if (m_arguments.format == ExportFormat::Csv && !m_csv.allParameters &&
         m_arguments.selection.isEmpty())
         return QStringLiteral("--parameter is missing: not all parameters are to be exported");
@@ -166,18 +176,14 @@ void Exporter::exportFlight(int cycle, std::size_t flight)
 {
     QJsonObject entry{{QStringLiteral("cycle"), cycle},
                       {QStringLiteral("flight"), static_cast<qint64>(flight) + 1}};
-    QString error;
-    if (m_recording.card().loadFlight(cycle, flight)) {
-        const ExportSubject subject{cycle, {}};
-        const QString path = QDir(m_arguments.output).filePath(freeName(subject));
-        entry[QStringLiteral("file")] = path;
-        error = writeFile(path, subject);
-        if (error.isEmpty()) {
-            m_exported.append(entry);
-            error = unreadError(dataSet().unreadFiles);
-        }
-    } else {
-        error = QStringLiteral("the flight is not there any more");
+    m_flight = m_recording.card().copyOfFlight(flight);
+    const ExportSubject subject{cycle, {}};
+    const QString path = QDir(m_arguments.output).filePath(freeName(subject));
+    entry[QStringLiteral("file")] = path;
+    QString error = writeFile(path, subject);
+    if (error.isEmpty()) {
+        m_exported.append(entry);
+        error = unreadError(dataSet().unreadFiles);
     }
     if (error.isEmpty())
         return;
@@ -199,7 +205,8 @@ QString Exporter::exportAll()
         return QStringLiteral("the folder %1 cannot be made").arg(m_arguments.output);
     CardContainer& card = m_recording.card();
     for (const auto& [number, cycle] : card.cycles()) {
-        card.loadCycle(number);
+        m_flight.reset();
+        card.loadCycle(number); // once for all of its flights
         const std::size_t flights = card.flightsOf(number).size();
         // Flights may be in what could not be read.
         const QString missing = unreadError(dataSet().unreadFiles);

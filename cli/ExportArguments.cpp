@@ -34,6 +34,7 @@ const char* valueName(ExportSetting::Kind kind)
     case ExportSetting::Kind::Color:
         return "RRGGBB";
     case ExportSetting::Kind::Integer:
+    case ExportSetting::Kind::Separator:
         break;
     }
     return "N";

@@ -32,7 +32,7 @@ public:
     CellFormat(const Profile& profile, const CsvOptions& options)
         : m_profile(profile)
         , m_separator(options.separator)
-        , m_hasComma(options.decimalComma && options.separator == ';')
+        , m_hasComma(options.decimalComma)
     {
     }
 
@@ -42,8 +42,15 @@ public:
     {
         const std::size_t start = text.size();
         appendFixed(text, number, decimals);
-        if (m_hasComma)
-            std::replace(text.begin() + static_cast<std::ptrdiff_t>(start), text.end(), '.', ',');
+        setDecimalSign(text, start);
+    }
+
+    /// Date and time of day, whose seconds have decimals too.
+    void append(std::string& text, const ExportClock& clock, double seconds) const
+    {
+        const std::size_t start = text.size();
+        clock.appendTo(text, seconds, m_separator);
+        setDecimalSign(text, start);
     }
 
     /// The value as all of the program prints it; `number` was decoded from `data`.
@@ -66,6 +73,12 @@ public:
     }
 
 private:
+    void setDecimalSign(std::string& text, std::size_t start) const
+    {
+        if (m_hasComma)
+            std::replace(text.begin() + static_cast<std::ptrdiff_t>(start), text.end(), '.', ',');
+    }
+
     const Profile& m_profile;
     char m_separator;
     bool m_hasComma;
@@ -92,6 +105,11 @@ public:
                 {parameter, std::string(1, format.separator()), {}, isTextOfNumber, 0});
             setHead(m_columns.back());
         }
+        for (const auto& [id, place] : messageOfId) {
+            const auto held = dataSet.before.find(static_cast<std::uint32_t>(id));
+            if (held != dataSet.before.end())
+                decode(m_messages[place], held->second.data);
+        }
     }
 
     void appendTo(std::string& line, double seconds)
@@ -100,7 +118,7 @@ public:
             const StoredSample* const before = message.walker.sample();
             if (message.walker.advanceTo(seconds) &&
                 (before == nullptr || before->data != message.walker.sample()->data))
-                decode(message);
+                decode(message, message.walker.sample()->data);
         }
         appendTexts(line);
     }
@@ -123,9 +141,8 @@ private:
         std::uint64_t bits;                 ///< of the number that the text was made from
     };
 
-    void decode(const Message& message)
+    void decode(const Message& message, const MessageData& data)
     {
-        const MessageData& data = message.walker.sample()->data;
         for (const std::size_t index : message.columns) {
             Column& column = m_columns[index];
             const double number = decodeNumber(data, *column.parameter);
@@ -242,7 +259,8 @@ double CsvWriter::estimatedBytes() const
             const MessageData& data = series[series.size() * i / probes].data;
             format.append(text, *parameter, data, decodeNumber(data, *parameter));
         }
-        const double held = span > 0.0 ? (m_span.last - series[0].seconds()) / span : 1.0;
+        const bool isHeld = span <= 0.0 || m_dataSet.before.contains(series[0].id);
+        const double held = isHeld ? 1.0 : (m_span.last - series[0].seconds()) / span;
         rowBytes += static_cast<double>(text.size()) / probes * std::clamp(held, 0.0, 1.0);
     }
     return static_cast<double>(header().size()) + static_cast<double>(m_rowCount) * rowBytes;
@@ -250,7 +268,7 @@ double CsvWriter::estimatedBytes() const
 
 ExportStatus CsvWriter::write(QIODevice& device, const ExportProgress& progress) const
 {
-    if (m_rowCount == 0 || m_rowCount > maxRows)
+    if (m_rowCount == 0 || m_rowCount > maxRows || problemOf(m_options) != CsvProblem::None)
         return ExportStatus::Failed;
     const CellFormat format(m_profile, m_options);
     const ExportClock clock(m_dataSet.dateTime);
@@ -259,7 +277,7 @@ ExportStatus CsvWriter::write(QIODevice& device, const ExportProgress& progress)
     std::string block = header();
     for (qint64 row = 0; row < m_rowCount; ++row) {
         const double seconds = secondsOf(row);
-        clock.appendTo(block, seconds, m_options.separator);
+        format.append(block, clock, seconds);
         block += m_options.separator;
         format.append(block, seconds, secondsDecimals);
         cells.appendTo(block, seconds);

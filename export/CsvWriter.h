@@ -38,7 +38,7 @@ public:
     double estimatedBytes() const;
 
     /// Writes everything from the byte-order mark to the last row. Failed too when there are no
-    /// rows or more than maxRows; nothing is written then.
+    /// rows or more than maxRows, or the options do not fit together; nothing is written then.
     ExportStatus write(QIODevice& device, const ExportProgress& progress = {}) const;
 
 private:

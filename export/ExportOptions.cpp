@@ -14,13 +14,13 @@ constexpr int lastAscii = 126;
 
 constexpr std::array csvTable{
     ExportSetting{
-        "CsvLimiter", Kind::Integer, 9, lastAscii,
+        "CsvLimiter", Kind::Separator, 9, lastAscii,
         "Field separator as a character code; 59 is \";\", 44 is \",\", 9 the tabulator."},
     ExportSetting{"CsvResolution", Kind::Integer, 1, 60'000, "Milliseconds between rows."},
     ExportSetting{"CsvAllParameter", Kind::Boolean, 0, 0,
                   "All parameters, or those of --parameter only."},
     ExportSetting{"CsvDecimalComma", Kind::Boolean, 0, 0,
-                  "Decimal comma, where the separator is \";\"."},
+                  "Decimal comma; not with the separator \",\"."},
 };
 
 constexpr std::array kmlTable{
@@ -42,6 +42,13 @@ constexpr std::array kmlTable{
     ExportSetting{"KmlErrorMarkColor", Kind::Color, 0, 0, "Color of such marks."},
 };
 
+bool isSeparator(int code)
+{
+    return code == '\t' ||
+           (code >= ' ' && code <= lastAscii && std::strchr("\".-+:0123456789", code) == nullptr &&
+            !(code >= 'a' && code <= 'z') && !(code >= 'A' && code <= 'Z'));
+}
+
 bool isColor(const QByteArray& text)
 {
     constexpr qsizetype digits = 6;
@@ -55,10 +62,12 @@ bool isColor(const QByteArray& text)
 bool ExportSetting::accepts(const QByteArray& value) const
 {
     switch (kind) {
-    case Kind::Integer: {
+    case Kind::Integer:
+    case Kind::Separator: {
         bool ok = false;
         const int number = value.toInt(&ok);
-        return ok && number >= low && number <= high;
+        return ok && number >= low && number <= high &&
+               (kind == Kind::Integer || isSeparator(number));
     }
     case Kind::Boolean:
         return value == "true" || value == "false";
@@ -78,14 +87,12 @@ std::span<const ExportSetting> kmlSettings()
     return kmlTable;
 }
 
-char separatorOf(int code)
+CsvProblem problemOf(const CsvOptions& options)
 {
-    constexpr char fallback = ';';
-    const bool isUsable =
-        code == '\t' ||
-        (code >= ' ' && code <= lastAscii && std::strchr("\".-+:0123456789", code) == nullptr &&
-         !(code >= 'a' && code <= 'z') && !(code >= 'A' && code <= 'Z'));
-    return isUsable ? static_cast<char>(code) : fallback;
+    if (!isSeparator(options.separator))
+        return CsvProblem::Separator;
+    return options.decimalComma && options.separator == ',' ? CsvProblem::DecimalComma
+                                                            : CsvProblem::None;
 }
 
 QColor colorOf(const QByteArray& text, const QColor& fallback)

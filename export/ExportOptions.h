@@ -3,6 +3,7 @@
 #include <QByteArray>
 #include <QColor>
 
+#include <climits>
 #include <span>
 
 namespace KOLT {
@@ -10,11 +11,20 @@ namespace KOLT {
 /// What a CSV export writes.
 struct CsvOptions
 {
-    char separator = ';';
+    char separator = ';';      ///< 0 for a code that is no character of ASCII
     int resolution = 100;      ///< milliseconds between rows, 1..60000
     bool allParameters = true; ///< otherwise the selected ones
-    bool decimalComma = false; ///< counts with the separator ";" only
+    bool decimalComma = false; ///< in numbers and times
 };
+
+/// Why a table with these options could not be read again.
+enum class CsvProblem {
+    None,
+    Separator,   ///< it could stand within a number, a time or a quoted text
+    DecimalComma ///< it is the separator too
+};
+
+CsvProblem problemOf(const CsvOptions& options);
 
 /// What a KML export writes. Opacities 0..255.
 struct KmlOptions
@@ -45,9 +55,10 @@ struct KmlOptions
 struct ExportSetting
 {
     enum class Kind {
-        Integer, ///< low..high
-        Boolean, ///< "true" or "false"
-        Color    ///< six hexadecimal digits
+        Integer,   ///< low..high
+        Separator, ///< the code of a character that can separate fields
+        Boolean,   ///< "true" or "false"
+        Color      ///< six hexadecimal digits
     };
 
     const char* key;
@@ -63,10 +74,6 @@ struct ExportSetting
 std::span<const ExportSetting> csvSettings();
 std::span<const ExportSetting> kmlSettings();
 
-/// The separator of a character code; ";" for codes that could stand within a number, a time or a
-/// quoted text.
-char separatorOf(int code);
-
 /// A colour of six hexadecimal digits.
 QColor colorOf(const QByteArray& text, const QColor& fallback);
 QByteArray colorText(const QColor& color);
@@ -80,10 +87,13 @@ template <typename Settings>
 CsvOptions readCsvOptions(const Settings& settings, bool commaByDefault)
 {
     CsvOptions options;
-    options.separator = separatorOf(settings.getInteger("CsvLimiter", options.separator));
+    const int code = settings.getInteger("CsvLimiter", options.separator);
+    options.separator = code > 0 && code <= CHAR_MAX ? static_cast<char>(code) : '\0';
     options.resolution = bounded("CsvResolution", settings.getInteger("CsvResolution", 100));
     options.allParameters = settings.getBoolean("CsvAllParameter", true);
-    options.decimalComma = settings.getBoolean("CsvDecimalComma", commaByDefault);
+    // By default only where it fits: nobody has asked for it.
+    options.decimalComma =
+        settings.getBoolean("CsvDecimalComma", commaByDefault && options.separator != ',');
     return options;
 }
 

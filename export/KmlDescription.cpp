@@ -32,6 +32,7 @@ QString withUnit(const QString& value, const QString& unit)
 
 KmlDescription::KmlDescription(const Profile& profile, const DataSet& dataSet)
     : m_profile(profile)
+    , m_dataSet(dataSet)
     , m_clock(dataSet.dateTime)
 {
     const ProfileParameter* const speed = profile.parameterByRole(QStringLiteral("GroundSpeed"));
@@ -54,7 +55,7 @@ QString KmlDescription::of(const TrackPoint& point)
     for (auto& [id, walker] : m_walkers)
         walker.advanceTo(seconds);
     for (const Column& column : m_columns) {
-        const StoredSample* const sample = column.walker->sample();
+        const StoredSample* const sample = heldSample(column);
         if (sample == nullptr)
             continue;
         const double number = decodeNumber(sample->data, *column.parameter);
@@ -63,6 +64,14 @@ QString KmlDescription::of(const TrackPoint& point)
                              m_profile.unitLabel(*column.parameter)));
     }
     return text + QStringLiteral("</table>");
+}
+
+const StoredSample* KmlDescription::heldSample(const Column& column) const
+{
+    if (column.walker->sample() != nullptr)
+        return column.walker->sample();
+    const auto before = m_dataSet.before.find(static_cast<std::uint32_t>(column.parameter->id));
+    return before == m_dataSet.before.end() ? nullptr : &before->second;
 }
 
 QString KmlDescription::timeText(double seconds) const

@@ -33,9 +33,11 @@ private:
         SampleWalker* walker;
     };
 
+    const StoredSample* heldSample(const Column& column) const;
     QString roleText(const char* role, double metric, const char* unit, int decimals) const;
 
     const Profile& m_profile;
+    const DataSet& m_dataSet;
     ExportClock m_clock;
     bool m_hasSpeed = false;
     std::map<int, SampleWalker> m_walkers; ///< by message identifier

@@ -26,6 +26,7 @@ DialogExportCsv::DialogExportCsv(const Profile& profile, Source source, const Cs
     connect(m_separator, &QComboBox::currentIndexChanged, this, &DialogExportCsv::showEstimate);
     connect(m_resolution, &QSpinBox::valueChanged, this, &DialogExportCsv::showEstimate);
     connect(m_all, &QRadioButton::toggled, this, &DialogExportCsv::showEstimate);
+    connect(m_comma, &QCheckBox::toggled, this, &DialogExportCsv::showEstimate);
     showEstimate();
 }
 
@@ -80,10 +81,18 @@ CsvOptions DialogExportCsv::options() const
 void DialogExportCsv::showEstimate()
 {
     const QLocale locale;
-    m_comma->setEnabled(m_separator->currentData().toInt() == ';');
+    const CsvProblem problem = problemOf(options());
     const CsvWriter writer(m_profile, source().dataSet, options(), m_span);
     const QString rows = locale.toString(writer.rowCount());
-    if (writer.parameterCount() == 0)
+    if (problem == CsvProblem::Separator)
+        setSummary(tr("This separator could be taken for a part of a field. Please choose another "
+                      "one."),
+                   false);
+    else if (problem == CsvProblem::DecimalComma)
+        setSummary(tr("The decimal comma cannot be told from the separator. Please choose another "
+                      "separator, or the decimal point."),
+                   false);
+    else if (writer.parameterCount() == 0)
         setSummary(tr("No parameters are selected."), false);
     else if (writer.rowCount() == 0)
         setSummary(tr("No sample with a usable time was recorded, so there are no rows to export."),

@@ -180,6 +180,10 @@ void TestCliExport::failures_data()
     row("no such file", with("csv", {"--files", "no.CAN"}), "nothing recorded");
     row("wrong number", with("csv", first + QStringList{"--CsvResolution", "0"}),
         "--CsvResolution cannot be \"0\"");
+    row("separator that is none", with("csv", first + QStringList{"--CsvLimiter", "46"}), "\"46\"");
+    row("comma twice",
+        with("csv", first + QStringList{"--CsvLimiter", "44", "--CsvDecimalComma", "true"}),
+        "decimal comma");
     row("wrong colour", with("kml", first + QStringList{"--KmlLineColor", "red"}), "\"red\"");
     row("setting of another format", with("gpx", first + QStringList{"--CsvResolution", "5"}),
         "means nothing to an export as gpx");

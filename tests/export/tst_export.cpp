@@ -64,6 +64,8 @@ private slots:
 
     void numbersAsPrintf();
     void csvToTheByte();
+    void csvOptionsThatDoNotFit_data();
+    void csvOptionsThatDoNotFit();
     void csvReadByPython_data();
     void csvReadByPython();
     void csvBounds();
@@ -119,16 +121,55 @@ void TestExport::csvToTheByte()
     QCOMPARE(csv(options),
              QByteArray("\xEF\xBB\xBF"
                         "Date;Time;Seconds;D/Alt [m];D/Speed [km/h];\"D/Gauge; <1>\"\r\n"
-                        "2026-07-28;23:59:59.000;4,000;0,8;-0;\r\n"
-                        "2026-07-28;23:59:59.500;4,500;0,8;-0;2\r\n"
-                        "2026-07-29;00:00:00.000;5,000;0,8;-0;2\r\n"
-                        "2026-07-29;00:00:00.500;5,500;0,8;-0;nan\r\n"
-                        "2026-07-29;00:00:01.000;6,000;0,2;7;nan\r\n"));
+                        "2026-07-28;23:59:59,000;4,000;0,8;-0;\r\n"
+                        "2026-07-28;23:59:59,500;4,500;0,8;-0;2\r\n"
+                        "2026-07-29;00:00:00,000;5,000;0,8;-0;2\r\n"
+                        "2026-07-29;00:00:00,500;5,500;0,8;-0;nan\r\n"
+                        "2026-07-29;00:00:01,000;6,000;0,2;7;nan\r\n"));
+    // What held when a flight began, until its own samples say something else.
+    m_dataSet->before[gauge].data = floats(8.0F);
+    QCOMPARE(csv(options).split('\n').value(1),
+             QByteArray("2026-07-28;23:59:59,000;4,000;0,8;-0;8\r"));
+    QCOMPARE(csv(options).split('\n').value(2),
+             QByteArray("2026-07-28;23:59:59,500;4,500;0,8;-0;2\r"));
     m_profile.setUnitSystem(UnitSystem::Imperial);
     m_dataSet->dateTime = {};
     QCOMPARE(csv(options).split('\n').value(0).split(';').value(3), QByteArray("D/Alt [ft]"));
     QCOMPARE(csv(options).split('\n').value(5), QByteArray(";;6,000;0,5;7;nan\r"));
     m_profile.setUnitSystem(UnitSystem::Metric);
+}
+
+void TestExport::csvOptionsThatDoNotFit_data()
+{
+    const Rows<int, bool, QString> row; // code of the separator, decimal comma, row; or refused
+    row("semicolon", ';', true, "2026-07-28;23:59:56,500;1,500;2,25");
+    row("tabulator", '\t', true, "2026-07-28\t23:59:56,500\t1,500\t2,25");
+    row("comma", ',', false, "2026-07-28,23:59:56.500,1.500,2.25");
+    row("comma twice", ',', true, {});
+    for (const int code : {int{'"'}, int{'.'}, int{'7'}, int{'e'}, int{'\n'}, 0, 200, 300})
+        row(QByteArray::number(code), code, false, {});
+}
+
+void TestExport::csvOptionsThatDoNotFit()
+{
+    const auto [code, comma, expected] = fetchRow<int, bool, QString>();
+    add(lamp, 1.5, {0, 0, 0, 0, 0, 0, 0, 0});
+    SettingsStore store;
+    store.setInteger("CsvLimiter", code);
+    store.setBoolean("CsvDecimalComma", comma);
+    CsvOptions options = readCsvOptions(store, false);
+    options.allParameters = false;
+    QVERIFY(loadProfile(m_profile, device({"name='Big' id='4' dataType='ULONG' precision='2' "
+                                           "offset='2.25'"})));
+    m_profile.select([](const ProfileParameter&) { return true; });
+    const QByteArray written = csv(options);
+    QCOMPARE(QString::fromUtf8(written.split('\n').value(1)).trimmed(), expected);
+    QCOMPARE(written.isEmpty(), expected.isEmpty());
+    QCOMPARE(csvSettings()[0].accepts(QByteArray::number(code)), !expected.isEmpty() || comma);
+    // Nobody asked for the locale's decimal comma: it gives way to the separator.
+    SettingsStore untouched;
+    untouched.setInteger("CsvLimiter", code);
+    QCOMPARE(readCsvOptions(untouched, true).decimalComma, code != ',');
 }
 
 void TestExport::csvReadByPython_data()
@@ -366,7 +407,7 @@ void TestExport::settingsAreBounded()
     QCOMPARE(readKmlOptions(store).lineColor, usual.lineColor);
     QCOMPARE(readKmlOptions(store).timeStamp, KmlOptions::Times::PlaceMarksAndTrack);
     QCOMPARE(readCsvOptions(store, true).resolution, 1);
-    QCOMPARE(readCsvOptions(store, true).separator, ';');
+    QCOMPARE(problemOf(readCsvOptions(store, true)), CsvProblem::Separator);
 }
 
 QTEST_GUILESS_MAIN(TestExport)

@@ -9,6 +9,7 @@
 #include "tests/support/Rows.h"
 
 #include <QColorDialog>
+#include <QComboBox>
 #include <QDir>
 #include <QGroupBox>
 #include <QLabel>
@@ -151,7 +152,6 @@ void TestExportDialogs::csvOptionsReachTheFileAndAreReported()
     m_csv.separator = '|'; // none of those offered
     open("csv");
     QVERIFY2(summary().startsWith("1,001 rows, about "), qPrintable(summary()));
-    QVERIFY(!labelled(*m_dialog, "Decimal comma")->isEnabled());
     labelled(*m_dialog, "Decimal comma")->setChecked(true);
     labelled(*m_dialog, "Selected parameters (1)")->setChecked(true);
     find<QSpinBox>("resolution")->setValue(50'000);
@@ -160,7 +160,7 @@ void TestExportDialogs::csvOptionsReachTheFileAndAreReported()
     boxes.answer(m_directory->filePath("new.csv"));
     clickExport();
     QCOMPARE(readFile(m_directory->filePath("new.csv")).split('\n').value(2),
-             QByteArray("2026-07-28|12:00:50.000|50.000|500.500000\r"));
+             QByteArray("2026-07-28|12:00:50,000|50,000|500,500000\r"));
     QCOMPARE(m_csv.separator, '|');
     QCOMPARE(m_csv.resolution, 50'000);
     QVERIFY(!m_csv.allParameters);
@@ -176,6 +176,17 @@ void TestExportDialogs::whatCannotBeExported()
     QCOMPARE(summary(), "No parameters are selected.");
     QVERIFY(!canExport());
     labelled(*m_dialog, "All parameters")->setChecked(true);
+    QVERIFY(canExport());
+    m_csv.separator = '"';
+    open("csv");
+    m_csv = {};
+    QVERIFY(summary().startsWith("This separator") && !canExport());
+    auto* const separator = find<QComboBox>("separator");
+    separator->setCurrentIndex(separator->findData(int{','}));
+    QVERIFY(canExport());
+    labelled(*m_dialog, "Decimal comma")->setChecked(true);
+    QVERIFY(summary().startsWith("The decimal comma") && !canExport());
+    separator->setCurrentIndex(separator->findData(int{'\t'}));
     QVERIFY(canExport());
     for (const int t : {2'000'000, 2'000'001}) // weeks later
         add(m_dataSet.messages, 2, t);

@@ -284,6 +284,13 @@ void TestPathExport::beforeTheFirstFix()
     QVERIFY(!document.contains(",0.0") && document.contains("No position was recorded."));
     QCOMPARE(document.count("<Point>"), 3); // at 10, 15 and 20 s
     QCOMPARE(document.count("Altitude"), 2);
+    // What was sent before a flight tells that the altitude was known.
+    m_dataSet->before[position].data = floats(4830.0F, 1100.0F);
+    for (const float before : {0.0F, 400.0F}) {
+        m_dataSet->before[altitude].data = floats(before);
+        m_dataSet->track = buildTrack(m_profile, m_dataSet->messages, 0.0, m_dataSet->before);
+        QCOMPARE(gpx().count("<ele>"), before > 0.0F ? 21 : 17);
+    }
 }
 
 void TestPathExport::sections()
