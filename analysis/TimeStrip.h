@@ -44,6 +44,26 @@ struct PixelRun
     bool operator==(const PixelRun&) const = default;
 };
 
+/// The interval that the user means by a pixel: one that lies there, or the nearest of those within
+/// `reach` pixels; null when there is none. The intervals must ascend. O(log intervals).
+inline const FaultInterval*
+intervalAt(const TimeStrip& strip, const std::vector<FaultInterval>& intervals, int x, int reach)
+{
+    const auto behind =
+        std::ranges::upper_bound(intervals, strip.timeAt(x), {}, &FaultInterval::start);
+    const FaultInterval* nearest = nullptr;
+    int distance = reach + 1;
+    if (behind != intervals.begin()) {
+        nearest = &*std::prev(behind);
+        distance = std::max(0, x - strip.xOf(nearest->end));
+    }
+    if (behind != intervals.end() && strip.xOf(behind->start) - x < distance) {
+        nearest = &*behind;
+        distance = strip.xOf(behind->start) - x;
+    }
+    return distance <= reach ? nearest : nullptr;
+}
+
 /// The pixels that show the intervals, at least one for each, neighbours joined. The intervals
 /// must ascend. O(min(intervals, pixels) * log intervals), so that a fault that flickers all day
 /// costs no more than the strip is wide.

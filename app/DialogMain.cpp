@@ -102,6 +102,7 @@ DialogMain::DialogMain()
     }
     loadProfile();
     refreshTitle();
+    qApp->installEventFilter(this);
     show();
 }
 

@@ -44,7 +44,6 @@ int main(int argc, char* argv[])
     splash.showStep(QApplication::translate("main", "Creating Dialogs ..."));
     DialogMain mainWindow;
     ApplicationContext::instance().mainWindow = &mainWindow;
-    application.installEventFilter(&mainWindow);
     splash.finish(&mainWindow);
     return QApplication::exec();
 }

@@ -118,6 +118,14 @@ void TestDialogDataTable::followsWithoutReporting()
     m_page->setTime(-5.0);
     QCOMPARE(m_view->currentIndex().row(), 0);
     QCOMPARE(reported.size(), 0);
+    // Within a tenth, the row of the moment has nothing of the future.
+    add(m_dataSet->messages, 2, 99.0, floats(1.5F));
+    add(m_dataSet->messages, 2, 99.02, floats(2.5F));
+    m_page->setData(m_dataSet.get());
+    for (const auto& [seconds, text] : {std::pair(99.01, "1.5"), {99.02, "2.5"}, {50.0, "2.5"}}) {
+        m_page->setTime(seconds);
+        QCOMPARE(cell(99, 1).data().toString(), text);
+    }
 }
 
 void TestDialogDataTable::pickedRowIsReported()
@@ -134,6 +142,17 @@ void TestDialogDataTable::pickedRowIsReported()
     QTest::keyClick(m_view, Qt::Key_Right); // the same row
     QCOMPARE(told(), -1.0);
     QCOMPARE(m_page->time(), 4.0);
+    // A row that is current already is asked for again, in the frozen column too.
+    auto* const frozen = m_view->findChild<QTableView*>("frozenColumn");
+    for (const auto& [view, column] : {std::pair(m_view, 2), {frozen, 0}}) {
+        QTest::mouseClick(view->viewport(), Qt::LeftButton, {},
+                          view->visualRect(cell(4, column)).center());
+        QCOMPARE(told(), 4.0);
+    }
+    QTest::keyClick(m_view, Qt::Key_Return);
+    QCOMPARE(told(), 4.0);
+    m_view->setCurrentIndex(cell(4, 2));
+    QCOMPARE(told(), -1.0);
     // With the control key to the next change of the value.
     QTest::keyClick(m_view, Qt::Key_Down, Qt::ControlModifier);
     QCOMPARE(told(), 50.0);

@@ -1,5 +1,6 @@
 #include "analysis/DaySheet.h"
 #include "analysis/EventDetails.h"
+#include "analysis/Findings.h"
 #include "base/Csv.h"
 #include "tests/support/RecordingFixture.h"
 
@@ -18,6 +19,7 @@ private slots:
     void init();
     void exceedancesBelongToTheirFlight();
     void eventDetails();
+    void findingsAreFoundOnce();
     void sheetSumsDays();
     void sheetAsText();
     void csvFields();
@@ -68,7 +70,7 @@ void TestFlightLog::exceedancesBelongToTheirFlight()
     QCOMPARE(log.lines.at(0).exceedances, 0U);
     QCOMPARE(log.lines.at(1).exceedances, 2U); // at both ends
     QCOMPARE(log.lines.at(0).takeOff.time(), QTime(23, 59, 5));
-    QCOMPARE(log.lines.at(0).flightSeconds(), 10.5);
+    QCOMPARE(log.lines.at(0).flightSeconds(), 10.0); // as the shown times have it
 }
 
 void TestFlightLog::eventDetails()
@@ -77,15 +79,35 @@ void TestFlightLog::eventDetails()
     QCOMPARE(events.size(), 2U);
     const EventDetails high = detailsOf(m_profile, *m_dataSet, events[0]);
     QCOMPARE(high.peak, 250.0);
-    QCOMPARE(high.peakText, "250 C");
+    QCOMPARE(high.peakText + high.unit, "250C");
     QCOMPARE(high.duration.value_or(-1), 20.0);
     QCOMPARE(high.engineSpeed.value_or(-1), 1019.0); // the last before 20 s
     m_profile.setUnitSystem(UnitSystem::Imperial);
-    QCOMPARE(detailsOf(m_profile, *m_dataSet, events[0]).peakText, "501 F");
+    const EventDetails imperial = detailsOf(m_profile, *m_dataSet, events[0]);
+    QCOMPARE(imperial.peakText + imperial.unit, "501F");
     m_profile.setUnitSystem(UnitSystem::Metric);
     const EventDetails low = detailsOf(m_profile, *m_dataSet, events[1]);
     QCOMPARE(low.peak, -300.0); // the farthest from normal, downwards
     QVERIFY(!low.duration);     // it stayed until the end
+}
+
+void TestFlightLog::findingsAreFoundOnce()
+{
+    const EventList events = eventsOf(m_profile, *m_dataSet);
+    const FaultList faults = faultsOf(m_profile, *m_dataSet);
+    const EventList lamps = eventsOf(m_profile, *m_dataSet, EventScope::WarningLamps);
+    QCOMPARE(events->size(), 2U);
+    QCOMPARE(lamps->size(), 0U);
+    m_profile.select([](const ProfileParameter&) { return true; });
+    QCOMPARE(eventsOf(m_profile, *m_dataSet), events);
+    m_profile.setUnitSystem(UnitSystem::Imperial);
+    QVERIFY(eventsOf(m_profile, *m_dataSet)->front().text.endsWith("301 F"));
+    QCOMPARE(faultsOf(m_profile, *m_dataSet), faults); // no units in them
+    m_profile.setUnitSystem(UnitSystem::Metric);
+    add(m_dataSet->messages, 1, 60.0, floats(150.0F)); // other samples, then another profile
+    QCOMPARE(eventsOf(m_profile, *m_dataSet)->size(), 3U);
+    QVERIFY(loadProfile(m_profile, device({"name='p' id='1' dataType='FLOAT'"})));
+    QCOMPARE(eventsOf(m_profile, *m_dataSet)->size(), 0U);
 }
 
 namespace {
@@ -107,7 +129,7 @@ FlightLine line(const QDateTime& takeOff, double seconds, double fuel, std::size
 void TestFlightLog::sheetSumsDays()
 {
     const QDateTime day1(QDate(2026, 7, 28), QTime(10, 0), Qt::UTC);
-    const DaySheet sheet({line({}, 60, 1, 0), line(day1.addDays(1), 600, 4, 2),
+    const DaySheet sheet({line({}, 60.9, 1, 0), line(day1.addDays(1), 600, 4, 2),
                           line(day1.addSecs(60), 3599, 2.5, 1), line(day1, 3601, 2, 0)});
     QStringList texts;
     for (const DaySheet::Row& row : sheet.rows())
@@ -129,12 +151,15 @@ void TestFlightLog::sheetAsText()
 {
     const QDateTime day(QDate(2026, 7, 28), QTime(10, 0), Qt::UTC);
     const DaySheet sheet({line(day, 60, 1, 0), line(day, 60, 1, 0)});
-    const QStringList lines = sheet.toCsv(';').split("\r\n");
+    const QStringList lines = sheet.toCsv({".", '|', true}).split("\r\n");
     QCOMPARE(lines.size(), 4); // headings, two flights, and the end
-    QCOMPARE(lines[1].count(';'), DaySheet::headings().size() - 1);
+    QCOMPARE(lines[1].count('|'), DaySheet::headings().size() + 1);
+    QCOMPARE(lines[1].left(11), "28.07.2026|"); // a date is no number
+    QVERIFY2(lines[1].contains("|1,00|") && lines[1].endsWith("|0,0|60,0"), qPrintable(lines[1]));
     const QString html = sheet.toHtml("A & B");
     QVERIFY(html.contains("A &amp; B"));
     QCOMPARE(html.count("<tr"), 4);
+    QVERIFY(sheet.toHtml("A", "lacks <h1>").contains("lacks &lt;h1&gt;"));
 }
 
 void TestFlightLog::csvFields()

@@ -38,7 +38,7 @@ private:
 
 void TestTimeTable::init()
 {
-    QVERIFY(loadProfile(m_profile, device({"name='a' id='1' dataType='FLOAT'",
+    QVERIFY(loadProfile(m_profile, device({"name='a' id='1' dataType='FLOAT' precision='1'",
                                            "name='b' id='1' startByte='4' dataType='FLOAT'",
                                            "name='c' id='2' dataType='FLOAT'"})));
     m_dataSet = std::make_unique<DataSet>();
@@ -86,30 +86,49 @@ void TestTimeTable::rowAtTime()
     for (const auto& [seconds, row] : {std::pair(0.0, 0U),
                                        {2.0, 1U},
                                        {2.9, 1U},
-                                       {2.96, 2U}, // rounded up to the tenth
+                                       {2.9999, 1U}, // nothing of the future
                                        {5.7e11, 2U}})
         QCOMPARE(table().rowAt(seconds), row);
+    // Two values and one of another message within a tenth.
+    for (const auto& [id, seconds, value] :
+         {std::tuple(1U, 10.06, 1.0F), {1U, 10.14, 2.0F}, {2U, 10.10, 7.0F}})
+        add(m_dataSet->messages, id, seconds, floats(value));
+    const TimeTable all = table();
+    QCOMPARE(all.lastSeconds(3), 10.14);
+    for (const auto& [seconds, row, value, other] : {std::tuple(10.05, 2U, 0.0, -1.0),
+                                                     {10.06, 3U, 1.0, -1.0},
+                                                     {10.1 + 1e-9, 3U, 1.0, 7.0},
+                                                     {10.14 - 1e-9, 3U, 2.0, 7.0}}) {
+        QCOMPARE(all.rowAt(seconds), row);
+        const auto valueOf = [&, at = seconds](std::size_t column) {
+            const StoredSample* const sample = all.cellAt(at, all.rowAt(at), column).sample;
+            return sample != nullptr ? decodeNumber(sample->data, *m_columns[column]) : -1.0;
+        };
+        QCOMPARE(valueOf(0), value);
+        QCOMPARE(valueOf(2), other);
+    }
 }
 
 void TestTimeTable::jumpsToTheNextChange()
 {
     const float nan = std::nanf("");
-    const QList<float> values{1, 1, 2, 2, nan, nan, 2};
+    const QList<float> values{3, 1, 1.04F, 2, 2, nan, nan, 2}; // shown with one decimal
     for (qsizetype i = 0; i < values.size(); ++i)
         add(m_dataSet->messages, 1, 10.0 + static_cast<double>(i), floats(values[i]));
     add(m_dataSet->messages, 2, 5.0); // a row before the first value of a
-    add(m_dataSet->messages, 1, 12.02, floats(2));
+    add(m_dataSet->messages, 1, 13.02, floats(2));
     const TimeTable all = table();
     QList<qsizetype> forward;
-    for (auto row = all.nextChange(0, 0); row; row = all.nextChange(*row, 0))
+    for (auto row = all.nextChange(m_profile, 0, 0); row; row = all.nextChange(m_profile, *row, 0))
         forward << static_cast<qsizetype>(*row);
-    QCOMPARE(forward, (QList<qsizetype>{1, 3, 5, 7}));
+    QCOMPARE(forward, (QList<qsizetype>{1, 2, 4, 6, 8}));
     QList<qsizetype> backward;
-    for (auto row = all.previousChange(7, 0); row; row = all.previousChange(*row, 0))
+    for (auto row = all.previousChange(m_profile, 8, 0); row;
+         row = all.previousChange(m_profile, *row, 0))
         backward << static_cast<qsizetype>(*row);
-    QCOMPARE(backward, (QList<qsizetype>{6, 4, 2}));
-    QVERIFY(!all.nextChange(0, 2));
-    QVERIFY(!all.previousChange(0, 0));
+    QCOMPARE(backward, (QList<qsizetype>{7, 5, 3, 1})); // the first sample as well
+    QVERIFY(!all.nextChange(m_profile, 0, 2));
+    QVERIFY(!all.previousChange(m_profile, 0, 0));
 }
 
 void TestTimeTable::stepsBackInTimeAreOrdered()

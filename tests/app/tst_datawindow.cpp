@@ -1,16 +1,23 @@
+#include "analysis/ui/DialogDataLimit.h"
+#include "analysis/ui/DialogDataTable.h"
+#include "analysis/ui/DialogDataWarning.h"
+#include "analysis/ui/WidgetFaultMatrix.h"
 #include "app/DataWindow.h"
+#include "graph/ui/DialogDataGraph.h"
+#include "map/ui/DialogDataMap.h"
 #include "record/DataSet.h"
 #include "resources/Resources.h"
 #include "tests/support/Buttons.h"
 #include "tests/support/RecordingFixture.h"
-#include "tests/support/Rows.h"
 #include "ui/DataPage.h"
 
+#include <QApplication>
 #include <QDoubleSpinBox>
 #include <QLCDNumber>
 #include <QSlider>
 #include <QSplitter>
 #include <QTabBar>
+#include <QTest>
 #include <QTimeEdit>
 #include <QToolButton>
 
@@ -50,10 +57,10 @@ private slots:
     void cleanup() { m_window.reset(); }
 
     void hiddenPagesWorkWhenShown();
-    void timeReachesThePages_data();
     void timeReachesThePages();
     void displaysFollowTheTime();
     void controlsMoveTheTime();
+    void timeFieldFollowsTheReplay();
     void speedControlsStayInStep();
     void replayRunsPausesAndRewinds();
     void momentsBeyondADay();
@@ -139,32 +146,42 @@ void TestDataWindow::hiddenPagesWorkWhenShown()
     QCOMPARE(log(), "nothing 4");
 }
 
-void TestDataWindow::timeReachesThePages_data()
-{
-    const Rows<QList<Page>> row; // that are not told
-    row("slotCursor", {Page::Graph, Page::Statistic});
-    row("slotTableTime", {Page::Table, Page::Statistic});
-    row("slotLimitTime", {Page::Limit, Page::Statistic});
-    row("slotWarningTime", {Page::WarningLamps, Page::Statistic, Page::Map});
-    row("slotFaultTime", {Page::FaultMatrix, Page::Statistic});
-    row("slotSlider", {});
-    row("slotValue", {});
-}
-
 void TestDataWindow::timeReachesThePages()
 {
-    const auto [others] = fetchRow<QList<Page>>();
-    const QByteArray slot = QTest::currentDataTag();
-    const auto call = [&](auto... arguments) {
-        return QMetaObject::invokeMethod(m_window.get(), slot, arguments...);
-    };
-    QVERIFY(slot == "slotCursor"   ? call(Q_ARG(float, 200.0F), Q_ARG(double, 7.0))
-            : slot == "slotSlider" ? call(Q_ARG(int, 5000))
-            : slot == "slotValue"  ? call(Q_ARG(QTime, QTime(0, 3, 20)))
-                                   : call(Q_ARG(double, 200.0)));
-    QCOMPARE(m_window->time(), 200.0);
-    for (const Page page : allPages())
-        QCOMPARE(m_window->page(page).time(), others.contains(page) ? 100.0 : 200.0);
+    // Each page's own signal, and the pages that are not told.
+    const struct
+    {
+        const char* name;
+        std::function<void()> pick;
+        QList<Page> others;
+    } sources[] = {
+        {"graph",
+         [this] { emit child<DialogDataGraph>()->signalCursor(200.0F, 7.0); },
+         {Page::Graph, Page::Statistic}},
+        {"table",
+         [this] { emit child<DialogDataTable>()->signalTime(200.0); },
+         {Page::Table, Page::Statistic}},
+        {"limits",
+         [this] { emit child<DialogDataLimit>()->signalTime(200.0); },
+         {Page::Limit, Page::Statistic}},
+        {"lamps",
+         [this] { emit child<DialogDataWarning>()->signalTime(200.0); },
+         {Page::WarningLamps, Page::Statistic, Page::Map}},
+        {"faults",
+         [this] { emit child<WidgetFaultMatrix>()->signalTime(200.0); },
+         {Page::FaultMatrix, Page::Statistic}},
+        {"map", [this] { emit child<DialogDataMap>()->signalTime(200.0); }, {Page::Statistic}},
+        {"slider", [this] { slider()->setValue(5000); }, {}},
+        {"time field", [this] { child<QTimeEdit>()->setTime(QTime(0, 3, 20)); }, {}}};
+
+    for (const auto& source : sources) {
+        m_window->setTime(100.0);
+        source.pick();
+        QCOMPARE(m_window->time(), 200.0);
+        for (const Page page : allPages())
+            QVERIFY2(m_window->page(page).time() == (source.others.contains(page) ? 100.0 : 200.0),
+                     qPrintable(QStringLiteral("%1 to page %2").arg(source.name).arg(int(page))));
+    }
 }
 
 void TestDataWindow::displaysFollowTheTime()
@@ -198,6 +215,42 @@ void TestDataWindow::controlsMoveTheTime()
     QTest::keyClick(edit, Qt::Key_Up);
     QCOMPARE(m_window->time(), 125.0); // whole seconds on this way
     QCOMPARE(slider()->value(), 1250);
+    // A click goes to its place, and a drag goes on from there.
+    const auto place = [this](double part) {
+        return QPoint(static_cast<int>(slider()->width() * part), slider()->height() / 2);
+    };
+    QTest::mousePress(slider(), Qt::LeftButton, {}, place(0.75));
+    QVERIFY2(std::abs(m_window->time() - 250.0) < 5.0,
+             qPrintable(QString::number(m_window->time())));
+    QTest::mouseMove(slider(), place(0.25));
+    QTest::mouseRelease(slider(), Qt::LeftButton, {}, place(0.25));
+    QVERIFY2(std::abs(m_window->time() - 150.0) < 5.0,
+             qPrintable(QString::number(m_window->time())));
+}
+
+void TestDataWindow::timeFieldFollowsTheReplay()
+{
+    m_window->show();
+    QVERIFY(QTest::qWaitForWindowExposed(m_window.get()));
+    QApplication::setActiveWindow(m_window.get());
+    QTimeEdit* const edit = child<QTimeEdit>();
+    edit->setFocus();
+    QTRY_VERIFY(edit->hasFocus());
+    edit->setSelectedSection(QTimeEdit::SecondSection);
+    QTest::mouseClick(labelled(*m_window, "Replay Start"), Qt::LeftButton);
+    edit->setFocus();
+    m_clock += 5.0;
+    QTRY_COMPARE(edit->time(), QTime(0, 1, 45));
+    QTest::keyClick(edit, Qt::Key_Up);
+    QCOMPARE(m_window->time(), 106.0);
+    edit->setSelectedSection(QTimeEdit::HourSection);
+    QTest::keyClicks(edit, "0"); // half a number stays
+    m_clock += 5.0;
+    QTRY_COMPARE(m_window->time(), 111.0);
+    QCOMPARE(edit->time(), QTime(0, 1, 46));
+    QTest::keyClick(edit, Qt::Key_Return); // goes to what was typed
+    m_clock += 1.0;
+    QTRY_COMPARE(edit->time(), QTime(0, 1, 47));
 }
 
 void TestDataWindow::speedControlsStayInStep()

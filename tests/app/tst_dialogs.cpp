@@ -5,12 +5,14 @@
 #include "app/dialogs/DialogPreferences.h"
 #include "app/dialogs/DialogProfileInfo.h"
 #include "app/dialogs/ParameterListModel.h"
+#include "app/dialogs/SheetPrinter.h"
 #include "app/settings/SettingsStore.h"
 #include "app/startup/Startup.h"
 #include "resources/Resources.h"
 #include "tests/support/Buttons.h"
 #include "tests/support/ModalBoxes.h"
 #include "tests/support/RecordingFixture.h"
+#include "tests/support/Rows.h"
 
 #include <QAbstractItemModelTester>
 #include <QApplication>
@@ -19,7 +21,10 @@
 #include <QDir>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPageLayout>
+#include <QPdfWriter>
 #include <QPlainTextEdit>
+#include <QProcess>
 #include <QPushButton>
 #include <QRegularExpression>
 #include <QSignalSpy>
@@ -41,6 +46,8 @@ private slots:
     void profileParametersCanBeSearched();
     void manualHasAllItsLinks();
     void daySheetOfLoadedDataAndFolder();
+    void sheetIsReadOnPaper_data();
+    void sheetIsReadOnPaper();
     void licencesAreShown();
     void translationsAreThere();
 
@@ -204,6 +211,59 @@ void TestDialogs::daySheetOfLoadedDataAndFolder()
     QCOMPARE(dates(), both);
     dialog.open({"/no/such/folder", {}, {}});
     QCOMPARE(dates(), QStringList());
+}
+
+void TestDialogs::sheetIsReadOnPaper_data()
+{
+    const Rows<int, double> row; // size, points
+    row("A4", QPageSize::A4, 842.0);
+    row("Letter", QPageSize::Letter, 792.0);
+}
+
+void TestDialogs::sheetIsReadOnPaper()
+{
+    const auto [size, width] = fetchRow<int, double>();
+    QFont font = QApplication::font();
+    font.setPixelSize(12); // as in the windows
+    QApplication::setFont(font);
+    FlightLine line;
+    line.takeOff = QDateTime(QDate(2026, 7, 28), QTime(10, 0), Qt::UTC);
+    line.landing = line.takeOff.addSecs(600);
+    const QString path = m_home.filePath("paper.pdf");
+    {
+        QPdfWriter writer(path);
+        writer.setPageLayout(QPageLayout(QPageSize(static_cast<QPageSize::PageSizeId>(size)),
+                                         QPageLayout::Landscape, {}));
+        printSheet(DaySheet(std::vector<FlightLine>(60, line)).toHtml("Flights of <b>"), writer);
+    }
+    QProcess tool;
+    tool.start("pdftotext", {"-bbox", path, "-"});
+    QVERIFY2(tool.waitForFinished(), "pdftotext of the package poppler-utils is missing");
+    QStringList pages = QString::fromUtf8(tool.readAllStandardOutput()).split("<page ");
+    pages.removeFirst();
+    QVERIFY(pages.size() > 1);
+    static const QRegularExpression word(
+        "xMin=\"(.*)\" yMin=\"(.*)\" xMax=\"(.*)\" yMax=\"(.*)\">(.*)</word>");
+    for (const QString& page : pages) {
+        double left = width;
+        double right = 0.0;
+        for (auto it = word.globalMatch(page); it.hasNext();) {
+            const QRegularExpressionMatch match = it.next();
+            const auto number = [&](int index) { return match.captured(index).toDouble(); };
+            left = std::min(left, number(1));
+            right = std::max(right, number(3));
+            if (match.captured(5) == "28.07.2026")
+                QVERIFY2(number(4) - number(2) > 9.0 && number(4) - number(2) < 16.0,
+                         qPrintable(match.captured()));
+        }
+        QVERIFY2(page.startsWith(QStringLiteral("width=\"%1").arg(width)),
+                 qPrintable(page.left(60)));
+        QVERIFY2(left > 30.0 && left < width * 0.13, qPrintable(QString::number(left)));
+        QVERIFY2(right > width * 0.9 && right < width - 30.0, qPrintable(QString::number(right)));
+        QCOMPARE(page.count(">Exceedances<"), 1); // the headings
+    }
+    for (const char* text : {"take-off", "&lt;b&gt;"})
+        QVERIFY2(pages.front().contains(text), qPrintable(pages.front().left(2500)));
 }
 
 void TestDialogs::licencesAreShown()

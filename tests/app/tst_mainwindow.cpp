@@ -13,9 +13,11 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QMimeData>
+#include <QProgressBar>
 #include <QPushButton>
 #include <QSpinBox>
 #include <QStatusBar>
+#include <QStatusTipEvent>
 #include <QTabBar>
 #include <QToolBar>
 
@@ -42,6 +44,7 @@ private slots:
     void menusAndShortcuts();
     void preferencesReachTheWindow();
     void profileInstalledFromItsDialogIsRead();
+    void statusBarKeepsItsText();
     void recentFolders();
     void droppedFilesAreLoaded();
     void secondSelectionDuringALoadIsQueued();
@@ -94,7 +97,8 @@ void TestMainWindow::fromTheLastFolderToTheTable()
     QCOMPARE(table()->headerData(1, Qt::Horizontal).toString(), "Speed");
     const auto labels = m_window->findChildren<QLabel*>();
     QVERIFY(std::ranges::any_of(labels, [](const QLabel* label) {
-        return label->text().startsWith("Cycle 1: 2 file") && label->text().contains("20 samples");
+        return label->text().startsWith("Cycle 1: 2 file") &&
+               label->text().contains("20 samples") && label->textFormat() == Qt::PlainText;
     }));
 }
 
@@ -181,6 +185,30 @@ void TestMainWindow::profileInstalledFromItsDialogIsRead()
     click(*m_window->findChild<DialogProfileInfo*>(), "Install Profile...");
     QVERIFY(boxes.isDone());
     QVERIFY(waitFor([this] { return profile().parameters().front().name == "New"; }));
+}
+
+void TestMainWindow::statusBarKeepsItsText()
+{
+    SettingsStore::instance().setText("LastPath", folder("card").toUtf8());
+    QVERIFY(open());
+    const auto shown = [this] { return m_window->statusBar()->currentMessage(); };
+    const auto hover = [&](const QString& tip) {
+        QStatusTipEvent event(tip);
+        QApplication::sendEvent(m_window->menuBar(), &event);
+        return shown();
+    };
+    const QString told = "2 record file(s), 1 engine cycle(s)";
+    QCOMPARE(shown(), told);
+    auto* const bar = m_window->statusBar()->findChild<QProgressBar*>();
+    QCOMPARE(bar->value(), 100); // the last step stays to be seen for a moment
+    QVERIFY(bar->isVisible());
+    for (const char* tip : {"Open Data Folder", "Quit"})
+        QCOMPARE(hover(tip), tip);
+    QCOMPARE(hover({}), told);
+    hover("Quit");
+    m_window->statusBar()->showMessage("loaded meanwhile");
+    QCOMPARE(hover({}), "loaded meanwhile");
+    QTRY_VERIFY(!bar->isVisible());
 }
 
 void TestMainWindow::recentFolders()
@@ -342,7 +370,6 @@ void TestMainWindow::undoKeyReachesNoWidget()
 {
     QVERIFY(open());
     QCOMPARE(m_window->size(), QSize(1000, 800));
-    qApp->installEventFilter(m_window.get());
     QLineEdit edit;
     edit.show();
     QTest::keyClicks(&edit, "z");

@@ -3,6 +3,8 @@
 #include "resources/Resources.h"
 #include "tests/support/RecordingFixture.h"
 
+#include <QDir>
+#include <QLabel>
 #include <QLineEdit>
 #include <QSignalSpy>
 #include <QTabWidget>
@@ -27,6 +29,7 @@ private slots:
     void rawDataTellsTheHeaders();
     void wholeCycleListsItsFlights();
     void flightKeepsTheList();
+    void onlyWhatFailedIsAskedForAgain();
     void severalFilesAreOneRequest();
     void headingsAndDetailsAskForNothing();
     void emptyFolderSaysSo();
@@ -45,12 +48,13 @@ private:
         return m_dialog->findChild<QTabWidget*>()->widget(tab)->findChild<QTreeWidget*>();
     }
 
-    void click(QTreeWidgetItem* item, Qt::KeyboardModifiers modifiers = {}) const
+    void click(QTreeWidgetItem* item, Qt::KeyboardModifiers modifiers = {},
+               Qt::MouseButton button = Qt::LeftButton) const
     {
         QTreeWidget* const widget = item->treeWidget();
         m_dialog->findChild<QTabWidget*>()->setCurrentIndex(widget == tree(0) ? 0 : 1);
         widget->scrollToItem(item);
-        QTest::mouseClick(widget->viewport(), Qt::LeftButton, modifiers,
+        QTest::mouseClick(widget->viewport(), button, modifiers,
                           widget->visualItemRect(item).center());
     }
 
@@ -185,6 +189,21 @@ void TestDialogCard::flightKeepsTheList()
     QTRY_COMPARE(cycleItem(1)->childCount(), 2);
 }
 
+void TestDialogCard::onlyWhatFailedIsAskedForAgain()
+{
+    click(cycleItem(1));
+    QVERIFY(m_cycles->wait());
+    click(cycleItem(1));
+    click(cycleItem(1), {}, Qt::RightButton);
+    QVERIFY(!m_cycles->wait(700));
+    m_dialog->setChoiceFailed();
+    click(cycleItem(1));
+    QVERIFY(m_cycles->wait());
+    QCOMPARE(m_cycles->last(), (QVariantList{1U, -1}));
+    click(cycleItem(1));
+    QVERIFY(!m_cycles->wait(700));
+}
+
 void TestDialogCard::severalFilesAreOneRequest()
 {
     click(tree(1)->topLevelItem(1));
@@ -224,14 +243,30 @@ void TestDialogCard::headingsAndDetailsAskForNothing()
 
 void TestDialogCard::emptyFolderSaysSo()
 {
-    QVERIFY(tree(0)->isVisible());
+    const auto said = [this] {
+        const auto* const note =
+            tree(0)->parentWidget()->findChild<QLabel*>(); // in place of the tree
+        return note->isVisible() ? note->text() : QString();
+    };
+    QCOMPARE(said(), "");
     const QTemporaryDir empty;
     QVERIFY(m_card->readContainer(empty.path()));
     m_dialog->refresh();
-    QVERIFY(!tree(0)->isVisible());
+    QCOMPARE(said(), "No record files in this folder");
+    QVERIFY(QDir(empty.path()).removeRecursively());
+    m_dialog->refresh();
+    QVERIFY(said().contains("not there any more"));
     QVERIFY(m_card->readContainer(m_folder.path()));
     m_dialog->refresh();
-    QVERIFY(tree(0)->isVisible());
+    QCOMPARE(said(), "");
+
+    CardContainer none(*m_profile);
+    m_dialog = std::make_unique<DialogCard>(none);
+    m_dialog->show();
+    QVERIFY(said().contains("No folder is open"));
+    m_dialog->setMissingFolder("/gone/<h1>card");
+    QVERIFY(said().contains("/gone/<h1>card\nis not there"));
+    m_dialog.reset();
 }
 
 QTEST_MAIN(TestDialogCard)

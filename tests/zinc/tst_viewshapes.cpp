@@ -167,9 +167,10 @@ void TestViewShapes::levelEdgesAreSharp()
 void TestViewShapes::oddShapesEnd()
 {
     QVERIFY(triangulate(Points(2)).empty());
-    // Crossed and flat.
-    triangulate(Points{{0, 0}, {10, 10}, {10, 0}, {0, 10}, {5, -5}});
-    triangulate(Points(50));
+    QVERIFY(triangulate(Points(50)).size() <= 48); // flat
+    // Crossed: every triangle is made of the figure's points, and there are no more than of others.
+    const Points crossed{{0, 0}, {10, 10}, {10, 0}, {0, 10}, {5, -5}};
+    QVERIFY(triangulate(crossed).size() <= crossed.size() - 2);
 }
 
 QTEST_APPLESS_MAIN(TestViewShapes)
