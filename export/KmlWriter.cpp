@@ -1,6 +1,6 @@
 #include "export/KmlWriter.h"
 
-#include "analysis/EventFinder.h"
+#include "analysis/Findings.h"
 #include "export/ExportClock.h"
 #include "export/ExportFile.h"
 #include "export/KmlDescription.h"
@@ -74,7 +74,7 @@ private:
     const Profile& m_profile;
     const KmlOptions& m_options;
     std::vector<PathSection> m_sections;
-    std::vector<Event> m_events;
+    EventList m_events;
     std::vector<Marks> m_marks; ///< by section
     ExportClock m_clock;
     KmlDescription m_description;
@@ -157,10 +157,9 @@ void KmlDocument::findMarks()
     m_marks.resize(m_sections.size());
     if (!m_options.errorMarkOn || !(m_options.showLimit || m_options.showWarning))
         return;
-    m_events =
-        findEvents(m_profile, m_dataSet,
-                   m_options.showLimit ? EventScope::AllParameters : EventScope::WarningLamps);
-    for (const Event& event : m_events) {
+    m_events = eventsOf(m_profile, m_dataSet,
+                        m_options.showLimit ? EventScope::AllParameters : EventScope::WarningLamps);
+    for (const Event& event : *m_events) {
         const bool isLamp = event.parameter->koltDataType == QLatin1String("WarningLamp");
         if (!isLamp || m_options.showWarning)
             m_marks[sectionAt(m_sections, event.seconds)].push_back(&event);

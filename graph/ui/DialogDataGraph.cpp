@@ -1,6 +1,6 @@
 #include "graph/ui/DialogDataGraph.h"
 
-#include "analysis/EventFinder.h"
+#include "analysis/Findings.h"
 #include "graph/TraceFeeder.h"
 #include "graph/ui/DialogGraphSetup.h"
 #include "graph/ui/WidgetGraph.h"
@@ -169,7 +169,7 @@ void DialogDataGraph::feedEvents()
 {
     if (m_hasEvents || !m_settings.hasEvents || dataSet() == nullptr)
         return;
-    m_graph->setEventLines(linesOf(findEvents(m_profile, *dataSet(), EventScope::AllParameters)));
+    m_graph->setEventLines(linesOf(*eventsOf(m_profile, *dataSet())));
     m_hasEvents = true;
 }
 
