@@ -181,6 +181,6 @@ int main(int argc, char** argv)
         argc, argv,
         {{"memory of loading 500 MB / file", nullptr, nullptr, Bound::AtMost, 3.0, loadMemory},
          {"listing 1,000 files / bare reads", listContainer, listBare, Bound::AtMost, 3.0},
-         {"loading 500 MB / read", loadGrouped, readBare, Bound::AtMost, 2.0},
+         {"loading 500 MB / read", loadGrouped, readBare, Bound::AtMost, 6.0},
          {"loading 500 MB / read and group", loadGrouped, readAndGroup, Bound::AtMost, 2.0}});
 }
