@@ -3,7 +3,6 @@
 #include "analysis/ui/DialogData.h"
 #include "app/DialogProfile.h"
 #include "app/MainActions.h"
-#include "app/ProfileInstaller.h"
 #include "app/ProjectSession.h"
 #include "app/Selector.h"
 #include "app/SettingsSaver.h"
@@ -15,6 +14,7 @@
 #include "app/settings/CommandLineOptions.h"
 #include "app/settings/GraphSettingsStore.h"
 #include "app/settings/MapSettingsStore.h"
+#include "app/settings/ProfileInstaller.h"
 #include "app/settings/SettingsStore.h"
 #include "app/startup/Startup.h"
 #include "base/Diagnostics.h"
@@ -101,6 +101,7 @@ DialogMain::DialogMain()
         m_data->setCurrentPage(DialogData::Page::EmuView);
     }
     loadProfile();
+    m_profileDialog->refresh();
     refreshTitle();
     qApp->installEventFilter(this);
     show();
@@ -139,8 +140,6 @@ void DialogMain::createPanels()
     connect(m_profileDialog, &DialogProfile::signalChanged, this,
             qOverload<>(&DialogMain::slotProfileChanged));
     connect(m_project, &ProjectSession::signalSelectionChanged, this, [this] {
-        m_wanted.clear();
-        rememberSelection();
         m_profileDialog->refresh();
         m_data->refresh();
     });
@@ -242,7 +241,6 @@ void DialogMain::loadProfile()
     m_profile.setUnitSystem(settings.getInteger("Unit", 0) == 1 ? UnitSystem::Imperial
                                                                 : UnitSystem::Metric);
     refreshSelectors();
-    m_profileDialog->refresh();
     m_profileInfo->refresh();
 }
 
@@ -261,25 +259,12 @@ void DialogMain::refreshSelectors()
     m_isUpdating = false;
 }
 
-void DialogMain::rememberSelection()
-{
-    for (const ProfileParameter& parameter : m_profile.parameters()) {
-        if (parameter.selected)
-            m_wanted.insert(parameter.fullName);
-        else
-            m_wanted.erase(parameter.fullName);
-    }
-}
-
 void DialogMain::reloadProfile()
 {
-    rememberSelection(); // what another variant does not have stays wanted
     const double time = m_data->time();
     m_data->clear(); // it points into the profile
     loadProfile();
-    m_profile.select([this](const ProfileParameter& parameter) {
-        return m_wanted.contains(parameter.fullName);
-    });
+    m_project->restoreSelection();
     m_profileDialog->reload();
     showReloaded();
     m_data->setTime(time);
@@ -308,7 +293,10 @@ void DialogMain::showReloaded()
 
 void DialogMain::slotTimeout()
 {
-    tellProfileFailure(); // a box needs the event loop
+    // Boxes need the event loop.
+    if (SettingsStore::instance().isBroken())
+        saveSettings(this);
+    tellProfileFailure();
 }
 
 void DialogMain::tellProfileFailure()
@@ -378,7 +366,6 @@ void DialogMain::slotUnitChanged(int unit)
 void DialogMain::slotProfileChanged()
 {
     m_project->setModified();
-    rememberSelection();
     m_data->refresh();
 }
 

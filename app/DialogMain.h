@@ -15,7 +15,6 @@
 #include <functional>
 #include <list>
 #include <memory>
-#include <set>
 #include <variant>
 
 class QAction;
@@ -112,7 +111,6 @@ private:
     void tellProfileFailure();
     void reloadProfile();
     void showReloaded();
-    void rememberSelection();
     void refreshSelectors();
 
     void askForFolder();
@@ -120,6 +118,7 @@ private:
     void openDropped(const QStringList& paths);
     bool listFolder(const QString& folder);
     void load(const Choice& choice);
+    bool canLoad(const Choice& choice);
     void loadNow(const Choice& choice);
     QString nameOf(const Choice& choice) const;
     Files filesOf(const Choice& choice) const;
@@ -137,8 +136,7 @@ private:
     RecentFolders m_recentFolders;
     SettingsSaver m_settingsSaver{*this};
     Choice m_choice;
-    ExportSubject m_subject;    ///< where the loaded data came from
-    std::set<QString> m_wanted; ///< full names of the selected parameters, of all variants
+    ExportSubject m_subject; ///< where the loaded data came from
     EndProcess m_endProcess;
     QString m_notice; ///< what is wrong with a page, told once
     QString m_tip;    ///< of the menu entry below the pointer

@@ -32,6 +32,16 @@ namespace KOLT {
 
 namespace {
 
+QString shortList(QStringList names)
+{
+    constexpr int most = 10;
+    if (names.size() > most) {
+        names.resize(most);
+        names.push_back(QStringLiteral("..."));
+    }
+    return names.join(QLatin1Char('\n'));
+}
+
 /// A second click brings a window that is open already to the front.
 void showInFront(QWidget* window)
 {
@@ -188,8 +198,31 @@ void DialogMain::load(const Choice& choice)
     m_jobs.runLatest(JobQueue::Kind::Choice, [this, choice] { loadNow(choice); });
 }
 
+bool DialogMain::canLoad(const Choice& choice)
+{
+    const Files files = filesOf(choice);
+    if (m_card.dataSet() == nullptr || files.empty() || m_card.canReadAny(files))
+        return true;
+    if (const auto* const shown = std::get_if<Files>(&m_choice))
+        m_cardDialog->showFiles(*shown);
+    else if (const auto* const picked = std::get_if<CycleChoice>(&m_choice))
+        m_cardDialog->showCycle(static_cast<unsigned int>(picked->cycle), picked->flight);
+    else
+        m_cardDialog->showNothing();
+    QStringList names;
+    for (const QString& path : files)
+        names.push_back(path.section(QLatin1Char('/'), -1));
+    Messages::warn(this, tr("These files could not be read, and what was loaded before is still "
+                            "shown:\n%1\nPlease check that the card is still inserted and that the "
+                            "files can be read; then open the folder again.")
+                             .arg(shortList(names)));
+    return false;
+}
+
 void DialogMain::loadNow(const Choice& choice)
 {
+    if (!canLoad(choice))
+        return;
     m_data->beginLoading(tr("Loading %1 ...").arg(nameOf(choice)));
     m_dataInWords->clear();
     m_progress->begin(tr("Loading %1").arg(nameOf(choice)));
@@ -292,16 +325,10 @@ void DialogMain::tellUnreadFiles()
     const std::vector<QString>& unread = m_card.dataSet()->unreadFiles;
     if (unread.empty())
         return;
-    QStringList names(unread.begin(), unread.end());
-    constexpr int most = 10;
-    if (names.size() > most) {
-        names.resize(most);
-        names.push_back(QStringLiteral("..."));
-    }
     Messages::warn(this, tr("These files could not be read and are missing in what is shown:\n%1\n"
                             "Please check that the card is still inserted and that the files can "
                             "be read; then open the folder again.")
-                             .arg(names.join(QLatin1Char('\n'))));
+                             .arg(shortList({unread.begin(), unread.end()})));
 }
 
 void DialogMain::dragEnterEvent(QDragEnterEvent* event)

@@ -19,6 +19,8 @@ namespace {
 
 constexpr int pageMargin = 3;
 constexpr int selectedTab = 1;
+constexpr int nameRole = Qt::UserRole;
+constexpr int selectedRole = Qt::UserRole + 1; ///< when the tree was filled
 
 QString describe(const Profile& profile, const ProfileParameter& parameter)
 {
@@ -91,6 +93,12 @@ QWidget* DialogProfile::createTreePage()
 
 void DialogProfile::refresh()
 {
+    m_changes.clear();
+    fill();
+}
+
+void DialogProfile::fill()
+{
     m_isFilling = true;
     m_tree->clear();
     m_parameters.clear();
@@ -102,16 +110,21 @@ void DialogProfile::refresh()
 
 void DialogProfile::reload()
 {
-    std::set<QString> names; // the parameters themselves are gone
+    // The parameters themselves are gone.
     for (const auto& [item, parameter] : m_parameters) {
-        if (item->checkState(0) == Qt::Checked)
-            names.insert(item->data(0, Qt::UserRole).toString());
+        const bool isChecked = item->checkState(0) == Qt::Checked;
+        const QString name = item->data(0, nameRole).toString();
+        if (isChecked != item->data(0, selectedRole).toBool())
+            m_changes[name] = isChecked;
+        else
+            m_changes.erase(name);
     }
-    refresh();
+    fill();
     m_isFilling = true;
     for (const auto& [item, parameter] : m_parameters) {
-        if (names.contains(parameter->fullName))
-            item->setCheckState(0, Qt::Checked);
+        const auto change = m_changes.find(parameter->fullName);
+        if (change != m_changes.end())
+            item->setCheckState(0, change->second ? Qt::Checked : Qt::Unchecked);
     }
     m_isFilling = false;
     showDraft();
@@ -137,7 +150,8 @@ void DialogProfile::addDevices()
             auto* const item = new QTreeWidgetItem(group, {parameter->name});
             item->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsUserCheckable);
             item->setCheckState(0, parameter->selected ? Qt::Checked : Qt::Unchecked);
-            item->setData(0, Qt::UserRole, parameter->fullName);
+            item->setData(0, nameRole, parameter->fullName);
+            item->setData(0, selectedRole, parameter->selected);
             item->setToolTip(0, describe(m_profile, *parameter));
             m_parameters[item] = parameter;
         }
@@ -206,6 +220,7 @@ void DialogProfile::showDraft()
 
 void DialogProfile::clearDraft()
 {
+    m_changes.clear();
     m_isFilling = true;
     for (const auto& [item, parameter] : m_parameters)
         item->setCheckState(0, Qt::Unchecked);
@@ -235,6 +250,10 @@ void DialogProfile::confirm()
     const std::set<const ProfileParameter*> chosen(checked.begin(), checked.end());
     m_profile.select(
         [&](const ProfileParameter& parameter) { return chosen.contains(&parameter); });
+    m_isFilling = true;
+    for (const auto& [item, parameter] : m_parameters)
+        item->setData(0, selectedRole, parameter->selected);
+    m_isFilling = false;
     showDraft();
     emit signalChanged();
 }

@@ -32,8 +32,8 @@ public:
     /// Fills the tree anew from the profile and its flags; a draft is lost.
     void refresh();
 
-    /// The same after the profile was loaded anew; the draft is kept, as far as its parameters
-    /// still exist.
+    /// The same after the profile was loaded anew; the draft is kept, also of parameters that only
+    /// another variant has.
     void reload();
 
     /// Other units are shown.
@@ -45,6 +45,7 @@ signals:
 
 private:
     QWidget* createTreePage();
+    void fill();
     void addDevices();
     void filter(const QString& text);
     void slotItemChanged();
@@ -56,6 +57,7 @@ private:
 
     Profile& m_profile;
     std::map<QTreeWidgetItem*, const ProfileParameter*> m_parameters;
+    std::map<QString, bool> m_changes; ///< drafts of before, by full names
     QLineEdit* m_filter = nullptr;
     QTreeWidget* m_tree = nullptr;
     QListWidget* m_list = nullptr;

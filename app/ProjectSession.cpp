@@ -5,9 +5,11 @@
 #include "app/settings/DataPaths.h"
 #include "app/settings/SettingsStore.h"
 #include "base/SafeFile.h"
+#include "base/XmlFile.h"
 #include "ui/Messages.h"
 #include "ui/SaveDialog.h"
 
+#include <QDomDocument>
 #include <QFile>
 #include <QFileDialog>
 #include <QMessageBox>
@@ -20,6 +22,15 @@ namespace KOLT {
 namespace {
 
 constexpr auto lastPathKey = "LastProjectPath";
+constexpr int pauseMilliseconds = 1000;
+
+/// The root's name, null for a file that cannot be read.
+QString rootOf(const QString& path)
+{
+    QDomDocument document;
+    readXmlFile(path, document);
+    return document.documentElement().tagName();
+}
 
 } // namespace
 
@@ -27,8 +38,12 @@ ProjectSession::ProjectSession(Profile& profile, QWidget& window)
     : QObject(&window)
     , m_profile(profile)
     , m_window(window)
+    , m_wanted(profile)
     , m_path(defaultPath())
 {
+    m_timer.setSingleShot(true);
+    m_timer.setInterval(pauseMilliseconds);
+    m_timer.callOnTimeout(this, [this] { saveDefault(); });
     Project::instance().setProfile(&m_profile);
     SettingsStore::instance().setText(lastPathKey, m_path.toUtf8());
 }
@@ -37,6 +52,12 @@ QString ProjectSession::defaultPath()
 {
     return QFile::decodeName(DataPaths::instance().dataPath()) +
            QStringLiteral("/CurrentProject.xml");
+}
+
+QString ProjectSession::otherVariantsPath()
+{
+    return QFile::decodeName(DataPaths::instance().dataPath()) +
+           QStringLiteral("/OtherVariants.xml");
 }
 
 QString ProjectSession::lastPath() const
@@ -51,15 +72,47 @@ void ProjectSession::storePath(const QString& path)
     emit signalPathStored();
 }
 
+void ProjectSession::setModified()
+{
+    m_isModified = true;
+    setStale();
+}
+
+void ProjectSession::setStale()
+{
+    m_wanted.remember();
+    m_isStale = true;
+    m_timer.start();
+}
+
+void ProjectSession::restoreSelection()
+{
+    m_wanted.apply();
+}
+
+/// The parameters of a file that was read, also those that another variant of the profile has.
+void ProjectSession::takeNames()
+{
+    m_wanted.clear();
+    for (const auto& [name, number] : Project::instance().names())
+        m_wanted.add(QString::fromUtf8(name));
+    m_wanted.remember();
+}
+
 void ProjectSession::readLast()
 {
     const QString path = lastPath();
-    if (!QFile::exists(path))
+    if (!QFile::exists(path)) {
+        Project::instance().clear();
         selectDefaultParameters(m_profile);
-    else if (Project::instance().read(path) != 0)
+    } else if (Project::instance().read(path) != 0) {
         m_path = path;
-    else
+    } else {
         replaceUnreadable(path);
+    }
+    takeNames();
+    m_wanted.load(otherVariantsPath());
+    m_wanted.apply();
     emit signalSelectionChanged();
 }
 
@@ -100,6 +153,8 @@ void ProjectSession::newProject()
     m_path.clear();
     m_isModified = false;
     Project::instance().clear();
+    m_wanted.clear();
+    setStale();
     emit signalSelectionChanged();
 }
 
@@ -111,7 +166,16 @@ void ProjectSession::open()
                                                       lastPath(), tr("Project Files (*.xml)"));
     if (path.isEmpty())
         return;
-    if (Project::instance().read(path) == 0) {
+    // Looked at before it is read, which drops what was there.
+    const QString root = rootOf(path);
+    if (!root.isEmpty() && root != QLatin1String("KoltProject")) {
+        Messages::warn(&m_window,
+                       tr("The file\n%1\nis no KOLT project. The selected parameters stay "
+                          "as they are.")
+                           .arg(path));
+        return;
+    }
+    if (root.isEmpty() || Project::instance().read(path) == 0) {
         Messages::warn(&m_window,
                        tr("The project file\n%1\ncannot be read. The selected parameters "
                           "stay as they are.")
@@ -120,6 +184,8 @@ void ProjectSession::open()
     }
     m_path = path;
     m_isModified = false;
+    takeNames();
+    setStale();
     storePath(path);
     emit signalSelectionChanged();
 }
@@ -165,27 +231,34 @@ bool ProjectSession::write(const QString& path)
     return true;
 }
 
+void ProjectSession::saveDefault()
+{
+    m_timer.stop();
+    if (!m_isStale || m_profile.parameters().empty())
+        return; // nothing can have been selected
+    Project::instance().write(defaultPath());
+    m_isStale = !Project::instance().lastWrite() || !m_wanted.save(otherVariantsPath());
+    if (m_isStale)
+        tellNotSaved(defaultPath());
+}
+
 void ProjectSession::saveOnExit()
 {
-    if (m_profile.parameters().empty())
-        return; // nothing can have been selected
-    Project& project = Project::instance();
     const bool isElsewhere = !m_path.isEmpty() && m_path != defaultPath();
-    bool isSaved = true;
-    if (m_isModified && isElsewhere) {
-        project.write(m_path);
-        isSaved = bool{project.lastWrite()};
+    saveDefault();
+    if (m_isModified && isElsewhere && !m_profile.parameters().empty()) {
+        Project::instance().write(m_path);
+        if (!Project::instance().lastWrite())
+            tellNotSaved(m_path);
     }
-    if (m_isModified || isElsewhere) {
-        project.write(defaultPath());
-        isSaved = isSaved && bool{project.lastWrite()};
-    }
-    if (!isSaved)
-        Messages::warn(&m_window,
-                       tr("The selected parameters could not be saved to\n%1\nThe folder "
-                          "cannot be written, or is full.")
-                           .arg(isElsewhere ? m_path : defaultPath()));
     m_isModified = false;
+}
+
+void ProjectSession::tellNotSaved(const QString& path)
+{
+    Messages::warn(&m_window, tr("The selected parameters could not be saved to\n%1\nThe folder "
+                                 "cannot be written, or is full.")
+                                  .arg(path));
 }
 
 void selectDefaultParameters(Profile& profile)

@@ -1,8 +1,10 @@
 #pragma once
 
+#include "app/WantedParameters.h"
 #include "profile/Profile.h"
 
 #include <QObject>
+#include <QTimer>
 
 class QWidget;
 
@@ -27,7 +29,11 @@ public:
     bool isModified() const { return m_isModified; }
 
     /// The user chose other parameters.
-    void setModified() { m_isModified = true; }
+    void setModified();
+
+    /// After the profile was loaded anew: selects what was selected before, and what only this
+    /// variant has and was selected when it was in use before.
+    void restoreSelection();
 
     /// Reads the last project. Where there is none yet, selects some parameters that nearly every
     /// pilot wants to see.
@@ -41,8 +47,8 @@ public:
     bool save();
     bool saveAs();
 
-    /// Saves unsaved changes without asking, at the program's end. What the next start reopens is
-    /// always brought up to date.
+    /// Saves unsaved changes without asking, at the program's end. What the next start reopens, the
+    /// default project, is brought up to date a second after each change, and here.
     void saveOnExit();
 
 signals:
@@ -56,12 +62,20 @@ private:
     void replaceUnreadable(const QString& path);
     void storePath(const QString& path);
     QString lastPath() const;
+    void setStale();
+    void takeNames();
+    void saveDefault();
+    void tellNotSaved(const QString& path);
     static QString defaultPath();
+    static QString otherVariantsPath();
 
     Profile& m_profile;
     QWidget& m_window;
+    WantedParameters m_wanted;
     QString m_path;
     bool m_isModified = false;
+    bool m_isStale = false; ///< the default project is not what is selected
+    QTimer m_timer;
 };
 
 /// Selects the parameters for a first start: engine speed, altitude, speed, throttle and fuel by

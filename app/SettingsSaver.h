@@ -6,7 +6,8 @@ class QWidget;
 
 namespace KOLT {
 
-/// Saves the settings, and tells the user when they cannot be written.
+/// Saves the settings, and tells the user when they cannot be written, and when those in the file
+/// could not be read.
 void saveSettings(QWidget* parent);
 
 /// Saves the settings a second after the last of many changes.

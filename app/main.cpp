@@ -11,6 +11,7 @@
 #include <QStyleFactory>
 
 #include <clocale>
+#include <csignal>
 #include <cstdio>
 
 int main(int argc, char* argv[])
@@ -19,6 +20,9 @@ int main(int argc, char* argv[])
     // Whoever watches the output through a pipe sees each line when it is written.
     std::setvbuf(stdout, nullptr, _IOLBF, BUFSIZ);
 
+#ifdef SIGPIPE
+    std::signal(SIGPIPE, SIG_IGN); // when they stop watching, the window stays
+#endif
     initKoltResources();
     printBanner();
     Startup::parseCommandLine(argc, argv);

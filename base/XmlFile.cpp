@@ -48,25 +48,6 @@ bool isAcceptableXml(const QByteArray& content)
     return !reader.hasError();
 }
 
-XmlStatus readContent(const QString& path, QDomDocument& document)
-{
-    QFile file(path);
-    // A pipe or a device would block or never end.
-    if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly)) {
-        Diagnostics::print("could not open file <%s>\n", qUtf8Printable(path));
-        return XmlStatus::NotOpened;
-    }
-    const QByteArray content = file.read(std::min(file.size(), maxXmlFileBytes + 1));
-    QDomDocument parsed;
-    if (content.size() > maxXmlFileBytes || !isAcceptableXml(content) ||
-        !parsed.setContent(content)) {
-        Diagnostics::print("could not set content <%s>\n", qUtf8Printable(path));
-        return XmlStatus::NotParsed;
-    }
-    document = parsed;
-    return XmlStatus::Ok;
-}
-
 bool isXmlCharacter(char32_t c)
 {
     return c == 0x9 || c == 0xA || c == 0xD || (c >= 0x20 && c <= 0xD7FF) ||
@@ -75,9 +56,28 @@ bool isXmlCharacter(char32_t c)
 
 } // namespace
 
+XmlStatus parseXmlFile(const QString& path, QDomDocument& document)
+{
+    QFile file(path);
+    // A pipe or a device would block or never end.
+    if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly))
+        return XmlStatus::NotOpened;
+    const QByteArray content = file.read(std::min(file.size(), maxXmlFileBytes + 1));
+    QDomDocument parsed;
+    if (content.size() > maxXmlFileBytes || !isAcceptableXml(content) ||
+        !parsed.setContent(content))
+        return XmlStatus::NotParsed;
+    document = parsed;
+    return XmlStatus::Ok;
+}
+
 XmlStatus readXmlFile(const QString& path, QDomDocument& document)
 {
-    const XmlStatus status = readContent(path, document);
+    const XmlStatus status = parseXmlFile(path, document);
+    if (status == XmlStatus::NotOpened)
+        Diagnostics::print("could not open file <%s>\n", qUtf8Printable(path));
+    else if (status == XmlStatus::NotParsed)
+        Diagnostics::print("could not set content <%s>\n", qUtf8Printable(path));
     Diagnostics::print("readXmlFile <%s> %d\n", qUtf8Printable(path),
                        status == XmlStatus::Ok ? 1 : 0);
     return status;

@@ -22,9 +22,11 @@ constexpr int maxXmlElements = 1'000'000;
 constexpr int maxXmlDepth = 200;
 constexpr int maxXmlAttributes = 2'000; ///< of one element
 
-/// Reads the file into `document`. On failure the document is left as it was, and one of
-/// "could not open file <path>" or "could not set content <path>" is printed; in every case
-/// "readXmlFile <path> 1|0" follows.
+/// Reads the file into `document`, which is left as it was on failure.
+XmlStatus parseXmlFile(const QString& path, QDomDocument& document);
+
+/// The same, and says so: on failure one of "could not open file <path>" and "could not set content
+/// <path>" is printed; in every case "readXmlFile <path> 1|0" follows.
 XmlStatus readXmlFile(const QString& path, QDomDocument& document);
 
 /// Writes the document as UTF-8 with an indentation of 4. The file is replaced as a whole or not at

@@ -103,6 +103,17 @@ void CardContainer::repairDates()
     }
 }
 
+bool CardContainer::canReadAny(const std::list<QString>& paths) const
+{
+    return std::ranges::any_of(paths, [this](const QString& path) {
+        const auto known = m_files.find(fileNameOf(path));
+        QFile file(known != m_files.end() ? known->second.path() : QString());
+        // A card that is gone may still be remembered by the system: it has to give a byte.
+        return QFileInfo(file).isFile() && file.open(QIODevice::ReadOnly) &&
+               (file.size() == 0 || file.getChar(nullptr));
+    });
+}
+
 bool CardContainer::loadFiles(const std::list<QString>& paths, const Progress& progress)
 {
     m_dataSet.reset(); // two cycles at once would need twice the memory

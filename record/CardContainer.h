@@ -37,6 +37,10 @@ public:
     /// While files are read the progress stays at 0; it becomes 100 at the end.
     bool readContainer(const QString& folder, const Progress& progress = {});
 
+    /// Whether at least one of these files can be opened and read. Whoever wants to keep the
+    /// current data set otherwise, as of a card that was pulled, asks before loading.
+    bool canReadAny(const std::list<QString>& paths) const;
+
     /// The three ways to load a data set, which replaces the current one. Files are read in the
     /// order given: the first gives start and date-time, the last the stop. A file that is not
     /// part of the container, or cannot be read, contributes nothing.

@@ -86,6 +86,19 @@ WINDOW_CLASSES = re.compile(
     r")$"
 )
 
+# Files are written in one place, which replaces them as a whole and keeps off the recordings, and
+# named in one dialog, which gives the name a suffix before it asks whether to replace a file.
+WRITING = re.compile(
+    r"<(QSaveFile|QTemporaryFile|QPdfWriter|fstream)>|getSaveFileName|AcceptSave|std::ofstream|\bfopen\("
+    r"|QFile::(copy|rename|link)\(|setOutputFileName"
+    r"|QFile\w*\s+(\w+)\([^)]*\).*WriteOnly|\b(file|m_file)(\.|->)open\([^)]*(WriteOnly|ReadWrite|Append)")
+WRITERS = {
+    "base/SafeFile.cpp", "ui/SaveDialog.cpp",
+    "app/dialogs/DialogDaySheet.cpp",  # its PDF goes into memory
+    "libs/tessamap/tiles/TileDiskCache.cpp",  # its own folder
+}
+
+
 def layer_of(path):
     """The layer that a path belongs to; None where there is no such room."""
     parts = path.split("/")
@@ -123,6 +136,8 @@ class Checker:
             self.complain(path, 1, "lies in no known room")
         for number, line in enumerate(data.decode("utf-8", "replace").splitlines(), 1):
             include = INCLUDE.match(line) if layer else None
+            if layer and layer not in OUTER and path not in WRITERS and WRITING.search(line):
+                self.complain(path, number, "write with base/SafeFile.h, ask with ui/SaveDialog.h")
             if include:
                 self.includes += 1
                 self.check_include(path, number, layer, include[1] == '"', include[2])
@@ -225,6 +240,13 @@ EXAMPLES = [
     ("cli/Bad3.cpp", '#include "app/Good.h"', False),
     ("tools/Bad.cpp", '#include "tests/Good.h"', False),
     ("attic/Bad.cpp", "int x;", False),
+    ("export/Bad1.cpp", "#include <QSaveFile>", False),
+    ("export/Bad2.cpp", "if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate))", False),
+    ("export/Bad3.cpp", "const bool done = QFile::copy(from, to);", False),
+    ("app/Bad4.cpp", "path = QFileDialog::getSaveFileName(this);", False),
+    ("base/SafeFile.cpp", "#include <QSaveFile>", True),
+    ("export/Good2.cpp", "buffer.open(QIODevice::WriteOnly);", True),
+    ("export/Good3.cpp", "if (!file.open(QIODevice::ReadOnly))", True),
     ("base/Good.h", "#include <vector>", True),
     ("profile/Good.h", '#include "base/Good.h"', True),
     ("record/Good.h", '#include "libs/tusk/math/Good.h"', True),

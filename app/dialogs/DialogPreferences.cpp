@@ -1,8 +1,8 @@
 #include "app/dialogs/DialogPreferences.h"
 
-#include "app/ProfileInstaller.h"
 #include "app/SettingsSaver.h"
 #include "app/dialogs/ProfileInstallation.h"
+#include "app/settings/ProfileInstaller.h"
 #include "app/settings/SettingsStore.h"
 #include "app/startup/Startup.h"
 
@@ -36,16 +36,6 @@ QDoubleSpinBox* createShadingBox(const QString& tip)
     box->setSingleStep(shadingStep);
     box->setToolTip(tip);
     return box;
-}
-
-/// Stores a number unless it is what the settings hold already.
-bool storeDouble(const char* key, double fallback, double value)
-{
-    SettingsStore& settings = SettingsStore::instance();
-    if (settings.getDouble(key, fallback) == value)
-        return false;
-    settings.setText(key, QByteArray::number(value));
-    return true;
 }
 
 } // namespace
@@ -117,13 +107,14 @@ void DialogPreferences::createMap(QFormLayout* form)
     m_tileServer = new QLineEdit;
     m_tileServer->setMinimumWidth(fieldWidth);
     m_tileServer->setToolTip(tr("A plain address, or a template with {z}, {x} and {y}"));
-    m_contrast = createShadingBox(tr("Contrast of the hill shading"));
-    m_brightness = createShadingBox(tr("Brightness of the hill shading"));
-    m_factor = createShadingBox(tr("Height factor of the hill shading"));
+    m_shading = {
+        {{"MapShadingContrast", 1.0, createShadingBox(tr("Contrast of the hill shading"))},
+         {"MapShadingBrightness", 1.0, createShadingBox(tr("Brightness of the hill shading"))},
+         {"MapShadingFactor", 0.5, createShadingBox(tr("Height factor of the hill shading"))}}};
     form->addRow(tr("&Tile server"), m_tileServer);
-    form->addRow(tr("Shading &contrast"), m_contrast);
-    form->addRow(tr("Shading &brightness"), m_brightness);
-    form->addRow(tr("Shading f&actor"), m_factor);
+    form->addRow(tr("Shading &contrast"), m_shading[0].box);
+    form->addRow(tr("Shading &brightness"), m_shading[1].box);
+    form->addRow(tr("Shading f&actor"), m_shading[2].box);
 }
 
 void DialogPreferences::showEvent(QShowEvent* event)
@@ -142,11 +133,14 @@ void DialogPreferences::readSettings()
     m_fontSize->setValue(settings.getInteger("FontSize", Startup::defaultFontPixels));
     m_shownFontSize = m_fontSize->value();
     m_unit->setCurrentIndex(settings.getInteger("Unit", 0) == 1 ? 1 : 0);
+    m_shownUnit = m_unit->currentIndex();
     m_profile->setText(ProfileInstaller::installedPath());
-    m_tileServer->setText(QString::fromUtf8(settings.getText("TileServer", defaultTileServer)));
-    m_contrast->setValue(settings.getDouble("MapShadingContrast", 1.0));
-    m_brightness->setValue(settings.getDouble("MapShadingBrightness", 1.0));
-    m_factor->setValue(settings.getDouble("MapShadingFactor", 0.5));
+    m_shownServer = QString::fromUtf8(settings.getText("TileServer", defaultTileServer));
+    m_tileServer->setText(m_shownServer);
+    for (Shading& field : m_shading) {
+        field.box->setValue(settings.getDouble(field.key, field.fallback));
+        field.shown = field.box->value(); // rounded, and within the box's range
+    }
 }
 
 void DialogPreferences::apply()
@@ -157,8 +151,10 @@ void DialogPreferences::apply()
         settings.setText("Locale", m_language->currentData().toString().toUtf8());
     m_shownLanguage = m_language->currentIndex();
     const int unit = m_unit->currentIndex();
-    const bool isOtherUnit = settings.getInteger("Unit", 0) != unit;
-    settings.setInteger("Unit", unit);
+    const bool isOtherUnit = unit != m_shownUnit;
+    if (isOtherUnit)
+        settings.setInteger("Unit", unit);
+    m_shownUnit = unit;
     const bool isOtherFont = m_fontSize->value() != m_shownFontSize;
     if (isOtherFont)
         settings.setInteger("FontSize", m_fontSize->value());
@@ -178,14 +174,19 @@ void DialogPreferences::apply()
 bool DialogPreferences::storeMap()
 {
     SettingsStore& settings = SettingsStore::instance();
-    QByteArray server = m_tileServer->text().trimmed().toUtf8();
-    if (server.isEmpty())
-        server = defaultTileServer;
-    bool isChanged = settings.getText("TileServer", defaultTileServer) != server;
-    settings.setText("TileServer", server);
-    isChanged |= storeDouble("MapShadingContrast", 1.0, m_contrast->value());
-    isChanged |= storeDouble("MapShadingBrightness", 1.0, m_brightness->value());
-    isChanged |= storeDouble("MapShadingFactor", 0.5, m_factor->value());
+    bool isChanged = m_tileServer->text() != m_shownServer;
+    if (isChanged) {
+        const QByteArray server = m_tileServer->text().trimmed().toUtf8();
+        settings.setText("TileServer", server.isEmpty() ? QByteArray(defaultTileServer) : server);
+    }
+    m_shownServer = m_tileServer->text();
+    for (Shading& field : m_shading) {
+        if (field.box->value() == field.shown)
+            continue;
+        field.shown = field.box->value();
+        settings.setText(field.key, QByteArray::number(field.shown));
+        isChanged = true;
+    }
     return isChanged;
 }
 

@@ -2,6 +2,8 @@
 
 #include <QDialog>
 
+#include <array>
+
 class QComboBox;
 class QDoubleSpinBox;
 class QFormLayout;
@@ -34,6 +36,14 @@ protected:
     void showEvent(QShowEvent* event) override;
 
 private:
+    struct Shading
+    {
+        const char* key = nullptr;
+        double fallback = 0.0;
+        QDoubleSpinBox* box = nullptr;
+        double shown = 0.0; ///< when the dialog was opened
+    };
+
     void createGeneral(QFormLayout* form);
     void createMap(QFormLayout* form);
     void readSettings();
@@ -48,11 +58,12 @@ private:
     QComboBox* m_unit = nullptr;
     QLineEdit* m_profile = nullptr;
     QLineEdit* m_tileServer = nullptr;
-    QDoubleSpinBox* m_contrast = nullptr;
-    QDoubleSpinBox* m_brightness = nullptr;
-    QDoubleSpinBox* m_factor = nullptr;
-    int m_shownLanguage = 0; ///< when the dialog was opened
+    std::array<Shading, 3> m_shading;
+    // When the dialog was opened: what was not touched is not stored.
+    int m_shownLanguage = 0;
     int m_shownFontSize = 0;
+    int m_shownUnit = 0;
+    QString m_shownServer;
     QString m_startLanguage; ///< in which the program runs
 };
 

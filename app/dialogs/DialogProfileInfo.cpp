@@ -1,8 +1,8 @@
 #include "app/dialogs/DialogProfileInfo.h"
 
-#include "app/ProfileInstaller.h"
 #include "app/dialogs/ParameterListModel.h"
 #include "app/dialogs/ProfileInstallation.h"
+#include "app/settings/ProfileInstaller.h"
 
 #include <QDialogButtonBox>
 #include <QHeaderView>

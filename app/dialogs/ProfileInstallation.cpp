@@ -1,6 +1,6 @@
 #include "app/dialogs/ProfileInstallation.h"
 
-#include "app/ProfileInstaller.h"
+#include "app/settings/ProfileInstaller.h"
 #include "ui/Messages.h"
 
 #include <QCoreApplication>

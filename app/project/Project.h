@@ -38,6 +38,9 @@ public:
     /// Empties the content and deselects every parameter.
     void clear();
 
+    /// The names of the file that was read last; also those that the profile does not have.
+    const std::map<QByteArray, int>& names() const { return m_names; }
+
     /// Sets every parameter's selected flag to whether its name is part of the project.
     void applySelection() const;
 

@@ -7,6 +7,7 @@
 #include <QDomDocument>
 #include <QFile>
 #include <QFileInfo>
+#include <QLockFile>
 
 #include <algorithm>
 #include <cstdlib>
@@ -14,10 +15,39 @@
 
 namespace KOLT {
 
+namespace {
+
+constexpr int longestWaitMilliseconds = 1000;
+
+/// The settings below the root, whatever that is called.
+std::map<QByteArray, QByteArray> propertiesOf(const QDomDocument& document)
+{
+    std::map<QByteArray, QByteArray> values;
+    const auto property = QStringLiteral("Property");
+    for (QDomElement element = document.documentElement().firstChildElement(property);
+         !element.isNull(); element = element.nextSiblingElement(property)) {
+        values[element.attribute(QStringLiteral("id")).toUtf8()] =
+            element.attribute(QStringLiteral("value")).toUtf8();
+    }
+    return values;
+}
+
+} // namespace
+
 SettingsStore& SettingsStore::instance()
 {
     static SettingsStore store;
     return store;
+}
+
+void SettingsStore::setFileName(const QByteArray& path)
+{
+    if (path != m_fileName) {
+        for (const auto& [key, value] : m_values)
+            m_changed.insert(key);
+    }
+    m_fileName = path;
+    m_isBroken = false;
 }
 
 bool SettingsStore::load()
@@ -25,41 +55,50 @@ bool SettingsStore::load()
     const QString path = QFile::decodeName(m_fileName);
     const bool existed = QFileInfo::exists(path);
     QDomDocument document;
-    if (readXmlFile(path, document) != XmlStatus::Ok) {
-        m_isBroken = existed;
-        return true;
-    }
-    m_isBroken = false;
-    const auto property = QStringLiteral("Property");
-    for (QDomElement element = document.documentElement().firstChildElement(property);
-         !element.isNull(); element = element.nextSiblingElement(property)) {
-        m_values[element.attribute(QStringLiteral("id")).toUtf8()] =
-            element.attribute(QStringLiteral("value")).toUtf8();
+    m_isBroken = readXmlFile(path, document) != XmlStatus::Ok && existed;
+    for (const auto& [key, value] : propertiesOf(document)) {
+        m_values[key] = value;
+        m_changed.erase(key);
     }
     return true;
 }
 
-bool SettingsStore::moveBrokenFileAside() const
+bool SettingsStore::moveBrokenFileAside()
 {
     const QString path = QFile::decodeName(m_fileName);
-    const QString aside = moveAside(path);
-    Diagnostics::print(aside.isEmpty() ? "settings file <%s> could not be used, nor moved%s\n"
-                                       : "settings file <%s> could not be used, kept as <%s>\n",
-                       qUtf8Printable(path), qUtf8Printable(aside));
-    return !aside.isEmpty();
+    m_keptCopy = moveAside(path);
+    Diagnostics::print(m_keptCopy.isEmpty()
+                           ? "settings file <%s> could not be used, nor moved%s\n"
+                           : "settings file <%s> could not be used, kept as <%s>\n",
+                       qUtf8Printable(path), qUtf8Printable(m_keptCopy));
+    return !m_keptCopy.isEmpty();
+}
+
+std::map<QByteArray, QByteArray> SettingsStore::valuesToSave(const QDomDocument& former) const
+{
+    std::map<QByteArray, QByteArray> values = propertiesOf(former);
+    for (const auto& [key, value] : m_values) {
+        if (m_changed.contains(key) || !values.contains(key))
+            values[key] = value;
+    }
+    return values;
 }
 
 bool SettingsStore::save()
 {
-    // Somebody may have cleared it away meanwhile.
-    const bool isInTheWay = m_isBroken && QFileInfo::exists(QFile::decodeName(m_fileName));
-    if (isInTheWay && !moveBrokenFileAside())
+    const QString path = QFile::decodeName(m_fileName);
+    // Whoever cannot have the lock writes all the same: what was set here must not get lost.
+    QLockFile lock(path + QStringLiteral(".lock"));
+    lock.tryLock(longestWaitMilliseconds);
+    QDomDocument former;
+    const bool isUnusable = QFileInfo(path).isFile() && parseXmlFile(path, former) != XmlStatus::Ok;
+    if (isUnusable && !moveBrokenFileAside())
         return false;
     m_isBroken = false;
     QDomDocument document;
     QDomElement root = document.createElement(QStringLiteral("KOLT"));
     document.appendChild(root);
-    for (const auto& [key, value] : m_values) {
+    for (const auto& [key, value] : valuesToSave(former)) {
         if (value.isEmpty())
             continue;
         QDomElement element = document.createElement(QStringLiteral("Property"));
@@ -67,7 +106,7 @@ bool SettingsStore::save()
         element.setAttribute(QStringLiteral("value"), xmlText(value));
         root.appendChild(element);
     }
-    return bool{writeXmlFile(QFile::decodeName(m_fileName), document)};
+    return bool{writeXmlFile(path, document)};
 }
 
 const QByteArray* SettingsStore::find(const QByteArray& key) const
@@ -109,16 +148,17 @@ double SettingsStore::getDouble(const QByteArray& key, double fallback) const
 void SettingsStore::setText(const QByteArray& key, const QByteArray& value)
 {
     m_values[key] = value;
+    m_changed.insert(key);
 }
 
 void SettingsStore::setInteger(const QByteArray& key, int value)
 {
-    m_values[key] = QByteArray::number(value);
+    setText(key, QByteArray::number(value));
 }
 
 void SettingsStore::setBoolean(const QByteArray& key, bool value)
 {
-    m_values[key] = value ? "true" : "false";
+    setText(key, value ? "true" : "false");
 }
 
 } // namespace KOLT

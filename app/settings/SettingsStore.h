@@ -1,16 +1,22 @@
 #pragma once
 
 #include <QByteArray>
+#include <QString>
 
 #include <map>
+#include <set>
+#include <utility>
+
+class QDomDocument;
 
 namespace KOLT {
 
 /// The program's settings: a flat table of named texts, kept in an XML file
 /// (docs/formats/settings.md).
 ///
-/// Writers call save() right after a change; nothing is saved implicitly. A file that exists but
-/// could not be read as settings is moved aside to "<name>.broken" by the first save, so that
+/// Writers call save() right after a change; nothing is saved implicitly. Several processes may
+/// share the file: what this one has set wins, what others have set stays in the file. A file that
+/// exists but cannot be read as settings is moved aside to "<name>.broken" by a save, so that
 /// nothing of it is lost. GUI thread only.
 class SettingsStore
 {
@@ -21,11 +27,8 @@ public:
     SettingsStore(const SettingsStore&) = delete;
     SettingsStore& operator=(const SettingsStore&) = delete;
 
-    void setFileName(const QByteArray& path)
-    {
-        m_fileName = path;
-        m_isBroken = false;
-    }
+    /// With another file, all of the table is new to it.
+    void setFileName(const QByteArray& path);
 
     const QByteArray& fileName() const { return m_fileName; }
 
@@ -33,9 +36,16 @@ public:
     /// is logged and every reader gets its default.
     bool load();
 
-    /// Replaces the file by the whole table, settings with an empty value left out. False when the
-    /// file could not be written; the old file is then untouched.
+    /// Replaces the file by the whole table, settings with an empty value left out. Of the settings
+    /// that this process has not set, those of the file are written, and stay unknown here. False
+    /// when the file could not be written; the old file is then untouched.
     bool save();
+
+    /// What stands in the file could not be read as settings.
+    bool isBroken() const { return m_isBroken; }
+
+    /// The name of a broken file's copy since the last call; empty when there was none.
+    QString takeKeptCopy() { return std::exchange(m_keptCopy, {}); }
 
     /// An absent key gives the default. Numbers are read as the C library does: leading digits
     /// count, text without digits is 0. A boolean is true only for "true", "TRUE" and "True".
@@ -50,11 +60,14 @@ public:
 
 private:
     const QByteArray* find(const QByteArray& key) const;
-    bool moveBrokenFileAside() const;
+    bool moveBrokenFileAside();
+    std::map<QByteArray, QByteArray> valuesToSave(const QDomDocument& former) const;
 
     QByteArray m_fileName;
     std::map<QByteArray, QByteArray> m_values;
-    bool m_isBroken = false; ///< what stands in the file could not be read
+    std::set<QByteArray> m_changed; ///< keys that this process has set
+    QString m_keptCopy;
+    bool m_isBroken = false;
 };
 
 } // namespace KOLT

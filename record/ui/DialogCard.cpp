@@ -13,6 +13,7 @@
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
+#include <algorithm>
 #include <optional>
 
 namespace KOLT {
@@ -290,6 +291,48 @@ void DialogCard::deselect(const Page& page)
 {
     const QSignalBlocker blocker(page.tree);
     page.tree->clearSelection();
+}
+
+void DialogCard::selectOnly(const Page& page, const QList<QTreeWidgetItem*>& items)
+{
+    deselect(m_cyclesPage);
+    deselect(m_rawDataPage);
+    const QSignalBlocker blocker(page.tree);
+    for (QTreeWidgetItem* item : items) {
+        if (item == items.front())
+            page.tree->setCurrentItem(item, 0, QItemSelectionModel::NoUpdate);
+        item->setSelected(true);
+    }
+    m_cycleTimer.stop();
+    m_recordTimer.stop();
+}
+
+void DialogCard::showFiles(const std::list<QString>& paths)
+{
+    QList<QTreeWidgetItem*> items;
+    for (int i = 0; i < m_rawDataPage.tree->topLevelItemCount(); ++i) {
+        QTreeWidgetItem* const item = m_rawDataPage.tree->topLevelItem(i);
+        if (std::ranges::find(paths, item->data(0, valueRole).toString()) != paths.end())
+            items.push_back(item);
+    }
+    selectOnly(m_rawDataPage, items);
+}
+
+void DialogCard::showCycle(unsigned int cycle, int flight)
+{
+    const auto found = m_cycleItems.find(cycle);
+    if (found == m_cycleItems.end()) {
+        showNothing();
+        return;
+    }
+    QTreeWidgetItem* const item = found->second;
+    const bool isListed = flight >= 0 && flight < item->childCount();
+    selectOnly(m_cyclesPage, {isListed ? item->child(flight) : item});
+}
+
+void DialogCard::showNothing()
+{
+    selectOnly(m_cyclesPage, {});
 }
 
 void DialogCard::repeatChoice(const QTreeWidgetItem& pressed, bool isCycle)

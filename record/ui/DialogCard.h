@@ -43,6 +43,12 @@ public:
     /// Lists the flights of a cycle beneath it, as they were found when it was loaded.
     void listFlights(unsigned int cycle);
 
+    /// Selects what is shown, where the user's choice could not be loaded: files, or a cycle with
+    /// the index of a flight (-1: all of it), or nothing. Nothing is loaded by that.
+    void showFiles(const std::list<QString>& paths);
+    void showCycle(unsigned int cycle, int flight);
+    void showNothing();
+
 signals:
     /// Load these files as one data set, in this order.
     void signalLoadRecord(const std::list<QString>& paths);
@@ -69,6 +75,7 @@ private:
     Page createPage(const QString& title);
     void clear(const Page& page);
     void deselect(const Page& page);
+    void selectOnly(const Page& page, const QList<QTreeWidgetItem*>& items);
     void repeatChoice(const QTreeWidgetItem& pressed, bool isCycle);
     void fillRawData();
     void fillCycles();

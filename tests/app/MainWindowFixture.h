@@ -4,11 +4,11 @@
 #include "analysis/ui/DialogDataTable.h"
 #include "app/DialogMain.h"
 #include "app/MainActions.h"
-#include "app/ProfileInstaller.h"
 #include "app/ProjectSession.h"
 #include "app/RecentFolders.h"
 #include "app/project/Project.h"
 #include "app/settings/DataPaths.h"
+#include "app/settings/ProfileInstaller.h"
 #include "app/settings/SettingsStore.h"
 #include "app/startup/Startup.h"
 #include "resources/Resources.h"
@@ -43,7 +43,7 @@ protected:
         m_output = std::make_unique<DiagnosticsCapture>();
         m_cards = std::make_unique<QTemporaryDir>();
         const QString data = QFile::decodeName(DataPaths::instance().dataPath());
-        for (const char* name : {"/CurrentProject.xml", "/Profile.xml.bak", "/KOLT.ini"})
+        for (const char* name : {"/CurrentProject.xml", "/OtherVariants.xml", "/Profile.xml.bak", "/KOLT.ini"})
             QFile::remove(data + name);
         const QByteArray profile =
             "<KorvanProfile name='Test'><Variants><Variant name='915'/><Variant "

@@ -101,7 +101,12 @@ bool CycleWriter::openFile(double counter)
     m_lastFile = fileName(m_fileNumber++);
     if (m_filesOpened == 0)
         m_firstFile = m_lastFile;
-    m_file = std::make_unique<QSaveFile>(m_folder.filePath(m_lastFile));
+    const QString path = m_folder.filePath(m_lastFile);
+    m_file = std::make_unique<QSaveFile>(path);
+    if (QFile::exists(path)) {
+        m_error = QStringLiteral("%1 is there already, and recordings are not replaced").arg(path);
+        return false;
+    }
     if (!m_file->open(QIODevice::WriteOnly))
         return fail();
     RecordFileWriter::appendHeader(m_buffer, header(counter), m_order);
@@ -113,7 +118,7 @@ bool CycleWriter::closeFile()
 {
     if (m_filesOpened - 1 == m_plan.fileWithTail)
         m_buffer.append(tailBytes, '\x2a'); // power went off within a sample
-    return flush() && (m_file->commit() || fail());
+    return flush() && ((m_file->flush() && m_file->commit()) || fail());
 }
 
 bool CycleWriter::flush()

@@ -1,4 +1,4 @@
-#include "app/ProfileInstaller.h"
+#include "app/settings/ProfileInstaller.h"
 
 #include "app/settings/DataPaths.h"
 #include "base/Diagnostics.h"
