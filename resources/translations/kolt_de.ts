@@ -723,12 +723,6 @@ Motordrehzahl: %3</translation>
         <translation>Abbrechen</translation>
     </message>
     <message>
-        <source>Nothing is written to the folder of the recordings, so that they stay as they are. Please choose another folder than
-%1</source>
-        <translation>In den Ordner der Aufzeichnungen wird nichts geschrieben, damit sie bleiben, wie sie sind. Bitte wählen Sie einen anderen Ordner als
-%1</translation>
-    </message>
-    <message>
         <source>Cancelled. Nothing was written.</source>
         <translation>Abgebrochen. Es wurde nichts geschrieben.</translation>
     </message>
@@ -1193,6 +1187,14 @@ ist keine Aufzeichnungsdatei. Aufzeichnungsdateien enden auf .CAN, .can oder .xc
         <source>Exported to %1</source>
         <translation>Exportiert nach %1</translation>
     </message>
+    <message>
+        <source>These files could not be read, and what was loaded before is still shown:
+%1
+Please check that the card is still inserted and that the files can be read; then open the folder again.</source>
+        <translation>Diese Dateien konnten nicht gelesen werden; was zuvor geladen war, wird weiter gezeigt:
+%1
+Bitte prüfen Sie, ob die Karte noch steckt und die Dateien lesbar sind; öffnen Sie dann den Ordner erneut.</translation>
+    </message>
 </context>
 <context>
     <name>KOLT::DialogPreferences</name>
@@ -1456,14 +1458,6 @@ ist keine Aufzeichnungsdatei. Aufzeichnungsdateien enden auf .CAN, .can oder .xc
         <source>No position was recorded.</source>
         <translation>Es wurde keine Position aufgezeichnet.</translation>
     </message>
-    <message>
-        <source>Not everything could be written. The disk may be full.</source>
-        <translation>Es konnte nicht alles geschrieben werden. Möglicherweise ist der Datenträger voll.</translation>
-    </message>
-    <message>
-        <source>This is no regular file.</source>
-        <translation>Dies ist keine gewöhnliche Datei.</translation>
-    </message>
 </context>
 <context>
     <name>KOLT::GraphScene</name>
@@ -1657,6 +1651,12 @@ Please check that the folder can be written and is not full, or save it elsewher
 %2
 Bitte prüfen Sie, ob der Ordner beschreibbar und nicht voll ist, oder sichern Sie an anderer Stelle.</translation>
     </message>
+    <message>
+        <source>The settings could not be read, and KOLT goes on without them. Please check language, units and the variant of the profile. The file is kept as
+%1</source>
+        <translation>Die Einstellungen konnten nicht gelesen werden; KOLT arbeitet ohne sie weiter. Bitte prüfen Sie Sprache, Einheiten und die Variante des Profils. Die Datei bleibt erhalten als
+%1</translation>
+    </message>
 </context>
 <context>
     <name>KOLT::ParameterListModel</name>
@@ -1822,6 +1822,25 @@ The folder cannot be written, or is full.</source>
 %1
 Der Ordner ist nicht beschreibbar oder voll.</translation>
     </message>
+    <message>
+        <source>The file
+%1
+is no KOLT project. The selected parameters stay as they are.</source>
+        <translation>Die Datei
+%1
+ist kein KOLT-Projekt. Die gewählten Parameter bleiben, wie sie sind.</translation>
+    </message>
+</context>
+<context>
+    <name>KOLT::SafeFile</name>
+    <message>
+        <source>Not everything could be written. The disk may be full.</source>
+        <translation>Es konnte nicht alles geschrieben werden. Möglicherweise ist der Datenträger voll.</translation>
+    </message>
+    <message>
+        <source>This is no regular file.</source>
+        <translation>Dies ist keine gewöhnliche Datei.</translation>
+    </message>
 </context>
 <context>
     <name>KOLT::SplashScreen</name>
@@ -1943,6 +1962,27 @@ Klick auf die Spur: zu diesem Moment gehen.</translation>
 Install or update the driver, and start KOLT again.</source>
         <translation>Dies kann nicht gezeigt werden: Der Grafiktreiber bietet kein OpenGL.
 Installieren oder aktualisieren Sie den Treiber und starten Sie KOLT neu.</translation>
+    </message>
+</context>
+<context>
+    <name>KOLT::WriteGuard</name>
+    <message>
+        <source>The links of this path lead nowhere:
+%1</source>
+        <translation>Die Verknüpfungen dieses Pfades führen nirgendwohin:
+%1</translation>
+    </message>
+    <message>
+        <source>Names that end with .CAN, .can or .xcb belong to recordings, which are never written. Please choose another name than
+%1</source>
+        <translation>Namen mit der Endung .CAN, .can oder .xcb gehören Aufzeichnungen, und diese werden nie geschrieben. Bitte wählen Sie einen anderen Namen als
+%1</translation>
+    </message>
+    <message>
+        <source>Nothing is written to the folder of the recordings, so that they stay as they are. Please choose another folder than
+%1</source>
+        <translation>In den Ordner der Aufzeichnungen wird nichts geschrieben, damit sie bleiben, wie sie sind. Bitte wählen Sie einen anderen Ordner als
+%1</translation>
     </message>
 </context>
 <context>
