@@ -66,6 +66,7 @@ private slots:
     void trackDoesNotJitter();
     void coarserTilesWhereFineOnesAreMissing();
     void deadServerLeavesTheBaseMap();
+    void missingTilesStayWanted();
     void shadesSlopes();
     void idleMapRests();
     void earlyTrackIsDrawn();
@@ -264,6 +265,40 @@ void TestMapDrawing::deadServerLeavesTheBaseMap()
         }
     }
     QVERIFY(changed > 100);
+}
+
+void TestMapDrawing::missingTilesStayWanted()
+{
+    LoopbackServer server;
+    server.handler = [](const auto&) { return QByteArray(); }; // never
+    useServer(server);
+    m_window->lookAt(home, 3000.0);
+    QTRY_VERIFY(m_window->map.map().tiles().loadingCount() > 0);
+
+    struct BetweenFrames : QObject
+    {
+        explicit BetweenFrames(Tessa::TileSource& source)
+            : tiles(source)
+        {
+        }
+
+        bool eventFilter(QObject*, QEvent* event) override
+        {
+            if (event->type() == QEvent::UpdateRequest) {
+                ++count;
+                fewest = std::min(fewest, tiles.loadingCount());
+            }
+            return false;
+        }
+
+        Tessa::TileSource& tiles;
+        int count = 0;
+        int fewest = 1;
+    } between(m_window->map.map().tiles());
+
+    m_window->map.installEventFilter(&between);
+    QTRY_VERIFY(between.count > 10);
+    QCOMPARE(between.fewest, 1);
 }
 
 void TestMapDrawing::shadesSlopes()

@@ -239,6 +239,21 @@ void TestValueDecoder::longitudeLimitGrowsWithLatitude()
     QVERIFY(jumpAt(0.0, 0.0899));
     QVERIFY(jumpAt(60.0, 0.179));
     QVERIFY(!jumpAt(60.0, 0.181));
+
+    // Each parameter goes to its own axis.
+    Profile profile;
+    QVERIFY(loadProfile(profile, device({"name='y' koltDataType='Latitude' dataType='FLOAT'",
+                                         "name='x' koltDataType='Longitude' dataType='FLOAT'"})));
+    PositionFilter filter;
+    const auto position = [&](float y, float x) {
+        const double latitude = decodeNumber(floats(y), profile.parameters()[0], &filter);
+        return std::pair(latitude, decodeNumber(floats(x), profile.parameters()[1], &filter));
+    };
+    for (int i = 0; i < 5; ++i)
+        position(6000.0F, 1100.0F);
+    const auto [latitude, longitude] = position(6009.0F, 1109.0F); // both by 0.15 degrees
+    QCOMPARE(latitude, 60.0);
+    QVERIFY(std::abs(longitude - 11.15) < 1e-5);
 }
 
 QTEST_GUILESS_MAIN(TestValueDecoder)
