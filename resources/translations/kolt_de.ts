@@ -1941,10 +1941,10 @@ Ziehen Sie einen Griff am linken Rand, um seine Kurve zu verschieben.</translati
     <message>
         <source>Left button: move the map; with Shift: zoom. Wheel or double click: zoom about the pointer.
 Arrow keys, + and -: move and zoom. F: whole flight. Ctrl+S: hill shading.
-Click on the track: go to that moment.</source>
+Click on the track or on a mark: go to that moment.</source>
         <translation>Linke Taste: Karte bewegen; mit Umschalt: zoomen. Mausrad oder Doppelklick: um den Zeiger zoomen.
 Pfeiltasten, + und -: bewegen und zoomen. F: ganzer Flug. Strg+S: Geländeschattierung.
-Klick auf die Spur: zu diesem Moment gehen.</translation>
+Klick auf die Spur oder eine Marke: zu diesem Moment gehen.</translation>
     </message>
     <message>
         <source>offline</source>
