@@ -25,11 +25,19 @@ enum class EventScope {
     WarningLamps ///< only parameters of role "WarningLamp"
 };
 
-/// The exceedances of a data set by ascending time, equal times in profile order.
+/// More are not listed: ten hours under a wrong profile have millions.
+constexpr std::size_t maxEvents = 100'000;
+
+/// The exceedances of a data set by ascending time, equal times in profile order; the first
+/// maxEvents of them. `leftOut` is told how many more there are.
 ///
 /// A step from Ok to anything, or from Warning to Limit, is an event. A parameter that is beyond
 /// its threshold from the first sample on gives none until it has been back. Costs one numeric
 /// decoding per sample of a graded parameter; text is made for events only.
-std::vector<Event> findEvents(const Profile& profile, const DataSet& dataSet, EventScope scope);
+std::vector<Event> findEvents(const Profile& profile, const DataSet& dataSet, EventScope scope,
+                              std::size_t* leftOut = nullptr);
+
+/// The times of all exceedances, ascending, for those who only count them.
+std::vector<double> eventTimes(const Profile& profile, const DataSet& dataSet, EventScope scope);
 
 } // namespace KOLT

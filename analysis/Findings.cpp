@@ -25,6 +25,7 @@ struct Findings
     Key key;
     UnitSystem units = UnitSystem::Metric;
     std::array<EventList, 2> events; ///< by scope
+    std::array<std::size_t, 2> leftOut{};
     FaultList faults;
 };
 
@@ -49,11 +50,19 @@ Findings& findingsOf(const Profile& profile, const DataSet& dataSet)
 
 EventList eventsOf(const Profile& profile, const DataSet& dataSet, EventScope scope)
 {
-    EventList& events =
-        findingsOf(profile, dataSet).events[scope == EventScope::AllParameters ? 0 : 1];
+    const std::size_t index = scope == EventScope::AllParameters ? 0 : 1;
+    Findings& findings = findingsOf(profile, dataSet);
+    EventList& events = findings.events[index];
     if (events == nullptr)
-        events = std::make_shared<const std::vector<Event>>(findEvents(profile, dataSet, scope));
+        events = std::make_shared<const std::vector<Event>>(
+            findEvents(profile, dataSet, scope, &findings.leftOut[index]));
     return events;
+}
+
+std::size_t eventsLeftOut(const Profile& profile, const DataSet& dataSet, EventScope scope)
+{
+    eventsOf(profile, dataSet, scope);
+    return findingsOf(profile, dataSet).leftOut[scope == EventScope::AllParameters ? 0 : 1];
 }
 
 FaultList faultsOf(const Profile& profile, const DataSet& dataSet)

@@ -22,6 +22,10 @@ using FaultList = std::shared_ptr<const std::vector<FaultMatrix>>;
 EventList eventsOf(const Profile& profile, const DataSet& dataSet,
                    EventScope scope = EventScope::AllParameters);
 
+/// How many exceedances that list leaves out at its end.
+std::size_t eventsLeftOut(const Profile& profile, const DataSet& dataSet,
+                          EventScope scope = EventScope::AllParameters);
+
 /// As findFaults().
 FaultList faultsOf(const Profile& profile, const DataSet& dataSet);
 

@@ -34,10 +34,26 @@ QDateTime momentOf(const DataSet& dataSet, double seconds)
                : QDateTime();
 }
 
+namespace {
+
+/// Of all exceedances, also of those that are too many to be listed.
+std::vector<double> exceedanceTimes(const Profile& profile, const DataSet& dataSet)
+{
+    if (eventsLeftOut(profile, dataSet) > 0)
+        return eventTimes(profile, dataSet, EventScope::AllParameters);
+    const EventList events = eventsOf(profile, dataSet);
+    std::vector<double> times;
+    times.reserve(events->size());
+    for (const Event& event : *events)
+        times.push_back(event.seconds);
+    return times;
+}
+
+} // namespace
+
 FlightLog flightLog(const Profile& profile, const DataSet& dataSet)
 {
-    const EventList found = eventsOf(profile, dataSet, EventScope::AllParameters);
-    const std::vector<Event>& events = *found;
+    const std::vector<double> events = exceedanceTimes(profile, dataSet);
     FlightLog log;
     log.exceedances = events.size();
     for (const Flight& flight : dataSet.flights) {
@@ -53,10 +69,8 @@ FlightLog flightLog(const Profile& profile, const DataSet& dataSet)
         line.fuel = flight.fuel;
         line.takeOffDistance = flight.takeOffDistance;
         line.takeOffDistance15m = flight.takeOffDistance15m;
-        const auto first =
-            std::ranges::lower_bound(events, flight.startSeconds, {}, &Event::seconds);
-        const auto behind =
-            std::ranges::upper_bound(events, flight.endSeconds, {}, &Event::seconds);
+        const auto first = std::ranges::lower_bound(events, flight.startSeconds);
+        const auto behind = std::ranges::upper_bound(events, flight.endSeconds);
         line.exceedances = first < behind ? static_cast<std::size_t>(behind - first) : 0;
     }
     return log;

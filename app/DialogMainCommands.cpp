@@ -363,6 +363,7 @@ void DialogMain::openDropped(const QStringList& paths)
                 m_card.files().contains(QFileInfo(path).fileName()))
                 files.push_back(path);
         }
+        files.sort(); // whatever the order of the drop, as with the list's choice
         if (files.empty())
             Messages::warn(this, tr("%1\nis not a record file. Record files end with .CAN, .can or "
                                     ".xcb.")

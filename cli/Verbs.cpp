@@ -188,12 +188,14 @@ QString events(const Arguments& arguments)
     const EventScope scope =
         arguments.lampsOnly ? EventScope::WarningLamps : EventScope::AllParameters;
     const DataSet& dataSet = *recording.card().dataSet();
-    for (const Event& event : findEvents(recording.profile(), dataSet, scope))
+    std::size_t leftOut = 0;
+    for (const Event& event : findEvents(recording.profile(), dataSet, scope, &leftOut))
         found.append(QJsonObject{{QStringLiteral("time"), event.seconds},
                                  {QStringLiteral("group"), event.group},
                                  {QStringLiteral("parameter"), event.parameter->name},
                                  {QStringLiteral("text"), event.text}});
     error = print({{QStringLiteral("events"), found},
+                   {QStringLiteral("leftOut"), static_cast<qint64>(leftOut)},
                    {QStringLiteral("unread"), jsonNames(dataSet.unreadFiles)}});
     return finish(error, dataSet);
 }

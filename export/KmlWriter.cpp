@@ -75,6 +75,7 @@ private:
     const KmlOptions& m_options;
     std::vector<PathSection> m_sections;
     EventList m_events;
+    std::size_t m_leftOut = 0;  ///< events beyond those that are listed
     std::vector<Marks> m_marks; ///< by section
     ExportClock m_clock;
     KmlDescription m_description;
@@ -117,6 +118,11 @@ bool KmlDocument::write(const QString& title)
     begin("Document");
     element("name", title);
     element("open", QStringLiteral("1"));
+    if (m_leftOut > 0)
+        element("description",
+                Text::tr("The first %1 exceedances are marked; %2 more are left out.")
+                    .arg(m_events->size())
+                    .arg(m_leftOut));
     writeKmlStyles(m_xml, m_options);
     return (m_sections.size() == 1 ? writeSection(m_sections[0], m_marks[0]) : writeFolders()) &&
            endDocument();
@@ -157,8 +163,10 @@ void KmlDocument::findMarks()
     m_marks.resize(m_sections.size());
     if (!m_options.errorMarkOn || !(m_options.showLimit || m_options.showWarning))
         return;
-    m_events = eventsOf(m_profile, m_dataSet,
-                        m_options.showLimit ? EventScope::AllParameters : EventScope::WarningLamps);
+    const EventScope scope =
+        m_options.showLimit ? EventScope::AllParameters : EventScope::WarningLamps;
+    m_events = eventsOf(m_profile, m_dataSet, scope);
+    m_leftOut = eventsLeftOut(m_profile, m_dataSet, scope);
     for (const Event& event : *m_events) {
         const bool isLamp = event.parameter->koltDataType == QLatin1String("WarningLamp");
         if (!isLamp || m_options.showWarning)

@@ -232,6 +232,11 @@ void DialogEventList::showData()
     const QStringList lamps = isLamps ? lampsOnFromTheStart(m_profile, *dataSet()) : QStringList();
     if (!lamps.isEmpty())
         hint = tr("On from the start: %1").arg(lamps.join(QStringLiteral(", ")));
+    if (const std::size_t leftOut = eventsLeftOut(m_profile, *dataSet(), m_scope); leftOut > 0)
+        hint += (hint.isEmpty() ? QString() : QStringLiteral("\n")) +
+                tr("Only the first %L1 exceedances are listed, %L2 more are left out.")
+                    .arg(m_events->size())
+                    .arg(leftOut);
     m_hint->setText(hint);
     m_hint->setVisible(!hint.isEmpty());
     if (!m_events->empty()) {

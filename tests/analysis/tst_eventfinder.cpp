@@ -17,6 +17,7 @@ private slots:
     void textIsInTheChosenUnits();
     void equalTimesKeepProfileOrder();
     void lampsAreSelectedByRole();
+    void firstHundredThousandAreKept();
 };
 
 namespace {
@@ -122,6 +123,35 @@ void TestEventFinder::lampsAreSelectedByRole()
     const std::vector<Event> lamps = findEvents(profile, dataSet, EventScope::WarningLamps);
     QCOMPARE(lamps.size(), 1U);
     QCOMPARE(lamps[0].text, "D lamp 1: Invalid ENUM Type ");
+}
+
+/// The parameter that the profile has first exceeds in the second half of the time only.
+void TestEventFinder::firstHundredThousandAreKept()
+{
+    Profile profile;
+    QVERIFY(loadProfile(profile,
+                        thresholds + device({"name='a' id='1' dataType='FLOAT' thresholdId='T'",
+                                             "name='b' id='2' dataType='FLOAT' thresholdId='T'"})));
+    DataSet dataSet;
+    const auto exceed = [&](std::uint32_t id, int from, int to) {
+        for (int i = from; i < to; ++i) {
+            add(dataSet.messages, id, i, floats(0.0F));
+            add(dataSet.messages, id, i + 0.5, floats(150.0F));
+        }
+    };
+    exceed(1, 99'990, 310'000);
+    exceed(2, 0, 99'989);
+    const DiagnosticsCapture output;
+    std::size_t leftOut = 0;
+    const std::vector<Event> events =
+        findEvents(profile, dataSet, EventScope::AllParameters, &leftOut);
+    QCOMPARE(events.size(), maxEvents);
+    QCOMPARE(leftOut, 210'010U + 99'989U - maxEvents);
+    QCOMPARE(events[99'988].text, "D b 150.000000 ");
+    QCOMPARE(events[99'989].text, "D a 150.000000 ");
+    QCOMPARE(events.back().seconds, 100'000.5);
+    QCOMPARE(eventTimes(profile, dataSet, EventScope::AllParameters).size(), maxEvents + leftOut);
+    QVERIFY(output.text().contains("209999 of 309999 exceedances are left out"));
 }
 
 QTEST_GUILESS_MAIN(TestEventFinder)

@@ -250,9 +250,11 @@ void TestMainWindow::droppedFilesAreLoaded()
     const QString card = folder("card");
     QVERIFY(writeFile(card + "/notes.txt", "x"));
     QVERIFY(open());
-    drop({card + "/0.CAN"});
+    drop({card + "/1.CAN", card + "/0.CAN"});
     QTRY_VERIFY(dataSet() != nullptr);
-    QCOMPARE(dataSet()->messages.sampleCount(), 10U);
+    QCOMPARE(dataSet()->messages.sampleCount(), 20U);
+    QCOMPARE(dataSet()->startSeconds, 0.0); // by name, not as they were dropped
+    QCOMPARE(dataSet()->stopSeconds, 19.0);
     ModalBoxes boxes;
     boxes.answer("OK");
     drop({card + "/notes.txt"});
