@@ -65,6 +65,18 @@
         <source>Total</source>
         <translation>Gesamt</translation>
     </message>
+    <message>
+        <source>Flight time: from take-off to landing.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Take-off, counter [s]</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Landing, counter [s]</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>KOLT::DialogAbout</name>
@@ -166,6 +178,24 @@
     <message>
         <source>Flight %1 %2 (%3)</source>
         <translation>Flug %1 %2 (%3)</translation>
+    </message>
+    <message>
+        <source>No folder is open. Choose one with &quot;Open Data Folder&quot;.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The folder
+%1
+is not there. Insert the card, or choose another folder with &quot;Open Data Folder&quot;.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The folder is not there any more.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The folder may not be read: please check its permissions.</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -462,6 +492,10 @@ Verwenden Sie einen Namen mit der Endung .bmp, .png oder .jpg.</translation>
         <source>&lt;br&gt;&lt;br&gt;&lt;b&gt;No flight selected&lt;/b&gt;</source>
         <translation>&lt;br&gt;&lt;br&gt;&lt;b&gt;Kein Flug ausgewählt&lt;/b&gt;</translation>
     </message>
+    <message>
+        <source>Flight Time is counted from 30 s before take-off to 30 s after landing, as the flight was cut out. The day sheet counts from take-off to landing.</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>KOLT::DialogDataTable</name>
@@ -708,8 +742,32 @@ Motordrehzahl: %3</translation>
         <translation>Dauer</translation>
     </message>
     <message>
-        <source>Engine speed</source>
-        <translation>Motordrehzahl</translation>
+        <source>On from the start: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Only the first %L1 exceedances are listed, %L2 more are left out.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No lamp came on in this data set</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Date</source>
+        <translation type="unfinished">Datum</translation>
+    </message>
+    <message>
+        <source>Clock time</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Unit</source>
+        <translation type="unfinished">Einheit</translation>
+    </message>
+    <message>
+        <source>Engine speed [rpm]</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -816,6 +874,14 @@ Bitte prüfen Sie, ob der Ordner beschreibbar und nicht voll ist, oder wählen S
     <message>
         <source>No sample with a usable time was recorded, so there are no rows to export.</source>
         <translation>Es wurde kein Messwert mit einem brauchbaren Zeitpunkt aufgezeichnet, daher gibt es keine Zeilen zu exportieren.</translation>
+    </message>
+    <message>
+        <source>This separator could be taken for a part of a field. Please choose another one.</source>
+        <translation>Dieses Trennzeichen könnte für einen Teil eines Feldes gehalten werden. Bitte wählen Sie ein anderes.</translation>
+    </message>
+    <message>
+        <source>The decimal comma cannot be told from the separator. Please choose another separator, or the decimal point.</source>
+        <translation>Das Dezimalkomma ist vom Trennzeichen nicht zu unterscheiden. Bitte wählen Sie ein anderes Trennzeichen oder den Dezimalpunkt.</translation>
     </message>
 </context>
 <context>
@@ -1457,6 +1523,10 @@ Bitte prüfen Sie, ob die Karte noch steckt und die Dateien lesbar sind; öffnen
     <message>
         <source>No position was recorded.</source>
         <translation>Es wurde keine Position aufgezeichnet.</translation>
+    </message>
+    <message>
+        <source>The first %1 exceedances are marked; %2 more are left out.</source>
+        <translation>Die ersten %1 Überschreitungen sind markiert; %2 weitere sind ausgelassen.</translation>
     </message>
 </context>
 <context>
