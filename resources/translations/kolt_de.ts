@@ -67,15 +67,15 @@
     </message>
     <message>
         <source>Flight time: from take-off to landing.</source>
-        <translation type="unfinished"></translation>
+        <translation>Flugzeit: vom Abheben bis zur Landung.</translation>
     </message>
     <message>
         <source>Take-off, counter [s]</source>
-        <translation type="unfinished"></translation>
+        <translation>Abheben, Zähler [s]</translation>
     </message>
     <message>
         <source>Landing, counter [s]</source>
-        <translation type="unfinished"></translation>
+        <translation>Landung, Zähler [s]</translation>
     </message>
 </context>
 <context>
@@ -181,21 +181,23 @@
     </message>
     <message>
         <source>No folder is open. Choose one with &quot;Open Data Folder&quot;.</source>
-        <translation type="unfinished"></translation>
+        <translation>Kein Ordner ist offen. Wählen Sie einen mit „Datenordner öffnen“.</translation>
     </message>
     <message>
         <source>The folder
 %1
 is not there. Insert the card, or choose another folder with &quot;Open Data Folder&quot;.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Ordner
+%1
+ist nicht da. Legen Sie die Karte ein, oder wählen Sie mit „Datenordner öffnen“ einen anderen.</translation>
     </message>
     <message>
         <source>The folder is not there any more.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Ordner ist nicht mehr da.</translation>
     </message>
     <message>
         <source>The folder may not be read: please check its permissions.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Ordner darf nicht gelesen werden: Bitte prüfen Sie seine Zugriffsrechte.</translation>
     </message>
 </context>
 <context>
@@ -494,7 +496,7 @@ Verwenden Sie einen Namen mit der Endung .bmp, .png oder .jpg.</translation>
     </message>
     <message>
         <source>Flight Time is counted from 30 s before take-off to 30 s after landing, as the flight was cut out. The day sheet counts from take-off to landing.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Flugzeit zählt von 30 s vor dem Abheben bis 30 s nach der Landung, so wie der Flug ausgeschnitten wurde. Das Tagesblatt zählt vom Abheben bis zur Landung.</translation>
     </message>
 </context>
 <context>
@@ -743,31 +745,31 @@ Motordrehzahl: %3</translation>
     </message>
     <message>
         <source>On from the start: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Von Anfang an an: %1</translation>
     </message>
     <message>
         <source>Only the first %L1 exceedances are listed, %L2 more are left out.</source>
-        <translation type="unfinished"></translation>
+        <translation>Nur die ersten %L1 Überschreitungen sind aufgelistet, %L2 weitere sind ausgelassen.</translation>
     </message>
     <message>
         <source>No lamp came on in this data set</source>
-        <translation type="unfinished"></translation>
+        <translation>In diesen Daten ging keine Lampe an</translation>
     </message>
     <message>
         <source>Date</source>
-        <translation type="unfinished">Datum</translation>
+        <translation>Datum</translation>
     </message>
     <message>
         <source>Clock time</source>
-        <translation type="unfinished"></translation>
+        <translation>Uhrzeit</translation>
     </message>
     <message>
         <source>Unit</source>
-        <translation type="unfinished">Einheit</translation>
+        <translation>Einheit</translation>
     </message>
     <message>
         <source>Engine speed [rpm]</source>
-        <translation type="unfinished"></translation>
+        <translation>Motordrehzahl [rpm]</translation>
     </message>
 </context>
 <context>
