@@ -67,11 +67,11 @@
     </message>
     <message>
         <source>Flight time: from take-off to landing.</source>
-        <translation>Flugzeit: vom Abheben bis zur Landung.</translation>
+        <translation>Flugzeit: vom Start bis zur Landung.</translation>
     </message>
     <message>
         <source>Take-off, counter [s]</source>
-        <translation>Abheben, Zähler [s]</translation>
+        <translation>Start, Zähler [s]</translation>
     </message>
     <message>
         <source>Landing, counter [s]</source>
@@ -496,7 +496,7 @@ Verwenden Sie einen Namen mit der Endung .bmp, .png oder .jpg.</translation>
     </message>
     <message>
         <source>Flight Time is counted from 30 s before take-off to 30 s after landing, as the flight was cut out. The day sheet counts from take-off to landing.</source>
-        <translation>Die Flugzeit zählt von 30 s vor dem Abheben bis 30 s nach der Landung, so wie der Flug ausgeschnitten wurde. Das Tagesblatt zählt vom Abheben bis zur Landung.</translation>
+        <translation>Die Flugzeit zählt von 30 s vor dem Start bis 30 s nach der Landung, so wie der Flug ausgeschnitten wurde. Das Tagesblatt zählt vom Start bis zur Landung.</translation>
     </message>
 </context>
 <context>
