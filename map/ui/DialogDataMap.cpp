@@ -239,7 +239,7 @@ void DialogDataMap::refreshValues()
     const std::size_t tableRow = m_table.rowAt(time());
     for (std::size_t i = 0; i < m_rows.size(); ++i) {
         const ValueRow& row = m_rows[i];
-        const TimeTable::Cell cell = m_table.cell(tableRow, i);
+        const TimeTable::Cell cell = m_table.cellAt(time(), tableRow, i);
         QString text = QStringLiteral("---");
         QColor color = Qt::white;
         if (cell.sample != nullptr) {
