@@ -6,8 +6,8 @@
 #include "record/ClockTime.h"
 #include "ui/ContentOrNote.h"
 #include "ui/Messages.h"
-#include "ui/SaveDialog.h"
 #include "ui/PlainToolTip.h"
+#include "ui/SaveDialog.h"
 
 #include <QAbstractItemModel>
 #include <QAction>

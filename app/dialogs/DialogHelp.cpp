@@ -17,8 +17,9 @@ QUrl manual(const QString& locale)
 {
     const QString name = QStringLiteral("/help/%1.html");
     const QString wanted = name.arg(locale);
-    return QUrl(QStringLiteral("qrc") + QLatin1Char(':') +
-                (QFile::exists(QLatin1Char(':') + wanted) ? wanted : name.arg(QStringLiteral("us"))));
+    return QUrl(
+        QStringLiteral("qrc") + QLatin1Char(':') +
+        (QFile::exists(QLatin1Char(':') + wanted) ? wanted : name.arg(QStringLiteral("us"))));
 }
 
 } // namespace

@@ -43,7 +43,8 @@ protected:
         m_output = std::make_unique<DiagnosticsCapture>();
         m_cards = std::make_unique<QTemporaryDir>();
         const QString data = QFile::decodeName(DataPaths::instance().dataPath());
-        for (const char* name : {"/CurrentProject.xml", "/OtherVariants.xml", "/Profile.xml.bak", "/KOLT.ini"})
+        for (const char* name :
+             {"/CurrentProject.xml", "/OtherVariants.xml", "/Profile.xml.bak", "/KOLT.ini"})
             QFile::remove(data + name);
         const QByteArray profile =
             "<KorvanProfile name='Test'><Variants><Variant name='915'/><Variant "
