@@ -205,12 +205,12 @@ void TestCli::variantsAreThoseOfTheWindow()
     const auto events = [&](const QStringList& more) {
         return KOLT::Test::run(
                    home, KOLT_CLI,
-                   QStringList{"events", m_card, "--cycle", "2", "--profile", KOLT_PROFILE} + more)
+                   QStringList{"events", m_card, "--cycle", "4", "--profile", KOLT_PROFILE} + more)
             .json()["events"]
             .toArray();
     };
     const QJsonArray ofTheFirst = events({"--variant", "915"});
-    QVERIFY(!ofTheFirst.isEmpty() && ofTheFirst != events({"--variant", "850"}));
+    QCOMPARE(ofTheFirst.size(), 8); // one of these without any variant's limits
     QCOMPARE(events({}), ofTheFirst);
 }
 
