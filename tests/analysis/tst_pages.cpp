@@ -9,7 +9,6 @@
 
 #include <QCheckBox>
 #include <QClipboard>
-#include <QElapsedTimer>
 #include <QHelpEvent>
 #include <QLabel>
 #include <QLineEdit>
@@ -34,7 +33,7 @@ private slots:
     void listShowsEvents();
     void listFollowsTheTime();
     void listReportsTheChoice();
-    void listOfManyIsFilteredAtOnce();
+    void longListIsCutAndFiltered();
     void listCopiesAndSaves();
     void lampsOnly();
     void statisticTexts();
@@ -158,7 +157,7 @@ void TestPages::listReportsTheChoice()
     QCOMPARE(reported.size(), 0);
 }
 
-void TestPages::listOfManyIsFilteredAtOnce()
+void TestPages::longListIsCutAndFiltered()
 {
     for (int i = 0; i < 100'000; ++i) {
         add(m_dataSet->messages, 1, 100.0 + i * 0.2, floats(0.0F));
@@ -166,15 +165,14 @@ void TestPages::listOfManyIsFilteredAtOnce()
     }
     const auto page = open(new DialogDataLimit(m_profile));
     auto* const filter = page->findChild<QLineEdit*>();
-    QElapsedTimer watch;
+    const auto labels = page->findChildren<QLabel*>();
+    QVERIFY(std::ranges::any_of(labels, [](const QLabel* label) {
+        return label->text().contains("4 more are left out");
+    }));
     for (const auto& [text, rows] :
-         {std::pair("o", 100'003), {"oi", 100'002}, {"oix", 0}, {"", 100'004}}) {
-        watch.start();
+         {std::pair("o", 99'999), {"oi", 99'998}, {"oix", 0}, {"", 100'000}}) {
         filter->setText(text);
-        QCoreApplication::processEvents(); // it is painted too
         QCOMPARE(m_table->rowCount(), rows);
-        qInfo("filter \"%s\": %lld ms", text, watch.elapsed());
-        QVERIFY2(watch.elapsed() < 3000, text); // hiding rows one by one takes ten times that
     }
 }
 
