@@ -24,6 +24,7 @@ private slots:
     void filterHidesAndProtects();
     void listTakesOut();
     void refreshFollowsTheProfile();
+    void draftOutlivesTheVariant();
 
 private:
     QStringList selected() const
@@ -137,6 +138,29 @@ void TestDialogProfile::refreshFollowsTheProfile()
     m_panel->refresh();
     QCOMPARE(item("Oil")->checkState(0), Qt::Unchecked);
     QCOMPARE(m_panel->findChild<QListWidget*>()->item(0)->text(), "GPS/Speed over ground");
+}
+
+void TestDialogProfile::draftOutlivesTheVariant()
+{
+    const QByteArray both = "<Device name='E'><Parameter name='a' id='1'/>"
+                            "<Parameter name='b' id='2'/><Parameter name='c' id='3'/></Device>";
+    const auto load = [&](const QByteArray& devices) {
+        QVERIFY(loadProfile(m_profile, devices));
+        m_profile.select([](const ProfileParameter& parameter) { return parameter.id == 1; });
+        m_panel->reload();
+    };
+    load(both);
+    m_panel->refresh();
+    for (const char* name : {"a", "c"})
+        item(name)->setCheckState(0, item(name)->checkState(0) == Qt::Checked ? Qt::Unchecked
+                                                                              : Qt::Checked);
+    load("<Device name='E'><Parameter name='b' id='2'/></Device>");
+    load(both);
+    QCOMPARE(item("a")->checkState(0), Qt::Unchecked);
+    QCOMPARE(item("b")->checkState(0), Qt::Unchecked);
+    QCOMPARE(item("c")->checkState(0), Qt::Checked);
+    m_panel->refresh(); // another project
+    QCOMPARE(item("a")->checkState(0), Qt::Checked);
 }
 
 QTEST_MAIN(TestDialogProfile)

@@ -93,6 +93,20 @@ void TestDialogs::preferencesAreStoredAndApplied()
     QCOMPARE(unit.takeFirst().value(0).toInt(), 1);
     QCOMPARE(map.size(), 1);
 
+    // What was not touched stays as it is, also where the fields cannot show it.
+    const std::pair<const char*, const char*> odd[] = {{"MapShadingContrast", "0.125"},
+                                                       {"MapShadingBrightness", "12.5"},
+                                                       {"TileServer", "http://a/ "},
+                                                       {"Unit", "7"}};
+    for (const auto& [key, value] : odd)
+        settings.setText(key, value);
+    dialog.show();
+    settings.setText("Unit", "1"); // by the window's own selector
+    QTest::mouseClick(buttons->button(QDialogButtonBox::Ok), Qt::LeftButton);
+    settings.setText("Unit", settings.getText("Unit") == "1" ? "7" : "wrong");
+    for (const auto& [key, value] : odd)
+        QCOMPARE(settings.getText(key), value);
+
     dialog.show(); // what is cancelled is forgotten
     fontSize->setValue(9);
     QTest::mouseClick(buttons->button(QDialogButtonBox::Cancel), Qt::LeftButton);

@@ -1,6 +1,8 @@
 #include "tests/app/MainWindowFixture.h"
 #include "tests/support/Rows.h"
 
+#include <QComboBox>
+
 using namespace KOLT;
 using namespace KOLT::Test;
 
@@ -13,7 +15,11 @@ private slots:
 
     void initTestCase() { prepareOnce(); }
 
-    void init() { QVERIFY(prepare()); }
+    void init()
+    {
+        QVERIFY(prepare());
+        m_out = std::make_unique<QTemporaryDir>(); // nothing is written to the open folder
+    }
 
     void cleanup()
     {
@@ -26,7 +32,14 @@ private slots:
     void savePromptsAnswers_data();
     void savePromptsAnswers();
     void saveAsAsksForAFile();
+    void otherFilesAreNotOpened();
+    void selectionOutlivesTheProcess();
+    void otherVariantsAreRemembered();
+    void brokenSettingsAreTold();
     void profileInstallation();
+
+private:
+    std::unique_ptr<QTemporaryDir> m_out;
 };
 
 void TestMainProject::unreadableProjectIsKeptAside()
@@ -73,13 +86,13 @@ void TestMainProject::projectIsKeptBetweenRuns()
 
     // Saved elsewhere, and the settings read afresh: the next start still comes back to it.
     ModalBoxes boxes;
-    boxes.answer(m_cards->filePath("mine.xml"));
+    boxes.answer(m_out->filePath("mine.xml"));
     trigger(Command::SaveProjectAs);
     confirmSelection("Fuel");
     m_window->close();
     trigger(Command::Quit); // ends it only once
     QCOMPARE(m_exitCodes, QList<int>{0});
-    QVERIFY(readFile(m_cards->filePath("mine.xml")).contains("Fuel"));
+    QVERIFY(readFile(m_out->filePath("mine.xml")).contains("Fuel"));
     QVERIFY(readFile(SettingsStore::instance().fileName()).contains("mine.xml"));
     QVERIFY(open());
     QTRY_COMPARE(profile().selectedParameters().size(), 2U);
@@ -100,19 +113,21 @@ void TestMainProject::savePromptsAnswers()
 {
     const auto [command, answer, isSaved, goesOn] = fetchRow<Command, QString, bool, bool>();
     QVERIFY(open());
+    const QString path = m_out->filePath("mine.xml");
+    ModalBoxes boxes;
+    boxes.answer(path);
+    trigger(Command::SaveProjectAs);
     confirmSelection("Fuel"); // Speed stays
-    const QString path = m_window->project().path();
     const QString other = m_cards->filePath("other.xml");
     QVERIFY(writeFile(other, "<KoltProject/>"));
-    ModalBoxes boxes;
     boxes.answer(answer);
     if (goesOn && command == Command::OpenProject)
         boxes.answer(other);
     trigger(command);
     QVERIFY(boxes.isDone());
-    QCOMPARE(boxes.seen().front(),
+    QCOMPARE(boxes.seen().value(1),
              "KOLT Warning|Current Project not saved !\nSave it now ?|Yes, No, Cancel");
-    QCOMPARE(QFile::exists(path), isSaved);
+    QCOMPARE(!readFile(path).contains("Fuel"), isSaved);
     QCOMPARE(profile().selectedParameters().empty(), goesOn);
     QCOMPARE(m_window->project().isModified(), !goesOn);
     QCOMPARE(m_window->project().path(), !goesOn                          ? path
@@ -123,7 +138,7 @@ void TestMainProject::savePromptsAnswers()
 void TestMainProject::saveAsAsksForAFile()
 {
     QVERIFY(open());
-    const QString file = m_cards->filePath("mine");
+    const QString file = m_out->filePath("mine");
     ModalBoxes boxes;
     boxes.answer(file);
     trigger(Command::SaveProjectAs);
@@ -136,6 +151,90 @@ void TestMainProject::saveAsAsksForAFile()
     trigger(Command::SaveProjectAs);
     QVERIFY(boxes.seen().back().contains("/proc/no/such.v1"));
     QVERIFY(m_window->project().isModified());
+}
+
+void TestMainProject::otherFilesAreNotOpened()
+{
+    QVERIFY(open());
+    const QString mine = m_out->filePath("mine.xml");
+    QVERIFY(writeFile(mine, "<KoltProject><Parameters><Parameter name='Fuel'/></Parameters>"
+                            "<CanProperties><Property id='k' value='v'/></CanProperties>"
+                            "</KoltProject>"));
+    ModalBoxes boxes;
+    boxes.answer(mine);
+    trigger(Command::OpenProject);
+    const QString bad = m_cards->filePath("bad.xml");
+    for (const char* content : {"<KorvanProfile/>", "<KoltProject><Par", ""}) {
+        QVERIFY(writeFile(bad, content));
+        boxes.answer(bad);
+        boxes.answer("OK");
+        trigger(Command::OpenProject);
+        QVERIFY(boxes.isDone() && boxes.seen().back().contains(bad));
+        QCOMPARE(m_window->project().path(), mine);
+        QCOMPARE(profile().selectedParameters().size(), 1U);
+    }
+    QCOMPARE(setting("LastProjectPath"), mine);
+    trigger(Command::SaveProject);
+    QVERIFY(readFile(mine).contains("id=\"k\""));
+    QCOMPARE(readFile(bad), "");
+}
+
+void TestMainProject::selectionOutlivesTheProcess()
+{
+    const QString current =
+        QFile::decodeName(DataPaths::instance().dataPath()) + "/CurrentProject.xml";
+    QVERIFY(open());
+    confirmSelection("Fuel");
+    QTRY_VERIFY(readFile(current).contains("Speed") &&
+                !readFile(current).contains("Fuel")); // the process may be ended any time
+    QVERIFY(m_window->project().isModified());        // but the user has not saved
+    // Another window wrote it; this one has nothing new to say.
+    QVERIFY(writeFile(current, "<KoltProject/>"));
+    m_window->close();
+    QCOMPARE(readFile(current), "<KoltProject/>");
+
+    QVERIFY(open());
+    confirmSelection("Speed");
+    ModalBoxes boxes;
+    boxes.answer("No");
+    trigger(Command::NewProject);
+    m_window->close();
+    QVERIFY(readFile(current).contains("<Parameters/>"));
+}
+
+void TestMainProject::otherVariantsAreRemembered()
+{
+    SettingsStore::instance().setText("Profile", "850");
+    QVERIFY(open());
+    confirmSelection("Fuel"); // the other two stay
+    const auto isSelected = [this] {
+        return std::ranges::count(profile().selectedParameters(), "Only 850",
+                                  &ProfileParameter::name) == 1;
+    };
+    QVERIFY(isSelected());
+    SettingsStore::instance().setText("Profile", "915");
+    m_window->close();
+    QVERIFY(open());
+    confirmSelection("Fuel"); // writes the file from what this variant has
+    m_window->close();
+    QVERIFY(open());
+    QVERIFY(!isSelected());
+    auto* const selector = m_window->findChild<QComboBox*>("profileSelector");
+    selector->setCurrentText("850");
+    emit selector->activated(selector->currentIndex());
+    QTRY_VERIFY(isSelected());
+}
+
+void TestMainProject::brokenSettingsAreTold()
+{
+    const QString path = QFile::decodeName(SettingsStore::instance().fileName());
+    QVERIFY(writeFile(path, "<KOLT><Prop"));
+    SettingsStore::instance().load();
+    ModalBoxes boxes;
+    boxes.answer("OK");
+    QVERIFY(open());
+    QTRY_VERIFY(boxes.seen().value(0).contains(path + ".broken"));
+    QVERIFY(QFile::remove(path + ".broken"));
 }
 
 void TestMainProject::profileInstallation()

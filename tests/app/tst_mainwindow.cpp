@@ -49,6 +49,7 @@ private slots:
     void droppedFilesAreLoaded();
     void secondSelectionDuringALoadIsQueued();
     void vanishedFilesAreTold();
+    void pulledCardLeavesWhatIsShown();
     void unitAndVariantSelectors();
     void graphMovesTimeAndColumns();
     void undoKeyReachesNoWidget();
@@ -308,6 +309,41 @@ void TestMainWindow::vanishedFilesAreTold()
     QVERIFY(boxes.seen().front().startsWith("KOLT Warning|"));
     QVERIFY(boxes.seen().front().contains("1.CAN"));
     QCOMPARE(dataSet()->messages.sampleCount(), 10U); // the rest is there
+}
+
+void TestMainWindow::pulledCardLeavesWhatIsShown()
+{
+    const QString card = folder("card", 2);
+    QVERIFY(openCycle(card));
+    auto* const tree = m_window->findChild<QTreeWidget*>("cyclesTree");
+    auto* const rawData = m_window->findChild<QTreeWidget*>("rawDataTree");
+    QTreeWidgetItem* const shown = tree->selectedItems().value(0);
+    const auto words = [this] {
+        QString text;
+        for (const QLabel* label : m_window->statusBar()->findChildren<QLabel*>())
+            text += label->text();
+        return text;
+    };
+    QVERIFY2(words().contains("20 samples"), qPrintable(words()));
+    const DataSet* const data = dataSet();
+    QTemporaryDir elsewhere;
+    QVERIFY(QDir().rename(card, elsewhere.filePath("card")));
+    for (QTreeWidgetItem* other : {tree->topLevelItem(3), rawData->topLevelItem(1)}) {
+        ModalBoxes boxes;
+        boxes.answer("OK");
+        other->treeWidget()->setCurrentItem(other);
+        QTRY_VERIFY(boxes.isDone() && !m_window->isBusy());
+        QVERIFY(boxes.seen().front().contains("still shown"));
+        QCOMPARE(dataSet(), data);
+        QCOMPARE(tree->selectedItems(), QList{shown});
+        QVERIFY(rawData->selectedItems().isEmpty());
+    }
+    QVERIFY(table()->rowCount() > 0);
+    QVERIFY2(words().contains("20 samples"), qPrintable(words()));
+    // It is put in again.
+    QVERIFY(QDir().rename(elsewhere.filePath("card"), card));
+    tree->setCurrentItem(tree->topLevelItem(3));
+    QVERIFY(waitFor([&] { return dataSet()->dateTime.date() == QDate(2026, 7, 29); }));
 }
 
 void TestMainWindow::unitAndVariantSelectors()

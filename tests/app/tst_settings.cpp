@@ -22,6 +22,7 @@ private slots:
     void unusableFileIsKeptAside_data();
     void unusableFileIsKeptAside();
     void failedSaveLeavesTheOldFile();
+    void processesShareTheFile();
     void commandLine_data();
     void commandLine();
     void usageShowsCurrentValues();
@@ -165,6 +166,39 @@ void TestSettings::failedSaveLeavesTheOldFile()
     m_store->setFileName(fileName());
     QVERIFY(!m_store->save());
     QVERIFY(QFileInfo::exists(m_directory->filePath("KOLT.ini/inside")));
+}
+
+void TestSettings::processesShareTheFile()
+{
+    const QString path = QFile::decodeName(fileName());
+    SettingsStore& mine = loadedFrom("<KOLT><Property id='a' value='1'/><Property id='b' "
+                                     "value='1'/><Property id='c' value='1'/></KOLT>");
+    SettingsStore other;
+    other.setFileName(fileName());
+    other.load();
+    other.setText("a", "2");
+    other.setText("b", "2");
+    other.setText("c", "");
+    other.setText("new", "2");
+    QVERIFY(other.save());
+    mine.setText("b", "3");
+    mine.setText("c", "3");
+    QVERIFY(mine.save());
+    QCOMPARE(mine.getText("a"), "1"); // what others set does not reach a running window
+    QCOMPARE(mine.getText("new", "none"), "none");
+    SettingsStore third;
+    third.setFileName(fileName());
+    third.load();
+    for (const auto& [key, value] : {std::pair("a", "2"), {"b", "3"}, {"c", "3"}, {"new", "2"}})
+        QCOMPARE(third.getText(key), value);
+    QVERIFY(!QFile::exists(path + ".lock"));
+
+    // A file that was broken meanwhile is kept, and its place told once.
+    QVERIFY(writeFile(path, "broken"));
+    QVERIFY(mine.save());
+    QCOMPARE(mine.takeKeptCopy(), path + ".broken");
+    QCOMPARE(mine.takeKeptCopy(), QString());
+    QVERIFY(readFile(path).contains("\"a\""));
 }
 
 void TestSettings::commandLine_data()

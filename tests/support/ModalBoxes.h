@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QFileDialog>
 #include <QLineEdit>
+#include <QListView>
 #include <QMessageBox>
 #include <QTimer>
 
@@ -94,6 +95,8 @@ private:
         }
         if (dialog.fileMode() == QFileDialog::Directory)
             dialog.setDirectory(path);
+        // Typing deselects what was proposed; a text that is set does so only with the focus.
+        dialog.findChild<QListView*>(QStringLiteral("listView"))->clearSelection();
         dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->setText(path);
         // Queued: it may ask whether to replace a file, and that box has to be answered too.
         QMetaObject::invokeMethod(&dialog, "accept", Qt::QueuedConnection);
