@@ -166,9 +166,8 @@ void TestPages::longListIsCutAndFiltered()
     const auto page = open(new DialogDataLimit(m_profile));
     auto* const filter = page->findChild<QLineEdit*>();
     const auto labels = page->findChildren<QLabel*>();
-    QVERIFY(std::ranges::any_of(labels, [](const QLabel* label) {
-        return label->text().contains("4 more are left out");
-    }));
+    QVERIFY(std::ranges::any_of(
+        labels, [](const QLabel* label) { return label->text().contains("4 more are left out"); }));
     for (const auto& [text, rows] :
          {std::pair("o", 99'999), {"oi", 99'998}, {"oix", 0}, {"", 100'000}}) {
         filter->setText(text);
