@@ -151,6 +151,13 @@ void TestMainProject::saveAsAsksForAFile()
     trigger(Command::SaveProjectAs);
     QVERIFY(boxes.seen().back().contains("/proc/no/such.v1"));
     QVERIFY(m_window->project().isModified());
+
+    boxes.answer("No");
+    trigger(Command::NewProject);
+    boxes.answer(m_out->filePath("new")); // it has no file yet
+    trigger(Command::SaveProject);
+    QVERIFY(boxes.isDone());
+    QVERIFY(QFile::exists(m_out->filePath("new.xml")));
 }
 
 void TestMainProject::otherFilesAreNotOpened()
