@@ -6,7 +6,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <ranges>
 
 namespace KOLT {
 
@@ -87,7 +86,8 @@ std::vector<PlacedMark> marksInWindow(const std::vector<MapMark>& marks, const T
     const double rows = std::ceil(globe.height() + 2.0 * largestMark);
     std::vector<quint8> taken(static_cast<std::size_t>(columns * rows)); ///< a bit for each kind
     std::vector<PlacedMark> placed;
-    for (const MapMark& mark : std::views::reverse(marks)) {
+    for (auto next = marks.rbegin(); next != marks.rend(); ++next) {
+        const MapMark& mark = *next;
         const auto place = globe.latLong2Window(mark.place);
         if (!place)
             continue;
