@@ -146,7 +146,15 @@ protected:
         return m_window->findChild<DialogDataTable*>()->findChild<QTableView*>()->model();
     }
 
-    static QString setting(const char* key) { return SettingsStore::instance().getText(key); }
+    /// As the next start reads it from the settings file.
+    static QString setting(const char* key)
+    {
+        const DiagnosticsCapture output;
+        SettingsStore file;
+        file.setFileName(SettingsStore::instance().fileName());
+        file.load();
+        return file.getText(key);
+    }
 
     QTemporaryDir m_home;
     std::unique_ptr<QTemporaryDir> m_cards;

@@ -401,6 +401,7 @@ void TestMainWindow::graphMovesTimeAndColumns()
     GraphSettings settings;
     settings.hasEvents = false;
     emit graph->signalSettings(settings);
+    m_window->close(); // before the pause after which it would be saved
     QCOMPARE(setting("GraphEvents"), "false");
 }
 
