@@ -92,6 +92,10 @@ void TestProject::writtenFileFollowsTheProfile()
     QVERIFY(written.indexOf("\"k\"") < written.indexOf("\"z\""));
     QCOMPARE(written.count("<Property"), 2);
     QVERIFY(!written.contains("\"1\""));
+
+    QVERIFY(m_project.read(file("<KoltProject/>")) != 0); // nothing is left of the one before
+    QVERIFY(m_project.write(path));
+    QVERIFY(!readFile(path).contains("<Property"));
 }
 
 void TestProject::unreadableFileKeepsTheSelection()
