@@ -18,7 +18,7 @@ constexpr DataTypeInfo integer(std::string_view name, int width)
     return {name, Integer, width, name.front() != 'U'};
 }
 
-// The _2, _3 and _4 forms decode exactly like their plain form: startByte alone says where.
+// The suffixes _2, _3 and _4 do not affect decoding: startByte alone gives the position.
 constexpr std::array dataTypes{
     notImplemented("NODATA"),
     notImplemented("ERROR"),

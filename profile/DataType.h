@@ -5,10 +5,10 @@
 #include <array>
 #include <string_view>
 
-/// The data types that a parameter's `dataType` attribute names (docs/formats/profile.md).
+/// The data types of a parameter's `dataType` attribute (docs/formats/profile.md).
 namespace KOLT {
 
-/// The code of a type is its place in the table.
+/// The code of a type is its index in the table.
 enum class DataType : int {
     NoData = 0,
     Error = 1,
@@ -35,14 +35,14 @@ struct DataTypeInfo
 {
     std::string_view name;
     DecodingRule rule = DecodingRule::NotImplemented;
-    int width = 0; ///< bytes read at startByte, 0 where nothing is read
+    int width = 0; ///< bytes read at startByte; 0 for types that are not implemented
     bool isSigned = false;
 };
 
-/// The row of a code; a code outside the table gives the row of code 0.
+/// The entry for a code; an unknown code gives the entry of code 0.
 const DataTypeInfo& dataTypeInfo(int code);
 
-/// The code of a type's name, compared exactly; 0 ("NODATA") for a name outside the table.
+/// The code of a type name (case-sensitive); 0 ("NODATA") for an unknown name.
 int dataTypeCode(const QString& name);
 
 /// Number of codes, 0 .. dataTypeCount() - 1.

@@ -16,7 +16,7 @@ constexpr int warmUp = 5;
 
 double PositionFilter::degrees(double value)
 {
-    // Infinity has no fraction and stays infinite, so that the filter rejects it.
+    // modf gives infinity a fraction of 0, so the result is infinite and the filter rejects it.
     double whole = 0.0;
     const double rest = std::modf(value / 100.0, &whole);
     // The unit's own software works with single-precision minutes.

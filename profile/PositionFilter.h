@@ -2,19 +2,19 @@
 
 namespace KOLT {
 
-/// Turns positions from the unit's degrees-and-minutes form into degrees and rejects jumps.
+/// Converts positions from the unit's degrees-and-minutes form to degrees, and rejects jumps.
 ///
-/// One filter serves one pass over a recording and starts fresh with it. The first five accepted
-/// positions of an axis pass as they are (zeros, sent without a fix, do not count); after them a
-/// position more than 10 km away from the last is replaced by the last. The limit in longitude
-/// grows with the last accepted latitude, so a pass that needs both axes filters latitude first.
+/// Use a new filter for each pass over a recording. The first five positions of an axis pass
+/// unchanged (zeros, which the unit sends without a fix, do not count); after that, a position more
+/// than 10 km from the last accepted one is replaced by it. The limit in longitude depends on the
+/// last accepted latitude, so a pass that needs both axes must filter latitude first.
 class PositionFilter
 {
 public:
-    /// Degrees of a number in the form DDDMM.mmmm, such as 48.5 for 4830.0.
+    /// Converts DDDMM.mmmm to degrees: 4830.0 gives 48.5.
     static double degrees(double value);
 
-    /// Both take and return degrees.
+    /// The accepted value for the next position of the axis, in degrees.
     double latitude(double degrees);
     double longitude(double degrees);
 

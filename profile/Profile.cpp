@@ -12,7 +12,7 @@ namespace {
 
 const auto rootName = QStringLiteral("KorvanProfile");
 
-/// What a look-up without a result refers to.
+/// Returned by reference from look-ups that find nothing.
 const std::vector<const ProfileParameter*> noParameters;
 
 } // namespace

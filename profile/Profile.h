@@ -14,12 +14,12 @@
 
 namespace KOLT {
 
-/// The active parameter profile: what the recording unit sends, and how it is read, named, graded
-/// and classified, for one aircraft variant.
+/// The parameter profile for one aircraft variant: which parameters the recording unit sends, and
+/// how they are decoded, named, graded and classified.
 ///
-/// Pointers that the queries hand out stay valid until the next `loadProfil` and no longer.
-/// A file that cannot be used leaves an empty profile. Bad content (unknown types, missing lists,
-/// numbers that are none) never fails a load: the attribute takes its default.
+/// Pointers returned by the queries are valid until the next `loadProfil`. After a failed load the
+/// profile is empty. Bad content (unknown types, missing lists, malformed numbers) does not fail a
+/// load: the attribute takes its default.
 class Profile
 {
 public:
@@ -27,9 +27,9 @@ public:
     Profile(const Profile&) = delete;
     Profile& operator=(const Profile&) = delete;
 
-    /// Reads the profile for the named variant; elements of other variants are skipped. An empty
-    /// variant takes every element. False when the file cannot be read, is no XML, or has another
-    /// root than "KorvanProfile".
+    /// Reads the profile for the named variant and skips elements of other variants. With an empty
+    /// variant nothing is skipped. False when the file cannot be read, is not XML, or has a root
+    /// other than "KorvanProfile".
     bool loadProfil(const QString& path, const QString& activeVariant);
 
     /// Reads only the list of variants.
@@ -47,21 +47,21 @@ public:
 
     const std::vector<Variant>& variants() const { return m_variants; }
 
-    /// Whether the variants that loadVariants() found know the name; true where there are none.
+    /// Whether loadVariants() found a variant of this name; true if the file lists no variants.
     bool hasVariant(const QString& name) const;
-    /// The variant to load where one is only remembered: it, or else the first of the file. With a
-    /// variant that the file does not have, nearly nothing of it would be loaded.
+    /// `name` if the file has that variant, otherwise its first one. For a remembered name, which
+    /// may come from another profile: loading an unknown variant would skip most of the file.
     QString variantOrFirst(const QString& name) const;
 
-    /// Another number after each load, of all profiles of the process: what was worked out with the
-    /// parameters of another revision is stale.
+    /// Changes with each load and is unique in the process: results computed with another revision
+    /// are stale.
     std::uint64_t revision() const { return m_revision; }
 
     UnitSystem unitSystem() const { return m_unitSystem; }
 
     void setUnitSystem(UnitSystem system) { m_unitSystem = system; }
 
-    /// Devices in file order; each is a parameter group.
+    /// In file order. Each device is also a parameter group.
     const std::vector<Device>& devices() const { return m_devices; }
 
     const std::vector<ErrorMatrix>& errorMatrices() const { return m_errorMatrices; }
@@ -69,27 +69,26 @@ public:
     /// All parameters in file order.
     const std::deque<ProfileParameter>& parameters() const { return m_parameters; }
 
-    /// Parameters that share a message identifier, in file order; empty when there are none.
+    /// The parameters of a message identifier, in file order; may be empty.
     const std::vector<const ProfileParameter*>& parametersById(int id) const;
-    /// By "Device/Name"; the first in file order, null when unknown.
+    /// By "Device/Name"; the first in file order, null if there is none.
     const ProfileParameter* parameterByFullName(const QString& fullName) const;
-    /// Parameters with the role, in file order.
+    /// The parameters with a role, in file order; may be empty.
     const std::vector<const ProfileParameter*>& parametersByRole(const QString& role) const;
-    /// The first parameter with the role, null when there is none.
+    /// The first parameter with a role, null if there is none.
     const ProfileParameter* parameterByRole(const QString& role) const;
     const EnumList* enumList(int id) const;
     const Threshold* threshold(int id) const;
 
-    /// The value in the active unit system: value * factor + offset where the system is imperial
-    /// and the profile defines the parameter's pair of units, the value itself otherwise.
+    /// The value in the active unit system: value * factor + offset if that is imperial and the
+    /// profile defines a conversion for the parameter's units, otherwise the value itself.
     double convertUnit(const ProfileParameter& parameter, double value) const;
-    /// True where `convertUnit` converts a decoded value of this parameter (only FLOAT values are).
+    /// Whether decoded values of the parameter are converted; only FLOAT values ever are.
     bool isConverted(const ProfileParameter& parameter) const;
-    /// The label that fits the number shown: the imperial one only where the value is converted.
+    /// The label that fits the number shown: the imperial one only if the value is converted.
     const QString& unitLabel(const ProfileParameter& parameter) const;
 
-    /// Sets the selected flag of every parameter that satisfies the predicate, and clears all
-    /// others.
+    /// Sets each parameter's selected flag to the result of the predicate.
     template <typename Predicate>
     void select(Predicate&& isSelected)
     {
@@ -97,15 +96,15 @@ public:
             parameter.selected = isSelected(std::as_const(parameter));
     }
 
-    /// The order in which selected parameters are shown, by full names; those that are not named
-    /// follow in their own order.
+    /// Sets the order of selectedParameters() by full name. Parameters not in the list follow in
+    /// default order.
     void setDisplayOrder(const QStringList& fullNames) { m_displayOrder = fullNames; }
 
-    /// The selected parameters in display order, by default device by device and in name order.
+    /// The selected parameters in display order; by default by device, then by name.
     std::vector<const ProfileParameter*> selectedParameters() const;
 
-    /// Whether an element's `variant` attribute takes it for the active variant: a comma-separated
-    /// list of names, those with a leading "!" excluded.
+    /// Whether an element with this `variant` attribute applies to the active variant. The
+    /// attribute is a comma-separated list of names; a leading "!" excludes a variant.
     static bool matchesVariant(const QString& activeVariant, const QString& attribute);
 
 private:

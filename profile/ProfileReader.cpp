@@ -53,7 +53,7 @@ QString conversionKey(const QString& unitMetric, const QString& unitImperial)
     return unitMetric + QLatin1Char('_') + unitImperial;
 }
 
-/// The list of that name, created with a new identifier at its first mention.
+/// The list of that name; the first use of a name creates the list with a new identifier.
 template <typename List>
 List& listNamed(const QString& name, QHash<QString, int>& ids, std::map<int, List>& lists)
 {
@@ -64,7 +64,7 @@ List& listNamed(const QString& name, QHash<QString, int>& ids, std::map<int, Lis
     return list;
 }
 
-/// A list without a name cannot be named: it would stand for every parameter that names none.
+/// -1 for an empty name: parameters without the attribute must not get a list without a name.
 int idOfList(const QHash<QString, int>& ids, const QString& name)
 {
     return name.isEmpty() ? -1 : ids.value(name, -1);

@@ -9,8 +9,8 @@ namespace KOLT {
 
 /// Fills an empty Profile from the root element of a profile file.
 ///
-/// Lists and matrices are read before the parameters, so that a name resolves wherever in the file
-/// its list stands.
+/// Lists and matrices are read before the parameters, so a parameter may refer to a list that comes
+/// later in the file.
 class ProfileReader
 {
 public:
@@ -24,7 +24,7 @@ public:
     static std::vector<Variant> readVariants(const QDomElement& root);
 
 private:
-    /// Calls `function` for each child of that name which the active variant takes.
+    /// Calls `function` for each child of that name that applies to the active variant.
     template <typename Function>
     void forEach(const QDomElement& parent, const QString& name, Function&& function) const;
 

@@ -22,15 +22,15 @@ struct ThresholdStep
     Grade grade;
 };
 
-/// A list of steps that grades a value, kept in file order.
+/// Grades a value by a list of steps, which are kept in file order.
 struct Threshold
 {
     int id = 0;
     QString name;
     std::vector<ThresholdStep> steps;
 
-    /// The grade of the last step not above `value`, where the walk ends at the first step above
-    /// it. White and Ok below the first step and for NaN.
+    /// The grade of the last step at or below `value`, searching up to the first step above it.
+    /// White and Ok below the first step and for NaN.
     Grade grade(double value) const
     {
         Grade result;

@@ -14,7 +14,7 @@ constexpr double signedMin = -2147483648.0;
 constexpr double signedMax = 2147483647.0;
 constexpr double unsignedMax = 4294967295.0;
 
-/// `width` bytes at startByte, least significant first.
+/// `width` bytes at startByte, little-endian.
 std::uint32_t rawWord(const MessageData& data, const ProfileParameter& parameter, int width)
 {
     std::uint32_t word = 0;
@@ -24,7 +24,7 @@ std::uint32_t rawWord(const MessageData& data, const ProfileParameter& parameter
     return word;
 }
 
-/// The low bytes of `word` as a number of the type's width and sign.
+/// The low bytes of `word` as a number of the type's width and signedness.
 std::int64_t asType(std::uint32_t word, const DataTypeInfo& type)
 {
     switch (type.width) {
@@ -39,7 +39,7 @@ std::int64_t asType(std::uint32_t word, const DataTypeInfo& type)
     }
 }
 
-/// An integer type's raw value times factor plus offset, before it is narrowed.
+/// An integer type's raw value * factor + offset, before narrowing.
 double scaledInteger(const MessageData& data, const ProfileParameter& parameter,
                      const DataTypeInfo& type)
 {
@@ -47,7 +47,7 @@ double scaledInteger(const MessageData& data, const ProfileParameter& parameter,
     return static_cast<double>(raw) * parameter.factor + parameter.offset;
 }
 
-/// Truncates towards zero, saturates to 32 bits, then keeps the type's low bits.
+/// Saturates to 32 bits, truncates towards zero, then keeps the low bits of the type's width.
 std::int64_t narrowed(double value, const DataTypeInfo& type)
 {
     if (std::isnan(value))
@@ -99,7 +99,7 @@ QString bitFieldText(const ProfileParameter& parameter, std::uint32_t bits)
     return number + QStringLiteral(": ") + entry->second.label;
 }
 
-/// Puts the scaled number where the raw one was.
+/// Replaces the raw value in `data` by the scaled one.
 void writeBack(MessageData& data, const ProfileParameter& parameter, double number)
 {
     std::uint32_t word = 0;
@@ -156,7 +156,7 @@ QString textOf(const Profile& profile, const ProfileParameter& parameter, const 
     case DecodingRule::NotImplemented:
         break;
     }
-    // The second data byte stands where one would expect the type's code: users know it so.
+    // Users know this text with the second data byte in place of the type's code.
     return QStringLiteral("Datatype %1 not implemented").arg(static_cast<int>(data[1]));
 }
 

@@ -9,9 +9,9 @@
 #include <bit>
 #include <cstdint>
 
-/// The one routine that turns a recorded message into the value of a parameter, in two depths: the
-/// number alone for graph, flights and events, and text and grade on top of it for what is read.
-/// Decoding never fails. Rules and data types: docs/formats/profile.md.
+/// Decodes the value of a parameter from a recorded message. decodeNumber() gives the number alone,
+/// for graph, flights and events; decodeValue() adds text and grade, for display. Decoding never
+/// fails. Rules and data types: docs/formats/profile.md.
 namespace KOLT {
 
 struct DecodedValue
@@ -21,9 +21,9 @@ struct DecodedValue
     Grade grade;
 };
 
-/// The scaled value in metric units, without making text. Positions are converted to degrees, and
-/// filtered when a filter is given. Positions keep the full double, other FLOAT values are
-/// single-precision, integers whole, bit fields unsigned; 0 for types that do not decode.
+/// The scaled value in metric units. Positions are converted to degrees in double precision, and
+/// filtered if a filter is given. Other FLOAT values have single precision, integers are whole, bit
+/// fields unsigned. 0 for types that are not implemented.
 inline double decodeNumber(const MessageData& data, const ProfileParameter& parameter,
                            PositionFilter* filter = nullptr);
 
@@ -35,18 +35,18 @@ inline Grade gradeOf(const ProfileParameter& parameter, double number)
                : Grade{};
 }
 
-/// The text of `number`, which was decoded from `data`.
+/// The text of `number`, which must have been decoded from `data`, in the active unit system.
 QString textOf(const Profile& profile, const ProfileParameter& parameter, const MessageData& data,
                double number);
 
-/// Everything at once. The scaled value replaces the raw one in `data`, which is a copy of the
-/// recorded bytes, with the raw type's width.
+/// Number, text and grade. Replaces the raw value in `data` by the scaled one, with the raw type's
+/// width, so `data` must be a copy of the recorded bytes.
 DecodedValue decodeValue(const Profile& profile, const ProfileParameter& parameter,
                          MessageData& data, PositionFilter* filter = nullptr);
 
 namespace Detail {
 
-/// Four bytes, least significant first.
+/// Four bytes, little-endian.
 inline std::uint32_t word32(const unsigned char* bytes)
 {
     return static_cast<std::uint32_t>(bytes[0]) | static_cast<std::uint32_t>(bytes[1]) << 8 |
@@ -59,7 +59,7 @@ inline float scaledFloat(const MessageData& data, const ProfileParameter& parame
     return static_cast<float>(static_cast<double>(raw) * parameter.factor + parameter.offset);
 }
 
-/// Everything but plain FLOAT values.
+/// Decodes all but plain FLOAT values.
 double decodeOther(const MessageData& data, const ProfileParameter& parameter,
                    PositionFilter* filter);
 
@@ -68,7 +68,7 @@ double decodeOther(const MessageData& data, const ProfileParameter& parameter,
 inline double decodeNumber(const MessageData& data, const ProfileParameter& parameter,
                            PositionFilter* filter)
 {
-    // Most of a recording is plain floats, and graphs decode millions of them.
+    // Inline for plain floats: they are most of a recording, and graphs decode millions.
     if (parameter.rule == DecodingRule::Float && !parameter.isPosition)
         return Detail::scaledFloat(data, parameter);
     return Detail::decodeOther(data, parameter, filter);

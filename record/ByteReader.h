@@ -8,8 +8,7 @@ namespace KOLT {
 
 enum class ByteOrder { Little, Big };
 
-/// Reads numbers at offsets of a block of bytes. A number that does not lie wholly inside the block
-/// reads as 0.
+/// Reads unsigned numbers from a block of bytes. A number that extends beyond the block reads as 0.
 class ByteReader
 {
 public:

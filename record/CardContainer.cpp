@@ -22,8 +22,8 @@ QString fileNameOf(const QString& path)
     return path.section(QLatin1Char('/'), -1);
 }
 
-/// Says which entries look like record files but are not listed: folders, dangling links, devices,
-/// and names that the toolkit cannot read.
+/// Reports entries that are named like record files but not listed: folders, dangling links,
+/// devices, and names that are not UTF-8, which the toolkit cannot open.
 void reportOddEntries(const QString& folder, const std::map<QString, RecordFile>& files)
 {
     std::error_code error;
@@ -71,10 +71,10 @@ bool CardContainer::readContainer(const QString& folder, const Progress& progres
     qsizetype index = 0;
     for (const QFileInfo& entry : entries) {
         const QString name = entry.fileName();
-        // Links to pipes and devices count as files in the listing; opening one may never return.
+        // The listing includes links to pipes and devices; opening one may block forever.
         if (isRecordFileName(name) && entry.isFile())
             m_files[name].readRecordInfo(QStringLiteral("%1/%2").arg(folder, name));
-        // Whole-number division: the bar stays at 0 until all is read.
+        // Whole-number division on purpose: progress stays at 0 until all files are read.
         if (progress)
             progress(static_cast<int>(index / entries.size() * 100));
         ++index;
@@ -108,7 +108,7 @@ bool CardContainer::canReadAny(const std::list<QString>& paths) const
     return std::ranges::any_of(paths, [this](const QString& path) {
         const auto known = m_files.find(fileNameOf(path));
         QFile file(known != m_files.end() ? known->second.path() : QString());
-        // A card that is gone may still be remembered by the system: it has to give a byte.
+        // The system may cache the directory of a removed card, so try to read a byte.
         return QFileInfo(file).isFile() && file.open(QIODevice::ReadOnly) &&
                (file.size() == 0 || file.getChar(nullptr));
     });
@@ -116,7 +116,7 @@ bool CardContainer::canReadAny(const std::list<QString>& paths) const
 
 bool CardContainer::loadFiles(const std::list<QString>& paths, const Progress& progress)
 {
-    m_dataSet.reset(); // two cycles at once would need twice the memory
+    m_dataSet.reset(); // before reading: two data sets at once would take twice the memory
     m_dataSet = read(paths, progress);
     findTrack(*m_dataSet);
     return true;

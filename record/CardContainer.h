@@ -18,9 +18,10 @@ class Profile;
 
 /// A folder of record files: the unit's memory card or a copy of it.
 ///
-/// Lists the files with their headers and cycles, and loads a choice of them as the one current
-/// data set. As long as it lives, nothing is written below the folder. Flights need the profile's
-/// roles, so the profile must be loaded first; it has to outlive the container.
+/// Lists the files with their headers and cycles, and loads a selection of them as the current data
+/// set. While the container exists, base/WriteGuard refuses writes below the folder. The profile
+/// must outlive the container and be loaded before data sets are, as flights and track need its
+/// roles.
 class CardContainer
 {
 public:
@@ -32,30 +33,31 @@ public:
     {
     }
 
-    /// Lists the folder's record files (suffix "CAN", "can" or "xcb"). False when there is no such
-    /// folder; everything is then as before. A file that cannot be read keeps an empty header.
-    /// While files are read the progress stays at 0; it becomes 100 at the end.
+    /// Lists the folder's record files (suffix "CAN", "can" or "xcb"). False if there is no such
+    /// folder; nothing changes then. A file that cannot be read is listed with an empty header.
+    /// Reports 0 per file and 100 at the end.
     bool readContainer(const QString& folder, const Progress& progress = {});
 
-    /// Whether at least one of these files can be opened and read. Whoever wants to keep the
-    /// current data set otherwise, as of a card that was pulled, asks before loading.
+    /// Whether at least one of the files can be opened and read. Loading replaces the data set in
+    /// any case, so callers that want to keep it when the card was removed check this first.
     bool canReadAny(const std::list<QString>& paths) const;
 
-    /// The three ways to load a data set, which replaces the current one. Files are read in the
-    /// order given: the first gives start and date-time, the last the stop. A file that is not
-    /// part of the container, or cannot be read, contributes nothing.
+    /// Loads a data set in place of the current one. Files are read in the given order: start and
+    /// date-time come from the first, the stop from the last. A file that is not listed or cannot
+    /// be read contributes no samples and is named in unreadFiles.
     bool loadFiles(const std::list<QString>& paths, const Progress& progress = {});
-    /// False when there is no such cycle; the current data set is then kept.
+    /// False if there is no such cycle; the current data set is kept then.
     bool loadCycle(int number, const Progress& progress = {});
-    /// Without such a flight the result is false too, and the whole cycle is loaded.
+    /// As loadCycle(); also false if the cycle has no such flight, and the whole cycle is loaded
+    /// then.
     bool loadFlight(int number, std::size_t flightIndex, const Progress& progress = {});
 
-    /// A flight of the current data set, which must be a whole cycle, as a set of its own: what
-    /// loadFlight() loads, without reading the files once more for each flight.
+    /// A data set like that of loadFlight(), copied from the current one, which must be a whole
+    /// cycle. Saves reading the files again for each flight.
     std::unique_ptr<DataSet> copyOfFlight(std::size_t flightIndex) const;
 
-    /// Works out flights and track of the current data set again, as they depend on the profile;
-    /// of a single flight only the track. Keeps the flights for the cycle of that number.
+    /// Recomputes flights and track of the current data set, for use after a change of the profile.
+    /// Of a single flight only the track. flightsOf(cycleNumber) follows.
     void reanalyse(std::optional<int> cycleNumber);
 
     const QString& folder() const { return m_folder; }
@@ -64,7 +66,7 @@ public:
 
     const std::map<int, Cycle>& cycles() const { return m_cycles; }
 
-    /// The flights of a cycle, as found when it was loaded last, all or one of them; none before.
+    /// The flights found when the cycle, or a flight of it, was last loaded; none before that.
     const std::vector<Flight>& flightsOf(int number) const;
 
     /// Valid until the next load; null before the first.
@@ -78,7 +80,7 @@ private:
 
     const Profile& m_profile;
     QString m_folder;
-    std::shared_ptr<const void> m_protection;     ///< nothing is written below the folder
+    std::shared_ptr<const void> m_protection;     ///< keeps the folder write-protected
     std::map<QString, RecordFile> m_files;        ///< by file name
     std::map<int, Cycle> m_cycles;                ///< by number
     std::map<int, std::vector<Flight>> m_flights; ///< by cycle number

@@ -8,8 +8,8 @@
 
 namespace KOLT {
 
-/// Seconds, truncated to milliseconds, added to 00:00:00; beyond a day it begins anew. Times on the
-/// unit's counter are shown this way.
+/// A time on the unit's counter as it is displayed: 00:00:00 plus the seconds, truncated to
+/// milliseconds, modulo one day. Invalid for NaN, infinity and absurdly large numbers.
 inline QTime clockTime(double seconds)
 {
     constexpr qint64 dayMilliseconds = 24LL * 60 * 60 * 1000;
@@ -20,7 +20,7 @@ inline QTime clockTime(double seconds)
     return QTime::fromMSecsSinceStartOfDay(static_cast<int>(inDay));
 }
 
-/// "hh:mm:ss" of a duration, in whole seconds; hours may exceed a day. Below 0 it is 0.
+/// A duration in whole seconds as "hh:mm:ss"; hours may exceed 24. Negative ones count as 0.
 inline QString durationText(double seconds)
 {
     const auto whole = static_cast<qint64>(seconds > 0.0 ? std::min(seconds, 1e15) : 0.0);

@@ -10,13 +10,13 @@
 
 namespace KOLT {
 
-/// One run of the engine: from the file without a valid date, written before the unit had a clock,
-/// to the file before the next such.
+/// One run of the engine. It starts with a file without a valid date, as the unit has no clock
+/// until its first position fix, and ends before the next such file.
 struct Cycle
 {
-    int number = 0;                 ///< from 1; 0 for files before the first that opens a cycle
+    int number = 0;                 ///< from 1; 0: the files before the first cycle
     QString name;                   ///< "Cycle <number>"
-    QDateTime dateTime;             ///< of the first file; invalid when it could not be repaired
+    QDateTime dateTime;             ///< of the first file; invalid if it could not be repaired
     std::vector<QString> fileNames; ///< in name order
     double startSeconds = 0.0;      ///< of the first file
     double stopSeconds = 0.0;       ///< of the last file
@@ -24,7 +24,7 @@ struct Cycle
     double durationSeconds() const { return stopSeconds - startSeconds; }
 };
 
-/// Divides the files of a card, in name order, into cycles by ascending number.
+/// Divides the files of a card into cycles, by number. `files` are by name.
 std::map<int, Cycle> divideIntoCycles(const std::map<QString, RecordFile>& files);
 
 } // namespace KOLT

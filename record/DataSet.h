@@ -12,34 +12,33 @@
 
 namespace KOLT {
 
-/// What is loaded for analysis: some files, a cycle, or one flight of a cycle. Times are seconds on
-/// the unit's counter.
+/// The recording loaded for analysis: some files, a cycle, or one flight of a cycle. Times are
+/// seconds on the unit's counter.
 struct DataSet
 {
     MessageMap messages;
     double startSeconds = 0.0;
     double stopSeconds = 0.0;
-    QDateTime dateTime; ///< of the first file, taken as the clock at counter 0; may be invalid
-    std::vector<QString>
-        unreadFiles;             ///< names of files that could not be read, or not to their end
-    std::vector<Flight> flights; ///< all flights of the files, also when only one is loaded
-    std::optional<std::size_t> flightIndex; ///< the flight that is loaded, when it is one
+    QDateTime dateTime; ///< clock time at counter 0, from the first file; may be invalid
+    std::vector<QString> unreadFiles; ///< names of files that were not read, or not completely
+    std::vector<Flight> flights;      ///< all flights of the files, even if only one is loaded
+    std::optional<std::size_t> flightIndex; ///< the loaded flight; none: all of the files
     std::vector<TrackPoint> track;
 
-    /// What the rooms above found in the samples and keep beside them, gone with them.
+    /// A cache for results that higher layers compute from the samples; lives as long as these.
     mutable std::shared_ptr<void> findings;
 
-    /// The flight that is loaded; null when a whole cycle or files are.
+    /// The loaded flight; null if a cycle or files are loaded.
     const Flight* flight() const { return flightIndex ? &flights[*flightIndex] : nullptr; }
 
-    /// What the messages sent last before the loaded flight, by identifier. For exports only, whose
-    /// first rows would be empty without: the flight itself has no earlier samples.
+    /// The last sample of each message before the loaded flight. For exports, whose first rows
+    /// would otherwise be empty, and for the track's first altitude.
     SamplesBefore before;
 
-    /// Narrows the set to one of its flights: only its samples stay.
+    /// Drops all samples outside the flight. Leaves the track to the caller.
     void keepFlight(std::size_t index);
 
-    /// What keepFlight() would leave, without the track, as a set of its own.
+    /// A new data set with the result of keepFlight(), without a track.
     std::unique_ptr<DataSet> copyOfFlight(std::size_t index) const;
 };
 

@@ -5,12 +5,12 @@
 namespace KOLT {
 
 /// One flight of a recording with its figures. Times are seconds on the unit's counter, altitudes
-/// and distances metres, speeds km/h, rates m/s, fuel litres. A figure that was never found is 0;
-/// ratios of a flight without gain are not finite. Formulas: docs/flights.md.
+/// and distances metres, speeds km/h, rates m/s, fuel litres. Figures without data are 0; ratios
+/// are infinite or NaN for a flight without altitude gain. Formulas: docs/flights.md.
 struct Flight
 {
-    QDateTime dateTime;        ///< of the take-off; invalid when the recording has no date
-    double startSeconds = 0.0; ///< 30 s before the take-off, not below 0
+    QDateTime dateTime;        ///< of the take-off; invalid if the recording has no date
+    double startSeconds = 0.0; ///< 30 s before the take-off, at least 0
     double endSeconds = 0.0;   ///< 30 s after the landing
     double takeOffSeconds = 0.0;
     double landingSeconds = 0.0;

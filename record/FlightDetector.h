@@ -2,11 +2,11 @@
 
 namespace KOLT {
 
-/// Finds take-offs and landings in a sequence of ground speeds (km/h), one sample at a time.
+/// State machine that finds take-offs and landings in a sequence of ground speeds (km/h).
 ///
-/// The limits differ on purpose: a take-off run starts above 50 and holds at 50, a landing counts
-/// below or at 40, and each needs more than 10 samples. At exactly 40 while airborne a sample
-/// counts towards the landing without leaving the airborne state.
+/// The limits differ on purpose: a take-off run starts above 50 and continues at 50 or more; a
+/// landing run counts samples of 40 or less. Either is confirmed by more than 10 samples. A sample
+/// of exactly 40 while airborne counts towards the landing but does not start a landing run.
 class FlightDetector
 {
 public:
@@ -54,7 +54,7 @@ private:
         }
         if (m_counter <= confirmingSamples)
             return Event::None;
-        // The counter is not cleared: a sample at exactly the landing speed goes on from here.
+        // The counter is kept on purpose: a sample of exactly 40 continues from it.
         m_state = State::Airborne;
         return Event::TakeOff;
     }

@@ -21,8 +21,8 @@ constexpr double liftOffHeight = 1.0;         // metres
 constexpr double obstacleHeight = 15.0;       // metres
 constexpr double secondsPerHour = 3600.0;
 
-/// Where times jump, every flight takes a look at the whole recording. A damaged one can hold
-/// thousands of flights; this keeps the work in proportion to its size.
+/// If the times of a series do not ascend, the figures of each flight need a pass over all of it. A
+/// damaged recording can hold thousands of flights; this bounds the total work to O(samples).
 constexpr std::size_t maxLooksPerSample = 200;
 
 struct Position
@@ -36,7 +36,7 @@ double distanceBetween(const Position& from, const Position& to)
     return TUSK::Geodetic::distance(from.latitude, from.longitude, to.latitude, to.longitude);
 }
 
-/// Works out the figures of flights in one recording.
+/// Computes the figures of the flights of one recording.
 class FlightStatistic
 {
 public:
@@ -52,7 +52,7 @@ public:
     {
     }
 
-    /// False when the recording took too much work already; the figures then stay 0.
+    /// False if the recording's budget of work is used up; the figures stay 0 then.
     bool compute(Flight& flight)
     {
         const std::size_t work = workFor(flight);
@@ -72,7 +72,7 @@ public:
     }
 
 private:
-    /// Where heights above the runway are counted from.
+    /// The end of the take-off run: heights above the runway are relative to its altitude.
     struct Reference
     {
         double seconds = 0.0;
@@ -104,7 +104,7 @@ private:
         return time ? positionAt(*time) : Position{};
     }
 
-    /// Flow per hour integrated over the time since the sample before.
+    /// Integrates a flow in litres per hour over time.
     static double fuelUsed(const RoleSeries& flow, const Flight& flight)
     {
         double used = 0.0;
@@ -184,7 +184,7 @@ std::vector<Flight> findFlights(const Profile& profile, const MessageMap& messag
     const RoleSeries groundSpeed(profile, messages, "GroundSpeed");
     groundSpeed.forEach([&](double t, const MessageData& data, const ProfileParameter& parameter) {
         const double speed = decodeNumber(data, parameter);
-        if (!std::isfinite(speed)) // it says neither that the aircraft is fast nor that it is slow
+        if (!std::isfinite(speed)) // neither a fast nor a slow sample
             return;
         switch (detector.step(speed)) {
         case FlightDetector::Event::None:

@@ -30,7 +30,7 @@ std::span<const TrackPoint> pointsWithin(std::span<const TrackPoint> track, doub
     return first < last ? std::span<const TrackPoint>(first, last) : std::span<const TrackPoint>();
 }
 
-/// Where flights come close, both get half of the time on the ground between them.
+/// Flights whose margins overlap share the time on the ground between them equally.
 double endOf(const std::vector<Flight>& flights, std::size_t index)
 {
     const Flight& flight = flights[index];

@@ -11,9 +11,9 @@ namespace KOLT {
 
 /// All samples of a data set, grouped by message identifier.
 ///
-/// Samples of kind 0 and kind 1 stand once more, in recording order, under the identifiers
-/// 0x7FFFFFFF and 0x7FFFFFFE. Those two series are put together only when somebody asks for them.
-/// At most `maxIdentifiers` identifiers are kept: a bus has some hundred, a damaged file millions.
+/// Samples of kind 0 and kind 1 are also found, in recording order, under the identifiers
+/// 0x7FFFFFFF and 0x7FFFFFFE; these two series are built on first use. At most `maxIdentifiers`
+/// identifiers are kept: a bus has some hundred, a damaged file may have millions.
 class MessageMap
 {
 public:
@@ -23,9 +23,9 @@ public:
     MessageMap(const MessageMap&) = delete;
     MessageMap& operator=(const MessageMap&) = delete;
 
-    /// Adds a sample, numbers it and returns it; the caller fills in what is not given here. (A
-    /// sample put together elsewhere and copied costs three times as much.) Null when it is left
-    /// out. Throws std::bad_alloc when memory runs out.
+    /// Adds a sample, gives it the next sequence number and returns it; the caller must assign all
+    /// other fields, which are uninitialised. (Copying a complete sample takes three times as
+    /// long.) Null if the sample was dropped. Throws std::bad_alloc.
     StoredSample* append(std::uint32_t id, std::uint32_t timeHigh, std::uint32_t timeLow)
     {
         CacheLine& line = m_cache[cachePlace(id)];
@@ -47,32 +47,31 @@ public:
 
     void clear();
 
-    /// The series of an identifier; an empty one when it has no samples. Valid until the map
-    /// changes.
+    /// The series of an identifier, empty if there is none. Valid until the map changes.
     const MessageSeries& series(std::uint32_t id) const;
 
-    /// Series by ascending identifier, each sample once.
+    /// All series by identifier, without the two by kind.
     const std::map<std::uint32_t, MessageSeries>& all() const { return m_series; }
 
     std::size_t sampleCount() const;
 
-    /// Samples left out because their identifier was one too many.
+    /// Samples dropped because of `maxIdentifiers`.
     std::size_t droppedCount() const { return m_droppedCount; }
 
-    /// Samples beyond maxGridSeconds, give or take a high word of the time stamp.
+    /// Samples beyond maxGridSeconds, to the precision of the time stamp's high word (134 s).
     std::size_t lateCount() const { return m_lateCount; }
 
-    /// The sequence number that the next sample gets.
+    /// The sequence number of the next sample.
     std::uint32_t nextSequence() const { return m_nextSequence; }
 
-    /// Takes back all samples from that sequence number on.
+    /// Removes all samples from this sequence number on.
     void truncate(std::uint32_t sequence);
 
-    /// Keeps only the samples within [start, end] seconds.
+    /// Removes all samples outside [start, end] seconds.
     void keepWindow(double start, double end);
 
-    /// Becomes what keepWindow() would leave of the other map. O(samples within) where times
-    /// ascend.
+    /// Replaces the content by the samples of another map within [start, end] seconds. O(samples
+    /// within) if times ascend.
     void copyWindow(const MessageMap& other, double start, double end);
 
 private:
@@ -81,7 +80,7 @@ private:
 
     static constexpr int cacheBits = 9;
 
-    /// Multiplicative hash: identifiers on a bus come in regular steps.
+    /// Multiplicative hash, as identifiers on a bus tend to have regular steps.
     static constexpr std::uint32_t cachePlace(std::uint32_t id)
     {
         return (id * 2654435769U) >> (32 - cacheBits);
@@ -96,12 +95,12 @@ private:
     struct KindSeries
     {
         MessageSeries series;
-        std::uint32_t builtFor = 0; ///< next sequence number when it was built; 0: not built
+        std::uint32_t builtFor = 0; ///< nextSequence() when it was built; 0: not built
     };
 
     template <typename Predicate>
     void removeIf(Predicate&& isDropped);
-    /// Null, and the sample is counted as dropped, when it is one identifier too many.
+    /// Null if there are `maxIdentifiers` others; counts the sample as dropped then.
     MessageSeries* findOrCreate(std::uint32_t id);
     const MessageSeries& kindSeries(std::uint16_t kind) const;
 
@@ -116,7 +115,7 @@ private:
 /// The last sample of each message before a time, by identifier.
 using SamplesBefore = std::map<std::uint32_t, StoredSample>;
 
-/// The samples of the message that carries a parameter.
+/// The series of the message that carries a parameter.
 inline const MessageSeries& seriesOf(const MessageMap& messages, const ProfileParameter& parameter)
 {
     return messages.series(static_cast<std::uint32_t>(parameter.id));

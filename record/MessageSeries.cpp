@@ -31,7 +31,7 @@ void MessageSeries::grow()
         m_chunkEnd = m_next + chunkSamples;
         return;
     }
-    // A first chunk starts small: a bus has many rare messages.
+    // The first chunk grows from a small size, as a bus has many rare messages.
     const std::size_t capacity = std::clamp<std::size_t>(m_size * 2, 4, chunkSamples);
     Chunk chunk = allocate(capacity);
     if (m_chunks.empty())
@@ -53,7 +53,7 @@ void MessageSeries::shrink(std::size_t size)
     const std::size_t usedChunks =
         std::max<std::size_t>(1, (size + chunkSamples - 1) / chunkSamples);
     if (usedChunks < m_chunks.size()) {
-        // What is left ends in a whole chunk.
+        // The chunk that is last now has full size, unlike a growing first one.
         m_chunks.resize(usedChunks);
         m_chunkEnd = m_chunks.back().get() + chunkSamples;
     }

@@ -11,16 +11,15 @@
 
 namespace KOLT {
 
-/// The samples of one message identifier in stored order: a queue that grows at its end. Times
-/// need not ascend. References to samples hold until the next append.
+/// The samples of one message identifier, in the order in which they were recorded. Times need not
+/// ascend. References to samples are valid until the next append or removal.
 ///
-/// The samples lie in chunks that never move once they are full: growing copies next to nothing,
-/// and a chunk is as large as a huge page of the common processors, as touching half a gigabyte of
-/// new memory in small pages takes longer than reading the file.
+/// Samples are kept in chunks, so that growing does not copy them. A chunk is the size of a huge
+/// page: faulting in half a gigabyte in small pages takes longer than reading the file.
 class MessageSeries
 {
 public:
-    /// Walks forward through the samples.
+    /// Forward iterator.
     class Iterator
     {
     public:
@@ -78,7 +77,7 @@ public:
         const StoredSample* m_chunkEnd = nullptr;
     };
 
-    /// Some of the samples, for a range-based loop.
+    /// Consecutive samples, for a range-based loop.
     struct Range
     {
         Iterator first;
@@ -104,11 +103,11 @@ public:
 
     Iterator end() const { return {*this, m_size}; }
 
-    /// The most recent sample; the series must not be empty.
+    /// The sample appended last; the series must not be empty.
     const StoredSample& last() const { return (*this)[m_size - 1]; }
 
-    /// Makes room for one more sample at the end and returns it, to be filled in place. Throws
-    /// std::bad_alloc when memory runs out; the series is then unchanged.
+    /// Appends an uninitialised sample for the caller to fill. Throws std::bad_alloc and leaves the
+    /// series unchanged.
     StoredSample& append()
     {
         if (m_next == m_chunkEnd)
@@ -117,20 +116,20 @@ public:
         return *m_next++;
     }
 
-    /// The first sample in stored order at or after `seconds`; null when there is none, or when the
-    /// second lies at or beyond maxTimeSlots. O(log seconds + samples in one second) after the
-    /// index was built by the first call.
+    /// The first sample in stored order at or after `seconds`; null if there is none, or from
+    /// maxTimeSlots seconds on. The first call builds an index; then O(log seconds + samples per
+    /// second) if times ascend.
     const StoredSample* firstAtOrAfter(double seconds) const;
 
-    /// The latest sample before `seconds`, of equal times the one stored last; null when there is
-    /// none. O(log samples) when the times ascend, after the index was built.
+    /// The latest sample before `seconds`, of equal times the one stored last; null if there is
+    /// none. O(log samples) if times ascend, after the first call; otherwise O(samples).
     const StoredSample* lastBefore(double seconds) const;
 
-    /// A run of samples that holds all those within [start, end]: only they when the times ascend,
-    /// otherwise the whole series.
+    /// Samples that include all within [start, end]: exactly these if times ascend, otherwise the
+    /// whole series.
     Range around(double start, double end) const;
 
-    /// Drops all samples for which the predicate is true; the others keep their order.
+    /// Removes the samples for which the predicate is true; the others keep their order.
     template <typename Predicate>
     void removeIf(Predicate&& isDropped)
     {
@@ -152,7 +151,8 @@ private:
 
     using Chunk = std::unique_ptr<StoredSample, Free>;
 
-    /// Where the samples at or after a whole second begin; only seconds that have samples.
+    /// Position of the first sample of a second. Stored only for seconds that have samples and come
+    /// after all previous ones.
     struct SecondEntry
     {
         std::uint32_t second = 0;
@@ -169,17 +169,17 @@ private:
     void grow();
     void shrink(std::size_t size);
     void buildIndex() const;
-    /// The first index for which the predicate is false; the predicate must be true, then false.
+    /// The first index for which the predicate is false; it must be true before and false after.
     template <typename Predicate>
     std::size_t partitionPoint(Predicate&& predicate) const;
 
-    std::vector<Chunk> m_chunks; ///< all full but the last
+    std::vector<Chunk> m_chunks; ///< all but the last are full
     std::size_t m_size = 0;
     StoredSample* m_next = nullptr;     ///< where the next sample goes
-    StoredSample* m_chunkEnd = nullptr; ///< end of the last chunk's memory
+    StoredSample* m_chunkEnd = nullptr; ///< end of the last chunk
     mutable std::vector<SecondEntry> m_index;
-    mutable std::size_t m_indexedSize = 0; ///< size for which the index holds
-    mutable bool m_ascending = true;       ///< valid with the index
+    mutable std::size_t m_indexedSize = 0; ///< m_size when the index was built
+    mutable bool m_ascending = true;       ///< whether times ascend; part of the index
 };
 
 } // namespace KOLT

@@ -17,7 +17,7 @@ namespace {
 
 using namespace RecordFormat;
 
-/// Read at once; a whole number of samples.
+/// Bytes per read; a whole number of samples.
 constexpr qint64 blockBytes = 32'768LL * sampleBytes;
 constexpr std::size_t timeBytes = 8;
 
@@ -27,7 +27,7 @@ int samplesIn(qint64 fileBytes)
     return static_cast<int>(std::clamp<qint64>(count, 0, std::numeric_limits<int>::max()));
 }
 
-/// The time stamp at an offset; none when it is cut short.
+/// The time stamp at an offset; none if it extends beyond `bytes`.
 std::optional<double> secondsAt(std::span<const unsigned char> bytes, std::size_t offset,
                                 ByteOrder order)
 {
@@ -37,11 +37,11 @@ std::optional<double> secondsAt(std::span<const unsigned char> bytes, std::size_
     return secondsOf(reader.u32(offset), reader.u32(offset + 4));
 }
 
-/// Whether so many more samples can be held. Without this a huge file, or one of holes, would be
-/// read until the system ends the program.
+/// Whether there is memory for that many more samples. Without this check the system would end the
+/// program while it reads a huge or sparse file.
 bool fitMemory(std::size_t samples)
 {
-    // The last chunk of each identifier is partly empty: some hundredths for a large file.
+    // The last chunk of each series is partly unused: some percent for a large file.
     constexpr double slack = 1.25;
     const double wanted = slack * static_cast<double>(samples) * sizeof(StoredSample);
     QFile memory(QStringLiteral("/proc/meminfo"));
@@ -54,7 +54,7 @@ bool fitMemory(std::size_t samples)
     return true;
 }
 
-/// Latin-1 up to the first zero; empty when the field is cut short.
+/// Latin-1 up to the first zero byte; empty if the field extends beyond `bytes`.
 QString textAt(std::span<const unsigned char> bytes, std::size_t offset, std::size_t width)
 {
     if (bytes.size() < offset + width)
@@ -75,7 +75,7 @@ QDateTime dateTimeAt(const ByteReader& reader)
     return {date, time.isValid() ? time : QTime(0, 0), Qt::UTC};
 }
 
-/// Reads up to `bytes.size()` bytes at `offset` and returns those that are there.
+/// Reads up to `bytes.size()` bytes at `offset` and returns those read.
 std::span<const unsigned char> readAt(QFile& file, qint64 offset, std::span<unsigned char> bytes)
 {
     if (!file.seek(offset))
@@ -121,7 +121,7 @@ bool RecordFile::readRecordInfo(const QString& path)
         return false;
     }
     m_info.sampleCount = samplesIn(file.size());
-    // The first sample lies behind the header: one read for both.
+    // One read for the header and the first sample, which follows it.
     std::array<unsigned char, headerBytes + sampleBytes> buffer{};
     const auto start = readAt(file, 0, buffer);
     readHeader(start.first(std::min<std::size_t>(headerBytes, start.size())));
@@ -199,7 +199,7 @@ bool RecordFile::readSamples(QFile& file, MessageMap& messages, const ReadProgre
         return wanted == 0;
     std::vector<unsigned char> block(static_cast<std::size_t>(std::min(blockBytes, wanted)));
     qint64 done = 0;
-    qint64 held = 0; // bytes of a sample whose end is still to be read
+    qint64 held = 0; // bytes at the block's start, of a sample that was read in part
     while (done < wanted) {
         const qint64 room =
             std::min<qint64>(static_cast<qint64>(block.size()) - held, wanted - done);

@@ -12,13 +12,13 @@ class QFile;
 
 namespace KOLT {
 
-/// What the header of a record file says. Date-times carry no time zone: they are the recording's
-/// own and never converted (they are held as UTC so that nothing shifts them).
+/// The header of a record file. The recording's date-time has no time zone; it is stored as UTC so
+/// that it is never converted.
 struct RecordInfo
 {
     QDateTime dateTime;
-    bool dateInvalid = false;  ///< the header has no valid date: the file opens an engine cycle
-    bool dateRepaired = false; ///< dateTime was worked out from the following file
+    bool dateInvalid = false;  ///< the header has no valid date: the file starts a cycle
+    bool dateRepaired = false; ///< dateTime was computed from the following file
     double startSeconds = 0.0;
     double stopSeconds = 0.0;
     int sampleCount = 0;
@@ -33,24 +33,24 @@ struct RecordInfo
     ByteOrder byteOrder = ByteOrder::Big;
 };
 
-/// Called while samples are read, with the bytes read so far of this file.
+/// Called while samples are read, with the bytes of samples read so far from this file.
 using ReadProgress = std::function<void(qint64 bytes)>;
 
 /// One record file of the engine management unit (docs/formats/record-file.md).
 ///
-/// Files are untrusted: a short header leaves fields empty, what lies behind the last whole sample
-/// is ignored, and a file that lost its end between listing and loading gives what is left. Every
-/// failure is one printed line with the file's path.
+/// Files are untrusted: fields beyond a short header are empty, bytes after the last whole sample
+/// are ignored, and a file that became shorter after listing gives the samples that remain. Each
+/// failure prints a line with the file's path.
 class RecordFile
 {
 public:
-    /// Reads the header and the first and last time stamp, whatever the size of the file, and
-    /// remembers the path. False when the file cannot be opened; the header is then empty.
+    /// Stores the path and reads the header and the first and last time stamps, in constant time.
+    /// False if the file cannot be opened; the header is empty then.
     bool readRecordInfo(const QString& path);
 
-    /// Appends all samples of the remembered file to the map. False when the file cannot be opened
-    /// or memory does not suffice, nothing of it is then stored; and when reading fails on the way
-    /// or the file ends before its size said, what came before is then kept.
+    /// Appends all samples of the file to the map. False if the file cannot be opened or there is
+    /// not enough memory; the map is unchanged then. Also false if reading fails half-way or the
+    /// file is shorter than its size promised; the samples read so far are kept then.
     bool readRecordData(MessageMap& messages, const ReadProgress& progress = {});
 
     const QString& path() const { return m_path; }
@@ -59,8 +59,7 @@ public:
 
     void setDateInvalid() { m_info.dateInvalid = true; }
 
-    /// Gives a file without a valid date the one that was worked out for it; it stays with the
-    /// record when its samples are read.
+    /// Sets the date-time computed for a file without a valid date. readRecordData() keeps it.
     void repairDate(const QDateTime& dateTime);
 
 private:

@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-/// Constants of the record file (docs/formats/record-file.md): a header and samples, back to back.
+/// Layout of a record file: a header, then samples back to back (docs/formats/record-file.md).
 namespace KOLT::RecordFormat {
 
 constexpr int headerBytes = 128;
@@ -30,7 +30,7 @@ constexpr int sampleTimeOffset = 20;
 /// The top bit of an identifier is not part of it.
 constexpr std::uint32_t identifierMask = 0x7FFFFFFF;
 
-/// Identifiers under which all samples of kind 0 and of kind 1 are found once more.
+/// Identifiers under which all samples of kind 0 and of kind 1 are also found.
 constexpr std::uint32_t kind0Series = 0x7FFFFFFF;
 constexpr std::uint32_t kind1Series = 0x7FFFFFFE;
 
@@ -38,14 +38,14 @@ constexpr std::uint32_t kind1Series = 0x7FFFFFFE;
 constexpr double nanosecondsPerTick = 31.25;
 constexpr double secondsPerHighWord = 134.217728;
 
-/// Seconds of a time stamp. Products in this order: the first is exact.
+/// Seconds of a time stamp. Keep the order of the factors: low * 31.25 is exact.
 constexpr double secondsOf(std::uint32_t high, std::uint32_t low)
 {
     return low * nanosecondsPerTick * 1e-9 + high * secondsPerHighWord;
 }
 
-/// Tenths of a second, rounded half up: the common time key of all views. For times of at most
-/// 1e17 s, which no time stamp reaches.
+/// Tenths of a second, rounded half up: the time key that all views share. Time stamps stay far
+/// below the 1e17 s at which the cast would overflow.
 constexpr std::int64_t tenthsOf(double seconds)
 {
     return static_cast<std::int64_t>(seconds * 10.0 + 0.5); // NOLINT(bugprone-incorrect-roundings)

@@ -7,7 +7,7 @@
 
 namespace KOLT {
 
-/// A parameter found by its role, with its samples. Without such a parameter it has no samples.
+/// The first parameter with a role, and its samples; no samples if the profile has none.
 class RoleSeries
 {
 public:
@@ -17,14 +17,14 @@ public:
     {
     }
 
-    /// How many samples a look at [start, end] takes.
+    /// The number of samples that forEach(start, end) visits.
     std::size_t samplesAround(double start, double end) const
     {
         return m_series != nullptr ? m_series->around(start, end).size() : 0;
     }
 
-    /// Calls function(seconds, value) for each sample in stored order within [start, end] whose
-    /// value is finite.
+    /// Calls function(seconds, value) for the samples within [start, end] that have a finite value,
+    /// in stored order.
     template <typename Function>
     void forEach(double start, double end, Function&& function) const
     {
@@ -50,8 +50,7 @@ public:
             function(sample.seconds(), sample.data, *m_parameter);
     }
 
-    /// The value of the first sample at or after `seconds`, 0 when there is none. A value that is
-    /// not finite leaves the word to the next sample, for up to 100 samples.
+    /// The first finite value at or after `seconds`, among at most 100 samples; otherwise 0.
     double valueAt(double seconds) const;
 
 private:
@@ -59,8 +58,7 @@ private:
     const MessageSeries* m_series;
 };
 
-/// The number as a pass over a recording takes it. What is no number stays out of the filter, which
-/// would never let go of it.
+/// decodeNumber(), but keeps NaN and infinity from the filter, which would stick at NaN.
 inline double decodeFiltered(const MessageData& data, const ProfileParameter& parameter,
                              PositionFilter* filter)
 {
@@ -69,8 +67,8 @@ inline double decodeFiltered(const MessageData& data, const ProfileParameter& pa
                                                          : number;
 }
 
-/// The filter for a pass over the samples of one parameter: for a longitude, whose limit follows
-/// from the latitude, it has seen all latitudes before.
+/// A filter for a pass over the samples of one parameter. For a longitude, whose limit depends on
+/// the latitude, all latitudes have been passed through it.
 PositionFilter positionFilterFor(const Profile& profile, const MessageMap& messages,
                                  const ProfileParameter& parameter);
 

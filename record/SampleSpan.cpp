@@ -24,7 +24,7 @@ void widen(std::optional<SampleSpan>& span, double seconds)
     span->last = std::max(span->last, seconds);
 }
 
-/// Whether a time stamp fits to neither of those recorded before and after it; those may be noTime.
+/// See straySeconds. `before` and `after` may be noTime.
 bool isStray(double before, double seconds, double after)
 {
     const auto fits = [](double from, double to) {
@@ -35,7 +35,7 @@ bool isStray(double before, double seconds, double after)
     return hasReturned || (!fits(before, seconds) && !fits(seconds, after));
 }
 
-/// Is told times in the order of the recording.
+/// Finds the span of times that are added in recording order.
 class SpanFinder
 {
 public:
@@ -45,7 +45,7 @@ public:
         m_before = std::exchange(m_seconds, seconds);
     }
 
-    /// A few samples that all lie far from each other are all there is.
+    /// If all times are strays, their span.
     std::optional<SampleSpan> finish()
     {
         look(noTime);
@@ -68,8 +68,8 @@ private:
     std::optional<SampleSpan> m_sound;
 };
 
-/// Calls function(seconds) for all samples as they were recorded. The series are laid side by side
-/// block by block: memory does not grow with the recording.
+/// Calls function(seconds) for all samples in recording order. Merges the series block by block, so
+/// that memory does not grow with the recording.
 template <typename Function>
 void forEachTime(const MessageMap& messages, Function&& function)
 {
@@ -90,7 +90,7 @@ void forEachTime(const MessageMap& messages, Function&& function)
     }
 }
 
-/// The earliest and the latest sample; null where no time is usable.
+/// The earliest and the latest sample; null if no time is usable.
 struct Extremes
 {
     const StoredSample* first = nullptr;
@@ -111,7 +111,7 @@ Extremes extremesOf(const MessageMap& messages)
         for (const StoredSample& sample : series) {
             const std::uint64_t ticks = ticksOf(sample);
             if (ticks >= least && ticks <= most)
-                continue; // nearly all of them
+                continue; // skips nearly all samples before the costly conversion
             if (!(sample.seconds() < maxGridSeconds))
                 continue;
             if (ticks < least || found.first == nullptr) {
@@ -127,7 +127,7 @@ Extremes extremesOf(const MessageMap& messages)
     return found;
 }
 
-/// The sample recorded at that place; null when it was not kept.
+/// The sample with a sequence number; null if it was not kept.
 const StoredSample* sampleAt(const MessageMap& messages, std::uint32_t sequence)
 {
     for (const auto& [id, series] : messages.all()) {
@@ -159,7 +159,7 @@ std::optional<SampleSpan> spanOf(const MessageMap& messages)
     const auto [first, last] = extremesOf(messages);
     if (first == nullptr)
         return {};
-    // So it is in sound recordings; looking at all in their order takes several times as long.
+    // True for intact recordings; the pass in recording order takes several times as long.
     if (!isStray(messages, *first) && !isStray(messages, *last))
         return SampleSpan{first->seconds(), last->seconds()};
     SpanFinder finder;
@@ -174,7 +174,7 @@ std::optional<SampleSpan> sampleSpan(const DataSet& dataSet)
     std::optional<SampleSpan> span = spanOf(dataSet.messages);
     if (!span || !dataSet.flightIndex)
         return span;
-    // The flight's own times, unless they are strays themselves.
+    // The flight's own times, unless they are strays.
     const auto closeTo = [](double sampled, double wanted) {
         return std::abs(wanted - sampled) <= straySeconds ? wanted : sampled;
     };

@@ -15,16 +15,16 @@ struct SampleSpan
     double seconds() const { return last - first; }
 };
 
-/// A time stamp is a stray where it lies more than straySeconds away from those of the samples
-/// recorded before and after it, or more than disorderSeconds before the earlier one; or where the
-/// recording goes on behind it as if it were not there. A damaged one says nothing about when
-/// something was recorded.
+/// A damaged time stamp (a stray) does not tell when a sample was recorded. A time stamp counts as
+/// stray if it fits neither the sample before it nor the one after it; successive samples fit if
+/// time goes forward by at most straySeconds or back by at most disorderSeconds. It is also a stray
+/// if its neighbours lie within disorderSeconds of each other and it does not.
 constexpr double straySeconds = 3600.0;
 constexpr double disorderSeconds = 60.0;
 
-/// From the earliest to the latest sample, strays left out, and all times beyond maxGridSeconds;
-/// of a loaded flight the whole flight. Long gaps and times that run back (several recordings)
-/// count, as the samples beside them lie close to each other. Nothing where no sample has a usable
+/// The span from the earliest to the latest sample, without strays and times beyond maxGridSeconds;
+/// for a loaded flight its own span. Long gaps and steps back in time (several recordings) do not
+/// make strays, as the samples there fit their other neighbour. None if no sample has a usable
 /// time. O(samples).
 std::optional<SampleSpan> sampleSpan(const DataSet& dataSet);
 

@@ -8,27 +8,25 @@
 
 namespace KOLT {
 
-/// Walks a series along ascending times and holds its last sample, without ever searching. A series
-/// whose times do not ascend is walked in the order of its times.
+/// Steps through a series in time order and holds the latest sample up to the current time.
 ///
-/// The series must outlive the walker and stay as it is. All steps together cost O(samples).
+/// The series must outlive the walker and not change. All steps together take O(samples).
 class SampleWalker
 {
 public:
-    /// A sample this much later still counts: times on a millisecond and the unit's ticks differ
-    /// in their last bits.
+    /// A sample this much later than the current time still counts: a time in milliseconds and the
+    /// same time in ticks may differ in their last bits.
     static constexpr double tolerance = 1e-6; // seconds
 
     explicit SampleWalker(const MessageSeries& series);
 
-    /// Goes on to a time, which must not be before the last one; true when another sample holds
-    /// now.
+    /// Moves to a time, which must not be before the previous one. True if the sample changed.
     bool advanceTo(double seconds)
     {
         return seconds + tolerance >= m_nextSeconds && walk(seconds + tolerance);
     }
 
-    /// The last sample up to the time; null before the first.
+    /// The latest sample up to the current time; null before the first one.
     const StoredSample* sample() const { return m_sample; }
 
 private:

@@ -7,24 +7,24 @@
 
 namespace KOLT {
 
-/// One recorded bus message, in host byte order. 32 bytes: twenty hours of traffic stay in memory,
-/// so times are kept as the unit's ticks and turned into seconds when asked for.
+/// One recorded bus message, in host byte order. Twenty hours of bus traffic are kept in memory, so
+/// a sample has only 32 bytes: it stores the unit's ticks and computes seconds on demand.
 struct StoredSample
 {
     MessageData data{};
     std::uint32_t timeHigh = 0;
     std::uint32_t timeLow = 0;
     std::uint32_t id = 0;     ///< top bit cleared
-    std::uint32_t word16 = 0; ///< bytes 16..19 of the sample, passed on
+    std::uint32_t word16 = 0; ///< bytes 16..19 of the sample, unused
     std::uint16_t kind = 0;
     std::uint8_t byte8 = 0;
     std::uint8_t byte9 = 0;
-    std::uint32_t sequence = 0; ///< place in the loaded recording, from 0
+    std::uint32_t sequence = 0; ///< position in the loaded recording, from 0
 
     /// Seconds on the unit's counter.
     double seconds() const { return RecordFormat::secondsOf(timeHigh, timeLow); }
 
-    /// The common time key of all views.
+    /// The time key that all views share.
     std::int64_t tenths() const { return RecordFormat::tenthsOf(seconds()); }
 };
 

@@ -1,7 +1,7 @@
 #pragma once
 
-/// Time stamps are untrusted: one flipped bit makes 5.7e11 s. Whatever is laid out along the time
-/// axis keeps this many slots at most; what lies beyond is dropped.
+/// Time stamps are untrusted: a flipped bit can turn one into 5.7e11 s. Structures along the time
+/// axis therefore have at most maxTimeSlots entries and leave out later samples.
 namespace KOLT {
 
 constexpr int maxTimeSlots = 5'000'000;

@@ -16,13 +16,13 @@ constexpr double noFix = 1e-5;        // degrees, of a sample
 constexpr double noPosition = 0.0001; // degrees, of a grid point
 constexpr double never = std::numeric_limits<double>::infinity();
 
-/// A sampled quantity that is read at ascending times.
+/// A sampled quantity; must be read at ascending times.
 class Curve
 {
 public:
     void append(double seconds, double value) { m_points.push_back({seconds, value}); }
 
-    /// Ends appending. A stray time stamp would otherwise hold up all that comes behind it.
+    /// Call after the last append(). Sorts the samples, as at() would never get past a stray time.
     void finish()
     {
         m_lastSeconds = m_points.empty() ? 0.0 : m_points.back().seconds;
@@ -34,7 +34,7 @@ public:
 
     double firstSeconds() const { return m_points.front().seconds; }
 
-    /// When the values begin to tell something: units send 0 as long as they know nothing.
+    /// Time of the first known value at or after `seconds`: units send 0 until they know it.
     double firstKnownFrom(double seconds) const
     {
         const auto found = std::ranges::find_if(m_points, [&](const Point& point) {
@@ -43,13 +43,13 @@ public:
         return found == m_points.end() ? never : found->seconds;
     }
 
-    /// Of the sample appended last.
+    /// Time of the sample appended last.
     double lastSeconds() const { return m_lastSeconds; }
 
-    /// Linear between the samples around `seconds`, constant outside; 0 without samples.
+    /// Linear between the samples around `seconds`, constant outside, 0 without samples.
     double at(double seconds) { return between(seconds, 0.0); }
 
-    /// The same for an angle in degrees, which turns the shorter way round; within 0..360.
+    /// As at(), for an angle in degrees: turns the shorter way round. Within 0..360.
     double angleAt(double seconds)
     {
         const double angle = std::fmod(between(seconds, wholeTurn), wholeTurn);
@@ -65,7 +65,7 @@ private:
 
     static constexpr double wholeTurn = 360.0; // degrees
 
-    /// Values that differ by whole turns are the same; with 0 there are none.
+    /// Values that differ by a multiple of `turn` are the same; 0: the values are no angles.
     double between(double seconds, double turn)
     {
         if (m_points.size() < 2)
@@ -75,7 +75,7 @@ private:
         const Point& from = m_points[m_cursor];
         const Point& to = m_points[m_cursor + 1];
         const double span = to.seconds - from.seconds;
-        // Equal times leave no line between the samples: the later one counts from there on.
+        // At equal times the value steps to that of the later sample.
         const double fraction =
             span != 0.0 ? (seconds - from.seconds) / span : (seconds >= to.seconds ? 1.0 : 0.0);
         const double step = to.value - from.value;
@@ -88,7 +88,7 @@ private:
     double m_lastSeconds = 0.0;
 };
 
-/// The finite samples of a role on the grid's span; of positions, those with a fix.
+/// The finite samples of a role up to maxGridSeconds; of positions, only those with a fix.
 Curve sampled(const Profile& profile, const MessageMap& messages, const char* role,
               PositionFilter* filter)
 {
@@ -105,7 +105,7 @@ Curve sampled(const Profile& profile, const MessageMap& messages, const char* ro
     return curve;
 }
 
-/// Whether a role had a number other than the zeros that units send without a fix.
+/// Whether a role had a value; without a fix units send 0.
 bool wasKnown(const Profile& profile, const SamplesBefore& before, const char* role)
 {
     const ProfileParameter* const parameter = profile.parameterByRole(QLatin1String(role));
@@ -123,7 +123,7 @@ bool wasKnown(const Profile& profile, const SamplesBefore& before, const char* r
 std::vector<TrackPoint> buildTrack(const Profile& profile, const MessageMap& messages,
                                    double fromSeconds, const SamplesBefore& before)
 {
-    // One filter, latitude first: its limit for longitudes follows from the latitude.
+    // One filter, latitude first: its limit for longitudes depends on the latitude.
     PositionFilter filter;
     Curve latitude = sampled(profile, messages, "Latitude", &filter);
     Curve longitude = sampled(profile, messages, "Longitude", &filter);

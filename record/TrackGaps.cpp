@@ -19,7 +19,7 @@ void findGaps(const Profile& profile, const MessageMap& messages, const char* ro
               PositionFilter& filter, std::vector<TrackGap>& gaps)
 {
     std::vector<double> times;
-    double last = 0.0; // that anything was sent
+    double last = 0.0; // time of the latest sample, with or without a fix
     const RoleSeries series(profile, messages, role);
     series.forEach([&](double seconds, const MessageData& data, const ProfileParameter& parameter) {
         const double sent = decodeNumber(data, parameter);
@@ -45,7 +45,7 @@ void findGaps(const Profile& profile, const MessageMap& messages, const char* ro
 std::vector<TrackGap> trackGaps(const Profile& profile, const MessageMap& messages)
 {
     std::vector<TrackGap> gaps;
-    PositionFilter filter; // latitude first, as the track does
+    PositionFilter filter; // latitude first, as in buildTrack()
     findGaps(profile, messages, "Latitude", filter, gaps);
     findGaps(profile, messages, "Longitude", filter, gaps);
     std::ranges::sort(gaps, {}, &TrackGap::from);

@@ -7,15 +7,15 @@
 
 namespace KOLT {
 
-constexpr double longestTrackGap = 10.0; ///< seconds that a line is drawn over
+constexpr double longestTrackGap = 10.0; ///< seconds; longer spans without positions are gaps
 
 /// A span without positions, in seconds.
 struct TrackGap
 {
     double from = 0.0;
-    double to = 0.0; ///< infinite where no position followed
+    double to = 0.0; ///< infinite if no position follows
 
-    /// Whether a time lies between the two positions.
+    /// Whether a time lies inside the gap.
     bool holds(double seconds) const
     {
         constexpr double rounding = 1e-6; // seconds
@@ -23,9 +23,9 @@ struct TrackGap
     }
 };
 
-/// The spans of more than 10 s without a position, ascending and apart from each other: the track's
-/// points in there are made up by interpolation. It does not matter whether the unit sends nothing
-/// there or zeros, or something that the position filter replaces.
+/// The spans of more than 10 s without a usable position: nothing was sent, or zeros, or positions
+/// that the filter replaces. The track's points in there are interpolated. Ascending, not
+/// overlapping.
 std::vector<TrackGap> trackGaps(const Profile& profile, const MessageMap& messages);
 
 } // namespace KOLT
