@@ -4,19 +4,19 @@
 
 #include <cstddef>
 
-/// The least that any reader of recordings does. Written once, plainly and for all figures, so that
-/// "read" and "read and group" mean the same wherever something is compared with them.
+/// The minimum that any reader of recordings must do, as a common base for comparisons: "read" and
+/// "read and group" mean the same in all figures.
 ///
-/// Nothing is checked or decoded. The memory is kept for the next call, as new memory costs more
-/// than all the rest, and a different amount on every system: the first call only prepares. A file
-/// that cannot be read ends the program.
+/// Nothing is checked or decoded. Memory is kept for the next call, as allocating it takes longer
+/// than the rest and varies between systems; so do not measure the first call. A file that cannot
+/// be read ends the program.
 namespace KOLT::Bench {
 
-/// *Read*: each file read to memory as a whole. Returns the bytes read.
+/// *Read*: reads each file into memory in one go. Returns the number of bytes.
 std::size_t read(const QStringList& paths);
 
-/// *Read and group*: each file read block by block, and each 28-byte sample copied to the array of
-/// its identifier. Returns the samples copied.
+/// *Read and group*: reads each file in blocks and copies each 28-byte sample to an array for its
+/// identifier. Returns the number of samples.
 std::size_t readAndGroup(const QStringList& paths);
 
 } // namespace KOLT::Bench

@@ -7,15 +7,15 @@
 
 #include <memory>
 
-/// What benchmarks work on. A set-up that fails ends the program with a word about it.
+/// Data for benchmarks. If it cannot be prepared, the program ends with a message.
 namespace KOLT::Bench {
 
-/// A sample card read with the default profile, its first cycle loaded. It lies on the disk as long
-/// as this does.
+/// A sample card in a temporary directory, read with the default profile, with its first cycle
+/// loaded.
 class Card
 {
 public:
-    /// One engine run of that length; 0: the usual card.
+    /// With one engine run of that length; 0: the standard card.
     explicit Card(double hours = 0.0);
 
     const DataSet& dataSet() const { return *container.dataSet(); }
@@ -27,7 +27,7 @@ private:
     QTemporaryDir m_directory;
 };
 
-/// A profile of one device with these elements.
+/// A profile with one device that has the given elements.
 std::unique_ptr<Profile> profileOf(const QByteArray& elements, const QByteArray& lists = {});
 
 } // namespace KOLT::Bench

@@ -1,4 +1,4 @@
-// The numeric path of decoding against the full text path.
+// Decoding of numbers alone, compared with decoding to text.
 
 #include "benchmarks/BenchData.h"
 #include "benchmarks/Figures.h"
@@ -39,7 +39,7 @@ void floatNumber(benchmark::State& state)
 {
     const ProfileParameter& parameter = profile().parameters().front();
     const std::vector<MessageData> data = messages();
-    std::vector<double> numbers(count); // as a graph keeps them
+    std::vector<double> numbers(count); // stored, as a graph does
     for (auto _ : state) {
         for (std::size_t i = 0; i < count; ++i)
             numbers[i] = decodeNumber(data[i], parameter);

@@ -1,4 +1,4 @@
-// Listing and loading of record files, against bare passes over the same files.
+// Listing and loading of record files, compared with bare passes over the same files.
 
 #include "benchmarks/BarePasses.h"
 #include "benchmarks/Figures.h"
@@ -45,7 +45,7 @@ QString loadedPath()
     return directory().filePath(QStringLiteral("load/BIG.CAN"));
 }
 
-/// Samples of several identifiers in turn, as on a bus.
+/// Samples that alternate between several identifiers, as on a bus.
 void writeRecord(const QString& path, qint64 samples)
 {
     QFile file(path);
@@ -134,7 +134,7 @@ void loadGrouped(benchmark::State& state)
     }
 }
 
-/// A line of /proc/self/status, in bytes.
+/// A value of /proc/self/status, in bytes.
 double statusBytes(const std::string& key)
 {
     std::ifstream status("/proc/self/status");
@@ -148,7 +148,7 @@ double statusBytes(const std::string& key)
     return 0.0;
 }
 
-/// Peak memory of loading the file, per byte of it, measured in a process of its own.
+/// Peak memory while loading the file, per byte of the file; measured in a separate process.
 double loadMemory()
 {
     std::array<int, 2> channel{};

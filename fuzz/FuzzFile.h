@@ -11,7 +11,7 @@
 
 namespace KOLT::Fuzz {
 
-/// A file that holds the bytes under test, in a directory of its own.
+/// A temporary file that holds the bytes under test.
 class FuzzFile
 {
 public:

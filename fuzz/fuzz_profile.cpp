@@ -1,4 +1,4 @@
-// Loads any bytes as a profile, and decodes messages with every parameter that it defines.
+// Loads arbitrary bytes as a profile and decodes messages with every parameter in it.
 
 #include "fuzz/FuzzFile.h"
 #include "profile/ValueDecoder.h"

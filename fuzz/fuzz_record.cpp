@@ -1,4 +1,4 @@
-// Reads any bytes as a record file, and takes its samples through flights, track and look-ups.
+// Reads arbitrary bytes as a record file and runs flights, track and look-ups on its samples.
 
 #include "fuzz/FuzzFile.h"
 #include "profile/Profile.h"

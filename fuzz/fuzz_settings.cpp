@@ -1,4 +1,5 @@
-// Loads any bytes as settings and as a project; what was read must survive writing.
+// Loads arbitrary bytes as settings and as a project. Writing what was read and reading it again
+// must give the same file.
 
 #include "app/project/Project.h"
 #include "app/settings/SettingsStore.h"
@@ -14,7 +15,7 @@ QByteArray contentOf(const QString& path)
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
-/// Loads and saves; returns what stands in the file then.
+/// Loads and saves; returns the content of the saved file.
 QByteArray savedSettings(const QString& path)
 {
     SettingsStore store;

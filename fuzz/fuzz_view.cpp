@@ -1,5 +1,5 @@
-// Reads any bytes as a view and draws it: without values, with some, and with very large ones.
-// Whatever the file holds, places are finite in number, and a frame without changes costs nothing.
+// Reads arbitrary bytes as a view and draws it: without values, with ordinary and with very large
+// ones. All coordinates must be finite, and a frame without changes must not rebuild anything.
 
 #include "fuzz/FuzzFile.h"
 #include "libs/zinc/drawing/MeshBuilder.h"

@@ -160,7 +160,7 @@ void TestProfile::namesResolveWhereverTheListStands()
     QVERIFY(p->enumList->entries.at(2).serial > p->enumList->entries.at(1).serial);
     QVERIFY(profile.enumList(p->enumId) == p->enumList);
     QVERIFY(profile.threshold(p->thresholdId) == p->threshold);
-    // Nobody can name a list without a name.
+    // A list without a name is never used.
     QVERIFY(loadProfile(profile, device({"name='p'"}) +
                                      "<EnumList><Enum/></EnumList>"
                                      "<ThresholdList><Threshold/></ThresholdList>"));

@@ -200,7 +200,7 @@ void TestValueDecoder::positionBecomesDegrees()
                                        {-1115.0F, -11.25},
                                        {1130.6F, 11.51}, // minutes with decimals
                                        {30.0F, 0.5},     // below one degree
-                                       {0.0F, 0.0}}) {   // no fix
+                                       {0.0F, 0.0}}) {   // without a fix
         QVERIFY2(std::abs(decoded(raw, 0) - degrees) < 2e-6, qPrintable(QString::number(raw)));
         QCOMPARE(decoded(raw, 1), static_cast<double>(raw));
     }
@@ -209,7 +209,7 @@ void TestValueDecoder::positionBecomesDegrees()
 void TestValueDecoder::positionFilterRejectsJumps()
 {
     PositionFilter filter;
-    // Zeros pass and do not warm up; neither is a jump rejected before five positions are in.
+    // Zeros pass and are not counted; no jump is rejected before five other positions.
     for (int i = 0; i < 10; ++i)
         QCOMPARE(filter.latitude(0.0), 0.0);
     for (const double latitude : {48.0, 50.0, 48.1, 48.2, 48.3})
@@ -219,7 +219,7 @@ void TestValueDecoder::positionFilterRejectsJumps()
     QCOMPARE(filter.latitude(48.3899), 48.3899);
     QCOMPARE(filter.latitude(48.3), 48.3);
     QCOMPARE(filter.latitude(48.39), 48.3);
-    // A broken float must not let go of the last good position.
+    // Infinity must not replace the last good position.
     const double infinite = PositionFilter::degrees(HUGE_VAL);
     QVERIFY(std::isinf(infinite));
     QCOMPARE(filter.latitude(infinite), 48.3);
@@ -240,7 +240,7 @@ void TestValueDecoder::longitudeLimitGrowsWithLatitude()
     QVERIFY(jumpAt(60.0, 0.179));
     QVERIFY(!jumpAt(60.0, 0.181));
 
-    // Each parameter goes to its own axis.
+    // Each parameter uses its own axis of the filter.
     Profile profile;
     QVERIFY(loadProfile(profile, device({"name='y' koltDataType='Latitude' dataType='FLOAT'",
                                          "name='x' koltDataType='Longitude' dataType='FLOAT'"})));

@@ -86,7 +86,7 @@ void TestCardContainer::onlyRecordFilesAreListed()
         QStringLiteral("CardContainer::readContainer: Path <%1> NrFiles 14\n").arg(folder)));
     for (const char* odd : {"dir.CAN", "dangling.CAN", "device.CAN", "bad\xef\xbf\xbd.CAN"})
         QVERIFY2(output.contains(QString::fromUtf8(odd) + " is not a plain file, or"), odd);
-    QVERIFY(std::filesystem::remove(badName)); // the toolkit cannot
+    QVERIFY(std::filesystem::remove(badName)); // QTemporaryDir cannot remove such a name
 }
 
 void TestCardContainer::missingFolderChangesNothing()
@@ -95,7 +95,7 @@ void TestCardContainer::missingFolderChangesNothing()
     QVERIFY(read());
     QVERIFY(!m_card->readContainer(m_directory->filePath("missing")));
     QVERIFY(!m_card->readContainer(m_directory->filePath("A.CAN")));
-    QVERIFY(!m_card->readContainer({})); // not the current directory
+    QVERIFY(!m_card->readContainer({})); // must not mean the current directory
     QCOMPARE(names(), QStringList{"A.CAN"});
     QCOMPARE(m_card->folder(), m_directory->path());
     const QTemporaryDir empty;
@@ -137,7 +137,7 @@ void TestCardContainer::datesAreRepairedFromTheFollower()
     QCOMPARE(dateOf("2.CAN"), "01 23:59:29.938"); // milliseconds are truncated
     QVERIFY(files.at("2.CAN").info().dateRepaired && files.at("2.CAN").info().dateInvalid);
     QVERIFY(!files.at("3.CAN").info().dateRepaired && !files.at("3.CAN").info().dateInvalid);
-    for (const char* name : {"1.CAN", "6.CAN"}) { // an invalid follower, no follower
+    for (const char* name : {"1.CAN", "6.CAN"}) { // follower without a date, no follower
         QVERIFY(!files.at(name).info().dateTime.isValid());
         QVERIFY(files.at(name).info().dateInvalid && !files.at(name).info().dateRepaired);
     }
@@ -225,7 +225,7 @@ void TestCardContainer::cycleAndFlight()
         QCOMPARE(dataSet->track.back().seconds(), 340.0);
         QCOMPARE(dataSet->before.size(), 3U);
         QCOMPARE(dataSet->before.at(1).seconds(), 230.0);
-        QCOMPARE(dataSet->before.at(3).seconds(), 20.0); // the latest, not the one stored last
+        QCOMPARE(dataSet->before.at(3).seconds(), 20.0); // by time, not by stored order
     }
 }
 

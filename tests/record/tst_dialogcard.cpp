@@ -16,7 +16,7 @@ using namespace KOLT::Test;
 
 Q_DECLARE_METATYPE(std::list<QString>)
 
-/// Drives the panel with the mouse on a small card of two days.
+/// Operates the panel by mouse, with a small card of two days.
 class TestDialogCard : public QObject
 {
     Q_OBJECT
@@ -104,7 +104,7 @@ void TestDialogCard::init()
     m_dialog->resize(400, 700);
     m_dialog->show();
     QVERIFY(QTest::qWaitForWindowExposed(m_dialog.get()));
-    // As the main window does: it loads while the signal is delivered.
+    // Like the main window, load in the slot.
     connect(m_dialog.get(), &DialogCard::signalLoadCycle, m_dialog.get(),
             [this](unsigned int cycle, int flight) {
                 if (flight < 0)
@@ -159,7 +159,7 @@ void TestDialogCard::rawDataTellsTheHeaders()
 void TestDialogCard::wholeCycleListsItsFlights()
 {
     click(cycleItem(1));
-    QCOMPARE(m_cycles->count(), 0); // not before it has been still
+    QCOMPARE(m_cycles->count(), 0); // only once the selection has settled
     QVERIFY(m_cycles->wait());
     QCOMPARE(m_cycles->at(0), (QVariantList{1U, -1}));
     const QTreeWidgetItem* const cycle = cycleItem(1);
@@ -182,7 +182,7 @@ void TestDialogCard::flightKeepsTheList()
     click(flight);
     QVERIFY(m_cycles->wait());
     QCOMPARE(m_cycles->last(), (QVariantList{1U, 1}));
-    QCOMPARE(cycleItem(1)->child(1), flight); // the very same item
+    QCOMPARE(cycleItem(1)->child(1), flight); // not rebuilt
     click(cycleItem(1));
     QVERIFY(m_cycles->wait());
     QCOMPARE(m_cycles->last(), (QVariantList{1U, -1}));
@@ -228,10 +228,10 @@ void TestDialogCard::headingsAndDetailsAskForNothing()
     QCOMPARE(m_cycles->count(), 0);
     QVERIFY(tree(1)->selectedItems().isEmpty());
     click(cycleItem(1));
-    m_dialog->refresh(); // forgets what waits
+    m_dialog->refresh(); // drops the pending request
     QVERIFY(!m_cycles->wait(700));
     QVERIFY(tree(0)->selectedItems().isEmpty());
-    // Of several selections only the last is asked for.
+    // Of several quick selections only the last is requested.
     click(cycleItem(1));
     QTest::keyClick(tree(0), Qt::Key_Down);
     click(cycleItem(4));
@@ -245,7 +245,7 @@ void TestDialogCard::emptyFolderSaysSo()
 {
     const auto said = [this] {
         const auto* const note =
-            tree(0)->parentWidget()->findChild<QLabel*>(); // in place of the tree
+            tree(0)->parentWidget()->findChild<QLabel*>(); // shown instead of the tree
         return note->isVisible() ? note->text() : QString();
     };
     QCOMPARE(said(), "");

@@ -18,7 +18,7 @@ constexpr std::uint32_t fuelId = 5; // lane A, lane B
 
 const QDateTime noon(QDate(2026, 7, 28), QTime(12, 0), Qt::UTC);
 
-/// A recording that is told second by second.
+/// Builds a recording second by second.
 class Story
 {
 public:
@@ -38,7 +38,7 @@ public:
                     }));
     }
 
-    /// Samples of that ground speed, one a second.
+    /// Adds samples of a ground speed, one per second.
     Story& speed(int samples, float value)
     {
         for (int i = 0; i < samples; ++i)
@@ -48,7 +48,7 @@ public:
 
     std::vector<Flight> flights() const { return findFlights(profile, messages, noon); }
 
-    /// The only one.
+    /// The only flight; an empty one if there is not exactly one.
     Flight flight() const
     {
         const std::vector<Flight> all = flights();
@@ -84,7 +84,7 @@ private slots:
     void figuresOfATow();
     void figuresWithoutSamples();
     void onlySamplesOfTheFlightCount();
-    void numbersThatAreNoneAreSkipped();
+    void nanAndInfinityAreIgnored();
     void headingTurnsTheShorterWay_data();
     void headingTurnsTheShorterWay();
     void strayTimesDoNoHarm();
@@ -115,7 +115,7 @@ void TestFlights::detectorConfirmsBothEnds_data()
     row("a hop between ends no flight", {12, 51, 8, 39, 1, 41, 8, 39, 5, 90, 11, 0}, {11}, {44});
     row("two flights", {12, 51, 11, 39, 12, 60, 11, 5}, {11, 34}, {22, 45});
     row("no landing", {12, 51, 500, 120}, {}, {});
-    // At 40 it stays airborne, and the counter goes on from where the last faster sample put it.
+    // Exactly 40 stays airborne and continues from the counter that the last faster sample set.
     row("40 is not counted anew", {12, 51, 1, 41, 9, 40, 50, 41}, {}, {});
     row("exactly 40 counts", {12, 51, 1, 41, 10, 40}, {11}, {22});
     row("40 straight after the take-off", {12, 51, 1, 40}, {11}, {12});
@@ -165,7 +165,7 @@ void TestFlights::figuresOfATow()
         const float climbing = 450.0F + 2.5F * static_cast<float>(std::min(t, 330) - 130);
         story.at(altitudeId, t, t < 130 ? 450.0F : t <= 330 ? climbing : 500.0F);
     }
-    story.at(altitudeId, 450.0, 0.05F); // no fix: skipped
+    story.at(altitudeId, 450.0, 0.05F); // below 0.1 m: ignored
     const Flight flight = story.flight();
     QCOMPARE(flight.takeOffSeconds, 116.0);
     QCOMPARE(flight.landingSeconds, 410.0);
@@ -175,14 +175,14 @@ void TestFlights::figuresOfATow()
     QCOMPARE(flight.climbRate, 500.0 / (330.0 - 116.0));
     QCOMPARE(flight.descentRate, 500.0 / (410.0 - 330.0));
     QCOMPARE(flight.maxGroundSpeed, 120.0);
-    // From 86.5 s to 439.5 s.
+    // Fuel samples from 86.5 s to 439.5 s count.
     QCOMPARE(flight.fuelA, 18.0 * 353.0 / 3600.0);
     QCOMPARE(flight.fuelB, 9.0 * 353.0 / 3600.0);
     QCOMPARE(flight.fuel, flight.fuelA + flight.fuelB);
     QCOMPARE(flight.timePer100m, 294.0 / 500.0 * 100.0);
     QCOMPARE(flight.fuelPer100m, flight.fuel / 5.0);
-    // Heights above 450 m: 1 m is passed at 131 s, 15 m at 137 s (15 m itself at 136 s is not
-    // above). Single-precision minutes step by 0.0005, about a metre.
+    // Height above 450 m exceeds 1 m at 131 s, and 15 m at 137 s (it is exactly 15 m at 136 s).
+    // Tolerance: single-precision minutes have steps of 0.0005, about a metre.
     QVERIFY2(std::abs(flight.takeOffDistance - 31 * 1.852) < 1.5,
              qPrintable(QString::number(flight.takeOffDistance)));
     QVERIFY2(std::abs(flight.takeOffDistance15m - 37 * 1.852) < 1.5,
@@ -199,11 +199,11 @@ void TestFlights::figuresWithoutSamples()
     QVERIFY(std::isnan(flight.fuelPer100m)); // 0 / 0
     QVERIFY(std::isinf(flight.timePer100m));
 
-    // Without full throttle the run starts at (0, 0): a quarter of the globe from 90 degrees east.
+    // Without full throttle brake release is (0, 0), a quarter of the globe from 90 degrees east.
     Story story;
     story.speed(12, 60).speed(50, 90).speed(11, 10).at(altitudeId, 12.0, 100.0F);
     story.at(altitudeId, 20.0, 110.0F).at(positionId, 20.0, 0.0F, 9000.0F);
-    // Of the fuel, the first sample only starts the clock.
+    // The first fuel sample only gives the start time.
     story.at(fuelId, 10.0, 100.0F).at(fuelId, 20.0, 36.0F).at(fuelId, 50.0, 72.0F);
     QCOMPARE(story.flight().takeOffDistance, 90.0 * 60.0 * 1852.0);
     QCOMPARE(story.flight().fuelA, (36.0 * 10.0 + 72.0 * 30.0) / 3600.0);
@@ -219,12 +219,12 @@ void TestFlights::onlySamplesOfTheFlightCount()
     for (int i = 0; i < 2; ++i) {
         QCOMPARE(story.flight().maxAltitude, 600.0);
         QCOMPARE(story.flight().minAltitude, 500.0);
-        story.at(altitudeId, 155.0, 550.0F); // out of order: the other way to search
+        story.at(altitudeId, 155.0, 550.0F); // times no longer ascend: the linear search
     }
 }
 
-/// The same flight with and without NaN and infinity in all that is recorded.
-void TestFlights::numbersThatAreNoneAreSkipped()
+/// The same flight with and without NaN and infinity in all series.
+void TestFlights::nanAndInfinityAreIgnored()
 {
     const auto fly = [](bool isDamaged) {
         Story story;
@@ -238,7 +238,7 @@ void TestFlights::numbersThatAreNoneAreSkipped()
                 for (const std::uint32_t id : {speedId, throttleId, fuelId, altitudeId, positionId})
                     story.at(id, between, none, none);
             }
-            // Behind them, so that whoever looks for the value at a time meets them first.
+            // Later than the NaNs, so that look-ups of a value at a time find these first.
             story.at(altitudeId, t + 0.995, 450.0F + static_cast<float>(t > 60 ? t - 60 : 0));
             story.at(positionId, t + 0.995, 4800.0F + static_cast<float>(t) / 100.0F, 1100.0F);
         }
@@ -288,7 +288,7 @@ void TestFlights::strayTimesDoNoHarm()
     QCOMPARE(story.flights().size(), 1U);
     QCOMPARE(story.track().size(), 121U);
 
-    // A stray stamp within the grid must not hold up what comes behind it.
+    // A stray time within the grid must not affect the samples after it.
     Story moving;
     for (int t = 0; t <= 100; ++t)
         moving.at(positionId, t == 50 ? 1e5 : t, 4800.0F + static_cast<float>(t) / 8.0F,
@@ -302,7 +302,7 @@ void TestFlights::strayTimesDoNoHarm()
 
 void TestFlights::thousandsOfFlightsAtOneTime()
 {
-    // Every flight's window holds the whole recording: the work must not grow with its square.
+    // The window of each flight holds the whole recording: the work must not become quadratic.
     Story story;
     for (int i = 0; i < 20'000; ++i) {
         for (int k = 0; k < 24; ++k)
@@ -324,7 +324,7 @@ void TestFlights::trackIsInterpolated()
     story.at(speedId, 1.0, 100.0F, 90.0F).at(speedId, 3.0, 200.0F, 180.0F);
     const std::vector<TrackPoint> track = story.at(altitudeId, 3.0, 500.0F).track();
     QCOMPARE(track.size(), 9U);             // 0 s to 4 s
-    QCOMPARE(track.front().latitude, 48.0); // held backwards from the first fix
+    QCOMPARE(track.front().latitude, 48.0); // the first fix, repeated backwards
     QCOMPARE(track[8].halfSecond, 8);
     QVERIFY(std::abs(track[5].latitude - 48.01) < 1e-6);
     QVERIFY(std::abs(track[6].longitude + 11.02) < 1e-6);
@@ -344,7 +344,7 @@ void TestFlights::trackFiltersJumps()
         QCOMPARE(point.latitude, 48.0);
         QCOMPARE(point.longitude, 11.0);
     }
-    // It ends within the grid.
+    // The track ends at the last slot of the grid.
     for (const double seconds : {2'499'999.5, 2'500'000.0})
         story.at(positionId, seconds, 4800.0F, 1100.0F);
     QCOMPARE(story.track().size(), 5'000'000U);

@@ -38,7 +38,7 @@ void TestMessageMap::kindsAreListedInRecordingOrder()
     };
     QCOMPARE(times(RecordFormat::kind0Series), (QList<double>{1.0, 3.5, 4.0}));
     QCOMPARE(times(RecordFormat::kind1Series), (QList<double>{2.0}));
-    // What comes later is part of it, and a message with that identifier and kind stands twice.
+    // Later samples are included; one that has both the identifier and the kind appears twice.
     add(messages, 4, 5.0, {}, 1);
     add(messages, RecordFormat::kind0Series, 6.0, {}, 0);
     QCOMPARE(times(RecordFormat::kind0Series), (QList<double>{1.0, 3.5, 4.0, 6.0, 6.0}));
@@ -57,11 +57,11 @@ void TestMessageMap::lookUpFindsTheFirstAtOrAfter()
                                             {0.0, 1.25},
                                             {1.25, 1.25},
                                             {1.26, 1.75},
-                                            {2.0, 9.0},    // over a gap
-                                            {9.1, 50.0},   // stored order, not the nearest
-                                            {50.5, 51.0},  // behind a step back
+                                            {2.0, 9.0},    // across a gap
+                                            {9.1, 50.0},   // first in stored order, not in time
+                                            {50.5, 51.0},  // after a step back
                                             {60.0, 3e6},   // a stray time
-                                            {3.5e6, -1.0}, // none; beyond the slots
+                                            {3.5e6, -1.0}, // none: 6e6 is beyond maxTimeSlots
                                             {5.5e6, -1.0},
                                             {std::nan(""), -1.0}}) {
         const StoredSample* const found = messages.series(1).firstAtOrAfter(seconds);
@@ -97,7 +97,7 @@ void TestMessageMap::aroundHoldsTheWindow()
     QCOMPARE(count(9.5, 20.5), 11);
     QCOMPARE(count(200.0, 300.0), 0);
     QCOMPARE(count(20.0, 10.0), 0);
-    add(messages, 1, 15.0); // a step back: only a look at all of them finds it
+    add(messages, 1, 15.0); // a step back: the whole series is returned
     QCOMPARE(count(9.5, 20.5), 101);
 }
 
@@ -122,7 +122,7 @@ void TestMessageMap::windowAndTruncation()
 
 void TestMessageMap::longSeriesStayInOrder()
 {
-    // Several chunks; dropping most of them and going on must lose nothing.
+    // Several chunks: removing most of them and appending again must lose no sample.
     MessageMap messages;
     constexpr int count = 200'000;
     for (int i = 0; i < count; ++i)
@@ -145,7 +145,7 @@ void TestMessageMap::longSeriesStayInOrder()
     for (int i = 0; i < count; ++i)
         add(messages, 1, 70'000 + i * 0.5);
     QVERIFY(isInOrder(79'999 + count, 0.5));
-    messages.truncate(count); // sequence numbers go on from the first loading
+    messages.truncate(count); // sequence numbers continue after keepWindow()
     QVERIFY(isInOrder(79'999, 0.5));
     messages.keepWindow(30'000.25, 30'000.75);
     add(messages, 1, 30'001.0);

@@ -132,7 +132,7 @@ void TestRecordFile::timeStampsAreWords()
 
 void TestRecordFile::samplesFollowOneAnother()
 {
-    // More than one block is read; none may lose or repeat a sample.
+    // More than one block: no sample may be lost or repeated.
     RecordBytes record;
     constexpr int count = 70'000;
     for (int i = 0; i < count; ++i)
@@ -153,7 +153,7 @@ void TestRecordFile::samplesFollowOneAnother()
         for (const StoredSample& sample : series)
             QCOMPARE(sample.seconds(), static_cast<double>(id + 3 * i++) * 0.5);
     }
-    // A second file goes on where the first ended.
+    // Sequence numbers continue in a second file.
     QVERIFY(reader.readRecordData(messages));
     QCOMPARE(messages.series(1).last().sequence, 2U * count - 3U);
 }
@@ -169,7 +169,7 @@ void TestRecordFile::fileThatShrinksGivesWhatIsLeft()
     MessageMap messages;
     const DiagnosticsCapture output;
     bool cut = false;
-    QVERIFY(!reader.readRecordData(messages, [&](qint64) { // it lacks something
+    QVERIFY(!reader.readRecordData(messages, [&](qint64) { // false: incomplete
         if (!cut)
             QFile::resize(path, 128 + 28 * 50'000 + 5);
         cut = true;
@@ -208,7 +208,7 @@ void TestRecordFile::hugeSparseFileIsRefused()
     RecordFile reader;
     QVERIFY(reader.readRecordInfo(path));
     QCOMPARE(reader.info().sampleCount, 2147483647);
-    // Only a machine with more than 90 GB could hold so many samples.
+    // Needs more than 90 GB of memory.
     const DiagnosticsCapture output;
     MessageMap messages;
     QVERIFY(!reader.readRecordData(messages));
