@@ -6,8 +6,7 @@ namespace KOLT {
 
 class DialogMain;
 
-/// The application object and the main window, for those few places that need them. Both are set
-/// by the start-up and outlive the event loop.
+/// The application object and the main window. main() sets both; they outlive the event loop.
 struct ApplicationContext
 {
     static ApplicationContext& instance()

@@ -8,7 +8,7 @@ class DialogDataGraph;
 class DialogDataMap;
 class DialogDataView;
 
-/// The data window with the pages that other rooms bring: graph, map and instruments.
+/// The data window and those of its pages that come from other rooms: graph, map and instruments.
 struct DataWindow
 {
     DialogData* window = nullptr;
@@ -17,7 +17,7 @@ struct DataWindow
     DialogDataView* view = nullptr;
 };
 
-/// Makes the pages with the program's settings and joins them with the window. The profile must
+/// Creates the pages with the stored settings and connects them to the window. The profile must
 /// outlive the window.
 DataWindow createDataWindow(const Profile& profile, DialogData::Display display,
                             QWidget* parent = nullptr, DialogData::Clock clock = {});

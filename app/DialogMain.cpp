@@ -53,7 +53,7 @@ constexpr int listStretch = 1;
 constexpr int pagesStretch = 2;
 constexpr auto defaultVariant = "915";
 
-/// Nothing of the program runs any more: no destructors, no further events.
+/// Exits without destructors or further events.
 void endProcessAtOnce(int exitCode)
 {
     std::fflush(nullptr);
@@ -79,7 +79,7 @@ DialogMain::DialogMain()
     enableExports();
     createToolBar();
     m_dataInWords = new QLabel(this);
-    m_dataInWords->setTextFormat(Qt::PlainText); // names of files may look like markup
+    m_dataInWords->setTextFormat(Qt::PlainText); // file names may look like markup
     statusBar()->addPermanentWidget(m_dataInWords);
     m_progress = std::make_unique<ProgressDisplay>(*statusBar());
     createDialogs();
@@ -94,7 +94,7 @@ DialogMain::DialogMain()
         m_cardDialog->hide();
         m_profileDialog->hide();
         m_toolBar->hide();
-        // The bar below the instruments comes up while it has something to tell.
+        // The status bar is shown only while it has a message.
         statusBar()->hide();
         connect(statusBar(), &QStatusBar::messageChanged, this,
                 [this](const QString& text) { statusBar()->setVisible(!text.isEmpty()); });
@@ -109,7 +109,7 @@ DialogMain::DialogMain()
 
 DialogMain::~DialogMain()
 {
-    // They point into profile and card, which are gone before the window's other children.
+    // They refer to the profile and the card, which are destroyed before the child widgets.
     delete takeCentralWidget();
     delete m_profileInfo;
     delete m_daySheet;
@@ -176,7 +176,7 @@ void DialogMain::createToolBar()
 {
     m_toolBar = addToolBar(tr("Main Toolbar"));
     m_toolBar->setObjectName(QStringLiteral("mainToolBar"));
-    m_toolBar->setContextMenuPolicy(Qt::PreventContextMenu); // it could hide the bar for good
+    m_toolBar->setContextMenuPolicy(Qt::PreventContextMenu); // its menu could hide the bar for good
     for (const Command command : {Command::OpenDataFolder, Command::ExportKml, Command::ExportCsv})
         m_toolBar->addAction((*m_actions)[command]);
     m_toolBar->addSeparator();
@@ -223,7 +223,7 @@ void DialogMain::startTimers()
     connect(&m_styleTimer, &QTimer::timeout, this, &DialogMain::slotCheckStyle);
     m_timer.start(settleMilliseconds);
     m_startupTimer.start(startupMilliseconds);
-    // Only whoever works on a style sheet of their own changes it while the program runs.
+    // Only a style sheet from "-s" can change while the program runs.
     const QString styleFile = Startup::styleFile();
     if (!styleFile.startsWith(QLatin1Char(':'))) {
         m_styleTime = QFileInfo(styleFile).lastModified();
@@ -262,7 +262,7 @@ void DialogMain::refreshSelectors()
 void DialogMain::reloadProfile()
 {
     const double time = m_data->time();
-    m_data->clear(); // it points into the profile
+    m_data->clear(); // it refers to the profile
     loadProfile();
     m_project->restoreSelection();
     m_profileDialog->reload();
@@ -275,8 +275,8 @@ void DialogMain::showReloaded()
 {
     if (m_card.dataSet() == nullptr)
         return;
-    // Flights and track depend on the profile. Of a flight the rest of the cycle is needed, and
-    // is read again if the card is still there.
+    // Flights and track depend on the profile. For a flight the whole cycle is needed, so it is
+    // read again if its files are still there.
     const auto* const picked = std::get_if<CycleChoice>(&m_choice);
     const bool isFlight = m_card.dataSet()->flight() != nullptr;
     const Files files = filesOf(m_choice);
@@ -293,7 +293,7 @@ void DialogMain::showReloaded()
 
 void DialogMain::slotTimeout()
 {
-    // Boxes need the event loop.
+    // Message boxes need a running event loop.
     if (SettingsStore::instance().isBroken())
         saveSettings(this);
     tellProfileFailure();
@@ -310,7 +310,7 @@ void DialogMain::tellProfileFailure()
 void DialogMain::slotTimeoutStartup()
 {
     m_jobs.run([this] {
-        // Whoever was faster than the timer has opened a folder, or chosen parameters.
+        // The user may have opened a folder or selected parameters before the timer fired.
         if (m_card.folder().isEmpty() && !listFolder(Startup::lastPath())) {
             m_cardDialog->setMissingFolder(Startup::lastPath());
             statusBar()->showMessage(tr("The last folder %1 is not there. Open another one with "
@@ -321,7 +321,7 @@ void DialogMain::slotTimeoutStartup()
             m_project->readLast();
         refreshTitle();
     });
-    // A display without lists has nothing else to show than the latest run of the engine.
+    // Without lists nobody can choose: the bare display shows the last cycle.
     if (m_isEmuDisplay && !m_card.cycles().empty())
         load(CycleChoice{m_card.cycles().rbegin()->first});
 }
@@ -383,7 +383,7 @@ bool DialogMain::event(QEvent* event)
 {
     if (event->type() != QEvent::StatusTip)
         return QMainWindow::event(event);
-    // The tip of a menu entry takes the place of what the bar told, which comes back behind it.
+    // A menu entry's status tip hides the current message, which is restored afterwards.
     const QString shown = statusBar()->currentMessage();
     if (m_tip.isEmpty() || shown != m_tip)
         m_messageBehindTip = shown;
@@ -407,7 +407,7 @@ void DialogMain::closeEvent(QCloseEvent* event)
 {
     if (m_isClosing)
         return;
-    m_isClosing = true; // before a box comes up, in which the user may close again
+    m_isClosing = true; // first: a message box below may let the user close again
     m_settingsSaver.flush();
     m_project->saveOnExit();
     event->accept();

@@ -38,18 +38,18 @@ class ProgressDisplay;
 class ProjectSession;
 class Selector;
 
-/// The top-level window: cycles and flights and the parameters at the left, the data to their
-/// right. It owns the profile and the open card, joins the panels and runs the commands.
+/// The main window: lists of cycles, flights and parameters on the left, the data window on the
+/// right. It owns the profile and the open card, connects the panels and runs the commands.
 ///
-/// It is also the event filter of the whole application: Ctrl+Z would undo edits in fields behind
-/// the user's back and reaches no widget. While a folder or data are loaded the window stays alive;
-/// what is asked for meanwhile is done afterwards.
+/// It is also an event filter on the application that swallows Ctrl+Z, which would undo edits in
+/// text fields unnoticed. The window stays responsive while a folder or data are being loaded;
+/// requests made meanwhile are queued.
 class DialogMain : public QMainWindow
 {
     Q_OBJECT
 
 public:
-    /// Ends the process with an exit code; may return in tests.
+    /// Ends the process with an exit code. May return in tests.
     using EndProcess = std::function<void(int exitCode)>;
 
     DialogMain();
@@ -63,7 +63,7 @@ public:
 
     bool isBusy() const { return m_jobs.isBusy(); }
 
-    /// What the first close does at last, in place of ending the process at once.
+    /// Replaces the immediate exit that the first close ends with.
     void setEndProcess(EndProcess endProcess) { m_endProcess = std::move(endProcess); }
 
 protected:
@@ -94,10 +94,10 @@ private:
     struct CycleChoice
     {
         int cycle = 0;
-        int flight = -1; ///< -1: all of the cycle
+        int flight = -1; ///< -1: the whole cycle
     };
 
-    /// What the user loaded last; nothing before the first time.
+    /// What the user loaded last; empty before the first load.
     using Choice = std::variant<std::monostate, Files, CycleChoice>;
 
     void createPanels();
@@ -136,19 +136,19 @@ private:
     RecentFolders m_recentFolders;
     SettingsSaver m_settingsSaver{*this};
     Choice m_choice;
-    ExportSubject m_subject; ///< where the loaded data came from
+    ExportSubject m_subject; ///< source of the loaded data, for exports
     EndProcess m_endProcess;
-    QString m_notice; ///< what is wrong with a page, told once
-    QString m_tip;    ///< of the menu entry below the pointer
+    QString m_notice; ///< problem reported by a page, shown once
+    QString m_tip;    ///< status tip of the menu entry under the pointer
     QString m_messageBehindTip;
     bool m_isEmuDisplay = false;
     bool m_isProfileLoaded = false;
     bool m_isClosing = false;
-    bool m_isUpdating = false; ///< the selectors are filled by the program
+    bool m_isUpdating = false; ///< the program is filling the selectors
     QTimer m_timer;
     QTimer m_startupTimer;
     QTimer m_styleTimer;
-    QDateTime m_styleTime; ///< when the applied style file was written
+    QDateTime m_styleTime; ///< modification time of the applied style file
     std::unique_ptr<ProgressDisplay> m_progress;
     ProjectSession* m_project = nullptr;
     MainActions* m_actions = nullptr;
@@ -156,7 +156,7 @@ private:
     DialogCard* m_cardDialog = nullptr;
     DialogProfile* m_profileDialog = nullptr;
     DataWindow m_parts;
-    DialogData* m_data = nullptr; ///< of the parts
+    DialogData* m_data = nullptr; ///< same as m_parts.window
     DialogAbout* m_about = nullptr;
     DialogProfileInfo* m_profileInfo = nullptr;
     DialogHelp* m_help = nullptr;

@@ -1,4 +1,4 @@
-// What the user asks of the main window: commands, folders, and what to load.
+// The commands of the main window, opening folders and loading.
 #include "analysis/ui/DialogData.h"
 #include "app/DialogMain.h"
 #include "app/MainActions.h"
@@ -42,7 +42,7 @@ QString shortList(QStringList names)
     return names.join(QLatin1Char('\n'));
 }
 
-/// A second click brings a window that is open already to the front.
+/// Shows the window, or raises it when it is open.
 void showInFront(QWidget* window)
 {
     window->show();
@@ -50,7 +50,7 @@ void showInFront(QWidget* window)
     window->activateWindow();
 }
 
-/// The local files and folders of a drop, as absolute paths.
+/// Absolute paths of the dropped local files and folders.
 QStringList droppedPaths(const QMimeData& data)
 {
     QStringList paths;
@@ -165,8 +165,8 @@ bool DialogMain::listFolder(const QString& folder)
     m_progress->end();
     if (!isOpen)
         return false;
-    m_jobs.dropWaiting(JobQueue::Kind::Choice); // it was made in the folder before
-    m_choice = {}; // what is shown came from the folder before and stays until the next choice
+    m_jobs.dropWaiting(JobQueue::Kind::Choice); // made in the previous folder
+    m_choice = {}; // the pages keep the previous folder's data until the next choice
     m_cardDialog->refresh();
     statusBar()->showMessage(
         tr("%n record file(s)", nullptr, static_cast<int>(m_card.files().size())) +
@@ -182,7 +182,8 @@ void DialogMain::slotCanChanged()
 
 void DialogMain::slotLoadRecord(const std::list<QString>& paths)
 {
-    // Whatever the order of the clicks: start, date and stop come from the first and last file.
+    // Sorted, whatever the order of the clicks: the first and last file determine start, date and
+    // stop.
     Files ordered = paths;
     ordered.sort();
     load(ordered);
@@ -256,7 +257,7 @@ void DialogMain::loadNow(const Choice& choice)
     }
     m_data->setData(*m_card.dataSet());
     showDataInWords(m_choice);
-    if (m_isEmuDisplay && !m_notice.isEmpty()) // the page was painted before anything was loaded
+    if (m_isEmuDisplay && !m_notice.isEmpty()) // the page reported it before anything was loaded
         statusBar()->showMessage(std::exchange(m_notice, {}));
     tellUnreadFiles();
     if (!isLoaded)
@@ -295,7 +296,7 @@ DialogMain::Files DialogMain::filesOf(const Choice& choice) const
 
 void DialogMain::openDaySheet()
 {
-    // Of a flight, the sheet lists all flights of its cycle.
+    // For a flight the sheet lists all flights of its cycle.
     Choice choice = m_choice;
     if (auto* const picked = std::get_if<CycleChoice>(&choice))
         picked->flight = -1;
@@ -343,7 +344,7 @@ void DialogMain::dropEvent(QDropEvent* event)
     if (paths.isEmpty())
         return;
     event->acceptProposedAction();
-    // Where it was dragged from waits until this returns.
+    // The drag source is blocked until this handler returns.
     QTimer::singleShot(0, this, [this, paths] { openDropped(paths); });
 }
 
@@ -363,7 +364,7 @@ void DialogMain::openDropped(const QStringList& paths)
                 m_card.files().contains(QFileInfo(path).fileName()))
                 files.push_back(path);
         }
-        files.sort(); // whatever the order of the drop, as with the list's choice
+        files.sort(); // as when files are chosen in the list
         if (files.empty())
             Messages::warn(this, tr("%1\nis not a record file. Record files end with .CAN, .can or "
                                     ".xcb.")

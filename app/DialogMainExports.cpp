@@ -1,4 +1,4 @@
-// The exports of the main window.
+// The export commands of the main window.
 #include "app/DialogMain.h"
 #include "app/MainActions.h"
 #include "app/settings/ExportSettingsStore.h"
@@ -33,8 +33,8 @@ ExportSubject DialogMain::subjectOf(const Choice& choice)
     return subject;
 }
 
-// A job of the queue, which the dialog holds until it is closed: nothing is loaded meanwhile, and
-// the data set and the profile stay as they are.
+// Runs as a job of the queue until the dialog is closed, so that neither data set nor profile
+// change meanwhile.
 void DialogMain::startExport(Command command)
 {
     if (m_card.dataSet() == nullptr)

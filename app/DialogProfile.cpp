@@ -20,7 +20,7 @@ namespace {
 constexpr int pageMargin = 3;
 constexpr int selectedTab = 1;
 constexpr int nameRole = Qt::UserRole;
-constexpr int selectedRole = Qt::UserRole + 1; ///< when the tree was filled
+constexpr int selectedRole = Qt::UserRole + 1; ///< selected flag when the tree was filled
 
 QString describe(const Profile& profile, const ProfileParameter& parameter)
 {
@@ -110,7 +110,7 @@ void DialogProfile::fill()
 
 void DialogProfile::reload()
 {
-    // The parameters themselves are gone.
+    // The pointers in m_parameters dangle by now: only the items may be read.
     for (const auto& [item, parameter] : m_parameters) {
         const bool isChecked = item->checkState(0) == Qt::Checked;
         const QString name = item->data(0, nameRole).toString();
@@ -176,7 +176,7 @@ void DialogProfile::filter(const QString& text)
         group->setHidden(!hasMatch);
         if (!wanted.isEmpty())
             group->setExpanded(hasMatch);
-        // A check of the whole device would reach the parameters that are filtered out.
+        // Checking the whole device would also check parameters that are filtered out.
         group->setFlags(
             group->flags().setFlag(Qt::ItemIsUserCheckable, wanted.isEmpty() || isGroupMatch));
     }

@@ -18,10 +18,11 @@ namespace KOLT {
 class Profile;
 struct ProfileParameter;
 
-/// The panel in which the user picks the parameters that the pages show.
+/// The panel in which the user selects the parameters that the pages show.
 ///
-/// Check boxes are a draft; "Confirm Selection" writes it into the profile's flags and tells. The
-/// profile must outlive the panel; call refresh() whenever it was loaded or selected otherwise.
+/// The check boxes are a draft; "Confirm Selection" writes it into the profile's flags and emits
+/// signalChanged(). The profile must outlive the panel. Call refresh() when the profile was
+/// reloaded or its selection was changed elsewhere.
 class DialogProfile : public QWidget
 {
     Q_OBJECT
@@ -29,14 +30,14 @@ class DialogProfile : public QWidget
 public:
     explicit DialogProfile(Profile& profile, QWidget* parent = nullptr);
 
-    /// Fills the tree anew from the profile and its flags; a draft is lost.
+    /// Rebuilds the tree from the profile and its flags and discards the draft.
     void refresh();
 
-    /// The same after the profile was loaded anew; the draft is kept, also of parameters that only
-    /// another variant has.
+    /// Rebuilds the tree after the profile was reloaded. The draft is kept, including parameters
+    /// that only exist in another variant.
     void reload();
 
-    /// Other units are shown.
+    /// The unit system changed.
     void refreshUnits();
 
 signals:
@@ -57,14 +58,14 @@ private:
 
     Profile& m_profile;
     std::map<QTreeWidgetItem*, const ProfileParameter*> m_parameters;
-    std::map<QString, bool> m_changes; ///< drafts of before, by full names
+    std::map<QString, bool> m_changes; ///< earlier draft changes by full name
     QLineEdit* m_filter = nullptr;
     QTreeWidget* m_tree = nullptr;
     QListWidget* m_list = nullptr;
     QTabWidget* m_tabs = nullptr;
     QPushButton* m_clear = nullptr;
     QPushButton* m_confirm = nullptr;
-    QTimer m_draftTimer; ///< gathers the changes of a whole device
+    QTimer m_draftTimer; ///< collects the changes when a whole device is checked
     bool m_isFilling = false;
 };
 

@@ -6,29 +6,27 @@
 
 namespace KOLT {
 
-/// Runs jobs one after the other. A long job keeps the window alive by handling events, and what
-/// the user asks for meanwhile waits until it has ended; nothing is lost and nothing runs inside
-/// it.
+/// Runs jobs one after the other. A long job may process events to keep the window responsive: a
+/// job that is added meanwhile waits until the running one has returned.
 class JobQueue
 {
 public:
     using Job = std::function<void()>;
 
-    /// Runs the job now, or behind the one that runs.
+    /// Runs the job at once, or after the running and the waiting ones.
     void run(Job job) { add({std::move(job), Kind::Ordinary}); }
 
-    /// Jobs of which only the latest of each kind counts.
+    /// Kinds other than Ordinary supersede waiting jobs of the same kind.
     enum class Kind { Ordinary, Choice, Reload };
 
-    /// The same for a kind of which only the latest counts: it takes the place of an earlier one
-    /// that still waits.
+    /// Like run(), but drops waiting jobs of the same kind first.
     void runLatest(Kind kind, Job job)
     {
         dropWaiting(kind);
         add({std::move(job), kind});
     }
 
-    /// What was asked for meanwhile no longer makes sense.
+    /// Discards waiting jobs of this kind.
     void dropWaiting(Kind kind)
     {
         std::erase_if(m_waiting, [kind](const Entry& entry) { return entry.kind == kind; });

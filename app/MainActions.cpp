@@ -11,7 +11,7 @@ namespace {
 
 constexpr int longestPath = 60;
 
-/// The end of a long path says more than its beginning.
+/// Keeps the end of a long path, which tells folders apart better than its beginning.
 QString shortened(const QString& path)
 {
     return path.size() <= longestPath ? path : QStringLiteral("...") + path.right(longestPath);
@@ -105,7 +105,7 @@ void MainActions::setRecentFolders(const QStringList& folders)
     for (QAction* action : m_recent->actions()) {
         m_recent->removeAction(action);
         m_fileMenu->removeAction(action);
-        action->deleteLater(); // it may be the one that was triggered
+        action->deleteLater(); // it may be the one being triggered
     }
     if (folders.isEmpty())
         return;

@@ -10,7 +10,7 @@ class QMenu;
 
 namespace KOLT {
 
-/// The commands of the main window; an action carries its number as its data.
+/// The commands of the main window. An action carries the command's number as its data.
 enum class Command {
     NewProject = 0,
     OpenProject = 1,
@@ -28,8 +28,8 @@ enum class Command {
     ExportGpx = 21
 };
 
-/// Creates the actions of all commands and places them. All of them belong to the window, so that
-/// the shortcuts of those without a menu work too.
+/// Creates the actions of all commands and the menus. All actions are added to the window, so that
+/// shortcuts also work for actions without a menu entry.
 class MainActions : public QObject
 {
     Q_OBJECT
@@ -39,10 +39,10 @@ public:
 
     QAction* operator[](Command command) const { return m_actions.at(command); }
 
-    /// Fills the menu bar: "&File", "&Extras", "&Help".
+    /// Creates the menus "&File", "&Extras" and "&Help".
     void createMenus();
 
-    /// The folders offered in "&File", newest first; each action carries its folder as its data.
+    /// Lists these folders in "&File", newest first. Each action carries its folder as its data.
     void setRecentFolders(const QStringList& folders);
 
 signals:
@@ -59,7 +59,7 @@ private:
     QActionGroup* m_recent;
     std::map<Command, QAction*> m_actions;
     QMenu* m_fileMenu = nullptr;
-    QAction* m_recentEnd = nullptr; ///< the recent folders stand before it
+    QAction* m_recentEnd = nullptr; ///< the recent folders are inserted before it
 };
 
 } // namespace KOLT

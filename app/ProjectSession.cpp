@@ -24,7 +24,7 @@ namespace {
 constexpr auto lastPathKey = "LastProjectPath";
 constexpr int pauseMilliseconds = 1000;
 
-/// The root's name, null for a file that cannot be read.
+/// Name of the root element; null for a file that cannot be read.
 QString rootOf(const QString& path)
 {
     QDomDocument document;
@@ -90,7 +90,7 @@ void ProjectSession::restoreSelection()
     m_wanted.apply();
 }
 
-/// The parameters of a file that was read, also those that another variant of the profile has.
+/// Takes over the names in the file that was read, including those of other variants.
 void ProjectSession::takeNames()
 {
     m_wanted.clear();
@@ -166,7 +166,7 @@ void ProjectSession::open()
                                                       lastPath(), tr("Project Files (*.xml)"));
     if (path.isEmpty())
         return;
-    // Looked at before it is read, which drops what was there.
+    // Checked first: reading drops the current content.
     const QString root = rootOf(path);
     if (!root.isEmpty() && root != QLatin1String("KoltProject")) {
         Messages::warn(&m_window,
@@ -202,7 +202,7 @@ bool ProjectSession::saveAs()
     if (path.isEmpty())
         return false;
     if (!path.section(QLatin1Char('/'), -1).contains(QLatin1Char('.')))
-        path += QStringLiteral(".xml"); // where the system's own dialog gave no suffix
+        path += QStringLiteral(".xml"); // native dialogs may not append the suffix
     return write(path);
 }
 
@@ -235,7 +235,7 @@ void ProjectSession::saveDefault()
 {
     m_timer.stop();
     if (!m_isStale || m_profile.parameters().empty())
-        return; // nothing can have been selected
+        return; // nothing can be selected without a profile
     Project::instance().write(defaultPath());
     m_isStale = !Project::instance().lastWrite() || !m_wanted.save(otherVariantsPath());
     if (m_isStale)

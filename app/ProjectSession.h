@@ -10,49 +10,49 @@ class QWidget;
 
 namespace KOLT {
 
-/// The project at work: its file, whether it has unsaved changes, and the commands on it.
+/// The current project: its file, whether it has unsaved changes, and the commands on it.
 ///
-/// Holds the user's selection of parameters in the profile's flags; the file is read and written by
-/// Project. Failures are told to the user in boxes above `window`.
+/// The selected parameters are flags in the profile; Project reads and writes the file. Failures
+/// are reported in message boxes with `window` as their parent.
 class ProjectSession : public QObject
 {
     Q_OBJECT
 
 public:
-    /// Starts with the default project, "CurrentProject.xml" in the data path, not read yet. Both
-    /// must outlive the session.
+    /// Starts with the default project, "CurrentProject.xml" in the data path, without reading it.
+    /// Both arguments must outlive the session.
     ProjectSession(Profile& profile, QWidget& window);
 
-    /// Empty for a new project that has no file yet.
+    /// Empty for a new project without a file.
     const QString& path() const { return m_path; }
 
     bool isModified() const { return m_isModified; }
 
-    /// The user chose other parameters.
+    /// The user changed the selection.
     void setModified();
 
-    /// After the profile was loaded anew: selects what was selected before, and what only this
-    /// variant has and was selected when it was in use before.
+    /// Call after the profile was reloaded: selects again what was selected before, including
+    /// parameters that were selected the last time this variant was in use.
     void restoreSelection();
 
-    /// Reads the last project. Where there is none yet, selects some parameters that nearly every
-    /// pilot wants to see.
+    /// Reads the last project; selectDefaultParameters() where there is none yet.
     void readLast();
 
-    /// These ask first when there are unsaved changes.
+    /// Ask first when there are unsaved changes.
     void newProject();
     void open();
 
-    /// False when nothing was saved, because the user cancelled or it failed.
+    /// False when the user cancelled or saving failed.
     bool save();
     bool saveAs();
 
-    /// Saves unsaved changes without asking, at the program's end. What the next start reopens, the
-    /// default project, is brought up to date a second after each change, and here.
+    /// Saves unsaved changes without asking, for the end of the program. Also writes the default
+    /// project, which the next start opens and which is otherwise written a second after each
+    /// change.
     void saveOnExit();
 
 signals:
-    /// Other parameters are selected now.
+    /// The selection was replaced.
     void signalSelectionChanged();
     void signalPathStored();
 
@@ -74,12 +74,12 @@ private:
     WantedParameters m_wanted;
     QString m_path;
     bool m_isModified = false;
-    bool m_isStale = false; ///< the default project is not what is selected
+    bool m_isStale = false; ///< the default project's file lacks the latest selection
     QTimer m_timer;
 };
 
-/// Selects the parameters for a first start: engine speed, altitude, speed, throttle and fuel by
-/// their roles; the first ones of a profile without these.
+/// Selects parameters for a first start: engine speed, throttle, fuel, altitude, ground speed and
+/// track by their roles, filled up to six with the first parameters of the profile.
 void selectDefaultParameters(Profile& profile);
 
 } // namespace KOLT

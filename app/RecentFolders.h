@@ -4,8 +4,8 @@
 
 namespace KOLT {
 
-/// The folders that were opened last, newest first, kept in the settings under "RecentFolder1" and
-/// so on. Callers save the settings.
+/// The recently opened folders, newest first, kept in the settings as "RecentFolder1" to
+/// "RecentFolder10". Saving the settings is up to the caller.
 class RecentFolders
 {
 public:
@@ -16,7 +16,7 @@ public:
 
     const QStringList& folders() const { return m_folders; }
 
-    /// Moves the folder to the front, or puts it there.
+    /// Puts the folder at the front.
     void add(const QString& folder);
     void remove(const QString& folder);
 

@@ -5,8 +5,7 @@
 
 namespace KOLT {
 
-/// A drop-down list of the tool bar. Reports what the user picks, and nothing that the program
-/// sets.
+/// A combo box in the tool bar. Reports choices of the user, not those made by the program.
 class Selector : public QComboBox
 {
     Q_OBJECT
@@ -24,7 +23,7 @@ public:
     }
 
 protected:
-    /// Scrolling past it changes nothing.
+    /// Without the focus the wheel changes nothing: the user may just be scrolling past.
     void wheelEvent(QWheelEvent* event) override
     {
         if (hasFocus())

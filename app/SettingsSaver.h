@@ -6,11 +6,11 @@ class QWidget;
 
 namespace KOLT {
 
-/// Saves the settings, and tells the user when they cannot be written, and when those in the file
-/// could not be read.
+/// Saves the settings. Warns the user when they cannot be written, and when the existing file was
+/// unreadable and has been moved aside.
 void saveSettings(QWidget* parent);
 
-/// Saves the settings a second after the last of many changes.
+/// Saves the settings a second after the last change, so that a series of changes is written once.
 class SettingsSaver
 {
 public:
@@ -18,7 +18,7 @@ public:
 
     void saveSoon() { m_timer.start(); }
 
-    /// Saves at once what still waits; before the program ends.
+    /// Saves pending changes at once, for the end of the program.
     void flush();
 
 private:

@@ -11,7 +11,7 @@ namespace KOLT {
 void WantedParameters::remember()
 {
     for (const ProfileParameter& parameter : m_profile.parameters()) {
-        m_names.erase(parameter.name); // known by its device from now on
+        m_names.erase(parameter.name); // replaced by its full name
         if (parameter.selected)
             m_names.insert(parameter.fullName);
         else

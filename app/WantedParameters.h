@@ -8,9 +8,9 @@ namespace KOLT {
 
 class Profile;
 
-/// The parameters that the user selected in any variant of the profile. A project file has those of
-/// one variant only, as it is written from the profile's flags; what others have is kept here, and
-/// is selected again with its variant.
+/// The parameters that the user selected, in all variants of the profile. A project file holds
+/// those of one variant only, as it is written from the profile's flags; the others are kept here
+/// and selected again when their variant is loaded.
 class WantedParameters
 {
 public:
@@ -20,19 +20,19 @@ public:
     {
     }
 
-    /// Takes over what is selected now, of the parameters that the profile has.
+    /// Updates the names from the selected flags of the profile's parameters.
     void remember();
-    /// Selects what is wanted.
+    /// Selects the wanted parameters in the profile.
     void apply() const;
 
-    /// Wants a parameter by its full name, or by its name on every device.
+    /// Adds a full name, or a plain name that stands for that parameter of every device.
     void add(const QString& name) { m_names.insert(name); }
 
     void clear() { m_names.clear(); }
 
-    /// Reads names from a file on top of what is there; the file may be missing.
+    /// Adds the names in a file; a missing or unreadable file adds none.
     void load(const QString& path);
-    /// Writes what the profile does not have just now; false when that failed.
+    /// Writes the names that the loaded variant does not have. False on failure.
     bool save(const QString& path) const;
 
 private:

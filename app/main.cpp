@@ -17,11 +17,11 @@
 int main(int argc, char* argv[])
 {
     using namespace KOLT;
-    // Whoever watches the output through a pipe sees each line when it is written.
+    // Line-buffered also in a pipe, so that a reader sees each line at once.
     std::setvbuf(stdout, nullptr, _IOLBF, BUFSIZ);
 
 #ifdef SIGPIPE
-    std::signal(SIGPIPE, SIG_IGN); // when they stop watching, the window stays
+    std::signal(SIGPIPE, SIG_IGN); // the program goes on when the reader of its output exits
 #endif
     initKoltResources();
     printBanner();
@@ -30,7 +30,7 @@ int main(int argc, char* argv[])
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("KOLT"));
     QApplication::setWindowIcon(QIcon(QStringLiteral(":/icons/app.svg")));
-    // The toolkit has taken over the user's locale; numbers in files have a decimal point.
+    // QApplication has set the user's locale; numbers in files need a decimal point.
     std::setlocale(LC_NUMERIC, "C");
 
     SplashScreen splash;

@@ -4,18 +4,18 @@
 
 namespace KOLT {
 
-/// A field of a CSV file as RFC 4180 has it: with a separator, quote or line break it is quoted,
-/// and quotes in it are doubled.
+/// A CSV field as in RFC 4180: quoted when it contains a separator, quote or line break, with
+/// quotes inside doubled.
 QString csvField(const QString& text, QChar separator);
 
-/// The number as the C library prints it, with that many decimals; with a decimal comma for the
-/// spreadsheets of countries that write numbers so.
+/// The number as printf writes it with "%.*f", optionally with a decimal comma, which spreadsheets
+/// need in many countries.
 QString csvNumber(double number, int decimals, bool hasDecimalComma);
 
-/// A number that is text already, as values of parameters are.
+/// The same for a number that is already text.
 QString csvNumber(QString number, bool hasDecimalComma);
 
-/// A line of such fields, with its line feed.
+/// The fields quoted as needed and joined, with a line end.
 QString csvLine(const QStringList& fields, QChar separator);
 
 } // namespace KOLT

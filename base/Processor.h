@@ -1,7 +1,6 @@
 #pragma once
 
-/// What compilers offer beyond the language for the processors that they know. Everything else is
-/// written without: other compilers have the plain way here.
+/// The compiler's extensions for processors that the program uses, each with a portable fallback.
 
 #ifdef __SSE2__
 #include <emmintrin.h>
@@ -12,7 +11,7 @@
 
 namespace KOLT {
 
-/// Asks for memory that will be read some time later. Any address will do.
+/// Prefetches memory that will be read soon. Any address is allowed.
 inline void prefetch(const void* address)
 {
 #if defined(__GNUC__)
@@ -24,8 +23,8 @@ inline void prefetch(const void* address)
 
 #ifdef __SSE2__
 
-/// Two numbers that are worked on at once. Compilers do not do this by themselves with minima and
-/// maxima, whose rules for NaN they keep to.
+/// Two numbers processed at once. Compilers do not vectorize minima and maxima by themselves
+/// because of their rules for NaN.
 class NumberPair
 {
 public:
@@ -56,7 +55,7 @@ private:
 
 #else
 
-/// Two numbers, for processors that we know no better for.
+/// Two numbers, for processors without SSE2.
 class NumberPair
 {
 public:

@@ -27,7 +27,7 @@ struct Text
     Q_DECLARE_TR_FUNCTIONS(KOLT::SafeFile)
 };
 
-/// What the system says. Where it took only a part of what was written, that is often nothing.
+/// The system's error text. A write that was only partly done often has none.
 QString errorOf(const QSaveFile& file)
 {
     const QString unknown = QSaveFile().errorString();
@@ -36,8 +36,8 @@ QString errorOf(const QSaveFile& file)
                : file.errorString();
 }
 
-/// Puts on the disk what the system holds in memory; what went wrong, empty when all is there.
-/// commit() does the same, but asks for no answer.
+/// Flushes the system's buffers to the disk; returns the error, empty on success. commit() also
+/// does it, but ignores errors.
 QString syncError(const QSaveFile& file)
 {
 #ifdef Q_OS_UNIX
@@ -60,14 +60,14 @@ WriteResult replaceFile(const QString& path, const std::function<bool(QIODevice&
 {
     if (const QString objection = writeObjection(path); !objection.isEmpty())
         return {Status::Refused, objection};
-    // Of a chain of links the last one's target is replaced, not a link of the chain.
+    // The final target of a chain of links is replaced, not a link in the chain.
     const QString target = resolvedPath(path);
     if (const QFileInfo info(target); info.exists() && !info.isFile())
         return {Status::Failed, Text::tr("This is no regular file.")};
     QSaveFile file(target);
     if (!file.open(QIODevice::WriteOnly))
         return {Status::Failed, file.errorString()};
-    // commit() would put out what is still buffered, and take no notice when that fails.
+    // commit() would flush the rest of the buffer as well, but ignore errors.
     if (!write(file) || !file.flush())
         return {Status::Failed, errorOf(file)};
     if (const QString error = syncError(file); !error.isEmpty())
@@ -99,7 +99,7 @@ QString moveAside(const QString& path)
     QString aside = path + QStringLiteral(".broken");
     for (int i = 2; QFileInfo(aside).isSymLink() || QFileInfo::exists(aside); ++i)
         aside = QStringLiteral("%1.broken.%2").arg(path).arg(i);
-    // The toolkit's own would copy where this fails, and remove what it copied from.
+    // QFile::rename() would fall back to copying and then remove the original.
     std::error_code error;
     std::filesystem::rename(QFile::encodeName(path).toStdString(),
                             QFile::encodeName(aside).toStdString(), error);

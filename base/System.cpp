@@ -21,7 +21,7 @@ void* allocateHugePages(std::size_t bytes)
     const std::size_t rounded = (bytes + hugePageBytes - 1) / hugePageBytes * hugePageBytes;
     void* const memory = std::aligned_alloc(hugePageBytes, rounded);
     if (memory != nullptr)
-        madvise(memory, rounded, MADV_HUGEPAGE); // only advice
+        madvise(memory, rounded, MADV_HUGEPAGE); // only a hint
 #else
     void* const memory = std::malloc(bytes);
 #endif

@@ -19,7 +19,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr int maxLinks = 40; // as the system has it
+constexpr int maxLinks = 40; // as in Linux
 
 struct Text
 {
@@ -76,8 +76,8 @@ std::optional<fs::path> resolve(const fs::path& path)
     return resolved;
 }
 
-/// Whether the resolved path is the folder or lies below it, also by another name of the folder: a
-/// second mount of it, or other letters where case does not matter.
+/// Whether the resolved path is the folder or lies below it. Also true for other paths to the same
+/// folder: a second mount, or another spelling on a file system that ignores case.
 bool isWithin(const QString& folder, const fs::path& target)
 {
     const std::optional<fs::path> top = resolve(toPath(folder));
@@ -111,7 +111,7 @@ bool isRecordFileName(const QString& name)
 
 std::shared_ptr<const void> protectFolder(const QString& folder)
 {
-    // Absolute now: the working directory may be another one later.
+    // Made absolute now, as the working directory may change.
     auto entry = std::make_shared<const QString>(QFileInfo(folder).absoluteFilePath());
     std::erase_if(guard().folders, [](const auto& known) { return known.expired(); });
     guard().folders.push_back(entry);
@@ -135,7 +135,7 @@ QString writeObjection(const QString& path)
     if (!target)
         return Text::tr("The links of this path lead nowhere:\n%1").arg(path);
     const QString name = QFile::decodeName(target->filename().string().c_str());
-    // A card's file system does not tell letters by their case.
+    // A card's file system ignores case.
     if (hasRecordSuffix(path, Qt::CaseInsensitive) || hasRecordSuffix(name, Qt::CaseInsensitive))
         return Text::tr("Names that end with .CAN, .can or .xcb belong to recordings, which are "
                         "never written. Please choose another name than\n%1")

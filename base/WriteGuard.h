@@ -4,26 +4,26 @@
 
 #include <memory>
 
-/// What must never be written: recordings. Whatever KOLT writes asks here (SafeFile.h), and so does
-/// whoever lets the user name a file, before the work begins. GUI thread only.
+/// Keeps KOLT from ever writing recordings. Every write is checked here (SafeFile.h); file names
+/// that the user enters are checked as well, before the work begins. GUI thread only.
 namespace KOLT {
 
-/// Record files are known by the suffix of their name, "CAN", "can" or "xcb".
+/// Record files are recognised by their suffix "CAN", "can" or "xcb".
 bool isRecordFileName(const QString& name);
 
-/// As long as what is returned lives, nothing is written into the folder or below it.
+/// Forbids writing to the folder and below it as long as the returned object lives.
 [[nodiscard]] std::shared_ptr<const void> protectFolder(const QString& folder);
 
-/// KOLT's own folder, which may be written also where it lies below a protected one: somebody may
-/// open the home folder.
+/// Sets KOLT's own folder, which may be written even below a protected one: the user may open the
+/// home folder as a card.
 void setOwnFolder(const QString& folder);
 
-/// Where a write to the path goes in the end: an absolute path without links. Links are followed
-/// one by one, also those to what is not there (yet). Empty when they run in a circle.
+/// The absolute path, links resolved, that a write to this path would end up at. Dangling links are
+/// resolved too. Empty when the links form a loop.
 QString resolvedPath(const QString& path);
 
-/// Why the path must not be written, in words for the user: it leads into a protected folder, or
-/// its name is one of a record file, in whatever case. Empty when it may be written.
+/// Why the path must not be written, for the user: it leads into a protected folder, or it has the
+/// name of a record file in upper or lower case. Empty when it may be written.
 QString writeObjection(const QString& path);
 
 } // namespace KOLT

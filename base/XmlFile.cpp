@@ -12,8 +12,8 @@ namespace KOLT {
 
 namespace {
 
-/// Whether some tag has more attributes than any file of ours. The toolkit compares each with all
-/// others of its tag, which takes minutes for some hundred thousand.
+/// Whether some tag has more than maxXmlAttributes. Qt compares each attribute with all others of
+/// its tag, which takes minutes for some hundred thousand.
 bool hasTooManyAttributes(const QByteArray& content)
 {
     int count = 0;
@@ -28,13 +28,13 @@ bool hasTooManyAttributes(const QByteArray& content)
     return false;
 }
 
-/// Well-formed and not nested too deeply. The stream reader also refuses expanding entities.
+/// Well-formed and within the limits. The stream reader also refuses expanding entities.
 bool isAcceptableXml(const QByteArray& content)
 {
     if (hasTooManyAttributes(content))
         return false;
     QXmlStreamReader reader(content);
-    reader.setNamespaceProcessing(false); // as the DOM reads it: prefixes need no declaration
+    reader.setNamespaceProcessing(false); // like the DOM parser: prefixes need no declaration
     int depth = 0;
     int elements = 0;
     while (!reader.atEnd()) {
@@ -59,7 +59,7 @@ bool isXmlCharacter(char32_t c)
 XmlStatus parseXmlFile(const QString& path, QDomDocument& document)
 {
     QFile file(path);
-    // A pipe or a device would block or never end.
+    // A pipe or device could block or never end.
     if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly))
         return XmlStatus::NotOpened;
     const QByteArray content = file.read(std::min(file.size(), maxXmlFileBytes + 1));

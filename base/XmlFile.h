@@ -11,30 +11,30 @@ namespace KOLT {
 
 enum class XmlStatus {
     Ok,
-    NotOpened, ///< missing, unreadable, or not a plain file
+    NotOpened, ///< missing, unreadable, or not a regular file
     NotParsed  ///< not XML, or beyond the limits below
 };
 
 /// Files beyond these limits are refused: the DOM tree is freed recursively, so depth costs stack,
-/// and an element of four bytes becomes a node of some hundred.
+/// and an element of four bytes becomes a node of some hundred bytes.
 constexpr qint64 maxXmlFileBytes = 64LL * 1024 * 1024;
 constexpr int maxXmlElements = 1'000'000;
 constexpr int maxXmlDepth = 200;
-constexpr int maxXmlAttributes = 2'000; ///< of one element
+constexpr int maxXmlAttributes = 2'000; ///< per element
 
-/// Reads the file into `document`, which is left as it was on failure.
+/// Parses the file into `document`, which is unchanged on failure.
 XmlStatus parseXmlFile(const QString& path, QDomDocument& document);
 
-/// The same, and says so: on failure one of "could not open file <path>" and "could not set content
-/// <path>" is printed; in every case "readXmlFile <path> 1|0" follows.
+/// Like parseXmlFile(), and prints the result: on failure "could not open file <path>" or "could
+/// not set content <path>", then in every case "readXmlFile <path> 1|0".
 XmlStatus readXmlFile(const QString& path, QDomDocument& document);
 
 /// Writes the document as UTF-8 with an indentation of 4. The file is replaced as a whole or not at
 /// all. On failure prints "could not open file for writing !<path>".
 WriteResult writeXmlFile(const QString& path, const QDomDocument& document);
 
-/// Text for an attribute: UTF-8 decoded, characters that no XML file may hold replaced by U+FFFD.
-/// Without this one odd file name would make the whole file unreadable.
+/// Attribute text from UTF-8, with characters that XML does not allow replaced by U+FFFD: a single
+/// one, in a file name for example, would make the whole file unreadable.
 QString xmlText(const QByteArray& bytes);
 
 } // namespace KOLT

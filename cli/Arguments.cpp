@@ -22,7 +22,7 @@ QString generalHelp()
     return text + QStringLiteral("\n'kolt-cli VERB --help' tells the options of a verb.\n");
 }
 
-/// The parser takes one value per option; "--files A B" becomes "--files A --files B".
+/// The parser takes one value per option: "--files A B" becomes "--files=A --files=B".
 QStringList withSingleFiles(const QStringList& arguments)
 {
     QStringList result;
@@ -79,7 +79,7 @@ void addOptions(QCommandLineParser& parser, const Verb& verb)
         addExportOptions(parser);
 }
 
-/// The toolkit's help, with the verb in its place.
+/// The parser's help text with a usage line that has the verb.
 QString helpOf(const Verb& verb, const QCommandLineParser& parser)
 {
     return QStringLiteral("Usage: kolt-cli %1 %2FOLDER [options]\n")
@@ -87,7 +87,7 @@ QString helpOf(const Verb& verb, const QCommandLineParser& parser)
            parser.helpText().section(QLatin1Char('\n'), 1);
 }
 
-/// Fills in what --cycle, --files and --unit say; returns what is wrong with them.
+/// Reads --cycle, --files and --unit; returns an error message or nothing.
 QString readChoice(const QCommandLineParser& parser, Arguments& arguments)
 {
     const bool hasCycle = parser.isSet(QStringLiteral("cycle"));
@@ -115,7 +115,7 @@ QString readChoice(const QCommandLineParser& parser, Arguments& arguments)
     return {};
 }
 
-/// The value of an option that the verb may not have.
+/// The option's value; empty when the verb does not have the option.
 QString valueOf(const QCommandLineParser& parser, const QString& name, bool isKnown)
 {
     return isKnown ? parser.value(name) : QString();

@@ -9,7 +9,7 @@
 #include <utility>
 #include <vector>
 
-/// What the user asked of kolt-cli.
+/// The parsed command line of kolt-cli.
 namespace KOLT::Cli {
 
 struct Verb;
@@ -22,22 +22,22 @@ struct Arguments
     QString folder;
     std::optional<int> cycle;
     std::optional<QStringList> files;
-    QString profile;                 ///< empty: the installed one
-    std::optional<QString> variant;  ///< none: the one in the settings
+    QString profile;                 ///< empty: the installed profile
+    std::optional<QString> variant;  ///< none: that of the settings
     std::optional<UnitSystem> units; ///< none: metric, in exports those of the settings
     QString parameter;
     bool lampsOnly = false;
 
     // Of the verb "export".
     ExportFormat format = ExportFormat::Csv;
-    QString output;            ///< file, or folder when all flights are exported
-    bool all = false;          ///< every flight of the card, in place of cycle and files
-    std::optional<int> flight; ///< of the cycle, from 1
-    QStringList selection;     ///< full names of the selected parameters
-    std::vector<std::pair<QByteArray, QByteArray>> settings; ///< key and value
+    QString output;            ///< a file; a folder when all flights are exported
+    bool all = false;          ///< every flight of the card instead of a cycle or files
+    std::optional<int> flight; ///< within the cycle, from 1
+    QStringList selection;     ///< full names of parameters
+    std::vector<std::pair<QByteArray, QByteArray>> settings; ///< keys and values
 };
 
-/// Either arguments, or a help text, or what is wrong with the command line.
+/// Either the arguments, a help text, or an error message.
 struct ParseResult
 {
     std::optional<Arguments> arguments;

@@ -37,7 +37,8 @@ const char* suffixOf(ExportFormat format)
     return "csv";
 }
 
-/// Exports as the settings and the command line say. Each operation returns what went wrong.
+/// Exports according to the settings and the command line. Each operation returns an error message,
+/// empty on success.
 class Exporter
 {
 public:
@@ -47,11 +48,11 @@ public:
     {
     }
 
-    /// Takes over the parameters of the command line and the settings.
+    /// Applies the options of the command line and the settings, and checks them.
     QString prepare();
-    /// What was chosen, into one file.
+    /// Exports the chosen data to one file.
     QString exportOne();
-    /// Every flight of the card into a folder.
+    /// Exports every flight of the card, each to a file in a folder.
     QString exportAll();
 
 private:
@@ -70,8 +71,8 @@ private:
     Recording& m_recording;
     CsvOptions m_csv;
     KmlOptions m_kml;
-    std::unique_ptr<DataSet> m_flight; ///< of the loaded cycle, in its place
-    QSet<QString> m_names;             ///< taken in this run
+    std::unique_ptr<DataSet> m_flight; ///< exported instead of the whole loaded cycle
+    QSet<QString> m_names;             ///< file names used in this run
     QJsonArray m_exported;
     QJsonArray m_failed;
     QString m_firstError;
@@ -92,7 +93,7 @@ QString Exporter::prepare()
     SettingsStore& settings = installedSettings();
     if (!m_arguments.units && settings.getInteger("Unit", 0) == 1)
         profile.setUnitSystem(UnitSystem::Imperial);
-    // In memory only: nothing of the command line is kept.
+    // Changed in memory only, never saved.
     if (!m_arguments.selection.isEmpty())
         settings.setBoolean("CsvAllParameter", false);
     for (const auto& [key, value] : m_arguments.settings)
@@ -164,7 +165,7 @@ QString Exporter::freeName(const ExportSubject& subject)
     const QString suffix = QLatin1String(suffixOf(m_arguments.format));
     const QString name = exportFileName(subject, dataSet(), suffix);
     QString free = name;
-    // A name stays taken when its export failed; files of earlier runs are not overwritten.
+    // A name stays in use when its export failed. Files of earlier runs are not overwritten.
     const QDir folder(m_arguments.output);
     for (int i = 2; m_names.contains(free) || folder.exists(free); ++i)
         free = QStringLiteral("%1_%2.%3").arg(name.chopped(suffix.size() + 1)).arg(i).arg(suffix);
@@ -206,9 +207,9 @@ QString Exporter::exportAll()
     CardContainer& card = m_recording.card();
     for (const auto& [number, cycle] : card.cycles()) {
         m_flight.reset();
-        card.loadCycle(number); // once for all of its flights
+        card.loadCycle(number); // once for all its flights
         const std::size_t flights = card.flightsOf(number).size();
-        // Flights may be in what could not be read.
+        // The unread files may contain flights.
         const QString missing = unreadError(dataSet().unreadFiles);
         if (flights == 0 && !missing.isEmpty()) {
             Diagnostics::print("cycle %d: %s\n", number, qUtf8Printable(missing));

@@ -25,7 +25,7 @@ std::array<Format, 3> formats()
             Format{"kml", ExportFormat::Kml, kmlSettings()}, Format{"gpx", ExportFormat::Gpx, {}}};
 }
 
-/// What the option's value may be, for the help.
+/// Placeholder for the option's value in the help text.
 const char* valueName(ExportSetting::Kind kind)
 {
     switch (kind) {
@@ -40,7 +40,8 @@ const char* valueName(ExportSetting::Kind kind)
     return "N";
 }
 
-/// The settings given for this format; complains about others and about wrong values.
+/// Reads the settings given for the chosen format; settings of other formats and invalid values are
+/// errors.
 QString readSettings(const QCommandLineParser& parser, const Format& chosen, Arguments& arguments)
 {
     for (const Format& format : formats()) {

@@ -4,18 +4,18 @@
 
 class QCommandLineParser;
 
-/// The part of the command line that only the verb "export" has.
+/// The options of the verb "export".
 namespace KOLT::Cli {
 
 struct Arguments;
 
-/// Settings may be written as in the settings file or with dashes, in any case:
-/// "--csv-resolution" becomes "--CsvResolution".
+/// Replaces options that name a setting by its exact key: the user may write them with dashes and
+/// in any case, "--csv-resolution" for "--CsvResolution".
 QStringList withSettingNames(const QStringList& arguments);
 
 void addExportOptions(QCommandLineParser& parser);
 
-/// Fills in what the verb needs beyond the choice of data; returns what is wrong with it.
+/// Reads the verb's options into `arguments`; returns an error message or nothing.
 QString readExport(const QCommandLineParser& parser, const QString& format, Arguments& arguments);
 
 } // namespace KOLT::Cli

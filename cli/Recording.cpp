@@ -14,7 +14,7 @@ namespace {
 
 constexpr auto defaultVariant = "915";
 
-/// The profile in the user's data directory, else the one that came with the program.
+/// The profile in the user's data path, otherwise the one shipped with the program.
 QString installedProfile()
 {
     QString installed =
@@ -56,7 +56,7 @@ QString Recording::openProfile()
     const bool isRead = m_profile.loadVariants(path);
     const QString variant =
         m_arguments.variant.value_or(m_profile.variantOrFirst(installedVariant()));
-    // An empty one takes every element.
+    // An empty variant takes the elements of all variants.
     if (m_arguments.variant && !variant.isEmpty() && !m_profile.hasVariant(variant))
         return QStringLiteral("the profile %1 has no variant \"%2\"; it has %3")
             .arg(path, variant, variantNames(m_profile));

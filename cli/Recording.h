@@ -9,8 +9,8 @@
 
 namespace KOLT::Cli {
 
-/// What the verbs work on: the profile, the folder and, where asked, the loaded data set. Each
-/// operation returns what went wrong, empty on success.
+/// The profile, the folder and the loaded data that a verb works on. Each operation returns an
+/// error message, empty on success.
 class Recording
 {
 public:
@@ -34,16 +34,16 @@ private:
     CardContainer m_card{m_profile};
 };
 
-/// The settings of the program with windows, as far as they are there.
+/// The settings of the installed program; empty when it has none yet.
 SettingsStore& installedSettings();
 
-/// What to say of files that could not be read, empty where all could.
+/// Error message that names the files that could not be read; empty when there are none.
 QString unreadError(const std::vector<QString>& names);
 
-/// Writes to the standard output; false when that fails, as on a full disk.
+/// Writes to the standard output; false on failure, such as a full disk.
 bool writeOutput(const QByteArray& bytes);
 
-/// Ends the output and returns what went wrong with it.
+/// Flushes the standard output; returns an error message, empty when all of it was written.
 QString finishOutput();
 
 } // namespace KOLT::Cli

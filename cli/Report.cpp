@@ -22,7 +22,7 @@ constexpr std::array columns{
     Column{"T/O dist", 9}, Column{"15 m", 8},     Column{"Exceeded", 9},
 };
 
-/// The clock where the recording has one, the unit's counter otherwise.
+/// The time of day; the unit's counter where the recording has no date.
 QString clock(const QDateTime& dateTime, double seconds)
 {
     return dateTime.isValid() ? dateTime.toString(QStringLiteral("hh:mm:ss"))
@@ -83,7 +83,7 @@ FlightTotals reportFlights(const Profile& profile, const DataSet& dataSet)
         writeOutput(flightRow(line));
         totals.add(line);
     }
-    totals.exceedances = log.exceedances; // also those outside of flights
+    totals.exceedances = log.exceedances; // including those outside flights
     return totals;
 }
 

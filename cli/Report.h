@@ -6,7 +6,7 @@ namespace KOLT::Cli {
 
 struct Arguments;
 
-/// The verb "report": cycles and flights as tables.
+/// The verb "report": prints cycles and flights as tables.
 QString report(const Arguments& arguments);
 
 } // namespace KOLT::Cli

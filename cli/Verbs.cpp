@@ -32,7 +32,7 @@ QJsonArray jsonNames(const std::vector<QString>& names)
     return QJsonArray::fromStringList(QStringList(names.begin(), names.end()));
 }
 
-/// Ends the output on a data set: what it lacks is an error, though all the rest was printed.
+/// The final error of a verb: unread files are an error, although everything else was printed.
 QString finish(const QString& error, const DataSet& dataSet)
 {
     return error.isEmpty() ? unreadError(dataSet.unreadFiles) : error;
@@ -102,7 +102,7 @@ QJsonArray jsonSample(const StoredSample& sample, const DecodedValue& value)
         value.text,       static_cast<int>(value.grade.state),  QColor(value.grade.color).name()};
 }
 
-/// Opens profile and folder and loads what the arguments choose.
+/// Opens profile and folder and loads the data that the arguments choose.
 QString openAndLoad(Recording& recording)
 {
     QString error = recording.openProfile();
@@ -157,7 +157,7 @@ QString values(const Arguments& arguments)
     if (parameter == nullptr)
         return QStringLiteral("the profile has no parameter %1").arg(arguments.parameter);
 
-    // Written sample by sample: a long cycle has millions.
+    // Written sample by sample, as a long cycle has millions.
     const DataSet& dataSet = *recording.card().dataSet();
     const QJsonObject head{{QStringLiteral("unit"), profile.unitLabel(*parameter)},
                            {QStringLiteral("unread"), jsonNames(dataSet.unreadFiles)}};

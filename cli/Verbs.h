@@ -7,8 +7,8 @@
 
 #include <array>
 
-/// The verbs of kolt-cli. Each prints its result to the standard output; the text returned says
-/// what went wrong, in one line, and is empty on success.
+/// The verbs of kolt-cli. Each prints its result to the standard output and returns an error
+/// message of one line, empty on success.
 namespace KOLT::Cli {
 
 struct Arguments;

@@ -22,11 +22,11 @@ int fail(const QString& error, int status)
 
 int main(int argc, char* argv[])
 {
-    // The standard output carries the result and nothing else.
+    // The standard output is for the result only.
     Diagnostics::setSink(Diagnostics::toStandardError);
     const QCoreApplication application(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("KOLT"));
-    // The toolkit has taken over the user's locale; numbers in files have a decimal point.
+    // QCoreApplication has set the user's locale; numbers in files need a decimal point.
     std::setlocale(LC_NUMERIC, "C");
 
     const Cli::ParseResult parsed = Cli::parseArguments(QCoreApplication::arguments());

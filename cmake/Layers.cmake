@@ -1,4 +1,4 @@
-# What the targets of a layer have in common: warnings, moc, and a precompiled header of Qt.
+# Common settings of the targets: warnings, moc, and a precompiled header of Qt.
 #
 #   kolt_layer(TARGET core)    no windows, no moc; add "moc" where a core has signals
 #   kolt_layer(TARGET ui)      faces: Widgets and moc
@@ -9,13 +9,13 @@
 
 find_program(KOLT_CCACHE ccache)
 if(KOLT_CCACHE)
-    # Precompiled headers need the sloppiness.
+    # ccache needs this sloppiness to work with precompiled headers.
     set(CMAKE_CXX_COMPILER_LAUNCHER ${CMAKE_COMMAND} -E env
         CCACHE_SLOPPINESS=pch_defines,time_macros,include_file_mtime,include_file_ctime
         ${KOLT_CCACHE})
 endif()
 
-# Every target includes from the root, and the headers that are configured.
+# Include paths of every target: the source root and the configured headers.
 add_library(kolt_options INTERFACE)
 target_include_directories(kolt_options INTERFACE ${PROJECT_SOURCE_DIR}
     ${PROJECT_BINARY_DIR}/generated)
@@ -30,7 +30,7 @@ if(KOLT_SANITIZE)
     target_link_options(kolt_options INTERFACE -fsanitize=${KOLT_SANITIZE})
 endif()
 
-# All sources of a layer see the same Qt modules, so that they can share its header.
+# All sources of a layer see the same Qt modules, so that they can share the precompiled header.
 function(kolt_precompile layer)
     set(header ${PROJECT_SOURCE_DIR}/cmake/pch/${layer}.h)
     add_library(kolt_pch_${layer} OBJECT ${PROJECT_SOURCE_DIR}/cmake/pch/empty.cpp)
@@ -39,7 +39,7 @@ function(kolt_precompile layer)
     target_precompile_headers(kolt_pch_${layer} PRIVATE ${header})
 endfunction()
 
-# Tests may compare with plain texts.
+# Without QT_NO_CAST_FROM_ASCII for tests: they may compare with plain literals.
 set(KOLT_DEFINITIONS_core QT_NO_CAST_FROM_ASCII)
 set(KOLT_DEFINITIONS_ui QT_NO_CAST_FROM_ASCII)
 set(KOLT_QT_core Qt6::Core Qt6::Gui Qt6::Xml)

@@ -9,7 +9,7 @@ ContentOrNote::ContentOrNote(QWidget* page, QWidget* content)
     , m_note(new QLabel(page))
 {
     m_note->setObjectName(QStringLiteral("emptyState"));
-    m_note->setTextFormat(Qt::PlainText); // it may name files
+    m_note->setTextFormat(Qt::PlainText); // file names may look like markup
     m_note->setAlignment(Qt::AlignCenter);
     m_note->setWordWrap(true);
     addWidget(content);

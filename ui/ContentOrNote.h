@@ -6,8 +6,8 @@ class QLabel;
 
 namespace KOLT {
 
-/// The layout of a page: what it shows, or in its place a note that says why there is nothing and
-/// what to do.
+/// A page's layout that shows either the content, or a note that says why there is none and what to
+/// do.
 class ContentOrNote : public QStackedLayout
 {
 public:

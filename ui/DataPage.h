@@ -4,10 +4,10 @@ namespace KOLT {
 
 struct DataSet;
 
-/// What every page of the data window can do: take a data set, drop it, and take the current time.
+/// Interface of the pages of the data window: each takes a data set and the current time.
 ///
-/// Work is put off while a page is hidden and done once when it appears; only dropping happens at
-/// once, as the data set is gone afterwards. Telling a page a time never makes it report one.
+/// Work for a hidden page is deferred until it is shown; only dropData() is called at once, as the
+/// data set may be gone afterwards. setTime() never makes a page report a time.
 class DataPage
 {
 public:
@@ -16,7 +16,7 @@ public:
     DataPage& operator=(const DataPage&) = delete;
     virtual ~DataPage() = default;
 
-    /// Takes the loaded data set, which must stay until the next call or clear(). Null: none.
+    /// Sets the data set, which must live until the next call or clear(). Null: none.
     void setData(const DataSet* dataSet)
     {
         dropData();
@@ -26,7 +26,7 @@ public:
 
     void clear() { setData(nullptr); }
 
-    /// Shows the same data anew: other parameters are chosen, or other units.
+    /// The selected parameters or the units have changed.
     void refresh()
     {
         m_isDataPending = true;
@@ -34,7 +34,7 @@ public:
         catchUp();
     }
 
-    /// Seconds on the scale of the data set.
+    /// Seconds of the unit's counter, as in the data set.
     void setTime(double seconds)
     {
         m_seconds = seconds;
@@ -46,7 +46,7 @@ public:
 
     double time() const { return m_seconds; }
 
-    /// Whether the page can be seen; it starts hidden.
+    /// Whether the page is visible; initially hidden.
     void setShown(bool isShown)
     {
         m_isShown = isShown;
@@ -54,14 +54,14 @@ public:
     }
 
 protected:
-    /// Forgets everything that points into the data set or the profile.
+    /// Drops all pointers into the data set and the profile.
     virtual void dropData() = 0;
-    /// Shows the data set with the parameters and units of now; it may be null.
+    /// Shows the data set, which may be null, with the current selection and units.
     virtual void showData() = 0;
-    /// Moves to time(); called after showData() too.
+    /// Moves to time(); also called after showData().
     virtual void showTime() = 0;
 
-    /// The page itself moved to this time, and shows it.
+    /// The page itself moved to this time and shows it already.
     void keepTime(double seconds) { m_seconds = seconds; }
 
 private:

@@ -4,16 +4,15 @@
 
 class QWidget;
 
-/// The program's message boxes, and the failures that several windows have to tell.
+/// The program's message boxes.
 namespace KOLT::Messages {
 
-/// Something failed: what happened, to which file, and what to do.
+/// Reports a failure. The text says what happened, to which file, and what to do.
 void warn(QWidget* parent, const QString& text);
 
 void inform(QWidget* parent, const QString& text);
 
-/// Replaces the file by the content, whole or not at all, and tells the user when it cannot be
-/// written. True on success.
+/// Writes the file as replaceFile() does and warns the user on failure. True on success.
 bool saveFile(QWidget* parent, const QString& path, const QByteArray& content);
 
 } // namespace KOLT::Messages

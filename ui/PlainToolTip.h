@@ -5,7 +5,7 @@
 
 namespace KOLT {
 
-/// The text for a tool tip, which would take names from files that look so for markup.
+/// Text for a tool tip that is shown literally, even when names in it look like markup.
 inline QString plainToolTip(const QString& text)
 {
     return Qt::mightBeRichText(text) ? Qt::convertFromPlainText(text) : text;

@@ -53,7 +53,7 @@ void ProgressDisplay::setPercent(int percent)
 
 void ProgressDisplay::end()
 {
-    m_lingering.start(); // the last step is to be seen
+    m_lingering.start(); // so that 100 % is seen
     m_statusBar.clearMessage();
 }
 

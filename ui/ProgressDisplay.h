@@ -9,8 +9,8 @@ class QStatusBar;
 
 namespace KOLT {
 
-/// The progress of a long work in the status bar. While it goes on, the window is drawn and the
-/// user's clicks and keys are handled: whoever works must be ready for that.
+/// The progress of a long job in the status bar. It processes events, including the user's clicks
+/// and keys: the job must be prepared for that.
 class ProgressDisplay
 {
 public:
@@ -18,13 +18,13 @@ public:
     ProgressDisplay(const ProgressDisplay&) = delete;
     ProgressDisplay& operator=(const ProgressDisplay&) = delete;
 
-    /// Shows the text and a bar that moves without an end.
+    /// Shows the text and a busy indicator.
     void begin(const QString& text);
-    /// The work goes on; handles events if it has been a while.
+    /// Processes events if the last time was a while ago.
     void tick();
-    /// The same with the part that is done, 0..100.
+    /// Like tick(), and shows the percentage, 0..100.
     void setPercent(int percent);
-    /// Takes the text away at once, and the bar a moment later.
+    /// Removes the text at once and the bar a moment later.
     void end();
 
 private:

@@ -6,9 +6,9 @@ class QWidget;
 
 namespace KOLT {
 
-/// Lets the user name a file to be written. A name without a suffix gets this one, before it is
-/// asked whether a file of that name is to be replaced. Empty when cancelled, and when nothing may
-/// be written there (base/WriteGuard.h), which is told.
+/// Asks for a file to write. The suffix is added to a name without one before the dialog asks
+/// whether to replace an existing file. Empty when cancelled, and when the file must not be written
+/// (base/WriteGuard.h), which the user is told.
 QString askForSavePath(QWidget* parent, const QString& title, const QString& proposed,
                        const QString& filter, const QString& suffix);
 

@@ -34,7 +34,7 @@ QWidget* WidgetNoGl::shown(QWidget* page)
         QWidget* const parent = part->parentWidget();
         if (parent->layout() != nullptr)
             delete parent->layout()->replaceWidget(part, label);
-        label->lower(); // panels may float above
+        label->lower(); // overlaid panels stay on top
         part->setParent(nullptr);
     }
     return page;

@@ -6,16 +6,16 @@ class QOpenGLWidget;
 
 namespace KOLT {
 
-/// What stands in a window in place of a widget that needs OpenGL, on a machine that has none: the
-/// toolkit would end the program as soon as such a window is shown.
+/// Replaces a widget that needs OpenGL on a machine without it: Qt would abort the program as soon
+/// as a window with such a widget is shown.
 class WidgetNoGl : public QLabel
 {
     Q_OBJECT
 
 public:
-    /// The page as it can be shown: itself, with the OpenGL widgets in it replaced, or what stands
-    /// in its place. With OpenGL, nothing changes. What is replaced lives on, out of sight, as long
-    /// as its replacement.
+    /// Replaces the OpenGL widgets in a page when there is no OpenGL, and returns the page, or the
+    /// replacement of a page that is an OpenGL widget itself. Replaced widgets stay alive, hidden,
+    /// as long as their replacement.
     static QWidget* shown(QWidget* page);
 
 private:

@@ -4,7 +4,7 @@
 
 namespace KOLT {
 
-/// The program's version, and the licences of all that it is made of.
+/// The program's version and the licences of its components.
 class DialogAbout : public QDialog
 {
     Q_OBJECT

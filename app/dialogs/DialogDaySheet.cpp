@@ -53,7 +53,7 @@ DialogDaySheet::DialogDaySheet(const Profile& profile, JobQueue& jobs, QWidget* 
     m_table->horizontalHeader()->setHighlightSections(false);
     m_state = new QLabel(this);
     m_state->setObjectName(QStringLiteral("hint"));
-    m_state->setTextFormat(Qt::PlainText); // it names files
+    m_state->setTextFormat(Qt::PlainText); // file names may look like markup
     m_progress = new QProgressBar(this);
     m_progress->setRange(0, wholePercent);
     m_cancel = new QPushButton(tr("Cancel"), this);
@@ -112,7 +112,7 @@ void DialogDaySheet::open(const Source& source)
 
 void DialogDaySheet::request()
 {
-    m_isCancelled = m_isWorking; // a sheet in the making is not wanted any more
+    m_isCancelled = m_isWorking; // ends a sheet being made
     const auto scope = static_cast<Scope>(m_scope->currentData().toInt());
     m_jobs.run([this, scope] {
         if (isVisible())

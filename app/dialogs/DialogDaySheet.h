@@ -17,17 +17,18 @@ namespace KOLT {
 class JobQueue;
 class Profile;
 
-/// The day's flights as a sheet, of what is loaded or of the whole folder, to be printed or saved.
+/// The flights of the loaded data or of the whole folder as a table with daily sums, to be printed
+/// or saved.
 ///
-/// Reads the files anew into a data set of its own, so that what the pages show stays. The work is
-/// a job of the main window's queue, with progress; closing the window or "Cancel" ends it. The
-/// profile and the queue must outlive the window.
+/// Reads the files into a data set of its own, so that the pages keep theirs. Reading is a job of
+/// the main window's queue, with progress; "Cancel" or closing the window ends it. The profile and
+/// the queue must outlive the window.
 class DialogDaySheet : public QDialog
 {
     Q_OBJECT
 
 public:
-    /// Where flights come from.
+    /// The data to choose from.
     struct Source
     {
         QString folder;
@@ -37,7 +38,7 @@ public:
 
     DialogDaySheet(const Profile& profile, JobQueue& jobs, QWidget* parent = nullptr);
 
-    /// Shows the window with the sheet of what is loaded; of the folder when nothing is.
+    /// Shows the window with the sheet of the loaded data, or of the folder when nothing is loaded.
     void open(const Source& source);
 
     const DaySheet& sheet() const { return m_sheet; }

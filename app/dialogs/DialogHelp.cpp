@@ -35,7 +35,7 @@ DialogHelp::DialogHelp(const QString& locale, QWidget* parent)
     auto* const home = new QPushButton(tr("Contents"), this);
     auto* const back = new QPushButton(tr("Back"), this);
     for (QPushButton* button : {home, back})
-        button->setAutoDefault(false); // Return in the search field searches
+        button->setAutoDefault(false); // Return in the search field must search
     back->setEnabled(false);
     connect(home, &QPushButton::clicked, m_browser, &QTextBrowser::home);
     connect(back, &QPushButton::clicked, m_browser, &QTextBrowser::backward);
@@ -68,7 +68,7 @@ void DialogHelp::find(bool backward)
         backward ? QTextDocument::FindBackward : QTextDocument::FindFlags();
     if (m_browser->find(m_search->text(), flags))
         return;
-    m_browser->moveCursor(backward ? QTextCursor::End : QTextCursor::Start); // around the end
+    m_browser->moveCursor(backward ? QTextCursor::End : QTextCursor::Start); // wraps around
     m_browser->find(m_search->text(), flags);
 }
 

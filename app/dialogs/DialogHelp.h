@@ -7,13 +7,13 @@ class QTextBrowser;
 
 namespace KOLT {
 
-/// The manual, in the language of the program, with a search.
+/// The manual in the program's language, with a search field.
 class DialogHelp : public QDialog
 {
     Q_OBJECT
 
 public:
-    /// English where there is no manual for the locale.
+    /// Falls back to English when there is no manual for the locale.
     explicit DialogHelp(const QString& locale, QWidget* parent = nullptr);
 
 private:

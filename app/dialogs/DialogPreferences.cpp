@@ -139,14 +139,14 @@ void DialogPreferences::readSettings()
     m_tileServer->setText(m_shownServer);
     for (Shading& field : m_shading) {
         field.box->setValue(settings.getDouble(field.key, field.fallback));
-        field.shown = field.box->value(); // rounded, and within the box's range
+        field.shown = field.box->value(); // the box rounds and clamps
     }
 }
 
 void DialogPreferences::apply()
 {
     SettingsStore& settings = SettingsStore::instance();
-    // What was not touched stays as it is, even if this dialog does not know it.
+    // Stores changes only: a setting may have a value that this dialog cannot show.
     if (m_language->currentIndex() != m_shownLanguage)
         settings.setText("Locale", m_language->currentData().toString().toUtf8());
     m_shownLanguage = m_language->currentIndex();
@@ -163,7 +163,7 @@ void DialogPreferences::apply()
     saveSettings(this);
     if (isOtherFont)
         Startup::applyFontSize();
-    Startup::applyStyleSheet(*qApp); // widgets under a style sheet keep their font without it
+    Startup::applyStyleSheet(*qApp); // makes styled widgets take the new font
     if (isOtherUnit)
         emit signalUnitChanged(unit);
     if (isOtherMap)

@@ -15,8 +15,8 @@ namespace KOLT {
 
 /// Language, font size, units, profile file and map settings.
 ///
-/// "OK" and "Apply" store what changed, apply the font size, and tell the rest by signals. A new
-/// language needs a restart, and the dialog says so.
+/// "OK" and "Apply" store what changed, apply the font size and report the rest by signals. A
+/// change of language needs a restart, as the dialog says.
 class DialogPreferences : public QDialog
 {
     Q_OBJECT
@@ -29,7 +29,7 @@ signals:
     void signalProfileFileChanged();
     /// 0 metric, 1 imperial
     void signalUnitChanged(int unit);
-    /// Tile server or shading.
+    /// Tile server or shading changed.
     void signalMapChanged();
 
 protected:
@@ -41,7 +41,7 @@ private:
         const char* key = nullptr;
         double fallback = 0.0;
         QDoubleSpinBox* box = nullptr;
-        double shown = 0.0; ///< when the dialog was opened
+        double shown = 0.0; ///< value when the dialog was opened
     };
 
     void createGeneral(QFormLayout* form);
@@ -59,12 +59,12 @@ private:
     QLineEdit* m_profile = nullptr;
     QLineEdit* m_tileServer = nullptr;
     std::array<Shading, 3> m_shading;
-    // When the dialog was opened: what was not touched is not stored.
+    // Values when the dialog was opened: what the user did not change is not stored.
     int m_shownLanguage = 0;
     int m_shownFontSize = 0;
     int m_shownUnit = 0;
     QString m_shownServer;
-    QString m_startLanguage; ///< in which the program runs
+    QString m_startLanguage; ///< language of the running program
 };
 
 } // namespace KOLT

@@ -73,7 +73,7 @@ DialogProfileInfo::DialogProfileInfo(const Profile& profile, QWidget* parent)
     createList();
 
     auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Close, this);
-    buttons->button(QDialogButtonBox::Close)->setAutoDefault(false); // Return is for the search
+    buttons->button(QDialogButtonBox::Close)->setAutoDefault(false); // Return is for searching
     QPushButton* const install =
         buttons->addButton(tr("Install Profile..."), QDialogButtonBox::ActionRole);
     install->setAutoDefault(false);
@@ -127,7 +127,7 @@ void DialogProfileInfo::refresh()
     m_list->resizeColumnsToContents();
     m_list->verticalHeader()->setDefaultSectionSize(fontMetrics().height() + rowPadding);
     m_list->setSortingEnabled(true);
-    m_list->sortByColumn(allColumns, Qt::AscendingOrder); // as in the file
+    m_list->sortByColumn(allColumns, Qt::AscendingOrder); // file order
 }
 
 void DialogProfileInfo::install()

@@ -11,8 +11,8 @@ namespace KOLT {
 class ParameterListModel;
 class Profile;
 
-/// What the profile in use says about itself, its parameters with their message positions in a
-/// list that can be searched, and the installation of another profile file.
+/// Describes the installed profile, lists its parameters with their place in the messages, with a
+/// search, and installs another profile file.
 class DialogProfileInfo : public QDialog
 {
     Q_OBJECT
@@ -20,7 +20,7 @@ class DialogProfileInfo : public QDialog
 public:
     explicit DialogProfileInfo(const Profile& profile, QWidget* parent = nullptr);
 
-    /// The profile was loaded anew.
+    /// The profile was reloaded.
     void refresh();
 
 signals:

@@ -6,7 +6,7 @@
 
 namespace KOLT {
 
-/// The parameters of a profile in file order, with their place in the message.
+/// The parameters of a profile in file order, with their place in the messages.
 class ParameterListModel : public QAbstractTableModel
 {
     Q_OBJECT
@@ -33,7 +33,7 @@ public:
     {
     }
 
-    /// The profile was loaded anew; before the model is asked again.
+    /// Call after the profile was reloaded, before the model is used again.
     void refresh();
 
     int rowCount(const QModelIndex& parent = {}) const override;

@@ -6,10 +6,10 @@ class QWidget;
 
 namespace KOLT {
 
-/// Lets the user choose a profile file; empty when cancelled.
+/// Asks for a profile file; empty when cancelled.
 QString askForProfile(QWidget* parent);
 
-/// Installs it, and tells the user how it went. True when it is installed.
+/// Installs the file and reports the result in a message box. True when it was installed.
 bool installProfile(QWidget* parent, const QString& path);
 
 } // namespace KOLT

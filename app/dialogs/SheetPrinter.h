@@ -6,9 +6,9 @@ class QPagedPaintDevice;
 
 namespace KOLT {
 
-/// Prints a page of HTML on paper or into a PDF, in a size that is read at arm's length: the fonts
-/// of the windows are in pixels, which are tiny on a printer. Margins of 2 cm within the device's
-/// own, with page numbers.
+/// Prints HTML on paper or into a PDF with a font of 9.5 points; the windows' fonts are set in
+/// pixels, which would be tiny on a printer. Adds page numbers and margins of 2 cm within the
+/// device's own.
 void printSheet(const QString& html, QPagedPaintDevice& device);
 
 } // namespace KOLT

@@ -5,31 +5,31 @@
 
 namespace KOLT {
 
-/// The program's command-line options by name, process-wide.
+/// The command-line options by name, process-wide.
 ///
-/// Unknown arguments are reported and skipped, never fatal. Test a flag with isGiven(): its value
-/// toggles at each occurrence.
+/// Unknown arguments are reported and skipped. Test flags with isGiven(): the value of a flag
+/// toggles with each occurrence.
 class CommandLineOptions
 {
 public:
     static CommandLineOptions& instance();
 
-    /// Both insert the option or overwrite the one of that name.
+    /// Both replace an existing option of that name.
     void addFlag(const std::string& name, const std::string& description);
     void addValueOption(const std::string& name, const std::string& description,
                         const std::string& defaultValue);
 
-    /// False when an argument was unknown; each is reported. An option that takes a value consumes
-    /// the next argument, whatever it looks like.
+    /// False when there were unknown arguments; each is reported. A value option consumes the next
+    /// argument, whatever it looks like.
     bool parse(int argc, const char* const* argv);
 
     bool isGiven(const std::string& name) const;
 
-    /// Copies the value, given or default, and returns whether the option was given. An unknown
-    /// name leaves `value` alone.
+    /// Copies the given or default value and returns whether the option was given. Leaves `value`
+    /// alone for an unknown name.
     bool getValue(const std::string& name, std::string& value) const;
 
-    /// Lists the options in name order with their current values.
+    /// Prints the options by name with their current values.
     void printUsage() const;
 
 private:

@@ -4,11 +4,10 @@
 
 namespace KOLT {
 
-/// The directories that the program reads and writes (docs/formats/settings.md).
+/// The program's directories (docs/formats/settings.md).
 ///
-/// The first use creates those that are missing and puts the default profile in place; it needs the
-/// application object, for the names and the directory of the program. A directory that cannot be
-/// created is only logged.
+/// The first use creates missing directories and installs the default profile; it needs the
+/// application object. Failures are only printed.
 class DataPaths
 {
 public:
@@ -16,13 +15,13 @@ public:
 
     DataPaths();
 
-    /// Settings, current project and profile; the system's per-user application data directory.
+    /// The system's per-user application data directory: settings, current project, profile.
     QByteArray dataPath() const { return m_dataPath; }
 
     /// "<USERPROFILE>/Documents/KOLT/"; empty where that variable is not set.
     QByteArray userDataPath() const { return m_userDataPath; }
 
-    /// Beside the program: "<executable directory>/../resources/".
+    /// "<executable directory>/../resources/".
     QByteArray resourcePath() const { return m_resourcePath; }
 
     /// Directory of the installed profile "Profile.xml".

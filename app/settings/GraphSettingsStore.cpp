@@ -10,7 +10,7 @@ namespace KOLT {
 
 namespace {
 
-/// Keys of the settings store, with what they are of.
+/// Settings keys with the members they are stored in.
 struct ColorKey
 {
     const char* key;
@@ -27,7 +27,7 @@ constexpr ColorKey colorKeys[] = {{"GraphBackground", &GraphSettings::background
                                   {"GraphGridColor", &GraphSettings::gridColor},
                                   {"GraphLabelColor", &GraphSettings::labelColor},
                                   {"GraphLabelBackground", &GraphSettings::labelBackground}};
-// Not the automatic mode: every pan ends it, and no button in sight brings it back.
+// The automatic mode is not stored: panning ends it, and no visible button turns it on again.
 constexpr FlagKey flagKeys[] = {{"GraphSplit", &GraphSettings::isSplit},
                                 {"GraphGrid", &GraphSettings::hasGrid},
                                 {"GraphCursor", &GraphSettings::hasCursor},

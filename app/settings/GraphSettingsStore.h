@@ -6,11 +6,10 @@ namespace KOLT {
 
 class SettingsStore;
 
-/// The graph's settings as the store has them. NaN and infinity count as 0, for the span as the
-/// default.
+/// The stored graph settings. NaN and infinity are read as 0; for the time span, as its default.
 GraphSettings loadGraphSettings(const SettingsStore& store);
 
-/// Puts them into the store; saving it is up to the caller.
+/// Copies the settings to the store; saving it is up to the caller.
 void storeGraphSettings(const GraphSettings& settings, SettingsStore& store);
 
 } // namespace KOLT

@@ -6,8 +6,8 @@ namespace KOLT {
 
 class SettingsStore;
 
-/// The map's settings as the store has them, with its directories below the data path. The network
-/// is left alone where the environment has KOLT_OFFLINE.
+/// The stored map settings, with its directories below the data path. The environment variable
+/// KOLT_OFFLINE disables the network.
 MapSettings loadMapSettings(const SettingsStore& store);
 
 } // namespace KOLT

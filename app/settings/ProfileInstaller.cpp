@@ -20,7 +20,7 @@ QString freeBackupName(const QString& path)
     return backup;
 }
 
-/// Without a variant every element counts: a profile whose elements all belong to variants is one.
+/// Loaded without a variant, which takes the elements of all variants.
 bool isProfile(const QString& path)
 {
     Profile profile;

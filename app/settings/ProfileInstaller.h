@@ -4,21 +4,21 @@
 
 namespace KOLT {
 
-/// The profile file that the program uses, and how another one takes its place.
+/// The installed profile file and its replacement by another one.
 namespace ProfileInstaller {
 
 enum class Result {
     Installed,
-    InUse,       ///< it is the installed one already
+    InUse,       ///< it is already the installed one
     NotAProfile, ///< unreadable, no XML, or no parameters
-    NotWritten   ///< the old profile is untouched
+    NotWritten   ///< the installed profile is unchanged
 };
 
 /// "Profile.xml" in the data path.
 QString installedPath();
 
-/// Checks the file and puts a copy of it in the place of the installed profile, of which a backup
-/// stays beside it: "Profile.xml.bak", or "Profile.xml.2.bak" and so on where that name is taken.
+/// Checks the file and replaces the installed profile by a copy of it. Keeps a backup of the old
+/// one beside it: "Profile.xml.bak", or "Profile.xml.2.bak" and so on where that name is taken.
 Result install(const QString& path);
 
 } // namespace ProfileInstaller

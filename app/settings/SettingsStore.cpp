@@ -19,7 +19,7 @@ namespace {
 
 constexpr int longestWaitMilliseconds = 1000;
 
-/// The settings below the root, whatever that is called.
+/// The settings directly below the root, whatever its name.
 std::map<QByteArray, QByteArray> propertiesOf(const QDomDocument& document)
 {
     std::map<QByteArray, QByteArray> values;
@@ -87,7 +87,7 @@ std::map<QByteArray, QByteArray> SettingsStore::valuesToSave(const QDomDocument&
 bool SettingsStore::save()
 {
     const QString path = QFile::decodeName(m_fileName);
-    // Whoever cannot have the lock writes all the same: what was set here must not get lost.
+    // Written even without the lock: values set here must not be lost.
     QLockFile lock(path + QStringLiteral(".lock"));
     lock.tryLock(longestWaitMilliseconds);
     QDomDocument former;

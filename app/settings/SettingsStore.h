@@ -11,13 +11,11 @@ class QDomDocument;
 
 namespace KOLT {
 
-/// The program's settings: a flat table of named texts, kept in an XML file
-/// (docs/formats/settings.md).
+/// The settings: a flat table of named texts, kept in an XML file (docs/formats/settings.md).
 ///
-/// Writers call save() right after a change; nothing is saved implicitly. Several processes may
-/// share the file: what this one has set wins, what others have set stays in the file. A file that
-/// exists but cannot be read as settings is moved aside to "<name>.broken" by a save, so that
-/// nothing of it is lost. GUI thread only.
+/// Nothing is saved implicitly: whoever changes a value calls save(). Several processes may share
+/// the file: a save writes the values that this process has set and keeps the others in the file. A
+/// file that cannot be parsed is first moved aside to "<name>.broken". GUI thread only.
 class SettingsStore
 {
 public:
@@ -27,27 +25,27 @@ public:
     SettingsStore(const SettingsStore&) = delete;
     SettingsStore& operator=(const SettingsStore&) = delete;
 
-    /// With another file, all of the table is new to it.
+    /// Changing the file marks all values as set by this process, so that save() writes them.
     void setFileName(const QByteArray& path);
 
     const QByteArray& fileName() const { return m_fileName; }
 
-    /// Reads the file into the table on top of what is there. Always true: a missing or broken file
-    /// is logged and every reader gets its default.
+    /// Adds the file's values to the table, replacing those of the same key. Always true; a missing
+    /// or broken file is logged and adds nothing.
     bool load();
 
-    /// Replaces the file by the whole table, settings with an empty value left out. Of the settings
-    /// that this process has not set, those of the file are written, and stay unknown here. False
-    /// when the file could not be written; the old file is then untouched.
+    /// Replaces the file; empty values are left out. Values in the file that this process has not
+    /// set are kept in it, but not taken over into the table. False when the file could not be
+    /// written; the old file is then unchanged.
     bool save();
 
-    /// What stands in the file could not be read as settings.
+    /// The file exists but could not be parsed.
     bool isBroken() const { return m_isBroken; }
 
-    /// The name of a broken file's copy since the last call; empty when there was none.
+    /// Path under which a broken file was kept since the last call; empty when there was none.
     QString takeKeptCopy() { return std::exchange(m_keptCopy, {}); }
 
-    /// An absent key gives the default. Numbers are read as the C library does: leading digits
+    /// A missing key gives the fallback. Numbers are parsed as by strtol and strtod: leading digits
     /// count, text without digits is 0. A boolean is true only for "true", "TRUE" and "True".
     QByteArray getText(const QByteArray& key, const QByteArray& fallback = {}) const;
     int getInteger(const QByteArray& key, int fallback) const;

@@ -4,7 +4,7 @@
 
 namespace KOLT {
 
-/// The picture that is shown while the program starts, with a line that says what it is doing.
+/// The splash screen, with a line that tells the current step of the start-up.
 class SplashScreen : public QSplashScreen
 {
     Q_OBJECT
@@ -12,7 +12,7 @@ class SplashScreen : public QSplashScreen
 public:
     SplashScreen();
 
-    /// Shows the message at once, although no event loop runs yet.
+    /// Shows the message at once, before the event loop runs.
     void showStep(const QString& message);
 };
 

@@ -69,7 +69,7 @@ void installTranslations(QApplication& application)
     const QString locale = QString::fromUtf8(SettingsStore::instance().getText("Locale", "us"));
     installTranslation(application, toolkit, "QT", QStringLiteral("qt_"), locale);
     installTranslation(application, program, "IOS", QStringLiteral("kolt_"), locale);
-    // Numbers in the windows follow their language, not the system's; those of files never do.
+    // Numbers in the windows follow the program's language, not the system's.
     QLocale::setDefault(locale == QLatin1String("de")
                             ? QLocale(QLocale::German, QLocale::Germany)
                             : QLocale(QLocale::English, QLocale::UnitedStates));

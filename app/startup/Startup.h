@@ -4,11 +4,11 @@
 
 class QApplication;
 
-/// The steps that bring up the program, in the order in which main() takes them.
+/// The steps of the start-up, in the order in which main() takes them.
 namespace KOLT::Startup {
 
-/// Registers the program's options and parses the command line; prints the usage when an argument
-/// is unknown or help was asked for. The program starts in any case.
+/// Registers the options and parses the command line. Prints the usage for "-h" and for unknown
+/// arguments; the program starts in any case.
 void parseCommandLine(int argc, const char* const* argv);
 
 /// OpenGL surface format and application attributes.
@@ -28,10 +28,10 @@ void applyStyleSheet(QApplication& application);
 
 constexpr int defaultFontPixels = 12;
 
-/// Gives all windows the font size of the settings, in pixels.
+/// Applies the font size in the settings (pixels) to all windows.
 void applyFontSize();
 
-/// The folder that was opened last, "." before the first.
+/// The last opened folder; "." before the first.
 QString lastPath();
 
 } // namespace KOLT::Startup

@@ -20,7 +20,7 @@ StyleSheet::Entries parseEntries(const QString& body)
 
 void replaceVariables(const StyleSheet::Entries& variables, QString& text)
 {
-    // A variable that contains itself would double the text with every round.
+    // Bounded, as a variable that contains itself makes the text longer with every round.
     constexpr qsizetype maxLength = 1'000'000;
     for (const auto& [key, value] : variables) {
         if (text.size() < maxLength)
@@ -45,7 +45,7 @@ QString StyleSheet::read(const QString& path)
         if (header.section(QLatin1Char(':'), 0, 0) == QLatin1String("Variables")) {
             for (const auto& [key, value] : entries)
                 m_variables[key] = value;
-            // Values may refer to other variables; as many rounds as there are follow any chain.
+            // Values may refer to other variables: one round per variable resolves any chain.
             for (std::size_t round = 0; round < entries.size(); ++round) {
                 replaceVariables(entries, text);
                 replaceVariables(entries, applied);

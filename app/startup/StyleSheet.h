@@ -6,20 +6,20 @@
 
 namespace KOLT {
 
-/// Reads a style sheet: the toolkit's own syntax plus comments to the end of the line and a block
-/// "Variables { name: value; }" whose values stand for "$(name)" everywhere else.
+/// Reads a style sheet: Qt's syntax plus "//" comments and a block "Variables { name: value; }",
+/// whose values replace "$(name)" everywhere else.
 class StyleSheet
 {
 public:
     using Entries = std::map<QString, QString>;
 
-    /// The text to apply: without comments and the block of variables, their references replaced.
-    /// A file that cannot be opened gives an empty text.
+    /// The text to apply, without comments and the Variables block, references replaced. Empty when
+    /// the file cannot be opened.
     QString read(const QString& path);
 
     const Entries& variables() const { return m_variables; }
 
-    /// The entries of every other block, by the block's header.
+    /// Entries of all other blocks by the block's header.
     const std::map<QString, Entries>& blocks() const { return m_blocks; }
 
 private:

@@ -1,4 +1,4 @@
-// Headers that most sources without windows include; see cmake/Layers.cmake.
+// Headers that most sources of the cores include; see cmake/Layers.cmake.
 
 #include <QByteArray>
 #include <QColor>

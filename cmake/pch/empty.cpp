@@ -1,1 +1,1 @@
-// Only the precompiled header beside this file is wanted.
+// A target needs a source to build its precompiled header.

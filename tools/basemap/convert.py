@@ -1,10 +1,10 @@
 #!/usr/bin/env python3
-"""Makes resources/basemap/world.bin from the npm package "world-atlas".
+"""Creates resources/basemap/world.bin from the npm package "world-atlas".
 
     npm pack world-atlas@2.0.2 && tar xzf world-atlas-2.0.2.tgz
     tools/basemap/convert.py package resources/basemap/world.bin
 
-The file's layout is told in docs/map.md. Run again only for newer data: the result is committed.
+The layout of the file is in docs/map.md. Needed only for newer data: the result is committed.
 """
 
 import json
@@ -51,7 +51,7 @@ def polygons(geometry):
 
 
 def unwrapped(points):
-    """Longitudes go on beyond 180 degrees, so that no step is longer than half the world."""
+    """The points with longitudes continued beyond 180 degrees, so that no step exceeds half a turn."""
     result = []
     longitude = points[0][0]
     for x, latitude in points:
@@ -67,7 +67,7 @@ def land_rings(topology):
             for indices in polygon:
                 points = unwrapped(topology.ring(indices))
                 if all(latitude < -89 for _, latitude in points):
-                    continue  # an artefact: the pole itself as a ring
+                    continue  # artefact: a ring around the pole itself
                 flags = 0
                 if abs(points[-1][0] - points[0][0]) > 180:
                     flags |= POLAR

@@ -11,7 +11,7 @@ namespace {
 
 constexpr double ticksPerSecond = 1e9 / RecordFormat::nanosecondsPerTick;
 
-/// Fills one block of fixed size at given offsets; what is not put stays zero.
+/// A block of fixed size that is filled at given offsets; other bytes stay zero.
 template <int size>
 class Block
 {

@@ -6,7 +6,8 @@
 #include <cstdint>
 
 /// Writes record files as the recording unit does (docs/formats/record-file.md), for the sample
-/// card, the tests and the benchmarks. The program itself never writes any.
+/// card and the benchmarks. Tests put records together independently (tests/support/RecordBytes.h).
+/// The program itself never writes any.
 namespace KOLT::RecordFileWriter {
 
 enum class FileOrder { LittleEndian, BigEndian };
@@ -23,7 +24,7 @@ struct RecordHeader
     std::uint64_t ticks = 0;
     std::uint32_t busType = 0;
     std::uint32_t ecuSerialNumber = 0;
-    QByteArray softwarePartA; ///< this and the next four: up to 13 characters, Latin-1
+    QByteArray softwarePartA; ///< this and the next four: Latin-1, up to 13 characters
     QByteArray ecuType;
     QByteArray engineSerial;
     QByteArray engineType;
@@ -37,15 +38,15 @@ struct RecordSample
     std::uint8_t byte8 = 0;
     std::uint8_t byte9 = 0;
     std::uint16_t kind = 0;
-    std::uint32_t identifier = 0; ///< written as it is, top bit included
+    std::uint32_t identifier = 0; ///< written unchanged, including the top bit
     std::uint32_t word16 = 0;
     std::uint64_t ticks = 0;
 };
 
-/// Ticks of the unit's clock, rounded to the nearest; negative times and NaN give 0.
+/// Ticks of the unit's clock, rounded to nearest; 0 for negative times and NaN.
 std::uint64_t ticksFromSeconds(double seconds);
 
-/// Texts longer than their field are cut.
+/// Texts longer than their field are truncated.
 void appendHeader(QByteArray& file, const RecordHeader& header,
                   FileOrder order = FileOrder::LittleEndian);
 void appendSample(QByteArray& file, const RecordSample& sample,

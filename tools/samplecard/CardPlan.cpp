@@ -13,7 +13,7 @@ QDateTime clock(int day, int hour, int minute, int second)
     return {QDate(2024, 5, day), QTime(hour, minute, second), Qt::UTC};
 }
 
-/// A hot Saturday: two busy sessions of tows, the oil and one cylinder run too hot.
+/// A hot Saturday with two busy towing sessions; the oil and one cylinder get too hot.
 void addSaturday(std::vector<CyclePlan>& card)
 {
     CyclePlan morning;
@@ -77,7 +77,7 @@ void addSunday(std::vector<CyclePlan>& card)
     card.push_back(afternoon);
 }
 
-/// The holiday after: few flights, and the recording that stops in the air.
+/// The holiday after it: few flights, and a recording that ends in the air.
 void addMonday(std::vector<CyclePlan>& card)
 {
     CyclePlan morning;
@@ -119,7 +119,7 @@ std::vector<CyclePlan> longCard(double hours)
     cycle.clock = clock(22, 5, 0, 0);
     const double seconds = hours * 3600.0;
     cycle.stopCounter = cycle.counterStart + seconds;
-    // A cycle needs a second file, which alone tells the date.
+    // A cycle needs a second file, as its first one has no date.
     cycle.fileSeconds = std::clamp(std::floor(seconds / 2.0), 1.0, 1800.0);
     cycle.flights.count = std::numeric_limits<int>::max();
     return {cycle};

@@ -7,8 +7,8 @@
 #include <string_view>
 #include <vector>
 
-/// What happens on the card: the engine cycles, and in them the incidents that make every page of
-/// the viewer worth opening.
+/// The script of the sample card: its engine cycles with incidents, so that every page of the
+/// viewer has something to show.
 namespace KOLT::SampleCard {
 
 enum class Incident {
@@ -18,7 +18,7 @@ enum class Incident {
     GeneratorOff, ///< battery alone carries the bus
     FaultLaneA,   ///< a lane reports the fault bit named
     FaultLaneB,
-    GpsJump, ///< positions some 20 km off
+    GpsJump, ///< positions about 20 km off
     DataGap, ///< nothing is recorded
 };
 
@@ -35,15 +35,15 @@ struct PlannedIncident
 
 struct CyclePlan
 {
-    QDateTime clock; ///< of counter 0
+    QDateTime clock; ///< date and time at counter 0
     double counterStart = 4.0;
     double fileSeconds = 600.0;
-    double stopCounter = 0.0; ///< where the recording stops, 0: when the pilot is done
+    double stopCounter = 0.0; ///< end of the recording, 0: when the pilot is done
     double outsideTemperature = 20.0;
     double engineTemperature = 20.0; ///< °C at power-on; warm after an earlier run
     double fuelPerTank = 40.0;       ///< litres
     bool bigEndian = false;
-    int fileWithTail = -1; ///< index in the cycle of a file that ends within a sample
+    int fileWithTail = -1; ///< index of a file in the cycle that ends within a sample; -1: none
     FlightPlan flights;
     std::vector<PlannedIncident> incidents;
 };

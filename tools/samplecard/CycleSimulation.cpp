@@ -8,7 +8,7 @@ namespace KOLT::SampleCard {
 namespace {
 
 constexpr double gravity = 9.81;
-constexpr double fuelReserve = 9.0; ///< litres per tank, below which a long day refuels
+constexpr double fuelReserve = 9.0; ///< litres per tank, below which the aircraft refuels
 
 double flag(bool on)
 {

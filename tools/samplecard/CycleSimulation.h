@@ -10,7 +10,7 @@ namespace KOLT::SampleCard {
 class CycleSimulation
 {
 public:
-    /// `engineHours` and `engineStarts` as they stand before the cycle.
+    /// `engineHours` and `engineStarts` before the cycle.
     CycleSimulation(const CyclePlan& plan, double engineHours, int engineStarts, Random& random);
 
     /// False once the cycle is over.
@@ -18,7 +18,7 @@ public:
 
     const Quantities& quantities() const { return m_quantities; }
 
-    /// Nothing is recorded for the moment.
+    /// Nothing is recorded at the current step.
     bool inDataGap() const { return isActive(Incident::DataGap); }
 
     /// The unit's counter at the current step.
@@ -47,13 +47,13 @@ private:
     GpsModel m_gps;
     Surroundings m_air;
     Quantities m_quantities;
-    std::vector<Window> m_windows; ///< of the incidents that are or were due
+    std::vector<Window> m_windows; ///< of all incidents whose phase has begun
     Phase m_phase = Phase::Done;
     int m_flight = -1;
     int m_landings = 0;
     long m_steps = 0;
     double m_earlierHours = 0.0;
-    double m_bump = 0.0; ///< of the air, m/s²
+    double m_bump = 0.0; ///< vertical acceleration by turbulence, m/s²
 };
 
 } // namespace KOLT::SampleCard

@@ -9,7 +9,7 @@ namespace {
 constexpr qsizetype bufferBytes = 1 << 20;
 constexpr qsizetype tailBytes = 13;
 
-/// Not every unit writes the same suffix.
+/// Units differ in the suffix they write.
 QString fileName(int number)
 {
     const char* suffix = number % 16 == 7 ? "can" : number % 16 == 12 ? "xcb" : "CAN";
@@ -37,7 +37,7 @@ bool CycleWriter::write(CycleSimulation& simulation)
 {
     if (!openFile(simulation.counter()))
         return false;
-    // Files start on whole seconds, so that their dates are exact.
+    // Files start at whole seconds, as their dates are in whole seconds.
     double nextFile = std::floor(m_plan.counterStart) + m_plan.fileSeconds;
     for (long step = 0;; ++step) {
         record(simulation, step);
@@ -58,7 +58,8 @@ void CycleWriter::record(const CycleSimulation& simulation, long step)
 {
     if (simulation.inDataGap())
         return;
-    // Each message has a slot of its own within the step; it is late in it by what the bus is busy.
+    // Each message has a slot of its own within the step and is delayed in it at random, as on a
+    // busy bus.
     const double slot = 0.9 * stepSeconds / static_cast<double>(m_encoder.messageCount());
     for (std::size_t i = 0; i < m_encoder.messageCount(); ++i) {
         if (!m_encoder.isDue(i, step))
@@ -87,7 +88,7 @@ RecordFileWriter::RecordHeader CycleWriter::header(double counter) const
     header.ticks = RecordFileWriter::ticksFromSeconds(counter);
     header.busType = 2;
     header.ecuSerialNumber = 4711023;
-    header.softwarePartA = "SW-A-02.14.07"; // as wide as its field
+    header.softwarePartA = "SW-A-02.14.07"; // fills its field
     header.ecuType = "ECU-2L";
     header.engineSerial = "E-9150417";
     header.engineType = "915 TURBO";
@@ -117,7 +118,7 @@ bool CycleWriter::openFile(double counter)
 bool CycleWriter::closeFile()
 {
     if (m_filesOpened - 1 == m_plan.fileWithTail)
-        m_buffer.append(tailBytes, '\x2a'); // power went off within a sample
+        m_buffer.append(tailBytes, '\x2a'); // power was cut within a sample
     return flush() && ((m_file->flush() && m_file->commit()) || fail());
 }
 

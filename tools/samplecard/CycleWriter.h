@@ -11,12 +11,12 @@
 
 namespace KOLT::SampleCard {
 
-/// Records one engine cycle into files, as the unit does: a new file every so many seconds, the
-/// first without a date because there is no clock before the first satellite fix.
+/// Writes one engine cycle to files as the unit does: a new file every CyclePlan::fileSeconds, the
+/// first one without a date, as the unit has no clock before the first satellite fix.
 class CycleWriter
 {
 public:
-    /// `fileNumber` is that of the cycle's first file and is left at the one after its last.
+    /// `fileNumber` is the number of the cycle's first file; it is advanced past the last one.
     CycleWriter(const QDir& folder, const CyclePlan& plan, const MessageEncoder& encoder,
                 Random& random, int& fileNumber);
 

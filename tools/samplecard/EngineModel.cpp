@@ -58,7 +58,7 @@ void EngineModel::stepSpeed(const Controls& controls, double airspeed, const Tro
         target = 320.0;
     } else if (controls.engineOn) {
         target = idleSpeed + (fullSpeed - idleSpeed) * std::pow(opening, 0.75);
-        // The air stream drives the propeller of a throttled engine.
+        // In flight the airstream turns the propeller of a throttled engine.
         target += std::min(12.0 * airspeed, 0.35 * (fullSpeed - target));
     }
     if (trouble.overspeed)

@@ -5,7 +5,7 @@
 
 namespace KOLT::SampleCard {
 
-/// What goes wrong at the moment.
+/// The incidents that are active.
 struct Trouble
 {
     bool oilHot = false;
@@ -16,7 +16,7 @@ struct Trouble
     bool faultLaneB = false;
 };
 
-/// The air that the engine breathes.
+/// The air around the engine.
 struct Surroundings
 {
     double temperature = 15.0; ///< °C
@@ -24,8 +24,8 @@ struct Surroundings
     double airspeed = 0.0;     ///< m/s
 };
 
-/// The engine with its fuel and electrical systems: speeds and pressures follow the throttle within
-/// a second, temperatures lag behind the power.
+/// The engine with its fuel and electrical systems. Speeds and pressures follow the throttle within
+/// a second, temperatures lag behind.
 class EngineModel
 {
 public:
@@ -49,9 +49,9 @@ private:
 
     bool running() const { return m_speed > 1000.0; }
 
-    double m_throttle = 0.0; ///< 0..1, follows the lever
+    double m_throttle = 0.0; ///< 0..1, lags behind the lever
     double m_lever = 0.0;
-    double m_power = 0.0; ///< 0..1, of full power
+    double m_power = 0.0; ///< 0..1 of full power
     double m_speed = 0.0; ///< rpm
     double m_manifold = 960.0;
     double m_fuelFlow = 0.0; ///< l/h, both lanes
@@ -61,11 +61,11 @@ private:
     double m_coolant = 0.0;
     double m_intakeAir = 0.0;
     double m_exhaust = 0.0;    ///< mean of the cylinders
-    double m_leanExcess = 0.0; ///< of cylinder 3
+    double m_leanExcess = 0.0; ///< extra temperature of cylinder 3
     double m_busVoltage = 12.4;
     double m_alternator = 0.0;
     double m_battery = 0.0;
-    double m_charge = 1.0; ///< 0..1, of the battery
+    double m_charge = 1.0; ///< 0..1, battery charge
     double m_fuelPerTank = 0.0;
     double m_fuelUsed = 0.0; ///< litres
     double m_runSeconds = 0.0;

@@ -39,7 +39,7 @@ void GpsModel::wander(double& value, double deviation, double seconds)
 void GpsModel::step(const Motion& motion)
 {
     m_seconds += stepSeconds;
-    // Seen from the other runway the circuit lies on the other hand, so that it stays south.
+    // The circuit is south of the field: on the left of one runway, on the right of the other.
     const bool west = m_runway == Runway::West;
     const double hand = west ? 1.0 : -1.0;
     const double direction = (west ? westHeading : westHeading - 180.0) * radians;

@@ -10,7 +10,7 @@ namespace {
 
 constexpr std::uint32_t extendedFrame = 0x80000000U;
 
-/// The unit sends positions as degrees and minutes, DDDMM.mmmm.
+/// The unit sends positions as DDDMM.mmmm (degrees and minutes).
 double degreesAndMinutes(double degrees)
 {
     const double whole = std::trunc(degrees);
@@ -37,7 +37,7 @@ bool MessageEncoder::prepare(const Profile& profile, QString* error)
     }
     if (m_messages.empty())
         return fail(error, QStringLiteral("the profile has no parameters"));
-    // The bus is shared evenly: messages of one rate take turns.
+    // Spreads messages of the same rate evenly over the steps.
     for (std::size_t i = 0; i < m_messages.size(); ++i)
         m_messages[i].phase = static_cast<int>(7 * i) % m_messages[i].period;
     return true;
@@ -77,7 +77,7 @@ bool MessageEncoder::addParameter(const ProfileParameter& parameter, const QStri
     const bool engine = laneA || laneB || device == QLatin1String("EMU");
     const auto identifier = static_cast<std::uint32_t>(parameter.id);
     const std::uint32_t sent = engine ? identifier : identifier | extendedFrame;
-    // A message has one identifier and one sender, even where another device reads it too.
+    // A message is sent once, by its first device, even when parameters of other devices are in it.
     auto message = std::ranges::find_if(m_messages, [&](const Message& known) {
         return (known.identifier & ~extendedFrame) == identifier;
     });
@@ -103,7 +103,7 @@ MessageEncoder::encode(std::size_t message, const Quantities& quantities, Random
         double value = 0.0;
         if (field.source != nullptr) {
             value = quantities.*field.source->value;
-            // What stands still is measured without noise.
+            // A quantity of 0 is switched off or standing still: it has no noise.
             if (field.source->noise > 0.0 && value != 0.0)
                 value += random.noise(field.source->noise);
         } else if (!quantities.faults.empty()) {

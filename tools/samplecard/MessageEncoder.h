@@ -9,12 +9,12 @@
 
 namespace KOLT::SampleCard {
 
-/// Puts simulated quantities into messages, as the profile says they are decoded.
+/// Encodes simulated quantities into messages, inverse to the decoding that the profile describes.
 class MessageEncoder
 {
 public:
-    /// False, with the reason, when the profile has a parameter or a message that the simulation
-    /// knows nothing of, or one that cannot be encoded.
+    /// False, with the reason, when the profile has a parameter or message that the simulation does
+    /// not know or that cannot be encoded.
     bool prepare(const Profile& profile, QString* error);
 
     std::size_t messageCount() const { return m_messages.size(); }
@@ -26,14 +26,14 @@ public:
         return step % m.period == m.phase;
     }
 
-    /// All but the time stamp.
+    /// The sample without its time stamp.
     RecordFileWriter::RecordSample encode(std::size_t message, const Quantities& quantities,
                                           Random& random) const;
 
 private:
     struct Field
     {
-        const ParameterSource* source = nullptr; ///< null for the bit of a fault
+        const ParameterSource* source = nullptr; ///< null for a fault bit
         std::string fault;
         DecodingRule rule = DecodingRule::NotImplemented;
         std::size_t startByte = 0;
@@ -59,7 +59,7 @@ private:
     bool addParameter(const ProfileParameter& parameter, const QString& device, QString* error);
     static std::uint32_t rawValue(const Field& field, double value);
 
-    std::vector<Message> m_messages; ///< in the profile's order
+    std::vector<Message> m_messages; ///< in profile order
 };
 
 } // namespace KOLT::SampleCard

@@ -5,20 +5,20 @@
 #include <optional>
 #include <string_view>
 
-/// Which simulated quantity feeds which parameter, and how often each message is sent.
+/// Maps parameters to simulated quantities, and messages to their rates.
 namespace KOLT::SampleCard {
 
 struct ParameterSource
 {
-    std::string_view name; ///< of the parameter, without its device
+    std::string_view name; ///< parameter name without the device
     double Quantities::*value = nullptr;
-    double noise = 0.0; ///< amplitude of what the sensor adds
+    double noise = 0.0; ///< amplitude of the sensor's noise
 };
 
-/// Null for a name that no quantity feeds.
+/// Null for an unknown name.
 const ParameterSource* parameterSource(std::string_view name);
 
-/// Simulation steps between two messages of the identifier; none when it is not known.
+/// Simulation steps between two messages with this identifier; none for an unknown one.
 std::optional<int> messagePeriod(int identifier);
 
 } // namespace KOLT::SampleCard

@@ -20,7 +20,7 @@ constexpr double towSpeed = 33.0;
 constexpr double approachSpeed = 29.2;
 constexpr double abortSpeed = 14.7;
 
-// Places on the field and in the circuit.
+// Positions on the field and in the circuit.
 constexpr Point apron{450.0, -110.0};
 constexpr Point apronExit{440.0, -60.0};
 constexpr Point holdingPoint{-25.0, -58.0};
@@ -235,7 +235,7 @@ void Pilot::stepHookup()
 void Pilot::stepTakeOff()
 {
     m_controls.throttle = 1.0;
-    // The brakes hold until the engine has run up.
+    // The brakes hold until the engine has spooled up.
     const double pull =
         m_phaseSeconds < 2.5 ? 0.0 : 1.56 * m_pull * (1.0 - std::pow(m_motion.speed / 65.0, 2.0));
     roll(60.0, pull, pointOnCentreline(80.0));
@@ -316,7 +316,7 @@ void Pilot::stepRollOut()
     const bool rejected = m_phase == Phase::Abort;
     m_controls.ropeAttached = false;
     m_controls.hookOpen = true;
-    // A rejected take-off is braked at once, a landing gently.
+    // A rejected take-off is braked hard, a landing gently.
     roll(taxiSpeed, rejected ? 2.4 : 1.7, pointOnCentreline(80.0));
     const bool lastFlight = m_flight >= m_plan.count && !m_plan.endsInTheAir;
     advance(m_motion.speed <= taxiSpeed + 0.01,
@@ -339,7 +339,7 @@ void Pilot::roll(double targetSpeed, double acceleration, Point target)
     m_motion.speed = approach(before, targetSpeed, acceleration * stepSeconds);
     m_motion.acceleration = (m_motion.speed - before) / stepSeconds;
     m_motion.climb = 0.0;
-    // The nose wheel gives a turning circle of eight metres' radius.
+    // The nose wheel allows a turning radius of eight metres.
     const double limit = std::min(0.5, before / 8.0);
     const double error = wrapped(bearing(m_motion, target) - m_motion.heading);
     m_motion.turnRate = std::clamp(error, -limit, limit);

@@ -4,8 +4,8 @@
 
 #include <vector>
 
-/// The tow plane's way over the airfield and through the air, as a point mass that is steered from
-/// way point to way point.
+/// The tow plane's motion on the airfield and in the air: a point mass steered from waypoint to
+/// waypoint.
 namespace KOLT::SampleCard {
 
 /// Length of one simulation step in seconds.
@@ -33,26 +33,26 @@ enum class Phase {
     Done,
 };
 
-enum class Runway { West, East }; ///< direction of take-off: runway 26 or 08
+enum class Runway { West, East }; ///< take-off direction: runway 26 or 08
 
 struct FlightPlan
 {
     Runway runway = Runway::West;
-    int count = 1;             ///< 0: the engine is tested on the ground only
-    int abortedBefore = 0;     ///< flight whose first take-off is given up, 0: none
-    bool endsInTheAir = false; ///< one more take-off, recorded into the climb only
+    int count = 1;             ///< 0: ground test of the engine only
+    int abortedBefore = 0;     ///< flight whose first take-off is aborted, 0: none
+    bool endsInTheAir = false; ///< one more take-off, recorded only until the climb
     double warmUpSeconds = 120.0;
     double runUpSeconds = 12.0;
 };
 
-/// In metres along the runway's direction and to its side; the circuit lies on the negative side.
+/// Metres along the runway and across it; the circuit is on the negative side.
 struct Point
 {
     double along = 0.0;
     double across = 0.0;
 };
 
-/// SI units; height above the airfield, heading clockwise from the runway's direction.
+/// SI units, radians. Height above the airfield; heading clockwise from the runway's direction.
 struct Motion
 {
     Point position;
@@ -83,7 +83,7 @@ public:
 
     Phase phase() const { return m_phase; }
 
-    /// Number of the flight under way, from 1 at its hook-up; 0 before the first.
+    /// Number of the current flight, from 1; it starts with the hook-up. 0 before the first.
     int flight() const { return m_flight; }
 
     const Motion& motion() const { return m_motion; }
@@ -104,11 +104,11 @@ private:
     void stepFinal();
     void stepRollOut();
 
-    /// Along the route; true at its end.
+    /// Follows the route; true at its end.
     bool taxi();
     void roll(double targetSpeed, double acceleration, Point target);
     void fly(double targetSpeed, double targetClimb, double maxTurnRate, Point target);
-    /// The way point to steer for; `finished` once the last is reached.
+    /// The waypoint to steer for; sets `finished` once the last one is within `reach`.
     Point nextPoint(double reach, bool& finished);
     Point vary(Point point);
 
@@ -128,9 +128,9 @@ private:
     std::vector<Point> m_route;
     std::size_t m_next = 0;
 
-    // Drawn anew for each flight.
+    // Drawn at random for each flight.
     double m_waitSeconds = 0.0;
-    double m_pull = 1.0; ///< of the take-off run: 1 for a light glider
+    double m_pull = 1.0; ///< factor of the take-off acceleration: 1 for a light glider
     double m_towClimb = 3.2;
     double m_releaseHeight = 700.0;
     double m_sinkRate = 5.5;

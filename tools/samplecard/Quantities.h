@@ -5,8 +5,8 @@
 
 namespace KOLT::SampleCard {
 
-/// Everything that the recording unit can send, at one moment, in the metric units of the profile.
-/// States are the numbers of their enumerations.
+/// All quantities that the recording unit sends, at one moment, in the profile's metric units.
+/// States are numbers of their enumerations.
 struct Quantities
 {
     // Engine
@@ -103,7 +103,7 @@ struct Quantities
     double clockDeviation = 0.0;
     double fuelUsed = 0.0;
 
-    std::vector<std::string_view> faults; ///< parameter names of the fault bits that are set
+    std::vector<std::string_view> faults; ///< parameter names of the set fault bits
 };
 
 } // namespace KOLT::SampleCard

@@ -5,7 +5,7 @@
 
 namespace KOLT::SampleCard {
 
-/// Uniform random numbers that are the same with every standard library.
+/// Uniform random numbers, the same with every standard library.
 class Random
 {
 public:

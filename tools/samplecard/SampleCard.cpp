@@ -31,7 +31,7 @@ bool fail(QString* error, const QString& text)
 
 bool writeSampleCard(const SampleCardOptions& options, QString* error)
 {
-    // Without a variant every element counts: the card serves all variants.
+    // Loaded without a variant, which takes the elements of all variants: the card serves them all.
     Profile profile;
     if (!profile.loadProfil(options.profilePath, QString()))
         return fail(error, QStringLiteral("cannot read profile %1").arg(options.profilePath));

@@ -21,7 +21,7 @@ int main(int argc, char** argv)
 {
     const QCoreApplication application(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("kolt-samplecard"));
-    // The tool says in one line of its own what went wrong.
+    // The tool reports errors itself, in one line.
     KOLT::Diagnostics::setSink([](std::string_view) {});
 
     QCommandLineParser parser;
@@ -53,7 +53,7 @@ int main(int argc, char** argv)
         return fail(QStringLiteral("--seed needs a whole number"));
     if (parser.isSet(hours)) {
         options.hours = parser.value(hours).toDouble(&ok);
-        // 1000 hours are some 16 GB already.
+        // 1000 hours take about 16 GB.
         if (!ok || !(options.hours > 0.0) || options.hours > 1000.0)
             return fail(QStringLiteral("--hours needs a number above 0, up to 1000"));
     }

@@ -28,7 +28,7 @@ constexpr int pollMilliseconds = 50;
 constexpr QSize smallSize(1000, 800);
 constexpr QSize largeSize(1600, 1000);
 
-/// Saves pictures of windows as they are drawn on the screen.
+/// Saves pictures of windows.
 class Camera
 {
 public:
@@ -58,8 +58,8 @@ bool waitFor(const std::function<bool()>& condition)
     return QTest::qWaitFor(condition, waitMilliseconds);
 }
 
-/// Goes the typical road: the last folder is listed, its second cycle is chosen, then that cycle's
-/// second flight (of the sample card, one on which limits were exceeded).
+/// Waits for the last folder to be listed, then selects its second cycle and that cycle's second
+/// flight (on the sample card, one with exceedances).
 bool openFlight(const KOLT::DialogMain& window)
 {
     if (!waitFor([&] { return !window.card().cycles().empty() && !window.isBusy(); }))
@@ -82,7 +82,7 @@ bool openFlight(const KOLT::DialogMain& window)
     return false;
 }
 
-/// All pages, at a moment within the flight.
+/// All pages, at the middle of the loaded data.
 void takePages(KOLT::DialogMain& window, Camera& camera)
 {
     auto* const pages = window.findChild<KOLT::DialogData*>();
@@ -106,7 +106,7 @@ void takePages(KOLT::DialogMain& window, Camera& camera)
     pages->setCurrentPage(KOLT::DialogData::Page::Table);
 }
 
-/// The bare display, as small and as large as such displays are, after take-off.
+/// The bare display in a small and a large size, shortly after take-off.
 void takeDisplay(KOLT::DialogMain& window, Camera& camera)
 {
     const KOLT::DataSet& data = *window.card().dataSet();
@@ -127,7 +127,7 @@ void trigger(const KOLT::DialogMain& window, int command)
     }
 }
 
-/// The export dialogs are modal: each is taken from within its own event loop.
+/// The export dialogs are modal: each picture is taken from within the dialog's event loop.
 void takeExports(KOLT::DialogMain& window, Camera& camera)
 {
     const std::pair<int, const char*> exports[] = {
@@ -167,12 +167,12 @@ void takeDialogs(KOLT::DialogMain& window, Camera& camera)
 
 } // namespace
 
-/// kolt-screenshots DIR: opens the program with its settings, goes the typical road, and saves a
-/// picture of every page. With "-emu" the bare display.
+/// kolt-screenshots DIR [-emu]: opens the program with its settings, loads a flight, and saves
+/// pictures of all pages and dialogs; with "-emu", of the bare display.
 int main(int argc, char* argv[])
 {
     initKoltResources();
-    qputenv("KOLT_OFFLINE", "1"); // the same pictures everywhere
+    qputenv("KOLT_OFFLINE", "1"); // so that pictures do not depend on map tiles
     const bool isEmu = argc > 2 && QByteArray(argv[2]) == "-emu";
     const char* const options[] = {argv[0], "-emu"};
     KOLT::Startup::parseCommandLine(isEmu ? 2 : 1, options);
