@@ -21,10 +21,10 @@
 #include <QTableView>
 #include <QTreeWidget>
 
-/// What the tests of the main window have in common.
+/// Shared by the tests of the main window.
 namespace KOLT::Test {
 
-/// The main window with files of its own: nothing of the user's is touched.
+/// A main window with its own data path and cards; the user's files are not touched.
 class MainWindowFixture
 {
 protected:
@@ -66,7 +66,7 @@ protected:
         return writeFile(ProfileInstaller::installedPath(), profile);
     }
 
-    /// Opens the window and waits until it has started up; true.
+    /// Opens the window and waits until it has started up.
     bool open()
     {
         m_window = std::make_unique<DialogMain>();
@@ -77,25 +77,25 @@ protected:
         return waitFor([this] { return !m_window->card().folder().isEmpty(); });
     }
 
-    /// Until the window is idle and this holds.
+    /// Waits until the window is idle and the condition holds.
     template <typename Condition>
     bool waitFor(Condition&& condition) const
     {
         return QTest::qWaitFor([&] { return condition() && !m_window->isBusy(); });
     }
 
-    /// Opens the window on a folder, and its first cycle in the tree.
+    /// Opens the window with a folder and loads its first cycle.
     bool openCycle(const QString& path)
     {
         SettingsStore::instance().setText("LastPath", path.toUtf8());
         if (!open())
             return false;
         auto* const tree = m_window->findChild<QTreeWidget*>("cyclesTree");
-        tree->setCurrentItem(tree->topLevelItem(1)); // below its day
+        tree->setCurrentItem(tree->topLevelItem(1)); // its parent is the day
         return waitFor([this] { return m_window->card().dataSet() != nullptr; });
     }
 
-    /// A folder with cycles of two files, each with a sample a second.
+    /// Makes a folder with cycles of two files, each with one sample per second.
     QString folder(const QString& name, int cycles = 1)
     {
         const QString path = m_cards->filePath(name);
@@ -124,7 +124,7 @@ protected:
 
     void trigger(Command command) const { action(command)->trigger(); }
 
-    /// Checks a parameter and confirms, as a user does.
+    /// Checks a parameter and confirms, as the user does.
     void confirmSelection(const QString& parameter)
     {
         for (auto* tree : m_window->findChildren<QTreeWidget*>()) {
@@ -133,7 +133,7 @@ protected:
                 item->setCheckState(0, item->checkState(0) == Qt::Checked ? Qt::Unchecked
                                                                           : Qt::Checked);
         }
-        QCoreApplication::processEvents(); // the draft is shown when all of a device is checked
+        QCoreApplication::processEvents(); // the draft is updated by a timer
         click(*m_window, "Confirm Selection");
     }
 
@@ -146,7 +146,7 @@ protected:
         return m_window->findChild<DialogDataTable*>()->findChild<QTableView*>()->model();
     }
 
-    /// As the next start reads it from the settings file.
+    /// A setting as the next start would read it from the file.
     static QString setting(const char* key)
     {
         const DiagnosticsCapture output;

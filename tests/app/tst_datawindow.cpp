@@ -28,7 +28,7 @@ using Page = DialogData::Page;
 
 namespace {
 
-/// Counts the work it is made to do.
+/// Logs the calls of its virtual functions.
 class CountingPage : public DataPage
 {
 public:
@@ -140,7 +140,7 @@ void TestDataWindow::hiddenPagesWorkWhenShown()
     page.setShown(false);
     page.setTime(4.0);
     page.clear();
-    QCOMPARE(log(), "drop"); // at once: the data set goes
+    QCOMPARE(log(), "drop"); // at once, as the data set is deleted
     QCOMPARE(page.dataSet(), nullptr);
     page.setShown(true);
     QCOMPARE(log(), "nothing 4");
@@ -148,7 +148,7 @@ void TestDataWindow::hiddenPagesWorkWhenShown()
 
 void TestDataWindow::timeReachesThePages()
 {
-    // Each page's own signal, and the pages that are not told.
+    // Each page's own signal, and the pages that must not be told.
     const struct
     {
         const char* name;
@@ -191,7 +191,7 @@ void TestDataWindow::displaysFollowTheTime()
     QCOMPARE(child<QTimeEdit>()->time(), QTime(1, 1, 1, 250));
     m_window->setTime(150.0);
     QCOMPARE(slider()->value(), 2500);
-    QCOMPARE(m_window->time(), 150.0); // the window's own writing does not come back
+    QCOMPARE(m_window->time(), 150.0); // the window's update of its own field is not taken as input
     QCOMPARE(child<QLCDNumber>(0)->digitCount(), 19);
     QCOMPARE(child<QLCDNumber>(1)->digitCount(), 12);
     m_window->clear();
@@ -213,9 +213,9 @@ void TestDataWindow::controlsMoveTheTime()
     edit->setFocus();
     edit->setSelectedSection(QTimeEdit::SecondSection);
     QTest::keyClick(edit, Qt::Key_Up);
-    QCOMPARE(m_window->time(), 125.0); // whole seconds on this way
+    QCOMPARE(m_window->time(), 125.0); // this field has whole seconds
     QCOMPARE(slider()->value(), 1250);
-    // A click goes to its place, and a drag goes on from there.
+    // A click moves the slider there, and a drag continues from there.
     const auto place = [this](double part) {
         return QPoint(static_cast<int>(slider()->width() * part), slider()->height() / 2);
     };
@@ -244,11 +244,11 @@ void TestDataWindow::timeFieldFollowsTheReplay()
     QTest::keyClick(edit, Qt::Key_Up);
     QCOMPARE(m_window->time(), 106.0);
     edit->setSelectedSection(QTimeEdit::HourSection);
-    QTest::keyClicks(edit, "0"); // half a number stays
+    QTest::keyClicks(edit, "0"); // partial input is kept
     m_clock += 5.0;
     QTRY_COMPARE(m_window->time(), 111.0);
     QCOMPARE(edit->time(), QTime(0, 1, 46));
-    QTest::keyClick(edit, Qt::Key_Return); // goes to what was typed
+    QTest::keyClick(edit, Qt::Key_Return); // moves to the typed time
     m_clock += 1.0;
     QTRY_COMPARE(edit->time(), QTime(0, 1, 47));
 }
@@ -266,7 +266,7 @@ void TestDataWindow::speedControlsStayInStep()
     m_window->show();
     box->setFocus();
     box->selectAll();
-    QTest::keyClicks(box, "2.5"); // typed, as the window must not rewrite it meanwhile
+    QTest::keyClicks(box, "2.5"); // typed: the window must not overwrite it meanwhile
     QTest::keyClick(box, Qt::Key_Return);
     QCOMPARE(box->value(), 2.5);
     QCOMPARE(speedSlider()->value(), 250);
@@ -305,7 +305,7 @@ void TestDataWindow::replayRunsPausesAndRewinds()
 
 void TestDataWindow::momentsBeyondADay()
 {
-    m_dataSet.stopSeconds = m_dataSet.startSeconds; // no extent at all
+    m_dataSet.stopSeconds = m_dataSet.startSeconds; // of zero length
     m_window->setData(m_dataSet);
     slider()->setValue(7000);
     QCOMPARE(m_window->time(), 100.0);

@@ -40,7 +40,7 @@ private:
         return m_tree->findItems(name, Qt::MatchExactly | Qt::MatchRecursive).value(0);
     }
 
-    /// Clicks the check box of an item, as a user does.
+    /// Clicks the check box of an item.
     void toggle(const QString& name)
     {
         QTreeWidgetItem* const wanted = item(name);
@@ -48,7 +48,7 @@ private:
         const QRect rect = m_tree->visualItemRect(wanted);
         QTest::mouseClick(m_tree->viewport(), Qt::LeftButton, {},
                           QPoint(rect.left() + 10, rect.center().y()));
-        QCoreApplication::processEvents(); // the draft is shown when all of a device is checked
+        QCoreApplication::processEvents(); // the draft is updated by a timer
     }
 
     Profile m_profile;
@@ -106,12 +106,12 @@ void TestDialogProfile::filterHidesAndProtects()
     QTest::keyClicks(filter, "speed");
     QVERIFY(item("Oil")->isHidden());
     QVERIFY(!item("Speed over ground")->isHidden());
-    toggle("Engine"); // would reach what cannot be seen
+    toggle("Engine"); // must not change filtered-out items
     QCOMPARE(item("Oil")->checkState(0), Qt::Checked);
     QCOMPARE(item("Speed")->checkState(0), Qt::Unchecked);
     toggle("Speed");
     filter->clear();
-    QTest::keyClicks(filter, "gps"); // a device's name shows all of it
+    QTest::keyClicks(filter, "gps"); // a matching device shows all its parameters
     QVERIFY(item("Engine")->isHidden());
     QVERIFY(!item("Speed over ground")->isHidden());
     filter->clear();
@@ -159,7 +159,7 @@ void TestDialogProfile::draftOutlivesTheVariant()
     QCOMPARE(item("a")->checkState(0), Qt::Unchecked);
     QCOMPARE(item("b")->checkState(0), Qt::Unchecked);
     QCOMPARE(item("c")->checkState(0), Qt::Checked);
-    m_panel->refresh(); // another project
+    m_panel->refresh(); // as for another project
     QCOMPARE(item("a")->checkState(0), Qt::Checked);
 }
 

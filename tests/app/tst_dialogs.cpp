@@ -79,11 +79,11 @@ void TestDialogs::preferencesAreStoredAndApplied()
     QCOMPARE(fontSize->value(), 12);
     QVERIFY(!restart->isVisible());
     combos.at(0)->setCurrentIndex(1);
-    QVERIFY(restart->isVisible()); // the language waits for a restart, and it is said
+    QVERIFY(restart->isVisible()); // the dialog says that the language needs a restart
     combos.at(1)->setCurrentIndex(1);
     fontSize->setValue(17);
     dialog.findChildren<QDoubleSpinBox*>().at(2)->setValue(0.75);
-    QCOMPARE(settings.getText("Locale", "us"), "us"); // nothing before OK
+    QCOMPARE(settings.getText("Locale", "us"), "us"); // nothing is stored before OK
     auto* const buttons = dialog.findChild<QDialogButtonBox*>();
     QTest::mouseClick(buttons->button(QDialogButtonBox::Ok), Qt::LeftButton);
     QVERIFY(!dialog.isVisible());
@@ -93,7 +93,7 @@ void TestDialogs::preferencesAreStoredAndApplied()
     QCOMPARE(unit.takeFirst().value(0).toInt(), 1);
     QCOMPARE(map.size(), 1);
 
-    // What was not touched stays as it is, also where the fields cannot show it.
+    // What was not changed is kept, even values that the fields cannot show.
     const std::pair<const char*, const char*> odd[] = {{"MapShadingContrast", "0.125"},
                                                        {"MapShadingBrightness", "12.5"},
                                                        {"TileServer", "http://a/ "},
@@ -101,13 +101,13 @@ void TestDialogs::preferencesAreStoredAndApplied()
     for (const auto& [key, value] : odd)
         settings.setText(key, value);
     dialog.show();
-    settings.setText("Unit", "1"); // by the window's own selector
+    settings.setText("Unit", "1"); // as set by the main window's selector
     QTest::mouseClick(buttons->button(QDialogButtonBox::Ok), Qt::LeftButton);
     settings.setText("Unit", settings.getText("Unit") == "1" ? "7" : "wrong");
     for (const auto& [key, value] : odd)
         QCOMPARE(settings.getText(key), value);
 
-    dialog.show(); // what is cancelled is forgotten
+    dialog.show(); // "Cancel" discards changes
     fontSize->setValue(9);
     QTest::mouseClick(buttons->button(QDialogButtonBox::Cancel), Qt::LeftButton);
     dialog.show();
@@ -144,7 +144,7 @@ void TestDialogs::manualHasAllItsLinks()
 {
     for (const auto& [language, word] : {std::pair("us", "flight"),
                                          {"de", "Flug"},
-                                         {"xx", "flight"}}) { // English where there is none
+                                         {"xx", "flight"}}) { // falls back to English
         DialogHelp dialog(language);
         auto* const browser = dialog.findChild<QTextBrowser*>();
         QVERIFY(browser->toPlainText().contains(word));
@@ -163,7 +163,7 @@ void TestDialogs::manualHasAllItsLinks()
     }
 }
 
-/// A folder of two cycles with a flight each, one day after the other.
+/// A folder with two cycles on consecutive days, with a flight each.
 QString TestDialogs::folderWithFlights()
 {
     const QString path = m_home.filePath("flights");
@@ -215,7 +215,7 @@ void TestDialogs::daySheetOfLoadedDataAndFolder()
     const QByteArray pdf = save("Save as PDF...", m_home.filePath("sheet.pdf"));
     QVERIFY(pdf.startsWith("%PDF") && pdf.trimmed().endsWith("%%EOF"));
 
-    // Nothing is loaded: the folder. Closed while it waits: nothing is read.
+    // Nothing is loaded: lists the folder. Closed while waiting: nothing is read.
     dialog.open({folder, {}, {}});
     QCOMPARE(dates(), both);
     jobs.run([&] {
@@ -274,7 +274,7 @@ void TestDialogs::sheetIsReadOnPaper()
                  qPrintable(page.left(60)));
         QVERIFY2(left > 30.0 && left < width * 0.13, qPrintable(QString::number(left)));
         QVERIFY2(right > width * 0.9 && right < width - 30.0, qPrintable(QString::number(right)));
-        QCOMPARE(page.count(">Exceedances<"), 1); // the headings
+        QCOMPARE(page.count(">Exceedances<"), 1); // on every page: the column headings
     }
     for (const char* text : {"landing.", "&lt;b&gt;"})
         QVERIFY2(pages.front().contains(text), qPrintable(pages.front().left(2500)));

@@ -6,7 +6,7 @@
 using namespace KOLT;
 using namespace KOLT::Test;
 
-/// The main window with projects and profiles.
+/// Projects and profiles in the main window.
 class TestMainProject : public QObject, private MainWindowFixture
 {
     Q_OBJECT
@@ -18,7 +18,7 @@ private slots:
     void init()
     {
         QVERIFY(prepare());
-        m_out = std::make_unique<QTemporaryDir>(); // nothing is written to the open folder
+        m_out = std::make_unique<QTemporaryDir>(); // not the open folder, which must not change
     }
 
     void cleanup()
@@ -55,7 +55,7 @@ void TestMainProject::unreadableProjectIsKeptAside()
     QVERIFY(!profile().selectedParameters().empty());
     QVERIFY(QFile::remove(path + ".broken"));
 
-    // Without a profile nothing is selected, and what is in the file is not overwritten by that.
+    // Without a profile nothing is selected, which must not overwrite the project file.
     const QByteArray project = "<KoltProject><Parameters><Parameter name=\"Speed\"/></Parameters>"
                                "</KoltProject>";
     QVERIFY(writeFile(path, project));
@@ -84,13 +84,14 @@ void TestMainProject::projectIsKeptBetweenRuns()
     QTRY_COMPARE(profile().selectedParameters().size(), 1U);
     QCOMPARE(profile().selectedParameters().front()->name, "Speed");
 
-    // Saved elsewhere, and the settings read afresh: the next start still comes back to it.
+    // The project is saved elsewhere and the settings are read again: the next start still restores
+    // it.
     ModalBoxes boxes;
     boxes.answer(m_out->filePath("mine.xml"));
     trigger(Command::SaveProjectAs);
     confirmSelection("Fuel");
     m_window->close();
-    trigger(Command::Quit); // ends it only once
+    trigger(Command::Quit); // must not end the process again
     QCOMPARE(m_exitCodes, QList<int>{0});
     QVERIFY(readFile(m_out->filePath("mine.xml")).contains("Fuel"));
     QVERIFY(readFile(SettingsStore::instance().fileName()).contains("mine.xml"));
@@ -154,7 +155,7 @@ void TestMainProject::saveAsAsksForAFile()
 
     boxes.answer("No");
     trigger(Command::NewProject);
-    boxes.answer(m_out->filePath("new")); // it has no file yet
+    boxes.answer(m_out->filePath("new")); // a new project has no file yet
     trigger(Command::SaveProject);
     QVERIFY(boxes.isDone());
     QVERIFY(QFile::exists(m_out->filePath("new.xml")));
@@ -193,9 +194,9 @@ void TestMainProject::selectionOutlivesTheProcess()
     QVERIFY(open());
     confirmSelection("Fuel");
     QTRY_VERIFY(readFile(current).contains("Speed") &&
-                !readFile(current).contains("Fuel")); // the process may be ended any time
-    QVERIFY(m_window->project().isModified());        // but the user has not saved
-    // Another window wrote it; this one has nothing new to say.
+                !readFile(current).contains("Fuel")); // saved in case the process is killed
+    QVERIFY(m_window->project().isModified());        // but not saved by the user
+    // Another process wrote the file; without changes this one must not overwrite it.
     QVERIFY(writeFile(current, "<KoltProject/>"));
     m_window->close();
     QCOMPARE(readFile(current), "<KoltProject/>");
@@ -213,7 +214,7 @@ void TestMainProject::otherVariantsAreRemembered()
 {
     SettingsStore::instance().setText("Profile", "850");
     QVERIFY(open());
-    confirmSelection("Fuel"); // the other two stay
+    confirmSelection("Fuel"); // in addition to the other two
     const auto isSelected = [this] {
         return std::ranges::count(profile().selectedParameters(), "Only 850",
                                   &ProfileParameter::name) == 1;
@@ -222,7 +223,7 @@ void TestMainProject::otherVariantsAreRemembered()
     SettingsStore::instance().setText("Profile", "915");
     m_window->close();
     QVERIFY(open());
-    confirmSelection("Fuel"); // writes the file from what this variant has
+    confirmSelection("Fuel"); // writes a project file with this variant's parameters
     m_window->close();
     QVERIFY(open());
     QVERIFY(!isSelected());

@@ -74,7 +74,7 @@ void TestMainWindow::drop(const QStringList& paths)
     QVERIFY(enter.isAccepted());
     QDropEvent event(QPointF(10, 10), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
     QApplication::sendEvent(m_window.get(), &event);
-    QCoreApplication::processEvents(); // the drop itself only returns
+    QCoreApplication::processEvents(); // the drop is handled after its event
 }
 
 void TestMainWindow::fromTheLastFolderToTheTable()
@@ -88,11 +88,11 @@ void TestMainWindow::fromTheLastFolderToTheTable()
     QCOMPARE(tree->topLevelItemCount(), 2); // a day and its cycle
     QTest::mouseClick(tree->viewport(), Qt::LeftButton, {},
                       tree->visualItemRect(tree->topLevelItem(1)).center());
-    QVERIFY(dataSet() == nullptr); // it waits for the hand to rest
+    QVERIFY(dataSet() == nullptr); // loading is delayed
     QTRY_VERIFY(dataSet() != nullptr && !m_window->isBusy());
     QCOMPARE(dataSet()->stopSeconds, 19.0);
     QCOMPARE(table()->rowCount(), 20);
-    QCOMPARE(table()->columnCount(), 3); // a first start shows something
+    QCOMPARE(table()->columnCount(), 3); // the time and the default parameters
     confirmSelection("Fuel");
     QCOMPARE(table()->columnCount(), 2);
     QCOMPARE(table()->headerData(1, Qt::Horizontal).toString(), "Speed");
@@ -201,7 +201,7 @@ void TestMainWindow::statusBarKeepsItsText()
     const QString told = "2 record file(s), 1 engine cycle(s)";
     QCOMPARE(shown(), told);
     auto* const bar = m_window->statusBar()->findChild<QProgressBar*>();
-    QCOMPARE(bar->value(), 100); // the last step stays to be seen for a moment
+    QCOMPARE(bar->value(), 100); // 100 % stays visible for a moment
     QVERIFY(bar->isVisible());
     for (const char* tip : {"Open Data Folder", "Quit"})
         QCOMPARE(hover(tip), tip);
@@ -222,7 +222,7 @@ void TestMainWindow::recentFolders()
         QTRY_COMPARE(m_window->card().folder(), path);
     }
     const auto offered = [&] {
-        QMap<QString, QAction*> actions; // by their place and path
+        QMap<QString, QAction*> actions; // by position and path
         for (QAction* action : m_window->menuBar()->actions().front()->menu()->actions()) {
             if (action->data().toString().startsWith('/'))
                 actions[QString::number(actions.size()) + action->data().toString()] = action;
@@ -254,7 +254,7 @@ void TestMainWindow::droppedFilesAreLoaded()
     drop({card + "/1.CAN", card + "/0.CAN"});
     QTRY_VERIFY(dataSet() != nullptr);
     QCOMPARE(dataSet()->messages.sampleCount(), 20U);
-    QCOMPARE(dataSet()->startSeconds, 0.0); // by name, not as they were dropped
+    QCOMPARE(dataSet()->startSeconds, 0.0); // sorted by name, not by the order of the drop
     QCOMPARE(dataSet()->stopSeconds, 19.0);
     ModalBoxes boxes;
     boxes.answer("OK");
@@ -279,7 +279,7 @@ void TestMainWindow::secondSelectionDuringALoadIsQueued()
 
     SettingsStore::instance().setText("LastPath", folder("card", 2).toUtf8());
     QVERIFY(open());
-    // Asks for the other cycle from within the events that are handled while the first is loaded.
+    // Requests the other cycle from an event that is handled while the first is being loaded.
     bool isAsked = false;
     QTimer during;
     connect(&during, &QTimer::timeout, this, [&] {
@@ -417,13 +417,13 @@ void TestMainWindow::undoKeyReachesNoWidget()
     QCOMPARE(edit.text(), "z");
     edit.undo();
     QTest::keyClick(&edit, Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
-    QCOMPARE(edit.text(), ""); // it would redo
+    QCOMPARE(edit.text(), ""); // Ctrl+Shift+Z would redo
     edit.redo();
     QTest::keyClick(&edit, Qt::Key_A, Qt::ControlModifier);
     QCOMPARE(edit.selectedText(), "z");
     qApp->removeEventFilter(m_window.get());
     QTest::keyClick(&edit, Qt::Key_Z, Qt::ControlModifier);
-    QCOMPARE(edit.text(), ""); // without the filter the field undoes
+    QCOMPARE(edit.text(), ""); // without the filter the field does undo
 }
 
 void TestMainWindow::styleSheetOfTheCommandLineIsApplied()
@@ -436,7 +436,7 @@ void TestMainWindow::styleSheetOfTheCommandLineIsApplied()
     Startup::applyStyleSheet(*qApp);
     QCOMPARE(qApp->styleSheet(), "QLabel{margin:7px;} ");
 
-    QVERIFY(open()); // what changes in the file is applied at once
+    QVERIFY(open()); // changes of the file are applied at once
     QFile changed(file);
     QVERIFY(changed.open(QIODevice::ReadWrite));
     QVERIFY(changed.write("QLabel{margin:3px;}") > 0 && changed.resize(19));
@@ -466,7 +466,7 @@ void TestMainWindow::exportsNeedData()
     boxes.answer(path);
     boxes.handle([this](QDialog& dialog) {
         QCOMPARE(dialog.windowTitle(), "Export CSV File");
-        // What is asked for meanwhile waits: the data set must stay.
+        // A request made meanwhile waits, as the data set is in use.
         QMetaObject::invokeMethod(m_window.get(), "slotLoadCycle", Q_ARG(unsigned, 1),
                                   Q_ARG(int, -1));
         QVERIFY(m_window->isBusy() && dataSet() != nullptr);
@@ -500,7 +500,7 @@ void TestMainWindow::emuDisplay()
     for (const auto* tree : m_window->findChildren<QTreeWidget*>())
         QVERIFY(!tree->isVisible());
     QTRY_VERIFY(dataSet() != nullptr);
-    QCOMPARE(dataSet()->dateTime.date(), QDate(2026, 7, 29)); // the latest
+    QCOMPARE(dataSet()->dateTime.date(), QDate(2026, 7, 29)); // the last cycle
     QTRY_VERIFY(!m_window->isBusy() && m_window->findChild<DialogDataView*>()->isVisible());
     QVERIFY(!m_window->findChild<QTabBar*>()->isVisible());
     const auto& map = m_window->findChild<DialogData*>()->page(DialogData::Page::Map);

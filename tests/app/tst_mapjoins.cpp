@@ -6,7 +6,7 @@
 using namespace KOLT;
 using namespace KOLT::Test;
 
-/// What goes from the map to the other pages, and from the settings to the map.
+/// The map's connections to the other pages and the settings.
 class TestMapJoins : public QObject, private MainWindowFixture
 {
     Q_OBJECT

@@ -93,7 +93,7 @@ void TestProject::writtenFileFollowsTheProfile()
     QCOMPARE(written.count("<Property"), 2);
     QVERIFY(!written.contains("\"1\""));
 
-    QVERIFY(m_project.read(file("<KoltProject/>")) != 0); // nothing is left of the one before
+    QVERIFY(m_project.read(file("<KoltProject/>")) != 0); // drops the previous content
     QVERIFY(m_project.write(path));
     QVERIFY(!readFile(path).contains("<Property"));
 }

@@ -10,7 +10,7 @@
 using namespace KOLT;
 using namespace KOLT::Test;
 
-/// The rooms' settings through the settings file.
+/// Stores the settings of the rooms in a file and loads them again.
 class TestRoomSettings : public QObject
 {
     Q_OBJECT
@@ -58,7 +58,7 @@ void TestRoomSettings::graph()
     QCOMPARE(loaded.background, QColor(0x10, 0x20, 0x30));
     QCOMPARE(loaded.isSplit, settings.isSplit);
     QCOMPARE(loaded.hasLegend, settings.hasLegend);
-    // Nothing in sight would bring the automatic mode back.
+    // Not stored: no visible button would turn the automatic mode on again.
     QCOMPARE(loaded.isAutomatic, GraphSettings().isAutomatic);
 }
 

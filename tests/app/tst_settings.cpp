@@ -141,7 +141,7 @@ void TestSettings::unusableFileIsKeptAside()
     writeFile(path + ".broken", "from an earlier accident");
     SettingsStore& store = loadedFrom(content);
     QVERIFY(m_output->text().contains(QStringLiteral("could not set content <%1>\n").arg(path)));
-    QCOMPARE(readFile(path), content); // looking alone changes nothing
+    QCOMPARE(readFile(path), content); // loading does not change the file
     store.setText("a", "new");
     QVERIFY(store.save());
     QCOMPARE(readFile(path + ".broken"), QByteArray("from an earlier accident"));
@@ -150,7 +150,7 @@ void TestSettings::unusableFileIsKeptAside()
 
     QVERIFY(writeFile(path, content));
     store.load();
-    QVERIFY(QFile::remove(path)); // the user clears it away
+    QVERIFY(QFile::remove(path)); // the user deletes it
     QVERIFY(store.save());
     QVERIFY(readFile(path).contains("new"));
 }
@@ -161,7 +161,7 @@ void TestSettings::failedSaveLeavesTheOldFile()
     m_store->setFileName(QFile::encodeName(m_directory->filePath("missing/KOLT.ini")));
     QVERIFY(!m_store->save());
     QVERIFY(m_output->text().contains("could not open file for writing !<"));
-    // A directory of that name is nothing that could be replaced, nor is it harmed.
+    // A directory of that name is neither replaced nor changed.
     QVERIFY(QDir(m_directory->path()).mkpath("KOLT.ini/inside"));
     m_store->setFileName(fileName());
     QVERIFY(!m_store->save());
@@ -184,7 +184,7 @@ void TestSettings::processesShareTheFile()
     mine.setText("b", "3");
     mine.setText("c", "3");
     QVERIFY(mine.save());
-    QCOMPARE(mine.getText("a"), "1"); // what others set does not reach a running window
+    QCOMPARE(mine.getText("a"), "1"); // values of other processes are not taken over
     QCOMPARE(mine.getText("new", "none"), "none");
     SettingsStore third;
     third.setFileName(fileName());
@@ -193,7 +193,7 @@ void TestSettings::processesShareTheFile()
         QCOMPARE(third.getText(key), value);
     QVERIFY(!QFile::exists(path + ".lock"));
 
-    // A file that was broken meanwhile is kept, and its place told once.
+    // A file that has become invalid meanwhile is kept, and its new path reported once.
     QVERIFY(writeFile(path, "broken"));
     QVERIFY(mine.save());
     QCOMPARE(mine.takeKeptCopy(), path + ".broken");

@@ -6,7 +6,7 @@
 
 using namespace KOLT::Test;
 
-/// Starts the real program and reads what it says of its steps.
+/// Starts the real program and checks its output.
 class TestStartup : public QObject
 {
     Q_OBJECT
@@ -23,7 +23,7 @@ private slots:
 private:
     QString dataPath() const { return m_home->filePath("KOLT"); }
 
-    /// The output until the main window comes up; the program is then ended.
+    /// Runs the program until its main window opens and returns the output.
     QString start(const QStringList& arguments, const QString& userProfile = {}) const;
 
     std::unique_ptr<QTemporaryDir> m_home;

@@ -17,8 +17,8 @@
 #include <sys/resource.h>
 #include <unistd.h>
 
-// Calls of the system that fail when they are told to. As they are part of the program, the
-// toolkit's libraries find them before the system's own.
+// System calls that fail on request. Being part of the executable, they take precedence over those
+// of the C library, also for Qt.
 namespace {
 
 enum Call { Open, Write, Sync, Rename, CallCount };
@@ -26,8 +26,8 @@ enum Call { Open, Write, Sync, Rename, CallCount };
 struct Fault
 {
     Call call = CallCount;
-    int countdown = 0; ///< the call that fails: 1 is the next one
-    int error = 0;     ///< 0: only a part is written
+    int countdown = 0; ///< which call fails: 1 is the next
+    int error = 0;     ///< 0: the write is partial
     bool isLasting = false;
     int hits = 0;
 } fault;
@@ -87,7 +87,8 @@ int rename(const char* from, const char* to)
 using namespace KOLT;
 using namespace KOLT::Test;
 
-/// Whatever the system refuses while a file is replaced: there is the old file or the new one.
+/// Whichever system call fails while a file is being replaced, either the old or the new file is
+/// there.
 class TestWriteFaults : public QObject, private ExportFixture
 {
     Q_OBJECT
@@ -186,7 +187,7 @@ void TestWriteFaults::prepare(const Writer& writer) const
     QVERIFY(writeFile(writer.path, writer.former));
 }
 
-/// Files that are there besides: a copy of the old one may be.
+/// Other files in the folder, except for a copy of the old one.
 QString TestWriteFaults::leftBehind(const Writer& writer) const
 {
     const QDir folder = QFileInfo(writer.path).dir();
@@ -202,7 +203,7 @@ QString TestWriteFaults::leftBehind(const Writer& writer) const
 bool TestWriteFaults::isOldOrNew(const Writer& writer, bool isWritten,
                                  const QByteArray& expected) const
 {
-    // Unreadable settings are kept aside before new ones are written, if that works.
+    // Unreadable settings are moved aside before new ones are written, if that works.
     const bool isAside = readFile(writer.path + ".broken") == writer.former;
     const QByteArray content = readFile(writer.path);
     return isWritten ? content == expected || (isAside && !content.isEmpty())
@@ -231,7 +232,7 @@ void TestWriteFaults::eachFaultOfEachWriter()
                 continue;
             for (const bool isLasting : {false, true}) {
                 if (isLasting && (isPartial || error == EINTR))
-                    continue; // that is tried again until it works
+                    continue; // retried until it works
                 int n = 0;
                 do {
                     prepare(writer);
@@ -249,7 +250,7 @@ void TestWriteFaults::eachFaultOfEachWriter()
                              qPrintable(what + ", left: " + leftBehind(writer)));
                     const bool isHarmless = isPartial || error == EINTR || fault.hits == 0;
                     QVERIFY2(isWritten || !isHarmless, qPrintable(what));
-                    // Nothing of what matters may be passed over.
+                    // Errors that matter must be reported.
                     if (call == Write && !isHarmless && name != "settings")
                         QVERIFY2(!isWritten, qPrintable(what));
                     if (call == Sync && !isHarmless)

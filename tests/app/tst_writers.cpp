@@ -14,7 +14,7 @@
 using namespace KOLT;
 using namespace KOLT::Test;
 
-/// Everything in the windows that asks for the name of a file and writes it.
+/// All commands that ask for a file name and write the file.
 class TestWriters : public QObject, private MainWindowFixture
 {
     Q_OBJECT
@@ -35,7 +35,7 @@ private:
     QString m_card;
 };
 
-/// A window with a flight that has a position and an exceedance.
+/// Opens a flight with positions and an exceedance.
 void TestWriters::initTestCase()
 {
     prepareOnce();
@@ -97,7 +97,7 @@ void TestWriters::start(const QString& writer)
               writer == "day sheet pdf" ? "Save as PDF..." : "Save as CSV...");
 }
 
-/// Runs the writer with these answers in its boxes; what the boxes said.
+/// Runs the writer, answers its message boxes, and returns their texts.
 QStringList TestWriters::write(const QString& writer, const QStringList& answers)
 {
     ModalBoxes boxes;
@@ -146,14 +146,14 @@ void TestWriters::eachWriter()
     }
     QVERIFY(QFile::remove(link));
 
-    // A bare name gets its suffix, and only then it is asked.
+    // A name without suffix gets it before the question whether to replace the file.
     const QString folder = m_cards->filePath("out " + writer);
     const QString file = folder + "/name." + suffix;
     QVERIFY(QDir().mkpath(folder) && writeFile(file, "former"));
     QStringList said = write(writer, {folder + "/name", "&No", ""});
     QVERIFY2(said.value(1).contains("name." + suffix), qPrintable(said.join('\n')));
 
-    // A full disk is told, and the former file stays.
+    // A full disk is reported, and the old file is kept.
     std::signal(SIGXFSZ, SIG_IGN);
     rlimit usual{};
     QCOMPARE(getrlimit(RLIMIT_FSIZE, &usual), 0);

@@ -8,7 +8,7 @@
 using namespace KOLT;
 using namespace KOLT::Test;
 
-/// Which paths are never written.
+/// Paths that must never be written.
 class TestWriteGuard : public QObject
 {
     Q_OBJECT

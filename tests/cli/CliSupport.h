@@ -6,10 +6,10 @@
 #include <QProcess>
 #include <QTemporaryDir>
 
-/// What the tests of kolt-cli have in common.
+/// Shared by the tests of kolt-cli.
 namespace KOLT::Test {
 
-/// How a program ended, and what it said.
+/// Exit status and output of a program.
 struct Result
 {
     int status = -1;
@@ -21,7 +21,7 @@ struct Result
     QString lastError() const { return QString::fromUtf8(errors).trimmed().section('\n', -1); }
 };
 
-/// Runs a program as a shop would, with that home.
+/// Runs a program with this folder as its home.
 inline Result run(const QTemporaryDir& home, const QString& program, const QStringList& arguments)
 {
     QProcess process;

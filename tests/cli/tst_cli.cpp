@@ -10,7 +10,7 @@
 
 using namespace KOLT::Test;
 
-/// Runs kolt-cli as a shop would, on the sample card and on bad input.
+/// Runs kolt-cli on the sample card and on bad input.
 class TestCli : public QObject
 {
     Q_OBJECT
@@ -118,7 +118,7 @@ void TestCli::valuesAreExact()
                                        "[134.217728,1342,2.5,\"36.5\",1,\"#ffaa00\"],\n"
                                        "[200,2000,null,\"nan\",0,\"#ffffff\"]\n]}\n"));
     QVERIFY(!result.json().isEmpty());
-    // A file that is not there is an empty one.
+    // A missing file counts as empty.
     const QJsonObject empty =
         run(QStringList{"values", card.path()} + asked + QStringList{"b.can", "c.can"}).json();
     QVERIFY(empty["samples"].isArray() && empty["samples"].toArray().isEmpty());
@@ -126,7 +126,7 @@ void TestCli::valuesAreExact()
     QCOMPARE(empty["unread"].toArray(), (QJsonArray{"b.can", "c.can"}));
 }
 
-/// Flights that one believes, exceedances of more than the lamps, and the same in both units.
+/// Plausible flights, events beyond those of the lamps, and the same events in both unit systems.
 void TestCli::flightsAndEventsOfTheCard()
 {
     const std::tuple<const char*, double, double> ranges[] = {
@@ -195,7 +195,7 @@ void TestCli::reportIsForPeople()
     QVERIFY(QFile::exists(m_home.filePath("KOLT/Profile.xml")));
 }
 
-/// The settings may name a variant of another profile; the command line may not.
+/// An unknown variant is accepted from the settings, but not on the command line.
 void TestCli::variantsAreThoseOfTheWindow()
 {
     const QTemporaryDir home;
@@ -210,11 +210,11 @@ void TestCli::variantsAreThoseOfTheWindow()
             .toArray();
     };
     const QJsonArray ofTheFirst = events({"--variant", "915"});
-    QCOMPARE(ofTheFirst.size(), 8); // one of these without any variant's limits
+    QCOMPARE(ofTheFirst.size(), 8); // different without a variant's limits
     QCOMPARE(events({}), ofTheFirst);
 }
 
-/// One jump of a degree in each axis; the limit of the longitude is that of its latitude.
+/// Jumps of a degree in each axis; the limit for the longitude depends on the latitude.
 void TestCli::positionsAreFiltered()
 {
     const QTemporaryDir card;
@@ -227,7 +227,7 @@ void TestCli::positionsAreFiltered()
     RecordBytes bytes;
     for (int t = 0; t < 8; ++t) {
         const float jump = t == 6 ? 100.0F : 0.0F;
-        // At 60 degrees north 0.15 degrees east are less than 10 km.
+        // At 60 degrees north, 0.15 degrees of longitude are less than 10 km.
         bytes.sample(1, t, t == 7 ? floats(6000.0F, 1109.0F) : floats(6000.0F + jump, 1100 + jump));
     }
     QVERIFY(writeFile(card.filePath("1.CAN"), bytes.bytes()));
@@ -242,7 +242,7 @@ void TestCli::positionsAreFiltered()
     }
 }
 
-/// A cycle of two files; the first ends long before its size, and so has no date either.
+/// A cycle of two files; the first ends before its reported size, and has no date either.
 void TestCli::unreadFilesAreAnError()
 {
     const QTemporaryDir card;

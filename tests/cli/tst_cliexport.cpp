@@ -10,7 +10,7 @@
 
 using namespace KOLT::Test;
 
-/// Exports of kolt-cli, on the sample card and on small ones.
+/// Exports of kolt-cli, from the sample card and from small ones.
 class TestCliExport : public QObject
 {
     Q_OBJECT
@@ -97,7 +97,7 @@ void TestCliExport::everyFlightOfACard()
     QCOMPARE(QDir(folder).entryList(QDir::Files, QDir::Name), names);
     QCOMPARE(names.removeDuplicates(), 0);
 
-    // A second run leaves the files of the first as they are.
+    // A second run does not overwrite the files of the first.
     QVERIFY(writeFile(folder + '/' + names[0], "kept"));
     const Result second = cli({"export", "kml", m_card, "--all", "--output", folder});
     QVERIFY2(second.status == 0, qPrintable(second.lastError()));
@@ -106,7 +106,7 @@ void TestCliExport::everyFlightOfACard()
     QVERIFY(QFile::exists(folder + '/' + QString(names[0]).replace(".kml", "_2.kml")));
 }
 
-/// Two engine runs without a date, each with a flight; the second has no positions.
+/// Two cycles without a date, each with a flight; the second has no positions.
 void TestCliExport::failingFlightDoesNotStopTheRest()
 {
     const QTemporaryDir card;
@@ -154,7 +154,7 @@ void TestCliExport::settingsOfTheProgramCount()
     const QByteArray written = readFile(path);
     QVERIFY(written.contains("<width>7</width>") && written.contains("<color>ffc0b0a0</color>"));
     QVERIFY(!written.contains("Positions"));
-    QCOMPARE(readFile(settings), content); // what is given holds for this run only
+    QCOMPARE(readFile(settings), content); // options are not stored
     QVERIFY(QFile::remove(settings));
 }
 

@@ -5,7 +5,8 @@
 
 namespace KOLT::Test {
 
-/// The button within a window whose text starts so, mnemonics aside; null when there is none.
+/// The button in the window whose text starts with this, ignoring mnemonics; null when there is
+/// none.
 template <typename Button = QAbstractButton>
 Button* labelled(const QWidget& window, const QString& text)
 {

@@ -13,7 +13,7 @@
 
 namespace Tessa::Test {
 
-/// The bytes of a picture file.
+/// The image encoded as a file.
 inline QByteArray encoded(const QImage& image, const char* format = "png")
 {
     QByteArray body;
@@ -23,8 +23,7 @@ inline QByteArray encoded(const QImage& image, const char* format = "png")
     return body;
 }
 
-/// A web server on this machine's loopback that answers as it is told to, and notes what it was
-/// asked.
+/// A web server on the loopback interface with scripted answers that records its requests.
 class LoopbackServer : public QTcpServer
 {
 public:
@@ -34,7 +33,7 @@ public:
         QHash<QByteArray, QByteArray> headers; ///< names in lower case
     };
 
-    /// The whole answer, after which the connection is closed; empty for no answer at all.
+    /// Returns the whole answer, after which the connection is closed; empty: never answers.
     using Handler = std::function<QByteArray(const Request&)>;
 
     LoopbackServer()

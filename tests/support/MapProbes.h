@@ -7,7 +7,7 @@
 #include <numbers>
 #include <optional>
 
-/// What a picture of the map should show, worked out on its own: nothing here comes from the map.
+/// The expected contents of a picture of the map, calculated independently of the map's code.
 namespace KOLT::Test {
 
 constexpr double degree = std::numbers::pi / 180.0;
@@ -19,14 +19,14 @@ struct Place
     double longitude = 0.0;
 };
 
-/// A view from straight above: the window's middle, its scale and its size in pixels.
+/// A view from straight above: the window's centre, scale and size in pixels.
 struct View
 {
     Place centre;
     double metresPerPixel = 1.0;
     QSizeF size;
 
-    /// Inverse of the orthographic projection; pixels from the top left, none beside the globe.
+    /// Inverse orthographic projection of pixels from the top left; none outside the globe.
     std::optional<Place> placeAt(double x, double y) const
     {
         const double east = (x - size.width() / 2.0) * metresPerPixel;
@@ -46,7 +46,7 @@ struct View
                      longitude - 360.0 * std::floor((longitude + 180.0) / 360.0)};
     }
 
-    /// Pixels from the top left; of a place on the near side.
+    /// Pixels from the top left, for a place on the near side.
     QPointF pixelOf(Place place) const
     {
         const double phi = place.latitude * degree;
@@ -59,7 +59,7 @@ struct View
         return {size.width() / 2.0 + pixels * east, size.height() / 2.0 - pixels * north};
     }
 
-    /// Pixels between a point and where a place should be.
+    /// Distance in pixels between a point and the expected position of a place.
     double distance(QPointF point, Place place) const
     {
         const QPointF way = pixelOf(place) - point;
@@ -76,7 +76,7 @@ struct Tile
     friend bool operator==(const Tile&, const Tile&) = default;
 };
 
-/// The tile of the web map that holds a place; none beyond its edges.
+/// The web map tile that contains a place; none beyond the map's edges.
 inline std::optional<Tile> tileAt(Place place, int zoom)
 {
     const double phi = place.latitude * degree;
@@ -89,7 +89,7 @@ inline std::optional<Tile> tileAt(Place place, int zoom)
     return Tile{zoom, static_cast<int>(x) % static_cast<int>(side), static_cast<int>(y)};
 }
 
-/// The colour that stands for a tile: its zoom, and the lower parts of its place.
+/// The colour that identifies a tile: encodes the zoom, and column and row modulo 251.
 inline QColor colorOf(const Tile& tile)
 {
     return QColor((tile.x * 5 + 40) % 251, (tile.y * 5 + 40) % 251, 4 + tile.zoom * 12);
@@ -112,7 +112,7 @@ inline bool isBlack(QRgb color)
     return qRed(color) + qGreen(color) + qBlue(color) < 30;
 }
 
-/// Pixels within the globe's disc, but for its smoothed edge, where nothing was drawn.
+/// Number of undrawn pixels inside the globe's disc, except for its smoothed edge.
 inline int countHoles(const QImage& picture, double metresPerPixel)
 {
     const double edge = earthRadius / metresPerPixel - 2.0;

@@ -11,13 +11,13 @@ namespace KOLT::Test {
 
 constexpr Place home{48.0, 11.3};
 
-/// What a map should show.
+/// The view that the map is expected to show.
 inline View viewOf(const MapViewState& state, const WidgetMap& map)
 {
     return {{state.latitude, state.longitude}, state.width / map.width(), map.size()};
 }
 
-/// Leaves network and disk alone.
+/// Uses neither network nor disk.
 inline MapSettings offlineSettings()
 {
     MapSettings settings;
@@ -25,7 +25,7 @@ inline MapSettings offlineSettings()
     return settings;
 }
 
-/// A map in a window of its own, that leaves network and disk alone.
+/// A map in a window of its own that uses neither network nor disk.
 class MapWindow
 {
 public:
@@ -56,7 +56,7 @@ public:
         state.needsRepaint = true;
     }
 
-    /// The picture once all is loaded; null when that never comes.
+    /// The picture when everything is loaded; null when that takes too long.
     QImage settled()
     {
         QImage picture;
@@ -83,7 +83,7 @@ inline std::vector<TrackPoint> trackThrough(const std::vector<Place>& places)
     return track;
 }
 
-/// Along a parallel, in steps of less than 4 pixels when 100 km are shown.
+/// A track along a parallel with steps below 4 pixels at a map width of 100 km.
 inline std::vector<TrackPoint> straightTrack()
 {
     std::vector<Place> places;

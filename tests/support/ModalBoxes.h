@@ -14,8 +14,8 @@
 
 namespace KOLT::Test {
 
-/// Answers the modal boxes that come up, in order, as long as it lives: message boxes by the text
-/// of a button, file dialogs by a path. A box without an answer is dismissed and noted.
+/// Answers modal boxes in the order in which they open: message boxes with a button, file dialogs
+/// with a path. A box without an answer is dismissed; all are recorded.
 class ModalBoxes : public QObject
 {
 public:
@@ -25,14 +25,14 @@ public:
         m_timer.start(5);
     }
 
-    /// The text of a button, the path for a file dialog, or empty to cancel.
+    /// The text of the button to press or the path to choose; empty to cancel.
     void answer(const QString& text) { m_answers.push_back(text); }
 
-    /// What to do with the next dialog of another kind; from within its own event loop.
+    /// Called for the next dialog of another kind, from within its event loop.
     void handle(std::function<void(QDialog&)> handler) { m_handlers.push_back(std::move(handler)); }
 
-    /// "title|text|button, button" of the message boxes with the buttons from the left,
-    /// titles of the file dialogs.
+    /// "title|text|button, button" of message boxes, buttons from left to right; titles of file
+    /// dialogs.
     const QStringList& seen() const { return m_seen; }
 
     bool isDone() const { return m_answers.empty() && m_handlers.empty(); }
@@ -45,7 +45,7 @@ private:
             return;
         if (qobject_cast<QMessageBox*>(modal) == nullptr &&
             qobject_cast<QFileDialog*>(modal) == nullptr && !m_handlers.empty()) {
-            // Queued: this timer must go on for the boxes that come up meanwhile.
+            // Queued, so that this timer goes on and handles boxes that open meanwhile.
             QMetaObject::invokeMethod(
                 modal,
                 [modal, handler = std::move(m_handlers.front())] {
@@ -95,10 +95,10 @@ private:
         }
         if (dialog.fileMode() == QFileDialog::Directory)
             dialog.setDirectory(path);
-        // Typing deselects what was proposed; a text that is set does so only with the focus.
+        // setText() does not clear the selection, as typing does.
         dialog.findChild<QListView*>(QStringLiteral("listView"))->clearSelection();
         dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->setText(path);
-        // Queued: it may ask whether to replace a file, and that box has to be answered too.
+        // Queued: it may ask whether to replace a file, which must be answered too.
         QMetaObject::invokeMethod(&dialog, "accept", Qt::QueuedConnection);
     }
 

@@ -1,4 +1,4 @@
-// Part of every test that opens windows: the map in them must not ask public servers.
+// Linked to every test with windows, so that the map does not contact public servers.
 
 #include <QByteArray>
 

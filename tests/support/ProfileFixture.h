@@ -5,7 +5,7 @@
 
 namespace KOLT::Test {
 
-/// Loads a profile from the XML between its root's tags.
+/// Loads a profile from the XML inside its root element.
 inline bool loadProfile(Profile& profile, const QByteArray& content, const QString& variant = {})
 {
     const QTemporaryDir directory;
@@ -23,7 +23,7 @@ inline QByteArray device(std::initializer_list<QByteArray> parameters)
     return xml + "</Device>";
 }
 
-/// A list of one threshold with the values given as XML attributes.
+/// A threshold list with one threshold, its values given as XML attributes.
 inline QByteArray threshold(const QByteArray& name, std::initializer_list<QByteArray> values)
 {
     QByteArray xml = "<ThresholdList><Threshold name='" + name + "'>";
@@ -32,7 +32,7 @@ inline QByteArray threshold(const QByteArray& name, std::initializer_list<QByteA
     return xml + "</Threshold></ThresholdList>";
 }
 
-/// The conversion of one unit.
+/// A list with one unit conversion.
 inline QByteArray unit(const QByteArray& attributes)
 {
     return "<UnitConversions><Unit " + attributes + "/></UnitConversions>";

@@ -21,7 +21,7 @@ inline MessageData floats(float first, float second = 0.0F)
     return data;
 }
 
-/// The bytes of a record file, put together field by field.
+/// Builds the bytes of a record file field by field, independently of the product's code.
 class RecordBytes
 {
 public:

@@ -6,7 +6,7 @@
 
 namespace KOLT::Test {
 
-/// Appends a sample at a time in seconds.
+/// Appends a sample; the time is in seconds.
 inline void add(MessageMap& messages, std::uint32_t id, double seconds,
                 const MessageData& data = {}, std::uint16_t kind = 7)
 {

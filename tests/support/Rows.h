@@ -6,9 +6,8 @@
 
 namespace KOLT::Test {
 
-/// The data of a test: makes the columns of its table, then takes row after row. Columns that are
-/// given names are fetched with QFETCH; without names a row is taken apart by fetchRow(). Values
-/// convert to the types of their columns.
+/// Test data: creates the columns and then adds rows. With column names, fetch the values with
+/// QFETCH; without names, the whole row with fetchRow(). Values are converted to the column types.
 template <typename... Values>
 class Rows
 {
@@ -31,7 +30,7 @@ public:
             row << std::tuple<Values...>(values...);
     }
 
-    /// A row that is called what its first value is.
+    /// A row named by its first value.
     void operator()(const Values&... values) const
     {
         const auto& first = std::get<0>(std::tie(values...));
@@ -48,7 +47,7 @@ private:
     bool m_hasNames = false;
 };
 
-/// What the current row holds, to be taken apart; its types are those of the Rows.
+/// The values of the current row, for a structured binding; the types are those of Rows.
 template <typename... Values>
 std::tuple<Values...> fetchRow()
 {

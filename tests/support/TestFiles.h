@@ -10,7 +10,7 @@
 
 namespace KOLT::Test {
 
-/// Writes a file as it is; false when it could not be written.
+/// Writes the file; false on failure.
 inline bool writeFile(const QString& path, const QByteArray& content)
 {
     QFile file(path);
@@ -23,7 +23,7 @@ inline QByteArray readFile(const QString& path)
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
-/// Collects the program's diagnostic output while it lives.
+/// Captures the diagnostic output as long as it lives.
 class DiagnosticsCapture
 {
 public:

@@ -1,6 +1,7 @@
-// Part of the tests when they run with the thread sanitizer. The toolkit is not built with it: that
-// what happens before a job is started comes before the job, what a job does before the wait for it
-// ends, and what happens before a queued call before that call, has to be told here.
+// Linked to the tests for the thread sanitizer. Qt is not built with it, so the sanitizer does not
+// see how Qt synchronises: the code before the start of a job with the job, a job with the end of
+// the wait for it, and the code before a queued call with the call. These functions replace Qt's
+// and add that order.
 
 #include <QRunnable>
 #include <QThreadPool>
@@ -30,7 +31,7 @@ Function toolkits(const char* symbol)
     return reinterpret_cast<Function>(dlsym(RTLD_NEXT, symbol));
 }
 
-/// Nothing of it is read before the call is taken over.
+/// Wraps a queued call; the arguments are read only after the synchronisation.
 struct OrderedCall : QtPrivate::QSlotObjectBase
 {
     explicit OrderedCall(QSlotObjectBase* called)
@@ -55,7 +56,7 @@ struct OrderedCall : QtPrivate::QSlotObjectBase
     QSlotObjectBase* call;
 };
 
-/// As a job of a kind of its own, which the toolkit calls without a look at the function.
+/// Wraps the job, so that Qt does not access the function itself.
 struct OrderedJob : QRunnable
 {
     explicit OrderedJob(std::function<void()> job)
