@@ -313,7 +313,7 @@ void DialogMain::slotTimeoutStartup()
         // The user may have opened a folder or selected parameters before the timer fired.
         if (m_card.folder().isEmpty() && !listFolder(Startup::lastPath())) {
             m_cardDialog->setMissingFolder(Startup::lastPath());
-            statusBar()->showMessage(tr("The last folder %1 is not there. Open another one with "
+            statusBar()->showMessage(tr("The last folder %1 was not found. Open another one with "
                                         "\"Open Data Folder\".")
                                          .arg(Startup::lastPath()));
         }

@@ -125,10 +125,9 @@ void DialogMain::slotMenuRecent(QAction* action)
     m_recentFolders.remove(folder);
     saveSettings(this);
     m_actions->setRecentFolders(m_recentFolders.folders());
-    Messages::warn(this,
-                   tr("The folder\n%1\nis not there any more. It is taken off the list; if it "
-                      "is on a card, insert the card and open it again.")
-                       .arg(folder));
+    Messages::warn(this, tr("The folder\n%1\ndoes not exist any more. It was removed from the "
+                            "list; if it is on a card, insert the card and open it again.")
+                             .arg(folder));
 }
 
 void DialogMain::askForFolder()
@@ -143,10 +142,10 @@ void DialogMain::openFolder(const QString& folder)
 {
     m_jobs.run([this, folder] {
         if (!listFolder(folder)) {
-            Messages::warn(this,
-                           tr("The folder\n%1\ncannot be opened. Please check that it is there and "
-                              "may be read.")
-                               .arg(folder));
+            Messages::warn(
+                this,
+                tr("The folder\n%1\ncannot be opened. Please check that it exists and can be read.")
+                    .arg(folder));
             return;
         }
         SettingsStore::instance().setText("LastPath", folder.toUtf8());
@@ -213,7 +212,7 @@ bool DialogMain::canLoad(const Choice& choice)
     QStringList names;
     for (const QString& path : files)
         names.push_back(path.section(QLatin1Char('/'), -1));
-    Messages::warn(this, tr("These files could not be read, and what was loaded before is still "
+    Messages::warn(this, tr("These files could not be read, and the data loaded before are still "
                             "shown:\n%1\nPlease check that the card is still inserted and that the "
                             "files can be read; then open the folder again.")
                              .arg(shortList(names)));
@@ -262,7 +261,7 @@ void DialogMain::loadNow(const Choice& choice)
     tellUnreadFiles();
     if (!isLoaded)
         statusBar()->showMessage(
-            tr("Not there any more: %1. The whole cycle is loaded.").arg(nameOf(choice)));
+            tr("%1 was not found any more. The whole cycle is loaded.").arg(nameOf(choice)));
 }
 
 QString DialogMain::nameOf(const Choice& choice) const
@@ -318,7 +317,8 @@ void DialogMain::showDataInWords(const Choice& choice)
                  QLocale().toString(static_cast<qulonglong>(dataSet.messages.sampleCount())),
                  time(dataSet.startSeconds), time(dataSet.stopSeconds),
                  durationText(dataSet.stopSeconds - dataSet.startSeconds)));
-    m_dataInWords->setToolTip(tr("What is loaded; times since the recording unit was switched on"));
+    m_dataInWords->setToolTip(
+        tr("The loaded data; times since the recording unit was switched on"));
 }
 
 void DialogMain::tellUnreadFiles()
@@ -326,10 +326,11 @@ void DialogMain::tellUnreadFiles()
     const std::vector<QString>& unread = m_card.dataSet()->unreadFiles;
     if (unread.empty())
         return;
-    Messages::warn(this, tr("These files could not be read and are missing in what is shown:\n%1\n"
-                            "Please check that the card is still inserted and that the files can "
-                            "be read; then open the folder again.")
-                             .arg(shortList({unread.begin(), unread.end()})));
+    Messages::warn(this,
+                   tr("These files could not be read and are missing from the data shown:\n%1\n"
+                      "Please check that the card is still inserted and that the files can "
+                      "be read; then open the folder again.")
+                       .arg(shortList({unread.begin(), unread.end()})));
 }
 
 void DialogMain::dragEnterEvent(QDragEnterEvent* event)

@@ -41,9 +41,9 @@ DialogProfile::DialogProfile(Profile& profile, QWidget* parent)
     m_tabs->addTab(createTreePage(), tr("Parameters"));
     m_list = new QListWidget(m_tabs);
     m_list->setSelectionMode(QAbstractItemView::ExtendedSelection);
-    m_list->setToolTip(tr("Double click or Del takes a parameter out"));
+    m_list->setToolTip(tr("Double click or Del removes a parameter"));
     m_tabs->addTab(m_list, tr("Selected Parameters"));
-    auto* const remove = new QAction(tr("Take out"), m_list);
+    auto* const remove = new QAction(tr("Remove"), m_list);
     remove->setShortcut(QKeySequence::Delete);
     remove->setShortcutContext(Qt::WidgetShortcut);
     m_list->addAction(remove);

@@ -122,7 +122,7 @@ void ProjectSession::replaceUnreadable(const QString& path)
     const QString aside = moveAside(path);
     if (!aside.isEmpty())
         Messages::warn(&m_window, tr("The project file\n%1\ncannot be read. It is kept as\n%2\nand "
-                                     "some usual parameters are selected in its place.")
+                                     "some default parameters are selected instead.")
                                       .arg(path, aside));
 }
 
@@ -169,17 +169,17 @@ void ProjectSession::open()
     // Checked first: reading drops the current content.
     const QString root = rootOf(path);
     if (!root.isEmpty() && root != QLatin1String("KoltProject")) {
-        Messages::warn(&m_window,
-                       tr("The file\n%1\nis no KOLT project. The selected parameters stay "
-                          "as they are.")
-                           .arg(path));
+        Messages::warn(
+            &m_window,
+            tr("The file\n%1\nis not a KOLT project. The selected parameters are unchanged.")
+                .arg(path));
         return;
     }
     if (root.isEmpty() || Project::instance().read(path) == 0) {
-        Messages::warn(&m_window,
-                       tr("The project file\n%1\ncannot be read. The selected parameters "
-                          "stay as they are.")
-                           .arg(path));
+        Messages::warn(
+            &m_window,
+            tr("The project file\n%1\ncannot be read. The selected parameters are unchanged.")
+                .arg(path));
         return;
     }
     m_path = path;
@@ -209,7 +209,7 @@ bool ProjectSession::saveAs()
 bool ProjectSession::write(const QString& path)
 {
     if (m_profile.parameters().empty()) {
-        Messages::warn(&m_window, tr("Without a profile there is no selection, and the project is "
+        Messages::warn(&m_window, tr("Without a profile there is no selection, so the project is "
                                      "not saved. Please install a valid profile first."));
         return false;
     }

@@ -19,21 +19,21 @@ void saveSettings(QWidget* parent)
 {
     SettingsStore& settings = SettingsStore::instance();
     if (!settings.save())
-        Messages::warn(
-            parent,
-            QCoreApplication::translate(
-                "KOLT::Messages",
-                "The settings could not be saved to\n%1\nThey hold until the program ends. Please "
-                "check that the folder can be written and is not full.")
-                .arg(QFile::decodeName(settings.fileName())));
-    const QString keptCopy = settings.takeKeptCopy();
-    if (!keptCopy.isEmpty())
         Messages::warn(parent, QCoreApplication::translate(
                                    "KOLT::Messages",
-                                   "The settings could not be read, and KOLT goes on without them. "
-                                   "Please check language, units and the variant of the profile. "
-                                   "The file is kept as\n%1")
-                                   .arg(keptCopy));
+                                   "The settings could not be saved to\n%1\nThey are kept until "
+                                   "the program ends. Please "
+                                   "check that the folder can be written and is not full.")
+                                   .arg(QFile::decodeName(settings.fileName())));
+    const QString keptCopy = settings.takeKeptCopy();
+    if (!keptCopy.isEmpty())
+        Messages::warn(parent,
+                       QCoreApplication::translate(
+                           "KOLT::Messages",
+                           "The settings could not be read, and KOLT continues without them. "
+                           "Please check language, units and the variant of the profile. "
+                           "The file is kept as\n%1")
+                           .arg(keptCopy));
 }
 
 SettingsSaver::SettingsSaver(QWidget& window)

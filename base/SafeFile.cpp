@@ -63,7 +63,7 @@ WriteResult replaceFile(const QString& path, const std::function<bool(QIODevice&
     // The final target of a chain of links is replaced, not a link in the chain.
     const QString target = resolvedPath(path);
     if (const QFileInfo info(target); info.exists() && !info.isFile())
-        return {Status::Failed, Text::tr("This is no regular file.")};
+        return {Status::Failed, Text::tr("This is not a regular file.")};
     QSaveFile file(target);
     if (!file.open(QIODevice::WriteOnly))
         return {Status::Failed, file.errorString()};

@@ -133,7 +133,7 @@ QString writeObjection(const QString& path)
 {
     const std::optional<fs::path> target = resolve(toPath(path));
     if (!target)
-        return Text::tr("The links of this path lead nowhere:\n%1").arg(path);
+        return Text::tr("The links in this path form a loop:\n%1").arg(path);
     const QString name = QFile::decodeName(target->filename().string().c_str());
     // A card's file system ignores case.
     if (hasRecordSuffix(path, Qt::CaseInsensitive) || hasRecordSuffix(name, Qt::CaseInsensitive))
@@ -147,8 +147,8 @@ QString writeObjection(const QString& path)
         if (folder == nullptr || !isWithin(*folder, *target) ||
             (isOwn && isWithin(*folder, toPath(resolvedPath(own)))))
             continue;
-        return Text::tr("Nothing is written to the folder of the recordings, so that they stay as "
-                        "they are. Please choose another folder than\n%1")
+        return Text::tr("Nothing is written to the folder of the recordings, so that they remain "
+                        "unchanged. Please choose another folder than\n%1")
             .arg(QDir::toNativeSeparators(*folder));
     }
     return {};

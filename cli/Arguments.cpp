@@ -19,7 +19,7 @@ QString generalHelp()
         text += QStringLiteral("  %1 %2\n")
                     .arg(QLatin1String(verb.name), -8)
                     .arg(QLatin1String(verb.description));
-    return text + QStringLiteral("\n'kolt-cli VERB --help' tells the options of a verb.\n");
+    return text + QStringLiteral("\n'kolt-cli VERB --help' lists the options of a verb.\n");
 }
 
 /// The parser takes one value per option: "--files A B" becomes "--files=A --files=B".
@@ -63,12 +63,12 @@ void addOptions(QCommandLineParser& parser, const Verb& verb)
         add("files", "Load these files, in this order.", "NAME...");
     }
     if (verb.usesProfile) {
-        add("profile", "Parameter profile; the installed one without this option.", "FILE");
-        add("variant", "Variant of the profile; the one in the settings without it.", "V");
+        add("profile", "Parameter profile; default: the installed one.", "FILE");
+        add("variant", "Variant of the profile; default: the one in the settings.", "V");
     }
     if (verb.choosesFiles)
         add("unit",
-            isExport(verb) ? "Units: metric or imperial; those in the settings without it."
+            isExport(verb) ? "Units: metric or imperial; default: those in the settings."
                            : "Units of the texts: metric or imperial.",
             "U");
     if (QLatin1String(verb.name) == QLatin1String("values"))

@@ -101,7 +101,7 @@ QString Exporter::prepare()
     m_csv = readCsvOptions(settings, QLocale::system().decimalPoint() == QLatin1String(","));
     m_kml = readKmlOptions(settings);
     if (m_arguments.format == ExportFormat::Csv && problemOf(m_csv) == CsvProblem::Separator)
-        return QStringLiteral("fields cannot be separated as the settings have it: give another "
+        return QStringLiteral("the separator in the settings cannot be used: give another "
                               "--CsvLimiter");
     if (m_arguments.format == ExportFormat::Csv && problemOf(m_csv) == CsvProblem::DecimalComma)
         return QStringLiteral("a decimal comma does not go with the separator \",\": give another "
@@ -129,7 +129,7 @@ ExportStatus Exporter::write(QIODevice& device, const QString& title) const
 QString Exporter::writeFile(const QString& path, const ExportSubject& subject) const
 {
     if (dataSet().messages.sampleCount() == 0)
-        return QStringLiteral("there is nothing recorded in what was chosen");
+        return QStringLiteral("the chosen data have no samples");
     if (m_arguments.format != ExportFormat::Csv && !hasPath(dataSet()))
         return QStringLiteral("no position was recorded, so there is no flight path");
     if (m_arguments.format == ExportFormat::Csv) {
@@ -138,7 +138,7 @@ QString Exporter::writeFile(const QString& path, const ExportSubject& subject) c
             return QStringLiteral("no sample with a usable time was recorded, so there are no "
                                   "rows");
         if (rows > CsvWriter::maxRows)
-            return QStringLiteral("it would have %1 rows, more than %2: choose a larger "
+            return QStringLiteral("the file would have %1 rows, more than %2: choose a larger "
                                   "--CsvResolution")
                 .arg(rows)
                 .arg(CsvWriter::maxRows);
@@ -203,7 +203,7 @@ void Exporter::fail(QJsonObject entry, const QString& error)
 QString Exporter::exportAll()
 {
     if (!QDir().mkpath(m_arguments.output))
-        return QStringLiteral("the folder %1 cannot be made").arg(m_arguments.output);
+        return QStringLiteral("the folder %1 cannot be created").arg(m_arguments.output);
     CardContainer& card = m_recording.card();
     for (const auto& [number, cycle] : card.cycles()) {
         m_flight.reset();

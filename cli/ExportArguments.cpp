@@ -50,7 +50,7 @@ QString readSettings(const QCommandLineParser& parser, const Format& chosen, Arg
             if (!parser.isSet(key))
                 continue;
             if (format.format != chosen.format)
-                return QStringLiteral("--%1 means nothing to an export as %2")
+                return QStringLiteral("--%1 does not apply to an export as %2")
                     .arg(key, QLatin1String(chosen.name));
             const QByteArray value = parser.value(key).toUtf8();
             if (!setting.accepts(value))

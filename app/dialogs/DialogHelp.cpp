@@ -43,7 +43,7 @@ DialogHelp::DialogHelp(const QString& locale, QWidget* parent)
     m_search = new QLineEdit(this);
     m_search->setPlaceholderText(tr("Search"));
     m_search->setClearButtonEnabled(true);
-    m_search->setToolTip(tr("Return finds the next place, Shift+Return the one before"));
+    m_search->setToolTip(tr("Return finds the next match, Shift+Return the previous one"));
     connect(m_search, &QLineEdit::returnPressed, this, [this] { find(false); });
     auto* const before = new QShortcut(QKeySequence(Qt::SHIFT | Qt::Key_Return), m_search);
     before->setContext(Qt::WidgetShortcut);

@@ -87,7 +87,7 @@ void DialogPreferences::createGeneral(QFormLayout* form)
     m_profile->setMinimumWidth(fieldWidth);
     m_profile->setToolTip(tr("The parameter profile that decodes the recordings"));
     auto* const choose = new QPushButton(tr("Choose..."));
-    choose->setToolTip(tr("Choose another profile file; OK installs it in the place of this one"));
+    choose->setToolTip(tr("Choose another profile file; OK installs it instead of this one"));
     connect(choose, &QPushButton::clicked, this, &DialogPreferences::chooseProfile);
     auto* const profileRow = new QHBoxLayout;
     profileRow->addWidget(m_profile, 1);

@@ -35,7 +35,7 @@ bool installProfile(QWidget* parent, const QString& path)
         return true;
     case ProfileInstaller::Result::InUse:
         Messages::inform(parent,
-                         ProfileInstallation::tr("This profile is in use already:\n%1").arg(path));
+                         ProfileInstallation::tr("This profile is already in use:\n%1").arg(path));
         return false;
     case ProfileInstaller::Result::NotAProfile:
         Messages::warn(parent, ProfileInstallation::tr("Not a valid KOLT profile !") +

@@ -1126,7 +1126,7 @@ Bitte prüfen Sie, ob der Ordner beschreibbar und nicht voll ist, oder wählen S
         <translation>Suchen</translation>
     </message>
     <message>
-        <source>Return finds the next place, Shift+Return the one before</source>
+        <source>Return finds the next match, Shift+Return the previous one</source>
         <translation>Eingabetaste: nächste Fundstelle, Umschalt+Eingabetaste: vorherige</translation>
     </message>
 </context>
@@ -1161,13 +1161,13 @@ cannot be read, so no values can be shown. Please install a valid one with &quot
 kann nicht gelesen werden, daher lassen sich keine Werte anzeigen. Bitte installieren Sie eine gültige mit „Profil“ im Menü „Hilfe“.</translation>
     </message>
     <message>
-        <source>The last folder %1 is not there. Open another one with &quot;Open Data Folder&quot;.</source>
+        <source>The last folder %1 was not found. Open another one with &quot;Open Data Folder&quot;.</source>
         <translation>Der letzte Ordner %1 ist nicht vorhanden. Öffnen Sie einen anderen mit „Datenordner öffnen“.</translation>
     </message>
     <message>
         <source>The folder
 %1
-is not there any more. It is taken off the list; if it is on a card, insert the card and open it again.</source>
+does not exist any more. It was removed from the list; if it is on a card, insert the card and open it again.</source>
         <translation>Der Ordner
 %1
 ist nicht mehr vorhanden und wurde aus der Liste entfernt. Liegt er auf einer SD-Karte, legen Sie sie ein und öffnen Sie ihn erneut.</translation>
@@ -1179,7 +1179,7 @@ ist nicht mehr vorhanden und wurde aus der Liste entfernt. Liegt er auf einer SD
     <message>
         <source>The folder
 %1
-cannot be opened. Please check that it is there and may be read.</source>
+cannot be opened. Please check that it exists and can be read.</source>
         <translation>Der Ordner
 %1
 kann nicht geöffnet werden. Bitte prüfen Sie, ob er vorhanden ist und gelesen werden darf.</translation>
@@ -1222,11 +1222,11 @@ kann nicht geöffnet werden. Bitte prüfen Sie, ob er vorhanden ist und gelesen 
         </translation>
     </message>
     <message>
-        <source>What is loaded; times since the recording unit was switched on</source>
+        <source>The loaded data; times since the recording unit was switched on</source>
         <translation>Geladene Daten; Zeiten seit dem Einschalten des Aufzeichnungsgeräts</translation>
     </message>
     <message>
-        <source>These files could not be read and are missing in what is shown:
+        <source>These files could not be read and are missing from the data shown:
 %1
 Please check that the card is still inserted and that the files can be read; then open the folder again.</source>
         <translation>Diese Dateien konnten nicht gelesen werden und fehlen in der Anzeige:
@@ -1240,7 +1240,7 @@ is not a record file. Record files end with .CAN, .can or .xcb.</source>
 ist keine Aufzeichnungsdatei. Aufzeichnungsdateien enden auf .CAN, .can oder .xcb.</translation>
     </message>
     <message>
-        <source>Not there any more: %1. The whole cycle is loaded.</source>
+        <source>%1 was not found any more. The whole cycle is loaded.</source>
         <translation>Nicht mehr vorhanden: %1. Der ganze Zyklus ist geladen.</translation>
     </message>
     <message>
@@ -1256,7 +1256,7 @@ ist keine Aufzeichnungsdatei. Aufzeichnungsdateien enden auf .CAN, .can oder .xc
         <translation>Exportiert nach %1</translation>
     </message>
     <message>
-        <source>These files could not be read, and what was loaded before is still shown:
+        <source>These files could not be read, and the data loaded before are still shown:
 %1
 Please check that the card is still inserted and that the files can be read; then open the folder again.</source>
         <translation>Diese Dateien konnten nicht gelesen werden; was zuvor geladen war, wird weiter gezeigt:
@@ -1351,7 +1351,7 @@ Bitte prüfen Sie, ob die Karte noch steckt und die Dateien lesbar sind; öffnen
         <translation>&amp;Faktor der Schattierung</translation>
     </message>
     <message>
-        <source>Choose another profile file; OK installs it in the place of this one</source>
+        <source>Choose another profile file; OK installs it instead of this one</source>
         <translation>Andere Profildatei wählen; OK installiert sie anstelle dieser</translation>
     </message>
 </context>
@@ -1366,7 +1366,7 @@ Bitte prüfen Sie, ob die Karte noch steckt und die Dateien lesbar sind; öffnen
         <translation>Parameter</translation>
     </message>
     <message>
-        <source>Double click or Del takes a parameter out</source>
+        <source>Double click or Del removes a parameter</source>
         <translation>Doppelklick oder Entf entfernt einen Parameter</translation>
     </message>
     <message>
@@ -1374,7 +1374,7 @@ Bitte prüfen Sie, ob die Karte noch steckt und die Dateien lesbar sind; öffnen
         <translation>Ausgewählte Parameter</translation>
     </message>
     <message>
-        <source>Take out</source>
+        <source>Remove</source>
         <translation>Entfernen</translation>
     </message>
     <message>
@@ -1708,7 +1708,7 @@ Bitte prüfen Sie, ob die Karte noch steckt und die Dateien lesbar sind; öffnen
     <message>
         <source>The settings could not be saved to
 %1
-They hold until the program ends. Please check that the folder can be written and is not full.</source>
+They are kept until the program ends. Please check that the folder can be written and is not full.</source>
         <translation>Die Einstellungen konnten nicht gespeichert werden:
 %1
 Sie gelten bis zum Ende des Programms. Bitte prüfen Sie, ob der Ordner beschreibbar und nicht voll ist.</translation>
@@ -1724,7 +1724,7 @@ Please check that the folder can be written and is not full, or save it elsewher
 Bitte prüfen Sie, ob der Ordner beschreibbar und nicht voll ist, oder sichern Sie an anderer Stelle.</translation>
     </message>
     <message>
-        <source>The settings could not be read, and KOLT goes on without them. Please check language, units and the variant of the profile. The file is kept as
+        <source>The settings could not be read, and KOLT continues without them. Please check language, units and the variant of the profile. The file is kept as
 %1</source>
         <translation>Die Einstellungen konnten nicht gelesen werden; KOLT arbeitet ohne sie weiter. Bitte prüfen Sie Sprache, Einheiten und die Variante des Profils. Die Datei bleibt erhalten als
 %1</translation>
@@ -1804,7 +1804,7 @@ ist installiert als
 Das vorherige bleibt daneben als Sicherung erhalten.</translation>
     </message>
     <message>
-        <source>This profile is in use already:
+        <source>This profile is already in use:
 %1</source>
         <translation>Dieses Profil wird bereits verwendet:
 %1</translation>
@@ -1853,7 +1853,7 @@ Jetzt speichern?</translation>
     <message>
         <source>The project file
 %1
-cannot be read. The selected parameters stay as they are.</source>
+cannot be read. The selected parameters are unchanged.</source>
         <translation>Die Projektdatei
 %1
 kann nicht gelesen werden. Die ausgewählten Parameter bleiben, wie sie sind.</translation>
@@ -1875,7 +1875,7 @@ Bitte prüfen Sie, ob der Ordner beschreibbar und nicht voll ist, oder speichern
 %1
 cannot be read. It is kept as
 %2
-and some usual parameters are selected in its place.</source>
+and some default parameters are selected instead.</source>
         <translation>Die Projektdatei
 %1
 kann nicht gelesen werden. Sie bleibt als
@@ -1883,7 +1883,7 @@ kann nicht gelesen werden. Sie bleibt als
 erhalten, und einige übliche Parameter sind stattdessen ausgewählt.</translation>
     </message>
     <message>
-        <source>Without a profile there is no selection, and the project is not saved. Please install a valid profile first.</source>
+        <source>Without a profile there is no selection, so the project is not saved. Please install a valid profile first.</source>
         <translation>Ohne Profil gibt es keine Auswahl, und das Projekt wird nicht gesichert. Bitte installieren Sie zuerst ein gültiges Profil.</translation>
     </message>
     <message>
@@ -1897,7 +1897,7 @@ Der Ordner ist nicht beschreibbar oder voll.</translation>
     <message>
         <source>The file
 %1
-is no KOLT project. The selected parameters stay as they are.</source>
+is not a KOLT project. The selected parameters are unchanged.</source>
         <translation>Die Datei
 %1
 ist kein KOLT-Projekt. Die gewählten Parameter bleiben, wie sie sind.</translation>
@@ -1910,7 +1910,7 @@ ist kein KOLT-Projekt. Die gewählten Parameter bleiben, wie sie sind.</translat
         <translation>Es konnte nicht alles geschrieben werden. Möglicherweise ist der Datenträger voll.</translation>
     </message>
     <message>
-        <source>This is no regular file.</source>
+        <source>This is not a regular file.</source>
         <translation>Dies ist keine gewöhnliche Datei.</translation>
     </message>
 </context>
@@ -2039,7 +2039,7 @@ Installieren oder aktualisieren Sie den Treiber und starten Sie KOLT neu.</trans
 <context>
     <name>KOLT::WriteGuard</name>
     <message>
-        <source>The links of this path lead nowhere:
+        <source>The links in this path form a loop:
 %1</source>
         <translation>Die Verknüpfungen dieses Pfades führen nirgendwohin:
 %1</translation>
@@ -2051,7 +2051,7 @@ Installieren oder aktualisieren Sie den Treiber und starten Sie KOLT neu.</trans
 %1</translation>
     </message>
     <message>
-        <source>Nothing is written to the folder of the recordings, so that they stay as they are. Please choose another folder than
+        <source>Nothing is written to the folder of the recordings, so that they remain unchanged. Please choose another folder than
 %1</source>
         <translation>In den Ordner der Aufzeichnungen wird nichts geschrieben, damit sie bleiben, wie sie sind. Bitte wählen Sie einen anderen Ordner als
 %1</translation>

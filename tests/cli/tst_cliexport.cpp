@@ -177,7 +177,7 @@ void TestCliExport::failures_data()
     row("flight 0", with("csv", first + QStringList{"--flight", "0"}), "\"0\"");
     row("unknown flight", with("csv", first + QStringList{"--flight", "99"}), "no flight 99");
     row("unknown cycle", with("csv", {"--cycle", "99"}), "no cycle 99");
-    row("no such file", with("csv", {"--files", "no.CAN"}), "nothing recorded");
+    row("no such file", with("csv", {"--files", "no.CAN"}), "have no samples");
     row("wrong number", with("csv", first + QStringList{"--CsvResolution", "0"}),
         "--CsvResolution cannot be \"0\"");
     row("separator that is none", with("csv", first + QStringList{"--CsvLimiter", "46"}), "\"46\"");
@@ -186,7 +186,7 @@ void TestCliExport::failures_data()
         "decimal comma");
     row("wrong colour", with("kml", first + QStringList{"--KmlLineColor", "red"}), "\"red\"");
     row("setting of another format", with("gpx", first + QStringList{"--CsvResolution", "5"}),
-        "means nothing to an export as gpx");
+        "does not apply to an export as gpx");
     row("unknown parameter", with("csv", first + QStringList{"--parameter", "No/Such"}), "No/Such");
     row("no parameter at all", with("csv", first + QStringList{"--CsvAllParameter", "false"}),
         "--parameter is missing");
@@ -194,8 +194,8 @@ void TestCliExport::failures_data()
         "folder of the recordings");
     row("a folder that cannot be written",
         {"kml", card, "--cycle", "1", "--output", "/proc/out.kml"}, "could not be written");
-    row("a folder that cannot be made", {"kml", card, "--all", "--output", "/proc/out"},
-        "cannot be made");
+    row("a folder that cannot be created", {"kml", card, "--all", "--output", "/proc/out"},
+        "cannot be created");
 }
 
 void TestCliExport::failures()
