@@ -21,7 +21,7 @@ QString dateText(const QDate& date)
     return date.isValid() ? date.toString(QStringLiteral("dd.MM.yyyy")) : Text::tr("Unknown Date");
 }
 
-/// The clock where the recording has one, the unit's counter otherwise.
+/// Clock time if the recording has a date, otherwise the time on the counter.
 QString clockText(const QDateTime& dateTime, double seconds)
 {
     return dateTime.isValid() ? dateTime.toString(QStringLiteral("hh:mm:ss"))
@@ -41,7 +41,6 @@ QStringList cellsOf(const FlightLine& line)
             QString::number(line.exceedances)};
 }
 
-/// The times on the unit's counter, as a line of the CSV file has them at its end.
 QStringList countersOf(const FlightLine& line)
 {
     return {QString::number(line.takeOffSeconds, 'f', 1),
@@ -81,7 +80,7 @@ QStringList DaySheet::headings()
 
 DaySheet::DaySheet(std::vector<FlightLine> lines)
 {
-    // An invalid date sorts before all others; what has no date belongs behind them.
+    // An invalid date compares as less than any other, but belongs at the end.
     std::ranges::stable_sort(lines, [](const FlightLine& a, const FlightLine& b) {
         if (a.takeOff.isValid() != b.takeOff.isValid())
             return a.takeOff.isValid();
@@ -114,7 +113,7 @@ QString DaySheet::toHtml(const QString& title, const QString& remark) const
                        .arg(title.toHtmlEscaped(), explanation().toHtmlEscaped());
     if (!remark.isEmpty())
         html += QStringLiteral("<p><b>%1</b></p>").arg(remark.toHtmlEscaped());
-    // What is in the head is repeated on each page.
+    // The printer repeats <thead> on each page.
     html += QStringLiteral("<table width=\"100%\" cellspacing=\"0\" border=\"0\"><thead>") +
             htmlRow(headings(), "th", "background-color:#e3e9ee") + QStringLiteral("</thead>");
     for (const Row& row : m_rows)

@@ -9,16 +9,16 @@
 
 namespace KOLT {
 
-/// The flights of one or more days as a sheet: a line for each flight, a sum for each day and one
-/// for all. Metric units, which stand in the headings. Flights without a date come last.
+/// A table of the flights of one or more days: a row per flight, a sum per day and a total. Figures
+/// are metric, with their units in the headings. Flights without a date come last.
 class DaySheet
 {
 public:
     struct Row
     {
         bool isSum = false;
-        QStringList cells;    ///< as many as there are headings
-        QStringList counters; ///< of a flight: take-off and landing on the unit's counter
+        QStringList cells;    ///< one per heading
+        QStringList counters; ///< take-off and landing in seconds on the counter; empty for a sum
     };
 
     static QStringList headings();
@@ -29,14 +29,14 @@ public:
 
     bool isEmpty() const { return m_rows.empty(); }
 
-    /// What the figures mean, in a sentence.
+    /// One sentence that says how flight time is counted.
     static QString explanation();
 
-    /// A page with title, explanation, a remark if there is one, and the table, for printing.
+    /// For printing: title, explanation, the remark unless it is empty, and the table.
     QString toHtml(const QString& title, const QString& remark = {}) const;
 
-    /// With a line of headings; the sums are left out, as spreadsheets make their own. Take-off and
-    /// landing stand once more at the end, on the unit's counter.
+    /// A line of headings and one per flight. Sums are left out, as a spreadsheet makes its own.
+    /// The last two columns are the row's counters.
     QString toCsv(const ListSettings& settings) const;
 
 private:

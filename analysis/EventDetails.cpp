@@ -8,14 +8,14 @@ namespace {
 
 constexpr double endOfTime = 1e300;
 
-/// The value of the last sample at or before the time, in stored order.
+/// The value of the last sample, in stored order, in the ten seconds up to the time.
 std::optional<double> valueUpTo(const DataSet& dataSet, const ProfileParameter* parameter,
                                 double seconds)
 {
     if (parameter == nullptr)
         return std::nullopt;
     const MessageSeries& series = seriesOf(dataSet.messages, *parameter);
-    // Engine speed comes many times a second; what is older says nothing about the moment.
+    // Engine speed is sent many times a second; an older value says nothing about the moment.
     constexpr double oldest = 10.0;
     std::optional<double> value;
     for (const StoredSample& sample : series.around(seconds - oldest, seconds)) {

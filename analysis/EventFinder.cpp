@@ -16,11 +16,11 @@ bool isWorse(ThresholdState previous, ThresholdState state)
            (previous == ThresholdState::Warning && state == ThresholdState::Limit);
 }
 
-/// A crossing without its text, of which there may be millions.
+/// An event without its text: there may be millions, and few are returned.
 struct Crossing
 {
     double seconds;
-    std::size_t order; ///< in which they are found: equal times keep the profile's
+    std::size_t order; ///< of finding, which is profile order; decides between equal times
     const Device* group;
     const ProfileParameter* parameter;
     const StoredSample* sample;
@@ -33,7 +33,7 @@ bool isEarlier(const Crossing& a, const Crossing& b)
     return a.seconds != b.seconds ? a.seconds < b.seconds : a.order < b.order;
 }
 
-/// Keeps the earliest crossings, in twice their memory at most.
+/// Keeps the maxEvents earliest crossings; holds at most twice as many meanwhile.
 class EarliestCrossings
 {
 public:
@@ -45,7 +45,7 @@ public:
             cut();
     }
 
-    /// By ascending time.
+    /// Those kept, by ascending time.
     const std::vector<Crossing>& finish()
     {
         if (m_crossings.size() > maxEvents)
@@ -87,7 +87,7 @@ void forEachCrossing(const Profile& profile, const Device& group, const ProfileP
     }
 }
 
-/// Calls function(crossing) in profile order, by time within a parameter as stored.
+/// Calls function(crossing) in profile order, and in stored order within a parameter.
 template <typename Function>
 void forEachCrossing(const Profile& profile, const DataSet& dataSet, EventScope scope,
                      Function&& function)
@@ -96,7 +96,7 @@ void forEachCrossing(const Profile& profile, const DataSet& dataSet, EventScope 
         for (const ProfileParameter* parameter : group.parameters) {
             const bool isAsked = scope == EventScope::AllParameters ||
                                  parameter->koltDataType == QLatin1String("WarningLamp");
-            // Without a threshold every state is Ok.
+            // Without a threshold the state is always Ok.
             if (isAsked && parameter->threshold != nullptr)
                 forEachCrossing(profile, group, *parameter, dataSet, function);
         }

@@ -9,7 +9,7 @@
 
 namespace KOLT {
 
-/// The moment at which a parameter crossed one of its thresholds for the worse.
+/// A moment at which a parameter's threshold state got worse.
 struct Event
 {
     double seconds = 0.0; ///< on the unit's counter
@@ -25,19 +25,19 @@ enum class EventScope {
     WarningLamps ///< only parameters of role "WarningLamp"
 };
 
-/// More are not listed: ten hours under a wrong profile have millions.
+/// Length limit of a list. Ten hours read with a wrong profile have millions of exceedances.
 constexpr std::size_t maxEvents = 100'000;
 
-/// The exceedances of a data set by ascending time, equal times in profile order; the first
-/// maxEvents of them. `leftOut` is told how many more there are.
+/// The first maxEvents exceedances of a data set by time; those of equal time are in profile order.
+/// `leftOut` receives the number of exceedances beyond.
 ///
-/// A step from Ok to anything, or from Warning to Limit, is an event. A parameter that is beyond
-/// its threshold from the first sample on gives none until it has been back. Costs one numeric
-/// decoding per sample of a graded parameter; text is made for events only.
+/// An event is a step from Ok to Warning or Limit, or from Warning to Limit. A parameter that
+/// exceeds its threshold from its first sample on gives none until it has recovered. Costs one
+/// numeric decoding per sample of a parameter with a threshold, and text for the returned events.
 std::vector<Event> findEvents(const Profile& profile, const DataSet& dataSet, EventScope scope,
                               std::size_t* leftOut = nullptr);
 
-/// The times of all exceedances, ascending, for those who only count them.
+/// The times of all exceedances, ascending and without a limit; for counting.
 std::vector<double> eventTimes(const Profile& profile, const DataSet& dataSet, EventScope scope);
 
 } // namespace KOLT

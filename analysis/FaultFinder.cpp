@@ -10,7 +10,7 @@ namespace KOLT {
 
 namespace {
 
-/// Walks a message once for all members that it carries.
+/// Finds the intervals of all faults that one message carries, in one pass.
 void findIntervals(const MessageSeries& series, const std::vector<FaultHistory*>& members,
                    double endSeconds)
 {
@@ -36,7 +36,7 @@ void findIntervals(const MessageSeries& series, const std::vector<FaultHistory*>
     }
 }
 
-/// Recordings whose time steps back give intervals out of order; what lookups need is order.
+/// Lookups need ascending intervals, which a recording whose time steps back does not give.
 void sortIntervals(FaultHistory& history)
 {
     std::vector<FaultInterval>& intervals = history.intervals;

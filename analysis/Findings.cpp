@@ -9,7 +9,7 @@ namespace KOLT {
 
 namespace {
 
-/// All that the findings depend on but the unit system.
+/// What the findings depend on, except for the unit system.
 struct Key
 {
     const Profile* profile = nullptr;

@@ -10,11 +10,11 @@
 
 namespace KOLT {
 
-/// What was found in a data set, for all who show it: lists, map, graph, sheets and exports. It is
-/// searched for once, at the first use, and kept beside the data set. Another profile or variant,
-/// other samples, and for the texts of exceedances another unit system have it searched for anew;
-/// the selection of parameters does not count. Whoever keeps a list keeps it alive, but its
-/// pointers into the profile hold no longer than the profile's.
+/// The exceedances and faults of a data set, shared by lists, map, graph, sheets and exports. They
+/// are searched for at the first use and kept with the data set. They are searched for again after
+/// a change of profile, variant or samples, and exceedances, because of their texts, after a change
+/// of the unit system; the selection of parameters does not matter. A list lives as long as its
+/// pointer, but what it refers to in the profile only until the profile is loaded again.
 using EventList = std::shared_ptr<const std::vector<Event>>;
 using FaultList = std::shared_ptr<const std::vector<FaultMatrix>>;
 
@@ -22,15 +22,15 @@ using FaultList = std::shared_ptr<const std::vector<FaultMatrix>>;
 EventList eventsOf(const Profile& profile, const DataSet& dataSet,
                    EventScope scope = EventScope::AllParameters);
 
-/// How many exceedances that list leaves out at its end.
+/// The number of exceedances beyond the end of that list.
 std::size_t eventsLeftOut(const Profile& profile, const DataSet& dataSet,
                           EventScope scope = EventScope::AllParameters);
 
 /// As findFaults().
 FaultList faultsOf(const Profile& profile, const DataSet& dataSet);
 
-/// The names of the warning lamps that were on at their first sample, with their devices'. They
-/// give no event until they have been off. O(lamps).
+/// "device parameter" of each warning lamp that was on at its first sample. Such a lamp gives no
+/// event until it has been off. O(lamps).
 QStringList lampsOnFromTheStart(const Profile& profile, const DataSet& dataSet);
 
 } // namespace KOLT

@@ -36,7 +36,7 @@ QDateTime momentOf(const DataSet& dataSet, double seconds)
 
 namespace {
 
-/// Of all exceedances, also of those that are too many to be listed.
+/// The times of all exceedances, also of those beyond the end of the list.
 std::vector<double> exceedanceTimes(const Profile& profile, const DataSet& dataSet)
 {
     if (eventsLeftOut(profile, dataSet) > 0)

@@ -10,7 +10,7 @@
 
 namespace KOLT {
 
-/// One flight as a log of flights shows it. Seconds on the unit's counter, metric units.
+/// One flight in a log of flights. Seconds are on the counter; units are metric.
 struct FlightLine
 {
     int number = 0;    ///< from 1 within its cycle
@@ -24,9 +24,10 @@ struct FlightLine
     double fuel = 0.0;
     double takeOffDistance = 0.0;
     double takeOffDistance15m = 0.0;
-    std::size_t exceedances = 0; ///< within the flight and the 30 s around it
+    std::size_t exceedances = 0; ///< from 30 s before take-off to 30 s after landing
 
-    /// From take-off to landing in whole seconds, as both are shown: lines and sums add up.
+    /// From take-off to landing, each cut to whole seconds as shown, so that the shown lines add up
+    /// to the shown sums.
     double flightSeconds() const;
 };
 
@@ -34,7 +35,7 @@ struct FlightLine
 struct FlightTotals
 {
     int flights = 0;
-    double seconds = 0.0; ///< in the air, whole ones
+    double seconds = 0.0; ///< in the air; a whole number
     double fuel = 0.0;
     std::size_t exceedances = 0;
 
@@ -45,16 +46,16 @@ struct FlightTotals
 struct FlightLog
 {
     std::vector<FlightLine> lines;
-    std::size_t exceedances = 0; ///< of the whole data set, also outside of flights
+    std::size_t exceedances = 0; ///< of the whole data set, outside flights too
 };
 
-/// The flights of a data set with their exceedances. Costs one pass over all graded parameters.
+/// The flights of a data set with their exceedances, which are searched for unless they are known.
 FlightLog flightLog(const Profile& profile, const DataSet& dataSet);
 
-/// Date and clock time of a moment; invalid when the recording has no date.
+/// Date and clock time of a moment; invalid if the recording has no date.
 QDateTime momentOf(const DataSet& dataSet, double seconds);
 
-/// The number with a fixed count of decimals and its unit, "-" when it is not finite.
+/// The number with fixed decimals and its unit; "-" for NaN and infinity.
 QString figureText(double value, int decimals, const QString& unit);
 
 } // namespace KOLT

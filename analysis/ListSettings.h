@@ -5,14 +5,14 @@
 
 namespace KOLT {
 
-/// What saving a list or a day sheet as CSV takes from the program's settings.
+/// Settings for saving a list or a day sheet as CSV.
 struct ListSettings
 {
-    QString folder{QStringLiteral(".")}; ///< offered first
+    QString folder{QStringLiteral(".")}; ///< where the file dialog starts
     QChar separator{u';'};
     bool decimalComma = false;
 
-    /// A text as it stands in the file: with the decimal comma when it is a number.
+    /// The text as written to the file: a number gets the decimal comma if that is set.
     QString numberText(QString text) const
     {
         bool isNumber = false;

@@ -2,9 +2,9 @@
 
 namespace KOLT {
 
-/// The one current time of a data set, and the replay that moves it. Times of the data set are
-/// seconds on the unit's counter, `now` is a wall clock in seconds. Knows no timer and no window:
-/// who owns it calls step() as often as it likes, and the speed does not depend on how often.
+/// The current time within a data set, and the replay that advances it. Times are seconds on the
+/// counter; `now` is a wall clock in seconds. Has no timer: the owner calls step() at any rate, and
+/// the replay's speed does not depend on that rate.
 class Replay
 {
 public:
@@ -12,10 +12,10 @@ public:
 
     static constexpr double minSpeed = 1.0;
     static constexpr double maxSpeed = 100.0;
-    /// Steps of the position slider.
+    /// Range of the position slider.
     static constexpr int positions = 10'000;
 
-    /// Takes the span of a data set and goes to its start, stopped.
+    /// Sets the span of a data set, stops and goes to its start.
     void setSpan(double first, double last)
     {
         m_first = first;
@@ -40,15 +40,14 @@ public:
     /// Starts, pauses or resumes.
     void toggle(double now);
 
-    /// Stops and rewinds.
+    /// Stops and goes to the start.
     void stop();
 
-    /// Moves the time by the wall-clock time since the last step times the speed. Beyond the end it
-    /// stops and rewinds. Does nothing unless running.
+    /// Advances the time by the wall-clock time since the last step, times the speed. Past the end
+    /// it stops and goes to the start. Does nothing unless running.
     void step(double now);
 
-    /// The slider's position of the current time, 0..positions within the span. 0 for a data set
-    /// without extent.
+    /// The slider position of the current time, from 0 to `positions`; 0 if the span is empty.
     int position() const;
     double timeAt(int position) const;
 

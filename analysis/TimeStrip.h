@@ -7,8 +7,8 @@
 
 namespace KOLT {
 
-/// Where the moments of a data set lie on a horizontal strip of pixels. A data set without extent
-/// lies at its left edge.
+/// Maps the time span of a data set to a horizontal strip of pixels. All moments of an empty span
+/// are at the left edge.
 struct TimeStrip
 {
     double first = 0.0; ///< seconds at the left edge
@@ -17,7 +17,7 @@ struct TimeStrip
 
     double extent() const { return std::max(last - first, 0.0); }
 
-    /// Within [0, width - 1] for moments of the data set and beyond.
+    /// In [0, width - 1]; moments outside the span are at its ends.
     int xOf(double seconds) const
     {
         if (extent() <= 0.0 || width <= 1 || !(seconds > first))
@@ -26,7 +26,7 @@ struct TimeStrip
         return static_cast<int>(x + 0.5);
     }
 
-    /// The moment in the middle of the pixel; xOf(timeAt(x)) is x.
+    /// The moment of a pixel: xOf(timeAt(x)) is x.
     double timeAt(int x) const
     {
         if (width <= 1)
@@ -35,7 +35,7 @@ struct TimeStrip
     }
 };
 
-/// A run of pixels, both ends included.
+/// Adjoining pixels; both ends belong to the run.
 struct PixelRun
 {
     int left = 0;
@@ -44,8 +44,8 @@ struct PixelRun
     bool operator==(const PixelRun&) const = default;
 };
 
-/// The interval that the user means by a pixel: one that lies there, or the nearest of those within
-/// `reach` pixels; null when there is none. The intervals must ascend. O(log intervals).
+/// The interval at a pixel, or the nearest one within `reach` pixels; null if there is none. The
+/// intervals must ascend. O(log intervals).
 inline const FaultInterval*
 intervalAt(const TimeStrip& strip, const std::vector<FaultInterval>& intervals, int x, int reach)
 {
@@ -64,8 +64,8 @@ intervalAt(const TimeStrip& strip, const std::vector<FaultInterval>& intervals, 
     return distance <= reach ? nearest : nullptr;
 }
 
-/// The pixels that show the intervals, at least one for each, neighbours joined. The intervals
-/// must ascend. O(min(intervals, pixels) * log intervals), so that a fault that flickers all day
+/// The pixels that the intervals cover, at least one for each; adjoining runs are joined. The
+/// intervals must ascend. O(min(intervals, pixels) * log intervals): a fault that flickers all day
 /// costs no more than the strip is wide.
 inline std::vector<PixelRun> pixelRuns(const TimeStrip& strip,
                                        const std::vector<FaultInterval>& intervals)
@@ -79,7 +79,7 @@ inline std::vector<PixelRun> pixelRuns(const TimeStrip& strip,
             runs.back().right = std::max(runs.back().right, run.right);
         else
             runs.push_back(run);
-        // What begins within the pixels that are filled already changes nothing but its end.
+        // Skip the intervals that also end within this run: they add no pixel.
         ++next;
         if (next != intervals.end() && strip.xOf(next->start) <= run.right) {
             const double filled = strip.timeAt(run.right);

@@ -10,7 +10,7 @@ namespace KOLT {
 
 namespace {
 
-/// Half a tick of the unit: a moment that went through some calculation is the same moment.
+/// Half a tick of the counter: tolerance for times that went through a calculation.
 constexpr double halfTick = 0.5 / 32e6;
 
 std::uint64_t ticks(const StoredSample& sample)
@@ -18,7 +18,7 @@ std::uint64_t ticks(const StoredSample& sample)
     return static_cast<std::uint64_t>(sample.timeHigh) << 32 | sample.timeLow;
 }
 
-/// Compares samples with one as the user sees them.
+/// Compares samples with a given one by the text that the user sees.
 class ShownText
 {
 public:
@@ -176,10 +176,10 @@ std::optional<std::size_t> TimeTable::nextChange(const Profile& profile, std::si
     if (behind == timeline.size())
         return std::nullopt;
     if (behind == 0)
-        return rowOf(timeline[0].tenths()); // nothing was shown before
+        return rowOf(timeline[0].tenths()); // the cell was empty before
     const ShownText shown(profile, parameter, timeline[behind - 1]);
     for (std::size_t i = behind; i < timeline.size(); ++i) {
-        // A sample that another in the same tenth follows is not shown.
+        // Of the samples in a tenth only the last one is shown.
         if (i + 1 < timeline.size() && timeline[i + 1].tenths() == timeline[i].tenths())
             continue;
         if (!shown.isTextOf(timeline[i]))

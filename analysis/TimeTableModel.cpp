@@ -16,7 +16,7 @@ namespace {
 constexpr QRgb dimmedText = qRgb(0x8a, 0x92, 0x9b);
 constexpr int tintPercent = 35;
 
-/// The colour as a pale background on which dark text stays readable.
+/// A pale shade of the colour on which dark text can be read.
 QColor tint(QRgb color)
 {
     const auto mix = [](int channel) { return 255 - (255 - channel) * tintPercent / 100; };
@@ -113,7 +113,7 @@ QVariant TimeTableModel::headerData(int section, Qt::Orientation orientation, in
     if (section == timeColumn)
         return role == Qt::DisplayRole ? tr("Time") : QVariant();
     const ProfileParameter& parameter = *m_table.columns()[at(section - 1)];
-    if (role == Qt::ToolTipRole) // a name must not become markup
+    if (role == Qt::ToolTipRole) // a name is plain text, whatever it looks like
         return Qt::mightBeRichText(parameter.fullName)
                    ? Qt::convertFromPlainText(parameter.fullName)
                    : parameter.fullName;

@@ -6,11 +6,11 @@
 
 namespace KOLT {
 
-/// The data table as an item model: the clock time, then one column for each chosen parameter.
+/// The data table as an item model: a column of times, then one per parameter.
 ///
-/// Values are decoded when a view asks for them, so that millions of rows cost no more than those
-/// in sight. A value that an earlier row brought is dimmed. Graded values carry the colour of their
-/// threshold as decoration, and beyond a limit a tint of it as background.
+/// Values are decoded when a view asks for them, so the cost does not depend on the number of rows.
+/// A value carried over from an earlier row is dimmed. A value with a threshold has its colour as
+/// decoration, and outside the normal range also a tint of it as background.
 class TimeTableModel : public QAbstractTableModel
 {
     Q_OBJECT
@@ -20,17 +20,18 @@ public:
 
     explicit TimeTableModel(const Profile& profile, QObject* parent = nullptr);
 
-    /// Data set and parameters must outlive the model's use of them: until the next call.
+    /// Data set and parameters must stay valid until the next call or clear().
     void setTable(const DataSet& dataSet, std::vector<const ProfileParameter*> parameters);
     void clear();
 
     const TimeTable& table() const { return m_table; }
 
-    /// The moment that is looked at. Its row shows what was known then, and not what came later
-    /// within its tenth; whoever shows the model repaints the row. Returns the row, -1 without any.
+    /// Sets the current moment. Its row shows the values as of the moment, without samples that
+    /// follow within the tenth. No signal is sent: the caller repaints the row. Returns the row, or
+    /// -1 if there are no rows.
     int setMoment(double seconds);
 
-    /// All rows are shown as a whole.
+    /// No row is limited to a moment any more.
     void clearMoment() { m_momentRow = -1; }
 
     int rowCount(const QModelIndex& parent = {}) const override;
@@ -39,7 +40,7 @@ public:
     QVariant headerData(int section, Qt::Orientation orientation,
                         int role = Qt::DisplayRole) const override;
 
-    /// The next (or previous) row in which the column's value changes; -1 when there is none, and
+    /// The next (or previous) row in which the text of the column changes; -1 if there is none, and
     /// for the column of times.
     int changedRow(const QModelIndex& from, bool forward) const;
 

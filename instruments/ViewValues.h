@@ -10,19 +10,19 @@
 #include <optional>
 #include <vector>
 
-/// What the instrument view is fed with.
+/// The values that the instrument view shows.
 namespace KOLT {
 
-/// Variables that are no parameters.
+/// Variables that are not parameters.
 inline const QString variantVariable = QStringLiteral("VARIANT");
 inline const QString unitVariable = QStringLiteral("UNIT");
 
-/// A parameter that the view shows. Its variables are called by its name, and by its full name;
-/// that of its state ends in "_STATE".
+/// A parameter that the view shows. It has a variable by its name and one by its full name, and for
+/// each of them a state variable, which ends in "_STATE".
 struct ViewParameter
 {
     QString name;
-    QString fullName;    ///< with its device
+    QString fullName;    ///< "device/name"
     std::int32_t id = 0; ///< message identifier
     const ProfileParameter* parameter = nullptr;
 };
@@ -32,10 +32,10 @@ std::vector<ViewParameter> viewParameters(const Profile& profile);
 
 QString stateVariable(const QString& name);
 
-/// All variables that the view is given, of the parameters and others.
+/// The names of all variables that the view is given.
 QSet<QString> viewVariables(const Profile& profile);
 
-/// Names that more than one parameter has: the variable is then the last one's.
+/// A name that several parameters have. The variable of that name has the last one's value.
 struct SharedName
 {
     QString name;
@@ -46,16 +46,16 @@ std::vector<SharedName> sharedNames(const std::vector<ViewParameter>& parameters
 
 struct ViewValue
 {
-    double number = 0.0; ///< metric; NaN where there is none
-    int state = 0;       ///< of the threshold: 0 normal, 1 warning, 2 limit; of no number 0
+    double number = 0.0; ///< metric; NaN if there is none
+    int state = 0;       ///< 0 normal, 1 warning, 2 limit; 0 if there is no number
 };
 
-/// The value of the first sample at or after the time; behind the last sample that one, as a 0
-/// there would be a false alarm. No number where the message was never recorded, or its type does
-/// not decode.
+/// The value of the first sample at or after the time; after the last sample, that one, as a 0
+/// would be a false alarm. No number if the message was never recorded or its type cannot be
+/// decoded.
 ViewValue viewValueAt(const DataSet& dataSet, const ViewParameter& parameter, double seconds);
 
-/// The variant's name as a decimal number; 0 where it is none.
+/// The variant's name as a decimal number; 0 if it is not a number.
 int variantNumber(const Profile& profile);
 
 } // namespace KOLT

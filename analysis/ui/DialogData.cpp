@@ -55,7 +55,7 @@ DialogData::DialogData(const Profile& profile, const HostedPages& pages, Display
     , m_clock(clock ? std::move(clock) : Clock(TUSK::Misc::Timer::getTime))
 {
     const bool isEmuDisplay = display == Display::EmuOnly;
-    if (isEmuDisplay) { // the style sheet makes it dark
+    if (isEmuDisplay) { // the style sheet has a dark look for this name
         setObjectName(QStringLiteral("emuDisplay"));
         setAttribute(Qt::WA_StyledBackground);
     }
@@ -115,7 +115,7 @@ void DialogData::createPages(const HostedPages& pages)
     auto* const limits = new DialogDataLimit(m_profile, m_stack);
     auto* const lamps = new DialogDataWarning(m_profile, m_stack);
     m_lists = {limits, lamps};
-    // The stack has them in the order of the tabs.
+    // In the order of the tabs.
     addPage(Page::Table, hosted(table));
     addPage(Page::Graph, pages.graph);
     addPage(Page::FaultMatrix, hosted(faults));
@@ -158,7 +158,7 @@ bool DialogData::eventFilter(QObject* watched, QEvent* event)
 
 void DialogData::resizeEvent(QResizeEvent* event)
 {
-    // In a narrow window the texts of the tabs are worth more than their icons.
+    // In a narrow window the tabs' texts matter more than their icons.
     const auto showIcons = [this](bool areShown) {
         for (int i = 0; i < m_tabs->count(); ++i)
             m_tabs->setTabIcon(i, areShown ? m_tabs->tabData(i).value<QIcon>() : QIcon());
@@ -175,7 +175,7 @@ void DialogData::resizeEvent(QResizeEvent* event)
 void DialogData::changeEvent(QEvent* event)
 {
     QWidget::changeEvent(event);
-    // Rows and columns are as large as their texts.
+    // Pages size rows and columns by the font.
     if (event->type() == QEvent::FontChange && m_loading != nullptr)
         refresh();
 }
@@ -255,7 +255,7 @@ void DialogData::refreshDisplays()
     m_dateDisplay->display(m_dataSet != nullptr ? dateTimeText(m_dataSet->dateTime, seconds)
                                                 : QString(noDate));
     m_timeDisplay->display(m_dataSet != nullptr ? counterText(seconds) : QString(noTime));
-    // Whoever types a time while the replay runs must not lose the half of it.
+    // The replay must not overwrite a time that is being typed.
     if (m_replay.state() != Replay::State::Running || !m_typing.isActive())
         m_timeEdit->setTime(time);
     m_slider->setValue(m_replay.position());
@@ -278,7 +278,7 @@ void DialogData::updateButtons()
     m_timeEdit->setEnabled(hasData);
     m_isWriting = true;
     m_speedSlider->setValue(static_cast<int>(m_replay.speed() * speedSteps));
-    if (m_speedBox->value() != m_replay.speed()) // it would rewrite what is being typed
+    if (m_speedBox->value() != m_replay.speed()) // setting it reformats the text being typed
         m_speedBox->setValue(m_replay.speed());
     m_isWriting = false;
 }
@@ -350,7 +350,7 @@ void DialogData::slotValue(const QTime& time)
 {
     if (m_isWriting)
         return;
-    // A recording longer than a day: the clock time of the first day that fits.
+    // In a recording of several days, the field means the first matching time within the data.
     constexpr double day = 24 * 60 * 60;
     double seconds = QTime(0, 0).secsTo(time);
     const double laterDay =
@@ -387,7 +387,7 @@ void DialogData::slotMapTime(double seconds)
 
 void DialogData::slotWarningTime(double seconds)
 {
-    // The map stays where it is: whoever walks through the lamps keeps the place in view.
+    // The map keeps its place while the user walks through the lamps.
     moveTo(seconds, {Page::WarningLamps, Page::Statistic, Page::Map});
 }
 

@@ -33,20 +33,20 @@ class Profile;
 struct DataSet;
 struct ListSettings;
 
-/// Of a time that there is not.
+/// Shown where there is no time.
 constexpr QLatin1String noDate{"--.--.---- --:--:--"};
 constexpr QLatin1String noTime{"--:--:--.---"};
 
-/// The date and time of a moment, to a second; dashes where the recording has none.
+/// Date and clock time, rounded to a second; noDate if the recording has no date.
 QString dateTimeText(const QDateTime& start, double seconds);
 
-/// The time on the unit's counter, to a millisecond.
+/// The time on the counter as a time of day, to a millisecond.
 QString counterText(double seconds);
 
 /// The analysis area: seven pages behind tabs, the map beside them, and the replay.
 ///
-/// Owns the one current time of the data set. Whatever moves it, a page or a control, only reports
-/// the time; this window passes it on to the others and writes its own controls.
+/// Owns the current time of the data set. Pages and controls report the time that the user picks;
+/// this window passes it on to the other pages and to its controls.
 class DialogData : public QWidget
 {
     Q_OBJECT
@@ -60,15 +60,15 @@ public:
         WarningLamps,
         Statistic,
         EmuView,
-        Map ///< beside the others, without a tab
+        Map ///< has no tab: it lies beside or below the others
     };
 
     static constexpr std::size_t pageCount = 8;
 
-    /// Wall-clock seconds, for the replay.
+    /// Returns wall-clock seconds, for the replay.
     using Clock = std::function<double()>;
 
-    /// A page of another room. The window takes the widget over.
+    /// A page of another room. The window takes ownership of the widget.
     struct HostedPage
     {
         DataPage* page = nullptr;
@@ -88,20 +88,19 @@ public:
         HostedPage map;
     };
 
-    /// EmuOnly: nothing but the instruments, the date and the replay's buttons.
+    /// EmuOnly shows only the instruments, the date and the replay buttons.
     enum class Display { Full, EmuOnly };
 
     DialogData(const Profile& profile, const HostedPages& pages, Display display = Display::Full,
                QWidget* parent = nullptr, Clock clock = {});
 
-    /// Data were loaded: shows them from their start. They must stay until clear() or the next
-    /// load.
+    /// Shows a data set from its start. It must stay valid until clear() or the next call.
     void setData(const DataSet& dataSet);
-    /// Drops the data on every page; before data set or profile go.
+    /// Drops the data on every page. To be called before data set or profile are deleted.
     void clear();
-    /// The same, and shows the text in place of the pages until setData() or clear().
+    /// Like clear(), and shows the text in place of the pages until setData() or clear().
     void beginLoading(const QString& text);
-    /// Other parameters are chosen, or other units.
+    /// To be called after a change of the parameter selection or of the units.
     void refresh();
     void setListSettings(const ListSettings& settings);
     /// Goes to a moment of the data set.
@@ -138,7 +137,7 @@ protected:
 private:
     enum MapType { hideMap, mapBeside, mapBelow };
 
-    static constexpr int speedSteps = 100; ///< of the speed slider for a factor of 1
+    static constexpr int speedSteps = 100; ///< speed slider steps for a factor of 1
 
     static QIcon icon(const QString& name);
 
@@ -162,15 +161,15 @@ private:
     Clock m_clock;
     Replay m_replay;
     const DataSet* m_dataSet = nullptr;
-    bool m_isWriting = false; ///< the window writes its own controls
+    bool m_isWriting = false; ///< the controls change by program
     QTimer* m_timer = nullptr;
     std::array<HostedPage, pageCount> m_pages;
-    std::array<DialogEventList*, 2> m_lists{}; ///< of exceedances, and of lamps
+    std::array<DialogEventList*, 2> m_lists{}; ///< exceedances, and lamps
     QTabBar* m_tabs = nullptr;
     QButtonGroup* m_mapButtons = nullptr;
     QSplitter* m_splitter = nullptr;
     QStackedWidget* m_stack = nullptr;
-    QLabel* m_loading = nullptr; ///< behind the seven pages of the stack
+    QLabel* m_loading = nullptr; ///< last in the stack, after the seven pages
     QLCDNumber* m_dateDisplay = nullptr;
     QLCDNumber* m_timeDisplay = nullptr;
     QToolButton* m_startButton = nullptr;

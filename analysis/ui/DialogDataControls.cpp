@@ -1,4 +1,4 @@
-// What the data window's controls look like.
+// Construction of the data window's controls.
 
 #include "analysis/ui/DialogData.h"
 
@@ -30,9 +30,9 @@ constexpr QSize buttonIconSize(24, 24);
 constexpr QSize tabIconSize(16, 16);
 constexpr int spacing = 6;
 constexpr int emuRowHeight = 44;
-constexpr int typingMilliseconds = 3000; ///< behind the last key
+constexpr int typingMilliseconds = 3000; ///< after the last key
 
-/// A slider that goes to where it is clicked, and can be dragged from there on.
+/// A slider that jumps to where it is clicked and can be dragged on from there.
 class PositionSlider : public QSlider
 {
 public:
@@ -82,7 +82,7 @@ void DialogData::stripToDisplay()
         widget->hide();
     for (QAbstractButton* button : m_mapButtons->buttons())
         button->hide();
-    // What is left lies in one low row below the instruments.
+    // The remaining controls form one low row below the instruments.
     m_dateDisplay->setMinimumHeight(emuRowHeight);
     m_dateDisplay->setMaximumHeight(emuRowHeight);
     for (QToolButton* button : {m_startButton, m_stopButton})
@@ -95,7 +95,7 @@ QBoxLayout* DialogData::createTopRow()
     m_tabs->setIconSize(tabIconSize);
     m_tabs->setExpanding(false);
     m_tabs->setDrawBase(false);
-    m_tabs->setUsesScrollButtons(false); // in a narrow window the texts are cut, and no tab is lost
+    m_tabs->setUsesScrollButtons(false); // no tab may scroll out of a narrow window; texts are cut
     m_tabs->setElideMode(Qt::ElideRight);
     m_tabs->addTab(icon(QStringLiteral("tab-data")), tr("Data"));
     m_tabs->addTab(icon(QStringLiteral("tab-graph")), tr("Graph"));
@@ -106,7 +106,7 @@ QBoxLayout* DialogData::createTopRow()
     m_tabs->addTab(icon(QStringLiteral("tab-emu-view")), tr("EMU View"));
     for (int i = 0; i < m_tabs->count(); ++i) {
         m_tabs->setTabData(i, m_tabs->tabIcon(i));
-        m_tabs->setTabToolTip(i, m_tabs->tabText(i)); // where the window is too narrow for all
+        m_tabs->setTabToolTip(i, m_tabs->tabText(i)); // for a text that is cut
     }
     connect(m_tabs, &QTabBar::currentChanged, this, [this] {
         if (m_stack->currentWidget() != m_loading)
@@ -167,7 +167,7 @@ QGridLayout* DialogData::createControls()
     grid->setContentsMargins(spacing, 0, spacing, spacing);
     m_startButton = createReplayButton();
     m_startButton->setToolTip(tr("Start or pause the replay"));
-    // Its texts differ in length; the slider beside it must not move with them.
+    // A constant width for all its texts keeps the slider beside it in place.
     int width = 0;
     for (const QString& text : {tr("Replay Start"), tr("Replay Pause"), tr("Replay Run")}) {
         m_startButton->setText(text);

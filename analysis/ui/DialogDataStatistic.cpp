@@ -26,7 +26,7 @@ QString figure(const char* pattern, double value)
     return QString::fromLatin1(pattern).arg(value, 0, 'g', QLocale::FloatingPointShortest);
 }
 
-/// Whole seconds; dashes for a ratio that has no value.
+/// A duration in whole seconds; dashes for a ratio that is not finite.
 QString timeText(double seconds)
 {
     return std::isfinite(seconds) ? durationText(seconds) : QStringLiteral("--:--:--");
@@ -39,7 +39,7 @@ DialogDataStatistic::DialogDataStatistic(QWidget* parent)
     , m_text(new QTextEdit(this))
 {
     m_text->setReadOnly(true);
-    m_text->setLineWrapMode(QTextEdit::NoWrap); // a figure and its unit stay on one line
+    m_text->setLineWrapMode(QTextEdit::NoWrap); // keeps figure and unit on one line
     m_text->setPlaceholderText(tr("Choose a flight on the left to see its figures."));
     auto* const layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);

@@ -10,7 +10,7 @@ class QTextEdit;
 
 namespace KOLT {
 
-/// The "Tow Statistic" page: the figures of the loaded flight, in metric units. Has no time.
+/// The "Tow Statistic" page: the figures of the loaded flight, in metric units. Ignores the time.
 class DialogDataStatistic : public QWidget, public DataPage
 {
     Q_OBJECT
@@ -18,7 +18,7 @@ class DialogDataStatistic : public QWidget, public DataPage
 public:
     explicit DialogDataStatistic(QWidget* parent = nullptr);
 
-    /// The figures as a table of rich text.
+    /// The figures as a rich-text table.
     static QString textOf(const Flight& flight);
 
 protected:
@@ -30,7 +30,7 @@ protected:
 
 private:
     QTextEdit* m_text;
-    QLabel* m_hint = nullptr; ///< below the figures of a flight
+    QLabel* m_hint = nullptr; ///< how flight time is counted; shown with a flight only
 };
 
 } // namespace KOLT

@@ -20,7 +20,8 @@ namespace {
 
 constexpr int pageMargin = 3;
 
-/// Cells may hold any text that the profile gives them; a tab would shift the columns.
+/// The text of a cell without tabs and line breaks, which the profile's texts may have and which
+/// would break the table.
 QString cellText(const QModelIndex& index)
 {
     QString text = index.data().toString();
@@ -36,7 +37,7 @@ qint64 cellCount(const QItemSelection& selection)
     return count;
 }
 
-/// The cells as lines of tab-separated text; a cell between them that is not selected stays empty.
+/// The cells as lines of tab-separated text, empty where a cell between them is not selected.
 QString tabSeparated(QModelIndexList cells)
 {
     std::sort(cells.begin(), cells.end()); // by row, then column
@@ -75,7 +76,7 @@ DialogDataTable::DialogDataTable(const Profile& profile, QWidget* parent)
     createView();
 
     m_hint = new QLabel(this);
-    m_hint->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred); // never widens the page
+    m_hint->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred); // must not widen the page
     auto* const bar = new QHBoxLayout;
     for (QAction* action : {m_previousChange, m_nextChange}) {
         auto* const button = new QToolButton(this);
@@ -114,7 +115,7 @@ void DialogDataTable::createView()
     m_view = new WidgetTimeTable(this);
     m_view->setModel(&m_model);
     m_copy = new QAction(QIcon(QStringLiteral(":/icons/copy.svg")), tr("Copy"), this);
-    m_copy->setShortcut(QKeySequence::Copy); // for the menu to show; the view handles the key
+    m_copy->setShortcut(QKeySequence::Copy); // shown in the menu; the view handles the key
     m_copy->setShortcutContext(Qt::WidgetShortcut);
     connect(m_copy, &QAction::triggered, this, &DialogDataTable::copySelection);
     connect(m_view, &WidgetTimeTable::signalPicked, this, &DialogDataTable::pick);

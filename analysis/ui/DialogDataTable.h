@@ -13,23 +13,22 @@ namespace KOLT {
 class ContentOrNote;
 class WidgetTimeTable;
 
-/// The page with the time table of the chosen parameters.
+/// The "Data" page: a table of the selected parameters over time.
 ///
-/// Marks the row of the current time and keeps it in sight without touching the user's selection.
-/// The user moves the time by picking a row, or by jumping to the next change of a column.
+/// Marks the row of the current time and keeps it visible without changing the user's selection.
+/// The user moves the time by picking a row, or by jumping to the next change in a column.
 class DialogDataTable : public QWidget, public DataPage
 {
     Q_OBJECT
 
 public:
-    /// Beyond this many cells nothing is copied, as the window would stand still.
+    /// More cells are not copied, as that would block the window.
     static constexpr qint64 maxCopiedCells = 200'000;
 
     explicit DialogDataTable(const Profile& profile, QWidget* parent = nullptr);
 
 signals:
-    /// The user picked a row; the moment at which all of it is known, in seconds on the scale of
-    /// the data set.
+    /// The user picked a row. The time of its latest sample, so that the row is shown complete.
     void signalTime(double seconds);
 
 protected:
@@ -55,7 +54,7 @@ private:
     QAction* m_copy = nullptr;
     QAction* m_nextChange = nullptr;
     QAction* m_previousChange = nullptr;
-    bool m_isFollowing = false; ///< the current row is moved by the program
+    bool m_isFollowing = false; ///< the program is changing the current row
 };
 
 } // namespace KOLT

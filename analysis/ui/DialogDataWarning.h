@@ -4,7 +4,7 @@
 
 namespace KOLT {
 
-/// The "Warning Lamps" page: when warning lamps came on.
+/// The "Warning Lamps" page: the moments when warning lamps came on.
 class DialogDataWarning : public DialogEventList
 {
     Q_OBJECT

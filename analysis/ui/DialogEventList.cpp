@@ -40,7 +40,7 @@ constexpr int timePadding = 8;
 constexpr QSize swatchSize(4, 11);
 constexpr QColor timeBackground(230, 230, 230);
 
-/// Tenths of seconds, halves up.
+/// Tenths of a second, halves rounded up.
 qint64 timeKey(double seconds)
 {
     return static_cast<qint64>(std::clamp(seconds, -1e15, 1e15) * 10.0 + 0.5);
@@ -51,14 +51,15 @@ QString timeText(double seconds)
     return clockTime(seconds).toString(QStringLiteral("hh:mm:ss.zzz"));
 }
 
-/// The first whole millisecond at or after the moment, so that what is shown for it is there.
+/// The first whole millisecond at or after the moment: earlier, the event's sample is not there
+/// yet.
 qint64 millisecondsOf(double seconds)
 {
-    constexpr double noise = 1e-5; // of the multiplication; a tick of the unit is three times that
+    constexpr double noise = 1e-5; // rounding error allowed for; a tick is 3e-5 ms
     return static_cast<qint64>(std::ceil(seconds * 1000.0 - noise));
 }
 
-/// A cell that asks its event for what it shows: a hundred thousand of them are made at once.
+/// A cell that stores only its event, as up to a hundred thousand are created at once.
 class EventItem : public QTableWidgetItem
 {
 public:
@@ -107,7 +108,7 @@ public:
         if (role == Qt::DisplayRole)
             return event().text;
         if (role == Qt::DecorationRole)
-            return QColor(event().grade.color); // a swatch of the icons' size
+            return QColor(event().grade.color); // drawn as a swatch of the icon size
         return EventItem::data(role);
     }
 };
@@ -183,7 +184,7 @@ void DialogEventList::createTable(const QString& heading)
     m_table->installEventFilter(this);
     m_table->viewport()->installEventFilter(this);
     connect(m_table, &QTableWidget::itemSelectionChanged, this, &DialogEventList::slotSelect);
-    // A row that is selected already can be asked for again.
+    // A row that is selected already can be picked again.
     connect(m_table, &QTableWidget::cellClicked, this, [this](int row) {
         if (row == m_pressedRow)
             report(row);
@@ -195,7 +196,7 @@ void DialogEventList::createMenu()
 {
     auto* const copyAction =
         new QAction(QIcon(QStringLiteral(":/icons/copy.svg")), tr("Copy"), this);
-    copyAction->setShortcut(QKeySequence::Copy); // for the menu to show; see eventFilter()
+    copyAction->setShortcut(QKeySequence::Copy); // shown in the menu; eventFilter() handles the key
     copyAction->setShortcutContext(Qt::WidgetShortcut);
     connect(copyAction, &QAction::triggered, this, &DialogEventList::copy);
     auto* const saveAction =
@@ -223,7 +224,7 @@ void DialogEventList::showData()
     }
     const EventList events = eventsOf(m_profile, *dataSet(), m_scope);
     if (events != m_events) {
-        clearTable(); // its cells refer to the events
+        clearTable(); // its cells refer to the old events
         m_events = events;
         fillTable();
     }
@@ -252,7 +253,7 @@ void DialogEventList::showData()
 
 void DialogEventList::fitTable()
 {
-    // At larger fonts rows and times need more room.
+    // Larger fonts need more than the usual sizes.
     m_table->verticalHeader()->setDefaultSectionSize(
         std::max(rowHeight, fontMetrics().height() + 1));
     m_table->setColumnWidth(
@@ -281,7 +282,7 @@ void DialogEventList::fillTable()
     const bool wasFilling = std::exchange(m_isFilling, true);
     m_table->setRowCount(static_cast<int>(m_shownEvents.size()));
     {
-        // The model would tell of every single cell.
+        // Otherwise the model would send a signal per cell.
         const QSignalBlocker blocker(m_table->model());
         int row = 0;
         for (const Event* event : m_shownEvents) {
@@ -299,7 +300,7 @@ void DialogEventList::showTime()
     if (m_shownEvents.empty())
         return;
     const bool wasFilling = std::exchange(m_isFilling, true);
-    // Of several in one tenth the last.
+    // The last of several in one tenth.
     const auto behind =
         std::ranges::upper_bound(m_shownEvents, timeKey(time()), {},
                                  [](const Event* event) { return timeKey(event->seconds); });
@@ -335,7 +336,7 @@ bool DialogEventList::eventFilter(QObject* watched, QEvent* event)
         const auto* const press = static_cast<QMouseEvent*>(event);
         const int row = m_table->rowAt(press->position().toPoint().y());
         m_pressedRow =
-            row == m_table->currentRow() ? row : -1; // another one is reported as selected
+            row == m_table->currentRow() ? row : -1; // any other row is reported by the selection
         return false;
     }
     if (watched == m_table->viewport() && event->type() == QEvent::ToolTip) {
@@ -344,9 +345,9 @@ bool DialogEventList::eventFilter(QObject* watched, QEvent* event)
         if (item == nullptr)
             return false;
         showToolTip(item->row());
-        return false; // the item's own tool tip is up to date now
+        return false; // the view shows the item's tool tip
     }
-    // The main window has another command on the copy key; in the list, it copies.
+    // Claims the copy key, which the main window uses for another command.
     const bool isOverride = event->type() == QEvent::ShortcutOverride;
     if (watched == m_table && (isOverride || event->type() == QEvent::KeyPress) &&
         static_cast<QKeyEvent*>(event)->matches(QKeySequence::Copy)) {

@@ -14,8 +14,8 @@ namespace KOLT {
 
 class ContentOrNote;
 
-/// A page with a list of exceedances. Highlights the last one at or before the current time; the
-/// user's choice of a row is reported. Base of the two lists, which differ in what they list.
+/// A page with a list of exceedances. Highlights the last one at or before the current time, and
+/// reports the row that the user picks. Base of the two lists, which differ in scope and heading.
 class DialogEventList : public QWidget, public DataPage
 {
     Q_OBJECT
@@ -24,7 +24,7 @@ public:
     void setSettings(const ListSettings& settings) { m_settings = settings; }
 
 signals:
-    /// The user chose a row; seconds on the scale of the data set, to a millisecond.
+    /// The user picked a row: its time in seconds, a whole number of milliseconds.
     void signalTime(double seconds);
 
 protected:
@@ -55,8 +55,8 @@ private:
     EventScope m_scope;
     ListSettings m_settings;
     EventList m_events;
-    std::vector<const Event*> m_shownEvents; ///< those that the filter lets through, by row
-    int m_pressedRow = -1;                   ///< the mouse went down on the selected row
+    std::vector<const Event*> m_shownEvents; ///< those that pass the filter, by row
+    int m_pressedRow = -1;                   ///< the selected row, if the mouse went down on it
     bool m_isFilling = false;
     QLineEdit* m_filter = nullptr;
     QTableWidget* m_table = nullptr;

@@ -18,8 +18,8 @@ constexpr int badgeWidth = 18;
 constexpr int stateWidth = 34;
 constexpr int countWidth = 32;
 constexpr int namePercent = 35;
-constexpr int reach = 3;       ///< pixels beside a fault in which a click still means it
-constexpr int smallestRun = 2; ///< pixels; a fault of one sample must be seen
+constexpr int reach = 3;       ///< pixels; a click this close to a fault means the fault
+constexpr int smallestRun = 2; ///< pixels; keeps a fault of one sample visible
 constexpr QColor stripColor(0xe9, 0xec, 0xef);
 constexpr QColor timeColor(0x1b, 0x22, 0x29);
 constexpr QColor focusColor(0x2f, 0x66, 0x90);
@@ -188,7 +188,7 @@ void WidgetErrorTime::reportAt(int x)
         return;
     const int place = x - m_layout.strip.left();
     double seconds = strip().timeAt(place);
-    // A short fault is narrower than a pointer is steady.
+    // A short fault is too narrow to be hit exactly.
     const FaultInterval* const meant = intervalAt(strip(), m_history.intervals, place, reach);
     if (meant != nullptr && m_history.stateAt(seconds) != FaultHistory::State::Set)
         seconds = meant->start;

@@ -7,16 +7,17 @@
 
 namespace KOLT {
 
-/// One line of the fault matrix: class and name of a fault, its state at the current time, how
-/// often it occurred, and a strip over the data set with the times in which it was set.
+/// One line of the fault matrix: class and name of a fault, its state at the current time, the
+/// number of occurrences, and a strip over the data set with the times in which it was set.
 ///
-/// A click in the strip reports its moment; Left and Right go to the occurrence before and after.
+/// A click in the strip reports that moment; the keys Left and Right report the start of the
+/// occurrence before and after the current time.
 class WidgetErrorTime : public QWidget
 {
     Q_OBJECT
 
 public:
-    /// Where the parts lie. The name gets what it needs, but at most a third of the width or so.
+    /// Where the parts lie.
     struct Layout
     {
         QRect errorClass;
@@ -26,15 +27,16 @@ public:
         QRect strip;
     };
 
+    /// The name gets `nameWidth` pixels, but at most 35 % of the width.
     static Layout layoutFor(const QSize& size, int nameWidth);
 
-    /// The history must outlive the widget. Times of the strip's ends in seconds.
+    /// The history must outlive the widget. `first` and `last` are the times of the strip's ends.
     WidgetErrorTime(const FaultHistory& history, double first, double last, int nameWidth,
                     QWidget* parent = nullptr);
 
     const FaultHistory& history() const { return m_history; }
 
-    /// Moves the line of the current time; repaints only when it reaches another pixel or state.
+    /// Moves the line of the current time; repaints only if its pixel or the state changes.
     void setTime(double seconds);
 
     QSize sizeHint() const override;
@@ -63,7 +65,7 @@ private:
     int m_nameWidth;
     double m_seconds = 0.0;
     Layout m_layout;
-    std::vector<PixelRun> m_runs; ///< of the strip at its present width
+    std::vector<PixelRun> m_runs; ///< for the strip's present width
 };
 
 } // namespace KOLT

@@ -35,7 +35,7 @@ WidgetFaultMatrix::WidgetFaultMatrix(const Profile& profile, QWidget* parent)
     bar->addWidget(m_summary);
     m_area = new QScrollArea(page);
     m_area->setWidgetResizable(true);
-    m_area->setFocusPolicy(Qt::NoFocus); // its lines take the focus
+    m_area->setFocusPolicy(Qt::NoFocus); // its lines take the focus instead
     m_area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     auto* const layout = new QVBoxLayout(page);
     layout->setContentsMargins(pageMargin, pageMargin, pageMargin, pageMargin);

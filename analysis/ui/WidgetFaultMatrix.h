@@ -15,8 +15,7 @@ namespace KOLT {
 class ContentOrNote;
 class WidgetErrorTime;
 
-/// The "Fault Matrix" page: for each error matrix of the profile a block with the history of its
-/// members. The histories are found once for all.
+/// The "Fault Matrix" page: a block for each error matrix of the profile, with a line per fault.
 class WidgetFaultMatrix : public QWidget, public DataPage
 {
     Q_OBJECT
@@ -25,7 +24,7 @@ public:
     explicit WidgetFaultMatrix(const Profile& profile, QWidget* parent = nullptr);
 
 signals:
-    /// The user chose a moment in a strip; seconds on the scale of the data set.
+    /// The user picked a moment in a strip, in seconds.
     void signalTime(double seconds);
 
 protected:

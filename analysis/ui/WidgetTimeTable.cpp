@@ -12,7 +12,7 @@ namespace KOLT {
 
 namespace {
 
-constexpr QSize swatchSize(4, 12); ///< of a threshold's colour
+constexpr QSize swatchSize(4, 12); ///< shows a threshold's colour
 constexpr int cellPadding = 4;
 constexpr int rowPadding = 6;
 constexpr int columnPadding = 12;
@@ -22,8 +22,8 @@ constexpr QColor timeVeil(0x2f, 0x66, 0x90, 28);
 
 } // namespace
 
-/// Draws the cells. The style's own drawing lays every text out several times, which is too slow
-/// for a replay over a full screen.
+/// Draws the cells. The style's own drawing lays out every text several times, which is too slow
+/// for a replay on a full screen.
 class TimeTableDelegate : public QStyledItemDelegate
 {
 public:
@@ -67,7 +67,7 @@ private:
         if (text.isEmpty())
             return;
         const QRect place = option.rect.adjusted(cellPadding, 0, -cellPadding, 0);
-        // Measuring costs as much as drawing; only a long text can be too wide.
+        // Measuring costs as much as drawing, so only texts that may be too wide are measured.
         if (text.size() * option.fontMetrics.maxWidth() / 2 > place.width())
             text = option.fontMetrics.elidedText(text, Qt::ElideRight, place.width());
         const QVariant foreground = index.data(Qt::ForegroundRole);
@@ -109,7 +109,7 @@ WidgetTimeTable::WidgetTimeTable(QWidget* parent)
 void WidgetTimeTable::createFrozenColumn()
 {
     m_frozen->setObjectName(QStringLiteral("frozenColumn"));
-    m_frozen->setAutoScroll(false); // it follows the table's scroll bar
+    m_frozen->setAutoScroll(false); // it follows the table's scroll bar instead
     m_frozen->setFocusPolicy(Qt::NoFocus);
     m_frozen->setFrameShape(QFrame::NoFrame);
     m_frozen->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -131,21 +131,21 @@ void WidgetTimeTable::setModel(QAbstractItemModel* model)
     QTableView::setModel(model);
     m_frozen->setModel(model);
     m_frozen->setSelectionModel(selectionModel());
-    fitRows(); // without rows it costs nothing
+    fitRows(); // cheapest before there are rows
 }
 
 void WidgetTimeTable::setTimeRow(int row)
 {
     const int before = m_delegate->timeRow();
     if (row >= 0 && row != currentIndex().row()) {
-        setAutoScroll(false); // it would go to the edge only, and sideways to the current column
+        setAutoScroll(false); // it scrolls to an edge only, and sideways
         selectionModel()->setCurrentIndex(
             model()->index(row, std::max(currentIndex().column(), frozenColumn)),
             QItemSelectionModel::NoUpdate);
         setAutoScroll(true);
     }
     if (row == before) {
-        updateRow(row); // what was known at the moment may have changed
+        updateRow(row); // its values may have changed with the moment
         return;
     }
     m_delegate->setTimeRow(row);
@@ -168,7 +168,7 @@ void WidgetTimeTable::bringInSight(int row)
 
 int WidgetTimeTable::sizeHintForColumn(int column) const
 {
-    // Of millions of rows, some from all over the recording tell how long the values get.
+    // A few rows from the whole recording show how long the values get.
     constexpr int samples = 64;
     const int rows = model()->rowCount();
     const int step = std::max(rows / samples, 1);
@@ -194,7 +194,7 @@ void WidgetTimeTable::fitRows()
         QHeaderView* const header = view->verticalHeader();
         const int height =
             std::max(fontMetrics().height() + rowPadding, header->minimumSectionSize());
-        // The header tells of every single row that it sets, of the same height too.
+        // Setting it sends a signal per row, even if the height stays the same.
         if (header->defaultSectionSize() != height)
             header->setDefaultSectionSize(height);
     }
@@ -232,7 +232,7 @@ void WidgetTimeTable::resizeEvent(QResizeEvent* event)
 QModelIndex WidgetTimeTable::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers)
 {
     const QModelIndex index = QTableView::moveCursor(action, modifiers);
-    // What the cursor reaches to the left must not hide behind the frozen column.
+    // A cell reached by moving left must not be hidden by the frozen column.
     const int hidden = m_frozen->width() - visualRect(index).left();
     if (action == MoveLeft && index.column() > frozenColumn && hidden > 0)
         horizontalScrollBar()->setValue(horizontalScrollBar()->value() - hidden);
@@ -248,7 +248,7 @@ bool WidgetTimeTable::eventFilter(QObject* watched, QEvent* event)
 
 bool WidgetTimeTable::event(QEvent* event)
 {
-    // The main window has another command on the copy key; in the table, it copies.
+    // Claims the copy key, which the main window uses for another command.
     if (event->type() == QEvent::ShortcutOverride &&
         static_cast<QKeyEvent*>(event)->matches(QKeySequence::Copy)) {
         event->accept();

@@ -6,8 +6,8 @@ namespace KOLT {
 
 class TimeTableDelegate;
 
-/// A table whose first column stays in sight when it is scrolled sideways, with a line across the
-/// row of the current time.
+/// A table whose first column does not scroll sideways, with a line across the row of the current
+/// time.
 class WidgetTimeTable : public QTableView
 {
     Q_OBJECT
@@ -17,18 +17,17 @@ public:
 
     void setModel(QAbstractItemModel* model) override;
 
-    /// Row of the current time, -1 for none. Makes it the current row, without selecting it, and
-    /// brings it to the middle when it is out of sight.
+    /// Sets the row of the current time, -1 for none. Makes it the current row without selecting
+    /// it, and scrolls it to the middle if it is not visible.
     void setTimeRow(int row);
 
-    /// Makes every column as wide as its heading and its values need; O(columns).
+    /// Fits every column to its heading and to a sample of its values; O(columns).
     void fitColumns();
 
 signals:
-    /// The copy key was pressed in the table.
+    /// The copy key was pressed.
     void signalCopy();
-    /// The row that is current already was clicked, or any was double-clicked or confirmed with
-    /// Return.
+    /// The current row was clicked again, or any row was double-clicked or confirmed with Return.
     void signalPicked(int row);
 
 protected:
@@ -47,7 +46,7 @@ private:
     void bringInSight(int row);
 
     TimeTableDelegate* m_delegate;
-    QTableView* m_frozen;  ///< the first column once more, over the table's own
+    QTableView* m_frozen;  ///< a second view of the first column, on top of the table
     int m_pressedRow = -1; ///< the row that was current when the mouse went down
 };
 

@@ -27,7 +27,7 @@ DialogDataView::DialogDataView(const Profile& profile, QString viewFile, QWidget
     setMinimumSize(160, 90);
     connect(&m_timer, &QTimer::timeout, this, &DialogDataView::slotTimeoutUpdate);
     m_timer.start(updateMilliseconds);
-    refresh(); // variant and unit system hold without data too
+    refresh(); // sets variant and unit system
 }
 
 DialogDataView::~DialogDataView()
@@ -39,7 +39,7 @@ DialogDataView::~DialogDataView()
 
 void DialogDataView::releaseGraphics()
 {
-    makeCurrent(); // what they hold belongs to the context
+    makeCurrent(); // their resources belong to the context
     m_view.releaseGraphics();
     m_handler.reset();
     doneCurrent();
@@ -47,7 +47,7 @@ void DialogDataView::releaseGraphics()
 
 void DialogDataView::initializeGL()
 {
-    // A widget that moves to another window gets another context.
+    // Moving to another window gives the widget another context.
     connect(context(), &QOpenGLContext::aboutToBeDestroyed, this, &DialogDataView::releaseGraphics);
     m_handler = std::make_unique<TUSK::OpenGL::GlHandler>();
     m_handler->initialize();
@@ -107,8 +107,8 @@ void DialogDataView::addFault(const Zinc2D::Diagnostic& fault)
     Diagnostics::print("DialogDataView <%s>\n", qUtf8Printable(fault.text()));
 }
 
-/// What hangs on a name that nobody sets would show dashes for good, or be a lamp that never
-/// lights.
+/// An element that refers to a name that is never set would show dashes forever, or be a lamp that
+/// never lights.
 void DialogDataView::findUnknownVariables()
 {
     QSet<QString> known = viewVariables(m_profile);
@@ -127,14 +127,14 @@ QString DialogDataView::faultsInWords() const
 {
     const bool isShown = m_view.width() > 0.0;
     Zinc2D::Diagnostic fault = isShown ? m_faults.front() : m_faults.back();
-    fault.file = QFileInfo(fault.file).fileName(); // a status bar has no room for a path
+    fault.file = QFileInfo(fault.file).fileName(); // the status bar is too small for a path
     return isShown ? tr("The instrument view has %n fault(s): %1", nullptr,
                         static_cast<int>(m_faults.size()))
                          .arg(fault.text())
                    : tr("The instrument view cannot be shown: %1").arg(fault.text());
 }
 
-/// Of names that the view uses; with full names it can tell the parameters apart.
+/// Covers only names that the view uses: it can use the full names instead.
 QStringList DialogDataView::sharedNamesInWords()
 {
     QSet<QString> used;
@@ -153,10 +153,10 @@ QStringList DialogDataView::sharedNamesInWords()
     return texts;
 }
 
-/// What is new about view and profile.
+/// Reports what was not reported yet about view and profile.
 void DialogDataView::tellFaults()
 {
-    if (!m_profile.parameters().empty()) // else all would be unknown
+    if (!m_profile.parameters().empty()) // without parameters all names are unknown
         findUnknownVariables();
     QStringList messages = sharedNamesInWords();
     if (m_faults.size() > m_toldFaults)
@@ -164,7 +164,7 @@ void DialogDataView::tellFaults()
     m_toldFaults = m_faults.size();
     if (messages.isEmpty())
         return;
-    // Not from within painting.
+    // Queued, as this may be called while painting.
     QMetaObject::invokeMethod(
         this, [this, message = messages.join(QLatin1Char(' '))] { emit signalMessage(message); },
         Qt::QueuedConnection);
@@ -172,7 +172,7 @@ void DialogDataView::tellFaults()
 
 void DialogDataView::dropData()
 {
-    m_parameters.clear(); // they point into the profile
+    m_parameters.clear(); // it points into the profile
     m_view.unsetVars();
     update();
 }
@@ -181,7 +181,7 @@ void DialogDataView::showData()
 {
     m_parameters = dataSet() != nullptr ? viewParameters(m_profile) : std::vector<ViewParameter>();
     if (m_isLoaded)
-        tellFaults(); // the profile may be another one
+        tellFaults(); // the profile may have changed
 }
 
 void DialogDataView::showTime()
@@ -211,7 +211,8 @@ void DialogDataView::pushValues()
         values.push_back(viewValueAt(*dataSet(), parameter, time()));
         push(parameter.fullName, values.back());
     }
-    // A name wins over another parameter's full name, and the last one of a name over the others.
+    // Set after the full names: a name takes precedence over an equal full name, and the last
+    // parameter of a name over the others.
     for (std::size_t i = 0; i < values.size(); ++i)
         push(m_parameters[i].name, values[i]);
     update();

@@ -16,8 +16,8 @@ namespace KOLT {
 /// The "EMU View" page: the engine's instrument panel, drawn from a view file
 /// (docs/formats/view.md).
 ///
-/// It only loads the view, fits it into the widget, and pushes values into the view's variables: of
-/// the parameters, their threshold states, the variant and the unit system.
+/// Loads the view, fits it into the widget, and sets the view's variables: values and threshold
+/// states of the parameters, variant and unit system.
 class DialogDataView : public QOpenGLWidget, public DataPage
 {
     Q_OBJECT
@@ -26,12 +26,12 @@ public:
     DialogDataView(const Profile& profile, QString viewFile, QWidget* parent = nullptr);
     ~DialogDataView() override;
 
-    /// The file is read when the page is painted for the first time.
+    /// The file is read when the page is first painted.
     void setViewFile(const QString& path) { m_viewFile = path; }
 
     const Zinc2D::ZincView& view() const { return m_view; }
 
-    /// Where the view lies in the widget: centred, with its aspect kept.
+    /// Scale and offset that centre the view in the widget and keep its aspect ratio.
     struct Fit
     {
         double scale = 1.0;
@@ -42,7 +42,7 @@ public:
     static Fit fit(const QSizeF& widget, const QSizeF& view);
 
 signals:
-    /// What is wrong with the view file, and which parameters it cannot tell apart; each once.
+    /// Faults of the view file, and names shared by several parameters; each is reported once.
     void signalMessage(const QString& text);
 
 protected:
@@ -70,11 +70,11 @@ private:
     QString m_viewFile;
     std::unique_ptr<TUSK::OpenGL::GlHandler> m_handler;
     Zinc2D::ZincView m_view;
-    bool m_isLoaded = false; ///< or it was tried
+    bool m_isLoaded = false; ///< or loading failed
     std::vector<Zinc2D::Diagnostic> m_faults;
-    std::size_t m_toldFaults = 0; ///< the first ones
-    QSet<QString> m_toldNames;    ///< of unknown variables
-    QSet<QString> m_toldShared;   ///< names that parameters share
+    std::size_t m_toldFaults = 0; ///< that many of m_faults are reported
+    QSet<QString> m_toldNames;    ///< unknown variables that are reported
+    QSet<QString> m_toldShared;   ///< shared names that are reported
     Fit m_fit;
     std::vector<ViewParameter> m_parameters;
     QTimer m_timer;

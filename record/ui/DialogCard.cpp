@@ -21,7 +21,7 @@ namespace KOLT {
 namespace {
 
 constexpr int settlingMilliseconds = 500;
-constexpr int valueRole = Qt::UserRole; ///< cycle number, or path of a file
+constexpr int valueRole = Qt::UserRole; ///< cycle number, or path of the file
 constexpr int flightRole = Qt::UserRole + 1;
 constexpr int wholeCycle = -1;
 constexpr int pageMargin = 3;
@@ -38,7 +38,7 @@ QString timeText(double seconds)
     return clockTime(seconds).toString(timeFormat);
 }
 
-/// A tree whose day headings are filled from edge to edge.
+/// A tree whose day headings are filled over the full width.
 class DayTree : public QTreeWidget
 {
 public:
@@ -54,7 +54,7 @@ protected:
     }
 };
 
-/// Puts a heading before the first entry of each day.
+/// Inserts a heading before the first entry of each day.
 class DayHeadings
 {
 public:
@@ -90,7 +90,7 @@ void addDetail(QTreeWidgetItem* file, const QString& label, const QString& value
 {
     auto* const item = new QTreeWidgetItem(file);
     item->setText(0, QStringLiteral("%1: %2").arg(label, value));
-    item->setFlags(Qt::ItemIsEnabled); // to be read, not to be loaded
+    item->setFlags(Qt::ItemIsEnabled); // for reading only: it cannot be selected
 }
 
 void addDetails(QTreeWidgetItem* file, const RecordInfo& info)
@@ -128,7 +128,7 @@ DialogCard::DialogCard(CardContainer& card, QWidget* parent)
 
     for (QTimer* timer : {&m_recordTimer, &m_cycleTimer}) {
         timer->setSingleShot(true);
-        timer->setTimerType(Qt::PreciseTimer); // a coarse one may be early
+        timer->setTimerType(Qt::PreciseTimer); // a coarse timer may fire early
         timer->setInterval(settlingMilliseconds);
     }
     connect(&m_recordTimer, &QTimer::timeout, this, &DialogCard::slotTimeout);
@@ -203,7 +203,7 @@ QString DialogCard::whyEmpty() const
 
 void DialogCard::clear(const Page& page)
 {
-    const QSignalBlocker blocker(page.tree); // what vanishes was not deselected by the user
+    const QSignalBlocker blocker(page.tree); // the user deselected nothing
     page.name->setText(m_card.folder());
     page.tree->clear();
     page.empty->setText(whyEmpty());
@@ -265,7 +265,7 @@ void DialogCard::listFlights(unsigned int cycle)
         return;
     QTreeWidgetItem* const cycleItem = found->second;
     const QSignalBlocker blocker(m_cyclesPage.tree);
-    int selected = wholeCycle; // a flight picked meanwhile stays picked
+    int selected = wholeCycle; // keep a flight selected that the user has picked meanwhile
     for (int i = 0; i < cycleItem->childCount(); ++i) {
         if (cycleItem->child(i)->isSelected())
             selected = i;
@@ -337,8 +337,8 @@ void DialogCard::showNothing()
 
 void DialogCard::repeatChoice(const QTreeWidgetItem& pressed, bool isCycle)
 {
-    // A choice that failed can be made again, after the card was inserted. What is loaded stays as
-    // it is, and so does the moment that is looked at.
+    // Repeats a choice that failed, as the card may have been inserted since. A choice that is
+    // loaded is left alone, which also keeps the current time.
     if (!m_hasFailed || !pressed.isSelected())
         return;
     if (isCycle)
@@ -353,7 +353,7 @@ void DialogCard::slotSelect()
     m_selectedPaths.clear();
     for (const QTreeWidgetItem* item : m_rawDataPage.tree->selectedItems())
         m_selectedPaths.push_back(item->data(0, valueRole).toString());
-    // A click beside the files asks for nothing.
+    // A click beside the files chooses nothing.
     if (m_selectedPaths.empty()) {
         m_recordTimer.stop();
         return;

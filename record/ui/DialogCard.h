@@ -19,11 +19,11 @@ class CardContainer;
 struct Cycle;
 
 /// The panel in which the user picks what to analyse: the engine cycles of the open card with their
-/// flights, or its raw record files, each grouped by day.
+/// flights, or its record files, each grouped by day.
 ///
-/// It loads nothing itself. A selection becomes a signal when it has been still for 500 ms; what is
-/// connected to signalLoadCycle loads at once, as the flights of a cycle are listed behind it. The
-/// container must outlive the panel.
+/// Loads nothing itself: a selection that has not changed for 500 ms is sent as a signal. A
+/// receiver of signalLoadCycle has to load before it returns, as the flights found are listed
+/// afterwards. The container must outlive the panel.
 class DialogCard : public QWidget
 {
     Q_OBJECT
@@ -31,30 +31,30 @@ class DialogCard : public QWidget
 public:
     explicit DialogCard(CardContainer& card, QWidget* parent = nullptr);
 
-    /// Fills both trees anew; call it after a folder was opened or read again.
+    /// Refills both trees; to be called after a folder was opened or read again.
     void refresh();
 
-    /// The folder that should be open is not there: says so while no other is open.
+    /// Says, while no folder is open, that this one cannot be found.
     void setMissingFolder(const QString& folder);
 
-    /// What was chosen last could not be loaded, or not all of it: it can be chosen again.
+    /// The last choice could not be loaded, or only in part: a click chooses it again.
     void setChoiceFailed() { m_hasFailed = true; }
 
-    /// Lists the flights of a cycle beneath it, as they were found when it was loaded.
+    /// Lists the flights of a loaded cycle below its item.
     void listFlights(unsigned int cycle);
 
-    /// Selects what is shown, where the user's choice could not be loaded: files, or a cycle with
-    /// the index of a flight (-1: all of it), or nothing. Nothing is loaded by that.
+    /// Selects what is shown after the user's choice could not be loaded: files, a cycle or a
+    /// flight by its index (-1: the whole cycle), or nothing. Sends no signal.
     void showFiles(const std::list<QString>& paths);
     void showCycle(unsigned int cycle, int flight);
     void showNothing();
 
 signals:
-    /// Load these files as one data set, in this order.
+    /// Load these files as one data set.
     void signalLoadRecord(const std::list<QString>& paths);
-    /// Load a cycle; with flight index -1 all of it, otherwise that flight.
+    /// Load a flight by its index, or with index -1 the whole cycle.
     void signalLoadCycle(unsigned int cycle, int flight);
-    void signalChanged();
+    void signalChanged(); ///< part of the interface; never sent
 
 private slots:
     void slotSelect();
@@ -68,7 +68,7 @@ private:
         QStackedLayout* stack = nullptr;
         QLineEdit* name = nullptr;
         QTreeWidget* tree = nullptr;
-        QLabel* empty = nullptr; ///< in place of an empty tree
+        QLabel* empty = nullptr; ///< shown in place of an empty tree
     };
 
     QString whyEmpty() const;
@@ -86,7 +86,7 @@ private:
     std::list<QString> m_selectedPaths;
     unsigned int m_selectedCycle = 0;
     int m_selectedFlight = -1; ///< -1: the whole cycle
-    bool m_hasFailed = false;  ///< what is selected could not be loaded
+    bool m_hasFailed = false;  ///< the selection could not be loaded
     QString m_missingFolder;
     QTimer m_recordTimer;
     QTimer m_cycleTimer;
