@@ -1,4 +1,4 @@
-// Finding events in a card of twenty hours, against decoding the same samples alone.
+// Finding events in a card of twenty hours, compared with only decoding the same samples.
 
 #include "analysis/EventFinder.h"
 #include "analysis/FaultFinder.h"

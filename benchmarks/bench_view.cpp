@@ -1,5 +1,5 @@
-// The instrument view: setting a hundred variables and building the frame, and a whole frame of the
-// installed panel on the software renderer, each beside the least that any view would cost.
+// The instrument view: setting a hundred variables and building the frame, and drawing a frame of
+// the installed panel with the software renderer. Each is compared with the least possible work.
 
 #include "benchmarks/Figures.h"
 #include "libs/tusk/gl/Primitives.h"
@@ -25,7 +25,7 @@ constexpr QSize pictureSize(1280, 720);
 constexpr int variableCount = 100;
 constexpr int textsPerGauge = 6;
 
-/// What the variables are given in turn, so that all of them change.
+/// Values to set in turn, so that every variable changes.
 double valueOf(int variable, int round)
 {
     return (variable * 37 + round * 13) % 100;
@@ -36,7 +36,7 @@ QString nameOf(int variable)
     return QStringLiteral("Parameter %1").arg(variable);
 }
 
-/// A context with a picture to draw into.
+/// An OpenGL context with an off-screen framebuffer.
 class Stage
 {
 public:
@@ -114,7 +114,7 @@ struct Core
     }
 };
 
-/// Without graphics: variables, expressions and draw lists.
+/// Variables, expressions and draw lists, without drawing.
 void setHundredAndBuild(benchmark::State& state)
 {
     Core core;
@@ -138,8 +138,8 @@ void setHundredUnchanged(benchmark::State& state)
     }
 }
 
-/// The least that keeping a hundred named values costs, and writing them down six times: a gauge
-/// has five labels and its number.
+/// The least possible work: storing a hundred named values and formatting each six times, as a
+/// gauge has five labels and a number.
 void keepAndFormatHundred(benchmark::State& state)
 {
     std::vector<QString> names;
@@ -158,7 +158,7 @@ void keepAndFormatHundred(benchmark::State& state)
     }
 }
 
-/// The installed panel, at its own size.
+/// The installed panel at its nominal size.
 class Panel
 {
 public:
@@ -220,7 +220,7 @@ void drawUnchangedFrame(benchmark::State& state)
         state.SkipWithError("something was rebuilt");
 }
 
-/// One rectangle as large as the picture: what any background costs.
+/// One rectangle that fills the framebuffer: the cost of any background.
 void drawRectangle(benchmark::State& state)
 {
     TUSK::OpenGL::TriangleStrip area;

@@ -1,8 +1,8 @@
-// The data window on the sample card: from a click on a flight to all pages ready, a step of the
-// replay, and a table of two million rows. Without OpenGL ("-platform offscreen") the pages that
-// draw with it are notes, and the times are those of our own painting. With it the whole window is
-// composed by OpenGL in each step; the software renderer needs some 25 to 40 ms for a window of
-// this size with nothing in it, so that there the steps are compared with such a window.
+// The data window on the sample card: loading a flight until all pages are ready, a replay step,
+// and a table of two million rows. Without OpenGL ("-platform offscreen") the OpenGL pages are
+// replaced by notes, and the times are those of our own painting. With OpenGL each step composes
+// the whole window; the software renderer needs 25 to 40 ms for an empty window of this size, so
+// steps are compared with such a window.
 
 #include "analysis/ui/DialogDataTable.h"
 #include "app/DataWindow.h"
@@ -37,7 +37,7 @@ Bench::Card& card()
     return card;
 }
 
-/// One parameter in every tenth of a second, as many rows as that gives.
+/// One parameter with a sample in each tenth of a second: one row per sample.
 const DataSet& longDataSet()
 {
     static const auto dataSet = [] {
@@ -54,7 +54,7 @@ const DataSet& longDataSet()
     return *dataSet;
 }
 
-/// Counts what is painted in all windows.
+/// Counts paint events in all windows.
 class PaintCounter : public QObject
 {
 public:
@@ -71,8 +71,8 @@ protected:
 
 std::unique_ptr<PaintCounter> painted;
 
-/// Handles events until something was painted, as what is timed has to be seen; false when nothing
-/// ever is.
+/// Handles events until something was painted, so that painting is part of the measured time. False
+/// if nothing is painted in time.
 bool paint(benchmark::State& state)
 {
     const int before = painted->count;
@@ -82,7 +82,7 @@ bool paint(benchmark::State& state)
     return isPainted;
 }
 
-/// A window with the data page in front.
+/// A data window that shows the data table.
 std::unique_ptr<DialogData> openWindow()
 {
     std::unique_ptr<DialogData> window(
@@ -110,7 +110,7 @@ void loadAndShowFlight(benchmark::State& state)
     }
 }
 
-/// As much text as the visible part of the table, straight to a pixmap.
+/// Paints as much text as the visible part of the table into a pixmap.
 void paintTexts(benchmark::State& state)
 {
     QPixmap pixmap(windowSize);
@@ -142,7 +142,7 @@ void replayStep(benchmark::State& state)
     }
 }
 
-/// What every opening has to do at least: look at each sample's tenth once.
+/// The least that opening a table has to do: read each sample's tenth once.
 void walkRows(benchmark::State& state)
 {
     const ProfileParameter& parameter = *card().profile.selectedParameters().front();
@@ -199,7 +199,7 @@ private:
     int m_frames = 0;
 };
 
-/// A window as large as ours, with a cleared area where the map would be.
+/// A window of the same size with a cleared OpenGL area in place of the map.
 class BareWindow : public QWidget
 {
 public:

@@ -47,7 +47,7 @@ private:
     QTableView* m_view = nullptr;
 };
 
-/// Speed once a second, 0 for 50 s and then 60; flow every two seconds, ungraded.
+/// Speed once a second: 0 for 50 s, then 60. Flow every two seconds, without a threshold.
 void TestDialogDataTable::init()
 {
     QVERIFY(loadProfile(
@@ -75,7 +75,7 @@ void TestDialogDataTable::init()
     m_view = m_page->findChild<QTableView*>();
     m_window->show();
     QVERIFY(QTest::qWaitForWindowExposed(m_window.get()));
-    QApplication::setActiveWindow(m_window.get()); // there is no window manager to do it
+    QApplication::setActiveWindow(m_window.get()); // no window manager does it
 }
 
 void TestDialogDataTable::modelShowsValues()
@@ -92,7 +92,7 @@ void TestDialogDataTable::modelShowsValues()
     QCOMPARE(cell(3, 0).data().toString(), "00:00:03.000");
     QCOMPARE(cell(0, 1).data().toString(), ""); // before its first sample
     QCOMPARE(look(3, 1), "1.5");
-    QCOMPARE(look(4, 1), "1.5 dimmed"); // from the row before
+    QCOMPARE(look(4, 1), "1.5 dimmed"); // carried over
     QCOMPARE(look(3, 2), "0 #00ff00");
     QCOMPARE(look(60, 2), "60 #ff0000 filled");
     const auto header = [&] { return m_view->model()->headerData(1, Qt::Horizontal).toString(); };
@@ -114,11 +114,11 @@ void TestDialogDataTable::followsWithoutReporting()
     const int top = m_view->visualRect(cell(70, 0)).top();
     const int height = m_view->viewport()->height();
     QVERIFY2(top > height / 4 && top < height * 3 / 4, qPrintable(QString::number(top)));
-    QCOMPARE(m_view->selectionModel()->selectedIndexes().size(), 4); // the user's stays
+    QCOMPARE(m_view->selectionModel()->selectedIndexes().size(), 4); // still the user's
     m_page->setTime(-5.0);
     QCOMPARE(m_view->currentIndex().row(), 0);
     QCOMPARE(reported.size(), 0);
-    // Within a tenth, the row of the moment has nothing of the future.
+    // The row of the moment has no later sample of the same tenth.
     add(m_dataSet->messages, 2, 99.0, floats(1.5F));
     add(m_dataSet->messages, 2, 99.02, floats(2.5F));
     m_page->setData(m_dataSet.get());
@@ -142,7 +142,7 @@ void TestDialogDataTable::pickedRowIsReported()
     QTest::keyClick(m_view, Qt::Key_Right); // the same row
     QCOMPARE(told(), -1.0);
     QCOMPARE(m_page->time(), 4.0);
-    // A row that is current already is asked for again, in the frozen column too.
+    // The current row can be picked again, in the frozen column too.
     auto* const frozen = m_view->findChild<QTableView*>("frozenColumn");
     for (const auto& [view, column] : {std::pair(m_view, 2), {frozen, 0}}) {
         QTest::mouseClick(view->viewport(), Qt::LeftButton, {},
@@ -153,10 +153,10 @@ void TestDialogDataTable::pickedRowIsReported()
     QCOMPARE(told(), 4.0);
     m_view->setCurrentIndex(cell(4, 2));
     QCOMPARE(told(), -1.0);
-    // With the control key to the next change of the value.
+    // Ctrl jumps to the next change of the value.
     QTest::keyClick(m_view, Qt::Key_Down, Qt::ControlModifier);
     QCOMPARE(told(), 50.0);
-    QTest::keyClick(m_view, Qt::Key_Down, Qt::ControlModifier); // there is no other
+    QTest::keyClick(m_view, Qt::Key_Down, Qt::ControlModifier); // there is none
     QCOMPARE(told(), -1.0);
     QTest::keyClick(m_view, Qt::Key_Up, Qt::ControlModifier);
     QCOMPARE(told(), 49.0);
@@ -164,7 +164,7 @@ void TestDialogDataTable::pickedRowIsReported()
 
 void TestDialogDataTable::copiesWithTheCopyKey()
 {
-    // The main window has a command on the same key.
+    // The main window uses the same key for a command.
     QAction other(m_window.get());
     other.setShortcut(QKeySequence(QStringLiteral("Ctrl+C")));
     m_window->addAction(&other);

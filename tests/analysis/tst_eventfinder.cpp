@@ -31,7 +31,7 @@ const QByteArray thresholds = unit("unitMetric='C' unitImperial='F' factor='1.8'
 
 void TestEventFinder::statesWalk_data()
 {
-    const Rows<QList<float>, QList<double>> row; // values one a second, expected
+    const Rows<QList<float>, QList<double>> row; // one value a second, expected times
     const float nan = std::nanf("");
     row("0 1 2 1 2 0 2", {0, 100, 200, 150, 250, 0, 300}, {1, 2, 4, 6});
     row("beyond from the start", {300, 300, 150, 120}, {});
@@ -125,7 +125,7 @@ void TestEventFinder::lampsAreSelectedByRole()
     QCOMPARE(lamps[0].text, "D lamp 1: Invalid ENUM Type ");
 }
 
-/// The parameter that the profile has first exceeds in the second half of the time only.
+/// The first parameter of the profile exceeds its threshold in the later part of the time only.
 void TestEventFinder::firstHundredThousandAreKept()
 {
     Profile profile;

@@ -27,7 +27,7 @@ private:
 
 void TestFaultFinder::intervals_data()
 {
-    const Rows<QByteArray, QList<double>> row; // the bit, once a second from 10 s on; ends
+    const Rows<QByteArray, QList<double>> row; // bit once a second from 10 s on, expected ends
     row("never", "000", {});
     row("once", "01100", {11, 13});
     row("one sample", "010", {11, 12});
@@ -111,7 +111,7 @@ void TestFaultFinder::stripPlaces()
 
 void TestFaultFinder::stripRuns_data()
 {
-    const Rows<QList<double>, QList<int>> row; // ends, expected
+    const Rows<QList<double>, QList<int>> row; // ends of intervals, expected ends of runs
     row("none", {}, {});
     row("apart", {10, 20, 50, 60}, {10, 20, 50, 60});
     row("too short for a pixel", {10.1, 10.2}, {10, 10});

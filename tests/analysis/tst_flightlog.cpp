@@ -30,7 +30,7 @@ private:
     std::unique_ptr<DataSet> m_dataSet;
 };
 
-/// A value of 0, with 150 from 20 s on, a peak of 250 at 30 s, and 0 again from 40 s on.
+/// "p" is 150 from 20 s to 40 s, with a peak of 250 at 30 s, and 0 otherwise.
 void TestFlightLog::init()
 {
     QVERIFY(loadProfile(
@@ -68,9 +68,9 @@ void TestFlightLog::exceedancesBelongToTheirFlight()
     const FlightLog log = flightLog(m_profile, *m_dataSet);
     QCOMPARE(log.exceedances, 2U);
     QCOMPARE(log.lines.at(0).exceedances, 0U);
-    QCOMPARE(log.lines.at(1).exceedances, 2U); // at both ends
+    QCOMPARE(log.lines.at(1).exceedances, 2U); // one at each end
     QCOMPARE(log.lines.at(0).takeOff.time(), QTime(23, 59, 5));
-    QCOMPARE(log.lines.at(0).flightSeconds(), 10.0); // as the shown times have it
+    QCOMPARE(log.lines.at(0).flightSeconds(), 10.0); // difference of the shown times
 }
 
 void TestFlightLog::eventDetails()
@@ -81,14 +81,14 @@ void TestFlightLog::eventDetails()
     QCOMPARE(high.peak, 250.0);
     QCOMPARE(high.peakText + high.unit, "250C");
     QCOMPARE(high.duration.value_or(-1), 20.0);
-    QCOMPARE(high.engineSpeed.value_or(-1), 1019.0); // the last before 20 s
+    QCOMPARE(high.engineSpeed.value_or(-1), 1019.0); // the last value before 20 s
     m_profile.setUnitSystem(UnitSystem::Imperial);
     const EventDetails imperial = detailsOf(m_profile, *m_dataSet, events[0]);
     QCOMPARE(imperial.peakText + imperial.unit, "501F");
     m_profile.setUnitSystem(UnitSystem::Metric);
     const EventDetails low = detailsOf(m_profile, *m_dataSet, events[1]);
-    QCOMPARE(low.peak, -300.0); // the farthest from normal, downwards
-    QVERIFY(!low.duration);     // it stayed until the end
+    QCOMPARE(low.peak, -300.0); // farthest from normal, below
+    QVERIFY(!low.duration);     // never returned to normal
 }
 
 void TestFlightLog::findingsAreFoundOnce()
@@ -102,7 +102,7 @@ void TestFlightLog::findingsAreFoundOnce()
     QCOMPARE(eventsOf(m_profile, *m_dataSet), events);
     m_profile.setUnitSystem(UnitSystem::Imperial);
     QVERIFY(eventsOf(m_profile, *m_dataSet)->front().text.endsWith("301 F"));
-    QCOMPARE(faultsOf(m_profile, *m_dataSet), faults); // no units in them
+    QCOMPARE(faultsOf(m_profile, *m_dataSet), faults); // they have no units
     m_profile.setUnitSystem(UnitSystem::Metric);
     add(m_dataSet->messages, 1, 60.0, floats(150.0F)); // other samples, then another profile
     QCOMPARE(eventsOf(m_profile, *m_dataSet)->size(), 3U);
@@ -142,9 +142,9 @@ void TestFlightLog::sheetSumsDays()
             "Sum 28.07.2026 2 flight(s) 02:00:00 4.50 1", "29.07.2026 10:00:00 00:10:00 4.00 2",
             "Sum 29.07.2026 1 flight(s) 00:10:00 4.00 2", "Unknown Date 00:00:00 00:01:00 1.00 0",
             "Sum Unknown Date 1 flight(s) 00:01:00 1.00 0", "Total 4 flight(s) 02:11:00 9.50 3"}));
-    QCOMPARE(sheet.rows().at(0).cells.at(7), "-"); // never found
+    QCOMPARE(sheet.rows().at(0).cells.at(7), "-"); // was not found
     QVERIFY(DaySheet({}).isEmpty());
-    QCOMPARE(DaySheet({line(day1, 60, 1, 0)}).rows().size(), 2U); // no total of one sum
+    QCOMPARE(DaySheet({line(day1, 60, 1, 0)}).rows().size(), 2U); // no total below a single sum
 }
 
 void TestFlightLog::sheetAsText()
@@ -152,9 +152,9 @@ void TestFlightLog::sheetAsText()
     const QDateTime day(QDate(2026, 7, 28), QTime(10, 0), Qt::UTC);
     const DaySheet sheet({line(day, 60, 1, 0), line(day, 60, 1, 0)});
     const QStringList lines = sheet.toCsv({".", '|', true}).split("\r\n");
-    QCOMPARE(lines.size(), 4); // headings, two flights, and the end
+    QCOMPARE(lines.size(), 4); // headings, two flights, empty end
     QCOMPARE(lines[1].count('|'), DaySheet::headings().size() + 1);
-    QCOMPARE(lines[1].left(11), "28.07.2026|"); // a date is no number
+    QCOMPARE(lines[1].left(11), "28.07.2026|"); // a date is not a number
     QVERIFY2(lines[1].contains("|1,00|") && lines[1].endsWith("|0,0|60,0"), qPrintable(lines[1]));
     const QString html = sheet.toHtml("A & B");
     QVERIFY(html.contains("A &amp; B"));

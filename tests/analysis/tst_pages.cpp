@@ -99,8 +99,8 @@ void TestPages::listShowsEvents()
                         "00:00:10.123 Engine Oil 150.0 bar", "00:00:20.000 Engine Rope; \"x\" 101 ",
                         "00:00:20.020 Engine Oil 200.0 bar", "00:00:30.000 Engine Lamp 1 "}));
     QCOMPARE(m_table->horizontalHeaderItem(1)->text(), "Warning/Limit Exceed");
-    QCOMPARE(m_table->item(0, 0)->data(Qt::UserRole).toLongLong(), 10'124); // not before it
-    // The tool tip is made when it is asked for.
+    QCOMPARE(m_table->item(0, 0)->data(Qt::UserRole).toLongLong(), 10'124); // rounded up
+    // The tool tip is made on demand.
     const QPoint place = m_table->visualItemRect(m_table->item(0, 1)).center();
     QHelpEvent help(QEvent::ToolTip, place, m_table->viewport()->mapToGlobal(place));
     QApplication::sendEvent(m_table->viewport(), &help);
@@ -126,7 +126,8 @@ void TestPages::listFollowsTheTime()
     page->setTime(25.0);
     QTest::keyClicks(page->findChild<QLineEdit*>(), "rope");
     QCOMPARE(m_table->rowCount(), 1);
-    QCOMPARE(m_table->item(m_table->currentRow(), 0)->text(), "00:00:20.000"); // the last in sight
+    QCOMPARE(m_table->item(m_table->currentRow(), 0)->text(),
+             "00:00:20.000"); // the last one that passes
     page->findChild<QLineEdit*>()->clear();
     QCOMPARE(m_table->currentRow(), 2);
 }
@@ -141,7 +142,7 @@ void TestPages::listReportsTheChoice()
     QTest::keyClick(m_table, Qt::Key_Up);
     QCOMPARE(reported.takeFirst().value(0).toDouble(), 20.0);
     QCOMPARE(reported.size(), 0);
-    // What is highlighted already can be asked for again.
+    // A highlighted row can be picked again.
     page->setTime(25.0);
     const QPoint place = m_table->visualItemRect(m_table->item(2, 1)).center();
     QTest::mouseClick(m_table->viewport(), Qt::LeftButton, {}, place);
@@ -258,8 +259,8 @@ void TestPages::statisticWithoutFlight()
     m_dataSet->flightIndex = 0;
     page->setData(m_dataSet.get());
     QVERIFY(text->toPlainText().contains("00:01:01"));
-    QVERIFY(page->findChild<QLabel*>()->isVisible()); // how it is counted
-    page->clear();                                    // leaves the text as it was
+    QVERIFY(page->findChild<QLabel*>()->isVisible()); // the note on flight time
+    page->clear();                                    // leaves the text
     QVERIFY(text->toPlainText().contains("00:01:01"));
 }
 
@@ -274,7 +275,7 @@ void TestPages::faultRows()
     QVERIFY(rows[1]->isVisible());
     onlyActive->click();
     QVERIFY(rows[0]->isVisible() && !rows[1]->isVisible());
-    page->refresh(); // the choice stays
+    page->refresh(); // keeps the choice
     QVERIFY(!page->findChildren<WidgetErrorTime*>().at(1)->isVisible());
     page->clear();
     QVERIFY(page->findChildren<WidgetErrorTime*>().isEmpty());
@@ -292,19 +293,19 @@ void TestPages::faultStripReports()
     const int start = strip.left() + places.xOf(10.0);
     for (const int x : {strip.left(), strip.right(), strip.left() - 10, start - 2, start - 9})
         QTest::mouseClick(row, Qt::LeftButton, {}, QPoint(x, strip.center().y()));
-    QCOMPARE(reported.size(), 4); // the name is none of it
+    QCOMPARE(reported.size(), 4); // the name reports nothing
     QCOMPARE(reported.takeFirst().value(0).toDouble(), 0.0);
     QCOMPARE(reported.takeFirst().value(0).toDouble(), 50.0);
-    QCOMPARE(reported.takeFirst().value(0).toDouble(), 10.0); // beside the fault means the fault
+    QCOMPARE(reported.takeFirst().value(0).toDouble(), 10.0); // close to the fault: its start
     QVERIFY(reported.takeFirst().value(0).toDouble() < 10.0);
-    // What is drawn: the fault's colour from 10 s to 20 s, the empty strip before.
+    // The strip is drawn in the fault's colour where the fault was set.
     const QImage picture = row->grab().toImage();
     const auto colorAt = [&](double seconds) {
         return picture.pixelColor(strip.left() + places.xOf(seconds), strip.center().y());
     };
     for (const auto& [seconds, color] :
          {std::pair(5.0, "#e9ecef"), {15.0, "#b3261e"}, {30.0, "#e9ecef"}, {45.0, "#b3261e"}})
-        QCOMPARE(colorAt(seconds).name(), color); // the second one is never cleared
+        QCOMPARE(colorAt(seconds).name(), color); // not cleared until the end
     page->setTime(30.0);
     QCOMPARE(row->grab().toImage().pixelColor(strip.left() + places.xOf(30.0), strip.center().y()),
              QColor(0x1b, 0x22, 0x29));

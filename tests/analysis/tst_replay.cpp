@@ -19,7 +19,7 @@ private slots:
 
 void TestReplay::runsByTheWallClock()
 {
-    // However late the steps come, the time is the same.
+    // The time does not depend on the number of steps.
     for (const int steps : {1, 7, 500}) {
         Replay replay;
         replay.setSpan(100.0, 1000.0);
@@ -43,7 +43,7 @@ void TestReplay::pauseLosesNoTime()
     QVERIFY(replay.state() == Replay::State::Paused);
     replay.step(500.0);
     QCOMPARE(replay.time(), 1.0);
-    replay.setTime(30.0); // the user looks elsewhere meanwhile
+    replay.setTime(30.0); // the user goes elsewhere during the pause
     replay.toggle(600.0);
     replay.step(602.0);
     QCOMPARE(replay.time(), 32.0);

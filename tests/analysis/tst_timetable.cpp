@@ -53,7 +53,7 @@ void TestTimeTable::rowsAreTheTenthsWithASample()
         add(m_dataSet->messages, 1, seconds);
     for (const double seconds : {0.5, 1.1, 1.3, 9.0})
         add(m_dataSet->messages, 2, seconds);
-    add(m_dataSet->messages, 3, 5.0); // nobody asks for it
+    add(m_dataSet->messages, 3, 5.0); // not a column
     QList<double> rows;
     const TimeTable all = table();
     for (std::size_t row = 0; row < all.rowCount(); ++row)
@@ -86,10 +86,10 @@ void TestTimeTable::rowAtTime()
     for (const auto& [seconds, row] : {std::pair(0.0, 0U),
                                        {2.0, 1U},
                                        {2.9, 1U},
-                                       {2.9999, 1U}, // nothing of the future
+                                       {2.9999, 1U}, // not yet the next row
                                        {5.7e11, 2U}})
         QCOMPARE(table().rowAt(seconds), row);
-    // Two values and one of another message within a tenth.
+    // Two values of a message and one of another within a tenth.
     for (const auto& [id, seconds, value] :
          {std::tuple(1U, 10.06, 1.0F), {1U, 10.14, 2.0F}, {2U, 10.10, 7.0F}})
         add(m_dataSet->messages, id, seconds, floats(value));
@@ -126,7 +126,7 @@ void TestTimeTable::jumpsToTheNextChange()
     for (auto row = all.previousChange(m_profile, 8, 0); row;
          row = all.previousChange(m_profile, *row, 0))
         backward << static_cast<qsizetype>(*row);
-    QCOMPARE(backward, (QList<qsizetype>{7, 5, 3, 1})); // the first sample as well
+    QCOMPARE(backward, (QList<qsizetype>{7, 5, 3, 1})); // includes the first sample
     QVERIFY(!all.nextChange(m_profile, 0, 2));
     QVERIFY(!all.previousChange(m_profile, 0, 0));
 }

@@ -31,7 +31,7 @@ QColor pixel(const QImage& picture, double x, double y)
     return picture.pixelColor(static_cast<int>(x * ratio), static_cast<int>(y * ratio));
 }
 
-/// How many pixels of an area have that colour.
+/// The number of pixels of that colour in an area.
 int count(const QImage& picture, const QRect& area, const QColor& color)
 {
     int found = 0;
@@ -140,7 +140,7 @@ void TestViewPage::makePage(const QByteArray& content)
 
 void TestViewPage::fits()
 {
-    // As it is, wide, high, larger; and no view.
+    // Same size, too wide, too high, larger; and no view.
     for (const auto& [widget, fit] : {std::pair(QSizeF(200, 150), "1 0 0"),
                                       {QSizeF(1000, 300), "2 300 0"},
                                       {QSizeF(100, 400), "0.5 0 162.5"},
@@ -160,12 +160,12 @@ void TestViewPage::pushesValues()
     QCOMPARE(valuesOf({"rpm", "rpm_STATE", "lamp", "lamp_STATE"}), "60 1 1 0");
     m_page->setTime(0.0); // before the first sample
     QCOMPARE(valuesOf({"rpm", "rpm_STATE"}), "10 0");
-    m_page->setTime(100.0); // behind the last one
+    m_page->setTime(100.0); // after the last one
     QCOMPARE(valuesOf({"rpm", "rpm_STATE"}), "90 2");
-    // Never recorded, or not to be decoded: no value, but a state.
+    // Never recorded, or a type that cannot be decoded: a state but no value.
     QCOMPARE(valuesOf({"missing", "missing_STATE", "text", "text_STATE"}), "- 0 - 0");
-    QCOMPARE(valuesOf({"other", "other_STATE"}), "- -"); // is not for the view
-    // What is no number keeps the last value, and is never graded.
+    QCOMPARE(valuesOf({"other", "other_STATE"}), "- -"); // not for the view
+    // NaN leaves the last value and has the state 0.
     add(m_dataSet->messages, 1, 10.0, floats(std::numeric_limits<float>::quiet_NaN()));
     m_page->setTime(9.0);
     QCOMPARE(valuesOf({"rpm", "rpm_STATE"}), "90 2");
@@ -181,7 +181,7 @@ void TestViewPage::timerFollowsTheProfile()
 {
     show();
     QCOMPARE(valuesOf({"UNIT"}), "0");
-    m_profile.setUnitSystem(UnitSystem::Imperial); // and nobody tells the page
+    m_profile.setUnitSystem(UnitSystem::Imperial); // without telling the page
     QTRY_COMPARE_WITH_TIMEOUT(valuesOf({"UNIT"}), "1", 3000);
 }
 
@@ -205,8 +205,8 @@ void TestViewPage::variantIsANumber()
     }
 }
 
-/// The name alone is the last device's, so a limit of the first one would not show; the full names
-/// tell both apart, and one of them may be another parameter's name.
+/// A shared name has the value of its last device; full names tell the devices apart. A name may
+/// equal another parameter's full name.
 void TestViewPage::sharedNames()
 {
     QByteArray content =
@@ -248,7 +248,7 @@ void TestViewPage::unknownVariables()
     QCOMPARE(m_messages.front(),
              "The instrument view has 2 fault(s): panel.v:3:26: there is no variable \"rqm\"");
     QCOMPARE(log.text().count("there is no variable \"other\""), 1);
-    // Another profile: only what is new is told.
+    // After a change of profile only new faults are reported.
     QVERIFY(
         loadProfile(m_profile, device({"name='rpm' id='1' dataType='FLOAT' viewId='EMU'",
                                        "name='missing' id='1' dataType='FLOAT' viewId='EMU'"})));
@@ -259,13 +259,13 @@ void TestViewPage::unknownVariables()
     QVERIFY(log.text().contains("no variable \"lamp\""));
 }
 
-/// Centred in a page that is too wide, and in one that is too high.
+/// The view is centred in a page that is too wide and in one that is too high.
 void TestViewPage::drawsWhereItFits()
 {
     m_page->setData(m_dataSet.get());
     m_page->setTime(5.0);
     show();
-    // The lamp lies at 150, 10 of 200 x 150 and is 40 wide.
+    // The lamp is at (150, 10) of 200 x 150 and 40 wide.
     for (const auto& [size, corner] :
          {std::pair(QSize(800, 300), QPoint(500, 20)), {QSize(400, 500), QPoint(300, 120)}}) {
         m_page->resize(size);
@@ -283,7 +283,7 @@ void TestViewPage::drawsNeedles()
 {
     m_page->setData(m_dataSet.get());
     show();
-    // On the way from (150, 150), 80 pixels long.
+    // Points on the needle, which starts at (150, 150), 80 pixels from there.
     const std::pair<double, QPoint> tips[] = {{1.0, {-76, -25}}, {5.0, {0, -80}}, {9.0, {76, -25}}};
     for (const auto& [time, tip] : tips) {
         m_page->setTime(time);
@@ -302,11 +302,11 @@ void TestViewPage::drawsLampsAndDashes()
     QImage picture = m_page->grabFramebuffer();
     const int dashes = count(picture, digits, green);
     QVERIFY(dashes > 20);
-    QCOMPARE(count(picture, digits.adjusted(0, 0, 0, -45), green), 0); // low and flat
+    QCOMPARE(count(picture, digits.adjusted(0, 0, 0, -45), green), 0); // dashes are low
     m_page->setData(m_dataSet.get());
     m_page->setTime(4.0);
     picture = m_page->grabFramebuffer();
-    QVERIFY(count(picture, digits.adjusted(0, 0, 0, -45), green) > 20); // figures stand higher
+    QVERIFY(count(picture, digits.adjusted(0, 0, 0, -45), green) > 20); // digits are high
     QCOMPARE(pixel(picture, 320, 30), QColor(0x20, 0x20, 0x20));
     m_page->setTime(5.0);
     QCOMPARE(pixel(m_page->grabFramebuffer(), 320, 30), QColor(0xff, 0, 0));
@@ -332,7 +332,7 @@ void TestViewPage::unchangedFrameRebuildsNothing()
     m_page->setTime(4.0);
     m_page->grabFramebuffer();
     QCOMPARE(m_page->view().rebuiltElements(), rebuilt);
-    m_page->setTime(3.0); // the gauge and the number; the lamp stays
+    m_page->setTime(3.0); // changes the gauge and the number, not the lamp
     m_page->grabFramebuffer();
     QCOMPARE(m_page->view().rebuiltElements(), rebuilt + 2);
 }
@@ -361,7 +361,7 @@ void TestViewPage::brokenViews()
     QVERIFY(log.text().contains(m_directory.filePath("panel.v") + ":"));
     QCOMPARE(pixel(m_page->grabFramebuffer(), 200, 150),
              isBlank ? QColor(Qt::white) : QColor(0x10, 0x18, 0x20));
-    m_page->setTime(6.0); // the values are pushed all the same
+    m_page->setTime(6.0); // values are set all the same
     QCOMPARE(valuesOf({"rpm"}), "60");
     m_page->hide();
     show();
@@ -378,8 +378,8 @@ void TestViewPage::installedPanelFitsTheProfile_data()
     }
 }
 
-/// Every variable of the panel is one that the page pushes, and the colours of its scales are those
-/// of the profile's thresholds.
+/// The page sets every variable of the panel, and the panel's scales have the colours of the
+/// profile's thresholds.
 void TestViewPage::installedPanelFitsTheProfile()
 {
     const auto [variant, unitSystem] = fetchRow<QString, int>();
@@ -407,7 +407,7 @@ void TestViewPage::installedPanelFitsTheProfile()
         if (shown == nullptr || shown->expressions.empty() || element.parts.empty() ||
             element.parts[0].type != Zinc2D::ElementType::Range)
             continue;
-        // What it is drawn from gives it a value.
+        // The parameter that the element shows: setting it gives the element a value.
         const auto parameters = viewParameters(profile);
         const auto found = std::ranges::find_if(parameters, [&](const ViewParameter& parameter) {
             variables.set(parameter.name, 1.0);
@@ -426,7 +426,7 @@ void TestViewPage::installedPanelFitsTheProfile()
             const double from = *range.number(Zinc2D::Property::From) / scale;
             const double to = *range.number(Zinc2D::Property::To) / scale;
             if (from >= to)
-                continue; // not in this variant
+                continue; // empty in this variant
             const auto color = range.color(Zinc2D::Property::Color, 0);
             for (const double inside : {from + (to - from) * 1e-6, to - (to - from) * 1e-6})
                 QVERIFY2(gradeOf(parameter, inside).color == color,
@@ -437,7 +437,7 @@ void TestViewPage::installedPanelFitsTheProfile()
     QVERIFY(compared > 20);
 }
 
-/// Lane A's value in the dial, the worse of both among the warnings.
+/// The dial shows lane A's value; the warnings show the worse of both lanes.
 void TestViewPage::installedPanelHidesNoLimit()
 {
     Zinc2D::VariableTable variables;

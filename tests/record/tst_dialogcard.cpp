@@ -16,7 +16,7 @@ using namespace KOLT::Test;
 
 Q_DECLARE_METATYPE(std::list<QString>)
 
-/// Operates the panel by mouse, with a small card of two days.
+/// Operates the panel with the mouse, on a small card of two days.
 class TestDialogCard : public QObject
 {
     Q_OBJECT
@@ -104,7 +104,7 @@ void TestDialogCard::init()
     m_dialog->resize(400, 700);
     m_dialog->show();
     QVERIFY(QTest::qWaitForWindowExposed(m_dialog.get()));
-    // Like the main window, load in the slot.
+    // Loads while the signal is delivered, like the main window.
     connect(m_dialog.get(), &DialogCard::signalLoadCycle, m_dialog.get(),
             [this](unsigned int cycle, int flight) {
                 if (flight < 0)
@@ -159,7 +159,7 @@ void TestDialogCard::rawDataTellsTheHeaders()
 void TestDialogCard::wholeCycleListsItsFlights()
 {
     click(cycleItem(1));
-    QCOMPARE(m_cycles->count(), 0); // only once the selection has settled
+    QCOMPARE(m_cycles->count(), 0); // waits until the selection is settled
     QVERIFY(m_cycles->wait());
     QCOMPARE(m_cycles->at(0), (QVariantList{1U, -1}));
     const QTreeWidgetItem* const cycle = cycleItem(1);
@@ -182,7 +182,7 @@ void TestDialogCard::flightKeepsTheList()
     click(flight);
     QVERIFY(m_cycles->wait());
     QCOMPARE(m_cycles->last(), (QVariantList{1U, 1}));
-    QCOMPARE(cycleItem(1)->child(1), flight); // not rebuilt
+    QCOMPARE(cycleItem(1)->child(1), flight); // the very same item
     click(cycleItem(1));
     QVERIFY(m_cycles->wait());
     QCOMPARE(m_cycles->last(), (QVariantList{1U, -1}));
@@ -228,10 +228,10 @@ void TestDialogCard::headingsAndDetailsAskForNothing()
     QCOMPARE(m_cycles->count(), 0);
     QVERIFY(tree(1)->selectedItems().isEmpty());
     click(cycleItem(1));
-    m_dialog->refresh(); // drops the pending request
+    m_dialog->refresh(); // cancels the pending choice
     QVERIFY(!m_cycles->wait(700));
     QVERIFY(tree(0)->selectedItems().isEmpty());
-    // Of several quick selections only the last is requested.
+    // Of several selections only the last one is sent.
     click(cycleItem(1));
     QTest::keyClick(tree(0), Qt::Key_Down);
     click(cycleItem(4));
@@ -245,7 +245,7 @@ void TestDialogCard::emptyFolderSaysSo()
 {
     const auto said = [this] {
         const auto* const note =
-            tree(0)->parentWidget()->findChild<QLabel*>(); // shown instead of the tree
+            tree(0)->parentWidget()->findChild<QLabel*>(); // in place of the tree
         return note->isVisible() ? note->text() : QString();
     };
     QCOMPARE(said(), "");
