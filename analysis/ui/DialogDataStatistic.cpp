@@ -45,9 +45,8 @@ DialogDataStatistic::DialogDataStatistic(QWidget* parent)
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_text);
     m_hint =
-        new QLabel(tr("Flight Time is counted from 30 s before take-off to 30 s after landing, "
-                      "as the flight was cut out. The day sheet counts from take-off to "
-                      "landing."),
+        new QLabel(tr("Flight Time runs from 30 s before take-off to 30 s after landing, like the "
+                      "loaded data. The day sheet counts from take-off to landing."),
                    this);
     m_hint->setWordWrap(true);
     m_hint->setMargin(hintMargin);

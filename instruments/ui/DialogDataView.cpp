@@ -146,8 +146,8 @@ QStringList DialogDataView::sharedNamesInWords()
         if (!isUsed || m_toldShared.contains(shared.name))
             continue;
         m_toldShared << shared.name;
-        texts << tr("Several parameters are called \"%1\" (%2). By this name the instrument view "
-                    "knows the last of them only.")
+        texts << tr("Several parameters are named \"%1\" (%2). Under this name the instrument view "
+                    "shows only the last one.")
                      .arg(shared.name, shared.fullNames.join(QStringLiteral(", ")));
     }
     return texts;

@@ -190,14 +190,15 @@ QString DialogCard::whyEmpty() const
     if (folder.isEmpty())
         return m_missingFolder.isEmpty()
                    ? tr("No folder is open. Choose one with \"Open Data Folder\".")
-                   : tr("The folder\n%1\nis not there. Insert the card, or choose another folder "
+                   : tr("The folder\n%1\ncannot be found. Insert the card, or choose another "
+                        "folder "
                         "with \"Open Data Folder\".")
                          .arg(m_missingFolder);
     const QFileInfo info(folder);
     if (!info.isDir())
-        return tr("The folder is not there any more.");
+        return tr("The folder no longer exists.");
     if (!info.isReadable() || !info.isExecutable())
-        return tr("The folder may not be read: please check its permissions.");
+        return tr("The folder cannot be read. Please check its permissions.");
     return tr("No record files in this folder");
 }
 

@@ -186,17 +186,17 @@
     <message>
         <source>The folder
 %1
-is not there. Insert the card, or choose another folder with &quot;Open Data Folder&quot;.</source>
+cannot be found. Insert the card, or choose another folder with &quot;Open Data Folder&quot;.</source>
         <translation>Der Ordner
 %1
 ist nicht da. Legen Sie die Karte ein, oder wählen Sie mit „Datenordner öffnen“ einen anderen.</translation>
     </message>
     <message>
-        <source>The folder is not there any more.</source>
+        <source>The folder no longer exists.</source>
         <translation>Der Ordner ist nicht mehr da.</translation>
     </message>
     <message>
-        <source>The folder may not be read: please check its permissions.</source>
+        <source>The folder cannot be read. Please check its permissions.</source>
         <translation>Der Ordner darf nicht gelesen werden: Bitte prüfen Sie seine Zugriffsrechte.</translation>
     </message>
 </context>
@@ -495,7 +495,7 @@ Verwenden Sie einen Namen mit der Endung .bmp, .png oder .jpg.</translation>
         <translation>&lt;br&gt;&lt;br&gt;&lt;b&gt;Kein Flug ausgewählt&lt;/b&gt;</translation>
     </message>
     <message>
-        <source>Flight Time is counted from 30 s before take-off to 30 s after landing, as the flight was cut out. The day sheet counts from take-off to landing.</source>
+        <source>Flight Time runs from 30 s before take-off to 30 s after landing, like the loaded data. The day sheet counts from take-off to landing.</source>
         <translation>Die Flugzeit zählt von 30 s vor dem Start bis 30 s nach der Landung, so wie der Flug ausgeschnitten wurde. Das Tagesblatt zählt vom Start bis zur Landung.</translation>
     </message>
 </context>
@@ -579,7 +579,7 @@ Wählen Sie weniger oder exportieren Sie die Daten als CSV-Datei.</translation>
         <translation>Die Instrumententafel lässt sich nicht anzeigen: %1</translation>
     </message>
     <message>
-        <source>Several parameters are called &quot;%1&quot; (%2). By this name the instrument view knows the last of them only.</source>
+        <source>Several parameters are named &quot;%1&quot; (%2). Under this name the instrument view shows only the last one.</source>
         <translation>Mehrere Parameter heißen „%1“ (%2). Unter diesem Namen kennt die Instrumententafel nur den letzten.</translation>
     </message>
 </context>

@@ -227,9 +227,9 @@ void TestViewPage::sharedNames()
     QTRY_COMPARE(m_messages.size(), 1);
     QCOMPARE(
         m_messages.front(),
-        "Several parameters are called \"rpm\" (D/rpm, E/rpm). By this name the instrument view "
-        "knows the last of them only. Several parameters are called \"lamp\" (E/lamp, D/lamp). "
-        "By this name the instrument view knows the last of them only.");
+        "Several parameters are named \"rpm\" (D/rpm, E/rpm). Under this name the instrument view "
+        "shows only the last one. Several parameters are named \"lamp\" (E/lamp, D/lamp). Under "
+        "this name the instrument view shows only the last one.");
     m_page->clear();
     m_page->setData(m_dataSet.get());
     QCoreApplication::processEvents();

@@ -255,7 +255,7 @@ void TestDialogCard::emptyFolderSaysSo()
     QCOMPARE(said(), "No record files in this folder");
     QVERIFY(QDir(empty.path()).removeRecursively());
     m_dialog->refresh();
-    QVERIFY(said().contains("not there any more"));
+    QVERIFY(said().contains("no longer exists"));
     QVERIFY(m_card->readContainer(m_folder.path()));
     m_dialog->refresh();
     QCOMPARE(said(), "");
@@ -265,7 +265,7 @@ void TestDialogCard::emptyFolderSaysSo()
     m_dialog->show();
     QVERIFY(said().contains("No folder is open"));
     m_dialog->setMissingFolder("/gone/<h1>card");
-    QVERIFY(said().contains("/gone/<h1>card\nis not there"));
+    QVERIFY(said().contains("/gone/<h1>card\ncannot be found"));
     m_dialog.reset();
 }
 
