@@ -20,7 +20,7 @@ void main()
 }
 )";
 
-// Every other pixel of a stippled line is left out.
+// A stippled line has every other pixel left out.
 constexpr auto plainFragment = R"(
 uniform lowp vec4 color;
 uniform bool isStippled;
@@ -218,7 +218,7 @@ void GlHandler::enableBlending()
 {
     glDisable(GL_DEPTH_TEST);
     glEnable(GL_BLEND);
-    // The picture itself stays opaque.
+    // The framebuffer stays opaque.
     glBlendFuncSeparate(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA, GL_ZERO, GL_ONE);
 }
 

@@ -13,13 +13,13 @@
 
 namespace TUSK::OpenGL {
 
-/// What the primitives draw with: a few small shader programs that every pipeline has, a buffer for
-/// vertices, and the matrix stack. Needs the current context of its making for all it does, its
-/// destruction included.
+/// Draws vertices: a few small shader programs that run on any OpenGL version, a vertex buffer and
+/// a matrix stack. Every call, destruction included, needs the context that was current in
+/// initialize().
 class GlHandler : protected QOpenGLFunctions
 {
 public:
-    /// Compiles the programs for the current context. False when that fails; nothing is then drawn.
+    /// Compiles the programs for the current context. On failure nothing is ever drawn.
     bool initialize();
 
     bool isReady() const { return m_isReady; }
@@ -33,10 +33,10 @@ public:
     /// Vertices of x, y and z in the matrix's units, and red, green, blue and alpha from 0 to 1.
     void drawColored(GLenum mode, std::span<const float> vertices, float lineWidth);
 
-    /// Triangles with x, y, s and t; the texture's alpha is that of the colour.
+    /// Triangles with x, y, s and t, in the colour with its alpha multiplied by the texture's.
     void drawTextured(std::span<const float> vertices, const QColor& color, GLuint texture);
 
-    /// The same with the texture's own colours, multiplied with the colour.
+    /// Triangles with x, y, s and t, in the texture's colours multiplied by the colour.
     void drawImage(std::span<const float> vertices, const QColor& color, GLuint texture);
 
     /// In pixels of the framebuffer.
@@ -45,7 +45,7 @@ public:
     void clear(const QColor& color);
     void enableBlending();
     void disableBlending();
-    /// In pixels of the framebuffer from the lower left; an empty area ends the clipping.
+    /// Clips drawing to framebuffer pixels from the lower left; an empty area ends the clipping.
     void clip(const QRect& area);
 
 private:

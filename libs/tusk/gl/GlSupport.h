@@ -2,8 +2,8 @@
 
 namespace TUSK::OpenGL {
 
-/// Whether the machine gives OpenGL contexts at all. Tries once, with the default surface format;
-/// needs the application object.
+/// Whether an OpenGL context of the default surface format can be created. Tried once; needs the
+/// application object.
 bool isAvailable();
 
 } // namespace TUSK::OpenGL

@@ -6,7 +6,7 @@
 
 namespace TUSK {
 
-/// The matrix that vertices are multiplied with, and those below it.
+/// A stack of matrices, of which the top one transforms vertices.
 class MatrixStack
 {
 public:
@@ -14,7 +14,7 @@ public:
 
     void push() { m_matrices.push_back(m_matrices.back()); }
 
-    /// The last one stays.
+    /// Does nothing if there is only one.
     void pop()
     {
         if (m_matrices.size() > 1)

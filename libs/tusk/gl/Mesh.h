@@ -5,8 +5,9 @@
 
 namespace TUSK::OpenGL {
 
-/// Triangles of many colours in a buffer that stays until it is filled anew: a picture of which
-/// nothing changed is drawn again without sending a vertex. Needs the context of its making.
+/// Coloured and textured triangles in a buffer that is kept between frames, so that an unchanged
+/// picture is drawn without sending vertices. Every call, destruction included, needs the context
+/// that was current in initialize().
 class Mesh : protected QOpenGLFunctions
 {
 public:
@@ -16,23 +17,23 @@ public:
         Image  ///< the texture, with the alpha of the vertices
     };
 
-    /// Some of the vertices and what they are painted with.
+    /// A range of the vertices and how it is painted.
     struct Batch
     {
         Paint paint = Paint::Plain;
         GLuint texture = 0;
-        QSizeF textureSize{1.0, 1.0}; ///< s and t of its far corner
-        QRect clip;                   ///< pixels from the lower left; empty: none
+        QSizeF textureSize{1.0, 1.0}; ///< s and t of the texture's far corner
+        QRect clip;                   ///< framebuffer pixels from the lower left; empty: none
         int first = 0;
         int count = 0;
     };
 
-    /// False when the program does not compile; nothing is then drawn.
+    /// Compiles the program for the current context. On failure nothing is ever drawn.
     bool initialize();
 
     void upload(std::span<const MeshVertex> vertices);
 
-    /// In their order, with the handler's matrix.
+    /// Draws the batches in order, with the handler's matrix.
     void draw(GlHandler& handler, std::span<const Batch> batches);
 
 private:

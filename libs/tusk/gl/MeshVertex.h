@@ -4,7 +4,7 @@
 
 namespace TUSK::OpenGL {
 
-/// A corner of a triangle: where it lies, where in the texture, and its colour.
+/// A corner of a triangle: position, texture coordinates and colour.
 struct MeshVertex
 {
     float x = 0.0F;

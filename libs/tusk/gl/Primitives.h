@@ -6,7 +6,7 @@
 
 namespace TUSK::OpenGL {
 
-/// A set of vertices that is filled and drawn, and filled anew for the next frame.
+/// Vertices of x and y that are collected and drawn in each frame.
 class VertexSet
 {
 public:
@@ -20,7 +20,7 @@ public:
         m_vertices.push_back(y);
     }
 
-    /// Takes all at once.
+    /// Replaces all vertices: x, y, x, y, ...
     void assign(std::span<const float> vertices)
     {
         m_vertices.assign(vertices.begin(), vertices.end());
@@ -30,12 +30,12 @@ protected:
     std::vector<float> m_vertices;
 };
 
-/// Single lines, two vertices each.
+/// Separate lines of two vertices each.
 class Lines : public VertexSet
 {
 public:
     float width = 1.0F;      ///< pixels of the framebuffer
-    bool isStippled = false; ///< every other pixel is left out
+    bool isStippled = false; ///< leaves out every other pixel
 
     void draw(GlHandler& handler, const QColor& color) const
     {
@@ -43,10 +43,10 @@ public:
     }
 };
 
-/// Lines through places in space: each from its first vertex to its last.
+/// A line through points in space.
 ///
-/// Vertices are relative to an origin of the caller's, whose matrix is on the stack when they are
-/// drawn: floats keep places to a millimetre only near it.
+/// Vertices are relative to an origin that the caller chooses and applies by the matrix, as floats
+/// are precise to a millimetre only near their origin.
 class LineStrips
 {
 public:
@@ -59,7 +59,7 @@ public:
     /// Pixels of the framebuffer.
     void setLineWidth(float width) { m_width = width; }
 
-    /// Each vertex keeps the colour that was set when it was added; otherwise all take the last.
+    /// True: a vertex keeps the colour that was set when it was added. False: all have the last.
     void setUseMultiColor(bool isMultiColor) { m_isMultiColor = isMultiColor; }
 
     void addVertex(float x, float y, float z, float alpha = 1.0F)
@@ -68,7 +68,7 @@ public:
                           {x, y, z, m_color.redF(), m_color.greenF(), m_color.blueF(), alpha});
     }
 
-    /// Single lines of two vertices each instead of one through all.
+    /// Separate lines of two vertices each instead of one line through all.
     void setArePairs(bool arePairs) { m_arePairs = arePairs; }
 
     void render(GlHandler& handler)
@@ -93,7 +93,7 @@ private:
     bool m_arePairs = false;
 };
 
-/// A filled area: each vertex makes a triangle with the two before it.
+/// A filled area: each vertex forms a triangle with the two before it.
 class TriangleStrip : public VertexSet
 {
 public:

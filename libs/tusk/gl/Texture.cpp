@@ -23,7 +23,7 @@ void Texture::render(GlHandler& handler) const
         return;
     const float x = m_halfWidth;
     const float y = m_halfHeight;
-    // The image begins at its top.
+    // t = 0 is the top of the image.
     const std::array<float, 24> vertices{-x, -y, 0.0F, 1.0F, x, -y, 1.0F, 1.0F, x,  y, 1.0F, 0.0F,
                                          -x, -y, 0.0F, 1.0F, x, y,  1.0F, 0.0F, -x, y, 0.0F, 0.0F};
     handler.drawImage(vertices, m_color, m_texture->textureId());

@@ -9,14 +9,14 @@
 
 namespace TUSK::OpenGL {
 
-/// A picture in a rectangle around the matrix's origin. Needs the current context like its handler.
+/// A picture in a rectangle centred on the origin. Needs the handler's context to be current.
 class Texture
 {
 public:
     /// False for a null picture. `width` and `height`: of the rectangle, in the matrix's units.
     bool load(const QImage& image, double width, double height);
 
-    /// Multiplied with the picture's.
+    /// Multiplied with the picture's colours.
     void setColor(const QColor& color) { m_color = color; }
 
     void render(GlHandler& handler) const;

@@ -11,7 +11,7 @@ namespace TUSK::OpenGL {
 namespace {
 
 constexpr int columns = 16;
-constexpr int padding = 2; ///< pixels around a glyph, so that neighbours do not shine through
+constexpr int padding = 2; ///< pixels around a glyph, which filtering may blend in
 
 } // namespace
 
@@ -90,7 +90,7 @@ void TextureFont::draw(GlHandler& handler, const QString& text, double x, double
 {
     addGlyphs(text);
     const double edge = padding / m_pixelRatio;
-    // On whole pixels of the framebuffer, where the glyphs are sharp.
+    // Glyphs are sharp on whole pixels of the framebuffer.
     const auto snapped = [this](double value) {
         return std::round(value * m_pixelRatio) / m_pixelRatio;
     };
@@ -103,7 +103,7 @@ void TextureFont::draw(GlHandler& handler, const QString& text, double x, double
             vertices.push_back(static_cast<float>(left + dx * glyph.size.width()));
             vertices.push_back(static_cast<float>(bottom + dy * glyph.size.height()));
             vertices.push_back(static_cast<float>(glyph.place.left() + dx * glyph.place.width()));
-            // The image begins at its top.
+            // t = 0 is the top of the image.
             vertices.push_back(
                 static_cast<float>(glyph.place.top() + (1.0 - dy) * glyph.place.height()));
         };

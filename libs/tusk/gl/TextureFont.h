@@ -13,31 +13,33 @@
 
 namespace TUSK::OpenGL {
 
-/// Texts drawn from one texture that holds the font's glyphs, antialiased. Glyphs are added when a
-/// text needs them. Needs the current context like its handler.
+/// Draws antialiased text from a texture of glyphs. A glyph is added when a text first needs it.
+/// Needs the handler's context to be current.
 class TextureFont
 {
 public:
-    /// `pixelRatio`: pixels of the framebuffer for each unit of the matrix.
+    /// Starts with the printable ASCII characters. `pixelRatio`: framebuffer pixels per unit of the
+    /// matrix.
     TextureFont(const QFont& font, double pixelRatio);
 
-    /// Takes up only characters that are asked for: for large fonts of which few are needed.
+    /// Starts without glyphs, for large fonts of which few characters are needed.
     static TextureFont makeEmpty(const QFont& font, double pixelRatio);
 
     double width(const QString& text) const;
 
-    /// The text begins at x, or ends there, with its middle at the height y.
+    /// The text starts or ends at x, and is vertically centred on y.
     void draw(GlHandler& handler, const QString& text, double x, double y, const QColor& color,
               bool endsAtX = false);
 
     /// Height of the capital letters.
     double capHeight() const { return m_metrics.capHeight(); }
 
-    /// Takes up the characters of a text that will be appended, so that the texture is made once.
+    /// Adds the characters of a text that will be appended. Reserving all texts first makes the
+    /// texture only once.
     void reserve(const QString& text);
 
-    /// Adds the glyphs as triangles for a mesh: from x on, standing on the height y, with y
-    /// downwards and s and t in pixels of the texture. They stay right when more characters come.
+    /// Adds the triangles of a text that starts at x with its baseline at y, y downwards. s and t
+    /// are in pixels of the texture, so that they stay valid when glyphs are added.
     void append(const QString& text, double x, double y, std::uint32_t rgba,
                 std::vector<MeshVertex>& vertices);
 
@@ -63,8 +65,8 @@ private:
     QFontMetricsF m_metrics;
     double m_pixelRatio;
     QHash<QChar, Glyph> m_glyphs;
-    QString m_characters;          ///< all glyphs, in their order in the texture
-    qsizetype m_drawnCharacters{}; ///< those that the texture has
+    QString m_characters;          ///< in their order in the texture
+    qsizetype m_drawnCharacters{}; ///< number of those that are in the texture
     std::unique_ptr<QOpenGLTexture> m_texture;
 };
 

@@ -2,8 +2,8 @@
 
 namespace TUSK::Math::Filter {
 
-/// One step of a first-order lag: the new output for an input, from the output before it. Time
-/// constant and step in seconds; y + (u - y) * step / (T + step).
+/// One step of a first-order lag: the output after `output` for an input. Time constant and step
+/// are in seconds; y + (u - y) * step / (T + step).
 inline double pt1(double output, double input, double timeConstant, double step)
 {
     return output + (input - output) * step / (timeConstant + step);

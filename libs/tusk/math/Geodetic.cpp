@@ -7,7 +7,7 @@ namespace TUSK::Geodetic {
 
 double distance(double latitude1, double longitude1, double latitude2, double longitude2)
 {
-    // The cosine of equal places can fall short of 1 by rounding: 9 cm.
+    // Rounding can leave the cosine of equal places below 1, which would make them 9 cm apart.
     if (latitude1 == latitude2 && longitude1 == longitude2)
         return 0.0;
     const double phi1 = latitude1 * radiansPerDegree;
@@ -15,7 +15,7 @@ double distance(double latitude1, double longitude1, double latitude2, double lo
     const double deltaLambda = (longitude2 - longitude1) * radiansPerDegree;
     const double cosine =
         std::sin(phi1) * std::sin(phi2) + std::cos(phi1) * std::cos(phi2) * std::cos(deltaLambda);
-    // Rounding carries the cosine past 1 for places next to each other.
+    // Rounding can carry the cosine past 1 for neighbouring places.
     return std::acos(std::clamp(cosine, -1.0, 1.0)) * radius;
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-/// The earth as a sphere on which one minute of arc is a nautical mile of 1852 m. Degrees and
+/// The earth as a sphere on which a minute of arc is 1852 m. Angles are in degrees, lengths in
 /// metres.
 namespace TUSK::Geodetic {
 
@@ -8,7 +8,7 @@ inline constexpr double metresPerDegree = 60.0 * 1852.0;
 inline constexpr double radiansPerDegree = 0.017453292519943295;
 inline constexpr double radius = metresPerDegree / radiansPerDegree;
 
-/// A place or direction in space, in metres from the centre of the earth.
+/// A position relative to the centre of the earth, or a direction.
 struct Vector
 {
     double x = 0.0; ///< towards 90 degrees east on the equator
@@ -21,7 +21,7 @@ struct Vector
 /// Great-circle distance by the spherical law of cosines; equal places are 0 m apart.
 double distance(double latitude1, double longitude1, double latitude2, double longitude2);
 
-/// The place on the surface.
+/// A position on the surface.
 Vector latLong2Cartesian(double latitude, double longitude);
 
 } // namespace TUSK::Geodetic

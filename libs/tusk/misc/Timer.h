@@ -2,7 +2,7 @@
 
 namespace TUSK::Misc::Timer {
 
-/// Wall-clock seconds since some moment before the program started. Never steps back.
+/// Seconds of a monotonic clock with an arbitrary origin.
 double getTime();
 
 } // namespace TUSK::Misc::Timer
