@@ -341,7 +341,7 @@ void TestViewPage::brokenViews_data()
 {
     const Rows<QByteArray, QString, bool> row; // content, message, isBlank
     row("no view", "<picture/>",
-        "The instrument view cannot be shown: panel.v:1:2: this is no view: "
+        "The instrument view cannot be shown: panel.v:1:2: this is not a view: "
         "the first element is \"picture\"",
         true);
     row("broken element", "<view width='20' height='15' background='#101820'>\n<dial/></view>",

@@ -10,7 +10,6 @@ using KOLT::Test::Rows;
 
 namespace {
 
-/// What an expression yields, in words.
 QString inWords(const Value& value)
 {
     return !value.isSet()   ? QStringLiteral("unset")
@@ -61,7 +60,7 @@ void TestExpression::evaluates_data()
     row("[ ECU Lane A/Oil Temp ]", "-3.5");
     row("rpm > 5000 ? rpm > 5500 ? 2 : 1 : 0", "2");
     row("zero ? 1 : zero ? 2 : 3", "3");
-    row("orange + 1", "8"); // a name that begins like an operator
+    row("orange + 1", "8"); // a name that starts with an operator's name
     row("rpm > 1 ? 'psi' : 'bar'", "'psi'");
     row("'a b' == 'a b'", "1");
     row("#ff8000", "4294934528");
@@ -69,13 +68,13 @@ void TestExpression::evaluates_data()
     row("abs(-2) + min(4, 2, 3) + max(1, 5) + avg(1, 2, 6)", "12");
     row("round(2.5) + floor(-1.5) + ceil(1.2)", "3");
     row("sqrt(16) + clamp(9, 0, 5) + min(7)", "16");
-    // What is not set propagates ...
+    // Operands that are not set propagate ...
     row("nothing + 1", "unset");
     row("-nothing", "unset");
     row("nothing == 0", "unset");
     row("nothing ? 1 : 2", "unset");
     row("max(1, nothing)", "unset");
-    // ... except where the rest decides.
+    // ... unless the other operands decide.
     row("nothing && zero", "0");
     row("zero && nothing", "0");
     row("nothing || 1", "1");
@@ -86,14 +85,14 @@ void TestExpression::evaluates_data()
     row("isset(zero)", "1");
     row("first(nothing, also nothing, 3)", "error");
     row("first(nothing, [also nothing], 3, 4)", "3");
-    // No result is no number.
+    // Undefined results
     row("1 / zero", "unset");
     row("5 % zero", "unset");
     row("sqrt(-1)", "unset");
     row("1e308 * 10", "unset");
-    row("(rpm > 1 ? 'a' : 1) + 1", "unset"); // a text only now
+    row("(rpm > 1 ? 'a' : 1) + 1", "unset"); // a text for this value only
     row("(rpm > 1 ? 'a' : 1) == 'a'", "1");
-    // What the documentation promises, and what is refused.
+    // The documented limits, and what exceeds them
     row("49 brackets", QString(49, '(') + "5" + QString(49, ')'), "5");
     row("30 choices", QString("rpm == 1 ? 2 : ").repeated(30) + "3", "3");
     row("16 operands", "max(" + QString("1,").repeated(15) + "4)", "4");
@@ -147,7 +146,7 @@ void TestExpression::tellsWhereItIsWrong()
                                                            {"a ? b : ", 8},
                                                            {"1 = 1", 2},
                                                            {"\u00a7", 0},
-                                                           // Texts where they can never be of use.
+                                                           // Texts where they can never be used
                                                            {"'a' + 'b'", 4},
                                                            {"1 - (-'b')", 5},
                                                            {"1 > 0 and not 'a'", 10},
@@ -187,11 +186,11 @@ void TestExpression::definitionsFollowWhatTheyNeed()
 
     variables.set("a", 20.0);
     variables.set("b", 5.0);
-    variables.set("isWide", 7.0); // no one can set what follows from others
+    variables.set("isWide", 7.0); // ignored: it is a definition
     QCOMPARE(variables.takeChanges().size(), 4U);
     QCOMPARE(inWords(variables.value("isWide")), "1");
 
-    variables.set("a", 21.0); // the spread changes, whether it is wide does not
+    variables.set("a", 21.0); // changes the spread, but not "isWide"
     QCOMPARE(variables.takeChanges().size(), 2U);
     variables.set("a", 21.0);
     QVERIFY(!variables.hasChanges());

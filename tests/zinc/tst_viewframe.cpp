@@ -74,7 +74,7 @@ private:
         return texts;
     }
 
-    /// The first figure of that colour; null when there is none.
+    /// The first command of that kind and colour; null if there is none.
     const DrawCommand* find(std::size_t element, Kind kind, Argb color) const
     {
         for (const DrawCommand& command : m_frame.drawList(element).commands) {
@@ -113,11 +113,11 @@ void TestViewFrame::rebuildsOnlyWhatChanged()
         m_variables.set(name, value);
         return m_frame.update();
     };
-    QCOMPARE(rebuilt("a", 4.0), 2); // itself and its half
-    QCOMPARE(rebuilt("a", 4.0), 0); // nothing changed
+    QCOMPARE(rebuilt("a", 4.0), 2); // the texts of "a" and "half"
+    QCOMPARE(rebuilt("a", 4.0), 0);
     QCOMPARE(rebuilt("b", 1.0), 2);
-    QCOMPARE(rebuilt("c", 5.0), 2); // all that the group carries
-    QCOMPARE(rebuilt("d", 1.0), 1); // a part's variable is its element's
+    QCOMPARE(rebuilt("c", 5.0), 2); // all contents of the group
+    QCOMPARE(rebuilt("d", 1.0), 1); // used by a part of the lamp
     QCOMPARE(rebuilt("unknown", 1.0), 0);
     const unsigned before = m_frame.revision(3);
     m_variables.set("a", 5.0);
@@ -129,7 +129,7 @@ void TestViewFrame::rebuildsOnlyWhatChanged()
     m_frame.update();
     QCOMPARE(textsOf(0), QStringList{"---"});
     QCOMPARE(textsOf(2), QStringList{"---"});
-    QVERIFY(m_frame.drawList(5).commands.empty()); // its group has no place any more
+    QVERIFY(m_frame.drawList(5).commands.empty()); // the position of its group is not set
 }
 
 void TestViewFrame::groupsCarryWhatIsInThem()
@@ -140,7 +140,7 @@ void TestViewFrame::groupsCarryWhatIsInThem()
          "<group visible='on'><group><circle x='0' y='0' radius='1'/></group></group>");
     const DrawList& list = m_frame.drawList(2);
     const DrawCommand& line = list.commands.at(0);
-    // (10, 0) and (10, -5), doubled, turned a quarter clockwise, moved
+    // (10, 0) and (10, -5), scaled by 2, rotated by 90 degrees clockwise, moved
     QVERIFY((list.points[0] - QPointF(100, 70)).manhattanLength() < 1e-9);
     QVERIFY((list.points[1] - QPointF(110, 70)).manhattanLength() < 1e-9);
     QCOMPARE(line.thickness, 6.0);
@@ -177,7 +177,7 @@ void TestViewFrame::gaugeWithoutValueHasNoNeedle()
          "</gauge>");
     QVERIFY(find(0, Kind::Fill, 0xff123456) == nullptr);
     QCOMPARE(textsOf(0), QStringList{"--.-"});
-    QVERIFY(find(0, Kind::Stroke, 0xff00ff00) == nullptr); // its end is not known
+    QVERIFY(find(0, Kind::Stroke, 0xff00ff00) == nullptr); // its end is not set
     QVERIFY(find(0, Kind::Stroke, 0xffff0000) != nullptr);
     QVERIFY(find(0, Kind::Stroke, 0xff0000ff) == nullptr); // beyond the scale
     set("limit", 50.0);
@@ -185,7 +185,7 @@ void TestViewFrame::gaugeWithoutValueHasNoNeedle()
     QVERIFY(green != nullptr);
     const QRectF bounds = boundsOf(0, *green); // from lower left to the top
     QVERIFY(std::abs(bounds.right() - 200.0) < 1e-6 && bounds.left() < 110.0);
-    set("s", 2.0); // without a value there is nothing to be red
+    set("s", 2.0); // has no effect without a value
     QVERIFY(find(0, Kind::Fill, Palette::limit) == nullptr);
     set("v", 70.0);
     QVERIFY(find(0, Kind::Fill, Palette::limit) != nullptr);
@@ -355,15 +355,15 @@ void TestViewFrame::tape()
     QCOMPARE(textsOf(0), QStringList{"---"});
     set("v", 100.0);
     QCOMPARE(textsOf(0), (QStringList{"80", "90", "100", "110", "120", "100"}));
-    QVERIFY(find(0, Kind::Fill, 0xff0000ff) == nullptr); // it would begin at 0
-    QCOMPARE(textsOf(1), QStringList{"100"});            // no scale of unknown width
+    QVERIFY(find(0, Kind::Fill, 0xff0000ff) == nullptr); // one end is not set
+    QCOMPARE(textsOf(1), QStringList{"100"});            // the span is not set
     const DrawCommand* const range = find(0, Kind::Fill, 0xff00ff00);
     QVERIFY(range != nullptr);
-    QCOMPARE(boundsOf(0, *range).top(), 75.0); // 5 for each, 100 in the middle
+    QCOMPARE(boundsOf(0, *range).top(), 75.0); // 5 units per value, 100 in the middle
     QCOMPARE(boundsOf(0, *range).height(), 75.0);
     QCOMPARE(m_frame.drawList(0).clips.at(static_cast<std::size_t>(range->clip)),
              QRectF(10, 0, 100, 200));
-    QCOMPARE(m_frame.drawList(0).commands.back().clip, -1); // the window lies over it
+    QCOMPARE(m_frame.drawList(0).commands.back().clip, -1); // the window is not clipped
 }
 
 void TestViewFrame::brokenPlacesAreNotDrawn()

@@ -72,7 +72,7 @@ void TestViewReader::readsElements()
     QCOMPARE(text.find(Property::Size)->constant.number(), 20.0); // its own wins
     QCOMPARE(text.find(Property::Color)->constant.number(), double(0xffff0000));
     QCOMPARE(model->elements[5].find(Property::File)->text, m_directory.filePath("logo.png"));
-    QCOMPARE(model->elements[6].parts.size(), 2U); // the range stays, with the usual colour
+    QCOMPARE(model->elements[6].parts.size(), 2U); // the range stays, in the default colour
     m_variables.set("Oil Temperature", 130);
     m_variables.takeChanges();
     QCOMPARE(
@@ -82,12 +82,12 @@ void TestViewReader::readsElements()
 
 void TestViewReader::reports_data()
 {
-    // Kept are elements that are drawn all the same.
+    // `kept`: the number of elements that are drawn in spite of the fault
     const Rows<QByteArray, QStringList, int> row("children", "reports", "kept");
     row("unknown element", " <dial x='1'><text/></dial>", {":2:3: there is no element \"dial\""},
         0);
     row("unknown attribute", "<line x='1' y='1' x2='2' y2='2' colour='#ff0000'/>",
-        {":2:41: \"line\" has no \"colour\""}, 1);
+        {":2:41: \"line\" has no attribute \"colour\""}, 1);
     row("missing attribute", "<group>\n   <line x='1' y='1' x2='2'/>\n</group>",
         {":3:5: \"y2\" is missing"}, 1);
     row("broken expression", "<text x='1' y='2' value='rpm +'/>",
@@ -99,7 +99,7 @@ void TestViewReader::reports_data()
     row("on a later line", "<text x='1'\n  y='2'\n  color = \"#ff\"/>",
         {":4:12: a colour is written as #rrggbb or #aarrggbb"}, 1);
     row("bad format", "<text x='1' y='2' value='v' format='%.1f %s'/>",
-        {":2:42: this is no number format"}, 1);
+        {":2:42: this is not a number format"}, 1);
     row("bad word", "<text x='1' y='2' text='a' align='middle'/>",
         {":2:35: \"middle\" is none of: left center right"}, 1);
     row("missing file", "<image x='0' y='0' width='1' height='1' file='none.png'/>",
@@ -109,9 +109,9 @@ void TestViewReader::reports_data()
     row("fault of a style", "<style name='s' size='1 +'/>\n<text x='1' y='2' style='s'/>",
         {":2:26: the expression ends too early"}, 1);
     row("part outside", "<range from='0' to='1' color='#ffffff'/>",
-        {":2:2: \"range\" stands only in another element"}, 0);
+        {":2:2: \"range\" must be inside another element"}, 0);
     row("wrong part", "<lamp x='1' y='1' width='1' height='1' value='1'><range/></lamp>",
-        {":2:51: \"lamp\" has no \"range\" in it"}, 1);
+        {":2:51: \"lamp\" cannot contain \"range\""}, 1);
     row("part without all",
         "<annunciator x='1' y='1' width='1' height='1'><message when='1'/>"
         "</annunciator>",
@@ -127,7 +127,7 @@ void TestViewReader::reports_data()
     row("colour words",
         "<define name='red' value='#ff0000'/><circle x='1' y='1' radius='1' fill='red'/>"
         "<circle x='1' y='1' radius='1'\nfill='x > 1 ? blue : red'/>",
-        {":3:7: \"blue\" is no colour here: write #ff0000ff, or define it"}, 2);
+        {":3:7: \"blue\" is not a colour here: write #ff0000ff, or define it"}, 2);
     row("no colour", "<line x='0' y='0' x2='1' y2='1' color='123456' thickness='#ff'/>",
         {":2:40: a colour is expected here, such as #00c853",
          ":2:59: a colour is written as #rrggbb or #aarrggbb"},
@@ -149,8 +149,8 @@ void TestViewReader::reports_data()
     row("what nobody reads",
         "<text x='1' y='1'>OIL</text><style name='s'><a/></style>\n"
         "<lamp x='1' y='1' width='1' height='1' value='1'><case value='1'><b/></case></lamp>",
-        {":2:19: text between elements is not shown", ":2:46: \"style\" has no \"a\" in it",
-         ":3:67: \"case\" has no \"b\" in it"},
+        {":2:19: text between elements is not shown", ":2:46: \"style\" cannot contain \"a\"",
+         ":3:67: \"case\" cannot contain \"b\""},
         2);
     row("style with a fault, twice",
         "<style name='s' size='#'/><text x='0' y='0' style='s'/><text x='0' y='0' style='s'/>",

@@ -14,7 +14,7 @@ namespace {
 using Points = std::vector<QPointF>;
 using TUSK::OpenGL::MeshVertex;
 
-/// What the triangles cover, faded ones in part.
+/// Area of the triangles, weighted with their alpha.
 double coverage(const DrawCommand& command, const Points& points, double scale = 1.0)
 {
     std::vector<MeshVertex> vertices;
@@ -33,7 +33,7 @@ double coverage(const DrawCommand& command, const Points& points, double scale =
 
 } // namespace
 
-/// Scales, and the triangles that figures are drawn with.
+/// Scales of instruments, and the triangles of fills and strokes.
 class TestViewShapes : public QObject
 {
     Q_OBJECT
@@ -73,12 +73,12 @@ void TestViewShapes::dialExtents()
         return text;
     };
     QCOMPARE(extent(20.0, 30.0), "20 10;80 -10;");
-    QCOMPARE(extent(90.0, 120.0), "90 10;10 -10;"); // over an end
+    QCOMPARE(extent(90.0, 120.0), "90 10;10 -10;"); // clipped
     QCOMPARE(extent(-5.0, 120.0), "0 100;100 -100;");
     QCOMPARE(extent(101.0, 120.0), "--"); // beyond
     QCOMPARE(extent(-9.0, 0.0), "--");
     QCOMPARE(extent(40.0, 40.0), "--");
-    QCOMPARE(extent(40.0, 30.0), "--"); // turned
+    QCOMPARE(extent(40.0, 30.0), "--"); // reversed
     QCOMPARE(extent(std::nan(""), 30.0), "--");
 }
 
@@ -105,7 +105,7 @@ void TestViewShapes::meshCoversItsFigure_data()
     row("the other way", fill, {{0, 0}, {0, 40}, {40, 0}}, 800.0);
     row("turned", fill, {{20, 0}, {40, 20}, {20, 40}, {0, 20}}, 800.0);
     row("concave", fill, {{0, 0}, {30, 0}, {30, 10}, {10, 10}, {10, 30}, {0, 30}}, 500.0);
-    Points comb{{0, 100}}; // many corners inwards
+    Points comb{{0, 100}}; // many reflex corners
     for (int i = 0; i < 20; ++i) {
         comb.emplace_back(i * 20.0, i % 2 == 0 ? 0.0 : 80.0);
         comb.emplace_back(i * 20.0 + 10.0, i % 2 == 0 ? 0.0 : 80.0);
@@ -142,7 +142,7 @@ void TestViewShapes::meshCoversItsFigure()
     const double doubled = coverage(command, points, 2.0);
     QVERIFY2(std::abs(doubled - 4.0 * area) < 0.08 * area, qPrintable(QString::number(doubled)));
     std::vector<MeshVertex> vertices;
-    addMesh(command, points, {1e9, {}}, vertices); // farther away than any screen is large
+    addMesh(command, points, {1e9, {}}, vertices); // too large
     QVERIFY(vertices.empty());
 }
 
@@ -159,7 +159,7 @@ void TestViewShapes::levelEdgesAreSharp()
         if (vertex.rgba >> 24 == 255 && vertex.y < 7.0F)
             QCOMPARE(vertex.y, std::round(vertex.y));
     }
-    // Nothing becomes so thin that it is not seen.
+    // A thin rectangle keeps the height of a pixel.
     fill.kind = DrawCommand::Kind::Fill;
     QCOMPARE(coverage(fill, {{0.4, 0.4}, {9.0, 0.4}, {9.0, 0.45}, {0.4, 0.45}}), 9.0);
 }
@@ -168,7 +168,7 @@ void TestViewShapes::oddShapesEnd()
 {
     QVERIFY(triangulate(Points(2)).empty());
     QVERIFY(triangulate(Points(50)).size() <= 48); // flat
-    // Crossed: every triangle is made of the figure's points, and there are no more than of others.
+    // With crossing edges there are not more triangles than without.
     const Points crossed{{0, 0}, {10, 10}, {10, 0}, {0, 10}, {5, -5}};
     QVERIFY(triangulate(crossed).size() <= crossed.size() - 2);
 }

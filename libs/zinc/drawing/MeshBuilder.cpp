@@ -13,7 +13,7 @@ namespace {
 using TUSK::OpenGL::MeshVertex;
 
 constexpr double feather = 0.5;   ///< pixels on either side of an edge
-constexpr double mostMiter = 3.0; ///< how far a corner may stand out, in widths
+constexpr double mostMiter = 3.0; ///< miter limit, in line widths
 constexpr double farthest = 1e5;  ///< pixels
 constexpr double tiniest = 1e-9;
 
@@ -22,7 +22,7 @@ double length(const QPointF& vector)
     return std::hypot(vector.x(), vector.y());
 }
 
-/// To the left of the way, of length 1; (0, 0) where the points coincide.
+/// Unit normal to the left of the direction; (0, 0) if the points coincide.
 QPointF normal(const QPointF& from, const QPointF& to)
 {
     const QPointF way = to - from;
@@ -30,7 +30,7 @@ QPointF normal(const QPointF& from, const QPointF& to)
     return size < tiniest ? QPointF() : QPointF(way.y(), -way.x()) / size;
 }
 
-/// Where the corner between two edges goes when both move by 1 along their normals.
+/// Offset of the corner between two edges when both move by 1 along their normals.
 QPointF miter(const QPointF& first, const QPointF& second)
 {
     const QPointF sum = first + second;
@@ -49,7 +49,7 @@ public:
     {
     }
 
-    /// A corner whose colour is faded by `strength`.
+    /// `strength` scales the alpha of the colour.
     struct Corner
     {
         QPointF place;
@@ -88,7 +88,7 @@ bool isLevelRectangle(std::span<const QPointF> corners)
            isNear(corners[3].x(), corners[0].x());
 }
 
-/// To whole pixels; what has a size keeps one.
+/// Snaps to whole pixels, at least one wide and high.
 void snapRectangle(std::span<QPointF> corners)
 {
     for (QPointF& corner : corners)
@@ -105,7 +105,7 @@ void snapRectangle(std::span<QPointF> corners)
     }
 }
 
-/// So that both edges of a line of that width lie between pixels.
+/// Centre of a line whose edges are then on the boundaries of pixels.
 double snapped(double middle, double width)
 {
     const double half = std::max(std::round(width), 1.0) / 2.0;
@@ -122,7 +122,7 @@ double signedArea(std::span<const QPointF> points)
     return area / 2.0;
 }
 
-/// Drops points that lie on their neighbours.
+/// Removes consecutive points that coincide.
 void dropRepeated(std::vector<QPointF>& points, bool isClosed)
 {
     const auto isSame = [](const QPointF& a, const QPointF& b) { return length(a - b) < 1e-4; };
@@ -171,7 +171,7 @@ void addFill(std::vector<QPointF> points, Mesh& mesh)
     }
 }
 
-/// The smooth edge at an end of a line, `way` pointing outwards.
+/// The antialiased end of a line; `way` points outwards.
 void addCap(const QPointF& end, const QPointF& side, const QPointF& way, double inner, double outer,
             double strength, Mesh& mesh)
 {
@@ -203,13 +203,13 @@ void addStroke(std::vector<QPointF> points, double width, bool isClosed, Mesh& m
     dropRepeated(points, isClosed);
     if (points.size() < 2)
         return;
-    // Thinner than a pixel is paler than one.
+    // A line thinner than a pixel is drawn a pixel wide and paler.
     const double strength = std::min(width, 1.0);
     const double inner = std::max(width / 2.0 - feather, 0.0);
     const double outer = std::max(width / 2.0, feather) + feather;
     const std::vector<QPointF> sides = miters(points, isClosed);
     std::vector<QPointF> along = points;
-    if (!isClosed) { // the smooth ends take up half a pixel of the line
+    if (!isClosed) { // the antialiased ends take half a pixel of the line
         const auto pull = [](QPointF& end, const QPointF& next) {
             const QPointF way = next - end;
             end += way * std::min(feather / length(way), 0.5);

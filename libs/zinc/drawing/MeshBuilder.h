@@ -10,7 +10,7 @@
 
 namespace Zinc2D {
 
-/// From the view's units to pixels of the framebuffer, both from the upper left corner.
+/// Maps view units to framebuffer pixels, both from the upper left corner.
 struct PixelMap
 {
     double scale = 1.0;
@@ -21,9 +21,9 @@ struct PixelMap
     bool operator==(const PixelMap&) const = default;
 };
 
-/// Triangles of a fill or stroke, in pixels from the upper left. Edges are smooth: half a pixel on
-/// either side of them the alpha falls to 0. Level edges of rectangles and level lines go to whole
-/// pixels, where they are sharp. What is larger than 1e5 pixels is left out.
+/// Adds the triangles of a fill or stroke, in pixels from the upper left. Edges are antialiased:
+/// the alpha falls to 0 within half a pixel on either side. Axis-parallel rectangles and lines are
+/// snapped to whole pixels instead, where they are sharp. Shapes beyond 1e5 pixels are left out.
 void addMesh(const DrawCommand& command, std::span<const QPointF> points, const PixelMap& map,
              std::vector<TUSK::OpenGL::MeshVertex>& vertices);
 

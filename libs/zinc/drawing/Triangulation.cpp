@@ -9,7 +9,7 @@ namespace {
 
 constexpr std::size_t mostPoints = 2000;
 
-/// Above 0 where the way from a over b to c turns clockwise.
+/// Positive if a, b, c turn clockwise.
 double turn(const QPointF& a, const QPointF& b, const QPointF& c)
 {
     return (b.x() - a.x()) * (c.y() - b.y()) - (b.y() - a.y()) * (c.x() - b.x());
@@ -17,7 +17,7 @@ double turn(const QPointF& a, const QPointF& b, const QPointF& c)
 
 bool isConvex(std::span<const QPointF> points)
 {
-    // Turning by more than one round would be a star.
+    // A star also turns clockwise everywhere, but more than once around.
     int directionChanges = 0;
     for (std::size_t i = 0; i < points.size(); ++i) {
         const QPointF& a = points[i];
@@ -52,7 +52,7 @@ std::vector<Triangle> triangulate(std::span<const QPointF> points)
         return triangles;
     std::vector<std::size_t> left(points.size());
     std::iota(left.begin(), left.end(), std::size_t{0});
-    // Cuts off ears: corners that stand out with no other point in them.
+    // Ear clipping: cuts off convex corners that contain no other point.
     std::size_t at = 0;
     std::size_t failures = 0;
     while (left.size() > 3 && failures < left.size()) {

@@ -17,7 +17,7 @@ constexpr int smallestFont = 4; ///< pixels
 constexpr int largestFont = 400;
 constexpr int largestImage = 4096;
 
-/// Turned about a point, clockwise with y downwards.
+/// Rotates about a point, clockwise with y downwards.
 void turn(std::span<MeshVertex> vertices, const QPointF& about, double angle)
 {
     QTransform transform;
@@ -185,7 +185,7 @@ QRect ViewPainter::clipOf(const DrawList& list, const DrawCommand& command) cons
     const QRectF mapped(m_map.map(area.topLeft()), m_map.map(area.bottomRight()));
     const QRect inPixels = mapped.toAlignedRect() & QRect(QPoint(), m_pixels);
     if (inPixels.isEmpty())
-        return {-1, -1, 1, 1}; // nothing is seen, which no empty area could say
+        return {-1, -1, 1, 1}; // off the picture: an empty area would mean no clipping
     return {inPixels.x(), m_pixels.height() - inPixels.y() - inPixels.height(), inPixels.width(),
             inPixels.height()};
 }
@@ -221,7 +221,7 @@ void ViewPainter::addToGroups(const Piece& piece, std::vector<Group>& groups)
 {
     if (piece.vertices.empty())
         return;
-    // Under what it does not touch, it may as well be painted earlier.
+    // A piece may be painted earlier than others that it does not touch.
     for (auto group = groups.rbegin(); group != groups.rend(); ++group) {
         if (group->front()->isLike(piece)) {
             group->push_back(&piece);

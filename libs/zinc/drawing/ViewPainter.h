@@ -11,13 +11,13 @@
 
 namespace Zinc2D {
 
-/// Draws the draw lists of a view with the toolkit's mesh and texture fonts. The triangles of an
-/// element are kept until its draw list or the place of the view changes. Needs the current context
-/// of its making for all it does, its destruction included.
+/// Draws the draw lists of a view as a mesh of triangles. The triangles of an element are kept
+/// until its draw list or the placement of the view changes. Every call, destruction included,
+/// needs the context that was current at construction.
 class ViewPainter
 {
 public:
-    /// `fontFamily`: of all texts; empty for the program's own.
+    /// `fontFamily`: for all texts; empty for the application's font.
     explicit ViewPainter(const QString& fontFamily);
 
     /// `pixels`: size of the framebuffer; `background`: colour behind everything, or 0.
@@ -33,7 +33,7 @@ private:
         auto operator<=>(const FontKey&) const = default;
     };
 
-    /// Vertices of one element that are painted alike.
+    /// Consecutive vertices of one element that are painted alike.
     struct Piece
     {
         TUSK::OpenGL::Mesh::Paint paint = TUSK::OpenGL::Mesh::Paint::Plain;
@@ -41,7 +41,7 @@ private:
         QString image;
         QRect clip;
         std::vector<TUSK::OpenGL::MeshVertex> vertices;
-        // How far they reach, in pixels.
+        // Bounds in pixels
         float left = 0.0F;
         float right = 0.0F;
         float top = 0.0F;
@@ -52,7 +52,7 @@ private:
         bool touches(const Piece& other) const;
     };
 
-    /// Pieces that are painted alike, at once.
+    /// Pieces that are painted alike, in one batch.
     using Group = std::vector<const Piece*>;
 
     struct CachedElement

@@ -11,7 +11,7 @@ namespace Zinc2D {
 
 namespace {
 
-/// Each file once for the whole program.
+/// Makes a font file available to the program, once.
 void addFont(const QString& path)
 {
     static QSet<QString> known;
@@ -21,7 +21,7 @@ void addFont(const QString& path)
     QFontDatabase::addApplicationFont(path);
 }
 
-/// Where the matrix puts the view, whose upper left corner lies at (0, height).
+/// How the matrix places the view, whose upper left corner is at (0, height).
 PixelMap pixelMap(const QMatrix4x4& matrix, double height, const QSize& pixels)
 {
     const auto inPixels = [&](double x, double y) {
@@ -31,7 +31,7 @@ PixelMap pixelMap(const QMatrix4x4& matrix, double height, const QSize& pixels)
     };
     PixelMap map;
     map.offset = inPixels(0.0, height);
-    constexpr double length = 1000.0; // much, for the precision of the matrix
+    constexpr double length = 1000.0; // long, as the matrix has single precision
     map.scale = (inPixels(length, height).x() - map.offset.x()) / length;
     return map;
 }

@@ -19,9 +19,8 @@ class ViewPainter;
 
 /// A panel of instruments: a view file, its variables, and its drawing.
 ///
-/// The view has its origin at its lower left corner, y upwards, and is as large as width() and
-/// height(); the handler's matrix says where it lands. Only draw() and the operations about the
-/// graphics need a context.
+/// The handler's matrix places the view, which spans (0, 0) at its lower left corner to
+/// (width(), height()). Only draw() and the operations on the graphics need a context.
 class ZincView
 {
 public:
@@ -30,27 +29,26 @@ public:
     ZincView(const ZincView&) = delete;
     ZincView& operator=(const ZincView&) = delete;
 
-    /// Takes the place of the view before; variables that were set keep their values. On failure
-    /// there is no view, and diagnostics() says why. They also tell of what was left out of a view
-    /// that loaded.
+    /// Replaces the view; variables that were set keep their values. On failure there is no view,
+    /// and diagnostics() says why. It also lists what was left out of a view that was loaded.
     bool load(const QString& path);
 
     const std::vector<Diagnostic>& diagnostics() const { return m_diagnostics; }
 
-    /// Nothing is drawn before the view is started, and after it is stopped.
+    /// The view is drawn only while it is started.
     void startView(bool isStarted) { m_isStarted = isStarted; }
 
-    /// Whether the view lies over something: it then leaves out its own background. Otherwise that
-    /// fills all of the framebuffer, beyond the view too.
+    /// A transparent view has no background. Otherwise its background fills the whole framebuffer,
+    /// beyond the view too.
     void setBackgroundMode(bool isTransparent) { m_isTransparent = isTransparent; }
 
-    /// A number that is none takes the variable's value away: what depends on it shows dashes, as
-    /// it does before the first number.
+    /// NaN and infinity unset the variable: what depends on it shows dashes, as before the first
+    /// number.
     void setVar(const QString& name, double value) { m_variables.set(name, value); }
 
     void setVar(const QString& name, int value) { m_variables.set(name, value); }
 
-    /// Takes the values of all variables away.
+    /// Unsets all variables.
     void unsetVars() { m_variables.unsetAll(); }
 
     const VariableTable& variables() const { return m_variables; }
@@ -62,18 +60,18 @@ public:
 
     double height() const { return m_model.size.height(); }
 
-    /// The context is ready: draws with this handler, which must stay until releaseGraphics().
+    /// Call with the context current. The handler is used until releaseGraphics().
     void initializeGraphics(TUSK::OpenGL::GlHandler& handler);
-    /// Before the context goes.
+    /// Call before the context is destroyed.
     void releaseGraphics();
 
     /// Size of the framebuffer in pixels.
     void setViewport(const QSize& pixels) { m_pixels = pixels; }
 
-    /// Draws the view; `takesChanges`: after taking over what was set since the last time.
+    /// Draws the view. `takesChanges`: with the variables that were set since the last call.
     void draw(bool takesChanges);
 
-    /// How many elements were rebuilt since the view was loaded.
+    /// Number of elements rebuilt since the view was loaded.
     long rebuiltElements() const { return m_rebuilt; }
 
 private:

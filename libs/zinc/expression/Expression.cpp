@@ -42,7 +42,7 @@ Value compared(Operation operation, const Value& left, const Value& right)
     }
 }
 
-/// `deciding` is the operand that settles it alone: false for "and", true for "or".
+/// Logical and, or. `deciding`: the operand that decides alone, false for "and", true for "or".
 Value combined(const Value& left, const Value& right, bool deciding)
 {
     const auto decides = [deciding](const Value& value) {
@@ -67,7 +67,7 @@ Value calculated(Operation operation, const Value& left, const Value& right)
     case Operation::Multiply:
         return Value(a * b);
     case Operation::Divide:
-        return Value(a / b); // by zero: nothing, as it is not finite
+        return Value(a / b); // not finite, so not set, for b = 0
     default:
         return Value(std::fmod(a, b));
     }
@@ -173,7 +173,7 @@ Value Expression::evaluate(const VariableTable& variables) const
         } else if (instruction.argument == 1) {
             if (operation == Operation::Minimum || operation == Operation::Maximum ||
                 operation == Operation::Average || operation == Operation::First)
-                continue; // of one it is this one
+                continue; // the operand itself
             stack[size - 1] = unary(operation, stack[size - 1]);
         } else if (instruction.argument == 2 && operation < Operation::Select) {
             --size;

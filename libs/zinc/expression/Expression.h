@@ -11,17 +11,17 @@ namespace Zinc2D {
 
 class VariableTable;
 
-/// What an expression may yield: a sum of these. A colour can be calculated with like a number.
+/// Bit set of the types that an expression can yield. Arithmetic takes colours as numbers.
 using ValueTypes = unsigned;
 constexpr ValueTypes numberType = 1;
 constexpr ValueTypes colorType = 2;
 constexpr ValueTypes textType = 4;
 
-/// A compiled expression of variables (docs/formats/view.md): a program for a small stack machine.
+/// A compiled expression (docs/formats/view.md): a program for a small stack machine.
 ///
-/// What is not set propagates: an operation on it yields nothing, except where the other operand
-/// alone decides ("0 && x", "1 || x"), in isset() and in first(). So does what has no number: a
-/// division by zero, the root of a negative number, a comparison of text with number.
+/// An operand that is not set makes the result not set, except where the other operand decides
+/// alone ("0 && x", "1 || x"), and in isset() and first(). Undefined results are not set either:
+/// a division by zero, the root of a negative number, a comparison of text with number.
 class Expression
 {
 public:
@@ -62,23 +62,23 @@ public:
     struct Instruction
     {
         Operation operation = Operation::Constant;
-        int argument = 0; ///< slot of a variable, or how many operands a function takes
+        int argument = 0; ///< slot of a variable, or number of operands
         Value value;      ///< of a constant
     };
 
     Expression() = default;
 
-    /// `texts` holds what the constants refer to. The program must be well formed and need no more
-    /// than maxDepth places.
+    /// `texts` owns the text constants that the program points to. The program must be well formed
+    /// and use at most maxDepth places of the stack.
     Expression(std::vector<Instruction> program, std::shared_ptr<const std::vector<QString>> texts,
                ValueTypes types);
 
     Value evaluate(const VariableTable& variables) const;
 
-    /// Slots of the variables in it, each once.
+    /// Slots of the variables that it uses, each once.
     const std::vector<int>& variables() const { return m_variables; }
 
-    /// What it yields where it yields anything.
+    /// The types that it can yield, if it yields a value at all.
     ValueTypes types() const { return m_types; }
 
 private:

@@ -23,10 +23,10 @@ struct Operator
 {
     std::string_view sign;
     Operation operation;
-    int level; ///< the higher, the tighter it binds
+    int level; ///< higher binds tighter
 };
 
-/// Longer signs before those that they begin with.
+/// A sign comes before those that are its prefixes.
 constexpr auto operators = std::to_array<Operator>({
     {"||", Operation::Or, 0},
     {"or", Operation::Or, 0},
@@ -85,7 +85,7 @@ bool continuesName(QChar character)
     return character.isLetterOrNumber() || character == u'_' || character == u'.';
 }
 
-/// By recursive descent, straight into the program.
+/// Recursive-descent parser that emits the program as it reads.
 class Compiler
 {
 public:
@@ -185,7 +185,7 @@ private:
         return m_position < m_text.size() ? m_text[m_position] : QChar();
     }
 
-    /// Goes over the sign if it comes next; a word only as a whole.
+    /// Consumes the sign if it comes next; a word only if it is not the start of a longer name.
     bool take(std::string_view sign)
     {
         skipBlanks();
@@ -205,14 +205,15 @@ private:
             failAtNext();
     }
 
-    /// Something that stands for itself.
+    /// Emits a constant or variable.
     void push(Operation operation, int slot, Value value, ValueTypes types)
     {
         m_types.push_back(types);
         add({operation, slot, value});
     }
 
-    /// Something that replaces its operands by one result; where and how it stands in the text.
+    /// Emits an operation on the topmost values of the stack. `position` and `sign`: for the report
+    /// if their types do not fit.
     void apply(Operation operation, int operands, qsizetype position, std::string_view sign)
     {
         if (m_error)
@@ -377,7 +378,7 @@ private:
         const auto [end, error] = std::from_chars(rest.data(), rest.data() + rest.size(), number,
                                                   std::chars_format::general);
         if (error != std::errc()) {
-            fail(QStringLiteral("this is no number"));
+            fail(QStringLiteral("this is not a number"));
             return;
         }
         m_position += end - rest.data();
@@ -420,7 +421,7 @@ private:
     qsizetype m_position = 0;
     int m_nesting = 0;
     std::vector<Expression::Instruction> m_program;
-    std::vector<ValueTypes> m_types; ///< of what lies on the stack
+    std::vector<ValueTypes> m_types; ///< of the values on the stack
     std::shared_ptr<std::vector<QString>> m_texts;
     std::optional<ExpressionError> m_error;
 };

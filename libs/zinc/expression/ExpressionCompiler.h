@@ -8,21 +8,22 @@
 
 namespace Zinc2D {
 
-/// What is wrong with an expression, and at which of its characters.
+/// A syntax or type error, and the index of the character where it is.
 struct ExpressionError
 {
     qsizetype offset = 0;
     QString message;
 };
 
-/// Compiles one expression; its variables become known to the table.
+/// Compiles one expression and adds its variables to the table. Operators, loosest first, then
+/// operands:
 ///
-///     condition ? a : b     or  ||     and  &&     == !=     < <= > >=     + -     * / %     - !
-///     not numbers, #rrggbb, #aarrggbb, 'text', name, [any name], function(a, b, ...), ( )
+///     a ? b : c    or ||    and &&    == !=    < <= > >=    + -    * / %    - ! not
+///     numbers, #rrggbb, #aarrggbb, 'text', name, [any name], function(a, b, ...), ( )
 std::variant<Expression, ExpressionError> compileExpression(const QString& text,
                                                             VariableTable& variables);
 
-/// Several expressions: points between ";", the coordinates of each between ",".
+/// Compiles a list of points "x, y; x, y; ..." to the expressions of x, y, x, y, ...
 std::variant<std::vector<Expression>, ExpressionError> compilePoints(const QString& text,
                                                                      VariableTable& variables);
 

@@ -20,7 +20,7 @@ bool canTake(Operation operation, std::span<const ValueTypes> types)
         return true;
     if (isEquality(operation))
         return (types[0] & types[1]) != 0 || std::ranges::none_of(types, isText);
-    // Of a choice only the condition is calculated with.
+    // A choice passes its alternatives on, whatever their type.
     return std::ranges::none_of(types.first(operation == Operation::Select ? 1 : types.size()),
                                 isText);
 }

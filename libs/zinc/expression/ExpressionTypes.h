@@ -4,14 +4,15 @@
 
 #include <span>
 
-/// What can be told about the types of an expression before any variable has a value.
+/// Static type checks of expressions.
 namespace Zinc2D {
 
 bool isEquality(Expression::Operation operation);
 
-/// Whether the operation can yield anything of operands of these types.
+/// Whether the operation can yield a value for operands of these types.
 bool canTake(Expression::Operation operation, std::span<const ValueTypes> types);
 
+/// The types that the operation yields for operands of these types.
 ValueTypes resultOf(Expression::Operation operation, std::span<const ValueTypes> types);
 
 } // namespace Zinc2D

@@ -6,15 +6,15 @@
 
 namespace Zinc2D {
 
-/// What a variable holds and an expression yields: nothing, a finite number, or a text. Colours are
-/// numbers of the form 0xAARRGGBB. Texts belong to the expression that they stand in, which must
-/// outlive the value.
+/// The value of a variable or an expression: not set, a finite number, or a text. Colours are
+/// numbers of the form 0xAARRGGBB. A text is owned by the expression that it is a constant of,
+/// which must outlive the value.
 class Value
 {
 public:
     Value() = default;
 
-    /// Numbers that are none (infinite, NaN) are nothing.
+    /// Not set for NaN and infinity.
     explicit Value(double number)
         : m_number(number)
         , m_kind(std::isfinite(number) ? Kind::Number : Kind::Unset)
@@ -38,10 +38,10 @@ public:
 
     bool isText() const { return m_kind == Kind::Text; }
 
-    /// 0 where it is no number.
+    /// 0 unless it is a number.
     double number() const { return m_number; }
 
-    /// Empty where it is no text.
+    /// Empty unless it is a text.
     QString text() const { return m_text != nullptr ? *m_text : QString(); }
 
     bool operator==(const Value& other) const

@@ -10,12 +10,12 @@
 
 namespace Zinc2D {
 
-/// The named variables of a view, and which of them changed since somebody looked. A variable is
-/// not set until it gets its first number. Definitions are variables that follow from others.
+/// The named variables of a view, and which of them changed since the last takeChanges(). A
+/// variable is not set until it gets its first number. A definition is computed from others.
 class VariableTable
 {
 public:
-    /// The place of a name; it is made when there is none yet.
+    /// Index of the variable of that name, which is added if it is new.
     int slot(const QString& name);
 
     /// All names that were set, defined or used.
@@ -23,7 +23,7 @@ public:
 
     const QString& name(int slot) const { return m_names[static_cast<std::size_t>(slot)]; }
 
-    /// Numbers, but for definitions.
+    /// The types it can hold: numbers, or what a definition's expression yields.
     ValueTypes types(int slot) const { return m_types[static_cast<std::size_t>(slot)]; }
 
     bool isDefined(int slot) const { return m_isDefined[static_cast<std::size_t>(slot)]; }
@@ -38,20 +38,21 @@ public:
 
     Value value(const QString& name) const;
 
-    /// A number that is none takes the variable's value away. Definitions keep theirs.
+    /// NaN and infinity unset the variable. A definition is not changed.
     void set(const QString& name, double number);
 
-    /// The variable follows from others from now on; its expression may only use variables that
-    /// were known before.
+    /// Makes the variable a definition. Definitions are evaluated in the order of these calls, so
+    /// the expression must not use one that is defined later.
     void define(const QString& name, Expression expression);
 
-    /// Forgets all definitions; what was set stays.
+    /// Removes all definitions; values that were set stay.
     void dropDefinitions();
 
-    /// No variable is set any more.
+    /// Unsets all variables; definitions follow with takeChanges().
     void unsetAll();
 
-    /// Brings definitions up to date and returns the variables that changed since the last call.
+    /// Evaluates definitions and returns the slots of all variables that changed since the last
+    /// call.
     std::vector<int> takeChanges();
 
     bool hasChanges() const { return !m_changed.empty(); }
@@ -73,7 +74,7 @@ private:
     std::vector<bool> m_isChanged;
     std::vector<bool> m_isDefined;
     std::vector<int> m_changed;
-    std::vector<Definition> m_definitions; ///< in an order in which each needs only earlier ones
+    std::vector<Definition> m_definitions; ///< each depends only on earlier ones
 };
 
 } // namespace Zinc2D

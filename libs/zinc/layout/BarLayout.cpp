@@ -18,10 +18,10 @@ constexpr double markThickness = 3.0;
 constexpr double markOverhang = 3.0;
 constexpr double rangeStrip = 4.0; ///< beside a filled bar
 constexpr double stripGap = 2.0;
-constexpr double unitRoom = 2.9; ///< of the label's size
-constexpr double lineGap = 0.45; ///< of the label's size, between pointer and words
+constexpr double unitRoom = 2.9; ///< relative to the label size
+constexpr double lineGap = 0.45; ///< between pointer and words, relative to the label size
 
-/// A bar along one axis, with everything measured along and across it.
+/// Geometry of a bar. Positions are given along its axis and across it.
 struct Track
 {
     QRectF area;
@@ -31,7 +31,7 @@ struct Track
     double labelSize = 0.0;
     double pointerLength = 0.0;
 
-    /// From the upper end of a vertical bar, where a pointer may stand, to the middle of its name.
+    /// From the top of a vertical bar to the middle of its name. A pointer may stick out there.
     double labelGap() const { return (hasPointers ? 1.4 : 1.1) * labelSize; }
 
     double breadth() const { return isVertical ? area.width() : area.height(); }
@@ -47,7 +47,7 @@ struct Track
     }
 };
 
-/// A bar shows one value or two.
+/// The properties of one of the two values that a bar can show.
 struct Side
 {
     Property value;
@@ -132,7 +132,7 @@ void drawTicks(const Properties& bar, const Track& track, Canvas& canvas)
     }
 }
 
-/// A pointer on each side: the first value above or at the left, the second below or at the right.
+/// One pointer for each value: the first above or left of the bar, the second below or right.
 void drawPointers(const Properties& bar, const Track& track, Canvas& canvas)
 {
     const double overlap = 0.35 * track.breadth();
@@ -152,7 +152,7 @@ void drawPointers(const Properties& bar, const Track& track, Canvas& canvas)
     }
 }
 
-/// Filled from its beginning up to the value; for two values each fills a half of its own.
+/// Fills the bar from its start to the value. Two values get half of the breadth each.
 void drawFill(const Properties& bar, const Track& track, Canvas& canvas)
 {
     const std::span<const Side> shown = sidesOf(bar);
@@ -171,14 +171,14 @@ void drawFill(const Properties& bar, const Track& track, Canvas& canvas)
     drawRanges(bar, track, track.breadth() + stripGap, rangeStrip, canvas);
 }
 
-/// Name, unit and numbers of a bar. Each number has the same room, so that none moves with its
-/// figures.
+/// Name, unit and numbers of a bar. All numbers get the same width, so that they stay in place
+/// when the digits change.
 struct Words
 {
     QString name;
     QString unit;
     std::vector<Digits> numbers;
-    double room = 0.0;
+    double room = 0.0; ///< width of each number
 };
 
 Words wordsOf(const Properties& bar, const Track& track)
@@ -198,7 +198,7 @@ Words wordsOf(const Properties& bar, const Track& track)
     return words;
 }
 
-/// The name above, the numbers below, the unit below these.
+/// The name above the bar, the numbers and then the unit below.
 void drawVerticalWords(const Words& words, const Track& track, Canvas& canvas)
 {
     const Canvas::TextLook look{track.labelSize, false, Align::Center, Palette::label};
@@ -214,7 +214,7 @@ void drawVerticalWords(const Words& words, const Track& track, Canvas& canvas)
     canvas.text({middle, y + 1.3 * track.labelSize}, words.unit, look);
 }
 
-/// All in one line above: the name at the left, numbers and unit at the right.
+/// All in one line above the bar: the name at the left, numbers and unit at the right.
 void drawHorizontalWords(const Words& words, const Track& track, Canvas& canvas)
 {
     const Canvas::TextLook look{track.labelSize, false, Align::Left, Palette::label};

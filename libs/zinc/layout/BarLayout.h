@@ -4,7 +4,7 @@
 
 namespace Zinc2D {
 
-/// Draws a bar, upright or level, with ranges, marks and pointers as it is now.
+/// Draws a vertical or horizontal bar with its ranges, marks and pointers at the current values.
 void layoutBar(const Properties& element, Canvas& canvas);
 
 } // namespace Zinc2D

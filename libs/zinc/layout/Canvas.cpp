@@ -9,7 +9,7 @@ namespace Zinc2D {
 namespace {
 
 constexpr double radians = std::numbers::pi / 180.0;
-constexpr double roughness = 0.05; ///< how far a chord may leave its circle, in units
+constexpr double roughness = 0.05; ///< largest distance of a chord from its circle, in view units
 constexpr int mostSegments = 360;
 
 int segments(double radius, double sweep)

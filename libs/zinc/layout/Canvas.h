@@ -8,7 +8,7 @@
 
 namespace Zinc2D {
 
-/// Where a group puts what is in it.
+/// How the contents of a group are drawn.
 struct Placement
 {
     QTransform transform;
@@ -20,7 +20,7 @@ struct Placement
     bool operator==(const Placement&) const = default;
 };
 
-/// Adds figures to a draw list. Angles are those of a clock: 0 is up, degrees clockwise.
+/// Adds drawing commands to a draw list. Angles are in degrees clockwise from up.
 class Canvas
 {
 public:
@@ -46,16 +46,16 @@ public:
     void frame(const QRectF& area, Argb color, double thickness, double corner = 0.0);
     void circle(const QPointF& center, double radius, Argb fill);
     void circleLine(const QPointF& center, double radius, Argb color, double thickness);
-    /// A line along a circle.
+    /// A stroke along a circle.
     void arc(const QPointF& center, double radius, double start, double sweep, Argb color,
              double thickness);
-    /// Points to the right (0), down (90), left (180) or up (270): an isosceles triangle.
+    /// An isosceles triangle that points to the right (0), down (90), left (180) or up (270).
     void pointer(const QPointF& tip, double length, double width, double direction, Argb fill);
     void text(const QPointF& place, const QString& text, const TextLook& look);
     void image(const QRectF& area, const QString& path);
 
-    /// What follows is drawn only within the area; an empty one ends that. Groups must not rotate
-    /// it.
+    /// Clips the following commands to the area; an empty area ends that. The placement must not
+    /// rotate.
     void clip(const QRectF& area);
 
 private:
@@ -66,10 +66,10 @@ private:
     int m_clip = -1;
 };
 
-/// The colour with its opacity taken down.
+/// The colour with its alpha multiplied by the opacity.
 Argb faded(Argb color, double opacity);
 
-/// The point of a circle at an angle.
+/// The point at an angle of a circle.
 QPointF onCircle(const QPointF& center, double radius, double angle);
 
 } // namespace Zinc2D

@@ -39,17 +39,17 @@ std::vector<double> Dial::ticks(double step) const
 {
     if (!isUsable() || !(step > 0.0))
         return {};
-    // A little slack, so that 0.1 * 3 counts as 0.3.
+    // Tolerance for rounding, so that 0.1 * 3 counts as 0.3.
     const double slack = step * 1e-6;
     const double first = std::ceil((std::min(min, max) - slack) / step);
     const double last = std::floor((std::max(min, max) + slack) / step);
     std::vector<double> values;
     if (!(last - first < mostTicks))
         return values;
-    const auto count =
-        static_cast<int>(last - first) + 1; // counted: large numbers may not grow by 1
+    // Adding 1 may not change a large number, so the loop counts.
+    const auto count = static_cast<int>(last - first) + 1;
     for (int i = 0; i < count; ++i)
-        values.push_back((first + i) * step + 0.0); // never -0
+        values.push_back((first + i) * step + 0.0); // + 0.0 turns -0 into 0
     return values;
 }
 

@@ -5,14 +5,14 @@
 #include <utility>
 #include <vector>
 
-/// Where the values of an instrument lie on its scale. Pure arithmetic.
+/// Positions of values on the scale of an instrument.
 namespace Zinc2D {
 
 /// A scale from `min` to `max`, drawn from `start` over `length`: degrees of a dial or units of a
 /// bar. `max` may lie below `min`, and `length` below 0.
 struct Dial
 {
-    /// An end that is not known: the scale has no places then.
+    /// Value of an end that is not known, which makes the scale unusable.
     static constexpr double unset = std::numeric_limits<double>::quiet_NaN();
 
     double min = 0.0;
@@ -20,17 +20,17 @@ struct Dial
     double start = 0.0;
     double length = 1.0;
 
-    /// Whether values have places at all.
+    /// Whether both ends are known and different.
     bool isUsable() const;
 
-    /// The place of a value; values beyond an end lie at that end.
+    /// Position of a value, clamped to the ends; `start` on an unusable scale.
     double place(double value) const;
 
-    /// First place and extent of a range of values, cut at the ends; nothing where it lies wholly
-    /// beyond one of them or has no extent.
+    /// Position and length of a range of values, clipped to the scale; empty if nothing of it is
+    /// on the scale or it has no length.
     std::optional<std::pair<double, double>> extent(double from, double to) const;
 
-    /// The multiples of a step from min to max, at most 500 of them; none for a step that is not
+    /// The multiples of a step from min to max; empty if there are more than 500 or the step is not
     /// above 0.
     std::vector<double> ticks(double step) const;
 };

@@ -14,14 +14,14 @@ using Argb = std::uint32_t;
 
 enum class Align { Left, Center, Right };
 
-/// One thing to draw. Lengths and places are in the view's units, from its upper left corner.
+/// One drawing command. Lengths and positions are in view units, from its upper left corner.
 struct DrawCommand
 {
     enum class Kind {
-        Fill,   ///< the area that the points enclose, which do not cross themselves
-        Stroke, ///< a line along the points
-        Text,   ///< at the first point: there it begins, ends, or has its middle
-        Image   ///< its four corners: upper left, upper right, lower right, lower left
+        Fill,   ///< a polygon whose edges do not cross
+        Stroke, ///< a line through the points
+        Text,   ///< aligned to the first point
+        Image   ///< four corners: upper left, upper right, lower right, lower left
     };
 
     Kind kind = Kind::Fill;
@@ -30,16 +30,15 @@ struct DrawCommand
     std::size_t pointCount = 0;
     double thickness = 1.0;
     bool isClosed = false;
-    QString text; ///< or path of an image
-    /// Height of the font. The middle of a text's height is that of its capital letters.
-    double size = 0.0;
+    QString text;       ///< or path of an image
+    double size = 0.0;  ///< height of the font; a text is centred on its capital letters
     double angle = 0.0; ///< of the text, degrees clockwise
     bool isBold = false;
     Align align = Align::Left;
-    int clip = -1; ///< index of the area outside which nothing is drawn; -1: none
+    int clip = -1; ///< index of the clip area; -1: none
 };
 
-/// What an element looks like, in the order of painting.
+/// The drawing commands of an element in painting order.
 struct DrawList
 {
     std::vector<DrawCommand> commands;

@@ -13,11 +13,11 @@ namespace {
 constexpr double usualThickness = 2.0;
 constexpr double usualTextSize = 20.0;
 
-/// Area and outline of a shape that knows how to draw both.
+/// Draws the area and the outline of a shape with the given functions.
 template <typename Fill, typename Line>
 void layoutArea(const Properties& element, Fill&& fill, Line&& line)
 {
-    // A shape without any colour would be a surprise.
+    // A shape without any colour is white rather than invisible.
     const bool hasStroke = element.has(Property::Stroke);
     fill(element.color(Property::Fill, hasStroke ? Palette::none : Palette::white));
     if (hasStroke)
@@ -68,7 +68,7 @@ void layoutCircle(const Properties& element, Canvas& canvas)
         });
 }
 
-/// An arc, or a ring segment, which is an arc as thick as the ring is wide.
+/// An arc, or a ring segment as an arc of the ring's width.
 void layoutArc(const Properties& element, Canvas& canvas)
 {
     double radius = element.number(Property::Radius, 0.0);

@@ -4,8 +4,8 @@
 
 namespace Zinc2D {
 
-/// Draws one element as it is now; groups have no look of their own. Nothing is drawn where a
-/// place or size has no value at the moment.
+/// Draws one element at the current values; groups draw nothing themselves. Nothing is drawn while
+/// a position or size is not set.
 void layoutElement(const Properties& element, Canvas& canvas);
 
 void layoutText(const Properties& element, Canvas& canvas);

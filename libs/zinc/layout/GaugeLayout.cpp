@@ -10,7 +10,7 @@ namespace Zinc2D {
 
 namespace {
 
-// Measures of a dial as parts of its radius.
+// Dimensions relative to the radius
 constexpr double ringWidth = 0.085;
 constexpr double majorLength = 0.15;
 constexpr double minorLength = 0.10;
@@ -24,10 +24,10 @@ constexpr double namePlace = 0.89;
 constexpr double needleTip = 0.97;
 constexpr double needleShoulder = 0.62;
 constexpr double needleTail = 0.05;
-constexpr double needleWidth = 0.030; ///< half of it
+constexpr double needleWidth = 0.030; ///< half the width
 constexpr double needleRim = 0.016;
 constexpr double hubRadius = 0.085;
-constexpr double markLength = 0.035; ///< beyond the ring on both sides
+constexpr double markLength = 0.035; ///< beyond each edge of the ring
 constexpr double markThickness = 0.034;
 
 struct Face
@@ -66,7 +66,7 @@ void drawRing(const Properties& gauge, const Face& face, Canvas& canvas)
     }
 }
 
-/// A line from the dial's edge inwards.
+/// A line from the edge of the dial inwards.
 void drawTick(const Face& face, double value, double length, Argb color, double thickness,
               Canvas& canvas)
 {

@@ -4,7 +4,7 @@
 
 namespace Zinc2D {
 
-/// Draws a round gauge as it is now.
+/// Draws a round gauge at the current values.
 void layoutGauge(const Properties& element, Canvas& canvas);
 
 } // namespace Zinc2D

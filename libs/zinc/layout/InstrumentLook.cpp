@@ -4,7 +4,7 @@ namespace Zinc2D {
 
 namespace {
 
-constexpr double digitAdvance = 0.64; ///< of the size, for the common fonts
+constexpr double digitAdvance = 0.64; ///< relative to the font size, for common fonts
 constexpr double pointAdvance = 0.34;
 constexpr double fieldPadding = 0.18;
 constexpr double fieldHeight = 1.12;

@@ -2,7 +2,7 @@
 
 #include "libs/zinc/layout/Properties.h"
 
-/// What the ready-made instruments have in common.
+/// Colours, digital values and tick labels of all instruments.
 namespace Zinc2D {
 
 namespace Palette {
@@ -11,7 +11,7 @@ constexpr Argb label = 0xFFB4BEC8;
 constexpr Argb tick = 0xFFDCE2E8;
 constexpr Argb minorTick = 0xFF7C8894;
 constexpr Argb track = 0xFF2B333B;
-constexpr Argb well = 0xFF0A0D10; ///< behind digits and off lamps
+constexpr Argb well = 0xFF0A0D10; ///< behind digits and unlit lamps
 constexpr Argb edge = 0xFF39434C;
 constexpr Argb unlit = 0xFF5A6671;
 constexpr Argb normal = 0xFF00C853;
@@ -27,8 +27,8 @@ int stateOf(const Properties& element, Property property = Property::State);
 /// Colour of a state; `normal` is that of state 0.
 Argb stateColor(int state, Argb normal);
 
-/// The number of an instrument. Beyond the normal range it stands inverted on a field of the
-/// state's colour, so that it needs no colour vision to be noticed.
+/// The digital value of an instrument. Outside the normal range it is inverted on a field in the
+/// state's colour, so that it is noticed without colour vision too.
 struct Digits
 {
     QString text;
@@ -38,11 +38,11 @@ struct Digits
     Align align = Align::Center;
 };
 
-/// How wide digits are at most, field included; the core knows no fonts.
+/// Estimated largest width of the digits and their field; this layer has no font metrics.
 double digitsWidth(const QString& text, double size);
 void drawDigits(Canvas& canvas, const QPointF& place, const Digits& digits);
 
-/// The number that stands at a tick.
+/// The label of a tick.
 QString tickLabel(const Properties& element, double value);
 
 } // namespace Zinc2D

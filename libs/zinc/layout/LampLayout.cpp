@@ -13,14 +13,14 @@ namespace {
 
 constexpr double usualCorner = 4.0;
 constexpr double edgeThickness = 1.5;
-constexpr double textHeight = 0.45; ///< of the height of a lamp or row
-constexpr double lineHeight = 1.2;  ///< of the text's size
-constexpr double textIndent = 0.5;  ///< of the text's size
+constexpr double textHeight = 0.45; ///< relative to the height of a lamp or row
+constexpr double lineHeight = 1.2;  ///< relative to the text size
+constexpr double textIndent = 0.5;  ///< relative to the text size
 constexpr int mostRows = 100;
 
 const auto unknown = QStringLiteral("---");
 
-/// The legend of a lamp; "|" parts its lines.
+/// The legend of a lamp; "|" separates its lines.
 void drawLines(const Properties& lamp, const QRectF& area, const QString& text, Argb color,
                Canvas& canvas)
 {
@@ -34,7 +34,7 @@ void drawLines(const Properties& lamp, const QRectF& area, const QString& text, 
     }
 }
 
-/// The messages that hold now, the most important first.
+/// The active messages, highest priority first.
 std::vector<const Element*> activeMessages(const Properties& annunciator)
 {
     std::vector<const Element*> active;
@@ -93,7 +93,7 @@ void layoutAnnunciator(const Properties& annunciator, Canvas& canvas)
         const Argb color = message.color(Property::Color, usual);
         canvas.text({row.left() + textIndent * size, row.center().y()},
                     message.text(Property::Text), {size, true, Align::Left, color});
-        // What has no row of its own is counted.
+        // The last row also counts the messages that have no row.
         if (i == rows - 1 && count > rows)
             canvas.text({row.right() - textIndent * size, row.center().y()},
                         QStringLiteral("+%1").arg(count - rows), {size, true, Align::Right, color});

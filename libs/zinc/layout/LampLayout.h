@@ -4,7 +4,7 @@
 
 namespace Zinc2D {
 
-/// Draws lamps and annunciators as it is now.
+/// Draw lamps and annunciators in their current state.
 void layoutLamp(const Properties& element, Canvas& canvas);
 void layoutAnnunciator(const Properties& element, Canvas& canvas);
 

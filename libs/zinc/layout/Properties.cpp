@@ -73,7 +73,7 @@ std::vector<QPointF> Properties::points() const
         const Value x = found->expressions[i].evaluate(m_variables);
         const Value y = found->expressions[i + 1].evaluate(m_variables);
         if (!x.isNumber() || !y.isNumber())
-            return {}; // without it, this would be another shape
+            return {}; // leaving out one point would change the shape
         points.emplace_back(x.number(), y.number());
     }
     return points;

@@ -9,15 +9,15 @@
 
 namespace Zinc2D {
 
-/// What a property is now.
+/// The current value of a property.
 Value evaluate(const PropertyValue& property, const VariableTable& variables);
 
-/// A value as a colour.
+/// The current value as a colour; `fallback` if it is none.
 Argb colorOf(const PropertyValue& property, const VariableTable& variables, Argb fallback);
 
-/// The properties of an element, or of a part of it, as they are now.
+/// The current properties of an element or a part.
 ///
-/// One that the file does not give, or whose expression yields nothing, has its default.
+/// A property that the file does not give, or whose expression is not set, has its default.
 class Properties
 {
 public:
@@ -43,43 +43,43 @@ public:
         return number(property, fallback ? 1.0 : 0.0) != 0.0;
     }
 
-    /// Unless the file tells otherwise, and not while that has no value.
+    /// True by default; false while `visible` is given but not set.
     bool isVisible() const { return !has(Property::Visible) || isTrue(Property::Visible); }
 
-    /// Of parts with their opacity; elements fade as a whole.
+    /// For parts, includes their opacity; elements fade as a whole.
     Argb color(Property property, Argb fallback) const;
 
     double opacity() const { return std::clamp(number(Property::Opacity, 1.0), 0.0, 1.0); }
 
-    /// Empty where there is none. A number is written as short as it can be.
+    /// Empty if there is none. Numbers are formatted with "%g".
     QString text(Property property) const;
 
-    /// Nothing where there is none or it is broken.
+    /// Empty if there is none or it is invalid.
     std::optional<NumberFormat> format(Property property) const;
 
     /// X, Y, Width and Height.
     QRectF area() const;
     QPointF place() const;
-    /// None at all while one of them has no place.
+    /// Empty while any of them is not set.
     std::vector<QPointF> points() const;
 
-    /// Whether a number that the element cannot do without has no value at the moment.
+    /// Whether one of these properties is given but not set.
     bool isMissing(std::initializer_list<Property> needed) const;
 
     const std::vector<Element>& parts() const { return m_element.parts; }
 
     Properties of(const Element& part) const { return {part, m_variables}; }
 
-    /// The first visible case that applies to the value; null when none does.
+    /// The first visible case that applies to the value; null if none does.
     const Element* activeCase(const std::optional<double>& value) const;
 
-    /// The number to be shown where the first property tells it, else that of the second.
+    /// The number of the first property if the file gives it, else of the second.
     std::optional<double> shown(Property digits, Property value) const
     {
         return number(has(digits) ? digits : value);
     }
 
-    /// The value in the element's format, with dashes where there is none.
+    /// The value in the element's format; dashes if there is no value.
     QString formatted(const std::optional<double>& value) const;
 
 private:

@@ -11,15 +11,15 @@ namespace Zinc2D {
 namespace {
 
 constexpr double usualLabelSize = 16.0;
-constexpr double majorLength = 0.22; ///< of the tape's breadth
+constexpr double majorLength = 0.22; ///< relative to the tape's breadth
 constexpr double minorLength = 0.12;
 constexpr double tickThickness = 2.0;
 constexpr double rangeBreadth = 0.08;
-constexpr double windowHeight = 1.3; ///< of the digits' size
+constexpr double windowHeight = 1.3; ///< relative to the digits' size
 constexpr double notch = 0.3;
 constexpr double edgeThickness = 1.5;
 
-/// The scale behind the window; the current value lies in the middle.
+/// The moving scale, with the current value in the middle.
 struct Scale
 {
     QRectF area;
@@ -28,7 +28,7 @@ struct Scale
 
     double breadth() const { return isVertical ? area.width() : area.height(); }
 
-    /// `across` counts from the edge with the ticks: the right one, or the upper one.
+    /// `across` is measured from the edge with the ticks: the right or the upper one.
     QPointF point(double along, double across) const
     {
         return isVertical ? QPointF(area.right() - across, along)
@@ -97,7 +97,7 @@ void drawScale(const Properties& tape, const Scale& scale, Canvas& canvas)
     }
 }
 
-/// The window with the number, whose notch points at the scale.
+/// The window with the number; its notch points at the scale.
 void drawWindow(const Properties& tape, const Scale& scale, const std::optional<double>& value,
                 Canvas& canvas)
 {

@@ -4,7 +4,7 @@
 
 namespace Zinc2D {
 
-/// Draws a moving tape as it is now.
+/// Draws a moving tape at the current values.
 void layoutTape(const Properties& element, Canvas& canvas);
 
 } // namespace Zinc2D

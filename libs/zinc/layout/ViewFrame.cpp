@@ -52,7 +52,7 @@ int ViewFrame::update()
     for (const int slot : m_variables->takeChanges()) {
         const auto place = static_cast<std::size_t>(slot);
         if (place >= m_dependents.size())
-            continue; // no element needs it
+            continue; // no element uses it
         for (const int index : m_dependents[place])
             m_nodes[static_cast<std::size_t>(index)].isDirty = true;
     }

@@ -6,24 +6,24 @@
 
 namespace Zinc2D {
 
-/// What a view looks like now: a draw list for each element, rebuilt only where a variable changed
-/// that the element, or a group around it, depends on.
+/// The draw lists of a view's elements at the current values. A list is rebuilt only when a
+/// variable changed that the element or a group around it depends on.
 class ViewFrame
 {
 public:
     ViewFrame() = default;
 
-    /// Shows a view from now on, which must stay, as must the table of its variables.
+    /// Sets the view and its variables, which must both outlive this object or the next call.
     void setModel(const ViewModel& model, VariableTable& variables);
 
-    /// Takes over what changed and returns how many elements were rebuilt.
+    /// Rebuilds what has changed and returns the number of rebuilt elements.
     int update();
 
     std::size_t size() const { return m_nodes.size(); }
 
     const DrawList& drawList(std::size_t element) const { return m_nodes[element].list; }
 
-    /// Grows whenever the element's draw list is rebuilt.
+    /// Incremented whenever the element's draw list is rebuilt.
     unsigned revision(std::size_t element) const { return m_nodes[element].revision; }
 
 private:
@@ -31,8 +31,8 @@ private:
     {
         const Element* element = nullptr;
         bool isDirty = true;
-        bool hasMoved = true; ///< of groups: what is in them has to be rebuilt
-        Placement placement;  ///< of groups: for what is in them
+        bool hasMoved = true; ///< of groups: their contents must be rebuilt
+        Placement placement;  ///< of groups: of their contents
         DrawList list;
         unsigned revision = 0;
     };
@@ -43,7 +43,7 @@ private:
 
     VariableTable* m_variables = nullptr;
     std::vector<Node> m_nodes;
-    std::vector<std::vector<int>> m_dependents; ///< by slot of a variable: elements
+    std::vector<std::vector<int>> m_dependents; ///< indices of elements, by variable slot
     bool m_isNew = false;
 };
 

@@ -12,7 +12,7 @@ namespace {
 constexpr int maxFigures = 30;
 constexpr int usualDashes = 3;
 
-/// The number that stands there, and goes past it; -1 where it is too large.
+/// Reads digits and moves past them; -1 if the number is too large.
 int takeNumber(const QString& text, qsizetype& position)
 {
     int number = 0;

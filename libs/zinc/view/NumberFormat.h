@@ -7,22 +7,22 @@
 
 namespace Zinc2D {
 
-/// A number put into a text as printf does it, with a decimal point wherever the program runs:
-/// "%.1f bar", "%04d h", "100 %%". At most one conversion out of d, i, u, x, X, e, E, f, F, g, G;
-/// the integer ones round. Width and precision go up to 30.
+/// Formats a number like printf, with a decimal point in every locale: "%.1f bar", "%04d h",
+/// "100 %%". At most one conversion, one of d, i, u, x, X, e, E, f, F, g, G; those of integers
+/// round. Width and precision go up to 30.
 class NumberFormat
 {
 public:
     /// "%g"
     NumberFormat();
 
-    /// Nothing where the text is no such format; `badOffset` is then where it goes wrong.
+    /// Empty if the text is not such a format; `badOffset` is then the index of the error.
     static std::optional<NumberFormat> parse(const QString& text, qsizetype* badOffset = nullptr);
 
-    /// A number that rounds to 0 has no sign.
+    /// A number that rounds to 0 is written without a sign.
     QString apply(double number) const;
 
-    /// What stands in its place when there is no number: a dash for each decimal, "--.-".
+    /// The text for a missing number: "---", or with a dash for each decimal, "--.-".
     QString dashes() const;
 
 private:
@@ -32,7 +32,7 @@ private:
 
     QString m_prefix;
     QString m_suffix;
-    QByteArray m_conversion; ///< with its % and without length modifier
+    QByteArray m_conversion; ///< for snprintf: with its %, and "ll" for integers
     Kind m_kind = Kind::Floating;
     int m_decimals = 0;
     int m_width = 0;

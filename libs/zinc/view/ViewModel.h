@@ -10,7 +10,7 @@
 
 #include <vector>
 
-/// What was read from a view file (docs/formats/view.md).
+/// The contents of a view file (docs/formats/view.md).
 namespace Zinc2D {
 
 enum class ElementType {
@@ -29,7 +29,7 @@ enum class ElementType {
     Lamp,
     Annunciator,
     Tape,
-    // Parts of these
+    // Only inside other elements
     Range,
     Mark,
     Case,
@@ -97,35 +97,35 @@ enum class Property {
     Y2
 };
 
-/// A property that the file gives: a constant, a literal text, or what an expression yields.
+/// A property given in the file: a constant, a literal text, or an expression.
 struct PropertyValue
 {
     Property property = Property::X;
-    bool isLiteral = false; ///< `text`, and for formats `format`
+    bool isLiteral = false; ///< the value is `text`, for formats also `format`
     QString text;
     NumberFormat format;
-    Value constant;                      ///< where it is neither literal nor has expressions
-    std::vector<Expression> expressions; ///< one; for points two for each
+    Value constant;                      ///< if it is neither literal nor has expressions
+    std::vector<Expression> expressions; ///< one, or x and y of each point
 };
 
 struct Element
 {
     ElementType type = ElementType::Group;
-    int parent = -1; ///< index of the group that it lies in
+    int parent = -1; ///< index of its group in ViewModel::elements; -1: none
     std::vector<PropertyValue> properties;
     std::vector<Element> parts; ///< ranges, marks, cases, messages
 
     const PropertyValue* find(Property property) const;
 };
 
-/// A variable that the view does not define itself, and what to tell when nobody sets it.
+/// A variable that the view uses without defining it, and the report if nobody sets it.
 struct VariableUse
 {
     QString name;
-    Diagnostic unknown; ///< where it is used first
+    Diagnostic unknown; ///< points at its first use
 };
 
-/// A whole view. Elements stand in the order of the file, groups before what is in them.
+/// A whole view. Elements are in file order, so that a group comes before its contents.
 struct ViewModel
 {
     QSizeF size;
@@ -134,7 +134,7 @@ struct ViewModel
     std::vector<QString> fontFiles;
     std::vector<Element> elements;
     std::vector<VariableUse> variables;
-    QSet<QString> optionalVariables; ///< nobody has to set them
+    QSet<QString> optionalVariables; ///< not reported when nobody sets them
 };
 
 } // namespace Zinc2D

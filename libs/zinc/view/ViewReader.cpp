@@ -68,7 +68,8 @@ bool ViewReader::readRoot()
         return false;
     }
     if (m_xml.name() != QStringLiteral("view")) {
-        reportTag(QStringLiteral("this is no view: the first element is \"%1\"").arg(m_xml.name()));
+        reportTag(
+            QStringLiteral("this is not a view: the first element is \"%1\"").arg(m_xml.name()));
         return false;
     }
     for (const Attribute& attribute : attributes()) {
@@ -82,7 +83,8 @@ bool ViewReader::readRoot()
         else if (attribute.name == QStringLiteral("background"))
             compile(attribute, PropertyKind::Color, m_model.background);
         else
-            report(attribute.offset, QStringLiteral("a view has no \"%1\"").arg(attribute.name));
+            report(attribute.offset,
+                   QStringLiteral("\"view\" has no attribute \"%1\"").arg(attribute.name));
     }
     const auto isUsable = [](double size) { return size > 0.0 && size <= maxSize; };
     if (isUsable(m_model.size.width()) && isUsable(m_model.size.height()))
@@ -97,7 +99,7 @@ void ViewReader::readChildren(int parent, int depth)
         readChild(parent, depth);
 }
 
-/// Goes to the next element within this one; false at its end.
+/// Advances to the next child of the current element; false at the end of that element.
 bool ViewReader::nextChild()
 {
     while (!m_xml.atEnd()) {
@@ -112,12 +114,12 @@ bool ViewReader::nextChild()
     return false;
 }
 
-/// Goes to the end of an element that holds nothing.
+/// Goes to the end of an element that takes no children, and reports any.
 void ViewReader::leave()
 {
     const QString name = m_xml.name().toString();
     while (nextChild()) {
-        reportTag(QStringLiteral("\"%1\" has no \"%2\" in it").arg(name, m_xml.name()));
+        reportTag(QStringLiteral("\"%1\" cannot contain \"%2\"").arg(name, m_xml.name()));
         m_xml.skipCurrentElement();
     }
 }
@@ -145,11 +147,11 @@ void ViewReader::readChild(int parent, int depth)
     if (info == nullptr)
         reportTag(QStringLiteral("there is no element \"%1\"").arg(name));
     else if (isPart(info->type))
-        reportTag(QStringLiteral("\"%1\" stands only in another element").arg(name));
+        reportTag(QStringLiteral("\"%1\" must be inside another element").arg(name));
     else if (++m_elementCount > maxElements)
         reportTag(QStringLiteral("too many elements"));
     else if (depth >= maxDepth)
-        reportTag(QStringLiteral("groups lie too deep in each other"));
+        reportTag(QStringLiteral("groups are nested too deeply"));
     else
         return readElement(*info, parent, depth);
     m_xml.skipCurrentElement();
@@ -179,7 +181,7 @@ void ViewReader::readParts(const ElementInfo& info, Element& element)
     while (nextChild()) {
         const ElementInfo* const part = elementInfo(m_xml.name());
         if (part == nullptr || !holdsWord(info.parts, m_xml.name())) {
-            reportTag(QStringLiteral("\"%1\" has no \"%2\" in it")
+            reportTag(QStringLiteral("\"%1\" cannot contain \"%2\"")
                           .arg(QLatin1StringView(info.name.data()), m_xml.name()));
         } else if (++m_elementCount > maxElements) {
             reportTag(QStringLiteral("too many elements"));
@@ -222,7 +224,7 @@ void ViewReader::readDefinition()
             expression = &attribute;
         else
             report(attribute.offset,
-                   QStringLiteral("a definition has no \"%1\"").arg(attribute.name));
+                   QStringLiteral("\"define\" has no attribute \"%1\"").arg(attribute.name));
     }
     if (name.isEmpty() || expression == nullptr) {
         reportTag(QStringLiteral("a definition needs \"name\" and \"value\""));
@@ -238,7 +240,7 @@ void ViewReader::readDefinition()
         return;
     }
     auto& found = std::get<Expression>(compiled);
-    // Whoever used the name before would be drawn from what it was before.
+    // Earlier uses were compiled, and type-checked, with the name as a plain variable.
     if (m_used.contains(m_variables.slot(name)) ||
         std::ranges::count(found.variables(), m_variables.slot(name)) > 0) {
         reportTag(QStringLiteral("\"%1\" is used before it is defined").arg(name));
@@ -276,7 +278,7 @@ void ViewReader::readOptional()
             m_model.optionalVariables.insert(attribute.value.trimmed());
         else
             report(attribute.offset,
-                   QStringLiteral("\"optional\" has no \"%1\"").arg(attribute.name));
+                   QStringLiteral("\"optional\" has no attribute \"%1\"").arg(attribute.name));
     }
 }
 
@@ -301,7 +303,8 @@ void ViewReader::readFont()
     for (const Attribute& attribute : attributes()) {
         PropertyValue value;
         if (attribute.name != QStringLiteral("file"))
-            report(attribute.offset, QStringLiteral("a font has no \"%1\"").arg(attribute.name));
+            report(attribute.offset,
+                   QStringLiteral("\"font\" has no attribute \"%1\"").arg(attribute.name));
         else if (readFile(attribute, value))
             m_model.fontFiles.push_back(value.text);
     }
@@ -339,12 +342,12 @@ void ViewReader::addStyle(Attributes& attributes)
 
 qsizetype ViewReader::tagStart() const
 {
-    // No "<" can stand within a tag.
+    // A tag cannot contain "<".
     const qsizetype end = std::max<qsizetype>(m_xml.characterOffset() - 1, 0);
     return std::max<qsizetype>(m_source.text().lastIndexOf(u'<', end), 0) + 1;
 }
 
-/// Of the text that was read last.
+/// Start of the character data read last.
 qsizetype ViewReader::textStart() const
 {
     const QString& text = m_source.text();
@@ -360,7 +363,7 @@ void ViewReader::report(qsizetype offset, const QString& message)
     if (m_diagnostics.size() >= maxDiagnostics)
         return;
     Diagnostic found = m_source.diagnostic(offset, message);
-    // Whoever takes a style over takes over its faults.
+    // A fault in a style would be reported by each element that uses it.
     if (std::ranges::count(m_diagnostics, found) == 0)
         m_diagnostics.push_back(std::move(found));
 }

@@ -18,21 +18,21 @@ class VariableTable;
 
 /// Reads a view file (docs/formats/view.md).
 ///
-/// What cannot be used is reported with its place and left out, and the rest is read. Bounded: at
-/// most 16 MiB, 20,000 elements, groups 64 deep, 200 reports.
+/// What cannot be used is reported with its position and left out; the rest is read. Limits:
+/// 16 MiB, 20,000 elements, groups nested 64 deep, 200 reports.
 class ViewReader
 {
 public:
-    /// Definitions go straight to the table, which should hold none.
+    /// Definitions are added to the table, which must not have any yet.
     explicit ViewReader(VariableTable& variables);
 
-    /// Nothing where the file cannot be read, is no XML, or is no view with a size.
+    /// Empty if the file cannot be read, is not XML, or is not a view with a size.
     std::optional<ViewModel> read(const QString& path);
 
     const std::vector<Diagnostic>& diagnostics() const { return m_diagnostics; }
 
 private:
-    /// As it stands in the file.
+    /// An attribute as written in the file.
     struct Attribute
     {
         QString name;
@@ -84,7 +84,7 @@ private:
     QXmlStreamReader m_xml;
     ViewModel m_model;
     QHash<QString, Attributes> m_styles;
-    std::vector<std::pair<int, qsizetype>> m_uses; ///< slots of variables, and where
+    std::vector<std::pair<int, qsizetype>> m_uses; ///< slots of variables, offsets of first use
     QSet<int> m_used;                              ///< the same slots
     std::vector<Diagnostic> m_diagnostics;
     int m_elementCount = 0;

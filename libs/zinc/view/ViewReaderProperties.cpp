@@ -29,7 +29,7 @@ void ViewReader::readProperties(const ElementInfo& info, const Attributes& attri
     for (const Attribute& attribute : attributes) {
         const PropertyInfo* const property = propertyInfo(attribute.name);
         if (property == nullptr || !takes(info, attribute.name)) {
-            report(attribute.offset, QStringLiteral("\"%1\" has no \"%2\"")
+            report(attribute.offset, QStringLiteral("\"%1\" has no attribute \"%2\"")
                                          .arg(QLatin1StringView(info.name.data()), attribute.name));
             continue;
         }
@@ -90,7 +90,7 @@ void ViewReader::compile(const Attribute& attribute, PropertyKind kind, Property
     value.expressions.push_back(std::move(expression));
 }
 
-/// What can never be of use is told, rather than drawn as if it was not there.
+/// Reports an expression that can never yield a usable type.
 bool ViewReader::fits(const Expression& expression, const Attribute& attribute, PropertyKind kind)
 {
     const ValueTypes types = expression.types();
@@ -100,7 +100,7 @@ bool ViewReader::fits(const Expression& expression, const Attribute& attribute, 
             if (m_variables.isDefined(slot) || !QColor::isValidColor(name))
                 continue;
             reportIn(attribute, 0,
-                     QStringLiteral("\"%1\" is no colour here: write %2, or define it")
+                     QStringLiteral("\"%1\" is not a colour here: write %2, or define it")
                          .arg(name, QColor(name).name(QColor::HexArgb)));
             return false;
         }
@@ -135,7 +135,7 @@ bool ViewReader::readFormat(const Attribute& attribute, PropertyValue& value)
     qsizetype offset = 0;
     const std::optional<NumberFormat> format = NumberFormat::parse(value.text, &offset);
     if (!format) {
-        reportIn(attribute, offset, QStringLiteral("this is no number format"));
+        reportIn(attribute, offset, QStringLiteral("this is not a number format"));
         return false;
     }
     value.format = *format;

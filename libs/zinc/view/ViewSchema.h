@@ -6,14 +6,14 @@
 
 #include <string_view>
 
-/// Which elements a view may hold, and which attributes each of them takes.
+/// The elements of a view file and the attributes that each of them takes.
 namespace Zinc2D {
 
 enum class PropertyKind {
     Number,
     Color,
     Text,    ///< a literal, or "=" and an expression
-    Keyword, ///< one of some words
+    Keyword, ///< one of a list of words
     Format,  ///< printf-style
     Points,
     File
@@ -24,23 +24,23 @@ struct PropertyInfo
     std::string_view name;
     Property property;
     PropertyKind kind;
-    std::string_view words = {}; ///< of a keyword, between blanks
+    std::string_view words = {}; ///< for keywords, separated by spaces
 };
 
 struct ElementInfo
 {
     std::string_view name;
     ElementType type;
-    std::string_view required; ///< attributes, between blanks
+    std::string_view required; ///< attributes, separated by spaces
     std::string_view optional;
-    std::string_view parts = {}; ///< elements in it
+    std::string_view parts = {}; ///< elements that it may contain
 };
 
-/// Null where there is no such name.
+/// Null if there is no such name.
 const PropertyInfo* propertyInfo(QStringView name);
 const ElementInfo* elementInfo(QStringView name);
 
-/// Whether a list of words between blanks holds the word.
+/// Whether a list of words separated by spaces contains the word.
 bool holdsWord(std::string_view words, QStringView word);
 
 /// Whether the element takes the attribute.

@@ -7,7 +7,7 @@
 
 namespace Zinc2D {
 
-/// Something in a view file that cannot be used as it stands. Line and column count from 1.
+/// A fault in a view file. Line and column start at 1.
 struct Diagnostic
 {
     QString file;
@@ -24,7 +24,7 @@ struct Diagnostic
     }
 };
 
-/// The text of a view file, and where things stand in it.
+/// The text of a view file, and positions in it.
 class ViewSource
 {
 public:
@@ -35,11 +35,11 @@ public:
 
     Diagnostic diagnostic(qsizetype offset, const QString& message) const;
 
-    /// Where the values of the attributes of a start tag begin, which starts at the offset.
+    /// Offsets of the attribute values of the start tag at `tagStart`, by attribute name.
     QHash<QString, qsizetype> attributeOffsets(qsizetype tagStart) const;
 
-    /// Goes from the beginning of an attribute's value over so many of its characters: an entity
-    /// such as "&lt;" is one.
+    /// Offset of a character of an attribute value, where an entity such as "&lt;" is one
+    /// character.
     qsizetype offsetInValue(qsizetype valueStart, qsizetype characters) const;
 
 private:
