@@ -15,13 +15,13 @@ namespace KOLT::Bench {
 
 namespace {
 
-/// About how long a block of a pair lasts: neither the clock nor a cold start counts then.
+/// Approximate time of a block: long enough that clock resolution and cold caches do not matter.
 constexpr auto blockSeconds = "0.05";
 
-/// A baseline that does its work takes longer than that.
+/// A baseline that takes less did not do its work.
 constexpr double shortestBaseline = 20e-6;
 
-/// Keeps what a block tells: the library's figures of a benchmark that ran for some iterations.
+/// Keeps the result of a block, which is one run of a benchmark for some iterations.
 class BlockReporter : public benchmark::BenchmarkReporter
 {
 public:
@@ -41,7 +41,7 @@ public:
     std::string error = "it was not run";
 };
 
-/// Without a number of iterations the library finds one that takes `blockSeconds`.
+/// `iterations` 0: as many as take `blockSeconds`.
 BlockReporter runBlock(Benchmark function, std::int64_t iterations = 0)
 {
     benchmark::ClearRegisteredBenchmarks();
@@ -53,7 +53,7 @@ BlockReporter runBlock(Benchmark function, std::int64_t iterations = 0)
     return reporter;
 }
 
-/// One of the two that a pair is made of.
+/// One side of a pair: the measured benchmark or the baseline.
 class Side
 {
 public:
@@ -62,12 +62,12 @@ public:
     {
         if (function == nullptr)
             return;
-        runBlock(function, 1); // whatever is made once must not count
+        runBlock(function, 1); // warm-up: data that are made once do not count
         m_iterations = runBlock(function).iterations;
     }
 
-    /// Seconds per iteration of another block. Without a benchmark it is a millisecond, as what is
-    /// divided by it is told in milliseconds.
+    /// Runs another block and returns its seconds per iteration. Without a benchmark returns one
+    /// millisecond, so that the ratio is in milliseconds.
     double next(std::string& error)
     {
         if (m_function == nullptr)

@@ -8,9 +8,9 @@ namespace benchmark {
 class State;
 }
 
-/// Figures compare a benchmark with a baseline of the same run, so that they hold on any machine
-/// (docs/performance.md). A program lists its figures and prints them as lines of JSON;
-/// scripts/bench puts those of several runs together and judges them.
+/// A figure is the time of a benchmark divided by that of a baseline in the same run, so that it
+/// holds on any machine (docs/performance.md). A program prints its figures as lines of JSON;
+/// scripts/bench collects those of several runs and judges them.
 namespace KOLT::Bench {
 
 using Benchmark = void (*)(benchmark::State&);
@@ -20,11 +20,11 @@ enum class Bound { AtMost, AtLeast };
 struct Figure
 {
     std::string name;
-    Benchmark measured = nullptr; ///< its time is divided ...
-    Benchmark baseline = nullptr; ///< ... by the time of this one; null: told in milliseconds
+    Benchmark measured = nullptr;
+    Benchmark baseline = nullptr; ///< null: the figure is the time in milliseconds
     Bound bound = Bound::AtMost;
     double target = 0.0;
-    std::function<double()> value = {}; ///< instead of both, measured once in a run
+    std::function<double()> value = {}; ///< instead of both; called once in a run
 };
 
 /// Measures each figure as interleaved pairs (measured, baseline, measured, baseline, ...) and

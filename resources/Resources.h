@@ -1,5 +1,5 @@
 #pragma once
 
-/// Makes the files of kolt.qrc (icons, style sheet) known to the toolkit. They lie in a library,
-/// from which the linker would drop them; call it once before the first is used.
+/// Registers icons, style sheet and translations. Call it once before their first use: the linker
+/// drops resources of a static library that nobody refers to.
 void initKoltResources();

@@ -1,6 +1,6 @@
 <?xml version="1.0" encoding="UTF-8"?>
-<!-- The engine panel of the default profile. The format: docs/formats/view.md. Ranges are those of
-     the profile's thresholds; change both together. -->
+<!-- The engine panel of the default profile. Format: docs/formats/view.md. The ranges are the
+     thresholds of the profile; change both together. -->
 <view width="1280" height="720" background="#05070a" font="B612">
     <font file="fonts/B612-Regular.otf"/>
     <font file="fonts/B612-Bold.otf"/>
@@ -16,11 +16,11 @@
     <define name="dim" value="#7c8894"/>
     <define name="black" value="#14100a"/>
 
-    <!-- variants: the 915T has no number of its own and comes as 0 -->
+    <!-- variants: the name 915T is not a number, so that its VARIANT is 0 -->
     <define name="is850" value="VARIANT == 850"/>
     <define name="is915T" value="VARIANT == 0"/>
 
-    <!-- units: limits stay metric, only what is read is converted -->
+    <!-- units: limits are metric, only displayed numbers are converted -->
     <define name="imperial" value="UNIT == 1"/>
     <define name="hPa" value="imperial ? 0.0295299831 : 1"/>
     <define name="bar" value="imperial ? 14.5037738 : 1"/>
@@ -41,9 +41,9 @@
     <define name="egtWarning" value="is850 ? 840 : 920"/>
     <define name="egtLimit" value="is850 ? 900 : 950"/>
 
-    <!-- Engine values are those of lane A, also where lane B sends some by the same name; "Worst" is
-         the state of whichever is worse. Profiles without a device "ECU Lane A" have the plain
-         name only, and some variants have no tow lamp. -->
+    <!-- Engine values are those of lane A, even if lane B sends one of the same name; "...Worst" is
+         the worse state of the two. Profiles without a device "ECU Lane A" have only the plain
+         name, and some variants have no tow lamp. -->
     <optional name="Lamp Tow"/>
     <optional name="ECU Lane A/Engine Speed"/>
     <optional name="ECU Lane A/Manifold Pressure"/>
