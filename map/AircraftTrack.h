@@ -9,7 +9,7 @@
 
 namespace KOLT {
 
-/// Where the aircraft is at a time: looks up the track by half seconds.
+/// Looks up where the aircraft was at a time, by half seconds.
 class AircraftTrack
 {
 public:
@@ -23,13 +23,13 @@ public:
     explicit AircraftTrack(const std::vector<TrackPoint>& track)
         : m_track(&track)
     {
-        // The points come in order: each goes to the end.
+        // The points are sorted, so each is inserted at the end.
         for (std::size_t i = 0; i < track.size(); ++i)
             m_positions.emplace_hint(m_positions.end(), track[i].halfSecond, static_cast<int>(i));
     }
 
-    /// The point of the very half second that holds the time. Any other time counts as the first
-    /// point's, and is noted so. All zeros without a track.
+    /// The point of the half second that holds the time. A half second without a point gets the
+    /// first point, and keeps it. All zeros without a track.
     Record at(double seconds)
     {
         if (m_track == nullptr || m_track->empty())
@@ -42,7 +42,7 @@ public:
                 point.groundSpeed, point.track,     point.seconds()};
     }
 
-    /// Half seconds that have been given a position.
+    /// Half seconds with a point, including those that at() has assigned the first point to.
     std::size_t size() const { return m_positions.size(); }
 
 private:

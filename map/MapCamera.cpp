@@ -17,7 +17,7 @@ using TUSK::Geodetic::radiansPerDegree;
 namespace {
 
 constexpr double keyZoom = 1.03;
-constexpr double keyWay = 0.015; // of the width
+constexpr double keyStep = 0.015; // of the width
 constexpr double longestKeyStep = 90.0;
 constexpr double wheelZoom = 1.100000023841858;
 
@@ -27,8 +27,8 @@ constexpr double rangeReached = 10.0;     // metres
 constexpr double positionReached = 0.001; // of the width
 
 constexpr double movedPixels = 20.0;
-constexpr double doublingsPerHeight = 4.0; // of a zoom by dragging
-constexpr double fitRoom = 0.1;            // of the bounds' size, on each side
+constexpr double doublingsPerHeight = 4.0; // of the scale, per window height dragged
+constexpr double fitMargin = 0.1;          // of the bounds' size, on each side
 
 double clampedWidth(double width)
 {
@@ -40,12 +40,14 @@ double glide(double from, double to)
     return TUSK::Math::Filter::pt1(from, to, lagSeconds, frameSeconds);
 }
 
-/// The latitude of a centre that shows a place at the height y, both in radii; in degrees and
-/// perhaps beyond the poles. The place lies at a sine of latitude and, across the meridian of the
-/// centre, at `cosine`.
+/// The latitude of the centre, in degrees, that shows a place at height `y` in the view. On the
+/// unit sphere, `sine` is the place's height above the equator and `cosine` its distance from the
+/// axis along the meridian of the centre. The result may lie beyond a pole; none for a place on the
+/// view's horizontal axis of rotation, which no latitude moves.
 std::optional<double> latitudeShowing(double sine, double cosine, double y)
 {
-    // y = sine * cos(c) - cosine * sin(c) = length * cos(c + angle), on the near side.
+    // y = sine * cos(c) - cosine * sin(c) = length * cos(c + angle); of the two solutions, the one
+    // on the near side.
     const double length = std::hypot(sine, cosine);
     if (length < 1e-12)
         return std::nullopt;
@@ -153,8 +155,8 @@ void MapCamera::stepKeys(const MapKeys& keys)
     if (!keys.up && !keys.down && !keys.left && !keys.right)
         return;
     m_state.isPositionAnimated = false;
-    const double step = m_state.width * keyWay / metresPerDegree;
-    // At the very pole the step would have no end.
+    const double step = m_state.width * keyStep / metresPerDegree;
+    // Longitude steps grow without bound towards the poles.
     const double cosine = std::cos(m_state.latitude * radiansPerDegree);
     const double sideStep = step < longestKeyStep * cosine ? step / cosine : longestKeyStep;
     setCentre({m_state.latitude + (keys.up ? step : 0.0) - (keys.down ? step : 0.0),
@@ -194,7 +196,7 @@ bool MapCamera::stepAnimations()
     if (m_state.follow != 0 && !m_state.isFollowWaiting)
         m_state.isPositionAnimated = false;
     if (m_state.isPositionAnimated) {
-        // The short way, also over 180 degrees.
+        // The shorter way around, which may cross 180 degrees.
         const double way = Tessa::wrappedLongitude(m_state.targetLongitude - m_state.longitude);
         setCentre({glide(m_state.latitude, m_state.targetLatitude),
                    glide(m_state.longitude, m_state.longitude + way)});
@@ -273,7 +275,7 @@ void MapCamera::fit(const TrackBounds& bounds)
     cancelAnimations();
     setCentre({(bounds.minLatitude + bounds.maxLatitude) / 2.0, (bounds.west + bounds.east) / 2.0});
     const Tessa::Globe globe = this->globe();
-    // The edges are bent, and may lie behind the limb.
+    // In the view the edges are curved, and may lie behind the limb: sample the whole area.
     constexpr int steps = 32;
     double right = 0.0;
     double top = 0.0;
@@ -287,7 +289,7 @@ void MapCamera::fit(const TrackBounds& bounds)
         }
     }
     const double half = std::max(right, top * m_windowWidth / m_windowHeight);
-    setRange(std::max(half * 2.0 * (1.0 + 2.0 * fitRoom), narrowestFit));
+    setRange(std::max(half * 2.0 * (1.0 + 2.0 * fitMargin), narrowestFit));
     m_state.isFollowWaiting = m_state.follow != 0;
 }
 

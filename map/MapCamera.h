@@ -8,7 +8,7 @@
 
 namespace KOLT {
 
-/// The motion keys that are held.
+/// The motion keys that are held down.
 struct MapKeys
 {
     bool zoomIn = false;
@@ -21,12 +21,12 @@ struct MapKeys
     bool any() const { return zoomIn || zoomOut || up || down || left || right; }
 };
 
-/// How input moves the map: rules on a view state, without a window.
+/// Moves the view as the user's input asks, without a window.
 ///
-/// Points and sizes are logical pixels, points counted from the lower left corner. Whatever
-/// happens, the width stays within 50 m and 70,000 km, the latitude within the poles and the
-/// longitude within [-180, 180); height, metres per pixel and half diagonal follow the width.
-/// Numbers that are none change nothing.
+/// Points and sizes are in logical pixels; the origin is the lower left corner. The width stays
+/// within 50 m and 70,000 km, the latitude within [-90, 90] and the longitude within [-180, 180);
+/// height, metres per pixel and half diagonal are derived from the width. NaN and infinity are
+/// ignored.
 class MapCamera
 {
 public:
@@ -39,7 +39,7 @@ public:
 
     const MapViewState& state() const { return m_state; }
 
-    /// Keeps the width of the range.
+    /// The width of the visible range is kept.
     void setWindowSize(double width, double height);
 
     Tessa::LatLong centre() const { return {m_state.latitude, m_state.longitude}; }
@@ -53,53 +53,52 @@ public:
     void setCentre(Tessa::LatLong centre);
     void cancelAnimations();
 
-    /// Sets the width so that the place under the point stays there; about the centre of the
-    /// window where the point lies beside the globe, before or after.
+    /// Sets the width and keeps the place under the point where it is. When the point is off the
+    /// globe before or after, the centre of the window is kept instead.
     void zoomAbout(Tessa::WindowPoint point, double width);
 
-    /// One frame with keys held: 3 % of zoom, 1.5 % of the visible width of way. Zooming ends a
-    /// running zoom animation, moving a running glide.
+    /// One frame with keys held: zooms by 3 %, moves by 1.5 % of the visible width. Zooming ends a
+    /// range animation, moving a position animation.
     void stepKeys(const MapKeys& keys);
 
-    /// One notch of a mouse wheel: towards the user (below 1) zooms out. Ends animations.
+    /// One notch of a mouse wheel; an angle below 1 (towards the user) zooms out. Ends animations.
     void wheel(Tessa::WindowPoint point, double angleDelta);
 
-    /// Starts gliding to a quarter of the width, about the point.
+    /// Starts animating to a quarter of the width, about the point.
     void doubleClick(Tessa::WindowPoint point);
 
-    /// Ends animations and follow mode; true when it was on.
+    /// Ends animations and follow mode. True when follow mode was on.
     bool endFollowing();
 
-    /// One frame of 0.02 s of the running animations. True while one runs. While the map follows
-    /// the aircraft, only the range glides.
+    /// Advances the animations by one frame of 0.02 s; true while any is running. In follow mode
+    /// only the range is animated.
     bool stepAnimations();
 
-    /// A button goes down: where drags start from.
+    /// A mouse button goes down: drags start from here.
     void press(Tessa::WindowPoint point);
-    /// Brings the place that was under the press point under this one; pressed beside the globe,
-    /// turns the globe. Ends animations and follow mode; true when it was on.
+    /// Moves the place that was under the press point to this point; turns the globe when the press
+    /// was off the globe. Ends animations and follow mode. True when follow mode was on.
     bool dragTo(Tessa::WindowPoint point);
-    /// Zooms by the vertical way from the press point: upwards in, twofold each quarter of the
-    /// window's height. Ends animations.
+    /// Zooms by the vertical distance from the press point: upwards zooms in, twofold for each
+    /// quarter of the window's height. Ends animations.
     void dragZoomTo(Tessa::WindowPoint point);
 
-    /// The pointer was dragged more than 20 pixels away from the press point since the press.
+    /// Whether a drag has been more than 20 pixels away from the press point.
     bool hasMoved() const { return m_hasMoved; }
 
     void release() { m_hasMoved = false; }
 
-    /// Moves the picture by so many pixels, right and up. Ends animations and follow mode; true
-    /// when it was on.
+    /// Moves the picture by `right` and `up` pixels. Ends animations and follow mode. True when
+    /// follow mode was on.
     bool pan(double right, double up);
     /// Enlarges the picture by the factor about the point. Ends animations.
     void pinch(Tessa::WindowPoint point, double factor);
 
-    /// Shows all of the bounds with a tenth of their size to spare on each side, at least 1 km.
-    /// Ends animations; follow mode then waits for the aircraft to move.
+    /// Shows the whole bounds with a margin of a tenth of their size on each side, at least 1 km
+    /// wide. Ends animations; follow mode is suspended until the aircraft moves.
     void fit(const TrackBounds& bounds);
 
-    /// In follow mode, puts the centre on the aircraft. A place of exactly (0, 0), as it stands for
-    /// none, is not followed.
+    /// In follow mode, centres the map on the aircraft. (0, 0) means no position and is ignored.
     void follow(Tessa::LatLong aircraft);
 
 private:
@@ -113,15 +112,15 @@ private:
     double m_windowWidth = 1.0;
     double m_windowHeight = 1.0;
     Tessa::WindowPoint m_pressPoint;
-    std::optional<Tessa::LatLong> m_pressPlace; ///< none beside the globe
+    std::optional<Tessa::LatLong> m_pressPlace; ///< none off the globe
     Tessa::LatLong m_pressCentre;
     double m_pressWidth = MapViewState::defaultWidth;
     bool m_hasMoved = false;
 };
 
-/// The centre of a globe that shows `place` at an offset in metres from the window's centre. The
-/// offset is brought into the disc of the globe. Of the two solutions the one on the side of the
-/// pole where `before` has the place; where north up leaves none, the nearest.
+/// The centre of a globe, north up, that shows `place` at an offset in metres from the window's
+/// centre. An offset beyond the limb is moved onto it. Of two solutions, the one that leaves the
+/// place on the same side of the pole as the centre `before` does; without any, the nearest centre.
 Tessa::LatLong centreShowing(Tessa::LatLong place, Tessa::WindowPoint offset,
                              Tessa::LatLong before);
 

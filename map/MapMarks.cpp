@@ -13,8 +13,8 @@ namespace {
 
 constexpr QRgb takeOffColor = 0xff1b7837;
 constexpr QRgb landingColor = 0xff2166ac;
-constexpr double largestMark = 10.0; ///< pixels around its place
-constexpr double markReach = 8.0;
+constexpr double largestMark = 10.0; ///< radius, pixels
+constexpr double markReach = 8.0;    ///< pixels
 
 void append(std::vector<MapMark>& marks, const DataSet& dataSet, MapMark mark)
 {
@@ -84,7 +84,8 @@ std::vector<PlacedMark> marksInWindow(const std::vector<MapMark>& marks, const T
 {
     const double columns = std::ceil(globe.width() + 2.0 * largestMark);
     const double rows = std::ceil(globe.height() + 2.0 * largestMark);
-    std::vector<quint8> taken(static_cast<std::size_t>(columns * rows)); ///< a bit for each kind
+    // For each pixel a bit per kind of mark.
+    std::vector<quint8> taken(static_cast<std::size_t>(columns * rows));
     std::vector<PlacedMark> placed;
     for (auto next = marks.rbegin(); next != marks.rend(); ++next) {
         const MapMark& mark = *next;

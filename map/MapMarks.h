@@ -11,7 +11,7 @@
 
 namespace KOLT {
 
-/// Something to be shown on the map at the place where the aircraft was.
+/// A sign on the map at the place where the aircraft was at a moment.
 struct MapMark
 {
     enum class Kind { TakeOff, Landing, Exceedance };
@@ -23,29 +23,29 @@ struct MapMark
     QString text;
 };
 
-/// The latest point not later than a time; none before the first.
+/// The index of the latest point not later than `seconds`; none before the first point.
 std::optional<std::size_t> trackPointAt(const std::vector<TrackPoint>& track, double seconds);
 
-/// Take-offs and landings within the data set's span, by time.
+/// Take-offs and landings within the data set's time span, sorted by time.
 std::vector<MapMark> flightMarks(const DataSet& dataSet);
 
-/// Exceedances of all parameters in the colour of what they reached, limits after warnings, each by
-/// time. Goes through all samples of graded parameters.
+/// Exceedances of all parameters in the colour of the threshold step reached: warnings, then
+/// limits, each sorted by time. Walks through all samples of parameters with thresholds.
 std::vector<MapMark> exceedanceMarks(const Profile& profile, const DataSet& dataSet);
 
-/// A mark to be drawn, at a point of the window.
+/// A mark and where it is drawn in the window.
 struct PlacedMark
 {
     const MapMark* mark = nullptr;
     Tessa::WindowPoint place;
 };
 
-/// The marks in the window, in their order, which is that of drawing. However many there are, of a
-/// kind there is one at most on each pixel: the last, which would cover the others.
+/// The marks in the window, in drawing order. Of each kind at most one per pixel is returned: the
+/// last, which would cover the others. This bounds the work of drawing them.
 std::vector<PlacedMark> marksInWindow(const std::vector<MapMark>& marks, const Tessa::Globe& globe);
 
-/// The mark nearest to a point of the window, of equally near ones the last; null when none is
-/// within reach.
+/// The mark nearest to a point of the window; of equally near ones the last, which is drawn on top.
+/// Null when none is within 8 pixels.
 const MapMark* markAt(const std::vector<MapMark>& marks, const Tessa::Globe& globe,
                       Tessa::WindowPoint point);
 

@@ -5,17 +5,17 @@
 
 namespace KOLT {
 
-/// What the map takes from the program's settings.
+/// The settings of the map, with their defaults.
 struct MapSettings
 {
-    QString tileServer;       ///< plain address or template; empty: the default one
+    QString tileServer;       ///< base address or template; empty: the default server
     QString tileDirectory;    ///< disk cache of tiles; empty: none
     QString terrainDirectory; ///< elevation files; empty: none
     QByteArray userAgent;     ///< names the program to the tile server
     bool isNetworkEnabled = true;
     double shadingContrast = 1.0;
     double shadingBrightness = 1.0;
-    double shadingFactor = 0.5; ///< of the heights
+    double shadingFactor = 0.5; ///< exaggeration of heights
 };
 
 } // namespace KOLT

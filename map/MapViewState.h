@@ -4,13 +4,13 @@
 
 namespace KOLT {
 
-/// What the map shows and how: shared by the map page, which owns it, and the map widget. Metres
-/// and degrees.
+/// What the map shows and how. Owned by the map page and shared with the map widget. In metres and
+/// degrees.
 struct MapViewState
 {
     static constexpr double defaultWidth = 6e6;
 
-    double width = defaultWidth;  ///< of the visible range; 50 to 7e7
+    double width = defaultWidth;  ///< of the visible range, 50 to 7e7
     double height = defaultWidth; ///< width * window height / window width
     double metresPerPixel = 1.0;
     double latitude = 48.0; ///< of the centre
@@ -28,10 +28,10 @@ struct MapViewState
     double contrast = 1.0;
     double brightness = 1.0;
     double factor = 0.5;
-    std::array<float, 3> lightDirection{1.0F, -1.0F, -1.0F}; ///< the way the light goes
+    std::array<float, 3> lightDirection{1.0F, -1.0F, -1.0F}; ///< in which light travels
 
-    int follow = 2;               ///< not 0: the centre is put on the aircraft every frame
-    bool isFollowWaiting = false; ///< until the aircraft moves, as after a fit
+    int follow = 2;               ///< not 0: every frame is centred on the aircraft
+    bool isFollowWaiting = false; ///< suspended until the aircraft moves, as after a fit
     bool needsRepaint = false;
 };
 

@@ -25,7 +25,7 @@ void MarkShapes::polygon(std::initializer_list<Tessa::WindowPoint> corners, cons
 
 void MarkShapes::add(const MapMark& mark, Tessa::WindowPoint place)
 {
-    // A rim keeps each mark apart from track and map.
+    // A white rim sets each mark off from the track and the map.
     const auto both = [&](auto&& draw) {
         draw(rimWidth, QColor(255, 255, 255));
         draw(0.0, mark.color);

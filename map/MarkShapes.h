@@ -11,14 +11,14 @@
 
 namespace KOLT {
 
-/// The marks of a frame as triangles, all in one list, so that thousands of them cost one call.
+/// The marks of a frame as triangles in one list, so that thousands of them take one draw call.
 class MarkShapes
 {
 public:
-    /// At a point of the window, in logical pixels.
+    /// `place`: in the window, in logical pixels.
     void add(const MapMark& mark, Tessa::WindowPoint place);
 
-    /// For each: x, y, z (0), then red, green, blue and alpha from 0 to 1.
+    /// Per vertex: x, y, z (0), then red, green, blue and alpha from 0 to 1.
     std::span<const float> vertices() const { return m_vertices; }
 
 private:

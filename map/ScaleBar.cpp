@@ -10,10 +10,10 @@ constexpr double metresPerFoot = 0.3048;
 constexpr double metresPerNauticalMile = 1852.0;
 constexpr double metresPerKilometre = 1000.0;
 
-/// The largest 1, 2 or 5 times a power of ten that is not above the number.
+/// The largest 1, 2 or 5 times a power of ten not above the number.
 double roundBelow(double number)
 {
-    // A hair more, so that a rounded 0.99999 is taken for 1.
+    // So that 0.99999... from rounding counts as 1.
     const double enough = number * (1.0 + 1e-9);
     const double power = std::pow(10.0, std::floor(std::log10(enough)));
     for (const double factor : {5.0, 2.0}) {

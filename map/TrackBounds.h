@@ -6,14 +6,14 @@
 
 namespace KOLT {
 
-/// Where a track lies, in degrees.
+/// The area that a track covers, in degrees.
 struct TrackBounds
 {
     double minLatitude = 0.0;
     double maxLatitude = 0.0;
-    double minLongitude = 0.0; ///< over the numbers as they are
+    double minLongitude = 0.0; ///< of the plain numbers
     double maxLongitude = 0.0;
-    double west = 0.0; ///< followed along the track, over 180 degrees: east >= west
+    double west = 0.0; ///< unwrapped along the track, so that west <= east across 180 degrees
     double east = 0.0;
 
     /// All zeros without points.

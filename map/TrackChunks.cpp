@@ -10,7 +10,7 @@ namespace {
 using Vector = Tessa::Globe::Vector;
 
 constexpr double chunkPixels = 1000.0;
-constexpr double longestPart = 0.75;     // of a chunk
+constexpr double longestLinePart = 0.75; // of a chunk
 constexpr double smallestChunk = 2000.0; // metres
 
 Vector lowest(const Vector& a, const Vector& b)
@@ -39,7 +39,7 @@ double angleBetween(const Vector& a, const Vector& b)
     return std::atan2(cross, a.x * b.x + a.y * b.y + a.z * b.z);
 }
 
-/// The place at a fraction of the way on the great circle.
+/// The place at a fraction of the way along the great circle.
 Vector between(const Vector& a, const Vector& b, double angle, double fraction)
 {
     const double fromA = std::sin((1.0 - fraction) * angle) / std::sin(angle);
@@ -64,10 +64,10 @@ void TrackChunks::moveTo(const Vector& place)
 void TrackChunks::lineTo(const Vector& place, std::uint8_t color)
 {
     const Vector from = m_points.back().place;
-    const double longestLine = longestPart * m_largest;
+    const double longestLine = longestLinePart * m_largest;
     if (distance(from, place) > longestLine) {
         const double angle = angleBetween(from, place);
-        if (std::sin(angle) < 1e-9) { // to the other side of the world there is no one way
+        if (std::sin(angle) < 1e-9) { // between antipodes the great circle is not unique
             moveTo(place);
             return;
         }

@@ -4,21 +4,21 @@
 
 namespace KOLT {
 
-/// Cuts lines into chunks. Lines longer than a chunk may be get more vertices on the great circle.
+/// Cuts lines into chunks. Lines too long for a chunk get further vertices on the great circle.
 class TrackChunks
 {
 public:
     using Vector = Tessa::Globe::Vector;
 
-    /// For drawing at a scale: at most 1000 pixels wide, within 2 km and the largest chunk, so that
-    /// what lies beside the window is not drawn.
+    /// Chunks are at most 1000 pixels wide at this scale (but at least 2 km, at most
+    /// TrackLine::largestChunk), so that little outside of the window is drawn.
     explicit TrackChunks(double metresPerPixel);
 
-    /// Begins a line.
+    /// Starts a line.
     void moveTo(const Vector& place);
-    /// Goes on with it.
+    /// Continues the line; `color` is that of this stretch.
     void lineTo(const Vector& place, std::uint8_t color);
-    /// Ends the last line and hands all out.
+    /// Ends the last line and returns all chunks.
     std::vector<TrackLine::Chunk> take();
 
 private:
@@ -35,8 +35,8 @@ private:
     void close();
 
     double m_largest;            ///< metres across
-    std::vector<Point> m_points; ///< of the chunk that grows
-    Vector m_low;                ///< the box around them
+    std::vector<Point> m_points; ///< of the current chunk
+    Vector m_low;                ///< bounding box of m_points
     Vector m_high;
     std::vector<TrackLine::Chunk> m_chunks;
 };

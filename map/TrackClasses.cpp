@@ -62,7 +62,7 @@ std::vector<TrackPart> TrackClasses::partsOf(const TrackRun& run, std::span<cons
     };
     std::size_t from = run.first;
     while (from < run.last) {
-        // As far as one class reaches, or as it takes to be seen.
+        // As far as one class reaches, but at least as far as is visible.
         std::size_t last = from + 1;
         double way = distance(places[from], places[last]);
         const std::uint8_t color = m_classes[last];
@@ -73,7 +73,7 @@ std::vector<TrackPart> TrackClasses::partsOf(const TrackRun& run, std::span<cons
             way += distance(places[last - 1], places[last]);
         }
         if (way < shortest) {
-            // The end of the run: what came before gives way.
+            // The end of the run: the last part takes its length from the parts before it.
             while (from > run.first && way < shortest) {
                 way += distance(places[from - 1], places[from]);
                 --from;

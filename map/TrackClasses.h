@@ -24,11 +24,11 @@ struct TrackPart
     std::uint8_t color = 0;
 };
 
-/// In which of 16 classes each point's value falls, and what that means for lines in colour.
+/// The class of 16 that each point's value falls into, and how a line is coloured by them.
 class TrackClasses
 {
 public:
-    static constexpr std::uint8_t none = 255; ///< the class of no value
+    static constexpr std::uint8_t none = 255; ///< the class of points without a value
 
     TrackClasses() = default;
     TrackClasses(std::span<const float> values, const ValueScale& scale);
@@ -36,9 +36,9 @@ public:
     bool isEmpty() const { return m_classes.empty(); }
 
     /// Cuts a run where the class changes. A line between two points has the class of the later
-    /// one. Where classes change within less than `shortest` metres of way, the line is coloured
-    /// for at least that length by one of them: by the value farthest from the middle one of all
-    /// values, so that a spike stays visible. `places` are those of all points. O(points).
+    /// one. Where classes change within less than `shortest` metres along the track, the line keeps
+    /// one class for at least that length: that of the value farthest from the median of all
+    /// values, so that a spike stays visible. `places`: of all points. O(points).
     std::vector<TrackPart> partsOf(const TrackRun& run,
                                    std::span<const TUSK::Geodetic::Vector> places,
                                    double shortest) const;
@@ -47,7 +47,7 @@ private:
     std::uint8_t extreme(std::size_t first, std::size_t last) const;
 
     std::vector<std::uint8_t> m_classes;
-    std::vector<float> m_deviations; ///< from the middle value; negative for none
+    std::vector<float> m_deviations; ///< from the median; negative without a value
 };
 
 } // namespace KOLT

@@ -12,7 +12,7 @@ namespace KOLT {
 
 namespace {
 
-constexpr double longestHold = 10.0; // seconds, of the last sample
+constexpr double longestHold = 10.0; // seconds that the last sample stays valid
 constexpr int mostDecimals = 3;
 constexpr float none = std::numeric_limits<float>::quiet_NaN();
 
@@ -124,7 +124,7 @@ TrackColors trackColors(const TrackColorChoice& choice, const Profile& profile,
 const std::array<QColor, ValueScale::classes>& trackColorRamp()
 {
     static const auto ramp = [] {
-        // From dark blue over purple to orange; a ramp up to yellow would fade on a light map.
+        // Dark blue over purple to orange; yellow would be hard to see on a light map.
         constexpr std::array<QRgb, 8> anchors{0x0d0887, 0x41049d, 0x6a00a8, 0x8f0da4,
                                               0xb12a90, 0xcc4778, 0xe16462, 0xf2844b};
         std::array<QColor, ValueScale::classes> colors;

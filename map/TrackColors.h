@@ -11,7 +11,7 @@
 
 namespace KOLT {
 
-/// What the track is coloured by.
+/// The quantity that the track is coloured by.
 struct TrackColorChoice
 {
     enum class Kind : int { None = 0, Altitude = 1, GroundSpeed = 2, Parameter = 3 };
@@ -22,10 +22,10 @@ struct TrackColorChoice
     friend bool operator==(const TrackColorChoice&, const TrackColorChoice&) = default;
 };
 
-/// Values along a track and the legend of their colours, in the profile's unit system.
+/// Values along a track and the legend of its colours, in the profile's unit system.
 struct TrackColors
 {
-    std::vector<float> values; ///< one for each track point, NaN for none; empty: no colours
+    std::vector<float> values; ///< one per track point, NaN without a value; empty: no colours
     ValueScale scale;          ///< from the smallest to the largest value
     QString name;              ///< of the parameter
     QString lowText;           ///< "12.5 bar"
@@ -34,14 +34,14 @@ struct TrackColors
     bool isEmpty() const { return values.empty(); }
 };
 
-/// Altitude and ground speed are the track's own. A parameter counts with its last sample up to the
-/// point's time; before its first sample, and from 10 s behind its last, there is none. Empty
-/// without any number, track, or such a parameter.
+/// Altitude and ground speed are taken from the track. A parameter has the value of its latest
+/// sample at the point's time; none before its first sample, nor later than 10 s after its last.
+/// Empty when there is no track, no such parameter or no finite value.
 TrackColors trackColors(const TrackColorChoice& choice, const Profile& profile,
                         const DataSet& dataSet);
 
-/// From low to high: lightness rises steadily, so that the order can be told without seeing
-/// colours, and all stand out from a light map.
+/// Colours from low to high. Lightness rises steadily, so that the order is visible without colour
+/// vision; all stand out from a light map.
 const std::array<QColor, ValueScale::classes>& trackColorRamp();
 
 } // namespace KOLT

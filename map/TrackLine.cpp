@@ -11,11 +11,11 @@ namespace KOLT {
 
 namespace {
 
-// Of the powers of two: 4 mm to 500 km a pixel.
+// Powers of two: 4 mm to 500 km per pixel.
 constexpr int finestLevel = -8;
 constexpr int coarsestLevel = 19;
 
-constexpr double rounding = 1e-6; // seconds, of the samples' times
+constexpr double rounding = 1e-6; // seconds: error of the samples' times
 
 constexpr double tolerancePixels = 0.5;
 constexpr double shortestColor = 2.0;      // pixels
@@ -24,7 +24,7 @@ constexpr std::ptrdiff_t leastLeftOut = 8; // lines; every break costs a chunk
 constexpr double mostCells = 1e6;          // looked at for a level
 constexpr double longestDivided = 50e3;    // metres; still straight enough
 
-/// The square of the distance from a line between two points of the window.
+/// The squared distance of a point from the line between two others.
 double squareFromLine(Tessa::WindowPoint click, Tessa::WindowPoint from, Tessa::WindowPoint to)
 {
     const double x = to.x - from.x;
@@ -39,7 +39,7 @@ double squareFromLine(Tessa::WindowPoint click, Tessa::WindowPoint from, Tessa::
 
 int nextRevision()
 {
-    static int last = 0; // GUI thread only
+    static int last = 0; // used in the GUI thread only
     return ++last;
 }
 
@@ -140,7 +140,7 @@ std::vector<TrackLine::Corner> TrackLine::divided(const std::vector<Corner>& cor
 void TrackLine::draw(const std::vector<Corner>& corners, TrackChunks& chunks)
 {
     chunks.moveTo(corners.front().place);
-    const Corner* within = nullptr; // the last one passed: a vertex only where the line ends
+    const Corner* within = nullptr; // the last one skipped; needed only where the line ends
     const auto endLine = [&] {
         if (within != nullptr)
             chunks.lineTo(within->place, within->color);
@@ -177,7 +177,7 @@ std::vector<TrackLine::Chunk> TrackLine::build(double metresPerPixel) const
         for (std::size_t i = 1; i < lines.back().size(); ++i)
             length += distance(lines.back()[i - 1].place, lines.back()[i].place);
     }
-    // Close by, with little of the track in the window, only short lines are looked at.
+    // At close scales little of the track is in the window; only short lines are checked then.
     const double cell = coverageCell * metresPerPixel;
     const bool areDivided = length <= mostCells * cell;
     std::map<std::uint8_t, TrackCoverage> coverages; // by colour

@@ -18,31 +18,32 @@ class TrackChunks;
 /// A track prepared for drawing on the globe at any scale.
 ///
 /// For each scale the line is simplified once, by Douglas and Peucker, to half a pixel, and cut
-/// into chunks of their own origin, so that single precision is enough. Stretches that go once more
-/// where the line has been before in the same colour are left out, so that a day of circuits draws
-/// like a few of them. No line is drawn over more than 10 s without positions. Places are metres
-/// from the centre of the earth.
+/// into chunks, each with its own origin so that single precision is enough. Stretches that repeat
+/// earlier ones in the same colour are left out, so that a day of circuits draws like a few of
+/// them. No line is drawn over more than 10 s without positions. Places are in metres from the
+/// centre of the earth.
 class TrackLine
 {
 public:
     static constexpr std::uint8_t noColor = TrackClasses::none;
     static constexpr double largestChunk = 80'000.0; ///< metres across
-    static constexpr std::size_t mostVertices = 512; ///< of a chunk
+    static constexpr std::size_t mostVertices = 512; ///< per chunk
 
     struct Vertex
     {
-        float x = 0.0F; ///< from the chunk's origin
+        float x = 0.0F; ///< metres from the chunk's origin
         float y = 0.0F;
         float z = 0.0F;
         std::uint8_t color = noColor; ///< class 0..15 of the line that ends here, or noColor
-        bool isStart = false;         ///< no line leads here
+        bool isStart = false;         ///< no line ends here
     };
 
-    /// Lines through their vertices. Neighbours share a vertex, unless a gap parts them.
+    /// Lines through the vertices in their order. Successive chunks share a vertex, except at a
+    /// gap.
     struct Chunk
     {
         Tessa::Globe::Vector origin;
-        double radius = 0.0; ///< of a ball around the origin that holds the lines
+        double radius = 0.0; ///< of a sphere around the origin that contains the lines
         std::vector<Vertex> vertices;
     };
 
@@ -56,18 +57,18 @@ public:
 
     const TrackBounds& bounds() const { return m_bounds; }
 
-    /// Another one for each track and each setValues.
+    /// Unique for each track and each call of setValues().
     int revision() const { return m_revision; }
 
-    /// Colours the line: one value for each point, NaN for none; see TrackClasses. Empty values, or
-    /// another number of them than there are points: no colours.
+    /// Colours the line by one value per point, NaN for none; see TrackClasses. Without colours
+    /// unless there are as many values as points.
     void setValues(const std::vector<float>& values, const ValueScale& scale);
 
-    /// The line at a scale; built when it is first asked for. Valid until setValues.
+    /// The line at a scale; built on the first call for it. Valid until setValues().
     const std::vector<Chunk>& chunks(double metresPerPixel) const;
 
-    /// The point of the track that a click hits: of the line nearest to it and at most so many
-    /// pixels away, the end nearer to the click. Nothing on the far side. O(points).
+    /// The index of the point that a click hits: the nearer end of the nearest line that is at most
+    /// `mostPixels` away and on the near side of the globe. O(points).
     std::optional<std::size_t> nearestPoint(const Tessa::Globe& globe, Tessa::WindowPoint click,
                                             double mostPixels) const;
 
@@ -96,11 +97,11 @@ private:
     std::vector<Vector> m_places;
     std::vector<TrackRun> m_runs; ///< of two points or more
     TrackClasses m_classes;
-    mutable std::vector<float> m_weights;               ///< trackWeights, once they are asked for
-    mutable std::map<int, std::vector<Chunk>> m_levels; ///< by the power of two
+    mutable std::vector<float> m_weights;               ///< trackWeights(), when first needed
+    mutable std::map<int, std::vector<Chunk>> m_levels; ///< by log2 of metres per pixel
 };
 
-/// Whether some of the chunk may be in the window and on the near side.
+/// Whether any of the chunk may be in the window and on the near side of the globe.
 bool isInView(const Tessa::Globe& globe, const TrackLine::Chunk& chunk);
 
 } // namespace KOLT

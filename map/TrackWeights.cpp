@@ -11,7 +11,7 @@ namespace {
 using Vector = TUSK::Geodetic::Vector;
 
 constexpr std::size_t pieceSize = 512;
-constexpr double finest = 0.001; // metres; below the noise of any position
+constexpr double finest = 0.001; // metres, below the noise of any position
 constexpr float always = std::numeric_limits<float>::infinity();
 
 Vector operator-(const Vector& a, const Vector& b)
@@ -30,7 +30,7 @@ struct Farthest
     double square = -1.0; ///< of the distance
 };
 
-/// Of the points between, from the line between the two.
+/// The point strictly between `first` and `last` that lies farthest from the line between them.
 Farthest farthestFrom(std::span<const Vector> places, std::size_t first, std::size_t last)
 {
     const Vector origin = places[first];
@@ -66,7 +66,7 @@ void weighPiece(std::span<const Vector> places, Piece whole, std::vector<Piece>&
         const Farthest farthest = farthestFrom(places, piece.first, piece.last);
         if (!(farthest.square > finest * finest))
             continue;
-        // A point is only looked for where a coarser one was kept.
+        // A point can be kept only at tolerances at which the pieces around it were split.
         const float weight = std::min(piece.limit, static_cast<float>(std::sqrt(farthest.square)));
         weights[farthest.index] = weight;
         open.push_back({piece.first, farthest.index, weight});

@@ -8,11 +8,11 @@
 
 namespace KOLT {
 
-/// For each point of a track the tolerance in metres up to which it must be kept, so that the line
-/// through the points kept passes every point at no more than the tolerance: the points of weight
-/// above it. This is the way of Douglas and Peucker for all tolerances at once, on pieces of 512
-/// points, whose ends are always kept: however the points lie, 144,000 of them take no more than 37
-/// million looks. Ends of runs weigh infinitely, points beside the runs nothing.
+/// For each point of a track the largest tolerance, in metres, at which it must be kept. The line
+/// through the points whose weight exceeds a tolerance then passes every point within that
+/// tolerance. This is the Douglas-Peucker algorithm for all tolerances at once. It runs on pieces
+/// of 512 points, whose ends are always kept, so that 144,000 points take at most 37 million steps
+/// whatever their shape. Ends of runs have infinite weight, points outside of runs weight 0.
 std::vector<float> trackWeights(std::span<const TUSK::Geodetic::Vector> places,
                                 std::span<const TrackRun> runs);
 

@@ -5,7 +5,7 @@
 
 namespace KOLT {
 
-/// A range of values in 16 equal classes.
+/// A range of values, divided into 16 equal classes.
 struct ValueScale
 {
     static constexpr int classes = 16;
@@ -13,8 +13,8 @@ struct ValueScale
     double low = 0.0;
     double high = 0.0;
 
-    /// 0 to 15; values outside count as the nearest, everything as 0 in a range without width.
-    /// The value must be a number.
+    /// 0 to 15. Values outside the range get the nearest class; an empty range gives 0. The value
+    /// must not be NaN.
     std::uint8_t classOf(double value) const
     {
         if (!(value > low) || !(high > low))

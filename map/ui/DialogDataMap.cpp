@@ -24,7 +24,7 @@ constexpr int panelEdge = 10;
 constexpr int toolBarRoom = 70;
 constexpr int valuePanelPlace = 310;
 constexpr int valuePanelWidth = 300;
-constexpr int attributionRoom = 48; ///< two lines
+constexpr int attributionHeight = 48; ///< two lines
 constexpr int toolMargin = 3;
 constexpr int valueMargin = 5;
 
@@ -51,7 +51,7 @@ DialogDataMap::DialogDataMap(const Profile& profile, const MapSettings& settings
     m_valuePanel->setObjectName(QStringLiteral("valuePanel"));
     m_values = new QGridLayout(m_valuePanel);
     m_values->setContentsMargins(valueMargin, valueMargin, valueMargin, valueMargin);
-    m_values->setSizeConstraint(QLayout::SetNoConstraint); // in a low map the last rows are cut
+    m_values->setSizeConstraint(QLayout::SetNoConstraint); // a low map cuts the last rows off
     m_values->setColumnStretch(0, 1);
     m_valuePanel->setAttribute(Qt::WA_TransparentForMouseEvents);
     m_valuePanel->hide();
@@ -147,7 +147,7 @@ void DialogDataMap::showData()
     m_map->setUnitSystem(m_profile.unitSystem());
     const DataSet* const shown = dataSet();
     if (shown == nullptr || shown->track.empty()) {
-        dropTrack(); // there are values all the same
+        dropTrack(); // the values are shown without a track too
         return;
     }
     if (m_fitted != shown) {
@@ -158,7 +158,7 @@ void DialogDataMap::showData()
     }
     slotColoring(m_coloring->currentIndex());
     m_map->setMarks(flightMarks(*shown));
-    // Finding exceedances walks through all samples; the map need not wait for that.
+    // Finding exceedances walks through all samples: show the map first.
     QTimer::singleShot(0, this, [this, shown] {
         if (dataSet() != shown || m_fitted != shown)
             return;
@@ -217,7 +217,7 @@ void DialogDataMap::createValueRows()
         row.value->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
         m_values->addWidget(row.name, line, 0);
         m_values->addWidget(row.value, line, 1);
-        // Until they are shown the grid has no height for them.
+        // The grid gives no height to hidden labels.
         row.name->show();
         row.value->show();
         m_rows.push_back(row);
@@ -251,7 +251,7 @@ void DialogDataMap::refreshValues()
                 text += QStringLiteral(" [%1]").arg(m_profile.unitLabel(*row.parameter));
         }
         const QString style = valueStyle.arg(color.name());
-        if (row.value->styleSheet() != style) // setting it is dear
+        if (row.value->styleSheet() != style) // setting one is expensive
             row.value->setStyleSheet(style);
         row.value->setText(text);
     }
@@ -263,13 +263,13 @@ void DialogDataMap::placePanels()
     m_toolPanel->adjustSize();
     m_toolPanel->move(panelEdge, panelEdge);
     m_toolPanel->raise();
-    // In a narrow map the values go below the commands.
+    // In a narrow map the values are placed below the commands.
     QRect values(std::max(panelEdge, width() - valuePanelPlace), panelEdge,
                  std::min(valuePanelWidth, width() - 2 * panelEdge), m_values->sizeHint().height());
     if (values.intersects(m_toolPanel->geometry()))
         values.moveTop(m_toolPanel->geometry().bottom() + panelEdge / 2);
-    // The attribution below stays in sight.
-    values.setBottom(std::min(values.bottom(), height() - attributionRoom));
+    // The attribution at the bottom must stay visible.
+    values.setBottom(std::min(values.bottom(), height() - attributionHeight));
     m_valuePanel->setGeometry(values);
     m_valuePanel->raise();
 }

@@ -21,10 +21,9 @@ class Profile;
 class WidgetMap;
 struct MapSettings;
 
-/// The map beside the pages: where the aircraft is at the current time, with two panels that float
-/// above the map, one of commands, one of the chosen parameters' values.
-///
-/// The values are those of the data table at the same time.
+/// The map page: the map with the aircraft at the current time, and two panels above it, one with
+/// commands, one with the values of the chosen parameters. The values are those that the data table
+/// shows for the same time.
 class DialogDataMap : public QWidget, public DataPage
 {
     Q_OBJECT
@@ -39,9 +38,9 @@ public:
     void setSettings(const MapSettings& settings);
 
 signals:
-    /// The user picked a place on the track, which was passed at that time.
+    /// The user clicked on the track or a mark: the time of that place.
     void signalTime(double seconds);
-    /// What the user should know but need not answer.
+    /// A message for the status bar.
     void signalMessage(const QString& text);
 
 public slots:
@@ -87,7 +86,7 @@ private:
     std::vector<ValueRow> m_rows;
     TimeTable m_table;
     AircraftTrack m_aircraft;
-    const DataSet* m_fitted = nullptr; ///< what the view was fitted to
+    const DataSet* m_fitted = nullptr; ///< the data set that the view was fitted to
 };
 
 } // namespace KOLT

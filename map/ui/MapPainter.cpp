@@ -24,7 +24,7 @@ constexpr double edge = 5.0;
 constexpr QColor textColor(20, 24, 30);
 constexpr QColor plateColor(255, 255, 255, 190);
 
-/// The font as it comes with the program; none when that cannot be read.
+/// The font from the program's resources; none when it cannot be read.
 std::optional<QFont> loadFont()
 {
     QFile file(QStringLiteral(":monofont.ttf"));
@@ -80,7 +80,7 @@ void MapPainter::fillTrack(const std::vector<TrackLine::Chunk>& chunks, bool isC
             const TrackLine::Vertex& vertex = chunk.vertices[i];
             if (vertex.isStart)
                 continue;
-            // A colour holds for the line that ends here, it does not fade into the next.
+            // Each line has one colour, without a gradient to the next.
             line.setColor(!isColored                           ? trackColor
                           : vertex.color == TrackLine::noColor ? noValueColor
                                                                : trackColorRamp()[vertex.color]);
@@ -98,7 +98,7 @@ void MapPainter::drawTrack(const Tessa::Globe& globe, const TrackLine& track, bo
         fillTrack(chunks, isColored);
         m_filled = wanted;
     }
-    m_handler.disableBlending(); // nothing of it is translucent
+    m_handler.disableBlending(); // the line is opaque
     for (std::size_t i = 0; i < chunks.size(); ++i) {
         if (!isInView(globe, chunks[i]))
             continue;
@@ -181,7 +181,7 @@ void MapPainter::drawLegend(const TrackColors& colors, double bottom)
     if (colors.isEmpty() || !m_font)
         return;
     constexpr double cell = 12.0;
-    bottom += edge + textHeight + 12.0; // the scale bar's
+    bottom += edge + textHeight + 12.0; // above the scale bar
     const double ramp = cell * ValueScale::classes;
     const double texts = m_font->width(colors.lowText) + m_font->width(colors.highText) + 12.0;
     const double width = std::max({ramp, texts, m_font->width(colors.name)}) + 10.0;

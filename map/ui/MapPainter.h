@@ -16,18 +16,18 @@
 
 namespace KOLT {
 
-/// Draws what lies on the map: the track, marks, the aircraft, texts. Places on the screen are
-/// logical pixels from the lower left corner. Needs the current context of its making for all calls
-/// and for its end.
+/// Draws what lies on top of the map: the track, marks, the aircraft and texts. Places in the
+/// window are logical pixels from the lower left corner. The context in which it was made must be
+/// current for all calls, including the destructor.
 class MapPainter
 {
 public:
-    /// Loads pictures and font at this ratio of pixels; without the font no texts are drawn.
+    /// Loads pictures and font for this ratio of pixels. Without the font no texts are drawn.
     MapPainter(double width, double height, double pixelRatio);
 
     double pixelRatio() const { return m_pixelRatio; }
 
-    /// False: the context lacks what it takes, and nothing is drawn.
+    /// False when the context lacks a needed feature; nothing is drawn then.
     bool isReady() const { return m_handler.isReady(); }
 
     void begin(double width, double height);
@@ -38,9 +38,9 @@ public:
     void drawAircraft(Tessa::WindowPoint place, double heading);
     /// At the lower left; `bottom` is its lower edge.
     void drawScaleBar(const ScaleBar& bar, double bottom);
-    /// Of the track's colours, above the scale bar at the same `bottom`.
+    /// The legend of the track's colours, above the scale bar drawn at the same `bottom`.
     void drawLegend(const TrackColors& colors, double bottom);
-    /// On a plate, from its left end or up to its right end, its middle at y.
+    /// On a light plate, starting or ending at x, vertically centred on y.
     void drawText(double x, double y, const QString& text, bool endsAtX);
 
     /// 0 without the font.

@@ -83,11 +83,11 @@ void WidgetMap::setAircraft(const AircraftTrack::Record& aircraft)
 
 void WidgetMap::setTrack(const std::vector<TrackPoint>* track, std::vector<TrackGap> gaps)
 {
-    m_pickTimer.stop(); // what was picked is gone
+    m_pickTimer.stop(); // what was clicked on is gone
     m_track = track;
     m_gaps = std::move(gaps);
     m_isTrackPending = true;
-    m_line = {}; // its points are those of the former track
+    m_line = {}; // refers to the former track
     if (m_painter != nullptr || track == nullptr)
         buildTrack();
     m_state.needsRepaint = true;
@@ -136,7 +136,7 @@ void WidgetMap::releaseGl()
 {
     if (context() == nullptr)
         return;
-    makeCurrent(); // what they hold belongs to the context
+    makeCurrent(); // both hold objects of the context
     m_painter.reset();
     m_map.releaseGl();
     doneCurrent();
@@ -146,7 +146,7 @@ void WidgetMap::initializeGL()
 {
     connect(context(), &QOpenGLContext::aboutToBeDestroyed, this, &WidgetMap::releaseGl,
             Qt::UniqueConnection);
-    if (m_frameCount > 0) // the context was lost, and its surface with it
+    if (m_frameCount > 0) // the context was lost together with its surface
         m_resizeTimer.start(repaintMilliseconds);
 }
 
@@ -231,7 +231,7 @@ void WidgetMap::drawOverlays()
                                 m_aircraft[4]);
     const ScaleBar bar = ScaleBar::choose(m_state.metresPerPixel,
                                           std::min(scaleBarPixels, width() / 3.0), m_unitSystem);
-    // In a narrow map there is no room for both beside each other.
+    // In a narrow map the scale bar goes above the attribution.
     const QStringList lines = attributionLines();
     const double attribution = attributionRect().width() + 2.0 * edge;
     const double bottom =
@@ -273,9 +273,9 @@ QRectF WidgetMap::attributionRect() const
 
 void WidgetMap::slotTimeout()
 {
-    // Without a visible part it is as good as hidden: a splitter has taken all its room.
+    // A splitter may leave the map no room without hiding it.
     const bool isSeen = isVisible() && !visibleRegion().isEmpty();
-    if (m_isSeen && !isSeen) { // nobody looks at them
+    if (m_isSeen && !isSeen) { // no tiles are needed any more
         m_map.tiles().setVisible({});
         m_map.tiles().setWanted({});
     }

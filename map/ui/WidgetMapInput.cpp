@@ -16,10 +16,10 @@ namespace KOLT {
 
 namespace {
 
-constexpr double clickReach = 4.0;      ///< pixels that a click may wander
+constexpr double clickReach = 4.0;      ///< pixels that the pointer may move during a click
 constexpr double pickReach = 10.0;      ///< pixels around the track
-constexpr double pixelsPerDegree = 2.0; ///< of a touch pad that reports angles only
-constexpr int angleSteps = 8;           ///< of a wheel's angle to a degree
+constexpr double pixelsPerDegree = 2.0; ///< for touch pads that report angles only
+constexpr int angleSteps = 8;           ///< wheel angle units per degree
 
 } // namespace
 
@@ -73,7 +73,7 @@ void WidgetMap::keyReleaseEvent(QKeyEvent* event)
 
 void WidgetMap::focusOutEvent(QFocusEvent* event)
 {
-    m_keys = {}; // their releases go elsewhere
+    m_keys = {}; // the releases will go to another widget
     QOpenGLWidget::focusOutEvent(event);
 }
 
@@ -146,7 +146,7 @@ void WidgetMap::pick(const QPointF& position)
         m_pickedSeconds = (*m_track)[*point].seconds();
     else
         return;
-    // The second click of a double click may follow, which only zooms.
+    // A second click may follow: a double click only zooms.
     m_pickTimer.start(QApplication::doubleClickInterval());
 }
 
@@ -176,7 +176,7 @@ void WidgetMap::wheelEvent(QWheelEvent* event)
     Diagnostics::print("wheelEvent inverted %d\n", event->inverted() ? 1 : 0);
     event->accept();
     m_isDirty = true;
-    // On some platforms touch pads scroll without phases.
+    // Some platforms report no phases for touch pads.
     const bool isTouchPad = event->pointingDevice() != nullptr &&
                             event->pointingDevice()->type() == QInputDevice::DeviceType::TouchPad;
     if (event->phase() == Qt::NoScrollPhase && !isTouchPad) {
@@ -208,7 +208,7 @@ void WidgetMap::nativeGesture(const QNativeGestureEvent& event)
     case Qt::EndNativeGesture:
         Diagnostics::print("END %d\n", static_cast<int>(event.gestureType()));
         break;
-    case Qt::ZoomNativeGesture: // the value is what the factor exceeds 1 by
+    case Qt::ZoomNativeGesture: // the value is the factor minus 1
         pinch(1.0 + event.value(), event.position());
         break;
     default:
@@ -231,7 +231,7 @@ bool WidgetMap::gesture(QGestureEvent& event)
 bool WidgetMap::event(QEvent* event)
 {
     if (event->type() == QEvent::ShortcutOverride) {
-        // While the map has the focus, its key goes before the window's command.
+        // While the map has the focus, its key takes precedence over the window's shortcut.
         const auto& key = static_cast<const QKeyEvent&>(*event);
         if (key.key() == Qt::Key_S && key.modifiers() == Qt::ControlModifier) {
             event->accept();

@@ -12,9 +12,9 @@ namespace Tessa {
 namespace {
 
 constexpr int lastCoarseZoom = 2;
-/// Around the tile, in pixels: ends of lines and sides of clipped rings stay out of sight.
+/// Around the tile, in pixels; hides ends of lines and sides of clipped rings.
 constexpr double margin = 4.0;
-/// Points nearer to each other than this, in pixels, are one.
+/// Points closer to each other than this, in pixels, are merged.
 constexpr double tolerance = 0.3;
 
 QColor landColor()
@@ -22,24 +22,24 @@ QColor landColor()
     return QColor(240, 237, 226);
 }
 
-/// A tile to be painted, and where it lies.
+/// A tile to paint and its place in the world.
 struct View
 {
     QPainter& painter;
-    QRectF area; ///< of the tile with its margin, in Mercator's square
+    QRectF area; ///< of the tile with its margin, in Mercator coordinates
     QPointF corner;
-    double pixels; ///< along the square's side
+    double pixels; ///< per unit of Mercator coordinates
 
     QPointF toTile(const QPointF& point) const { return (point - corner) * pixels; }
 };
 
-/// Calls paint(shift) for the line and its copies a world to the east and west that are in sight.
+/// Calls paint(shift) for each visible copy of the line: itself and one world to the east and west.
 template <typename Paint>
 void forCopies(const BaseMapData::Line& line, const QRectF& area, Paint paint)
 {
     const QRectF& bounds = line.bounds;
     for (const double shift : {-1.0, 0.0, 1.0}) {
-        // QRectF::intersects() knows no empty rectangles, as straight lines have.
+        // Not QRectF::intersects(): it is false for empty rectangles, which straight lines have.
         if (bounds.left() + shift <= area.right() && bounds.right() + shift >= area.left() &&
             bounds.top() <= area.bottom() && bounds.bottom() >= area.top())
             paint(shift);
@@ -74,7 +74,7 @@ void addRing(QPainterPath& path, const View& view, const BaseMapData::Line& ring
 
 void paintLand(const View& view, const std::vector<BaseMapData::Line>& rings)
 {
-    // All in one path: land cut at 180 degrees shows no seam there.
+    // One path for all, so that land cut at 180 degrees shows no seam.
     QPainterPath land;
     QPainterPath ice;
     for (const BaseMapData::Line& ring : rings)
@@ -84,7 +84,7 @@ void paintLand(const View& view, const std::vector<BaseMapData::Line>& rings)
     view.painter.fillPath(ice, BaseMap::iceColor());
 }
 
-/// Where rings were cut along 180 degrees there is no coast.
+/// Whether the edge is a cut along 180 degrees, which is no coast.
 bool isCut(const QPointF& a, const QPointF& b)
 {
     return a.x() == b.x() && a.x() == std::round(a.x());
@@ -124,7 +124,7 @@ void paintLines(const View& view, const std::vector<BaseMapData::Line>& lines, c
     QPainterPath path;
     for (const BaseMapData::Line& line : lines)
         forCopies(line, view.area, [&](double shift) { addRuns(path, view, line.points, shift); });
-    // Cosmetic pens of one pixel are drawn without working out an outline: 4 ms in place of 40.
+    // Cosmetic pens of one pixel need no outlines: 4 ms instead of 40.
     QPen pen(color, 1.0, Qt::SolidLine, Qt::FlatCap, Qt::RoundJoin);
     pen.setCosmetic(true);
     view.painter.strokePath(path, pen);

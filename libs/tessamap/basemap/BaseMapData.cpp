@@ -9,7 +9,7 @@
 #include <cstdint>
 #include <utility>
 
-// Outside of any namespace, as the macro asks for.
+// The macro must not be used in a namespace.
 static void initResource()
 {
     Q_INIT_RESOURCE(basemap);
@@ -23,7 +23,7 @@ constexpr double degreesPerStep = 360.0 / 100000.0;
 constexpr double lastLatitude = 89.0;
 constexpr std::uint32_t maxPoints = 1000000;
 
-/// Reads numbers; after the end of the data all are 0 and hasFailed() tells so.
+/// Reads numbers. Beyond the end of the data all are 0 and hasFailed() is true.
 class Reader
 {
 public:
@@ -120,7 +120,7 @@ std::vector<BaseMapData::Line> readLines(Reader& reader)
 
 std::optional<BaseMapData> BaseMapData::read(const QByteArray& content)
 {
-    // The length in front of the compressed data is believed by the toolkit: look at it first.
+    // qUncompress() allocates the length noted in front of the data: check it first.
     if (content.size() < 4 || qFromBigEndian<quint32>(content.constData()) > 16u * maxPoints)
         return std::nullopt;
     const QByteArray raw = qUncompress(content);
@@ -146,7 +146,7 @@ BaseMapData BaseMapData::embedded()
 
 namespace {
 
-/// One step of Sutherland and Hodgman's clipping: what lies on the good side of one line.
+/// One step of Sutherland-Hodgman clipping: the part of the ring on the inner side of one line.
 template <typename Inside, typename Cross>
 void clipSide(const std::vector<QPointF>& ring, std::vector<QPointF>& result, Inside isInside,
               Cross crossing)

@@ -15,10 +15,10 @@ constexpr std::size_t mebibyte = 1024 * 1024;
 constexpr std::size_t mostTileBytes = 128 * mebibyte;
 constexpr std::size_t mostBaseBytes = 32 * mebibyte;
 constexpr std::size_t mostShadeBytes = 32 * mebibyte;
-constexpr double tileSeconds = 0.005; ///< of a frame, for decoding and uploading
+constexpr double tileSeconds = 0.005; ///< per frame, for decoding and uploading
 constexpr double baseSeconds = 0.003;
 constexpr double shadeSeconds = 0.003;
-/// An ancestor so much coarser than the embedded map's tile gives way to that.
+/// A fetched picture that is more levels coarser than the embedded map's gives way to the latter.
 constexpr int coarserLevels = 3;
 
 double now()
@@ -58,7 +58,7 @@ void TessaMap::setTileServer(const QString& address)
     if (TileServer(address) == m_tiles.server())
         return;
     m_tiles.setServer(address);
-    // The pictures of another server are not ours to show under this one's name.
+    // Pictures of the former server must not be shown with the new one's attribution.
     m_isOtherServer = true;
     emit changed();
 }
@@ -80,7 +80,7 @@ void TessaMap::setWindowSize(double width, double height)
 
 void TessaMap::setVisibleRange(double width, double /*height*/)
 {
-    m_rangeWidth = width; // the height follows from the window's sides
+    m_rangeWidth = width; // the height follows from the window's aspect ratio
 }
 
 void TessaMap::setPosition(double latitude, double longitude, double /*altitude*/)
@@ -148,7 +148,7 @@ bool TessaMap::prepareGl()
         emit message(tr("The map cannot be drawn with this graphics driver: %1").arg(error));
         return false;
     }
-    paintBase({0, 0, 0}); // whatever happens, there is a world
+    paintBase({0, 0, 0}); // the fallback for all tiles
     return true;
 }
 
@@ -191,7 +191,7 @@ void TessaMap::loadTiles(double deadline)
     std::vector<TileId> visible;
     std::vector<TileId> wanted;
     for (const SelectedTile& tile : m_selected) {
-        // Where the server has no tile, it may have a coarser one.
+        // Where the server lacks a tile, it may have a coarser one.
         TileId best = tile.id;
         while (best.zoom > 0 && m_tiles.isMissing(best))
             best = best.ancestor(1);
@@ -216,8 +216,8 @@ void TessaMap::loadBaseMap(double deadline)
         const TileId base = BaseMap::covering(tile.id);
         if (m_tileTextures.contains(tile.id) || m_baseTextures.contains(base))
             continue;
-        // Where tiles are on their way, the embedded map is left in peace as long as some coarser
-        // picture covers the place.
+        // Painting is not worth while where a fetched picture that is coarse but good enough covers
+        // the place.
         const auto coarser = nearest(m_tileTextures, tile.id);
         if (coarser && coarser->zoom + coarserLevels >= base.zoom)
             continue;
@@ -249,7 +249,7 @@ void TessaMap::loadShades(double deadline)
 
 void TessaMap::loadTextures()
 {
-    // What one leaves over, the next may take; each may take one piece too much.
+    // Unused time passes on to the next stage. Each stage may exceed its deadline by one picture.
     const double start = now();
     loadTiles(start + tileSeconds);
     loadBaseMap(start + tileSeconds + baseSeconds);
@@ -294,14 +294,14 @@ bool TessaMap::render()
         m_tileTextures.clear(m_gl);
     for (TextureCache* const textures : {&m_tileTextures, &m_baseTextures, &m_shadeTextures})
         textures->beginFrame(m_gl);
-    m_baseTextures.use({0, 0, 0}); // never goes, so that there is always something to show
+    m_baseTextures.use({0, 0, 0}); // never dropped, so that there is always something to show
     loadTextures();
     m_loadingSeconds = now() - start;
 
     m_drawer->begin(view, m_brightness);
     m_drawer->drawCap(true, BaseMap::waterColor());
     m_drawer->drawCap(false, BaseMap::iceColor());
-    // Of the same zoom or not, two tiles may leave a hair's breadth between them.
+    // Between neighbouring tiles there may be hairline gaps: borders of all tiles are drawn below.
     for (const TileDrawer::Piece piece : {TileDrawer::Piece::Border, TileDrawer::Piece::Tile}) {
         for (const SelectedTile& tile : m_selected) {
             const Picture picture = pictureOf(tile.id);

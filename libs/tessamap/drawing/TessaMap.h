@@ -19,13 +19,13 @@
 
 namespace Tessa {
 
-/// A globe of map tiles: seen from straight above, lit by the relief of its terrain, and never
-/// empty, as the embedded world map stands in for tiles that are not there.
+/// A globe of map tiles with hill shading, seen from straight above. Where there are no tiles it
+/// shows the embedded world map.
 ///
-/// Degrees and metres; window places are pixels of the framebuffer from its lower left corner.
-/// render() and releaseGl() need the current context of the widget; all else can be called without.
-/// What is decoded and uploaded in a frame is bound by a time, so that a frame never waits for
-/// tiles. Lives in the GUI thread.
+/// In degrees and metres; points in the window are pixels of the framebuffer from its lower left
+/// corner. render() and releaseGl() need the widget's current context, nothing else does. The time
+/// for decoding and uploading in a frame is limited, and a frame never waits for tiles. Used in the
+/// GUI thread.
 class TessaMap : public QObject
 {
     Q_OBJECT
@@ -37,51 +37,51 @@ public:
     void setTileDirectory(const QString& path);
     void setTerrainPath(const QString& path);
 
-    /// Looks for new elevation files.
+    /// Looks for new and changed elevation files.
     void refreshTerrain() { m_elevation.refresh(); }
 
     void setTileServer(const QString& address);
     /// Must name the application.
     void setUserAgent(const QByteArray& userAgent);
-    /// 1 is the sphere, the only one that there is.
+    /// Has no effect: 1, the sphere, is the only projection.
     void setProjection(int projection);
-    /// 0 is the server's map, the only one that there is.
+    /// Has no effect: 0, the server's map, is the only type.
     void setMapType(int type);
 
     /// Of the framebuffer, in pixels.
     void setWindowSize(double width, double height);
-    /// Of the shown area.
+    /// Of the visible area in metres. The height has no effect: it follows from the width.
     void setVisibleRange(double width, double height);
-    /// The centre; the altitude has no effect on a view from straight above.
+    /// The centre. The altitude has no effect on a view from straight above.
     void setPosition(double latitude, double longitude, double altitude);
 
-    /// The view as it now is.
+    /// The projection of the current view.
     Globe globe() const;
 
+    /// False off the globe; latitude and longitude are then left unchanged.
     bool window2LatLong(double x, double y, double& latitude, double& longitude) const;
-    /// The same as if (`centreLatitude`, `centreLongitude`) were the centre.
+    /// As above for a view centred on (`centreLatitude`, `centreLongitude`).
     bool window2LatLongFromPos(double x, double y, double centreLatitude, double centreLongitude,
                                double& latitude, double& longitude) const;
-    /// False on the far side.
+    /// False on the far side; x and y are then left unchanged.
     bool latLong2Window(double latitude, double longitude, double& x, double& y) const;
 
     void setBrightness(double brightness) { m_brightness = brightness; }
 
-    /// The way the light goes: east, north and up.
+    /// The direction in which light travels: east, north and up.
     void setLightDirection(float x, float y, float z);
 
     void setShading(bool isShaded) { m_isShaded = isShaded; }
 
-    /// Contrast, brightness of flat ground (0 to 2), and the factor by which heights are
-    /// exaggerated.
+    /// See Shading.
     void setShadingStrength(double contrast, double brightness, double factor);
 
-    /// Draws a frame. False when the context lacks what it takes; told once by message().
+    /// Draws a frame. False when the context lacks a needed feature; message() says so once.
     bool render();
-    /// Drops what belongs to the context, before it goes.
+    /// Deletes all objects of the context; to be called before it is destroyed.
     void releaseGl();
 
-    /// Tiles that are under way or still to be made.
+    /// Tiles that are being fetched or still have to be decoded, painted or baked.
     int nrLoadingTiles() const;
 
     /// The tile server cannot be reached.
@@ -96,17 +96,17 @@ public:
     /// Tiles in the last frame.
     std::size_t drawnCount() const { return m_selected.size(); }
 
-    /// What the last frame took apart from drawing: choosing, reading, decoding and uploading.
+    /// The time of the last frame before drawing: selecting, reading, decoding and uploading.
     double loadingSeconds() const { return m_loadingSeconds; }
 
 signals:
-    /// There is something new to draw.
+    /// A new frame would look different.
     void changed();
-    /// For the user.
+    /// A message for the user.
     void message(const QString& text);
 
 private:
-    /// A texture and the part of it that lies on a tile.
+    /// A texture and the part of it that covers a tile.
     struct Picture
     {
         GLuint texture = 0;
@@ -141,7 +141,7 @@ private:
 
     bool m_hasFailed = false;
     bool m_saidNoMemory = false;
-    bool m_isOtherServer = false; ///< since the last picture
+    bool m_isOtherServer = false; ///< since the last frame
     QOpenGLFunctions m_gl;
     std::unique_ptr<TileDrawer> m_drawer;
     TextureCache m_tileTextures;

@@ -10,7 +10,7 @@ void TextureCache::beginFrame(QOpenGLFunctions& gl)
     if (m_bytes > m_limit) {
         std::vector<std::pair<int, TileId>> byAge;
         for (const auto& [tile, entry] : m_entries) {
-            if (entry.frame < m_frame) // not drawn in the frame before
+            if (entry.frame < m_frame) // not drawn in the last frame
                 byAge.emplace_back(entry.frame, tile);
         }
         std::ranges::sort(byAge, {}, &std::pair<int, TileId>::first);
@@ -31,7 +31,7 @@ void TextureCache::drop(QOpenGLFunctions& gl, const TileId& tile)
 bool TextureCache::upload(QOpenGLFunctions& gl, const TileId& tile, const QImage& image,
                           int revision)
 {
-    // What others left behind is not of this texture; a lost context never runs out of errors.
+    // Clear errors of earlier calls. A lost context reports errors without end.
     constexpr int mostErrors = 16;
     for (int i = 0; i < mostErrors && gl.glGetError() != GL_NO_ERROR; ++i) {
     }

@@ -9,30 +9,30 @@
 
 namespace Tessa {
 
-/// Textures of tiles; those not drawn for longest go first. All calls need the same current
-/// context; forget() is for a context that is gone.
+/// Textures of tiles, up to a limit of memory; the least recently drawn are dropped first. All
+/// calls need the same current context, except forget(), which is for a context that is gone.
 class TextureCache
 {
 public:
-    /// `limit`: bytes of textures to keep. Those drawn in the current frame stay in any case.
+    /// `limit`: bytes of textures to keep. Textures of the last frame are never dropped.
     explicit TextureCache(std::size_t limit)
         : m_limit(limit)
     {
     }
 
-    /// Begins a frame, and drops what is too many.
+    /// Starts a frame and drops textures beyond the limit.
     void beginFrame(QOpenGLFunctions& gl);
 
-    /// RGBA8888 or Grayscale8; linear, clamped to its edges. `revision`: told back by revisionOf().
-    /// False when the driver refuses; there is no such texture then.
+    /// `image`: RGBA8888 or Grayscale8. `revision`: for revisionOf(). The texture is sampled
+    /// linearly and clamped to its edges. False when the driver fails; there is no texture then.
     bool upload(QOpenGLFunctions& gl, const TileId& tile, const QImage& image, int revision = 0);
 
     bool contains(const TileId& tile) const { return m_entries.contains(tile); }
 
-    /// -1 when there is no texture.
+    /// The revision passed to upload(); -1 without a texture.
     int revisionOf(const TileId& tile) const;
 
-    /// Marks it as drawn; 0 when there is none.
+    /// Marks the texture as drawn and returns it; 0 without one.
     GLuint use(const TileId& tile);
 
     std::size_t size() const { return m_entries.size(); }

@@ -16,7 +16,7 @@ constexpr int placeLocation = 1;
 constexpr int floatsPerVertex = 5; ///< x, y, z, u, v
 constexpr int stride = floatsPerVertex * static_cast<int>(sizeof(float));
 constexpr std::size_t mostMeshes = 1024;
-/// Beyond what two meshes of neighbours can be apart.
+/// As a fraction of the tile; wider than any gap between the meshes of neighbours.
 constexpr double borderWidth = 1.5 / 256.0;
 constexpr int capSegments = 128;
 constexpr double capLatitude = 84.5;
@@ -44,7 +44,7 @@ void main()
 }
 )";
 
-// A shade of a half leaves the picture as it is.
+// A shade of 128 / 255 leaves the picture unchanged.
 constexpr auto shadedSource = R"(
 uniform sampler2D image;
 uniform sampler2D shade;
@@ -68,7 +68,7 @@ void main()
 }
 )";
 
-/// Cells along a side, so that the middle of a cell lies within half a texel of the sphere's.
+/// Cells along a side, so that the mesh is within half a texel of the sphere.
 int cellsOf(int zoom)
 {
     if (zoom <= 2)
@@ -93,7 +93,8 @@ QMatrix4x4 matrixFrom(const Globe& globe, const Globe::Vector& origin)
 {
     const double sx = 2.0 / (globe.width() * globe.metresPerPixel());
     const double sy = 2.0 / (globe.height() * globe.metresPerPixel());
-    // The limb lies on the far plane, the point below the viewer in the middle of the depth.
+    // The limb lies on the far plane, the point nearest to the viewer in the middle of the depth
+    // range.
     const double sz = -1.0 / TUSK::Geodetic::radius;
     const auto& r = globe.rotation();
     const Globe::Vector view = globe.toView(origin);
@@ -171,7 +172,7 @@ TileDrawer::Indices& TileDrawer::indicesOf(int cells)
         for (int i = 0; i < cells + 2; ++i) {
             const bool isInside = i > 0 && i <= cells && j > 0 && j <= cells;
             std::vector<std::uint16_t>& piece = isInside ? tile : border;
-            // Anticlockwise as seen from outside: rows go southwards.
+            // Counterclockwise seen from outside: rows run southwards.
             const int first = j * row + i;
             for (const int corner :
                  {first, first + row, first + 1, first + 1, first + row, first + row + 1})
@@ -258,7 +259,7 @@ void TileDrawer::drawCap(bool isNorth, const QColor& color)
     std::vector<float> vertices;
     add(vertices, pole, pole, 0.0, 0.0);
     for (int i = 0; i <= capSegments; ++i) {
-        // Anticlockwise as seen from outside.
+        // Counterclockwise seen from outside.
         const double longitude = sign * 360.0 * i / capSegments;
         add(vertices, TUSK::Geodetic::latLong2Cartesian(capLatitude * sign, longitude), pole, 0.0,
             0.0);

@@ -14,12 +14,12 @@
 
 namespace Tessa {
 
-/// The matrix from places relative to `origin` (metres, in space) to the window. The origin is
-/// turned and scaled in double, so that places near it keep their precision. What lies behind the
-/// limb is cut off by the far plane.
+/// The matrix from places relative to `origin` (in space, metres) to clip coordinates. The origin
+/// is transformed in double, so that places near it keep their precision. The far plane clips what
+/// is behind the limb.
 QMatrix4x4 matrixFrom(const Globe& globe, const Globe::Vector& origin);
 
-/// A part of a texture that lies on a whole tile; all of it by default.
+/// The square part of a texture that covers a tile; the whole texture by default.
 struct TextureWindow
 {
     float left = 0.0F;
@@ -30,23 +30,23 @@ struct TextureWindow
     static TextureWindow within(const TileId& tile, const TileId& ancestor);
 };
 
-/// Draws curved tiles and the caps around the poles. Needs the current context of its making for
-/// all calls and for its end.
+/// Draws curved tiles and the caps around the poles. The context in which it was made must be
+/// current for all calls, including the destructor.
 class TileDrawer
 {
 public:
-    /// Null when the context lacks what it takes; `error` then tells more.
+    /// Null when the context lacks a needed feature; `error` then has the driver's message.
     static std::unique_ptr<TileDrawer> create(QString& error);
 
-    /// Of a tile: the tile itself, or a border around it. Borders drawn before all tiles fill the
-    /// hair cracks of the joints, with the right colours and at the cost of few pixels.
+    /// The tile itself, or a narrow border around it. Borders, drawn before all tiles, fill the
+    /// hairline gaps between tiles with matching colours.
     enum class Piece { Tile, Border };
 
     void begin(const Globe& globe, double brightness);
-    /// `shade` 0: none.
+    /// `shade`: 0 for none.
     void draw(Piece piece, const TileId& tile, GLuint image, TextureWindow imageWindow,
               GLuint shade = 0, TextureWindow shadeWindow = {});
-    /// From just within the outermost tiles to the pole.
+    /// The area around a pole that tiles do not reach.
     void drawCap(bool isNorth, const QColor& color);
     void end();
 
@@ -59,12 +59,12 @@ private:
         QOpenGLBuffer vertices{QOpenGLBuffer::VertexBuffer};
     };
 
-    /// Triangles of the meshes of so many cells along a side.
+    /// The triangles of all meshes with the same number of cells.
     struct Indices
     {
         QOpenGLBuffer buffer{QOpenGLBuffer::IndexBuffer};
         int tileCount = 0;
-        int borderCount = 0; ///< behind the tile's
+        int borderCount = 0; ///< follow the tile's
     };
 
     TileDrawer() = default;

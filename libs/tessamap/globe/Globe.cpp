@@ -52,7 +52,7 @@ std::optional<LatLong> Globe::window2LatLong(WindowPoint point) const
     if (!(square >= 0.0))
         return std::nullopt;
     const double z = std::sqrt(square);
-    // Back by the transposed rotation.
+    // The transposed rotation is the inverse one.
     const auto& r = m_rotation;
     const double px = r[0] * x + r[3] * y + r[6] * z;
     const double py = r[1] * x + r[4] * y + r[7] * z;

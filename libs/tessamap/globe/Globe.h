@@ -21,22 +21,22 @@ struct WindowPoint
     double y = 0.0;
 };
 
-/// The longitude brought into [-180, 180).
+/// The longitude wrapped into [-180, 180).
 double wrappedLongitude(double longitude);
 
-/// How the globe stands before the viewer: an orthographic picture of the sphere, looked at from
-/// straight above a centre, north up. All in doubles; a value.
+/// The projection of the view: the sphere seen orthographically from straight above a centre, north
+/// up. A value type, computed in doubles.
 ///
-/// A place in space is turned by minus the centre's longitude about the y axis, then by its
-/// latitude about the x axis. The view's axes are then x to the right, y up and z towards the
-/// viewer, in metres from the centre of the sphere.
+/// A place in space is rotated by minus the centre's longitude about the y axis, then by its
+/// latitude about the x axis. The view's axes are x to the right, y up and z towards the viewer, in
+/// metres from the centre of the sphere.
 class Globe
 {
 public:
     using Vector = TUSK::Geodetic::Vector;
 
     Globe() = default;
-    /// `width` and `height` of the window in pixels; at least 1.
+    /// `width` and `height`: of the window in pixels, at least 1.
     Globe(LatLong centre, double metresPerPixel, double width, double height);
 
     LatLong centre() const { return m_centre; }
@@ -47,10 +47,10 @@ public:
 
     double height() const { return m_height; }
 
-    /// Turns a place or direction in space into the view.
+    /// Rotates a place or direction from space into the view.
     Vector toView(const Vector& place) const;
 
-    /// The rotation, row by row.
+    /// The rotation of toView(), row by row.
     const std::array<double, 9>& rotation() const { return m_rotation; }
 
     WindowPoint windowOf(const Vector& view) const
@@ -59,10 +59,10 @@ public:
                 view.y / m_metresPerPixel + m_height / 2.0};
     }
 
-    /// None on the far side.
+    /// None for a place on the far side.
     std::optional<WindowPoint> latLong2Window(LatLong place) const;
 
-    /// None beside the globe.
+    /// None for a point off the globe.
     std::optional<LatLong> window2LatLong(WindowPoint point) const;
 
 private:

@@ -3,11 +3,11 @@
 #include <cmath>
 #include <numbers>
 
-/// The web map's projection: the world between about 85.05 degrees south and north as a square, x
-/// from 0 (180 degrees west) to 1, y from 0 (north) to 1. Angles in degrees.
+/// The projection of web maps: the world between about 85.05 degrees south and north as a unit
+/// square, x eastwards from 180 degrees west, y southwards. Angles in degrees.
 namespace Tessa::Mercator {
 
-/// Around the equator, in metres: 60 arc minutes of 1852 m to a degree.
+/// Of the equator, in metres: a degree has 60 minutes of arc of 1852 m.
 inline constexpr double circumference = 360.0 * 60.0 * 1852.0;
 
 inline double x(double longitude)
@@ -32,7 +32,7 @@ inline double latitude(double y)
     return std::atan(std::sinh((0.5 - y) * 2.0 * std::numbers::pi)) * 180.0 / std::numbers::pi;
 }
 
-/// Ground metres along a distance of 1 in x or y at this latitude.
+/// Metres on the ground per unit of x or y at this latitude.
 inline double metres(double latitude)
 {
     return circumference * std::cos(latitude * std::numbers::pi / 180.0);

@@ -5,8 +5,8 @@
 
 namespace Tessa {
 
-/// A tile of the web map's quadtree: 2^zoom by 2^zoom square tiles over the Mercator world, x
-/// counted eastwards from 180 degrees west, y southwards from about 85.05 degrees north.
+/// A tile of the web map's quadtree: 2^zoom by 2^zoom square tiles cover the Mercator world; x
+/// counts eastwards from 180 degrees west, y southwards from about 85.05 degrees north.
 struct TileId
 {
     int zoom = 0;
@@ -24,17 +24,17 @@ struct TileId
                y < count(zoom);
     }
 
-    /// The same place with x brought into the world: east of 180 degrees comes 180 degrees west.
+    /// With x wrapped around the world at 180 degrees.
     constexpr TileId wrapped() const
     {
         const int side = count(zoom);
         return {zoom, ((x % side) + side) % side, y};
     }
 
-    /// The tile that holds this one a zoom level above; the world is its own parent.
+    /// The tile one zoom level above that contains this one; the world is its own parent.
     constexpr TileId parent() const { return ancestor(1); }
 
-    /// The tile that holds this one `levels` above, at most the world.
+    /// The tile `levels` zoom levels above that contains this one, at most the world.
     constexpr TileId ancestor(int levels) const
     {
         const int up = levels < zoom ? levels : zoom;
@@ -51,7 +51,7 @@ struct std::hash<Tessa::TileId>
 {
     std::size_t operator()(const Tessa::TileId& tile) const noexcept
     {
-        // The three fit into 5 + 2 * 24 bits; the multiplication spreads them.
+        // The three fit into 5 + 2 * 24 bits; the multiplication mixes them.
         const std::size_t packed = (static_cast<std::size_t>(tile.zoom) << 48) ^
                                    (static_cast<std::size_t>(tile.x) << 24) ^
                                    static_cast<std::size_t>(tile.y);

@@ -14,7 +14,7 @@ namespace {
 
 constexpr int tileSize = 256;
 
-/// How a tile lies in the window, by points spread over it.
+/// The extent of a tile in the window, from points sampled on it.
 struct Outline
 {
     double left = std::numeric_limits<double>::infinity();
@@ -67,7 +67,7 @@ Outline outlineOf(const TileId& tile, const Globe& globe)
     return outline;
 }
 
-/// Between the points the surface may reach farther: by at most this, in metres.
+/// How far, in metres, the surface may reach beyond the sampled points at most.
 double paddingOf(const TileId& tile)
 {
     const std::size_t points = pointsOf(tile);
@@ -87,7 +87,7 @@ bool isInView(const TileId& tile, const Globe& globe, const Outline& outline)
            outline.bottom - pixels <= globe.height();
 }
 
-/// Size of the tile's largest pixel in pixels of the window, seen from above.
+/// The size of the tile's largest pixel in pixels of the window, at the centre of the view.
 double magnification(const TileId& tile, const Globe& globe)
 {
     const TileEdges edges = edgesOf(tile);

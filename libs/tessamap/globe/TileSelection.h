@@ -7,14 +7,14 @@
 
 namespace Tessa {
 
-/// A tile of the view.
+/// A tile in the view.
 struct SelectedTile
 {
     TileId id;
     double distance = 0.0; ///< pixels from the centre of the window to the tile's
 };
 
-/// The deepest zoom that is ever asked for.
+/// The deepest zoom that is selected.
 inline constexpr int deepestZoom = 19;
 
 /// Edges of a tile in degrees.
@@ -28,14 +28,12 @@ struct TileEdges
 
 TileEdges edgesOf(const TileId& tile);
 
-/// The place in space at fractions of a tile: u eastwards and v southwards, 0 to 1, even on the
-/// tile's picture.
+/// The place in space at a position in the tile's picture: u eastwards and v southwards, 0 to 1.
 Globe::Vector placeInTile(const TileId& tile, double u, double v);
 
-/// The tiles that cover the window, none of them twice and none within another, those nearest to
-/// its centre first. A tile is refined while a pixel of it would be drawn larger than sqrt(2)
-/// pixels somewhere. Tiles behind the limb or outside of the window are left out; a few that only
-/// touch it may be among them.
+/// The tiles that cover the window without overlaps, nearest to its centre first. A tile is refined
+/// while any of its pixels would be larger than sqrt(2) pixels of the window. Tiles behind the limb
+/// or outside of the window are left out; a few just outside may be included.
 std::vector<SelectedTile> selectTiles(const Globe& globe);
 
 } // namespace Tessa

@@ -31,13 +31,13 @@ bool isCompressed(const QString& path)
     return path.endsWith(QLatin1String(".gz"), Qt::CaseInsensitive);
 }
 
-/// Opening anything else, such as a pipe, might wait for ever.
+/// Opening anything but a regular file, such as a pipe, might block for ever.
 bool isPlain(const QString& path)
 {
     return QFileInfo(path).isFile();
 }
 
-/// Empty for damaged data and for more than the largest file holds.
+/// Empty when the data are damaged or larger than the largest known file.
 QByteArray inflated(const QByteArray& compressed)
 {
     QByteArray result(bytesOf(knownSides.back()) + 1, Qt::Uninitialized);
@@ -46,7 +46,7 @@ QByteArray inflated(const QByteArray& compressed)
     if (inflateInit2(&stream, gzipFormat) != Z_OK)
         return QByteArray();
     stream.next_in =
-        reinterpret_cast<Bytef*>(const_cast<char*>(compressed.constData())); // only read
+        reinterpret_cast<Bytef*>(const_cast<char*>(compressed.constData())); // zlib only reads it
     stream.avail_in = static_cast<uInt>(compressed.size());
     stream.next_out = reinterpret_cast<Bytef*>(result.data());
     stream.avail_out = static_cast<uInt>(result.size());
@@ -123,7 +123,7 @@ std::optional<int> elevationSide(const QString& path)
     QFile file(path);
     if (!isCompressed(path))
         return sideOf(file.size());
-    // The last four bytes are the length of what was compressed.
+    // The last four bytes are the uncompressed length.
     if (!file.open(QIODevice::ReadOnly) || !file.seek(file.size() - 4))
         return std::nullopt;
     const QByteArray length = file.read(4);
@@ -134,7 +134,7 @@ std::optional<int> elevationSide(const QString& path)
 std::optional<HeightGrid> readElevation(const QString& path)
 {
     QFile file(path);
-    // No compressed file that could be of use is longer than the largest plain one by much.
+    // A usable compressed file is never much longer than the largest plain one.
     constexpr qint64 maxBytes = bytesOf(knownSides.back()) + (qint64(1) << 20);
     if (!isPlain(path) || !file.open(QIODevice::ReadOnly) || file.size() > maxBytes)
         return std::nullopt;

@@ -10,8 +10,8 @@
 
 namespace Tessa {
 
-/// Heights in metres over a square, in rows from north to south; the outermost samples lie on the
-/// edges.
+/// Heights in metres over a square, in rows from north to south. The outermost samples lie on the
+/// edges of the square.
 struct HeightGrid
 {
     static constexpr std::int16_t missing = -32768;
@@ -28,12 +28,13 @@ struct HeightGrid
     std::size_t bytes() const { return heights.size() * sizeof(std::int16_t); }
 };
 
-/// Every `step`-th sample, each the mean of the box of samples around it, a step wide. On an edge
-/// the mean is taken along the edge alone, which the neighbouring square shares: no step arises
-/// between the two. Missing samples do not count. side - 1 must be a multiple of step.
+/// Every `step`-th sample, each the mean of the samples in a box around it, a step wide. On an edge
+/// the mean is taken along the edge only, whose samples the neighbouring square shares, so that
+/// both get the same heights there. Missing samples are ignored. side - 1 must be a multiple of
+/// step.
 HeightGrid averaged(const HeightGrid& grid, int step);
 
-/// A degree by a degree of the earth's surface, named by its south-west corner.
+/// A cell of one degree by one degree, named by its south-west corner.
 struct ElevationCell
 {
     int latitude = 0;  ///< -90 to 89
@@ -41,19 +42,19 @@ struct ElevationCell
 
     friend bool operator==(const ElevationCell&, const ElevationCell&) = default;
 
-    /// Of a file name such as "N47E011.hgt", "s01w072.HGT.GZ" or "N47E011.SRTMGL1.hgt".
+    /// From a file name such as "N47E011.hgt", "s01w072.HGT.GZ" or "N47E011.SRTMGL1.hgt".
     static std::optional<ElevationCell> ofFile(const QString& name);
 };
 
-/// Samples along an edge of a file: 1201 (every 3 seconds of arc) or 3601 (every second), found
-/// from its length; for a ".gz" file from the length it notes. std::nullopt for others.
+/// Samples along an edge of a file, from its length: 1201 (every 3 seconds of arc) or 3601 (every
+/// second). For a ".gz" file from the uncompressed length it notes. std::nullopt for other files.
 std::optional<int> elevationSide(const QString& path);
 
-/// Reads a file of big-endian 16-bit heights, compressed where its name ends with ".gz". Takes 2 to
-/// 200 ms. std::nullopt for unreadable, damaged or cut files.
+/// Reads a file of big-endian 16-bit heights, compressed when its name ends with ".gz". Takes 2 to
+/// 200 ms. std::nullopt for unreadable, damaged or truncated files.
 std::optional<HeightGrid> readElevation(const QString& path);
 
-/// Reads with its coarser versions: every sample, every 4th and every 16th.
+/// The heights of a file and coarser versions of them: every sample, every 4th and every 16th.
 struct ElevationLevels
 {
     static constexpr int count = 3;

@@ -19,7 +19,7 @@ constexpr std::size_t maxLoading = 4;
 
 } // namespace
 
-/// Places of the samples along one axis of a tile, cut into runs within one degree each.
+/// The places of the samples along one axis of a tile, grouped by the degree that they lie in.
 struct ElevationSource::Axis
 {
     struct Run
@@ -77,7 +77,7 @@ float interpolated(const HeightGrid& grid, double row, double column)
         for (const std::int16_t height : pair) {
             if (height != HeightGrid::missing)
                 continue;
-            // Beside a hole the nearest sample counts, or is missing.
+            // Next to a hole, take the nearest sample, which may be missing.
             const std::int16_t nearest = corners[down >= 0.5 ? 1 : 0][along >= 0.5 ? 1 : 0];
             return nearest == HeightGrid::missing ? std::numeric_limits<float>::quiet_NaN()
                                                   : static_cast<float>(nearest);
@@ -122,7 +122,7 @@ void ElevationSource::refresh()
         while (entries.hasNext()) {
             const QString path = entries.next();
             const auto cell = ElevationCell::ofFile(entries.fileName());
-            // Of a plain and a compressed file the plain one is read faster.
+            // Prefer a plain file to a compressed one of the same cell: it is read faster.
             if (cell && (!found.contains(*cell) ||
                          path.endsWith(QLatin1String(".hgt"), Qt::CaseInsensitive)))
                 found[*cell] =
@@ -132,7 +132,7 @@ void ElevationSource::refresh()
     bool isOther = false;
     for (auto& [cell, file] : found) {
         const auto known = m_files.find(cell);
-        // One that was of no use may have been copied whole meanwhile.
+        // A file that has changed may have become usable.
         if (known != m_files.end() && known->second.isSame(file))
             file.side = known->second.side;
         else
@@ -187,8 +187,8 @@ int ElevationSource::dataZoom(const TileId& tile)
     return finest == 0 ? 0 : finest > 1201 ? 13 : 11;
 }
 
-/// The coarsest level whose samples are hardly wider than a pixel at the equator. For a zoom it is
-/// the same everywhere: neighbouring tiles must agree.
+/// The coarsest level whose samples are hardly farther apart than a pixel at the equator. It
+/// depends on the zoom alone, so that neighbouring tiles use the same heights.
 std::size_t ElevationSource::levelFor(int side, int zoom)
 {
     const double spacing = Mercator::circumference / 360.0 / (side - 1);
@@ -252,7 +252,8 @@ std::shared_ptr<const HeightGrid> ElevationSource::grid(const ElevationCell& cel
         m_kept.splice(m_kept.begin(), m_kept, entry->second);
         return entry->second->grid;
     }
-    // The most important ones first: the others are asked for again once these have come.
+    // Only a few at a time, so that the most important are read first; the others will be asked
+    // for again.
     if (m_loading.size() < maxLoading && m_loading.insert(slot(cell, level)).second)
         load(cell, level, m_files.at(cell));
     return nullptr;
@@ -272,10 +273,10 @@ void ElevationSource::take(const ElevationCell& cell, std::size_t level, const F
 {
     m_loading.erase(slot(cell, level));
     const auto file = m_files.find(cell);
-    // One that was replaced meanwhile is asked for again.
+    // A file that was replaced in the meantime will be asked for again.
     if (file != m_files.end() && file->second.isSame(read)) {
         if (levels) {
-            // Coarser versions cost little; finer ones come when they are asked for.
+            // Coarser versions are small. Finer ones are read again when they are needed.
             for (std::size_t i = ElevationLevels::count; i-- > level;)
                 keep(cell, i, levels->grids[i]);
             file->second.side = levels->grids[0]->side;

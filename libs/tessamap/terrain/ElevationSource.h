@@ -17,23 +17,23 @@
 
 namespace Tessa {
 
-/// Heights of the ground from the elevation files of a folder (docs/map.md), sampled for map tiles.
-/// Files are read in a thread of their own and kept in memory up to a limit, the least recently
-/// used going first; all else happens in the GUI thread and never waits.
+/// Ground heights from the elevation files of a folder (docs/map.md), sampled for map tiles.
+/// Files are read in a thread of their own and kept in memory up to a limit; the least recently
+/// used are dropped first. Everything else happens in the GUI thread and never waits.
 class ElevationSource : public QObject
 {
     Q_OBJECT
 
 public:
     enum class State {
-        None,    ///< no file covers any of the tile
-        Loading, ///< changed() will tell
+        None,    ///< no file covers any part of the tile
+        Loading, ///< changed() is sent when it is worth asking again
         Ready,
     };
 
-    /// Samples along a tile's side, one beyond the tile on each.
+    /// Samples along a tile's side: its 256 pixels and one more at each end.
     static constexpr int gridSize = 258;
-    /// Below, a view would need thousands of files.
+    /// At lower zooms a view would need thousands of files.
     static constexpr int minZoom = 5;
 
     explicit ElevationSource(QObject* parent = nullptr);
@@ -41,38 +41,37 @@ public:
 
     void setPath(const QString& path);
 
-    /// Looks for files anew, as when the user has added some; what was read of those that are still
-    /// the same is kept.
+    /// Looks for new, changed and removed files. Heights from unchanged files are kept.
     void refresh();
 
     bool isEmpty() const { return m_files.empty(); }
 
-    /// The deepest zoom at which the data of this tile show something new: 11 for samples every 3
-    /// seconds of arc, 13 for every second; 0 where there are none.
+    /// The deepest zoom at which the data of this tile add detail: 11 for samples every 3 seconds
+    /// of arc, 13 for every second; 0 without data.
     int dataZoom(const TileId& tile);
 
-    /// Fills in gridSize by gridSize heights in metres in the middles of the tile's pixels, NaN
-    /// where they are missing, from north to south; neighbouring tiles have the same heights where
-    /// they overlap. `heights` is left alone unless the result is Ready.
+    /// Fills in gridSize by gridSize heights in metres at the centres of the tile's pixels, NaN
+    /// where missing, rows from north to south. Neighbouring tiles get the same heights where they
+    /// overlap. `heights` is left unchanged unless the result is Ready.
     State sample(const TileId& tile, std::vector<float>& heights);
 
     void setMemoryLimit(std::size_t bytes) { m_memoryLimit = bytes; }
 
 signals:
-    /// A file that was waited for has come, or turned out to be of no use.
+    /// A file has been read or found unusable, or the files have changed.
     void changed();
 
-    /// Other files than before cover the earth.
+    /// Files have been added, changed or removed.
     void filesChanged();
 
-    /// For the user, once for each file that cannot be used.
+    /// For the user, once per file that cannot be used.
     void message(const QString& text);
 
 private:
     struct File
     {
         QString path;
-        int side = -1; ///< 0 for files that cannot be used, -1 before the first look
+        int side = -1; ///< samples along an edge; 0: cannot be used, -1: not yet known
         qint64 bytes = 0;
         QDateTime changed;
 

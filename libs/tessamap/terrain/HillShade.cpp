@@ -54,7 +54,7 @@ QImage hillShade(std::span<const float> heights, std::span<const double> cellMet
             const float lit = (lz - p * lx - q * ly) / std::sqrt(1.0f + p * p + q * q);
             const float shade = brightness + contrast * (std::max(0.0f, lit) - lz);
             const float byte = std::clamp(shade * neutral + 0.5f, 0.0f, 255.0f);
-            // The middle sample does not enter the slopes.
+            // The slopes do not depend on the middle sample.
             const bool isMissing = std::isnan(p) || std::isnan(q) || std::isnan(middle[i + 1]);
             out[i] = static_cast<uchar>(isMissing ? neutral : byte);
         }

@@ -14,7 +14,7 @@ namespace Tessa {
 
 class ElevationSource;
 
-/// Bakes hill shade into tiles, in the order of their importance; used like TileSource:
+/// Bakes hill shade into tiles, most important first. Used like TileSource:
 ///
 ///     for each tile in view
 ///         if (const auto id = shades.shadeTile(tile); id && !hasShade(*id, shades.revision()))
@@ -23,8 +23,8 @@ class ElevationSource;
 ///     while (hasTime())
 ///         if (const auto shade = shades.takeNext()) upload(*shade); else break;
 ///
-/// When revision() has moved on, all shades taken before are out of date; they may be shown until
-/// the new ones have come.
+/// When revision() changes, all shades taken before are out of date; they may be shown until the
+/// new ones are ready.
 class ShadeSource : public QObject
 {
     Q_OBJECT
@@ -33,33 +33,33 @@ public:
     struct Shade
     {
         TileId id;
-        QImage image; ///< 256 pixels square, Format_Grayscale8, 128 neutral
+        QImage image; ///< 256 pixels square; see hillShade()
     };
 
-    /// `elevation` must live longer.
+    /// `elevation` must outlive this.
     explicit ShadeSource(ElevationSource& elevation, QObject* parent = nullptr);
 
     void setShading(const Shading& shading);
 
-    /// Moves on with the light and with the files.
+    /// Increases when the shading or the files change.
     int revision() const { return m_revision; }
 
-    /// Whose shade belongs on this tile: its own, or that of the ancestor at the zoom where the
-    /// data end, to be stretched; std::nullopt where there is no terrain.
+    /// The tile whose shade covers this one: itself, or its ancestor at the deepest zoom of the
+    /// data, whose shade is magnified. std::nullopt without terrain.
     std::optional<TileId> shadeTile(const TileId& tile) const;
 
-    /// Shades that the caller lacks, most important first; replaces the former list.
+    /// The shades that the caller lacks, most important first. Replaces the former list.
     void setWanted(std::span<const TileId> byPriority);
 
-    /// The most important shade that can be baked now; one baking per call (docs/map.md has the
-    /// time). What waits for its files comes in a later call.
+    /// Bakes the most important wanted shade whose files have been read (times: docs/map.md);
+    /// std::nullopt when there is none at the moment.
     std::optional<Shade> takeNext();
 
-    /// Wanted shades that wait for their files or for takeNext().
+    /// Wanted shades that have not been taken.
     int loadingCount() const { return static_cast<int>(m_wanted.size()); }
 
 signals:
-    /// There may be something to take.
+    /// takeNext() may have something.
     void changed();
 
 private:

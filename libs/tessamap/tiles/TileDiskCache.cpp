@@ -17,9 +17,9 @@ namespace {
 
 constexpr qint64 maxMetaBytes = 4096;
 constexpr qint64 maxBodyBytes = qint64(4) << 20;
-/// How much is written between two looks at the whole.
+/// Bytes written between two checks of the total size.
 constexpr qint64 checkInterval = qint64(32) << 20;
-/// The time of use is noted no finer, so that reading costs no write each time.
+/// Resolution of the time of use, so that not every read costs a write.
 constexpr qint64 useStepSeconds = 3600;
 
 QString metaPath(const QString& bodyPath)
@@ -27,7 +27,7 @@ QString metaPath(const QString& bodyPath)
     return bodyPath.chopped(4) + QLatin1String(".meta");
 }
 
-/// Opening anything else, such as a pipe, might wait for ever.
+/// Opening anything but a regular file, such as a pipe, might block for ever.
 bool isPlain(const QString& path)
 {
     return QFileInfo(path).isFile();
@@ -35,10 +35,10 @@ bool isPlain(const QString& path)
 
 bool replaceFile(const QString& path, const QByteArray& content)
 {
-    // Without waiting for the disk as QSaveFile does: a tile lost in a power failure is fetched
-    // again, and one cut short is told by its length.
+    // QSaveFile would wait for the disk. A tile lost in a power failure is fetched again, and a
+    // truncated one is recognised by its length.
     const QString temporary = path + QLatin1String(".part");
-    // Anew, or it might be a link to something else, or a pipe that waits for a reader.
+    // A new file: an existing one might be a link to something else, or a pipe that blocks.
     QFile::remove(temporary);
     QFile file(temporary);
     if (!file.open(QIODevice::WriteOnly | QIODevice::NewOnly))
@@ -84,7 +84,7 @@ std::optional<Notes> readNotes(const QString& path)
     return hasExpiry && hasEnd ? std::optional(notes) : std::nullopt;
 }
 
-/// Notes what is kept of a header: one line of at most 1000 bytes.
+/// A line of the notes; empty for values that do not fit into one line of about 1000 bytes.
 QByteArray headerLine(const QByteArray& name, const QByteArray& value)
 {
     if (value.isEmpty() || value.size() > 1000 || value.contains('\n') || value.contains('\r'))
@@ -164,7 +164,7 @@ bool TileDiskCache::write(const TileId& tile, const QByteArray& body, const Tile
     if (m_folder.isEmpty())
         return false;
     const QString bodyPath = path(tile);
-    // The body first: beside the notes of a former one it is merely asked for again.
+    // The body first: with the notes of the former one it is dropped or asked for again.
     if (!QDir().mkpath(QFileInfo(bodyPath).path()) || !replaceFile(bodyPath, body))
         return false;
     if (!writeMeta(tile, meta, body.size()))
@@ -230,7 +230,7 @@ qint64 TileDiskCache::makeRoom(const QString& root, qint64 limit, const std::ato
             tiles.push_back({path, info.size(), info.lastModified().toMSecsSinceEpoch()});
         else if (path.endsWith(QLatin1String(".part")) &&
                  info.lastModified().secsTo(QDateTime::currentDateTimeUtc()) > useStepSeconds)
-            QFile::remove(path); // left behind by a crash
+            QFile::remove(path); // left over from a crash
     }
     if (total <= limit || stop)
         return total;

@@ -12,22 +12,22 @@
 
 namespace Tessa {
 
-/// What a server said of a tile that matters for asking again.
+/// What is kept of a reply's headers: when to ask for the tile again, and how.
 struct TileMeta
 {
     QByteArray etag;
     QByteArray lastModified;
-    qint64 expires = 0; ///< milliseconds since 1970, UTC; older tiles are asked for again
+    qint64 expires = 0; ///< milliseconds since 1970, UTC
 
     friend bool operator==(const TileMeta&, const TileMeta&) = default;
 };
 
-/// Tiles on disk: `<root>/<key of the server>/z/x/y.png` as they came from the server, whatever the
-/// picture's format, each with a small text file `y.meta` beside it (docs/map.md). Tiles are never
-/// dropped for their age, only for room: least recently used first.
+/// Tiles on disk: `<root>/<key of the server>/z/x/y.png` with the body as received, whatever its
+/// format, and a small text file `y.meta` with its notes (docs/map.md). Tiles are not dropped for
+/// their age, only to make room, least recently used first.
 ///
-/// Reading and writing happen in the calling thread; making room in one of the cache's own. A
-/// folder that cannot be written is an ordinary case: nothing is kept then.
+/// Reading and writing happen in the calling thread, making room in a thread of the cache's own. In
+/// a folder that cannot be written nothing is kept; this is not an error.
 class TileDiskCache
 {
 public:
@@ -44,32 +44,33 @@ public:
     TileDiskCache(const TileDiskCache&) = delete;
     TileDiskCache& operator=(const TileDiskCache&) = delete;
 
-    /// An empty root switches the cache off. Folders are made with the first tile.
+    /// An empty root switches the cache off. Folders are created with the first tile.
     void setPlace(const QString& root, const QString& key);
 
-    /// Bytes for all servers together.
+    /// In bytes, for all servers together.
     void setLimit(qint64 bytes) { m_limit = bytes; }
 
-    /// One look at the disk; says nothing of the tile's health.
+    /// Whether there is a file for the tile; its content is not checked.
     bool contains(const TileId& tile) const;
 
-    /// A tile whose notes are missing or broken counts as expired; one that does not have the
-    /// length noted is dropped.
+    /// A tile with missing or damaged notes counts as expired; one whose length differs from the
+    /// noted one is removed.
     std::optional<Entry> read(const TileId& tile);
 
-    /// False when it could not be kept. Readers find the old tile or the new one, never a half.
+    /// False when the tile could not be written. Files are replaced atomically: readers find the
+    /// old or the new one.
     bool write(const TileId& tile, const QByteArray& body, const TileMeta& meta);
 
-    /// New notes for a tile that the server confirmed.
+    /// Replaces the notes of a tile that the server has confirmed.
     bool writeMeta(const TileId& tile, const TileMeta& meta);
 
     void remove(const TileId& tile);
 
-    /// Deletes the least recently used tiles below `root` until at most 9/10 of the limit is left,
-    /// when it is exceeded; returns the bytes left. Touches only files that a cache made.
+    /// When the limit is exceeded, deletes the least recently used tiles below `root` until at most
+    /// 9/10 of it is in use. Returns the bytes in use. Touches only files that a cache has written.
     static qint64 makeRoom(const QString& root, qint64 limit, const std::atomic<bool>& stop);
 
-    /// For tests: until the making of room that was begun is done.
+    /// For tests: waits until no room is being made.
     void waitForIdle() { m_worker.waitForDone(); }
 
 private:
@@ -78,7 +79,7 @@ private:
     void makeRoomInBackground();
 
     QString m_root;
-    QString m_folder; ///< of the server; empty while switched off
+    QString m_folder; ///< of the server; empty when switched off
     qint64 m_limit = defaultLimit;
     qint64 m_writtenSinceCheck = 0;
     std::shared_ptr<std::atomic<bool>> m_stop;

@@ -28,11 +28,12 @@ bool isTileSide(quint32 pixels)
     return pixels == 256 || pixels == 512;
 }
 
-/// The chunks that make the picture; empty when it is damaged, cut short or of another size. Texts
-/// and profiles are compressed, and would be unpacked to a thousand times their length.
+/// The file with only the chunks that the picture needs; empty when it is damaged, truncated or not
+/// of a tile's size. Texts and profiles are compressed, and could unpack to a thousand times their
+/// length.
 QByteArray neededOfPng(const QByteArray& body)
 {
-    constexpr qsizetype frame = 12; // length, name and checksum
+    constexpr qsizetype frame = 12; // a chunk's length, name and checksum
     constexpr qsizetype headerEnd = 8 + 8 + 13 + 4;
     if (body.size() < headerEnd || number(body, 8) != 13 || body.mid(12, 4) != "IHDR" ||
         !isTileSide(number(body, 16)) || number(body, 20) != number(body, 16))
@@ -61,7 +62,7 @@ QByteArray neededOfPng(const QByteArray& body)
     return QByteArray();
 }
 
-/// Where the data of a scan end: at the next marker that is none of its own.
+/// The end of a scan's data: the next marker that is not part of the data.
 qsizetype scanEnd(const QByteArray& body, qsizetype at)
 {
     while (at + 1 < body.size()) {
@@ -82,16 +83,16 @@ enum class JpegPart { Needed, Extra, Frame, Scan, Unknown };
 JpegPart jpegPart(uchar code)
 {
     switch (code) {
-    case 0xc0: // the codings in use: baseline, with longer tables, progressive
+    case 0xc0: // baseline, extended sequential, progressive
     case 0xc1:
     case 0xc2:
         return JpegPart::Frame;
     case 0xda:
         return JpegPart::Scan;
-    case 0xc4: // tables and restarts
+    case 0xc4: // tables, restart interval
     case 0xdb:
     case 0xdd:
-    case 0xe0: // how colours are coded
+    case 0xe0: // colour coding
     case 0xee:
         return JpegPart::Needed;
     default:
@@ -99,16 +100,16 @@ JpegPart jpegPart(uchar code)
     }
 }
 
-/// A frame's height and width follow its precision.
+/// Checks the precision and, after it, the height and width.
 bool isFrameOfTile(const QByteArray& body, qsizetype at)
 {
     return at + 9 <= body.size() && body[at + 4] == 8 && isTileSide(shortNumber(body, at + 5)) &&
            shortNumber(body, at + 7) == shortNumber(body, at + 5);
 }
 
-/// Without comments and what applications put in; empty when the picture is damaged, cut short (it
-/// would be decoded to one that is grey from there on), of another size or of too many scans.
-/// Parts that the decoder might read in another way are not passed on.
+/// The file without comments and application data; empty when it is damaged, truncated (it would
+/// decode to a picture that is partly grey), not of a tile's size, has too many scans, or contains
+/// parts whose treatment by the decoder is not known.
 QByteArray neededOfJpeg(const QByteArray& body)
 {
     QByteArray result = body.left(2);

@@ -5,16 +5,16 @@
 
 namespace Tessa {
 
-/// A JPEG with more scans is no map tile, but a small file that keeps the decoder busy for seconds.
-/// Encoders write about ten.
+/// Encoders write about ten scans. A small JPEG with many more can keep the decoder busy for
+/// seconds.
 inline constexpr int maxJpegScans = 32;
 
-/// A complete picture of 256 or 512 pixels square in Format_RGBA8888, or a null one.
+/// Decodes a tile: 256 or 512 pixels square, Format_RGBA8888. Null unless the picture is complete.
 ///
-/// Bodies come from servers that are not trusted. The first bytes tell what a body is: PNG and JPEG
-/// are decoded, each by its own decoder, and nothing else by any. Size and number of scans are read
-/// before, so that a small file cannot ask for a huge picture or much time, and what is not needed
-/// for the picture (texts, profiles) never reaches the decoder.
+/// Servers are not trusted. The first bytes decide between the PNG and the JPEG decoder; other
+/// formats are refused. Size and number of scans are checked before decoding, so that a small file
+/// cannot demand much memory or time, and parts that the picture does not need (texts, profiles)
+/// never reach the decoder.
 QImage decodeTile(const QByteArray& body);
 
 } // namespace Tessa

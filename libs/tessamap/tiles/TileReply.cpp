@@ -16,7 +16,8 @@ constexpr qint64 keepTime = 7 * day;
 constexpr qint64 longestKeepTime = 366 * day;
 constexpr qint64 busyRest = 60 * second;
 
-/// Of "name=value" or "name" in a list divided by commas; std::nullopt where it is not there.
+/// The value of "name=value" in a comma-separated list, empty for a plain "name"; std::nullopt
+/// without it.
 std::optional<QByteArray> directive(const QByteArray& cacheControl, const QByteArray& name)
 {
     for (const QByteArray& part : cacheControl.toLower().split(',')) {
@@ -27,7 +28,7 @@ std::optional<QByteArray> directive(const QByteArray& cacheControl, const QByteA
     return std::nullopt;
 }
 
-/// How long a reply may be used from now on.
+/// For how many milliseconds from now the reply may be used.
 qint64 freshTime(const ReplyFacts& facts, qint64 now)
 {
     if (directive(facts.cacheControl, "no-cache") || directive(facts.cacheControl, "no-store"))
@@ -42,7 +43,7 @@ qint64 freshTime(const ReplyFacts& facts, qint64 now)
                std::min(age, longestKeepTime / second) * second;
     }
     if (!facts.expires.isEmpty()) {
-        // What is no date ("0", "-1") means that the time is over. The server's own clock counts.
+        // Anything but a date ("0", "-1") means expired. Relative to the server's own clock.
         const auto expires = httpDate(facts.expires);
         return expires ? *expires - httpDate(facts.date).value_or(now) : 0;
     }

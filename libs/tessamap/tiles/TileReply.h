@@ -9,24 +9,24 @@
 
 namespace Tessa {
 
-/// Larger bodies are given up.
+/// Larger bodies are not accepted.
 inline constexpr qint64 maxTileBytes = qint64(2) << 20;
 
-/// What is to be done after a reply.
+/// How a reply has to be handled.
 enum class ReplyOutcome {
-    Picture,     ///< a body that may be a picture
-    NotModified, ///< the tile on disk is still the one
-    Missing,     ///< there is no such tile: not asked again for a day
-    Refused,     ///< the server does not want us
-    Busy,        ///< the server wants a rest
-    Failed,      ///< asked again after a growing pause
-    Unreachable, ///< no server at all
+    Picture,     ///< there is a body, which may be a picture
+    NotModified, ///< the tile on disk is still current
+    Missing,     ///< there is no such tile: not asked for again for a day
+    Refused,     ///< the server does not serve this program
+    Busy,        ///< the server asks for a pause
+    Failed,      ///< asked for again after a growing delay
+    Unreachable, ///< the server did not answer
 };
 
-/// All of a finished reply that its handling depends on.
+/// Everything of a finished reply that its handling depends on.
 struct ReplyFacts
 {
-    int status = 0; ///< of HTTP; 0 without an answer
+    int status = 0; ///< HTTP status; 0 without an answer
     QNetworkReply::NetworkError error = QNetworkReply::NoError;
     bool wasConditional = false;
     bool wasTimeout = false;
@@ -42,22 +42,22 @@ struct ReplyFacts
     static ReplyFacts of(const QNetworkReply& reply);
 };
 
-/// The status decides where there is one: the toolkit's error codes put too much together.
+/// Decided by the HTTP status if there is one: Qt's error codes are too coarse.
 ReplyOutcome outcomeOf(const ReplyFacts& facts);
 
-/// What to note of a tile received or confirmed at `now` (milliseconds since 1970): Cache-Control
-/// before Expires, and seven days where the server says nothing. `former` fills in what a
-/// confirmation leaves out.
+/// The notes for a tile received or confirmed at `now` (milliseconds since 1970). It expires by
+/// Cache-Control, else by Expires, else after seven days. `former` supplies what a confirmation
+/// leaves out.
 TileMeta metaOf(const ReplyFacts& facts, qint64 now, const TileMeta& former = {});
 
 /// Whether the server allows the tile to be kept on disk.
 bool mayStore(const ReplyFacts& facts);
 
-/// When a busy server may be asked again: its Retry-After (seconds or a date, at most a day), else
-/// 60 s from now.
+/// When a busy server may be asked again: by its Retry-After (seconds or a date, at most a day),
+/// else 60 s from now.
 qint64 retryTime(const ReplyFacts& facts, qint64 now);
 
-/// A moment as HTTP writes it ("Sun, 06 Nov 1994 08:49:37 GMT"), milliseconds since 1970.
+/// Parses a date of HTTP ("Sun, 06 Nov 1994 08:49:37 GMT"); milliseconds since 1970.
 std::optional<qint64> httpDate(const QByteArray& text);
 
 } // namespace Tessa

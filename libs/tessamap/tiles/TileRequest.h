@@ -8,12 +8,12 @@
 
 namespace Tessa {
 
-/// A request takes no longer than this, however slowly its body drips in.
+/// The most milliseconds that a request may take, even while data still arrive.
 inline constexpr qint64 requestDeadline = 30000;
-/// A request for a tile that nobody wants any more goes on for this long: the view may come back.
+/// For how many milliseconds a request goes on that is no longer wanted: the view may come back.
 inline constexpr qint64 unwantedTime = 500;
 
-/// A request under way; gives it up when it goes.
+/// A request in flight; the destructor aborts it.
 struct TileSource::InFlight
 {
     InFlight() = default;
@@ -25,7 +25,7 @@ struct TileSource::InFlight
     QNetworkReply* reply = nullptr;
     qint64 startedAt = 0;
     std::optional<qint64> unwantedSince;
-    std::optional<TileMeta> confirms; ///< what is noted of the tile on disk
+    std::optional<TileMeta> confirms; ///< the notes of the tile on disk, in a conditional request
 };
 
 } // namespace Tessa

@@ -8,7 +8,7 @@ namespace {
 
 bool isPublicHost(const QString& host)
 {
-    // The numbered mirrors of former years are the same server.
+    // The numbered mirrors of earlier years are the same server.
     return host == QLatin1String("tile.openstreetmap.org") ||
            host.endsWith(QLatin1String(".tile.openstreetmap.org"));
 }

@@ -7,19 +7,19 @@
 
 namespace Tessa {
 
-/// Address of a tile server, as users write it: a template with {z}, {x} and {y}, or a plain base
-/// address, to which "/z/x/y.png" is added. A value.
+/// The address of a tile server as users write it: a template with {z}, {x} and {y}, or a base
+/// address, to which "/{z}/{x}/{y}.png" is appended. A value type.
 class TileServer
 {
 public:
-    /// Of the public OpenStreetMap server.
+    /// The template of the public OpenStreetMap server.
     static QString defaultTemplate();
 
-    /// An empty address means the default; one without a scheme gets https. Addresses of the public
-    /// OpenStreetMap server, however they are written, become its only proper one.
+    /// An empty address means the default; an address without a scheme gets https. All known
+    /// addresses of the public OpenStreetMap server become the default template.
     explicit TileServer(const QString& address = QString());
 
-    /// False for what is no http or https address: then there is nothing to ask.
+    /// Whether this is a usable http or https address.
     bool isValid() const { return m_isValid; }
 
     bool isPublicServer() const { return m_template == defaultTemplate(); }
@@ -28,11 +28,11 @@ public:
 
     QUrl url(const TileId& tile) const;
 
-    /// Whom the picture is owed to, and where to read more: to be shown wherever its tiles are.
+    /// The map's attribution and the page that it links to; to be shown wherever its tiles are.
     QString attribution() const;
     QUrl attributionLink() const;
 
-    /// A short folder name of its own for the tiles of this server, of hexadecimal digits.
+    /// A short unique folder name for this server's tiles, of hexadecimal digits.
     QString cacheKey() const;
 
     friend bool operator==(const TileServer&, const TileServer&) = default;

@@ -12,13 +12,13 @@ namespace Tessa {
 
 namespace {
 
-/// A level that was not wanted for this long has to rest anew before it is asked for.
+/// A zoom level that was not wanted for this long has to rest again before it is asked for.
 constexpr qint64 zoomMemory = 1000;
 constexpr qint64 zoomRest = 120;
 constexpr std::size_t maxToConfirm = 256;
 constexpr std::size_t maxFailures = 8192;
 
-/// Does not jump when the time of the machine is set.
+/// Unaffected by changes of the system's time.
 TileSource::Clock steadyClock()
 {
     QElapsedTimer timer;
@@ -129,7 +129,7 @@ std::optional<TileSource::Tile> TileSource::takeNext()
                 return result;
         }
     }
-    // What was wanted when it was asked for, or has changed since it was taken.
+    // Tiles that are no longer wanted, and tiles that have changed since they were taken.
     while (!m_arrived.empty()) {
         if (auto result = decodeArrived(m_arrived.begin()->first))
             return result;
@@ -139,7 +139,7 @@ std::optional<TileSource::Tile> TileSource::takeNext()
 
 std::optional<TileSource::Tile> TileSource::decodeArrived(const TileId& id)
 {
-    const TileId tile = id; // `id` may lie in what is taken out
+    const TileId tile = id; // `id` may be part of the extracted node
     const auto node = m_arrived.extract(tile);
     const Arrived& arrived = node.mapped();
     QImage image = decodeTile(arrived.body);
@@ -249,7 +249,7 @@ void TileSource::work()
         m_timer.start(static_cast<int>(std::clamp<qint64>(next - now, 1, 60000)));
 }
 
-/// When work() has something to do again; -1 when nothing waits for a moment.
+/// When work() has to be called next; -1 when nothing waits for a time.
 qint64 TileSource::nextMoment(qint64 now) const
 {
     qint64 next = -1;
@@ -269,7 +269,7 @@ qint64 TileSource::nextMoment(qint64 now) const
     const auto considerTile = [&](const TileId& tile, qint64 moment) {
         if (const auto failure = m_failures.find(tile); failure != m_failures.end())
             moment = std::max(moment, failure->second.notBefore);
-        // What is due already waits for a free place, not for a moment.
+        // A tile that is already due waits for a free request, not for a time.
         if (std::max(moment, earliest) > now)
             consider(std::max(moment, earliest));
     };

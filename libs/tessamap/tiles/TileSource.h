@@ -24,18 +24,18 @@
 
 namespace Tessa {
 
-/// Brings tiles from the disk cache and from the server, in the order of their importance.
+/// Provides tiles from the disk cache and from the server, most important first.
 ///
-/// Each frame the caller says which tiles it lacks, then takes what has come for as long as its
-/// time budget lasts:
+/// In each frame the caller says which tiles it lacks, then takes what is available for as long as
+/// its time lasts:
 ///
 ///     source.setWanted(missing);
 ///     while (hasTime())
 ///         if (const auto tile = source.takeNext()) upload(*tile); else break;
 ///
-/// Tiles on disk whose time is over are handed out at once and confirmed with the server
-/// afterwards; a changed picture then comes through takeNext() like any other, wanted or not. How
-/// failures are met is told in docs/map.md. Lives in the GUI thread and never waits.
+/// Expired tiles from the disk are handed out at once and confirmed with the server afterwards; a
+/// changed picture then comes through takeNext(), wanted or not. docs/map.md tells how failures are
+/// handled. Used in the GUI thread; never waits.
 class TileSource : public QObject
 {
     Q_OBJECT
@@ -55,7 +55,7 @@ public:
     explicit TileSource(QObject* parent = nullptr);
     ~TileSource() override;
 
-    /// As TileServer takes it. Another server drops all that is under way and known of failures.
+    /// `address`: see TileServer. A change drops all requests and everything known about failures.
     void setServer(const QString& address);
 
     const TileServer& server() const { return m_server; }
@@ -66,31 +66,31 @@ public:
     /// Must name the application.
     void setUserAgent(const QByteArray& userAgent) { m_userAgent = userAgent; }
 
-    /// Off for a map that must leave the network alone: tiles come from the disk only.
+    /// When off, tiles come from the disk only.
     void setNetworkEnabled(bool enabled);
 
-    /// The tiles that the caller has no picture of, most important first; replaces the former list.
-    /// Invalid ones are left out.
+    /// The tiles that the caller lacks, most important first. Replaces the former list. Invalid
+    /// tiles are ignored.
     void setWanted(std::span<const TileId> byPriority);
 
-    /// Of which tiles a picture is seen: only these are confirmed, the others when they are seen
-    /// again. All of them until the first call.
+    /// The tiles in view. Only these are confirmed with the server; others once they are in view
+    /// again. Before the first call all tiles count as being in view.
     void setVisible(std::span<const TileId> tiles);
 
-    /// The most important wanted tile that is at hand, decoded. One decoding per call (about 1 ms).
+    /// The most important wanted tile that is available, decoded. About 1 ms per call.
     std::optional<Tile> takeNext();
 
-    /// Wanted tiles that are under way or will be asked for as soon as there is room; not those
-    /// waiting out a failure, nor what is confirmed in the background.
+    /// Wanted tiles that are being loaded or queued; without those waiting after a failure and
+    /// without confirmations.
     int loadingCount() const;
 
-    /// The server said that it has no such tile, not long ago.
+    /// Whether the server said within the last day that it has no such tile.
     bool isMissing(const TileId& tile) const;
 
-    /// The server cannot be reached; one tile is tried every 30 s.
+    /// Whether the server cannot be reached. One tile is tried every 30 s then.
     bool isOffline() const { return m_isOffline; }
 
-    /// What the timer does: asks for what is due, gives up what takes too long.
+    /// Called by the timer: sends the requests that are due, aborts those that take too long.
     void work();
 
     // For tests.
@@ -103,10 +103,10 @@ public:
     TileDiskCache& diskCache() { return m_cache; }
 
 signals:
-    /// There is something to take, or isOffline() changed.
+    /// takeNext() has something, or isOffline() has changed.
     void changed();
 
-    /// For the user, at most once for each server and cause.
+    /// For the user, at most once per server and cause.
     void message(const QString& text);
 
 private:
@@ -126,7 +126,7 @@ private:
         bool isMissing = false;
     };
 
-    /// When a zoom level began to be wanted, and when it last was.
+    /// Since when a zoom level has been wanted without a break, and when it was last.
     struct ZoomTimes
     {
         qint64 since = 0;

@@ -11,7 +11,7 @@ constexpr qint64 missingRest = 24 * 3600 * second;
 constexpr qint64 refusedRest = 600 * second;
 constexpr qint64 probeInterval = 30 * second;
 constexpr qint64 longestPause = 300 * second;
-/// Longer than the rest of a single tile that keeps timing out.
+/// Longer than the longest delay of a single tile that keeps timing out.
 constexpr qint64 timeoutMemory = 2 * longestPause;
 constexpr int maxTries = 5;
 constexpr double jitter = 0.2;
@@ -30,7 +30,7 @@ void TileSource::start(const TileId& tile, qint64 now)
     entry->startedAt = now;
     QNetworkRequest request(m_server.url(tile));
     request.setHeader(QNetworkRequest::UserAgentHeader, m_userAgent);
-    // Pictures are compressed already. What the toolkit unpacks by itself could become any size.
+    // Pictures are already compressed, and what Qt unpacks by itself has no limit.
     request.setRawHeader("Accept-Encoding", "identity");
     request.setAttribute(QNetworkRequest::Http2AllowedAttribute, true);
     request.setAttribute(QNetworkRequest::CookieLoadControlAttribute, QNetworkRequest::Manual);
@@ -54,8 +54,8 @@ void TileSource::start(const TileId& tile, qint64 now)
         m_nextProbe = now + probeInterval;
 
     QNetworkReply* const reply = m_network.get(request);
-    // Bounds what comes while this thread is busy. Twice as much as it takes: the toolkit may stop
-    // a block before the bound, and the reply would wait there without a word.
+    // Limits what is received while this thread is busy. Twice the maximum, as Qt may stop reading
+    // a block below the limit, and checkSize() would never see too large a body.
     reply->setReadBufferSize(2 * maxTileBytes);
     entry->reply = reply;
     m_inFlight.push_back(std::move(entry));
@@ -94,7 +94,7 @@ void TileSource::finish(QNetworkReply* reply)
         return;
     ReplyFacts facts = ReplyFacts::of(*reply);
     facts.wasConditional = request->confirms.has_value();
-    // Requests that are given up here are no longer heard of: this is the toolkit's own timeout.
+    // Requests aborted here are disconnected first, so this is Qt's own timeout.
     facts.wasTimeout = facts.error == QNetworkReply::OperationCanceledError ||
                        facts.error == QNetworkReply::TimeoutError;
     const QByteArray body = reply->isOpen() ? reply->readAll() : QByteArray();
@@ -117,7 +117,7 @@ void TileSource::dropLate(qint64 now)
             late.push_back(std::move(request));
         else if (!isWanted && now - *request->unwantedSince >= unwantedTime) {
             if (request->confirms)
-                confirmLater(request->tile, *request->confirms); // when it is seen again
+                confirmLater(request->tile, *request->confirms); // once it is in view again
             request.reset();
         }
     }
@@ -138,12 +138,12 @@ void TileSource::settle(const InFlight& request, const ReplyFacts& facts, const 
         m_timeoutsInARow = 0;
         setOffline(false);
     } else if (outcome == ReplyOutcome::Unreachable || (facts.wasTimeout && isTimeoutTooMany())) {
-        // A server that lets every request time out is as good as none.
+        // A server whose replies all time out counts as unreachable.
         m_nextProbe = now + probeInterval;
         setOffline(true);
     }
 
-    // It may have been taken from the disk again in the meantime.
+    // In the meantime it may have been read from the disk and queued again.
     std::erase_if(m_toConfirm, [&](const auto& entry) { return entry.first == tile; });
     switch (outcome) {
     case ReplyOutcome::Picture:
@@ -156,7 +156,7 @@ void TileSource::settle(const InFlight& request, const ReplyFacts& facts, const 
         return;
     case ReplyOutcome::Missing:
         m_failures[tile] = {now + missingRest, 0, true};
-        emit changed(); // a coarser one may do
+        emit changed(); // the caller may want a coarser one instead
         m_cache.remove(tile);
         return;
     case ReplyOutcome::Refused:
@@ -181,7 +181,7 @@ void TileSource::settle(const InFlight& request, const ReplyFacts& facts, const 
         m_toConfirm.emplace_back(tile, *request.confirms);
 }
 
-/// Those of hours ago say nothing of now.
+/// Old timeouts do not count.
 bool TileSource::isTimeoutTooMany()
 {
     const qint64 now = m_clock();
@@ -198,7 +198,7 @@ void TileSource::fail(const TileId& tile)
     ++failure.tries;
     qint64 wait = std::min(longestPause, (qint64(1) << failure.tries) * second);
     if (failure.tries >= maxTries) {
-        // After a long rest it starts over: a map may stay open for hours.
+        // After a long delay the tries start again: a map may stay open for hours.
         failure.tries = 0;
         wait = longestPause;
     }
