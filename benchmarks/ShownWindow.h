@@ -9,7 +9,7 @@
 
 namespace KOLT::Bench {
 
-/// Handles events until the condition holds; false when it does not within seconds.
+/// Processes events until the condition holds; false when it does not within 5 s.
 template <typename Condition>
 bool waitUntil(Condition&& condition)
 {
@@ -24,8 +24,8 @@ bool waitUntil(Condition&& condition)
     return true;
 }
 
-/// Shows a window and waits until the display has it: before, nothing of it is drawn at all, and a
-/// benchmark would time that.
+/// Shows a window and waits until the display shows it. Before that nothing is drawn, and a
+/// benchmark would time nothing.
 inline void showAndWait(QWidget& window)
 {
     window.show();

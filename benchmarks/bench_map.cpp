@@ -1,6 +1,6 @@
-// The moving map on the software renderer: a frame of tiles beside a bare loop that draws the same
-// pictures to the same places, long tracks beside short ones, what a pan over tiles on the disk
-// holds the window up for, and how often an idle map is drawn.
+// The moving map on the software renderer: a frame of tiles compared with a bare loop that draws
+// the same pictures to the same places, long tracks with short ones, how long a pan over tiles on
+// the disk blocks the window, and how often an idle map is drawn.
 
 #include "benchmarks/Figures.h"
 #include "benchmarks/ShownWindow.h"
@@ -32,7 +32,7 @@ using Tessa::TileId;
 namespace {
 
 constexpr QSize pictureSize(1280, 800);
-constexpr int samples = 4; // as the window has it
+constexpr int samples = 4; // per pixel, as in the window
 constexpr Tessa::LatLong home{48.35, 11.45};
 constexpr double width = 42'000.0;
 constexpr int tileSide = 256;
@@ -42,7 +42,7 @@ const QString server = QStringLiteral("http://127.0.0.1:1");
 
 std::unique_ptr<QTemporaryDir> directory;
 
-/// A picture that looks, to a decoder, like a map: areas and lines.
+/// A picture that takes a decoder about as long as a map does.
 QByteArray tilePicture(const TileId& tile)
 {
     std::mt19937 random(static_cast<unsigned>(tile.x * 7919 + tile.y));
@@ -62,7 +62,7 @@ QByteArray tilePicture(const TileId& tile)
     return body;
 }
 
-/// A context with a picture to draw into, like the window's.
+/// A context with a framebuffer like the window's.
 class Stage
 {
 public:
@@ -97,7 +97,7 @@ private:
 
 std::unique_ptr<Stage> stage;
 
-/// The map, all of its tiles from the disk.
+/// The map with all tiles from the disk.
 class Map
 {
 public:
@@ -135,7 +135,7 @@ private:
     Tessa::TessaMap m_map;
 };
 
-/// Puts every tile of an area around home on the disk.
+/// Writes every tile of an area around home to the disk cache.
 void fillDisk()
 {
     Tessa::TileDiskCache cache;
@@ -147,8 +147,8 @@ void fillDisk()
         cache.write(tile.id, tilePicture(tile.id), {"tag", {}, expires});
 }
 
-/// The least that drawing these tiles takes: each a square of two triangles, its corners worked out
-/// and lying in one buffer beforehand, with the map's own kind of program.
+/// The least work that draws these tiles: two triangles each, with corners computed beforehand in
+/// one buffer, and a shader like the map's.
 class BareLoop
 {
 public:
@@ -240,7 +240,7 @@ void drawBareLoop(benchmark::State& state)
     }
 }
 
-/// Circuits around an airfield, two points a second, no two quite the same.
+/// Circuits around an airfield, two points a second, each slightly different.
 std::vector<TrackPoint> circuits(int hours)
 {
     std::mt19937 random(7);
@@ -277,7 +277,7 @@ std::vector<TrackPoint> circuits(int hours)
     return track;
 }
 
-/// Cross-country at some 180 km/h, two points a second, over an area of 200 km, never the same way.
+/// Cross-country at some 180 km/h, two points a second, over an area of 200 km, without repeats.
 std::vector<TrackPoint> crossCountry(int hours)
 {
     constexpr double reach = 0.9; ///< degrees
@@ -327,7 +327,7 @@ void drawTwentyHoursAway(benchmark::State& state)
     drawTrack(state, crossCountry(20), wholeCountry);
 }
 
-/// The first look at a day's track in a zoom level: everything for that level is built.
+/// The first frame with a day's track at a new scale, for which its line has to be built.
 void buildTrackLevel(benchmark::State& state)
 {
     const std::vector<TrackPoint> points = circuits(20);
@@ -342,7 +342,7 @@ void buildTrackLevel(benchmark::State& state)
     }
 }
 
-/// Heights for the hill shading of the area.
+/// Writes heights for the hill shading of the area.
 void writeTerrain()
 {
     QByteArray heights;
@@ -359,8 +359,8 @@ void writeTerrain()
         std::abort();
 }
 
-/// The longest that one frame of a pan takes apart from drawing, in milliseconds: over tiles that
-/// are on the disk but not yet in textures, with hill shading.
+/// The longest loading time, in milliseconds, of a frame during a pan with hill shading over tiles
+/// that are on the disk but not yet textures.
 double longestLoading()
 {
     Map map;
@@ -369,7 +369,7 @@ double longestLoading()
     map.map().setShadingStrength(1.0, 1.0, 0.5);
     map.map().setLightDirection(1.0F, -1.0F, -1.0F);
     double longest = 0.0;
-    // Along a diagonal of what is on the disk, half a tile a frame.
+    // Diagonally across the area on the disk, half a tile per frame.
     const double degrees = width / 111120.0;
     for (int i = 0; i <= 60; ++i) {
         map.lookAt({home.latitude + degrees * 0.5 * i / 60.0, home.longitude + degrees * i / 60.0});
@@ -381,7 +381,7 @@ double longestLoading()
     return longest * 1e3;
 }
 
-/// Frames of a map that shows the same all the time, for each second.
+/// Frames per second of a map without changes.
 double idleFrames()
 {
     MapSettings settings;

@@ -50,14 +50,14 @@ struct Map
         camera.setCentre(centre);
     }
 
-    /// Degrees between its middle and a place, the larger of both.
+    /// The difference of the centre to a place in latitude or longitude, whichever is larger.
     double awayFrom(LatLong place) const
     {
         return std::max(std::abs(state.latitude - place.latitude),
                         std::abs(state.longitude - place.longitude));
     }
 
-    /// Pixels between a point and the place that should be there.
+    /// The distance in pixels of a place from the point where it should be.
     double missOf(LatLong place, WindowPoint point) const
     {
         const auto found = camera.globe().latLong2Window(place);
@@ -222,9 +222,9 @@ void TestMapCamera::doubleClickGlides()
     QCOMPARE(map.state.latitude, 48.0);
     QCOMPARE(map.state.targetWidth, 20'000.0);
     QVERIFY(map.camera.stepAnimations());
-    // 0.02 s of a lag of 0.2 s.
+    // A frame of 0.02 s with a time constant of 0.2 s.
     QVERIFY(isAlmost(map.state.width, 80'000.0 - 60'000.0 * 0.02 / 0.22, 1e-6));
-    map.camera.doubleClick(point); // once more on the way
+    map.camera.doubleClick(point); // again while animated
     QVERIFY(isAlmost(map.state.targetWidth, map.state.width / 4.0, 1e-6));
     const auto place = map.camera.globe().window2LatLong(point);
     int frames = 1;
@@ -260,7 +260,7 @@ void TestMapCamera::followedAircraftStaysInTheCentre()
     map.camera.follow({1.0, 2.0});
     QCOMPARE(map.state.latitude, 48.0);
     map.state.follow = 2;
-    map.camera.follow({0.0, 0.0}); // none
+    map.camera.follow({0.0, 0.0}); // no position
     QCOMPARE(map.state.latitude, 48.0);
     map.camera.doubleClick({200.0, 200.0});
     for (int i = 0; i < 500 && map.camera.stepAnimations(); ++i)
@@ -268,7 +268,7 @@ void TestMapCamera::followedAircraftStaysInTheCentre()
     QVERIFY(!map.state.isRangeAnimated && !map.state.isPositionAnimated);
     QCOMPARE(map.state.width, 1.5e6);
     QCOMPARE(map.state.longitude, 2.0);
-    // A drag or a pan ends it and says so once.
+    // A drag or a pan ends follow mode and reports it once.
     map.camera.press({200.0, 200.0});
     QVERIFY(map.camera.dragTo({201.0, 200.0}));
     QVERIFY(!map.camera.dragTo({202.0, 200.0}));
@@ -287,7 +287,7 @@ void TestMapCamera::dragsOverThePoleStayNorthUp()
     QVERIFY(isAlmost(map.state.longitude, 20.0));
     map.camera.dragTo({640.0, 700.0});
     QVERIFY(isAlmost(map.state.latitude, 80.0));
-    // A place across the pole is held there.
+    // A place beyond the pole stays beyond it.
     map.camera.setCentre({85.0, 20.0});
     const WindowPoint across{660.0, 700.0};
     const auto place = map.camera.globe().window2LatLong(across);
@@ -295,7 +295,7 @@ void TestMapCamera::dragsOverThePoleStayNorthUp()
     map.camera.press(across);
     map.camera.dragTo({690.0, 690.0});
     QVERIFY(map.missOf(*place, {690.0, 690.0}) < 0.01);
-    // Sideways beside the pole is no place for it: still a number.
+    // Without a solution near the pole the result is still finite.
     map.camera.dragTo({-5000.0, 400.0});
     QVERIFY(std::abs(map.state.latitude) <= 90.0 && std::abs(map.state.longitude) <= 180.0);
 }

@@ -15,7 +15,7 @@ namespace {
 
 using Tessa::Test::LoopbackServer;
 
-/// Serves tiles in their colours.
+/// Serves each tile in a colour that identifies it.
 class ColorServer : public LoopbackServer
 {
 public:
@@ -31,7 +31,7 @@ public:
     }
 };
 
-/// Where the track's line lies across `length` pixels from `start` on; NaN where there is none.
+/// Where the track crosses the `length` pixels from `start`; NaN where it does not.
 double lineAt(const QImage& picture, QPoint start, QPoint step, int length)
 {
     double weights = 0.0;
@@ -125,7 +125,7 @@ void TestMapDrawing::tilesLieWhereTheyBelong()
             const QColor color = picture.pixelColor(x, y);
             const int zoom = zoomOf(color);
             const auto tile = tileAt(*here, zoom);
-            // Two pixels from another tile, pictures may mix.
+            // Within two pixels of another tile the pictures may blend.
             bool isInside = tile.has_value();
             for (const QPointF& way : {QPointF(2, 2), QPointF(-2, 2), {2, -2}, {-2, -2}}) {
                 const auto near = m_window->view().placeAt(x + 0.5 + way.x(), y + 0.5 + way.y());
@@ -139,8 +139,8 @@ void TestMapDrawing::tilesLieWhereTheyBelong()
                                                                    .arg(y)
                                                                    .arg(color.name())
                                                                    .arg(zoom)));
-            // Sharp, but not dearer than it need be; the factor 2 is for what a tile's edge nearer
-            // to the equator is larger than this place.
+            // Sharp, but not finer than needed. The factor 2 is because the tile's edge nearest to
+            // the equator decides, where texels are larger than here.
             const double texel = 2.0 * std::numbers::pi * earthRadius *
                                  std::cos(here->latitude * degree) / std::exp2(zoom) / 256.0 /
                                  m_window->view().metresPerPixel;
@@ -173,7 +173,7 @@ void TestMapDrawing::noHoles()
         QVERIFY(!picture.isNull());
         const int holes = countHoles(picture, m_window->view().metresPerPixel);
         QVERIFY2(holes == 0, qPrintable(QStringLiteral("%1 at %2 m").arg(holes).arg(width)));
-        if (width == 7e7) { // half the window is space
+        if (width == 7e7) { // half of the window is space
             QVERIFY(isBlack(picture.pixel(100, 30)));
             QVERIFY(isBlack(picture.pixel(350, 200)));
         }
@@ -192,7 +192,7 @@ void TestMapDrawing::trackDoesNotJitter()
 {
     QFETCH(Place, corner);
     const auto [latitude, longitude] = corner;
-    // A corner in the middle, its legs longer than the window.
+    // A corner in the centre with legs longer than the window.
     const double leg = 60.0 / 1852.0 / 60.0;
     const auto track = trackThrough({{latitude + leg, longitude},
                                      corner,
@@ -236,7 +236,7 @@ void TestMapDrawing::deadServerLeavesTheBaseMap()
     m_window->map.map().setTileServer(server.address());
     server.close();
     m_window->lookAt({10.0, 0.0}, 3e7);
-    const QImage online = m_window->settled(); // as far as it knows
+    const QImage online = m_window->settled(); // nothing has been asked for yet
     m_window->map.map().tiles().setNetworkEnabled(true);
     QTRY_VERIFY(m_window->map.map().isOffline());
     const int frames = m_window->map.frameCount();
@@ -252,7 +252,7 @@ void TestMapDrawing::deadServerLeavesTheBaseMap()
     for (const Place& land : {Place{22.0, 11.0}, {48.5, 2.5}, {-8.0, -62.0}, {-24.0, 22.5}})
         QVERIFY2(colorAt(land).red() > colorAt(land).blue(),
                  qPrintable(QString::number(land.latitude)));
-    // Nothing but a note has come up.
+    // Only the note has appeared.
     int changed = 0;
     const QRect notes(MapWindow::size.width() / 2, MapWindow::size.height() - 60,
                       MapWindow::size.width() / 2, 60);
@@ -270,7 +270,7 @@ void TestMapDrawing::deadServerLeavesTheBaseMap()
 void TestMapDrawing::missingTilesStayWanted()
 {
     LoopbackServer server;
-    server.handler = [](const auto&) { return QByteArray(); }; // never
+    server.handler = [](const auto&) { return QByteArray(); }; // never answers
     useServer(server);
     m_window->lookAt(home, 3000.0);
     QTRY_VERIFY(m_window->map.map().tiles().loadingCount() > 0);
@@ -303,7 +303,7 @@ void TestMapDrawing::missingTilesStayWanted()
 
 void TestMapDrawing::shadesSlopes()
 {
-    // Rising by 4 m with each sample to the east.
+    // Rising eastwards by 4 m per sample.
     QByteArray heights;
     for (int row = 0; row < 1201; ++row) {
         for (int column = 0; column < 1201; ++column) {
@@ -322,7 +322,7 @@ void TestMapDrawing::shadesSlopes()
     QTest::keyClick(&m_window->map, Qt::Key_S, Qt::ControlModifier);
     QVERIFY(m_window->state.isShaded);
     const double east =
-        5.0 * 4.0 * 1200.0 / (60.0 * 1852.0 * std::cos(48.5 * degree)); // what it rises by a metre
+        5.0 * 4.0 * 1200.0 / (60.0 * 1852.0 * std::cos(48.5 * degree)); // slope, exaggerated
     const double light = (1.0 + east) / std::sqrt(3.0) / std::hypot(1.0, east);
     const double shade = 1.0 + light - 1.0 / std::sqrt(3.0);
     QVERIFY(shade < 0.95 || shade > 1.05);
@@ -337,7 +337,7 @@ void TestMapDrawing::idleMapRests()
     QVERIFY(!m_window->settled().isNull());
     const int settledFrames = m_window->map.frameCount();
     QTRY_VERIFY(m_window->map.frameCount() > settledFrames);
-    // Once a second: three more frames may come late, but not early.
+    // One frame a second: three more frames may be late, but not early.
     const int frames = m_window->map.frameCount();
     QElapsedTimer timer;
     timer.start();
@@ -373,7 +373,7 @@ void TestMapDrawing::drawsAgainInAnotherContext()
     m_window->map.makeCurrent();
     m_window->map.map().releaseGl();
     m_window->map.doneCurrent();
-    QVERIFY(!m_window->map.map().render()); // has no context
+    QVERIFY(!m_window->map.map().render()); // without a current context
     QCOMPARE(m_window->settled(), before);
 
     QWidget other;

@@ -11,7 +11,7 @@
 using namespace KOLT;
 using namespace KOLT::Test;
 
-/// What is shown on the map beside the track itself: its colours, marks, the aircraft, the scale.
+/// Colours of the track, marks, the aircraft's position and the scale bar.
 class TestMapMarks : public QObject
 {
     Q_OBJECT
@@ -50,7 +50,7 @@ void TestMapMarks::initTestCase()
     for (int i = 0; i <= 6; ++i)
         m_dataSet.track.push_back({20 + i, 48.0 + i, 11.0, 500.0 + i, 100.0 - i, 90.0});
     add(m_dataSet.messages, 1, 11.4, floats(6.0F));
-    add(m_dataSet.messages, 1, 10.6, floats(2.0F)); // stored late
+    add(m_dataSet.messages, 1, 10.6, floats(2.0F)); // stored out of order
     add(m_dataSet.messages, 1, 11.4, floats(3.5F));
     m_dataSet.startSeconds = 10.0;
     m_dataSet.stopSeconds = 13.0;
@@ -111,7 +111,7 @@ void TestMapMarks::rampIsLegible()
         QVERIFY(luminance(color) > before * 1.05);
         before = luminance(color);
     }
-    // The last is the lightest, before the paper of a map.
+    // The last is the lightest; even that stands out from a map.
     QVERIFY((luminance(QColor(242, 239, 233)) + 0.05) / (before + 0.05) > 2.0);
 }
 
@@ -123,7 +123,7 @@ void TestMapMarks::flightsWithinTheSpanAreMarked()
     dataSet.stopSeconds = 13.0;
     for (const auto& [takeOff, landing] : {std::pair{9.5, 10.0}, {11.2, 13.0}, {12.0, 13.5}}) {
         Flight flight;
-        flight.takeOffSeconds = takeOff; // the first one before the track begins
+        flight.takeOffSeconds = takeOff; // the first is before the track
         flight.landingSeconds = landing;
         dataSet.flights.push_back(flight);
     }
@@ -150,20 +150,20 @@ void TestMapMarks::exceedancesLieOnTheTrack()
                                          {30.0, 6.0F}})
         add(dataSet.messages, 1, seconds, floats(value));
     const std::vector<MapMark> marks = exceedanceMarks(m_profile, dataSet);
-    QCOMPARE(marks.size(), std::size_t{3}); // at 9.9 s there was no track yet
+    QCOMPARE(marks.size(), std::size_t{3}); // the track starts after 9.9 s
     QCOMPARE(marks[0].text, QStringLiteral("D Oil 6.00 bar"));
     QCOMPARE(marks[0].color, QColor(255, 255, 0));
     QCOMPARE(marks[0].place.latitude, 51.0);
-    QCOMPARE(marks[0].seconds, 11.9); // its own, not that of the track's point
+    QCOMPARE(marks[0].seconds, 11.9); // of the event, not of the track's point
     QCOMPARE(marks[1].place.latitude, 54.0);
-    QCOMPARE(marks[2].color, QColor(255, 0, 0)); // earlier, but to be seen
+    QCOMPARE(marks[2].color, QColor(255, 0, 0)); // a limit, drawn on top though earlier
     dataSet.track.clear();
     QVERIFY(exceedanceMarks(m_profile, dataSet).empty());
 }
 
 namespace {
 
-/// A square window of 100 pixels, a kilometre each.
+/// A window of 100 by 100 pixels at 1 km per pixel.
 const Tessa::Globe globe({0.0, 0.0}, 1000.0, 100.0, 100.0);
 
 MapMark markAtPixel(double x, double y, double seconds,
@@ -177,7 +177,7 @@ MapMark markAtPixel(double x, double y, double seconds,
 void TestMapMarks::onePixelShowsOneMark()
 {
     std::vector<MapMark> marks{markAtPixel(20.5, 20.5, -1.0, MapMark::Kind::TakeOff)};
-    for (int i = 0; i < 1000; ++i) // on four pixels, two of them just below the window
+    for (int i = 0; i < 1000; ++i) // on four pixels, two of which are just below the window
         marks.push_back(markAtPixel(i % 2 == 0 ? 20.5 : 21.5, i % 4 < 2 ? -5.5 : 99.5, i));
     for (const Tessa::LatLong far : {Tessa::LatLong{0.0, 180.0}, {40.0, 0.0}})
         marks.push_back({MapMark::Kind::Exceedance, 0.0, far, {}, {}});
@@ -208,7 +208,7 @@ void TestMapMarks::aircraftIsLookedUpByHalfSeconds()
 {
     using Record = AircraftTrack::Record;
     std::vector<TrackPoint> track = m_dataSet.track;
-    track.erase(track.begin() + 2); // nothing at 11.0 s
+    track.erase(track.begin() + 2); // no point at 11.0 s
     AircraftTrack aircraft(track);
     const Record first{48.0, 11.0, 500.0, 100.0, 90.0, 10.0};
     QCOMPARE(aircraft.at(10.0), first);

@@ -21,7 +21,7 @@
 using namespace KOLT;
 using namespace KOLT::Test;
 
-/// What the user's hands do to the map, and the page around it.
+/// User input on the map, and the map page.
 class TestMapPage : public QObject
 {
     Q_OBJECT
@@ -75,7 +75,7 @@ void TestMapPage::cleanup()
 
 void TestMapPage::wheelAndPinchZoomAboutThePointer_data()
 {
-    const Rows<int, double> row("angle", "factor"); // pinch has no angle
+    const Rows<int, double> row("angle", "factor"); // angle 0: a pinch
     row("wheel away from the user", 120, 1.0 / 1.100000023841858);
     row("wheel towards the user", -120, 1.100000023841858);
     row("pinch", 0, 1.0 / 1.25);
@@ -120,7 +120,7 @@ void TestMapPage::touchPadPans()
     };
     scroll(Qt::ScrollBegin, {});
     scroll(Qt::ScrollUpdate, {30, 10});
-    device = &pad; // some platforms tell of no phases
+    device = &pad; // some platforms report no phases
     scroll(Qt::NoScrollPhase, {12, -35});
     scroll(Qt::ScrollEnd, {});
     QCOMPARE(m_window->state.width, 100e3);
@@ -130,7 +130,7 @@ void TestMapPage::touchPadPans()
 
 void TestMapPage::heldKeysMove_data()
 {
-    const Rows<int, int, int, int> row("key", "zoom", "east", "north"); // steps for each frame
+    const Rows<int, int, int, int> row("key", "zoom", "east", "north"); // steps per frame
     row("+", Qt::Key_Plus, -1, 0, 0);
     row("-", Qt::Key_Minus, 1, 0, 0);
     row("left", Qt::Key_Left, 0, -1, 0);
@@ -148,10 +148,10 @@ void TestMapPage::heldKeysMove()
     const int before = m_window->map.frameCount();
     QTest::keyPress(&m_window->map, static_cast<Qt::Key>(key));
     QTRY_VERIFY(m_window->map.frameCount() >= before + 3);
-    // A held key's releases in between are none.
+    // Releases from auto-repeat are ignored.
     QKeyEvent repeated(QEvent::KeyRelease, key, Qt::NoModifier, QString(), true);
     QCoreApplication::sendEvent(&m_window->map, &repeated);
-    // Sooner than with the one frame a second of a map at rest.
+    // Faster than the one frame a second of an idle map.
     QTRY_VERIFY_WITH_TIMEOUT(m_window->map.frameCount() >= before + 12, 5000);
     QTest::keyRelease(&m_window->map, static_cast<Qt::Key>(key));
     const int frames = m_window->map.frameCount() - before;
@@ -165,7 +165,7 @@ void TestMapPage::heldKeysMove()
     };
     verify();
     m_window->map.grabFramebuffer();
-    verify(); // released, it rests
+    verify(); // released, the map stays still
 }
 
 void TestMapPage::fitKeyShowsTheTrack()
@@ -185,7 +185,7 @@ void TestMapPage::fitKeyShowsTheTrack()
 
 void TestMapPage::clickTellsTheMoment_data()
 {
-    // Beside the point of the track that is passed at 50 s, and for a second time at 200 s.
+    // Near the point of the track that is passed at 50 s and again at 200 s.
     const Rows<QPoint, bool, QList<double>> row("offset", "hasMark", "seconds");
     row("near the track", {0, 8}, false, {50.0});
     row("beside it", {0, 13}, false, {});
@@ -212,7 +212,7 @@ void TestMapPage::clickTellsTheMoment()
     QSignalSpy picked(&m_window->map, &WidgetMap::signalTime);
     const QPoint point = m_window->view().pixelOf(place).toPoint();
     QTest::mouseClick(&m_window->map, Qt::RightButton, {}, point);
-    // What ends on the track but was dragged there is no click.
+    // A drag that ends on the track is no click.
     QTest::mousePress(&m_window->map, Qt::LeftButton, {}, point - QPoint(0, 40));
     QTest::mouseMove(&m_window->map, point);
     QTest::mouseMove(&m_window->map, point - QPoint(0, 40));
@@ -254,7 +254,7 @@ void TestMapPage::dragAndFitEndFollowing()
     const MapViewState& state = m_page->viewState();
     QAction& follow = action(QStringLiteral("Center AC"));
     QVERIFY(follow.isChecked());
-    waitForFrame(); // has shown the whole flight
+    waitForFrame(); // shows the whole flight
     m_page->setTime(30.0);
     const TrackPoint& there = m_dataSet->track[20];
     QTRY_COMPARE(state.longitude, there.longitude);
@@ -269,11 +269,11 @@ void TestMapPage::dragAndFitEndFollowing()
     QCOMPARE(ended.count(), 1);
     QCOMPARE(state.follow, 0);
     QVERIFY(!follow.isChecked());
-    m_page->setTime(31.0); // no longer followed
+    m_page->setTime(31.0); // the aircraft is no longer followed
     waitForFrame();
     QVERIFY(pageView().distance({360.0, 150.0}, pressed) < 0.5);
 
-    // At once, though the aircraft stands still.
+    // At once, though the aircraft has not moved.
     follow.trigger();
     QTRY_COMPARE(state.longitude, m_dataSet->track[21].longitude);
 
@@ -302,7 +302,7 @@ void TestMapPage::waitForFrame()
 
 void TestMapPage::doubleClickGlides()
 {
-    makePage(); // follows, but waits for the aircraft to move
+    makePage(); // follow mode waits for the aircraft to move
     waitForFrame();
     WidgetMap& map = m_page->widget();
     const MapViewState& state = m_page->viewState();
@@ -315,13 +315,13 @@ void TestMapPage::doubleClickGlides()
     QTest::mouseDClick(&map, Qt::LeftButton, {}, pointer);
     QTest::mouseRelease(&map, Qt::LeftButton, {}, pointer);
     QVERIFY(state.isRangeAnimated && state.isPositionAnimated);
-    QCOMPARE(state.width, width); // it glides, it does not jump
+    QCOMPARE(state.width, width); // animated, so not changed at once
     QTRY_VERIFY(!state.isRangeAnimated && !state.isPositionAnimated);
     QVERIFY(map.frameCount() > frames + 10);
     QVERIFY(std::abs(state.width - width / 4.0) < 1.0);
     QVERIFY(pageView().distance(pointer, place) < 1.0);
     QTest::qWait(QApplication::doubleClickInterval());
-    QCOMPARE(picked.count(), 0); // it was on the track, but only zooms
+    QCOMPARE(picked.count(), 0); // a double click on the track only zooms
 }
 
 void TestMapPage::shadingKeyGoesBeforeTheWindows()
@@ -362,7 +362,7 @@ void TestMapPage::coveredMapRests()
     splitter.setSizes({0, 500});
     QTRY_VERIFY(m_page->widget().visibleRegion().isEmpty());
     const int frames = m_page->widget().frameCount();
-    // Two idle periods and more, in which a map that is seen would be drawn.
+    // More than two idle periods, in which a visible map would be drawn.
     QElapsedTimer timer;
     timer.start();
     double seconds = 30.0;
@@ -414,7 +414,7 @@ void TestMapPage::valuesHaveTheirUnits()
     QVERIFY(height > 2 * panel->fontMetrics().height());
     m_page->refresh(); // other parameters or units
     QCOMPARE(panel->height(), height);
-    m_dataSet->track.clear(); // an engine run on the ground has values too
+    m_dataSet->track.clear(); // values are shown without a track too
     m_page->refresh();
     QCOMPARE(textsAt(43.0), "plain 43.000000 speed 143.000000 [km/h]");
     m_page->setData(nullptr);

@@ -45,7 +45,7 @@ Track along(std::size_t count, const std::function<LatLong(double)>& place)
     return track;
 }
 
-/// Northwards, ten metres a point.
+/// Northwards, a point every ten metres.
 Track straight(std::size_t count)
 {
     return along(count, [](double i) { return LatLong{48.0 + i * 10.0 / 111'120.0, 11.0}; });
@@ -65,7 +65,7 @@ Track wandering(LatLong start, std::size_t count)
     });
 }
 
-/// Circles of 500 m radius, 100 points each, with some metres of wind and noise.
+/// Circles of 500 m radius, 100 points each, with some metres of noise.
 Track circuits(std::size_t count)
 {
     std::mt19937 random(5);
@@ -104,7 +104,7 @@ Vector placeOf(const TrackLine::Chunk& chunk, const TrackLine::Vertex& vertex)
             chunk.origin.z + static_cast<double>(vertex.z)};
 }
 
-/// The lines drawn.
+/// Calls `handle` for each line of the chunk.
 void forLines(const TrackLine::Chunk& chunk,
               const std::function<void(Vector from, Vector to, std::size_t color)>& handle)
 {
@@ -141,7 +141,7 @@ std::size_t vertexCount(const std::vector<TrackLine::Chunk>& chunks)
     return count;
 }
 
-/// Metres drawn in each class, by class; those without last.
+/// Metres drawn in each class, and last of lines without a class.
 std::vector<double> lengthsOf(const std::vector<TrackLine::Chunk>& chunks)
 {
     std::vector<double> lengths(17, 0.0);
@@ -156,7 +156,7 @@ std::vector<double> lengthsOf(const std::vector<TrackLine::Chunk>& chunks)
 
 void TestTrackLine::lineKeepsToTheTrack()
 {
-    // The last two at 180 degrees and near the pole.
+    // Also across 180 degrees and near the pole.
     for (const LatLong start : {LatLong{48.0, 11.0}, {-17.0, 179.99}, {89.0, 0.0}}) {
         const Track track = wandering(start, 4000);
         const TrackLine line(track);
@@ -167,7 +167,7 @@ void TestTrackLine::lineKeepsToTheTrack()
                 QVERIFY(distanceTo(chunks, placeOf(track[i])) <= scale / 2.0 + 0.01);
             QVERIFY(vertexCount(chunks) < before);
             before = vertexCount(chunks);
-            // The power of two below counts.
+            // Scales are rounded down to a power of two.
             QCOMPARE(&line.chunks(std::exp2(std::floor(std::log2(scale)))), &chunks);
         }
         QVERIFY(before < 60);
@@ -197,7 +197,7 @@ void TestTrackLine::chunksHangTogether()
             }
         }
     }
-    // Only what is in view is worth drawing.
+    // Only few chunks are in view.
     const Tessa::Globe globe({48.0, 11.0}, 1.0, 1280.0, 800.0);
     const auto& chunks = line.chunks(1.0);
     const auto inView = [&](const TrackLine::Chunk& chunk) { return isInView(globe, chunk); };
@@ -209,7 +209,7 @@ void TestTrackLine::chunksHangTogether()
 
 void TestTrackLine::longWaysFollowTheGreatCircle()
 {
-    // Positions jump 10 degrees; then to the other side of the world, whereto leads no one way.
+    // Positions jump by 10 degrees, then to the antipodes, to which no line is drawn.
     const TrackLine line(Track{{0, 60.0, 175.0}, {1, 60.0, -175.0}, {2, -60.0, 5.0}});
     const auto& chunks = line.chunks(20.0);
     QVERIFY(chunks.size() > 8);
@@ -225,7 +225,7 @@ void TestTrackLine::longWaysFollowTheGreatCircle()
 
 void TestTrackLine::gapsPartTheLine()
 {
-    // After 10.5 s, not after 10 s.
+    // More than 10 s without positions.
     for (const auto& [halfSeconds, length] : {std::pair(20, 1980.0), {19, 1990.0}}) {
         Track track = straight(200);
         for (std::size_t i = 100; i < track.size(); ++i)
@@ -233,7 +233,7 @@ void TestTrackLine::gapsPartTheLine()
         QVERIFY(std::abs(lengthsOf(TrackLine(track).chunks(1.0))[16] - length) < 0.1);
     }
 
-    // Positions that are missing are interpolated: the samples tell where.
+    // Missing positions are interpolated in the track: gaps are found in the samples.
     Profile profile;
     QVERIFY(loadProfile(
         profile,
@@ -248,8 +248,8 @@ void TestTrackLine::gapsPartTheLine()
     QCOMPARE(gaps[0].from, 20.0);
     QCOMPARE(gaps[0].to, 31.0);
     QCOMPARE(gaps[1].from, 31.5);
-    QCOMPARE(gaps[1].to, 100.0); // those of the longitude lie within, and end at 90 s
-    // Of 100 s, drawn are the first 20 s and half a second.
+    QCOMPARE(gaps[1].to, 100.0); // the longitude's gaps lie within, up to 90 s
+    // Of 100 s, the first 20 s and half a second are drawn.
     const TrackLine line(straight(201), gaps);
     QVERIFY(std::abs(lengthsOf(line.chunks(1.0))[16] - 410.0) < 0.1);
 }
@@ -297,7 +297,7 @@ void TestTrackLine::colorsChangeWhereTheValuesDo()
         QVERIFY(std::abs(lengths[0] - 5990.0) < 0.1);
         QVERIFY(vertexCount(line.chunks(scale)) < 40);
     }
-    line.setValues({1.0F}, {0.0, 10.0}); // not one for each
+    line.setValues({1.0F}, {0.0, 10.0}); // too few values
     QVERIFY(std::abs(lengthsOf(line.chunks(16.0))[16] - 9990.0) < 0.1);
 }
 
@@ -333,11 +333,11 @@ void TestTrackLine::clickHitsTheNearestPoint()
     // Between two points far apart in the window.
     const Tessa::Globe close({48.045, 11.0}, 0.05, 1280.0, 800.0);
     QCOMPARE(line.nearestPoint(close, {644.0, 470.0}, 10.0), std::optional(point));
-    // Through the globe.
+    // Not on the far side of the globe.
     const Tessa::Globe behind({-48.045, -169.0}, 20'000.0, 1280.0, 800.0);
     QVERIFY(!line.nearestPoint(behind, {640.0, 400.0}, 1000.0));
     QVERIFY(!TrackLine().nearestPoint(globe, *middle, 1e9));
-    // No line, no hit.
+    // Not in a gap.
     const TrackLine parted(straight(1000), {{200.0, 300.0}});
     QVERIFY(!parted.nearestPoint(globe, *middle, 10.0));
 }

@@ -41,7 +41,7 @@ bool isIce(QColor color)
 
 void TestBaseMap::places_data()
 {
-    // From the zoom where it is large enough to be seen.
+    // Each place from the zoom on where it is large enough to be seen.
     const KOLT::Test::Rows<double, double, QString, int> row("latitude", "longitude", "ground",
                                                              "fromZoom");
     row("Bavaria", 48.5, 11.8, "land", 0);
@@ -83,7 +83,7 @@ void TestBaseMap::places()
 
 void TestBaseMap::noBarsAcrossTheWorld()
 {
-    // Along these parallels there is sea almost all around.
+    // Along these parallels there is almost only sea.
     for (const double latitude : {-60.5, -57.3, 84.2}) {
         for (int zoom = 0; zoom <= 4; ++zoom) {
             const double pixels = 256.0 * TileId::count(zoom);
@@ -101,8 +101,8 @@ void TestBaseMap::noBarsAcrossTheWorld()
 
 void TestBaseMap::neighboursMeet()
 {
-    // A column beside the seam looks like the one on its other side; a missing or shifted outline
-    // would make it differ over many pixels. The last pair of each zoom meets at 180 degrees.
+    // The columns on both sides of a seam look alike; with a missing or shifted outline they would
+    // differ in many pixels. The last pair of each zoom meets at 180 degrees.
     for (int zoom = 2; zoom <= 5; ++zoom) {
         for (int y = 0; y < TileId::count(zoom); ++y) {
             for (const int x : {TileId::count(zoom) / 2 - 1, TileId::count(zoom) - 1}) {
@@ -159,7 +159,7 @@ void TestBaseMap::otherTiles()
 
 void TestBaseMap::damagedData()
 {
-    m_map.paint({0, 0, 0}); // makes the data known to the toolkit
+    m_map.paint({0, 0, 0}); // registers the resource
     const QByteArray good = KOLT::Test::readFile(QStringLiteral(":/tessamap/world.bin"));
     QVERIFY(BaseMapData::read(good));
     const QByteArray raw = qUncompress(good);
@@ -168,7 +168,7 @@ void TestBaseMap::damagedData()
     for (const qsizetype length : {0, 3, 4, 100})
         QVERIFY(!BaseMapData::read(good.left(length)));
     QVERIFY(!BaseMapData::read(QByteArray("\xff\xff\xff\xff", 4) + good.mid(4)));
-    // More lines, and longer ones, than there are bytes.
+    // Counts of lines and points that exceed the data.
     QVERIFY(!BaseMapData::read(qCompress("TWM1" + QByteArray(40, '\x7f'))));
     QVERIFY(!BaseMapData::read(qCompress("TWM1" + QByteArray::fromHex("0000000100000f4240ffff"))));
 }

@@ -21,7 +21,6 @@ private slots:
 
 namespace {
 
-/// Some like to be looked at more than others.
 std::vector<LatLong> centres()
 {
     return {{0.0, 0.0},   {48.1, 11.6}, {90.0, 30.0},    {-90.0, -120.0}, {89.97, 180.0},
@@ -33,7 +32,7 @@ bool isWithin(const TileId& inner, const TileId& outer)
     return inner.zoom >= outer.zoom && inner.ancestor(inner.zoom - outer.zoom) == outer;
 }
 
-/// Pixels of the window that a pixel of the tile takes where it is largest.
+/// The size of the tile's largest pixel in pixels of the window.
 double magnification(const TileId& tile, double metresPerPixel)
 {
     const TileEdges edges = edgesOf(tile);

@@ -20,7 +20,7 @@ namespace {
 
 using Terrain = std::function<double(double latitude, double longitude)>;
 
-/// What an elevation file holds for the degree with this south-west corner.
+/// The content of an elevation file for the degree with this south-west corner.
 QByteArray elevationBytes(int south, int west, const Terrain& terrain, int side = 1201)
 {
     QByteArray bytes;
@@ -56,7 +56,7 @@ TileId tileAt(int zoom, double latitude, double longitude)
             int(Mercator::y(latitude) * TileId::count(zoom))};
 }
 
-/// Of row or column `i` of a tile's samples.
+/// The angle of row or column `i` of a tile's samples.
 double latitudeOf(const TileId& tile, int i)
 {
     return Mercator::latitude((tile.y * 256.0 + i - 0.5) / (256.0 * TileId::count(tile.zoom)));
@@ -67,7 +67,7 @@ double longitudeOf(const TileId& tile, int i)
     return Mercator::longitude((tile.x * 256.0 + i - 0.5) / (256.0 * TileId::count(tile.zoom)));
 }
 
-/// A folder of elevation files, and what reads them.
+/// A folder of elevation files and a source that reads them.
 struct Ground
 {
     explicit Ground(const QString& name = {}, const QByteArray& content = {})
@@ -107,7 +107,7 @@ double tilted(double latitude, double longitude)
     return 3000.0 * (latitude - 46.0) + 1000.0 * (longitude - 10.0);
 }
 
-/// Grey of ground that rises by so much with each metre to the east and to the north.
+/// The grey value of ground with these slopes to the east and to the north.
 double grayOf(double east, double north, const Shading& shading)
 {
     const auto& [x, y, z] = shading.light;
@@ -171,7 +171,7 @@ void TestTerrain::unusableFiles_data()
     row("no gzip", "N47E011.hgt.gz", good);
     row("gzip of little", "N47E011.hgt.gz", gzipped("little"));
     row("gzip cut short", "N47E011.hgt.gz", packed.left(packed.size() / 2));
-    // The length noted is right, but the data are not.
+    // The noted length is right, but the data are damaged.
     QByteArray broken = packed;
     broken.replace(broken.size() / 2, 40, QByteArray(40, 'x'));
     row("gzip damaged", "N47E011.hgt.gz", broken);
@@ -194,7 +194,7 @@ void TestTerrain::unusableFiles()
     QCOMPARE(ground.source.dataZoom(tile), 0);
     QCOMPARE(messages.size(), 1);
     QVERIFY(messages[0][0].toString().contains(name));
-    ground.source.refresh(); // the same file is told once
+    ground.source.refresh(); // the same file is reported once
     QVERIFY(!ground.heights(tile));
     QCOMPARE(messages.size(), 1);
     const QByteArray good = elevationBytes(47, 11, tilted);
@@ -233,7 +233,7 @@ void TestTerrain::heightsFollowThePlane()
             const bool isInside =
                 latitude >= 47.0 && latitude <= 48.0 && longitude >= 11.0 && longitude <= 12.0;
             inside += isInside ? 1 : 0;
-            // Heights are whole metres; around there is no file.
+            // Heights are whole metres; there are no files around.
             QVERIFY(isInside ? std::abs(height - tilted(latitude, longitude)) < 1.1
                              : std::isnan(height));
         }
@@ -243,7 +243,7 @@ void TestTerrain::heightsFollowThePlane()
 
 void TestTerrain::neighboursShareTheirHeights()
 {
-    // Two degrees side by side, one finer than the other.
+    // Two neighbouring files, one finer than the other.
     Ground ground("N47E011.hgt", elevationBytes(47, 11, tilted));
     ground.add("N47E012.hgt", elevationBytes(47, 12, tilted, 3601));
     for (const int zoom : {7, 8, 10, 12}) {
@@ -260,7 +260,7 @@ void TestTerrain::neighboursShareTheirHeights()
                         std::isnan(at(*c, overlap, i)));
             }
         }
-        // No step where one file ends and the other begins.
+        // No step between the files.
         for (int column = 1; column <= last; ++column) {
             const float step = at(*a, 128, column) - at(*a, 128, column - 1);
             const double expected = 1000.0 * 360.0 / 256.0 / TileId::count(zoom);
@@ -285,7 +285,7 @@ void TestTerrain::voidsAreMissing()
                 const double distance =
                     std::hypot(latitudeOf(tile, row) - 47.5, longitudeOf(tile, column) - 11.5);
                 const float height = at(*heights, row, column);
-                // A hole never bleeds into what is around it.
+                // Heights around a hole are not affected.
                 QVERIFY(std::isnan(height) || height == 700.0f);
                 if (distance < 0.03)
                     QVERIFY(std::isnan(height));
@@ -307,9 +307,9 @@ void TestTerrain::averages()
     grid.heights[0] = HeightGrid::missing;
     const HeightGrid coarse = averaged(grid, 4);
     QCOMPARE(coarse.side, 3);
-    QCOMPARE(int(coarse.at(1, 1)), 1469); // 280 and a 25th of what sticks out, rounded
+    QCOMPARE(int(coarse.at(1, 1)), 1469); // 280 and a 25th of the spike's excess, rounded
     QCOMPARE(int(coarse.at(0, 0)), int(HeightGrid::missing));
-    QCOMPARE(int(coarse.at(0, 1)), -120); // along the edge alone
+    QCOMPARE(int(coarse.at(0, 1)), -120); // mean along the edge only
     QCOMPARE(int(coarse.at(1, 2)), 400 - 240);
     QCOMPARE(int(coarse.at(2, 2)), 800 - 240);
 }
@@ -344,7 +344,7 @@ void TestTerrain::filesThatComeLater()
     ground.add("N47E011.hgt", elevationBytes(47, 11, tilted));
     QVERIFY(shades.revision() != revision);
     QVERIFY(shades.shadeTile(tile));
-    // Gone before it is read: as good as never there.
+    // Removed before it is read: the same as no file.
     QFile::remove(ground.folder.filePath("N47E011.hgt"));
     QVERIFY(!ground.heights(tile));
     QVERIFY(!shades.shadeTile(tile));
@@ -365,15 +365,15 @@ void TestTerrain::replacedFilesAreReadAgain()
     QCOMPARE(height(12.5), 7.0F);
     ground.add("N47E011.hgt", flat(200));
     std::vector<float> heights;
-    // The other one stays at hand.
+    // The other file is kept.
     QCOMPARE(ground.source.sample(tileAt(11, 47.5, 12.5), heights), ElevationSource::State::Ready);
     QCOMPARE(height(11.5), 200.0F);
 
-    // Replaced while it is read: what was read is of the former one.
+    // Replaced while it is read: what was read is outdated.
     ground.add("N47E011.hgt", flat(300));
     QCOMPARE(ground.source.sample(tileAt(11, 47.5, 11.5), heights),
              ElevationSource::State::Loading);
-    QThread::msleep(100); // enough to read it; it is not yet taken
+    QThread::msleep(100); // long enough for reading; the result is still queued
     ground.add("N47E011.hgt", flat(400));
     QCOMPARE(height(11.5), 400.0F);
 }
@@ -395,7 +395,7 @@ void TestTerrain::pipesAreNotOpened()
 
 void TestTerrain::shadeOfAPlane_data()
 {
-    // Metres of height with each metre.
+    // Slopes.
     const Rows<double, double, Shading> row("east", "north", "shading");
     const std::array light{1.0f, 2.0f, -2.0f};
     row("towards the light", -0.3, 0.2, {light, 1.0, 1.0, 1.0});

@@ -71,7 +71,7 @@ void TestTileCache::tileIds()
 
 void TestTileCache::serverAddresses_data()
 {
-    // The url is that of 9/268/178; empty when the address cannot be used.
+    // `url`: of tile 9/268/178; empty when the address cannot be used.
     const Rows<QString, QString, QString> row("address", "url", "attribution");
     const QString publicUrl = QStringLiteral("https://tile.openstreetmap.org/9/268/178.png");
     const QString contributors = QStringLiteral("(c) OpenStreetMap contributors");
@@ -118,7 +118,7 @@ void TestTileCache::lifetimes()
     };
     QCOMPARE(seconds(""), 7 * day / 1000);
     QCOMPARE(seconds("public, Max-Age=90"), 90);
-    QCOMPARE(seconds("max-age=90", "", "60"), 30); // spent in a proxy
+    QCOMPARE(seconds("max-age=90", "", "60"), 30); // less its age in a proxy
     QCOMPARE(seconds("max-age=90", "", "600"), 0);
     QCOMPARE(seconds("max-age=90", "Tue, 14 Nov 2023 23:00:00 GMT"), 90);
     QCOMPARE(seconds("no-cache, max-age=90"), 0);
@@ -138,18 +138,18 @@ void TestTileCache::whatIsWrittenIsRead()
     Cache cache;
     const TileMeta meta{"W/\"a: b\"", "Tue, 14 Nov 2023 22:13:20 GMT", now + day};
     QVERIFY(cache.write(tile, "picture", meta));
-    QVERIFY(cache.write(tile, "another", meta)); // in its place
+    QVERIFY(cache.write(tile, "another", meta)); // replaces it
     const auto entry = cache.read(tile);
     QVERIFY(entry);
     QCOMPARE(entry->body, QByteArray("another"));
     QVERIFY(entry->meta == meta);
     QCOMPARE(readFile(cache.path("268/178.png")), entry->body);
     QCOMPARE(QDir(cache.path("268")).entryList(QDir::Files),
-             (QStringList{"178.meta", "178.png"})); // nothing temporary stays
+             (QStringList{"178.meta", "178.png"})); // no temporary files
 
     QVERIFY(cache.writeMeta(tile, {"\"c\"", "", now}));
     QCOMPARE(cache.read(tile)->meta.etag, QByteArray("\"c\""));
-    // A header cannot smuggle lines into the notes.
+    // A header cannot add lines to the notes.
     QVERIFY(cache.writeMeta(tile, {"x\nexpires: 9", "", now}));
     QVERIFY(cache.read(tile)->meta == (TileMeta{"", "", now}));
     cache.remove(tile);
@@ -159,7 +159,7 @@ void TestTileCache::whatIsWrittenIsRead()
 
 void TestTileCache::damagedFiles_data()
 {
-    // Kept is a tile as expired.
+    // The tile is kept, but has expired.
     const Rows<QString, QByteArray, bool> row("file", "content", "isKept");
     row("no notes", "178.meta", "", true);
     row("notes are no text", "178.meta", QByteArray(200, '\0'), true);
@@ -203,7 +203,7 @@ void TestTileCache::onlyPlainFilesAreOpened()
         const bool isTile = name == "178.png";
         QCOMPARE(cache.contains(tile), !isTile);
         QCOMPARE(cache.read(tile).has_value(), !isTile);
-        QVERIFY(cache.write(tile, "renewed", {"", "", now})); // in its place
+        QVERIFY(cache.write(tile, "renewed", {"", "", now})); // replaces it
         QCOMPARE(cache.read(tile)->body, QByteArray("renewed"));
 
         QVERIFY(writeFile(elsewhere, "kept"));
@@ -217,7 +217,7 @@ void TestTileCache::onlyPlainFilesAreOpened()
 void TestTileCache::placeThatCannotBeWritten()
 {
     QTemporaryDir folder;
-    // A file where the folder should be stops even an administrator.
+    // With a file in place of the folder, root cannot write either.
     QVERIFY(writeFile(folder.filePath("tiles"), "in the way"));
     TileDiskCache cache;
     cache.setPlace(folder.filePath("tiles"), QStringLiteral("0123456789abcdef"));
@@ -240,7 +240,7 @@ void TestTileCache::leastRecentlyUsedGoFirst()
         QVERIFY(file.open(QIODevice::ReadWrite));
         QVERIFY(file.setFileTime(longAgo.addSecs(x * 60), QFileDevice::FileModificationTime));
     }
-    QVERIFY(cache.read({9, 0, 0})); // the oldest one is of use again
+    QVERIFY(cache.read({9, 0, 0})); // the oldest is used again
     const QString root = cache.folder.path();
     QDir(root).mkpath("holidays/9/1");
     const QString foreign = cache.folder.filePath("holidays/9/1/1.png");
@@ -256,7 +256,7 @@ void TestTileCache::leastRecentlyUsedGoFirst()
         QCOMPARE(QFile::exists(path(x)), isKept);
         QCOMPARE(QFile::exists(path(x).chopped(3) + "meta"), isKept);
     }
-    // Enough room: nothing goes.
+    // Within the limit: nothing is deleted.
     QCOMPARE(TileDiskCache::makeRoom(root, 150000, goOn), left);
 }
 
@@ -270,7 +270,7 @@ void TestTileCache::roomIsMadeWhileWriting()
     int left = 0;
     for (int x = 0; x < 50; ++x)
         left += cache.contains({9, x, 0}) ? 1 : 0;
-    // At most as much again was written since the last look.
+    // Up to the limit once more may have been written since the last check.
     QVERIFY2(left >= 8 && left <= 20, qPrintable(QString::number(left)));
 }
 

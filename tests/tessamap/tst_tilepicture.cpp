@@ -30,7 +30,7 @@ QByteArray progressive()
     return body;
 }
 
-/// With another part behind the one that begins at `place`, or before the end.
+/// `body` with another part inserted after the one at `place`, or before the end.
 QByteArray with(QByteArray body, qsizetype place, const QByteArray& part)
 {
     return body.insert(place, part);
@@ -40,7 +40,7 @@ constexpr qsizetype behindPngHeader = 33;
 const QByteArray jpegScan = QByteArray::fromHex("ffda");
 const QByteArray jpegEnd = QByteArray::fromHex("ffd9");
 
-/// A text of 4 MB in some kB; its checksum is not looked at before it is unpacked.
+/// A text of 4 MB, compressed to some kB. Decoders unpack it before checking its checksum.
 QByteArray packedText()
 {
     const QByteArray data =
@@ -64,7 +64,7 @@ QByteArray commented(const QByteArray& jpeg)
     return with(jpeg, 2, QByteArray::fromHex("fffe0006") + "Text");
 }
 
-/// With its last scan until there are so many.
+/// A progressive JPEG whose last scan is repeated until there are `count`.
 QByteArray withScans(int count)
 {
     const QByteArray body = progressive();
@@ -75,7 +75,7 @@ QByteArray withScans(int count)
 
 } // namespace
 
-/// What is decoded of the bytes that a server calls a tile.
+/// Decoding of tiles from a server that is not trusted.
 class TestTilePicture : public QObject
 {
     Q_OBJECT
@@ -114,7 +114,7 @@ void TestTilePicture::picturesComeAsTheyAre()
     QVERIFY(!whole.isNull());
     const QImage tile = decodeTile(body);
     QCOMPARE(tile, whole.convertToFormat(QImage::Format_RGBA8888));
-    QCOMPARE(tile.textKeys(), QStringList()); // nor were they unpacked
+    QCOMPARE(tile.textKeys(), QStringList()); // texts never reach the decoder
 }
 
 void TestTilePicture::othersAreRefused_data()
@@ -129,7 +129,7 @@ void TestTilePicture::othersAreRefused_data()
         row(format, encoded(image.copy(0, 0, 256, 512), format));
     }
     row("one scan too many", withScans(maxJpegScans + 1));
-    // A decoder passes over this marker alone, and finds a scan in what looks like its data.
+    // A decoder skips only this marker itself, and finds a scan in what looks like its data.
     const QByteArray body = progressive();
     const auto hidden = static_cast<char16_t>(body.size() - body.lastIndexOf(jpegScan));
     row("hidden scan", with(body, body.lastIndexOf(jpegScan),

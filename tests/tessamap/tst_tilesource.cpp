@@ -23,7 +23,7 @@ QByteArray picture(const char* format = "png", int side = 256, QColor color = Qt
 {
     QImage image(side, side, QImage::Format_RGB32);
     image.fill(color);
-    // Some content, so that cutting it short hurts.
+    // Some content, so that truncation does damage.
     for (int i = 0; i < side; ++i)
         image.setPixelColor(i, (i * 37) % side, QColor(i % 256, 255 - i % 256, 9));
     return encoded(image, format);
@@ -39,7 +39,7 @@ QByteArray okWithoutLength(const QByteArray& body)
     return "HTTP/1.1 200 OK\r\nConnection: close\r\n\r\n" + body;
 }
 
-/// A source before a loopback server, with a clock that stands until it is moved.
+/// A source with a loopback server and a clock that moves only when told.
 struct Map
 {
     explicit Map(const QString& directory = QString())
@@ -51,13 +51,13 @@ struct Map
         source.setServer(server.address());
     }
 
-    /// To whatever the server is asked; with nothing it leaves the connection open.
+    /// The server's reply to every request; empty: it keeps the connection open.
     void answer(const QByteArray& bytes)
     {
         server.handler = [bytes](const LoopbackServer::Request&) { return bytes; };
     }
 
-    /// What a map does that has shown these tiles for a moment; how many requests are under way.
+    /// Wants the tiles for long enough that they are asked for; returns the requests in flight.
     int show(const std::vector<TileId>& tiles)
     {
         source.setWanted(tiles);
@@ -84,13 +84,13 @@ struct Map
         return tiles;
     }
 
-    /// Shows the tiles and waits until the server has answered; what can be taken is.
+    /// Wants the tiles, waits until the server has answered and takes what is available.
     std::vector<TileId> load(const std::vector<TileId>& tiles)
     {
         show(tiles);
         waitForReplies();
         auto taken = takeAll();
-        source.work(); // asks for what takeAll() found to be expired
+        source.work(); // confirms what takeAll() found expired
         waitForReplies();
         return taken;
     }
@@ -127,7 +127,7 @@ private slots:
 
 void TestTileSource::outcomes_data()
 {
-    // Between those times a tile is asked for again; others may have to rest too.
+    // The tile is asked for again between these times; others may have to wait too.
     const KOLT::Test::Rows<QByteArray, bool, qint64, qint64, bool, int> row(
         "answer", "isPicture", "restAtLeast", "restAtMost", "isForAll", "messages");
     const auto good = [&](const char* name, const QByteArray& answer) {
@@ -205,7 +205,7 @@ void TestTileSource::outcomes()
     QVERIFY(taken.empty());
     const qint64 failedAt = map.now;
 
-    // Neither by and by nor at the last moment is it asked for again.
+    // It is not asked for again before the delay is over.
     for (const qint64 moment : {failedAt + 200, failedAt + restAtLeast - 1}) {
         map.now = moment - 120;
         QCOMPARE(map.show({first}), 0);
@@ -218,7 +218,7 @@ void TestTileSource::outcomes()
     QCOMPARE(map.show({first}), 1);
     QCOMPARE(map.source.loadingCount(), 1);
     map.waitForReplies();
-    QCOMPARE(messageSpy.size(), messages); // not once more
+    QCOMPARE(messageSpy.size(), messages); // not repeated
 }
 
 void TestTileSource::failuresAreRepeatedEverLessOften()
@@ -234,7 +234,7 @@ void TestTileSource::failuresAreRepeatedEverLessOften()
         QCOMPARE(map.show({first}), 1);
         QVERIFY(map.waitForReplies());
     }
-    // A success wipes the slate clean.
+    // A success resets the count of failures.
     map.answer(ok());
     map.now += 300 * second;
     QCOMPARE(map.load({first}), std::vector{first});
@@ -245,11 +245,11 @@ void TestTileSource::slowServers()
     Map map;
     map.answer({});
     map.source.setTransferTimeout(100);
-    map.load({first}); // ends by the transfer timeout
+    map.load({first}); // ends with the transfer timeout
     QVERIFY(!map.source.isOffline());
     QCOMPARE(map.source.loadingCount(), 0);
 
-    // One that drips keeps the connection alive; its time is over all the same.
+    // A body that drips in keeps the connection alive, but ends at the deadline.
     map.source.setTransferTimeout(15000);
     map.now += 3 * second;
     QCOMPARE(map.show({first}), 1);
@@ -284,7 +284,7 @@ void TestTileSource::endlessBodyIsNotTakenIn()
     map.source.setServer(address.get_future().get());
     map.show({first});
     QTRY_VERIFY(isAsked);
-    server.join(); // and so this thread looks at nothing meanwhile
+    server.join(); // meanwhile this thread reads nothing
     QVERIFY2(sent > 0 && sent < (40 << 20), qPrintable(QString::number(sent)));
     QVERIFY(map.waitForReplies());
     QVERIFY(map.takeAll().empty());
@@ -292,7 +292,7 @@ void TestTileSource::endlessBodyIsNotTakenIn()
 
 void TestTileSource::timeoutsInARowCountAsUnreachable()
 {
-    // Each tile of its own, so that none has to rest. A pause comes before the sixth.
+    // Different tiles, so that none has to wait. The pause is before the sixth.
     const auto isOfflineAfterSix = [](qint64 pause, bool isAnswered) {
         Map map;
         for (int i = 0; i < 6; ++i) {
@@ -310,7 +310,7 @@ void TestTileSource::timeoutsInARowCountAsUnreachable()
         return map.source.isOffline();
     };
     QVERIFY(isOfflineAfterSix(0, false));
-    QVERIFY(isOfflineAfterSix(500 * second, false)); // the longest rest of a single tile
+    QVERIFY(isOfflineAfterSix(500 * second, false)); // longer than a single tile's longest delay
     QVERIFY(!isOfflineAfterSix(0, true));
     QVERIFY(!isOfflineAfterSix(day / 6, false));
 }
@@ -326,7 +326,7 @@ void TestTileSource::unreachableServerIsProbed()
     QVERIFY(!changed.isEmpty());
     QCOMPARE(map.source.loadingCount(), 0);
 
-    // One tile, not all that are wanted.
+    // A single tile is tried.
     map.now += 29 * second;
     QCOMPARE(map.show({first, other}), 0);
     map.now += second;
@@ -361,7 +361,7 @@ void TestTileSource::sixRequestsByPriority()
     map.now += 400;
     QCOMPARE(map.show(tiles), 6);
     QVERIFY(!map.source.isOffline());
-    map.now += 30 * second; // none has been answered
+    map.now += 30 * second; // no request has been answered
     map.ask(tiles);
     QVERIFY(map.source.isOffline());
 }
@@ -413,7 +413,7 @@ void TestTileSource::expiredTileIsConfirmed()
     QVERIFY(map.waitForReplies());
     QVERIFY(map.takeAll().empty());
 
-    // For an hour from now it is fresh again, and keeps its notes for the next time.
+    // It is fresh for another hour and keeps its other notes.
     map.now += 3500 * second;
     map.load({first});
     QCOMPARE(map.server.requests.size(), 2);
@@ -433,16 +433,16 @@ void TestTileSource::changedTileIsTakenAgain()
     QTRY_COMPARE(map.server.requests.size(), 2);
     QVERIFY(map.waitForReplies());
     QVERIFY(map.source.diskCache().contains(first));
-    // Not confirmed it is asked for again, and then it is another.
+    // Not confirmed at first, it is asked for again; the new one is different.
     map.answer(ok(picture("png", 256, Qt::blue)));
     map.now += 3 * second;
-    map.source.setVisible({}); // but not while nobody sees it
+    map.source.setVisible({}); // but not while it is out of view
     map.source.work();
     QCOMPARE(map.source.inFlightCount(), 0);
     map.source.setVisible(std::vector{first});
     map.source.work();
     QTRY_COMPARE(map.server.requests.size(), 3);
-    map.source.setWanted({}); // as the caller now has it
+    map.source.setWanted({}); // the caller has it now
     QVERIFY(map.waitForReplies());
     const auto tile = map.source.takeNext();
     QVERIFY(tile && tile->id == first);
@@ -459,9 +459,9 @@ void TestTileSource::newZoomLevelRests()
     QCOMPARE(map.source.loadingCount(), 1);
     map.now += 1;
     QCOMPARE(map.ask({first}), 1);
-    // Another tile of a level that has rested is asked for at once, one of a new level is not.
+    // A tile of a zoom level already in use is asked for at once, one of a new level is not.
     QCOMPARE(map.ask({first, other, TileId{6, 1, 1}}), 2);
-    // The timer takes care when nothing is drawn.
+    // The timer does so even when nothing is drawn.
     map.now += 120;
     QTRY_COMPARE(map.server.requests.size(), 3);
 }
@@ -476,7 +476,7 @@ void TestTileSource::unwantedRequestsAreGivenUp()
     QCOMPARE(map.ask({first}), 2);
     map.now += 1;
     QCOMPARE(map.ask({first}), 1);
-    // It did not fail: wanted anew it is asked for anew.
+    // This does not count as a failure: once wanted again, it is asked for again.
     QCOMPARE(map.ask({other, first}), 2);
 }
 
@@ -484,13 +484,13 @@ void TestTileSource::damagedTilesOnDiskAreFetched()
 {
     Map map;
     map.answer(ok(picture(), "Cache-Control: no-store\r\n"));
-    // As long as noted, and no picture.
+    // Of the noted length, but no picture.
     map.source.diskCache().write(first, "damaged", {"\"v1\"", "", map.now + day});
     QCOMPARE(map.show({first}), 0);
     QVERIFY(map.takeAll().empty());
     QCOMPARE(map.load({first}), std::vector{first});
     QVERIFY(!map.server.requests.value(0).headers.contains("if-none-match"));
-    QVERIFY(!map.source.diskCache().contains(first)); // nor may this one stay
+    QVERIFY(!map.source.diskCache().contains(first)); // removed
 }
 
 void TestTileSource::anotherServerStartsAfresh()
