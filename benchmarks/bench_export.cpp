@@ -24,7 +24,7 @@ using namespace KOLT;
 
 namespace {
 
-/// A card with the first six parameters selected.
+/// A card whose first six parameters are selected.
 std::unique_ptr<Bench::Card> cardOf(double hours)
 {
     auto card = std::make_unique<Bench::Card>(hours);
@@ -45,15 +45,15 @@ const Bench::Card& tenHours()
     return *card;
 }
 
-/// A cell as it was worked out beforehand: a number, or where the parameter is none, a text.
+/// A cell decoded beforehand: a number, or the text of a parameter that is not a number.
 struct Cell
 {
     double number = 0.0;
     QString text;
-    int precision = -1; ///< below 0: the text counts
+    int precision = -1; ///< decimals of the number; -1 for text
 };
 
-/// The cells of the CSV file, row by row.
+/// The cells of the CSV table, row by row.
 std::vector<Cell> cellsOf(const Bench::Card& card, const CsvOptions& options)
 {
     const DataSet& dataSet = card.dataSet();
@@ -153,7 +153,7 @@ void writeKmlOfTenHours(benchmark::State& state)
     }
 }
 
-/// Memory in use, in megabytes.
+/// Resident memory in megabytes.
 double residentMegabytes()
 {
     std::ifstream file("/proc/self/statm");
@@ -163,7 +163,7 @@ double residentMegabytes()
     return resident * static_cast<double>(sysconf(_SC_PAGESIZE)) / 1e6;
 }
 
-/// How much memory grows while the ten hours are written as CSV.
+/// Growth of the memory while ten hours are written as CSV.
 double csvMegabytes()
 {
     QFile file;

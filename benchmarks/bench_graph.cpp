@@ -33,7 +33,7 @@ struct Feed
     DataSet dataSet;
 };
 
-/// A device with FLOAT parameters, two in each message.
+/// A profile of FLOAT parameters, two per message, and an empty data set.
 std::unique_ptr<Feed> feedOf(int parameters)
 {
     QByteArray xml;
@@ -56,8 +56,7 @@ void add(DataSet& dataSet, std::uint32_t id, int index, std::array<float, 2> val
             std::bit_cast<std::uint32_t>(values[byte / 4]) >> (8 * (byte % 4)));
 }
 
-/// A recording of as many parameters as there are traces, message after message as the unit sends
-/// them.
+/// A recording with one parameter per trace, the messages interleaved as the unit sends them.
 const Feed& recording()
 {
     static const auto made = [] {
@@ -78,7 +77,7 @@ const Feed& recording()
     return *made;
 }
 
-/// Filled as the page fills it.
+/// All traces, filled like the page fills them.
 Graph& longGraph()
 {
     static const auto graph = [] {
@@ -97,7 +96,7 @@ Graph& longGraph()
 void rebuildColumns(benchmark::State& state)
 {
     Graph& graph = longGraph();
-    double shift = 0.0; // another window each time: for the same one, columns are known
+    double shift = 0.0; // alternates the window: for the same one the runs are stored
     for (auto _ : state) {
         shift = spacing - shift;
         for (int i = 0; i < traces; ++i)
@@ -106,7 +105,7 @@ void rebuildColumns(benchmark::State& state)
     }
 }
 
-/// The same, sample by sample.
+/// Merges every sample into columns, without the pyramid.
 void mergeAllSamples(benchmark::State& state)
 {
     const Graph& graph = longGraph();
@@ -160,7 +159,7 @@ protected:
     }
 
 private:
-    /// Nothing but a strip for each trace, through both ends of its columns.
+    /// Draws only one line strip per trace, through both ends of its columns.
     void drawStrips()
     {
         if (m_strips.empty())
@@ -197,7 +196,7 @@ private:
     std::vector<std::vector<float>> m_strips;
 };
 
-std::unique_ptr<BenchGraph> widget; ///< lives as long as the application
+std::unique_ptr<BenchGraph> widget; ///< deleted before the application
 
 void drawFrame(benchmark::State& state)
 {

@@ -28,7 +28,7 @@ double valueOf(int trace, int sample)
     return std::sin(sample * 1e-4 + trace) + static_cast<double>(sample % 1009) * 1e-4;
 }
 
-/// The start of the window for a step; it goes to and fro by a tenth of the span.
+/// Start of the window at a step: alternates by a tenth of the span.
 double startOf(int step)
 {
     return span * 0.1 * (step % 2);

@@ -25,7 +25,7 @@ constexpr std::size_t blockBytes = 1U << 20;
 constexpr auto byteOrderMark = "\xEF\xBB\xBF";
 constexpr int secondsDecimals = 3;
 
-/// How cells are put into text.
+/// Turns values into the text of cells.
 class CellFormat
 {
 public:
@@ -45,7 +45,7 @@ public:
         setDecimalSign(text, start);
     }
 
-    /// Date and time of day, whose seconds have decimals too.
+    /// Date and time of day; the decimal sign applies to the seconds too.
     void append(std::string& text, const ExportClock& clock, double seconds) const
     {
         const std::size_t start = text.size();
@@ -53,7 +53,7 @@ public:
         setDecimalSign(text, start);
     }
 
-    /// The value as all of the program prints it; `number` was decoded from `data`.
+    /// The value as the data table shows it; `number` was decoded from `data`.
     void append(std::string& text, const ProfileParameter& parameter, const MessageData& data,
                 double number) const
     {
@@ -84,7 +84,8 @@ private:
     bool m_hasComma;
 };
 
-/// The values that hold at ascending times. Parameters of one message share its walk.
+/// The cells of one row after another, in ascending time. Parameters of one message share a walk
+/// over its samples, and a cell is decoded only when its sample changes.
 class HeldCells
 {
 public:
@@ -98,7 +99,7 @@ public:
             if (isNew)
                 m_messages.push_back({SampleWalker(seriesOf(dataSet.messages, *parameter)), {}});
             m_messages[place->second].columns.push_back(m_columns.size());
-            // The number of a scaled ULONG is narrower than its text.
+            // Text of a scaled ULONG is exact beyond the precision of its number.
             const bool isTextOfNumber =
                 parameter->rule == DecodingRule::BitField || parameter->rule == DecodingRule::Float;
             m_columns.push_back(
@@ -135,10 +136,10 @@ private:
     struct Column
     {
         const ProfileParameter* parameter;
-        std::string text;                   ///< with the separator before it
-        std::array<char, headBytes> head{}; ///< its beginning once more, to be copied in one go
-        bool isTextOfNumber;                ///< the same number gives the same text
-        std::uint64_t bits;                 ///< of the number that the text was made from
+        std::string text;                   ///< the separator, then the cell
+        std::array<char, headBytes> head{}; ///< a copy of the text's first bytes, of fixed size
+        bool isTextOfNumber;                ///< equal numbers have equal texts
+        std::uint64_t bits;                 ///< bit pattern of the number in `text`
     };
 
     void decode(const Message& message, const MessageData& data)
@@ -146,7 +147,7 @@ private:
         for (const std::size_t index : message.columns) {
             Column& column = m_columns[index];
             const double number = decodeNumber(data, *column.parameter);
-            const auto bits = std::bit_cast<std::uint64_t>(number); // tells the two zeros apart
+            const auto bits = std::bit_cast<std::uint64_t>(number); // 0 and -0 differ
             if (column.isTextOfNumber && bits == column.bits && column.text.size() > 1)
                 continue;
             column.bits = bits;
@@ -162,8 +163,8 @@ private:
                     column.head.data());
     }
 
-    /// Nearly all texts are short. Copying a head of fixed size, and going on by the size that
-    /// counts, costs a fraction of appending each.
+    /// Copies 16 bytes per cell and advances by the cell's length: nearly all texts are short, and
+    /// copies of fixed size are much faster than appending each.
     void appendTexts(std::string& line) const
     {
         const std::size_t start = line.size();
@@ -188,7 +189,7 @@ private:
 
 bool writeAll(QIODevice& device, const std::string& text)
 {
-    // A disk that fills up takes a part, and says why only when it is given the rest.
+    // A full disk accepts a part; the error is only set by writing the rest.
     const auto size = static_cast<qint64>(text.size());
     for (qint64 done = 0; done < size;) {
         const qint64 taken = device.write(text.data() + done, size - done);
@@ -199,7 +200,7 @@ bool writeAll(QIODevice& device, const std::string& text)
     return true;
 }
 
-/// The times are within the grid of all views: the number is small.
+/// Cannot overflow: sampleSpan() leaves out damaged times.
 qint64 rowsOf(const SampleSpan& span, int resolution)
 {
     return static_cast<qint64>(span.seconds() * 1000.0 / resolution + SampleWalker::tolerance) + 1;

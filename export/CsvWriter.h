@@ -12,33 +12,33 @@ class QIODevice;
 
 namespace KOLT {
 
-/// Writes a data set as a table (docs/exports.md): one row per time step from its first to its last
-/// sample, with date, clock, seconds and the value of each parameter that held at that time.
+/// Writes a data set as a table (docs/exports.md): one row per time step from the first to the last
+/// sample, with date, clock, seconds and the value of each parameter at that time.
 ///
-/// The rows are streamed: memory does not grow with their number. A cell is decoded only when its
-/// sample changes. Profile and data set must outlive the writer and stay as they are.
+/// Rows are streamed, so memory use does not depend on their number. Profile and data set must
+/// outlive the writer unchanged.
 class CsvWriter
 {
 public:
-    /// More rows than this are not written.
+    /// write() fails with more rows than this.
     static constexpr qint64 maxRows = 20'000'000;
 
     CsvWriter(const Profile& profile, const DataSet& dataSet, const CsvOptions& options);
-    /// `span` as sampleSpan() finds it, for those who look at many options.
+    /// `span` is the result of sampleSpan(), for callers that try several options.
     CsvWriter(const Profile& profile, const DataSet& dataSet, const CsvOptions& options,
               const std::optional<SampleSpan>& span);
 
-    /// Rows below the header; 0 where no sample has a usable time. May exceed maxRows.
+    /// Rows below the header; 0 if no sample has a usable time. May exceed maxRows.
     qint64 rowCount() const { return m_rowCount; }
 
-    /// The columns of parameters.
+    /// Number of parameter columns.
     std::size_t parameterCount() const { return m_parameters.size(); }
 
-    /// Bytes of the file, estimated from a few samples of each parameter. O(parameters).
+    /// Size of the file in bytes, estimated from a few samples per parameter. O(parameters).
     double estimatedBytes() const;
 
-    /// Writes everything from the byte-order mark to the last row. Failed too when there are no
-    /// rows or more than maxRows, or the options do not fit together; nothing is written then.
+    /// Writes the whole table. Fails without writing anything if there are no rows, more than
+    /// maxRows or options that conflict.
     ExportStatus write(QIODevice& device, const ExportProgress& progress = {}) const;
 
 private:

@@ -8,7 +8,7 @@ namespace KOLT {
 namespace {
 
 constexpr qint64 dayMilliseconds = 24LL * 60 * 60 * 1000;
-constexpr double maxSeconds = 1e11; // some three thousand years
+constexpr double maxSeconds = 1e11; // about three thousand years
 
 void appendDigits(std::string& line, qint64 value, int digits)
 {

@@ -13,15 +13,16 @@ namespace KOLT {
 struct ExportOutcome
 {
     ExportStatus status = ExportStatus::Failed;
-    QString error; ///< of the system, when it failed
+    QString error; ///< the system's message, if it failed
 };
 
-/// Replaces the file by what `write` puts out (base/SafeFile.h); unless that is done, a file that
-/// was there before stays as it was.
+/// Replaces the file by the output of `write` (base/SafeFile.h). Unless `write` returns Done, an
+/// existing file stays unchanged.
 ExportOutcome exportToFile(const QString& path,
                            const std::function<ExportStatus(QIODevice&)>& write);
 
-/// How a work ends that has been written to the device: what a file still buffers is put out first.
+/// The status of an export after its last write: flushes a file first. `isWritten`: all writes
+/// succeeded.
 ExportStatus finishExport(QIODevice& device, bool isWritten);
 
 } // namespace KOLT

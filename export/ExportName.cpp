@@ -15,7 +15,7 @@ struct Text
     Q_DECLARE_TR_FUNCTIONS(KOLT::Export)
 };
 
-/// Of the take-off; otherwise the clock when the loaded data begin.
+/// Clock at the take-off of a flight, otherwise at the first loaded sample.
 QDateTime momentOf(const DataSet& dataSet)
 {
     if (const Flight* const flight = dataSet.flight())
@@ -33,7 +33,7 @@ QString wordsOf(const ExportSubject& subject, const DataSet& dataSet)
     return subject.files.value(0);
 }
 
-/// Safe on every file system.
+/// Replaces all characters that are not safe on every file system.
 QString plain(QString text)
 {
     for (QChar& character : text) {

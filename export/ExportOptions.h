@@ -8,25 +8,25 @@
 
 namespace KOLT {
 
-/// What a CSV export writes.
+/// Options of a CSV export.
 struct CsvOptions
 {
-    char separator = ';';      ///< 0 for a code that is no character of ASCII
+    char separator = ';';      ///< 0 if the stored code is not ASCII
     int resolution = 100;      ///< milliseconds between rows, 1..60000
-    bool allParameters = true; ///< otherwise the selected ones
+    bool allParameters = true; ///< otherwise only the selected ones
     bool decimalComma = false; ///< in numbers and times
 };
 
-/// Why a table with these options could not be read again.
+/// Why a table with these options would be ambiguous.
 enum class CsvProblem {
     None,
-    Separator,   ///< it could stand within a number, a time or a quoted text
-    DecimalComma ///< it is the separator too
+    Separator,   ///< it may occur in a number, a time or a quoted text
+    DecimalComma ///< it equals the separator
 };
 
 CsvProblem problemOf(const CsvOptions& options);
 
-/// What a KML export writes. Opacities 0..255.
+/// Options of a KML export. Opacities are 0..255.
 struct KmlOptions
 {
     enum class Times : int {
@@ -43,7 +43,7 @@ struct KmlOptions
     QColor polygonColor{0x00, 0x00, 0xff};
     int polygonAlpha = 100;
     bool placeMarkOn = true;
-    int placeMarkInterval = 10; ///< points of the path, which come twice a second
+    int placeMarkInterval = 10; ///< in points of the path, which has two a second
     QColor placeMarkColor{0xff, 0xcc, 0x00};
     bool errorMarkOn = true;
     bool showLimit = true;   ///< exceedances
@@ -51,12 +51,13 @@ struct KmlOptions
     QColor errorMarkColor{0xff, 0x00, 0x00};
 };
 
-/// One setting of an export under the name that it has in the settings file.
+/// Describes one setting of an export. The keys are those of the settings file, so they cannot
+/// change.
 struct ExportSetting
 {
     enum class Kind {
         Integer,   ///< low..high
-        Separator, ///< the code of a character that can separate fields
+        Separator, ///< the code of a character allowed as separator
         Boolean,   ///< "true" or "false"
         Color      ///< six hexadecimal digits
     };
@@ -65,24 +66,24 @@ struct ExportSetting
     Kind kind;
     int low;
     int high;
-    const char* description; ///< for people at the command line
+    const char* description; ///< help text of the command line
 
-    /// Whether the text is a value of the setting.
+    /// Whether the text is a valid value of the setting.
     bool accepts(const QByteArray& value) const;
 };
 
 std::span<const ExportSetting> csvSettings();
 std::span<const ExportSetting> kmlSettings();
 
-/// A colour of six hexadecimal digits.
+/// The colour of six hexadecimal digits, or `fallback` for any other text.
 QColor colorOf(const QByteArray& text, const QColor& fallback);
 QByteArray colorText(const QColor& color);
 
-/// The number within the bounds of the setting of that key.
+/// The number clamped to the bounds of the setting with that key.
 int bounded(const char* key, int value);
 
-/// The two below read and write any store with the operations of `SettingsStore`. Values out of
-/// range are brought into it.
+/// Reading and storing work with any class that has the operations of `SettingsStore`. Values out
+/// of range are clamped.
 template <typename Settings>
 CsvOptions readCsvOptions(const Settings& settings, bool commaByDefault)
 {
@@ -91,7 +92,7 @@ CsvOptions readCsvOptions(const Settings& settings, bool commaByDefault)
     options.separator = code > 0 && code <= CHAR_MAX ? static_cast<char>(code) : '\0';
     options.resolution = bounded("CsvResolution", settings.getInteger("CsvResolution", 100));
     options.allParameters = settings.getBoolean("CsvAllParameter", true);
-    // By default only where it fits: nobody has asked for it.
+    // A decimal comma that the user did not ask for must not conflict with the separator.
     options.decimalComma =
         settings.getBoolean("CsvDecimalComma", commaByDefault && options.separator != ',');
     return options;

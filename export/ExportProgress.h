@@ -5,16 +5,16 @@
 
 namespace KOLT {
 
-/// Told the percent of the work done, 0..100; false asks to stop.
+/// Called with the progress in percent, 0..100; returns false to cancel.
 using ExportProgress = std::function<bool(int percent)>;
 
 enum class ExportStatus {
     Done,
     Cancelled,
-    Failed ///< the device did not take all of it
+    Failed ///< nothing to write, or the device did not accept everything
 };
 
-/// Counts the steps of a work and passes them on as percent, every few hundred steps.
+/// Counts the steps of an export and reports the progress every few hundred steps.
 class ExportMeter
 {
 public:
@@ -24,7 +24,7 @@ public:
     {
     }
 
-    /// One more step; false once the work is to stop.
+    /// Counts one step; false once the export was cancelled.
     bool step()
     {
         constexpr std::size_t stepsPerCall = 256;

@@ -17,10 +17,10 @@ struct Text
     Q_DECLARE_TR_FUNCTIONS(KOLT::Export)
 };
 
-constexpr int degreeDecimals = 7; // about a centimetre
+constexpr int degreeDecimals = 7; // a resolution of about a centimetre
 constexpr int metreDecimals = 1;
 
-/// GPX knows the antimeridian as -180 only.
+/// GPX allows -180 but not 180.
 QString longitudeText(double longitude)
 {
     const QString text = fixedText(longitude, degreeDecimals);

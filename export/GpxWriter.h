@@ -9,9 +9,9 @@ class QIODevice;
 
 namespace KOLT {
 
-/// Writes the flight path as GPX 1.1 (docs/exports.md): one track per flight, or one of all where
-/// no flight was found. Altitudes are metres, times those of the recording's clock, if it had one.
-/// The data set must stay as it is while it is written.
+/// Writes the flight path as GPX 1.1 (docs/exports.md): one track per flight, or a single one if no
+/// flight was found. Altitudes are in metres; times are those of the recording's clock, if it has
+/// one. The data set must not change during the call.
 ExportStatus writeGpx(QIODevice& device, const DataSet& dataSet, const QString& title,
                       const ExportProgress& progress = {});
 

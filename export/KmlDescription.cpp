@@ -92,7 +92,7 @@ QString KmlDescription::roleText(const char* role, double metric, const char* un
     const ProfileParameter* const parameter = m_profile.parameterByRole(QLatin1String(role));
     if (parameter == nullptr)
         return withUnit(fixedText(metric, decimals), QLatin1String(unit));
-    // Between samples no decimals beyond those of the samples are worth telling.
+    // The value is interpolated: more decimals than the samples have would mean nothing.
     const bool isConverted = m_profile.isConverted(*parameter);
     return withUnit(
         fixedText(isConverted ? m_profile.convertUnit(*parameter, metric) : metric,

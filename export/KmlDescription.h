@@ -12,8 +12,9 @@
 
 namespace KOLT {
 
-/// The balloon texts of the marks along a path: time, altitude, speed and the selected parameters
-/// as a table in HTML, in the profile's unit system. Points must be asked for in ascending order.
+/// The descriptions of the marks along a path: an HTML table of time, altitude, speed and the
+/// selected parameters, in the profile's unit system. of() must be called in ascending order of
+/// time.
 class KmlDescription
 {
 public:
@@ -21,9 +22,9 @@ public:
 
     QString of(const TrackPoint& point);
 
-    /// "14:32:05" of the recording's clock, or of the unit's counter without one.
+    /// "14:32:05" of the recording's clock, otherwise of the unit's counter.
     QString timeText(double seconds) const;
-    /// "28.07.2026 14:32:05.500", or the counter's "hh:mm:ss.zzz".
+    /// "28.07.2026 14:32:05.500", without a clock the counter's "hh:mm:ss.zzz".
     QString momentText(double seconds) const;
 
 private:

@@ -14,7 +14,7 @@ constexpr double dotScale = 0.5;
 constexpr double cautionScale = 0.8;
 constexpr int opaque = 255;
 
-/// Opacity, blue, green, red: the other way round than everywhere else.
+/// KML's order: opacity, blue, green, red.
 QString kmlColor(const QColor& color, int alpha)
 {
     return QStringLiteral("%1%2%3%4")
@@ -24,7 +24,7 @@ QString kmlColor(const QColor& color, int alpha)
         .arg(color.red(), 2, 16, QLatin1Char('0'));
 }
 
-/// Elements of styles have names and texts of our own.
+/// Writes the elements of styles. Their names and texts are constants, so they need no escaping.
 class Styles
 {
 public:
@@ -65,7 +65,7 @@ public:
         end();
         end();
         begin("LabelStyle");
-        element("scale", QStringLiteral("0")); // hundreds of times would cover the map
+        element("scale", QStringLiteral("0")); // hundreds of labels would cover the map
         end();
     }
 
@@ -87,7 +87,7 @@ void writeKmlStyles(QXmlStreamWriter& xml, const KmlOptions& options)
     styles.end();
 
     styles.beginStyle("curtain");
-    styles.begin("LineStyle"); // the path has a line of its own
+    styles.begin("LineStyle"); // the path already has a line
     styles.element("color", kmlColor(options.polygonColor, 0));
     styles.end();
     styles.begin("PolyStyle");

@@ -6,7 +6,7 @@ class QXmlStreamWriter;
 
 namespace KOLT {
 
-/// Writes the styles of a KML document, "path", "curtain", "place" and "error".
+/// Writes the styles "path", "curtain", "place" and "error" of a KML document.
 void writeKmlStyles(QXmlStreamWriter& xml, const KmlOptions& options);
 
 } // namespace KOLT

@@ -25,7 +25,7 @@ using Kind = PathSection::Kind;
 constexpr auto kmlNamespace = "http://www.opengis.net/kml/2.2";
 constexpr auto extensionNamespace = "http://www.google.com/kml/ext/2.2";
 
-/// One document in the making. Operations that return false were told to stop.
+/// Writes one document. Functions that return bool return false if cancelled or failed.
 class KmlDocument
 {
 public:
@@ -75,7 +75,7 @@ private:
     const KmlOptions& m_options;
     std::vector<PathSection> m_sections;
     EventList m_events;
-    std::size_t m_leftOut = 0;  ///< events beyond those that are listed
+    std::size_t m_leftOut = 0;  ///< events beyond the limit of the list
     std::vector<Marks> m_marks; ///< by section
     ExportClock m_clock;
     KmlDescription m_description;
@@ -84,7 +84,7 @@ private:
     std::optional<double> m_firstAltitude;
 };
 
-/// Points are gone through once per line made of them; marks are few beside them.
+/// Each line of the path visits all points; marks are few in comparison.
 std::size_t stepsOf(const DataSet& dataSet, const KmlOptions& options)
 {
     const std::size_t lines = 1 + (options.polygonOn ? 1 : 0) +
@@ -204,7 +204,7 @@ bool KmlDocument::writeSection(const PathSection& section, const Marks& marks)
 bool KmlDocument::writePath(Points points, const QString& name, const char* style, bool isCurtain)
 {
     std::vector<Points> pieces = pathPieces(points);
-    if (isCurtain) // below a point there is none
+    if (isCurtain) // a single point has no curtain
         std::erase_if(pieces, [](Points piece) { return piece.size() < 2; });
     if (pieces.empty())
         return true;
@@ -214,7 +214,7 @@ bool KmlDocument::writePath(Points points, const QString& name, const char* styl
     if (pieces.size() > 1)
         begin("MultiGeometry");
     for (const Points piece : pieces) {
-        // A line needs two points; a single one is where the aircraft was all the same.
+        // A line needs two points, but a single one is still a known position.
         begin(piece.size() > 1 ? "LineString" : "Point");
         if (isCurtain)
             element("extrude", QStringLiteral("1"));
@@ -243,8 +243,8 @@ bool KmlDocument::writeCoordinates(Points piece)
     return true;
 }
 
-/// Longitude, latitude and altitude; about a centimetre, and a decimetre. Every point needs an
-/// altitude: before the first one is known, that one.
+/// Longitude and latitude to about a centimetre, altitude to a decimetre. Every point needs an
+/// altitude; points before the first known altitude get that one.
 QString KmlDocument::coordinates(const TrackPoint& point, QChar separator) const
 {
     const double altitude = point.hasAltitude ? point.altitude : m_firstAltitude.value_or(0.0);
@@ -326,13 +326,13 @@ void KmlDocument::writeMarkHead(const QString& name, const QString& description,
 {
     begin("Placemark");
     element("name", name);
-    begin("Snippet"); // the tree would repeat the description
+    begin("Snippet"); // an empty one, otherwise the tree view repeats the description
     m_xml.writeAttribute(QStringLiteral("maxLines"), QStringLiteral("0"));
     end();
     element("description", description);
     const QString time =
         m_options.timeStamp == KmlOptions::Times::None ? QString() : m_clock.isoText(seconds);
-    if (!time.isEmpty()) { // damaged time stamps lie beyond all calendars
+    if (!time.isEmpty()) { // empty for damaged time stamps
         begin("TimeStamp");
         element("when", time);
         end();

@@ -12,7 +12,7 @@ namespace {
 
 constexpr std::array powers{1.0, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8, 1e9};
 
-/// Up to here, a product is off by far less than `doubt`.
+/// Below this, the error of the product is far less than `doubt`.
 constexpr double largest = 1e9;
 constexpr double doubt = 1e-6;
 
@@ -37,7 +37,7 @@ void appendFixed(std::string& text, double value, int decimals)
     }
     auto whole = static_cast<std::uint64_t>(scaled);
     const double rest = scaled - static_cast<double>(whole);
-    // Whether a number this close to a tie is above or below it, the product cannot tell.
+    // So close to a tie, the product's error may decide the rounding.
     if (std::abs(rest - 0.5) < doubt) {
         appendExact(text, value, decimals);
         return;

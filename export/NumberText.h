@@ -4,8 +4,8 @@
 
 namespace KOLT {
 
-/// Appends the number as printf's "%.*f" does, to the last digit, whatever the locale; but several
-/// times as fast for numbers of the usual size.
+/// Appends exactly what printf("%.*f") prints in the C locale, but several times as fast for
+/// numbers below 1e9.
 void appendFixed(std::string& text, double value, int decimals);
 
 } // namespace KOLT

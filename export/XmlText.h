@@ -4,11 +4,11 @@
 
 namespace KOLT {
 
-/// The text without the characters that no XML document may contain, escaped or not: control
-/// characters, lone surrogates and the like.
+/// The text without characters that XML forbids even escaped: control characters, lone surrogates
+/// and noncharacters.
 QString xmlText(const QString& text);
 
-/// The number in fixed notation, with "." whatever the locale.
+/// The number in fixed notation with a decimal point in any locale.
 QString fixedText(double value, int decimals);
 
 } // namespace KOLT

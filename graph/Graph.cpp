@@ -7,9 +7,9 @@ namespace KOLT {
 
 namespace {
 
-constexpr double roomAround = 0.05; ///< of the range, above and below
+constexpr double roomAround = 0.05; ///< margin above and below, as a part of the range
 
-/// The range with room around it; a flat trace is centred.
+/// The range with a margin on both sides; a flat trace is centred.
 std::pair<double, double> withRoom(double lowest, double highest)
 {
     const double extent = highest - lowest;
@@ -22,7 +22,7 @@ std::pair<double, double> withRoom(double lowest, double highest)
     return {lowest - extent * roomAround, highest + extent * roomAround};
 }
 
-/// A scale without extent would divide by zero.
+/// Both ends in ascending order and apart: an empty scale would divide by zero.
 std::pair<double, double> ordered(double lower, double upper)
 {
     if (lower > upper)
@@ -108,7 +108,7 @@ void Graph::setSize(double width, double height)
 void Graph::setMetrics(const GraphMetrics& metrics)
 {
     constexpr double labelCharacters = 7.0;
-    constexpr double besideLabels = 23.0; // handles and ticks
+    constexpr double besideLabels = 23.0; // for handles and ticks
     m_metrics = metrics;
     m_plotLeft =
         std::max(leftMargin, std::ceil(besideLabels + labelCharacters * metrics.characterWidth));
@@ -199,7 +199,7 @@ void Graph::setTimeSpan(double seconds)
 
 void Graph::setWindow(double start, double end)
 {
-    // Beyond a microsecond or some centuries, doubles have no more to show.
+    // Outside these limits doubles lack the resolution.
     constexpr double shortest = 1e-6;
     constexpr double longest = 1e10;
     if (!std::isfinite(start) || !std::isfinite(end) || end - start < shortest ||
@@ -235,12 +235,12 @@ void Graph::rebuild()
 
 int Graph::neededDecimals(int index, const std::optional<std::pair<double, double>>& range) const
 {
-    constexpr int figures = 3; // that a range is to be read by
+    constexpr int figures = 3; // significant digits of the range
     const ProfileParameter* const parameter = source(index).parameter;
     if (parameter == nullptr || parameter->rule != DecodingRule::Float || !range)
         return 0;
     double extent = range->second - range->first;
-    if (!(extent > 0.0)) // flat: as its value needs
+    if (!(extent > 0.0)) // flat: the value decides
         extent = std::abs(range->first);
     if (!(extent > 0.0) || !std::isfinite(extent))
         return 0;

@@ -10,16 +10,16 @@ namespace KOLT {
 
 enum class CursorMode : int {
     Floating = 0,
-    Center = 1, ///< the window is kept centred on the replay's time
-    End = 2     ///< the window is kept so that the replay's time lies a tenth before its end
+    Center = 1, ///< the window stays centred on the replay time
+    End = 2     ///< the window moves so that the replay time is a tenth of the span before its end
 };
 
-/// What the user can set; colours as "#rrggbb" elsewhere.
+/// The user's settings for the graph.
 struct GraphSettings
 {
-    double timeSpan = 60.0; ///< seconds
-    bool isSplit = true;    ///< each trace in a band of its own
-    bool isAutomatic = true;
+    double timeSpan = 60.0;  ///< seconds
+    bool isSplit = true;     ///< each trace has its own band; otherwise all share one scale
+    bool isAutomatic = true; ///< a new span keeps the window's end rather than its start
     CursorMode cursorMode = CursorMode::Center;
     QColor background{0x00, 0x00, 0x00};
     bool hasGrid = true;
@@ -29,55 +29,56 @@ struct GraphSettings
     bool hasCursor = true;
     bool hasLegend = true;
     bool isAutoscaled = true;
-    double yMinimum = -100.0;
+    double yMinimum = -100.0; ///< the scale without autoscale
     double yMaximum = 100.0;
     bool hasThresholds = true;
     bool hasStatistic = true;
     bool hasEvents = true;
 };
 
-/// What a trace is of, where it comes from a profile.
+/// Where a trace's values come from.
 struct TraceSource
 {
-    const ProfileParameter* parameter = nullptr; ///< null for a bare trace
-    double factor = 1.0; ///< from metric to shown values: value * factor + offset
+    const ProfileParameter* parameter = nullptr; ///< null for a trace without a parameter
+    double factor = 1.0;                         ///< shown value = metric value * factor + offset
     double offset = 0.0;
-    int decimals = 0; ///< that the visible range needs; set by rebuilding
+    int decimals = 0; ///< needed to read the visible range; set by Graph::rebuild()
 
-    /// Whether it is the same apart from how it is shown.
+    /// Whether both yield the same values; the decimals do not matter.
     bool isSame(const TraceSource& other) const
     {
         return parameter == other.parameter && factor == other.factor && offset == other.offset;
     }
 };
 
+/// A numbered event, drawn as an upright line.
 struct EventLine
 {
     int number = 0;
     double seconds = 0.0;
 };
 
-/// Of the fixed-pitch font of all texts, in pixels.
+/// Metrics in pixels of the fixed-pitch font used for all texts.
 struct GraphMetrics
 {
     double rowHeight = 16.0;
     double characterWidth = 7.3;
 };
 
-/// The oscilloscope without its drawing: traces, the visible window, scales, cursor and markers, in
-/// pixels with the origin at the lower left corner.
+/// The state of the oscilloscope, without drawing or input: traces, visible time window, scales,
+/// cursor and markers. Coordinates are pixels with the origin at the lower left corner.
 ///
-/// Indices out of range are ignored. Public data may be changed freely; call rebuild() when the
-/// window, the layout or the samples changed.
+/// Setters ignore indices out of range. Public members may be changed freely; call rebuild() after
+/// a change of the window, the layout or the samples.
 class Graph
 {
 public:
     static constexpr int maxTraces = 50;
-    /// Room for the value axis and the handles; a large font takes more, see plotLeft().
+    /// Least room for the value axis and the handles; large fonts need more, see plotLeft().
     static constexpr double leftMargin = 74.0;
     static constexpr double rightMargin = 8.0;
     static constexpr double bottomMargin = 20.0;
-    static constexpr double edge = 0.1; ///< of the span: where the replay moves the window on
+    static constexpr double edge = 0.1; ///< part of the span at which the replay pages the window
 
     Graph() { setTraceCount(6); }
 
@@ -86,13 +87,13 @@ public:
     double windowEnd = 60.0;
     double cursorTime = 0.0;
     double cursorValue = 0.0;
-    double pointerTime = 0.0; ///< under the mouse
+    double pointerTime = 0.0; ///< time under the mouse
     double markerLeft = 0.0;
     double markerRight = 0.0;
-    bool isCursorHeld = false; ///< by the user; the replay does not move it
+    bool isCursorHeld = false; ///< the user has the cursor; the replay does not move it
     bool mayPan = true;
-    bool isPanned = false; ///< by the user, right now
-    int selectedTrace = 0; ///< in whose band the cursor is
+    bool isPanned = false; ///< the user is panning
+    int selectedTrace = 0; ///< the trace whose band the cursor is in
 
     /// Destroys all traces and makes 1 to 50 new ones.
     void setTraceCount(int count);
@@ -117,15 +118,15 @@ public:
     void setVisible(int index, bool isVisible);
     std::vector<int> visibleTraces() const;
 
-    /// In any order; what has no time is left out.
+    /// Lines may come in any order; those whose time is not finite are dropped.
     void setEventLines(std::vector<EventLine> lines);
     void addEventLine(const EventLine& line);
 
-    /// By ascending time.
+    /// In ascending order of time.
     const std::vector<EventLine>& eventLines() const { return m_eventLines; }
 
-    /// At most one for each column of pixels, the first of those that share it. Costs O(columns),
-    /// whatever their number.
+    /// The event lines within the window, at most one per pixel column: the first of those that
+    /// share it. O(columns * log events).
     std::vector<EventLine> eventsInSight() const;
 
     /// Size of the widget in pixels.
@@ -149,7 +150,7 @@ public:
 
     double span() const { return windowEnd - windowStart; }
 
-    /// Seconds of one pixel of the plot.
+    /// Seconds covered by one pixel of the plot.
     double pixelSeconds() const { return span() / m_plotWidth; }
 
     double xOf(double seconds) const
@@ -159,30 +160,31 @@ public:
 
     double timeAt(double x) const { return windowStart + (x - m_plotLeft) * span() / m_plotWidth; }
 
-    /// In the band of the trace, or in the common scale when traces are not split.
+    /// On the scale of the trace's band when traces are split, on the common scale otherwise.
     double yOf(int trace, double value) const;
     double valueAt(int trace, double y) const;
 
-    /// The trace whose band holds the height; 0 when none does. The last visible trace has the
-    /// bottom band.
+    /// The trace whose band contains y, 0 if there is none. The last visible trace has the bottom
+    /// band.
     int traceAt(double y) const;
-    /// Height of a row of the legend handles, which stand in display order from the top.
+    /// Height of one band, and of the row of its handle. Rows are in display order from the top.
     double rowHeight() const;
 
-    /// The replay's clock. With the cursor held by the user nothing moves, and while the user pans
-    /// the window stays. True when the window moved and the columns were rebuilt.
+    /// Moves the cursor to the replay time. Does nothing while the user holds the cursor; leaves
+    /// the window alone while the user pans. True if the window moved and the columns were rebuilt.
     bool setCursorTime(double seconds);
-    /// Moves the window to where the mode wants the cursor in it; true when it did.
+    /// Moves the window to where the cursor mode wants it; true if it did.
     bool followCursor();
     /// Keeps the window's end in automatic mode, its start otherwise.
     void setTimeSpan(double seconds);
+    /// Ignores windows that are not finite, empty or far beyond any recording.
     void setWindow(double start, double end);
 
-    /// Lays out the bands, rebuilds the columns of the visible traces and scales.
+    /// Lays out the bands, rebuilds the columns of the visible traces and scales them.
     void rebuild();
 
-    /// Of the trace's values in texts: those of the trace, more where the visible range needs them
-    /// and the parameter has them.
+    /// Decimals of the trace's values in texts: more than the trace's own where the visible range
+    /// needs them and the parameter has them.
     int shownDecimals(int index) const
     {
         return std::max(trace(index).decimals, source(index).decimals);

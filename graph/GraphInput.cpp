@@ -8,11 +8,11 @@ namespace {
 
 constexpr double farStep = 10.0; ///< pixels, with Shift
 constexpr double handleX = 10.0;
-constexpr double handleReach = 1500.0; ///< squared pixels
+constexpr double handleReach = 1500.0; ///< squared distance in pixels
 constexpr double zoomIn = 0.9;
 constexpr double zoomOut = 1.1111111111111112;
 constexpr int wheelRepeats = 3;
-constexpr double fitMargin = 0.1; ///< of the data's length, on each side
+constexpr double fitMargin = 0.1; ///< on each side, as a part of the data's length
 
 } // namespace
 
@@ -35,7 +35,7 @@ void GraphInput::placeCursor(const QPointF& place)
     m_graph.cursorValue = m_graph.valueAt(m_graph.selectedTrace, y);
 }
 
-/// No release gives the cursor back, unless the middle button is down as well.
+/// A timer ends this hold, unless the middle button is down too: then its release does.
 void GraphInput::holdForAWhile(GraphResponse& response)
 {
     m_graph.isCursorHeld = true;
@@ -51,7 +51,7 @@ void GraphInput::moveNearerMarker(double seconds)
 
 bool GraphInput::moveCursorByKey(int key, double pixels)
 {
-    // Sideways, a pixel is one of the widget's width, not of the plot's.
+    // Horizontal steps are pixels of the widget's whole width, not of the plot's.
     const double seconds = m_graph.span() / std::max(m_graph.width(), 1.0) * pixels;
     double up = 0.0;
     switch (key) {
@@ -145,10 +145,10 @@ GraphResponse GraphInput::mousePress(Qt::MouseButton button, const QPointF& plac
         m_isLeftHeld = true;
         m_dragged = handleAt(place);
         if (m_dragged) {
-            // A handle is moved for itself: cursor and markers stay.
+            // Dragging a handle leaves cursor and markers alone.
             m_pressY = place.y();
             m_dragOffset = 0.0;
-            // Its own row, and not that of the pointer: handles of low rows overlap.
+            // The handle's own row rather than the pointer's: handles of low rows overlap.
             const std::vector<int> rows = m_graph.visibleTraces();
             m_targetRow = static_cast<int>(std::ranges::find(rows, *m_dragged) - rows.begin());
         } else if (modifiers.testFlag(Qt::ShiftModifier)) {
@@ -184,7 +184,7 @@ GraphResponse GraphInput::mousePress(Qt::MouseButton button, const QPointF& plac
     return response;
 }
 
-/// The replay must not move the window under the hand.
+/// While the user pans, the replay does not move the window.
 void GraphInput::beginPan(double x)
 {
     m_pan = Pan{x, m_graph.windowStart, m_graph.windowEnd};
@@ -276,7 +276,7 @@ GraphResponse GraphInput::wheel(int angleDelta, double x, Qt::KeyboardModifiers 
 {
     GraphResponse response;
     m_graph.pointerTime = m_graph.timeAt(x);
-    if (modifiers.testFlag(Qt::ShiftModifier) || angleDelta == 0) // sideways it does nothing
+    if (modifiers.testFlag(Qt::ShiftModifier) || angleDelta == 0) // turned sideways
         return response;
     const double factor = angleDelta >= 1 ? zoomIn : zoomOut;
     const double h = m_graph.pointerTime;

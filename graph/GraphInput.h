@@ -9,7 +9,7 @@
 
 namespace KOLT {
 
-/// What the user did to the graph that others have to know, in the order in which it is told.
+/// One report of a user action, to be sent as a signal of the widget.
 struct GraphSignal
 {
     enum class Kind { Cursor, MoveCursorFinished, Marker, ManMode, MoveParameter };
@@ -21,28 +21,28 @@ struct GraphSignal
     bool operator==(const GraphSignal&) const = default;
 };
 
-/// What follows from an input, for the widget to do.
+/// What the widget has to do after an input.
 struct GraphResponse
 {
-    /// What becomes of the user's hold on the cursor.
+    /// Change of the user's hold on the cursor.
     enum class Hold {
         Unchanged,
-        Timed, ///< the replay gets it back after a while
-        Open,  ///< it stays the user's until a release
+        Timed, ///< ends after a few seconds
+        Open,  ///< lasts until a release
         Ended
     };
 
-    std::vector<GraphSignal> reports;
-    bool isHandled = true; ///< otherwise the key is somebody else's
+    std::vector<GraphSignal> reports; ///< in the order in which to send them
+    bool isHandled = true;            ///< if false, the key belongs to the base class
     bool needsRepaint = false;
     Hold hold = Hold::Unchanged;
-    bool hasZoomed = false; ///< the user chose another span
+    bool hasZoomed = false; ///< the user changed the span
     std::optional<int> recalculations =
-        std::nullopt; ///< start the timer that rebuilds, with so many repeats
+        std::nullopt; ///< start the recalculation timer, with this many repeats
 };
 
-/// Turns keys, mouse and wheel into changes of the graph. Positions are pixels from the top left,
-/// as events have them.
+/// Applies key, mouse and wheel input to the graph. Positions are pixels from the top left, as in
+/// Qt's events.
 class GraphInput
 {
 public:
@@ -51,7 +51,7 @@ public:
     {
     }
 
-    /// First and last moment of the data, for the keys that go there.
+    /// First and last time of the data, for the keys F, Home and End.
     void setExtent(double first, double last)
     {
         m_first = first;
@@ -63,7 +63,7 @@ public:
                              Qt::KeyboardModifiers modifiers);
     GraphResponse mouseMove(const QPointF& place, Qt::KeyboardModifiers modifiers);
     GraphResponse mouseRelease(Qt::MouseButton button);
-    /// Zooms about the time at x: the window may have moved since the last mouse move.
+    /// Zooms about the time at x, as the window may have moved since the last mouse move.
     GraphResponse wheel(int angleDelta, double x, Qt::KeyboardModifiers modifiers);
 
     bool isMeasuring() const { return m_isLeftHeld && !m_dragged; }
@@ -74,7 +74,7 @@ public:
 
     int targetRow() const { return m_targetRow; }
 
-    /// How far up the dragged label was moved, in pixels.
+    /// How far the dragged label has moved up, in pixels.
     double dragOffset() const { return m_dragOffset; }
 
 private:

@@ -11,7 +11,7 @@ namespace KOLT {
 
 namespace {
 
-constexpr int meanDecimals = 2; ///< at least: the mean of whole numbers is none
+constexpr int meanDecimals = 2; ///< at least: the mean of integers is rarely an integer
 constexpr int shortestName = 8;
 
 QString number(double value, int decimals)
@@ -21,7 +21,7 @@ QString number(double value, int decimals)
     return QString::asprintf("%.*f", decimals, value);
 }
 
-/// The name in front of the rest, cut where both together are too long.
+/// The name followed by the rest; the name is cut if both together are too long.
 QString named(const QString& name, const QString& rest, int longest)
 {
     const auto room = std::max(longest - static_cast<int>(rest.size()), shortestName);
@@ -30,7 +30,7 @@ QString named(const QString& name, const QString& rest, int longest)
     return name.left(room - 1) + QChar(0x2026) + rest;
 }
 
-/// The label of a bit field's value, found as the data table finds it.
+/// The label of a bit field's value, by the same rule as in the data table.
 const QString* labelOf(const TraceSource& source, double value)
 {
     const ProfileParameter* const parameter = source.parameter;

@@ -4,18 +4,18 @@
 
 namespace KOLT {
 
-/// A value of a trace in its unit, with the decimals that the shown range needs; the label where it
-/// is an enumerated one that has one, "---" where it is no number.
+/// A value of a trace with the decimals of shownDecimals(), or its label if the parameter has one
+/// for it; "---" for NaN and infinity.
 QString valueText(const Graph& graph, int trace, double value);
 
-/// "name [unit]   value" as the legend shows it, or "name [unit]   ---" where the trace has none.
-/// `longest`: a longer name is cut, so that the value stays in sight; characters of the whole.
+/// "name [unit]   value" for the legend, "name [unit]   ---" where the trace has no value.
+/// `longest` is the number of characters allowed; the name is cut so that the value stays visible.
 QString legendText(const Graph& graph, int trace, double seconds, int longest = 1000);
 
-/// "name  minimum  maximum  mean" between two moments; the mean has decimals of its own.
+/// "name  minimum  maximum  mean" between two times; the mean has at least two decimals.
 QString statisticText(const Graph& graph, int trace, double from, double to, int longest = 1000);
 
-/// The ends of the trace's scale and its unit.
+/// Both ends of the trace's scale and its unit.
 QString scaleText(const Graph& graph, int trace);
 
 /// The shortest text that reads as the same number.

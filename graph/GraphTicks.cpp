@@ -80,7 +80,7 @@ std::vector<double> valueTicks(double lower, double upper, double height, double
     const double first = std::ceil(lower / step);
     const double last = std::floor(upper / step);
     for (double i = first; i <= last && ticks.size() < mostTicks; i += 1.0) {
-        if (i + 1.0 == i) // far from zero, where numbers lie wider than steps
+        if (i + 1.0 == i) // the step is below the resolution of doubles
             break;
         ticks.push_back(i * step);
     }

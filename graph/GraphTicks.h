@@ -6,7 +6,7 @@
 
 namespace KOLT {
 
-/// Places of an axis in ascending order.
+/// A line of the time axis.
 struct GraphTick
 {
     double value = 0.0;
@@ -15,8 +15,9 @@ struct GraphTick
     bool operator==(const GraphTick&) const = default;
 };
 
-/// The lines of the time axis: a major one about every 70 pixels at a multiple of 1, 2, 5 or 10
-/// times a power of ten, with minor ones between. None for a plot narrower than 70 pixels.
+/// The lines of the time axis in ascending order: a major one about every 70 pixels at a multiple
+/// of 1, 2, 5 or 10 times a power of ten, with minor ones between. Empty for a plot narrower than
+/// 70 pixels.
 std::vector<GraphTick> timeTicks(double start, double end, double plotWidth);
 
 /// "h:mm:ss" of a time in seconds.

@@ -25,7 +25,7 @@ GraphColumn columnOf(double time, double value, int mark)
     return column;
 }
 
-/// A number wins over none, so that a NaN at a column's start hides nothing.
+/// A NaN at the start of a column is replaced by the first number.
 void widen(GraphColumn& column, double lowest, double highest)
 {
     if (lowest < column.lowest || std::isnan(column.lowest))
@@ -157,7 +157,7 @@ void GraphTrace::rebuild(double start, double end, double pixelSeconds)
     const std::span<const SampleTimes::Run> runs = m_times->runs(start, end, pixelSeconds);
     for (std::size_t i = 0; i + 1 < runs.size(); ++i) {
         addColumn(runs[i], runs[i + 1].first);
-        // Long traces do not fit the cache.
+        // Long traces do not fit into the cache.
         constexpr std::size_t ahead = 8;
         if (i + ahead < runs.size() && runs[i + 1].first - runs[i].first > 8)
             RangePyramid::prefetch(m_values, runs[i + ahead].first);
@@ -174,7 +174,7 @@ std::optional<double> GraphTrace::valueAt(double time) const
 
 std::optional<std::pair<double, double>> GraphTrace::visibleRange() const
 {
-    // A sample beside the window is seen only through the line that joins it to one inside.
+    // A sample beside the window matters only if a line joins it to one inside.
     std::size_t first = 0;
     std::size_t last = m_columns.size();
     const auto isBroken = [this](std::size_t i) {

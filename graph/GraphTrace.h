@@ -12,7 +12,7 @@
 
 namespace KOLT {
 
-/// The samples of one pixel column of a trace.
+/// Summary of a trace's samples in one pixel column.
 struct GraphColumn
 {
     int fill = 2;       ///< 2 after one sample, 3 after two, 4 after three or more
@@ -22,38 +22,38 @@ struct GraphColumn
     double high = 0.0;  ///< highest of the second and later values
     double last = 0.0;  ///< value of the last sample from the third on, otherwise the first
     int mark = 1;       ///< 0 when a sample after a gap is among them
-    // What is drawn: low and high leave a downward spike in second place out.
-    double lowest = 0.0;
+    // For drawing: `low` misses a downward spike in the second sample.
+    double lowest = 0.0; ///< of all samples; NaN only if no sample is a number
     double highest = 0.0;
     double end = 0.0; ///< value of the last sample
 
     bool operator==(const GraphColumn&) const = default;
 };
 
-/// Adds a sample to the last column, or begins another when it lies more than `pixelSeconds` behind
-/// the start of the last one. This rule defines what columns are; rebuilding long traces gives the
-/// same columns without looking at every sample.
+/// Adds a sample to the last column, or starts a new one if the sample is more than `pixelSeconds`
+/// after the start of the last one. This rule defines the columns; GraphTrace::rebuild() yields the
+/// same ones without visiting every sample.
 void mergeSample(std::vector<GraphColumn>& columns, double pixelSeconds, double time, double value,
                  int mark);
 
-/// What lies between two moments.
+/// Statistic of the samples between two times.
 struct RangeStatistic
 {
     double minimum = 0.0;
     double maximum = 0.0;
-    double mean = 0.0; ///< of the samples
+    double mean = 0.0; ///< of the samples, not weighted by time
 };
 
-/// A value as traces hold it: what is infinite has no place on a scale, and counts as no number.
+/// A value as traces store it: infinity becomes NaN, as it fits on no scale.
 inline double plottable(double value)
 {
-    return value + value * 0.0; // 0 times infinity is none
+    return value + value * 0.0; // infinity * 0 is NaN
 }
 
-/// One parameter's samples over time, and the columns of the visible part.
+/// One parameter's samples over time, and the pixel columns of the visible window.
 ///
-/// Times are seconds on the unit's counter. They should ascend; where they do not, everything still
-/// works, at the cost of a walk over the samples. NaN values take no part in ranges.
+/// Times are seconds on the unit's counter. Times that do not ascend are supported, but rebuild()
+/// and valueAt() are then O(samples) and there is no statistic. NaN is ignored in ranges.
 class GraphTrace
 {
 public:
@@ -61,30 +61,31 @@ public:
     QString unit = QStringLiteral("-");
     QColor color = Qt::white;
     bool isVisible = true;
-    int decimals = 2;    ///< of the trace's labels
-    double lower = -0.5; ///< value range of its band
+    int decimals = 2;    ///< in texts
+    double lower = -0.5; ///< scale of the trace's band
     double upper = 1.5;
     double bandOffset = 0.0; ///< pixels from the bottom of the widget
     double bandHeight = 0.0; ///< pixels
 
     GraphTrace() = default;
-    GraphTrace(GraphTrace&&) = default; ///< copies would append to one list of times
+    /// Not copyable: copies would append to the same list of times.
+    GraphTrace(GraphTrace&&) = default;
     GraphTrace& operator=(GraphTrace&&) = default;
 
-    /// Red, green, blue and their dark mixtures, again from the start after six.
+    /// The colour of a new trace; repeats after six.
     static QColor defaultColor(int index);
 
-    /// Takes samples, one value for each of the times, which traces of one message share.
+    /// Replaces the samples, one value per time. Traces of one message share the times.
     void setSamples(std::shared_ptr<SampleTimes> times, SampleValues values);
 
-    /// Takes the samples of another trace, which is empty then.
+    /// Moves the samples here from another trace, which is then empty.
     void takeSamples(GraphTrace& other);
 
     const std::shared_ptr<SampleTimes>& times() const { return m_times; }
 
     void reserve(std::size_t samples);
-    /// A mark of 0 says that samples are missing before this one. Only for a trace whose times are
-    /// its own.
+    /// A mark of 0 means that samples are missing before this one. Only for a trace that does not
+    /// share its times.
     void append(double time, double value, int mark);
     /// Drops samples and columns.
     void clear();
@@ -97,21 +98,20 @@ public:
 
     double lastTime() const { return m_times->at(size() - 1); }
 
-    /// Rebuilds the columns of the window [start, end]: from the sample before it to the first one
-    /// at or behind its end. O(columns * log samples).
+    /// Rebuilds the columns of the window [start, end], from the last sample before it to the first
+    /// one at or after its end. O(columns * log samples).
     void rebuild(double start, double end, double pixelSeconds);
 
     const std::vector<GraphColumn>& columns() const { return m_columns; }
 
-    /// Sample and hold: the value of the last sample before `time`, of the first one at its very
-    /// time. None outside of the samples.
+    /// Sample and hold: the value of the last sample before `time`, or of the first sample at
+    /// exactly its time. None before the first and after the last sample.
     std::optional<double> valueAt(double time) const;
 
-    /// Lowest and highest value of what is drawn within the window; none without a number among
-    /// them.
+    /// Lowest and highest value drawn within the window; none without a number.
     std::optional<std::pair<double, double>> visibleRange() const;
 
-    /// Of the samples within [from, to]; none when there is no number among them.
+    /// Of the samples within [from, to]; none without a number among them.
     /// O(log samples + samples / 4096) after the first call.
     std::optional<RangeStatistic> statistic(double from, double to) const;
 
@@ -122,7 +122,7 @@ private:
     SampleValues m_values;
     mutable RangePyramid m_pyramid;
     std::vector<GraphColumn> m_columns;
-    double m_start = 0.0; ///< of the window that the columns are of
+    double m_start = 0.0; ///< window of the columns
     double m_end = 0.0;
 };
 

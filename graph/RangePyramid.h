@@ -10,8 +10,8 @@
 
 namespace KOLT {
 
-/// Minimum, maximum and sum over runs of a growing list of values in logarithmic time: each level
-/// sums up 32 entries of the one below. NaN takes no part.
+/// Minimum and maximum, and sum, over any run of a growing list of values in logarithmic time: each
+/// level summarises 32 entries of the one below. NaN is ignored.
 class RangePyramid
 {
 public:
@@ -36,15 +36,15 @@ public:
     struct Sum
     {
         double sum = 0.0;
-        std::size_t count = 0; ///< of numbers
+        std::size_t count = 0; ///< values other than NaN
     };
 
     void clear();
 
-    /// Takes the values that were added since the last call; the others must be unchanged.
+    /// Adds the values appended since the last call; the earlier ones must be unchanged.
     void extend(std::span<const double> values);
 
-    /// Of values[from, to), all of which must have been taken.
+    /// Range of values[from, to), all of which extend() must have seen.
     Range range(std::span<const double> values, std::size_t from, std::size_t to) const
     {
         Extremes result;
@@ -77,8 +77,8 @@ public:
         }
     }
 
-    /// Asks for the values that range() reads around an end of a run at `position`, some time
-    /// before it does; the levels above are read in a row, which the processor foresees.
+    /// Loads the values around one end of a run at `position` into the cache, some time before
+    /// range() reads them. The levels above are read in sequence, which needs no hint.
     static void prefetch(std::span<const double> values, std::size_t position)
     {
         constexpr std::size_t lineValues = 8;
@@ -94,16 +94,16 @@ private:
     static constexpr std::size_t fanOut = 32;
     static constexpr std::size_t sumBlock = 4096;
 
-    /// A group's range. The highest value is negated, so that one minimum of a pair takes in both.
+    /// A group's range. The highest value is negated, so that one minimum of a pair updates both.
     struct Entry
     {
         double lowest = std::numeric_limits<double>::infinity();
         double negatedHighest = std::numeric_limits<double>::infinity();
     };
 
-    /// Nothing is added to the values of a group that count, infinity to the others: a run seldom
-    /// ends where a group does, and loops up to there cost more in wrongly foreseen ends than all
-    /// of the group.
+    /// Added to a whole group: 0 for the values inside a run, infinity for those outside, which
+    /// then change no minimum. Runs rarely end at a group's border, and a loop up to the end costs
+    /// more in mispredicted branches than the whole group.
     static constexpr auto mask = [] {
         std::array<double, 3 * fanOut> made{};
         for (std::size_t i = 0; i < fanOut; ++i)
@@ -111,8 +111,8 @@ private:
         return made;
     }();
 
-    /// Collects the range of values and entries, several side by side, as each comparison would
-    /// otherwise wait for the one before.
+    /// Accumulates a range in several independent accumulators, so that a comparison need not wait
+    /// for the one before it.
     class Extremes
     {
     public:

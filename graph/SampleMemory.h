@@ -10,8 +10,8 @@
 
 namespace KOLT {
 
-/// Memory for millions of values: in huge pages where the system has them, as touching it in small
-/// ones costs more than writing the values, and not filled before the values are written.
+/// Allocator for millions of values. Large blocks come in huge pages, as the page faults of small
+/// pages cost more than writing the values. Resizing leaves new values uninitialised.
 template <typename Value>
 struct SampleAllocator
 {
@@ -39,7 +39,7 @@ struct SampleAllocator
             std::allocator<Value>().deallocate(values, count);
     }
 
-    /// Growing leaves new values as the memory is.
+    /// Leaves the value uninitialised.
     template <typename Other>
     void construct(Other* place)
     {

@@ -48,7 +48,7 @@ std::size_t SampleTimes::runEnd(std::size_t from, std::size_t limit, std::size_t
 {
     const double start = at(from);
     const auto isInside = [&](std::size_t i) { return at(i) - start <= pixelSeconds; };
-    // The run before is a good guess; from there in growing steps, then by halving.
+    // Start from the length of the previous run, go on in growing steps, then bisect.
     std::size_t inside = from;
     std::size_t behind = limit;
     std::size_t guess = std::min(from + step, limit);
@@ -86,7 +86,7 @@ void SampleTimes::findRuns(const Window& window) const
             run.mark = 0;
         step = next - position;
         position = next;
-        // Long series do not fit the cache: the next columns are as far as the last ones were.
+        // Long series do not fit into the cache. The next columns are likely as wide as the last.
         constexpr std::size_t ahead = 8;
         if (step <= 8 || m_runs.size() < ahead)
             continue;

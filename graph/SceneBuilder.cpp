@@ -14,17 +14,17 @@ namespace {
 
 constexpr double longTick = 8.0;
 constexpr double shortTick = 4.0;
-constexpr double valueSpacing = 28.0; ///< at least
+constexpr double valueSpacing = 28.0; ///< least distance of labels
 constexpr int plateAlpha = 170;
 constexpr float gridWidth = 1.2F;
-constexpr int gridAlpha = 178; ///< 0.7
+constexpr int gridAlpha = 178; ///< 0.7 of 255
 
 } // namespace
 
 GraphScene SceneBuilder::build()
 {
     const GraphSettings& settings = m_graph.settings;
-    // The plot is by far the larger part, and clearing costs less than filling.
+    // Clear to the plot's colour and fill the margins, as filling the larger plot costs more.
     m_scene.clearColor = settings.background;
     margins();
     if (!settings.isSplit)
@@ -39,7 +39,7 @@ GraphScene SceneBuilder::build()
         layOutStatistic(visible);
     layOutCursor();
     layOutEvents();
-    // Below the traces: a plate must not hide any of them.
+    // Before the traces, so that a plate hides none of them.
     if (settings.hasLegend)
         legend(visible);
     eventNumbers();
@@ -49,12 +49,12 @@ GraphScene SceneBuilder::build()
     events();
     if (settings.hasCursor)
         cursor();
-    for (const auto& [place, color] : m_swatches) // in full colour, over the marker band
+    for (const auto& [place, color] : m_swatches) // above the marker band, which would tint them
         m_pen.quad(place, color);
     if (settings.hasStatistic)
         statistic();
     handles(visible);
-    return std::move(m_scene); // the builder is used up
+    return std::move(m_scene); // build() is called once
 }
 
 void SceneBuilder::margins()
@@ -136,7 +136,7 @@ void SceneBuilder::valueAxis(const QRectF& area, double lower, double upper, int
             std::clamp(static_cast<int>(-std::floor(std::log10(ticks[1] - ticks[0]) + 1e-9)), 0,
                        9));
     for (const double tick : ticks) {
-        // Of two labels where bands meet, the lower band's stays.
+        // Where bands meet, only the lower band's label is shown.
         if (area.top() > m_plot.top() && yOf(tick) < area.top() + m_row / 2.0)
             continue;
         text(area.left() - shortTick - 2.0, std::min(yOf(tick), m_graph.height() - m_row / 2.0),
@@ -168,7 +168,7 @@ void SceneBuilder::timeGrid()
         m_pen.vertex(m_graph.xOf(tick.value), m_plot.top() - (tick.isMajor ? longTick : shortTick));
     }
     m_pen.end();
-    double taken = 0.0; // by the label before
+    double taken = 0.0; // right end of the label before
     for (const GraphTick& tick : ticks) {
         const double x = m_graph.xOf(tick.value) + 3.0;
         const QString label = timeTickText(tick.value);

@@ -11,7 +11,7 @@
 
 namespace KOLT {
 
-/// Puts the parts of a frame together: margins, axes and bands, and what lies over them.
+/// Builds one frame: margins, axes and bands, then what lies over them.
 class SceneBuilder
 {
 public:
@@ -40,19 +40,19 @@ private:
         return static_cast<double>(content.size()) * m_graph.metrics().characterWidth;
     }
 
-    /// Characters that a width holds.
+    /// Number of characters that fit into a width.
     int charactersIn(double width) const
     {
         return static_cast<int>(std::max(width / m_graph.metrics().characterWidth, 0.0));
     }
 
-    /// A text in the plot, on a plate that keeps it legible above the grid.
+    /// A text in the plot, on a translucent plate that keeps it legible over the grid.
     void plotText(double x, double y, Qt::Alignment alignment, const QString& content,
                   const QColor& color);
 
     QColor plateColor() const;
 
-    /// Dark colours are lightened on a dark plot, and pale ones darkened on a pale one.
+    /// The colour, lightened on a dark background or darkened on a light one if too close to it.
     QColor legible(const QColor& color) const;
     QRectF bandRect(int index) const;
     void valueAxis(const QRectF& area, double lower, double upper, int decimals,
@@ -60,39 +60,39 @@ private:
     void timeGrid();
     void band(int index);
 
-    /// The ends of the band's scale, where the legend leaves room for it.
+    /// Both ends of the band's scale, if the legend leaves room for them.
     void scaleLabel(int index, const QRectF& area);
     void thresholds(int index, const QRectF& area);
     void markers();
-    /// Takes the events in sight, and keeps a strip at the top free for their numbers.
+    /// Collects the visible events and reserves a strip at the top for their numbers.
     void layOutEvents();
 
     bool hasStrip(double height) const { return height > m_strip + 1.5 * m_row; }
 
-    /// Where the texts of an area begin: below the strip, if the area has room for both.
+    /// Upper end of an area's texts: below the strip, if the area has room for both.
     double topOfTexts(const QRectF& area) const;
     void eventNumbers();
     void events();
     void layOutCursor();
     void cursor();
-    /// Beside the cursor's line at x, where no other text stands if possible.
+    /// Left end of the cursor's text beside its line at x, clear of other texts if possible.
     double beginOfCursorText(double x, double width) const;
 
-    /// Bands that are lower than a line of text share one list.
+    /// Otherwise all traces share one list, as bands are lower than a line of text.
     bool hasLegendInBands() const
     {
         return m_graph.settings.isSplit && m_graph.rowHeight() >= m_row;
     }
 
-    /// How many of the rows are shown in the height; the last line then tells of the others.
+    /// How many rows fit into the height; if not all do, one line is kept to count the rest.
     std::size_t fitting(std::size_t rows, double height) const;
     static QString moreText(std::size_t count);
     void legend(const std::vector<int>& visible);
-    /// Fills the panel, for which the legend leaves room.
+    /// Fills the panel's lines and places it; the legend then leaves room for it.
     void layOutStatistic(const std::vector<int>& visible);
     double rightOfTexts(double y) const;
 
-    /// Whether a line of text lies where the cursor's does.
+    /// Whether a line of text at y is on the cursor text's line.
     bool isCursorRow(double y) const
     {
         return m_cursorWidth > 0.0 && y < m_plot.top() + 1.5 * m_row;
@@ -105,16 +105,16 @@ private:
     const GraphInput& m_input;
     double m_pixelRatio;
     double m_row;  ///< height of a line of text
-    QRectF m_plot; ///< top is its lower edge, as y goes up
+    QRectF m_plot; ///< y points up: top() is the lower edge
     GraphScene m_scene;
     ScenePen m_pen{m_scene};
-    std::vector<std::pair<QRectF, QColor>> m_swatches; ///< of the legend
+    std::vector<std::pair<QRectF, QColor>> m_swatches; ///< colour squares of the legend
     std::vector<QRectF> m_plates;                      ///< below texts in the plot
-    QRectF m_panel;                                    ///< of the statistic
+    QRectF m_panel;                                    ///< area of the statistic
     QStringList m_panelLines;
-    std::vector<EventLine> m_events; ///< in sight
-    double m_strip = 0.0;            ///< at the top of the plot, for their numbers
-    double m_cursorWidth = 0.0;      ///< of its text, with some room; 0: none
+    std::vector<EventLine> m_events; ///< visible ones
+    double m_strip = 0.0;            ///< height kept free at the plot's top for event numbers
+    double m_cursorWidth = 0.0;      ///< width of the cursor's text with a margin; 0 without one
 };
 
 } // namespace KOLT

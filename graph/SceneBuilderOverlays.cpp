@@ -14,7 +14,7 @@ constexpr double panelPadding = 8.0;
 constexpr double handleX = 10.0;
 constexpr QColor markerColor(255, 255, 0, 77);
 constexpr QColor eventColor(0, 153, 153);
-constexpr double eventDepth = 15.0; ///< of an event's number below the plot's top
+constexpr double eventDepth = 15.0; ///< depth of an event's number below the plot's top
 constexpr QColor dragColor(0, 255, 255);
 constexpr QColor hoverColor(255, 128, 0);
 constexpr QColor cursorColor(128, 128, 128);
@@ -31,7 +31,7 @@ void SceneBuilder::markers()
     if (right > left) {
         const QRectF area(left, m_plot.top(), right - left, m_plot.height());
         m_pen.quad(area, markerColor);
-        // Texts keep their ground.
+        // Texts keep their plate.
         for (const QRectF& plate : m_plates) {
             if (plate.intersects(area))
                 m_pen.quad(plate.intersected(area), plateColor());
@@ -52,7 +52,7 @@ void SceneBuilder::layOutEvents()
         return;
     m_events = m_graph.eventsInSight();
     m_strip = std::max(eventDepth, m_row / 2.0) +
-              m_row / 2.0; // also while none is in sight: no text is to jump
+              m_row / 2.0; // kept even when no event is visible, so that texts do not jump
 }
 
 double SceneBuilder::topOfTexts(const QRectF& area) const
@@ -63,10 +63,10 @@ double SceneBuilder::topOfTexts(const QRectF& area) const
 
 void SceneBuilder::eventNumbers()
 {
-    // Beside the legend where bands are too low for a strip.
+    // Beside the legend if bands are too low for a strip.
     const bool isStrip = hasStrip(hasLegendInBands() ? m_graph.rowHeight() : m_plot.height());
     const double y = m_plot.bottom() + m_row / 2.0 - (isStrip ? m_strip : m_row);
-    double taken = m_plot.left(); // by the number before
+    double taken = m_plot.left(); // right end of the number before
     for (const EventLine& event : m_events) {
         const double left = m_graph.xOf(event.seconds) + 5.0;
         if (left < taken)
@@ -97,7 +97,7 @@ void SceneBuilder::events()
 void SceneBuilder::layOutCursor()
 {
     constexpr double around = 15.0;
-    if (m_graph.settings.hasCursor) // also where it is out of sight: no text is to jump
+    if (m_graph.settings.hasCursor) // even when out of sight, so that texts do not jump
         m_cursorWidth = widthOf(cursorText(m_graph.cursorTime, m_graph.cursorValue)) + around;
 }
 
@@ -113,7 +113,7 @@ double SceneBuilder::beginOfCursorText(double x, double width) const
         return std::ranges::none_of(m_plates,
                                     [&](const QRectF& plate) { return plate.intersects(box); });
     };
-    double beyond = m_plot.left(); // the legend of the lowest band
+    double beyond = m_plot.left(); // right end of the lowest band's legend
     for (const QRectF& plate : m_plates) {
         if (plate.top() < m_plot.top() + m_row && plate.left() < m_plot.center().x())
             beyond = std::max(beyond, plate.right() + 2.0);
@@ -122,7 +122,7 @@ double SceneBuilder::beginOfCursorText(double x, double width) const
         if (fits(begin) && isFree(begin))
             return begin;
     }
-    // In a narrow plot neither side has room: it then begins at the plot's edge.
+    // If neither side has room, the text starts at the plot's edge.
     return fits(right) ? right : std::max(left, m_plot.left() + 2.0);
 }
 
@@ -158,7 +158,7 @@ QString SceneBuilder::moreText(std::size_t count)
 void SceneBuilder::legend(const std::vector<int>& visible)
 {
     const bool isInBands = hasLegendInBands();
-    // Of a list the last line is the cursor's.
+    // The lowest line of the plot is left to the cursor's text.
     const double top = topOfTexts(m_plot);
     const double height = top - m_plot.top() - (m_cursorWidth > 0.0 ? m_row : 0.0);
     const std::size_t shown = isInBands ? visible.size() : fitting(visible.size(), height);
@@ -192,7 +192,7 @@ void SceneBuilder::layOutStatistic(const std::vector<int>& visible)
         heading = heading.section(QStringLiteral(": "), -1);
     QStringList& lines = m_panelLines;
     lines = {heading};
-    // Above the line of the cursor's text.
+    // The panel lies above the line of the cursor's text.
     const double height = m_plot.height() - 2.0 * m_row - 3.0 * panelPadding;
     const std::size_t shown = fitting(visible.size(), height);
     const int longest = std::max(charactersIn(m_plot.width() / 2.0 - 3.0 * panelPadding),
@@ -219,7 +219,7 @@ void SceneBuilder::statistic()
 {
     if (m_panelLines.isEmpty())
         return;
-    // Texts lie over all figures: what has no room beside the panel would shine through.
+    // Texts are drawn over all figures: those below the panel would show through.
     std::erase_if(m_scene.texts, [this](const GraphScene::Text& other) {
         const double width = widthOf(other.text);
         const bool isRight = other.alignment.testFlag(Qt::AlignRight);

@@ -19,16 +19,16 @@ struct Stroke
     double first = 0.0; ///< height of the first sample
     double last = 0.0;
     bool isJoined = false; ///< to the stroke before it
-    bool isLong = false;   ///< stands for more than one sample
+    bool isLong = false;   ///< of more than one sample
 };
 
-/// What is drawn for each column: over all that its samples reach.
+/// The strokes of all columns with a number, in pixels.
 std::vector<Stroke> strokesOf(const Graph& graph, int index, const QRectF& area)
 {
     const GraphTrace& trace = graph.trace(index);
     const double zero = graph.yOf(index, trace.lower);
     const double unit = (graph.yOf(index, trace.upper) - zero) / (trace.upper - trace.lower);
-    // Within far reach of the window; what lies beyond would lose its precision as float.
+    // Values far outside the plot would lose precision as float.
     const auto yOf = [&](double value) {
         return std::clamp(zero + (value - trace.lower) * unit, area.top() - 1e5,
                           area.bottom() + 1e5);
@@ -38,7 +38,7 @@ std::vector<Stroke> strokesOf(const Graph& graph, int index, const QRectF& area)
     bool isJoined = false;
     for (const GraphColumn& column : trace.columns()) {
         const bool isNumber = !std::isnan(column.lowest);
-        if (column.mark == 0 || !isNumber) // no line across missing data
+        if (column.mark == 0 || !isNumber) // data are missing
             isJoined = false;
         if (!isNumber)
             continue;
@@ -50,7 +50,7 @@ std::vector<Stroke> strokesOf(const Graph& graph, int index, const QRectF& area)
     return result;
 }
 
-/// A level one still makes a dot.
+/// A vertical line, at least a pixel high so that a single value makes a dot.
 void upright(ScenePen& pen, double x, double low, double high)
 {
     const double room = std::max(0.0, (1.0 - (high - low)) / 2.0);
@@ -58,10 +58,10 @@ void upright(ScenePen& pen, double x, double low, double high)
     pen.vertex(x, high + room);
 }
 
-/// Whether upright lines there surely leave no pixel between them.
+/// Whether vertical lines at these places leave no pixel between them, whatever the rounding.
 bool isBeside(double left, double right, double pixelRatio)
 {
-    constexpr double slack = 0.01; ///< what rounding may move
+    constexpr double slack = 0.01; ///< tolerance for rounding errors
     const double width = std::max(1.0, std::round(static_cast<double>(traceWidth) * pixelRatio));
     const double low = std::min(left, right) * pixelRatio;
     const double high = std::max(left, right) * pixelRatio;
@@ -69,7 +69,7 @@ bool isBeside(double left, double right, double pixelRatio)
            std::floor(low - slack + (width - 1.0) / 2.0);
 }
 
-/// A strip through both ends of each stroke.
+/// Draws a line strip through both ends of each stroke.
 void drawStrips(ScenePen& pen, const std::vector<Stroke>& drawn, const QColor& color,
                 const QRectF& area)
 {
@@ -80,8 +80,8 @@ void drawStrips(ScenePen& pen, const std::vector<Stroke>& drawn, const QColor& c
             pen.begin(GraphScene::Kind::Strip, color, traceWidth).clip = area;
             upright(pen, stroke.x, stroke.low, stroke.high);
         } else if (stroke.isLong) {
-            // From the end that is nearer to the first value, so that the line that comes from
-            // the column before enters where the samples do.
+            // Start at the end nearer to the first value, so that the line from the column
+            // before enters where the samples do.
             const bool isFromLow = stroke.first - stroke.low <= stroke.high - stroke.first;
             pen.vertex(stroke.x, isFromLow ? stroke.low : stroke.high);
             pen.vertex(stroke.x, isFromLow ? stroke.high : stroke.low);
@@ -92,8 +92,8 @@ void drawStrips(ScenePen& pen, const std::vector<Stroke>& drawn, const QColor& c
     pen.end();
 }
 
-/// Strokes beside each other are drawn out until they meet; a line from one to the next is only
-/// needed where pixels lie between them. This takes half as many lines as a strip.
+/// Draws adjacent strokes extended until they overlap; a joining line is only needed where there
+/// are pixels between strokes. This takes half as many lines as a strip.
 void drawDense(ScenePen& pen, const std::vector<Stroke>& drawn, const QColor& color,
                const QRectF& area, double pixelRatio)
 {
@@ -124,7 +124,7 @@ void drawTrace(GraphScene& scene, const Graph& graph, int index, const QRectF& a
     if (drawn.empty())
         return;
     ScenePen pen(scene);
-    constexpr double dense = 1.1; ///< pixels from stroke to stroke
+    constexpr double dense = 1.1; ///< mean pixels between strokes
     const double reach = drawn.back().x - drawn.front().x;
     const QColor& color = graph.trace(index).color;
     if (reach < dense * static_cast<double>(drawn.size() - 1))

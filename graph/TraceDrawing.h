@@ -4,9 +4,9 @@
 
 namespace KOLT {
 
-/// Adds the lines of a trace to a scene, clipped to `area`: an upright stroke for each column, over
-/// all that its samples reach, joined to its neighbours, so that a spike of one sample stays
-/// visible at every zoom. No line leads across missing data. `pixelRatio` as for buildScene().
+/// Adds the lines of a trace to a scene, clipped to `area`. Each column becomes a vertical stroke
+/// from its lowest to its highest value, joined to its neighbours, so that a spike of one sample is
+/// visible at every zoom. No line crosses missing data. `pixelRatio` as for buildScene().
 void drawTrace(GraphScene& scene, const Graph& graph, int trace, const QRectF& area,
                double pixelRatio);
 

@@ -15,13 +15,13 @@ constexpr auto shortestGap =
     static_cast<std::int64_t>(1e9 / RecordFormat::nanosecondsPerTick); ///< a second in ticks
 constexpr int mostDecimals = 3;
 
-/// The unit's counter as it stands in the sample; seconds cost more than comparing needs.
+/// The raw counter of the sample: for comparing, converting to seconds would cost more.
 std::int64_t ticksOf(const StoredSample& sample)
 {
     return static_cast<std::int64_t>(sample.timeHigh) << 32 | sample.timeLow;
 }
 
-/// The middle one of the spacings in ticks, from some hundred of them all over the series.
+/// The median spacing in ticks, estimated from about 500 places of the series.
 std::int64_t usualSpacing(const MessageSeries& series)
 {
     constexpr std::size_t looks = 501;
@@ -36,7 +36,7 @@ std::int64_t usualSpacing(const MessageSeries& series)
     return *middle;
 }
 
-/// The times of the series, if some trace has them already.
+/// The times of the series if another trace already has them, else null.
 std::shared_ptr<SampleTimes> knownTimes(const Graph& graph, const MessageSeries& series)
 {
     for (int i = 0; i < graph.traceCount(); ++i) {
@@ -47,12 +47,12 @@ std::shared_ptr<SampleTimes> knownTimes(const Graph& graph, const MessageSeries&
     return nullptr;
 }
 
-/// One walk over the series finds out about its times and decodes the values.
+/// Decodes all values and finds the gaps, and whether times ascend, in one pass.
 template <typename Decode>
 std::shared_ptr<SampleTimes> walk(const MessageSeries& series, SampleValues& values,
                                   Decode&& decode)
 {
-    // The next sample is missing when it is late by more than this.
+    // A longer spacing is a gap.
     const std::int64_t usual = std::max(gapFactor * usualSpacing(series), shortestGap - 1);
     std::vector<std::uint32_t> gaps;
     bool isAscending = true;
@@ -69,8 +69,8 @@ std::shared_ptr<SampleTimes> walk(const MessageSeries& series, SampleValues& val
     return std::make_shared<SampleTimes>(series, std::move(gaps), isAscending);
 }
 
-/// The samples in the order of their times: in any other, one stray time stamp would hide all that
-/// comes behind it.
+/// Stores the samples in order of time: otherwise one stray time stamp would hide all samples
+/// after it.
 void feedSorted(GraphTrace& trace, const MessageSeries& series, const SampleValues& values)
 {
     std::vector<std::uint32_t> order(series.size());
@@ -86,7 +86,7 @@ void feedSorted(GraphTrace& trace, const MessageSeries& series, const SampleValu
     }
 }
 
-/// All that a trace shows of its parameter but the samples.
+/// Sets everything the trace shows of its parameter except the samples.
 void describeTrace(Graph& graph, int index, const Profile& profile,
                    const ProfileParameter& parameter)
 {
@@ -172,7 +172,7 @@ bool TraceFeeder::feed(std::chrono::milliseconds budget)
         const int index = m_pending.front();
         m_pending.pop_front();
         feedTrace(m_graph, index, *m_profile, *m_graph.source(index).parameter, *m_dataSet);
-        // Sums up the samples, which takes as long as decoding them.
+        // Builds the pyramid now, within the budget: it takes as long as decoding.
         m_graph.trace(index).rebuild(m_graph.windowStart, m_graph.windowEnd,
                                      m_graph.pixelSeconds());
         if (std::chrono::steady_clock::now() - start >= budget)

@@ -12,14 +12,14 @@ namespace KOLT {
 
 /// Fills a trace of the graph with the samples of a parameter, in the profile's unit system.
 ///
-/// A sample is marked as coming after a gap when it lies more than three times the usual spacing
-/// of its series, and at least 1 s, behind the one before. Infinite values count as no number. The
-/// trace reads its times from the data set, which must stay until the trace is cleared; traces of
-/// one message share what is known about them.
+/// A sample follows a gap if it is more than three times the usual spacing of its series, and at
+/// least 1 s, later than the one before. Infinite values become NaN. Samples whose times do not
+/// ascend are sorted by time. The trace reads its times from the data set, which must stay alive
+/// until the trace is cleared; traces of one message share their times.
 void feedTrace(Graph& graph, int index, const Profile& profile, const ProfileParameter& parameter,
                const DataSet& dataSet);
 
-/// Fills all traces of a graph, some of them at a time, so that the window stays alive over long
+/// Fills all traces of a graph in short steps, so that the window stays responsive during long
 /// recordings.
 class TraceFeeder
 {
@@ -29,20 +29,20 @@ public:
     {
     }
 
-    /// Makes a trace for each parameter, 1 to Graph::maxTraces of them, in this order. What was fed
-    /// before from the same samples in the same unit is kept, and so is the selection; the other
-    /// traces are empty until feed() fills them. Nothing given here may go before cancel().
+    /// Makes one trace per parameter, 1 to Graph::maxTraces, in this order. Traces already filled
+    /// from the same samples in the same unit are kept, and so is the selected trace; the others
+    /// are empty until feed() fills them. The arguments must stay alive until cancel().
     void begin(const Profile& profile, const std::vector<const ProfileParameter*>& parameters,
                const DataSet& dataSet);
 
     void cancel() { m_pending.clear(); }
 
-    /// Fills one trace, and further ones until the time is up. True when none is left.
+    /// Fills one trace, then more until the time is up. True when all are filled.
     bool feed(std::chrono::milliseconds budget);
 
     bool isDone() const { return m_pending.empty(); }
 
-    std::size_t total() const { return m_total; } ///< traces to fill, as begin() found
+    std::size_t total() const { return m_total; } ///< traces that begin() left to fill
 
     std::size_t filled() const { return m_total - m_pending.size(); }
 

@@ -40,7 +40,7 @@ DialogExport::DialogExport(Source source, Format format, QWidget* parent)
     m_summary->setWordWrap(true);
     m_progress->setRange(0, wholePercent);
     QSizePolicy policy = m_progress->sizePolicy();
-    policy.setRetainSizeWhenHidden(true); // the window keeps its size
+    policy.setRetainSizeWhenHidden(true); // the layout must not jump
     m_progress->setSizePolicy(policy);
     m_export->setDefault(true);
     m_cancel->setAutoDefault(false);

@@ -14,34 +14,34 @@ class QVBoxLayout;
 
 namespace KOLT {
 
-/// What all exports of the window have in common: below the options of a format a line that says
-/// what will be written, "Export...", which asks for the file, and while it is written progress and
-/// a cancel button. The dialog is accepted once the file is there; after a failure, which a box
-/// tells, and after a cancelled export it stays open.
+/// Base of the export dialogs: the format's options, a summary of what will be written, and the
+/// button "Export...", which asks for a file and writes it with progress and a cancel button. The
+/// dialog is accepted once the file is written; after a failure (reported in a box) or cancelling
+/// it stays open.
 ///
-/// While a file is written, events are handled: the data set and the profile must stay as they are
-/// until the dialog has closed.
+/// Events are processed while a file is written: data set and profile must not change until the
+/// dialog has closed.
 class DialogExport : public QDialog
 {
     Q_OBJECT
 
 public:
-    /// What is exported, and how that is called.
+    /// What is exported, with its names.
     struct Source
     {
         const DataSet& dataSet;
-        QString title;    ///< what the documents are called
-        QString fileName; ///< proposed
-        QString folder;   ///< offered first
+        QString title;    ///< title of the document
+        QString fileName; ///< proposed file name
+        QString folder;   ///< where the file dialog opens
     };
 
-    /// Where the file went; empty before it is there.
+    /// The written file; empty until an export is done.
     const QString& exportedPath() const { return m_exportedPath; }
 
     void reject() override;
 
 signals:
-    /// The user chose a file in this folder; it is about to be written with the options of now.
+    /// The user chose a file in this folder. Emitted before it is written with the current options.
     void signalChosen(const QString& folder);
 
 protected:
@@ -56,12 +56,12 @@ protected:
 
     DialogExport(Source source, Format format, QWidget* parent);
 
-    /// Where a format puts its options.
+    /// Place for the format's options.
     QVBoxLayout& optionsLayout() { return *m_optionsLayout; }
 
     const Source& source() const { return m_source; }
 
-    /// Says what will be written, or why nothing can be.
+    /// Shows what will be written, or why nothing can be written.
     void setSummary(const QString& text, bool isPossible);
 
     virtual ExportStatus write(QIODevice& device, const ExportProgress& progress) = 0;

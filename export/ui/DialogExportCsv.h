@@ -12,7 +12,7 @@ class QSpinBox;
 
 namespace KOLT {
 
-/// The options of a CSV export, with the rows and the size that they lead to.
+/// Exports a CSV table: its options, with the resulting number of rows and file size.
 class DialogExportCsv : public DialogExport
 {
     Q_OBJECT
@@ -21,7 +21,7 @@ public:
     DialogExportCsv(const Profile& profile, Source source, const CsvOptions& options,
                     QWidget* parent = nullptr);
 
-    /// As the user has set them.
+    /// The options as set in the dialog.
     CsvOptions options() const;
 
 protected:
@@ -33,7 +33,7 @@ private:
     void showEstimate();
 
     const Profile& m_profile;
-    const std::optional<SampleSpan> m_span; ///< found once: it takes a look at every sample
+    const std::optional<SampleSpan> m_span; ///< computed once, as it visits every sample
     QComboBox* m_separator = nullptr;
     QCheckBox* m_comma = nullptr;
     QSpinBox* m_resolution = nullptr;

@@ -4,7 +4,7 @@
 
 namespace KOLT {
 
-/// Exports the flights as GPX tracks. There is nothing to choose but the file.
+/// Exports the flights as GPX tracks. It has no options.
 class DialogExportGpx : public DialogExport
 {
     Q_OBJECT

@@ -25,7 +25,7 @@ constexpr int opaque = 255;
 constexpr int percentWidth = 40;
 constexpr int groupSpacing = 12;
 
-/// A number with the bounds of the setting.
+/// A spin box with the bounds of the setting.
 QSpinBox* createNumber(const char* key)
 {
     auto* const box = new QSpinBox;

@@ -16,8 +16,8 @@ namespace KOLT {
 
 class WidgetColorButton;
 
-/// The options of a KML export: line, curtain, marks along the path and where something was
-/// exceeded, times.
+/// Exports a KML file: options for line, curtain, marks along the path, marks of exceedances, and
+/// times.
 class DialogExportKml : public DialogExport
 {
     Q_OBJECT
@@ -26,7 +26,7 @@ public:
     DialogExportKml(const Profile& profile, Source source, const KmlOptions& options,
                     QWidget* parent = nullptr);
 
-    /// As the user has set them.
+    /// The options as set in the dialog.
     KmlOptions options() const;
 
 protected:

@@ -6,7 +6,7 @@
 
 namespace KOLT {
 
-/// What there is of a path: "4 flights, 6,305 points", or that there is none.
+/// Summary of the path: "4 flights, 6,305 positions, two a second", or that there is none.
 QString pathSummary(const DataSet& dataSet);
 
 } // namespace KOLT

@@ -23,10 +23,10 @@ namespace KOLT {
 namespace {
 
 constexpr int holdMilliseconds = 50;
-constexpr std::chrono::milliseconds feedBudget(15); ///< at a time
-constexpr int showMilliseconds = 100; ///< between pictures of the traces filled so far
+constexpr std::chrono::milliseconds feedBudget(15); ///< per step
+constexpr int showMilliseconds = 100; ///< between repaints while traces are being filled
 
-/// Whether contexts of this machine have the fixed-function pipeline. Asked once.
+/// Whether OpenGL contexts here have the fixed-function pipeline. Determined once.
 bool hasFixedFunction()
 {
     static const bool answer = [] {
@@ -34,7 +34,7 @@ bool hasFixedFunction()
         QOffscreenSurface surface;
         surface.create();
         if (!context.create() || !context.makeCurrent(&surface))
-            return true; // the widget will say what is wrong
+            return true; // the widget will report the error
         const QSurfaceFormat format = context.format();
         const bool isCore = format.profile() == QSurfaceFormat::CoreProfile;
         return !context.isOpenGLES() && !isCore;
@@ -42,7 +42,7 @@ bool hasFixedFunction()
     return answer;
 }
 
-/// Numbered as the rows of the list of limits, which has the same events in this order.
+/// Numbered like the rows of the limit page, which lists the same events in this order.
 std::vector<EventLine> linesOf(std::span<const Event> events)
 {
     std::vector<EventLine> lines;
@@ -71,7 +71,7 @@ DialogDataGraph::DialogDataGraph(const Profile& profile, const GraphSettings& se
     layout->addLayout(m_bar);
     m_cut = new QLabel(page);
     m_cut->setIndent(4);
-    m_cut->setWordWrap(true); // the page must not grow by it
+    m_cut->setWordWrap(true); // otherwise its text would widen the page
     m_cut->hide();
     layout->addWidget(m_cut);
     layout->addWidget(m_graph, 1);
@@ -79,7 +79,7 @@ DialogDataGraph::DialogDataGraph(const Profile& profile, const GraphSettings& se
 
     m_setup = new DialogGraphSetup(m_settings, this);
     connect(m_setup, &DialogGraphSetup::signalChanged, this, [this] {
-        // It has no field for the span, and what is in sight may be wider.
+        // Applying the settings applies their span too, but the dialog cannot change it.
         const double start = m_graph->graph().windowStart;
         const double end = m_graph->graph().windowEnd;
         slotGraphSetup();
@@ -122,7 +122,7 @@ void DialogDataGraph::clearTraces()
     m_feeder->cancel();
     m_feedTimer.stop();
     m_progress->hide();
-    m_graph->releaseCursor(); // it held a moment of what goes
+    m_graph->releaseCursor(); // it was held at a time of the old data
     m_graph->setTraceCount(1);
     m_graph->editGraph().setVisible(0, false);
     m_graph->refresh();
@@ -162,7 +162,7 @@ void DialogDataGraph::showData()
     m_sinceShown.start();
     m_feedTimer.start(0);
     feedEvents();
-    slotTimeoutFeed(); // short recordings are there at once
+    slotTimeoutFeed(); // fills short recordings at once
 }
 
 void DialogDataGraph::feedEvents()
@@ -197,7 +197,7 @@ void DialogDataGraph::showWhatIsCut()
 
 void DialogDataGraph::showTime()
 {
-    // Where the cursor was put is the page's time, and nothing is to move.
+    // After the user placed the cursor, the page's time comes back: nothing may move then.
     const bool isThere =
         static_cast<float>(time()) == static_cast<float>(m_graph->graph().cursorTime);
     if (!std::exchange(m_mustPlaceWindow, false) && isThere)
@@ -257,7 +257,7 @@ void DialogDataGraph::slotMoveParameter(int trace, int row)
     const double start = m_graph->graph().windowStart;
     const double end = m_graph->graph().windowEnd;
     emit signalOrder(names);
-    m_graph->setWindow(start, end); // showing the data anew must not move it
+    m_graph->setWindow(start, end); // the reload may have moved it
 }
 
 } // namespace KOLT

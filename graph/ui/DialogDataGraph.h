@@ -25,8 +25,8 @@ class WidgetGraphBase;
 /// The "Graph" page: the oscilloscope with its command bar. Owns the graph's settings and reports
 /// each change of them.
 ///
-/// Traces of long recordings are filled while the window goes on: all are there at once, but empty
-/// until their turn comes.
+/// Traces of long recordings are filled step by step while the window stays responsive; all are
+/// listed at once, empty until filled.
 class DialogDataGraph : public QWidget, public DataPage
 {
     Q_OBJECT
@@ -38,7 +38,7 @@ public:
 
     const WidgetGraphBase& widget() const { return *m_graph; }
 
-    /// Whether some traces are still to be filled.
+    /// Whether traces are still being filled.
     bool isFeeding() const { return m_feedTimer.isActive(); }
 
 signals:
@@ -89,7 +89,7 @@ private:
     void copyPicture();
     void zoomToAll();
     void pageTo(double seconds);
-    /// Finds the events, once for the data and not before they are wanted.
+    /// Shows the events; finds them once per data set, and only when they are switched on.
     void feedEvents();
     void showWhatIsCut();
     std::vector<const ProfileParameter*> parameters() const;
@@ -102,13 +102,13 @@ private:
     QHBoxLayout* m_bar = nullptr;
     ContentOrNote* m_shown = nullptr;
     QLabel* m_progress = nullptr;
-    QLabel* m_cut = nullptr; ///< tells of parameters without a trace
+    QLabel* m_cut = nullptr; ///< shown if there are more parameters than traces
     std::unique_ptr<TraceFeeder> m_feeder;
     QTimer m_feedTimer;
-    QElapsedTimer m_sinceShown;    ///< since the picture of the traces filled so far
-    bool m_hasEvents = false;      ///< the graph has those of the data
-    bool m_isNewData = true;       ///< its traces were not shown yet
-    bool m_mustPlaceWindow = true; ///< even if the cursor is where the time is
+    QElapsedTimer m_sinceShown;    ///< since the last repaint while filling
+    bool m_hasEvents = false;      ///< the graph shows the events of the data
+    bool m_isNewData = true;       ///< the data have not been shown yet
+    bool m_mustPlaceWindow = true; ///< even if the cursor already is at the page's time
     QTimer m_holdTimer;
     int m_heldCommand = NoCommand;
 };

@@ -130,7 +130,7 @@ void DialogDataGraph::slotCommandRelease(int id)
         saveSnapshot();
         break;
     default:
-        emit signalSettings(m_settings); // the span that was zoomed to
+        emit signalSettings(m_settings); // a held zoom button changed the span
         break;
     }
     m_heldCommand = NoCommand;
@@ -152,14 +152,14 @@ void DialogDataGraph::zoomToAll()
 void DialogDataGraph::slotTimeout()
 {
     const double span = m_graph->graph().span();
-    // The limits stand on these sides on purpose: a zoom that began beyond one comes back.
+    // The limits are on these sides on purpose: they bring back a span that is beyond one.
     if (m_heldCommand == ZoomIn)
         setTimeSpan(std::min(span * holdFactor, longestHeldSpan));
     else if (m_heldCommand == ZoomOut)
         setTimeSpan(std::max(span / holdFactor, shortestHeldSpan));
     else
         return;
-    m_graph->followCursor(); // the step keeps an end of the window, not the cursor in it
+    m_graph->followCursor(); // the step kept one end of the window rather than the cursor's place
 }
 
 void DialogDataGraph::showSetup()

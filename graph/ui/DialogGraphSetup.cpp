@@ -18,10 +18,9 @@ namespace {
 constexpr QSize swatchSize(32, 16);
 constexpr int numberWidth = 90;
 
-/// What is no number, or none that ends, gives 0.
+/// 0 for text that is not a finite number. Accepts the language's decimal sign and a point.
 double numberOf(const QString& text)
 {
-    // With a point everywhere, with a comma where the language has it.
     bool isNumber = false;
     double number = text.toDouble(&isNumber);
     if (!isNumber)
@@ -29,7 +28,7 @@ double numberOf(const QString& text)
     return std::isfinite(number) ? number : 0.0;
 }
 
-/// As the window's language writes it.
+/// In the notation of the user interface's language.
 QString textOf(double number)
 {
     QLocale locale;

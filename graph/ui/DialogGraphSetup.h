@@ -12,8 +12,8 @@ class QLineEdit;
 
 namespace KOLT {
 
-/// The "Oscilloscope Setup": edits the graph's settings in place and tells each change, so that the
-/// graph follows it live. The settings must outlive the dialog.
+/// The "Oscilloscope Setup": edits the graph's settings in place and reports each change at once.
+/// The settings must outlive the dialog.
 class DialogGraphSetup : public QDialog
 {
     Q_OBJECT
@@ -21,7 +21,7 @@ class DialogGraphSetup : public QDialog
 public:
     explicit DialogGraphSetup(GraphSettings& settings, QWidget* parent = nullptr);
 
-    /// Shows the settings as they are now.
+    /// Updates the controls from the settings.
     void refresh();
 
 signals:
@@ -59,7 +59,7 @@ private:
     QComboBox* m_cursorMode = nullptr;
     QLineEdit* m_yMinimum = nullptr;
     QLineEdit* m_yMaximum = nullptr;
-    bool m_isShowing = false; ///< the program writes the controls
+    bool m_isShowing = false; ///< the controls are being updated by refresh()
 };
 
 } // namespace KOLT

@@ -28,7 +28,7 @@ GLenum modeOf(GraphScene::Kind kind)
     return GL_LINES;
 }
 
-/// Every other pixel, as a chess board.
+/// Every other pixel, as a chessboard.
 constexpr std::array<GLubyte, 128> stipple = [] {
     std::array<GLubyte, 128> pattern{};
     for (std::size_t i = 0; i < pattern.size(); ++i)
@@ -36,8 +36,8 @@ constexpr std::array<GLubyte, 128> stipple = [] {
     return pattern;
 }();
 
-/// Level and upright lines as thin areas: a software renderer draws these many times faster than
-/// stippled lines, which it cuts into one line for each dot.
+/// Draws horizontal and vertical lines as thin stippled quads: a software renderer draws these many
+/// times faster than stippled lines, which it splits into one line per dot.
 void drawStippled(std::span<const float> ends, float width)
 {
     const float half = width / 2.0F;
@@ -79,7 +79,7 @@ void WidgetGraph::drawFigures(const GraphScene& scene, double pixelRatio) const
                  1.0F);
     glDisable(GL_SCISSOR_TEST);
     glClear(GL_COLOR_BUFFER_BIT);
-    glColorMask(GL_TRUE, GL_TRUE, GL_TRUE, GL_FALSE); // the widget stays opaque
+    glColorMask(GL_TRUE, GL_TRUE, GL_TRUE, GL_FALSE); // keep the widget opaque
     glDisable(GL_DEPTH_TEST);
     glEnable(GL_BLEND);
     glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
@@ -95,7 +95,7 @@ void WidgetGraph::drawFigures(const GraphScene& scene, double pixelRatio) const
         if (figure.color.alpha() < 255)
             glEnable(GL_BLEND);
         else
-            glDisable(GL_BLEND); // the software renderer is quicker without
+            glDisable(GL_BLEND); // faster on a software renderer
         glColor4f(figure.color.redF(), figure.color.greenF(), figure.color.blueF(),
                   figure.color.alphaF());
         const float* const vertices = scene.vertices.data() + 2 * figure.first;
@@ -115,7 +115,7 @@ void WidgetGraph::drawFigures(const GraphScene& scene, double pixelRatio) const
 
 void WidgetGraph::drawScene(const GraphScene& scene, double pixelRatio)
 {
-    // A painter on the widget itself would be lost in a snapshot of the page.
+    // What a painter on the widget itself draws is missing in a snapshot of the page.
     QOpenGLPaintDevice device(size() * pixelRatio);
     device.setDevicePixelRatio(pixelRatio);
     QPainter painter(&device);

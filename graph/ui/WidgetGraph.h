@@ -8,7 +8,7 @@
 
 namespace KOLT {
 
-/// The oscilloscope drawn with the fixed-function pipeline, from vertex arrays.
+/// The oscilloscope drawn with vertex arrays of the fixed-function pipeline.
 class WidgetGraph : public WidgetGraphBase
 {
     Q_OBJECT
@@ -27,9 +27,9 @@ private:
     void drawTexts(QPainter& painter, const GraphScene& scene);
     const QStaticText& staticText(const QString& text);
 
-    // The same texts come again in most frames, and laying them out takes longer than drawing.
+    // Most texts recur in the next frame, and laying them out takes longer than drawing.
     QHash<QString, QStaticText> m_texts;
-    QFont m_textFont; ///< of m_texts
+    QFont m_textFont; ///< font of m_texts
 };
 
 } // namespace KOLT

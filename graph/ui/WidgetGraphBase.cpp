@@ -17,7 +17,7 @@ constexpr int recalcMilliseconds = 50;
 constexpr int resizeMilliseconds = 100;
 constexpr int cursorMilliseconds = 5000;
 constexpr double leastRowHeight = 16.0;  ///< pixels
-constexpr double repaintThreshold = 0.7; ///< of the time that one pixel covers
+constexpr double repaintThreshold = 0.7; ///< as a part of the time that one pixel covers
 
 } // namespace
 
@@ -99,7 +99,7 @@ void WidgetGraphBase::refresh()
 void WidgetGraphBase::setCursorTime(double seconds)
 {
     m_graph.setCursorTime(seconds);
-    // The values in the legend change where the cursor does not move by a pixel.
+    // Repaint even if the cursor moves by less than a pixel: the legend's values change.
     m_hasMoved = true;
     if (!m_followTimer.isActive())
         slotTimeoutFollow();

@@ -8,8 +8,8 @@
 
 namespace KOLT {
 
-/// The oscilloscope as a widget: forwards events to the graph's input, tells what the user did, and
-/// draws the scene. What draws the figures differs between the two classes derived from it.
+/// The oscilloscope widget: passes events to GraphInput, emits what the user did as signals, and
+/// schedules repaints. Derived classes draw the scene.
 class WidgetGraphBase : public QOpenGLWidget
 {
     Q_OBJECT
@@ -19,34 +19,35 @@ public:
 
     void setSettings(const GraphSettings& settings);
     void setTraceCount(int count);
-    /// The traces were made or filled: scales and shows them. First and last moment of the data.
+    /// First and last time of the data. Call after the traces were made or filled: rescales and
+    /// repaints.
     void setExtent(double first, double last);
 
-    /// For whoever fills the traces; call setExtent() or refresh() afterwards.
+    /// For filling the traces; call setExtent() or refresh() afterwards.
     Graph& editGraph() { return m_graph; }
 
     /// Rebuilds the columns and repaints.
     void refresh();
 
-    /// The replay's time. Nothing moves while the user holds the cursor.
+    /// Sets the replay time. Ignored while the user holds the cursor.
     void setCursorTime(double seconds);
 
-    /// How long a key holds the cursor.
+    /// How long a key press holds the cursor.
     int holdMilliseconds() const { return m_cursorTimer.interval(); }
 
     void setHoldMilliseconds(int milliseconds) { m_cursorTimer.setInterval(milliseconds); }
 
-    /// Ends the user's hold on the cursor without telling it.
+    /// Ends the user's hold on the cursor without a signal.
     void releaseCursor();
     void setTimeSpan(double seconds);
-    /// Puts the window where the cursor's mode wants it.
+    /// Moves the window to where the cursor mode wants it.
     void followCursor();
     void setWindow(double start, double end);
     void addEventLine(int number, double seconds);
     void setEventLines(std::vector<EventLine> lines);
     void clearEventLines();
 
-    /// Name, shown range and colour do not depend on the drawing; this does.
+    /// Tool tip that explains mouse and keys.
     static QString hint();
 
 signals:
@@ -55,9 +56,9 @@ signals:
     void signalMarker(float left, float right);
     void signalManMode();
     void signalMoveParameter(int trace, int row);
-    /// The user's hold on the cursor ended: the replay has it again.
+    /// The user's hold on the cursor ended; it follows the replay again.
     void signalCursorReleased();
-    /// The user chose another span by wheel or key.
+    /// The user changed the span by wheel or key.
     void signalZoomed();
 
 protected:
@@ -93,7 +94,7 @@ private:
     QTimer m_recalcTimer;
     QTimer m_cursorTimer;
     int m_recalcRepeats = 0;
-    QTimer m_followTimer;    ///< runs for a while after a repaint that the time asked for
+    QTimer m_followTimer;    ///< limits how often setCursorTime() repaints
     bool m_hasMoved = false; ///< since the last repaint
     QElapsedTimer m_sinceRepaint;
 };

@@ -29,7 +29,7 @@ WidgetGraphES::WidgetGraphES(QWidget* parent)
 
 WidgetGraphES::~WidgetGraphES()
 {
-    makeCurrent(); // what they hold belongs to the context
+    makeCurrent(); // both release objects of the context
     m_font.reset();
     m_handler.reset();
     doneCurrent();
@@ -72,7 +72,7 @@ void WidgetGraphES::drawFigure(const GraphScene& scene, const GraphScene::Figure
     const auto width = figure.width * static_cast<float>(pixelRatio);
     switch (figure.kind) {
     case GraphScene::Kind::Quads: {
-        TUSK::OpenGL::TriangleStrip area; // the corners in the order of a strip
+        TUSK::OpenGL::TriangleStrip area; // a strip's order: left to right, not around
         for (const std::size_t corner : {0U, 1U, 3U, 2U})
             area.add(vertices[2 * corner], vertices[2 * corner + 1]);
         area.draw(*m_handler, figure.color);

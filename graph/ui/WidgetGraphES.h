@@ -11,7 +11,7 @@ class TextureFont;
 
 namespace KOLT {
 
-/// The oscilloscope drawn with the toolkit's primitives, for contexts without the fixed-function
+/// The oscilloscope drawn with the primitives of libs/tusk, for contexts without the fixed-function
 /// pipeline.
 class WidgetGraphES : public WidgetGraphBase
 {
@@ -30,8 +30,8 @@ private:
 
     std::unique_ptr<TUSK::OpenGL::GlHandler> m_handler;
     std::unique_ptr<TUSK::OpenGL::TextureFont> m_font;
-    QFont m_fontOf;           ///< what the font was made of
-    double m_fontRatio = 0.0; ///< and for which pixel ratio
+    QFont m_fontOf;           ///< font that m_font was made from
+    double m_fontRatio = 0.0; ///< pixel ratio that m_font was made for
 };
 
 } // namespace KOLT

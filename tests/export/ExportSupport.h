@@ -10,15 +10,15 @@
 
 #include <functional>
 
-/// What the tests of the exports have in common.
+/// Helpers shared by the tests of the exports.
 namespace KOLT::Test {
 
-constexpr int position = 1; // identifiers of the messages
+constexpr int position = 1; // message identifiers
 constexpr int altitude = 2;
 constexpr int gauge = 3;
 constexpr int lamp = 4;
 
-/// What a program of the system prints, empty when it fails.
+/// The output of a system program, empty if it fails.
 inline QString outputOf(const QString& program, const QStringList& arguments)
 {
     QProcess process;
@@ -28,7 +28,7 @@ inline QString outputOf(const QString& program, const QStringList& arguments)
     return QString::fromUtf8(process.readAllStandardOutput());
 }
 
-/// A profile, a recording, and what the writers make of them; empty when they fail.
+/// A profile, a recording, and the documents written from them (empty if writing fails).
 class ExportFixture
 {
 protected:
@@ -67,7 +67,7 @@ protected:
         KOLT::Test::add(m_dataSet->messages, static_cast<std::uint32_t>(id), seconds, data);
     }
 
-    /// East along 48.5 degrees, a position each half second, 0.01 minutes apart.
+    /// Adds a flight east along 48.5 degrees, with a position every 0.5 s and 0.01 minutes.
     void fly(double from, double to)
     {
         for (double t = from; t <= to; t += 0.5) {

@@ -22,7 +22,7 @@ using namespace KOLT::Test;
 
 namespace {
 
-/// Refuses what it has no room for, and takes a smaller rest.
+/// Refuses writes larger than its free space, but accepts smaller ones later.
 class SmallDevice : public QIODevice
 {
 public:
@@ -53,7 +53,7 @@ private:
 
 } // namespace
 
-/// Tables, read back by Python's csv module; the files, names and settings of all exports.
+/// CSV tables, read back by Python's csv module; files, names and settings of all exports.
 class TestExport : public QObject, private ExportFixture
 {
     Q_OBJECT
@@ -105,7 +105,8 @@ void TestExport::numbersAsPrintf()
 
 void TestExport::csvToTheByte()
 {
-    // Held values, exact ties, none before the first sample, a new day, a column out of order.
+    // Held values, rounding of ties, empty cells before the first sample, a change of date, samples
+    // out of order.
     add(gauge, 4.5, floats(2.5F));
     add(gauge, 5.3, floats(std::numeric_limits<float>::quiet_NaN()));
     add(altitude, 5.9, floats(0.25F, 7.0F));
@@ -126,7 +127,7 @@ void TestExport::csvToTheByte()
                         "2026-07-29;00:00:00,000;5,000;0,8;-0;2\r\n"
                         "2026-07-29;00:00:00,500;5,500;0,8;-0;nan\r\n"
                         "2026-07-29;00:00:01,000;6,000;0,2;7;nan\r\n"));
-    // What held when a flight began, until its own samples say something else.
+    // Values from before a flight hold until its first sample.
     m_dataSet->before[gauge].data = floats(8.0F);
     QCOMPARE(csv(options).split('\n').value(1),
              QByteArray("2026-07-28;23:59:59,000;4,000;0,8;-0;8\r"));
@@ -141,7 +142,7 @@ void TestExport::csvToTheByte()
 
 void TestExport::csvOptionsThatDoNotFit_data()
 {
-    const Rows<int, bool, QString> row; // code of the separator, decimal comma, row; or refused
+    const Rows<int, bool, QString> row; // separator, decimal comma, row (empty if refused)
     row("semicolon", ';', true, "2026-07-28;23:59:56,500;1,500;2,25");
     row("tabulator", '\t', true, "2026-07-28\t23:59:56,500\t1,500\t2,25");
     row("comma", ',', false, "2026-07-28,23:59:56.500,1.500,2.25");
@@ -166,7 +167,7 @@ void TestExport::csvOptionsThatDoNotFit()
     QCOMPARE(QString::fromUtf8(written.split('\n').value(1)).trimmed(), expected);
     QCOMPARE(written.isEmpty(), expected.isEmpty());
     QCOMPARE(csvSettings()[0].accepts(QByteArray::number(code)), !expected.isEmpty() || comma);
-    // Nobody asked for the locale's decimal comma: it gives way to the separator.
+    // A decimal comma by default only, from the locale, gives way to the separator.
     SettingsStore untouched;
     untouched.setInteger("CsvLimiter", code);
     QCOMPARE(readCsvOptions(untouched, true).decimalComma, code != ',');
@@ -181,7 +182,7 @@ void TestExport::csvReadByPython_data()
     row("blank", " ", 250);
 }
 
-/// Every cell against a search for the last sample up to its row.
+/// Compares every cell with a linear search for the last sample up to its row.
 void TestExport::csvReadByPython()
 {
     const auto [separator, resolution] = fetchRow<QString, int>();
@@ -193,7 +194,7 @@ void TestExport::csvReadByPython()
         double t = 0.0;
         for (int i = 0; i < 60; ++i) {
             t += static_cast<int>(random() % 400) / 1000.0 -
-                 (i % 17 == 5 ? 1.0 : 0.0); // at times backwards
+                 (i % 17 == 5 ? 1.0 : 0.0); // sometimes backwards
             MessageData data;
             for (unsigned char& byte : data)
                 byte = static_cast<unsigned char>(random());
@@ -246,7 +247,7 @@ void TestExport::csvBounds()
     QCOMPARE(writer.rowCount(), 200'001);
     SmallDevice device(1'000'000'000);
     QCOMPARE(writer.write(device), ExportStatus::Done);
-    QVERIFY(device.largestWrite() < 2'000'000); // of some 14 MB
+    QVERIFY(device.largestWrite() < 2'000'000); // of about 14 MB
     const double size = static_cast<double>(csv(options).size());
     QVERIFY2(std::abs(writer.estimatedBytes() / size - 1.0) < 0.1,
              qPrintable(QString::number(writer.estimatedBytes() / size)));
@@ -256,7 +257,7 @@ void TestExport::csvBounds()
     QFile devFull("/dev/full");
     QVERIFY(devFull.open(QIODevice::WriteOnly));
     newRecording(0.0);
-    add(gauge, 1.0); // a single row waits in the file's buffer
+    add(gauge, 1.0); // a single row stays in the file's buffer
     QCOMPARE(CsvWriter(m_profile, *m_dataSet, options).write(devFull), ExportStatus::Failed);
     QCOMPARE(writeKml(devFull, m_profile, *m_dataSet, {}, "T"), ExportStatus::Failed);
     QCOMPARE(writeGpx(devFull, *m_dataSet, "T"), ExportStatus::Failed);
@@ -264,7 +265,7 @@ void TestExport::csvBounds()
 
 void TestExport::csvSpan_data()
 {
-    // Times as recorded, first and last row; none: nothing is written.
+    // recorded times; times of the first and last row, empty if nothing is written
     const Rows<QList<double>, QList<double>> row;
     row("sound", {5000, 5001, 5002}, {5000, 5002});
     row("last stamp is damaged", {5000, 5001, 5002, 5.7e11}, {5000, 5002});
@@ -296,7 +297,7 @@ void TestExport::csvSpan()
     options.resolution = 100;
     const QList<QByteArray> lines = csv(options).split('\n');
     if (span.isEmpty()) {
-        QCOMPARE(lines, QList<QByteArray>{""}); // not even a header
+        QCOMPARE(lines, QList<QByteArray>{""}); // no header either
         return;
     }
     QCOMPARE(lines.size(), 1 + static_cast<int>((span[1] - span[0]) * 10 + 1) + 1);
@@ -304,8 +305,7 @@ void TestExport::csvSpan()
     QCOMPARE(lines[lines.size() - 2].split(';').value(2).toDouble(), span[1]);
 }
 
-/// Whether it is cancelled or the disk gets full: a write beyond the limit of the file's size fails
-/// as it does there.
+/// After cancelling and on a full disk, simulated by a limit on the file size.
 void TestExport::formerFileStays()
 {
     fly(0.0, 3000.0);
@@ -343,7 +343,7 @@ void TestExport::formerFileStays()
                  isFull ? ExportStatus::Done : ExportStatus::Cancelled);
         QFile::remove(fresh);
     }
-    // Not even root writes there.
+    // Not writable even for root.
     for (const char* unwritable : {"/proc/out.kml", "/no/such/folder/out.kml"}) {
         const ExportOutcome outcome = exportToFile(unwritable, writers[1]);
         QVERIFY(outcome.status == ExportStatus::Failed && !outcome.error.isEmpty());

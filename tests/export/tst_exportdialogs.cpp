@@ -19,7 +19,7 @@
 using namespace KOLT;
 using namespace KOLT::Test;
 
-/// The dialogs as a user operates them, with their settings.
+/// The export dialogs, operated like a user does, and their settings.
 class TestExportDialogs : public QObject
 {
     Q_OBJECT
@@ -97,7 +97,7 @@ void TestExportDialogs::open(const QString& suffix)
     else
         m_dialog = std::make_unique<DialogExportGpx>(source());
     connect(m_dialog.get(), &DialogExport::signalChosen, this, [this](const QString& folder) {
-        m_chosen << folder; // the options are those of now
+        m_chosen << folder; // the options may be stored now
         if (const auto* const kml = qobject_cast<DialogExportKml*>(m_dialog.get()))
             m_kml = kml->options();
         if (const auto* const csv = qobject_cast<DialogExportCsv*>(m_dialog.get()))
@@ -140,7 +140,7 @@ void TestExportDialogs::kmlOptionsReachTheFileAndAreReported()
     QCOMPARE(m_kml.lineWidth, 9);
     QCOMPARE(m_kml.placeMarkInterval, 100);
     QVERIFY(!m_kml.polygonOn);
-    // The next dialog begins with them.
+    // The next dialog starts with them.
     open("kml");
     QCOMPARE(find<QSpinBox>("KmlLineWidth")->value(), 9);
     QCOMPARE(m_dialog->findChildren<WidgetColorButton*>().first()->color(), QColor(1, 2, 3));
@@ -149,7 +149,7 @@ void TestExportDialogs::kmlOptionsReachTheFileAndAreReported()
 void TestExportDialogs::csvOptionsReachTheFileAndAreReported()
 {
     m_profile.select([](const ProfileParameter& parameter) { return parameter.name == "Alt"; });
-    m_csv.separator = '|'; // none of those offered
+    m_csv.separator = '|'; // not in the list
     open("csv");
     QVERIFY2(summary().startsWith("1,001 rows, about "), qPrintable(summary()));
     labelled(*m_dialog, "Decimal comma")->setChecked(true);
@@ -208,8 +208,9 @@ void TestExportDialogs::whatCannotBeExported()
 
 void TestExportDialogs::failuresAreTold_data()
 {
-    const Rows<QString, QString> row; // the file, what is told
-    row("kml", "/proc/out.kml", "KOLT Warning|Exporting KML file failed !|OK"); // not even for root
+    const Rows<QString, QString> row; // the file, the reported failure
+    // Not even root can write to /proc.
+    row("kml", "/proc/out.kml", "KOLT Warning|Exporting KML file failed !|OK");
     row("csv", "/proc/out.csv", "KOLT Viewer Warning|Exporting CSV file failed !|OK");
     row("gpx", "/proc/out.gpx", "KOLT Warning|Exporting GPX file failed !|OK");
     row("card", "card/sub/out.gpx", "KOLT Warning|Nothing is written to the folder");
@@ -240,7 +241,7 @@ void TestExportDialogs::suffixIsAddedBeforeOverwriting()
     ModalBoxes boxes;
     boxes.answer(m_directory->filePath("flight"));
     boxes.answer("&No");
-    boxes.answer({}); // and the file dialog is left
+    boxes.answer({}); // cancels the file dialog
     clickExport();
     QVERIFY2(boxes.seen().value(1).contains("flight.gpx"), qPrintable(boxes.seen().join('\n')));
     QCOMPARE(readFile(path), QByteArray("before"));
@@ -267,10 +268,10 @@ void TestExportDialogs::cancelKeepsTheFormerFile()
     connect(&look, &QTimer::timeout, this, [&] {
         if (!progress->isVisible())
             return;
-        ++looks; // the window is alive while it works
+        ++looks; // the window responds during the export
         QVERIFY(!canExport() && !find<QSpinBox>("resolution")->isEnabled());
         if (looks == 2)
-            m_dialog->close(); // only ends the work
+            m_dialog->close(); // cancels the export, does not close
         if (looks == 3)
             click(*m_dialog, "Cancel");
     });

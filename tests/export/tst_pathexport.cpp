@@ -12,7 +12,8 @@ using namespace KOLT::Test;
 
 namespace {
 
-/// All numbers of the line after the n-th of such texts. Positions come from single precision.
+/// All numbers of the line after the n-th occurrence of a text, rounded: positions are single
+/// precision.
 QList<double> numbersAfter(const QString& read, const QString& text, int index = 0)
 {
     static const QRegularExpression separators(QStringLiteral("[ ,()]+"));
@@ -102,9 +103,9 @@ void TestPathExport::kmlReadByGdal()
 void TestPathExport::kmlStylesAndMarks()
 {
     fly(0.0, 50.0);
-    add(lamp, 5e11, {0}); // beyond all calendars
+    add(lamp, 5e11, {0}); // beyond any calendar
     add(lamp, 5e11 + 1, {1});
-    // An exceedance between two points of the path, and a lamp long after the last.
+    // An exceedance between two points of the path, and a lamp long after its end.
     add(gauge, 5.0, floats(1.0F));
     add(gauge, 20.25, floats(150.0F));
     add(lamp, 1.0, {0});
@@ -121,7 +122,7 @@ void TestPathExport::kmlStylesAndMarks()
     QCOMPARE(content.count("<TimeStamp>"), 2);
     QString read = readByGdal(content, "kml");
     QCOMPARE(read.count("OGRFeature("), 4);
-    // 420.25 m to the decimetre, and halfway in longitude.
+    // 420.25 m rounded to the decimetre; the longitude is interpolated.
     const QList<double> place = numbersAfter(read, "POINT Z");
     QVERIFY(place.size() == 3 && isNear(place, {11.0 + 20.25 / 50 / 60, 48.5}) &&
             std::abs(place[2] - 420.25) < 0.051);
@@ -147,7 +148,7 @@ void TestPathExport::kmlDescriptions()
     const QString read = readByGdal(kml(options), "kml");
     m_profile.setUnitSystem(UnitSystem::Metric);
     QCOMPARE(read.count("POINT Z"), 2);
-    const QString text = read.section("<table>", 2); // at 30 s
+    const QString text = read.section("<table>", 2); // the mark at 30 s
     QVERIFY2(text.contains("<td>29.07.2026 00:00:25.000</td>") &&
                  text.contains("<td>860.0 ft</td>") && text.contains("<td>120 km/h</td>") &&
                  text.contains("<td>1: &lt;on&gt; &amp; hot</td>"),
@@ -163,7 +164,7 @@ void TestPathExport::gpxReadByGdal()
     QVERIFY(writeFile(path, gpx()));
     QVERIFY(outputOf("ogrinfo", {"-ro", "-so", path, "tracks"}).contains("Feature Count: 2\n"));
     const QString points = outputOf("ogrinfo", {"-ro", "-al", path, "track_points"});
-    QVERIFY(points.contains("Feature Count: 322\n")); // 161 each
+    QVERIFY(points.contains("Feature Count: 322\n")); // 161 per flight
     QVERIFY(points.contains("ele (Real) = 600\n"));
     QVERIFY2(points.contains("time (DateTime) = 2026/07/29 00:00:05+00"),
              qPrintable(points.left(2000)));
@@ -173,7 +174,7 @@ void TestPathExport::gpxReadByGdal()
 
 void TestPathExport::lostPositions_data()
 {
-    // Lost from, to; sent meanwhile (degrees north), or nothing; points left, pieces of the path.
+    // position lost from, to; latitude sent meanwhile, if any; remaining points, pieces of the path
     const Rows<int, int, QList<float>, int, int> row;
     row("nothing is sent", 40, 60, {}, 162, 2);
     row("zeros are sent", 40, 60, {0.0F}, 162, 2);
@@ -182,7 +183,7 @@ void TestPathExport::lostPositions_data()
     row("too short", 40, 50, {0.0F}, 201, 1);
 }
 
-/// Nobody knows where the aircraft was; an exceedance then, and one long after.
+/// A span without positions, with an exceedance inside it and one long after it.
 void TestPathExport::lostPositions()
 {
     const auto [from, to, sent, points, pieces] = fetchRow<int, int, QList<float>, int, int>();
@@ -200,7 +201,7 @@ void TestPathExport::lostPositions()
         add(gauge, t, floats(150.0F));
     }
     m_dataSet->track = buildTrack(m_profile, m_dataSet->messages);
-    QCOMPARE(m_dataSet->track.size(), std::size_t{201}); // the grid of the map has no holes
+    QCOMPARE(m_dataSet->track.size(), std::size_t{201}); // the track itself has no holes
     QCOMPARE(gpx().count("<trkpt"), points);
     QCOMPARE(gpx().count("<trkseg>"), pieces);
     KmlOptions options;
@@ -216,14 +217,14 @@ void TestPathExport::lostPositions()
 
 void TestPathExport::oddPaths()
 {
-    // No position at all: well-formed, and empty.
+    // Without a position the document is well-formed and empty.
     KmlOptions options;
     QVERIFY(!hasPath(*m_dataSet));
     QVERIFY(kml(options).endsWith("</Document>\n</kml>\n"));
     QVERIFY(!kml(options).contains("<Placemark>"));
     QVERIFY(!gpx().contains("<trk>"));
 
-    // A single point is a point; half of a degree is missing; then over the antimeridian.
+    // A single point becomes a Point; then a path with a missing part, across the antimeridian.
     const auto point = [](int halfSecond, double longitude, double latitude = 10.0) {
         return TrackPoint{halfSecond, latitude, longitude, 100.0, 0.0, 0.0};
     };
@@ -243,9 +244,9 @@ void TestPathExport::oddPaths()
     QVERIFY(!kml(options).contains("500"));
     QCOMPARE(gpx().count("<trkseg>"), 4);
     QVERIFY(gpx().contains("lon=\"-180.0000000\"") && !gpx().contains("lon=\"180."));
-    m_dataSet->track[0].longitude = 179.99999999; // rounded
+    m_dataSet->track[0].longitude = 179.99999999; // would be rounded to 180
     QVERIFY(!gpx().contains("lon=\"180."));
-    // Points look like the marks, and have no curtain.
+    // Single points look like marks and have no curtain.
     options.polygonOn = true;
     const QByteArray pieces = kml(options);
     QCOMPARE(pieces.count("<Point>"), 1);
@@ -260,11 +261,11 @@ void TestPathExport::oddPaths()
     options.placeMarkOn = true;
     options.placeMarkInterval = 1;
     QVERIFY(kml(options).contains("clampToGround") && !kml(options).contains("absolute"));
-    QVERIFY(kml(options).contains("Time") && !kml(options).contains("Speed")); // never recorded
+    QVERIFY(kml(options).contains("Time") && !kml(options).contains("Speed")); // not recorded
     QVERIFY(!gpx().contains("<ele>"));
 }
 
-/// Units send zeros until they know where they are. A lamp is on before.
+/// Units send zeros before their first fix. A lamp comes on before it.
 void TestPathExport::beforeTheFirstFix()
 {
     add(lamp, 1.0, {0});
@@ -284,7 +285,7 @@ void TestPathExport::beforeTheFirstFix()
     QVERIFY(!document.contains(",0.0") && document.contains("No position was recorded."));
     QCOMPARE(document.count("<Point>"), 3); // at 10, 15 and 20 s
     QCOMPARE(document.count("Altitude"), 2);
-    // What was sent before a flight tells that the altitude was known.
+    // With an altitude from before the flight, all points have one.
     m_dataSet->before[position].data = floats(4830.0F, 1100.0F);
     for (const float before : {0.0F, 400.0F}) {
         m_dataSet->before[altitude].data = floats(before);
@@ -296,7 +297,7 @@ void TestPathExport::beforeTheFirstFix()
 void TestPathExport::sections()
 {
     fly(0.0, 400.0);
-    // The second begins while the first one's 30 s still run; the third is nonsense.
+    // The second flight starts within the 30 s after the first; the third makes no sense.
     m_dataSet->flights = {flight(20, 50, 100, 130), flight(90, 120, 200, 230),
                           flight(10, 40, 60, 90)};
     const std::vector<PathSection> parts = pathSections(*m_dataSet);
@@ -321,7 +322,7 @@ void TestPathExport::sections()
     for (const char* folder : {"Flight 1", "Flight 2", "On the ground"})
         QCOMPARE(content.count(QByteArray("<Folder>\n   <name>") + folder), 1);
     QCOMPARE(content.count("<name>Flight path</name>"), 2 + 1 + 2);
-    // Of a loaded flight only its own.
+    // Of a loaded flight only its own part.
     m_dataSet->flightIndex = 1;
     m_dataSet->startSeconds = 90.0;
     m_dataSet->stopSeconds = 230.0;

@@ -7,10 +7,10 @@
 #include <tuple>
 #include <vector>
 
-/// What the tests of the graph have in common.
+/// Helpers shared by the tests of the graph.
 namespace KOLT::Test {
 
-/// Of times, values and marks.
+/// A trace of (time, value, mark) samples.
 inline GraphTrace traceOf(const std::vector<std::tuple<double, double, int>>& samples)
 {
     GraphTrace trace;

@@ -8,7 +8,7 @@
 using namespace KOLT;
 using namespace KOLT::Test;
 
-/// Window, scales, bands and what mouse and keys do to them.
+/// Window, scales, bands, and the effect of mouse and keys on them.
 class TestGraph : public QObject
 {
     Q_OBJECT
@@ -89,12 +89,12 @@ void TestGraph::bandsOfVisibleTraces()
     graph.setVisible(1, false);
     graph.rebuild();
     const double band = 200.0 / 3.0;
-    QCOMPARE(graph.trace(3).bandOffset, Graph::bottomMargin); // the last at the bottom
+    QCOMPARE(graph.trace(3).bandOffset, Graph::bottomMargin); // the last trace is at the bottom
     QCOMPARE(graph.trace(0).bandOffset, Graph::bottomMargin + 2 * band);
     QCOMPARE(graph.traceAt(Graph::bottomMargin + 1.0), 3);
     QCOMPARE(graph.traceAt(Graph::bottomMargin + band + 1.0), 2);
     QCOMPARE(graph.traceAt(Graph::bottomMargin + 2 * band + 1.0), 0);
-    QCOMPARE(graph.traceAt(5.0), 0); // none: the first
+    QCOMPARE(graph.traceAt(5.0), 0); // no band there: trace 0
 }
 
 void TestGraph::scalesToTheVisibleWindow()
@@ -108,7 +108,7 @@ void TestGraph::scalesToTheVisibleWindow()
         flat.append(i, 5.0, 1);
     }
     graph.setWindow(20.0, 40.0);
-    QCOMPARE(climbing.lower, 17.95); // 19 to 40, with 5 % room
+    QCOMPARE(climbing.lower, 17.95); // 19 to 40 with a margin of 5 %
     QCOMPARE(climbing.upper, 41.05);
     QCOMPARE(flat.lower + flat.upper, 10.0); // centred
     QVERIFY(flat.upper > 5.0);
@@ -127,7 +127,7 @@ void TestGraph::scalesToTheVisibleWindow()
     QVERIFY(std::isfinite(graph.yOf(0, 3.0)));
 }
 
-/// No line leads to them, so the scale has nothing to do with them.
+/// No line leads to such samples, so the scale ignores them.
 void TestGraph::scaleLeavesOutWhatLiesBehindGaps()
 {
     GraphTrace trace = traceOf(
@@ -137,9 +137,9 @@ void TestGraph::scaleLeavesOutWhatLiesBehindGaps()
         return trace.visibleRange().value_or(std::pair(-1.0, -1.0));
     };
     QCOMPARE(range(1.5, 4.5), std::pair(5.0, 7.0));
-    QCOMPARE(range(1.0, 5.0), std::pair(-800.0, 900.0)); // at the very edges they are seen
-    QCOMPARE(range(2.5, 3.5), std::pair(5.0, 7.0));      // joined from both sides
-    QCOMPARE(range(4.2, 4.8), std::pair(-1.0, -1.0));    // nothing but missing data
+    QCOMPARE(range(1.0, 5.0), std::pair(-800.0, 900.0)); // visible exactly at the edges
+    QCOMPARE(range(2.5, 3.5), std::pair(5.0, 7.0));      // lines lead in from both sides
+    QCOMPARE(range(4.2, 4.8), std::pair(-1.0, -1.0));    // only missing data
 }
 
 void TestGraph::cursorModes()
@@ -152,7 +152,7 @@ void TestGraph::cursorModes()
     QCOMPARE(graph.windowStart, 20.0);
     graph.isCursorHeld = true;
     graph.setCursorTime(10.0);
-    QCOMPARE(graph.cursorTime, 90.0); // the user has it
+    QCOMPARE(graph.cursorTime, 90.0); // held by the user
     graph.isCursorHeld = false;
     graph.settings.cursorMode = CursorMode::End;
     QVERIFY(graph.setCursorTime(190.0));
@@ -164,7 +164,7 @@ void TestGraph::manyEventsShareColumns()
 {
     Graph graph = prepared();
     std::vector<EventLine> lines{{0, std::nan("")}};
-    for (int i = 100'000; i > 0; --i) // four pixels to a second
+    for (int i = 100'000; i > 0; --i) // four pixels per second
         lines.push_back({i, i * 0.002 - 50.0});
     graph.setEventLines(lines);
     graph.addEventLine({-1, 0.1});
@@ -175,12 +175,12 @@ void TestGraph::manyEventsShareColumns()
         columns << std::floor(graph.xOf(line.seconds));
         numbers << line.number;
     }
-    QCOMPARE(columns.size(), 401); // with both edges
+    QCOMPARE(columns.size(), 401); // both edges included
     QVERIFY(std::ranges::adjacent_find(columns, std::greater_equal()) == columns.end());
     QCOMPARE(numbers.mid(0, 2), (QList<int>{25'000, 25'125}));
     QCOMPARE(numbers.back(), 75'000);
     graph.setWindow(0.0999, 0.1001);
-    QCOMPARE(graph.eventsInSight().size(), 1U); // of two at one time
+    QCOMPARE(graph.eventsInSight().size(), 1U); // of two at the same time
     graph.setWindow(200.0, 300.0);
     QVERIFY(graph.eventsInSight().empty());
 }
@@ -193,14 +193,15 @@ void TestGraph::timeSpanKeepsAnEnd()
     graph.settings.isAutomatic = false;
     graph.setTimeSpan(10.0);
     QCOMPARE(graph.windowEnd, 70.0);
-    graph.setWindow(5.0, 5.0); // nothing to divide by
+    graph.setWindow(5.0, 5.0); // an empty window is ignored
     graph.setWindow(std::nan(""), 5.0);
     QCOMPARE(graph.windowStart, 60.0);
 }
 
 void TestGraph::keys_data()
 {
-    // key, isShift; from 50 s and a value to a time and a value, in pixels of 482 and 100; selected
+    // key, isShift, value at 50 s before, time, value and selected trace after; the widget has
+    // 482 pixels for 100 s, a band 100 pixels for 10
     const Rows<Qt::Key, bool, double, double, double, int> row;
     const double pixel = 100.0 / (Graph::leftMargin + 400.0 + Graph::rightMargin);
     row("left", Qt::Key_Left, false, 5.0, 50.0 - pixel, 5.0, 0);
@@ -242,7 +243,7 @@ void TestGraph::keys()
 
 void TestGraph::mouse_data()
 {
-    // button, modifier, reports when pressed at 20 s, moved to 40 s and released, windowStart
+    // button, modifier, reports on press at 20 s, on move to 40 s and on release, windowStart
     const Rows<Qt::MouseButton, Qt::KeyboardModifier, QString, QString, QString, double> row;
     row("left: markers", Qt::LeftButton, Qt::NoModifier, "marker 20 20",
         "marker 20 40, cursor 40 5, marker 20 40", "", 0.0);
@@ -279,11 +280,11 @@ void TestGraph::holdOfTheCursor()
     GraphInput input(graph);
     const QPointF place = placeOf(graph, 30.0, 50.0);
     QCOMPARE(input.mousePress(Qt::LeftButton, place, Qt::ControlModifier).hold, Hold::Timed);
-    QCOMPARE(input.mouseMove(place, Qt::ControlModifier).hold, Hold::Timed); // again from now on
+    QCOMPARE(input.mouseMove(place, Qt::ControlModifier).hold, Hold::Timed); // starts over
     QCOMPARE(input.mouseRelease(Qt::LeftButton).hold, Hold::Unchanged);
     QCOMPARE(input.mousePress(Qt::MiddleButton, place, {}).hold, Hold::Open);
     QCOMPARE(input.mouseMove(place, {}).hold, Hold::Unchanged);
-    QCOMPARE(input.keyPress(Qt::Key_Left, {}).hold, Hold::Unchanged); // its time must not end it
+    QCOMPARE(input.keyPress(Qt::Key_Left, {}).hold, Hold::Unchanged); // no timer meanwhile
     QVERIFY(graph.isCursorHeld);
     QCOMPARE(input.mouseRelease(Qt::MiddleButton).hold, Hold::Ended);
     QVERIFY(!graph.isCursorHeld);
@@ -325,11 +326,11 @@ void TestGraph::handleDragMovesATrace()
     QVERIFY(input.mouseMove({15.0, 150.0}, {}).reports.empty());
     QCOMPARE(input.dragOffset(), -100.0);
     QCOMPARE(describe(input.mouseRelease(Qt::LeftButton).reports), "move 0 1");
-    QCOMPARE(graph.markerLeft, 10.0); // markers stay, but in order
+    QCOMPARE(graph.markerLeft, 10.0); // markers keep their times, but are ordered
     QCOMPARE(graph.markerRight, 80.0);
     input.mousePress(Qt::LeftButton, {10.0, 150.0}, {});
-    QCOMPARE(describe(input.mouseRelease(Qt::LeftButton).reports), "move 1 1"); // also in its place
-    // Handles of low rows overlap: a click without a drag moves none of them.
+    QCOMPARE(describe(input.mouseRelease(Qt::LeftButton).reports), "move 1 1"); // same row
+    // Handles of low rows overlap: a click without a drag must not move any trace.
     graph.setTraceCount(30);
     graph.setSize(500.0, 300.0);
     for (double y = 5.0; y < 300.0; y += 10.0) {
@@ -344,7 +345,7 @@ void TestGraph::wheelZoomsAboutThePointer()
 {
     Graph graph = prepared();
     GraphInput input(graph);
-    // The replay moved the window since the pointer came there.
+    // The replay has moved the window since the last mouse move.
     input.mouseMove(placeOf(graph, 25.0, 50.0), {});
     const double x = graph.xOf(25.0);
     graph.setWindow(100.0, 200.0);
@@ -360,7 +361,7 @@ void TestGraph::wheelZoomsAboutThePointer()
         QCOMPARE(graph.windowEnd, 200.0);
     }
     for (int i = 0; i < 2000; ++i)
-        input.wheel(120, x, {}); // as far as it goes
+        input.wheel(120, x, {}); // up to the shortest window
     QVERIFY(graph.span() > 0.0);
 }
 

@@ -65,7 +65,7 @@ private:
 
     void selectAllOf(const QByteArray& devices)
     {
-        m_page.reset(); // it points into the profile
+        m_page.reset(); // the page points into the profile
         QVERIFY(loadProfile(m_profile, devices));
         m_profile.select([](const ProfileParameter&) { return true; });
     }
@@ -120,7 +120,7 @@ void TestGraphPage::drawsWhatIsThere()
         return picture.pixelColor(static_cast<int>(x * ratio),
                                   static_cast<int>((graph().height() - yFromBottom) * ratio));
     };
-    // The flat trace lies in the middle of the lower band; 0.5 px to its sides is enough.
+    // The flat trace is in the middle of the lower band.
     const double flat = graph().yOf(1, 5.0);
     const double x = graph().xOf(graph().windowStart + 3.0);
     QCOMPARE(colorAt(x, flat).green() > 100 && colorAt(x, flat).red() < 60, true);
@@ -130,7 +130,7 @@ void TestGraphPage::drawsWhatIsThere()
     const QColor marked = colorAt(inMarker, flat + 9.0);
     QVERIFY2(marked.red() > 60 && marked.red() < 100 && marked.blue() < 20,
              qPrintable(marked.name())); // yellow at alpha 0.3 on black
-    int cursor = 0;                      // the line lies on one of the pixels around
+    int cursor = 0;                      // the line is on one of three pixels
     for (const double dx : {-1.0, 0.0, 1.0})
         cursor = std::max(cursor, colorAt(graph().xOf(150.0) + dx, flat + 9.0).blue());
     QVERIFY2(cursor > 80, qPrintable(QString::number(cursor)));
@@ -138,8 +138,8 @@ void TestGraphPage::drawsWhatIsThere()
 
 namespace {
 
-/// Pixels for which the other picture has nothing alike within one pixel: stipples and the edges of
-/// letters may be shifted, but not missing.
+/// Number of pixels without a similar one in the other picture within one pixel: stipples and the
+/// edges of letters may be shifted, but not missing.
 int strangers(const QImage& picture, const QImage& other)
 {
     constexpr int tolerance = 60;
@@ -167,7 +167,7 @@ int strangers(const QImage& picture, const QImage& other)
 
 void TestGraphPage::bothWaysOfDrawingAgree_data()
 {
-    // A core profile for the primitives' context, a large font after the first frame.
+    // isCore: the primitives' context has a core profile; isLarge: the font grows after one frame
     const Rows<bool, bool> row;
     row("any profile", false, false);
     row("core profile", true, false);
@@ -217,7 +217,7 @@ void TestGraphPage::bothWaysOfDrawingAgree()
     }
     QCOMPARE(pictures[0].size(), pictures[1].size());
     const int different = strangers(pictures[0], pictures[1]) + strangers(pictures[1], pictures[0]);
-    int drawn = 0; // neither background nor margin
+    int drawn = 0; // pixels of neither background nor margin
     for (int y = 0; y < pictures[0].height(); ++y) {
         for (int x = 0; x < pictures[0].width(); ++x) {
             const QColor color = pictures[0].pixelColor(x, y);
@@ -225,7 +225,7 @@ void TestGraphPage::bothWaysOfDrawingAgree()
         }
     }
     QVERIFY2(drawn > 20'000, qPrintable(QString::number(drawn)));
-    constexpr int most = 300; // measured: 206, without the thin event line 709
+    constexpr int most = 300; // measured 206, and 709 if the thin event line is missing
     if (different >= most) {
         pictures[0].save(QStringLiteral("graph-fixed.png"));
         pictures[1].save(QStringLiteral("graph-primitives.png"));
@@ -270,7 +270,7 @@ void TestGraphPage::heldZoom()
     QTest::mousePress(button(1), Qt::LeftButton);
     QTRY_VERIFY(graph().span() > released * 1.03);
     QTest::mouseRelease(button(1), Qt::LeftButton);
-    // The limits only bring back what lies beyond them.
+    // The limits only bring back spans beyond them.
     for (const auto& [id, begin, expected] :
          {std::tuple(0, 9000.0, 5000.0), {0, 1.0, 0.97}, {1, 0.1, 1.0}, {1, 9700.0, 10000.0}}) {
         widget()->setTimeSpan(begin);
@@ -300,21 +300,21 @@ void TestGraphPage::replayPagesAndCentres()
     m_page->setTime(50.0);
     QCOMPARE(graph().windowStart + 6.0, 50.0);
     QTest::mousePress(widget(), Qt::RightButton, {}, QPoint(300, 100));
-    m_page->setTime(300.0); // not under the hand that pans
+    m_page->setTime(300.0); // the window stays during a pan
     QCOMPARE(graph().windowStart + 6.0, 50.0);
     QTest::mouseRelease(widget(), Qt::RightButton, {}, QPoint(300, 100));
     m_page->setTime(301.0);
     QCOMPARE(graph().windowEnd - 6.0, 301.0);
 }
 
-/// Also where the cursor does not move by a pixel, but not for each time that comes.
+/// Even if the cursor moves by less than a pixel, but not for every new time.
 void TestGraphPage::readOutsFollowTheTime()
 {
     m_page->setTime(150.0);
     const QSignalSpy painted(widget(), &QOpenGLWidget::aboutToCompose);
     widget()->setWindow(0.0, 14'400.0);
     QTRY_VERIFY(!painted.isEmpty());
-    for (const double seconds : {151.0, 151.1, 151.2}) { // the last ones come too early
+    for (const double seconds : {151.0, 151.1, 151.2}) { // the last two are throttled
         const qsizetype before = painted.size();
         m_page->setTime(seconds);
         QTRY_VERIFY_WITH_TIMEOUT(painted.size() > before, 2000);
@@ -341,11 +341,11 @@ void TestGraphPage::mouseReachesTheSignals()
     QTest::mousePress(widget(), Qt::MiddleButton, {}, place(140.0, 100));
     QVERIFY(graph().isCursorHeld);
     QVERIFY(std::abs(cursor.takeLast().value(0).toDouble() - 140.0) < 0.2);
-    m_page->setTime(160.0); // the replay does not take it away
+    m_page->setTime(160.0); // held: the replay does not move it
     QVERIFY(std::abs(graph().cursorTime - 140.0) < 0.2);
     QTest::mouseRelease(widget(), Qt::MiddleButton, {}, place(140.0, 100));
     QVERIFY(!graph().isCursorHeld);
-    QCOMPARE(graph().cursorTime, 160.0); // the replay's
+    QCOMPARE(graph().cursorTime, 160.0); // back at the replay time
     const double span = graph().span();
     QTest::mouseMove(widget(), place(150.0, 120));
     QWheelEvent wheel(QPointF(place(150.0, 120)), widget()->mapToGlobal(QPointF(place(150.0, 120))),
@@ -368,7 +368,7 @@ void TestGraphPage::keyGivesTheCursorBack()
     QCOMPARE(graph().cursorTime, 180.0); // it follows the replay again
     QCOMPARE(graph().windowStart, 150.0);
     QTest::keyClick(widget(), Qt::Key_Right);
-    DataSet other; // ends it at once
+    DataSet other; // new data end the hold at once
     add(other.messages, 1, 5000.0, floats(1.0F));
     add(other.messages, 1, 5200.0, floats(2.0F));
     other.startSeconds = 5000.0;
@@ -385,7 +385,7 @@ void TestGraphPage::draggedHandleGivesAnOrder()
     QSignalSpy order(m_page.get(), &DialogDataGraph::signalOrder);
     const double start = graph().windowStart;
     QTest::mouseClick(widget(), Qt::MiddleButton, {}, place(140.0, widget()->height() - 60));
-    QCOMPARE(graph().windowStart, start); // a hold ends without a jump
+    QCOMPARE(graph().windowStart, start); // the end of a hold does not move the window
     QCOMPARE(graph().selectedTrace, 1);
     QTest::keyClick(widget(), Qt::Key_M);
     const auto row = static_cast<int>(graph().rowHeight());
@@ -427,19 +427,19 @@ void TestGraphPage::longRecordingsAppearByAndBy()
     m_page->setData(recording.get());
     QVERIFY(m_page->isFeeding());
     QCOMPARE(graph().traceCount(), traces);
-    QCOMPARE(graph().trace(traces - 1).name, "p49"); // all are there, the last one empty
+    QCOMPARE(graph().trace(traces - 1).name, "p49"); // all traces exist, the last one is empty
     QVERIFY(graph().trace(traces - 1).isEmpty());
     QTRY_VERIFY(!m_page->isFeeding());
     for (int i = 0; i < traces; ++i)
         QVERIFY(!graph().trace(i).columns().empty());
     m_profile.setDisplayOrder({"D/p49"});
     m_page->refresh();
-    QVERIFY(!m_page->isFeeding()); // an order is nothing to read anew
+    QVERIFY(!m_page->isFeeding()); // another order needs no refill
     QVERIFY(!graph().trace(0).columns().empty());
     m_profile.setDisplayOrder({});
     m_page->setData(recording.get());
     QVERIFY(m_page->isFeeding());
-    m_page->setData(m_dataSet.get()); // in the midst of it
+    m_page->setData(m_dataSet.get()); // while filling
     recording.reset();
     QTRY_VERIFY(!m_page->isFeeding());
     for (int i = 0; i < traces; ++i)
@@ -495,12 +495,12 @@ void TestGraphPage::eventsAreNumberedAsInTheList()
             lines << QStringLiteral("%1 at %2").arg(line.number).arg(line.seconds);
         return lines;
     };
-    // Of all parameters, selected or not; each run up to 99 begins at 0 again.
+    // Events of all parameters, selected or not; the values run from 0 to 99 repeatedly.
     const QStringList expected{"1 at 109", "2 at 119", "3 at 129", "4 at 139", "5 at 149",
                                "6 at 159", "7 at 169", "8 at 179", "9 at 189", "10 at 199"};
     QCOMPARE(shown(), expected);
     m_page->refresh();
-    QCOMPARE(shown(), expected); // none twice
+    QCOMPARE(shown(), expected); // no duplicates
     m_page->clear();
     QCOMPARE(shown(), {});
 }
@@ -526,7 +526,7 @@ void TestGraphPage::setupChangesTheGraph()
     QLocale::setDefault(QLocale(QLocale::German));
     edits.at(1)->setText("12,5");
     QCOMPARE(graph().settings.yMaximum, 12.5);
-    edits.at(1)->setText("7.25"); // as the settings file has it
+    edits.at(1)->setText("7.25"); // decimal point, as in the settings file
     QCOMPARE(graph().settings.yMaximum, 7.25);
     setup->refresh();
     QCOMPARE(edits.at(1)->text(), "7,25");
@@ -535,13 +535,13 @@ void TestGraphPage::setupChangesTheGraph()
     ModalBoxes boxes; // cancels the colour dialog
     click(*setup, "Select");
     QCOMPARE(graph().settings.background, QColor(0, 0, 0));
-    QCOMPARE(changed.size(), 10); // applied all the same
+    QCOMPARE(changed.size(), 10); // still applied
 }
 
 void TestGraphPage::settingsAreKept()
 {
     QTest::mouseClick(button(7), Qt::LeftButton);
-    QTest::mouseClick(button(2), Qt::LeftButton); // the span is the flight's
+    QTest::mouseClick(button(2), Qt::LeftButton); // the span becomes the flight's
     QTest::mousePress(widget(), Qt::RightButton, {}, place(150.0, 100));
     QTest::mouseMove(widget(), place(140.0, 100));
     QTest::mouseRelease(widget(), Qt::RightButton, {}, place(140.0, 100));
@@ -551,11 +551,11 @@ void TestGraphPage::settingsAreKept()
     const auto edits = setup->findChildren<QLineEdit*>();
     edits.at(0)->setText("-1234567.125");
     edits.at(1)->setText("0.1");
-    QCOMPARE(graph().span(), 120.0); // what was in sight stays, with the room at both sides
-    QVERIFY(!m_reported.isEmpty() && !m_reported.back().isAutomatic); // since the pan
+    QCOMPARE(graph().span(), 120.0); // the window keeps its margins
+    QVERIFY(!m_reported.isEmpty() && !m_reported.back().isAutomatic); // switched off by the pan
 
     m_settings = m_reported.back();
-    m_settings.isAutomatic = true; // it is not kept
+    m_settings.isAutomatic = true; // not stored
     makePage();
     QVERIFY(!graph().settings.isSplit);
     QVERIFY(button(7)->isChecked());
@@ -575,12 +575,12 @@ void TestGraphPage::snapshot()
     const QImage picture(path);
     QCOMPARE(picture.size(), m_page->size() * m_page->devicePixelRatioF());
     const QPointF corner = widget()->mapTo(m_page.get(), QPointF(0.0, 0.0));
-    const auto pixel = [&](double x, double yFromTop) { // of the graph within the page
+    const auto pixel = [&](double x, double yFromTop) { // coordinates of the graph
         const QPointF place = (corner + QPointF(x, yFromTop)) * m_page->devicePixelRatioF();
         return picture.pixelColor(static_cast<int>(place.x()), static_cast<int>(place.y()));
     };
     const double flat = graph().height() - graph().yOf(1, 5.0);
-    QVERIFY(pixel(graph().xOf(graph().windowStart + 3.0), flat).green() > 100); // its trace
+    QVERIFY(pixel(graph().xOf(graph().windowStart + 3.0), flat).green() > 100); // the trace
     QCOMPARE(pixel(2.0, graph().height() - 5.0), QColor(0xbb, 0xbb, 0xbb));
     for (auto* own : m_page->findChildren<QToolButton*>()) {
         QCOMPARE(own->iconSize(), QSize(32, 32));

@@ -17,7 +17,7 @@
 using namespace KOLT;
 using namespace KOLT::Test;
 
-/// What is drawn.
+/// The display list.
 class TestGraphScene : public QObject
 {
     Q_OBJECT
@@ -42,7 +42,7 @@ private slots:
 
 namespace {
 
-/// The lines that are drawn for trace 0.
+/// The lines drawn for trace 0.
 std::vector<QLineF> linesOf(Graph& graph, double pixelRatio)
 {
     std::vector<QLineF> lines;
@@ -63,7 +63,7 @@ std::vector<QLineF> linesOf(Graph& graph, double pixelRatio)
 
 void TestGraphScene::timeTicksForSpans_data()
 {
-    const Rows<double, double, int> row; // span; step of major lines in 700 pixels; minor ones
+    const Rows<double, double, int> row; // span on 700 pixels, major step, minor lines per step
     row("0.3 s", 0.3, 0.05, 5);
     row("6 s", 6.0, 1.0, 5);
     row("4 s", 4.0, 0.5, 5);
@@ -103,7 +103,7 @@ void TestGraphScene::valueTicksStayApart()
             QVERIFY(tick >= -extent / 3 && tick <= extent);
     }
     const std::vector<double> far = valueTicks(1e18, 1e18 + 256.0, 200.0, 25.0);
-    QVERIFY(std::ranges::adjacent_find(far) == far.end()); // none twice
+    QVERIFY(std::ranges::adjacent_find(far) == far.end()); // no duplicates
     QVERIFY(valueTicks(1.0, 1.0, 200.0, 25.0).empty());
     QVERIFY(valueTicks(0.0, std::nan(""), 200.0, 25.0).empty());
 }
@@ -126,7 +126,7 @@ void TestGraphScene::sceneBreaksLinesAtGaps()
 void TestGraphScene::cursorTextStaysInThePlot()
 {
     Graph graph;
-    graph.setTraceCount(1); // its legend leaves the line alone
+    graph.setTraceCount(1); // one trace: its legend leaves the cursor's line free
     for (const double width : {240.0, 600.0}) {
         graph.setSize(width, 200.0);
         graph.setWindow(0.0, 100.0);
@@ -167,15 +167,15 @@ void TestGraphScene::sceneJoinsStrokes()
     }
     graph.setWindow(0.0, graph.plotWidth() / pixelsPerSample);
 
-    // What a pixel column holds, as one interval: strokes and sloping lines together.
+    // The interval covered in each pixel column by strokes and sloping lines together.
     std::map<int, std::pair<double, double>> reached;
-    const auto reach = [&](double x, double y) { // x in pixels of the framebuffer
+    const auto reach = [&](double x, double y) { // x in framebuffer pixels
         auto& interval = *reached.try_emplace(static_cast<int>(std::floor(x)), y, y).first;
         interval.second = {std::min(interval.second.first, y), std::max(interval.second.second, y)};
     };
     const std::vector<QLineF> lines = linesOf(graph, pixelRatio);
     for (const QLineF& line : lines) {
-        if (line.dx() == 0.0) { // as wide as its trace
+        if (line.dx() == 0.0) { // vertical: as wide as the trace
             const double width = std::max(1.0, std::round(1.4 * pixelRatio));
             for (double px = 0.0; px < width; px += 1.0) {
                 for (const double y : {line.y1(), line.y2()})
@@ -183,7 +183,7 @@ void TestGraphScene::sceneJoinsStrokes()
             }
             continue;
         }
-        // One pixel thin; it fills pixels of which it passes the middle, without its last one.
+        // One pixel wide: covers the pixels whose centre it passes, except the last.
         const double begin = line.x1() * pixelRatio;
         const double end = line.x2() * pixelRatio;
         for (double x = std::ceil(begin - 0.5) + 0.5; x < end; x += 1.0) {
@@ -260,7 +260,7 @@ void TestGraphScene::switchesTakePartsAway()
 
 void TestGraphScene::textsKeepApart_data()
 {
-    const Rows<int, bool, double, int> row; // traces, isSplit, fontScale, left out, in the legend
+    const Rows<int, bool, double, int> row; // traces, isSplit, fontScale, missing in the legend
     row("a few bands", 4, true, 1.0, 0);
     row("bands lower than two lines", 20, true, 1.0, 0);
     row("bands lower than a line", 40, true, 1.0, 20);
@@ -289,8 +289,8 @@ void TestGraphScene::textsKeepApart()
     graph.setWindow(0.0, 100.0);
     const GraphScene scene = buildScene(graph, GraphInput(graph));
     std::vector<QRectF> inPlot;
-    int alone = 0;                                 // of the cursor and of events
-    std::map<double, std::vector<QRectF>> columns; // by where they begin
+    int alone = 0;                                 // texts of the cursor and of events
+    std::map<double, std::vector<QRectF>> columns; // by x
     double panelLeft = 0.0;
     int values = 0;
     QStringList more;
@@ -320,7 +320,7 @@ void TestGraphScene::textsKeepApart()
         if (text.text.startsWith("..."))
             more << text.text;
     }
-    // Nothing but its own lines lies on the panel of the statistic.
+    // Only its own lines are on the panel of the statistic.
     const std::vector<QRectF> lines = columns[panelLeft];
     QVERIFY(lines.size() > 1);
     const QRectF panel = std::accumulate(lines.begin(), lines.end(), QRectF(), std::bit_or());
@@ -358,7 +358,7 @@ void TestGraphScene::thresholdLines()
         }
         return lines.join(", ");
     };
-    QCOMPARE(linesAt(), QStringLiteral("#ff8800 %1").arg(graph.yOf(0, 10.0))); // 90 lies outside
+    QCOMPARE(linesAt(), QStringLiteral("#ff8800 %1").arg(graph.yOf(0, 10.0))); // 90 is outside
     graph.settings.hasThresholds = false;
     QCOMPARE(linesAt(), "");
 }
@@ -384,9 +384,9 @@ void TestGraphScene::legendTexts()
         feedTrace(graph, i, profile, profile.parameters()[static_cast<std::size_t>(i)], dataSet);
     QCOMPARE(legendText(graph, 0, 15.0), "Lamp   ON");
     QCOMPARE(legendText(graph, 0, 5.0), "Lamp   0");
-    QCOMPARE(legendText(graph, 0, 25.0), "Lamp   FAIL"); // all 32 bits, as the table reads them
+    QCOMPARE(legendText(graph, 0, 25.0), "Lamp   FAIL"); // all 32 bits, as in the data table
     QCOMPARE(legendText(graph, 0, 35.0), "Lamp   ---");
-    QCOMPARE(legendText(graph, 1, 15.0), "Count   1"); // labels are for bit fields
+    QCOMPARE(legendText(graph, 1, 15.0), "Count   1"); // only bit fields have labels
     QCOMPARE(legendText(graph, 2, 15.0), "Heat   ---");
     QCOMPARE(legendText(graph, 3, 5.0), "NoName [-]   ---");
     QCOMPARE(legendText(graph, 0, 15.0, 12), "Lamp   ON");
@@ -402,7 +402,7 @@ void TestGraphScene::legendTexts()
 
 void TestGraphScene::decimalsFollowTheRange_data()
 {
-    const Rows<int, float, QString> row; // precision, extent from 0.00025 on, text
+    const Rows<int, float, QString> row; // precision, extent of the values above 0.00025, text
     row("three are enough", 6, 10.0F, "0.000");
     row("the range needs more", 6, 0.001F, "0.00025");
     row("the parameter has no more", 4, 0.001F, "0.0002");

@@ -9,7 +9,7 @@
 using namespace KOLT;
 using namespace KOLT::Test;
 
-/// Samples, their columns, and how they get into traces.
+/// Samples, their pixel columns, and filling traces.
 class TestGraphTrace : public QObject
 {
     Q_OBJECT
@@ -28,7 +28,7 @@ private slots:
 
 namespace {
 
-/// All fields at once; equal bits count, so that NaN equals NaN.
+/// All fields as text with all digits; NaN equals NaN.
 QString describe(const GraphColumn& column)
 {
     return QString::asprintf("%d t%.17g f%.17g l%.17g h%.17g z%.17g m%d [%.17g %.17g] e%.17g",
@@ -48,7 +48,7 @@ QStringList describe(const std::vector<GraphColumn>& columns)
 
 void TestGraphTrace::samplesMergeIntoColumns_data()
 {
-    // values a second apart, ten to a pixel; gapAt; column
+    // values (one per second, ten per pixel), index of the sample after a gap, column
     const Rows<QList<double>, int, QString> row;
     row("one", {5}, -1, "2 t0 f5 l5 h5 z5 m1 [5 5] e5");
     row("two: the second is the high value", {5, -100}, -1,
@@ -68,7 +68,7 @@ void TestGraphTrace::samplesMergeIntoColumns()
         mergeSample(columns, 10.0, i, values[i], i == gapAt ? 0 : 1);
     QCOMPARE(columns.size(), 1U);
     QCOMPARE(describe(columns.front()), column);
-    mergeSample(columns, 10.0, 10.0, 1.0, 1); // exactly one pixel behind still belongs to it
+    mergeSample(columns, 10.0, 10.0, 1.0, 1); // exactly one pixel later still belongs to the column
     QCOMPARE(columns.size(), 1U);
     mergeSample(columns, 10.0, 10.1, 2.0, 1);
     QCOMPARE(columns.size(), 2U);
@@ -127,9 +127,9 @@ void TestGraphTrace::windowTakesTheSampleBefore()
             result << column.time;
         return result;
     };
-    QCOMPARE(times(25, 28), (QList<double>{20, 30})); // enters from the left, leaves to the right
+    QCOMPARE(times(25, 28), (QList<double>{20, 30})); // one sample on each side
     QCOMPARE(times(20, 30), (QList<double>{10, 20, 30}));
-    QCOMPARE(times(5, 6), (QList<double>{10})); // too near the front for a step back
+    QCOMPARE(times(5, 6), (QList<double>{10})); // the second sample: no step back
     QCOMPARE(times(100, 110), (QList<double>{40}));
     QCOMPARE(times(-20, -10), (QList<double>{0}));
 }
@@ -140,7 +140,7 @@ void TestGraphTrace::valueIsHeld()
     for (const auto& [time, value] : {std::pair(9.9, -1.0), // none
                                       {10.0, 1.0},
                                       {15.0, 1.0},
-                                      {20.0, 1.0}, // the second is not yet used
+                                      {20.0, 1.0}, // the sample at this very time is not used yet
                                       {20.1, 2.0},
                                       {30.0, 2.0},
                                       {30.1, -1.0}})
@@ -186,17 +186,17 @@ void TestGraphTrace::feedingMarksGaps()
     DataSet dataSet;
     for (const double seconds : {0.0, 0.5, 1.0, 1.5, 2.0, 3.4, 5.0, 5.5})
         add(dataSet.messages, 1, seconds, floats(static_cast<float>(seconds)));
-    const QList<int> marks{1, 1, 1, 1, 1, 1, 0, 1}; // 1.4 s is not three times 0.5 s
+    const QList<int> marks{1, 1, 1, 1, 1, 1, 0, 1}; // 1.4 s is less than three times 0.5 s
     QCOMPARE(feed(0, dataSet), marks);
     QCOMPARE(trace.unit, "ft");
     QCOMPARE(trace.decimals, 3);
     QCOMPARE(trace.valueAt(1.7).value_or(-1), 4.0); // 1.5 in feet
-    DataSet dense;                                  // a second is the shortest gap
+    DataSet dense;                                  // gaps are at least 1 s
     for (const double seconds : {0.0, 0.1, 0.2, 0.3, 1.25, 2.25, 2.35})
         add(dense.messages, 1, seconds, floats(0.0F));
-    QCOMPARE(feed(99, dense), marks); // ignored
+    QCOMPARE(feed(99, dense), marks); // no such trace: unchanged
     QCOMPARE(feed(0, dense), (QList<int>{1, 1, 1, 1, 1, 0, 1}));
-    // A stray time stamp hides nothing behind it.
+    // A stray time stamp must not hide the samples after it.
     DataSet stray;
     for (const double seconds : {0.0, 1.0, 2.0, 900.0, 3.0, 4.0, 5.0})
         add(stray.messages, 1, seconds, floats(static_cast<float>(seconds)));
@@ -208,7 +208,7 @@ void TestGraphTrace::feedingMarksGaps()
     QCOMPARE(trace.visibleRange(), std::optional(std::pair(1.0, 1.0))); // 0 in feet
 }
 
-/// The second trace takes over what the first found out about the times of their message.
+/// The second trace reuses the times that the first one found for their message.
 void TestGraphTrace::tracesOfAMessageShareTheirTimes()
 {
     Profile profile;
@@ -227,7 +227,7 @@ void TestGraphTrace::tracesOfAMessageShareTheirTimes()
         feedTrace(graph, static_cast<int>(i), profile, profile.parameters()[i], dataSet);
     QCOMPARE(graph.trace(0).times(), graph.trace(1).times());
     QVERIFY(graph.trace(0).times() != graph.trace(2).times());
-    // Each window is looked up by the one and answered from memory for the other.
+    // For each window, the first trace searches and the second gets the stored result.
     Graph alone;
     feedTrace(alone, 0, profile, profile.parameters()[1], dataSet);
     for (const double start : {0.0, 50.0, 150.0}) {
@@ -265,14 +265,14 @@ void TestGraphTrace::feederKeepsWhatIsStillRight()
         return result;
     };
     feeder.begin(profile, {a, b, c}, dataSet);
-    QCOMPARE(graph.trace(2).name, "c"); // named, and empty
+    QCOMPARE(graph.trace(2).name, "c"); // named, but empty
     QCOMPARE(values(), (QList<double>{-1, -1, -1}));
-    QVERIFY(!feeder.feed({})); // one at least, and no more than the time allows
+    QVERIFY(!feeder.feed({})); // no time: exactly one trace
     QCOMPARE(values(), (QList<double>{1, -1, -1}));
     graph.selectedTrace = 0;
-    feeder.begin(profile, {b, a}, dataSet); // before the others had their turn
+    feeder.begin(profile, {b, a}, dataSet); // before the others were filled
     QCOMPARE(values(), (QList<double>{-1, 1}));
-    QCOMPARE(graph.selectedTrace, 1); // a still
+    QCOMPARE(graph.selectedTrace, 1); // still a
     QVERIFY(feeder.feed({}));
     QCOMPARE(values(), (QList<double>{2, 1}));
     profile.setUnitSystem(UnitSystem::Imperial);
@@ -281,7 +281,7 @@ void TestGraphTrace::feederKeepsWhatIsStillRight()
     QCOMPARE(values(), (QList<double>{1, -1}));
     QVERIFY(feeder.feed({}));
     QCOMPARE(values(), (QList<double>{1, 5}));
-    add(dataSet.messages, 1, 100.0, floats(9.0F)); // the series went on
+    add(dataSet.messages, 1, 100.0, floats(9.0F)); // the series has grown
     feeder.begin(profile, {a, b}, dataSet);
     QCOMPARE(values(), (QList<double>{-1, 5}));
 }
