@@ -18,7 +18,7 @@ constexpr std::array csvTable{
         "Field separator as a character code; 59 is \";\", 44 is \",\", 9 the tabulator."},
     ExportSetting{"CsvResolution", Kind::Integer, 1, 60'000, "Milliseconds between rows."},
     ExportSetting{"CsvAllParameter", Kind::Boolean, 0, 0,
-                  "All parameters, or those of --parameter only."},
+                  "All parameters, or only those of --parameter."},
     ExportSetting{"CsvDecimalComma", Kind::Boolean, 0, 0,
                   "Decimal comma; not with the separator \",\"."},
 };
@@ -34,12 +34,12 @@ constexpr std::array kmlTable{
     ExportSetting{"KmlPolygonAlpha", Kind::Integer, 0, 255, "Opacity of the curtain."},
     ExportSetting{"KmlPlaceMarkOn", Kind::Boolean, 0, 0, "Marks along the path."},
     ExportSetting{"KmlPlaceMarkIntervall", Kind::Integer, 1, 100'000,
-                  "A mark on each so many points of the path, two a second."},
-    ExportSetting{"KmlPlaceMarkColor", Kind::Color, 0, 0, "Color of these marks."},
-    ExportSetting{"KmlErrorMarkOn", Kind::Boolean, 0, 0, "Marks where something was exceeded."},
-    ExportSetting{"KmlShowLimit", Kind::Boolean, 0, 0, "Such marks for limits and warnings."},
-    ExportSetting{"KmlShowWarning", Kind::Boolean, 0, 0, "Such marks for warning lamps."},
-    ExportSetting{"KmlErrorMarkColor", Kind::Color, 0, 0, "Color of such marks."},
+                  "Points of the path between marks; there are two a second."},
+    ExportSetting{"KmlPlaceMarkColor", Kind::Color, 0, 0, "Color of the marks along the path."},
+    ExportSetting{"KmlErrorMarkOn", Kind::Boolean, 0, 0, "Error marks at exceedances."},
+    ExportSetting{"KmlShowLimit", Kind::Boolean, 0, 0, "Error marks for limits and warnings."},
+    ExportSetting{"KmlShowWarning", Kind::Boolean, 0, 0, "Error marks for warning lamps."},
+    ExportSetting{"KmlErrorMarkColor", Kind::Color, 0, 0, "Color of the error marks."},
 };
 
 bool isSeparator(int code)

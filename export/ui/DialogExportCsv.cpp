@@ -38,7 +38,7 @@ void DialogExportCsv::createOptions()
     m_separator->addItem(tr("Comma ,"), int{','});
     m_separator->addItem(tr("Tabulator"), int{'\t'});
     m_comma = new QCheckBox(tr("&Decimal comma (12,5)"));
-    m_comma->setToolTip(tr("For spreadsheets of countries that write numbers so"));
+    m_comma->setToolTip(tr("For spreadsheets that expect a decimal comma"));
     m_resolution = new QSpinBox;
     m_resolution->setObjectName(QStringLiteral("resolution"));
     m_resolution->setRange(bounded("CsvResolution", 0), bounded("CsvResolution", 1'000'000));
@@ -85,13 +85,13 @@ void DialogExportCsv::showEstimate()
     const CsvWriter writer(m_profile, source().dataSet, options(), m_span);
     const QString rows = locale.toString(writer.rowCount());
     if (problem == CsvProblem::Separator)
-        setSummary(tr("This separator could be taken for a part of a field. Please choose another "
-                      "one."),
+        setSummary(tr("This separator may occur within a field. Please choose another one."),
                    false);
     else if (problem == CsvProblem::DecimalComma)
-        setSummary(tr("The decimal comma cannot be told from the separator. Please choose another "
-                      "separator, or the decimal point."),
-                   false);
+        setSummary(
+            tr("The decimal comma is also the separator. Please choose another separator, or the "
+               "decimal point."),
+            false);
     else if (writer.parameterCount() == 0)
         setSummary(tr("No parameters are selected."), false);
     else if (writer.rowCount() == 0)

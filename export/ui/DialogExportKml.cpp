@@ -109,9 +109,9 @@ QGroupBox* DialogExportKml::createPlaceMarks()
 {
     QFormLayout* form = nullptr;
     m_placeMarks = createGroup(tr("&Marks along the path"), true, form);
-    m_placeMarks->setToolTip(tr("Each tells time, altitude, speed and the selected parameters"));
+    m_placeMarks->setToolTip(tr("Each shows time, altitude, speed and the selected parameters"));
     m_interval = createNumber("KmlPlaceMarkIntervall");
-    m_interval->setToolTip(tr("A mark on each so many positions of the path"));
+    m_interval->setToolTip(tr("Distance of the marks in positions of the path"));
     m_intervalSeconds = new QLabel;
     m_intervalSeconds->setObjectName(QStringLiteral("hint"));
     connect(m_interval, &QSpinBox::valueChanged, this, &DialogExportKml::showInterval);

@@ -830,8 +830,8 @@ Bitte prüfen Sie, ob der Ordner beschreibbar und nicht voll ist, oder wählen S
         <translation>&amp;Dezimalkomma (12,5)</translation>
     </message>
     <message>
-        <source>For spreadsheets of countries that write numbers so</source>
-        <translation>Für Tabellenkalkulationen von Ländern, die Zahlen so schreiben</translation>
+        <source>For spreadsheets that expect a decimal comma</source>
+        <translation>Für Tabellenkalkulationen, die ein Dezimalkomma erwarten</translation>
     </message>
     <message>
         <source> ms</source>
@@ -878,11 +878,11 @@ Bitte prüfen Sie, ob der Ordner beschreibbar und nicht voll ist, oder wählen S
         <translation>Es wurde kein Messwert mit einem brauchbaren Zeitpunkt aufgezeichnet, daher gibt es keine Zeilen zu exportieren.</translation>
     </message>
     <message>
-        <source>This separator could be taken for a part of a field. Please choose another one.</source>
+        <source>This separator may occur within a field. Please choose another one.</source>
         <translation>Dieses Trennzeichen könnte für einen Teil eines Feldes gehalten werden. Bitte wählen Sie ein anderes.</translation>
     </message>
     <message>
-        <source>The decimal comma cannot be told from the separator. Please choose another separator, or the decimal point.</source>
+        <source>The decimal comma is also the separator. Please choose another separator, or the decimal point.</source>
         <translation>Das Dezimalkomma ist vom Trennzeichen nicht zu unterscheiden. Bitte wählen Sie ein anderes Trennzeichen oder den Dezimalpunkt.</translation>
     </message>
 </context>
@@ -972,12 +972,12 @@ Bitte prüfen Sie, ob der Ordner beschreibbar und nicht voll ist, oder wählen S
         <translation>&amp;Marken entlang des Wegs</translation>
     </message>
     <message>
-        <source>Each tells time, altitude, speed and the selected parameters</source>
+        <source>Each shows time, altitude, speed and the selected parameters</source>
         <translation>Jede nennt Zeit, Höhe, Geschwindigkeit und die ausgewählten Parameter</translation>
     </message>
     <message>
-        <source>A mark on each so many positions of the path</source>
-        <translation>Eine Marke nach jeweils so vielen Positionen des Wegs</translation>
+        <source>Distance of the marks in positions of the path</source>
+        <translation>Abstand der Marken in Positionen des Wegs</translation>
     </message>
     <message>
         <source>&amp;Every</source>
