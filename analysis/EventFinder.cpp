@@ -1,22 +1,15 @@
 #include "analysis/EventFinder.h"
 
+#include "analysis/CrossingDetector.h"
 #include "base/Diagnostics.h"
-#include "record/RoleSeries.h"
 
 #include <algorithm>
-#include <cmath>
 
 namespace KOLT {
 
 namespace {
 
-bool isWorse(ThresholdState previous, ThresholdState state)
-{
-    return (previous == ThresholdState::Ok && state != ThresholdState::Ok) ||
-           (previous == ThresholdState::Warning && state == ThresholdState::Limit);
-}
-
-/// An event without its text: there may be millions, and few are returned.
+/// A crossing without its text, of which there may be millions.
 struct Crossing
 {
     double seconds;
@@ -71,19 +64,12 @@ template <typename Function>
 void forEachCrossing(const Profile& profile, const Device& group, const ProfileParameter& parameter,
                      const DataSet& dataSet, Function&& function)
 {
-    PositionFilter filter = positionFilterFor(profile, dataSet.messages, parameter);
-    ThresholdState previous = ThresholdState::Limit;
-    double previousNumber = 0.0;
+    CrossingDetector detector(parameter, positionFilterFor(profile, dataSet.messages, parameter));
     for (const StoredSample& sample : seriesOf(dataSet.messages, parameter)) {
-        const double number = decodeFiltered(sample.data, parameter, &filter);
-        const ThresholdState state = gradeOf(parameter, number).state;
-        if (isWorse(previous, state) &&
-            (std::isfinite(number) ||
-             textOf(profile, parameter, sample.data, number) != QLatin1String("nan")))
-            function(Crossing{sample.seconds(), 0, &group, &parameter, &sample, number,
-                              number >= previousNumber});
-        previous = state;
-        previousNumber = number;
+        if (detector.step(sample.data) &&
+            !isTextNan(profile, parameter, sample.data, detector.number()))
+            function(Crossing{sample.seconds(), 0, &group, &parameter, &sample, detector.number(),
+                              detector.isRising()});
     }
 }
 

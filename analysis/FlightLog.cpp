@@ -27,11 +27,40 @@ void FlightTotals::add(const FlightTotals& other)
     exceedances += other.exceedances;
 }
 
+namespace {
+
+QDateTime moment(const QDateTime& dateTime, double seconds)
+{
+    return dateTime.isValid() ? dateTime.addMSecs(static_cast<qint64>(seconds * 1000.0))
+                              : QDateTime();
+}
+
+} // namespace
+
 QDateTime momentOf(const DataSet& dataSet, double seconds)
 {
-    return dataSet.dateTime.isValid()
-               ? dataSet.dateTime.addMSecs(static_cast<qint64>(seconds * 1000.0))
-               : QDateTime();
+    return moment(dataSet.dateTime, seconds);
+}
+
+FlightLine flightLine(const Flight& flight, int number, const QDateTime& dateTime,
+                      const std::vector<double>& crossings)
+{
+    FlightLine line;
+    line.number = number;
+    line.takeOff = moment(dateTime, flight.takeOffSeconds);
+    line.landing = moment(dateTime, flight.landingSeconds);
+    line.takeOffSeconds = flight.takeOffSeconds;
+    line.landingSeconds = flight.landingSeconds;
+    line.maxAltitude = flight.maxAltitude;
+    line.climb = flight.altitudeGain;
+    line.climbRate = flight.climbRate;
+    line.fuel = flight.fuel;
+    line.takeOffDistance = flight.takeOffDistance;
+    line.takeOffDistance15m = flight.takeOffDistance15m;
+    const auto first = std::ranges::lower_bound(crossings, flight.startSeconds);
+    const auto behind = std::ranges::upper_bound(crossings, flight.endSeconds);
+    line.exceedances = first < behind ? static_cast<std::size_t>(behind - first) : 0;
+    return line;
 }
 
 namespace {
@@ -56,23 +85,9 @@ FlightLog flightLog(const Profile& profile, const DataSet& dataSet)
     const std::vector<double> events = exceedanceTimes(profile, dataSet);
     FlightLog log;
     log.exceedances = events.size();
-    for (const Flight& flight : dataSet.flights) {
-        FlightLine& line = log.lines.emplace_back();
-        line.number = static_cast<int>(log.lines.size());
-        line.takeOff = momentOf(dataSet, flight.takeOffSeconds);
-        line.landing = momentOf(dataSet, flight.landingSeconds);
-        line.takeOffSeconds = flight.takeOffSeconds;
-        line.landingSeconds = flight.landingSeconds;
-        line.maxAltitude = flight.maxAltitude;
-        line.climb = flight.altitudeGain;
-        line.climbRate = flight.climbRate;
-        line.fuel = flight.fuel;
-        line.takeOffDistance = flight.takeOffDistance;
-        line.takeOffDistance15m = flight.takeOffDistance15m;
-        const auto first = std::ranges::lower_bound(events, flight.startSeconds);
-        const auto behind = std::ranges::upper_bound(events, flight.endSeconds);
-        line.exceedances = first < behind ? static_cast<std::size_t>(behind - first) : 0;
-    }
+    for (const Flight& flight : dataSet.flights)
+        log.lines.push_back(flightLine(flight, static_cast<int>(log.lines.size()) + 1,
+                                       dataSet.dateTime, events));
     return log;
 }
 

@@ -30,6 +30,7 @@ struct Guard
 {
     std::vector<std::weak_ptr<const QString>> folders;
     QString ownFolder;
+    std::weak_ptr<const QString> recordFolder; ///< where record files may be written
 };
 
 Guard& guard()
@@ -123,6 +124,13 @@ void setOwnFolder(const QString& folder)
     guard().ownFolder = folder;
 }
 
+std::shared_ptr<const void> allowRecordFiles(const QString& folder)
+{
+    auto entry = std::make_shared<const QString>(folder);
+    guard().recordFolder = entry;
+    return entry;
+}
+
 QString resolvedPath(const QString& path)
 {
     const std::optional<fs::path> resolved = resolve(toPath(path));
@@ -135,8 +143,11 @@ QString writeObjection(const QString& path)
     if (!target)
         return Text::tr("The links in this path form a loop:\n%1").arg(path);
     const QString name = QFile::decodeName(target->filename().string().c_str());
-    // A card's file system ignores case.
-    if (hasRecordSuffix(path, Qt::CaseInsensitive) || hasRecordSuffix(name, Qt::CaseInsensitive))
+    const std::shared_ptr<const QString> recordFolder = guard().recordFolder.lock();
+    const bool areRecordsAllowed = recordFolder != nullptr && isWithin(*recordFolder, *target);
+    // A card's file system does not tell letters by their case.
+    if (!areRecordsAllowed &&
+        (hasRecordSuffix(path, Qt::CaseInsensitive) || hasRecordSuffix(name, Qt::CaseInsensitive)))
         return Text::tr("Names that end with .CAN, .can or .xcb belong to recordings, which are "
                         "never written. Please choose another name than\n%1")
             .arg(QDir::toNativeSeparators(path));

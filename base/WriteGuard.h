@@ -18,8 +18,12 @@ bool isRecordFileName(const QString& name);
 /// home folder as a card.
 void setOwnFolder(const QString& folder);
 
-/// The absolute path, links resolved, that a write to this path would end up at. Dangling links are
-/// resolved too. Empty when the links form a loop.
+/// As long as the returned object exists, files with the names of record files may be written into
+/// the folder, unless it is protected: for recordings that come with the program.
+[[nodiscard]] std::shared_ptr<const void> allowRecordFiles(const QString& folder);
+
+/// Where a write to the path goes in the end: an absolute path without links. Links are followed
+/// one by one, also those to what is not there (yet). Empty when they run in a circle.
 QString resolvedPath(const QString& path);
 
 /// Why the path must not be written, for the user: it leads into a protected folder, or it has the

@@ -1,6 +1,7 @@
 #include "cli/Report.h"
 
-#include "analysis/FlightLog.h"
+#include "analysis/CardOverview.h"
+#include "analysis/OverviewTable.h"
 #include "cli/Arguments.h"
 #include "cli/Recording.h"
 
@@ -22,7 +23,9 @@ constexpr std::array columns{
     Column{"T/O dist", 9}, Column{"15 m", 8},     Column{"Exceeded", 9},
 };
 
-/// The time of day; the unit's counter where the recording has no date.
+constexpr qsizetype fuelColumn = 7;
+
+/// The clock where the recording has one, the unit's counter otherwise.
 QString clock(const QDateTime& dateTime, double seconds)
 {
     return dateTime.isValid() ? dateTime.toString(QStringLiteral("hh:mm:ss"))
@@ -72,19 +75,102 @@ QByteArray flightRow(const FlightLine& line)
                 QString::number(line.exceedances)});
 }
 
-/// Prints the flights of the loaded cycle.
-FlightTotals reportFlights(const Profile& profile, const DataSet& dataSet)
+/// What lies in no flight, in the columns of fuel and exceedances.
+QByteArray outsideRow(const CycleOverview& cycle)
 {
-    const FlightLog log = flightLog(profile, dataSet);
-    FlightTotals totals;
-    if (!log.lines.empty())
-        writeOutput(headings());
-    for (const FlightLine& line : log.lines) {
-        writeOutput(flightRow(line));
-        totals.add(line);
-    }
-    totals.exceedances = log.exceedances; // including those outside flights
+    QStringList cells;
+    for (const Column& column : columns)
+        cells << QString(column.width, QLatin1Char(' '));
+    cells[fuelColumn] = figure(cycle.outsideFuel(), 2, "l");
+    cells[cells.size() - 1] = QString::number(cycle.outsideCrossings);
+    QByteArray line = row(cells);
+    const QByteArray label = " Outside flights";
+    return line.replace(0, label.size(), label);
+}
+
+/// Flights, and what lies outside of them.
+FlightTotals wholeOf(const CycleOverview& cycle)
+{
+    FlightTotals totals = cycle.totals;
+    totals.fuel = cycle.fuel;
+    totals.exceedances = cycle.crossings;
     return totals;
+}
+
+struct TableColumn
+{
+    OverviewTable::Column column;
+    const char* title;
+    int width;
+};
+
+/// The overview's columns in the words of the terminal; the worst exceedance is last, as it is text.
+constexpr std::array tableColumns{
+    TableColumn{OverviewTable::Name, "Day, cycle, flight", -19},
+    TableColumn{OverviewTable::Time, "Time", 9},
+    TableColumn{OverviewTable::Run, "Run", 9},
+    TableColumn{OverviewTable::Flights, "Flights", 7},
+    TableColumn{OverviewTable::Air, "In the air", 10},
+    TableColumn{OverviewTable::Altitude, "Max alt m", 9},
+    TableColumn{OverviewTable::Fuel, "Fuel l", 8},
+    TableColumn{OverviewTable::FlightFuel, "In flights", 10},
+    TableColumn{OverviewTable::Exceeded, "Exceeded", 8},
+    TableColumn{OverviewTable::Lamps, "Lamps", 5},
+    TableColumn{OverviewTable::Worst, " Worst", -1},
+};
+
+QByteArray tableRow(const QString& indent, const QStringList& cells)
+{
+    QString line;
+    for (const TableColumn& column : tableColumns) {
+        const QString cell = (column.column == OverviewTable::Name ? indent : QString()) +
+                             cells[static_cast<qsizetype>(column.column)];
+        line += QLatin1Char(' ') + (column.width < 0 ? cell.leftJustified(-column.width)
+                                                     : cell.rightJustified(column.width));
+    }
+    while (line.endsWith(QLatin1Char(' ')))
+        line.chop(1);
+    return line.toUtf8() + '\n';
+}
+
+/// The table that the window shows of an open folder.
+void reportOverview(const Profile& profile, const CardOverview& card)
+{
+    QStringList titles;
+    for (const TableColumn& column : tableColumns)
+        titles << QLatin1String(column.title);
+    writeOutput("\n" + tableRow({}, titles));
+    const OverviewTable table(profile, card);
+    for (const OverviewTable::Row& line : table.rows()) {
+        const int depth = line.kind == OverviewTable::Kind::Day     ? 0
+                          : line.kind == OverviewTable::Kind::Cycle ? 1
+                                                                    : 2;
+        QStringList cells = line.cells;
+        if (!cells[OverviewTable::Worst].isEmpty())
+            cells[OverviewTable::Worst].prepend(QLatin1Char(' '));
+        writeOutput(tableRow(QString(2 * depth, QLatin1Char(' ')), cells));
+    }
+    writeOutput(tableRow({}, table.total().cells));
+}
+
+/// Prints a cycle with its flights.
+void reportCycle(const CycleOverview& cycle)
+{
+    const QString date = cycle.dateTime.isValid()
+                             ? cycle.dateTime.toString(QStringLiteral("dd.MM.yyyy hh:mm:ss"))
+                             : QStringLiteral("Unknown Date");
+    writeOutput(QStringLiteral("\n%1  %2  %3  %4 files\n")
+                    .arg(cycle.name, date, durationText(cycle.runSeconds))
+                    .arg(cycle.fileCount)
+                    .toUtf8());
+    for (const QString& name : cycle.unreadFiles)
+        writeOutput(" " + name.toUtf8() + " could not be read: what follows lacks it\n");
+    if (!cycle.flights.empty())
+        writeOutput(headings());
+    for (const FlightOverview& flight : cycle.flights)
+        writeOutput(flightRow(flight.line));
+    writeOutput(outsideRow(cycle));
+    writeOutput(totalsLine(" Sum", wholeOf(cycle)));
 }
 
 } // namespace
@@ -97,29 +183,23 @@ QString report(const Arguments& arguments)
         error = recording.openFolder();
     if (!error.isEmpty())
         return error;
-    CardContainer& card = recording.card();
+    const CardContainer& card = recording.card();
     writeOutput(QStringLiteral("%1: %2 record files, %3 engine cycles\n")
                     .arg(card.folder(), QString::number(card.files().size()),
                          QString::number(card.cycles().size()))
                     .toUtf8());
+    CardOverview overview(recording.profile(), card);
+    while (overview.step()) {
+    }
+    if (!overview.cycles().empty())
+        reportOverview(recording.profile(), overview);
     FlightTotals all;
     std::vector<QString> unread;
-    for (const auto& [cycleNumber, cycle] : card.cycles()) {
-        const QString date = cycle.dateTime.isValid()
-                                 ? cycle.dateTime.toString(QStringLiteral("dd.MM.yyyy hh:mm:ss"))
-                                 : QStringLiteral("Unknown Date");
-        writeOutput(QStringLiteral("\n%1  %2  %3  %4 files\n")
-                        .arg(cycle.name, date, durationText(cycle.durationSeconds()))
-                        .arg(cycle.fileNames.size())
-                        .toUtf8());
-        card.loadCycle(cycleNumber);
-        const std::vector<QString>& unreadHere = card.dataSet()->unreadFiles;
-        unread.insert(unread.end(), unreadHere.begin(), unreadHere.end());
-        for (const QString& name : unreadHere)
-            writeOutput(" " + name.toUtf8() + " could not be read: what follows lacks it\n");
-        const FlightTotals totals = reportFlights(recording.profile(), *card.dataSet());
-        writeOutput(totalsLine(" Sum", totals));
-        all.add(totals);
+    for (const auto& [number, listed] : card.cycles()) {
+        const CycleOverview& cycle = *overview.cycle(number);
+        unread.insert(unread.end(), cycle.unreadFiles.begin(), cycle.unreadFiles.end());
+        reportCycle(cycle);
+        all.add(wholeOf(cycle));
     }
     writeOutput("\n" + totalsLine("Total", all));
     error = finishOutput();

@@ -2,6 +2,7 @@
 
 #include "analysis/EventFinder.h"
 #include "cli/Arguments.h"
+#include "cli/Json.h"
 #include "cli/Recording.h"
 #include "record/RoleSeries.h"
 
@@ -13,19 +14,6 @@
 namespace KOLT::Cli {
 
 namespace {
-
-QJsonValue jsonDateTime(const QDateTime& dateTime)
-{
-    if (!dateTime.isValid())
-        return QJsonValue::Null;
-    return dateTime.toString(QStringLiteral("yyyy-MM-ddThh:mm:ss"));
-}
-
-QString print(const QJsonObject& object)
-{
-    writeOutput(QJsonDocument(object).toJson());
-    return finishOutput();
-}
 
 QJsonArray jsonNames(const std::vector<QString>& names)
 {
@@ -71,30 +59,6 @@ QJsonObject jsonCycle(const Cycle& cycle)
     };
 }
 
-QJsonObject jsonFlight(const Flight& flight)
-{
-    return {
-        {QStringLiteral("dateTime"), jsonDateTime(flight.dateTime)},
-        {QStringLiteral("start"), flight.startSeconds},
-        {QStringLiteral("end"), flight.endSeconds},
-        {QStringLiteral("takeOff"), flight.takeOffSeconds},
-        {QStringLiteral("landing"), flight.landingSeconds},
-        {QStringLiteral("minAltitude"), flight.minAltitude},
-        {QStringLiteral("maxAltitude"), flight.maxAltitude},
-        {QStringLiteral("altitudeGain"), flight.altitudeGain},
-        {QStringLiteral("climbRate"), flight.climbRate},
-        {QStringLiteral("descentRate"), flight.descentRate},
-        {QStringLiteral("maxGroundSpeed"), flight.maxGroundSpeed},
-        {QStringLiteral("fuelA"), flight.fuelA},
-        {QStringLiteral("fuelB"), flight.fuelB},
-        {QStringLiteral("fuel"), flight.fuel},
-        {QStringLiteral("timePer100m"), flight.timePer100m},
-        {QStringLiteral("fuelPer100m"), flight.fuelPer100m},
-        {QStringLiteral("takeOffDistance"), flight.takeOffDistance},
-        {QStringLiteral("takeOffDistance15m"), flight.takeOffDistance15m},
-    };
-}
-
 QJsonArray jsonSample(const StoredSample& sample, const DecodedValue& value)
 {
     return {
@@ -125,7 +89,7 @@ QString list(const Arguments& arguments)
     QJsonArray cycles;
     for (const auto& [number, cycle] : recording.card().cycles())
         cycles.append(jsonCycle(cycle));
-    return print({{QStringLiteral("files"), files}, {QStringLiteral("cycles"), cycles}});
+    return printJson({{QStringLiteral("files"), files}, {QStringLiteral("cycles"), cycles}});
 }
 
 QString flights(const Arguments& arguments)
@@ -138,7 +102,7 @@ QString flights(const Arguments& arguments)
     QJsonArray found;
     for (const Flight& flight : dataSet.flights)
         found.append(jsonFlight(flight));
-    error = print({{QStringLiteral("start"), dataSet.startSeconds},
+    error = printJson({{QStringLiteral("start"), dataSet.startSeconds},
                    {QStringLiteral("stop"), dataSet.stopSeconds},
                    {QStringLiteral("flights"), found},
                    {QStringLiteral("trackPoints"), static_cast<qint64>(dataSet.track.size())},
@@ -194,7 +158,7 @@ QString events(const Arguments& arguments)
                                  {QStringLiteral("group"), event.group},
                                  {QStringLiteral("parameter"), event.parameter->name},
                                  {QStringLiteral("text"), event.text}});
-    error = print({{QStringLiteral("events"), found},
+    error = printJson({{QStringLiteral("events"), found},
                    {QStringLiteral("leftOut"), static_cast<qint64>(leftOut)},
                    {QStringLiteral("unread"), jsonNames(dataSet.unreadFiles)}});
     return finish(error, dataSet);

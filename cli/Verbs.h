@@ -1,6 +1,7 @@
 #pragma once
 
 #include "cli/Export.h"
+#include "cli/Overview.h"
 #include "cli/Report.h"
 
 #include <QString>
@@ -35,6 +36,8 @@ inline constexpr std::array verbs{
          flights},
     Verb{"values", "Print every sample of a parameter as JSON.", true, true, values},
     Verb{"events", "Print the moments at which limits were exceeded as JSON.", true, true, events},
+    Verb{"overview", "Print the figures of all cycles and days of a folder as JSON.", false, true,
+         overview},
     Verb{"report", "Print the cycles and flights of a folder for people, in metric units.", false,
          true, report},
     Verb{"export", "Write a cycle, a flight or files as CSV, KML or GPX; or every flight.", true,

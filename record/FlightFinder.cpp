@@ -3,6 +3,7 @@
 #include "base/Diagnostics.h"
 #include "libs/tusk/math/Geodetic.h"
 #include "record/FlightDetector.h"
+#include "record/FuelUse.h"
 #include "record/RoleSeries.h"
 
 #include <algorithm>
@@ -19,7 +20,6 @@ constexpr double referenceSpeed = 80.0;       // km/h
 constexpr double minValidAltitude = 0.1;      // metres
 constexpr double liftOffHeight = 1.0;         // metres
 constexpr double obstacleHeight = 15.0;       // metres
-constexpr double secondsPerHour = 3600.0;
 
 /// If the times of a series do not ascend, the figures of each flight need a pass over all of it. A
 /// damaged recording can hold thousands of flights; this bounds the total work to O(samples).
@@ -40,7 +40,7 @@ double distanceBetween(const Position& from, const Position& to)
 class FlightStatistic
 {
 public:
-    FlightStatistic(const Profile& profile, const MessageMap& messages)
+    FlightStatistic(const Profile& profile, const MessageMap& messages, std::size_t sampleCount)
         : m_throttle(profile, messages, "ThrottleA")
         , m_fuelA(profile, messages, "FuelA")
         , m_fuelB(profile, messages, "FuelB")
@@ -48,7 +48,7 @@ public:
         , m_altitude(profile, messages, "Altitude")
         , m_latitude(profile, messages, "Latitude")
         , m_longitude(profile, messages, "Longitude")
-        , m_budget(maxLooksPerSample * (messages.sampleCount() + 1))
+        , m_budget(maxLooksPerSample * (sampleCount + 1))
     {
     }
 
@@ -59,8 +59,8 @@ public:
         if (work > m_budget)
             return false;
         m_budget -= work;
-        flight.fuelA = fuelUsed(m_fuelA, flight);
-        flight.fuelB = fuelUsed(m_fuelB, flight);
+        flight.fuelA = fuelUsed(m_fuelA, flight.startSeconds, flight.endSeconds);
+        flight.fuelB = fuelUsed(m_fuelB, flight.startSeconds, flight.endSeconds);
         flight.fuel = flight.fuelA + flight.fuelB;
         const Reference reference = speedFigures(flight);
         altitudeFigures(flight, reference);
@@ -102,19 +102,6 @@ private:
                 time = t;
         });
         return time ? positionAt(*time) : Position{};
-    }
-
-    /// Integrates a flow in litres per hour over time.
-    static double fuelUsed(const RoleSeries& flow, const Flight& flight)
-    {
-        double used = 0.0;
-        std::optional<double> previous;
-        flow.forEach(flight.startSeconds, flight.endSeconds, [&](double t, double value) {
-            if (previous)
-                used += value * (t - *previous) / secondsPerHour;
-            previous = t;
-        });
-        return used;
     }
 
     Reference speedFigures(Flight& flight) const
@@ -176,8 +163,14 @@ private:
 std::vector<Flight> findFlights(const Profile& profile, const MessageMap& messages,
                                 const QDateTime& dateTime)
 {
+    return findFlights(profile, messages, dateTime, messages.sampleCount());
+}
+
+std::vector<Flight> findFlights(const Profile& profile, const MessageMap& messages,
+                                const QDateTime& dateTime, std::size_t sampleCount)
+{
     std::vector<Flight> flights;
-    FlightStatistic statistic(profile, messages);
+    FlightStatistic statistic(profile, messages, sampleCount);
     std::size_t withoutFigures = 0;
     FlightDetector detector;
     Flight flight;

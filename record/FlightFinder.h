@@ -14,4 +14,9 @@ namespace KOLT {
 std::vector<Flight> findFlights(const Profile& profile, const MessageMap& messages,
                                 const QDateTime& dateTime);
 
+/// The same for a map that holds only the messages of the roles: `sampleCount` is that of the whole
+/// recording, which bounds the work on a damaged one.
+std::vector<Flight> findFlights(const Profile& profile, const MessageMap& messages,
+                                const QDateTime& dateTime, std::size_t sampleCount);
+
 } // namespace KOLT

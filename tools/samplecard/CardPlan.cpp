@@ -113,6 +113,18 @@ std::vector<CyclePlan> defaultCard()
     return card;
 }
 
+std::vector<CyclePlan> shortCard()
+{
+    CyclePlan cycle;
+    cycle.clock = clock(25, 9, 41, 12);
+    cycle.fileSeconds = 330.0;
+    cycle.outsideTemperature = 18.0;
+    cycle.engineTemperature = 45.0;
+    cycle.flights.count = 1;
+    cycle.incidents = {{Incident::Overspeed, 1, Phase::Tow, 110.0, 5.0}};
+    return {cycle};
+}
+
 std::vector<CyclePlan> longCard(double hours)
 {
     CyclePlan cycle;

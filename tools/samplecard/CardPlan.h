@@ -51,6 +51,9 @@ struct CyclePlan
 /// A long weekend at a gliding club.
 std::vector<CyclePlan> defaultCard();
 
+/// One tow on one morning, in three files: what the program ships to be tried.
+std::vector<CyclePlan> shortCard();
+
 /// One engine run of that length, tow after tow.
 std::vector<CyclePlan> longCard(double hours);
 

@@ -44,7 +44,7 @@ bool writeSampleCard(const SampleCardOptions& options, QString* error)
 
     Random random(options.seed);
     const std::vector<CyclePlan> card =
-        options.hours > 0.0 ? longCard(options.hours) : defaultCard();
+        options.isShort ? shortCard() : options.hours > 0.0 ? longCard(options.hours) : defaultCard();
     int fileNumber = 1;
     int cycleNumber = 0;
     double hours = earlierHours;

@@ -35,11 +35,13 @@ int main(int argc, char** argv)
     const QCommandLineOption hours(QStringLiteral("hours"),
                                    QStringLiteral("One engine run of H hours instead of the card."),
                                    QStringLiteral("H"));
+    const QCommandLineOption isShort(QStringLiteral("short"),
+                                     QStringLiteral("One short engine run in three files."));
     const QCommandLineOption profile(
         QStringLiteral("profile"), QStringLiteral("Profile that the messages are encoded with."),
         QStringLiteral("FILE"),
         QCoreApplication::applicationDirPath() + QStringLiteral("/../profiles/Profile.xml"));
-    parser.addOptions({seed, hours, profile});
+    parser.addOptions({seed, hours, isShort, profile});
     parser.process(application);
 
     if (parser.positionalArguments().size() != 1)
@@ -57,6 +59,7 @@ int main(int argc, char** argv)
         if (!ok || !(options.hours > 0.0) || options.hours > 1000.0)
             return fail(QStringLiteral("--hours needs a number above 0, up to 1000"));
     }
+    options.isShort = parser.isSet(isShort);
     options.report = [](const QString& line) {
         std::printf("%s\n", qUtf8Printable(line));
         std::fflush(stdout);

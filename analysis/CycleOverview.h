@@ -1,0 +1,73 @@
+#pragma once
+
+#include "analysis/FlightLog.h"
+#include "profile/Profile.h"
+#include "record/Flight.h"
+
+#include <QDateTime>
+#include <QString>
+
+#include <map>
+#include <optional>
+#include <vector>
+
+namespace KOLT {
+
+/// One crossing of a threshold with the worst value until the return to normal. Valid as long as
+/// the profile is not loaded again.
+struct Exceedance
+{
+    const ProfileParameter* parameter = nullptr;
+    ThresholdState state = ThresholdState::Ok; ///< that was reached by the crossing
+    double seconds = 0.0;                      ///< of the crossing, on the unit's counter
+    double peak = 0.0;                         ///< metric
+    MessageData peakData{};
+    double excess = 0.0; ///< distance of the peak from the threshold, relative to the threshold
+
+    /// The peak in the profile's unit system, with its unit.
+    QString peakText(const Profile& profile) const;
+};
+
+/// A limit is worse than a warning. Of the same state the one is worse that went farther beyond its
+/// threshold in proportion to it, then the earlier one.
+bool isWorse(const Exceedance& a, const Exceedance& b);
+
+/// One flight of an overview. Exceedances count as in FlightLine, which has their number.
+struct FlightOverview
+{
+    Flight flight;
+    FlightLine line;
+    std::size_t lamps = 0; ///< how often a warning lamp came on
+    std::optional<Exceedance> worst;
+};
+
+/// One engine cycle in a row: the figures of `kolt-cli flights`, `events` and `report`.
+struct CycleOverview
+{
+    int number = 0;
+    QString name;
+    QDateTime dateTime;
+    double runSeconds = 0.0; ///< by the headers of the files
+    std::size_t fileCount = 0;
+
+    bool isComplete = false; ///< all below is known
+    double startSeconds = 0.0;
+    std::vector<QString> unreadFiles; ///< what could not be read, or not to the end
+    std::vector<FlightOverview> flights;
+    FlightTotals totals; ///< of the flights
+    double maxAltitude = 0.0;
+    double fuel = 0.0;                ///< litres, of the whole run
+    std::size_t crossings = 0;        ///< of all parameters, lamps included
+    std::size_t outsideCrossings = 0; ///< those that lie in no flight and its 30 s around
+    std::size_t lamps = 0;            ///< of the crossings, those of warning lamps
+    std::map<QString, std::size_t> lampNames; ///< how often each came on, by full name
+    std::vector<QString> lampsFromTheStart;   ///< on at their first sample, which is no crossing
+    std::optional<Exceedance> worst;
+
+    /// What is left of the run's fuel without the flights: engine tests, taxiing, take-offs that
+    /// were aborted or whose landing is missing. The margins of two flights within a minute overlap
+    /// and count for both.
+    double outsideFuel() const { return fuel - totals.fuel; }
+};
+
+} // namespace KOLT

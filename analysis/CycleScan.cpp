@@ -1,0 +1,396 @@
+#include "analysis/CycleScan.h"
+
+#include "analysis/EventFinder.h"
+#include "record/FlightFinder.h"
+#include "record/FuelUse.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstring>
+#include <new>
+
+namespace KOLT {
+
+namespace {
+
+using namespace RecordFormat;
+
+constexpr const char* storedRoles[] = {"GroundSpeed", "Altitude", "Latitude", "Longitude",
+                                       "ThrottleA",   "FuelA",    "FuelB"};
+
+QString fileNameOf(const RecordFile& file)
+{
+    return file.path().section(QLatin1Char('/'), -1);
+}
+
+std::uint32_t idOf(const ProfileParameter& parameter)
+{
+    return static_cast<std::uint32_t>(parameter.id);
+}
+
+bool isKindSeries(std::uint32_t id)
+{
+    return id == kind0Series || id == kind1Series;
+}
+
+/// How far a peak lies beyond a threshold, in proportion to the threshold where it is not 0.
+double excessOf(double peak, double threshold)
+{
+    if (!std::isfinite(threshold))
+        return 0.0;
+    const double distance = std::abs(peak - threshold);
+    return threshold != 0.0 ? distance / std::abs(threshold) : distance;
+}
+
+} // namespace
+
+QString Exceedance::peakText(const Profile& profile) const
+{
+    const QString text = textOf(profile, *parameter, peakData, peak);
+    const QString& unit = profile.unitLabel(*parameter);
+    return unit.isEmpty() ? text : text + QLatin1Char(' ') + unit;
+}
+
+bool isWorse(const Exceedance& a, const Exceedance& b)
+{
+    if (a.state != b.state)
+        return a.state > b.state;
+    if (a.excess != b.excess)
+        return a.excess > b.excess;
+    if (a.seconds != b.seconds)
+        return a.seconds < b.seconds;
+    if (a.parameter->device != b.parameter->device)
+        return a.parameter->device < b.parameter->device;
+    return a.parameter->fullName < b.parameter->fullName;
+}
+
+bool ExceedanceTracker::follow(const Profile& profile, bool isCrossing, const MessageData& data,
+                               std::uint32_t timeHigh, std::uint32_t timeLow,
+                               std::vector<Exceedance>& over)
+{
+    const ThresholdState state = m_detector.state();
+    const double number = m_detector.number();
+    if (m_isFirst)
+        m_isOnFromTheStart = state != ThresholdState::Ok;
+    m_isFirst = false;
+    if (state == ThresholdState::Ok) {
+        finish(over);
+        return false;
+    }
+    if (!m_open.empty() && number < m_open.back().lowest) {
+        m_open.back().lowest = number;
+        m_open.back().lowestData = data;
+    }
+    if (!m_open.empty() && number > m_open.back().highest) {
+        m_open.back().highest = number;
+        m_open.back().highestData = data;
+    }
+    if (!isCrossing || isTextNan(profile, parameter(), data, number))
+        return false;
+    open(data, secondsOf(timeHigh, timeLow));
+    return true;
+}
+
+void ExceedanceTracker::open(const MessageData& data, double seconds)
+{
+    Open& last = m_open.emplace_back();
+    last.exceedance.parameter = &parameter();
+    last.exceedance.state = m_detector.state();
+    last.exceedance.seconds = seconds;
+    last.isRising = m_detector.isRising();
+    last.threshold = last.isRising ? m_detector.low() : m_detector.high();
+    last.lowest = last.highest = m_detector.number();
+    last.lowestData = last.highestData = data;
+}
+
+void ExceedanceTracker::finish(std::vector<Exceedance>& over)
+{
+    for (std::size_t i = m_open.size(); i > 0; --i) {
+        Open& one = m_open[i - 1];
+        if (i < m_open.size() && m_open[i].lowest < one.lowest) {
+            one.lowest = m_open[i].lowest;
+            one.lowestData = m_open[i].lowestData;
+        }
+        if (i < m_open.size() && m_open[i].highest > one.highest) {
+            one.highest = m_open[i].highest;
+            one.highestData = m_open[i].highestData;
+        }
+        Exceedance& exceedance = one.exceedance;
+        exceedance.peak = one.isRising ? one.highest : one.lowest;
+        exceedance.peakData = one.isRising ? one.highestData : one.lowestData;
+        exceedance.excess = excessOf(exceedance.peak, one.threshold);
+        over.push_back(exceedance);
+    }
+    m_open.clear();
+}
+
+CycleScan::CycleScan(const Profile& profile, CycleOverview overview, std::vector<RecordFile> files)
+    : m_profile(profile)
+    , m_overview(std::move(overview))
+    , m_files(std::move(files))
+{
+    for (const RecordFile& file : m_files)
+        m_totalBytes += qint64{file.info().sampleCount} * sampleBytes;
+    addRoles();
+    addTrackers();
+}
+
+void CycleScan::addRoles()
+{
+    for (const char* role : storedRoles) {
+        const ProfileParameter* const parameter = m_profile.parameterByRole(QLatin1String(role));
+        if (parameter == nullptr)
+            continue;
+        m_known[idOf(*parameter)].isStored = true;
+        m_isAllStored = m_isAllStored || isKindSeries(idOf(*parameter));
+    }
+}
+
+void CycleScan::addTrackers()
+{
+    for (const ProfileParameter& parameter : m_profile.parameters()) {
+        if (parameter.threshold == nullptr)
+            continue;
+        Message& message = m_known[idOf(parameter)];
+        if (parameter.isPosition && !parameter.isLatitude) {
+            // Its filter must have seen all latitudes.
+            m_late.emplace_back(parameter, PositionFilter());
+            message.isStored = true;
+            m_isAllStored = m_isAllStored || isKindSeries(idOf(parameter));
+            continue;
+        }
+        message.trackers.emplace_back(parameter, PositionFilter());
+        message.isFiltered = message.isFiltered || parameter.isPosition;
+        if (isKindSeries(idOf(parameter)))
+            m_kinds[kind0Series - idOf(parameter)] = &message;
+    }
+}
+
+bool CycleScan::step()
+{
+    if (m_overview.isComplete)
+        return false;
+    try {
+        if (!m_isReading && !openNextFile()) {
+            finish();
+            return false;
+        }
+        const std::span<const unsigned char> samples = m_reader.next();
+        if (samples.empty()) {
+            m_isReading = false;
+            m_doneBytes += m_reader.doneBytes();
+            if (!m_reader.isComplete())
+                m_overview.unreadFiles.push_back(fileNameOf(m_files[m_nextFile - 1]));
+        } else if (m_files[m_nextFile - 1].info().byteOrder == ByteOrder::Little) {
+            take<ByteOrder::Little>(samples);
+        } else {
+            take<ByteOrder::Big>(samples);
+        }
+    } catch (const std::bad_alloc&) {
+        m_isReading = false;
+        m_overview.unreadFiles.push_back(fileNameOf(m_files[m_nextFile - 1]));
+    }
+    return true;
+}
+
+double CycleScan::progress() const
+{
+    const qint64 done = m_doneBytes + (m_isReading ? m_reader.doneBytes() : 0);
+    return m_totalBytes > 0 ? static_cast<double>(done) / static_cast<double>(m_totalBytes) : 1.0;
+}
+
+bool CycleScan::openNextFile()
+{
+    while (m_nextFile < m_files.size()) {
+        const RecordFile& file = m_files[m_nextFile++];
+        m_isReading = m_reader.open(file.path());
+        if (m_isReading)
+            return true;
+        m_overview.unreadFiles.push_back(fileNameOf(file));
+    }
+    return false;
+}
+
+CycleScan::Message* CycleScan::recorded(std::uint32_t id)
+{
+    const auto found = m_known.find(id);
+    if (found != m_known.end() && found->second.isRecorded)
+        return &found->second;
+    if (m_recordedCount == MessageMap::maxIdentifiers)
+        return nullptr;
+    ++m_recordedCount;
+    Message& message = m_known[id];
+    message.isRecorded = true;
+    return &message;
+}
+
+template <ByteOrder order>
+void CycleScan::take(std::span<const unsigned char> samples)
+{
+    for (; samples.size() >= sampleBytes; samples = samples.subspan(sampleBytes)) {
+        const auto bytes = samples.first<sampleBytes>();
+        const ByteReader reader(bytes, order);
+        const std::uint32_t id = reader.u32(identifierOffset) & identifierMask;
+        CacheLine& line = m_cache[(id * 2654435769U) >> (32 - cacheBits)];
+        if (line.message == nullptr || line.id != id) {
+            Message* const message = recorded(id);
+            if (message == nullptr)
+                continue;
+            line = {id, message};
+        }
+        ++m_sampleCount;
+        Message& message = *line.message;
+        if (message.isStored || m_isAllStored)
+            store<order>(bytes, id);
+        const bool isTracked = !message.trackers.empty();
+        if (!isTracked && m_kinds[0] == nullptr && m_kinds[1] == nullptr)
+            continue;
+        MessageData data;
+        std::memcpy(data.data(), bytes.data(), data.size());
+        const auto trackIn = [&](Message& tracked) {
+            track(tracked, data, reader.u32(sampleTimeOffset), reader.u32(sampleTimeOffset + 4));
+        };
+        if (isTracked)
+            trackIn(message);
+        const std::uint16_t kind = reader.u16(kindOffset);
+        if (kind < m_kinds.size() && m_kinds[kind] != nullptr)
+            trackIn(*m_kinds[kind]);
+    }
+}
+
+template <ByteOrder order>
+void CycleScan::store(std::span<const unsigned char, sampleBytes> bytes, std::uint32_t id)
+{
+    const ByteReader reader(bytes, order);
+    StoredSample* const sample = m_messages.append(id, reader.u32(sampleTimeOffset),
+                                                   reader.u32(sampleTimeOffset + 4));
+    if (sample == nullptr)
+        return;
+    std::memcpy(sample->data.data(), bytes.data(), sample->data.size());
+    sample->byte8 = sample->byte9 = 0; // nothing here looks at them
+    sample->word16 = 0;
+    sample->kind = reader.u16(kindOffset);
+}
+
+void CycleScan::track(Message& message, const MessageData& data, std::uint32_t timeHigh,
+                      std::uint32_t timeLow)
+{
+    // The same bytes as before: the same values.
+    if (message.hasLast && !message.isFiltered && data == message.last)
+        return;
+    message.hasLast = true;
+    message.last = data;
+    for (ExceedanceTracker& tracker : message.trackers) {
+        if (tracker.step(m_profile, data, timeHigh, timeLow, m_exceedances))
+            addCrossing(tracker, secondsOf(timeHigh, timeLow));
+    }
+    limitExceedances();
+}
+
+void CycleScan::addCrossing(const ExceedanceTracker& tracker, double seconds)
+{
+    m_crossings.push_back(seconds);
+    if (!tracker.isLamp())
+        return;
+    m_lampCrossings.push_back(seconds);
+    ++m_overview.lampNames[tracker.parameter().fullName];
+}
+
+void CycleScan::limitExceedances()
+{
+    if (m_exceedances.size() < 2 * maxEvents)
+        return;
+    std::ranges::nth_element(m_exceedances, m_exceedances.begin() + maxEvents, isWorse);
+    m_exceedances.resize(maxEvents);
+}
+
+void CycleScan::finish()
+{
+    finishTrackers();
+    std::ranges::sort(m_crossings);
+    std::ranges::sort(m_lampCrossings);
+    std::ranges::sort(m_exceedances, {}, &Exceedance::seconds);
+    m_overview.crossings = m_crossings.size();
+    m_overview.lamps = m_lampCrossings.size();
+    for (const char* role : {"FuelA", "FuelB"})
+        m_overview.fuel += fuelUsed(RoleSeries(m_profile, m_messages, role));
+    const auto worst = std::ranges::min_element(m_exceedances, isWorse);
+    if (worst != m_exceedances.end())
+        m_overview.worst = *worst;
+    addFlights();
+    countOutside();
+    m_messages.clear();
+    m_overview.isComplete = true;
+}
+
+void CycleScan::finishTrackers()
+{
+    for (ExceedanceTracker& tracker : m_late) {
+        const ProfileParameter& parameter = tracker.parameter();
+        tracker = ExceedanceTracker(parameter, positionFilterFor(m_profile, m_messages, parameter));
+        for (const StoredSample& sample : seriesOf(m_messages, parameter)) {
+            if (tracker.step(m_profile, sample.data, sample.timeHigh, sample.timeLow,
+                             m_exceedances))
+                addCrossing(tracker, sample.seconds());
+            limitExceedances();
+        }
+    }
+    const auto finishOne = [&](ExceedanceTracker& tracker) {
+        tracker.finish(m_exceedances);
+        limitExceedances();
+        if (tracker.isLamp() && tracker.isOnFromTheStart())
+            m_overview.lampsFromTheStart.push_back(tracker.parameter().fullName);
+    };
+    std::ranges::for_each(m_late, finishOne);
+    for (auto& [id, message] : m_known)
+        std::ranges::for_each(message.trackers, finishOne);
+    std::ranges::sort(m_overview.lampsFromTheStart);
+}
+
+void CycleScan::addFlights()
+{
+    const auto within = [](const std::vector<double>& times, const Flight& flight) {
+        const auto first = std::ranges::lower_bound(times, flight.startSeconds);
+        const auto behind = std::ranges::upper_bound(times, flight.endSeconds);
+        return first < behind ? static_cast<std::size_t>(behind - first) : 0;
+    };
+    for (const Flight& flight :
+         findFlights(m_profile, m_messages, m_overview.dateTime, m_sampleCount)) {
+        FlightOverview& row = m_overview.flights.emplace_back();
+        row.flight = flight;
+        row.line = flightLine(flight, static_cast<int>(m_overview.flights.size()),
+                              m_overview.dateTime, m_crossings);
+        row.lamps = within(m_lampCrossings, flight);
+        const auto first = std::ranges::lower_bound(m_exceedances, flight.startSeconds, {},
+                                                    &Exceedance::seconds);
+        for (auto it = first; it != m_exceedances.end() && it->seconds <= flight.endSeconds; ++it) {
+            if (!row.worst || isWorse(*it, *row.worst))
+                row.worst = *it;
+        }
+        m_overview.totals.add(row.line);
+        m_overview.maxAltitude = std::max(m_overview.maxAltitude, flight.maxAltitude);
+    }
+}
+
+void CycleScan::countOutside()
+{
+    // In the order of their starts; windows may overlap, and lie in each other where times jump.
+    std::vector<const Flight*> flights;
+    for (const FlightOverview& row : m_overview.flights)
+        flights.push_back(&row.flight);
+    std::ranges::sort(flights, {}, &Flight::startSeconds);
+    auto next = m_crossings.begin();
+    double end = -1.0;
+    for (const Flight* flight : flights) {
+        if (flight->startSeconds > end) {
+            const auto start = std::lower_bound(next, m_crossings.end(), flight->startSeconds);
+            m_overview.outsideCrossings += static_cast<std::size_t>(start - next);
+            next = start;
+        }
+        end = std::max(end, flight->endSeconds);
+        next = std::upper_bound(next, m_crossings.end(), end);
+    }
+    m_overview.outsideCrossings += static_cast<std::size_t>(m_crossings.end() - next);
+}
+
+} // namespace KOLT
