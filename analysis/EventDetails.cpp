@@ -54,7 +54,7 @@ EventDetails detailsOf(const Profile& profile, const DataSet& dataSet, const Eve
         details.unit = profile.unitLabel(parameter);
     }
     details.engineSpeed =
-        valueUpTo(dataSet, profile.parameterByRole(QStringLiteral("EngineSpeed")), event.seconds);
+        valueUpTo(dataSet, profile.parameterByRole(Role::EngineSpeed), event.seconds);
     return details;
 }
 

@@ -1,19 +1,26 @@
 #include "analysis/EventFinder.h"
 
-#include "analysis/CrossingDetector.h"
 #include "base/Diagnostics.h"
+#include "record/RoleSeries.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace KOLT {
 
 namespace {
 
+bool isWorse(ThresholdState previous, ThresholdState state)
+{
+    return (previous == ThresholdState::Ok && state != ThresholdState::Ok) ||
+           (previous == ThresholdState::Warning && state == ThresholdState::Limit);
+}
+
 /// A crossing without its text, of which there may be millions.
 struct Crossing
 {
     double seconds;
-    std::size_t order; ///< of finding, which is profile order; decides between equal times
+    std::size_t order; ///< in which they are found: equal times keep the profile's
     const Device* group;
     const ProfileParameter* parameter;
     const StoredSample* sample;
@@ -26,7 +33,7 @@ bool isEarlier(const Crossing& a, const Crossing& b)
     return a.seconds != b.seconds ? a.seconds < b.seconds : a.order < b.order;
 }
 
-/// Keeps the maxEvents earliest crossings; holds at most twice as many meanwhile.
+/// Keeps the earliest crossings, in twice their memory at most.
 class EarliestCrossings
 {
 public:
@@ -38,7 +45,7 @@ public:
             cut();
     }
 
-    /// Those kept, by ascending time.
+    /// By ascending time.
     const std::vector<Crossing>& finish()
     {
         if (m_crossings.size() > maxEvents)
@@ -64,25 +71,32 @@ template <typename Function>
 void forEachCrossing(const Profile& profile, const Device& group, const ProfileParameter& parameter,
                      const DataSet& dataSet, Function&& function)
 {
-    CrossingDetector detector(parameter, positionFilterFor(profile, dataSet.messages, parameter));
+    PositionFilter filter = positionFilterFor(profile, dataSet.messages, parameter);
+    ThresholdState previous = ThresholdState::Limit;
+    double previousNumber = 0.0;
     for (const StoredSample& sample : seriesOf(dataSet.messages, parameter)) {
-        if (detector.step(sample.data) &&
-            !isTextNan(profile, parameter, sample.data, detector.number()))
-            function(Crossing{sample.seconds(), 0, &group, &parameter, &sample, detector.number(),
-                              detector.isRising()});
+        const double number = decodeFiltered(sample.data, parameter, &filter);
+        const ThresholdState state = gradeOf(parameter, number).state;
+        if (isWorse(previous, state) &&
+            (std::isfinite(number) ||
+             textOf(profile, parameter, sample.data, number) != QLatin1String("nan")))
+            function(Crossing{sample.seconds(), 0, &group, &parameter, &sample, number,
+                              number >= previousNumber});
+        previous = state;
+        previousNumber = number;
     }
 }
 
-/// Calls function(crossing) in profile order, and in stored order within a parameter.
+/// Calls function(crossing) in profile order, by time within a parameter as stored.
 template <typename Function>
 void forEachCrossing(const Profile& profile, const DataSet& dataSet, EventScope scope,
                      Function&& function)
 {
     for (const Device& group : profile.devices()) {
         for (const ProfileParameter* parameter : group.parameters) {
-            const bool isAsked = scope == EventScope::AllParameters ||
-                                 parameter->koltDataType == QLatin1String("WarningLamp");
-            // Without a threshold the state is always Ok.
+            const bool isAsked =
+                scope == EventScope::AllParameters || parameter->role == Role::WarningLamp;
+            // Without a threshold every state is Ok.
             if (isAsked && parameter->threshold != nullptr)
                 forEachCrossing(profile, group, *parameter, dataSet, function);
         }

@@ -78,7 +78,7 @@ QStringList lampsOnFromTheStart(const Profile& profile, const DataSet& dataSet)
     QStringList names;
     for (const Device& group : profile.devices()) {
         for (const ProfileParameter* parameter : group.parameters) {
-            if (parameter->koltDataType != QLatin1String("WarningLamp"))
+            if (parameter->role != Role::WarningLamp)
                 continue;
             const MessageSeries& series = seriesOf(dataSet.messages, *parameter);
             if (!series.empty() &&

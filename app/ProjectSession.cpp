@@ -265,9 +265,9 @@ void selectDefaultParameters(Profile& profile)
 {
     constexpr std::size_t firstOnes = 6;
     std::set<const ProfileParameter*> chosen;
-    for (const char* role :
-         {"EngineSpeed", "ThrottleA", "FuelA", "Altitude", "GroundSpeed", "Track"}) {
-        const ProfileParameter* const parameter = profile.parameterByRole(QLatin1String(role));
+    for (const Role role : {Role::EngineSpeed, Role::ThrottleA, Role::FuelA, Role::Altitude,
+                            Role::GroundSpeed, Role::Track}) {
+        const ProfileParameter* const parameter = profile.parameterByRole(role);
         if (parameter != nullptr)
             chosen.insert(parameter);
     }

@@ -35,7 +35,7 @@ KmlDescription::KmlDescription(const Profile& profile, const DataSet& dataSet)
     , m_dataSet(dataSet)
     , m_clock(dataSet.dateTime)
 {
-    const ProfileParameter* const speed = profile.parameterByRole(QStringLiteral("GroundSpeed"));
+    const ProfileParameter* const speed = profile.parameterByRole(Role::GroundSpeed);
     m_hasSpeed = speed != nullptr && !seriesOf(dataSet.messages, *speed).empty();
     for (const ProfileParameter* parameter : profile.selectedParameters()) {
         const auto place =
@@ -49,9 +49,9 @@ QString KmlDescription::of(const TrackPoint& point)
     const double seconds = point.seconds();
     QString text = QStringLiteral("<table>\n") + row(Text::tr("Time"), momentText(seconds));
     if (point.hasAltitude)
-        text += row(Text::tr("Altitude"), roleText("Altitude", point.altitude, "m", 0));
+        text += row(Text::tr("Altitude"), roleText(Role::Altitude, point.altitude, "m", 0));
     if (m_hasSpeed)
-        text += row(Text::tr("Speed"), roleText("GroundSpeed", point.groundSpeed, "km/h", 0));
+        text += row(Text::tr("Speed"), roleText(Role::GroundSpeed, point.groundSpeed, "km/h", 0));
     for (auto& [id, walker] : m_walkers)
         walker.advanceTo(seconds);
     for (const Column& column : m_columns) {
@@ -86,10 +86,9 @@ QString KmlDescription::momentText(double seconds) const
                             : clockTime(seconds).toString(QStringLiteral("hh:mm:ss.zzz"));
 }
 
-QString KmlDescription::roleText(const char* role, double metric, const char* unit,
-                                 int decimals) const
+QString KmlDescription::roleText(Role role, double metric, const char* unit, int decimals) const
 {
-    const ProfileParameter* const parameter = m_profile.parameterByRole(QLatin1String(role));
+    const ProfileParameter* const parameter = m_profile.parameterByRole(role);
     if (parameter == nullptr)
         return withUnit(fixedText(metric, decimals), QLatin1String(unit));
     // The value is interpolated: more decimals than the samples have would mean nothing.

@@ -35,7 +35,7 @@ private:
     };
 
     const StoredSample* heldSample(const Column& column) const;
-    QString roleText(const char* role, double metric, const char* unit, int decimals) const;
+    QString roleText(Role role, double metric, const char* unit, int decimals) const;
 
     const Profile& m_profile;
     const DataSet& m_dataSet;

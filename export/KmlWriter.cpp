@@ -168,7 +168,7 @@ void KmlDocument::findMarks()
     m_events = eventsOf(m_profile, m_dataSet, scope);
     m_leftOut = eventsLeftOut(m_profile, m_dataSet, scope);
     for (const Event& event : *m_events) {
-        const bool isLamp = event.parameter->koltDataType == QLatin1String("WarningLamp");
+        const bool isLamp = event.parameter->role == Role::WarningLamp;
         if (!isLamp || m_options.showWarning)
             m_marks[sectionAt(m_sections, event.seconds)].push_back(&event);
     }

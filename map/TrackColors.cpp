@@ -84,11 +84,11 @@ TrackColors trackColors(const TrackColorChoice& choice, const Profile& profile,
     case TrackColorChoice::Kind::None:
         return {};
     case TrackColorChoice::Kind::Altitude:
-        parameter = profile.parameterByRole(QStringLiteral("Altitude"));
+        parameter = profile.parameterByRole(Role::Altitude);
         values = trackValues(&TrackPoint::altitude, dataSet);
         break;
     case TrackColorChoice::Kind::GroundSpeed:
-        parameter = profile.parameterByRole(QStringLiteral("GroundSpeed"));
+        parameter = profile.parameterByRole(Role::GroundSpeed);
         values = trackValues(&TrackPoint::groundSpeed, dataSet);
         break;
     case TrackColorChoice::Kind::Parameter:

@@ -9,7 +9,7 @@ namespace {
 /// 10 km at 111.12 km per degree.
 constexpr double maxJumpDegrees = 0.08999280057595392;
 constexpr double radiansPerDegree = 0.017453292519943295;
-constexpr double noFixDegrees = 0.001;
+constexpr double leastCountedDegrees = 0.001;
 constexpr int warmUp = 5;
 
 } // namespace
@@ -39,7 +39,7 @@ double PositionFilter::accept(Axis& axis, double degrees, double limit)
 {
     if (axis.counter < warmUp) {
         axis.last = degrees;
-        if (std::abs(degrees) > noFixDegrees)
+        if (std::abs(degrees) > leastCountedDegrees)
             ++axis.counter;
         return degrees;
     }

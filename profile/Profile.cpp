@@ -92,13 +92,13 @@ const ProfileParameter* Profile::parameterByFullName(const QString& fullName) co
     return m_parametersByFullName.value(fullName, nullptr);
 }
 
-const std::vector<const ProfileParameter*>& Profile::parametersByRole(const QString& role) const
+const std::vector<const ProfileParameter*>& Profile::parametersByRole(Role role) const
 {
     const auto found = m_parametersByRole.find(role);
     return found == m_parametersByRole.end() ? noParameters : found->second;
 }
 
-const ProfileParameter* Profile::parameterByRole(const QString& role) const
+const ProfileParameter* Profile::parameterByRole(Role role) const
 {
     const auto& parameters = parametersByRole(role);
     return parameters.empty() ? nullptr : parameters.front();

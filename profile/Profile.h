@@ -74,9 +74,9 @@ public:
     /// By "Device/Name"; the first in file order, null if there is none.
     const ProfileParameter* parameterByFullName(const QString& fullName) const;
     /// The parameters with a role, in file order; may be empty.
-    const std::vector<const ProfileParameter*>& parametersByRole(const QString& role) const;
+    const std::vector<const ProfileParameter*>& parametersByRole(Role role) const;
     /// The first parameter with a role, null if there is none.
-    const ProfileParameter* parameterByRole(const QString& role) const;
+    const ProfileParameter* parameterByRole(Role role) const;
     const EnumList* enumList(int id) const;
     const Threshold* threshold(int id) const;
 
@@ -128,7 +128,7 @@ private:
     std::vector<Device> m_devices;
     std::deque<ProfileParameter> m_parameters; ///< a deque, so that pointers stay valid
     std::map<int, std::vector<const ProfileParameter*>> m_parametersById;
-    std::map<QString, std::vector<const ProfileParameter*>> m_parametersByRole;
+    std::map<Role, std::vector<const ProfileParameter*>> m_parametersByRole;
     QHash<QString, const ProfileParameter*> m_parametersByFullName;
 };
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "profile/DataType.h"
+#include "profile/Role.h"
 #include "profile/Threshold.h"
 
 #include <QString>
@@ -63,11 +64,12 @@ struct ProfileParameter
     // Resolved when the profile is loaded, so that decoding needs no look-ups.
     DecodingRule rule = DecodingRule::NotImplemented; ///< also NotImplemented if the value would
                                                       ///< extend beyond the message
-    bool isPosition = false;                          ///< role "Latitude" or "Longitude"
-    bool isLatitude = false;
+    Role role = Role::None;                           ///< of koltDataType
     const EnumList* enumList = nullptr;
     const Threshold* threshold = nullptr;
     const UnitConversion* conversion = nullptr; ///< null if the profile has none for its units
+
+    bool isPosition() const { return role == Role::Latitude || role == Role::Longitude; }
 };
 
 /// A device of the aircraft; also the group under which its parameters are listed.

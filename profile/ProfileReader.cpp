@@ -211,9 +211,7 @@ void ProfileReader::resolve(ProfileParameter& parameter) const
         Diagnostics::print("Profile::loadProfil <%s>: startByte %d reaches outside the message\n",
                            qUtf8Printable(parameter.fullName), parameter.startByte);
     }
-    parameter.isLatitude = parameter.koltDataType == QLatin1String("Latitude");
-    parameter.isPosition =
-        parameter.isLatitude || parameter.koltDataType == QLatin1String("Longitude");
+    parameter.role = roleOf(parameter.koltDataType);
     parameter.enumList = m_profile.enumList(parameter.enumId);
     parameter.threshold = m_profile.threshold(parameter.thresholdId);
     const auto conversion =
@@ -230,8 +228,8 @@ void ProfileReader::registerParameters()
 
     for (const ProfileParameter& parameter : m_profile.m_parameters) {
         m_profile.m_parametersById[parameter.id].push_back(&parameter);
-        if (!parameter.koltDataType.isEmpty())
-            m_profile.m_parametersByRole[parameter.koltDataType].push_back(&parameter);
+        if (parameter.role != Role::None)
+            m_profile.m_parametersByRole[parameter.role].push_back(&parameter);
         if (!m_profile.m_parametersByFullName.contains(parameter.fullName))
             m_profile.m_parametersByFullName.insert(parameter.fullName, &parameter);
         if (const auto found = matrices.constFind(parameter.id); found != matrices.constEnd()) {

@@ -63,7 +63,8 @@ double decodePosition(const MessageData& data, const ProfileParameter& parameter
     const double degrees = PositionFilter::degrees(Detail::scaledFloat(data, parameter));
     if (filter == nullptr)
         return degrees;
-    return parameter.isLatitude ? filter->latitude(degrees) : filter->longitude(degrees);
+    return parameter.role == Role::Latitude ? filter->latitude(degrees)
+                                            : filter->longitude(degrees);
 }
 
 std::uint32_t decodeBitField(const MessageData& data, const ProfileParameter& parameter)

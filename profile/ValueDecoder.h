@@ -69,7 +69,7 @@ inline double decodeNumber(const MessageData& data, const ProfileParameter& para
                            PositionFilter* filter)
 {
     // Inline for plain floats: they are most of a recording, and graphs decode millions.
-    if (parameter.rule == DecodingRule::Float && !parameter.isPosition)
+    if (parameter.rule == DecodingRule::Float && !parameter.isPosition())
         return Detail::scaledFloat(data, parameter);
     return Detail::decodeOther(data, parameter, filter);
 }

@@ -41,13 +41,13 @@ class FlightStatistic
 {
 public:
     FlightStatistic(const Profile& profile, const MessageMap& messages, std::size_t sampleCount)
-        : m_throttle(profile, messages, "ThrottleA")
-        , m_fuelA(profile, messages, "FuelA")
-        , m_fuelB(profile, messages, "FuelB")
-        , m_groundSpeed(profile, messages, "GroundSpeed")
-        , m_altitude(profile, messages, "Altitude")
-        , m_latitude(profile, messages, "Latitude")
-        , m_longitude(profile, messages, "Longitude")
+        : m_throttle(profile, messages, Role::ThrottleA)
+        , m_fuelA(profile, messages, Role::FuelA)
+        , m_fuelB(profile, messages, Role::FuelB)
+        , m_groundSpeed(profile, messages, Role::GroundSpeed)
+        , m_altitude(profile, messages, Role::Altitude)
+        , m_latitude(profile, messages, Role::Latitude)
+        , m_longitude(profile, messages, Role::Longitude)
         , m_budget(maxLooksPerSample * (sampleCount + 1))
     {
     }
@@ -174,7 +174,7 @@ std::vector<Flight> findFlights(const Profile& profile, const MessageMap& messag
     std::size_t withoutFigures = 0;
     FlightDetector detector;
     Flight flight;
-    const RoleSeries groundSpeed(profile, messages, "GroundSpeed");
+    const RoleSeries groundSpeed(profile, messages, Role::GroundSpeed);
     groundSpeed.forEach([&](double t, const MessageData& data, const ProfileParameter& parameter) {
         const double speed = decodeNumber(data, parameter);
         if (!std::isfinite(speed)) // neither a fast nor a slow sample

@@ -24,9 +24,9 @@ PositionFilter positionFilterFor(const Profile& profile, const MessageMap& messa
                                  const ProfileParameter& parameter)
 {
     PositionFilter filter;
-    if (!parameter.isPosition || parameter.isLatitude)
+    if (parameter.role != Role::Longitude)
         return filter;
-    RoleSeries(profile, messages, "Latitude")
+    RoleSeries(profile, messages, Role::Latitude)
         .forEach([&](double, const MessageData& data, const ProfileParameter& latitude) {
             decodeFiltered(data, latitude, &filter);
         });

@@ -11,8 +11,8 @@ namespace KOLT {
 class RoleSeries
 {
 public:
-    RoleSeries(const Profile& profile, const MessageMap& messages, const char* role)
-        : m_parameter(profile.parameterByRole(QLatin1String(role)))
+    RoleSeries(const Profile& profile, const MessageMap& messages, Role role)
+        : m_parameter(profile.parameterByRole(role))
         , m_series(m_parameter != nullptr ? &seriesOf(messages, *m_parameter) : nullptr)
     {
     }
@@ -63,8 +63,8 @@ inline double decodeFiltered(const MessageData& data, const ProfileParameter& pa
                              PositionFilter* filter)
 {
     const double number = decodeNumber(data, parameter);
-    return parameter.isPosition && std::isfinite(number) ? decodeNumber(data, parameter, filter)
-                                                         : number;
+    return parameter.isPosition() && std::isfinite(number) ? decodeNumber(data, parameter, filter)
+                                                           : number;
 }
 
 /// A filter for a pass over the samples of one parameter. For a longitude, whose limit depends on

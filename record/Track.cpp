@@ -89,8 +89,7 @@ private:
 };
 
 /// The finite samples of a role up to maxGridSeconds; of positions, only those with a fix.
-Curve sampled(const Profile& profile, const MessageMap& messages, const char* role,
-              PositionFilter* filter)
+Curve sampled(const Profile& profile, const MessageMap& messages, Role role, PositionFilter* filter)
 {
     Curve curve;
     const RoleSeries series(profile, messages, role);
@@ -106,9 +105,9 @@ Curve sampled(const Profile& profile, const MessageMap& messages, const char* ro
 }
 
 /// Whether a role had a value; without a fix units send 0.
-bool wasKnown(const Profile& profile, const SamplesBefore& before, const char* role)
+bool wasKnown(const Profile& profile, const SamplesBefore& before, Role role)
 {
-    const ProfileParameter* const parameter = profile.parameterByRole(QLatin1String(role));
+    const ProfileParameter* const parameter = profile.parameterByRole(role);
     if (parameter == nullptr)
         return false;
     const auto found = before.find(static_cast<std::uint32_t>(parameter->id));
@@ -125,17 +124,17 @@ std::vector<TrackPoint> buildTrack(const Profile& profile, const MessageMap& mes
 {
     // One filter, latitude first: its limit for longitudes depends on the latitude.
     PositionFilter filter;
-    Curve latitude = sampled(profile, messages, "Latitude", &filter);
-    Curve longitude = sampled(profile, messages, "Longitude", &filter);
+    Curve latitude = sampled(profile, messages, Role::Latitude, &filter);
+    Curve longitude = sampled(profile, messages, Role::Longitude, &filter);
     if (latitude.empty() || longitude.empty())
         return {};
-    Curve altitude = sampled(profile, messages, "Altitude", nullptr);
-    Curve groundSpeed = sampled(profile, messages, "GroundSpeed", nullptr);
-    Curve track = sampled(profile, messages, "Track", nullptr);
+    Curve altitude = sampled(profile, messages, Role::Altitude, nullptr);
+    Curve groundSpeed = sampled(profile, messages, Role::GroundSpeed, nullptr);
+    Curve track = sampled(profile, messages, Role::Track, nullptr);
 
     const double firstFix = std::max(latitude.firstSeconds(), longitude.firstSeconds());
-    const bool wasAltitudeKnown = !altitude.empty() && wasKnown(profile, before, "Latitude") &&
-                                  wasKnown(profile, before, "Altitude");
+    const bool wasAltitudeKnown = !altitude.empty() && wasKnown(profile, before, Role::Latitude) &&
+                                  wasKnown(profile, before, Role::Altitude);
     const double firstAltitude = wasAltitudeKnown ? 0.0 : altitude.firstKnownFrom(firstFix);
 
     const std::vector<TrackGap> gaps = trackGaps(profile, messages);

@@ -15,8 +15,8 @@ constexpr double noFix = 1e-5; // degrees
 
 constexpr double never = std::numeric_limits<double>::infinity();
 
-void findGaps(const Profile& profile, const MessageMap& messages, const char* role,
-              PositionFilter& filter, std::vector<TrackGap>& gaps)
+void findGaps(const Profile& profile, const MessageMap& messages, Role role, PositionFilter& filter,
+              std::vector<TrackGap>& gaps)
 {
     std::vector<double> times;
     double last = 0.0; // time of the latest sample, with or without a fix
@@ -46,8 +46,8 @@ std::vector<TrackGap> trackGaps(const Profile& profile, const MessageMap& messag
 {
     std::vector<TrackGap> gaps;
     PositionFilter filter; // latitude first, as in buildTrack()
-    findGaps(profile, messages, "Latitude", filter, gaps);
-    findGaps(profile, messages, "Longitude", filter, gaps);
+    findGaps(profile, messages, Role::Latitude, filter, gaps);
+    findGaps(profile, messages, Role::Longitude, filter, gaps);
     std::ranges::sort(gaps, {}, &TrackGap::from);
     std::vector<TrackGap> joined;
     for (const TrackGap& gap : gaps) {

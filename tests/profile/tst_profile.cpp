@@ -122,10 +122,10 @@ void TestProfile::groupsAndQueries()
 {
     Profile profile;
     QVERIFY(loadProfile(profile,
-                        "<Device name='Z'><Parameter name='b' id='1' koltDataType='Speed'/>"
+                        "<Device name='Z'><Parameter name='b' id='1' koltDataType='GroundSpeed'/>"
                         "<Parameter name='\xc3\xa4' id='1'/><Parameter name='B' id='2'/></Device>"
-                        "<Device name='A'><Parameter name='a' id='1' koltDataType='Speed'/>"
-                        "<Parameter name='a' id='3'/></Device>"));
+                        "<Device name='A'><Parameter name='a' id='1' koltDataType='GroundSpeed'/>"
+                        "<Parameter name='a' id='3' koltDataType='groundSpeed'/></Device>"));
     QCOMPARE(profile.devices()[0].name, "Z");
     QCOMPARE(profile.devices()[1].index, 1);
     QStringList names;
@@ -134,9 +134,9 @@ void TestProfile::groupsAndQueries()
     QCOMPARE(names, (QStringList{"B", "b", QString::fromUtf8("\xc3\xa4")}));
     QCOMPARE(profile.parametersById(1).size(), 3U);
     QVERIFY(profile.parametersById(99).empty());
-    QCOMPARE(profile.parametersByRole("Speed").size(), 2U);
-    QCOMPARE(profile.parameterByRole("Speed")->fullName, "Z/b");
-    QVERIFY(profile.parameterByRole("speed") == nullptr);
+    QCOMPARE(profile.parametersByRole(Role::GroundSpeed).size(), 2U);
+    QCOMPARE(profile.parameterByRole(Role::GroundSpeed)->fullName, "Z/b");
+    QVERIFY(profile.parameterByRole(Role::Track) == nullptr);
     QCOMPARE(profile.parameterByFullName("A/a")->id, 1);
     QVERIFY(profile.parameterByFullName("A/b") == nullptr);
 }
@@ -289,12 +289,12 @@ void TestProfile::reloadForgetsTheOldContent()
         "<UnitConversions><Unit unitMetric='m' unitImperial='ft' factor='3'/></UnitConversions>"
         "<EnumList><Enum name='E'/></EnumList><ThresholdList><Threshold name='T'/></ThresholdList>"
         "<Device name='D'><ErrorMatrix id='1'/><Parameter name='p' id='1' "
-        "koltDataType='R'/></Device>"));
+        "koltDataType='Track'/></Device>"));
     QVERIFY(loadProfile(
         profile,
         device({"name='p' dataType='FLOAT' unitMetric='m' unitImperial='ft' enumId='E'"})));
     QVERIFY(profile.errorMatrices().empty() && profile.parametersById(1).empty());
-    QVERIFY(profile.parameterByRole("R") == nullptr);
+    QVERIFY(profile.parameterByRole(Role::Track) == nullptr);
     const ProfileParameter* p = profile.parameterByFullName("D/p");
     QVERIFY(p->conversion == nullptr && p->enumList == nullptr);
 }

@@ -104,8 +104,8 @@ void TestSampleCard::oddFiles()
 
 void TestSampleCard::storiesOfTheFlights()
 {
-    const ProfileParameter& speed = *m_profile.parameterByRole("GroundSpeed");
-    const ProfileParameter& latitude = *m_profile.parameterByRole("Latitude");
+    const ProfileParameter& speed = *m_profile.parameterByRole(Role::GroundSpeed);
+    const ProfileParameter& latitude = *m_profile.parameterByRole(Role::Latitude);
     int gaps = 0;
     int endsInTheAir = 0;
     int aborted = 0;
@@ -155,7 +155,7 @@ void TestSampleCard::profileIsRichEnough()
     }
     QCOMPARE(types.size(), 17); // every type that decodes
     QCOMPARE(static_cast<std::size_t>(names.size()), m_profile.parameters().size());
-    QVERIFY(m_profile.parametersByRole("WarningLamp").size() >= 8);
+    QVERIFY(m_profile.parametersByRole(Role::WarningLamp).size() >= 8);
     QCOMPARE(m_profile.errorMatrices().size(), 2U);
     for (const ErrorMatrix& matrix : m_profile.errorMatrices())
         QVERIFY(matrix.members.size() >= 16);

@@ -64,7 +64,7 @@ bool MessageEncoder::addParameter(const ProfileParameter& parameter, const QStri
     field.startByte = static_cast<std::size_t>(parameter.startByte);
     field.width = type.width;
     field.isSigned = type.isSigned;
-    field.isPosition = parameter.isPosition;
+    field.isPosition = parameter.isPosition();
     field.factor = parameter.factor;
     field.offset = parameter.offset;
     field.shift = parameter.startBit & 31;
