@@ -13,8 +13,8 @@
 #include "app/dialogs/DialogProfileInfo.h"
 #include "app/settings/CommandLineOptions.h"
 #include "app/settings/GraphSettingsStore.h"
+#include "app/settings/InstalledProfile.h"
 #include "app/settings/MapSettingsStore.h"
-#include "app/settings/ProfileInstaller.h"
 #include "app/settings/SettingsStore.h"
 #include "app/startup/Startup.h"
 #include "base/Diagnostics.h"
@@ -233,7 +233,7 @@ void DialogMain::startTimers()
 
 void DialogMain::loadProfile()
 {
-    const QString path = ProfileInstaller::installedPath();
+    const QString path = InstalledProfile::path();
     const SettingsStore& settings = SettingsStore::instance();
     const QString variant = QString::fromUtf8(settings.getText("Profile", defaultVariant));
     m_profile.loadVariants(path);
@@ -304,7 +304,7 @@ void DialogMain::tellProfileFailure()
     if (!m_isProfileLoaded)
         Messages::warn(this, tr("The profile file\n%1\ncannot be read, so no values can be shown. "
                                 "Please install a valid one with \"Profile\" in the menu \"Help\".")
-                                 .arg(ProfileInstaller::installedPath()));
+                                 .arg(InstalledProfile::path()));
 }
 
 void DialogMain::slotTimeoutStartup()

@@ -1,8 +1,8 @@
 #include "app/dialogs/DialogPreferences.h"
 
 #include "app/SettingsSaver.h"
-#include "app/dialogs/ProfileInstallation.h"
-#include "app/settings/ProfileInstaller.h"
+#include "app/dialogs/InstallProfile.h"
+#include "app/settings/InstalledProfile.h"
 #include "app/settings/SettingsStore.h"
 #include "app/startup/Startup.h"
 
@@ -134,7 +134,7 @@ void DialogPreferences::readSettings()
     m_shownFontSize = m_fontSize->value();
     m_unit->setCurrentIndex(settings.getInteger("Unit", 0) == 1 ? 1 : 0);
     m_shownUnit = m_unit->currentIndex();
-    m_profile->setText(ProfileInstaller::installedPath());
+    m_profile->setText(InstalledProfile::path());
     m_shownServer = QString::fromUtf8(settings.getText("TileServer", defaultTileServer));
     m_tileServer->setText(m_shownServer);
     for (Shading& field : m_shading) {
@@ -200,10 +200,10 @@ void DialogPreferences::chooseProfile()
 void DialogPreferences::applyProfileFile()
 {
     const QString path = m_profile->text();
-    if (path == ProfileInstaller::installedPath())
+    if (path == InstalledProfile::path())
         return;
     const bool isInstalled = installProfile(this, path);
-    m_profile->setText(ProfileInstaller::installedPath());
+    m_profile->setText(InstalledProfile::path());
     if (isInstalled)
         emit signalProfileFileChanged();
 }

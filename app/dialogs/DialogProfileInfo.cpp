@@ -1,8 +1,8 @@
 #include "app/dialogs/DialogProfileInfo.h"
 
+#include "app/dialogs/InstallProfile.h"
 #include "app/dialogs/ParameterListModel.h"
-#include "app/dialogs/ProfileInstallation.h"
-#include "app/settings/ProfileInstaller.h"
+#include "app/settings/InstalledProfile.h"
 
 #include <QDialogButtonBox>
 #include <QHeaderView>
@@ -55,7 +55,7 @@ QString headerText(const Profile& profile)
                    .arg(messages.size())
                    .arg(profile.devices().size())
                    .arg(profile.errorMatrices().size())) +
-           row(DialogProfileInfo::tr("File"), ProfileInstaller::installedPath()) +
+           row(DialogProfileInfo::tr("File"), InstalledProfile::path()) +
            QStringLiteral("</table>");
 }
 

@@ -1778,7 +1778,7 @@ Bitte prüfen Sie, ob der Ordner beschreibbar und nicht voll ist, oder sichern S
     </message>
 </context>
 <context>
-    <name>KOLT::ProfileInstallation</name>
+    <name>KOLT::InstallProfile</name>
     <message>
         <source>Install Profile</source>
         <translation>Profil installieren</translation>

@@ -8,7 +8,7 @@
 #include "app/RecentFolders.h"
 #include "app/project/Project.h"
 #include "app/settings/DataPaths.h"
-#include "app/settings/ProfileInstaller.h"
+#include "app/settings/InstalledProfile.h"
 #include "app/settings/SettingsStore.h"
 #include "app/startup/Startup.h"
 #include "resources/Resources.h"
@@ -63,7 +63,7 @@ protected:
             settings.setText("RecentFolder" + QByteArray::number(i), {});
         Startup::loadSettings();
         m_exitCodes.clear();
-        return writeFile(ProfileInstaller::installedPath(), profile);
+        return writeFile(InstalledProfile::path(), profile);
     }
 
     /// Opens the window and waits until it has started up.

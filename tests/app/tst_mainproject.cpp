@@ -59,11 +59,11 @@ void TestMainProject::unreadableProjectIsKeptAside()
     const QByteArray project = "<KoltProject><Parameters><Parameter name=\"Speed\"/></Parameters>"
                                "</KoltProject>";
     QVERIFY(writeFile(path, project));
-    QVERIFY(writeFile(ProfileInstaller::installedPath(), "broken"));
+    QVERIFY(writeFile(InstalledProfile::path(), "broken"));
     boxes.answer("OK");
     QVERIFY(open());
     QTRY_COMPARE(boxes.seen().size(), 2);
-    QVERIFY(boxes.seen().back().contains(ProfileInstaller::installedPath()));
+    QVERIFY(boxes.seen().back().contains(InstalledProfile::path()));
     boxes.answer("OK");
     trigger(Command::SaveProject);
     QVERIFY(boxes.isDone());
@@ -247,23 +247,23 @@ void TestMainProject::brokenSettingsAreTold()
 
 void TestMainProject::profileInstallation()
 {
-    using ProfileInstaller::Result;
-    const QByteArray before = readFile(ProfileInstaller::installedPath());
+    using InstalledProfile::Result;
+    const QByteArray before = readFile(InstalledProfile::path());
     const QByteArray profile = "<KorvanProfile><Device name='E'><Parameter name='New' id='1'/>"
                                "</Device></KorvanProfile>";
     const QString file = m_cards->filePath("new.xml");
     for (const QByteArray& bad : {QByteArray("no xml"), QByteArray("<KoltProject/>"),
                                   QByteArray("<KorvanProfile/>"), profile.left(40)}) {
         QVERIFY(writeFile(file, bad));
-        QCOMPARE(ProfileInstaller::install(file), Result::NotAProfile);
+        QCOMPARE(InstalledProfile::replaceWith(file), Result::NotAProfile);
     }
-    QCOMPARE(ProfileInstaller::install("/no/such.xml"), Result::NotAProfile);
-    QCOMPARE(readFile(ProfileInstaller::installedPath()), before);
+    QCOMPARE(InstalledProfile::replaceWith("/no/such.xml"), Result::NotAProfile);
+    QCOMPARE(readFile(InstalledProfile::path()), before);
     QVERIFY(writeFile(file, profile));
-    QCOMPARE(ProfileInstaller::install(file), Result::Installed);
-    QCOMPARE(readFile(ProfileInstaller::installedPath()), profile);
-    QCOMPARE(readFile(ProfileInstaller::installedPath() + ".bak"), before);
-    QCOMPARE(ProfileInstaller::install(ProfileInstaller::installedPath()), Result::InUse);
+    QCOMPARE(InstalledProfile::replaceWith(file), Result::Installed);
+    QCOMPARE(readFile(InstalledProfile::path()), profile);
+    QCOMPARE(readFile(InstalledProfile::path() + ".bak"), before);
+    QCOMPARE(InstalledProfile::replaceWith(InstalledProfile::path()), Result::InUse);
 
     QVERIFY(open());
     QCOMPARE(m_window->profile().parameters().front().name, "New");

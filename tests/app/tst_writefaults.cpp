@@ -1,6 +1,6 @@
 #include "app/project/Project.h"
 #include "app/settings/DataPaths.h"
-#include "app/settings/ProfileInstaller.h"
+#include "app/settings/InstalledProfile.h"
 #include "app/settings/SettingsStore.h"
 #include "export/ExportFile.h"
 #include "tests/export/ExportSupport.h"
@@ -156,10 +156,10 @@ std::map<QByteArray, TestWriteFaults::Writer> TestWriteFaults::writers()
               return bool{m_project.lastWrite()};
           }}},
         {"profile",
-         {ProfileInstaller::installedPath(), "former",
+         {InstalledProfile::path(), "former",
           [this] {
-              return ProfileInstaller::install(m_directory.filePath("new.xml")) ==
-                     ProfileInstaller::Result::Installed;
+              return InstalledProfile::replaceWith(m_directory.filePath("new.xml")) ==
+                     InstalledProfile::Result::Installed;
           }}},
         {"csv", exporter(data + "/out.csv",
                          [this](QIODevice& to) {

@@ -41,7 +41,7 @@ void TestWriters::initTestCase()
     prepareOnce();
     QVERIFY(prepare());
     QVERIFY(writeFile(
-        ProfileInstaller::installedPath(),
+        InstalledProfile::path(),
         "<KorvanProfile name='Test'><Variants><Variant name='915'/></Variants>" +
             threshold("T", {"val='100' color='red' state='LIMIT'"}) +
             device({"name='Speed' id='1' dataType='FLOAT' koltDataType='GroundSpeed' "

@@ -1,4 +1,4 @@
-#include "app/settings/ProfileInstaller.h"
+#include "app/settings/InstalledProfile.h"
 
 #include "app/settings/DataPaths.h"
 #include "base/Diagnostics.h"
@@ -8,7 +8,7 @@
 #include <QFile>
 #include <QFileInfo>
 
-namespace KOLT::ProfileInstaller {
+namespace KOLT::InstalledProfile {
 
 namespace {
 
@@ -20,7 +20,7 @@ QString freeBackupName(const QString& path)
     return backup;
 }
 
-/// Loaded without a variant, which takes the elements of all variants.
+/// Loaded without a variant, so that elements of all variants count.
 bool isProfile(const QString& path)
 {
     Profile profile;
@@ -29,23 +29,23 @@ bool isProfile(const QString& path)
 
 } // namespace
 
-QString installedPath()
+QString path()
 {
     return QFile::decodeName(DataPaths::instance().profilePath()) + QStringLiteral("/Profile.xml");
 }
 
-Result install(const QString& path)
+Result replaceWith(const QString& file)
 {
-    const QString target = installedPath();
-    if (!isProfile(path))
+    const QString target = path();
+    if (!isProfile(file))
         return Result::NotAProfile;
-    if (QFileInfo(path).canonicalFilePath() == QFileInfo(target).canonicalFilePath())
+    if (QFileInfo(file).canonicalFilePath() == QFileInfo(target).canonicalFilePath())
         return Result::InUse;
     const bool isSaved = !QFile::exists(target) || copyFile(target, freeBackupName(target));
-    const bool isInstalled = isSaved && copyFile(path, target);
-    Diagnostics::print("ProfileInstaller::install <%s> %d\n", qUtf8Printable(path),
+    const bool isInstalled = isSaved && copyFile(file, target);
+    Diagnostics::print("InstalledProfile::replaceWith <%s> %d\n", qUtf8Printable(file),
                        isInstalled ? 1 : 0);
     return isInstalled ? Result::Installed : Result::NotWritten;
 }
 
-} // namespace KOLT::ProfileInstaller
+} // namespace KOLT::InstalledProfile

@@ -6,10 +6,10 @@ class QWidget;
 
 namespace KOLT {
 
-/// Asks for a profile file; empty when cancelled.
+/// Lets the user choose a profile file; empty if cancelled.
 QString askForProfile(QWidget* parent);
 
-/// Installs the file and reports the result in a message box. True when it was installed.
+/// Installs a profile file and reports the result to the user. True if it was installed.
 bool installProfile(QWidget* parent, const QString& path);
 
 } // namespace KOLT

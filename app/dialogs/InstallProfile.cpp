@@ -1,0 +1,53 @@
+#include "app/dialogs/InstallProfile.h"
+
+#include "app/settings/InstalledProfile.h"
+#include "ui/Messages.h"
+
+#include <QCoreApplication>
+#include <QFileDialog>
+
+namespace KOLT {
+
+namespace {
+
+struct InstallProfile
+{
+    Q_DECLARE_TR_FUNCTIONS(KOLT::InstallProfile)
+};
+
+} // namespace
+
+QString askForProfile(QWidget* parent)
+{
+    return QFileDialog::getOpenFileName(parent, InstallProfile::tr("Install Profile"), QString(),
+                                        InstallProfile::tr("Profile Files (*.xml);;All Files (*)"));
+}
+
+bool installProfile(QWidget* parent, const QString& path)
+{
+    switch (InstalledProfile::replaceWith(path)) {
+    case InstalledProfile::Result::Installed:
+        Messages::inform(parent, InstallProfile::tr("The profile\n%1\nis installed as\n%2\n"
+                                                    "The previous one is kept beside it as a "
+                                                    "backup.")
+                                     .arg(path, InstalledProfile::path()));
+        return true;
+    case InstalledProfile::Result::InUse:
+        Messages::inform(parent,
+                         InstallProfile::tr("This profile is in use already:\n%1").arg(path));
+        return false;
+    case InstalledProfile::Result::NotAProfile:
+        Messages::warn(parent,
+                       InstallProfile::tr("Not a valid KOLT profile !") + QLatin1Char('\n') + path);
+        return false;
+    case InstalledProfile::Result::NotWritten:
+        Messages::warn(parent, InstallProfile::tr("The profile could not be written to\n%1\nPlease "
+                                                  "check that the folder can be written and is not "
+                                                  "full. The previous profile is still in use.")
+                                   .arg(InstalledProfile::path()));
+        return false;
+    }
+    return false;
+}
+
+} // namespace KOLT
