@@ -2,7 +2,6 @@
 
 #include "record/Track.h"
 
-#include <array>
 #include <limits>
 #include <map>
 #include <vector>
@@ -13,9 +12,18 @@ namespace KOLT {
 class AircraftTrack
 {
 public:
-    /// Latitude, longitude (degrees), altitude (metres), ground speed (km/h), heading over ground
-    /// (degrees), time (seconds).
-    using Record = std::array<double, 6>;
+    /// What is known of the aircraft at a time. Degrees, metres, km/h.
+    struct Record
+    {
+        double latitude = 0.0;
+        double longitude = 0.0;
+        double altitude = 0.0;
+        double groundSpeed = 0.0;
+        double heading = 0.0; ///< over ground
+        double seconds = 0.0;
+
+        bool operator==(const Record&) const = default;
+    };
 
     AircraftTrack() = default;
 
@@ -39,7 +47,7 @@ public:
             return {};
         const TrackPoint& point = (*m_track)[static_cast<std::size_t>(position)];
         return {point.latitude,    point.longitude, point.altitude,
-                point.groundSpeed, point.track,     point.seconds()};
+                point.groundSpeed, point.heading,   point.seconds()};
     }
 
     /// Half seconds with a point, including those that at() has assigned the first point to.

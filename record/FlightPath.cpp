@@ -98,14 +98,11 @@ std::optional<TrackPoint> placeAt(std::span<const TrackPoint> track, double seco
     const TrackPoint* const from = behind == track.begin() ? nullptr : &*(behind - 1);
     if (from != nullptr && to != nullptr && isJoined(*from, *to)) {
         const double fraction = (seconds - from->seconds()) / gridSeconds;
-        return TrackPoint{from->halfSecond,
-                          std::lerp(from->latitude, to->latitude, fraction),
-                          std::lerp(from->longitude, to->longitude, fraction),
-                          std::lerp(from->altitude, to->altitude, fraction),
-                          std::lerp(from->groundSpeed, to->groundSpeed, fraction),
-                          from->track,
-                          from->hasFix,
-                          from->hasAltitude};
+        TrackPoint place = *from;
+        for (double TrackPoint::*const value : {&TrackPoint::latitude, &TrackPoint::longitude,
+                                                &TrackPoint::altitude, &TrackPoint::groundSpeed})
+            place.*value = std::lerp(from->*value, to->*value, fraction);
+        return place;
     }
     for (const TrackPoint* const point : {to, from}) {
         if (point != nullptr && isRecorded(*point) &&

@@ -15,7 +15,7 @@ struct TrackPoint
     double longitude = 0.0;
     double altitude = 0.0;
     double groundSpeed = 0.0;
-    double track = 0.0;      ///< heading, 0..360
+    double heading = 0.0;    ///< over ground, 0..360
     bool hasFix = true;      ///< false before the first position, which is repeated there
     bool hasAltitude = true; ///< false before the first altitude with a fix, or if there is none
     bool isInGap = false;    ///< interpolated across a gap (TrackGaps.h)

@@ -226,9 +226,10 @@ void WidgetMap::drawOverlays()
     m_painter->drawTrack(globe, m_line, !m_colors.isEmpty());
     m_painter->drawMarks(globe, m_marks);
     Tessa::WindowPoint place;
-    if (!m_line.isEmpty() && m_map.latLong2Window(m_aircraft[0], m_aircraft[1], place.x, place.y))
+    if (!m_line.isEmpty() &&
+        m_map.latLong2Window(m_aircraft.latitude, m_aircraft.longitude, place.x, place.y))
         m_painter->drawAircraft({place.x / devicePixelRatioF(), place.y / devicePixelRatioF()},
-                                m_aircraft[4]);
+                                m_aircraft.heading);
     const ScaleBar bar = ScaleBar::choose(m_state.metresPerPixel,
                                           std::min(scaleBarPixels, width() / 3.0), m_unitSystem);
     // In a narrow map the scale bar goes above the attribution.

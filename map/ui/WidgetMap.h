@@ -20,10 +20,10 @@ class QNativeGestureEvent;
 
 namespace KOLT {
 
-/// The moving map: the globe's tiles, the flight's track, the aircraft, marks and the map's
-/// attribution. Shares its view state with the page that owns both.
+/// The moving map: tiles of a globe, the flight's track, the aircraft, marks, and whom the map is
+/// owed to. Shares its view state with the page that owns it, so that both act on the same view.
 ///
-/// A frame is drawn when something has changed, at most every 20 ms, and otherwise once a second.
+/// Frames are drawn on demand, at most every 20 ms, and once a second when nothing changes.
 class WidgetMap : public QOpenGLWidget
 {
     Q_OBJECT
@@ -36,24 +36,23 @@ public:
 
     void setAircraft(const AircraftTrack::Record& aircraft);
 
-    /// The track must stay valid until the next call; null for none. Before the first frame its
-    /// line is not built yet, but in that frame.
+    /// The track must stay until the next call; null for none. When no frame was drawn yet, its
+    /// line is built in the next one.
     void setTrack(const std::vector<TrackPoint>* track, std::vector<TrackGap> gaps);
 
-    /// Empty colours draw the track in one colour.
+    /// Colours the track; without values it has one colour.
     void setColors(TrackColors colors);
     void setMarks(std::vector<MapMark> marks);
     void setUnitSystem(UnitSystem system);
 
-    /// Shows the whole track. Follow mode is suspended until the aircraft moves.
+    /// Shows the whole track. Follow mode then waits for the aircraft to move.
     void fitTrack();
-    /// Shows the whole track on the user's request, which ends follow mode.
+    /// The same on behalf of the user, which ends follow mode.
     void showWholeTrack();
 
-    /// Seconds since an unspecified start.
+    /// Seconds since an unspecified start; for tests.
     using Clock = std::function<double()>;
 
-    /// For tests.
     void setClock(Clock clock) { m_clock = std::move(clock); }
 
     Tessa::TessaMap& map() { return m_map; }
@@ -67,10 +66,10 @@ public:
 signals:
     /// The user ended follow mode by moving the map, or switched the shading.
     void signalUpdateMode();
-    /// The user clicked on a mark or on the track: the time of that place. Sent when the double
-    /// click time has passed without a second click.
+    /// The user clicked on a mark or on the track: the moment it stands for. Comes once it is sure
+    /// that no double click was meant.
     void signalTime(double seconds);
-    /// A message for the status bar.
+    /// For the status bar.
     void signalMessage(const QString& text);
 
 protected:
@@ -101,14 +100,14 @@ private:
     void makePainter(double ratio);
     void drawOverlays();
 
-    Tessa::LatLong aircraftPlace() const { return {m_aircraft[0], m_aircraft[1]}; }
+    Tessa::LatLong aircraftPlace() const { return {m_aircraft.latitude, m_aircraft.longitude}; }
 
     Tessa::WindowPoint windowPoint(const QPointF& position) const
     {
         return {position.x(), height() - position.y()};
     }
 
-    /// Two lines when the map is too narrow for one.
+    /// Two where the map is too narrow for one.
     QStringList attributionLines() const;
     QRectF attributionRect() const;
     bool setHeld(int key, bool isHeld);
@@ -123,8 +122,8 @@ private:
     MapCamera m_camera;
     Clock m_clock;
     Tessa::TessaMap m_map;
-    std::unique_ptr<MapPainter> m_painter; ///< null before the first frame
-    AircraftTrack::Record m_aircraft{};
+    std::unique_ptr<MapPainter> m_painter; ///< from the first frame on
+    AircraftTrack::Record m_aircraft;
     const std::vector<TrackPoint>* m_track = nullptr;
     std::vector<TrackGap> m_gaps;
     bool m_isTrackPending = false;
@@ -137,7 +136,7 @@ private:
     MapKeys m_keys;
     QPointF m_pressPosition;
     bool m_isLeftHeld = false;
-    bool m_isClick = false; ///< neither a drag nor a second click so far
+    bool m_isClick = false; ///< no drag yet, no second click
     bool m_isDirty = true;
     bool m_isSeen = false;
     double m_lastRepaint = 0.0;

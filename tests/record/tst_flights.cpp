@@ -276,7 +276,7 @@ void TestFlights::headingTurnsTheShorterWay()
     const std::vector<TrackPoint> track =
         story.at(speedId, 0.0, 100.0F, from).at(speedId, 2.0, 100.0F, to).track();
     QCOMPARE(track.size(), 5U);
-    QCOMPARE(track[1].track, quarter);
+    QCOMPARE(track[1].heading, quarter);
 }
 
 void TestFlights::strayTimesDoNoHarm()
@@ -329,7 +329,7 @@ void TestFlights::trackIsInterpolated()
     QVERIFY(std::abs(track[5].latitude - 48.01) < 1e-6);
     QVERIFY(std::abs(track[6].longitude + 11.02) < 1e-6);
     QCOMPARE(track[4].groundSpeed, 150.0);
-    QCOMPARE(track[3].track, 112.5);
+    QCOMPARE(track[3].heading, 112.5);
     QCOMPARE(track[8].groundSpeed, 200.0);
     QCOMPARE(track[0].altitude, 500.0);
 }
