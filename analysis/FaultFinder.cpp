@@ -1,6 +1,7 @@
 #include "analysis/FaultFinder.h"
 
 #include "profile/ValueDecoder.h"
+#include "record/TimeOrdered.h"
 
 #include <algorithm>
 #include <map>
@@ -42,9 +43,7 @@ void sortIntervals(FaultHistory& history)
     std::vector<FaultInterval>& intervals = history.intervals;
     for (FaultInterval& interval : intervals)
         interval.end = std::max(interval.start, interval.end);
-    if (std::ranges::is_sorted(intervals, {}, &FaultInterval::start))
-        return;
-    std::ranges::stable_sort(intervals, {}, &FaultInterval::start);
+    sortByTime(intervals, &FaultInterval::start);
 }
 
 } // namespace

@@ -3,8 +3,9 @@
 #include "profile/ValueDecoder.h"
 
 #include <algorithm>
+#include <iterator>
 #include <map>
-#include <numeric>
+#include <utility>
 
 namespace KOLT {
 
@@ -13,9 +14,29 @@ namespace {
 /// Half a tick of the counter: tolerance for times that went through a calculation.
 constexpr double halfTick = 0.5 / 32e6;
 
-std::uint64_t ticks(const StoredSample& sample)
+/// Number of samples whose tenths do not exceed the key.
+std::size_t countUpTo(const TimeOrdered& timeline, std::int64_t key)
 {
-    return static_cast<std::uint64_t>(sample.timeHigh) << 32 | sample.timeLow;
+    return timeline.countWhile([key](const StoredSample& s) { return s.tenths() <= key; });
+}
+
+/// Number of samples at or before the time.
+std::size_t countUpTo(const TimeOrdered& timeline, double seconds)
+{
+    return timeline.countWhile(
+        [seconds](const StoredSample& s) { return s.seconds() <= seconds + halfTick; });
+}
+
+/// The different tenths, ascending.
+std::vector<std::int64_t> keysOf(const TimeOrdered& timeline)
+{
+    std::vector<std::int64_t> keys;
+    for (const StoredSample& sample : timeline) {
+        const std::int64_t key = sample.tenths();
+        if (keys.empty() || keys.back() != key)
+            keys.push_back(key);
+    }
+    return keys;
 }
 
 /// Compares samples with a given one by the text that the user sees.
@@ -45,61 +66,6 @@ private:
 
 } // namespace
 
-TimeTable::Timeline::Timeline(const MessageSeries& series)
-    : m_series(&series)
-{
-    std::uint64_t previous = 0;
-    bool isAscending = true;
-    for (const StoredSample& sample : series) {
-        const std::uint64_t key = ticks(sample);
-        isAscending = isAscending && key >= previous;
-        previous = key;
-    }
-    if (isAscending)
-        return;
-    m_order.resize(series.size());
-    std::iota(m_order.begin(), m_order.end(), 0U);
-    std::ranges::stable_sort(m_order, {},
-                             [&](std::uint32_t index) { return ticks(series[index]); });
-}
-
-template <typename Condition>
-std::size_t TimeTable::Timeline::countWhile(Condition&& holds) const
-{
-    std::size_t low = 0;
-    std::size_t high = size();
-    while (low < high) {
-        const std::size_t middle = low + (high - low) / 2;
-        if (holds((*this)[middle]))
-            low = middle + 1;
-        else
-            high = middle;
-    }
-    return low;
-}
-
-std::size_t TimeTable::Timeline::countUpTo(std::int64_t key) const
-{
-    return countWhile([key](const StoredSample& sample) { return sample.tenths() <= key; });
-}
-
-std::size_t TimeTable::Timeline::countUpTo(double seconds) const
-{
-    return countWhile(
-        [seconds](const StoredSample& sample) { return sample.seconds() <= seconds + halfTick; });
-}
-
-std::vector<std::int64_t> TimeTable::Timeline::keys() const
-{
-    std::vector<std::int64_t> keys;
-    for (std::size_t i = 0; i < size(); ++i) {
-        const std::int64_t key = (*this)[i].tenths();
-        if (keys.empty() || keys.back() != key)
-            keys.push_back(key);
-    }
-    return keys;
-}
-
 TimeTable::TimeTable(const DataSet& dataSet, std::vector<const ProfileParameter*> columns)
     : m_columns(std::move(columns))
 {
@@ -110,8 +76,8 @@ TimeTable::TimeTable(const DataSet& dataSet, std::vector<const ProfileParameter*
             m_timelines.emplace_back(seriesOf(dataSet.messages, *parameter));
         m_timelineOf.push_back(place->second);
     }
-    for (const Timeline& timeline : m_timelines) {
-        const std::vector<std::int64_t> keys = timeline.keys();
+    for (const TimeOrdered& timeline : m_timelines) {
+        const std::vector<std::int64_t> keys = keysOf(timeline);
         std::vector<std::int64_t> merged;
         merged.reserve(m_keys.size() + keys.size());
         std::ranges::set_union(m_keys, keys, std::back_inserter(merged));
@@ -128,8 +94,8 @@ std::size_t TimeTable::rowOf(std::int64_t key) const
 std::size_t TimeTable::rowAt(double seconds) const
 {
     std::size_t row = 0;
-    for (const Timeline& timeline : m_timelines) {
-        const std::size_t count = timeline.countUpTo(seconds);
+    for (const TimeOrdered& timeline : m_timelines) {
+        const std::size_t count = countUpTo(timeline, seconds);
         if (count > 0)
             row = std::max(row, rowOf(timeline[count - 1].tenths()));
     }
@@ -139,8 +105,8 @@ std::size_t TimeTable::rowAt(double seconds) const
 double TimeTable::lastSeconds(std::size_t row) const
 {
     double last = 0.0;
-    for (const Timeline& timeline : m_timelines) {
-        const std::size_t count = timeline.countUpTo(m_keys[row]);
+    for (const TimeOrdered& timeline : m_timelines) {
+        const std::size_t count = countUpTo(timeline, m_keys[row]);
         if (count > 0)
             last = std::max(last, timeline[count - 1].seconds());
     }
@@ -149,8 +115,8 @@ double TimeTable::lastSeconds(std::size_t row) const
 
 TimeTable::Cell TimeTable::cellAt(double seconds, std::size_t row, std::size_t column) const
 {
-    const Timeline& timeline = m_timelines[m_timelineOf[column]];
-    const std::size_t count = timeline.countUpTo(seconds);
+    const TimeOrdered& timeline = m_timelines[m_timelineOf[column]];
+    const std::size_t count = countUpTo(timeline, seconds);
     if (count == 0)
         return {};
     const StoredSample& sample = timeline[count - 1];
@@ -159,8 +125,8 @@ TimeTable::Cell TimeTable::cellAt(double seconds, std::size_t row, std::size_t c
 
 TimeTable::Cell TimeTable::cell(std::size_t row, std::size_t column) const
 {
-    const Timeline& timeline = m_timelines[m_timelineOf[column]];
-    const std::size_t count = timeline.countUpTo(m_keys[row]);
+    const TimeOrdered& timeline = m_timelines[m_timelineOf[column]];
+    const std::size_t count = countUpTo(timeline, m_keys[row]);
     if (count == 0)
         return {};
     const StoredSample& sample = timeline[count - 1];
@@ -171,8 +137,8 @@ std::optional<std::size_t> TimeTable::nextChange(const Profile& profile, std::si
                                                  std::size_t column) const
 {
     const ProfileParameter& parameter = *m_columns[column];
-    const Timeline& timeline = m_timelines[m_timelineOf[column]];
-    const std::size_t behind = timeline.countUpTo(m_keys[row]);
+    const TimeOrdered& timeline = m_timelines[m_timelineOf[column]];
+    const std::size_t behind = countUpTo(timeline, m_keys[row]);
     if (behind == timeline.size())
         return std::nullopt;
     if (behind == 0)
@@ -192,8 +158,8 @@ std::optional<std::size_t> TimeTable::previousChange(const Profile& profile, std
                                                      std::size_t column) const
 {
     const ProfileParameter& parameter = *m_columns[column];
-    const Timeline& timeline = m_timelines[m_timelineOf[column]];
-    const std::size_t behind = timeline.countUpTo(m_keys[row]);
+    const TimeOrdered& timeline = m_timelines[m_timelineOf[column]];
+    const std::size_t behind = countUpTo(timeline, m_keys[row]);
     if (behind == 0)
         return std::nullopt;
     const ShownText shown(profile, parameter, timeline[behind - 1]);

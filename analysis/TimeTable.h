@@ -2,6 +2,7 @@
 
 #include "profile/Profile.h"
 #include "record/DataSet.h"
+#include "record/TimeOrdered.h"
 
 #include <cstdint>
 #include <optional>
@@ -9,19 +10,20 @@
 
 namespace KOLT {
 
-/// The rows and cells of the data table, as samples.
+/// The rows and cells of the data table, without making any text.
 ///
-/// There is a row for each tenth of a second in which any of the columns' parameters has a sample.
-/// A cell is the parameter's latest sample up to the end of the tenth, or up to a given moment in
-/// it. The table is built in one pass over the series; a cell costs a binary search. Data set and
-/// profile must outlive the table and must not change.
+/// One row stands for each tenth of a second in which any of the chosen parameters has a sample.
+/// Where a parameter has several samples in one tenth, the latest of them is shown; the row of the
+/// current moment can be asked for as it was at that moment. The index is built in one pass over
+/// the series; a cell costs a search by halving. Data set and profile must outlive the table and
+/// stay as they are.
 class TimeTable
 {
 public:
     struct Cell
     {
         const StoredSample* sample = nullptr; ///< null before the parameter's first sample
-        bool isFresh = false; ///< the sample is from this row, not from an earlier one
+        bool isFresh = false; ///< the sample lies in this row, not in an earlier one
     };
 
     TimeTable() = default;
@@ -31,64 +33,34 @@ public:
 
     const std::vector<const ProfileParameter*>& columns() const { return m_columns; }
 
-    /// The row's time: seconds on the counter, a multiple of 0.1.
+    /// The row's time on the unit's counter, in seconds to a tenth.
     double seconds(std::size_t row) const { return static_cast<double>(m_keys[row]) / 10.0; }
 
-    /// The row of the latest sample at or before the time; the first row if there is none.
+    /// The row of the latest sample at or before the time; the first row when there is none.
     std::size_t rowAt(double seconds) const;
 
-    /// The time of the latest sample in the row, when the row is complete.
+    /// The moment at which all of the row is known: its latest sample, in seconds.
     double lastSeconds(std::size_t row) const;
 
     Cell cell(std::size_t row, std::size_t column) const;
 
-    /// The cell as of a moment in the row: its latest sample at or before `seconds`, for which
-    /// rowAt() gives `row`.
+    /// The latest sample at or before a time that rowAt() finds in the row.
     Cell cellAt(double seconds, std::size_t row, std::size_t column) const;
 
-    /// The nearest row after (or before) `row` whose text in the column differs from the one in
-    /// `row`. Costs one numeric decoding per sample on the way, and a text where the number
-    /// differs.
+    /// The next row after `row` (or before it) in which the column's text differs from the one in
+    /// `row`; none when it stays as it is. Costs one numeric decoding per sample on the way, and a
+    /// text where the number differs.
     std::optional<std::size_t> nextChange(const Profile& profile, std::size_t row,
                                           std::size_t column) const;
     std::optional<std::size_t> previousChange(const Profile& profile, std::size_t row,
                                               std::size_t column) const;
 
 private:
-    /// A series in time order.
-    class Timeline
-    {
-    public:
-        explicit Timeline(const MessageSeries& series);
-
-        std::size_t size() const { return m_series->size(); }
-
-        const StoredSample& operator[](std::size_t index) const
-        {
-            return (*m_series)[m_order.empty() ? index : m_order[index]];
-        }
-
-        /// Number of samples up to the end of a tenth of a second.
-        std::size_t countUpTo(std::int64_t key) const;
-        /// Number of samples at or before the time.
-        std::size_t countUpTo(double seconds) const;
-        /// The tenths that have samples, each once, ascending.
-        std::vector<std::int64_t> keys() const;
-
-    private:
-        /// Number of samples before the first that does not meet the condition.
-        template <typename Condition>
-        std::size_t countWhile(Condition&& holds) const;
-
-        const MessageSeries* m_series;
-        std::vector<std::uint32_t> m_order; ///< empty if the stored order ascends
-    };
-
     std::size_t rowOf(std::int64_t key) const;
 
     std::vector<const ProfileParameter*> m_columns;
-    std::vector<std::size_t> m_timelineOf; ///< by column; a timeline serves all of a message
-    std::vector<Timeline> m_timelines;
+    std::vector<std::size_t> m_timelineOf; ///< by column; parameters of one message share one
+    std::vector<TimeOrdered> m_timelines;
     std::vector<std::int64_t> m_keys; ///< tenths, ascending
 };
 

@@ -12,35 +12,16 @@ void SampleTimes::append(double time, int mark)
     ++m_size;
 }
 
-template <typename Predicate>
-std::size_t SampleTimes::partitionPoint(Predicate&& predicate) const
-{
-    std::size_t low = 0;
-    std::size_t high = m_size;
-    while (low < high) {
-        const std::size_t middle = low + (high - low) / 2;
-        if (predicate(at(middle)))
-            low = middle + 1;
-        else
-            high = middle;
-    }
-    return low;
-}
-
 std::size_t SampleTimes::positionAt(double time) const
 {
-    const auto isBefore = [time](double sample) { return sample < time; };
     if (m_isAscending)
-        return partitionPoint(isBefore);
-    std::size_t position = 0;
-    while (position < m_size && isBefore(at(position)))
-        ++position;
-    return position;
+        return std::lower_bound(begin(), end(), time).index();
+    return std::find_if(begin(), end(), [time](double sample) { return !(sample < time); }).index();
 }
 
 std::size_t SampleTimes::positionBehind(double time) const
 {
-    return partitionPoint([time](double sample) { return sample <= time; });
+    return std::upper_bound(begin(), end(), time).index();
 }
 
 std::size_t SampleTimes::runEnd(std::size_t from, std::size_t limit, std::size_t step,

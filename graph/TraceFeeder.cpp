@@ -2,9 +2,9 @@
 
 #include "profile/ValueDecoder.h"
 #include "record/RoleSeries.h"
+#include "record/TimeOrdered.h"
 
 #include <algorithm>
-#include <numeric>
 
 namespace KOLT {
 
@@ -18,7 +18,7 @@ constexpr int mostDecimals = 3;
 /// The raw counter of the sample: for comparing, converting to seconds would cost more.
 std::int64_t ticksOf(const StoredSample& sample)
 {
-    return static_cast<std::int64_t>(sample.timeHigh) << 32 | sample.timeLow;
+    return static_cast<std::int64_t>(sample.ticks());
 }
 
 /// The median spacing in ticks, estimated from about 500 places of the series.
@@ -73,15 +73,14 @@ std::shared_ptr<SampleTimes> walk(const MessageSeries& series, SampleValues& val
 /// after it.
 void feedSorted(GraphTrace& trace, const MessageSeries& series, const SampleValues& values)
 {
-    std::vector<std::uint32_t> order(series.size());
-    std::iota(order.begin(), order.end(), 0U);
-    std::ranges::stable_sort(order, {}, [&](std::uint32_t i) { return ticksOf(series[i]); });
+    const TimeOrdered samples(series);
     const std::int64_t usual = std::max(gapFactor * usualSpacing(series), shortestGap - 1);
-    trace.reserve(order.size());
-    std::int64_t before = ticksOf(series[order.front()]);
-    for (const std::uint32_t i : order) {
-        const std::int64_t ticks = ticksOf(series[i]);
-        trace.append(series[i].seconds(), values[i], ticks - before > usual ? 0 : 1);
+    trace.reserve(samples.size());
+    std::int64_t before = ticksOf(samples[0]);
+    for (std::size_t i = 0; i < samples.size(); ++i) {
+        const std::int64_t ticks = ticksOf(samples[i]);
+        trace.append(samples[i].seconds(), values[samples.storedIndex(i)],
+                     ticks - before > usual ? 0 : 1);
         before = ticks;
     }
 }

@@ -1,6 +1,7 @@
 #include "map/TrackColors.h"
 
 #include "record/RoleSeries.h"
+#include "record/TimeOrdered.h"
 
 #include <algorithm>
 #include <cmath>
@@ -31,8 +32,7 @@ std::vector<TimedValue> samplesOf(const Profile& profile, const ProfileParameter
     PositionFilter filter = positionFilterFor(profile, messages, parameter);
     for (const StoredSample& sample : series)
         samples.push_back({sample.seconds(), decodeNumber(sample.data, parameter, &filter)});
-    if (!std::ranges::is_sorted(samples, {}, &TimedValue::seconds))
-        std::ranges::stable_sort(samples, {}, &TimedValue::seconds);
+    sortByTime(samples, &TimedValue::seconds);
     return samples;
 }
 

@@ -91,26 +91,9 @@ const StoredSample* MessageSeries::firstAtOrAfter(double seconds) const
     const auto entry = std::ranges::lower_bound(m_index, second, {}, &SecondEntry::second);
     if (entry == m_index.end())
         return nullptr;
-    for (Iterator it(*this, entry->position); it != end(); ++it) {
-        if (it->seconds() >= seconds)
-            return &*it;
-    }
-    return nullptr;
-}
-
-template <typename Predicate>
-std::size_t MessageSeries::partitionPoint(Predicate&& predicate) const
-{
-    std::size_t low = 0;
-    std::size_t high = m_size;
-    while (low < high) {
-        const std::size_t middle = low + (high - low) / 2;
-        if (predicate((*this)[middle]))
-            low = middle + 1;
-        else
-            high = middle;
-    }
-    return low;
+    const auto found = std::find_if(Iterator(*this, entry->position), end(),
+                                    [&](const StoredSample& s) { return s.seconds() >= seconds; });
+    return found != end() ? &*found : nullptr;
 }
 
 MessageSeries::Range MessageSeries::around(double start, double end) const
@@ -118,18 +101,17 @@ MessageSeries::Range MessageSeries::around(double start, double end) const
     buildIndex();
     if (!m_ascending)
         return {this->begin(), this->end()};
-    const auto first = partitionPoint([&](const StoredSample& s) { return s.seconds() < start; });
-    const auto last = partitionPoint([&](const StoredSample& s) { return s.seconds() <= end; });
-    return {Iterator(*this, first), Iterator(*this, std::max(first, last))};
+    const auto first = std::ranges::lower_bound(*this, start, {}, &StoredSample::seconds);
+    const auto last = std::ranges::upper_bound(*this, end, {}, &StoredSample::seconds);
+    return {first, std::max(first, last)};
 }
 
 const StoredSample* MessageSeries::lastBefore(double seconds) const
 {
     buildIndex();
     if (m_ascending) {
-        const std::size_t behind =
-            partitionPoint([&](const StoredSample& s) { return s.seconds() < seconds; });
-        return behind > 0 ? &(*this)[behind - 1] : nullptr;
+        const auto behind = std::ranges::lower_bound(*this, seconds, {}, &StoredSample::seconds);
+        return behind != begin() ? &*(behind - 1) : nullptr;
     }
     const StoredSample* last = nullptr;
     for (const StoredSample& sample : *this) {

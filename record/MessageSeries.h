@@ -1,11 +1,10 @@
 #pragma once
 
+#include "record/IndexIterator.h"
 #include "record/StoredSample.h"
 
-#include <algorithm>
 #include <cstddef>
 #include <cstdlib>
-#include <iterator>
 #include <memory>
 #include <vector>
 
@@ -19,63 +18,7 @@ namespace KOLT {
 class MessageSeries
 {
 public:
-    /// Forward iterator.
-    class Iterator
-    {
-    public:
-        using value_type = StoredSample;
-        using difference_type = std::ptrdiff_t;
-        using reference = const StoredSample&;
-        using pointer = const StoredSample*;
-        using iterator_category = std::forward_iterator_tag;
-
-        Iterator() = default;
-
-        Iterator(const MessageSeries& series, std::size_t index)
-            : m_series(&series)
-            , m_index(index)
-        {
-            enterChunk();
-        }
-
-        reference operator*() const { return *m_sample; }
-
-        pointer operator->() const { return m_sample; }
-
-        Iterator& operator++()
-        {
-            ++m_index;
-            if (++m_sample == m_chunkEnd)
-                enterChunk();
-            return *this;
-        }
-
-        Iterator operator++(int)
-        {
-            Iterator before = *this;
-            ++*this;
-            return before;
-        }
-
-        bool operator==(const Iterator& other) const { return m_index == other.m_index; }
-
-        std::size_t index() const { return m_index; }
-
-    private:
-        void enterChunk()
-        {
-            if (m_index >= m_series->m_size)
-                return;
-            m_sample = &(*m_series)[m_index];
-            m_chunkEnd = m_sample + std::min(chunkSamples - m_index % chunkSamples,
-                                             m_series->m_size - m_index);
-        }
-
-        const MessageSeries* m_series = nullptr;
-        std::size_t m_index = 0;
-        const StoredSample* m_sample = nullptr;
-        const StoredSample* m_chunkEnd = nullptr;
-    };
+    using Iterator = IndexIterator<MessageSeries, const StoredSample&>;
 
     /// Consecutive samples, for a range-based loop.
     struct Range
@@ -87,7 +30,7 @@ public:
 
         Iterator end() const { return last; }
 
-        std::size_t size() const { return last.index() - first.index(); }
+        std::size_t size() const { return static_cast<std::size_t>(last - first); }
     };
 
     std::size_t size() const { return m_size; }
@@ -169,9 +112,6 @@ private:
     void grow();
     void shrink(std::size_t size);
     void buildIndex() const;
-    /// The first index for which the predicate is false; it must be true before and false after.
-    template <typename Predicate>
-    std::size_t partitionPoint(Predicate&& predicate) const;
 
     std::vector<Chunk> m_chunks; ///< all but the last are full
     std::size_t m_size = 0;

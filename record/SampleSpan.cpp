@@ -97,11 +97,6 @@ struct Extremes
     const StoredSample* last = nullptr;
 };
 
-std::uint64_t ticksOf(const StoredSample& sample)
-{
-    return std::uint64_t{sample.timeHigh} << 32 | sample.timeLow;
-}
-
 Extremes extremesOf(const MessageMap& messages)
 {
     Extremes found;
@@ -109,7 +104,7 @@ Extremes extremesOf(const MessageMap& messages)
     std::uint64_t most = 0;
     for (const auto& [id, series] : messages.all()) {
         for (const StoredSample& sample : series) {
-            const std::uint64_t ticks = ticksOf(sample);
+            const std::uint64_t ticks = sample.ticks();
             if (ticks >= least && ticks <= most)
                 continue; // skips nearly all samples before the costly conversion
             if (!(sample.seconds() < maxGridSeconds))
@@ -131,16 +126,9 @@ Extremes extremesOf(const MessageMap& messages)
 const StoredSample* sampleAt(const MessageMap& messages, std::uint32_t sequence)
 {
     for (const auto& [id, series] : messages.all()) {
-        std::size_t from = 0;
-        for (std::size_t to = series.size(); from < to;) {
-            const std::size_t middle = from + (to - from) / 2;
-            if (series[middle].sequence < sequence)
-                from = middle + 1;
-            else
-                to = middle;
-        }
-        if (from < series.size() && series[from].sequence == sequence)
-            return &series[from];
+        const auto found = std::ranges::lower_bound(series, sequence, {}, &StoredSample::sequence);
+        if (found != series.end() && found->sequence == sequence)
+            return &*found;
     }
     return nullptr;
 }

@@ -1,10 +1,8 @@
 #pragma once
 
-#include "record/MessageSeries.h"
+#include "record/TimeOrdered.h"
 
-#include <cstdint>
 #include <limits>
-#include <vector>
 
 namespace KOLT {
 
@@ -30,16 +28,10 @@ public:
     const StoredSample* sample() const { return m_sample; }
 
 private:
-    const StoredSample& at(std::size_t index) const
-    {
-        return (*m_series)[m_order.empty() ? index : m_order[index]];
-    }
-
     bool walk(double limit);
     void lookAhead();
 
-    const MessageSeries* m_series;
-    std::vector<std::uint32_t> m_order; ///< by time; empty: stored order
+    TimeOrdered m_samples;
     std::size_t m_next = 0;
     double m_nextSeconds = std::numeric_limits<double>::infinity();
     const StoredSample* m_sample = nullptr;

@@ -21,6 +21,9 @@ struct StoredSample
     std::uint8_t byte9 = 0;
     std::uint32_t sequence = 0; ///< position in the loaded recording, from 0
 
+    /// The time stamp as one number, in ticks of 31.25 ns.
+    std::uint64_t ticks() const { return std::uint64_t{timeHigh} << 32 | timeLow; }
+
     /// Seconds on the unit's counter.
     double seconds() const { return RecordFormat::secondsOf(timeHigh, timeLow); }
 

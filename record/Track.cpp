@@ -1,6 +1,7 @@
 #include "record/Track.h"
 
 #include "record/RoleSeries.h"
+#include "record/TimeOrdered.h"
 #include "record/TimeSlots.h"
 #include "record/TrackGaps.h"
 
@@ -12,8 +13,7 @@ namespace KOLT {
 
 namespace {
 
-constexpr double noFix = 1e-5;        // degrees, of a sample
-constexpr double noPosition = 0.0001; // degrees, of a grid point
+constexpr double noPosition = 0.0001; // degrees
 constexpr double never = std::numeric_limits<double>::infinity();
 
 /// A sampled quantity; must be read at ascending times.
@@ -26,8 +26,7 @@ public:
     void finish()
     {
         m_lastSeconds = m_points.empty() ? 0.0 : m_points.back().seconds;
-        if (!std::ranges::is_sorted(m_points, {}, &Point::seconds))
-            std::ranges::stable_sort(m_points, {}, &Point::seconds);
+        sortByTime(m_points, &Point::seconds);
     }
 
     bool empty() const { return m_points.empty(); }
@@ -97,7 +96,7 @@ Curve sampled(const Profile& profile, const MessageMap& messages, Role role, Pos
         if (seconds >= maxGridSeconds)
             return;
         const double value = decodeFiltered(data, parameter, filter);
-        if (std::isfinite(value) && (filter == nullptr || std::abs(value) > noFix))
+        if (filter != nullptr ? isFix(value) : std::isfinite(value))
             curve.append(seconds, value);
     });
     curve.finish();
@@ -130,7 +129,7 @@ std::vector<TrackPoint> buildTrack(const Profile& profile, const MessageMap& mes
         return {};
     Curve altitude = sampled(profile, messages, Role::Altitude, nullptr);
     Curve groundSpeed = sampled(profile, messages, Role::GroundSpeed, nullptr);
-    Curve track = sampled(profile, messages, Role::Track, nullptr);
+    Curve heading = sampled(profile, messages, Role::Track, nullptr);
 
     const double firstFix = std::max(latitude.firstSeconds(), longitude.firstSeconds());
     const bool wasAltitudeKnown = !altitude.empty() && wasKnown(profile, before, Role::Latitude) &&
@@ -148,15 +147,15 @@ std::vector<TrackPoint> buildTrack(const Profile& profile, const MessageMap& mes
         const double t = i * gridSeconds;
         while (gap != gaps.end() && gap->to <= t)
             ++gap;
-        const TrackPoint point{i,
-                               latitude.at(t),
-                               longitude.at(t),
-                               altitude.at(t),
-                               groundSpeed.at(t),
-                               track.angleAt(t),
-                               t >= firstFix,
-                               t >= firstAltitude,
-                               gap != gaps.end() && gap->holds(t)};
+        const TrackPoint point{.halfSecond = i,
+                               .latitude = latitude.at(t),
+                               .longitude = longitude.at(t),
+                               .altitude = altitude.at(t),
+                               .groundSpeed = groundSpeed.at(t),
+                               .heading = heading.angleAt(t),
+                               .hasFix = t >= firstFix,
+                               .hasAltitude = t >= firstAltitude,
+                               .isInGap = gap != gaps.end() && gap->holds(t)};
         if (std::abs(point.latitude) > noPosition && std::abs(point.longitude) > noPosition)
             points.push_back(point);
     }

@@ -1,17 +1,16 @@
 #include "record/TrackGaps.h"
 
 #include "record/RoleSeries.h"
+#include "record/TimeOrdered.h"
 #include "record/TimeSlots.h"
 
 #include <algorithm>
-#include <cmath>
+#include <functional>
 #include <limits>
 
 namespace KOLT {
 
 namespace {
-
-constexpr double noFix = 1e-5; // degrees
 
 constexpr double never = std::numeric_limits<double>::infinity();
 
@@ -26,12 +25,10 @@ void findGaps(const Profile& profile, const MessageMap& messages, Role role, Pos
         if (seconds >= maxGridSeconds)
             return;
         last = std::max(last, seconds);
-        if (std::isfinite(sent) && std::abs(sent) > noFix &&
-            decodeFiltered(data, parameter, &filter) == sent)
+        if (isFix(sent) && decodeFiltered(data, parameter, &filter) == sent)
             times.push_back(seconds);
     });
-    if (!std::ranges::is_sorted(times))
-        std::ranges::sort(times);
+    sortByTime(times, std::identity());
     for (std::size_t i = 1; i < times.size(); ++i) {
         if (times[i] - times[i - 1] > longestTrackGap)
             gaps.push_back({times[i - 1], times[i]});

@@ -3,9 +3,17 @@
 #include "profile/Profile.h"
 #include "record/MessageMap.h"
 
+#include <cmath>
 #include <vector>
 
 namespace KOLT {
+
+/// Whether a decoded latitude or longitude is a position: without a fix the unit sends zeros.
+inline bool isFix(double degrees)
+{
+    constexpr double noFixDegrees = 1e-5;
+    return std::isfinite(degrees) && std::abs(degrees) > noFixDegrees;
+}
 
 constexpr double longestTrackGap = 10.0; ///< seconds; longer spans without positions are gaps
 
