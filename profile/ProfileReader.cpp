@@ -12,23 +12,28 @@ constexpr int messageBytes = 8;
 constexpr int maxPrecision = 15;
 constexpr int defaultPrecision = 6;
 
-int intAttribute(const QDomElement& element, const QString& name, int fallback = 0)
+QString textAttribute(const QDomElement& element, const char* name)
+{
+    return element.attribute(QLatin1String(name));
+}
+
+int intAttribute(const QDomElement& element, const char* name, int fallback = 0)
 {
     bool ok = false;
-    const int value = element.attribute(name).toInt(&ok);
+    const int value = textAttribute(element, name).toInt(&ok);
     return ok ? value : fallback;
 }
 
-double doubleAttribute(const QDomElement& element, const QString& name, double fallback = 0.0)
+double doubleAttribute(const QDomElement& element, const char* name, double fallback = 0.0)
 {
     bool ok = false;
-    const double value = element.attribute(name).toDouble(&ok);
+    const double value = textAttribute(element, name).toDouble(&ok);
     return ok ? value : fallback;
 }
 
-QColor colorAttribute(const QDomElement& element, const QString& name)
+QColor colorAttribute(const QDomElement& element, const char* name)
 {
-    const QColor color = QColor::fromString(element.attribute(name));
+    const QColor color = QColor::fromString(textAttribute(element, name));
     return color.isValid() ? color : QColor(Qt::white);
 }
 
@@ -78,18 +83,17 @@ void ProfileReader::forEach(const QDomElement& parent, const QString& name,
 {
     for (QDomElement child = parent.firstChildElement(name); !child.isNull();
          child = child.nextSiblingElement(name)) {
-        if (Profile::matchesVariant(m_profile.m_activeVariant,
-                                    child.attribute(QStringLiteral("variant"))))
+        if (Profile::matchesVariant(m_profile.m_activeVariant, textAttribute(child, "variant")))
             function(child);
     }
 }
 
 void ProfileReader::read(const QDomElement& root)
 {
-    m_profile.m_version = root.attribute(QStringLiteral("version"));
-    m_profile.m_profileId = root.attribute(QStringLiteral("profileId"));
-    m_profile.m_name = root.attribute(QStringLiteral("name"));
-    m_profile.m_comment = root.attribute(QStringLiteral("comment"));
+    m_profile.m_version = textAttribute(root, "version");
+    m_profile.m_profileId = textAttribute(root, "profileId");
+    m_profile.m_name = textAttribute(root, "name");
+    m_profile.m_comment = textAttribute(root, "comment");
 
     const auto readList = [&](const char* listName, const char* entryName, auto member) {
         forEach(root, QLatin1String(listName), [&](const QDomElement& list) {
@@ -113,9 +117,8 @@ std::vector<Variant> ProfileReader::readVariants(const QDomElement& root)
          list = list.nextSiblingElement(QStringLiteral("Variants"))) {
         for (QDomElement element = list.firstChildElement(name); !element.isNull();
              element = element.nextSiblingElement(name)) {
-            variants.push_back({element.attribute(QStringLiteral("name")),
-                                element.attribute(QStringLiteral("id")),
-                                colorAttribute(element, QStringLiteral("color"))});
+            variants.push_back({textAttribute(element, "name"), textAttribute(element, "id"),
+                                colorAttribute(element, "color")});
         }
     }
     return variants;
@@ -123,32 +126,31 @@ std::vector<Variant> ProfileReader::readVariants(const QDomElement& root)
 
 void ProfileReader::readUnit(const QDomElement& element)
 {
-    const QString key = conversionKey(element.attribute(QStringLiteral("unitMetric")),
-                                      element.attribute(QStringLiteral("unitImperial")));
-    m_profile.m_conversions[key] = {doubleAttribute(element, QStringLiteral("factor"), 1.0),
-                                    doubleAttribute(element, QStringLiteral("offset"))};
+    const QString key =
+        conversionKey(textAttribute(element, "unitMetric"), textAttribute(element, "unitImperial"));
+    m_profile.m_conversions[key] = {doubleAttribute(element, "factor", 1.0),
+                                    doubleAttribute(element, "offset")};
 }
 
 void ProfileReader::readEnum(const QDomElement& element)
 {
     static int serial = 0;
-    EnumList& list =
-        listNamed(element.attribute(QStringLiteral("name")), m_enumIds, m_profile.m_enumLists);
+    EnumList& list = listNamed(textAttribute(element, "name"), m_enumIds, m_profile.m_enumLists);
     forEach(element, QStringLiteral("Value"), [&](const QDomElement& entry) {
-        const int value = intAttribute(entry, QStringLiteral("val"));
-        list.entries[value] = {value, entry.attribute(QStringLiteral("label")), ++serial};
+        const int value = intAttribute(entry, "val");
+        list.entries[value] = {value, textAttribute(entry, "label"), ++serial};
     });
 }
 
 void ProfileReader::readThreshold(const QDomElement& element)
 {
-    Threshold& threshold = listNamed(element.attribute(QStringLiteral("name")), m_thresholdIds,
-                                     m_profile.m_thresholds);
+    Threshold& threshold =
+        listNamed(textAttribute(element, "name"), m_thresholdIds, m_profile.m_thresholds);
     threshold.id = m_thresholdIds.value(threshold.name);
     forEach(element, QStringLiteral("Value"), [&](const QDomElement& entry) {
-        const ThresholdStep step{doubleAttribute(entry, QStringLiteral("val")),
-                                 {colorAttribute(entry, QStringLiteral("color")).rgb(),
-                                  stateOf(entry.attribute(QStringLiteral("state")))}};
+        const ThresholdStep step{
+            doubleAttribute(entry, "val"),
+            {colorAttribute(entry, "color").rgb(), stateOf(textAttribute(entry, "state"))}};
         const auto earlier = std::ranges::find(threshold.steps, step.value, &ThresholdStep::value);
         if (earlier == threshold.steps.end())
             threshold.steps.push_back(step);
@@ -159,16 +161,14 @@ void ProfileReader::readThreshold(const QDomElement& element)
 
 void ProfileReader::readErrorMatrix(const QDomElement& element)
 {
-    m_profile.m_errorMatrices.push_back({intAttribute(element, QStringLiteral("id")),
-                                         element.attribute(QStringLiteral("name")),
-                                         {}});
+    m_profile.m_errorMatrices.push_back(
+        {intAttribute(element, "id"), textAttribute(element, "name"), {}});
 }
 
 void ProfileReader::readDevice(const QDomElement& element)
 {
-    const Device device{static_cast<int>(m_profile.m_devices.size()),
-                        element.attribute(QStringLiteral("name")),
-                        {}};
+    const Device device{
+        static_cast<int>(m_profile.m_devices.size()), textAttribute(element, "name"), {}};
     m_profile.m_devices.push_back(device);
     forEach(element, QStringLiteral("Parameter"),
             [&](const QDomElement& parameter) { readParameter(parameter, device); });
@@ -177,27 +177,26 @@ void ProfileReader::readDevice(const QDomElement& element)
 void ProfileReader::readParameter(const QDomElement& element, const Device& device)
 {
     ProfileParameter& parameter = m_profile.m_parameters.emplace_back();
-    parameter.name = element.attribute(QStringLiteral("name"));
+    parameter.name = textAttribute(element, "name");
     parameter.fullName = device.name + QLatin1Char('/') + parameter.name;
     parameter.device = device.index;
-    parameter.unitMetric = element.attribute(QStringLiteral("unitMetric"));
-    parameter.unitImperial = element.attribute(QStringLiteral("unitImperial"));
-    parameter.viewId = element.attribute(QStringLiteral("viewId"));
-    parameter.id = intAttribute(element, QStringLiteral("id"));
-    parameter.startByte = intAttribute(element, QStringLiteral("startByte"));
-    parameter.startBit = intAttribute(element, QStringLiteral("startBit"));
-    parameter.endBit = intAttribute(element, QStringLiteral("endBit"));
-    parameter.offset = doubleAttribute(element, QStringLiteral("offset"));
-    parameter.factor = doubleAttribute(element, QStringLiteral("factor"), 1.0);
-    const int precision = intAttribute(element, QStringLiteral("precision"), defaultPrecision);
+    parameter.unitMetric = textAttribute(element, "unitMetric");
+    parameter.unitImperial = textAttribute(element, "unitImperial");
+    parameter.viewId = textAttribute(element, "viewId");
+    parameter.id = intAttribute(element, "id");
+    parameter.startByte = intAttribute(element, "startByte");
+    parameter.startBit = intAttribute(element, "startBit");
+    parameter.endBit = intAttribute(element, "endBit");
+    parameter.offset = doubleAttribute(element, "offset");
+    parameter.factor = doubleAttribute(element, "factor", 1.0);
+    const int precision = intAttribute(element, "precision", defaultPrecision);
     parameter.precision =
         precision >= 0 && precision <= maxPrecision ? precision : defaultPrecision;
-    parameter.dataType = dataTypeCode(element.attribute(QStringLiteral("dataType")));
-    parameter.koltDataType = element.attribute(QStringLiteral("koltDataType"));
-    parameter.enumId = idOfList(m_enumIds, element.attribute(QStringLiteral("enumId")));
-    parameter.thresholdId =
-        idOfList(m_thresholdIds, element.attribute(QStringLiteral("thresholdId")));
-    parameter.errorType = errorTypeOf(element.attribute(QStringLiteral("errorType")));
+    parameter.dataType = dataTypeCode(textAttribute(element, "dataType"));
+    parameter.koltDataType = textAttribute(element, "koltDataType");
+    parameter.enumId = idOfList(m_enumIds, textAttribute(element, "enumId"));
+    parameter.thresholdId = idOfList(m_thresholdIds, textAttribute(element, "thresholdId"));
+    parameter.errorType = errorTypeOf(textAttribute(element, "errorType"));
     resolve(parameter);
 }
 
