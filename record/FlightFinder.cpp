@@ -84,7 +84,7 @@ private:
         std::size_t samples = 0;
         for (const RoleSeries* series :
              {&m_throttle, &m_fuelA, &m_fuelB, &m_groundSpeed, &m_altitude})
-            samples += series->samplesAround(flight.startSeconds, flight.endSeconds);
+            samples += series->samples().around(flight.startSeconds, flight.endSeconds).size();
         return samples;
     }
 
@@ -175,10 +175,11 @@ std::vector<Flight> findFlights(const Profile& profile, const MessageMap& messag
     FlightDetector detector;
     Flight flight;
     const RoleSeries groundSpeed(profile, messages, Role::GroundSpeed);
-    groundSpeed.forEach([&](double t, const MessageData& data, const ProfileParameter& parameter) {
-        const double speed = decodeNumber(data, parameter);
+    for (const StoredSample& sample : groundSpeed.samples()) {
+        const double t = sample.seconds();
+        const double speed = groundSpeed.value(sample);
         if (!std::isfinite(speed)) // neither a fast nor a slow sample
-            return;
+            continue;
         switch (detector.step(speed)) {
         case FlightDetector::Event::None:
             break;
@@ -196,7 +197,7 @@ std::vector<Flight> findFlights(const Profile& profile, const MessageMap& messag
             flights.push_back(flight);
             break;
         }
-    });
+    }
     for (const Flight& found : flights) {
         Diagnostics::print("Flight %f -> %f <%s>\n", found.startSeconds, found.endSeconds,
                            qUtf8Printable(found.dateTime.toString(QStringLiteral("hh:mm:ss"))));

@@ -4,17 +4,24 @@
 
 namespace KOLT {
 
+RoleSeries::RoleSeries(const Profile& profile, const MessageMap& messages, Role role)
+    : m_parameter(profile.parameterByRole(role))
+{
+    static const MessageSeries none;
+    m_samples = m_parameter != nullptr ? &seriesOf(messages, *m_parameter) : &none;
+}
+
 double RoleSeries::valueAt(double seconds) const
 {
     constexpr int mostSkipped = 100;
     constexpr double later = std::numeric_limits<double>::infinity();
-    for (int i = 0; m_series != nullptr && i < mostSkipped; ++i) {
-        const StoredSample* const sample = m_series->firstAtOrAfter(seconds);
+    for (int i = 0; i < mostSkipped; ++i) {
+        const StoredSample* const sample = m_samples->firstAtOrAfter(seconds);
         if (sample == nullptr)
             break;
-        const double value = decodeNumber(sample->data, *m_parameter);
-        if (std::isfinite(value))
-            return value;
+        const double number = value(*sample);
+        if (std::isfinite(number))
+            return number;
         seconds = std::nextafter(sample->seconds(), later);
     }
     return 0.0;
@@ -26,10 +33,9 @@ PositionFilter positionFilterFor(const Profile& profile, const MessageMap& messa
     PositionFilter filter;
     if (parameter.role != Role::Longitude)
         return filter;
-    RoleSeries(profile, messages, Role::Latitude)
-        .forEach([&](double, const MessageData& data, const ProfileParameter& latitude) {
-            decodeFiltered(data, latitude, &filter);
-        });
+    const RoleSeries latitude(profile, messages, Role::Latitude);
+    for (const StoredSample& sample : latitude.samples())
+        latitude.value(sample, &filter);
     return filter;
 }
 

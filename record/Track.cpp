@@ -92,13 +92,14 @@ Curve sampled(const Profile& profile, const MessageMap& messages, Role role, Pos
 {
     Curve curve;
     const RoleSeries series(profile, messages, role);
-    series.forEach([&](double seconds, const MessageData& data, const ProfileParameter& parameter) {
+    for (const StoredSample& sample : series.samples()) {
+        const double seconds = sample.seconds();
         if (seconds >= maxGridSeconds)
-            return;
-        const double value = decodeFiltered(data, parameter, filter);
+            continue;
+        const double value = series.value(sample, filter);
         if (filter != nullptr ? isFix(value) : std::isfinite(value))
             curve.append(seconds, value);
-    });
+    }
     curve.finish();
     return curve;
 }

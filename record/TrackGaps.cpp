@@ -20,14 +20,15 @@ void findGaps(const Profile& profile, const MessageMap& messages, Role role, Pos
     std::vector<double> times;
     double last = 0.0; // time of the latest sample, with or without a fix
     const RoleSeries series(profile, messages, role);
-    series.forEach([&](double seconds, const MessageData& data, const ProfileParameter& parameter) {
-        const double sent = decodeNumber(data, parameter);
+    for (const StoredSample& sample : series.samples()) {
+        const double seconds = sample.seconds();
         if (seconds >= maxGridSeconds)
-            return;
+            continue;
         last = std::max(last, seconds);
-        if (isFix(sent) && decodeFiltered(data, parameter, &filter) == sent)
+        const double sent = series.value(sample);
+        if (isFix(sent) && series.value(sample, &filter) == sent)
             times.push_back(seconds);
-    });
+    }
     sortByTime(times, std::identity());
     for (std::size_t i = 1; i < times.size(); ++i) {
         if (times[i] - times[i - 1] > longestTrackGap)
