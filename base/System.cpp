@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstdlib>
+#include <fstream>
 #include <new>
 
 #ifdef __linux__
@@ -28,6 +29,17 @@ void* allocateHugePages(std::size_t bytes)
     if (memory == nullptr)
         throw std::bad_alloc();
     return memory;
+}
+
+std::optional<double> availableMemory()
+{
+    std::ifstream info("/proc/meminfo");
+    for (std::string word; info >> word;) {
+        double kilobytes = 0.0;
+        if (word == "MemAvailable:" && info >> kilobytes)
+            return kilobytes * 1024.0;
+    }
+    return std::nullopt;
 }
 
 std::string workingDirectory()

@@ -1,6 +1,7 @@
 #include "record/RecordFile.h"
 
 #include "base/Diagnostics.h"
+#include "base/System.h"
 
 #include <QFile>
 
@@ -44,14 +45,8 @@ bool fitMemory(std::size_t samples)
     // The last chunk of each series is partly unused: some percent for a large file.
     constexpr double slack = 1.25;
     const double wanted = slack * static_cast<double>(samples) * sizeof(StoredSample);
-    QFile memory(QStringLiteral("/proc/meminfo"));
-    if (!memory.open(QIODevice::ReadOnly))
-        return wanted < static_cast<double>(std::numeric_limits<std::uint32_t>::max());
-    for (const QByteArray& line : memory.readAll().split('\n')) {
-        if (line.startsWith("MemAvailable:"))
-            return wanted < line.simplified().split(' ').value(1).toDouble() * 1024.0;
-    }
-    return true;
+    constexpr double fallback = std::numeric_limits<std::uint32_t>::max();
+    return wanted < System::availableMemory().value_or(fallback);
 }
 
 /// Latin-1 up to the first zero byte; empty if the field extends beyond `bytes`.
