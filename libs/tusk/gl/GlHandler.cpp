@@ -1,15 +1,10 @@
 #include "libs/tusk/gl/GlHandler.h"
 
+#include "libs/tusk/gl/ShaderProgram.h"
+
 namespace TUSK::OpenGL {
 
 namespace {
-
-constexpr int positionSize = 2;
-constexpr int texturedSize = 4;
-constexpr int coloredSize = 7;
-constexpr int spaceSize = 3;
-constexpr int positionLocation = 0;
-constexpr int textureLocation = 1;
 
 constexpr auto plainVertex = R"(
 attribute highp vec2 position;
@@ -34,12 +29,12 @@ void main()
 
 constexpr auto coloredVertex = R"(
 attribute highp vec3 position;
-attribute lowp vec4 place;
+attribute lowp vec4 color;
 uniform highp mat4 matrix;
 varying lowp vec4 vertexColor;
 void main()
 {
-    vertexColor = place;
+    vertexColor = color;
     gl_Position = matrix * vec4(position, 1.0);
 }
 )";
@@ -86,79 +81,39 @@ void main()
 
 } // namespace
 
-bool GlHandler::build(QOpenGLShaderProgram& program, const char* vertexSource,
-                      const char* fragmentSource)
-{
-    program.bindAttributeLocation("position", positionLocation);
-    program.bindAttributeLocation("place", textureLocation);
-    return program.addShaderFromSourceCode(QOpenGLShader::Vertex, vertexSource) &&
-           program.addShaderFromSourceCode(QOpenGLShader::Fragment, fragmentSource) &&
-           program.link();
-}
-
 bool GlHandler::initialize()
 {
     initializeOpenGLFunctions();
-    m_plain = std::make_unique<QOpenGLShaderProgram>();
-    m_colored = std::make_unique<QOpenGLShaderProgram>();
-    m_textured = std::make_unique<QOpenGLShaderProgram>();
-    m_image = std::make_unique<QOpenGLShaderProgram>();
+    m_plain = makeProgram(plainVertex, plainFragment, {"position"});
+    m_colored = makeProgram(coloredVertex, coloredFragment, {"position", "color"});
+    m_textured = makeProgram(texturedVertex, texturedFragment, {"position", "place"});
+    m_image = makeProgram(texturedVertex, imageFragment, {"position", "place"});
     m_buffer = std::make_unique<QOpenGLBuffer>(QOpenGLBuffer::VertexBuffer);
-    m_isReady = build(*m_plain, plainVertex, plainFragment) &&
-                build(*m_colored, coloredVertex, coloredFragment) &&
-                build(*m_textured, texturedVertex, texturedFragment) &&
-                build(*m_image, texturedVertex, imageFragment) && m_buffer->create();
+    m_isReady = m_plain != nullptr && m_colored != nullptr && m_textured != nullptr &&
+                m_image != nullptr && m_buffer->create();
     m_buffer->setUsagePattern(QOpenGLBuffer::StreamDraw);
     return m_isReady;
 }
 
-void GlHandler::upload(std::span<const float> vertices)
-{
-    m_buffer->bind();
-    m_buffer->allocate(vertices.data(), static_cast<int>(vertices.size_bytes()));
-}
-
 void GlHandler::draw(GLenum mode, std::span<const float> vertices, const QColor& color,
-                     float lineWidth, bool isStippled)
+                     const LineLook& look)
 {
     if (!m_isReady || vertices.empty())
         return;
-    const QOpenGLVertexArrayObject::Binder bound(&m_arrays);
     m_plain->bind();
-    m_plain->setUniformValue("matrix", m_matrices.top());
     m_plain->setUniformValue("color", color);
-    m_plain->setUniformValue("isStippled", isStippled);
-    upload(vertices);
-    m_plain->enableAttributeArray(positionLocation);
-    m_plain->setAttributeBuffer(positionLocation, GL_FLOAT, 0, positionSize);
-    glLineWidth(lineWidth);
-    glDrawArrays(mode, 0, static_cast<GLsizei>(vertices.size() / positionSize));
-    m_plain->disableAttributeArray(positionLocation);
-    m_buffer->release();
-    m_plain->release();
+    m_plain->setUniformValue("isStippled", look.isStippled);
+    glLineWidth(look.width);
+    drawVertices(*m_plain, mode, vertices, {2, 0});
 }
 
 void GlHandler::drawColored(GLenum mode, std::span<const float> vertices, float lineWidth)
 {
     if (!m_isReady || vertices.empty())
         return;
-    constexpr int stride = coloredSize * static_cast<int>(sizeof(float));
-    const QOpenGLVertexArrayObject::Binder bound(&m_arrays);
     m_colored->bind();
-    m_colored->setUniformValue("matrix", m_matrices.top());
-    upload(vertices);
-    m_colored->enableAttributeArray(positionLocation);
-    m_colored->enableAttributeArray(textureLocation);
-    m_colored->setAttributeBuffer(positionLocation, GL_FLOAT, 0, spaceSize, stride);
-    m_colored->setAttributeBuffer(textureLocation, GL_FLOAT,
-                                  spaceSize * static_cast<int>(sizeof(float)),
-                                  coloredSize - spaceSize, stride);
     glLineWidth(lineWidth);
-    glDrawArrays(mode, 0, static_cast<GLsizei>(vertices.size() / coloredSize));
-    m_colored->disableAttributeArray(positionLocation);
-    m_colored->disableAttributeArray(textureLocation);
-    m_buffer->release();
-    m_colored->release();
+    drawVertices(*m_colored, mode, vertices, {3, 4});
 }
 
 void GlHandler::drawTextured(std::span<const float> vertices, const QColor& color, GLuint texture)
@@ -176,28 +131,36 @@ void GlHandler::drawImage(std::span<const float> vertices, const QColor& color, 
 void GlHandler::drawTriangles(QOpenGLShaderProgram& program, std::span<const float> vertices,
                               const QColor& color, GLuint texture)
 {
-    if (!m_isReady || vertices.empty())
+    if (vertices.empty())
         return;
-    constexpr int stride = texturedSize * static_cast<int>(sizeof(float));
-    const QOpenGLVertexArrayObject::Binder bound(&m_arrays);
     program.bind();
-    program.setUniformValue("matrix", m_matrices.top());
     program.setUniformValue("color", color);
     program.setUniformValue("image", 0);
     glActiveTexture(GL_TEXTURE0);
     glBindTexture(GL_TEXTURE_2D, texture);
-    upload(vertices);
-    for (const int location : {positionLocation, textureLocation}) {
-        program.enableAttributeArray(location);
-        program.setAttributeBuffer(location, GL_FLOAT,
-                                   location * positionSize * static_cast<int>(sizeof(float)),
-                                   positionSize, stride);
-    }
-    glDrawArrays(GL_TRIANGLES, 0, static_cast<GLsizei>(vertices.size() / texturedSize));
-    for (const int location : {positionLocation, textureLocation})
-        program.disableAttributeArray(location);
-    m_buffer->release();
+    drawVertices(program, GL_TRIANGLES, vertices, {2, 2});
     glBindTexture(GL_TEXTURE_2D, 0);
+}
+
+void GlHandler::drawVertices(QOpenGLShaderProgram& program, GLenum mode,
+                             std::span<const float> vertices, std::array<int, 2> attributes)
+{
+    constexpr int bytes = sizeof(float);
+    const int floats = attributes[0] + attributes[1];
+    const QOpenGLVertexArrayObject::Binder bound(&m_arrays);
+    program.setUniformValue("matrix", m_matrices.top());
+    m_buffer->bind();
+    m_buffer->allocate(vertices.data(), static_cast<int>(vertices.size_bytes()));
+    const int count = attributes[1] > 0 ? 2 : 1;
+    for (int i = 0; i < count; ++i) {
+        program.enableAttributeArray(i);
+        program.setAttributeBuffer(i, GL_FLOAT, i * attributes[0] * bytes,
+                                   attributes[static_cast<std::size_t>(i)], floats * bytes);
+    }
+    glDrawArrays(mode, 0, static_cast<GLsizei>(vertices.size()) / floats);
+    for (int i = 0; i < count; ++i)
+        program.disableAttributeArray(i);
+    m_buffer->release();
     program.release();
 }
 

@@ -8,10 +8,18 @@
 #include <QOpenGLShaderProgram>
 #include <QOpenGLVertexArrayObject>
 
+#include <array>
 #include <memory>
 #include <span>
 
 namespace TUSK::OpenGL {
+
+/// How lines are drawn.
+struct LineLook
+{
+    float width = 1.0F;      ///< framebuffer pixels
+    bool isStippled = false; ///< leaves out every other pixel
+};
 
 /// Draws vertices: a few small shader programs that run on any OpenGL version, a vertex buffer and
 /// a matrix stack. Every call, destruction included, needs the context that was current in
@@ -28,7 +36,7 @@ public:
 
     /// Vertices of x and y in the matrix's units.
     void draw(GLenum mode, std::span<const float> vertices, const QColor& color,
-              float lineWidth = 1.0F, bool isStippled = false);
+              const LineLook& look = {});
 
     /// Vertices of x, y and z in the matrix's units, and red, green, blue and alpha from 0 to 1.
     void drawColored(GLenum mode, std::span<const float> vertices, float lineWidth);
@@ -49,10 +57,11 @@ public:
     void clip(const QRect& area);
 
 private:
-    bool build(QOpenGLShaderProgram& program, const char* vertexSource, const char* fragmentSource);
-    void upload(std::span<const float> vertices);
     void drawTriangles(QOpenGLShaderProgram& program, std::span<const float> vertices,
                        const QColor& color, GLuint texture);
+    /// `attributes`: the number of floats of the two attributes of a vertex; the second may be 0.
+    void drawVertices(QOpenGLShaderProgram& program, GLenum mode, std::span<const float> vertices,
+                      std::array<int, 2> attributes);
 
     bool m_isReady = false;
     MatrixStack m_matrices;

@@ -1,11 +1,14 @@
 #include "libs/tusk/gl/Mesh.h"
 
+#include "libs/tusk/gl/ShaderProgram.h"
+
 #include <cstddef>
 
 namespace TUSK::OpenGL {
 
 namespace {
 
+/// In the order in which the program takes them.
 enum Location { positionLocation, textureLocation, colorLocation };
 
 constexpr auto vertexSource = R"(
@@ -45,18 +48,15 @@ void main()
 bool Mesh::initialize()
 {
     initializeOpenGLFunctions();
-    m_program = std::make_unique<QOpenGLShaderProgram>();
-    m_program->bindAttributeLocation("position", positionLocation);
-    m_program->bindAttributeLocation("place", textureLocation);
-    m_program->bindAttributeLocation("color", colorLocation);
+    m_program = makeProgram(vertexSource, fragmentSource, {"position", "place", "color"});
     m_buffer = std::make_unique<QOpenGLBuffer>(QOpenGLBuffer::VertexBuffer);
-    m_isReady = m_program->addShaderFromSourceCode(QOpenGLShader::Vertex, vertexSource) &&
-                m_program->addShaderFromSourceCode(QOpenGLShader::Fragment, fragmentSource) &&
-                m_program->link() && m_buffer->create();
+    m_isReady = m_program != nullptr && m_buffer->create();
+    if (!m_isReady)
+        return false;
     m_buffer->setUsagePattern(QOpenGLBuffer::DynamicDraw);
     m_paint = m_program->uniformLocation("paint");
     m_scale = m_program->uniformLocation("textureScale");
-    return m_isReady;
+    return true;
 }
 
 void Mesh::upload(std::span<const MeshVertex> vertices)

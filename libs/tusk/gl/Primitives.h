@@ -39,7 +39,7 @@ public:
 
     void draw(GlHandler& handler, const QColor& color) const
     {
-        handler.draw(GL_LINES, m_vertices, color, width, isStippled);
+        handler.draw(GL_LINES, m_vertices, color, {width, isStippled});
     }
 };
 
