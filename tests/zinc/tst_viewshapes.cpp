@@ -125,9 +125,9 @@ void TestViewShapes::meshCoversItsFigure_data()
     row("slanted line", stroke, {{0, 0}, {30, 40}}, 200.0);
     row("level line", stroke, {{0, 5}, {50, 5}}, 200.0);
     row("corner", stroke, {{0, 3}, {40, 3}, {40, 43}}, 320.0);
-    stroke.isClosed = true;
+    stroke.path = Path::Closed;
     row("outline", stroke, circle, 754.0);
-    stroke.isClosed = false;
+    stroke.path = Path::Open;
     stroke.thickness = 0.5;
     row("hairline", stroke, {{0, 0}, {30, 40}}, 25.0);
 }

@@ -80,9 +80,13 @@ private:
     std::vector<MeshVertex>& m_vertices;
 };
 
+bool isNear(double a, double b)
+{
+    return std::abs(a - b) < 1e-6;
+}
+
 bool isLevelRectangle(std::span<const QPointF> corners)
 {
-    const auto isNear = [](double a, double b) { return std::abs(a - b) < 1e-6; };
     return corners.size() == 4 && isNear(corners[0].y(), corners[1].y()) &&
            isNear(corners[1].x(), corners[2].x()) && isNear(corners[2].y(), corners[3].y()) &&
            isNear(corners[3].x(), corners[0].x());
@@ -123,16 +127,17 @@ double signedArea(std::span<const QPointF> points)
 }
 
 /// Removes consecutive points that coincide.
-void dropRepeated(std::vector<QPointF>& points, bool isClosed)
+void dropRepeated(std::vector<QPointF>& points, Path path)
 {
     const auto isSame = [](const QPointF& a, const QPointF& b) { return length(a - b) < 1e-4; };
     points.erase(std::unique(points.begin(), points.end(), isSame), points.end());
-    while (isClosed && points.size() > 1 && isSame(points.front(), points.back()))
+    while (path == Path::Closed && points.size() > 1 && isSame(points.front(), points.back()))
         points.pop_back();
 }
 
-std::vector<QPointF> miters(std::span<const QPointF> points, bool isClosed)
+std::vector<QPointF> miters(std::span<const QPointF> points, Path path)
 {
+    const bool isClosed = path == Path::Closed;
     const std::size_t count = points.size();
     std::vector<QPointF> result(count);
     for (std::size_t i = 0; i < count; ++i) {
@@ -153,12 +158,12 @@ void addFill(std::vector<QPointF> points, Mesh& mesh)
         mesh.quad({points[0]}, {points[1]}, {points[2]}, {points[3]});
         return;
     }
-    dropRepeated(points, true);
+    dropRepeated(points, Path::Closed);
     if (points.size() < 3)
         return;
     if (signedArea(points) < 0.0)
         std::ranges::reverse(points);
-    const std::vector<QPointF> outwards = miters(points, true);
+    const std::vector<QPointF> outwards = miters(points, Path::Closed);
     std::vector<QPointF> inner = points;
     for (std::size_t i = 0; i < points.size(); ++i)
         inner[i] -= feather * outwards[i];
@@ -184,31 +189,39 @@ void addCap(const QPointF& end, const QPointF& side, const QPointF& way, double 
                       {before + sign * outer * side, 0.0});
 }
 
-void addStroke(std::vector<QPointF> points, double width, bool isClosed, Mesh& mesh)
+/// Snaps rectangles and axis-parallel lines to whole pixels. Returns the width to draw.
+double snapStroke(std::span<QPointF> points, double width, Path path)
 {
-    if (isLevelRectangle(points) && isClosed) {
+    const double whole = std::max(std::round(width), 1.0);
+    if (isLevelRectangle(points) && path == Path::Closed) {
         for (QPointF& point : points)
             point = {snapped(point.x(), width), snapped(point.y(), width)};
-        width = std::max(std::round(width), 1.0);
-    } else if (points.size() == 2 && !isClosed) {
-        const bool isLevel = std::abs(points[0].y() - points[1].y()) < 1e-6;
-        const bool isUpright = std::abs(points[0].x() - points[1].x()) < 1e-6;
-        if (isLevel)
-            points[0].ry() = points[1].ry() = snapped(points[0].y(), width);
-        else if (isUpright)
-            points[0].rx() = points[1].rx() = snapped(points[0].x(), width);
-        if (isLevel || isUpright)
-            width = std::max(std::round(width), 1.0);
+        return whole;
     }
-    dropRepeated(points, isClosed);
+    if (points.size() != 2 || path == Path::Closed)
+        return width;
+    if (isNear(points[0].y(), points[1].y()))
+        points[0].ry() = points[1].ry() = snapped(points[0].y(), width);
+    else if (isNear(points[0].x(), points[1].x()))
+        points[0].rx() = points[1].rx() = snapped(points[0].x(), width);
+    else
+        return width;
+    return whole;
+}
+
+void addStroke(std::vector<QPointF> points, double width, Path path, Mesh& mesh)
+{
+    width = snapStroke(points, width, path);
+    dropRepeated(points, path);
     if (points.size() < 2)
         return;
     // A line thinner than a pixel is drawn a pixel wide and paler.
     const double strength = std::min(width, 1.0);
     const double inner = std::max(width / 2.0 - feather, 0.0);
     const double outer = std::max(width / 2.0, feather) + feather;
-    const std::vector<QPointF> sides = miters(points, isClosed);
+    const std::vector<QPointF> sides = miters(points, path);
     std::vector<QPointF> along = points;
+    const bool isClosed = path == Path::Closed;
     if (!isClosed) { // the antialiased ends take half a pixel of the line
         const auto pull = [](QPointF& end, const QPointF& next) {
             const QPointF way = next - end;
@@ -250,17 +263,17 @@ void addMesh(const DrawCommand& command, std::span<const QPointF> points, const 
     mapped.reserve(points.size());
     for (const QPointF& point : points)
         mapped.push_back(map.map(point));
-    const bool isNear = std::ranges::all_of(mapped, [](const QPointF& point) {
+    const bool isDrawable = std::ranges::all_of(mapped, [](const QPointF& point) {
         return std::abs(point.x()) < farthest && std::abs(point.y()) < farthest;
     });
     const double width = command.thickness * map.scale;
-    if (!isNear || width > farthest)
+    if (!isDrawable || width > farthest)
         return;
     Mesh mesh(command.color, vertices);
     if (command.kind == DrawCommand::Kind::Fill)
         addFill(std::move(mapped), mesh);
     else
-        addStroke(std::move(mapped), width, command.isClosed, mesh);
+        addStroke(std::move(mapped), width, command.path, mesh);
 }
 
 } // namespace Zinc2D

@@ -1,13 +1,10 @@
 #pragma once
 
 #include "libs/tusk/gl/Mesh.h"
-#include "libs/tusk/gl/TextureFont.h"
 #include "libs/zinc/drawing/MeshBuilder.h"
+#include "libs/zinc/drawing/PaintPiece.h"
+#include "libs/zinc/drawing/ViewTextures.h"
 #include "libs/zinc/layout/ViewFrame.h"
-
-#include <QOpenGLTexture>
-
-#include <map>
 
 namespace Zinc2D {
 
@@ -25,67 +22,30 @@ public:
               const QSize& pixels, Argb background);
 
 private:
-    struct FontKey
-    {
-        int pixels = 0;
-        bool isBold = false;
-
-        auto operator<=>(const FontKey&) const = default;
-    };
-
-    /// Consecutive vertices of one element that are painted alike.
-    struct Piece
-    {
-        TUSK::OpenGL::Mesh::Paint paint = TUSK::OpenGL::Mesh::Paint::Plain;
-        FontKey font;
-        QString image;
-        QRect clip;
-        std::vector<TUSK::OpenGL::MeshVertex> vertices;
-        // Bounds in pixels
-        float left = 0.0F;
-        float right = 0.0F;
-        float top = 0.0F;
-        float bottom = 0.0F;
-
-        bool isLike(const Piece& other) const;
-        void measure();
-        bool touches(const Piece& other) const;
-    };
-
-    /// Pieces that are painted alike, in one batch.
-    using Group = std::vector<const Piece*>;
-
     struct CachedElement
     {
         unsigned revision = 0; ///< of the draw list; 0: none yet
-        std::vector<Piece> pieces;
+        std::vector<PaintPiece> pieces;
     };
 
     bool takeOver(const ViewFrame& frame);
-    void reserveCharacters(const ViewFrame& frame, std::size_t element);
-    void buildElement(const DrawList& list, CachedElement& cached);
-    void addText(const DrawCommand& command, const QPointF& place, Piece& piece);
-    void addImage(const DrawCommand& command, std::span<const QPointF> corners, Piece& piece);
-    QRect clipOf(const DrawList& list, const DrawCommand& command) const;
-    void joinPieces(Argb background);
-    void addToGroups(const Piece& piece, std::vector<Group>& groups);
-    void addBatch(const Group& group);
+    void buildElement(const DrawList& list, std::vector<PaintPiece>& pieces);
+    PaintStyle styleOf(const DrawList& list, const DrawCommand& command) const;
+    void addText(const DrawCommand& command, const QPointF& place, PaintPiece& piece);
+    void addImage(const DrawCommand& command, std::span<const QPointF> corners, PaintPiece& piece);
+    QRect clipOf(const QRectF& area) const;
     FontKey fontKey(const DrawCommand& command) const;
-    TUSK::OpenGL::TextureFont& font(const FontKey& key);
-    QOpenGLTexture* image(const QString& path);
+    void buildMesh();
+    void addBatch(const PieceGroup& group);
 
-    QString m_fontFamily;
+    ViewTextures m_textures;
     TUSK::OpenGL::Mesh m_mesh;
     PixelMap m_map;
     QSize m_pixels;
     Argb m_background = 0;
     std::vector<CachedElement> m_elements;
     std::vector<TUSK::OpenGL::Mesh::Batch> m_batches;
-    std::vector<const Piece*>
-        m_batchPieces; ///< the first piece of each batch; null: the background
     std::vector<TUSK::OpenGL::MeshVertex> m_vertices;
-    std::map<FontKey, TUSK::OpenGL::TextureFont> m_fonts;
-    std::map<QString, std::unique_ptr<QOpenGLTexture>> m_images;
 };
 
 } // namespace Zinc2D

@@ -7,6 +7,7 @@
 #include <cmath>
 #include <functional>
 #include <numeric>
+#include <span>
 
 namespace Zinc2D {
 
@@ -42,9 +43,10 @@ Value compared(Operation operation, const Value& left, const Value& right)
     }
 }
 
-/// Logical and, or. `deciding`: the operand that decides alone, false for "and", true for "or".
-Value combined(const Value& left, const Value& right, bool deciding)
+Value combined(Operation operation, const Value& left, const Value& right)
 {
+    // An operand that decides alone, whatever the other is.
+    const bool deciding = operation == Operation::Or;
     const auto decides = [deciding](const Value& value) {
         return value.isNumber() && (value.number() != 0.0) == deciding;
     };
@@ -77,9 +79,8 @@ Value binary(Operation operation, const Value& left, const Value& right)
 {
     switch (operation) {
     case Operation::And:
-        return combined(left, right, false);
     case Operation::Or:
-        return combined(left, right, true);
+        return combined(operation, left, right);
     case Operation::Add:
     case Operation::Subtract:
     case Operation::Multiply:
@@ -148,7 +149,7 @@ Value ofMany(Operation operation, std::span<const Value> operands)
 } // namespace
 
 Expression::Expression(std::vector<Instruction> program,
-                       std::shared_ptr<const std::vector<QString>> texts, ValueTypes types)
+                       std::shared_ptr<const std::deque<QString>> texts, ValueTypes types)
     : m_program(std::move(program))
     , m_texts(std::move(texts))
     , m_types(types)

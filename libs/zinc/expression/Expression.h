@@ -2,9 +2,9 @@
 
 #include "libs/zinc/expression/Value.h"
 
+#include <deque>
 #include <memory>
 #include <optional>
-#include <span>
 #include <vector>
 
 namespace Zinc2D {
@@ -70,7 +70,7 @@ public:
 
     /// `texts` owns the text constants that the program points to. The program must be well formed
     /// and use at most maxDepth places of the stack.
-    Expression(std::vector<Instruction> program, std::shared_ptr<const std::vector<QString>> texts,
+    Expression(std::vector<Instruction> program, std::shared_ptr<const std::deque<QString>> texts,
                ValueTypes types);
 
     Value evaluate(const VariableTable& variables) const;
@@ -83,7 +83,7 @@ public:
 
 private:
     std::vector<Instruction> m_program;
-    std::shared_ptr<const std::vector<QString>> m_texts;
+    std::shared_ptr<const std::deque<QString>> m_texts;
     std::vector<int> m_variables;
     ValueTypes m_types = numberType;
 };

@@ -1,12 +1,11 @@
 #include "libs/zinc/expression/ExpressionCompiler.h"
 
-#include "libs/zinc/expression/ExpressionTypes.h"
+#include "libs/zinc/expression/ExpressionScanner.h"
+#include "libs/zinc/expression/ProgramBuilder.h"
 #include "libs/zinc/expression/VariableTable.h"
 
 #include <algorithm>
 #include <array>
-#include <charconv>
-#include <span>
 #include <string_view>
 
 namespace Zinc2D {
@@ -15,9 +14,7 @@ namespace {
 
 using Operation = Expression::Operation;
 
-constexpr qsizetype maxLength = 4096;
 constexpr int maxNesting = 50;
-constexpr std::size_t maxInstructions = 2048;
 
 struct Operator
 {
@@ -75,36 +72,20 @@ QLatin1StringView latin(std::string_view text)
     return {text.data(), static_cast<qsizetype>(text.size())};
 }
 
-bool startsName(QChar character)
-{
-    return character.isLetter() || character == u'_';
-}
-
-bool continuesName(QChar character)
-{
-    return character.isLetterOrNumber() || character == u'_' || character == u'.';
-}
-
 /// Recursive-descent parser that emits the program as it reads.
-class Compiler
+class Parser
 {
 public:
-    Compiler(const QString& text, VariableTable& variables)
-        : m_text(text)
+    Parser(const QString& text, VariableTable& variables)
+        : m_scanner(text)
         , m_variables(variables)
     {
-        if (text.size() > maxLength)
-            fail(QStringLiteral("the expression is too long"));
     }
 
     std::variant<Expression, ExpressionError> single()
     {
         Expression expression = next();
-        if (!isAtEnd())
-            failAtNext();
-        if (m_error)
-            return *m_error;
-        return expression;
+        return finished(std::move(expression));
     }
 
     std::variant<std::vector<Expression>, ExpressionError> points()
@@ -112,144 +93,69 @@ public:
         std::vector<Expression> coordinates;
         do {
             coordinates.push_back(coordinate());
-            if (!take(","))
-                fail(QStringLiteral("a point needs \"x, y\""));
+            if (!m_scanner.take(","))
+                m_scanner.fail(QStringLiteral("a point needs \"x, y\""));
             coordinates.push_back(coordinate());
-        } while (take(";") && !isAtEnd() && !m_error);
-        if (!isAtEnd())
-            failAtNext();
-        if (m_error)
-            return *m_error;
-        return coordinates;
+        } while (m_scanner.take(";") && !m_scanner.isAtEnd());
+        return finished(std::move(coordinates));
     }
 
 private:
-    Expression coordinate()
+    template <typename Result>
+    std::variant<Result, ExpressionError> finished(Result result)
     {
-        const qsizetype start = nextPosition();
-        Expression expression = next();
-        if (!m_error && (expression.types() & numberType) == 0) {
-            m_position = start;
-            fail(QStringLiteral("a number is expected here"));
-        }
-        return expression;
+        if (!m_scanner.isAtEnd())
+            m_scanner.failAtNext();
+        if (hasFailed())
+            return *m_scanner.error();
+        return result;
     }
+
+    bool hasFailed() const { return m_scanner.error().has_value(); }
 
     Expression next()
     {
-        m_program.clear();
-        m_texts = std::make_shared<std::vector<QString>>();
-        m_texts->reserve(static_cast<std::size_t>(m_text.count(u'\'')) / 2); // values point into it
-        m_types.clear();
         parseChoice();
-        return {std::move(m_program), std::move(m_texts), m_types.empty() ? 0 : m_types.back()};
+        return m_builder.take();
     }
 
-    void fail(const QString& message)
+    Expression coordinate()
     {
-        if (!m_error)
-            m_error = ExpressionError{m_position, message};
-        m_position = m_text.size(); // ends all loops
+        const qsizetype start = m_scanner.position();
+        Expression expression = next();
+        if ((expression.types() & numberType) == 0)
+            m_scanner.fail(QStringLiteral("a number is expected here"), start);
+        return expression;
     }
 
-    void failAtNext()
+    void checkLength()
     {
-        skipBlanks();
-        if (m_position >= m_text.size())
-            fail(QStringLiteral("the expression ends too early"));
-        else
-            fail(QStringLiteral("\"%1\" is not expected here").arg(m_text[m_position]));
+        if (m_builder.isTooLong())
+            m_scanner.fail(QStringLiteral("the expression is too long"));
     }
 
-    void skipBlanks()
-    {
-        while (m_position < m_text.size() && m_text[m_position].isSpace())
-            ++m_position;
-    }
-
-    bool isAtEnd()
-    {
-        skipBlanks();
-        return m_position >= m_text.size();
-    }
-
-    qsizetype nextPosition()
-    {
-        skipBlanks();
-        return m_position;
-    }
-
-    QChar peek()
-    {
-        skipBlanks();
-        return m_position < m_text.size() ? m_text[m_position] : QChar();
-    }
-
-    /// Consumes the sign if it comes next; a word only if it is not the start of a longer name.
-    bool take(std::string_view sign)
-    {
-        skipBlanks();
-        const auto size = static_cast<qsizetype>(sign.size());
-        if (!QStringView(m_text).mid(m_position).startsWith(latin(sign)))
-            return false;
-        const qsizetype end = m_position + size;
-        if (startsName(QLatin1Char(sign[0])) && end < m_text.size() && continuesName(m_text[end]))
-            return false;
-        m_position = end;
-        return true;
-    }
-
-    void expect(std::string_view sign)
-    {
-        if (!m_error && !take(sign))
-            failAtNext();
-    }
-
-    /// Emits a constant or variable.
-    void push(Operation operation, int slot, Value value, ValueTypes types)
-    {
-        m_types.push_back(types);
-        add({operation, slot, value});
-    }
-
-    /// Emits an operation on the topmost values of the stack. `position` and `sign`: for the report
-    /// if their types do not fit.
+    /// `position` and `sign` of the operation: for the report if its operands do not fit.
     void apply(Operation operation, int operands, qsizetype position, std::string_view sign)
     {
-        if (m_error)
+        if (hasFailed())
             return;
-        const std::span<const ValueTypes> types =
-            std::span(m_types).last(static_cast<std::size_t>(operands));
-        if (!canTake(operation, types)) {
-            m_position = position;
-            fail(isEquality(operation)
-                     ? QStringLiteral("a text is never equal to a number")
-                     : QStringLiteral("\"%1\" does not take texts").arg(latin(sign)));
-            return;
-        }
-        const ValueTypes result = resultOf(operation, types);
-        m_types.resize(m_types.size() - static_cast<std::size_t>(operands));
-        m_types.push_back(result);
-        add({operation, operands, {}});
-    }
-
-    void add(const Expression::Instruction& instruction)
-    {
-        if (m_types.size() > Expression::maxDepth || m_program.size() >= maxInstructions)
-            fail(QStringLiteral("the expression is too long"));
+        if (m_builder.apply(operation, operands))
+            checkLength();
+        else if (operation == Operation::Equal || operation == Operation::NotEqual)
+            m_scanner.fail(QStringLiteral("a text is never equal to a number"), position);
         else
-            m_program.push_back(instruction);
+            m_scanner.fail(QStringLiteral("\"%1\" does not take texts").arg(latin(sign)), position);
     }
 
     void parseChoice()
     {
         if (++m_nesting > maxNesting)
-            fail(QStringLiteral("too many parentheses"));
+            m_scanner.fail(QStringLiteral("too many parentheses"));
         parseLevel(0);
-        const qsizetype position = nextPosition();
-        if (!m_error && take("?")) {
+        const qsizetype position = m_scanner.position();
+        if (m_scanner.take("?")) {
             parseChoice();
-            expect(":");
+            m_scanner.expect(":");
             parseChoice();
             apply(Operation::Select, 3, position, "?");
         }
@@ -258,27 +164,26 @@ private:
 
     const Operator* takeOperator(int level)
     {
-        for (const Operator& candidate : operators) {
-            if (candidate.level == level && take(candidate.sign))
-                return &candidate;
-        }
-        return nullptr;
+        const auto* const found = std::ranges::find_if(operators, [&](const Operator& candidate) {
+            return candidate.level == level && m_scanner.take(candidate.sign);
+        });
+        return found == operators.end() ? nullptr : found;
     }
 
     void parseLevel(int level)
     {
-        if (m_error)
+        if (hasFailed())
             return;
         if (level == levels) {
             parseUnary();
             return;
         }
         parseLevel(level + 1);
-        qsizetype position = nextPosition();
-        while (const Operator* found = m_error ? nullptr : takeOperator(level)) {
+        qsizetype position = m_scanner.position();
+        while (const Operator* const found = takeOperator(level)) {
             parseLevel(level + 1);
             apply(found->operation, 2, position, found->sign);
-            position = nextPosition();
+            position = m_scanner.position();
         }
     }
 
@@ -286,12 +191,12 @@ private:
     {
         std::vector<std::pair<Operation, qsizetype>> signs;
         while (true) {
-            const qsizetype position = nextPosition();
-            if (take("-"))
+            const qsizetype position = m_scanner.position();
+            if (m_scanner.take("-"))
                 signs.emplace_back(Operation::Negate, position);
-            else if (take("!") || take("not"))
+            else if (m_scanner.take("!") || m_scanner.take("not"))
                 signs.emplace_back(Operation::Not, position);
-            else if (!take("+"))
+            else if (!m_scanner.take("+"))
                 break;
         }
         parseOperand();
@@ -301,129 +206,69 @@ private:
 
     void parseOperand()
     {
-        const QChar character = peek();
-        if (character == u'(') {
-            take("(");
+        const QChar character = m_scanner.peek();
+        if (m_scanner.take("(")) {
             parseChoice();
-            expect(")");
-        } else if (character == u'[') {
-            parseBracketedName();
-        } else if (character == u'\'') {
-            parseText();
-        } else if (character == u'#') {
-            parseColor();
-        } else if (character.isDigit() || character == u'.') {
-            parseNumber();
-        } else if (startsName(character)) {
-            parseName();
-        } else {
-            failAtNext();
+            m_scanner.expect(")");
+            return;
         }
+        if (m_scanner.startsName()) {
+            parseName();
+            return;
+        }
+        if (character == u'[')
+            addVariable(m_scanner.takeBracketedName());
+        else if (character == u'\'')
+            m_builder.pushText(m_scanner.takeText());
+        else if (character == u'#')
+            m_builder.pushConstant(m_scanner.takeColor(), colorType);
+        else if (character.isDigit() || character == u'.')
+            m_builder.pushConstant(m_scanner.takeNumber(), numberType);
+        else
+            m_scanner.failAtNext();
+        checkLength();
     }
 
     void addVariable(const QString& name)
     {
+        if (hasFailed())
+            return;
         const int slot = m_variables.slot(name);
-        push(Operation::Variable, slot, {}, m_variables.types(slot));
-    }
-
-    void parseBracketedName()
-    {
-        const qsizetype end = m_text.indexOf(u']', m_position);
-        const QString name = m_text.mid(m_position + 1, end - m_position - 1).trimmed();
-        if (end < 0) {
-            fail(QStringLiteral("\"]\" is missing"));
-        } else if (name.isEmpty()) {
-            fail(QStringLiteral("there is no name between the brackets"));
-        } else {
-            m_position = end + 1;
-            addVariable(name);
-        }
-    }
-
-    void parseText()
-    {
-        const qsizetype end = m_text.indexOf(u'\'', m_position + 1);
-        if (end < 0) {
-            fail(QStringLiteral("the closing ' is missing"));
-            return;
-        }
-        m_texts->push_back(m_text.mid(m_position + 1, end - m_position - 1));
-        m_position = end + 1;
-        push(Operation::Constant, 0, Value(&m_texts->back()), textType);
-    }
-
-    void parseColor()
-    {
-        qsizetype end = m_position + 1;
-        while (end < m_text.size() && m_text[end].isLetterOrNumber())
-            ++end;
-        bool isHexadecimal = false;
-        const QStringView digits = QStringView(m_text).mid(m_position + 1, end - m_position - 1);
-        const uint color = digits.toUInt(&isHexadecimal, 16);
-        if (!isHexadecimal || (digits.size() != 6 && digits.size() != 8)) {
-            fail(QStringLiteral("a colour is written as #rrggbb or #aarrggbb"));
-            return;
-        }
-        m_position = end;
-        push(Operation::Constant, 0,
-             Value(static_cast<double>(digits.size() == 6 ? color | 0xFF000000U : color)),
-             colorType);
-    }
-
-    void parseNumber()
-    {
-        const QByteArray rest = m_text.mid(m_position).toLatin1();
-        double number = 0.0;
-        const auto [end, error] = std::from_chars(rest.data(), rest.data() + rest.size(), number,
-                                                  std::chars_format::general);
-        if (error != std::errc()) {
-            fail(QStringLiteral("this is not a number"));
-            return;
-        }
-        m_position += end - rest.data();
-        push(Operation::Constant, 0, Value(number), numberType);
+        m_builder.pushVariable(slot, m_variables.types(slot));
+        checkLength();
     }
 
     void parseName()
     {
-        const qsizetype start = m_position;
-        while (m_position < m_text.size() && continuesName(m_text[m_position]))
-            ++m_position;
-        const QString name = m_text.mid(start, m_position - start);
-        if (peek() != u'(') {
+        const qsizetype start = m_scanner.position();
+        const QString name = m_scanner.takeName();
+        if (!m_scanner.take("(")) {
             addVariable(name);
             return;
         }
         const auto* const function = std::ranges::find_if(
             functions, [&](const Function& known) { return name == latin(known.name); });
         if (function == functions.end()) {
-            m_position = start;
-            fail(QStringLiteral("there is no function \"%1\"").arg(name));
+            m_scanner.fail(QStringLiteral("there is no function \"%1\"").arg(name), start);
             return;
         }
-        take("(");
         int operands = 0;
         do {
             parseChoice();
             ++operands;
-        } while (!m_error && take(","));
-        expect(")");
-        if (!m_error && (operands < function->least || operands > function->most)) {
-            m_position = start;
-            fail(QStringLiteral("\"%1\" does not take %2 operand(s)").arg(name).arg(operands));
-        }
+        } while (m_scanner.take(","));
+        m_scanner.expect(")");
+        if (operands < function->least || operands > function->most)
+            m_scanner.fail(
+                QStringLiteral("\"%1\" does not take %2 operand(s)").arg(name).arg(operands),
+                start);
         apply(function->operation, operands, start, function->name);
     }
 
-    const QString& m_text;
+    ExpressionScanner m_scanner;
+    ProgramBuilder m_builder;
     VariableTable& m_variables;
-    qsizetype m_position = 0;
     int m_nesting = 0;
-    std::vector<Expression::Instruction> m_program;
-    std::vector<ValueTypes> m_types; ///< of the values on the stack
-    std::shared_ptr<std::vector<QString>> m_texts;
-    std::optional<ExpressionError> m_error;
 };
 
 } // namespace
@@ -431,13 +276,13 @@ private:
 std::variant<Expression, ExpressionError> compileExpression(const QString& text,
                                                             VariableTable& variables)
 {
-    return Compiler(text, variables).single();
+    return Parser(text, variables).single();
 }
 
 std::variant<std::vector<Expression>, ExpressionError> compilePoints(const QString& text,
                                                                      VariableTable& variables)
 {
-    return Compiler(text, variables).points();
+    return Parser(text, variables).points();
 }
 
 } // namespace Zinc2D

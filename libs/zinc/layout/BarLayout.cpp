@@ -1,6 +1,5 @@
 #include "libs/zinc/layout/BarLayout.h"
 
-#include "libs/zinc/layout/Dial.h"
 #include "libs/zinc/layout/InstrumentLook.h"
 
 #include <algorithm>
@@ -82,31 +81,16 @@ Track trackOf(const Properties& bar)
 void drawRanges(const Properties& bar, const Track& track, double across, double breadth,
                 Canvas& canvas)
 {
-    for (const Element& part : bar.parts()) {
-        const Properties range = bar.of(part);
-        if (part.type != ElementType::Range || !range.isVisible())
-            continue;
-        const std::optional<double> from = range.number(Property::From);
-        const std::optional<double> to = range.number(Property::To);
-        const auto extent = from && to ? track.dial.extent(*from, *to) : std::nullopt;
-        if (extent)
-            canvas.rectangle(track.box(extent->first, extent->second, across, breadth),
-                             range.color(Property::Color, Palette::normal));
-    }
+    for (const ScaleRange& range : rangesOf(bar, track.dial))
+        canvas.rectangle(track.box(range.start, range.length, across, breadth), range.color);
 }
 
 void drawMarks(const Properties& bar, const Track& track, Canvas& canvas)
 {
-    for (const Element& part : bar.parts()) {
-        const Properties mark = bar.of(part);
-        const std::optional<double> at = mark.number(Property::At);
-        if (part.type != ElementType::Mark || !at || !mark.isVisible() || !track.dial.isUsable())
-            continue;
-        const double along = track.dial.place(*at);
-        canvas.line(track.point(along, -markOverhang),
-                    track.point(along, track.breadth() + markOverhang),
-                    mark.color(Property::Color, Palette::limit), markThickness);
-    }
+    for (const ScaleMark& mark : marksOf(bar, track.dial))
+        canvas.line(track.point(mark.place, -markOverhang),
+                    track.point(mark.place, track.breadth() + markOverhang), mark.color,
+                    markThickness);
 }
 
 void drawTicks(const Properties& bar, const Track& track, Canvas& canvas)
@@ -127,8 +111,8 @@ void drawTicks(const Properties& bar, const Track& track, Canvas& canvas)
             continue;
         const double gap = (track.isVertical ? 0.4 : 0.8) * track.labelSize;
         canvas.text(track.point(along, away + gap), tickLabel(bar, value),
-                    {0.85 * track.labelSize, false, track.isVertical ? Align::Left : Align::Center,
-                     Palette::label});
+                    {0.85 * track.labelSize, Weight::Normal,
+                     track.isVertical ? Align::Left : Align::Center, Palette::label});
     }
 }
 
@@ -201,7 +185,7 @@ Words wordsOf(const Properties& bar, const Track& track)
 /// The name above the bar, the numbers and then the unit below.
 void drawVerticalWords(const Words& words, const Track& track, Canvas& canvas)
 {
-    const Canvas::TextLook look{track.labelSize, false, Align::Center, Palette::label};
+    const Canvas::TextLook look{track.labelSize, Weight::Normal, Align::Center, Palette::label};
     const double middle = track.area.center().x();
     canvas.text({middle, track.area.top() - track.labelGap()}, words.name, look);
     double x = middle - words.room * (static_cast<double>(words.numbers.size()) - 1.0) / 2.0;
@@ -217,7 +201,7 @@ void drawVerticalWords(const Words& words, const Track& track, Canvas& canvas)
 /// All in one line above the bar: the name at the left, numbers and unit at the right.
 void drawHorizontalWords(const Words& words, const Track& track, Canvas& canvas)
 {
-    const Canvas::TextLook look{track.labelSize, false, Align::Left, Palette::label};
+    const Canvas::TextLook look{track.labelSize, Weight::Normal, Align::Left, Palette::label};
     const double size =
         words.numbers.empty() ? 0.0 : std::max(track.labelSize, words.numbers.front().size);
     const double y =

@@ -91,13 +91,13 @@ void Canvas::polygon(std::span<const QPointF> points, Argb fill)
         add(DrawCommand::Kind::Fill, fill, points);
 }
 
-void Canvas::polyline(std::span<const QPointF> points, Argb color, double thickness, bool isClosed)
+void Canvas::polyline(std::span<const QPointF> points, Argb color, double thickness, Path path)
 {
     if (points.size() < 2 || !(thickness > 0.0) || (color >> 24) == 0)
         return;
     DrawCommand& command = add(DrawCommand::Kind::Stroke, color, points);
     command.thickness = thickness * m_placement.scale;
-    command.isClosed = isClosed;
+    command.path = path;
 }
 
 void Canvas::line(const QPointF& from, const QPointF& to, Argb color, double thickness)
@@ -115,7 +115,7 @@ void Canvas::rectangle(const QRectF& area, Argb fill, double corner)
 void Canvas::frame(const QRectF& area, Argb color, double thickness, double corner)
 {
     if (!area.isEmpty())
-        polyline(outline(area, corner), color, thickness, true);
+        polyline(outline(area, corner), color, thickness, Path::Closed);
 }
 
 void Canvas::circle(const QPointF& center, double radius, Argb fill)
@@ -127,7 +127,7 @@ void Canvas::circle(const QPointF& center, double radius, Argb fill)
 void Canvas::circleLine(const QPointF& center, double radius, Argb color, double thickness)
 {
     if (radius > 0.0)
-        polyline(fullCircle(center, radius), color, thickness, true);
+        polyline(fullCircle(center, radius), color, thickness, Path::Closed);
 }
 
 void Canvas::arc(const QPointF& center, double radius, double start, double sweep, Argb color,
@@ -161,7 +161,7 @@ void Canvas::text(const QPointF& place, const QString& text, const TextLook& loo
     DrawCommand& command = add(DrawCommand::Kind::Text, look.color, std::span(&place, 1));
     command.text = text;
     command.size = look.size * m_placement.scale;
-    command.isBold = look.isBold;
+    command.weight = look.weight;
     command.align = look.align;
     command.angle = m_placement.angle;
 }

@@ -33,14 +33,14 @@ public:
     struct TextLook
     {
         double size = 16.0;
-        bool isBold = false;
+        Weight weight = Weight::Normal;
         Align align = Align::Center;
         Argb color = 0xFFFFFFFF;
     };
 
     void polygon(std::span<const QPointF> points, Argb fill);
     void polyline(std::span<const QPointF> points, Argb color, double thickness,
-                  bool isClosed = false);
+                  Path path = Path::Open);
     void line(const QPointF& from, const QPointF& to, Argb color, double thickness);
     void rectangle(const QRectF& area, Argb fill, double corner = 0.0);
     void frame(const QRectF& area, Argb color, double thickness, double corner = 0.0);

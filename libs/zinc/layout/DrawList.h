@@ -14,6 +14,11 @@ using Argb = std::uint32_t;
 
 enum class Align { Left, Center, Right };
 
+enum class Weight { Normal, Bold };
+
+/// Whether a line ends at its last point or goes on to its first.
+enum class Path { Open, Closed };
+
 /// One drawing command. Lengths and positions are in view units, from its upper left corner.
 struct DrawCommand
 {
@@ -29,11 +34,11 @@ struct DrawCommand
     std::size_t firstPoint = 0;
     std::size_t pointCount = 0;
     double thickness = 1.0;
-    bool isClosed = false;
+    Path path = Path::Open;
     QString text;       ///< or path of an image
     double size = 0.0;  ///< height of the font; a text is centred on its capital letters
     double angle = 0.0; ///< of the text, degrees clockwise
-    bool isBold = false;
+    Weight weight = Weight::Normal;
     Align align = Align::Left;
     int clip = -1; ///< index of the clip area; -1: none
 };

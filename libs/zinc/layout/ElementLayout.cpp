@@ -37,7 +37,7 @@ void layoutPolyline(const Properties& element, Canvas& canvas)
 {
     canvas.polyline(element.points(), element.color(Property::Color, Palette::white),
                     element.number(Property::Thickness, usualThickness),
-                    element.isTrue(Property::Closed));
+                    element.isTrue(Property::Closed) ? Path::Closed : Path::Open);
 }
 
 void layoutPolygon(const Properties& element, Canvas& canvas)
@@ -45,7 +45,9 @@ void layoutPolygon(const Properties& element, Canvas& canvas)
     const std::vector<QPointF> points = element.points();
     layoutArea(
         element, [&](Argb color) { canvas.polygon(points, color); },
-        [&](Argb color, double thickness) { canvas.polyline(points, color, thickness, true); });
+        [&](Argb color, double thickness) {
+            canvas.polyline(points, color, thickness, Path::Closed);
+        });
 }
 
 void layoutRectangle(const Properties& element, Canvas& canvas)
@@ -150,13 +152,14 @@ void layoutText(const Properties& element, Canvas& canvas)
         }
     }
     const QString align = element.text(Property::Align);
-    canvas.text(element.place(), text,
-                {element.number(Property::Size, usualTextSize),
-                 element.text(Property::Weight) == QStringLiteral("bold"),
-                 align == QStringLiteral("center")  ? Align::Center
-                 : align == QStringLiteral("right") ? Align::Right
-                                                    : Align::Left,
-                 color});
+    canvas.text(
+        element.place(), text,
+        {element.number(Property::Size, usualTextSize),
+         element.text(Property::Weight) == QStringLiteral("bold") ? Weight::Bold : Weight::Normal,
+         align == QStringLiteral("center")  ? Align::Center
+         : align == QStringLiteral("right") ? Align::Right
+                                            : Align::Left,
+         color});
 }
 
 } // namespace Zinc2D

@@ -1,6 +1,5 @@
 #include "libs/zinc/layout/GaugeLayout.h"
 
-#include "libs/zinc/layout/Dial.h"
 #include "libs/zinc/layout/InstrumentLook.h"
 
 #include <algorithm>
@@ -53,17 +52,8 @@ void drawRing(const Properties& gauge, const Face& face, Canvas& canvas)
 {
     const double radius = face.radius - face.ring / 2.0;
     canvas.arc(face.center, radius, face.dial.start, face.dial.length, Palette::track, face.ring);
-    for (const Element& part : gauge.parts()) {
-        const Properties range = gauge.of(part);
-        if (part.type != ElementType::Range || !range.isVisible())
-            continue;
-        const std::optional<double> from = range.number(Property::From);
-        const std::optional<double> to = range.number(Property::To);
-        const auto extent = from && to ? face.dial.extent(*from, *to) : std::nullopt;
-        if (extent)
-            canvas.arc(face.center, radius, extent->first, extent->second,
-                       range.color(Property::Color, Palette::normal), face.ring);
-    }
+    for (const ScaleRange& range : rangesOf(gauge, face.dial))
+        canvas.arc(face.center, radius, range.start, range.length, range.color, face.ring);
 }
 
 /// A line from the edge of the dial inwards.
@@ -84,19 +74,13 @@ void drawScale(const Properties& gauge, const Face& face, Canvas& canvas)
     for (const double value : face.dial.ticks(gauge.number(Property::Major, 0.0))) {
         drawTick(face, value, majorLength, Palette::tick, majorThickness, canvas);
         canvas.text(onCircle(face.center, face.radius * labelRadius, face.dial.place(value)),
-                    tickLabel(gauge, value), {size, false, Align::Center, Palette::tick});
+                    tickLabel(gauge, value), {size, Weight::Normal, Align::Center, Palette::tick});
     }
-    for (const Element& part : gauge.parts()) {
-        const Properties mark = gauge.of(part);
-        const std::optional<double> at = mark.number(Property::At);
-        if (part.type != ElementType::Mark || !at || !mark.isVisible() || !face.dial.isUsable())
-            continue;
-        const double angle = face.dial.place(*at);
-        const double beyond = markLength * face.radius;
-        canvas.line(onCircle(face.center, face.radius + beyond, angle),
-                    onCircle(face.center, face.radius - face.ring - beyond, angle),
-                    mark.color(Property::Color, Palette::limit), markThickness * face.radius);
-    }
+    const double beyond = markLength * face.radius;
+    for (const ScaleMark& mark : marksOf(gauge, face.dial))
+        canvas.line(onCircle(face.center, face.radius + beyond, mark.place),
+                    onCircle(face.center, face.radius - face.ring - beyond, mark.place), mark.color,
+                    markThickness * face.radius);
 }
 
 void drawNeedle(const Face& face, double value, Argb color, Canvas& canvas)
@@ -110,7 +94,7 @@ void drawNeedle(const Face& face, double value, Argb color, Canvas& canvas)
     const std::array<QPointF, 5> outline{
         point(needleTip, 0.0), point(needleShoulder, needleWidth), point(-needleTail, needleWidth),
         point(-needleTail, -needleWidth), point(needleShoulder, -needleWidth)};
-    canvas.polyline(outline, Palette::well, 2.0 * needleRim * face.radius, true);
+    canvas.polyline(outline, Palette::well, 2.0 * needleRim * face.radius, Path::Closed);
     canvas.polygon(outline, color);
     canvas.circle(face.center, hubRadius * face.radius, Palette::track);
     canvas.circleLine(face.center, hubRadius * face.radius, Palette::edge, needleRim * face.radius);
@@ -139,7 +123,7 @@ void layoutGauge(const Properties& gauge, Canvas& canvas)
     const double size = gauge.number(Property::LabelSize, labelSize * face.radius);
     canvas.text(face.center + namePlace * below,
                 unit.isEmpty() || name.isEmpty() ? name + unit : name + u' ' + unit,
-                {size, false, Align::Center, Palette::label});
+                {size, Weight::Normal, Align::Center, Palette::label});
 }
 
 } // namespace Zinc2D

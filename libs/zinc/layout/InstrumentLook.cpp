@@ -22,6 +22,35 @@ Argb stateColor(int state, Argb normal)
     return state == 2 ? Palette::limit : state == 1 ? Palette::warning : normal;
 }
 
+std::vector<ScaleRange> rangesOf(const Properties& instrument, const Dial& dial)
+{
+    std::vector<ScaleRange> ranges;
+    for (const Element& part : instrument.parts()) {
+        const Properties range = instrument.of(part);
+        if (part.type != ElementType::Range || !range.isVisible())
+            continue;
+        const std::optional<double> from = range.number(Property::From);
+        const std::optional<double> to = range.number(Property::To);
+        const auto extent = from && to ? dial.extent(*from, *to) : std::nullopt;
+        if (extent)
+            ranges.push_back(
+                {extent->first, extent->second, range.color(Property::Color, Palette::normal)});
+    }
+    return ranges;
+}
+
+std::vector<ScaleMark> marksOf(const Properties& instrument, const Dial& dial)
+{
+    std::vector<ScaleMark> marks;
+    for (const Element& part : instrument.parts()) {
+        const Properties mark = instrument.of(part);
+        const std::optional<double> at = mark.number(Property::At);
+        if (part.type == ElementType::Mark && at && mark.isVisible() && dial.isUsable())
+            marks.push_back({*at, dial.place(*at), mark.color(Property::Color, Palette::limit)});
+    }
+    return marks;
+}
+
 double digitsWidth(const QString& text, double size)
 {
     double width = 2.0 * fieldPadding;
@@ -50,7 +79,7 @@ void drawDigits(Canvas& canvas, const QPointF& place, const Digits& digits)
     const Argb color = digits.state == 2   ? Palette::white
                        : digits.state == 1 ? Palette::onWarning
                                            : digits.color;
-    canvas.text(at, digits.text, {digits.size, true, digits.align, color});
+    canvas.text(at, digits.text, {digits.size, Weight::Bold, digits.align, color});
 }
 
 QString tickLabel(const Properties& element, double value)

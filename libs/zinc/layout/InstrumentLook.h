@@ -1,8 +1,11 @@
 #pragma once
 
+#include "libs/zinc/layout/Dial.h"
 #include "libs/zinc/layout/Properties.h"
 
-/// Colours, digital values and tick labels of all instruments.
+#include <vector>
+
+/// What all instruments share: colours, parts of scales, digital values and tick labels.
 namespace Zinc2D {
 
 namespace Palette {
@@ -26,6 +29,26 @@ int stateOf(const Properties& element, Property property = Property::State);
 
 /// Colour of a state; `normal` is that of state 0.
 Argb stateColor(int state, Argb normal);
+
+/// A range of an instrument, clipped to its scale.
+struct ScaleRange
+{
+    double start = 0.0; ///< position on the dial
+    double length = 0.0;
+    Argb color = 0;
+};
+
+/// A limit line of an instrument.
+struct ScaleMark
+{
+    double value = 0.0;
+    double place = 0.0; ///< position on the dial
+    Argb color = 0;
+};
+
+/// The visible ranges and marks whose values are set; none on an unusable dial.
+std::vector<ScaleRange> rangesOf(const Properties& instrument, const Dial& dial);
+std::vector<ScaleMark> marksOf(const Properties& instrument, const Dial& dial);
 
 /// The digital value of an instrument. Outside the normal range it is inverted on a field in the
 /// state's colour, so that it is noticed without colour vision too.

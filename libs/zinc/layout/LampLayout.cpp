@@ -29,7 +29,7 @@ void drawLines(const Properties& lamp, const QRectF& area, const QString& text, 
     const double size = lamp.number(Property::Size, textHeight * area.height() / count);
     double y = area.center().y() - (count - 1.0) / 2.0 * lineHeight * size;
     for (const QString& line : lines) {
-        canvas.text({area.center().x(), y}, line, {size, true, Align::Center, color});
+        canvas.text({area.center().x(), y}, line, {size, Weight::Bold, Align::Center, color});
         y += lineHeight * size;
     }
 }
@@ -92,11 +92,12 @@ void layoutAnnunciator(const Properties& annunciator, Canvas& canvas)
                          message.color(Property::Background, Palette::none), usualCorner);
         const Argb color = message.color(Property::Color, usual);
         canvas.text({row.left() + textIndent * size, row.center().y()},
-                    message.text(Property::Text), {size, true, Align::Left, color});
+                    message.text(Property::Text), {size, Weight::Bold, Align::Left, color});
         // The last row also counts the messages that have no row.
         if (i == rows - 1 && count > rows)
             canvas.text({row.right() - textIndent * size, row.center().y()},
-                        QStringLiteral("+%1").arg(count - rows), {size, true, Align::Right, color});
+                        QStringLiteral("+%1").arg(count - rows),
+                        {size, Weight::Bold, Align::Right, color});
     }
 }
 

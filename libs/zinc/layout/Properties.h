@@ -38,10 +38,7 @@ public:
         return number(property).value_or(fallback);
     }
 
-    bool isTrue(Property property, bool fallback = false) const
-    {
-        return number(property, fallback ? 1.0 : 0.0) != 0.0;
-    }
+    bool isTrue(Property property) const { return number(property, 0.0) != 0.0; }
 
     /// True by default; false while `visible` is given but not set.
     bool isVisible() const { return !has(Property::Visible) || isTrue(Property::Visible); }

@@ -1,6 +1,5 @@
 #include "libs/zinc/layout/TapeLayout.h"
 
-#include "libs/zinc/layout/Dial.h"
 #include "libs/zinc/layout/InstrumentLook.h"
 
 #include <algorithm>
@@ -58,26 +57,15 @@ void drawTick(const Scale& scale, double value, double length, Argb color, doubl
 
 void drawParts(const Properties& tape, const Scale& scale, Canvas& canvas)
 {
-    for (const Element& part : tape.parts()) {
-        const Properties look = tape.of(part);
-        if (!look.isVisible())
-            continue;
-        if (part.type == ElementType::Mark) {
-            const std::optional<double> at = look.number(Property::At);
-            if (at && *at > scale.dial.min && *at < scale.dial.max)
-                drawTick(scale, *at, 2.0 * majorLength, look.color(Property::Color, Palette::limit),
-                         2.0 * tickThickness, canvas);
-            continue;
-        }
-        const std::optional<double> from = look.number(Property::From);
-        const std::optional<double> to = look.number(Property::To);
-        const auto extent = from && to ? scale.dial.extent(*from, *to) : std::nullopt;
-        if (extent)
-            canvas.rectangle(
-                QRectF(scale.point(extent->first, 0.0),
-                       scale.point(extent->first + extent->second, rangeBreadth * scale.breadth()))
-                    .normalized(),
-                look.color(Property::Color, Palette::normal));
+    for (const ScaleRange& range : rangesOf(tape, scale.dial))
+        canvas.rectangle(
+            QRectF(scale.point(range.start, 0.0),
+                   scale.point(range.start + range.length, rangeBreadth * scale.breadth()))
+                .normalized(),
+            range.color);
+    for (const ScaleMark& mark : marksOf(tape, scale.dial)) {
+        if (mark.value > scale.dial.min && mark.value < scale.dial.max)
+            drawTick(scale, mark.value, 2.0 * majorLength, mark.color, 2.0 * tickThickness, canvas);
     }
 }
 
@@ -93,7 +81,7 @@ void drawScale(const Properties& tape, const Scale& scale, Canvas& canvas)
         canvas.text(
             scale.point(scale.dial.place(value), away + (scale.isVertical ? 0.0 : 0.3) * size),
             tickLabel(tape, value),
-            {size, false, scale.isVertical ? Align::Right : Align::Center, Palette::tick});
+            {size, Weight::Normal, scale.isVertical ? Align::Right : Align::Center, Palette::tick});
     }
 }
 
@@ -129,7 +117,7 @@ void drawWindow(const Properties& tape, const Scale& scale, const std::optional<
                    {middle.x() + wide, scale.area.bottom()}};
     }
     canvas.polygon(outline, Palette::well);
-    canvas.polyline(outline, Palette::white, edgeThickness, true);
+    canvas.polyline(outline, Palette::white, edgeThickness, Path::Closed);
     const QPointF place(outline[0].x() / 2.0 + outline[5].x() / 2.0,
                         outline[1].y() / 2.0 + outline[6].y() / 2.0);
     drawDigits(

@@ -1,22 +1,19 @@
 #pragma once
 
-#include "libs/zinc/expression/ExpressionCompiler.h"
+#include "libs/zinc/view/PropertyReader.h"
+#include "libs/zinc/view/ViewFile.h"
 #include "libs/zinc/view/ViewModel.h"
-#include "libs/zinc/view/ViewSource.h"
 
-#include <QSet>
-#include <QXmlStreamReader>
+#include <QHash>
 
 #include <optional>
 
 namespace Zinc2D {
 
 struct ElementInfo;
-struct PropertyInfo;
-enum class PropertyKind;
 class VariableTable;
 
-/// Reads a view file (docs/formats/view.md).
+/// Reads one view file (docs/formats/view.md).
 ///
 /// What cannot be used is reported with its position and left out; the rest is read. Limits:
 /// 16 MiB, 20,000 elements, groups nested 64 deep, 200 reports.
@@ -29,64 +26,32 @@ public:
     /// Empty if the file cannot be read, is not XML, or is not a view with a size.
     std::optional<ViewModel> read(const QString& path);
 
-    const std::vector<Diagnostic>& diagnostics() const { return m_diagnostics; }
+    const std::vector<Diagnostic>& diagnostics() const { return m_file.reports(); }
 
 private:
-    /// An attribute as written in the file.
-    struct Attribute
-    {
-        QString name;
-        QString value;
-        qsizetype offset = 0; ///< of the value
-    };
+    using Attribute = ViewFile::Attribute;
+    using Attributes = ViewFile::Attributes;
 
-    using Attributes = std::vector<Attribute>;
-
-    bool load(const QString& path);
     bool readRoot();
-    void collectVariables();
     void readChildren(int parent, int depth);
     void readChild(int parent, int depth);
-    void readElement(const ElementInfo& info, int parent, int depth);
-    void readParts(const ElementInfo& info, Element& element);
+    bool readDeclaration();
     void readDefinition();
-    void markUsed(const Expression& expression, const Attribute& attribute);
     void readStyle();
     void readFont();
     void readOptional();
-    bool nextChild();
-    void leave();
-
-    Attributes attributes() const;
-    void addStyle(Attributes& attributes);
-    bool hasRequired(const ElementInfo& info, const Attributes& attributes);
-    void readProperties(const ElementInfo& info, const Attributes& attributes, Element& element);
-    std::optional<PropertyValue> readProperty(const PropertyInfo& info, const Attribute& attribute);
-    void compile(const Attribute& attribute, PropertyKind kind, PropertyValue& value);
-    bool fits(const Expression& expression, const Attribute& attribute, PropertyKind kind);
+    void readElement(const ElementInfo& info, int parent, int depth);
+    void readParts(const ElementInfo& info, Element& element);
+    std::optional<Element> readAttributes(const ElementInfo& info);
     bool isUsablePart(const ElementInfo& parent, const Element& part);
-    bool readWord(const PropertyInfo& info, const Attribute& attribute, PropertyValue& value);
-    bool readFormat(const Attribute& attribute, PropertyValue& value);
-    bool readFile(const Attribute& attribute, PropertyValue& value);
-    void readPoints(const Attribute& attribute, PropertyValue& value);
+    bool hasRequired(const ElementInfo& info, const Attributes& attributes);
+    bool isFull();
+    void addStyle(Attributes& attributes);
 
-    qsizetype tagStart() const;
-    qsizetype textStart() const;
-    void report(qsizetype offset, const QString& message);
-
-    void reportTag(const QString& message) { report(tagStart(), message); }
-
-    void reportIn(const Attribute& attribute, qsizetype character, const QString& message);
-
-    VariableTable& m_variables;
-    QString m_directory;
-    ViewSource m_source;
-    QXmlStreamReader m_xml;
+    ViewFile m_file;
+    PropertyReader m_properties;
     ViewModel m_model;
     QHash<QString, Attributes> m_styles;
-    std::vector<std::pair<int, qsizetype>> m_uses; ///< slots of variables, offsets of first use
-    QSet<int> m_used;                              ///< the same slots
-    std::vector<Diagnostic> m_diagnostics;
     int m_elementCount = 0;
 };
 
