@@ -20,7 +20,9 @@ class ViewPainter;
 /// A panel of instruments: a view file, its variables, and its drawing.
 ///
 /// The handler's matrix places the view, which spans (0, 0) at its lower left corner to
-/// (width(), height()). Only draw() and the operations on the graphics need a context.
+/// (width(), height()). Only draw() and the operations on the graphics need a context. Names and
+/// parameters of load, startView, setBackgroundMode, setVar, draw, width and height are fixed
+/// (docs/names.md).
 class ZincView
 {
 public:
