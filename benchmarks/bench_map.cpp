@@ -4,6 +4,7 @@
 
 #include "benchmarks/Figures.h"
 #include "benchmarks/ShownWindow.h"
+#include "benchmarks/Stage.h"
 #include "map/ui/MapPainter.h"
 #include "map/ui/WidgetMap.h"
 #include "resources/Resources.h"
@@ -13,9 +14,6 @@
 #include <QDateTime>
 #include <QElapsedTimer>
 #include <QFile>
-#include <QOffscreenSurface>
-#include <QOpenGLContext>
-#include <QOpenGLFramebufferObject>
 #include <QTemporaryDir>
 #include <QThread>
 
@@ -62,40 +60,7 @@ QByteArray tilePicture(const TileId& tile)
     return body;
 }
 
-/// A context with a framebuffer like the window's.
-class Stage
-{
-public:
-    Stage()
-    {
-        m_surface.create();
-        m_context.create();
-        m_context.makeCurrent(&m_surface);
-        QOpenGLFramebufferObjectFormat format;
-        format.setSamples(samples);
-        format.setAttachment(QOpenGLFramebufferObject::CombinedDepthStencil);
-        m_picture = std::make_unique<QOpenGLFramebufferObject>(pictureSize, format);
-        m_picture->bind();
-    }
-
-    QOpenGLFunctions& gl() { return *m_context.functions(); }
-
-    void clear()
-    {
-        gl().glViewport(0, 0, pictureSize.width(), pictureSize.height());
-        gl().glClearColor(0.0F, 0.0F, 0.0F, 1.0F);
-        gl().glClear(GL_COLOR_BUFFER_BIT);
-    }
-
-    QImage picture() const { return m_picture->toImage(); }
-
-private:
-    QOffscreenSurface m_surface;
-    QOpenGLContext m_context;
-    std::unique_ptr<QOpenGLFramebufferObject> m_picture;
-};
-
-std::unique_ptr<Stage> stage;
+std::unique_ptr<Bench::Stage> stage; ///< with a framebuffer like the window's
 
 /// The map with all tiles from the disk.
 class Map
@@ -125,7 +90,7 @@ public:
 
     void frame()
     {
-        stage->clear();
+        stage->clear(Qt::black);
         m_map.render();
     }
 
@@ -195,7 +160,7 @@ public:
 
     void frame()
     {
-        stage->clear();
+        stage->clear(Qt::black);
         QOpenGLFunctions& gl = stage->gl();
         gl.glDisable(GL_DEPTH_TEST);
         gl.glDisable(GL_BLEND);
@@ -411,7 +376,7 @@ int main(int argc, char** argv)
     QApplication application(argc, argv);
     directory = std::make_unique<QTemporaryDir>();
     initKoltResources();
-    stage = std::make_unique<Stage>();
+    stage = std::make_unique<Bench::Stage>(pictureSize, samples);
     fillDisk();
     writeTerrain();
     using Bench::Bound;

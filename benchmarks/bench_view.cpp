@@ -2,6 +2,7 @@
 // the installed panel with the software renderer. Each is compared with the least possible work.
 
 #include "benchmarks/Figures.h"
+#include "benchmarks/Stage.h"
 #include "libs/tusk/gl/Primitives.h"
 #include "libs/zinc/drawing/ZincView.h"
 #include "libs/zinc/view/ViewReader.h"
@@ -9,15 +10,13 @@
 #include <QApplication>
 #include <QFile>
 #include <QHash>
-#include <QOffscreenSurface>
-#include <QOpenGLContext>
-#include <QOpenGLFramebufferObject>
 #include <QTemporaryDir>
 
 #include <benchmark/benchmark.h>
 #include <memory>
 
 using namespace Zinc2D;
+namespace Bench = KOLT::Bench;
 
 namespace {
 
@@ -36,38 +35,24 @@ QString nameOf(int variable)
     return QStringLiteral("Parameter %1").arg(variable);
 }
 
-/// An OpenGL context with an off-screen framebuffer.
-class Stage
+/// With what the view draws with.
+class ViewStage : public Bench::Stage
 {
 public:
-    Stage()
+    ViewStage()
+        : Stage(pictureSize)
     {
-        m_surface.create();
-        m_context.create();
-        m_context.makeCurrent(&m_surface);
-        m_picture = std::make_unique<QOpenGLFramebufferObject>(pictureSize);
-        m_picture->bind();
         m_handler.initialize();
+        m_handler.enableBlending();
     }
 
     TUSK::OpenGL::GlHandler& handler() { return m_handler; }
 
-    void clear()
-    {
-        m_handler.clear(Qt::white);
-        m_handler.enableBlending();
-    }
-
-    void finish() { m_context.functions()->glFinish(); }
-
 private:
-    QOffscreenSurface m_surface;
-    QOpenGLContext m_context;
-    std::unique_ptr<QOpenGLFramebufferObject> m_picture;
     TUSK::OpenGL::GlHandler m_handler;
 };
 
-std::unique_ptr<Stage> stage;
+std::unique_ptr<ViewStage> stage;
 
 /// A view with a gauge for each of a hundred variables.
 QByteArray hundredGauges()
@@ -187,12 +172,12 @@ public:
             m_view.setVar(m_names[i], valueOf(static_cast<int>(i), round));
         m_view.setVar(QStringLiteral("VARIANT"), 915);
         m_view.setVar(QStringLiteral("UNIT"), 0);
-        stage->clear();
+        stage->clear(Qt::white);
         QMatrix4x4 matrix;
         matrix.ortho(0.0F, 1280.0F, 0.0F, 720.0F, -1.0F, 1.0F);
         stage->handler().matrices().load(matrix);
         m_view.draw(true);
-        stage->finish();
+        stage->gl().glFinish();
     }
 
     long rebuilt() const { return m_view.rebuiltElements(); }
@@ -228,9 +213,9 @@ void drawRectangle(benchmark::State& state)
         area.add(x, y);
     stage->handler().matrices().load({});
     for (auto _ : state) {
-        stage->clear();
+        stage->clear(Qt::white);
         area.draw(stage->handler(), Qt::black);
-        stage->finish();
+        stage->gl().glFinish();
     }
 }
 
@@ -239,9 +224,9 @@ void drawRectangle(benchmark::State& state)
 int main(int argc, char** argv)
 {
     QApplication application(argc, argv);
-    stage = std::make_unique<Stage>();
-    using Bound = KOLT::Bench::Bound;
-    const int status = KOLT::Bench::run(
+    stage = std::make_unique<ViewStage>();
+    using Bench::Bound;
+    const int status = Bench::run(
         argc, argv,
         {{"100 variables set, frame built, ms", setHundredAndBuild, nullptr, Bound::AtMost, 1.0},
          {"100 variables set / values kept, texts formatted", setHundredAndBuild,
