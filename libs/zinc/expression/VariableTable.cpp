@@ -10,13 +10,9 @@ int VariableTable::slot(const QString& name)
     const auto found = m_slots.constFind(name);
     if (found != m_slots.cend())
         return *found;
-    const auto slot = static_cast<int>(m_values.size());
+    const auto slot = static_cast<int>(m_variables.size());
     m_slots.insert(name, slot);
-    m_names.push_back(name);
-    m_values.emplace_back();
-    m_types.push_back(numberType);
-    m_isChanged.push_back(false);
-    m_isDefined.push_back(false);
+    m_variables.emplace_back().name = name;
     return slot;
 }
 
@@ -28,28 +24,26 @@ Value VariableTable::value(const QString& name) const
 
 void VariableTable::change(int slot, const Value& value)
 {
-    const auto index = static_cast<std::size_t>(slot);
-    if (m_values[index] == value)
+    Variable& changed = variable(slot);
+    if (changed.value == value)
         return;
-    m_values[index] = value;
-    if (m_isChanged[index])
-        return;
-    m_isChanged[index] = true;
-    m_changed.push_back(slot);
+    changed.value = value;
+    if (!std::exchange(changed.isChanged, true))
+        m_changed.push_back(slot);
 }
 
 void VariableTable::set(const QString& name, double number)
 {
     const int place = slot(name);
-    if (!m_isDefined[static_cast<std::size_t>(place)])
+    if (!isDefined(place))
         change(place, Value(number));
 }
 
 void VariableTable::define(const QString& name, Expression expression)
 {
     const int place = slot(name);
-    m_isDefined[static_cast<std::size_t>(place)] = true;
-    m_types[static_cast<std::size_t>(place)] = expression.types();
+    variable(place).isDefined = true;
+    variable(place).types = expression.types();
     change(place, expression.evaluate(*this));
     m_definitions.push_back({place, std::move(expression)});
 }
@@ -58,36 +52,31 @@ void VariableTable::dropDefinitions()
 {
     for (const Definition& definition : m_definitions) {
         change(definition.slot, Value()); // before the text that it may refer to is gone
-        m_isDefined[static_cast<std::size_t>(definition.slot)] = false;
-        m_types[static_cast<std::size_t>(definition.slot)] = numberType;
+        variable(definition.slot).isDefined = false;
+        variable(definition.slot).types = numberType;
     }
     m_definitions.clear();
 }
 
 void VariableTable::unsetAll()
 {
-    for (std::size_t i = 0; i < m_values.size(); ++i) {
-        if (!m_isDefined[i])
-            change(static_cast<int>(i), Value());
+    for (int slot = 0; slot < static_cast<int>(m_variables.size()); ++slot) {
+        if (!isDefined(slot))
+            change(slot, Value());
     }
-}
-
-bool VariableTable::isAnyChanged(const std::vector<int>& variables) const
-{
-    return std::ranges::any_of(
-        variables, [this](int slot) { return m_isChanged[static_cast<std::size_t>(slot)]; });
 }
 
 std::vector<int> VariableTable::takeChanges()
 {
     if (m_changed.empty())
         return {};
+    const auto isChanged = [this](int slot) { return variable(slot).isChanged; };
     for (const Definition& definition : m_definitions) {
-        if (isAnyChanged(definition.expression.variables()))
+        if (std::ranges::any_of(definition.expression.variables(), isChanged))
             change(definition.slot, definition.expression.evaluate(*this));
     }
     for (const int slot : m_changed)
-        m_isChanged[static_cast<std::size_t>(slot)] = false;
+        variable(slot).isChanged = false;
     return std::exchange(m_changed, {});
 }
 

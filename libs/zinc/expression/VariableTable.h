@@ -21,12 +21,12 @@ public:
     /// All names that were set, defined or used.
     QStringList names() const { return m_slots.keys(); }
 
-    const QString& name(int slot) const { return m_names[static_cast<std::size_t>(slot)]; }
+    const QString& name(int slot) const { return variable(slot).name; }
 
     /// The types it can hold: numbers, or what a definition's expression yields.
-    ValueTypes types(int slot) const { return m_types[static_cast<std::size_t>(slot)]; }
+    ValueTypes types(int slot) const { return variable(slot).types; }
 
-    bool isDefined(int slot) const { return m_isDefined[static_cast<std::size_t>(slot)]; }
+    bool isDefined(int slot) const { return variable(slot).isDefined; }
 
     bool isDefined(const QString& name) const
     {
@@ -34,7 +34,7 @@ public:
         return found != m_slots.cend() && isDefined(*found);
     }
 
-    const Value& value(int slot) const { return m_values[static_cast<std::size_t>(slot)]; }
+    const Value& value(int slot) const { return variable(slot).value; }
 
     Value value(const QString& name) const;
 
@@ -58,21 +58,29 @@ public:
     bool hasChanges() const { return !m_changed.empty(); }
 
 private:
+    struct Variable
+    {
+        QString name;
+        Value value;
+        ValueTypes types = numberType;
+        bool isDefined = false;
+        bool isChanged = false; ///< and listed in m_changed
+    };
+
     struct Definition
     {
         int slot = 0;
         Expression expression;
     };
 
+    const Variable& variable(int slot) const { return m_variables[static_cast<std::size_t>(slot)]; }
+
+    Variable& variable(int slot) { return m_variables[static_cast<std::size_t>(slot)]; }
+
     void change(int slot, const Value& value);
-    bool isAnyChanged(const std::vector<int>& variables) const;
 
     QHash<QString, int> m_slots;
-    std::vector<QString> m_names;
-    std::vector<Value> m_values;
-    std::vector<ValueTypes> m_types;
-    std::vector<bool> m_isChanged;
-    std::vector<bool> m_isDefined;
+    std::vector<Variable> m_variables;
     std::vector<int> m_changed;
     std::vector<Definition> m_definitions; ///< each depends only on earlier ones
 };
