@@ -1,5 +1,6 @@
 #include "cli/Export.h"
 
+#include "app/settings/ExportSettingsStore.h"
 #include "base/Diagnostics.h"
 #include "base/WriteGuard.h"
 #include "cli/Arguments.h"
@@ -15,7 +16,6 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QLocale>
 #include <QSet>
 
 #include <memory>
@@ -98,8 +98,8 @@ QString Exporter::prepare()
         settings.setBoolean("CsvAllParameter", false);
     for (const auto& [key, value] : m_arguments.settings)
         settings.setText(key, value);
-    m_csv = readCsvOptions(settings, QLocale::system().decimalPoint() == QLatin1String(","));
-    m_kml = readKmlOptions(settings);
+    m_csv = loadCsvOptions(settings);
+    m_kml = loadKmlOptions(settings);
     if (m_arguments.format == ExportFormat::Csv && problemOf(m_csv) == CsvProblem::Separator)
         return QStringLiteral("the separator in the settings cannot be used: give another "
                               "--CsvLimiter");

@@ -18,9 +18,6 @@ QString statisticText(const Graph& graph, int trace, double from, double to, int
 /// Both ends of the trace's scale and its unit.
 QString scaleText(const Graph& graph, int trace);
 
-/// The shortest text that reads as the same number.
-QString roundTripText(double number);
-
 /// "hh:mm:ss.zzz/value" at the cursor.
 QString cursorText(double seconds, double value);
 

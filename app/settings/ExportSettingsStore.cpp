@@ -2,11 +2,33 @@
 
 #include "app/settings/SettingsStore.h"
 
-#include <QLocale>
+#include <climits>
 
 namespace KOLT {
 
 namespace {
+
+/// Keys of the store and their member of KmlOptions.
+template <typename Value>
+struct KmlKey
+{
+    const char* key;
+    Value KmlOptions::*member;
+};
+
+constexpr KmlKey<int> kmlNumbers[] = {{"KmlLineWidth", &KmlOptions::lineWidth},
+                                      {"KmlLineAlpha", &KmlOptions::lineAlpha},
+                                      {"KmlPolygonAlpha", &KmlOptions::polygonAlpha},
+                                      {"KmlPlaceMarkIntervall", &KmlOptions::placeMarkInterval}};
+constexpr KmlKey<bool> kmlFlags[] = {{"KmlPolygonOn", &KmlOptions::polygonOn},
+                                     {"KmlPlaceMarkOn", &KmlOptions::placeMarkOn},
+                                     {"KmlErrorMarkOn", &KmlOptions::errorMarkOn},
+                                     {"KmlShowLimit", &KmlOptions::showLimit},
+                                     {"KmlShowWarning", &KmlOptions::showWarning}};
+constexpr KmlKey<QColor> kmlColors[] = {{"KmlLineColor", &KmlOptions::lineColor},
+                                        {"KmlPolygonColor", &KmlOptions::polygonColor},
+                                        {"KmlPlaceMarkColor", &KmlOptions::placeMarkColor},
+                                        {"KmlErrorMarkColor", &KmlOptions::errorMarkColor}};
 
 QByteArray folderKey(const char* format)
 {
@@ -15,14 +37,51 @@ QByteArray folderKey(const char* format)
 
 } // namespace
 
-CsvOptions loadCsvOptions(const SettingsStore& store)
+CsvOptions loadCsvOptions(const SettingsStore& store, const QLocale& locale)
 {
-    return readCsvOptions(store, QLocale::system().decimalPoint() == QLatin1String(","));
+    CsvOptions options;
+    const int code = store.getInteger("CsvLimiter", options.separator);
+    options.separator = code > 0 && code <= CHAR_MAX ? static_cast<char>(code) : '\0';
+    options.resolution =
+        bounded("CsvResolution", store.getInteger("CsvResolution", options.resolution));
+    options.allParameters = store.getBoolean("CsvAllParameter", options.allParameters);
+    // A decimal comma that the user did not ask for must not conflict with the separator.
+    const bool isUsual = locale.decimalPoint() == QLatin1String(",") && options.separator != ',';
+    options.decimalComma = store.getBoolean("CsvDecimalComma", isUsual);
+    return options;
+}
+
+void storeCsvOptions(const CsvOptions& options, SettingsStore& store)
+{
+    store.setInteger("CsvLimiter", options.separator);
+    store.setInteger("CsvResolution", options.resolution);
+    store.setBoolean("CsvAllParameter", options.allParameters);
+    store.setBoolean("CsvDecimalComma", options.decimalComma);
 }
 
 KmlOptions loadKmlOptions(const SettingsStore& store)
 {
-    return readKmlOptions(store);
+    KmlOptions options;
+    for (const auto& [key, number] : kmlNumbers)
+        options.*number = bounded(key, store.getInteger(key, options.*number));
+    for (const auto& [key, flag] : kmlFlags)
+        options.*flag = store.getBoolean(key, options.*flag);
+    for (const auto& [key, color] : kmlColors)
+        options.*color = colorOf(store.getText(key), options.*color);
+    options.timeStamp = static_cast<KmlOptions::Times>(bounded(
+        "KmlTimeStamp", store.getInteger("KmlTimeStamp", static_cast<int>(options.timeStamp))));
+    return options;
+}
+
+void storeKmlOptions(const KmlOptions& options, SettingsStore& store)
+{
+    for (const auto& [key, number] : kmlNumbers)
+        store.setInteger(key, options.*number);
+    for (const auto& [key, flag] : kmlFlags)
+        store.setBoolean(key, options.*flag);
+    for (const auto& [key, color] : kmlColors)
+        store.setText(key, colorText(options.*color));
+    store.setInteger("KmlTimeStamp", static_cast<int>(options.timeStamp));
 }
 
 ListSettings loadListSettings(const SettingsStore& store)

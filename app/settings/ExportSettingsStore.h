@@ -3,16 +3,23 @@
 #include "analysis/ListSettings.h"
 #include "export/ExportOptions.h"
 
+#include <QLocale>
+
 namespace KOLT {
 
 class SettingsStore;
 
-/// The stored export options. The decimal comma defaults to the convention of the system's locale.
-CsvOptions loadCsvOptions(const SettingsStore& store);
+/// The options of the exports as the store has them; values out of range are clamped. Without a
+/// setting, the decimal comma follows the locale.
+CsvOptions loadCsvOptions(const SettingsStore& store, const QLocale& locale = QLocale::system());
 KmlOptions loadKmlOptions(const SettingsStore& store);
 ListSettings loadListSettings(const SettingsStore& store);
 
-/// Folder of the last export; the format is "Csv", "Kml" or "Gpx".
+/// Puts the options into the store; saving it is up to the caller.
+void storeCsvOptions(const CsvOptions& options, SettingsStore& store);
+void storeKmlOptions(const KmlOptions& options, SettingsStore& store);
+
+/// The folder of the last export in a format: "Csv", "Kml" or "Gpx".
 QString loadExportFolder(const SettingsStore& store, const char* format);
 void storeExportFolder(const QString& folder, const char* format, SettingsStore& store);
 

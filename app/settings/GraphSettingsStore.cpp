@@ -1,7 +1,8 @@
 #include "app/settings/GraphSettingsStore.h"
 
 #include "app/settings/SettingsStore.h"
-#include "graph/GraphTexts.h"
+
+#include <QLocale>
 
 #include <algorithm>
 #include <cmath>
@@ -67,7 +68,7 @@ GraphSettings loadGraphSettings(const SettingsStore& store)
 void storeGraphSettings(const GraphSettings& settings, SettingsStore& store)
 {
     const auto setNumber = [&store](const char* key, double value) {
-        store.setText(key, roundTripText(value).toLatin1());
+        store.setText(key, QByteArray::number(value, 'g', QLocale::FloatingPointShortest));
     };
     setNumber("GraphTimeSpan", settings.timeSpan);
     store.setInteger("GraphCursorMode", static_cast<int>(settings.cursorMode));

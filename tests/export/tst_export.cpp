@@ -1,3 +1,4 @@
+#include "app/settings/ExportSettingsStore.h"
 #include "app/settings/SettingsStore.h"
 #include "export/ExportFile.h"
 #include "export/ExportName.h"
@@ -158,7 +159,7 @@ void TestExport::csvOptionsThatDoNotFit()
     SettingsStore store;
     store.setInteger("CsvLimiter", code);
     store.setBoolean("CsvDecimalComma", comma);
-    CsvOptions options = readCsvOptions(store, false);
+    CsvOptions options = loadCsvOptions(store, QLocale::c());
     options.allParameters = false;
     QVERIFY(loadProfile(m_profile, device({"name='Big' id='4' dataType='ULONG' precision='2' "
                                            "offset='2.25'"})));
@@ -170,7 +171,7 @@ void TestExport::csvOptionsThatDoNotFit()
     // A decimal comma by default only, from the locale, gives way to the separator.
     SettingsStore untouched;
     untouched.setInteger("CsvLimiter", code);
-    QCOMPARE(readCsvOptions(untouched, true).decimalComma, code != ',');
+    QCOMPARE(loadCsvOptions(untouched, QLocale(QLocale::German)).decimalComma, code != ',');
 }
 
 void TestExport::csvReadByPython_data()
@@ -385,8 +386,8 @@ void TestExport::settingsAreBounded()
 {
     SettingsStore store;
     const KmlOptions usual;
-    storeKmlOptions(readKmlOptions(store), store);
-    storeCsvOptions(readCsvOptions(store, false), store);
+    storeKmlOptions(loadKmlOptions(store), store);
+    storeCsvOptions(loadCsvOptions(store, QLocale::c()), store);
     for (const auto& settings : {kmlSettings(), csvSettings()}) {
         for (const ExportSetting& setting : settings)
             QVERIFY2(setting.accepts(store.getText(setting.key)), setting.key);
@@ -402,12 +403,12 @@ void TestExport::settingsAreBounded()
                                      {"CsvResolution", "-5"},
                                      {"CsvLimiter", "34"}})
         store.setText(key, value);
-    QCOMPARE(readKmlOptions(store).placeMarkInterval, 1);
-    QCOMPARE(readKmlOptions(store).lineAlpha, 255);
-    QCOMPARE(readKmlOptions(store).lineColor, usual.lineColor);
-    QCOMPARE(readKmlOptions(store).timeStamp, KmlOptions::Times::PlaceMarksAndTrack);
-    QCOMPARE(readCsvOptions(store, true).resolution, 1);
-    QCOMPARE(problemOf(readCsvOptions(store, true)), CsvProblem::Separator);
+    QCOMPARE(loadKmlOptions(store).placeMarkInterval, 1);
+    QCOMPARE(loadKmlOptions(store).lineAlpha, 255);
+    QCOMPARE(loadKmlOptions(store).lineColor, usual.lineColor);
+    QCOMPARE(loadKmlOptions(store).timeStamp, KmlOptions::Times::PlaceMarksAndTrack);
+    QCOMPARE(loadCsvOptions(store, QLocale::c()).resolution, 1);
+    QCOMPARE(problemOf(loadCsvOptions(store, QLocale::c())), CsvProblem::Separator);
 }
 
 QTEST_GUILESS_MAIN(TestExport)
