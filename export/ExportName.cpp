@@ -1,19 +1,13 @@
 #include "export/ExportName.h"
 
 #include "export/ExportClock.h"
-
-#include <QCoreApplication>
+#include "export/ExportText.h"
 
 #include <algorithm>
 
 namespace KOLT {
 
 namespace {
-
-struct Text
-{
-    Q_DECLARE_TR_FUNCTIONS(KOLT::Export)
-};
 
 /// Clock at the take-off of a flight, otherwise at the first loaded sample.
 QDateTime momentOf(const DataSet& dataSet)
@@ -27,9 +21,9 @@ QDateTime momentOf(const DataSet& dataSet)
 QString wordsOf(const ExportSubject& subject, const DataSet& dataSet)
 {
     if (dataSet.flightIndex)
-        return Text::tr("Flight %1").arg(*dataSet.flightIndex + 1);
+        return ExportText::tr("Flight %1").arg(*dataSet.flightIndex + 1);
     if (subject.cycle)
-        return Text::tr("Cycle %1").arg(*subject.cycle);
+        return ExportText::tr("Cycle %1").arg(*subject.cycle);
     return subject.files.value(0);
 }
 

@@ -1,21 +1,14 @@
 #include "export/GpxWriter.h"
 
 #include "export/ExportClock.h"
-#include "export/ExportFile.h"
-#include "export/XmlText.h"
+#include "export/ExportText.h"
+#include "export/NumberText.h"
+#include "export/XmlExport.h"
 #include "record/FlightPath.h"
-
-#include <QCoreApplication>
-#include <QXmlStreamWriter>
 
 namespace KOLT {
 
 namespace {
-
-struct Text
-{
-    Q_DECLARE_TR_FUNCTIONS(KOLT::Export)
-};
 
 constexpr int degreeDecimals = 7; // a resolution of about a centimetre
 constexpr int metreDecimals = 1;
@@ -27,17 +20,36 @@ QString longitudeText(double longitude)
     return text == QStringLiteral("180.0000000") ? QLatin1Char('-') + text : text;
 }
 
-void writePoint(QXmlStreamWriter& xml, const TrackPoint& point, const ExportClock& clock)
+void writePoint(XmlExport& xml, const TrackPoint& point, const ExportClock& clock)
 {
-    xml.writeStartElement(QStringLiteral("trkpt"));
-    xml.writeAttribute(QStringLiteral("lat"), fixedText(point.latitude, degreeDecimals));
-    xml.writeAttribute(QStringLiteral("lon"), longitudeText(point.longitude));
+    xml.begin("trkpt");
+    xml.attribute("lat", fixedText(point.latitude, degreeDecimals));
+    xml.attribute("lon", longitudeText(point.longitude));
     if (point.hasAltitude)
-        xml.writeTextElement(QStringLiteral("ele"), fixedText(point.altitude, metreDecimals));
+        xml.element("ele", fixedText(point.altitude, metreDecimals));
     const QString time = clock.isoText(point.seconds());
     if (!time.isEmpty())
-        xml.writeTextElement(QStringLiteral("time"), time);
-    xml.writeEndElement();
+        xml.element("time", time);
+    xml.end();
+}
+
+/// False if the export was cancelled or failed.
+bool writeSection(XmlExport& xml, const PathSection& section, const QString& name,
+                  const ExportClock& clock)
+{
+    xml.begin("trk");
+    xml.element("name", name);
+    for (const std::span<const TrackPoint> piece : pathPieces(section.points)) {
+        xml.begin("trkseg");
+        for (const TrackPoint& point : piece) {
+            writePoint(xml, point, clock);
+            if (!xml.step())
+                return false;
+        }
+        xml.end();
+    }
+    xml.end();
+    return true;
 }
 
 } // namespace
@@ -46,41 +58,24 @@ ExportStatus writeGpx(QIODevice& device, const DataSet& dataSet, const QString& 
                       const ExportProgress& progress)
 {
     const ExportClock clock(dataSet.dateTime);
-    ExportMeter meter(progress, dataSet.track.size());
-    QXmlStreamWriter xml(&device);
-    xml.setAutoFormatting(true);
-    xml.setAutoFormattingIndent(1);
-    xml.writeStartDocument();
-    xml.writeStartElement(QStringLiteral("gpx"));
-    xml.writeDefaultNamespace(QStringLiteral("http://www.topografix.com/GPX/1/1"));
-    xml.writeAttribute(QStringLiteral("version"), QStringLiteral("1.1"));
-    xml.writeAttribute(QStringLiteral("creator"), QStringLiteral("KOLT"));
-    xml.writeStartElement(QStringLiteral("metadata"));
-    xml.writeTextElement(QStringLiteral("name"), xmlText(title));
-    xml.writeEndElement();
+    XmlExport xml(device, progress, dataSet.track.size());
+    xml.begin("gpx");
+    xml.writer().writeDefaultNamespace(QStringLiteral("http://www.topografix.com/GPX/1/1"));
+    xml.attribute("version", QStringLiteral("1.1"));
+    xml.attribute("creator", QStringLiteral("KOLT"));
+    xml.begin("metadata");
+    xml.element("name", title);
+    xml.end();
     for (const PathSection& section : pathSections(dataSet)) {
         if (section.kind == PathSection::Kind::Ground || section.points.empty())
             continue;
-        xml.writeStartElement(QStringLiteral("trk"));
-        xml.writeTextElement(QStringLiteral("name"),
-                             section.kind == PathSection::Kind::Flight
-                                 ? Text::tr("Flight %1").arg(section.flight + 1)
-                                 : xmlText(title));
-        for (const std::span<const TrackPoint> piece : pathPieces(section.points)) {
-            xml.writeStartElement(QStringLiteral("trkseg"));
-            for (const TrackPoint& point : piece) {
-                writePoint(xml, point, clock);
-                if (!meter.step())
-                    return ExportStatus::Cancelled;
-                if (xml.hasError())
-                    return ExportStatus::Failed;
-            }
-            xml.writeEndElement();
-        }
-        xml.writeEndElement();
+        const QString name = section.kind == PathSection::Kind::Flight
+                                 ? ExportText::tr("Flight %1").arg(section.flight + 1)
+                                 : title;
+        if (!writeSection(xml, section, name, clock))
+            break;
     }
-    xml.writeEndDocument();
-    return finishExport(device, !xml.hasError());
+    return xml.finish();
 }
 
 } // namespace KOLT

@@ -1,21 +1,15 @@
 #include "export/KmlDescription.h"
 
-#include "export/XmlText.h"
+#include "export/ExportText.h"
+#include "export/NumberText.h"
 #include "profile/ValueDecoder.h"
 #include "record/ClockTime.h"
-
-#include <QCoreApplication>
 
 #include <algorithm>
 
 namespace KOLT {
 
 namespace {
-
-struct Text
-{
-    Q_DECLARE_TR_FUNCTIONS(KOLT::Export)
-};
 
 QString row(const QString& name, const QString& value)
 {
@@ -47,11 +41,11 @@ KmlDescription::KmlDescription(const Profile& profile, const DataSet& dataSet)
 QString KmlDescription::of(const TrackPoint& point)
 {
     const double seconds = point.seconds();
-    QString text = QStringLiteral("<table>\n") + row(Text::tr("Time"), momentText(seconds));
+    QString text = QStringLiteral("<table>\n") + row(ExportText::tr("Time"), momentText(seconds));
     if (point.hasAltitude)
-        text += row(Text::tr("Altitude"), roleText(Role::Altitude, point.altitude, "m", 0));
+        text += row(ExportText::tr("Altitude"), roleText(Role::Altitude, point.altitude, "m", 0));
     if (m_hasSpeed)
-        text += row(Text::tr("Speed"), roleText(Role::GroundSpeed, point.groundSpeed, "km/h", 0));
+        text += row(ExportText::tr("Speed"), roleText(Role::GroundSpeed, point.groundSpeed, "km/h", 0));
     for (auto& [id, walker] : m_walkers)
         walker.advanceTo(seconds);
     for (const Column& column : m_columns) {
@@ -86,7 +80,8 @@ QString KmlDescription::momentText(double seconds) const
                             : clockTime(seconds).toString(QStringLiteral("hh:mm:ss.zzz"));
 }
 
-QString KmlDescription::roleText(Role role, double metric, const char* unit, int decimals) const
+QString KmlDescription::roleText(Role role, double metric, const char* unit,
+                                 int decimals) const
 {
     const ProfileParameter* const parameter = m_profile.parameterByRole(role);
     if (parameter == nullptr)

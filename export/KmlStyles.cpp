@@ -1,8 +1,7 @@
 #include "export/KmlStyles.h"
 
-#include "export/XmlText.h"
-
-#include <QXmlStreamWriter>
+#include "export/NumberText.h"
+#include "export/XmlExport.h"
 
 namespace KOLT {
 
@@ -24,80 +23,58 @@ QString kmlColor(const QColor& color, int alpha)
         .arg(color.red(), 2, 16, QLatin1Char('0'));
 }
 
-/// Writes the elements of styles. Their names and texts are constants, so they need no escaping.
-class Styles
+void beginStyle(XmlExport& xml, const char* id)
 {
-public:
-    explicit Styles(QXmlStreamWriter& xml)
-        : m_xml(xml)
-    {
-    }
+    xml.begin("Style");
+    xml.attribute("id", QLatin1String(id));
+}
 
-    void begin(const char* name) { m_xml.writeStartElement(QLatin1String(name)); }
+void writeIcon(XmlExport& xml, const QColor& color, double scale, const char* address)
+{
+    xml.begin("IconStyle");
+    xml.element("color", kmlColor(color, opaque));
+    xml.element("scale", fixedText(scale, 1));
+    xml.begin("Icon");
+    xml.element("href", QLatin1String(address));
+    xml.end();
+    xml.end();
+    xml.begin("LabelStyle");
+    xml.element("scale", QStringLiteral("0")); // hundreds of labels would cover the map
+    xml.end();
+}
 
-    void end() { m_xml.writeEndElement(); }
-
-    void beginStyle(const char* id)
-    {
-        begin("Style");
-        m_xml.writeAttribute(QStringLiteral("id"), QLatin1String(id));
-    }
-
-    void element(const char* name, const QString& text)
-    {
-        m_xml.writeTextElement(QLatin1String(name), text);
-    }
-
-    void icon(const char* id, const QColor& color, double scale, const char* address)
-    {
-        beginStyle(id);
-        iconParts(color, scale, address);
-        end();
-    }
-
-    void iconParts(const QColor& color, double scale, const char* address)
-    {
-        begin("IconStyle");
-        element("color", kmlColor(color, opaque));
-        element("scale", fixedText(scale, 1));
-        begin("Icon");
-        element("href", QLatin1String(address));
-        end();
-        end();
-        begin("LabelStyle");
-        element("scale", QStringLiteral("0")); // hundreds of labels would cover the map
-        end();
-    }
-
-private:
-    QXmlStreamWriter& m_xml;
-};
+void writeIconStyle(XmlExport& xml, const char* id, const QColor& color, double scale,
+                    const char* address)
+{
+    beginStyle(xml, id);
+    writeIcon(xml, color, scale, address);
+    xml.end();
+}
 
 } // namespace
 
-void writeKmlStyles(QXmlStreamWriter& xml, const KmlOptions& options)
+void writeKmlStyles(XmlExport& xml, const KmlOptions& options)
 {
-    Styles styles(xml);
-    styles.beginStyle("path");
-    styles.iconParts(options.placeMarkColor, dotScale, dotIcon); // for pieces of a single point
-    styles.begin("LineStyle");
-    styles.element("color", kmlColor(options.lineColor, options.lineAlpha));
-    styles.element("width", QString::number(options.lineWidth));
-    styles.end();
-    styles.end();
+    beginStyle(xml, "path");
+    writeIcon(xml, options.placeMarkColor, dotScale, dotIcon); // for pieces of a single point
+    xml.begin("LineStyle");
+    xml.element("color", kmlColor(options.lineColor, options.lineAlpha));
+    xml.element("width", QString::number(options.lineWidth));
+    xml.end();
+    xml.end();
 
-    styles.beginStyle("curtain");
-    styles.begin("LineStyle"); // the path already has a line
-    styles.element("color", kmlColor(options.polygonColor, 0));
-    styles.end();
-    styles.begin("PolyStyle");
-    styles.element("color", kmlColor(options.polygonColor, options.polygonAlpha));
-    styles.element("outline", QStringLiteral("0"));
-    styles.end();
-    styles.end();
+    beginStyle(xml, "curtain");
+    xml.begin("LineStyle"); // the path already has a line
+    xml.element("color", kmlColor(options.polygonColor, 0));
+    xml.end();
+    xml.begin("PolyStyle");
+    xml.element("color", kmlColor(options.polygonColor, options.polygonAlpha));
+    xml.element("outline", QStringLiteral("0"));
+    xml.end();
+    xml.end();
 
-    styles.icon("place", options.placeMarkColor, dotScale, dotIcon);
-    styles.icon("error", options.errorMarkColor, cautionScale, cautionIcon);
+    writeIconStyle(xml, "place", options.placeMarkColor, dotScale, dotIcon);
+    writeIconStyle(xml, "error", options.errorMarkColor, cautionScale, cautionIcon);
 }
 
 } // namespace KOLT

@@ -2,11 +2,11 @@
 
 #include "export/ExportOptions.h"
 
-class QXmlStreamWriter;
-
 namespace KOLT {
 
+class XmlExport;
+
 /// Writes the styles "path", "curtain", "place" and "error" of a KML document.
-void writeKmlStyles(QXmlStreamWriter& xml, const KmlOptions& options);
+void writeKmlStyles(XmlExport& xml, const KmlOptions& options);
 
 } // namespace KOLT

@@ -2,21 +2,10 @@
 
 #include <array>
 #include <charconv>
-#include <cmath>
-#include <cstdint>
-#include <system_error>
 
 namespace KOLT {
 
-namespace {
-
-constexpr std::array powers{1.0, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8, 1e9};
-
-/// Below this, the error of the product is far less than `doubt`.
-constexpr double largest = 1e9;
-constexpr double doubt = 1e-6;
-
-void appendExact(std::string& text, double value, int decimals)
+void appendFixed(std::string& text, double value, int decimals)
 {
     std::array<char, 400> digits; // NOLINT(cppcoreguidelines-pro-type-member-init): DBL_MAX fits
     const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), value,
@@ -24,39 +13,11 @@ void appendExact(std::string& text, double value, int decimals)
     text.append(digits.data(), end.ptr);
 }
 
-} // namespace
-
-void appendFixed(std::string& text, double value, int decimals)
+QString fixedText(double value, int decimals)
 {
-    const double scaled = decimals >= 0 && decimals < static_cast<int>(powers.size())
-                              ? std::abs(value) * powers[static_cast<std::size_t>(decimals)]
-                              : largest;
-    if (!(scaled < largest)) {
-        appendExact(text, value, decimals);
-        return;
-    }
-    auto whole = static_cast<std::uint64_t>(scaled);
-    const double rest = scaled - static_cast<double>(whole);
-    // So close to a tie, the product's error may decide the rounding.
-    if (std::abs(rest - 0.5) < doubt) {
-        appendExact(text, value, decimals);
-        return;
-    }
-    whole += rest > 0.5 ? 1 : 0;
-    std::array<char, 24> digits; // NOLINT(cppcoreguidelines-pro-type-member-init)
-    char* const end = digits.data() + digits.size();
-    char* next = end;
-    for (int i = 0; i < decimals; ++i, whole /= 10)
-        *--next = static_cast<char>('0' + whole % 10);
-    if (decimals > 0)
-        *--next = '.';
-    do {
-        *--next = static_cast<char>('0' + whole % 10);
-        whole /= 10;
-    } while (whole > 0);
-    if (std::signbit(value))
-        *--next = '-';
-    text.append(next, end);
+    std::string text;
+    appendFixed(text, value, decimals);
+    return QString::fromStdString(text);
 }
 
 } // namespace KOLT

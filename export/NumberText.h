@@ -1,11 +1,14 @@
 #pragma once
 
+#include <QString>
+
 #include <string>
 
 namespace KOLT {
 
-/// Appends exactly what printf("%.*f") prints in the C locale, but several times as fast for
-/// numbers below 1e9.
+/// Appends what printf("%.*f") prints in the C locale.
 void appendFixed(std::string& text, double value, int decimals);
+
+QString fixedText(double value, int decimals);
 
 } // namespace KOLT

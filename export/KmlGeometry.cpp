@@ -1,0 +1,121 @@
+#include "export/KmlGeometry.h"
+
+#include "export/ExportText.h"
+#include "export/NumberText.h"
+#include "record/FlightPath.h"
+
+namespace KOLT {
+
+KmlGeometry::KmlGeometry(XmlExport& xml, const DataSet& dataSet)
+    : m_xml(xml)
+    , m_clock(dataSet.dateTime)
+    , m_firstAltitude(firstAltitude(dataSet))
+{
+}
+
+bool KmlGeometry::writePath(Points points)
+{
+    return writeLine(Line::Path, pathPieces(points));
+}
+
+bool KmlGeometry::writeCurtain(Points points)
+{
+    std::vector<Points> pieces = pathPieces(points);
+    std::erase_if(pieces, [](Points piece) { return piece.size() < 2; });
+    return writeLine(Line::Curtain, pieces);
+}
+
+bool KmlGeometry::writeLine(Line line, const std::vector<Points>& pieces)
+{
+    if (pieces.empty())
+        return true;
+    const bool isCurtain = line == Line::Curtain;
+    m_xml.begin("Placemark");
+    m_xml.element("name", isCurtain ? ExportText::tr("Curtain") : ExportText::tr("Flight path"));
+    m_xml.element("styleUrl", isCurtain ? QStringLiteral("#curtain") : QStringLiteral("#path"));
+    if (pieces.size() > 1)
+        m_xml.begin("MultiGeometry");
+    for (const Points piece : pieces) {
+        // A line needs two points, but a single one is still a known position.
+        m_xml.begin(piece.size() > 1 ? "LineString" : "Point");
+        if (isCurtain)
+            m_xml.element("extrude", QStringLiteral("1"));
+        if (!hasAltitude() && piece.size() > 1)
+            m_xml.element("tessellate", QStringLiteral("1"));
+        writeAltitudeMode();
+        if (!writeCoordinates(piece))
+            return false;
+        m_xml.end();
+    }
+    if (pieces.size() > 1)
+        m_xml.end();
+    m_xml.end();
+    return true;
+}
+
+bool KmlGeometry::writeCoordinates(Points piece)
+{
+    m_xml.begin("coordinates");
+    for (const TrackPoint& point : piece) {
+        m_xml.writer().writeCharacters(coordinates(point, ',') + QLatin1Char('\n'));
+        if (!m_xml.step())
+            return false;
+    }
+    m_xml.end();
+    return true;
+}
+
+bool KmlGeometry::writeTrack(Points points)
+{
+    const QLatin1String extension(kmlExtensionNamespace);
+    for (const Points piece : pathPieces(points)) {
+        m_xml.begin("Placemark");
+        m_xml.element("name", ExportText::tr("Playback"));
+        m_xml.element("styleUrl", QStringLiteral("#path"));
+        m_xml.writer().writeStartElement(extension, QStringLiteral("Track"));
+        writeAltitudeMode();
+        for (const TrackPoint& point : piece) {
+            m_xml.element("when", m_clock.isoText(point.seconds()));
+            if (!m_xml.step())
+                return false;
+        }
+        for (const TrackPoint& point : piece) {
+            m_xml.writer().writeTextElement(extension, QStringLiteral("coord"),
+                                            coordinates(point, ' '));
+            if (!m_xml.step())
+                return false;
+        }
+        m_xml.end();
+        m_xml.end();
+    }
+    return true;
+}
+
+void KmlGeometry::writePoint(const TrackPoint& point)
+{
+    m_xml.begin("Point");
+    writeAltitudeMode();
+    m_xml.element("coordinates", coordinates(point, ','));
+    m_xml.end();
+}
+
+void KmlGeometry::writeAltitudeMode()
+{
+    m_xml.element("altitudeMode",
+                  hasAltitude() ? QStringLiteral("absolute") : QStringLiteral("clampToGround"));
+}
+
+/// Longitude and latitude to about a centimetre, altitude to a decimetre. Every point needs an
+/// altitude; points before the first known altitude get that one.
+QString KmlGeometry::coordinates(const TrackPoint& point, char separator) const
+{
+    std::string text;
+    appendFixed(text, point.longitude, 7);
+    text += separator;
+    appendFixed(text, point.latitude, 7);
+    text += separator;
+    appendFixed(text, point.hasAltitude ? point.altitude : m_firstAltitude.value_or(0.0), 1);
+    return QString::fromStdString(text);
+}
+
+} // namespace KOLT
