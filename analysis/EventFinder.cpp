@@ -1,26 +1,19 @@
 #include "analysis/EventFinder.h"
 
+#include "analysis/CrossingDetector.h"
 #include "base/Diagnostics.h"
-#include "record/RoleSeries.h"
 
 #include <algorithm>
-#include <cmath>
 
 namespace KOLT {
 
 namespace {
 
-bool isWorse(ThresholdState previous, ThresholdState state)
-{
-    return (previous == ThresholdState::Ok && state != ThresholdState::Ok) ||
-           (previous == ThresholdState::Warning && state == ThresholdState::Limit);
-}
-
 /// A crossing without its text, of which there may be millions.
 struct Crossing
 {
     double seconds;
-    std::size_t order; ///< in which they are found: equal times keep the profile's
+    std::size_t order; ///< of finding, which is profile order; decides between equal times
     const Device* group;
     const ProfileParameter* parameter;
     const StoredSample* sample;
@@ -33,7 +26,7 @@ bool isEarlier(const Crossing& a, const Crossing& b)
     return a.seconds != b.seconds ? a.seconds < b.seconds : a.order < b.order;
 }
 
-/// Keeps the earliest crossings, in twice their memory at most.
+/// Keeps the maxEvents earliest crossings; holds at most twice as many meanwhile.
 class EarliestCrossings
 {
 public:
@@ -45,7 +38,7 @@ public:
             cut();
     }
 
-    /// By ascending time.
+    /// Those kept, by ascending time.
     const std::vector<Crossing>& finish()
     {
         if (m_crossings.size() > maxEvents)
@@ -71,23 +64,16 @@ template <typename Function>
 void forEachCrossing(const Profile& profile, const Device& group, const ProfileParameter& parameter,
                      const DataSet& dataSet, Function&& function)
 {
-    PositionFilter filter = positionFilterFor(profile, dataSet.messages, parameter);
-    ThresholdState previous = ThresholdState::Limit;
-    double previousNumber = 0.0;
+    CrossingDetector detector(parameter, positionFilterFor(profile, dataSet.messages, parameter));
     for (const StoredSample& sample : seriesOf(dataSet.messages, parameter)) {
-        const double number = decodeFiltered(sample.data, parameter, &filter);
-        const ThresholdState state = gradeOf(parameter, number).state;
-        if (isWorse(previous, state) &&
-            (std::isfinite(number) ||
-             textOf(profile, parameter, sample.data, number) != QLatin1String("nan")))
-            function(Crossing{sample.seconds(), 0, &group, &parameter, &sample, number,
-                              number >= previousNumber});
-        previous = state;
-        previousNumber = number;
+        if (detector.step(sample.data) &&
+            !isTextNan(profile, parameter, sample.data, detector.number()))
+            function(Crossing{sample.seconds(), 0, &group, &parameter, &sample, detector.number(),
+                              detector.isRising()});
     }
 }
 
-/// Calls function(crossing) in profile order, by time within a parameter as stored.
+/// Calls function(crossing) in profile order, and in stored order within a parameter.
 template <typename Function>
 void forEachCrossing(const Profile& profile, const DataSet& dataSet, EventScope scope,
                      Function&& function)

@@ -10,20 +10,19 @@
 
 namespace KOLT {
 
-/// The rows and cells of the data table, without making any text.
+/// The rows and cells of the data table, as samples.
 ///
-/// One row stands for each tenth of a second in which any of the chosen parameters has a sample.
-/// Where a parameter has several samples in one tenth, the latest of them is shown; the row of the
-/// current moment can be asked for as it was at that moment. The index is built in one pass over
-/// the series; a cell costs a search by halving. Data set and profile must outlive the table and
-/// stay as they are.
+/// There is a row for each tenth of a second in which any of the columns' parameters has a sample.
+/// A cell is the parameter's latest sample up to the end of the tenth, or up to a given moment in
+/// it. The table is built in one pass over the series; a cell costs a binary search. Data set and
+/// profile must outlive the table and must not change.
 class TimeTable
 {
 public:
     struct Cell
     {
         const StoredSample* sample = nullptr; ///< null before the parameter's first sample
-        bool isFresh = false; ///< the sample lies in this row, not in an earlier one
+        bool isFresh = false; ///< the sample is from this row, not from an earlier one
     };
 
     TimeTable() = default;
@@ -33,23 +32,24 @@ public:
 
     const std::vector<const ProfileParameter*>& columns() const { return m_columns; }
 
-    /// The row's time on the unit's counter, in seconds to a tenth.
+    /// The row's time: seconds on the counter, a multiple of 0.1.
     double seconds(std::size_t row) const { return static_cast<double>(m_keys[row]) / 10.0; }
 
-    /// The row of the latest sample at or before the time; the first row when there is none.
+    /// The row of the latest sample at or before the time; the first row if there is none.
     std::size_t rowAt(double seconds) const;
 
-    /// The moment at which all of the row is known: its latest sample, in seconds.
+    /// The time of the latest sample in the row, when the row is complete.
     double lastSeconds(std::size_t row) const;
 
     Cell cell(std::size_t row, std::size_t column) const;
 
-    /// The latest sample at or before a time that rowAt() finds in the row.
+    /// The cell as of a moment in the row: its latest sample at or before `seconds`, for which
+    /// rowAt() gives `row`.
     Cell cellAt(double seconds, std::size_t row, std::size_t column) const;
 
-    /// The next row after `row` (or before it) in which the column's text differs from the one in
-    /// `row`; none when it stays as it is. Costs one numeric decoding per sample on the way, and a
-    /// text where the number differs.
+    /// The nearest row after (or before) `row` whose text in the column differs from the one in
+    /// `row`. Costs one numeric decoding per sample on the way, and a text where the number
+    /// differs.
     std::optional<std::size_t> nextChange(const Profile& profile, std::size_t row,
                                           std::size_t column) const;
     std::optional<std::size_t> previousChange(const Profile& profile, std::size_t row,

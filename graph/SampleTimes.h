@@ -11,13 +11,13 @@
 
 namespace KOLT {
 
-/// When the samples of a trace were taken, in seconds on the unit's counter, and before which of
-/// them samples are missing. All traces of one message share one of these, and with it the search
-/// for the samples of each pixel column.
+/// The times of a trace's samples in seconds on the unit's counter, and the positions of gaps. All
+/// traces of one message share one object, and with it the search for the samples of each pixel
+/// column.
 class SampleTimes
 {
 public:
-    /// The samples of one pixel column: from `first` up to the first one of the next run.
+    /// The samples of one pixel column, from `first` up to the next run's `first`.
     struct Run
     {
         std::uint32_t first = 0;
@@ -27,8 +27,8 @@ public:
 
     SampleTimes() = default;
 
-    /// Times that stand in a series, which must outlive this: `gaps` are the positions of samples
-    /// that come after a gap, ascending.
+    /// Reads its times from a series, which must outlive it. `gaps`: positions of the samples that
+    /// follow a gap, ascending.
     SampleTimes(const MessageSeries& series, std::vector<std::uint32_t> gaps, bool isAscending)
         : m_series(&series)
         , m_size(series.size())
@@ -39,10 +39,10 @@ public:
 
     void reserve(std::size_t samples) { m_times.reserve(samples); }
 
-    /// Only for times of its own. A mark of 0 says that samples are missing before this one.
+    /// Not for times of a series. A mark of 0 means that samples are missing before this one.
     void append(double time, int mark);
 
-    /// Where the times stand; null for times of its own.
+    /// The series that the times are read from, null if they are stored here.
     const MessageSeries* series() const { return m_series; }
 
     std::size_t size() const { return m_size; }
@@ -62,18 +62,19 @@ public:
         return gap != m_gaps.end() && *gap < to;
     }
 
-    /// Number of samples before the time; the first position at or after it.
+    /// Position of the first sample at or after the time.
     std::size_t positionAt(double time) const;
-    /// The first position behind the time. The times must ascend.
+    /// Position of the first sample after the time. The times must ascend.
     std::size_t positionBehind(double time) const;
 
-    /// The columns of the window [start, end], from the sample before it to the first one at or
-    /// behind its end; an entry more tells where the last one ends. The times must ascend. Valid
-    /// until the next call; O(columns * log samples), or nothing when asked the same again.
+    /// The pixel columns of the window [start, end], from the last sample before it to the first
+    /// one at or after its end, and one more entry whose `first` ends the last column. The times
+    /// must ascend. O(columns * log samples); O(1) for the same window again. Valid until the next
+    /// call.
     std::span<const Run> runs(double start, double end, double pixelSeconds) const;
 
 private:
-    /// What the runs depend on.
+    /// Everything that the runs depend on.
     struct Window
     {
         double start = 0.0;
@@ -102,11 +103,11 @@ private:
 
     const MessageSeries* m_series = nullptr;
     std::size_t m_size = 0;
-    SampleValues m_times;              ///< unless they stand in a series
+    SampleValues m_times;              ///< empty if the times are read from a series
     std::vector<std::uint32_t> m_gaps; ///< positions with a mark of 0, ascending
     bool m_isAscending = true;
     mutable Window m_window;
-    mutable std::vector<Run> m_runs; ///< of m_window; empty: none were asked for
+    mutable std::vector<Run> m_runs; ///< for m_window; empty before the first request
 };
 
 } // namespace KOLT

@@ -20,10 +20,10 @@ class QNativeGestureEvent;
 
 namespace KOLT {
 
-/// The moving map: tiles of a globe, the flight's track, the aircraft, marks, and whom the map is
-/// owed to. Shares its view state with the page that owns it, so that both act on the same view.
+/// The moving map: the globe's tiles, the flight's track, the aircraft, marks and the map's
+/// attribution. Shares its view state with the page that owns both.
 ///
-/// Frames are drawn on demand, at most every 20 ms, and once a second when nothing changes.
+/// A frame is drawn when something has changed, at most every 20 ms, and otherwise once a second.
 class WidgetMap : public QOpenGLWidget
 {
     Q_OBJECT
@@ -36,23 +36,24 @@ public:
 
     void setAircraft(const AircraftTrack::Record& aircraft);
 
-    /// The track must stay until the next call; null for none. When no frame was drawn yet, its
-    /// line is built in the next one.
+    /// The track must stay valid until the next call; null for none. Before the first frame its
+    /// line is not built yet, but in that frame.
     void setTrack(const std::vector<TrackPoint>* track, std::vector<TrackGap> gaps);
 
-    /// Colours the track; without values it has one colour.
+    /// Empty colours draw the track in one colour.
     void setColors(TrackColors colors);
     void setMarks(std::vector<MapMark> marks);
     void setUnitSystem(UnitSystem system);
 
-    /// Shows the whole track. Follow mode then waits for the aircraft to move.
+    /// Shows the whole track. Follow mode is suspended until the aircraft moves.
     void fitTrack();
-    /// The same on behalf of the user, which ends follow mode.
+    /// Shows the whole track on the user's request, which ends follow mode.
     void showWholeTrack();
 
-    /// Seconds since an unspecified start; for tests.
+    /// Seconds since an unspecified start.
     using Clock = std::function<double()>;
 
+    /// For tests.
     void setClock(Clock clock) { m_clock = std::move(clock); }
 
     Tessa::TessaMap& map() { return m_map; }
@@ -66,10 +67,10 @@ public:
 signals:
     /// The user ended follow mode by moving the map, or switched the shading.
     void signalUpdateMode();
-    /// The user clicked on a mark or on the track: the moment it stands for. Comes once it is sure
-    /// that no double click was meant.
+    /// The user clicked on a mark or on the track: the time of that place. Sent when the double
+    /// click time has passed without a second click.
     void signalTime(double seconds);
-    /// For the status bar.
+    /// A message for the status bar.
     void signalMessage(const QString& text);
 
 protected:
@@ -107,7 +108,7 @@ private:
         return {position.x(), height() - position.y()};
     }
 
-    /// Two where the map is too narrow for one.
+    /// Two lines when the map is too narrow for one.
     QStringList attributionLines() const;
     QRectF attributionRect() const;
     bool setHeld(int key, bool isHeld);
@@ -136,7 +137,7 @@ private:
     MapKeys m_keys;
     QPointF m_pressPosition;
     bool m_isLeftHeld = false;
-    bool m_isClick = false; ///< no drag yet, no second click
+    bool m_isClick = false; ///< neither a drag nor a second click so far
     bool m_isDirty = true;
     bool m_isSeen = false;
     double m_lastRepaint = 0.0;

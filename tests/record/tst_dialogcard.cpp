@@ -182,7 +182,7 @@ void TestDialogCard::flightKeepsTheList()
     click(flight);
     QVERIFY(m_cycles->wait());
     QCOMPARE(m_cycles->last(), (QVariantList{1U, 1}));
-    QCOMPARE(cycleItem(1)->child(1), flight); // the very same item
+    QCOMPARE(cycleItem(1)->child(1), flight); // not rebuilt
     click(cycleItem(1));
     QVERIFY(m_cycles->wait());
     QCOMPARE(m_cycles->last(), (QVariantList{1U, -1}));
@@ -245,7 +245,7 @@ void TestDialogCard::emptyFolderSaysSo()
 {
     const auto said = [this] {
         const auto* const note =
-            tree(0)->parentWidget()->findChild<QLabel*>(); // in place of the tree
+            tree(0)->parentWidget()->findChild<QLabel*>(); // shown instead of the tree
         return note->isVisible() ? note->text() : QString();
     };
     QCOMPARE(said(), "");
@@ -255,7 +255,7 @@ void TestDialogCard::emptyFolderSaysSo()
     QCOMPARE(said(), "No record files in this folder");
     QVERIFY(QDir(empty.path()).removeRecursively());
     m_dialog->refresh();
-    QVERIFY(said().contains("no longer exists"));
+    QVERIFY(said().contains("not there any more"));
     QVERIFY(m_card->readContainer(m_folder.path()));
     m_dialog->refresh();
     QCOMPARE(said(), "");
@@ -265,7 +265,7 @@ void TestDialogCard::emptyFolderSaysSo()
     m_dialog->show();
     QVERIFY(said().contains("No folder is open"));
     m_dialog->setMissingFolder("/gone/<h1>card");
-    QVERIFY(said().contains("/gone/<h1>card\ncannot be found"));
+    QVERIFY(said().contains("/gone/<h1>card\nis not there"));
     m_dialog.reset();
 }
 
