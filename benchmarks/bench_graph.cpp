@@ -100,7 +100,7 @@ void rebuildColumns(benchmark::State& state)
     for (auto _ : state) {
         shift = spacing - shift;
         for (int i = 0; i < traces; ++i)
-            graph.trace(i).rebuild(graph.windowStart + shift, graph.windowEnd,
+            graph.trace(i).rebuild(graph.window().start + shift, graph.window().end,
                                    graph.pixelSeconds());
     }
 }
@@ -114,7 +114,7 @@ void mergeAllSamples(benchmark::State& state)
         for (int i = 0; i < traces; ++i) {
             columns.clear();
             for (int k = 0; k < samplesPerTrace; ++k)
-                mergeSample(columns, graph.pixelSeconds(), k * spacing, k, 1);
+                mergeSample(columns, graph.pixelSeconds(), k * spacing, k);
             benchmark::DoNotOptimize(columns.data());
         }
     }
@@ -133,8 +133,8 @@ public:
             unsigned noise = static_cast<unsigned>(i) + 1;
             for (int k = 0; k < 40'000; ++k) {
                 noise = noise * 1664525U + 1013904223U;
-                graph.trace(i).append(
-                    k * spacing, std::sin(k * 1e-3) + static_cast<double>(noise >> 16) * 1e-6, 1);
+                graph.trace(i).append(k * spacing,
+                                      std::sin(k * 1e-3) + static_cast<double>(noise >> 16) * 1e-6);
             }
         }
         setWindow(0.0, 2000.0);
@@ -185,7 +185,7 @@ private:
             for (const GraphColumn& column : graph().trace(i).columns()) {
                 for (const double value : {column.lowest, column.highest}) {
                     strip.push_back(static_cast<float>(graph().xOf(column.time)));
-                    strip.push_back(static_cast<float>(graph().yOf(i, value)));
+                    strip.push_back(static_cast<float>(graph().scaleOf(i).yOf(value)));
                 }
             }
         }

@@ -44,7 +44,7 @@ public:
         for (int i = 0; i < traces; ++i) {
             editGraph().trace(i).reserve(samples);
             for (int k = 0; k < samples; ++k)
-                editGraph().trace(i).append(k * spacing, valueOf(i, k), 1);
+                editGraph().trace(i).append(k * spacing, valueOf(i, k));
         }
         Bench::showAndWait(*this);
     }

@@ -7,19 +7,22 @@ namespace KOLT {
 
 namespace {
 
-constexpr double roomAround = 0.05; ///< margin above and below, as a part of the range
+/// Where the replay pages the window, as a part of its length from either end.
+constexpr double pagingEdge = 0.1;
+
+constexpr double marginAround = 0.05; ///< margin above and below, as a part of the range
 
 /// The range with a margin on both sides; a flat trace is centred.
-std::pair<double, double> withRoom(double lowest, double highest)
+std::pair<double, double> withMargin(double lowest, double highest)
 {
     const double extent = highest - lowest;
     if (!std::isfinite(extent))
         return {-1.0, 1.0};
     if (extent <= 0.0) {
-        const double half = std::max(std::abs(lowest) * roomAround, 1.0);
+        const double half = std::max(std::abs(lowest) * marginAround, 1.0);
         return {lowest - half, lowest + half};
     }
-    return {lowest - extent * roomAround, highest + extent * roomAround};
+    return {lowest - extent * marginAround, highest + extent * marginAround};
 }
 
 /// Both ends in ascending order and apart: an empty scale would divide by zero.
@@ -40,7 +43,7 @@ void Graph::setTraceCount(int count)
     m_sources.assign(m_traces.size(), {});
     for (int i = 0; i < wanted; ++i)
         trace(i).color = GraphTrace::defaultColor(i);
-    selectedTrace = 0;
+    m_cursor.trace = 0;
 }
 
 void Graph::setName(int index, const QString& name, const QString& unit)
@@ -88,8 +91,8 @@ std::vector<EventLine> Graph::eventsInSight() const
 {
     const auto columnOf = [this](const EventLine& line) { return std::floor(xOf(line.seconds)); };
     std::vector<EventLine> found;
-    auto line = std::ranges::lower_bound(m_eventLines, windowStart, {}, &EventLine::seconds);
-    while (line != m_eventLines.end() && line->seconds <= windowEnd) {
+    auto line = std::ranges::lower_bound(m_eventLines, m_window.start, {}, &EventLine::seconds);
+    while (line != m_eventLines.end() && line->seconds <= m_window.end) {
         found.push_back(*line);
         line = std::ranges::upper_bound(line, m_eventLines.end(), columnOf(*line), {}, columnOf);
     }
@@ -115,43 +118,16 @@ void Graph::setMetrics(const GraphMetrics& metrics)
     setSize(m_width, m_height);
 }
 
-double Graph::lowerOf(int index) const
+double Graph::bandHeight() const
 {
-    return settings.isSplit ? trace(index).lower : m_commonLower;
-}
-
-double Graph::upperOf(int index) const
-{
-    return settings.isSplit ? trace(index).upper : m_commonUpper;
-}
-
-double Graph::offsetOf(int index) const
-{
-    return settings.isSplit ? trace(index).bandOffset : bottomMargin;
-}
-
-double Graph::bandHeightOf(int index) const
-{
-    return settings.isSplit ? trace(index).bandHeight : m_plotHeight;
-}
-
-double Graph::yOf(int index, double value) const
-{
-    return offsetOf(index) +
-           (value - lowerOf(index)) * bandHeightOf(index) / (upperOf(index) - lowerOf(index));
-}
-
-double Graph::valueAt(int index, double y) const
-{
-    const double height = bandHeightOf(index);
-    if (height <= 0.0)
-        return lowerOf(index);
-    return lowerOf(index) + (y - offsetOf(index)) * (upperOf(index) - lowerOf(index)) / height;
+    const auto visible =
+        std::ranges::count_if(m_traces, [](const GraphTrace& trace) { return trace.isVisible; });
+    return m_plotHeight / static_cast<double>(std::max<std::ptrdiff_t>(visible, 1));
 }
 
 int Graph::traceAt(double y) const
 {
-    const double height = rowHeight();
+    const double height = bandHeight();
     double offset = bottomMargin;
     for (int i = traceCount() - 1; i >= 0; --i) {
         if (!trace(i).isVisible)
@@ -163,38 +139,72 @@ int Graph::traceAt(double y) const
     return 0;
 }
 
-double Graph::rowHeight() const
+QPointF Graph::handleOf(int row) const
 {
-    const auto visible =
-        std::ranges::count_if(m_traces, [](const GraphTrace& trace) { return trace.isVisible; });
-    return m_plotHeight / static_cast<double>(std::max<std::ptrdiff_t>(visible, 1));
+    constexpr double handleX = 10.0;
+    return {handleX, topOfRow(row) - bandHeight() / 2.0};
 }
 
-bool Graph::setCursorTime(double seconds)
+double Graph::topOfRow(int row) const
 {
-    if (isCursorHeld)
-        return false;
-    cursorTime = seconds;
-    return !isPanned && followCursor();
+    return m_height - bandHeight() * row;
 }
 
-bool Graph::followCursor()
+int Graph::rowAt(double y) const
 {
-    if (settings.cursorMode == CursorMode::Floating)
-        return false;
-    const bool isAtEnd = settings.cursorMode == CursorMode::End;
-    const double start = cursorTime - span() * (isAtEnd ? 1.0 - edge : 0.5);
-    setWindow(start, start + span());
-    return true;
+    return static_cast<int>((m_height - y) / bandHeight());
+}
+
+void Graph::setCursorTime(double seconds)
+{
+    if (m_cursor.isHeld)
+        return;
+    m_cursor.time = seconds;
+    if (m_isPanned)
+        return;
+    if (m_settings.cursorMode != CursorMode::Floating) {
+        followCursor();
+        return;
+    }
+    const double edge = m_window.length() * pagingEdge;
+    const double rest = m_window.length() * (1.0 - pagingEdge);
+    if (seconds < m_window.start + edge)
+        setWindow(seconds - edge, seconds + rest);
+    else if (seconds > m_window.end - edge)
+        setWindow(seconds - rest, seconds + edge);
+}
+
+void Graph::followCursor()
+{
+    if (m_settings.cursorMode == CursorMode::Floating)
+        return;
+    const bool isAtEnd = m_settings.cursorMode == CursorMode::End;
+    const double length = m_window.length();
+    const double start = m_cursor.time - length * (isAtEnd ? 1.0 - pagingEdge : 0.5);
+    setWindow(start, start + length);
+}
+
+void Graph::placeCursor(double seconds, double y)
+{
+    m_cursor.time = seconds;
+    if (m_settings.isSplit)
+        m_cursor.trace = traceAt(y);
+    m_cursor.value = scaleOf(m_cursor.trace).valueAt(y);
+}
+
+void Graph::moveNearerMarker(double seconds)
+{
+    const double middle = (m_markers.start + m_markers.end) / 2.0;
+    (seconds < middle ? m_markers.start : m_markers.end) = seconds;
 }
 
 void Graph::setTimeSpan(double seconds)
 {
-    settings.timeSpan = seconds;
-    if (settings.isAutomatic)
-        setWindow(windowEnd - seconds, windowEnd);
+    m_settings.timeSpan = seconds;
+    if (m_settings.isAutomatic)
+        setWindow(m_window.end - seconds, m_window.end);
     else
-        setWindow(windowStart, windowStart + seconds);
+        setWindow(m_window.start, m_window.start + seconds);
 }
 
 void Graph::setWindow(double start, double end)
@@ -205,22 +215,23 @@ void Graph::setWindow(double start, double end)
     if (!std::isfinite(start) || !std::isfinite(end) || end - start < shortest ||
         std::max(std::abs(start), std::abs(end)) > longest)
         return;
-    windowStart = start;
-    windowEnd = end;
+    m_window = {start, end};
     rebuild();
 }
 
 void Graph::layOutBands()
 {
-    const double height = rowHeight();
+    const double height = bandHeight();
     double offset = bottomMargin;
     for (int i = traceCount() - 1; i >= 0; --i) {
         if (!trace(i).isVisible)
             continue;
-        trace(i).bandOffset = offset;
-        trace(i).bandHeight = height;
+        trace(i).scale.offset = offset;
+        trace(i).scale.height = height;
         offset += height;
     }
+    m_commonScale.offset = bottomMargin;
+    m_commonScale.height = m_plotHeight;
 }
 
 void Graph::rebuild()
@@ -228,7 +239,7 @@ void Graph::rebuild()
     layOutBands();
     for (GraphTrace& trace : m_traces) {
         if (trace.isVisible)
-            trace.rebuild(windowStart, windowEnd, pixelSeconds());
+            trace.rebuild(m_window.start, m_window.end, pixelSeconds());
     }
     scale();
 }
@@ -250,21 +261,21 @@ int Graph::neededDecimals(int index, const std::optional<std::pair<double, doubl
 
 void Graph::scale()
 {
-    const auto common = ordered(settings.yMinimum, settings.yMaximum);
+    const auto fixed = ordered(m_settings.yMinimum, m_settings.yMaximum);
     RangePyramid::Range all;
     for (int i = 0; i < traceCount(); ++i) {
-        GraphTrace& trace = m_traces[static_cast<std::size_t>(i)];
-        std::tie(trace.lower, trace.upper) = common;
-        const auto range = trace.isVisible ? trace.visibleRange() : std::nullopt;
+        GraphScale& own = trace(i).scale;
+        std::tie(own.lower, own.upper) = fixed;
+        const auto range = trace(i).isVisible ? trace(i).visibleRange() : std::nullopt;
         source(i).decimals = neededDecimals(i, range);
-        if (!settings.isAutoscaled || !range)
+        if (!m_settings.isAutoscaled || !range)
             continue;
-        std::tie(trace.lower, trace.upper) = withRoom(range->first, range->second);
+        std::tie(own.lower, own.upper) = withMargin(range->first, range->second);
         all.add(range->first);
         all.add(range->second);
     }
-    std::tie(m_commonLower, m_commonUpper) =
-        settings.isAutoscaled && !all.isEmpty() ? withRoom(all.lowest, all.highest) : common;
+    std::tie(m_commonScale.lower, m_commonScale.upper) =
+        m_settings.isAutoscaled && !all.isEmpty() ? withMargin(all.lowest, all.highest) : fixed;
 }
 
 } // namespace KOLT

@@ -1,40 +1,16 @@
 #pragma once
 
+#include "graph/GraphSettings.h"
 #include "graph/GraphTrace.h"
 #include "profile/ProfileParameter.h"
+
+#include <QPointF>
+#include <QRectF>
 
 #include <algorithm>
 #include <vector>
 
 namespace KOLT {
-
-enum class CursorMode : int {
-    Floating = 0,
-    Center = 1, ///< the window stays centred on the replay time
-    End = 2     ///< the window moves so that the replay time is a tenth of the span before its end
-};
-
-/// The user's settings for the graph.
-struct GraphSettings
-{
-    double timeSpan = 60.0;  ///< seconds
-    bool isSplit = true;     ///< each trace has its own band; otherwise all share one scale
-    bool isAutomatic = true; ///< a new span keeps the window's end rather than its start
-    CursorMode cursorMode = CursorMode::Center;
-    QColor background{0x00, 0x00, 0x00};
-    bool hasGrid = true;
-    QColor gridColor{0xff, 0x66, 0x66};
-    QColor labelColor{0x00, 0x00, 0x00};
-    QColor labelBackground{0xbb, 0xbb, 0xbb};
-    bool hasCursor = true;
-    bool hasLegend = true;
-    bool isAutoscaled = true;
-    double yMinimum = -100.0; ///< the scale without autoscale
-    double yMaximum = 100.0;
-    bool hasThresholds = true;
-    bool hasStatistic = true;
-    bool hasEvents = true;
-};
 
 /// Where a trace's values come from.
 struct TraceSource
@@ -61,15 +37,46 @@ struct EventLine
 /// Metrics in pixels of the fixed-pitch font used for all texts.
 struct GraphMetrics
 {
-    double rowHeight = 16.0;
+    double lineHeight = 16.0;
     double characterWidth = 7.3;
+
+    double widthOf(const QString& text) const
+    {
+        return static_cast<double>(text.size()) * characterWidth;
+    }
+
+    /// Number of characters that fit into a width.
+    int charactersIn(double width) const
+    {
+        return static_cast<int>(std::max(width / characterWidth, 0.0));
+    }
+};
+
+/// Two times in seconds on the unit's counter.
+struct TimeRange
+{
+    double start = 0.0;
+    double end = 0.0;
+
+    double length() const { return end - start; }
+
+    TimeRange ordered() const { return {std::min(start, end), std::max(start, end)}; }
+
+    bool operator==(const TimeRange&) const = default;
+};
+
+struct GraphCursor
+{
+    double time = 0.0;
+    double value = 0.0;
+    int trace = 0;       ///< the selected trace: the one whose band the cursor is in
+    bool isHeld = false; ///< by the user; the replay does not move it
 };
 
 /// The state of the oscilloscope, without drawing or input: traces, visible time window, scales,
 /// cursor and markers. Coordinates are pixels with the origin at the lower left corner.
 ///
-/// Setters ignore indices out of range. Public members may be changed freely; call rebuild() after
-/// a change of the window, the layout or the samples.
+/// Functions ignore indices of traces that are out of range.
 class Graph
 {
 public:
@@ -78,28 +85,20 @@ public:
     static constexpr double leftMargin = 74.0;
     static constexpr double rightMargin = 8.0;
     static constexpr double bottomMargin = 20.0;
-    static constexpr double edge = 0.1; ///< part of the span at which the replay pages the window
 
     Graph() { setTraceCount(6); }
 
-    GraphSettings settings;
-    double windowStart = 0.0;
-    double windowEnd = 60.0;
-    double cursorTime = 0.0;
-    double cursorValue = 0.0;
-    double pointerTime = 0.0; ///< time under the mouse
-    double markerLeft = 0.0;
-    double markerRight = 0.0;
-    bool isCursorHeld = false; ///< the user has the cursor; the replay does not move it
-    bool mayPan = true;
-    bool isPanned = false; ///< the user is panning
-    int selectedTrace = 0; ///< the trace whose band the cursor is in
+    const GraphSettings& settings() const { return m_settings; }
+
+    /// For changing them; call rebuild() afterwards.
+    GraphSettings& editSettings() { return m_settings; }
 
     /// Destroys all traces and makes 1 to 50 new ones.
     void setTraceCount(int count);
 
     int traceCount() const { return static_cast<int>(m_traces.size()); }
 
+    /// For filling it; call rebuild() afterwards.
     GraphTrace& trace(int index) { return m_traces[static_cast<std::size_t>(index)]; }
 
     const GraphTrace& trace(int index) const { return m_traces[static_cast<std::size_t>(index)]; }
@@ -148,37 +147,82 @@ public:
 
     double plotRight() const { return m_plotLeft + m_plotWidth; }
 
-    double span() const { return windowEnd - windowStart; }
+    /// y points up: top() is the lower edge.
+    QRectF plot() const { return {m_plotLeft, bottomMargin, m_plotWidth, m_plotHeight}; }
 
     /// Seconds covered by one pixel of the plot.
-    double pixelSeconds() const { return span() / m_plotWidth; }
+    double pixelSeconds() const { return m_window.length() / m_plotWidth; }
 
     double xOf(double seconds) const
     {
-        return m_plotLeft + (seconds - windowStart) * m_plotWidth / span();
+        return m_plotLeft + (seconds - m_window.start) * m_plotWidth / m_window.length();
     }
 
-    double timeAt(double x) const { return windowStart + (x - m_plotLeft) * span() / m_plotWidth; }
+    double timeAt(double x) const
+    {
+        return m_window.start + (x - m_plotLeft) * m_window.length() / m_plotWidth;
+    }
 
-    /// On the scale of the trace's band when traces are split, on the common scale otherwise.
-    double yOf(int trace, double value) const;
-    double valueAt(int trace, double y) const;
+    /// The scale of the trace's band when traces are split, the common one otherwise.
+    const GraphScale& scaleOf(int trace) const
+    {
+        return m_settings.isSplit ? this->trace(trace).scale : m_commonScale;
+    }
 
+    const GraphScale& commonScale() const { return m_commonScale; }
+
+    /// Height of a band. Each visible trace also has a row of this height for its handle, in
+    /// display order from the top of the widget.
+    double bandHeight() const;
     /// The trace whose band contains y, 0 if there is none. The last visible trace has the bottom
     /// band.
     int traceAt(double y) const;
-    /// Height of one band, and of the row of its handle. Rows are in display order from the top.
-    double rowHeight() const;
+    /// Centre of the handle in a row.
+    QPointF handleOf(int row) const;
+    double topOfRow(int row) const;
+    int rowAt(double y) const;
 
-    /// Moves the cursor to the replay time. Does nothing while the user holds the cursor; leaves
-    /// the window alone while the user pans. True if the window moved and the columns were rebuilt.
-    bool setCursorTime(double seconds);
-    /// Moves the window to where the cursor mode wants it; true if it did.
-    bool followCursor();
-    /// Keeps the window's end in automatic mode, its start otherwise.
-    void setTimeSpan(double seconds);
+    /// The visible time.
+    const TimeRange& window() const { return m_window; }
+
     /// Ignores windows that are not finite, empty or far beyond any recording.
     void setWindow(double start, double end);
+    /// Keeps the window's end in automatic mode, its start otherwise.
+    void setTimeSpan(double seconds);
+
+    /// While the user pans, the replay does not move the window.
+    void beginPan() { m_isPanned = true; }
+
+    void endPan() { m_isPanned = false; }
+
+    const GraphCursor& cursor() const { return m_cursor; }
+
+    /// Moves the cursor to the replay time, unless the user holds it, and the window with it as the
+    /// cursor mode says; in the mode "Floating" the window pages when the time comes near its ends.
+    void setCursorTime(double seconds);
+    /// Moves the window to where the modes "Center" and "End" want it.
+    void followCursor();
+
+    /// Moves the cursor for the user, in time only.
+    void moveCursor(double seconds) { m_cursor.time = seconds; }
+
+    /// Moves the cursor for the user; when traces are split, this selects the trace at the height.
+    void placeCursor(double seconds, double y);
+
+    void holdCursor() { m_cursor.isHeld = true; }
+
+    void releaseCursor() { m_cursor.isHeld = false; }
+
+    void selectTrace(int index) { m_cursor.trace = index; }
+
+    /// Left and right marker; not ordered while the user moves them.
+    const TimeRange& markers() const { return m_markers; }
+
+    void setMarkers(double left, double right) { m_markers = {left, right}; }
+
+    void orderMarkers() { m_markers = m_markers.ordered(); }
+
+    void moveNearerMarker(double seconds);
 
     /// Lays out the bands, rebuilds the columns of the visible traces and scales them.
     void rebuild();
@@ -190,30 +234,26 @@ public:
         return std::max(trace(index).decimals, source(index).decimals);
     }
 
-    double commonLower() const { return m_commonLower; }
-
-    double commonUpper() const { return m_commonUpper; }
-
 private:
     void layOutBands();
     void scale();
     int neededDecimals(int trace, const std::optional<std::pair<double, double>>& range) const;
-    double lowerOf(int trace) const;
-    double upperOf(int trace) const;
-    double offsetOf(int trace) const;
-    double bandHeightOf(int trace) const;
 
+    GraphSettings m_settings;
     std::vector<GraphTrace> m_traces;
     std::vector<TraceSource> m_sources;
     std::vector<EventLine> m_eventLines;
+    TimeRange m_window{0.0, 60.0};
+    bool m_isPanned = false;
+    GraphCursor m_cursor;
+    TimeRange m_markers;
     double m_width = 0.0;
     double m_height = 0.0;
     GraphMetrics m_metrics;
     double m_plotLeft = leftMargin;
     double m_plotWidth = 10.0;
     double m_plotHeight = 0.0;
-    double m_commonLower = -0.5;
-    double m_commonUpper = 1.5;
+    GraphScale m_commonScale;
 };
 
 } // namespace KOLT

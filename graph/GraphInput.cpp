@@ -6,8 +6,7 @@ namespace KOLT {
 
 namespace {
 
-constexpr double farStep = 10.0; ///< pixels, with Shift
-constexpr double handleX = 10.0;
+constexpr double farStep = 10.0;       ///< pixels, with Shift
 constexpr double handleReach = 1500.0; ///< squared distance in pixels
 constexpr double zoomIn = 0.9;
 constexpr double zoomOut = 1.1111111111111112;
@@ -16,71 +15,47 @@ constexpr double fitMargin = 0.1; ///< on each side, as a part of the data's len
 
 } // namespace
 
-GraphSignal GraphInput::cursor() const
-{
-    return {GraphSignal::Kind::Cursor, m_graph.cursorTime, m_graph.cursorValue};
-}
-
-GraphSignal GraphInput::markers() const
-{
-    return {GraphSignal::Kind::Marker, m_graph.markerLeft, m_graph.markerRight};
-}
-
 void GraphInput::placeCursor(const QPointF& place)
 {
-    const double y = m_graph.height() - place.y();
-    m_graph.cursorTime = m_graph.timeAt(place.x());
-    if (m_graph.settings.isSplit)
-        m_graph.selectedTrace = m_graph.traceAt(y);
-    m_graph.cursorValue = m_graph.valueAt(m_graph.selectedTrace, y);
+    m_graph.placeCursor(m_graph.timeAt(place.x()), yOf(place));
 }
 
 /// A timer ends this hold, unless the middle button is down too: then its release does.
 void GraphInput::holdForAWhile(GraphResponse& response)
 {
-    m_graph.isCursorHeld = true;
+    m_graph.holdCursor();
     if (!m_isMiddleHeld)
         response.hold = GraphResponse::Hold::Timed;
-}
-
-void GraphInput::moveNearerMarker(double seconds)
-{
-    const double middle = (m_graph.markerLeft + m_graph.markerRight) / 2.0;
-    (seconds < middle ? m_graph.markerLeft : m_graph.markerRight) = seconds;
 }
 
 bool GraphInput::moveCursorByKey(int key, double pixels)
 {
     // Horizontal steps are pixels of the widget's whole width, not of the plot's.
-    const double seconds = m_graph.span() / std::max(m_graph.width(), 1.0) * pixels;
-    double up = 0.0;
+    const double seconds = m_graph.window().length() / std::max(m_graph.width(), 1.0) * pixels;
+    const GraphCursor& cursor = m_graph.cursor();
+    const double y = m_graph.scaleOf(cursor.trace).yOf(cursor.value);
     switch (key) {
     case Qt::Key_Left:
-        m_graph.cursorTime -= seconds;
+        m_graph.moveCursor(cursor.time - seconds);
         return true;
     case Qt::Key_Right:
-        m_graph.cursorTime += seconds;
+        m_graph.moveCursor(cursor.time + seconds);
         return true;
     case Qt::Key_Up:
-        up = pixels;
-        break;
+        m_graph.placeCursor(cursor.time, y + pixels);
+        return true;
     case Qt::Key_Down:
-        up = -pixels;
-        break;
+        m_graph.placeCursor(cursor.time, y - pixels);
+        return true;
     default:
         return false;
     }
-    const double y = m_graph.yOf(m_graph.selectedTrace, m_graph.cursorValue) + up;
-    if (m_graph.settings.isSplit)
-        m_graph.selectedTrace = m_graph.traceAt(y);
-    m_graph.cursorValue = m_graph.valueAt(m_graph.selectedTrace, y);
-    return true;
 }
 
 GraphResponse GraphInput::goTo(double seconds)
 {
-    const double half = m_graph.span() / 2.0;
-    m_graph.cursorTime = seconds;
+    const double half = m_graph.window().length() / 2.0;
+    m_graph.moveCursor(seconds);
     m_graph.setWindow(seconds - half, seconds + half);
     GraphResponse response{{cursor()}};
     response.needsRepaint = true;
@@ -94,25 +69,27 @@ GraphResponse GraphInput::keyPress(int key, Qt::KeyboardModifiers modifiers)
     response.needsRepaint = true;
     if (moveCursorByKey(key, pixels)) {
         holdForAWhile(response);
-        response.reports.push_back(cursor());
+        response.reports.emplace_back(cursor());
         return response;
     }
-    const double length = m_last - m_first;
+    const double margin = m_extent.length() * fitMargin;
+    const TimeRange window = m_graph.window();
     switch (key) {
     case Qt::Key_F:
-        m_graph.settings.isAutomatic = false;
-        m_graph.setWindow(m_first - length * fitMargin, m_last + length * fitMargin);
+        m_graph.editSettings().isAutomatic = false;
+        m_graph.setWindow(m_extent.start - margin, m_extent.end + margin);
+        m_graph.editSettings().timeSpan = m_graph.window().length();
         response.hasZoomed = true;
-        response.reports.push_back({GraphSignal::Kind::ManMode});
+        response.reports.emplace_back(ManualModeReport());
         return response;
     case Qt::Key_Home:
-        return goTo(m_first);
+        return goTo(m_extent.start);
     case Qt::Key_End:
-        return goTo(m_last);
+        return goTo(m_extent.end);
     case Qt::Key_M:
-        m_graph.markerLeft = m_graph.windowStart + m_graph.span() / 4.0;
-        m_graph.markerRight = m_graph.windowEnd - m_graph.span() / 4.0;
-        response.reports.push_back(markers());
+        m_graph.setMarkers(window.start + window.length() / 4.0,
+                           window.end - window.length() / 4.0);
+        response.reports.emplace_back(markers());
         return response;
     default:
         response.isHandled = false;
@@ -123,14 +100,11 @@ GraphResponse GraphInput::keyPress(int key, Qt::KeyboardModifiers modifiers)
 std::optional<int> GraphInput::handleAt(const QPointF& place) const
 {
     std::optional<int> found;
-    const double height = m_graph.rowHeight();
-    double middle = height * 0.5;
+    int row = 0;
     for (const int index : m_graph.visibleTraces()) {
-        const double dx = place.x() - handleX;
-        const double dy = place.y() - middle;
-        if (dx * dx + dy * dy < handleReach)
+        const QPointF offset = QPointF(place.x(), yOf(place)) - m_graph.handleOf(row++);
+        if (QPointF::dotProduct(offset, offset) < handleReach)
             found = index;
-        middle += height;
     }
     return found;
 }
@@ -152,29 +126,27 @@ GraphResponse GraphInput::mousePress(Qt::MouseButton button, const QPointF& plac
             const std::vector<int> rows = m_graph.visibleTraces();
             m_targetRow = static_cast<int>(std::ranges::find(rows, *m_dragged) - rows.begin());
         } else if (modifiers.testFlag(Qt::ShiftModifier)) {
-            moveNearerMarker(seconds);
-            response.reports.push_back(markers());
+            m_graph.moveNearerMarker(seconds);
+            response.reports.emplace_back(markers());
             beginPan(place.x());
         } else if (modifiers.testFlag(Qt::ControlModifier)) {
             holdForAWhile(response);
             placeCursor(place);
-            response.reports.push_back(cursor());
+            response.reports.emplace_back(cursor());
         } else {
-            m_graph.markerLeft = seconds;
-            m_graph.markerRight = seconds;
-            response.reports.push_back(markers());
+            m_graph.setMarkers(seconds, seconds);
+            response.reports.emplace_back(markers());
         }
         break;
     case Qt::MiddleButton:
         m_isMiddleHeld = true;
-        m_graph.isCursorHeld = true;
+        m_graph.holdCursor();
         response.hold = GraphResponse::Hold::Open;
         placeCursor(place);
-        response.reports.push_back(cursor());
+        response.reports.emplace_back(cursor());
         break;
     case Qt::RightButton:
-        if (m_graph.mayPan)
-            beginPan(place.x());
+        beginPan(place.x());
         break;
     default:
         response.isHandled = false;
@@ -184,34 +156,32 @@ GraphResponse GraphInput::mousePress(Qt::MouseButton button, const QPointF& plac
     return response;
 }
 
-/// While the user pans, the replay does not move the window.
 void GraphInput::beginPan(double x)
 {
-    m_pan = Pan{x, m_graph.windowStart, m_graph.windowEnd};
-    m_graph.isPanned = true;
+    m_pan = Pan{x, m_graph.window()};
+    m_graph.beginPan();
 }
 
 void GraphInput::endPan()
 {
     m_pan.reset();
-    m_graph.isPanned = false;
+    m_graph.endPan();
 }
 
 void GraphInput::pan(double x, GraphResponse& response)
 {
-    m_graph.settings.isAutomatic = false;
+    m_graph.editSettings().isAutomatic = false;
     const double shift = (m_pan->x - x) * m_graph.pixelSeconds();
-    m_graph.setWindow(m_pan->start + shift, m_pan->end + shift);
-    response.reports.push_back({GraphSignal::Kind::ManMode});
+    m_graph.setWindow(m_pan->window.start + shift, m_pan->window.end + shift);
+    response.reports.emplace_back(ManualModeReport());
     response.needsRepaint = true;
 }
 
 GraphResponse GraphInput::mouseMove(const QPointF& place, Qt::KeyboardModifiers modifiers)
 {
     GraphResponse response;
-    m_graph.pointerTime = m_graph.timeAt(place.x());
     if (m_dragged) {
-        m_targetRow = static_cast<int>(place.y() / m_graph.rowHeight());
+        m_targetRow = m_graph.rowAt(yOf(place));
         m_dragOffset = m_pressY - place.y();
         response.needsRepaint = true;
         return response;
@@ -222,7 +192,7 @@ GraphResponse GraphInput::mouseMove(const QPointF& place, Qt::KeyboardModifiers 
     const bool isControl = modifiers.testFlag(Qt::ControlModifier);
     if (m_isLeftHeld && !isControl) {
         placeCursor(place);
-        moveNearerMarker(m_graph.pointerTime);
+        m_graph.moveNearerMarker(m_graph.timeAt(place.x()));
         response.needsRepaint = true;
         response.reports.insert(response.reports.end(), {markers(), cursor(), markers()});
     } else if (m_isMiddleHeld || m_isLeftHeld) {
@@ -230,7 +200,7 @@ GraphResponse GraphInput::mouseMove(const QPointF& place, Qt::KeyboardModifiers 
             holdForAWhile(response);
         placeCursor(place);
         response.needsRepaint = true;
-        response.reports.push_back(cursor());
+        response.reports.emplace_back(cursor());
     }
     if (m_pan)
         pan(place.x(), response);
@@ -244,21 +214,18 @@ GraphResponse GraphInput::mouseRelease(Qt::MouseButton button)
     switch (button) {
     case Qt::LeftButton:
         if (m_dragged)
-            response.reports.push_back({GraphSignal::Kind::MoveParameter,
-                                        static_cast<double>(*m_dragged),
-                                        static_cast<double>(m_targetRow)});
+            response.reports.emplace_back(TraceMovedReport{*m_dragged, m_targetRow});
         m_dragged.reset();
         m_dragOffset = 0.0;
-        if (m_graph.markerLeft > m_graph.markerRight)
-            std::swap(m_graph.markerLeft, m_graph.markerRight);
+        m_graph.orderMarkers();
         m_isLeftHeld = false;
         endPan();
         break;
     case Qt::MiddleButton:
         m_isMiddleHeld = false;
-        m_graph.isCursorHeld = false;
+        m_graph.releaseCursor();
         response.hold = GraphResponse::Hold::Ended;
-        response.reports.push_back({GraphSignal::Kind::MoveCursorFinished});
+        response.reports.emplace_back(CursorFinishedReport());
         break;
     case Qt::RightButton:
         m_graph.rebuild();
@@ -275,12 +242,13 @@ GraphResponse GraphInput::mouseRelease(Qt::MouseButton button)
 GraphResponse GraphInput::wheel(int angleDelta, double x, Qt::KeyboardModifiers modifiers)
 {
     GraphResponse response;
-    m_graph.pointerTime = m_graph.timeAt(x);
     if (modifiers.testFlag(Qt::ShiftModifier) || angleDelta == 0) // turned sideways
         return response;
     const double factor = angleDelta >= 1 ? zoomIn : zoomOut;
-    const double h = m_graph.pointerTime;
-    m_graph.setWindow(h - (h - m_graph.windowStart) * factor, h - (h - m_graph.windowEnd) * factor);
+    const double h = m_graph.timeAt(x);
+    const TimeRange window = m_graph.window();
+    m_graph.setWindow(h - (h - window.start) * factor, h - (h - window.end) * factor);
+    m_graph.editSettings().timeSpan = m_graph.window().length();
     response.needsRepaint = true;
     response.hasZoomed = true;
     response.recalculations = wheelRepeats;

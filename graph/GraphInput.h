@@ -5,21 +5,40 @@
 #include <QPointF>
 
 #include <optional>
+#include <variant>
 #include <vector>
 
 namespace KOLT {
 
-/// One report of a user action, to be sent as a signal of the widget.
-struct GraphSignal
+/// What the user did; the widget sends each as a signal.
+struct CursorReport
 {
-    enum class Kind { Cursor, MoveCursorFinished, Marker, ManMode, MoveParameter };
-
-    Kind kind = Kind::Cursor;
-    double first = 0.0;  ///< time, left marker, or index of the dragged trace
-    double second = 0.0; ///< value, right marker, or target row
-
-    bool operator==(const GraphSignal&) const = default;
+    double seconds = 0.0;
+    double value = 0.0;
 };
+
+struct CursorFinishedReport
+{
+};
+
+struct MarkersReport
+{
+    TimeRange markers;
+};
+
+/// The window left the automatic mode.
+struct ManualModeReport
+{
+};
+
+struct TraceMovedReport
+{
+    int trace = 0;
+    int row = 0; ///< where it was dropped
+};
+
+using GraphReport = std::variant<CursorReport, CursorFinishedReport, MarkersReport,
+                                 ManualModeReport, TraceMovedReport>;
 
 /// What the widget has to do after an input.
 struct GraphResponse
@@ -32,7 +51,7 @@ struct GraphResponse
         Ended
     };
 
-    std::vector<GraphSignal> reports; ///< in the order in which to send them
+    std::vector<GraphReport> reports; ///< in the order in which to send them
     bool isHandled = true;            ///< if false, the key belongs to the base class
     bool needsRepaint = false;
     Hold hold = Hold::Unchanged;
@@ -52,11 +71,7 @@ public:
     }
 
     /// First and last time of the data, for the keys F, Home and End.
-    void setExtent(double first, double last)
-    {
-        m_first = first;
-        m_last = last;
-    }
+    void setExtent(double first, double last) { m_extent = {first, last}; }
 
     GraphResponse keyPress(int key, Qt::KeyboardModifiers modifiers);
     GraphResponse mousePress(Qt::MouseButton button, const QPointF& place,
@@ -81,30 +96,33 @@ private:
     struct Pan
     {
         double x = 0.0;
-        double start = 0.0;
-        double end = 0.0;
+        TimeRange window;
     };
 
     void placeCursor(const QPointF& place);
     void holdForAWhile(GraphResponse& response);
-    void moveNearerMarker(double seconds);
     std::optional<int> handleAt(const QPointF& place) const;
+
+    double yOf(const QPointF& place) const { return m_graph.height() - place.y(); }
+
     void beginPan(double x);
     void endPan();
     void pan(double x, GraphResponse& response);
-    GraphSignal cursor() const;
-    GraphSignal markers() const;
+
+    CursorReport cursor() const { return {m_graph.cursor().time, m_graph.cursor().value}; }
+
+    MarkersReport markers() const { return {m_graph.markers()}; }
+
     bool moveCursorByKey(int key, double pixels);
     GraphResponse goTo(double seconds);
 
     Graph& m_graph;
-    double m_first = 0.0;
-    double m_last = 0.0;
+    TimeRange m_extent; ///< of the data
     bool m_isLeftHeld = false;
     bool m_isMiddleHeld = false;
     std::optional<Pan> m_pan;
     std::optional<int> m_hovered;
-    std::optional<int> m_dragged;
+    std::optional<int> m_dragged; ///< trace
     int m_targetRow = 0;
     double m_pressY = 0.0;
     double m_dragOffset = 0.0;

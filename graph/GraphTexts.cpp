@@ -2,8 +2,6 @@
 
 #include "record/ClockTime.h"
 
-#include <QLocale>
-
 #include <algorithm>
 #include <cmath>
 
@@ -81,7 +79,8 @@ QString scaleText(const Graph& graph, int index)
 {
     const GraphTrace& trace = graph.trace(index);
     const int decimals = graph.shownDecimals(index);
-    return QString::asprintf("%8.*f %8.*f ", decimals, trace.lower, decimals, trace.upper) +
+    return QString::asprintf("%8.*f %8.*f ", decimals, trace.scale.lower, decimals,
+                             trace.scale.upper) +
            QStringLiteral("[%1]").arg(trace.unit);
 }
 
@@ -89,11 +88,6 @@ QString cursorText(double seconds, double value)
 {
     return clockTime(seconds).toString(QStringLiteral("hh:mm:ss.zzz")) +
            QString::asprintf("/%.2f", value);
-}
-
-QString roundTripText(double number)
-{
-    return QLocale::c().toString(number, 'g', QLocale::FloatingPointShortest);
 }
 
 } // namespace KOLT

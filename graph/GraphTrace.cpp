@@ -8,9 +8,7 @@ namespace KOLT {
 
 namespace {
 
-enum Fill { oneSample = 2, twoSamples = 3, moreSamples = 4 };
-
-GraphColumn columnOf(double time, double value, int mark)
+GraphColumn columnOf(double time, double value, SampleMark mark)
 {
     GraphColumn column;
     column.time = time;
@@ -18,7 +16,7 @@ GraphColumn columnOf(double time, double value, int mark)
     column.low = value;
     column.high = value;
     column.last = value;
-    column.mark = mark == 0 ? 0 : 1;
+    column.mark = mark;
     column.lowest = value;
     column.highest = value;
     column.end = value;
@@ -37,20 +35,20 @@ void widen(GraphColumn& column, double lowest, double highest)
 } // namespace
 
 void mergeSample(std::vector<GraphColumn>& columns, double pixelSeconds, double time, double value,
-                 int mark)
+                 SampleMark mark)
 {
     if (columns.empty() || !(time - columns.back().time <= pixelSeconds)) {
         columns.push_back(columnOf(time, value, mark));
         return;
     }
     GraphColumn& column = columns.back();
-    if (mark == 0)
-        column.mark = 0;
-    if (column.fill == oneSample) {
-        column.fill = twoSamples;
+    if (mark == SampleMark::AfterGap)
+        column.mark = SampleMark::AfterGap;
+    if (column.fill == ColumnFill::OneSample) {
+        column.fill = ColumnFill::TwoSamples;
         column.high = value;
     } else {
-        column.fill = moreSamples;
+        column.fill = ColumnFill::MoreSamples;
         column.last = value;
         if (value < column.low)
             column.low = value;
@@ -95,7 +93,7 @@ void GraphTrace::takeSamples(GraphTrace& other)
     other.clear();
 }
 
-void GraphTrace::append(double time, double value, int mark)
+void GraphTrace::append(double time, double value, SampleMark mark)
 {
     m_times->append(time, mark);
     m_values.push_back(plottable(value));
@@ -117,7 +115,7 @@ void GraphTrace::addColumn(const SampleTimes::Run& run, std::size_t to)
     if (count == 1)
         return;
     const double second = m_values[from + 1];
-    column.fill = count == 2 ? twoSamples : moreSamples;
+    column.fill = count == 2 ? ColumnFill::TwoSamples : ColumnFill::MoreSamples;
     column.high = second;
     column.end = m_values[to - 1];
     if (!std::isnan(second))
@@ -146,8 +144,7 @@ void GraphTrace::rebuild(double start, double end, double pixelSeconds)
             --position;
         for (std::size_t i = position; i < size(); ++i) {
             const double time = m_times->at(i);
-            mergeSample(m_columns, pixelSeconds, time, m_values[i],
-                        m_times->hasGap(i, i + 1) ? 0 : 1);
+            mergeSample(m_columns, pixelSeconds, time, m_values[i], m_times->markOf(i));
             if (time >= end)
                 break;
         }
@@ -178,10 +175,10 @@ std::optional<std::pair<double, double>> GraphTrace::visibleRange() const
     std::size_t first = 0;
     std::size_t last = m_columns.size();
     const auto isBroken = [this](std::size_t i) {
-        return i < m_columns.size() && m_columns[i].mark == 0;
+        return i < m_columns.size() && m_columns[i].mark == SampleMark::AfterGap;
     };
-    if (first < last && m_columns.front().time < m_start && m_columns.front().fill == oneSample &&
-        isBroken(1))
+    if (first < last && m_columns.front().time < m_start &&
+        m_columns.front().fill == ColumnFill::OneSample && isBroken(1))
         ++first;
     if (first < last && m_columns.back().time > m_end && isBroken(last - 1))
         --last;

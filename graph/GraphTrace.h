@@ -12,16 +12,18 @@
 
 namespace KOLT {
 
+enum class ColumnFill : int { OneSample = 2, TwoSamples = 3, MoreSamples = 4 };
+
 /// Summary of a trace's samples in one pixel column.
 struct GraphColumn
 {
-    int fill = 2;       ///< 2 after one sample, 3 after two, 4 after three or more
+    ColumnFill fill = ColumnFill::OneSample;
     double time = 0.0;  ///< of the first sample, in seconds
     double first = 0.0; ///< value of the first sample
     double low = 0.0;   ///< lowest of the first, third and later values
     double high = 0.0;  ///< highest of the second and later values
     double last = 0.0;  ///< value of the last sample from the third on, otherwise the first
-    int mark = 1;       ///< 0 when a sample after a gap is among them
+    SampleMark mark = SampleMark::Joined; ///< AfterGap if one of the samples is
     // For drawing: `low` misses a downward spike in the second sample.
     double lowest = 0.0; ///< of all samples; NaN only if no sample is a number
     double highest = 0.0;
@@ -34,7 +36,7 @@ struct GraphColumn
 /// after the start of the last one. This rule defines the columns; GraphTrace::rebuild() yields the
 /// same ones without visiting every sample.
 void mergeSample(std::vector<GraphColumn>& columns, double pixelSeconds, double time, double value,
-                 int mark);
+                 SampleMark mark = SampleMark::Joined);
 
 /// Statistic of the samples between two times.
 struct RangeStatistic
@@ -50,6 +52,22 @@ inline double plottable(double value)
     return value + value * 0.0; // infinity * 0 is NaN
 }
 
+/// Maps values to heights in pixels from the bottom of the widget.
+struct GraphScale
+{
+    double lower = -0.5; ///< value at the lower end
+    double upper = 1.5;
+    double offset = 0.0; ///< height of the lower end
+    double height = 0.0;
+
+    double yOf(double value) const { return offset + (value - lower) * height / (upper - lower); }
+
+    double valueAt(double y) const
+    {
+        return height > 0.0 ? lower + (y - offset) * (upper - lower) / height : lower;
+    }
+};
+
 /// One parameter's samples over time, and the pixel columns of the visible window.
 ///
 /// Times are seconds on the unit's counter. Times that do not ascend are supported, but rebuild()
@@ -61,11 +79,8 @@ public:
     QString unit = QStringLiteral("-");
     QColor color = Qt::white;
     bool isVisible = true;
-    int decimals = 2;    ///< in texts
-    double lower = -0.5; ///< scale of the trace's band
-    double upper = 1.5;
-    double bandOffset = 0.0; ///< pixels from the bottom of the widget
-    double bandHeight = 0.0; ///< pixels
+    int decimals = 2; ///< in texts
+    GraphScale scale; ///< of the trace's band
 
     GraphTrace() = default;
     /// Not copyable: copies would append to the same list of times.
@@ -84,9 +99,8 @@ public:
     const std::shared_ptr<SampleTimes>& times() const { return m_times; }
 
     void reserve(std::size_t samples);
-    /// A mark of 0 means that samples are missing before this one. Only for a trace that does not
-    /// share its times.
-    void append(double time, double value, int mark);
+    /// Only for a trace that does not share its times.
+    void append(double time, double value, SampleMark mark = SampleMark::Joined);
     /// Drops samples and columns.
     void clear();
 

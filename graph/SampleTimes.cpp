@@ -2,11 +2,11 @@
 
 namespace KOLT {
 
-void SampleTimes::append(double time, int mark)
+void SampleTimes::append(double time, SampleMark mark)
 {
     if (!m_times.empty() && !(time >= m_times.back()))
         m_isAscending = false;
-    if (mark == 0)
+    if (mark == SampleMark::AfterGap)
         m_gaps.push_back(static_cast<std::uint32_t>(m_size));
     m_times.push_back(time);
     ++m_size;
@@ -64,7 +64,7 @@ void SampleTimes::findRuns(const Window& window) const
         run.first = static_cast<std::uint32_t>(position);
         run.time = at(position);
         for (; gap != m_gaps.end() && *gap < next; ++gap)
-            run.mark = 0;
+            run.mark = SampleMark::AfterGap;
         step = next - position;
         position = next;
         // Long series do not fit into the cache. The next columns are likely as wide as the last.
@@ -77,7 +77,7 @@ void SampleTimes::findRuns(const Window& window) const
             prefetch(later);
         }
     }
-    m_runs.push_back({static_cast<std::uint32_t>(position), 1, 0.0});
+    m_runs.push_back({static_cast<std::uint32_t>(position)});
     m_window = window;
 }
 

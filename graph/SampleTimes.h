@@ -11,6 +11,12 @@
 
 namespace KOLT {
 
+/// Whether a line may join a sample to the one before it.
+enum class SampleMark : int {
+    AfterGap = 0, ///< samples are missing before this one
+    Joined = 1
+};
+
 /// The times of a trace's samples in seconds on the unit's counter, and the positions of gaps. All
 /// traces of one message share one object, and with it the search for the samples of each pixel
 /// column.
@@ -21,8 +27,8 @@ public:
     struct Run
     {
         std::uint32_t first = 0;
-        int mark = 1;      ///< 0 when a sample after a gap is among them
-        double time = 0.0; ///< of the first sample
+        SampleMark mark = SampleMark::Joined; ///< AfterGap if one of its samples is
+        double time = 0.0;                    ///< of the first sample
     };
 
     SampleTimes() = default;
@@ -39,8 +45,8 @@ public:
 
     void reserve(std::size_t samples) { m_times.reserve(samples); }
 
-    /// Not for times of a series. A mark of 0 means that samples are missing before this one.
-    void append(double time, int mark);
+    /// Not for times of a series.
+    void append(double time, SampleMark mark);
 
     /// The series that the times are read from, null if they are stored here.
     const MessageSeries* series() const { return m_series; }
@@ -56,10 +62,10 @@ public:
 
     bool isAscending() const { return m_isAscending; }
 
-    bool hasGap(std::size_t from, std::size_t to) const
+    SampleMark markOf(std::size_t index) const
     {
-        const auto gap = std::ranges::lower_bound(m_gaps, from);
-        return gap != m_gaps.end() && *gap < to;
+        return std::ranges::binary_search(m_gaps, index) ? SampleMark::AfterGap
+                                                         : SampleMark::Joined;
     }
 
     /// Position of the first sample at or after the time.
@@ -104,7 +110,7 @@ private:
     const MessageSeries* m_series = nullptr;
     std::size_t m_size = 0;
     SampleValues m_times;              ///< empty if the times are read from a series
-    std::vector<std::uint32_t> m_gaps; ///< positions with a mark of 0, ascending
+    std::vector<std::uint32_t> m_gaps; ///< positions of samples after a gap, ascending
     bool m_isAscending = true;
     mutable Window m_window;
     mutable std::vector<Run> m_runs; ///< for m_window; empty before the first request

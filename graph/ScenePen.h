@@ -10,14 +10,20 @@ inline QColor withAlpha(QColor color, int alpha)
     return color;
 }
 
-/// Adds figures to a scene.
+/// Adds figures and texts to a scene, and remembers where texts have plates.
 class ScenePen
 {
 public:
-    explicit ScenePen(GraphScene& scene)
+    ScenePen(GraphScene& scene, const Graph& graph)
         : m_scene(scene)
+        , m_metrics(graph.metrics())
+        , m_background(graph.settings().background)
     {
     }
+
+    GraphScene& scene() { return m_scene; }
+
+    const GraphMetrics& metrics() const { return m_metrics; }
 
     void vertex(double x, double y)
     {
@@ -25,47 +31,36 @@ public:
                                 {static_cast<float>(x), static_cast<float>(y)});
     }
 
-    int vertexCount() const { return static_cast<int>(m_scene.vertices.size() / 2); }
-
-    GraphScene::Figure& begin(GraphScene::Kind kind, const QColor& color, float width = 1.0F)
-    {
-        GraphScene::Figure& figure = m_scene.figures.emplace_back();
-        figure.kind = kind;
-        figure.color = color;
-        figure.width = width;
-        figure.first = vertexCount();
-        return figure;
-    }
-
+    GraphScene::Figure& begin(GraphScene::Kind kind, const QColor& color, float width = 1.0F);
     /// Drops figures without vertices.
-    void end()
-    {
-        GraphScene::Figure& figure = m_scene.figures.back();
-        figure.count = vertexCount() - figure.first;
-        if (figure.count == 0)
-            m_scene.figures.pop_back();
-    }
+    void end();
+    void quad(const QRectF& rect, const QColor& color);
+    void line(double x1, double y1, double x2, double y2, const QColor& color, float width = 1.0F);
 
-    void quad(const QRectF& rect, const QColor& color)
-    {
-        begin(GraphScene::Kind::Quads, color);
-        vertex(rect.left(), rect.top());
-        vertex(rect.right(), rect.top());
-        vertex(rect.right(), rect.bottom());
-        vertex(rect.left(), rect.bottom());
-        end();
-    }
+    void text(double x, double y, Qt::Alignment alignment, const QString& content,
+              const QColor& color);
+    /// A text in the plot, on a translucent plate that keeps it legible over the grid.
+    void plateText(double x, double y, Qt::Alignment alignment, const QString& content,
+                   const QColor& color);
+    void plate(const QRectF& area);
 
-    void line(double x1, double y1, double x2, double y2, const QColor& color, float width = 1.0F)
-    {
-        begin(GraphScene::Kind::Lines, color, width);
-        vertex(x1, y1);
-        vertex(x2, y2);
-        end();
-    }
+    const std::vector<QRectF>& plates() const { return m_plates; }
+
+    /// Whether no plate is in the area.
+    bool isFree(const QRectF& area) const;
+    QColor plateColor() const;
+    /// The colour, lightened on a dark background or darkened on a light one if too close to it.
+    QColor legible(const QColor& color) const;
+    /// The area that a text of the scene covers.
+    QRectF areaOf(const GraphScene::Text& text) const;
 
 private:
+    int vertexCount() const { return static_cast<int>(m_scene.vertices.size() / 2); }
+
     GraphScene& m_scene;
+    GraphMetrics m_metrics;
+    QColor m_background;
+    std::vector<QRectF> m_plates;
 };
 
 } // namespace KOLT

@@ -1,7 +1,5 @@
 #include "graph/TraceDrawing.h"
 
-#include "graph/ScenePen.h"
-
 #include <algorithm>
 #include <cmath>
 
@@ -26,25 +24,23 @@ struct Stroke
 std::vector<Stroke> strokesOf(const Graph& graph, int index, const QRectF& area)
 {
     const GraphTrace& trace = graph.trace(index);
-    const double zero = graph.yOf(index, trace.lower);
-    const double unit = (graph.yOf(index, trace.upper) - zero) / (trace.upper - trace.lower);
+    const GraphScale& scale = graph.scaleOf(index);
     // Values far outside the plot would lose precision as float.
     const auto yOf = [&](double value) {
-        return std::clamp(zero + (value - trace.lower) * unit, area.top() - 1e5,
-                          area.bottom() + 1e5);
+        return std::clamp(scale.yOf(value), area.top() - 1e5, area.bottom() + 1e5);
     };
     std::vector<Stroke> result;
     result.reserve(trace.columns().size());
     bool isJoined = false;
     for (const GraphColumn& column : trace.columns()) {
         const bool isNumber = !std::isnan(column.lowest);
-        if (column.mark == 0 || !isNumber) // data are missing
+        if (column.mark == SampleMark::AfterGap || !isNumber) // data are missing
             isJoined = false;
         if (!isNumber)
             continue;
         result.push_back({std::clamp(graph.xOf(column.time), -1e6, 1e6), yOf(column.lowest),
                           yOf(column.highest), yOf(column.first), yOf(column.end), isJoined,
-                          column.fill > 2});
+                          column.fill != ColumnFill::OneSample});
         isJoined = true;
     }
     return result;
@@ -117,13 +113,11 @@ void drawDense(ScenePen& pen, const std::vector<Stroke>& drawn, const QColor& co
 
 } // namespace
 
-void drawTrace(GraphScene& scene, const Graph& graph, int index, const QRectF& area,
-               double pixelRatio)
+void drawTrace(ScenePen& pen, const Graph& graph, int index, const QRectF& area, double pixelRatio)
 {
     const std::vector<Stroke> drawn = strokesOf(graph, index, area);
     if (drawn.empty())
         return;
-    ScenePen pen(scene);
     constexpr double dense = 1.1; ///< mean pixels between strokes
     const double reach = drawn.back().x - drawn.front().x;
     const QColor& color = graph.trace(index).color;

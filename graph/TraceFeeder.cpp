@@ -80,7 +80,7 @@ void feedSorted(GraphTrace& trace, const MessageSeries& series, const SampleValu
     for (std::size_t i = 0; i < samples.size(); ++i) {
         const std::int64_t ticks = ticksOf(samples[i]);
         trace.append(samples[i].seconds(), values[samples.storedIndex(i)],
-                     ticks - before > usual ? 0 : 1);
+                     ticks - before > usual ? SampleMark::AfterGap : SampleMark::Joined);
         before = ticks;
     }
 }
@@ -138,8 +138,8 @@ void TraceFeeder::begin(const Profile& profile,
     m_profile = &profile;
     m_dataSet = &dataSet;
     m_pending.clear();
-    const ProfileParameter* const selected = m_graph.hasTrace(m_graph.selectedTrace)
-                                                 ? m_graph.source(m_graph.selectedTrace).parameter
+    const ProfileParameter* const selected = m_graph.hasTrace(m_graph.cursor().trace)
+                                                 ? m_graph.source(m_graph.cursor().trace).parameter
                                                  : nullptr;
     std::vector<std::pair<GraphTrace, TraceSource>> before;
     for (int i = 0; i < m_graph.traceCount(); ++i)
@@ -149,7 +149,7 @@ void TraceFeeder::begin(const Profile& profile,
         const ProfileParameter& parameter = *parameters[static_cast<std::size_t>(i)];
         describeTrace(m_graph, i, profile, parameter);
         if (&parameter == selected)
-            m_graph.selectedTrace = i;
+            m_graph.selectTrace(i);
         const MessageSeries* const series = &seriesOf(dataSet.messages, parameter);
         const auto same = std::ranges::find_if(before, [&](const auto& entry) {
             const auto& [trace, source] = entry;
@@ -172,7 +172,7 @@ bool TraceFeeder::feed(std::chrono::milliseconds budget)
         m_pending.pop_front();
         feedTrace(m_graph, index, *m_profile, *m_graph.source(index).parameter, *m_dataSet);
         // Builds the pyramid now, within the budget: it takes as long as decoding.
-        m_graph.trace(index).rebuild(m_graph.windowStart, m_graph.windowEnd,
+        m_graph.trace(index).rebuild(m_graph.window().start, m_graph.window().end,
                                      m_graph.pixelSeconds());
         if (std::chrono::steady_clock::now() - start >= budget)
             break;

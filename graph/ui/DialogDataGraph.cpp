@@ -1,17 +1,16 @@
 #include "graph/ui/DialogDataGraph.h"
 
 #include "analysis/Findings.h"
-#include "graph/TraceFeeder.h"
 #include "graph/ui/DialogGraphSetup.h"
+#include "graph/ui/GraphSnapshot.h"
+#include "graph/ui/TraceLoader.h"
 #include "graph/ui/WidgetGraph.h"
 #include "graph/ui/WidgetGraphES.h"
 #include "ui/ContentOrNote.h"
 
-#include <QButtonGroup>
+#include <QApplication>
+#include <QClipboard>
 #include <QLabel>
-#include <QOffscreenSurface>
-#include <QOpenGLContext>
-#include <QToolButton>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -23,24 +22,6 @@ namespace KOLT {
 namespace {
 
 constexpr int holdMilliseconds = 50;
-constexpr std::chrono::milliseconds feedBudget(15); ///< per step
-constexpr int showMilliseconds = 100; ///< between repaints while traces are being filled
-
-/// Whether OpenGL contexts here have the fixed-function pipeline. Determined once.
-bool hasFixedFunction()
-{
-    static const bool answer = [] {
-        QOpenGLContext context;
-        QOffscreenSurface surface;
-        surface.create();
-        if (!context.create() || !context.makeCurrent(&surface))
-            return true; // the widget will report the error
-        const QSurfaceFormat format = context.format();
-        const bool isCore = format.profile() == QSurfaceFormat::CoreProfile;
-        return !context.isOpenGLES() && !isCore;
-    }();
-    return answer;
-}
 
 /// Numbered like the rows of the limit page, which lists the same events in this order.
 std::vector<EventLine> linesOf(std::span<const Event> events)
@@ -58,56 +39,74 @@ DialogDataGraph::DialogDataGraph(const Profile& profile, const GraphSettings& se
                                  QWidget* parent)
     : QWidget(parent)
     , m_profile(profile)
-    , m_settings(settings)
 {
     auto* const page = new QWidget(this);
-    createBar();
-    if (hasFixedFunction())
+    m_bar = new GraphCommandBar(page);
+    if (WidgetGraph::isSupported())
         m_graph = new WidgetGraph(page);
     else
         m_graph = new WidgetGraphES(page);
-    auto* const layout = new QVBoxLayout(page);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->addLayout(m_bar);
     m_cut = new QLabel(page);
     m_cut->setIndent(4);
     m_cut->setWordWrap(true); // otherwise its text would widen the page
     m_cut->hide();
+    auto* const layout = new QVBoxLayout(page);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(m_bar);
     layout->addWidget(m_cut);
     layout->addWidget(m_graph, 1);
     m_shown = new ContentOrNote(this, page);
-
-    m_setup = new DialogGraphSetup(m_settings, this);
-    connect(m_setup, &DialogGraphSetup::signalChanged, this, [this] {
-        // Applying the settings applies their span too, but the dialog cannot change it.
-        const double start = m_graph->graph().windowStart;
-        const double end = m_graph->graph().windowEnd;
-        slotGraphSetup();
-        m_graph->setWindow(start, end);
-    });
-    connect(m_graph, &WidgetGraphBase::signalCursor, this, [this](float seconds, double value) {
-        keepTime(static_cast<double>(seconds));
-        emit signalCursor(seconds, value);
-    });
-    connect(m_graph, &WidgetGraphBase::signalManMode, this, &DialogDataGraph::slotManMode);
-    connect(m_graph, &WidgetGraphBase::signalZoomed, this, [this] {
-        m_settings.timeSpan = m_graph->graph().span();
-        emit signalSettings(m_settings);
-    });
-    connect(m_graph, &WidgetGraphBase::signalCursorReleased, this, &DialogDataGraph::showTime);
-    connect(m_graph, &WidgetGraphBase::signalMoveParameter, this,
-            &DialogDataGraph::slotMoveParameter);
-    m_feeder = std::make_unique<TraceFeeder>(m_graph->editGraph());
-    connect(&m_feedTimer, &QTimer::timeout, this, &DialogDataGraph::slotTimeoutFeed);
-    connect(&m_holdTimer, &QTimer::timeout, this, &DialogDataGraph::slotTimeout);
+    m_loader = new TraceLoader(*m_graph, this);
+    m_graph->setTimeSpan(settings.timeSpan);
+    m_graph->setSettings(settings);
+    m_setup = new DialogGraphSetup(editSettings(), this);
+    connectGraph();
+    connectBar();
     m_holdTimer.start(holdMilliseconds);
-    m_graph->setTimeSpan(m_settings.timeSpan);
-    m_graph->setSettings(m_settings);
     slotManMode();
     showData();
 }
 
 DialogDataGraph::~DialogDataGraph() = default;
+
+void DialogDataGraph::connectGraph()
+{
+    connect(m_graph, &WidgetGraphBase::signalCursor, this, [this](float seconds, double value) {
+        keepTime(static_cast<double>(seconds));
+        emit signalCursor(seconds, value);
+    });
+    connect(m_graph, &WidgetGraphBase::signalManMode, this, &DialogDataGraph::slotManMode);
+    connect(m_graph, &WidgetGraphBase::signalZoomed, this, &DialogDataGraph::reportSettings);
+    connect(m_graph, &WidgetGraphBase::signalCursorReleased, this, &DialogDataGraph::showTime);
+    connect(m_graph, &WidgetGraphBase::signalMoveParameter, this,
+            &DialogDataGraph::slotMoveParameter);
+    connect(m_loader, &TraceLoader::signalProgress, this, &DialogDataGraph::showProgress);
+    connect(m_setup, &DialogGraphSetup::signalChanged, this, [this] {
+        // Applying the settings applies their span too, but the dialog cannot change it.
+        const TimeRange window = m_graph->graph().window();
+        slotGraphSetup();
+        m_graph->setWindow(window.start, window.end);
+    });
+}
+
+void DialogDataGraph::connectBar()
+{
+    connect(m_bar, &GraphCommandBar::signalPressed, this, &DialogDataGraph::slotCommandPress);
+    connect(m_bar, &GraphCommandBar::signalReleased, this, &DialogDataGraph::slotCommandRelease);
+    connect(m_bar, &GraphCommandBar::signalCopyPicture, this, &DialogDataGraph::copyPicture);
+    connect(m_bar, &GraphCommandBar::signalSetup, this, &DialogDataGraph::showSetup);
+    connect(&m_holdTimer, &QTimer::timeout, this, &DialogDataGraph::slotTimeout);
+}
+
+bool DialogDataGraph::isFeeding() const
+{
+    return m_loader->isActive();
+}
+
+GraphSettings& DialogDataGraph::editSettings()
+{
+    return m_graph->editGraph().editSettings();
+}
 
 std::vector<const ProfileParameter*> DialogDataGraph::parameters() const
 {
@@ -119,9 +118,7 @@ std::vector<const ProfileParameter*> DialogDataGraph::parameters() const
 
 void DialogDataGraph::clearTraces()
 {
-    m_feeder->cancel();
-    m_feedTimer.stop();
-    m_progress->hide();
+    m_loader->cancel();
     m_graph->releaseCursor(); // it was held at a time of the old data
     m_graph->setTraceCount(1);
     m_graph->editGraph().setVisible(0, false);
@@ -151,40 +148,30 @@ void DialogDataGraph::showData()
     }
     m_shown->showContent();
     showWhatIsCut();
-    m_feeder->begin(m_profile, chosen, *dataSet());
+    m_loader->begin(m_profile, chosen, *dataSet());
     m_graph->setExtent(dataSet()->startSeconds, dataSet()->stopSeconds);
     if (std::exchange(m_isNewData, false)) {
-        Graph& graph = m_graph->editGraph();
-        graph.markerLeft = dataSet()->startSeconds;
-        graph.markerRight = dataSet()->startSeconds;
+        m_graph->editGraph().setMarkers(dataSet()->startSeconds, dataSet()->startSeconds);
         m_mustPlaceWindow = true;
     }
-    m_sinceShown.start();
-    m_feedTimer.start(0);
     feedEvents();
-    slotTimeoutFeed(); // fills short recordings at once
+    m_loader->step(); // fills short recordings at once
 }
 
 void DialogDataGraph::feedEvents()
 {
-    if (m_hasEvents || !m_settings.hasEvents || dataSet() == nullptr)
+    if (m_hasEvents || !m_graph->graph().settings().hasEvents || dataSet() == nullptr)
         return;
     m_graph->setEventLines(linesOf(*eventsOf(m_profile, *dataSet())));
     m_hasEvents = true;
 }
 
-void DialogDataGraph::slotTimeoutFeed()
+void DialogDataGraph::showProgress()
 {
-    const bool isDone = m_feeder->feed(feedBudget);
-    if (isDone)
-        m_feedTimer.stop();
-    if (isDone || m_sinceShown.elapsed() > showMilliseconds) {
-        m_graph->refresh();
-        m_sinceShown.start();
-    }
-    m_progress->setVisible(!isDone);
-    m_progress->setText(
-        tr("Reading traces: %1 of %2").arg(m_feeder->filled()).arg(m_feeder->total()));
+    const TraceFeeder& feeder = m_loader->feeder();
+    m_bar->showProgress(
+        feeder.isDone() ? QString()
+                        : tr("Reading traces: %1 of %2").arg(feeder.filled()).arg(feeder.total()));
 }
 
 void DialogDataGraph::showWhatIsCut()
@@ -199,51 +186,127 @@ void DialogDataGraph::showTime()
 {
     // After the user placed the cursor, the page's time comes back: nothing may move then.
     const bool isThere =
-        static_cast<float>(time()) == static_cast<float>(m_graph->graph().cursorTime);
-    if (!std::exchange(m_mustPlaceWindow, false) && isThere)
-        return;
-    m_graph->setCursorTime(time());
-    if (!m_graph->graph().isCursorHeld && !m_graph->graph().isPanned)
-        pageTo(time());
-}
-
-void DialogDataGraph::pageTo(double seconds)
-{
-    const Graph& graph = m_graph->graph();
-    const double span = graph.span();
-    constexpr double edge = Graph::edge;
-    if (seconds < graph.windowStart + span * edge)
-        m_graph->setWindow(seconds - span * edge, seconds + span * (1.0 - edge));
-    else if (seconds > graph.windowEnd - span * edge)
-        m_graph->setWindow(seconds - span * (1.0 - edge), seconds + span * edge);
-}
-
-void DialogDataGraph::setTimeSpan(double seconds)
-{
-    m_settings.timeSpan = seconds;
-    m_graph->setTimeSpan(seconds);
+        static_cast<float>(time()) == static_cast<float>(m_graph->graph().cursor().time);
+    if (std::exchange(m_mustPlaceWindow, false) || !isThere)
+        m_graph->setCursorTime(time());
 }
 
 void DialogDataGraph::slotManMode()
 {
-    m_settings.isAutomatic = m_graph->graph().settings.isAutomatic;
-    m_buttons->button(AutomaticMode)->setChecked(m_settings.isAutomatic);
-    m_buttons->button(SplitMode)->setChecked(m_graph->graph().settings.isSplit);
-    m_buttons->button(SingleMode)->setChecked(!m_graph->graph().settings.isSplit);
+    m_bar->showModes(m_graph->graph().settings());
 }
 
 void DialogDataGraph::applySettings()
 {
     feedEvents();
-    m_graph->setSettings(m_settings);
+    m_graph->refresh();
     slotManMode();
-    emit signalSettings(m_settings);
+    reportSettings();
+}
+
+void DialogDataGraph::reportSettings()
+{
+    emit signalSettings(m_graph->graph().settings());
 }
 
 void DialogDataGraph::slotGraphSetup()
 {
-    m_graph->setTimeSpan(m_settings.timeSpan);
+    m_graph->setTimeSpan(m_graph->graph().settings().timeSpan);
     applySettings();
+}
+
+void DialogDataGraph::slotCommandPress(int id)
+{
+    m_heldCommand = id;
+}
+
+void DialogDataGraph::slotCommandRelease(int id)
+{
+    switch (id) {
+    case GraphCommandBar::ZoomAll:
+        zoomToAll();
+        break;
+    case GraphCommandBar::ZoomMarker:
+        zoomToMarkers();
+        break;
+    case GraphCommandBar::ClearAll:
+        clearTraces();
+        break;
+    case GraphCommandBar::AutomaticMode:
+        editSettings().isAutomatic = m_bar->isChecked(GraphCommandBar::AutomaticMode);
+        applySettings();
+        break;
+    case GraphCommandBar::SplitMode:
+    case GraphCommandBar::SingleMode:
+        editSettings().isSplit = id == GraphCommandBar::SplitMode;
+        applySettings();
+        break;
+    case GraphCommandBar::Reset:
+        editSettings().isSplit = true;
+        applySettings();
+        m_graph->setTimeSpan(GraphSettings().timeSpan);
+        break;
+    case GraphCommandBar::Setup:
+        showSetup();
+        break;
+    case GraphCommandBar::Snapshot:
+        saveSnapshot(this);
+        break;
+    default:
+        reportSettings(); // a held zoom button changed the span
+        break;
+    }
+    m_heldCommand = GraphCommandBar::NoCommand;
+}
+
+void DialogDataGraph::zoomToAll()
+{
+    if (dataSet() == nullptr)
+        return;
+    const double length = dataSet()->stopSeconds - dataSet()->startSeconds;
+    if (!(length > 0.0))
+        return;
+    constexpr double margin = 0.1; // on each side, as a part of the length
+    editSettings().timeSpan = length;
+    m_graph->setWindow(dataSet()->startSeconds - length * margin,
+                       dataSet()->stopSeconds + length * margin);
+    reportSettings();
+}
+
+void DialogDataGraph::zoomToMarkers()
+{
+    const TimeRange markers = m_graph->graph().markers().ordered();
+    m_graph->setWindow(markers.start, markers.end);
+    editSettings().timeSpan = m_graph->graph().window().length();
+    reportSettings();
+}
+
+void DialogDataGraph::slotTimeout()
+{
+    constexpr double factor = 0.97;
+    constexpr double longest = 5000.0;
+    constexpr double shortest = 1.0;
+    const double span = m_graph->graph().window().length();
+    // The limits are on these sides on purpose: they bring back a span that is beyond one.
+    if (m_heldCommand == GraphCommandBar::ZoomIn)
+        m_graph->setTimeSpan(std::min(span * factor, longest));
+    else if (m_heldCommand == GraphCommandBar::ZoomOut)
+        m_graph->setTimeSpan(std::max(span / factor, shortest));
+    else
+        return;
+    m_graph->followCursor(); // the step kept one end of the window rather than the cursor's place
+}
+
+void DialogDataGraph::showSetup()
+{
+    m_setup->refresh();
+    m_setup->show();
+    m_setup->raise();
+}
+
+void DialogDataGraph::copyPicture()
+{
+    QApplication::clipboard()->setPixmap(m_graph->grab());
 }
 
 void DialogDataGraph::slotMoveParameter(int trace, int row)
@@ -254,10 +317,9 @@ void DialogDataGraph::slotMoveParameter(int trace, int row)
     if (trace < 0 || trace >= names.size())
         return;
     names.move(trace, std::clamp<qsizetype>(row, 0, names.size() - 1));
-    const double start = m_graph->graph().windowStart;
-    const double end = m_graph->graph().windowEnd;
+    const TimeRange window = m_graph->graph().window();
     emit signalOrder(names);
-    m_graph->setWindow(start, end); // the reload may have moved it
+    m_graph->setWindow(window.start, window.end); // the reload may have moved it
 }
 
 } // namespace KOLT

@@ -1,29 +1,28 @@
 #pragma once
 
-#include "graph/Graph.h"
+#include "graph/GraphSettings.h"
+#include "graph/ui/GraphCommandBar.h"
 #include "ui/DataPage.h"
 
-#include <QElapsedTimer>
 #include <QTimer>
 #include <QWidget>
 
 #include <memory>
+#include <vector>
 
-class QButtonGroup;
-class QHBoxLayout;
 class QLabel;
-class QToolButton;
 
 namespace KOLT {
 
 class ContentOrNote;
 class DialogGraphSetup;
 class Profile;
-class TraceFeeder;
+class ProfileParameter;
+class TraceLoader;
 class WidgetGraphBase;
 
-/// The "Graph" page: the oscilloscope with its command bar. Owns the graph's settings and reports
-/// each change of them.
+/// The "Graph" page: the oscilloscope with its command bar. The graph's settings are those of the
+/// oscilloscope; the page reports each change of them.
 ///
 /// Traces of long recordings are filled step by step while the window stays responsive; all are
 /// listed at once, empty until filled.
@@ -39,7 +38,7 @@ public:
     const WidgetGraphBase& widget() const { return *m_graph; }
 
     /// Whether traces are still being filled.
-    bool isFeeding() const { return m_feedTimer.isActive(); }
+    bool isFeeding() const;
 
 signals:
     void signalCursor(float seconds, double value);
@@ -56,61 +55,40 @@ private slots:
     void slotCommandPress(int id);
     void slotCommandRelease(int id);
     void slotTimeout();
-    void slotTimeoutFeed();
     void slotManMode();
     void slotGraphSetup();
     void slotMoveParameter(int trace, int row);
 
 private:
-    enum Command {
-        ZoomIn,
-        ZoomOut,
-        ZoomAll,
-        ZoomMarker,
-        ClearAll,
-        AutomaticMode,
-        SplitMode,
-        SingleMode,
-        Reset,
-        Setup,
-        Snapshot,
-        NoCommand = 99
-    };
-
+    void connectGraph();
+    void connectBar();
     void clearTraces();
-    void createBar();
-    QToolButton* addButton(const QString& icon, const QString& tip);
-    void addCommand(Command id, const QString& icon, const QString& tip, bool isCheckable,
-                    bool isShown);
+    /// After a change of the settings.
     void applySettings();
-    void setTimeSpan(double seconds);
+    void reportSettings();
+    GraphSettings& editSettings();
     void showSetup();
-    void saveSnapshot();
     void copyPicture();
     void zoomToAll();
-    void pageTo(double seconds);
+    void zoomToMarkers();
     /// Shows the events; finds them once per data set, and only when they are switched on.
     void feedEvents();
     void showWhatIsCut();
+    void showProgress();
     std::vector<const ProfileParameter*> parameters() const;
 
     const Profile& m_profile;
-    GraphSettings m_settings;
     WidgetGraphBase* m_graph = nullptr;
+    GraphCommandBar* m_bar = nullptr;
     DialogGraphSetup* m_setup = nullptr;
-    QButtonGroup* m_buttons = nullptr;
-    QHBoxLayout* m_bar = nullptr;
+    TraceLoader* m_loader = nullptr;
     ContentOrNote* m_shown = nullptr;
-    QLabel* m_progress = nullptr;
-    QLabel* m_cut = nullptr; ///< shown if there are more parameters than traces
-    std::unique_ptr<TraceFeeder> m_feeder;
-    QTimer m_feedTimer;
-    QElapsedTimer m_sinceShown;    ///< since the last repaint while filling
+    QLabel* m_cut = nullptr;       ///< shown if there are more parameters than traces
     bool m_hasEvents = false;      ///< the graph shows the events of the data
     bool m_isNewData = true;       ///< the data have not been shown yet
     bool m_mustPlaceWindow = true; ///< even if the cursor already is at the page's time
     QTimer m_holdTimer;
-    int m_heldCommand = NoCommand;
+    int m_heldCommand = GraphCommandBar::NoCommand;
 };
 
 } // namespace KOLT

@@ -1,5 +1,7 @@
 #include "graph/ui/WidgetGraph.h"
 
+#include <QOffscreenSurface>
+#include <QOpenGLContext>
 #include <QOpenGLPaintDevice>
 #include <QPainter>
 
@@ -72,6 +74,21 @@ void clipTo(const QRectF& clip, double pixelRatio)
 
 } // namespace
 
+bool WidgetGraph::isSupported()
+{
+    static const bool answer = [] {
+        QOpenGLContext context;
+        QOffscreenSurface surface;
+        surface.create();
+        if (!context.create() || !context.makeCurrent(&surface))
+            return true; // the widget will report the error
+        const QSurfaceFormat format = context.format();
+        const bool isCore = format.profile() == QSurfaceFormat::CoreProfile;
+        return !context.isOpenGLES() && !isCore;
+    }();
+    return answer;
+}
+
 void WidgetGraph::drawFigures(const GraphScene& scene, double pixelRatio) const
 {
     const auto ratio = static_cast<float>(pixelRatio);
@@ -129,7 +146,7 @@ void WidgetGraph::drawTexts(QPainter& painter, const GraphScene& scene)
 {
     painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);
     painter.setFont(font());
-    const auto lineHeight = static_cast<int>(graph().metrics().rowHeight);
+    const auto lineHeight = static_cast<int>(graph().metrics().lineHeight);
     for (const GraphScene::Text& text : scene.texts) {
         const QStaticText& laidOut = staticText(text.text);
         const QSizeF size = laidOut.size();

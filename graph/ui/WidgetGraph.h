@@ -19,6 +19,9 @@ public:
     {
     }
 
+    /// Whether OpenGL contexts here have the fixed-function pipeline. Determined once.
+    static bool isSupported();
+
 protected:
     void drawScene(const GraphScene& scene, double pixelRatio) override;
 

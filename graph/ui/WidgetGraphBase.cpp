@@ -16,7 +16,7 @@ constexpr int repaintMilliseconds = 30;
 constexpr int recalcMilliseconds = 50;
 constexpr int resizeMilliseconds = 100;
 constexpr int cursorMilliseconds = 5000;
-constexpr double leastRowHeight = 16.0;  ///< pixels
+constexpr double leastLineHeight = 16.0; ///< pixels
 constexpr double repaintThreshold = 0.7; ///< as a part of the time that one pixel covers
 
 } // namespace
@@ -34,9 +34,9 @@ WidgetGraphBase::WidgetGraphBase(QWidget* parent)
     setFont(bold);
     measureFont();
     setToolTip(hint());
-    m_graph.settings.background = Qt::white;
-    m_graph.settings.gridColor = QColor::fromRgbF(1.0F, 0.3F, 0.3F);
-    m_graph.settings.labelBackground = QColor::fromRgbF(0.8F, 0.8F, 0.8F);
+    m_graph.editSettings().background = Qt::white;
+    m_graph.editSettings().gridColor = QColor::fromRgbF(1.0F, 0.3F, 0.3F);
+    m_graph.editSettings().labelBackground = QColor::fromRgbF(0.8F, 0.8F, 0.8F);
     m_recalcTimer.setSingleShot(true);
     m_cursorTimer.setSingleShot(true);
     m_followTimer.setSingleShot(true);
@@ -60,7 +60,7 @@ QString WidgetGraphBase::hint()
 void WidgetGraphBase::measureFont()
 {
     const QFontMetricsF metrics(font());
-    m_graph.setMetrics({std::max(leastRowHeight, std::ceil(metrics.height())),
+    m_graph.setMetrics({std::max(leastLineHeight, std::ceil(metrics.height())),
                         metrics.horizontalAdvance(QLatin1Char('0'))});
 }
 
@@ -75,7 +75,7 @@ void WidgetGraphBase::changeEvent(QEvent* event)
 
 void WidgetGraphBase::setSettings(const GraphSettings& settings)
 {
-    m_graph.settings = settings;
+    m_graph.editSettings() = settings;
     refresh();
 }
 
@@ -108,7 +108,7 @@ void WidgetGraphBase::setCursorTime(double seconds)
 void WidgetGraphBase::releaseCursor()
 {
     m_cursorTimer.stop();
-    m_graph.isCursorHeld = false;
+    m_graph.releaseCursor();
 }
 
 void WidgetGraphBase::setTimeSpan(double seconds)
@@ -214,30 +214,38 @@ void WidgetGraphBase::act(const GraphResponse& response)
         startRecalculation(recalcMilliseconds, *response.recalculations);
     if (response.needsRepaint)
         update();
-    for (const GraphSignal& report : response.reports) {
-        switch (report.kind) {
-        case GraphSignal::Kind::Cursor:
-            emit signalCursor(static_cast<float>(report.first), report.second);
-            break;
-        case GraphSignal::Kind::MoveCursorFinished:
-            emit signalMoveCursorFinished();
-            break;
-        case GraphSignal::Kind::Marker:
-            emit signalMarker(static_cast<float>(report.first), static_cast<float>(report.second));
-            break;
-        case GraphSignal::Kind::ManMode:
-            emit signalManMode();
-            break;
-        case GraphSignal::Kind::MoveParameter:
-            emit signalMoveParameter(static_cast<int>(report.first),
-                                     static_cast<int>(report.second));
-            break;
-        }
-    }
+    for (const GraphReport& report : response.reports)
+        std::visit([this](const auto& each) { send(each); }, report);
     if (response.hasZoomed)
         emit signalZoomed();
     if (response.hold == GraphResponse::Hold::Ended)
         emit signalCursorReleased();
+}
+
+void WidgetGraphBase::send(const CursorReport& report)
+{
+    emit signalCursor(static_cast<float>(report.seconds), report.value);
+}
+
+void WidgetGraphBase::send(const CursorFinishedReport& /*report*/)
+{
+    emit signalMoveCursorFinished();
+}
+
+void WidgetGraphBase::send(const MarkersReport& report)
+{
+    emit signalMarker(static_cast<float>(report.markers.start),
+                      static_cast<float>(report.markers.end));
+}
+
+void WidgetGraphBase::send(const ManualModeReport& /*report*/)
+{
+    emit signalManMode();
+}
+
+void WidgetGraphBase::send(const TraceMovedReport& report)
+{
+    emit signalMoveParameter(report.trace, report.row);
 }
 
 void WidgetGraphBase::keyPressEvent(QKeyEvent* event)

@@ -18,13 +18,14 @@ public:
     const Graph& graph() const { return m_graph; }
 
     void setSettings(const GraphSettings& settings);
+
+    /// For changing the settings or filling traces; call setExtent() or refresh() afterwards.
+    Graph& editGraph() { return m_graph; }
+
     void setTraceCount(int count);
     /// First and last time of the data. Call after the traces were made or filled: rescales and
     /// repaints.
     void setExtent(double first, double last);
-
-    /// For filling the traces; call setExtent() or refresh() afterwards.
-    Graph& editGraph() { return m_graph; }
 
     /// Rebuilds the columns and repaints.
     void refresh();
@@ -58,7 +59,7 @@ signals:
     void signalMoveParameter(int trace, int row);
     /// The user's hold on the cursor ended; it follows the replay again.
     void signalCursorReleased();
-    /// The user changed the span by wheel or key.
+    /// The user changed the span by wheel or key; the settings have it.
     void signalZoomed();
 
 protected:
@@ -85,6 +86,11 @@ private slots:
 
 private:
     void act(const GraphResponse& response);
+    void send(const CursorReport& report);
+    void send(const CursorFinishedReport& report);
+    void send(const MarkersReport& report);
+    void send(const ManualModeReport& report);
+    void send(const TraceMovedReport& report);
     void measureFont();
     void startRecalculation(int milliseconds, int repeats);
 

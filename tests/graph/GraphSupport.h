@@ -15,7 +15,7 @@ inline GraphTrace traceOf(const std::vector<std::tuple<double, double, int>>& sa
 {
     GraphTrace trace;
     for (const auto& [time, value, mark] : samples)
-        trace.append(time, value, mark);
+        trace.append(time, value, SampleMark(mark));
     return trace;
 }
 
@@ -24,9 +24,9 @@ inline Graph prepared()
 {
     Graph graph;
     graph.setTraceCount(2);
-    graph.settings.isAutoscaled = false;
-    graph.settings.yMinimum = 0.0;
-    graph.settings.yMaximum = 10.0;
+    graph.editSettings().isAutoscaled = false;
+    graph.editSettings().yMinimum = 0.0;
+    graph.editSettings().yMaximum = 10.0;
     graph.setSize(Graph::leftMargin + 400.0 + Graph::rightMargin, 200.0 + Graph::bottomMargin);
     graph.setWindow(0.0, 100.0);
     return graph;

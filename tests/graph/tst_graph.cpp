@@ -35,15 +35,36 @@ private slots:
 
 namespace {
 
-QString describe(const std::vector<GraphSignal>& reports)
+QString textOf(const CursorReport& report)
+{
+    return QStringLiteral("cursor %1 %2").arg(report.seconds).arg(report.value);
+}
+
+QString textOf(const CursorFinishedReport& /*report*/)
+{
+    return "finished";
+}
+
+QString textOf(const MarkersReport& report)
+{
+    return QStringLiteral("marker %1 %2").arg(report.markers.start).arg(report.markers.end);
+}
+
+QString textOf(const ManualModeReport& /*report*/)
+{
+    return "man";
+}
+
+QString textOf(const TraceMovedReport& report)
+{
+    return QStringLiteral("move %1 %2").arg(report.trace).arg(report.row);
+}
+
+QString describe(const std::vector<GraphReport>& reports)
 {
     QStringList texts;
-    const char* const names[] = {"cursor", "finished", "marker", "man", "move"};
-    for (const GraphSignal& report : reports)
-        texts << QStringLiteral("%1 %2 %3")
-                     .arg(names[static_cast<int>(report.kind)])
-                     .arg(report.first)
-                     .arg(report.second);
+    for (const GraphReport& report : reports)
+        texts << std::visit([](const auto& each) { return textOf(each); }, report);
     return texts.join(", ");
 }
 
@@ -61,7 +82,7 @@ void TestGraph::traceCountAndColors()
     QCOMPARE(graph.trace(0).name, "NoName");
     graph.setName(99, "x", "y");
     graph.setVisible(-1, false);
-    graph.trace(2).append(0, 1, 1);
+    graph.trace(2).append(0, 1);
     graph.setVisible(2, false);
     graph.setVisible(2, true);
     QVERIFY(graph.trace(2).isEmpty());
@@ -74,12 +95,12 @@ void TestGraph::mappingGoesRoundTrip()
     QCOMPARE(graph.xOf(100.0), Graph::leftMargin + 400.0);
     QCOMPARE(graph.timeAt(graph.xOf(33.0)), 33.0);
     for (const bool isSplit : {true, false}) {
-        graph.settings.isSplit = isSplit;
+        graph.editSettings().isSplit = isSplit;
         for (int trace = 0; trace < 2; ++trace)
-            QCOMPARE(graph.valueAt(trace, graph.yOf(trace, 7.0)), 7.0);
+            QCOMPARE(graph.scaleOf(trace).valueAt(graph.scaleOf(trace).yOf(7.0)), 7.0);
     }
-    QCOMPARE(graph.yOf(0, 0.0), Graph::bottomMargin);
-    QCOMPARE(graph.yOf(0, 10.0), Graph::bottomMargin + 200.0);
+    QCOMPARE(graph.scaleOf(0).yOf(0.0), Graph::bottomMargin);
+    QCOMPARE(graph.scaleOf(0).yOf(10.0), Graph::bottomMargin + 200.0);
 }
 
 void TestGraph::bandsOfVisibleTraces()
@@ -89,8 +110,8 @@ void TestGraph::bandsOfVisibleTraces()
     graph.setVisible(1, false);
     graph.rebuild();
     const double band = 200.0 / 3.0;
-    QCOMPARE(graph.trace(3).bandOffset, Graph::bottomMargin); // the last trace is at the bottom
-    QCOMPARE(graph.trace(0).bandOffset, Graph::bottomMargin + 2 * band);
+    QCOMPARE(graph.trace(3).scale.offset, Graph::bottomMargin); // the last trace is at the bottom
+    QCOMPARE(graph.trace(0).scale.offset, Graph::bottomMargin + 2 * band);
     QCOMPARE(graph.traceAt(Graph::bottomMargin + 1.0), 3);
     QCOMPARE(graph.traceAt(Graph::bottomMargin + band + 1.0), 2);
     QCOMPARE(graph.traceAt(Graph::bottomMargin + 2 * band + 1.0), 0);
@@ -100,31 +121,31 @@ void TestGraph::bandsOfVisibleTraces()
 void TestGraph::scalesToTheVisibleWindow()
 {
     Graph graph = prepared();
-    graph.settings.isAutoscaled = true;
+    graph.editSettings().isAutoscaled = true;
     GraphTrace& climbing = graph.trace(0);
     GraphTrace& flat = graph.trace(1);
     for (int i = 0; i <= 100; ++i) {
-        climbing.append(i, i, 1);
-        flat.append(i, 5.0, 1);
+        climbing.append(i, i);
+        flat.append(i, 5.0);
     }
     graph.setWindow(20.0, 40.0);
-    QCOMPARE(climbing.lower, 17.95); // 19 to 40 with a margin of 5 %
-    QCOMPARE(climbing.upper, 41.05);
-    QCOMPARE(flat.lower + flat.upper, 10.0); // centred
-    QVERIFY(flat.upper > 5.0);
+    QCOMPARE(climbing.scale.lower, 17.95); // 19 to 40 with a margin of 5 %
+    QCOMPARE(climbing.scale.upper, 41.05);
+    QCOMPARE(flat.scale.lower + flat.scale.upper, 10.0); // centred
+    QVERIFY(flat.scale.upper > 5.0);
     for (const double value : {HUGE_VAL, -HUGE_VAL, 110.0})
-        climbing.append(climbing.lastTime() + 1.0, value, 1);
+        climbing.append(climbing.lastTime() + 1.0, value);
     graph.setWindow(95.0, 110.0);
-    QCOMPARE(climbing.lower, 93.2); // 94 to 110
-    QCOMPARE(climbing.upper, 110.8);
+    QCOMPARE(climbing.scale.lower, 93.2); // 94 to 110
+    QCOMPARE(climbing.scale.upper, 110.8);
     graph.setWindow(20.0, 40.0);
-    graph.settings.isSplit = false;
+    graph.editSettings().isSplit = false;
     graph.rebuild();
-    QVERIFY(graph.commonLower() < 5.0 && graph.commonUpper() > 40.0);
-    graph.settings.isAutoscaled = false;
-    graph.settings.yMinimum = graph.settings.yMaximum = 3.0; // would divide by zero
+    QVERIFY(graph.commonScale().lower < 5.0 && graph.commonScale().upper > 40.0);
+    graph.editSettings().isAutoscaled = false;
+    graph.editSettings().yMinimum = graph.editSettings().yMaximum = 3.0; // would divide by zero
     graph.rebuild();
-    QVERIFY(std::isfinite(graph.yOf(0, 3.0)));
+    QVERIFY(std::isfinite(graph.scaleOf(0).yOf(3.0)));
 }
 
 /// No line leads to such samples, so the scale ignores them.
@@ -145,19 +166,19 @@ void TestGraph::scaleLeavesOutWhatLiesBehindGaps()
 void TestGraph::cursorModes()
 {
     Graph graph = prepared();
-    QVERIFY(graph.setCursorTime(70.0));
-    QCOMPARE(graph.windowStart, 20.0);
-    graph.settings.cursorMode = CursorMode::Floating;
-    QVERIFY(!graph.setCursorTime(90.0));
-    QCOMPARE(graph.windowStart, 20.0);
-    graph.isCursorHeld = true;
+    graph.setCursorTime(70.0);
+    QCOMPARE(graph.window().start, 20.0);
+    graph.editSettings().cursorMode = CursorMode::Floating;
+    graph.setCursorTime(90.0);
+    QCOMPARE(graph.window().start, 20.0);
+    graph.holdCursor();
     graph.setCursorTime(10.0);
-    QCOMPARE(graph.cursorTime, 90.0); // held by the user
-    graph.isCursorHeld = false;
-    graph.settings.cursorMode = CursorMode::End;
-    QVERIFY(graph.setCursorTime(190.0));
-    QCOMPARE(graph.windowEnd, 200.0);
-    QCOMPARE(graph.windowStart, 100.0);
+    QCOMPARE(graph.cursor().time, 90.0); // held by the user
+    graph.releaseCursor();
+    graph.editSettings().cursorMode = CursorMode::End;
+    graph.setCursorTime(190.0);
+    QCOMPARE(graph.window().end, 200.0);
+    QCOMPARE(graph.window().start, 100.0);
 }
 
 void TestGraph::manyEventsShareColumns()
@@ -189,13 +210,13 @@ void TestGraph::timeSpanKeepsAnEnd()
 {
     Graph graph = prepared();
     graph.setTimeSpan(40.0);
-    QCOMPARE(graph.windowStart, 60.0);
-    graph.settings.isAutomatic = false;
+    QCOMPARE(graph.window().start, 60.0);
+    graph.editSettings().isAutomatic = false;
     graph.setTimeSpan(10.0);
-    QCOMPARE(graph.windowEnd, 70.0);
+    QCOMPARE(graph.window().end, 70.0);
     graph.setWindow(5.0, 5.0); // an empty window is ignored
     graph.setWindow(std::nan(""), 5.0);
-    QCOMPARE(graph.windowStart, 60.0);
+    QCOMPARE(graph.window().start, 60.0);
 }
 
 void TestGraph::keys_data()
@@ -217,28 +238,26 @@ void TestGraph::keys()
         fetchRow<Qt::Key, bool, double, double, double, int>();
     Graph graph = prepared();
     GraphInput input(graph);
-    graph.cursorTime = 50.0;
-    graph.cursorValue = value;
+    graph.placeCursor(50.0, graph.scaleOf(0).yOf(value));
     const GraphResponse response =
         input.keyPress(key, isShift ? Qt::ShiftModifier : Qt::NoModifier);
-    QCOMPARE(graph.cursorTime, time);
-    QCOMPARE(graph.cursorValue, newValue);
-    QVERIFY(response.isHandled && graph.isCursorHeld);
+    QCOMPARE(graph.cursor().time, time);
+    QCOMPARE(graph.cursor().value, newValue);
+    QVERIFY(response.isHandled && graph.cursor().isHeld);
     QCOMPARE(response.hold, GraphResponse::Hold::Timed);
-    QCOMPARE(response.reports,
-             (std::vector<GraphSignal>{{GraphSignal::Kind::Cursor, time, graph.cursorValue}}));
-    QCOMPARE(graph.selectedTrace, selected);
+    QCOMPARE(describe(response.reports), textOf(CursorReport{time, newValue}));
+    QCOMPARE(graph.cursor().trace, selected);
 
     QVERIFY(!input.keyPress(Qt::Key_A, {}).isHandled);
     input.setExtent(1000.0, 2000.0);
-    graph.settings.isAutomatic = true;
-    QCOMPARE(describe(input.keyPress(Qt::Key_F, {}).reports), "man 0 0");
-    QVERIFY(!graph.settings.isAutomatic);
-    QCOMPARE(graph.windowStart, 900.0);
-    QCOMPARE(graph.windowEnd, 2100.0);
+    graph.editSettings().isAutomatic = true;
+    QCOMPARE(describe(input.keyPress(Qt::Key_F, {}).reports), "man");
+    QVERIFY(!graph.settings().isAutomatic);
+    QCOMPARE(graph.window().start, 900.0);
+    QCOMPARE(graph.window().end, 2100.0);
     QCOMPARE(describe(input.keyPress(Qt::Key_M, {}).reports), "marker 1200 1800");
     QCOMPARE(describe(input.keyPress(Qt::Key_End, {}).reports).section(' ', 0, 1), "cursor 2000");
-    QCOMPARE(graph.windowStart, 1400.0);
+    QCOMPARE(graph.window().start, 1400.0);
 }
 
 void TestGraph::mouse_data()
@@ -250,10 +269,10 @@ void TestGraph::mouse_data()
     row("ctrl+left: cursor", Qt::LeftButton, Qt::ControlModifier, "cursor 20 5", "cursor 40 5", "",
         0.0);
     row("shift+left: marker and pan", Qt::LeftButton, Qt::ShiftModifier, "marker 20 80",
-        "marker 40 80, cursor 40 5, marker 40 80, man 0 0", "", -20.0);
+        "marker 40 80, cursor 40 5, marker 40 80, man", "", -20.0);
     row("middle: cursor", Qt::MiddleButton, Qt::NoModifier, "cursor 20 5", "cursor 40 5",
-        "finished 0 0", 0.0);
-    row("right: pan", Qt::RightButton, Qt::NoModifier, "", "man 0 0", "", -20.0);
+        "finished", 0.0);
+    row("right: pan", Qt::RightButton, Qt::NoModifier, "", "man", "", -20.0);
 }
 
 void TestGraph::mouse()
@@ -261,16 +280,14 @@ void TestGraph::mouse()
     const auto [button, keys, pressed, moved, released, windowStart] =
         fetchRow<Qt::MouseButton, Qt::KeyboardModifier, QString, QString, QString, double>();
     Graph graph = prepared();
-    graph.markerLeft = 10.0;
-    graph.markerRight = 80.0;
+    graph.setMarkers(10.0, 80.0);
     GraphInput input(graph);
     QCOMPARE(describe(input.mousePress(button, placeOf(graph, 20.0, 50.0), keys).reports), pressed);
     QCOMPARE(describe(input.mouseMove(placeOf(graph, 40.0, 50.0), keys).reports), moved);
     QCOMPARE(describe(input.mouseRelease(button).reports), released);
-    QCOMPARE(graph.windowStart, windowStart);
-    QVERIFY(graph.markerLeft <= graph.markerRight);
+    QCOMPARE(graph.window().start, windowStart);
+    QVERIFY(graph.markers().start <= graph.markers().end);
     QVERIFY(input.mouseMove(placeOf(graph, 60.0, 50.0), keys).reports.empty());
-    QCOMPARE(graph.pointerTime, graph.timeAt(graph.xOf(60.0)));
 }
 
 void TestGraph::holdOfTheCursor()
@@ -285,9 +302,9 @@ void TestGraph::holdOfTheCursor()
     QCOMPARE(input.mousePress(Qt::MiddleButton, place, {}).hold, Hold::Open);
     QCOMPARE(input.mouseMove(place, {}).hold, Hold::Unchanged);
     QCOMPARE(input.keyPress(Qt::Key_Left, {}).hold, Hold::Unchanged); // no timer meanwhile
-    QVERIFY(graph.isCursorHeld);
+    QVERIFY(graph.cursor().isHeld);
     QCOMPARE(input.mouseRelease(Qt::MiddleButton).hold, Hold::Ended);
-    QVERIFY(!graph.isCursorHeld);
+    QVERIFY(!graph.cursor().isHeld);
 }
 
 void TestGraph::replayLeavesAPannedWindow_data()
@@ -303,21 +320,20 @@ void TestGraph::replayLeavesAPannedWindow()
     Graph graph = prepared();
     GraphInput input(graph);
     input.mousePress(button, placeOf(graph, 20.0, 50.0), keys);
-    QVERIFY(!graph.setCursorTime(500.0));
-    QCOMPARE(graph.cursorTime, 500.0);
+    graph.setCursorTime(500.0);
+    QCOMPARE(graph.cursor().time, 500.0);
     input.mouseMove(placeOf(graph, 40.0, 50.0), keys);
-    QVERIFY(!graph.setCursorTime(501.0));
-    QCOMPARE(graph.windowStart, -20.0);
+    graph.setCursorTime(501.0);
+    QCOMPARE(graph.window().start, -20.0);
     input.mouseRelease(button);
-    QVERIFY(graph.setCursorTime(502.0));
-    QCOMPARE(graph.windowStart, 452.0);
+    graph.setCursorTime(502.0);
+    QCOMPARE(graph.window().start, 452.0);
 }
 
 void TestGraph::handleDragMovesATrace()
 {
     Graph graph = prepared();
-    graph.markerLeft = 80.0;
-    graph.markerRight = 10.0;
+    graph.setMarkers(80.0, 10.0);
     GraphInput input(graph);
     QVERIFY(input.mouseMove({10.0, 60.0}, {}).needsRepaint);
     QCOMPARE(input.hoveredTrace().value_or(-1), 0);
@@ -326,8 +342,8 @@ void TestGraph::handleDragMovesATrace()
     QVERIFY(input.mouseMove({15.0, 150.0}, {}).reports.empty());
     QCOMPARE(input.dragOffset(), -100.0);
     QCOMPARE(describe(input.mouseRelease(Qt::LeftButton).reports), "move 0 1");
-    QCOMPARE(graph.markerLeft, 10.0); // markers keep their times, but are ordered
-    QCOMPARE(graph.markerRight, 80.0);
+    QCOMPARE(graph.markers().start, 10.0); // markers keep their times, but are ordered
+    QCOMPARE(graph.markers().end, 80.0);
     input.mousePress(Qt::LeftButton, {10.0, 150.0}, {});
     QCOMPARE(describe(input.mouseRelease(Qt::LeftButton).reports), "move 1 1"); // same row
     // Handles of low rows overlap: a click without a drag must not move any trace.
@@ -337,7 +353,8 @@ void TestGraph::handleDragMovesATrace()
         input.mousePress(Qt::LeftButton, {10.0, y}, {});
         const auto reports = input.mouseRelease(Qt::LeftButton).reports;
         QCOMPARE(reports.size(), 1U);
-        QCOMPARE(reports.front().first, reports.front().second);
+        const auto& moved = std::get<TraceMovedReport>(reports.front());
+        QCOMPARE(moved.trace, moved.row);
     }
 }
 
@@ -350,19 +367,19 @@ void TestGraph::wheelZoomsAboutThePointer()
     const double x = graph.xOf(25.0);
     graph.setWindow(100.0, 200.0);
     QCOMPARE(input.wheel(120, x, {}).recalculations.value_or(-1), 3);
-    QCOMPARE(graph.windowStart, 102.5);
-    QCOMPARE(graph.windowEnd, 192.5);
+    QCOMPARE(graph.window().start, 102.5);
+    QCOMPARE(graph.window().end, 192.5);
     QVERIFY(input.wheel(-120, x, {}).hasZoomed);
-    QCOMPARE(graph.windowStart, 100.0);
+    QCOMPARE(graph.window().start, 100.0);
     for (const auto& [turned, modifiers] :
          {std::pair(120, Qt::KeyboardModifiers(Qt::ShiftModifier)), {0, {}}}) {
         const GraphResponse response = input.wheel(turned, x, modifiers);
         QVERIFY(!response.hasZoomed && !response.recalculations);
-        QCOMPARE(graph.windowEnd, 200.0);
+        QCOMPARE(graph.window().end, 200.0);
     }
     for (int i = 0; i < 2000; ++i)
         input.wheel(120, x, {}); // up to the shortest window
-    QVERIFY(graph.span() > 0.0);
+    QVERIFY(graph.window().length() > 0.0);
 }
 
 QTEST_GUILESS_MAIN(TestGraph)

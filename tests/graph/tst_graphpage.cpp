@@ -121,12 +121,13 @@ void TestGraphPage::drawsWhatIsThere()
                                   static_cast<int>((graph().height() - yFromBottom) * ratio));
     };
     // The flat trace is in the middle of the lower band.
-    const double flat = graph().yOf(1, 5.0);
-    const double x = graph().xOf(graph().windowStart + 3.0);
+    const double flat = graph().scaleOf(1).yOf(5.0);
+    const double x = graph().xOf(graph().window().start + 3.0);
     QCOMPARE(colorAt(x, flat).green() > 100 && colorAt(x, flat).red() < 60, true);
     QCOMPARE(colorAt(x, flat + 9.0), QColor(0, 0, 0));     // background
     QCOMPARE(colorAt(2.0, 5.0), QColor(0xbb, 0xbb, 0xbb)); // margin
-    const double inMarker = graph().xOf(graph().windowStart + graph().span() * 0.4) + 1.0;
+    const double inMarker =
+        graph().xOf(graph().window().start + graph().window().length() * 0.4) + 1.0;
     const QColor marked = colorAt(inMarker, flat + 9.0);
     QVERIFY2(marked.red() > 60 && marked.red() < 100 && marked.blue() < 20,
              qPrintable(marked.name())); // yellow at alpha 0.3 on black
@@ -204,12 +205,12 @@ void TestGraphPage::bothWaysOfDrawingAgree()
         way->setCursorTime(140.0);
         QTest::keyClick(way, Qt::Key_M);
         if (isLarge) {
-            const double row = way->graph().metrics().rowHeight;
+            const double row = way->graph().metrics().lineHeight;
             way->grabFramebuffer();
             QFont large = way->font();
             large.setPixelSize(26);
             way->setFont(large);
-            QVERIFY(way->graph().metrics().rowHeight > row + 8.0);
+            QVERIFY(way->graph().metrics().lineHeight > row + 8.0);
         }
         QVERIFY(!isCore || way == &fixedFunction ||
                 way->format().profile() == QSurfaceFormat::CoreProfile);
@@ -241,7 +242,7 @@ void TestGraphPage::buttons()
     QCOMPARE(tips.join(", "),
              "Zoom In, Zoom Out, Zoom 1:1, Zoom Marker, Clear All-, Automatic Mode-, Split Mode, "
              "Single Graph Mode, Reset all to default-, Setup-, Snapshot");
-    const auto window = [&] { return std::pair(graph().windowStart, graph().windowEnd); };
+    const auto window = [&] { return std::pair(graph().window().start, graph().window().end); };
     QTest::mouseClick(button(2), Qt::LeftButton);
     QCOMPARE(window(), std::pair(90.0, 210.0));
     QTest::keyClick(widget(), Qt::Key_M);
@@ -249,26 +250,26 @@ void TestGraphPage::buttons()
     QCOMPARE(window(), std::pair(120.0, 180.0));
     QVERIFY(button(6)->isChecked() && !button(7)->isChecked());
     QTest::mouseClick(button(7), Qt::LeftButton);
-    QVERIFY(!graph().settings.isSplit && button(7)->isChecked() && !button(6)->isChecked());
+    QVERIFY(!graph().settings().isSplit && button(7)->isChecked() && !button(6)->isChecked());
     button(8)->click();
-    QVERIFY(graph().settings.isSplit);
-    QCOMPARE(graph().span(), 60.0);
+    QVERIFY(graph().settings().isSplit);
+    QCOMPARE(graph().window().length(), 60.0);
     button(4)->click();
     QVERIFY(graph().trace(0).isEmpty());
 }
 
 void TestGraphPage::heldZoom()
 {
-    const double span = graph().span();
+    const double span = graph().window().length();
     QTest::mousePress(button(0), Qt::LeftButton);
-    QTRY_VERIFY(graph().span() < span * 0.97 * 0.98);
-    QCOMPARE((graph().windowStart + graph().windowEnd) / 2.0, 150.0); // still centred
+    QTRY_VERIFY(graph().window().length() < span * 0.97 * 0.98);
+    QCOMPARE((graph().window().start + graph().window().end) / 2.0, 150.0); // still centred
     QTest::mouseRelease(button(0), Qt::LeftButton);
-    const double released = graph().span();
+    const double released = graph().window().length();
     QVERIFY(QMetaObject::invokeMethod(m_page.get(), "slotTimeout")); // the next tick
-    QCOMPARE(graph().span(), released);
+    QCOMPARE(graph().window().length(), released);
     QTest::mousePress(button(1), Qt::LeftButton);
-    QTRY_VERIFY(graph().span() > released * 1.03);
+    QTRY_VERIFY(graph().window().length() > released * 1.03);
     QTest::mouseRelease(button(1), Qt::LeftButton);
     // The limits only bring back spans beyond them.
     for (const auto& [id, begin, expected] :
@@ -277,34 +278,34 @@ void TestGraphPage::heldZoom()
         QVERIFY(QMetaObject::invokeMethod(m_page.get(), "slotCommandPress", Q_ARG(int, id)));
         QVERIFY(QMetaObject::invokeMethod(m_page.get(), "slotTimeout"));
         QVERIFY(QMetaObject::invokeMethod(m_page.get(), "slotCommandRelease", Q_ARG(int, id)));
-        QVERIFY2(std::abs(graph().span() - expected) < 1e-6,
-                 qPrintable(QString::number(graph().span())));
+        QVERIFY2(std::abs(graph().window().length() - expected) < 1e-6,
+                 qPrintable(QString::number(graph().window().length())));
     }
 }
 
 void TestGraphPage::replayPagesAndCentres()
 {
     m_page->setTime(170.0);
-    QCOMPARE(graph().windowStart, 140.0); // centred
+    QCOMPARE(graph().window().start, 140.0); // centred
     m_settings.cursorMode = CursorMode{0};
     makePage();
     m_page->setData(m_dataSet.get());
     m_page->setTime(100.0);
-    const double start = graph().windowStart;
-    QVERIFY(std::abs(graph().span() - 60.0) < 1e-9);
+    const double start = graph().window().start;
+    QVERIFY(std::abs(graph().window().length() - 60.0) < 1e-9);
     m_page->setTime(start + 53.0);
-    QCOMPARE(graph().windowStart, start); // within the edges
+    QCOMPARE(graph().window().start, start); // within the edges
     m_page->setTime(start + 55.0);
-    QCOMPARE(graph().windowEnd - 6.0, start + 55.0); // paged
-    QVERIFY(std::abs(graph().span() - 60.0) < 1e-9);
+    QCOMPARE(graph().window().end - 6.0, start + 55.0); // paged
+    QVERIFY(std::abs(graph().window().length() - 60.0) < 1e-9);
     m_page->setTime(50.0);
-    QCOMPARE(graph().windowStart + 6.0, 50.0);
+    QCOMPARE(graph().window().start + 6.0, 50.0);
     QTest::mousePress(widget(), Qt::RightButton, {}, QPoint(300, 100));
     m_page->setTime(300.0); // the window stays during a pan
-    QCOMPARE(graph().windowStart + 6.0, 50.0);
+    QCOMPARE(graph().window().start + 6.0, 50.0);
     QTest::mouseRelease(widget(), Qt::RightButton, {}, QPoint(300, 100));
     m_page->setTime(301.0);
-    QCOMPARE(graph().windowEnd - 6.0, 301.0);
+    QCOMPARE(graph().window().end - 6.0, 301.0);
 }
 
 /// Even if the cursor moves by less than a pixel, but not for every new time.
@@ -339,19 +340,19 @@ void TestGraphPage::mouseReachesTheSignals()
     QCOMPARE(marker.front().value(0), marker.front().value(1));
     QVERIFY(std::abs(marker.front().value(0).toDouble() - 130.0) < 0.2);
     QTest::mousePress(widget(), Qt::MiddleButton, {}, place(140.0, 100));
-    QVERIFY(graph().isCursorHeld);
+    QVERIFY(graph().cursor().isHeld);
     QVERIFY(std::abs(cursor.takeLast().value(0).toDouble() - 140.0) < 0.2);
     m_page->setTime(160.0); // held: the replay does not move it
-    QVERIFY(std::abs(graph().cursorTime - 140.0) < 0.2);
+    QVERIFY(std::abs(graph().cursor().time - 140.0) < 0.2);
     QTest::mouseRelease(widget(), Qt::MiddleButton, {}, place(140.0, 100));
-    QVERIFY(!graph().isCursorHeld);
-    QCOMPARE(graph().cursorTime, 160.0); // back at the replay time
-    const double span = graph().span();
+    QVERIFY(!graph().cursor().isHeld);
+    QCOMPARE(graph().cursor().time, 160.0); // back at the replay time
+    const double span = graph().window().length();
     QTest::mouseMove(widget(), place(150.0, 120));
     QWheelEvent wheel(QPointF(place(150.0, 120)), widget()->mapToGlobal(QPointF(place(150.0, 120))),
                       {}, {0, 120}, {}, {}, Qt::NoScrollPhase, false);
     QApplication::sendEvent(widget(), &wheel);
-    QCOMPARE(graph().span(), span * 0.9);
+    QCOMPARE(graph().window().length(), span * 0.9);
 }
 
 void TestGraphPage::keyGivesTheCursorBack()
@@ -361,12 +362,12 @@ void TestGraphPage::keyGivesTheCursorBack()
     widget()->setHoldMilliseconds(300);
     QTest::keyClick(widget(), Qt::Key_Right, Qt::ShiftModifier);
     QCOMPARE(cursor.size(), 1);
-    QVERIFY(graph().isCursorHeld);
+    QVERIFY(graph().cursor().isHeld);
     m_page->setTime(180.0);
-    QVERIFY(graph().cursorTime < 160.0);
-    QTRY_VERIFY(!graph().isCursorHeld);
-    QCOMPARE(graph().cursorTime, 180.0); // it follows the replay again
-    QCOMPARE(graph().windowStart, 150.0);
+    QVERIFY(graph().cursor().time < 160.0);
+    QTRY_VERIFY(!graph().cursor().isHeld);
+    QCOMPARE(graph().cursor().time, 180.0); // it follows the replay again
+    QCOMPARE(graph().window().start, 150.0);
     QTest::keyClick(widget(), Qt::Key_Right);
     DataSet other; // new data end the hold at once
     add(other.messages, 1, 5000.0, floats(1.0F));
@@ -375,20 +376,20 @@ void TestGraphPage::keyGivesTheCursorBack()
     other.stopSeconds = 5200.0;
     m_page->setData(&other);
     m_page->setTime(5000.0);
-    QVERIFY(!graph().isCursorHeld);
-    QCOMPARE(graph().windowStart, 4970.0);
+    QVERIFY(!graph().cursor().isHeld);
+    QCOMPARE(graph().window().start, 4970.0);
     m_page->clear();
 }
 
 void TestGraphPage::draggedHandleGivesAnOrder()
 {
     QSignalSpy order(m_page.get(), &DialogDataGraph::signalOrder);
-    const double start = graph().windowStart;
+    const double start = graph().window().start;
     QTest::mouseClick(widget(), Qt::MiddleButton, {}, place(140.0, widget()->height() - 60));
-    QCOMPARE(graph().windowStart, start); // the end of a hold does not move the window
-    QCOMPARE(graph().selectedTrace, 1);
+    QCOMPARE(graph().window().start, start); // the end of a hold does not move the window
+    QCOMPARE(graph().cursor().trace, 1);
     QTest::keyClick(widget(), Qt::Key_M);
-    const auto row = static_cast<int>(graph().rowHeight());
+    const auto row = static_cast<int>(graph().bandHeight());
     QTest::mousePress(widget(), Qt::LeftButton, {}, QPoint(10, row / 2));
     QTest::mouseMove(widget(), QPoint(10, row + row / 2));
     QTest::mouseRelease(widget(), Qt::LeftButton, {}, QPoint(10, row + row / 2));
@@ -397,13 +398,14 @@ void TestGraphPage::draggedHandleGivesAnOrder()
     QCOMPARE(names, (QStringList{"D/b", "D/a"}));
     m_profile.setDisplayOrder(names); // as the main window does
     const auto kept = [&] {
-        return QList<double>{graph().windowStart, graph().markerLeft, graph().markerRight};
+        return QList<double>{graph().window().start, graph().markers().start,
+                             graph().markers().end};
     };
     const QList<double> before = kept();
     QVERIFY(before[1] < before[2]);
     m_page->refresh();
     QCOMPARE(graph().trace(0).name, "b");
-    QCOMPARE(graph().selectedTrace, 0);
+    QCOMPARE(graph().cursor().trace, 0);
     QCOMPARE(kept(), before);
     QCOMPARE(m_profile.selectedParameters().front()->name, "b");
     m_page->setData(m_dataSet.get());
@@ -513,28 +515,28 @@ void TestGraphPage::setupChangesTheGraph()
     const QSignalSpy changed(setup, &DialogGraphSetup::signalChanged);
     for (const char* box : {"Legend On", "Autoscale On"})
         labelled<QCheckBox>(*setup, box)->click();
-    QVERIFY(!graph().settings.hasLegend && !graph().settings.isAutoscaled);
+    QVERIFY(!graph().settings().hasLegend && !graph().settings().isAutoscaled);
     setup->findChild<QComboBox*>()->setCurrentIndex(2);
-    QCOMPARE(graph().settings.cursorMode, CursorMode::End);
+    QCOMPARE(graph().settings().cursorMode, CursorMode::End);
     const auto edits = setup->findChildren<QLineEdit*>();
     edits.at(0)->setText("-7.5");
-    QCOMPARE(graph().settings.yMinimum, -7.5);
+    QCOMPARE(graph().settings().yMinimum, -7.5);
     for (const char* text : {"no number", "nan", "1e999"}) {
         edits.at(1)->setText(text);
-        QCOMPARE(graph().settings.yMaximum, 0.0);
+        QCOMPARE(graph().settings().yMaximum, 0.0);
     }
     QLocale::setDefault(QLocale(QLocale::German));
     edits.at(1)->setText("12,5");
-    QCOMPARE(graph().settings.yMaximum, 12.5);
+    QCOMPARE(graph().settings().yMaximum, 12.5);
     edits.at(1)->setText("7.25"); // decimal point, as in the settings file
-    QCOMPARE(graph().settings.yMaximum, 7.25);
+    QCOMPARE(graph().settings().yMaximum, 7.25);
     setup->refresh();
     QCOMPARE(edits.at(1)->text(), "7,25");
     QLocale::setDefault(QLocale::c());
     QCOMPARE(changed.size(), 9);
     ModalBoxes boxes; // cancels the colour dialog
     click(*setup, "Select");
-    QCOMPARE(graph().settings.background, QColor(0, 0, 0));
+    QCOMPARE(graph().settings().background, QColor(0, 0, 0));
     QCOMPARE(changed.size(), 10); // still applied
 }
 
@@ -545,23 +547,23 @@ void TestGraphPage::settingsAreKept()
     QTest::mousePress(widget(), Qt::RightButton, {}, place(150.0, 100));
     QTest::mouseMove(widget(), place(140.0, 100));
     QTest::mouseRelease(widget(), Qt::RightButton, {}, place(140.0, 100));
-    QVERIFY(!graph().settings.isAutomatic);
+    QVERIFY(!graph().settings().isAutomatic);
     auto* const setup = m_page->findChild<DialogGraphSetup*>();
     button(9)->click();
     const auto edits = setup->findChildren<QLineEdit*>();
     edits.at(0)->setText("-1234567.125");
     edits.at(1)->setText("0.1");
-    QCOMPARE(graph().span(), 120.0); // the window keeps its margins
+    QCOMPARE(graph().window().length(), 120.0); // the window keeps its margins
     QVERIFY(!m_reported.isEmpty() && !m_reported.back().isAutomatic); // switched off by the pan
 
     m_settings = m_reported.back();
     m_settings.isAutomatic = true; // not stored
     makePage();
-    QVERIFY(!graph().settings.isSplit);
+    QVERIFY(!graph().settings().isSplit);
     QVERIFY(button(7)->isChecked());
-    QCOMPARE(graph().settings.yMinimum, -1234567.125);
-    QCOMPARE(graph().settings.yMaximum, 0.1);
-    QCOMPARE(graph().span(), 100.0);
+    QCOMPARE(graph().settings().yMinimum, -1234567.125);
+    QCOMPARE(graph().settings().yMaximum, 0.1);
+    QCOMPARE(graph().window().length(), 100.0);
     QCOMPARE(m_page->findChildren<QLineEdit*>().at(0)->text(), "-1234567.125");
 }
 
@@ -579,8 +581,8 @@ void TestGraphPage::snapshot()
         const QPointF place = (corner + QPointF(x, yFromTop)) * m_page->devicePixelRatioF();
         return picture.pixelColor(static_cast<int>(place.x()), static_cast<int>(place.y()));
     };
-    const double flat = graph().height() - graph().yOf(1, 5.0);
-    QVERIFY(pixel(graph().xOf(graph().windowStart + 3.0), flat).green() > 100); // the trace
+    const double flat = graph().height() - graph().scaleOf(1).yOf(5.0);
+    QVERIFY(pixel(graph().xOf(graph().window().start + 3.0), flat).green() > 100); // the trace
     QCOMPARE(pixel(2.0, graph().height() - 5.0), QColor(0xbb, 0xbb, 0xbb));
     for (auto* own : m_page->findChildren<QToolButton*>()) {
         QCOMPARE(own->iconSize(), QSize(32, 32));

@@ -113,7 +113,7 @@ void TestGraphScene::sceneBreaksLinesAtGaps()
     Graph graph = prepared();
     graph.setTraceCount(1);
     for (const auto& [time, mark] : {std::pair(10.0, 1), {20.0, 1}, {60.0, 0}, {70.0, 1}})
-        graph.trace(0).append(time, 5.0, mark);
+        graph.trace(0).append(time, 5.0, SampleMark(mark));
     graph.setWindow(0.0, 100.0);
     QList<double> ends;
     for (const QLineF& line : linesOf(graph, 1.0)) {
@@ -131,9 +131,9 @@ void TestGraphScene::cursorTextStaysInThePlot()
         graph.setSize(width, 200.0);
         graph.setWindow(0.0, 100.0);
         for (const double seconds : {0.0, 30.0, 50.0, 99.0}) {
-            graph.cursorTime = seconds;
+            graph.moveCursor(seconds);
             const GraphScene scene = buildScene(graph, GraphInput(graph));
-            const QString label = cursorText(seconds, graph.cursorValue);
+            const QString label = cursorText(seconds, graph.cursor().value);
             const auto text = std::find_if(scene.texts.begin(), scene.texts.end(),
                                            [&](const auto& each) { return each.text == label; });
             QVERIFY(text != scene.texts.end());
@@ -163,7 +163,7 @@ void TestGraphScene::sceneJoinsStrokes()
     for (int i = 0; i * pixelsPerSample < 300.0; ++i) {
         noise = noise * 1664525U + 1013904223U;
         level += noise >> 31 != 0U ? 1.0 : -0.7;
-        graph.trace(0).append(i, level, 1);
+        graph.trace(0).append(i, level);
     }
     graph.setWindow(0.0, graph.plotWidth() / pixelsPerSample);
 
@@ -217,8 +217,8 @@ void TestGraphScene::switchesTakePartsAway()
     const auto [flag] = fetchRow<bool GraphSettings::*>();
     Graph graph = prepared();
     graph.setSize(900.0, 400.0);
-    graph.cursorTime = 50.0;
-    graph.markerRight = 80.0;
+    graph.moveCursor(50.0);
+    graph.setMarkers(0.0, 80.0);
     graph.addEventLine({77, 70.0});
     const auto parts = [&] {
         const QList<std::pair<QString, QString>> texts{
@@ -248,7 +248,7 @@ void TestGraphScene::switchesTakePartsAway()
     const QString cursor = QStringLiteral("#808080 at %1").arg(graph.xOf(50.0));
     expected << event << cursor;
     QCOMPARE(parts(), expected);
-    graph.settings.*flag = false;
+    graph.editSettings().*flag = false;
     const QString part = QTest::currentDataTag();
     expected.remove(part);
     if (part == "events")
@@ -273,17 +273,17 @@ void TestGraphScene::textsKeepApart()
     const auto [traces, isSplit, fontScale, left] = fetchRow<int, bool, double, int>();
     Graph graph;
     graph.setTraceCount(traces);
-    graph.settings.isSplit = isSplit;
+    graph.editSettings().isSplit = isSplit;
     const GraphMetrics metrics{16.0 * fontScale, 7.3 * fontScale};
     graph.setMetrics(metrics);
     graph.setSize(900.0, 400.0);
     for (int i = 0; i < traces; ++i) {
         graph.setName(i, QStringLiteral("%1 ").arg(i) + QString(i % 2 == 0 ? 5 : 200, 'x'), "unit");
         for (const double seconds : {0.0, 50.0, 100.0})
-            graph.trace(i).append(seconds, seconds, 1);
+            graph.trace(i).append(seconds, seconds);
     }
-    graph.cursorTime = 60.0;
-    graph.markerRight = 80.0;
+    graph.moveCursor(60.0);
+    graph.setMarkers(0.0, 80.0);
     for (int i = 0; i < 60; ++i)
         graph.addEventLine({1000 + i, 1.7 * i});
     graph.setWindow(0.0, 100.0);
@@ -297,8 +297,8 @@ void TestGraphScene::textsKeepApart()
     for (const GraphScene::Text& text : scene.texts) {
         const double width = static_cast<double>(text.text.size()) * metrics.characterWidth;
         const bool isRight = text.alignment.testFlag(Qt::AlignRight);
-        const QRectF box(isRight ? text.x - width : text.x, text.y - metrics.rowHeight / 2.0, width,
-                         metrics.rowHeight);
+        const QRectF box(isRight ? text.x - width : text.x, text.y - metrics.lineHeight / 2.0,
+                         width, metrics.lineHeight);
         QVERIFY2(box.left() >= 0.0 && box.right() <= graph.width() + 1.0, qPrintable(text.text));
         QVERIFY2(box.bottom() <= graph.height() + 1.0, qPrintable(text.text));
         for (const QRectF& other : columns[text.x])
@@ -343,7 +343,7 @@ void TestGraphScene::thresholdLines()
     for (const double seconds : {0.0, 50.0, 100.0})
         add(dataSet.messages, 1, seconds, floats(static_cast<float>(seconds) * 0.5F));
     Graph graph = prepared();
-    graph.settings.yMaximum = 50.0;
+    graph.editSettings().yMaximum = 50.0;
     graph.setTraceCount(1);
     feedTrace(graph, 0, profile, profile.parameters().front(), dataSet);
     graph.rebuild();
@@ -358,8 +358,9 @@ void TestGraphScene::thresholdLines()
         }
         return lines.join(", ");
     };
-    QCOMPARE(linesAt(), QStringLiteral("#ff8800 %1").arg(graph.yOf(0, 10.0))); // 90 is outside
-    graph.settings.hasThresholds = false;
+    QCOMPARE(linesAt(),
+             QStringLiteral("#ff8800 %1").arg(graph.scaleOf(0).yOf(10.0))); // 90: outside
+    graph.editSettings().hasThresholds = false;
     QCOMPARE(linesAt(), "");
 }
 

@@ -32,8 +32,9 @@ namespace {
 QString describe(const GraphColumn& column)
 {
     return QString::asprintf("%d t%.17g f%.17g l%.17g h%.17g z%.17g m%d [%.17g %.17g] e%.17g",
-                             column.fill, column.time, column.first, column.low, column.high,
-                             column.last, column.mark, column.lowest, column.highest, column.end);
+                             static_cast<int>(column.fill), column.time, column.first, column.low,
+                             column.high, column.last, static_cast<int>(column.mark), column.lowest,
+                             column.highest, column.end);
 }
 
 QStringList describe(const std::vector<GraphColumn>& columns)
@@ -65,12 +66,12 @@ void TestGraphTrace::samplesMergeIntoColumns()
     const auto [values, gapAt, column] = fetchRow<QList<double>, int, QString>();
     std::vector<GraphColumn> columns;
     for (int i = 0; i < values.size(); ++i)
-        mergeSample(columns, 10.0, i, values[i], i == gapAt ? 0 : 1);
+        mergeSample(columns, 10.0, i, values[i], SampleMark(i != gapAt));
     QCOMPARE(columns.size(), 1U);
     QCOMPARE(describe(columns.front()), column);
-    mergeSample(columns, 10.0, 10.0, 1.0, 1); // exactly one pixel later still belongs to the column
+    mergeSample(columns, 10.0, 10.0, 1.0); // exactly one pixel later still belongs to the column
     QCOMPARE(columns.size(), 1U);
-    mergeSample(columns, 10.0, 10.1, 2.0, 1);
+    mergeSample(columns, 10.0, 10.1, 2.0);
     QCOMPARE(columns.size(), 2U);
 }
 
@@ -93,7 +94,7 @@ void TestGraphTrace::rebuiltColumnsAreTheMergedOnes()
             const double value =
                 chance(random) < 0.02 ? std::nan("") : chance(random) * 100.0 - 50.0;
             samples.emplace_back(time, value, isGap ? 0 : 1);
-            trace.append(time, value, isGap ? 0 : 1);
+            trace.append(time, value, SampleMark(!isGap));
             if (i == count / 2)
                 trace.rebuild(100.0, time, 1.0); // the pyramid grows with the samples
         }
@@ -108,7 +109,7 @@ void TestGraphTrace::rebuiltColumnsAreTheMergedOnes()
                 ++first;
             for (std::size_t i = first >= 2 ? first - 1 : first; i < samples.size(); ++i) {
                 const auto [at, value, mark] = samples[i];
-                mergeSample(expected, pixel, at, value, mark);
+                mergeSample(expected, pixel, at, value, SampleMark(mark));
                 if (at >= end)
                     break;
             }
@@ -154,7 +155,7 @@ void TestGraphTrace::statisticOfARange()
     double sum = 0.0;
     for (int i = 0; i < 20'000; ++i) {
         const double value = i == 7000 ? std::nan("") : std::sin(i * 0.01) * 10.0;
-        trace.append(i, value, 1);
+        trace.append(i, value);
         if (i >= 100 && i <= 15'000 && i != 7000)
             sum += value;
     }
@@ -180,7 +181,7 @@ void TestGraphTrace::feedingMarksGaps()
         trace.rebuild(0.0, 10.0, 0.01);
         QList<int> marks;
         for (const GraphColumn& column : trace.columns())
-            marks << column.mark;
+            marks << static_cast<int>(column.mark);
         return marks;
     };
     DataSet dataSet;
@@ -269,10 +270,10 @@ void TestGraphTrace::feederKeepsWhatIsStillRight()
     QCOMPARE(values(), (QList<double>{-1, -1, -1}));
     QVERIFY(!feeder.feed({})); // no time: exactly one trace
     QCOMPARE(values(), (QList<double>{1, -1, -1}));
-    graph.selectedTrace = 0;
+    graph.selectTrace(0);
     feeder.begin(profile, {b, a}, dataSet); // before the others were filled
     QCOMPARE(values(), (QList<double>{-1, 1}));
-    QCOMPARE(graph.selectedTrace, 1); // still a
+    QCOMPARE(graph.cursor().trace, 1); // still a
     QVERIFY(feeder.feed({}));
     QCOMPARE(values(), (QList<double>{2, 1}));
     profile.setUnitSystem(UnitSystem::Imperial);

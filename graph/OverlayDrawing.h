@@ -1,0 +1,22 @@
+#pragma once
+
+#include "graph/GraphInput.h"
+#include "graph/PlotLayout.h"
+#include "graph/ScenePen.h"
+
+namespace KOLT {
+
+/// The band between the markers, and their distance while the user moves them.
+void drawMarkers(ScenePen& pen, const Graph& graph, const GraphInput& input);
+
+/// The numbers of the visible events that have room beside each other and other texts.
+void drawEventNumbers(ScenePen& pen, const Graph& graph, const PlotLayout& layout);
+void drawEventLines(ScenePen& pen, const Graph& graph, const PlotLayout& layout);
+
+/// The cross of the cursor and its text, beside it and clear of other texts if possible.
+void drawCursor(ScenePen& pen, const Graph& graph, const PlotLayout& layout);
+
+/// The handles of the traces, and where a dragged one would go.
+void drawHandles(ScenePen& pen, const Graph& graph, const GraphInput& input);
+
+} // namespace KOLT
