@@ -294,58 +294,6 @@ ist nicht da. Legen Sie die Karte ein, oder wählen Sie mit „Datenordner öffn
 <context>
     <name>KOLT::DialogDataGraph</name>
     <message>
-        <source>Zoom In</source>
-        <translation>Vergrößern</translation>
-    </message>
-    <message>
-        <source>Zoom Out</source>
-        <translation>Verkleinern</translation>
-    </message>
-    <message>
-        <source>Zoom 1:1</source>
-        <translation>Ganzer Flug</translation>
-    </message>
-    <message>
-        <source>Zoom Marker</source>
-        <translation>Auf Marker zoomen</translation>
-    </message>
-    <message>
-        <source>Clear All</source>
-        <translation>Alles löschen</translation>
-    </message>
-    <message>
-        <source>Automatic Mode</source>
-        <translation>Automatik</translation>
-    </message>
-    <message>
-        <source>Auto</source>
-        <translation>Auto</translation>
-    </message>
-    <message>
-        <source>Split Mode</source>
-        <translation>Getrennte Bänder</translation>
-    </message>
-    <message>
-        <source>Single Graph Mode</source>
-        <translation>Gemeinsamer Graph</translation>
-    </message>
-    <message>
-        <source>Reset all to default</source>
-        <translation>Alles zurücksetzen</translation>
-    </message>
-    <message>
-        <source>Setup</source>
-        <translation>Einrichten</translation>
-    </message>
-    <message>
-        <source>Snapshot</source>
-        <translation>Bild sichern</translation>
-    </message>
-    <message>
-        <source>Copy picture</source>
-        <translation>Bild kopieren</translation>
-    </message>
-    <message>
         <source>Choose a cycle or a flight on the left to see its traces.</source>
         <translation>Wählen Sie links einen Zyklus oder einen Flug, um seine Kurven zu sehen.</translation>
     </message>
@@ -368,10 +316,6 @@ Use a name that ends with .bmp, .png or .jpg.</source>
         <translation>Das Bild wurde nicht gesichert: Es gibt kein Bildformat für
 %1
 Verwenden Sie einen Namen mit der Endung .bmp, .png oder .jpg.</translation>
-    </message>
-    <message>
-        <source>Oscilloscope Setup</source>
-        <translation>Oszilloskop einrichten</translation>
     </message>
     <message>
         <source>Reading traces: %1 of %2</source>
@@ -1529,6 +1473,65 @@ Bitte prüfen Sie, ob die Karte noch steckt und die Dateien lesbar sind; öffnen
     <message>
         <source>The first %1 exceedances are marked; %2 more are left out.</source>
         <translation>Die ersten %1 Überschreitungen sind markiert; %2 weitere sind ausgelassen.</translation>
+    </message>
+</context>
+<context>
+    <name>KOLT::GraphCommandBar</name>
+    <message>
+        <source>Zoom In</source>
+        <translation>Vergrößern</translation>
+    </message>
+    <message>
+        <source>Zoom Out</source>
+        <translation>Verkleinern</translation>
+    </message>
+    <message>
+        <source>Zoom 1:1</source>
+        <translation>Ganzer Flug</translation>
+    </message>
+    <message>
+        <source>Zoom Marker</source>
+        <translation>Auf Marker zoomen</translation>
+    </message>
+    <message>
+        <source>Clear All</source>
+        <translation>Alles löschen</translation>
+    </message>
+    <message>
+        <source>Automatic Mode</source>
+        <translation>Automatik</translation>
+    </message>
+    <message>
+        <source>Split Mode</source>
+        <translation>Getrennte Bänder</translation>
+    </message>
+    <message>
+        <source>Single Graph Mode</source>
+        <translation>Gemeinsamer Graph</translation>
+    </message>
+    <message>
+        <source>Reset all to default</source>
+        <translation>Alles zurücksetzen</translation>
+    </message>
+    <message>
+        <source>Setup</source>
+        <translation>Einrichten</translation>
+    </message>
+    <message>
+        <source>Snapshot</source>
+        <translation>Bild sichern</translation>
+    </message>
+    <message>
+        <source>Copy picture</source>
+        <translation>Bild kopieren</translation>
+    </message>
+    <message>
+        <source>Oscilloscope Setup</source>
+        <translation>Oszilloskop einrichten</translation>
+    </message>
+    <message>
+        <source>Auto</source>
+        <translation>Auto</translation>
     </message>
 </context>
 <context>
