@@ -75,6 +75,8 @@ void addOptions(QCommandLineParser& parser, const Verb& verb)
         add("parameter", "The parameter, as \"Device/Name\".", "NAME");
     if (QLatin1String(verb.name) == QLatin1String("events"))
         add("lamps", "Warning lamps only.");
+    if (QLatin1String(verb.name) == QLatin1String("list"))
+        add("headers-only", "At once, from the headers alone: without \"trust\".");
     if (isExport(verb))
         addExportOptions(parser);
 }
@@ -164,6 +166,8 @@ ParseResult parseArguments(const QStringList& commandLine)
     const bool isValues = name == QLatin1String("values");
     arguments.parameter = valueOf(parser, QStringLiteral("parameter"), isValues);
     arguments.lampsOnly = name == QLatin1String("events") && parser.isSet(QStringLiteral("lamps"));
+    arguments.headersOnly =
+        name == QLatin1String("list") && parser.isSet(QStringLiteral("headers-only"));
     arguments.all = isExport(*verb) && parser.isSet(QStringLiteral("all"));
     QString error = verb->choosesFiles ? readChoice(parser, arguments) : QString();
     if (error.isEmpty() && isExport(*verb))

@@ -27,6 +27,7 @@ struct Arguments
     std::optional<UnitSystem> units; ///< none: metric, in exports those of the settings
     QString parameter;
     bool lampsOnly = false;
+    bool headersOnly = false; ///< list: without a look at what the files hold
 
     // Of the verb "export".
     ExportFormat format = ExportFormat::Csv;

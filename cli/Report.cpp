@@ -4,6 +4,7 @@
 #include "analysis/OverviewTable.h"
 #include "cli/Arguments.h"
 #include "cli/Recording.h"
+#include "cli/Trust.h"
 
 #include <array>
 
@@ -15,12 +16,24 @@ struct Column
 {
     const char* title;
     int width;
+    Figures figures; ///< what is shown is doubtful where one of them is
 };
 
+/// Of these, one is touched by all that touches the samples of a flight.
+constexpr Figures window = Figure::End | Figure::MaxGroundSpeed;
+
 constexpr std::array columns{
-    Column{"Flight", 6},   Column{"Take-off", 9}, Column{"Landing", 9},  Column{"Time", 9},
-    Column{"Max alt", 9},  Column{"Gain", 8},     Column{"Climb", 9},    Column{"Fuel", 8},
-    Column{"T/O dist", 9}, Column{"15 m", 8},     Column{"Exceeded", 9},
+    Column{"Flight", 6, 0},
+    Column{"Take-off", 9, Figure::DateTime | Figure::TakeOff},
+    Column{"Landing", 9, Figure::DateTime | Figure::Landing},
+    Column{"Time", 9, Figure::TakeOff | Figure::Landing},
+    Column{"Max alt", 9, Figure::MaxAltitude},
+    Column{"Gain", 8, Figure::AltitudeGain},
+    Column{"Climb", 9, Figure::ClimbRate},
+    Column{"Fuel", 8, Figure::Fuel},
+    Column{"T/O dist", 9, Figure::TakeOffDistance},
+    Column{"15 m", 8, Figure::TakeOffDistance15m},
+    Column{"Exceeded", 9, window},
 };
 
 constexpr qsizetype fuelColumn = 7;
@@ -37,12 +50,16 @@ QString figure(double value, int decimals, const char* unit)
     return figureText(value, decimals, QLatin1String(unit));
 }
 
-QByteArray row(const QStringList& cells)
+/// Each figure is followed by a blank, or by the mark of a finding that touches it.
+QByteArray row(const QStringList& cells, Figures marked = 0)
 {
     QString line;
     for (std::size_t i = 0; i < columns.size(); ++i)
         line +=
-            QStringLiteral(" ") + cells[static_cast<qsizetype>(i)].rightJustified(columns[i].width);
+            cells[static_cast<qsizetype>(i)].rightJustified(columns[i].width + (i == 0 ? 1 : 0)) +
+            QLatin1Char((columns[i].figures & marked) != 0 ? '*' : ' ');
+    while (line.endsWith(QLatin1Char(' ')))
+        line.chop(1);
     return line.toUtf8() + "\n";
 }
 
@@ -65,14 +82,15 @@ QByteArray totalsLine(const char* label, const FlightTotals& totals)
         .toUtf8();
 }
 
-QByteArray flightRow(const FlightLine& line)
+QByteArray flightRow(const FlightLine& line, Figures marked)
 {
     return row({QString::number(line.number), clock(line.takeOff, line.takeOffSeconds),
                 clock(line.landing, line.landingSeconds), durationText(line.flightSeconds()),
                 figure(line.maxAltitude, 0, "m"), figure(line.climb, 0, "m"),
                 figure(line.climbRate, 1, "m/s"), figure(line.fuel, 2, "l"),
                 figure(line.takeOffDistance, 0, "m"), figure(line.takeOffDistance15m, 0, "m"),
-                QString::number(line.exceedances)});
+                QString::number(line.exceedances)},
+               marked);
 }
 
 /// What lies in no flight, in the columns of fuel and exceedances.
@@ -153,8 +171,8 @@ void reportOverview(const Profile& profile, const CardOverview& card)
     writeOutput(tableRow({}, table.total().cells));
 }
 
-/// Prints a cycle with its flights.
-void reportCycle(const CycleOverview& cycle)
+/// Prints a cycle with its flights and what is to be said about its recording.
+void reportCycle(const CycleOverview& cycle, const RecordingTrust& trust)
 {
     const QString date = cycle.dateTime.isValid()
                              ? cycle.dateTime.toString(QStringLiteral("dd.MM.yyyy hh:mm:ss"))
@@ -168,9 +186,11 @@ void reportCycle(const CycleOverview& cycle)
     if (!cycle.flights.empty())
         writeOutput(headings());
     for (const FlightOverview& flight : cycle.flights)
-        writeOutput(flightRow(flight.line));
+        writeOutput(flightRow(flight.line,
+                              trust.marked[static_cast<std::size_t>(flight.line.number) - 1]));
     writeOutput(outsideRow(cycle));
     writeOutput(totalsLine(" Sum", wholeOf(cycle)));
+    writeOutput(trustLines(trust.findings));
 }
 
 } // namespace
@@ -183,7 +203,7 @@ QString report(const Arguments& arguments)
         error = recording.openFolder();
     if (!error.isEmpty())
         return error;
-    const CardContainer& card = recording.card();
+    CardContainer& card = recording.card();
     writeOutput(QStringLiteral("%1: %2 record files, %3 engine cycles\n")
                     .arg(card.folder(), QString::number(card.files().size()),
                          QString::number(card.cycles().size()))
@@ -193,12 +213,14 @@ QString report(const Arguments& arguments)
     }
     if (!overview.cycles().empty())
         reportOverview(recording.profile(), overview);
+    const CardFiles cardFiles(card);
     FlightTotals all;
     std::vector<QString> unread;
     for (const auto& [number, listed] : card.cycles()) {
         const CycleOverview& cycle = *overview.cycle(number);
         unread.insert(unread.end(), cycle.unreadFiles.begin(), cycle.unreadFiles.end());
-        reportCycle(cycle);
+        card.loadCycle(number);
+        reportCycle(cycle, recordingTrust(recording.profile(), cardFiles, *card.dataSet()));
         all.add(wholeOf(cycle));
     }
     writeOutput("\n" + totalsLine("Total", all));

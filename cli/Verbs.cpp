@@ -4,6 +4,7 @@
 #include "cli/Arguments.h"
 #include "cli/Json.h"
 #include "cli/Recording.h"
+#include "cli/Trust.h"
 #include "record/RoleSeries.h"
 
 #include <QColor>
@@ -80,15 +81,30 @@ QString openAndLoad(Recording& recording)
 QString list(const Arguments& arguments)
 {
     Recording recording(arguments);
-    QString error = recording.openFolder();
+    QString error = arguments.headersOnly ? QString() : recording.openProfile();
+    if (error.isEmpty())
+        error = recording.openFolder();
     if (!error.isEmpty())
         return error;
+    CardContainer& card = recording.card();
     QJsonArray files;
-    for (const auto& [name, file] : recording.card().files())
+    for (const auto& [name, file] : card.files())
         files.append(jsonFile(name, file.info()));
+    std::optional<CardFiles> cardFiles;
+    if (!arguments.headersOnly)
+        cardFiles.emplace(card);
     QJsonArray cycles;
-    for (const auto& [number, cycle] : recording.card().cycles())
-        cycles.append(jsonCycle(cycle));
+    for (const auto& [number, cycle] : card.cycles()) {
+        QJsonObject object = jsonCycle(cycle);
+        if (cardFiles) {
+            card.loadCycle(number);
+            object.insert(
+                QStringLiteral("trust"),
+                jsonTrust(
+                    recordingTrust(recording.profile(), *cardFiles, *card.dataSet()).findings));
+        }
+        cycles.append(object);
+    }
     return printJson({{QStringLiteral("files"), files}, {QStringLiteral("cycles"), cycles}});
 }
 
@@ -99,14 +115,20 @@ QString flights(const Arguments& arguments)
     if (!error.isEmpty())
         return error;
     const DataSet& dataSet = *recording.card().dataSet();
+    const RecordingTrust trust =
+        recordingTrust(recording.profile(), CardFiles(recording.card()), dataSet);
     QJsonArray found;
-    for (const Flight& flight : dataSet.flights)
-        found.append(jsonFlight(flight));
+    for (std::size_t i = 0; i < dataSet.flights.size(); ++i) {
+        QJsonObject flight = jsonFlight(dataSet.flights[i]);
+        flight.insert(QStringLiteral("marked"), jsonMarked(trust.marked[i]));
+        found.append(flight);
+    }
     error = printJson({{QStringLiteral("start"), dataSet.startSeconds},
                    {QStringLiteral("stop"), dataSet.stopSeconds},
                    {QStringLiteral("flights"), found},
                    {QStringLiteral("trackPoints"), static_cast<qint64>(dataSet.track.size())},
-                   {QStringLiteral("unread"), jsonNames(dataSet.unreadFiles)}});
+                   {QStringLiteral("unread"), jsonNames(dataSet.unreadFiles)},
+                   {QStringLiteral("trust"), jsonTrust(trust.findings)}});
     return finish(error, dataSet);
 }
 

@@ -30,7 +30,7 @@ struct Verb
 
 /// All verbs, in the order of the help.
 inline constexpr std::array verbs{
-    Verb{"list", "List the record files and engine cycles of a folder as JSON.", false, false,
+    Verb{"list", "List the record files and engine cycles of a folder as JSON.", false, true,
          list},
     Verb{"flights", "Print the flights of a cycle with their figures as JSON.", true, true,
          flights},

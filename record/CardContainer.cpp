@@ -202,6 +202,7 @@ std::unique_ptr<DataSet> CardContainer::read(const std::list<QString>& paths,
     for (const QString& path : paths) {
         const QString name = fileNameOf(path);
         RecordFile& file = m_files[name];
+        dataSet->files.push_back({name, dataSet->messages.nextSequence()});
         const bool isRead = file.readRecordData(dataSet->messages, [&](qint64 bytes) {
             if (progress && totalBytes > 0)
                 progress(static_cast<int>(

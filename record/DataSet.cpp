@@ -35,6 +35,7 @@ std::unique_ptr<DataSet> DataSet::copyOfFlight(std::size_t index) const
     copy->startSeconds = flight.startSeconds;
     copy->stopSeconds = flight.endSeconds;
     copy->dateTime = dateTime;
+    copy->files = files;
     copy->unreadFiles = unreadFiles;
     copy->flights = flights;
     copy->flightIndex = index;

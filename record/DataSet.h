@@ -12,6 +12,13 @@
 
 namespace KOLT {
 
+/// A file of a data set, and the place of its first sample in the recording.
+struct LoadedFile
+{
+    QString name;
+    std::uint32_t firstSequence = 0;
+};
+
 /// The recording loaded for analysis: some files, a cycle, or one flight of a cycle. Times are
 /// seconds on the unit's counter.
 struct DataSet
@@ -20,6 +27,7 @@ struct DataSet
     double startSeconds = 0.0;
     double stopSeconds = 0.0;
     QDateTime dateTime; ///< clock time at counter 0, from the first file; may be invalid
+    std::vector<LoadedFile> files;    ///< in the order in which they were loaded
     std::vector<QString> unreadFiles; ///< names of files that were not read, or not completely
     std::vector<Flight> flights;      ///< all flights of the files, even if only one is loaded
     std::optional<std::size_t> flightIndex; ///< the loaded flight; none: all of the files

@@ -20,6 +20,7 @@ void MessageMap::clear()
     m_series.clear();
     m_cache = {};
     m_kindSeries = {};
+    m_breaks = {};
     m_droppedCount = 0;
     m_lateCount = 0;
     m_nextSequence = 0;
@@ -80,6 +81,7 @@ void MessageMap::removeIf(Predicate&& isDropped)
 void MessageMap::truncate(std::uint32_t sequence)
 {
     removeIf([&](const StoredSample& sample) { return sample.sequence >= sequence; });
+    m_breaks.truncate(sequence);
     m_nextSequence = sequence;
 }
 
@@ -104,6 +106,7 @@ void MessageMap::copyWindow(const MessageMap& other, double start, double end)
             copy->append() = sample;
         }
     }
+    m_breaks = other.m_breaks;
     m_droppedCount = other.m_droppedCount;
     m_lateCount = other.m_lateCount;
     m_nextSequence = other.m_nextSequence;

@@ -2,6 +2,7 @@
 
 #include "profile/ProfileParameter.h"
 #include "record/MessageSeries.h"
+#include "record/TimeBreaks.h"
 #include "record/TimeSlots.h"
 
 #include <array>
@@ -39,6 +40,7 @@ public:
         sample.timeHigh = timeHigh;
         sample.timeLow = timeLow;
         sample.id = id;
+        m_breaks.note(timeHigh, timeLow, m_nextSequence, id);
         sample.sequence = m_nextSequence++;
         if (timeHigh > lastGridHighWord)
             ++m_lateCount;
@@ -60,6 +62,9 @@ public:
 
     /// Samples beyond maxGridSeconds, to the precision of the time stamp's high word (134 s).
     std::size_t lateCount() const { return m_lateCount; }
+
+    /// Where times step from one sample to the next, as they were recorded.
+    const std::vector<TimeBreak>& breaks() const { return m_breaks.all(); }
 
     /// The sequence number of the next sample.
     std::uint32_t nextSequence() const { return m_nextSequence; }
@@ -107,6 +112,7 @@ private:
     std::map<std::uint32_t, MessageSeries> m_series;
     std::array<CacheLine, 1U << cacheBits> m_cache{};
     mutable std::array<KindSeries, 2> m_kindSeries;
+    TimeBreaks m_breaks;
     std::size_t m_droppedCount = 0;
     std::size_t m_lateCount = 0;
     std::uint32_t m_nextSequence = 0;

@@ -15,6 +15,35 @@ double flag(bool on)
     return on ? 1.0 : 0.0;
 }
 
+/// What shows an incident best, and whether by a low value.
+struct Sign
+{
+    std::string_view parameter;
+    double Quantities::*value;
+    bool isLow = false;
+};
+
+Sign signOf(const PlannedIncident& incident)
+{
+    switch (incident.kind) {
+    case Incident::OilHot:
+        return {"Oil Temperature", &Quantities::oilTemperature};
+    case Incident::LeanMixture:
+        return {"EGT 3", &Quantities::egt3};
+    case Incident::Overspeed:
+        return {"Engine Speed", &Quantities::engineSpeed};
+    case Incident::GeneratorOff:
+        return {"Bus Voltage A", &Quantities::busVoltage, true};
+    case Incident::GpsJump:
+        return {"Latitude", &Quantities::latitude};
+    case Incident::FaultLaneA:
+    case Incident::FaultLaneB:
+    case Incident::DataGap:
+        break;
+    }
+    return {incident.fault, nullptr};
+}
+
 bool isAirborne(Phase phase)
 {
     return phase >= Phase::Tow && phase <= Phase::Final;
@@ -46,8 +75,12 @@ bool CycleSimulation::step()
     const Phase before = m_pilot.phase();
     m_pilot.step();
     const Phase now = m_pilot.phase();
-    if (before == Phase::Final && now == Phase::RollOut)
+    if (before == Phase::Final && now == Phase::RollOut) {
         ++m_landings;
+        m_openTakeOff = 0.0;
+    } else if (before == Phase::TakeOff && now == Phase::Tow) {
+        m_openTakeOff = counter();
+    }
     openWindows();
     if (now == Phase::Hookup && before != now && m_engine.fuelPerTank() < fuelReserve)
         m_engine.refuel();
@@ -64,6 +97,7 @@ bool CycleSimulation::step()
     m_engine.step(m_pilot.controls(), m_air, trouble);
     m_gps.step(m_pilot.motion());
     describe();
+    watchIncidents();
 
     return now != Phase::Done && (m_plan.stopCounter <= 0.0 || counter() < m_plan.stopCounter);
 }
@@ -76,8 +110,35 @@ void CycleSimulation::openWindows()
     m_flight = m_pilot.flight();
     for (const PlannedIncident& incident : m_plan.incidents) {
         if (incident.phase == m_phase && incident.flight == m_flight)
-            m_windows.push_back({incident, counter() + incident.delay});
+            m_windows.push_back({incident, counter() + incident.delay, 0.0, 0.0});
     }
+}
+
+void CycleSimulation::watchIncidents()
+{
+    const double now = counter();
+    for (Window& window : m_windows) {
+        if (now < window.start || now >= window.start + window.incident.duration)
+            continue;
+        const Sign sign = signOf(window.incident);
+        const double value = sign.value != nullptr ? m_quantities.*sign.value : 1.0;
+        const bool isFirst = window.end == 0.0;
+        window.peak = isFirst      ? value
+                      : sign.isLow ? std::min(window.peak, value)
+                                   : std::max(window.peak, value);
+        window.end = now;
+    }
+}
+
+std::vector<IncidentReport> CycleSimulation::incidents() const
+{
+    std::vector<IncidentReport> reports;
+    for (const Window& window : m_windows) {
+        if (window.end > 0.0)
+            reports.push_back({window.incident.kind, signOf(window.incident).parameter,
+                               window.start, window.end, window.peak});
+    }
+    return reports;
 }
 
 bool CycleSimulation::isActive(Incident kind) const

@@ -6,6 +6,16 @@
 
 namespace KOLT::SampleCard {
 
+/// An incident as it came about. Seconds on the unit's counter.
+struct IncidentReport
+{
+    Incident kind = Incident::DataGap;
+    std::string_view parameter; ///< that shows it best; empty for a gap
+    double from = 0.0;
+    double to = 0.0;
+    double peak = 0.0; ///< of the parameter, without noise
+};
+
 /// One engine cycle, from power-on to power-off, step by step.
 class CycleSimulation
 {
@@ -27,14 +37,22 @@ public:
     /// Completed landings.
     int flights() const { return m_landings; }
 
+    /// When the aircraft became fast for the last time and did not land; 0 when it landed.
+    double openTakeOff() const { return m_openTakeOff; }
+
+    std::vector<IncidentReport> incidents() const;
+
 private:
     struct Window
     {
         PlannedIncident incident;
         double start = 0.0;
+        double end = 0.0; ///< of the recording, where that comes first
+        double peak = 0.0;
     };
 
     void openWindows();
+    void watchIncidents();
     bool isActive(Incident kind) const;
     void describe();
     void describeAir();
@@ -51,6 +69,7 @@ private:
     Phase m_phase = Phase::Done;
     int m_flight = -1;
     int m_landings = 0;
+    double m_openTakeOff = 0.0;
     long m_steps = 0;
     double m_earlierHours = 0.0;
     double m_bump = 0.0; ///< vertical acceleration by turbulence, m/s²

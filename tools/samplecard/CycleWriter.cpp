@@ -56,8 +56,11 @@ bool CycleWriter::write(CycleSimulation& simulation)
 
 void CycleWriter::record(const CycleSimulation& simulation, long step)
 {
-    if (simulation.inDataGap())
+    if (simulation.inDataGap()) {
+        if (m_breaks.empty() || m_breaks.back().to > 0.0)
+            m_breaks.push_back({m_lastFile, false, m_lastSeconds, 0.0});
         return;
+    }
     // Each message has a slot of its own within the step and is delayed in it at random, as on a
     // busy bus.
     const double slot = 0.9 * stepSeconds / static_cast<double>(m_encoder.messageCount());
@@ -68,7 +71,10 @@ void CycleWriter::record(const CycleSimulation& simulation, long step)
             m_encoder.encode(i, simulation.quantities(), m_random);
         sample.word16 = m_sequence++;
         const double late = slot * (static_cast<double>(i) + m_random.uniform(0.0, 0.9));
-        sample.ticks = RecordFileWriter::ticksFromSeconds(simulation.counter() + late);
+        m_lastSeconds = simulation.counter() + late;
+        if (!m_breaks.empty() && m_breaks.back().to == 0.0)
+            m_breaks.back().to = m_lastSeconds;
+        sample.ticks = RecordFileWriter::ticksFromSeconds(m_lastSeconds);
         RecordFileWriter::appendSample(m_buffer, sample, m_order);
     }
 }
@@ -117,8 +123,10 @@ bool CycleWriter::openFile(double counter)
 
 bool CycleWriter::closeFile()
 {
-    if (m_filesOpened - 1 == m_plan.fileWithTail)
+    if (m_filesOpened - 1 == m_plan.fileWithTail) {
         m_buffer.append(tailBytes, '\x2a'); // power was cut within a sample
+        m_breaks.push_back({m_lastFile, true, m_lastSeconds, 0.0});
+    }
     return flush() && ((m_file->flush() && m_file->commit()) || fail());
 }
 

@@ -26,6 +26,19 @@ public:
 
     QString lastFile() const { return m_lastFile; }
 
+    double lastSeconds() const { return m_lastSeconds; }
+
+    /// What lies between two samples that would follow each other otherwise.
+    struct Break
+    {
+        QString file;       ///< of the sample before
+        bool isCut = false; ///< the file ends there, within a sample
+        double from = 0.0;
+        double to = 0.0;
+    };
+
+    const std::vector<Break>& breaks() const { return m_breaks; }
+
     /// Why writing failed.
     QString error() const { return m_error; }
 
@@ -47,6 +60,8 @@ private:
     QByteArray m_buffer;
     int m_filesOpened = 0;
     std::uint32_t m_sequence = 0;
+    double m_lastSeconds = 0.0; ///< of the last sample
+    std::vector<Break> m_breaks;
     QString m_firstFile;
     QString m_lastFile;
     QString m_error;

@@ -1,6 +1,7 @@
 #include "tools/samplecard/SampleCard.h"
 
 #include "tools/samplecard/CycleWriter.h"
+#include "tools/samplecard/PlantedList.h"
 
 namespace KOLT::SampleCard {
 
@@ -45,6 +46,7 @@ bool writeSampleCard(const SampleCardOptions& options, QString* error)
     Random random(options.seed);
     const std::vector<CyclePlan> card =
         options.isShort ? shortCard() : options.hours > 0.0 ? longCard(options.hours) : defaultCard();
+    PlantedList planted;
     int fileNumber = 1;
     int cycleNumber = 0;
     double hours = earlierHours;
@@ -53,10 +55,13 @@ bool writeSampleCard(const SampleCardOptions& options, QString* error)
         CycleWriter writer(folder, plan, encoder, random, fileNumber);
         if (!writer.write(simulation))
             return fail(error, writer.error());
+        planted.add(cycleNumber, simulation, writer);
         hours = simulation.quantities().engineHours;
         if (options.report)
             options.report(description(cycleNumber, plan, writer, simulation));
     }
+    if (!options.plantedPath.isEmpty() && !planted.write(options.plantedPath))
+        return fail(error, QStringLiteral("cannot write %1").arg(options.plantedPath));
     return true;
 }
 

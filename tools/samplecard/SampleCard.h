@@ -12,6 +12,9 @@ struct SampleCardOptions
     QString folder;      ///< created if missing
     QString profilePath; ///< defines how values are encoded in messages
     std::uint64_t seed = 1;
+    /// Where to write down what the card holds on purpose, as JSON; empty: nowhere. Never in the
+    /// card's folder.
+    QString plantedPath;
     double hours = 0.0; ///< above 0: one engine run of that length instead of the usual card
     bool isShort = false; ///< one engine run with one flight, in three files
     /// Called with one line about each cycle written.

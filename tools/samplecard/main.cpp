@@ -3,6 +3,7 @@
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
+#include <QDir>
 
 #include <cstdio>
 #include <string_view>
@@ -41,7 +42,13 @@ int main(int argc, char** argv)
         QStringLiteral("profile"), QStringLiteral("Profile that the messages are encoded with."),
         QStringLiteral("FILE"),
         QCoreApplication::applicationDirPath() + QStringLiteral("/../profiles/Profile.xml"));
-    parser.addOptions({seed, hours, isShort, profile});
+    const QCommandLineOption planted(
+        QStringLiteral("planted"),
+        QStringLiteral(
+            "Where to write down what the card holds on purpose; \"planted.json\" beside "
+            "its folder without this option."),
+        QStringLiteral("FILE"));
+    parser.addOptions({seed, hours, isShort, profile, planted});
     parser.process(application);
 
     if (parser.positionalArguments().size() != 1)
@@ -49,6 +56,10 @@ int main(int argc, char** argv)
     KOLT::SampleCard::SampleCardOptions options;
     options.folder = parser.positionalArguments().constFirst();
     options.profilePath = parser.value(profile);
+    options.plantedPath =
+        parser.isSet(planted)
+            ? parser.value(planted)
+            : QDir::cleanPath(options.folder + QStringLiteral("/../planted.json"));
     bool ok = false;
     options.seed = parser.value(seed).toULongLong(&ok);
     if (!ok)

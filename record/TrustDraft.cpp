@@ -1,0 +1,47 @@
+#include "record/TrustDraft.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace KOLT {
+
+Figures figuresTouched(const Flight& flight, const TouchedSpan& span)
+{
+    // Where times jump a flight may end before it starts.
+    const auto [first, last] = std::minmax(flight.startSeconds, flight.endSeconds);
+    if (span.to < first || span.from > last)
+        return 0;
+    if (span.effect == TouchedSpan::Effect::Listed)
+        return span.figures;
+    // Behind a hole a take-off or a landing is found late. A hole between both may hold a landing
+    // and another take-off, before it the take-off itself.
+    Figures figures = Figure::All & ~Figure::Times;
+    if (span.from <= flight.takeOffSeconds)
+        figures |= Figure::DateTime | Figure::Start | Figure::TakeOff;
+    if (span.to > flight.takeOffSeconds && span.from <= flight.landingSeconds)
+        figures |= Figure::Landing | Figure::End;
+    return figures & span.figures;
+}
+
+double unexplainedSeconds(double from, double to, const TrustDrafts& drafts)
+{
+    std::vector<std::pair<double, double>> known;
+    for (const TrustDraft& draft : drafts) {
+        for (const TouchedSpan& span : draft.touched) {
+            if (span.to > from && span.from < to)
+                known.emplace_back(std::max(from, span.from), std::min(to, span.to));
+        }
+    }
+    std::ranges::sort(known);
+    double left = to - from;
+    double done = from;
+    for (const auto& [start, end] : known) {
+        if (end <= done)
+            continue;
+        left -= end - std::max(start, done);
+        done = end;
+    }
+    return left;
+}
+
+} // namespace KOLT
