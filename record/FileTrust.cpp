@@ -233,6 +233,7 @@ void FileChecker::checkCycle()
     for (const FileFacts* const file : m_files)
         draft.finding.files.push_back(file->name);
     draft.finding.text = TrustText::beforeFirstCycle();
+    draft.touch(-endOfTime, m_trust.sound.front()->firstSeconds); // a flight may begin there
 }
 
 template <typename Value>

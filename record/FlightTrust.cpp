@@ -112,7 +112,7 @@ bool isExplained(const TrustDrafts& drafts, double seconds)
 {
     constexpr double closeSeconds = 5.0;
     return std::ranges::any_of(drafts, [&](const TrustDraft& draft) {
-        return trustSeverity(draft.finding.kind) != TrustSeverity::Note &&
+        return draft.finding.kind != TrustKind::MessageHole &&
                std::ranges::any_of(draft.touched, [&](const TouchedSpan& span) {
                    const bool isWhole = span.from == -endOfTime && span.to == endOfTime;
                    return !isWhole && (span.figures & Figure::Fuel) != 0 &&

@@ -96,7 +96,8 @@ public:
         const double spacing = usualSpacing(series);
         const double limit = std::max(shortestSilence, silentSpacings * spacing);
         std::vector<Silence> found = silencesOf(series, spacing, limit);
-        addEnds(series, limit, found);
+        if (m_recorded.isInOrder)
+            addEnds(series, limit, found);
         std::erase_if(found, [&](const Silence& silence) {
             return unexplainedSeconds(silence.from, silence.to, m_drafts) <= limit;
         });

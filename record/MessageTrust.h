@@ -12,6 +12,7 @@ struct RecordedSpan
     double first = 0.0;
     double last = 0.0;
     std::optional<double> openTakeOff;
+    bool isInOrder = true; ///< times run from first to last
 };
 
 /// Finds messages that fall silent while others go on; silences that the drafts explain are left

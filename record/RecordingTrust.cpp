@@ -14,8 +14,8 @@ namespace {
 RecordedSpan spanOf(const DataSet& dataSet, const FileTrust& files)
 {
     if (dataSet.flightIndex || files.sound.empty())
-        return {dataSet.startSeconds, dataSet.stopSeconds, {}};
-    RecordedSpan span{endOfTime, -endOfTime, {}};
+        return {dataSet.startSeconds, dataSet.stopSeconds, {}, files.isInOrder};
+    RecordedSpan span{endOfTime, -endOfTime, {}, files.isInOrder};
     for (const FileFacts* const file : files.sound) {
         span.first = std::min(span.first, file->firstSeconds);
         span.last = std::max(span.last, file->lastSeconds);

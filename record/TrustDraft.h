@@ -16,7 +16,7 @@ constexpr double endOfTime = std::numeric_limits<double>::infinity();
 struct TouchedSpan
 {
     enum class Effect {
-        Hole,    ///< something is lacking: what counts are its ends
+        Hole,   ///< something is lacking: what counts are its ends
         Listed, ///< these figures are off, wherever it meets the flight
     };
 

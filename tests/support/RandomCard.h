@@ -146,7 +146,7 @@ private:
             put(5, 5.0F + 0.1F * m_state.throttle + noise, 5.0F + 0.1F * m_state.throttle);
         if (m_step % 5 == 0)
             put(6, 80.0F + noise);
-        if (chance(0.005))
+        if (chance(0.005) || m_files.back().samples.size() < 7)
             put(7, noise);
     }
 
