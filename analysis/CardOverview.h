@@ -15,7 +15,7 @@ class CardContainer;
 /// The cycles of one day, by the dates of the cycles.
 struct DayOverview
 {
-    QDate date; ///< invalid where the recording has no date
+    QDate date;                      ///< invalid where the recording has no date
     std::vector<std::size_t> cycles; ///< indices of the card's cycles, ascending in time
     FlightTotals totals;             ///< of the flights; exceedances outside of them are added
     double runSeconds = 0.0;

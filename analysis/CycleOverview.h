@@ -56,10 +56,10 @@ struct CycleOverview
     std::vector<FlightOverview> flights;
     FlightTotals totals; ///< of the flights
     double maxAltitude = 0.0;
-    double fuel = 0.0;                ///< litres, of the whole run
-    std::size_t crossings = 0;        ///< of all parameters, lamps included
-    std::size_t outsideCrossings = 0; ///< those that lie in no flight and its 30 s around
-    std::size_t lamps = 0;            ///< of the crossings, those of warning lamps
+    double fuel = 0.0;                        ///< litres, of the whole run
+    std::size_t crossings = 0;                ///< of all parameters, lamps included
+    std::size_t outsideCrossings = 0;         ///< those that lie in no flight and its 30 s around
+    std::size_t lamps = 0;                    ///< of the crossings, those of warning lamps
     std::map<QString, std::size_t> lampNames; ///< how often each came on, by full name
     std::vector<QString> lampsFromTheStart;   ///< on at their first sample, which is no crossing
     std::optional<Exceedance> worst;

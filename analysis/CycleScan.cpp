@@ -262,8 +262,8 @@ template <ByteOrder order>
 void CycleScan::store(std::span<const unsigned char, sampleBytes> bytes, std::uint32_t id)
 {
     const ByteReader reader(bytes, order);
-    StoredSample* const sample = m_messages.append(id, reader.u32(sampleTimeOffset),
-                                                   reader.u32(sampleTimeOffset + 4));
+    StoredSample* const sample =
+        m_messages.append(id, reader.u32(sampleTimeOffset), reader.u32(sampleTimeOffset + 4));
     if (sample == nullptr)
         return;
     std::memcpy(sample->data.data(), bytes.data(), sample->data.size());
@@ -361,8 +361,8 @@ void CycleScan::addFlights()
         row.line = flightLine(flight, static_cast<int>(m_overview.flights.size()),
                               m_overview.dateTime, m_crossings);
         row.lamps = within(m_lampCrossings, flight);
-        const auto first = std::ranges::lower_bound(m_exceedances, flight.startSeconds, {},
-                                                    &Exceedance::seconds);
+        const auto first =
+            std::ranges::lower_bound(m_exceedances, flight.startSeconds, {}, &Exceedance::seconds);
         for (auto it = first; it != m_exceedances.end() && it->seconds <= flight.endSeconds; ++it) {
             if (!row.worst || isWorse(*it, *row.worst))
                 row.worst = *it;

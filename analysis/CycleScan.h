@@ -92,9 +92,9 @@ private:
     struct Message
     {
         std::vector<ExceedanceTracker> trackers;
-        bool isStored = false;    ///< flights or fuel need its samples
-        bool isRecorded = false;  ///< it was seen, and counts as one of MessageMap::maxIdentifiers
-        bool isFiltered = false;  ///< a position: equal bytes may give another value
+        bool isStored = false;   ///< flights or fuel need its samples
+        bool isRecorded = false; ///< it was seen, and counts as one of MessageMap::maxIdentifiers
+        bool isFiltered = false; ///< a position: equal bytes may give another value
         bool hasLast = false;
         MessageData last{};
     };
@@ -135,7 +135,7 @@ private:
     std::map<std::uint32_t, Message> m_known;
     std::array<CacheLine, 1U << cacheBits> m_cache{};
     std::size_t m_recordedCount = 0;
-    std::size_t m_sampleCount = 0; ///< of all messages
+    std::size_t m_sampleCount = 0;     ///< of all messages
     std::array<Message*, 2> m_kinds{}; ///< those of all samples of kind 0 and kind 1, if needed
     bool m_isAllStored = false;
     std::deque<ExceedanceTracker> m_late; ///< of parameters that need another series first

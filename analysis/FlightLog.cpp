@@ -86,8 +86,8 @@ FlightLog flightLog(const Profile& profile, const DataSet& dataSet)
     FlightLog log;
     log.exceedances = events.size();
     for (const Flight& flight : dataSet.flights)
-        log.lines.push_back(flightLine(flight, static_cast<int>(log.lines.size()) + 1,
-                                       dataSet.dateTime, events));
+        log.lines.push_back(
+            flightLine(flight, static_cast<int>(log.lines.size()) + 1, dataSet.dateTime, events));
     return log;
 }
 

@@ -43,8 +43,8 @@ struct FlightTotals
     void add(const FlightTotals& other);
 };
 
-/// The line of one flight. `crossings` are the ascending times of all exceedances, `dateTime` is the
-/// clock at counter 0.
+/// The line of one flight. `crossings` are the ascending times of all exceedances, `dateTime` is
+/// the clock at counter 0.
 FlightLine flightLine(const Flight& flight, int number, const QDateTime& dateTime,
                       const std::vector<double>& crossings);
 

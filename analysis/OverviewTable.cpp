@@ -77,7 +77,8 @@ Row sumRow(const QString& name, const DayOverview& day)
 
 Row cycleRow(const Profile& profile, const CycleOverview& cycle)
 {
-    Row row{OverviewTable::Kind::Cycle, cycle.number, 0, emptyCells(), cycle.isComplete, cycle.worst, {}};
+    Row row{OverviewTable::Kind::Cycle, cycle.number, 0, emptyCells(),
+            cycle.isComplete,           cycle.worst,  {}};
     row.cells[OverviewTable::Name] = cycle.name;
     row.cells[OverviewTable::Time] = clockText(cycle.dateTime, cycle.startSeconds);
     row.cells[OverviewTable::Run] = durationText(cycle.runSeconds);

@@ -19,17 +19,29 @@ public:
     enum class Kind { Day, Cycle, Flight, Outside };
 
     /// Columns, left to right.
-    enum Column { Name, Time, Run, Flights, Air, Altitude, Fuel, FlightFuel, Exceeded, Lamps, Worst };
+    enum Column {
+        Name,
+        Time,
+        Run,
+        Flights,
+        Air,
+        Altitude,
+        Fuel,
+        FlightFuel,
+        Exceeded,
+        Lamps,
+        Worst
+    };
 
     static constexpr int columnCount = Worst + 1;
 
     struct Row
     {
         Kind kind = Kind::Day;
-        int cycle = 0;             ///< number; of all but days
-        std::size_t flight = 0;    ///< index in the cycle; of flights
-        QStringList cells;         ///< one for each column
-        bool isComplete = false;   ///< of rows that are not, some cells are still empty
+        int cycle = 0;           ///< number; of all but days
+        std::size_t flight = 0;  ///< index in the cycle; of flights
+        QStringList cells;       ///< one for each column
+        bool isComplete = false; ///< of rows that are not, some cells are still empty
         std::optional<Exceedance> worst;
         QString tip; ///< the texts that do not fit into the cells; may be empty
     };

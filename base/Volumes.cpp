@@ -48,7 +48,7 @@ std::vector<Volume> removableVolumes(const QByteArray& mountTable)
     for (const QByteArray& line : mountTable.split('\n')) {
         const QList<QByteArray> fields = line.split(' ');
         if (fields.size() < 3 || !fields[0].startsWith("/dev/") ||
-            std::ranges::find(localTypes, fields[2]) == localTypes.end())
+            std::ranges::none_of(localTypes, [&](const char* type) { return fields[2] == type; }))
             continue;
         const QString path = QFile::decodeName(unescaped(fields[1]));
         const bool isOfUser = path.startsWith(QLatin1String("/media/")) ||

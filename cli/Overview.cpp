@@ -24,9 +24,8 @@ QJsonValue jsonWorst(const std::optional<Exceedance>& worst)
 
 QJsonObject jsonDay(const DayOverview& day)
 {
-    return {{QStringLiteral("date"), day.date.isValid()
-                                         ? QJsonValue(day.date.toString(Qt::ISODate))
-                                         : QJsonValue(QJsonValue::Null)},
+    return {{QStringLiteral("date"), day.date.isValid() ? QJsonValue(day.date.toString(Qt::ISODate))
+                                                        : QJsonValue(QJsonValue::Null)},
             {QStringLiteral("flights"), day.totals.flights},
             {QStringLiteral("airSeconds"), day.totals.seconds},
             {QStringLiteral("fuel"), day.fuel}};

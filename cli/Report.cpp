@@ -122,7 +122,8 @@ struct TableColumn
     int width;
 };
 
-/// The overview's columns in the words of the terminal; the worst exceedance is last, as it is text.
+/// The overview's columns in the words of the terminal; the worst exceedance is last, as it is
+/// text.
 constexpr std::array tableColumns{
     TableColumn{OverviewTable::Name, "Day, cycle, flight", -19},
     TableColumn{OverviewTable::Time, "Time", 9},
@@ -186,8 +187,8 @@ void reportCycle(const CycleOverview& cycle, const RecordingTrust& trust)
     if (!cycle.flights.empty())
         writeOutput(headings());
     for (const FlightOverview& flight : cycle.flights)
-        writeOutput(flightRow(flight.line,
-                              trust.marked[static_cast<std::size_t>(flight.line.number) - 1]));
+        writeOutput(
+            flightRow(flight.line, trust.marked[static_cast<std::size_t>(flight.line.number) - 1]));
     writeOutput(outsideRow(cycle));
     writeOutput(totalsLine(" Sum", wholeOf(cycle)));
     writeOutput(trustLines(trust.findings));

@@ -124,11 +124,11 @@ QString flights(const Arguments& arguments)
         found.append(flight);
     }
     error = printJson({{QStringLiteral("start"), dataSet.startSeconds},
-                   {QStringLiteral("stop"), dataSet.stopSeconds},
-                   {QStringLiteral("flights"), found},
-                   {QStringLiteral("trackPoints"), static_cast<qint64>(dataSet.track.size())},
-                   {QStringLiteral("unread"), jsonNames(dataSet.unreadFiles)},
-                   {QStringLiteral("trust"), jsonTrust(trust.findings)}});
+                       {QStringLiteral("stop"), dataSet.stopSeconds},
+                       {QStringLiteral("flights"), found},
+                       {QStringLiteral("trackPoints"), static_cast<qint64>(dataSet.track.size())},
+                       {QStringLiteral("unread"), jsonNames(dataSet.unreadFiles)},
+                       {QStringLiteral("trust"), jsonTrust(trust.findings)}});
     return finish(error, dataSet);
 }
 
@@ -181,8 +181,8 @@ QString events(const Arguments& arguments)
                                  {QStringLiteral("parameter"), event.parameter->name},
                                  {QStringLiteral("text"), event.text}});
     error = printJson({{QStringLiteral("events"), found},
-                   {QStringLiteral("leftOut"), static_cast<qint64>(leftOut)},
-                   {QStringLiteral("unread"), jsonNames(dataSet.unreadFiles)}});
+                       {QStringLiteral("leftOut"), static_cast<qint64>(leftOut)},
+                       {QStringLiteral("unread"), jsonNames(dataSet.unreadFiles)}});
     return finish(error, dataSet);
 }
 

@@ -49,8 +49,7 @@ std::span<const unsigned char> SampleReader::next()
     while (m_isOpen && m_done < m_wanted) {
         const qint64 room =
             std::min(static_cast<qint64>(m_block.size() - m_held), m_wanted - m_done);
-        const qint64 count =
-            m_file.read(reinterpret_cast<char*>(m_block.data()) + m_held, room);
+        const qint64 count = m_file.read(reinterpret_cast<char*>(m_block.data()) + m_held, room);
         if (count <= 0) {
             if (count < 0)
                 Diagnostics::print("RecordFile::readRecordData: Could not read all of %s: %s\n",

@@ -31,9 +31,8 @@ void drawMark(QPainter& painter, StateMark mark, const QRectF& place)
     }
     case StateMark::Warning:
         painter.setBrush(warningColor);
-        painter.drawPolygon(QPolygonF({{place.center().x(), place.top()},
-                                       place.bottomRight(),
-                                       place.bottomLeft()}));
+        painter.drawPolygon(QPolygonF(
+            {{place.center().x(), place.top()}, place.bottomRight(), place.bottomLeft()}));
         break;
     case StateMark::Limit:
         painter.setBrush(limitColor);

@@ -86,13 +86,13 @@ void OverviewPage::createTree()
     for (int column = 0; column < OverviewTable::columnCount; ++column) {
         QTreeWidgetItem* const item = m_tree->headerItem();
         // The unit has a line of its own, as columns are narrow.
-        item->setText(column, QString(headings[column]).replace(QLatin1String(" ["),
-                                                                QLatin1String("\n[")));
+        item->setText(column,
+                      QString(headings[column]).replace(QLatin1String(" ["), QLatin1String("\n[")));
         item->setToolTip(column, explanations[column]);
-        item->setTextAlignment(column, column == OverviewTable::Name ||
-                                               column == OverviewTable::Worst
-                                           ? Qt::AlignLeft | Qt::AlignVCenter
-                                           : Qt::AlignRight | Qt::AlignVCenter);
+        item->setTextAlignment(column,
+                               column == OverviewTable::Name || column == OverviewTable::Worst
+                                   ? Qt::AlignLeft | Qt::AlignVCenter
+                                   : Qt::AlignRight | Qt::AlignVCenter);
     }
     connect(m_tree, &QTreeWidget::itemClicked, this, &OverviewPage::open);
     for (const auto key : {Qt::Key_Return, Qt::Key_Enter}) {
@@ -143,7 +143,8 @@ void OverviewPage::fill()
 
 QTreeWidgetItem* OverviewPage::addItem(QTreeWidgetItem* parent, const OverviewTable::Row& row)
 {
-    auto* const item = parent != nullptr ? new QTreeWidgetItem(parent) : new QTreeWidgetItem(m_tree);
+    auto* const item =
+        parent != nullptr ? new QTreeWidgetItem(parent) : new QTreeWidgetItem(m_tree);
     setRow(*item, row);
     return item;
 }
@@ -169,9 +170,9 @@ void OverviewPage::setRow(QTreeWidgetItem& item, const OverviewTable::Row& row)
         item.setIcon(OverviewTable::Worst, markIcon(mark));
     if (!isSum) {
         item.setData(0, cycleRole, row.cycle);
-        item.setData(0, flightRole, row.kind == OverviewTable::Kind::Flight
-                                        ? static_cast<int>(row.flight)
-                                        : wholeCycle);
+        item.setData(0, flightRole,
+                     row.kind == OverviewTable::Kind::Flight ? static_cast<int>(row.flight)
+                                                             : wholeCycle);
     }
 }
 

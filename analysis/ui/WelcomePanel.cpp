@@ -36,13 +36,14 @@ WelcomePanel::WelcomePanel(QWidget* parent)
     column->setSpacing(spacing);
     column->addStretch();
     auto* const icon = new QLabel(this);
-    icon->setPixmap(QIcon(QStringLiteral(":/icons/app.svg")).pixmap(QSize(iconPixels, iconPixels), devicePixelRatioF()));
+    icon->setPixmap(QIcon(QStringLiteral(":/icons/app.svg"))
+                        .pixmap(QSize(iconPixels, iconPixels), devicePixelRatioF()));
     column->addWidget(icon, 0, Qt::AlignHCenter);
     m_text = addText(*column, "welcome", this);
     m_volumes = new QVBoxLayout;
     column->addLayout(m_volumes);
-    QPushButton* const choose =
-        addButton(tr("Open the memory card..."), tr("Choose the folder that holds the record files"));
+    QPushButton* const choose = addButton(tr("Open the memory card..."),
+                                          tr("Choose the folder that holds the record files"));
     choose->setIcon(QIcon(QStringLiteral(":/icons/open-folder.svg")));
     m_sample = addButton(tr("Try the sample card"),
                          tr("A short simulated flight that comes with the program"));
@@ -68,9 +69,10 @@ QPushButton* WelcomePanel::addButton(const QString& text, const QString& tip)
 
 void WelcomePanel::showFirstStart()
 {
-    m_text->setText(tr("KOLT shows what the recording unit of your engine wrote to its memory card: "
-                       "how many flights, how long, how much fuel, and whether a limit was "
-                       "exceeded."));
+    m_text->setText(
+        tr("KOLT shows what the recording unit of your engine wrote to its memory card: "
+           "how many flights, how long, how much fuel, and whether a limit was "
+           "exceeded."));
     m_sample->show();
 }
 
@@ -90,9 +92,10 @@ void WelcomePanel::setVolumes(const std::vector<OfferedFolder>& volumes)
         delete item;
     }
     for (const OfferedFolder& volume : volumes) {
-        QPushButton* const button = addButton(tr("Open \"%1\"").arg(QString(volume.name).replace(QLatin1Char('&'), QLatin1String("&&"))),
-                                              tr("Record files were found in %1")
-                                                  .arg(QDir::toNativeSeparators(volume.path)));
+        QPushButton* const button = addButton(
+            tr("Open \"%1\"")
+                .arg(QString(volume.name).replace(QLatin1Char('&'), QLatin1String("&&"))),
+            tr("Record files were found in %1").arg(QDir::toNativeSeparators(volume.path)));
         button->setIcon(QIcon(QStringLiteral(":/icons/file.svg")));
         m_volumes->addWidget(button, 0, Qt::AlignHCenter);
         connect(button, &QPushButton::clicked, this,

@@ -21,6 +21,7 @@ private slots:
     void dateRepairedOnlyWithAValidDate();
     void valuesAreExact();
     void flightsAndEventsOfTheCard();
+    void overviewSaysWhatTheOtherVerbsSay();
     void reportIsForPeople();
     void variantsAreThoseOfTheWindow();
     void positionsAreFiltered();
@@ -228,6 +229,51 @@ void TestCli::flightsAndEventsOfTheCard()
     QVERIFY(!lamps.isEmpty() && exceeded.contains(lamps) && lamps.size() < exceeded.size());
 }
 
+void TestCli::overviewSaysWhatTheOtherVerbsSay()
+{
+    const QJsonObject json = onCard("overview", {});
+    QCOMPARE(json.keys(), (QStringList{"cycles", "days"}));
+    const QJsonArray cycles = json["cycles"].toArray();
+    QCOMPARE(cycles.size(), cycleCount());
+    QHash<QString, std::pair<qsizetype, double>> days;
+    bool anyOutside = false;
+    for (const QJsonValue& cycle : cycles) {
+        const QStringList choice{"--cycle", QString::number(cycle["number"].toInt())};
+        const QJsonArray flights = cycle["flights"].toArray();
+        QCOMPARE(flights, onCard("flights", choice)["flights"].toArray());
+        const QJsonArray events = onCard("events", choice)["events"].toArray();
+        QCOMPARE(cycle["crossings"].toInt(), events.size());
+        QCOMPARE(cycle["lamps"].toInt(),
+                 onCard("events", choice + QStringList{"--lamps"})["events"].toArray().size());
+        const QJsonValue worst = cycle["worst"];
+        QCOMPARE(worst.isNull(), events.isEmpty());
+        QVERIFY(worst.isNull() || std::ranges::any_of(events, [&](const QJsonValue& event) {
+                    return event["time"] == worst["time"] &&
+                           event["group"].toString() + '/' + event["parameter"].toString() ==
+                               worst["parameter"].toString();
+                }));
+        double fuel = cycle["outside"]["fuel"].toDouble();
+        anyOutside = anyOutside || fuel > 0.5;
+        for (const QJsonValue& flight : flights)
+            fuel += flight["fuel"].toDouble();
+        QVERIFY(qAbs(fuel - cycle["fuel"].toDouble()) < 1e-9 && fuel > 0.0);
+        auto& [count, used] = days[cycle["dateTime"].toString().left(10)];
+        count += flights.size();
+        used += fuel;
+    }
+    QVERIFY(anyOutside);
+    QCOMPARE(json["days"].toArray().size(), days.size());
+    QString previous = "9999";
+    for (const QJsonValue& day : json["days"].toArray()) {
+        const QString date = day["date"].toString();
+        QVERIFY(date < previous);
+        previous = date;
+        QCOMPARE(day["flights"].toInt(), days[date].first);
+        QCOMPARE(day["fuel"].toDouble(), days[date].second);
+        QCOMPARE(day["airSeconds"].toDouble() > 0.0, day["flights"].toInt() > 0);
+    }
+}
+
 void TestCli::reportIsForPeople()
 {
     // Without --profile and --variant the installed ones are used.
@@ -236,6 +282,7 @@ void TestCli::reportIsForPeople()
     const QString text = QString::fromUtf8(result.output);
     QCOMPARE(text.count("\nCycle "), cycleCount());
     QVERIFY(text.contains("\nTotal: "));
+    QCOMPARE(text.count("Outside flights "), 2 * cycleCount()); // in the table, and of each cycle
     QVERIFY(!text.contains("nan") && !text.contains("inf"));
     QVERIFY(QFile::exists(m_home.filePath("KOLT/Profile.xml")));
 }
@@ -345,13 +392,13 @@ void TestCli::failures()
 void TestCli::helpOfEveryVerb()
 {
     const QString general = QString::fromUtf8(run({"--help"}).output);
-    for (const char* verb : {"list", "flights", "values", "events", "report"}) {
+    for (const char* verb : {"list", "flights", "values", "events", "overview", "report"}) {
         QVERIFY(general.contains(verb));
         const Result result = run({verb, "--help"});
         QCOMPARE(result.status, 0);
         QVERIFY(result.output.startsWith(QByteArray("Usage: kolt-cli ") + verb));
         QCOMPARE(result.output.contains("--cycle"),
-                 verb != QByteArray("list") && verb != QByteArray("report"));
+                 QByteArrayList({"flights", "values", "events"}).contains(verb));
     }
 }
 

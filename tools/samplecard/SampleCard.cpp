@@ -44,8 +44,9 @@ bool writeSampleCard(const SampleCardOptions& options, QString* error)
         return fail(error, QStringLiteral("cannot create folder %1").arg(options.folder));
 
     Random random(options.seed);
-    const std::vector<CyclePlan> card =
-        options.isShort ? shortCard() : options.hours > 0.0 ? longCard(options.hours) : defaultCard();
+    const std::vector<CyclePlan> card = options.isShort       ? shortCard()
+                                        : options.hours > 0.0 ? longCard(options.hours)
+                                                              : defaultCard();
     PlantedList planted;
     int fileNumber = 1;
     int cycleNumber = 0;
