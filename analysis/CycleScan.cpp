@@ -15,8 +15,8 @@ namespace {
 
 using namespace RecordFormat;
 
-constexpr const char* storedRoles[] = {"GroundSpeed", "Altitude", "Latitude", "Longitude",
-                                       "ThrottleA",   "FuelA",    "FuelB"};
+constexpr Role storedRoles[] = {Role::GroundSpeed, Role::Altitude, Role::Latitude, Role::Longitude,
+                                Role::ThrottleA,   Role::FuelA,    Role::FuelB};
 
 QString fileNameOf(const RecordFile& file)
 {
@@ -137,8 +137,8 @@ CycleScan::CycleScan(const Profile& profile, CycleOverview overview, std::vector
 
 void CycleScan::addRoles()
 {
-    for (const char* role : storedRoles) {
-        const ProfileParameter* const parameter = m_profile.parameterByRole(QLatin1String(role));
+    for (const Role role : storedRoles) {
+        const ProfileParameter* const parameter = m_profile.parameterByRole(role);
         if (parameter == nullptr)
             continue;
         m_known[idOf(*parameter)].isStored = true;
@@ -152,7 +152,7 @@ void CycleScan::addTrackers()
         if (parameter.threshold == nullptr)
             continue;
         Message& message = m_known[idOf(parameter)];
-        if (parameter.isPosition && !parameter.isLatitude) {
+        if (parameter.role == Role::Longitude) {
             // Its filter must have seen all latitudes.
             m_late.emplace_back(parameter, PositionFilter());
             message.isStored = true;
@@ -160,7 +160,7 @@ void CycleScan::addTrackers()
             continue;
         }
         message.trackers.emplace_back(parameter, PositionFilter());
-        message.isFiltered = message.isFiltered || parameter.isPosition;
+        message.isFiltered = message.isFiltered || parameter.isPosition();
         if (isKindSeries(idOf(parameter)))
             m_kinds[kind0Series - idOf(parameter)] = &message;
     }
@@ -312,7 +312,7 @@ void CycleScan::finish()
     std::ranges::sort(m_exceedances, {}, &Exceedance::seconds);
     m_overview.crossings = m_crossings.size();
     m_overview.lamps = m_lampCrossings.size();
-    for (const char* role : {"FuelA", "FuelB"})
+    for (const Role role : {Role::FuelA, Role::FuelB})
         m_overview.fuel += fuelUsed(RoleSeries(m_profile, m_messages, role));
     const auto worst = std::ranges::min_element(m_exceedances, isWorse);
     if (worst != m_exceedances.end())

@@ -62,7 +62,7 @@ private:
 
     CrossingDetector m_detector;
     std::vector<Open> m_open; ///< since the parameter was normal
-    bool m_isLamp = m_detector.parameter().koltDataType == QLatin1String("WarningLamp");
+    bool m_isLamp = m_detector.parameter().role == Role::WarningLamp;
     bool m_isFirst = true;
     bool m_isOnFromTheStart = false;
 };

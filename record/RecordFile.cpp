@@ -2,15 +2,14 @@
 
 #include "base/Diagnostics.h"
 #include "base/System.h"
+#include "record/SampleReader.h"
 
 #include <QFile>
 
 #include <algorithm>
 #include <array>
-#include <limits>
 #include <new>
 #include <optional>
-#include <vector>
 
 namespace KOLT {
 
@@ -18,15 +17,7 @@ namespace {
 
 using namespace RecordFormat;
 
-/// Bytes per read; a whole number of samples.
-constexpr qint64 blockBytes = 32'768LL * sampleBytes;
 constexpr std::size_t timeBytes = 8;
-
-int samplesIn(qint64 fileBytes)
-{
-    const qint64 count = (fileBytes - headerBytes) / sampleBytes;
-    return static_cast<int>(std::clamp<qint64>(count, 0, std::numeric_limits<int>::max()));
-}
 
 /// The time stamp at an offset; none if it extends beyond `bytes`.
 std::optional<double> secondsAt(std::span<const unsigned char> bytes, std::size_t offset,
@@ -115,7 +106,7 @@ bool RecordFile::readRecordInfo(const QString& path)
         Diagnostics::print("Error: %s\n", qUtf8Printable(file.errorString()));
         return false;
     }
-    m_info.sampleCount = samplesIn(file.size());
+    m_info.sampleCount = SampleReader::samplesIn(file.size());
     // One read for the header and the first sample, which follows it.
     std::array<unsigned char, headerBytes + sampleBytes> buffer{};
     const auto start = readAt(file, 0, buffer);
@@ -161,24 +152,20 @@ void RecordFile::readSampleTimes(QFile& file, std::span<const unsigned char> sta
 
 bool RecordFile::readRecordData(MessageMap& messages, const ReadProgress& progress)
 {
-    QFile file(m_path);
-    if (m_path.isEmpty() || !file.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) {
-        Diagnostics::print("RecordFile::readRecordData: Could not open %s\n",
-                           qUtf8Printable(m_path));
+    SampleReader reader;
+    if (!reader.open(m_path))
         return false;
-    }
     const int listed = m_info.sampleCount;
-    m_info.sampleCount = samplesIn(file.size());
+    m_info.sampleCount = reader.sampleCount();
     if (m_info.sampleCount < listed)
         Diagnostics::print("RecordFile::readRecordData: %s has %d samples, %d were listed\n",
                            qUtf8Printable(m_path), m_info.sampleCount, listed);
-    std::array<unsigned char, headerBytes> header{};
-    readHeader(readAt(file, 0, header));
+    readHeader(reader.header());
 
     const std::uint32_t before = messages.nextSequence();
     try {
         if (fitMemory(static_cast<std::size_t>(m_info.sampleCount)))
-            return readSamples(file, messages, progress);
+            return readSamples(reader, messages, progress);
     } catch (const std::bad_alloc&) {
         messages.truncate(before);
     }
@@ -187,43 +174,18 @@ bool RecordFile::readRecordData(MessageMap& messages, const ReadProgress& progre
     return false;
 }
 
-bool RecordFile::readSamples(QFile& file, MessageMap& messages, const ReadProgress& progress) const
+bool RecordFile::readSamples(SampleReader& reader, MessageMap& messages,
+                             const ReadProgress& progress) const
 {
-    const qint64 wanted = qint64{m_info.sampleCount} * sampleBytes;
-    if (!file.seek(headerBytes))
-        return wanted == 0;
-    std::vector<unsigned char> block(static_cast<std::size_t>(std::min(blockBytes, wanted)));
-    qint64 done = 0;
-    qint64 held = 0; // bytes at the block's start, of a sample that was read in part
-    while (done < wanted) {
-        const qint64 room =
-            std::min<qint64>(static_cast<qint64>(block.size()) - held, wanted - done);
-        const qint64 count = file.read(reinterpret_cast<char*>(block.data()) + held, room);
-        if (count < 0) {
-            Diagnostics::print("RecordFile::readRecordData: Could not read all of %s: %s\n",
-                               qUtf8Printable(m_path), qUtf8Printable(file.errorString()));
-            return false;
-        }
-        if (count == 0) {
-            Diagnostics::print("RecordFile::readRecordData: %s ends after %lld of %d samples\n",
-                               qUtf8Printable(m_path), static_cast<long long>(done / sampleBytes),
-                               m_info.sampleCount);
-            return false;
-        }
-        done += count;
-        const qint64 available = held + count;
-        held = available % sampleBytes;
-        const auto whole =
-            std::span<const unsigned char>(block).first(static_cast<std::size_t>(available - held));
+    for (auto samples = reader.next(); !samples.empty(); samples = reader.next()) {
         if (m_info.byteOrder == ByteOrder::Little)
-            appendSamples<ByteOrder::Little>(whole, messages);
+            appendSamples<ByteOrder::Little>(samples, messages);
         else
-            appendSamples<ByteOrder::Big>(whole, messages);
-        std::copy_n(block.begin() + (available - held), held, block.begin());
+            appendSamples<ByteOrder::Big>(samples, messages);
         if (progress)
-            progress(done);
+            progress(reader.doneBytes());
     }
-    return true;
+    return reader.isComplete();
 }
 
 void RecordFile::repairDate(const QDateTime& dateTime)

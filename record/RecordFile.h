@@ -12,6 +12,8 @@ class QFile;
 
 namespace KOLT {
 
+class SampleReader;
+
 /// The header of a record file. The recording's date-time has no time zone; it is stored as UTC so
 /// that it is never converted.
 struct RecordInfo
@@ -65,7 +67,8 @@ public:
 private:
     void readHeader(std::span<const unsigned char> header);
     void readSampleTimes(QFile& file, std::span<const unsigned char> start);
-    bool readSamples(QFile& file, MessageMap& messages, const ReadProgress& progress) const;
+    bool readSamples(SampleReader& reader, MessageMap& messages,
+                     const ReadProgress& progress) const;
 
     QString m_path;
     RecordInfo m_info;

@@ -24,17 +24,24 @@ bool SampleReader::open(const QString& path)
     m_done = 0;
     m_wanted = 0;
     m_held = 0;
+    m_heldAt = 0;
     m_isOpen = !path.isEmpty() && m_file.open(QIODevice::ReadOnly | QIODevice::Unbuffered);
     if (!m_isOpen) {
         Diagnostics::print("RecordFile::readRecordData: Could not open %s\n", qUtf8Printable(path));
         return false;
     }
-    const qint64 samples = std::clamp<qint64>((m_file.size() - headerBytes) / sampleBytes, 0,
-                                              std::numeric_limits<int>::max());
-    m_wanted = samples * sampleBytes;
+    m_header.resize(headerBytes);
+    const qint64 count = m_file.read(reinterpret_cast<char*>(m_header.data()), headerBytes);
+    m_header.resize(static_cast<std::size_t>(std::max<qint64>(0, count)));
+    m_wanted = qint64{samplesIn(m_file.size())} * sampleBytes;
     m_block.resize(static_cast<std::size_t>(std::min(blockBytes, m_wanted)));
-    m_isOpen = m_file.seek(headerBytes) || m_wanted == 0;
-    return m_isOpen;
+    return true;
+}
+
+int SampleReader::samplesIn(qint64 fileBytes)
+{
+    const qint64 count = (fileBytes - headerBytes) / sampleBytes;
+    return static_cast<int>(std::clamp<qint64>(count, 0, std::numeric_limits<int>::max()));
 }
 
 int SampleReader::sampleCount() const

@@ -14,8 +14,14 @@ namespace KOLT {
 class SampleReader
 {
 public:
-    /// Goes to the first sample. False if the file cannot be opened.
+    /// The number of whole samples in a file of that size.
+    static int samplesIn(qint64 fileBytes);
+
+    /// Reads the header and goes to the first sample. False if the file cannot be opened.
     bool open(const QString& path);
+
+    /// The bytes of the header; fewer than 128 if the file is shorter.
+    std::span<const unsigned char> header() const { return m_header; }
 
     /// The next whole samples of 28 bytes each, valid until the next call. Empty at the end, or if
     /// reading failed.
@@ -31,6 +37,7 @@ public:
 
 private:
     QFile m_file;
+    std::vector<unsigned char> m_header;
     bool m_isOpen = false;
     qint64 m_wanted = 0;
     qint64 m_done = 0;

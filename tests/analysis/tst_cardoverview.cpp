@@ -100,8 +100,8 @@ QString difference(const Profile& profile, CardContainer& card)
             return "crossings";
         if (row.lamps != findEvents(profile, dataSet, EventScope::WarningLamps).size())
             return "lamps";
-        const double fuel = fuelUsed(RoleSeries(profile, dataSet.messages, "FuelA")) +
-                            fuelUsed(RoleSeries(profile, dataSet.messages, "FuelB"));
+        const double fuel = fuelUsed(RoleSeries(profile, dataSet.messages, Role::FuelA)) +
+                            fuelUsed(RoleSeries(profile, dataSet.messages, Role::FuelB));
         if (!isSame(row.fuel, fuel))
             return "fuel";
         const auto worst = worstOf(profile, dataSet, events, -INFINITY, INFINITY);
