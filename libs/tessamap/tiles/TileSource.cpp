@@ -1,7 +1,6 @@
 #include "libs/tessamap/tiles/TileSource.h"
 
 #include "libs/tessamap/tiles/TilePicture.h"
-#include "libs/tessamap/tiles/TileRequest.h"
 
 #include <QDateTime>
 #include <QElapsedTimer>
@@ -12,11 +11,8 @@ namespace Tessa {
 
 namespace {
 
-/// A zoom level that was not wanted for this long has to rest again before it is asked for.
-constexpr qint64 zoomMemory = 1000;
-constexpr qint64 zoomRest = 120;
-constexpr std::size_t maxToConfirm = 256;
-constexpr std::size_t maxFailures = 8192;
+constexpr qint64 refusedPause = 600'000;
+constexpr qint64 longestSleep = 60'000;
 
 /// Unaffected by changes of the system's time.
 TileSource::Clock steadyClock()
@@ -31,17 +27,13 @@ TileSource::Clock steadyClock()
 TileSource::TileSource(QObject* parent)
     : QObject(parent)
     , m_clock(steadyClock())
-    , m_userAgent("TessaMap/1")
-    , m_random(std::random_device{}())
 {
     m_timer.setSingleShot(true);
     connect(&m_timer, &QTimer::timeout, this, &TileSource::work);
-}
-
-TileSource::~TileSource()
-{
-    const QSignalBlocker silent(this);
-    reset();
+    connect(&m_fetcher, &TileFetcher::finished, this, [this](const FetchedTile& fetched) {
+        settle(fetched);
+        work();
+    });
 }
 
 void TileSource::setServer(const QString& address)
@@ -51,7 +43,6 @@ void TileSource::setServer(const QString& address)
         return;
     reset();
     m_server = server;
-    m_saidRefused = false;
     m_cache.setPlace(m_directory, m_server.cacheKey());
     if (!m_server.isValid())
         emit message(tr("The address of the tile server cannot be used: %1").arg(address));
@@ -61,7 +52,7 @@ void TileSource::setServer(const QString& address)
 void TileSource::setDirectory(const QString& directory)
 {
     m_directory = directory;
-    m_onDisk.clear();
+    m_queue.setWanted({}, m_clock(), {}); // asks the new directory again
     m_cache.setPlace(m_directory, m_server.cacheKey());
 }
 
@@ -69,65 +60,46 @@ void TileSource::setNetworkEnabled(bool enabled)
 {
     m_isNetworkEnabled = enabled;
     if (!enabled)
-        m_inFlight.clear();
+        m_fetcher.abortAll();
 }
 
 void TileSource::reset()
 {
     m_timer.stop();
-    m_inFlight.clear();
-    m_wanted.clear();
-    m_onDisk.clear();
+    m_fetcher.abortAll();
     m_arrived.clear();
-    m_failures.clear();
-    m_toConfirm.clear();
-    m_zoomTimes = {};
-    m_pausedUntil = 0;
-    m_timeoutsInARow = 0;
-    setOffline(false);
+    m_queue = {};
+    m_access = {};
+    m_hasToldRefused = false;
 }
 
 void TileSource::setWanted(std::span<const TileId> byPriority)
 {
-    const qint64 now = m_clock();
-    m_wanted.clear();
-    std::unordered_map<TileId, bool> onDisk;
-    for (const TileId& tile : byPriority) {
-        if (!tile.isValid() || onDisk.contains(tile))
-            continue;
-        const auto known = m_onDisk.find(tile);
-        onDisk.emplace(tile, known != m_onDisk.end() ? known->second : m_cache.contains(tile));
-        m_wanted.push_back(tile);
-        ZoomTimes& times = m_zoomTimes[static_cast<std::size_t>(tile.zoom)];
-        if (now - times.last > zoomMemory)
-            times.since = now;
-        times.last = now;
-    }
-    m_onDisk = std::move(onDisk);
+    m_queue.setWanted(byPriority, m_clock(),
+                      [this](const TileId& tile) { return m_cache.contains(tile); });
     work();
 }
 
-void TileSource::setVisible(std::span<const TileId> tiles)
+bool TileSource::isFetched(const TileId& tile) const
 {
-    m_visible.emplace(tiles.begin(), tiles.end());
+    return m_arrived.contains(tile) || m_fetcher.isInFlight(tile);
 }
 
-bool TileSource::isVisible(const TileId& tile) const
+bool TileSource::mayAsk(qint64 now) const
 {
-    return !m_visible || m_visible->contains(tile);
+    return m_isNetworkEnabled && m_server.isValid() && m_access.notBefore() <= now;
 }
 
 std::optional<TileSource::Tile> TileSource::takeNext()
 {
-    for (const TileId& tile : m_wanted) {
-        if (m_arrived.contains(tile)) {
-            if (auto result = decodeArrived(tile))
-                return result;
-        } else if (const auto onDisk = m_onDisk.find(tile);
-                   onDisk != m_onDisk.end() && onDisk->second) {
-            if (auto result = readFromDisk(tile))
-                return result;
-        }
+    for (const TileId& tile : m_queue.wanted()) {
+        std::optional<Tile> result;
+        if (m_arrived.contains(tile))
+            result = decodeArrived(tile);
+        else if (m_queue.isOnDisk(tile))
+            result = readFromDisk(tile);
+        if (result)
+            return result;
     }
     // Tiles that are no longer wanted, and tiles that have changed since they were taken.
     while (!m_arrived.empty()) {
@@ -144,14 +116,14 @@ std::optional<TileSource::Tile> TileSource::decodeArrived(const TileId& id)
     const Arrived& arrived = node.mapped();
     QImage image = decodeTile(arrived.body);
     if (image.isNull()) {
-        fail(tile);
+        m_queue.failures().addFailure(tile, m_clock());
         m_timer.start(0);
         return std::nullopt;
     }
-    m_failures.erase(tile);
+    m_queue.failures().remove(tile);
     if (arrived.mayKeep)
         m_cache.write(tile, arrived.body, arrived.meta);
-    m_onDisk.erase(tile);
+    m_queue.setTaken(tile);
     return Tile{tile, std::move(image)};
 }
 
@@ -161,125 +133,129 @@ std::optional<TileSource::Tile> TileSource::readFromDisk(const TileId& tile)
     QImage image = entry ? decodeTile(entry->body) : QImage();
     if (image.isNull()) {
         m_cache.remove(tile);
-        m_onDisk[tile] = false;
+        m_queue.setNotOnDisk(tile);
         m_timer.start(0);
         return std::nullopt;
     }
-    if (entry->meta.expires <= m_clock())
-        confirmLater(tile, entry->meta);
-    m_onDisk.erase(tile);
+    if (entry->meta.expires <= m_clock()) {
+        m_queue.confirmFirst(tile, entry->meta);
+        m_timer.start(0);
+    }
+    m_queue.setTaken(tile);
     return Tile{tile, std::move(image)};
-}
-
-void TileSource::confirmLater(const TileId& tile, const TileMeta& meta)
-{
-    std::erase_if(m_toConfirm, [&](const auto& entry) { return entry.first == tile; });
-    m_toConfirm.emplace_front(tile, meta);
-    if (m_toConfirm.size() > maxToConfirm)
-        m_toConfirm.pop_back();
-    m_timer.start(0);
-}
-
-bool TileSource::isWaiting(const TileId& tile) const
-{
-    const auto onDisk = m_onDisk.find(tile);
-    return onDisk != m_onDisk.end() && !onDisk->second && !m_arrived.contains(tile) &&
-           !isInFlight(tile);
-}
-
-bool TileSource::isDue(const TileId& tile, qint64 now) const
-{
-    const auto failure = m_failures.find(tile);
-    return failure == m_failures.end() || failure->second.notBefore <= now;
-}
-
-bool TileSource::isMissing(const TileId& tile) const
-{
-    const auto failure = m_failures.find(tile);
-    return failure != m_failures.end() && failure->second.isMissing &&
-           failure->second.notBefore > m_clock();
-}
-
-bool TileSource::isResting(qint64 now) const
-{
-    return !m_isNetworkEnabled || !m_server.isValid() || now < m_pausedUntil;
 }
 
 int TileSource::loadingCount() const
 {
     const qint64 now = m_clock();
-    const bool isAsking = !isResting(now) && !m_isOffline;
-    return static_cast<int>(std::ranges::count_if(m_wanted, [&](const TileId& tile) {
-        if (!m_onDisk.contains(tile))
+    const bool isAsking = mayAsk(now) && !m_access.isOffline();
+    return static_cast<int>(std::ranges::count_if(m_queue.wanted(), [&](const TileId& tile) {
+        if (!m_queue.isWanted(tile))
             return false; // taken
-        return isWaiting(tile) ? isAsking && isDue(tile, now) : true;
+        if (m_queue.isOnDisk(tile) || isFetched(tile))
+            return true;
+        return isAsking && m_queue.failures().notBefore(tile) <= now;
     }));
 }
 
-std::optional<TileId> TileSource::nextToAsk(qint64 now)
+void TileSource::settle(const FetchedTile& fetched)
 {
-    if (isResting(now) || m_inFlight.size() >= maxInFlight || (m_isOffline && now < m_nextProbe))
-        return std::nullopt;
-    for (const TileId& tile : m_wanted) {
-        if (now - m_zoomTimes[static_cast<std::size_t>(tile.zoom)].since >= zoomRest &&
-            isDue(tile, now) && isWaiting(tile))
-            return tile;
+    const qint64 now = m_clock();
+    const bool wasOffline = m_access.isOffline();
+    m_access.noteReply(fetched.facts, now);
+    if (m_access.isOffline() != wasOffline)
+        emit changed();
+    // In the meantime the tile may have been read from the disk and queued again.
+    m_queue.takeConfirmation(fetched.tile);
+    handleOutcome(fetched, now);
+}
+
+void TileSource::handleOutcome(const FetchedTile& fetched, qint64 now)
+{
+    const TileId& tile = fetched.tile;
+    switch (outcomeOf(fetched.facts)) {
+    case ReplyOutcome::Picture:
+        m_arrived[tile] = {fetched.body, metaOf(fetched.facts, now), mayStore(fetched.facts)};
+        emit changed();
+        return;
+    case ReplyOutcome::NotModified:
+        m_queue.failures().remove(tile);
+        m_cache.writeMeta(tile, metaOf(fetched.facts, now, *fetched.confirms));
+        return;
+    case ReplyOutcome::Missing:
+        m_queue.failures().addMissing(tile, now);
+        emit changed(); // the caller may want a coarser one instead
+        m_cache.remove(tile);
+        return;
+    case ReplyOutcome::Refused:
+        m_access.pause(now + refusedPause);
+        tellRefused(fetched.facts.status);
+        break;
+    case ReplyOutcome::Busy:
+        m_access.pause(retryTime(fetched.facts, now));
+        break;
+    case ReplyOutcome::Failed:
+        m_queue.failures().addFailure(tile, now);
+        break;
+    case ReplyOutcome::Unreachable:
+        break;
     }
-    for (const auto& [tile, meta] : m_toConfirm) {
-        if (isVisible(tile) && isDue(tile, now) && !isInFlight(tile))
-            return tile;
-    }
-    return std::nullopt;
+    if (fetched.confirms)
+        m_queue.confirmLast(tile, *fetched.confirms);
+}
+
+void TileSource::tellRefused(int status)
+{
+    if (m_hasToldRefused)
+        return;
+    m_hasToldRefused = true;
+    emit message(tr("The tile server refuses to send tiles (%1). It is not asked again for ten "
+                    "minutes.")
+                     .arg(status));
 }
 
 void TileSource::work()
 {
     const qint64 now = m_clock();
-    dropLate(now);
-    while (const auto tile = nextToAsk(now))
-        start(*tile, now);
-    if (m_failures.size() > maxFailures)
-        std::erase_if(m_failures, [&](const auto& entry) {
-            return entry.second.notBefore <= now || !m_onDisk.contains(entry.first);
-        });
-    const qint64 next = nextMoment(now);
-    if (next < 0)
-        m_timer.stop();
-    else
-        m_timer.start(static_cast<int>(std::clamp<qint64>(next - now, 1, 60000)));
+    for (const FetchedTile& overdue : m_fetcher.takeOverdue(now))
+        settle(overdue);
+    const auto isWanted = [this](const TileId& tile, bool isConfirming) {
+        return isConfirming ? m_queue.isVisible(tile) : m_queue.isWanted(tile);
+    };
+    for (const FetchedTile& unwanted : m_fetcher.takeUnwanted(now, isWanted)) {
+        if (unwanted.confirms)
+            m_queue.confirmFirst(unwanted.tile, *unwanted.confirms); // once it is in view again
+    }
+    sendRequests(now);
+    m_queue.failures().limit(now, [this](const TileId& tile) { return m_queue.isWanted(tile); });
+    scheduleWork(now);
 }
 
-/// When work() has to be called next; -1 when nothing waits for a time.
-qint64 TileSource::nextMoment(qint64 now) const
+void TileSource::sendRequests(qint64 now)
 {
-    qint64 next = -1;
-    const auto consider = [&next](qint64 moment) {
-        next = next < 0 ? moment : std::min(next, moment);
-    };
-    for (const auto& request : m_inFlight) {
-        consider(request->startedAt + requestDeadline);
-        if (request->unwantedSince)
-            consider(*request->unwantedSince + unwantedTime);
+    const auto isInHand = [this](const TileId& tile) { return isFetched(tile); };
+    while (mayAsk(now) && m_fetcher.inFlightCount() < TileFetcher::maxInFlight) {
+        const auto tile = m_queue.next(now, isInHand);
+        if (!tile)
+            return;
+        m_fetcher.start(*tile, m_server.url(*tile), now, m_queue.takeConfirmation(*tile));
+        m_access.noteRequest(now);
     }
-    if (!m_isNetworkEnabled || !m_server.isValid())
-        return next;
-    qint64 earliest = m_pausedUntil;
-    if (m_isOffline)
-        earliest = std::max(earliest, m_nextProbe);
-    const auto considerTile = [&](const TileId& tile, qint64 moment) {
-        if (const auto failure = m_failures.find(tile); failure != m_failures.end())
-            moment = std::max(moment, failure->second.notBefore);
-        // A tile that is already due waits for a free request, not for a time.
-        if (std::max(moment, earliest) > now)
-            consider(std::max(moment, earliest));
-    };
-    for (const TileId& tile : m_wanted) {
-        if (isWaiting(tile))
-            considerTile(tile, m_zoomTimes[static_cast<std::size_t>(tile.zoom)].since + zoomRest);
+}
+
+void TileSource::scheduleWork(qint64 now)
+{
+    std::optional<qint64> next = m_fetcher.nextMoment();
+    if (m_isNetworkEnabled && m_server.isValid()) {
+        const auto due = m_queue.nextMoment(now, m_access.notBefore(),
+                                            [this](const TileId& tile) { return isFetched(tile); });
+        if (due && (!next || *due < *next))
+            next = due;
     }
-    for (const auto& [tile, meta] : m_toConfirm)
-        considerTile(tile, 0);
-    return next;
+    if (next)
+        m_timer.start(static_cast<int>(std::clamp<qint64>(*next - now, 1, longestSleep)));
+    else
+        m_timer.stop();
 }
 
 } // namespace Tessa

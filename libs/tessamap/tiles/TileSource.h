@@ -1,26 +1,19 @@
 #pragma once
 
-#include "libs/tessamap/globe/TileId.h"
+#include "libs/tessamap/tiles/ServerAccess.h"
 #include "libs/tessamap/tiles/TileDiskCache.h"
-#include "libs/tessamap/tiles/TileReply.h"
+#include "libs/tessamap/tiles/TileFetcher.h"
+#include "libs/tessamap/tiles/TileQueue.h"
 #include "libs/tessamap/tiles/TileServer.h"
 
 #include <QImage>
-#include <QNetworkAccessManager>
 #include <QObject>
 #include <QTimer>
 
-#include <array>
-#include <deque>
 #include <functional>
-#include <memory>
 #include <optional>
-#include <random>
 #include <span>
 #include <unordered_map>
-#include <unordered_set>
-#include <utility>
-#include <vector>
 
 namespace Tessa {
 
@@ -50,10 +43,7 @@ public:
     /// Milliseconds since 1970, UTC.
     using Clock = std::function<qint64()>;
 
-    static constexpr int maxInFlight = 6;
-
     explicit TileSource(QObject* parent = nullptr);
-    ~TileSource() override;
 
     /// `address`: see TileServer. A change drops all requests and everything known about failures.
     void setServer(const QString& address);
@@ -64,7 +54,7 @@ public:
     void setDirectory(const QString& directory);
 
     /// Must name the application.
-    void setUserAgent(const QByteArray& userAgent) { m_userAgent = userAgent; }
+    void setUserAgent(const QByteArray& userAgent) { m_fetcher.setUserAgent(userAgent); }
 
     /// When off, tiles come from the disk only.
     void setNetworkEnabled(bool enabled);
@@ -75,7 +65,7 @@ public:
 
     /// The tiles in view. Only these are confirmed with the server; others once they are in view
     /// again. Before the first call all tiles count as being in view.
-    void setVisible(std::span<const TileId> tiles);
+    void setVisible(std::span<const TileId> tiles) { m_queue.setVisible(tiles); }
 
     /// The most important wanted tile that is available, decoded. About 1 ms per call.
     std::optional<Tile> takeNext();
@@ -85,10 +75,13 @@ public:
     int loadingCount() const;
 
     /// Whether the server said within the last day that it has no such tile.
-    bool isMissing(const TileId& tile) const;
+    bool isMissing(const TileId& tile) const
+    {
+        return m_queue.failures().isMissing(tile, m_clock());
+    }
 
     /// Whether the server cannot be reached. One tile is tried every 30 s then.
-    bool isOffline() const { return m_isOffline; }
+    bool isOffline() const { return m_access.isOffline(); }
 
     /// Called by the timer: sends the requests that are due, aborts those that take too long.
     void work();
@@ -96,9 +89,9 @@ public:
     // For tests.
     void setClock(Clock clock) { m_clock = std::move(clock); }
 
-    void setTransferTimeout(int milliseconds) { m_transferTimeout = milliseconds; }
+    void setTransferTimeout(int milliseconds) { m_fetcher.setTransferTimeout(milliseconds); }
 
-    int inFlightCount() const { return static_cast<int>(m_inFlight.size()); }
+    int inFlightCount() const { return m_fetcher.inFlightCount(); }
 
     TileDiskCache& diskCache() { return m_cache; }
 
@@ -110,8 +103,6 @@ signals:
     void message(const QString& text);
 
 private:
-    struct InFlight;
-
     struct Arrived
     {
         QByteArray body;
@@ -119,72 +110,28 @@ private:
         bool mayKeep = true;
     };
 
-    struct Failure
-    {
-        qint64 notBefore = 0;
-        int tries = 0;
-        bool isMissing = false;
-    };
-
-    /// Since when a zoom level has been wanted without a break, and when it was last.
-    struct ZoomTimes
-    {
-        qint64 since = 0;
-        qint64 last = 0;
-    };
-
-    // The queue.
-    bool isWaiting(const TileId& tile) const;
-    bool isVisible(const TileId& tile) const;
-    bool isDue(const TileId& tile, qint64 now) const;
-    bool isResting(qint64 now) const;
-    std::optional<TileId> nextToAsk(qint64 now);
-    qint64 nextMoment(qint64 now) const;
+    void reset();
+    bool isFetched(const TileId& tile) const;
+    bool mayAsk(qint64 now) const;
     std::optional<Tile> decodeArrived(const TileId& tile);
     std::optional<Tile> readFromDisk(const TileId& tile);
-    void confirmLater(const TileId& tile, const TileMeta& meta);
-    void reset();
-
-    // The network.
-    bool isInFlight(const TileId& tile) const;
-    void start(const TileId& tile, qint64 now);
-    void checkSize(QNetworkReply* reply);
-    void finish(QNetworkReply* reply);
-    std::unique_ptr<InFlight> release(const QNetworkReply* reply);
-    void dropLate(qint64 now);
-    void settle(const InFlight& request, const ReplyFacts& facts, const QByteArray& body);
-    bool isTimeoutTooMany();
-    void fail(const TileId& tile);
-    void pause(qint64 until);
-    void setOffline(bool offline);
+    void settle(const FetchedTile& fetched);
+    void handleOutcome(const FetchedTile& fetched, qint64 now);
+    void tellRefused(int status);
+    void sendRequests(qint64 now);
+    void scheduleWork(qint64 now);
 
     Clock m_clock;
     TileServer m_server;
-    TileDiskCache m_cache;
     QString m_directory;
-    QByteArray m_userAgent;
-    QNetworkAccessManager m_network;
+    TileDiskCache m_cache;
+    TileQueue m_queue;
+    ServerAccess m_access;
+    TileFetcher m_fetcher;
+    std::unordered_map<TileId, Arrived> m_arrived; ///< not yet decoded
     QTimer m_timer;
-    std::mt19937 m_random;
-    int m_transferTimeout = 15000;
     bool m_isNetworkEnabled = true;
-
-    std::vector<TileId> m_wanted;
-    std::optional<std::unordered_set<TileId>> m_visible;
-    std::unordered_map<TileId, bool> m_onDisk; ///< for every wanted tile not yet taken
-    std::array<ZoomTimes, TileId::maxZoom + 1> m_zoomTimes;
-    std::unordered_map<TileId, Arrived> m_arrived;
-    std::unordered_map<TileId, Failure> m_failures;
-    std::deque<std::pair<TileId, TileMeta>>
-        m_toConfirm; ///< handed out though expired; newest first
-    std::vector<std::unique_ptr<InFlight>> m_inFlight;
-
-    qint64 m_pausedUntil = 0;
-    qint64 m_nextProbe = 0;
-    qint64 m_lastTimeout = 0;
-    int m_timeoutsInARow = 0;
-    bool m_isOffline = false;
-    bool m_saidRefused = false;
+    bool m_hasToldRefused = false;
 };
 
 } // namespace Tessa
