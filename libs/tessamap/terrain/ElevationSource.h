@@ -1,15 +1,14 @@
 #pragma once
 
 #include "libs/tessamap/globe/TileId.h"
-#include "libs/tessamap/terrain/ElevationFile.h"
+#include "libs/tessamap/terrain/HeightCache.h"
+#include "libs/tessamap/terrain/TileSamples.h"
 
 #include <QDateTime>
 #include <QObject>
 #include <QString>
 #include <QThreadPool>
 
-#include <list>
-#include <memory>
 #include <optional>
 #include <unordered_map>
 #include <unordered_set>
@@ -32,7 +31,7 @@ public:
     };
 
     /// Samples along a tile's side: its 256 pixels and one more at each end.
-    static constexpr int gridSize = 258;
+    static constexpr int gridSize = TileSamples::side;
     /// At lower zooms a view would need thousands of files.
     static constexpr int minZoom = 5;
 
@@ -55,7 +54,7 @@ public:
     /// overlap. `heights` is left unchanged unless the result is Ready.
     State sample(const TileId& tile, std::vector<float>& heights);
 
-    void setMemoryLimit(std::size_t bytes) { m_memoryLimit = bytes; }
+    void setMemoryLimit(std::size_t bytes) { m_heights.setLimit(bytes); }
 
 signals:
     /// A file has been read or found unusable, or the files have changed.
@@ -81,31 +80,19 @@ private:
         }
     };
 
-    struct Kept
-    {
-        ElevationCell cell;
-        std::size_t level;
-        std::shared_ptr<const HeightGrid> grid;
-    };
-    struct Axis;
+    using Files = std::unordered_map<ElevationCell, File>;
 
-    static std::size_t levelFor(int side, int zoom);
-    static std::size_t slot(const ElevationCell& cell, std::size_t level);
+    static Files filesIn(const QString& folder);
     File* usableFile(const ElevationCell& cell);
-    std::shared_ptr<const HeightGrid> grid(const ElevationCell& cell, std::size_t level);
-    void load(const ElevationCell& cell, std::size_t level, const File& file);
-    void drop(const ElevationCell& cell);
-    void take(const ElevationCell& cell, std::size_t level, const File& read,
-              const std::optional<ElevationLevels>& levels);
-    void keep(const ElevationCell& cell, std::size_t level, std::shared_ptr<const HeightGrid> grid);
+    void tellUnusable(const File& file);
+    HeightCache::Grid grid(const GridId& id);
+    void load(const GridId& id, const File& file);
+    void take(const GridId& id, const File& read, const std::optional<ElevationLevels>& levels);
 
     QString m_path;
-    std::unordered_map<ElevationCell, File> m_files;
-    std::list<Kept> m_kept; ///< most recently used first
-    std::unordered_map<std::size_t, std::list<Kept>::iterator> m_slots;
-    std::unordered_set<std::size_t> m_loading;
-    std::size_t m_memory = 0;
-    std::size_t m_memoryLimit = std::size_t(192) << 20;
+    Files m_files;
+    HeightCache m_heights;
+    std::unordered_set<GridId> m_loading;
     QThreadPool m_worker;
 };
 
