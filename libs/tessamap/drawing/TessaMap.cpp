@@ -9,31 +9,10 @@
 
 namespace Tessa {
 
-namespace {
-
-constexpr std::size_t mebibyte = 1024 * 1024;
-constexpr std::size_t mostTileBytes = 128 * mebibyte;
-constexpr std::size_t mostBaseBytes = 32 * mebibyte;
-constexpr std::size_t mostShadeBytes = 32 * mebibyte;
-constexpr double tileSeconds = 0.005; ///< per frame, for decoding and uploading
-constexpr double baseSeconds = 0.003;
-constexpr double shadeSeconds = 0.003;
-/// A fetched picture that is more levels coarser than the embedded map's gives way to the latter.
-constexpr int coarserLevels = 3;
-
-double now()
-{
-    return TUSK::Misc::Timer::getTime();
-}
-
-} // namespace
-
 TessaMap::TessaMap(QObject* parent)
     : QObject(parent)
     , m_shades(m_elevation)
-    , m_tileTextures(mostTileBytes)
-    , m_baseTextures(mostBaseBytes)
-    , m_shadeTextures(mostShadeBytes)
+    , m_textures(m_tiles, m_shades)
 {
     connect(&m_tiles, &TileSource::changed, this, &TessaMap::changed);
     connect(&m_tiles, &TileSource::message, this, &TessaMap::message);
@@ -59,7 +38,7 @@ void TessaMap::setTileServer(const QString& address)
         return;
     m_tiles.setServer(address);
     // Pictures of the former server must not be shown with the new one's attribution.
-    m_isOtherServer = true;
+    m_textures.dropTiles();
     emit changed();
 }
 
@@ -140,7 +119,6 @@ bool TessaMap::prepareGl()
         return true;
     if (m_hasFailed || QOpenGLContext::currentContext() == nullptr)
         return false;
-    m_gl.initializeOpenGLFunctions();
     QString error;
     m_drawer = TileDrawer::create(error);
     if (m_drawer == nullptr) {
@@ -148,166 +126,39 @@ bool TessaMap::prepareGl()
         emit message(tr("The map cannot be drawn with this graphics driver: %1").arg(error));
         return false;
     }
-    paintBase({0, 0, 0}); // the fallback for all tiles
+    m_textures.initialize();
     return true;
 }
 
 void TessaMap::releaseGl()
 {
-    if (m_drawer != nullptr) {
-        m_tileTextures.clear(m_gl);
-        m_baseTextures.clear(m_gl);
-        m_shadeTextures.clear(m_gl);
-    }
+    if (m_drawer != nullptr)
+        m_textures.clear();
     m_drawer.reset();
     m_hasFailed = false;
-    m_saidNoMemory = false;
-}
-
-void TessaMap::upload(TextureCache& textures, const TileId& tile, const QImage& image, int revision)
-{
-    if (textures.upload(m_gl, tile, image, revision) || m_saidNoMemory)
-        return;
-    m_saidNoMemory = true;
-    emit message(tr("The graphics driver refuses pictures of the map. It stays coarse."));
-}
-
-void TessaMap::paintBase(const TileId& tile)
-{
-    upload(m_baseTextures, tile, m_baseMap.paint(tile));
-}
-
-std::optional<TileId> TessaMap::nearest(const TextureCache& textures, const TileId& tile) const
-{
-    for (int up = 0; up <= tile.zoom; ++up) {
-        if (textures.contains(tile.ancestor(up)))
-            return tile.ancestor(up);
-    }
-    return std::nullopt;
-}
-
-void TessaMap::loadTiles(double deadline)
-{
-    std::vector<TileId> visible;
-    std::vector<TileId> wanted;
-    for (const SelectedTile& tile : m_selected) {
-        // Where the server lacks a tile, it may have a coarser one.
-        TileId best = tile.id;
-        while (best.zoom > 0 && m_tiles.isMissing(best))
-            best = best.ancestor(1);
-        visible.push_back(best);
-        if (!m_tileTextures.contains(best))
-            wanted.push_back(best);
-    }
-    m_tiles.setVisible(visible);
-    m_tiles.setWanted(wanted);
-    while (now() < deadline) {
-        const auto tile = m_tiles.takeNext();
-        if (!tile)
-            return;
-        upload(m_tileTextures, tile->id, tile->image);
-    }
-}
-
-void TessaMap::loadBaseMap(double deadline)
-{
-    m_missingBase = 0;
-    for (const SelectedTile& tile : m_selected) {
-        const TileId base = BaseMap::covering(tile.id);
-        if (m_tileTextures.contains(tile.id) || m_baseTextures.contains(base))
-            continue;
-        // Painting is not worth while where a fetched picture that is coarse but good enough covers
-        // the place.
-        const auto coarser = nearest(m_tileTextures, tile.id);
-        if (coarser && coarser->zoom + coarserLevels >= base.zoom)
-            continue;
-        if (now() < deadline)
-            paintBase(base);
-        else
-            ++m_missingBase;
-    }
-}
-
-void TessaMap::loadShades(double deadline)
-{
-    m_shades.setShading(m_shading);
-    std::vector<TileId> wanted;
-    for (const SelectedTile& tile : m_selected) {
-        const auto shade = m_shades.shadeTile(tile.id);
-        if (shade && m_shadeTextures.revisionOf(*shade) != m_shades.revision() &&
-            std::ranges::find(wanted, *shade) == wanted.end())
-            wanted.push_back(*shade);
-    }
-    m_shades.setWanted(wanted);
-    while (now() < deadline) {
-        const auto shade = m_shades.takeNext();
-        if (!shade)
-            return;
-        upload(m_shadeTextures, shade->id, shade->image, m_shades.revision());
-    }
-}
-
-void TessaMap::loadTextures()
-{
-    // Unused time passes on to the next stage. Each stage may exceed its deadline by one picture.
-    const double start = now();
-    loadTiles(start + tileSeconds);
-    loadBaseMap(start + tileSeconds + baseSeconds);
-    if (m_isShaded)
-        loadShades(start + tileSeconds + baseSeconds + shadeSeconds);
-    else
-        m_shades.setWanted({});
-}
-
-TessaMap::Picture TessaMap::pictureOf(const TileId& tile)
-{
-    const auto fetched = nearest(m_tileTextures, tile);
-    const auto base = nearest(m_baseTextures, BaseMap::covering(tile));
-    if (fetched && (!base || fetched->zoom + coarserLevels >= base->zoom))
-        return {m_tileTextures.use(*fetched), TextureWindow::within(tile, *fetched)};
-    if (base)
-        return {m_baseTextures.use(*base), TextureWindow::within(tile, *base)};
-    return {};
-}
-
-TessaMap::Picture TessaMap::shadeOf(const TileId& tile)
-{
-    if (!m_isShaded)
-        return {};
-    const auto own = m_shades.shadeTile(tile);
-    if (!own)
-        return {};
-    const auto shade = nearest(m_shadeTextures, *own);
-    if (!shade)
-        return {};
-    return {m_shadeTextures.use(*shade), TextureWindow::within(tile, *shade)};
+    m_hasToldNoMemory = false;
 }
 
 bool TessaMap::render()
 {
     if (!prepareGl())
         return false;
-    const double start = now();
+    const double start = TUSK::Misc::Timer::getTime();
     const Globe view = globe();
     m_selected = selectTiles(view);
-    if (std::exchange(m_isOtherServer, false))
-        m_tileTextures.clear(m_gl);
-    for (TextureCache* const textures : {&m_tileTextures, &m_baseTextures, &m_shadeTextures})
-        textures->beginFrame(m_gl);
-    m_baseTextures.use({0, 0, 0}); // never dropped, so that there is always something to show
-    loadTextures();
-    m_loadingSeconds = now() - start;
+    m_textures.load(m_selected, m_isShaded ? std::optional(m_shading) : std::nullopt);
+    m_loadingSeconds = TUSK::Misc::Timer::getTime() - start;
+    if (m_textures.hasFailed() && !std::exchange(m_hasToldNoMemory, true))
+        emit message(tr("The graphics driver accepts no more pictures. The map stays coarse."));
 
     m_drawer->begin(view, m_brightness);
-    m_drawer->drawCap(true, BaseMap::waterColor());
-    m_drawer->drawCap(false, BaseMap::iceColor());
+    m_drawer->drawCap(TileDrawer::Pole::North, BaseMap::waterColor());
+    m_drawer->drawCap(TileDrawer::Pole::South, BaseMap::iceColor());
     // Between neighbouring tiles there may be hairline gaps: borders of all tiles are drawn below.
     for (const TileDrawer::Piece piece : {TileDrawer::Piece::Border, TileDrawer::Piece::Tile}) {
         for (const SelectedTile& tile : m_selected) {
-            const Picture picture = pictureOf(tile.id);
-            const Picture shade = shadeOf(tile.id);
-            m_drawer->draw(piece, tile.id, picture.texture, picture.window, shade.texture,
-                           shade.window);
+            m_drawer->draw(piece, tile.id, m_textures.pictureOf(tile.id),
+                           m_textures.shadeOf(tile.id));
         }
     }
     m_drawer->end();
@@ -316,7 +167,7 @@ bool TessaMap::render()
 
 int TessaMap::nrLoadingTiles() const
 {
-    return m_tiles.loadingCount() + m_shades.loadingCount() + m_missingBase;
+    return m_tiles.loadingCount() + m_shades.loadingCount() + m_textures.missingCount();
 }
 
 } // namespace Tessa

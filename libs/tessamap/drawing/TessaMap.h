@@ -1,7 +1,6 @@
 #pragma once
 
-#include "libs/tessamap/basemap/BaseMap.h"
-#include "libs/tessamap/drawing/TextureCache.h"
+#include "libs/tessamap/drawing/MapTextures.h"
 #include "libs/tessamap/drawing/TileDrawer.h"
 #include "libs/tessamap/globe/Globe.h"
 #include "libs/tessamap/globe/TileSelection.h"
@@ -14,7 +13,6 @@
 #include <QUrl>
 
 #include <memory>
-#include <optional>
 #include <vector>
 
 namespace Tessa {
@@ -106,28 +104,12 @@ signals:
     void message(const QString& text);
 
 private:
-    /// A texture and the part of it that covers a tile.
-    struct Picture
-    {
-        GLuint texture = 0;
-        TextureWindow window;
-    };
-
     bool prepareGl();
-    void loadTextures();
-    void loadTiles(double deadline);
-    void loadBaseMap(double deadline);
-    void loadShades(double deadline);
-    void paintBase(const TileId& tile);
-    void upload(TextureCache& textures, const TileId& tile, const QImage& image, int revision = 0);
-    std::optional<TileId> nearest(const TextureCache& textures, const TileId& tile) const;
-    Picture pictureOf(const TileId& tile);
-    Picture shadeOf(const TileId& tile);
 
     TileSource m_tiles;
     ElevationSource m_elevation;
     ShadeSource m_shades;
-    BaseMap m_baseMap;
+    MapTextures m_textures;
     double m_windowWidth = 1.0;
     double m_windowHeight = 1.0;
     double m_rangeWidth = 1.0;
@@ -136,17 +118,11 @@ private:
     bool m_isShaded = false;
     Shading m_shading;
     std::vector<SelectedTile> m_selected;
-    int m_missingBase = 0;
     double m_loadingSeconds = 0.0;
 
     bool m_hasFailed = false;
-    bool m_saidNoMemory = false;
-    bool m_isOtherServer = false; ///< since the last frame
-    QOpenGLFunctions m_gl;
+    bool m_hasToldNoMemory = false;
     std::unique_ptr<TileDrawer> m_drawer;
-    TextureCache m_tileTextures;
-    TextureCache m_baseTextures;
-    TextureCache m_shadeTextures;
 };
 
 } // namespace Tessa

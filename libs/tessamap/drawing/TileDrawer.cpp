@@ -105,11 +105,11 @@ QMatrix4x4 matrixFrom(const Globe& globe, const Globe::Vector& origin)
             0.0F,         0.0F,         0.0F,         1.0F};
 }
 
-TextureWindow TextureWindow::within(const TileId& tile, const TileId& ancestor)
+TextureView TextureView::within(const TileId& tile, const TileId& ancestor, GLuint texture)
 {
     const int levels = tile.zoom - ancestor.zoom;
     const double size = 1.0 / TileId::count(levels);
-    return {static_cast<float>((tile.x - (ancestor.x << levels)) * size),
+    return {texture, static_cast<float>((tile.x - (ancestor.x << levels)) * size),
             static_cast<float>((tile.y - (ancestor.y << levels)) * size), static_cast<float>(size)};
 }
 
@@ -222,21 +222,20 @@ void TileDrawer::bind(QOpenGLShaderProgram& program)
     program.enableAttributeArray(placeLocation);
 }
 
-void TileDrawer::draw(Piece piece, const TileId& tile, GLuint image, TextureWindow imageWindow,
-                      GLuint shade, TextureWindow shadeWindow)
+void TileDrawer::draw(Piece piece, const TileId& tile, const TextureView& image,
+                      const TextureView& shade)
 {
     Mesh& mesh = meshOf(tile);
-    bind(shade != 0 ? m_shaded : m_plain);
+    bind(shade.texture != 0 ? m_shaded : m_plain);
     m_bound->setUniformValue("matrix", matrixFrom(m_globe, mesh.origin));
-    m_bound->setUniformValue("imageWindow", imageWindow.left, imageWindow.top, imageWindow.size);
-    if (shade != 0) {
-        m_bound->setUniformValue("shadeWindow", shadeWindow.left, shadeWindow.top,
-                                 shadeWindow.size);
+    m_bound->setUniformValue("imageWindow", image.left, image.top, image.size);
+    if (shade.texture != 0) {
+        m_bound->setUniformValue("shadeWindow", shade.left, shade.top, shade.size);
         m_gl.glActiveTexture(GL_TEXTURE1);
-        m_gl.glBindTexture(GL_TEXTURE_2D, shade);
+        m_gl.glBindTexture(GL_TEXTURE_2D, shade.texture);
         m_gl.glActiveTexture(GL_TEXTURE0);
     }
-    m_gl.glBindTexture(GL_TEXTURE_2D, image);
+    m_gl.glBindTexture(GL_TEXTURE_2D, image.texture);
     mesh.vertices.bind();
     m_bound->setAttributeBuffer(positionLocation, GL_FLOAT, 0, 3, stride);
     m_bound->setAttributeBuffer(placeLocation, GL_FLOAT, 3 * static_cast<int>(sizeof(float)), 2,
@@ -252,20 +251,20 @@ void TileDrawer::draw(Piece piece, const TileId& tile, GLuint image, TextureWind
     }
 }
 
-void TileDrawer::drawCap(bool isNorth, const QColor& color)
+void TileDrawer::drawCap(Pole pole, const QColor& color)
 {
-    const double sign = isNorth ? 1.0 : -1.0;
-    const Globe::Vector pole = TUSK::Geodetic::latLong2Cartesian(90.0 * sign, 0.0);
+    const double sign = pole == Pole::North ? 1.0 : -1.0;
+    const Globe::Vector tip = TUSK::Geodetic::latLong2Cartesian(90.0 * sign, 0.0);
     std::vector<float> vertices;
-    add(vertices, pole, pole, 0.0, 0.0);
+    add(vertices, tip, tip, 0.0, 0.0);
     for (int i = 0; i <= capSegments; ++i) {
         // Counterclockwise seen from outside.
         const double longitude = sign * 360.0 * i / capSegments;
-        add(vertices, TUSK::Geodetic::latLong2Cartesian(capLatitude * sign, longitude), pole, 0.0,
+        add(vertices, TUSK::Geodetic::latLong2Cartesian(capLatitude * sign, longitude), tip, 0.0,
             0.0);
     }
     bind(m_flat);
-    m_bound->setUniformValue("matrix", matrixFrom(m_globe, pole));
+    m_bound->setUniformValue("matrix", matrixFrom(m_globe, tip));
     m_bound->setUniformValue("color", color);
     if (!m_cap.isCreated())
         m_cap.create();

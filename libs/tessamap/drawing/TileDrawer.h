@@ -19,15 +19,16 @@ namespace Tessa {
 /// is behind the limb.
 QMatrix4x4 matrixFrom(const Globe& globe, const Globe::Vector& origin);
 
-/// The square part of a texture that covers a tile; the whole texture by default.
-struct TextureWindow
+/// A texture and the square part of it that covers a tile.
+struct TextureView
 {
+    GLuint texture = 0; ///< 0: none
     float left = 0.0F;
     float top = 0.0F;
     float size = 1.0F; ///< along each side
 
-    /// The part of the ancestor's picture that shows the tile.
-    static TextureWindow within(const TileId& tile, const TileId& ancestor);
+    /// The part of an ancestor's picture that shows the tile.
+    static TextureView within(const TileId& tile, const TileId& ancestor, GLuint texture);
 };
 
 /// Draws curved tiles and the caps around the poles. The context in which it was made must be
@@ -41,13 +42,13 @@ public:
     /// The tile itself, or a narrow border around it. Borders, drawn before all tiles, fill the
     /// hairline gaps between tiles with matching colours.
     enum class Piece { Tile, Border };
+    enum class Pole { North, South };
 
     void begin(const Globe& globe, double brightness);
-    /// `shade`: 0 for none.
-    void draw(Piece piece, const TileId& tile, GLuint image, TextureWindow imageWindow,
-              GLuint shade = 0, TextureWindow shadeWindow = {});
+    /// `shade` may be none.
+    void draw(Piece piece, const TileId& tile, const TextureView& image, const TextureView& shade);
     /// The area around a pole that tiles do not reach.
-    void drawCap(bool isNorth, const QColor& color);
+    void drawCap(Pole pole, const QColor& color);
     void end();
 
 private:
