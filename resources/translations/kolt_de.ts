@@ -2074,14 +2074,14 @@ Installieren oder aktualisieren Sie den Treiber und starten Sie KOLT neu.</trans
         <translation>Die Karte lässt sich mit diesem Grafiktreiber nicht zeichnen: %1</translation>
     </message>
     <message>
-        <source>The graphics driver refuses pictures of the map. It stays coarse.</source>
-        <translation>Der Grafiktreiber nimmt Bilder der Karte nicht an. Sie bleibt grob.</translation>
+        <source>The graphics driver accepts no more pictures. The map stays coarse.</source>
+        <translation>Der Grafiktreiber nimmt keine weiteren Bilder an. Die Karte bleibt grob.</translation>
     </message>
 </context>
 <context>
     <name>Tessa::TileSource</name>
     <message>
-        <source>The tile server refuses to send tiles (%1). It is left alone for ten minutes.</source>
+        <source>The tile server refuses to send tiles (%1). It is not asked again for ten minutes.</source>
         <translation>Der Kachelserver verweigert die Kacheln (%1). Er wird zehn Minuten lang nicht gefragt.</translation>
     </message>
     <message>
