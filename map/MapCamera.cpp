@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <numbers>
 
 namespace KOLT {
 
@@ -35,54 +34,13 @@ double clampedWidth(double width)
     return std::clamp(width, MapCamera::narrowest, MapCamera::widest);
 }
 
-double glide(double from, double to)
+/// One frame of a first-order lag towards the target.
+double lagged(double value, double target)
 {
-    return TUSK::Math::Filter::pt1(from, to, lagSeconds, frameSeconds);
-}
-
-/// The latitude of the centre, in degrees, that shows a place at height `y` in the view. On the
-/// unit sphere, `sine` is the place's height above the equator and `cosine` its distance from the
-/// axis along the meridian of the centre. The result may lie beyond a pole; none for a place on the
-/// view's horizontal axis of rotation, which no latitude moves.
-std::optional<double> latitudeShowing(double sine, double cosine, double y)
-{
-    // y = sine * cos(c) - cosine * sin(c) = length * cos(c + angle); of the two solutions, the one
-    // on the near side.
-    const double length = std::hypot(sine, cosine);
-    if (length < 1e-12)
-        return std::nullopt;
-    const double c = std::acos(std::clamp(y / length, -1.0, 1.0)) - std::atan2(cosine, sine);
-    return Tessa::wrappedLongitude(c / radiansPerDegree);
+    return TUSK::Math::Filter::pt1(value, target, lagSeconds, frameSeconds);
 }
 
 } // namespace
-
-LatLong centreShowing(LatLong place, WindowPoint offset, LatLong before)
-{
-    const double length = std::hypot(offset.x, offset.y);
-    const double radii = std::max(TUSK::Geodetic::radius, length);
-    const double x = offset.x / radii;
-    const double y = offset.y / radii;
-    const double sinPhi = std::sin(place.latitude * radiansPerDegree);
-    const double cosPhi = std::cos(place.latitude * radiansPerDegree);
-    const double sinDelta = cosPhi > 1e-12 ? std::clamp(x / cosPhi, -1.0, 1.0) : 0.0;
-    const double cosBefore = std::cos((place.longitude - before.longitude) * radiansPerDegree);
-    const double cosDelta =
-        std::copysign(std::sqrt(1.0 - sinDelta * sinDelta), cosBefore < 0.0 ? -1.0 : 1.0);
-
-    const auto centreAt = [&](double cosine) -> LatLong {
-        const double delta = std::atan2(sinDelta, cosine) / radiansPerDegree;
-        return {latitudeShowing(sinPhi, cosPhi * cosine, y).value_or(before.latitude),
-                Tessa::wrappedLongitude(place.longitude - delta)};
-    };
-    LatLong centre = centreAt(cosDelta);
-    if (std::abs(centre.latitude) > 90.0) {
-        if (const LatLong other = centreAt(-cosDelta); std::abs(other.latitude) <= 90.0)
-            return other;
-        centre.latitude = std::clamp(centre.latitude, -90.0, 90.0);
-    }
-    return centre;
-}
 
 MapCamera::MapCamera(MapViewState& state)
     : m_state(state)
@@ -143,7 +101,7 @@ void MapCamera::zoomAbout(WindowPoint point, double width)
     const std::optional<LatLong> place = globe().window2LatLong(point);
     setRange(width);
     if (place && isOnGlobe(point))
-        setCentre(centreShowing(*place, offsetOf(point), centre()));
+        setCentre(Tessa::centreShowing(*place, offsetOf(point), centre()));
 }
 
 void MapCamera::stepKeys(const MapKeys& keys)
@@ -187,7 +145,7 @@ void MapCamera::doubleClick(WindowPoint point)
 bool MapCamera::stepAnimations()
 {
     if (m_state.isRangeAnimated) {
-        setRange(glide(m_state.width, m_state.targetWidth));
+        setRange(lagged(m_state.width, m_state.targetWidth));
         if (std::abs(m_state.width - m_state.targetWidth) <= rangeReached) {
             setRange(m_state.targetWidth);
             m_state.isRangeAnimated = false;
@@ -198,8 +156,8 @@ bool MapCamera::stepAnimations()
     if (m_state.isPositionAnimated) {
         // The shorter way around, which may cross 180 degrees.
         const double way = Tessa::wrappedLongitude(m_state.targetLongitude - m_state.longitude);
-        setCentre({glide(m_state.latitude, m_state.targetLatitude),
-                   glide(m_state.longitude, m_state.longitude + way)});
+        setCentre({lagged(m_state.latitude, m_state.targetLatitude),
+                   lagged(m_state.longitude, m_state.longitude + way)});
         if (TUSK::Geodetic::distance(m_state.latitude, m_state.longitude, m_state.targetLatitude,
                                      m_state.targetLongitude) < m_state.width * positionReached) {
             setCentre({m_state.targetLatitude, m_state.targetLongitude});
@@ -238,7 +196,7 @@ bool MapCamera::dragTo(WindowPoint point)
     const bool wasFollowing = endFollowing();
     noteMovement(point);
     if (m_pressPlace) {
-        setCentre(centreShowing(*m_pressPlace, offsetOf(point), centre()));
+        setCentre(Tessa::centreShowing(*m_pressPlace, offsetOf(point), centre()));
         return wasFollowing;
     }
     const double perPixel = m_state.metresPerPixel / metresPerDegree;
@@ -258,8 +216,8 @@ void MapCamera::dragZoomTo(WindowPoint point)
 bool MapCamera::pan(double right, double up)
 {
     const bool wasFollowing = endFollowing();
-    setCentre(centreShowing(centre(), {right * m_state.metresPerPixel, up * m_state.metresPerPixel},
-                            centre()));
+    setCentre(Tessa::centreShowing(
+        centre(), {right * m_state.metresPerPixel, up * m_state.metresPerPixel}, centre()));
     return wasFollowing;
 }
 

@@ -118,10 +118,4 @@ private:
     bool m_hasMoved = false;
 };
 
-/// The centre of a globe, north up, that shows `place` at an offset in metres from the window's
-/// centre. An offset beyond the limb is moved onto it. Of two solutions, the one that leaves the
-/// place on the same side of the pole as the centre `before` does; without any, the nearest centre.
-Tessa::LatLong centreShowing(Tessa::LatLong place, Tessa::WindowPoint offset,
-                             Tessa::LatLong before);
-
 } // namespace KOLT

@@ -8,6 +8,25 @@ namespace Tessa {
 using TUSK::Geodetic::radiansPerDegree;
 using TUSK::Geodetic::radius;
 
+namespace {
+
+/// The latitude of the centre, in degrees, that shows a place at height `y` in the view. On the
+/// unit sphere, `sine` is the place's height above the equator and `cosine` its distance from the
+/// axis along the meridian of the centre. The result may lie beyond a pole; none for a place on the
+/// view's horizontal axis of rotation, which no latitude moves.
+std::optional<double> latitudeShowing(double sine, double cosine, double y)
+{
+    // y = sine * cos(c) - cosine * sin(c) = length * cos(c + angle); of the two solutions, the one
+    // on the near side.
+    const double length = std::hypot(sine, cosine);
+    if (length < 1e-12)
+        return std::nullopt;
+    const double c = std::acos(std::clamp(y / length, -1.0, 1.0)) - std::atan2(cosine, sine);
+    return wrappedLongitude(c / radiansPerDegree);
+}
+
+} // namespace
+
 double wrappedLongitude(double longitude)
 {
     return longitude - 360.0 * std::floor((longitude + 180.0) / 360.0);
@@ -59,6 +78,33 @@ std::optional<LatLong> Globe::window2LatLong(WindowPoint point) const
     const double pz = r[2] * x + r[5] * y + r[8] * z;
     return LatLong{std::atan2(py, std::hypot(px, pz)) / radiansPerDegree,
                    std::atan2(px, pz) / radiansPerDegree};
+}
+
+LatLong centreShowing(LatLong place, WindowPoint offset, LatLong before)
+{
+    const double length = std::hypot(offset.x, offset.y);
+    const double radii = std::max(radius, length);
+    const double x = offset.x / radii;
+    const double y = offset.y / radii;
+    const double sinPhi = std::sin(place.latitude * radiansPerDegree);
+    const double cosPhi = std::cos(place.latitude * radiansPerDegree);
+    const double sinDelta = cosPhi > 1e-12 ? std::clamp(x / cosPhi, -1.0, 1.0) : 0.0;
+    const double cosBefore = std::cos((place.longitude - before.longitude) * radiansPerDegree);
+    const double cosDelta =
+        std::copysign(std::sqrt(1.0 - sinDelta * sinDelta), cosBefore < 0.0 ? -1.0 : 1.0);
+
+    const auto centreAt = [&](double cosine) -> LatLong {
+        const double delta = std::atan2(sinDelta, cosine) / radiansPerDegree;
+        return {latitudeShowing(sinPhi, cosPhi * cosine, y).value_or(before.latitude),
+                wrappedLongitude(place.longitude - delta)};
+    };
+    LatLong centre = centreAt(cosDelta);
+    if (std::abs(centre.latitude) > 90.0) {
+        if (const LatLong other = centreAt(-cosDelta); std::abs(other.latitude) <= 90.0)
+            return other;
+        centre.latitude = std::clamp(centre.latitude, -90.0, 90.0);
+    }
+    return centre;
 }
 
 } // namespace Tessa

@@ -73,4 +73,9 @@ private:
     std::array<double, 9> m_rotation{1.0, 0.0, 0.0, 0.0, 1.0, 0.0, 0.0, 0.0, 1.0};
 };
 
+/// The centre of a globe, north up, that shows `place` at an offset in metres from the window's
+/// centre. An offset beyond the limb is moved onto it. Of two solutions, the one that leaves the
+/// place on the same side of the pole as the centre `before` does; without any, the nearest centre.
+LatLong centreShowing(LatLong place, WindowPoint offset, LatLong before);
+
 } // namespace Tessa
