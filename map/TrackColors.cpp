@@ -121,16 +121,16 @@ TrackColors trackColors(const TrackColorChoice& choice, const Profile& profile,
     return colors;
 }
 
-const std::array<QColor, ValueScale::classes>& trackColorRamp()
+const std::array<QColor, ValueScale::steps>& trackColorRamp()
 {
     static const auto ramp = [] {
         // Dark blue over purple to orange; yellow would be hard to see on a light map.
         constexpr std::array<QRgb, 8> anchors{0x0d0887, 0x41049d, 0x6a00a8, 0x8f0da4,
                                               0xb12a90, 0xcc4778, 0xe16462, 0xf2844b};
-        std::array<QColor, ValueScale::classes> colors;
+        std::array<QColor, ValueScale::steps> colors;
         for (std::size_t i = 0; i < colors.size(); ++i) {
             const double place =
-                static_cast<double>(i * (anchors.size() - 1)) / (ValueScale::classes - 1);
+                static_cast<double>(i * (anchors.size() - 1)) / (ValueScale::steps - 1);
             const auto from = std::min(static_cast<std::size_t>(place), anchors.size() - 2);
             const double part = place - static_cast<double>(from);
             const QColor a = QColor::fromRgb(anchors[from]);

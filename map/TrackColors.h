@@ -42,6 +42,6 @@ TrackColors trackColors(const TrackColorChoice& choice, const Profile& profile,
 
 /// Colours from low to high. Lightness rises steadily, so that the order is visible without colour
 /// vision; all stand out from a light map.
-const std::array<QColor, ValueScale::classes>& trackColorRamp();
+const std::array<QColor, ValueScale::steps>& trackColorRamp();
 
 } // namespace KOLT

@@ -1,8 +1,7 @@
 #include "map/TrackLine.h"
 
-#include "map/TrackChunks.h"
-#include "map/TrackCoverage.h"
-#include "map/TrackWeights.h"
+#include "map/TrackChunkBuilder.h"
+#include "map/TrackSimplification.h"
 
 #include <algorithm>
 #include <cmath>
@@ -15,14 +14,8 @@ namespace {
 constexpr int finestLevel = -8;
 constexpr int coarsestLevel = 19;
 
-constexpr double rounding = 1e-6; // seconds: error of the samples' times
-
 constexpr double tolerancePixels = 0.5;
-constexpr double shortestColor = 2.0;      // pixels
-constexpr double coverageCell = 1.0;       // pixels
-constexpr std::ptrdiff_t leastLeftOut = 8; // lines; every break costs a chunk
-constexpr double mostCells = 1e6;          // looked at for a level
-constexpr double longestDivided = 50e3;    // metres; still straight enough
+constexpr double shortestColor = 2.0; // pixels
 
 /// The squared distance of a point from the line between two others.
 double squareFromLine(Tessa::WindowPoint click, Tessa::WindowPoint from, Tessa::WindowPoint to)
@@ -43,47 +36,21 @@ int nextRevision()
     return ++last;
 }
 
-double distance(const Tessa::Globe::Vector& a, const Tessa::Globe::Vector& b)
-{
-    return std::hypot(a.x - b.x, a.y - b.y, a.z - b.z);
-}
-
 } // namespace
 
 TrackLine::TrackLine(const std::vector<TrackPoint>& track, const std::vector<TrackGap>& gaps)
     : m_revision(nextRevision())
     , m_bounds(TrackBounds::of(track))
+    , m_runs(runsOf(track, gaps))
 {
     m_places.reserve(track.size());
     for (const TrackPoint& point : track)
         m_places.push_back(TUSK::Geodetic::latLong2Cartesian(point.latitude, point.longitude));
-    findRuns(track, gaps);
-}
-
-void TrackLine::findRuns(const std::vector<TrackPoint>& track, const std::vector<TrackGap>& gaps)
-{
-    auto gap = gaps.begin();
-    std::size_t first = 0;
-    const auto endRun = [&](std::size_t last) {
-        if (last > first)
-            m_runs.push_back({first, last});
-        first = last + 1;
-    };
-    for (std::size_t i = 1; i < track.size(); ++i) {
-        const double before = track[i - 1].seconds();
-        const double now = track[i].seconds();
-        while (gap != gaps.end() && gap->to <= before + rounding)
-            ++gap;
-        if (now - before > longestTrackGap || (gap != gaps.end() && gap->from < now - rounding))
-            endRun(i - 1);
-    }
-    if (!track.empty())
-        endRun(track.size() - 1);
 }
 
 void TrackLine::setValues(const std::vector<float>& values, const ValueScale& scale)
 {
-    m_classes = values.size() == m_places.size() ? TrackClasses(values, scale) : TrackClasses();
+    m_steps = values.size() == m_places.size() ? TrackColorSteps(values, scale) : TrackColorSteps();
     m_levels.clear();
     m_revision = nextRevision();
 }
@@ -98,98 +65,24 @@ const std::vector<TrackLine::Chunk>& TrackLine::chunks(double metresPerPixel) co
     return m_levels.emplace(level, build(std::exp2(level))).first->second;
 }
 
-std::vector<TrackLine::Corner> TrackLine::simplified(const TrackRun& run,
-                                                     double metresPerPixel) const
-{
-    const double tolerance = tolerancePixels * metresPerPixel;
-    std::vector<TrackPart> parts{{run.last, noColor}};
-    if (!m_classes.isEmpty())
-        parts = m_classes.partsOf(run, m_places, shortestColor * metresPerPixel);
-    std::vector<Corner> corners{{m_places[run.first], noColor}};
-    std::size_t i = run.first + 1;
-    for (const TrackPart& part : parts) {
-        for (; i <= part.last; ++i) {
-            if (static_cast<double>(m_weights[i]) > tolerance || i == part.last)
-                corners.push_back({m_places[i], part.color});
-        }
-    }
-    return corners;
-}
-
-std::vector<TrackLine::Corner> TrackLine::divided(const std::vector<Corner>& corners,
-                                                  double longest)
-{
-    std::vector<Corner> pieces{corners.front()};
-    for (std::size_t i = 1; i < corners.size(); ++i) {
-        const Vector from = pieces.back().place;
-        const Vector to = corners[i].place;
-        const double length = distance(from, to);
-        const double count = length <= longestDivided ? std::ceil(length / longest) : 1.0;
-        for (double piece = 1.0; piece < count; ++piece) {
-            const double part = piece / count;
-            pieces.push_back({{from.x + part * (to.x - from.x), from.y + part * (to.y - from.y),
-                               from.z + part * (to.z - from.z)},
-                              corners[i].color,
-                              true});
-        }
-        pieces.push_back(corners[i]);
-    }
-    return pieces;
-}
-
-void TrackLine::draw(const std::vector<Corner>& corners, TrackChunks& chunks)
-{
-    chunks.moveTo(corners.front().place);
-    const Corner* within = nullptr; // the last one skipped; needed only where the line ends
-    const auto endLine = [&] {
-        if (within != nullptr)
-            chunks.lineTo(within->place, within->color);
-        within = nullptr;
-    };
-    auto corner = corners.begin() + 1;
-    while (corner != corners.end()) {
-        const auto drawn =
-            std::find_if(corner, corners.end(), [](const Corner& c) { return !c.isCovered; });
-        if (drawn - corner >= leastLeftOut) {
-            endLine();
-            chunks.moveTo(std::prev(drawn)->place);
-            corner = drawn;
-            continue;
-        }
-        const auto end = drawn == corners.end() ? drawn : std::next(drawn);
-        for (; corner != end; ++corner) {
-            within = corner->isWithin ? &*corner : nullptr;
-            if (within == nullptr)
-                chunks.lineTo(corner->place, corner->color);
-        }
-    }
-    endLine();
-}
-
 std::vector<TrackLine::Chunk> TrackLine::build(double metresPerPixel) const
 {
-    if (m_weights.empty())
-        m_weights = trackWeights(m_places, m_runs);
-    std::vector<std::vector<Corner>> lines;
-    double length = 0.0;
+    if (m_tolerances.empty())
+        m_tolerances = simplificationTolerances(m_places, m_runs);
+    const double tolerance = tolerancePixels * metresPerPixel;
+    TrackChunkBuilder chunks(metresPerPixel);
     for (const TrackRun& run : m_runs) {
-        lines.push_back(simplified(run, metresPerPixel));
-        for (std::size_t i = 1; i < lines.back().size(); ++i)
-            length += distance(lines.back()[i - 1].place, lines.back()[i].place);
-    }
-    // At close scales little of the track is in the window; only short lines are checked then.
-    const double cell = coverageCell * metresPerPixel;
-    const bool areDivided = length <= mostCells * cell;
-    std::map<std::uint8_t, TrackCoverage> coverages; // by colour
-    TrackChunks chunks(metresPerPixel);
-    for (std::vector<Corner>& corners : lines) {
-        if (areDivided)
-            corners = divided(corners, (TrackCoverage::longestLine - 1.0) * cell);
-        for (std::size_t i = 1; i < corners.size(); ++i) {
-            TrackCoverage& coverage = coverages.try_emplace(corners[i].color, cell).first->second;
-            corners[i].isCovered = coverage.cover(corners[i - 1].place, corners[i].place);
+        std::vector<TrackPart> parts{{run.last, noColor}};
+        if (isColored())
+            parts = m_steps.partsOf(run, m_places, shortestColor * metresPerPixel);
+        chunks.moveTo(m_places[run.first]);
+        std::size_t i = run.first + 1;
+        for (const TrackPart& part : parts) {
+            for (; i <= part.last; ++i) {
+                if (static_cast<double>(m_tolerances[i]) > tolerance || i == part.last)
+                    chunks.lineTo(m_places[i], part.color);
+            }
         }
-        draw(corners, chunks);
     }
     return chunks.take();
 }

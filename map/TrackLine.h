@@ -2,9 +2,8 @@
 
 #include "libs/tessamap/globe/Globe.h"
 #include "map/TrackBounds.h"
-#include "map/TrackClasses.h"
-#include "record/Track.h"
-#include "record/TrackGaps.h"
+#include "map/TrackColorSteps.h"
+#include "map/TrackRuns.h"
 
 #include <cstdint>
 #include <map>
@@ -13,19 +12,15 @@
 
 namespace KOLT {
 
-class TrackChunks;
-
 /// A track prepared for drawing on the globe at any scale.
 ///
 /// For each scale the line is simplified once, by Douglas and Peucker, to half a pixel, and cut
-/// into chunks, each with its own origin so that single precision is enough. Stretches that repeat
-/// earlier ones in the same colour are left out, so that a day of circuits draws like a few of
-/// them. No line is drawn over more than 10 s without positions. Places are in metres from the
-/// centre of the earth.
+/// into chunks, each with its own origin so that single precision is enough. No line is drawn over
+/// more than 10 s without positions. Places are in metres from the centre of the earth.
 class TrackLine
 {
 public:
-    static constexpr std::uint8_t noColor = TrackClasses::none;
+    static constexpr std::uint8_t noColor = TrackColorSteps::none;
     static constexpr double largestChunk = 80'000.0; ///< metres across
     static constexpr std::size_t mostVertices = 512; ///< per chunk
 
@@ -34,7 +29,7 @@ public:
         float x = 0.0F; ///< metres from the chunk's origin
         float y = 0.0F;
         float z = 0.0F;
-        std::uint8_t color = noColor; ///< class 0..15 of the line that ends here, or noColor
+        std::uint8_t color = noColor; ///< step 0..15 of the line that ends here, or noColor
         bool isStart = false;         ///< no line ends here
     };
 
@@ -57,10 +52,12 @@ public:
 
     const TrackBounds& bounds() const { return m_bounds; }
 
+    bool isColored() const { return !m_steps.isEmpty(); }
+
     /// Unique for each track and each call of setValues().
     int revision() const { return m_revision; }
 
-    /// Colours the line by one value per point, NaN for none; see TrackClasses. Without colours
+    /// Colours the line by one value per point, NaN for none; see TrackColorSteps. Without colours
     /// unless there are as many values as points.
     void setValues(const std::vector<float>& values, const ValueScale& scale);
 
@@ -75,29 +72,14 @@ public:
 private:
     using Vector = Tessa::Globe::Vector;
 
-    void findRuns(const std::vector<TrackPoint>& track, const std::vector<TrackGap>& gaps);
-
-    struct Corner
-    {
-        Vector place;
-        std::uint8_t color = noColor;
-        bool isWithin = false;  ///< a long line, not a point of the track
-        bool isCovered = false; ///< the line to it has been drawn before
-    };
-
-    std::vector<Corner> simplified(const TrackRun& run, double metresPerPixel) const;
-    /// With lines no longer than so many metres, but for very long ones.
-    static std::vector<Corner> divided(const std::vector<Corner>& corners, double longest);
-    /// All but longer stretches that are covered.
-    static void draw(const std::vector<Corner>& corners, TrackChunks& chunks);
     std::vector<Chunk> build(double metresPerPixel) const;
 
     int m_revision = 0;
     TrackBounds m_bounds;
+    std::vector<TrackRun> m_runs;
     std::vector<Vector> m_places;
-    std::vector<TrackRun> m_runs; ///< of two points or more
-    TrackClasses m_classes;
-    mutable std::vector<float> m_weights;               ///< trackWeights(), when first needed
+    TrackColorSteps m_steps;
+    mutable std::vector<float> m_tolerances; ///< simplificationTolerances(), when first needed
     mutable std::map<int, std::vector<Chunk>> m_levels; ///< by log2 of metres per pixel
 };
 

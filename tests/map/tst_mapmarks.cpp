@@ -98,8 +98,8 @@ void TestMapMarks::rampIsLegible()
     const ValueScale scale{10.0, 26.0};
     for (const auto& [value, color] :
          {std::pair{9.0, 0}, {10.9, 0}, {11.0, 1}, {25.9, 15}, {99.0, 15}})
-        QCOMPARE(int(scale.classOf(value)), color);
-    QCOMPARE(int(ValueScale{5.0, 5.0}.classOf(7.0)), 0);
+        QCOMPARE(int(scale.stepOf(value)), color);
+    QCOMPARE(int(ValueScale{5.0, 5.0}.stepOf(7.0)), 0);
 
     const auto luminance = [](const QColor& color) {
         const auto linear = [](double part) { return std::pow(part, 2.2); };

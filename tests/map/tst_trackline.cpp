@@ -23,8 +23,6 @@ private slots:
     void chunksHangTogether();
     void longWaysFollowTheGreatCircle();
     void gapsPartTheLine();
-    void repeatedCircuitsDrawLikeOne();
-    void longLegsDrawOnce();
     void colorsChangeWhereTheValuesDo();
     void spikesStayVisible();
     void clickHitsTheNearestPoint();
@@ -65,33 +63,6 @@ Track wandering(LatLong start, std::size_t count)
     });
 }
 
-/// Circles of 500 m radius, 100 points each, with some metres of noise.
-Track circuits(std::size_t count)
-{
-    std::mt19937 random(5);
-    std::normal_distribution<double> noise(0.0, 2.0 / 111'120.0);
-    return along(count, [&](double i) {
-        const double angle = i * 0.0628318530718;
-        return LatLong{48.0 + std::cos(angle) * 0.0045 + noise(random),
-                       11.0 + std::sin(angle) * 0.0067 + noise(random)};
-    });
-}
-
-Vector operator-(const Vector& a, const Vector& b)
-{
-    return {a.x - b.x, a.y - b.y, a.z - b.z};
-}
-
-double dot(const Vector& a, const Vector& b)
-{
-    return a.x * b.x + a.y * b.y + a.z * b.z;
-}
-
-double lengthOf(const Vector& a)
-{
-    return std::sqrt(dot(a, a));
-}
-
 Vector placeOf(const TrackPoint& point)
 {
     return TUSK::Geodetic::latLong2Cartesian(point.latitude, point.longitude);
@@ -119,15 +90,14 @@ double distanceTo(const std::vector<TrackLine::Chunk>& chunks, const Vector& pla
 {
     double nearest = std::numeric_limits<double>::infinity();
     for (const TrackLine::Chunk& chunk : chunks) {
-        if (lengthOf(place - chunk.origin) > chunk.radius + 1000.0)
+        if (length(place - chunk.origin) > chunk.radius + 1000.0)
             continue;
         forLines(chunk, [&](Vector from, Vector to, std::size_t) {
             const Vector line = to - from;
             const Vector way = place - from;
             const double square = dot(line, line);
             const double part = square > 0.0 ? std::clamp(dot(way, line) / square, 0.0, 1.0) : 0.0;
-            nearest = std::min(nearest,
-                               lengthOf(way - Vector{line.x * part, line.y * part, line.z * part}));
+            nearest = std::min(nearest, length(way - part * line));
         });
     }
     return nearest;
@@ -147,7 +117,7 @@ std::vector<double> lengthsOf(const std::vector<TrackLine::Chunk>& chunks)
     std::vector<double> lengths(17, 0.0);
     for (const TrackLine::Chunk& chunk : chunks)
         forLines(chunk, [&](Vector from, Vector to, std::size_t color) {
-            lengths[std::min<std::size_t>(color, 16)] += lengthOf(to - from);
+            lengths[std::min<std::size_t>(color, 16)] += length(to - from);
         });
     return lengths;
 }
@@ -187,13 +157,13 @@ void TestTrackLine::chunksHangTogether()
             QVERIFY(chunk.vertices.size() >= 2 && chunk.vertices.size() <= 512);
             QVERIFY(chunk.radius <= 40'000.0);
             for (const TrackLine::Vertex& vertex : chunk.vertices) {
-                QVERIFY(lengthOf(placeOf(chunk, vertex) - chunk.origin) <= chunk.radius + 0.01);
+                QVERIFY(length(placeOf(chunk, vertex) - chunk.origin) <= chunk.radius + 0.01);
                 QCOMPARE(vertex.color, TrackLine::noColor);
             }
             if (i > 0) {
                 const auto joint = placeOf(chunks[i - 1], chunks[i - 1].vertices.back()) -
                                    placeOf(chunk, chunk.vertices.front());
-                QVERIFY(lengthOf(joint) < 0.01);
+                QVERIFY(length(joint) < 0.01);
             }
         }
     }
@@ -217,7 +187,7 @@ void TestTrackLine::longWaysFollowTheGreatCircle()
         QVERIFY(chunk.radius <= 40'000.0);
         for (const TrackLine::Vertex& vertex : chunk.vertices) {
             const Vector place = placeOf(chunk, vertex);
-            QVERIFY(std::abs(lengthOf(place) - TUSK::Geodetic::radius) < 0.1);
+            QVERIFY(std::abs(length(place) - TUSK::Geodetic::radius) < 0.1);
             QVERIFY(place.y > 0.0);
         }
     }
@@ -252,35 +222,6 @@ void TestTrackLine::gapsPartTheLine()
     // Of 100 s, the first 20 s and half a second are drawn.
     const TrackLine line(straight(201), gaps);
     QVERIFY(std::abs(lengthsOf(line.chunks(1.0))[16] - 410.0) < 0.1);
-}
-
-void TestTrackLine::repeatedCircuitsDrawLikeOne()
-{
-    const Track day = circuits(20'000);
-    const TrackLine once(Track(day.begin(), day.begin() + 100));
-    const TrackLine often(day);
-    const auto& chunks = often.chunks(16.0);
-
-    QVERIFY(vertexCount(chunks) < 25 * vertexCount(once.chunks(16.0)));
-    for (std::size_t i = 0; i < day.size(); i += 131)
-        QVERIFY(distanceTo(chunks, placeOf(day[i])) < 2.3 * 16.0); // a cell more
-}
-
-void TestTrackLine::longLegsDrawOnce()
-{
-    // To and fro between two places 10 km apart, within some metres: each leg is one long line.
-    std::mt19937 random(5);
-    std::normal_distribution<double> noise(0.0, 8.0 / 111'120.0);
-    double offset = 0.0;
-    const Track legs = along(60'000, [&](double i) {
-        const double part = std::fmod(i, 200.0) / 100.0;
-        if (part == 0.0)
-            offset = noise(random);
-        return LatLong{48.0 + 0.09 * std::abs(1.0 - part), 11.0 + offset};
-    });
-    const auto lengths = lengthsOf(TrackLine(legs).chunks(16.0));
-    QVERIFY2(lengths[16] > 10'000.0 && lengths[16] < 20 * 10'000.0, // of 600 legs
-             qPrintable(QString::number(lengths[16])));
 }
 
 void TestTrackLine::colorsChangeWhereTheValuesDo()
