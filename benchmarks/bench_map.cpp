@@ -265,7 +265,7 @@ void drawTrack(benchmark::State& state, const std::vector<TrackPoint>& points,
     for (auto _ : state) {
         map.frame();
         painter.begin(pictureSize.width(), pictureSize.height());
-        painter.drawTrack(map.map().globe(), line, false);
+        painter.drawTrack(map.map().globe(), line);
         stage->gl().glFinish();
     }
 }

@@ -1,11 +1,14 @@
 #include "map/ui/WidgetMap.h"
 
-#include "base/Diagnostics.h"
 #include "libs/tusk/misc/Timer.h"
 
+#include <QApplication>
+#include <QDesktopServices>
+#include <QHelpEvent>
 #include <QOpenGLContext>
+#include <QToolTip>
 
-#include <cmath>
+#include <algorithm>
 
 namespace KOLT {
 
@@ -15,9 +18,7 @@ constexpr int repaintMilliseconds = 20;
 constexpr double idleSeconds = 1.0;
 constexpr int samples = 4;
 constexpr GLenum multisample = 0x809D; ///< GL_MULTISAMPLE, unknown to GL ES
-constexpr double edge = 5.0;
 constexpr double scaleBarPixels = 140.0;
-constexpr double textHeight = 18.0;
 
 } // namespace
 
@@ -25,6 +26,7 @@ WidgetMap::WidgetMap(MapViewState& state, const MapSettings& settings, QWidget* 
     : QOpenGLWidget(parent)
     , m_state(state)
     , m_camera(state)
+    , m_input(*this, state, m_camera)
     , m_clock(TUSK::Misc::Timer::getTime)
 {
     setMouseTracking(true);
@@ -39,8 +41,14 @@ WidgetMap::WidgetMap(MapViewState& state, const MapSettings& settings, QWidget* 
     setSettings(settings);
     connect(&m_map, &Tessa::TessaMap::changed, this, [this] { m_isDirty = true; });
     connect(&m_map, &Tessa::TessaMap::message, this, &WidgetMap::signalMessage);
-    m_pickTimer.setSingleShot(true);
-    connect(&m_pickTimer, &QTimer::timeout, this, [this] { emit signalTime(m_pickedSeconds); });
+    connect(&m_input, &MapInput::changed, this, [this] { m_isDirty = true; });
+    connect(&m_input, &MapInput::modeChanged, this, &WidgetMap::signalUpdateMode);
+    connect(&m_input, &MapInput::hovered, this, &WidgetMap::hover);
+    connect(&m_input, &MapInput::clicked, this, &WidgetMap::click);
+    connect(&m_input, &MapInput::doubleClicked, &m_clickTimer, &QTimer::stop);
+    connect(&m_input, &MapInput::wholeTrackRequested, this, &WidgetMap::showWholeTrack);
+    m_clickTimer.setSingleShot(true);
+    connect(&m_clickTimer, &QTimer::timeout, this, [this] { emit signalTime(m_clickedSeconds); });
     m_resizeTimer.setSingleShot(true);
     connect(&m_resizeTimer, &QTimer::timeout, this, &WidgetMap::slotTimeoutResize);
     connect(&m_repaintTimer, &QTimer::timeout, this, &WidgetMap::slotTimeout);
@@ -75,41 +83,30 @@ void WidgetMap::setSettings(const MapSettings& settings)
 
 void WidgetMap::setAircraft(const AircraftTrack::Record& aircraft)
 {
-    if (aircraft != m_aircraft)
+    if (aircraft != m_content.aircraft)
         m_state.isFollowWaiting = false;
-    m_aircraft = aircraft;
+    m_content.aircraft = aircraft;
     m_state.needsRepaint = true;
 }
 
 void WidgetMap::setTrack(const std::vector<TrackPoint>* track, std::vector<TrackGap> gaps)
 {
-    m_pickTimer.stop(); // what was clicked on is gone
-    m_track = track;
-    m_gaps = std::move(gaps);
-    m_isTrackPending = true;
-    m_line = {}; // refers to the former track
-    if (m_painter != nullptr || track == nullptr)
-        buildTrack();
+    m_clickTimer.stop(); // what was clicked on is gone
+    m_content.setTrack(track, std::move(gaps));
+    if (m_painter != nullptr)
+        m_content.buildLine();
     m_state.needsRepaint = true;
-}
-
-void WidgetMap::buildTrack()
-{
-    m_isTrackPending = false;
-    m_line = m_track != nullptr ? TrackLine(*m_track, std::move(m_gaps)) : TrackLine();
-    m_line.setValues(m_colors.values, m_colors.scale);
 }
 
 void WidgetMap::setColors(TrackColors colors)
 {
-    m_colors = std::move(colors);
-    m_line.setValues(m_colors.values, m_colors.scale);
+    m_content.setColors(std::move(colors));
     m_state.needsRepaint = true;
 }
 
 void WidgetMap::setMarks(std::vector<MapMark> marks)
 {
-    m_marks = std::move(marks);
+    m_content.marks = std::move(marks);
     m_state.needsRepaint = true;
 }
 
@@ -129,7 +126,8 @@ void WidgetMap::showWholeTrack()
 {
     const bool wasFollowing = m_camera.endFollowing();
     fitTrack();
-    tellModeEnded(wasFollowing);
+    if (wasFollowing)
+        emit signalUpdateMode();
 }
 
 void WidgetMap::releaseGl()
@@ -159,19 +157,19 @@ void WidgetMap::resizeGL(int width, int height)
 
 void WidgetMap::stepView()
 {
-    if (m_isFitPending && !m_isTrackPending) {
+    if (m_isFitPending) {
         m_isFitPending = false;
-        if (!m_line.isEmpty())
-            m_camera.fit(m_line.bounds());
+        if (!m_content.line().isEmpty())
+            m_camera.fit(m_content.line().bounds());
     }
-    if (m_keys.any()) {
-        m_camera.stepKeys(m_keys);
+    if (m_input.heldKeys().any()) {
+        m_camera.stepKeys(m_input.heldKeys());
         m_isDirty = true;
     }
     m_state.contrast = m_settings.shadingContrast;
     m_state.brightness = m_settings.shadingBrightness;
     m_state.factor = m_settings.shadingFactor;
-    m_camera.follow(aircraftPlace());
+    m_camera.follow({m_content.aircraft.latitude, m_content.aircraft.longitude});
     m_camera.stepAnimations();
 }
 
@@ -192,8 +190,7 @@ void WidgetMap::paintGL()
     const double ratio = devicePixelRatioF();
     m_camera.setWindowSize(width(), height());
     m_map.setWindowSize(width() * ratio, height() * ratio);
-    if (m_isTrackPending)
-        buildTrack();
+    m_content.buildLine();
     stepView();
     if (m_painter == nullptr || m_painter->pixelRatio() != ratio)
         makePainter(ratio);
@@ -223,53 +220,56 @@ void WidgetMap::makePainter(double ratio)
 void WidgetMap::drawOverlays()
 {
     const Tessa::Globe globe = m_map.globe();
-    m_painter->drawTrack(globe, m_line, !m_colors.isEmpty());
-    m_painter->drawMarks(globe, m_marks);
-    Tessa::WindowPoint place;
-    if (!m_line.isEmpty() &&
-        m_map.latLong2Window(m_aircraft.latitude, m_aircraft.longitude, place.x, place.y))
-        m_painter->drawAircraft({place.x / devicePixelRatioF(), place.y / devicePixelRatioF()},
-                                m_aircraft.heading);
-    const ScaleBar bar = ScaleBar::choose(m_state.metresPerPixel,
-                                          std::min(scaleBarPixels, width() / 3.0), m_unitSystem);
-    // In a narrow map the scale bar goes above the attribution.
-    const QStringList lines = attributionLines();
-    const double attribution = attributionRect().width() + 2.0 * edge;
-    const double bottom =
-        bar.pixels + attribution + 6.0 * edge < width() ? edge : 2.0 * edge + textHeight;
-    m_painter->drawScaleBar(bar, bottom);
-    m_painter->drawLegend(m_colors, bottom);
-    double y = edge + textHeight / 2.0;
-    for (auto line = lines.rbegin(); line != lines.rend(); ++line, y += textHeight)
-        m_painter->drawText(width() - edge - 3.0, y, *line, true);
-    if (m_map.isOffline())
-        m_painter->drawText(width() - edge - 3.0, y + edge, tr("offline"), true);
-}
-
-QStringList WidgetMap::attributionLines() const
-{
-    const QString whole = m_map.attribution();
-    const auto fits = [this](const QString& line) {
-        return m_painter->textWidth(line) + 2.0 * edge + 6.0 <= width();
-    };
-    qsizetype end = whole.size();
-    while (end > 0 && !fits(whole.left(end)))
-        end = whole.lastIndexOf(QLatin1Char(' '), end - 1);
-    if (end <= 0 || end == whole.size())
-        return {whole};
-    return {whole.left(end), whole.mid(end + 1)};
+    m_painter->drawTrack(globe, m_content.line());
+    m_painter->drawMarks(globe, m_content.marks);
+    const AircraftTrack::Record& aircraft = m_content.aircraft;
+    if (!m_content.line().isEmpty())
+        m_painter->drawAircraft(globe, {aircraft.latitude, aircraft.longitude}, aircraft.heading);
+    const double longestBar = std::min(scaleBarPixels, width() / 3.0);
+    m_painter->labels().draw({ScaleBar::choose(m_state.metresPerPixel, longestBar, m_unitSystem),
+                              m_content.colors(), m_map.attribution(),
+                              m_map.isOffline() ? tr("offline") : QString()},
+                             width());
 }
 
 QRectF WidgetMap::attributionRect() const
 {
-    if (m_painter == nullptr)
-        return {};
-    double textWidth = 0.0;
-    const QStringList lines = attributionLines();
-    for (const QString& line : lines)
-        textWidth = std::max(textWidth, m_painter->textWidth(line) + 6.0);
-    const double rows = textHeight * static_cast<double>(lines.size());
-    return {width() - edge - textWidth, height() - edge - rows, textWidth, rows};
+    return m_painter != nullptr ? m_painter->labels().attributionRect(m_map.attribution(), width())
+                                : QRectF();
+}
+
+void WidgetMap::hover(const QPointF& position)
+{
+    const auto [x, y] = m_input.windowPoint(position);
+    setCursor(attributionRect().contains(x, y) ? Qt::PointingHandCursor : Qt::ArrowCursor);
+}
+
+void WidgetMap::click(const QPointF& position)
+{
+    const Tessa::WindowPoint point = m_input.windowPoint(position);
+    if (attributionRect().contains(point.x, point.y)) {
+        QDesktopServices::openUrl(m_map.attributionLink());
+    } else if (const auto seconds = m_content.secondsAt(m_camera.globe(), point)) {
+        m_clickedSeconds = *seconds;
+        // A second click may follow: a double click only zooms.
+        m_clickTimer.start(QApplication::doubleClickInterval());
+    }
+}
+
+bool WidgetMap::showMarkHint(const QHelpEvent& event)
+{
+    const MapMark* const mark =
+        m_content.markAt(m_camera.globe(), m_input.windowPoint(event.pos()));
+    if (mark != nullptr)
+        QToolTip::showText(event.globalPos(), mark->text, this);
+    return mark != nullptr;
+}
+
+bool WidgetMap::event(QEvent* event)
+{
+    if (event->type() == QEvent::ToolTip && showMarkHint(static_cast<const QHelpEvent&>(*event)))
+        return true;
+    return (isEnabled() && m_input.handle(*event)) || QOpenGLWidget::event(event);
 }
 
 void WidgetMap::slotTimeout()

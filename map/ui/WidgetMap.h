@@ -1,12 +1,10 @@
 #pragma once
 
 #include "libs/tessamap/drawing/TessaMap.h"
-#include "map/AircraftTrack.h"
 #include "map/MapCamera.h"
-#include "map/MapMarks.h"
+#include "map/MapContent.h"
 #include "map/MapSettings.h"
-#include "map/TrackColors.h"
-#include "map/TrackLine.h"
+#include "map/ui/MapInput.h"
 #include "map/ui/MapPainter.h"
 
 #include <QOpenGLWidget>
@@ -15,8 +13,7 @@
 #include <functional>
 #include <memory>
 
-class QGestureEvent;
-class QNativeGestureEvent;
+class QHelpEvent;
 
 namespace KOLT {
 
@@ -58,7 +55,7 @@ public:
 
     Tessa::TessaMap& map() { return m_map; }
 
-    const TrackLine& track() const { return m_line; }
+    const TrackLine& track() const { return m_content.line(); }
 
     int frameCount() const { return m_frameCount; }
 
@@ -78,15 +75,6 @@ protected:
     void resizeGL(int width, int height) override;
     void paintGL() override;
     bool event(QEvent* event) override;
-    void keyPressEvent(QKeyEvent* event) override;
-    void keyReleaseEvent(QKeyEvent* event) override;
-    void mousePressEvent(QMouseEvent* event) override;
-    void mouseMoveEvent(QMouseEvent* event) override;
-    void mouseReleaseEvent(QMouseEvent* event) override;
-    void mouseDoubleClickEvent(QMouseEvent* event) override;
-    void wheelEvent(QWheelEvent* event) override;
-    void leaveEvent(QEvent* event) override;
-    void focusOutEvent(QFocusEvent* event) override;
     void showEvent(QShowEvent* event) override;
 
 private slots:
@@ -95,57 +83,33 @@ private slots:
 
 private:
     void releaseGl();
-    void buildTrack();
     void stepView();
     void applyView();
     void makePainter(double ratio);
     void drawOverlays();
-
-    Tessa::LatLong aircraftPlace() const { return {m_aircraft.latitude, m_aircraft.longitude}; }
-
-    Tessa::WindowPoint windowPoint(const QPointF& position) const
-    {
-        return {position.x(), height() - position.y()};
-    }
-
-    /// Two lines when the map is too narrow for one.
-    QStringList attributionLines() const;
     QRectF attributionRect() const;
-    bool setHeld(int key, bool isHeld);
-    void pick(const QPointF& position);
-    void tellModeEnded(bool hasEnded);
-    void pinch(double factor, const QPointF& position);
-    void nativeGesture(const QNativeGestureEvent& event);
-    bool gesture(QGestureEvent& event);
+    void hover(const QPointF& position);
+    void click(const QPointF& position);
+    bool showMarkHint(const QHelpEvent& event);
 
     MapViewState& m_state;
     MapSettings m_settings;
     MapCamera m_camera;
+    MapInput m_input;
     Clock m_clock;
     Tessa::TessaMap m_map;
-    std::unique_ptr<MapPainter> m_painter; ///< from the first frame on
-    AircraftTrack::Record m_aircraft;
-    const std::vector<TrackPoint>* m_track = nullptr;
-    std::vector<TrackGap> m_gaps;
-    bool m_isTrackPending = false;
-    bool m_isFitPending = false;
-    TrackLine m_line;
-    TrackColors m_colors;
-    std::vector<MapMark> m_marks;
+    std::unique_ptr<MapPainter> m_painter; ///< null before the first frame
+    MapContent m_content;
     UnitSystem m_unitSystem = UnitSystem::Metric;
-
-    MapKeys m_keys;
-    QPointF m_pressPosition;
-    bool m_isLeftHeld = false;
-    bool m_isClick = false; ///< neither a drag nor a second click so far
+    bool m_isFitPending = false;
     bool m_isDirty = true;
     bool m_isSeen = false;
     double m_lastRepaint = 0.0;
     int m_frameCount = 0;
     QTimer m_repaintTimer;
     QTimer m_resizeTimer;
-    QTimer m_pickTimer;
-    double m_pickedSeconds = 0.0;
+    QTimer m_clickTimer; ///< runs until no second click can follow
+    double m_clickedSeconds = 0.0;
 };
 
 } // namespace KOLT

@@ -1,0 +1,142 @@
+#include "map/ui/MapLabels.h"
+
+#include <QFile>
+#include <QFontDatabase>
+
+#include <algorithm>
+
+namespace KOLT {
+
+namespace {
+
+constexpr int fontPixels = 14;
+constexpr double textHeight = 18.0;
+constexpr double edge = 5.0; ///< around the window and within plates
+constexpr double textMargin = 3.0;
+constexpr QColor textColor(20, 24, 30);
+constexpr QColor plateColor(255, 255, 255, 190);
+
+/// The font from the program's resources; none when it cannot be read.
+std::optional<QFont> loadFont()
+{
+    QFile file(QStringLiteral(":monofont.ttf"));
+    if (!file.open(QIODevice::ReadOnly))
+        return std::nullopt;
+    static const int id = QFontDatabase::addApplicationFontFromData(file.readAll());
+    const QStringList families = QFontDatabase::applicationFontFamilies(id);
+    if (families.isEmpty())
+        return std::nullopt;
+    QFont font(families.front());
+    font.setPixelSize(fontPixels);
+    return font;
+}
+
+} // namespace
+
+MapLabels::MapLabels(TUSK::OpenGL::GlHandler& handler, double pixelRatio)
+    : m_handler(handler)
+{
+    if (const auto font = loadFont())
+        m_font.emplace(*font, pixelRatio);
+}
+
+double MapLabels::textWidth(const QString& text) const
+{
+    return m_font ? m_font->width(text) : 0.0;
+}
+
+QStringList MapLabels::attributionLines(const QString& attribution, double windowWidth) const
+{
+    const auto fits = [&](const QString& line) {
+        return textWidth(line) + 2.0 * (edge + textMargin) <= windowWidth;
+    };
+    qsizetype end = attribution.size();
+    while (end > 0 && !fits(attribution.left(end)))
+        end = attribution.lastIndexOf(QLatin1Char(' '), end - 1);
+    if (end <= 0 || end == attribution.size())
+        return {attribution};
+    return {attribution.left(end), attribution.mid(end + 1)};
+}
+
+QRectF MapLabels::attributionRect(const QString& attribution, double windowWidth) const
+{
+    double width = 0.0;
+    const QStringList lines = attributionLines(attribution, windowWidth);
+    for (const QString& line : lines)
+        width = std::max(width, textWidth(line) + 2.0 * textMargin);
+    return {windowWidth - edge - width, edge, width,
+            textHeight * static_cast<double>(lines.size())};
+}
+
+void MapLabels::draw(const Contents& contents, double windowWidth)
+{
+    if (!m_font)
+        return;
+    const QRectF attribution = attributionRect(contents.attribution, windowWidth);
+    // In a narrow map the scale bar goes above the attribution.
+    const bool isWide = contents.scale.pixels + attribution.width() + 8.0 * edge < windowWidth;
+    const double bottom = isWide ? edge : 2.0 * edge + textHeight;
+    drawScaleBar(contents.scale, bottom);
+    drawLegend(contents.legend, bottom);
+    const double right = attribution.right() - textMargin;
+    double y = attribution.top() + textHeight / 2.0;
+    const QStringList lines = attributionLines(contents.attribution, windowWidth);
+    for (auto line = lines.rbegin(); line != lines.rend(); ++line, y += textHeight)
+        drawTextUpTo(right, y, *line);
+    drawTextUpTo(right, y + edge, contents.note);
+}
+
+void MapLabels::drawRectangle(const QRectF& area, const QColor& color)
+{
+    const auto left = static_cast<float>(area.left());
+    const auto right = static_cast<float>(area.right());
+    const auto low = static_cast<float>(area.top());
+    const auto high = static_cast<float>(area.bottom());
+    m_handler.draw(GL_TRIANGLE_FAN, std::array{left, low, right, low, right, high, left, high},
+                   color);
+}
+
+void MapLabels::drawTextUpTo(double right, double y, const QString& text)
+{
+    if (text.isEmpty())
+        return;
+    const double width = textWidth(text) + 2.0 * textMargin;
+    drawRectangle({right + textMargin - width, y - textHeight / 2.0, width, textHeight},
+                  plateColor);
+    m_font->draw(m_handler, text, right, y, textColor, true);
+}
+
+void MapLabels::drawScaleBar(const ScaleBar& bar, double bottom)
+{
+    if (!(bar.pixels > 0.0))
+        return;
+    const double left = 2.0 * edge;
+    const double width = std::max(bar.pixels, textWidth(bar.text)) + 2.0 * edge;
+    drawRectangle({edge, bottom, width, textHeight + 10.0}, plateColor);
+    m_font->draw(m_handler, bar.text, left, bottom + 10.0 + textHeight / 2.0, textColor);
+    drawRectangle({left, bottom + 4.0, bar.pixels, 2.0}, textColor);
+    drawRectangle({left, bottom + 4.0, 2.0, 7.0}, textColor);
+    drawRectangle({left + bar.pixels - 2.0, bottom + 4.0, 2.0, 7.0}, textColor);
+}
+
+void MapLabels::drawLegend(const TrackColors& colors, double bottom)
+{
+    if (colors.isEmpty())
+        return;
+    constexpr double cell = 12.0;
+    bottom += edge + textHeight + 12.0; // above the scale bar
+    const double texts = textWidth(colors.lowText) + textWidth(colors.highText) + 12.0;
+    const double inside = std::max({cell * ValueScale::steps, texts, textWidth(colors.name)});
+    const double left = 2.0 * edge;
+    drawRectangle({edge, bottom, inside + 2.0 * edge, 2.0 * textHeight + 16.0}, plateColor);
+    m_font->draw(m_handler, colors.name, left, bottom + textHeight * 1.5 + 14.0, textColor);
+    const double step = inside / ValueScale::steps;
+    for (int i = 0; i < ValueScale::steps; ++i)
+        drawRectangle({left + i * step, bottom + textHeight + 4.0, step, 8.0},
+                      trackColorRamp()[static_cast<std::size_t>(i)]);
+    const double y = bottom + textHeight / 2.0 + 1.0;
+    m_font->draw(m_handler, colors.lowText, left, y, textColor);
+    m_font->draw(m_handler, colors.highText, left + inside, y, textColor, true);
+}
+
+} // namespace KOLT
