@@ -53,6 +53,13 @@ void TimeTableModel::clear()
     endResetModel();
 }
 
+void TimeTableModel::tellNewTexts()
+{
+    emit headerDataChanged(Qt::Horizontal, 0, columnCount() - 1);
+    if (rowCount() > 0)
+        emit dataChanged(index(0, 0), index(rowCount() - 1, columnCount() - 1));
+}
+
 int TimeTableModel::setMoment(double seconds)
 {
     m_moment = seconds;

@@ -24,6 +24,9 @@ public:
     void setTable(const DataSet& dataSet, std::vector<const ProfileParameter*> parameters);
     void clear();
 
+    /// The same samples have other texts now, as after a change of the unit system.
+    void tellNewTexts();
+
     const TimeTable& table() const { return m_table; }
 
     /// Sets the current moment. Its row shows the values as of the moment, without samples that

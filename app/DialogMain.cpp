@@ -141,7 +141,7 @@ void DialogMain::createPanels()
             qOverload<>(&DialogMain::slotProfileChanged));
     connect(m_project, &ProjectSession::signalSelectionChanged, this, [this] {
         m_profileDialog->refresh();
-        m_data->refresh();
+        m_data->refresh(DataPage::Change::Selection);
     });
     connect(m_project, &ProjectSession::signalPathStored, this, &DialogMain::refreshTitle);
 }
@@ -155,7 +155,7 @@ void DialogMain::createDataWindow()
     connect(m_parts.graph, &DialogDataGraph::signalOrder, this,
             [this](const QStringList& fullNames) {
                 m_profile.setDisplayOrder(fullNames);
-                m_data->refresh();
+                m_data->refresh(DataPage::Change::Selection);
             });
     connect(m_parts.graph, &DialogDataGraph::signalSettings, this,
             [this](const GraphSettings& settings) {
@@ -360,13 +360,13 @@ void DialogMain::slotUnitChanged(int unit)
     refreshSelectors();
     m_profileInfo->refresh();
     m_profileDialog->refreshUnits();
-    m_data->refresh();
+    m_data->refresh(DataPage::Change::Units);
 }
 
 void DialogMain::slotProfileChanged()
 {
     m_project->setModified();
-    m_data->refresh();
+    m_data->refresh(DataPage::Change::Selection);
 }
 
 void DialogMain::slotProfileFileChanged()

@@ -1,5 +1,9 @@
 #pragma once
 
+#include <QFlags>
+
+#include <utility>
+
 namespace KOLT {
 
 struct DataSet;
@@ -11,6 +15,15 @@ struct DataSet;
 class DataPage
 {
 public:
+    /// What a page may have to show again.
+    enum class Change {
+        Data = 1,      ///< another data set or none; the profile may have been loaded again too
+        Selection = 2, ///< the selected parameters, or their order
+        Units = 4,
+        Font = 8
+    };
+    Q_DECLARE_FLAGS(Changes, Change)
+
     DataPage() = default;
     DataPage(const DataPage&) = delete;
     DataPage& operator=(const DataPage&) = delete;
@@ -21,15 +34,15 @@ public:
     {
         dropData();
         m_dataSet = dataSet;
-        refresh();
+        refresh(Change::Data);
     }
 
     void clear() { setData(nullptr); }
 
-    /// The selected parameters or the units have changed.
-    void refresh()
+    /// Tells the page what has changed; it catches up at once if it is visible.
+    void refresh(Changes changes)
     {
-        m_isDataPending = true;
+        m_changes |= changes;
         m_isTimePending = true;
         catchUp();
     }
@@ -54,14 +67,14 @@ public:
     }
 
 protected:
-    /// Drops all pointers into the data set and the profile.
+    /// Forgets all pointers into the data set and the profile.
     virtual void dropData() = 0;
-    /// Shows the data set, which may be null, with the current selection and units.
-    virtual void showData() = 0;
-    /// Moves to time(); also called after showData().
+    /// Shows what follows from the changes since the last call. The data set may be null.
+    virtual void showData(Changes changes) = 0;
+    /// Goes to time(). Called after showData() too.
     virtual void showTime() = 0;
 
-    /// The page itself moved to this time and shows it already.
+    /// The page itself went to this time.
     void keepTime(double seconds) { m_seconds = seconds; }
 
 private:
@@ -69,21 +82,19 @@ private:
     {
         if (!m_isShown)
             return;
-        if (m_isDataPending) {
-            m_isDataPending = false;
-            showData();
-        }
-        if (m_isTimePending) {
-            m_isTimePending = false;
+        if (m_changes != Changes())
+            showData(std::exchange(m_changes, {}));
+        if (std::exchange(m_isTimePending, false))
             showTime();
-        }
     }
 
     const DataSet* m_dataSet = nullptr;
     double m_seconds = 0.0;
     bool m_isShown = false;
-    bool m_isDataPending = false;
+    Changes m_changes; ///< not shown yet
     bool m_isTimePending = false;
 };
+
+Q_DECLARE_OPERATORS_FOR_FLAGS(DataPage::Changes)
 
 } // namespace KOLT

@@ -177,7 +177,7 @@ void DialogData::changeEvent(QEvent* event)
     QWidget::changeEvent(event);
     // Pages size rows and columns by the font.
     if (event->type() == QEvent::FontChange && m_loading != nullptr)
-        refresh();
+        refresh(DataPage::Change::Font);
 }
 
 void DialogData::setData(const DataSet& dataSet)
@@ -216,10 +216,10 @@ void DialogData::dropData()
     moveTo(m_replay.time());
 }
 
-void DialogData::refresh()
+void DialogData::refresh(DataPage::Changes changes)
 {
     for (const HostedPage& entry : m_pages)
-        entry.page->refresh();
+        entry.page->refresh(changes);
 }
 
 void DialogData::setTime(double seconds)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "analysis/Replay.h"
+#include "ui/DataPage.h"
 
 #include <QIcon>
 #include <QTimer>
@@ -27,7 +28,6 @@ class QToolButton;
 
 namespace KOLT {
 
-class DataPage;
 class DialogEventList;
 class Profile;
 struct DataSet;
@@ -100,8 +100,8 @@ public:
     void clear();
     /// Like clear(), and shows the text in place of the pages until setData() or clear().
     void beginLoading(const QString& text);
-    /// To be called after a change of the parameter selection or of the units.
-    void refresh();
+    /// To be called after such a change.
+    void refresh(DataPage::Changes changes);
     void setListSettings(const ListSettings& settings);
     /// Goes to a moment of the data set.
     void setTime(double seconds);

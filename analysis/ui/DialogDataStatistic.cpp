@@ -74,9 +74,9 @@ QString DialogDataStatistic::textOf(const Flight& flight)
            QStringLiteral("</table>");
 }
 
-void DialogDataStatistic::showData()
+void DialogDataStatistic::showData(Changes changes)
 {
-    if (dataSet() == nullptr)
+    if (!changes.testFlag(Change::Data) || dataSet() == nullptr)
         return;
     const Flight* const flight = dataSet()->flight();
     m_hint->setVisible(flight != nullptr);

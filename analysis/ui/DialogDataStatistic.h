@@ -24,7 +24,7 @@ public:
 protected:
     void dropData() override {}
 
-    void showData() override;
+    void showData(Changes changes) override;
 
     void showTime() override {}
 

@@ -95,7 +95,7 @@ DialogDataTable::DialogDataTable(const Profile& profile, QWidget* parent)
     tableLayout->addWidget(m_hint);
 
     m_shown = new ContentOrNote(this, table);
-    showData();
+    showData(Change::Data);
 }
 
 QAction* DialogDataTable::createAction(const QString& text, const QString& icon,
@@ -134,8 +134,13 @@ void DialogDataTable::dropData()
     m_isFollowing = wasFollowing;
 }
 
-void DialogDataTable::showData()
+void DialogDataTable::showData(Changes changes)
 {
+    if (!changes.testAnyFlags(Change::Data | Change::Selection)) {
+        m_model.tellNewTexts();
+        m_view->fitColumns();
+        return;
+    }
     dropData();
     std::vector<const ProfileParameter*> parameters = m_profile.selectedParameters();
     const bool hasParameters = !parameters.empty();

@@ -33,7 +33,7 @@ signals:
 
 protected:
     void dropData() override;
-    void showData() override;
+    void showData(Changes changes) override;
     void showTime() override;
 
 private:

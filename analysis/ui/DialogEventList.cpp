@@ -163,7 +163,7 @@ DialogEventList::DialogEventList(const Profile& profile, EventScope scope, const
     layout->addWidget(m_table);
     layout->addWidget(m_hint);
     m_shown = new ContentOrNote(this, page);
-    showData();
+    showData(Change::Data);
 }
 
 void DialogEventList::createTable(const QString& heading)
@@ -212,9 +212,12 @@ void DialogEventList::dropData()
     m_events.reset();
 }
 
-void DialogEventList::showData()
+void DialogEventList::showData(Changes changes)
 {
-    fitTable();
+    if (changes.testAnyFlags(Change::Data | Change::Font))
+        fitTable();
+    if (!changes.testAnyFlags(Change::Data | Change::Units))
+        return;
     m_hint->hide();
     if (dataSet() == nullptr) {
         clearTable();

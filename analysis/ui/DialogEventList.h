@@ -32,7 +32,7 @@ protected:
                     QWidget* parent);
 
     void dropData() override;
-    void showData() override;
+    void showData(Changes changes) override;
     void showTime() override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 

@@ -43,7 +43,7 @@ WidgetFaultMatrix::WidgetFaultMatrix(const Profile& profile, QWidget* parent)
     layout->addWidget(m_area, 1);
 
     m_shown = new ContentOrNote(this, page);
-    showData();
+    showData(Change::Data);
 }
 
 void WidgetFaultMatrix::dropData()
@@ -53,8 +53,10 @@ void WidgetFaultMatrix::dropData()
     m_matrices.reset();
 }
 
-void WidgetFaultMatrix::showData()
+void WidgetFaultMatrix::showData(Changes changes)
 {
+    if (!changes.testAnyFlags(Change::Data | Change::Font))
+        return;
     dropData();
     if (dataSet() == nullptr) {
         m_shown->showNote(tr("Choose a cycle or a flight on the left to see its faults."));

@@ -64,7 +64,7 @@ DialogDataGraph::DialogDataGraph(const Profile& profile, const GraphSettings& se
     connectBar();
     m_holdTimer.start(holdMilliseconds);
     slotManMode();
-    showData();
+    showData(Change::Data);
 }
 
 DialogDataGraph::~DialogDataGraph() = default;
@@ -133,8 +133,10 @@ void DialogDataGraph::dropData()
     m_isNewData = true;
 }
 
-void DialogDataGraph::showData()
+void DialogDataGraph::showData(Changes changes)
 {
+    if (changes == Change::Font)
+        return; // the graph widget follows it
     const std::vector<const ProfileParameter*> chosen = parameters();
     const bool hasTraces = dataSet() != nullptr && !chosen.empty();
     if (!hasTraces) {

@@ -48,7 +48,7 @@ signals:
 
 protected:
     void dropData() override;
-    void showData() override;
+    void showData(Changes changes) override;
     void showTime() override;
 
 private slots:

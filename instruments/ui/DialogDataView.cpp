@@ -27,7 +27,7 @@ DialogDataView::DialogDataView(const Profile& profile, QString viewFile, QWidget
     setMinimumSize(160, 90);
     connect(&m_timer, &QTimer::timeout, this, &DialogDataView::slotTimeoutUpdate);
     m_timer.start(updateMilliseconds);
-    refresh(); // sets variant and unit system
+    refresh(Change::Data); // sets variant and unit system
 }
 
 DialogDataView::~DialogDataView()
@@ -177,8 +177,10 @@ void DialogDataView::dropData()
     update();
 }
 
-void DialogDataView::showData()
+void DialogDataView::showData(Changes changes)
 {
+    if (!changes.testFlag(Change::Data))
+        return; // showTime() sets values and units
     m_parameters = dataSet() != nullptr ? viewParameters(m_profile) : std::vector<ViewParameter>();
     if (m_isLoaded)
         tellFaults(); // the profile may have changed

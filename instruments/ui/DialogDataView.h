@@ -50,7 +50,7 @@ protected:
     void resizeGL(int width, int height) override;
     void paintGL() override;
     void dropData() override;
-    void showData() override;
+    void showData(Changes changes) override;
     void showTime() override;
 
 private slots:

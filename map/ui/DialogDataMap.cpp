@@ -140,23 +140,41 @@ void DialogDataMap::dropTrack()
     m_map->setAircraft({});
 }
 
-void DialogDataMap::showData()
+void DialogDataMap::showData(Changes changes)
 {
-    fillColorings();
-    createValueRows();
     m_map->setUnitSystem(m_profile.unitSystem());
+    if (changes.testAnyFlags(Change::Data | Change::Selection)) {
+        fillColorings();
+        createValueRows();
+    }
+    if (changes.testFlag(Change::Font))
+        placePanels();
+    if (changes.testFlag(Change::Data))
+        showTrack();
+    if (m_fitted == nullptr)
+        return;
+    if (changes.testAnyFlags(Change::Data | Change::Selection))
+        slotColoring(m_coloring->currentIndex());
+    if (changes.testAnyFlags(Change::Data | Change::Units))
+        showMarks();
+}
+
+void DialogDataMap::showTrack()
+{
     const DataSet* const shown = dataSet();
     if (shown == nullptr || shown->track.empty()) {
         dropTrack(); // the values are shown without a track too
         return;
     }
-    if (m_fitted != shown) {
-        m_aircraft = AircraftTrack(shown->track);
-        m_map->setTrack(&shown->track, trackGaps(m_profile, shown->messages));
-        m_map->fitTrack();
-        m_fitted = shown;
-    }
-    slotColoring(m_coloring->currentIndex());
+    m_aircraft = AircraftTrack(shown->track);
+    m_map->setTrack(&shown->track, trackGaps(m_profile, shown->messages));
+    m_map->fitTrack();
+    m_fitted = shown;
+}
+
+void DialogDataMap::showMarks()
+{
+    const DataSet* const shown = dataSet();
     m_map->setMarks(flightMarks(*shown));
     // Finding exceedances walks through all samples: show the map first.
     QTimer::singleShot(0, this, [this, shown] {

@@ -49,7 +49,7 @@ public slots:
 
 protected:
     void dropData() override;
-    void showData() override;
+    void showData(Changes changes) override;
     void showTime() override;
     void resizeEvent(QResizeEvent* event) override;
 
@@ -68,6 +68,8 @@ private:
 
     void createToolBar();
     void dropTrack();
+    void showTrack();
+    void showMarks();
     void fillColorings();
     void createValueRows();
     void refreshValues();

@@ -98,7 +98,9 @@ void TestDialogDataTable::modelShowsValues()
     const auto header = [&] { return m_view->model()->headerData(1, Qt::Horizontal).toString(); };
     QCOMPARE(header(), "Flow\n[l]");
     m_profile.setUnitSystem(UnitSystem::Imperial);
-    m_page->refresh();
+    m_view->selectRow(7);
+    m_page->refresh(DataPage::Change::Units);
+    QCOMPARE(m_view->currentIndex().row(), 7); // the rows are the same
     QCOMPARE(look(3, 1), "3.0");
     QCOMPARE(header(), "Flow\n[gal]");
     m_profile.setUnitSystem(UnitSystem::Metric);
@@ -218,7 +220,7 @@ void TestDialogDataTable::saysWhyItIsEmpty()
     };
     note();
     m_profile.select([](const ProfileParameter&) { return false; });
-    m_page->refresh();
+    m_page->refresh(DataPage::Change::Selection);
     note();
     m_profile.select([](const ProfileParameter& parameter) { return parameter.id == 2; });
     const DataSet empty;

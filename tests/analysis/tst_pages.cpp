@@ -275,7 +275,7 @@ void TestPages::faultRows()
     QVERIFY(rows[1]->isVisible());
     onlyActive->click();
     QVERIFY(rows[0]->isVisible() && !rows[1]->isVisible());
-    page->refresh(); // keeps the choice
+    page->refresh(DataPage::Change::Font); // keeps the choice
     QVERIFY(!page->findChildren<WidgetErrorTime*>().at(1)->isVisible());
     page->clear();
     QVERIFY(page->findChildren<WidgetErrorTime*>().isEmpty());

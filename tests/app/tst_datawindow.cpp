@@ -37,7 +37,10 @@ public:
 protected:
     void dropData() override { log << "drop"; }
 
-    void showData() override { log << (dataSet() != nullptr ? "data" : "nothing"); }
+    void showData(Changes changes) override
+    {
+        log << (dataSet() != nullptr ? "data:" : "nothing:") + QString::number(int(changes));
+    }
 
     void showTime() override { log << QString::number(time()); }
 };
@@ -133,17 +136,18 @@ void TestDataWindow::hiddenPagesWorkWhenShown()
     page.setTime(2.0);
     QCOMPARE(log(), "drop");
     page.setShown(true);
-    QCOMPARE(log(), "data 2");
+    QCOMPARE(log(), "data:1 2");
     page.setTime(3.0);
-    page.refresh();
-    QCOMPARE(log(), "3 data 3");
+    page.refresh(DataPage::Change::Units);
+    QCOMPARE(log(), "3 data:4 3");
     page.setShown(false);
     page.setTime(4.0);
+    page.refresh(DataPage::Change::Selection);
     page.clear();
     QCOMPARE(log(), "drop"); // at once, as the data set is deleted
     QCOMPARE(page.dataSet(), nullptr);
     page.setShown(true);
-    QCOMPARE(log(), "nothing 4");
+    QCOMPARE(log(), "nothing:3 4");
 }
 
 void TestDataWindow::timeReachesThePages()

@@ -403,7 +403,7 @@ void TestGraphPage::draggedHandleGivesAnOrder()
     };
     const QList<double> before = kept();
     QVERIFY(before[1] < before[2]);
-    m_page->refresh();
+    m_page->refresh(DataPage::Change::Selection);
     QCOMPARE(graph().trace(0).name, "b");
     QCOMPARE(graph().cursor().trace, 0);
     QCOMPARE(kept(), before);
@@ -435,7 +435,7 @@ void TestGraphPage::longRecordingsAppearByAndBy()
     for (int i = 0; i < traces; ++i)
         QVERIFY(!graph().trace(i).columns().empty());
     m_profile.setDisplayOrder({"D/p49"});
-    m_page->refresh();
+    m_page->refresh(DataPage::Change::Selection);
     QVERIFY(!m_page->isFeeding()); // another order needs no refill
     QVERIFY(!graph().trace(0).columns().empty());
     m_profile.setDisplayOrder({});
@@ -501,7 +501,7 @@ void TestGraphPage::eventsAreNumberedAsInTheList()
     const QStringList expected{"1 at 109", "2 at 119", "3 at 129", "4 at 139", "5 at 149",
                                "6 at 159", "7 at 169", "8 at 179", "9 at 189", "10 at 199"};
     QCOMPARE(shown(), expected);
-    m_page->refresh();
+    m_page->refresh(DataPage::Change::Selection);
     QCOMPARE(shown(), expected); // no duplicates
     m_page->clear();
     QCOMPARE(shown(), {});

@@ -412,10 +412,10 @@ void TestMapPage::valuesHaveTheirUnits()
     QCOMPARE(panel->width(), 300);
     const int height = panel->height();
     QVERIFY(height > 2 * panel->fontMetrics().height());
-    m_page->refresh(); // other parameters or units
+    m_page->refresh(DataPage::Change::Selection);
     QCOMPARE(panel->height(), height);
     m_dataSet->track.clear(); // values are shown without a track too
-    m_page->refresh();
+    m_page->setData(m_dataSet.get());
     QCOMPARE(textsAt(43.0), "plain 43.000000 speed 143.000000 [km/h]");
     m_page->setData(nullptr);
     QVERIFY(!panel->isVisible());
