@@ -4,19 +4,15 @@
 #include <QWidget>
 
 #include <list>
-#include <map>
 
-class QLabel;
-class QLineEdit;
-class QStackedLayout;
-class QTabWidget;
-class QTreeWidget;
 class QTreeWidgetItem;
 
 namespace KOLT {
 
 class CardContainer;
-struct Cycle;
+class CardList;
+class CycleList;
+class RecordList;
 
 /// The panel in which the user picks what to analyse: the engine cycles of the open card with their
 /// flights, or its record files, each grouped by day.
@@ -31,7 +27,7 @@ class DialogCard : public QWidget
 public:
     explicit DialogCard(CardContainer& card, QWidget* parent = nullptr);
 
-    /// Refills both trees; to be called after a folder was opened or read again.
+    /// Refills both lists; to be called after a folder was opened or read again.
     void refresh();
 
     /// Says, while no folder is open, that this one cannot be found.
@@ -63,36 +59,18 @@ private slots:
     void slotTimeoutLoadCycle();
 
 private:
-    struct Page
-    {
-        QStackedLayout* stack = nullptr;
-        QLineEdit* name = nullptr;
-        QTreeWidget* tree = nullptr;
-        QLabel* empty = nullptr; ///< shown in place of an empty tree
-    };
-
     QString whyEmpty() const;
-    Page createPage(const QString& title);
-    void clear(const Page& page);
-    void deselect(const Page& page);
-    void selectOnly(const Page& page, const QList<QTreeWidgetItem*>& items);
-    void repeatChoice(const QTreeWidgetItem& pressed, bool isCycle);
-    void fillRawData();
-    void fillCycles();
-    QTreeWidgetItem* addCycle(const Cycle& cycle);
+    bool isRepeated(const QTreeWidgetItem* pressed) const;
+    void choose(QTimer& timer, CardList& other);
+    void forgetChoice();
 
     CardContainer& m_card;
-    std::map<unsigned int, QTreeWidgetItem*> m_cycleItems;
-    std::list<QString> m_selectedPaths;
-    unsigned int m_selectedCycle = 0;
-    int m_selectedFlight = -1; ///< -1: the whole cycle
-    bool m_hasFailed = false;  ///< the selection could not be loaded
-    QString m_missingFolder;
-    QTimer m_recordTimer;
+    CycleList* m_cycles;
+    RecordList* m_records;
     QTimer m_cycleTimer;
-    QTabWidget* m_tabs = nullptr;
-    Page m_cyclesPage;
-    Page m_rawDataPage;
+    QTimer m_recordTimer;
+    bool m_hasFailed = false; ///< the selection could not be loaded
+    QString m_missingFolder;
 };
 
 } // namespace KOLT

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "record/Flight.h"
+#include "record/ui/CardList.h"
+
+#include <map>
+#include <optional>
+#include <vector>
+
+namespace KOLT {
+
+/// The tab "Cycles": the engine cycles of the card, and below a cycle the flights found in it.
+class CycleList : public CardList
+{
+    Q_OBJECT
+
+public:
+    /// A cycle, or one of its flights by index.
+    struct Choice
+    {
+        static constexpr int wholeCycle = -1;
+
+        unsigned int cycle = 0;
+        int flight = wholeCycle;
+    };
+
+    explicit CycleList(QWidget* parent = nullptr);
+
+    /// The selected cycle or flight.
+    std::optional<Choice> selected() const;
+
+    /// The flight's item, or the cycle's if the flight is not listed; null without such a cycle.
+    QTreeWidgetItem* itemOf(const Choice& choice) const;
+
+    /// Lists the flights below their cycle and keeps a selected flight selected. Sends no signal.
+    void listFlights(unsigned int cycle, const std::vector<Flight>& flights);
+
+protected:
+    void fillTree(const CardContainer& card) override;
+
+private:
+    std::map<unsigned int, QTreeWidgetItem*> m_items; ///< by number of the cycle
+};
+
+} // namespace KOLT
