@@ -89,17 +89,18 @@ DaySheet::DaySheet(std::vector<FlightLine> lines)
     FlightTotals all;
     FlightTotals day;
     for (std::size_t i = 0; i < lines.size(); ++i) {
-        m_rows.push_back({false, cellsOf(lines[i]), countersOf(lines[i])});
+        m_rows.push_back({.cells = cellsOf(lines[i]), .counters = countersOf(lines[i])});
         day.add(lines[i]);
         all.add(lines[i]);
         const QDate date = lines[i].takeOff.date();
         if (i + 1 == lines.size() || lines[i + 1].takeOff.date() != date) {
-            m_rows.push_back({true, sumOf(Text::tr("Sum %1").arg(dateText(date)), day), {}});
+            m_rows.push_back(
+                {.isSum = true, .cells = sumOf(Text::tr("Sum %1").arg(dateText(date)), day)});
             day = {};
         }
     }
     if (!lines.empty() && all.flights != 0 && std::ranges::count(m_rows, true, &Row::isSum) > 1)
-        m_rows.push_back({true, sumOf(Text::tr("Total"), all), {}});
+        m_rows.push_back({.isSum = true, .cells = sumOf(Text::tr("Total"), all)});
 }
 
 QString DaySheet::explanation()

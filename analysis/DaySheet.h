@@ -17,8 +17,8 @@ public:
     struct Row
     {
         bool isSum = false;
-        QStringList cells;    ///< one per heading
-        QStringList counters; ///< take-off and landing in seconds on the counter; empty for a sum
+        QStringList cells;      ///< one per heading
+        QStringList counters{}; ///< take-off and landing in seconds on the counter; empty for a sum
     };
 
     static QStringList headings();

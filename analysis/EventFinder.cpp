@@ -26,7 +26,8 @@ bool isEarlier(const Crossing& a, const Crossing& b)
     return a.seconds != b.seconds ? a.seconds < b.seconds : a.order < b.order;
 }
 
-/// Keeps the maxEvents earliest crossings; holds at most twice as many meanwhile.
+/// Keeps the maxEvents earliest crossings, and of the others only the times. Holds at most twice as
+/// many crossings meanwhile.
 class EarliestCrossings
 {
 public:
@@ -38,25 +39,31 @@ public:
             cut();
     }
 
-    /// Those kept, by ascending time.
-    const std::vector<Crossing>& finish()
+    void finish()
     {
         if (m_crossings.size() > maxEvents)
             cut();
         std::ranges::sort(m_crossings, isEarlier);
-        return m_crossings;
+        std::ranges::sort(m_leftOut);
     }
 
-    std::size_t leftOut() const { return m_count - m_crossings.size(); }
+    /// By ascending time, after finish().
+    const std::vector<Crossing>& kept() const { return m_crossings; }
+
+    const std::vector<double>& leftOut() const { return m_leftOut; }
 
 private:
     void cut()
     {
-        std::ranges::nth_element(m_crossings, m_crossings.begin() + maxEvents, isEarlier);
+        const auto end = m_crossings.begin() + maxEvents;
+        std::ranges::nth_element(m_crossings, end, isEarlier);
+        std::transform(end, m_crossings.end(), std::back_inserter(m_leftOut),
+                       [](const Crossing& crossing) { return crossing.seconds; });
         m_crossings.resize(maxEvents);
     }
 
     std::vector<Crossing> m_crossings;
+    std::vector<double> m_leftOut;
     std::size_t m_count = 0;
 };
 
@@ -107,29 +114,22 @@ Event eventOf(const Profile& profile, const Crossing& crossing)
 } // namespace
 
 std::vector<Event> findEvents(const Profile& profile, const DataSet& dataSet, EventScope scope,
-                              std::size_t* leftOut)
+                              std::vector<double>* leftOut)
 {
     EarliestCrossings crossings;
     forEachCrossing(profile, dataSet, scope,
                     [&](const Crossing& crossing) { crossings.add(crossing); });
+    crossings.finish();
     std::vector<Event> events;
-    for (const Crossing& crossing : crossings.finish())
+    for (const Crossing& crossing : crossings.kept())
         events.push_back(eventOf(profile, crossing));
+    const std::size_t rest = crossings.leftOut().size();
+    if (rest > 0)
+        Diagnostics::print("findEvents: %zu of %zu exceedances are left out, the last ones\n", rest,
+                           rest + events.size());
     if (leftOut != nullptr)
         *leftOut = crossings.leftOut();
-    if (crossings.leftOut() > 0)
-        Diagnostics::print("findEvents: %zu of %zu exceedances are left out, the last ones\n",
-                           crossings.leftOut(), crossings.leftOut() + events.size());
     return events;
-}
-
-std::vector<double> eventTimes(const Profile& profile, const DataSet& dataSet, EventScope scope)
-{
-    std::vector<double> times;
-    forEachCrossing(profile, dataSet, scope,
-                    [&](const Crossing& crossing) { times.push_back(crossing.seconds); });
-    std::ranges::sort(times);
-    return times;
 }
 
 } // namespace KOLT

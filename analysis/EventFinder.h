@@ -29,15 +29,12 @@ enum class EventScope {
 constexpr std::size_t maxEvents = 100'000;
 
 /// The first maxEvents exceedances of a data set by time; those of equal time are in profile order.
-/// `leftOut` receives the number of exceedances beyond.
+/// `leftOut` receives the times of the exceedances beyond, ascending.
 ///
 /// An event is a step from Ok to Warning or Limit, or from Warning to Limit. A parameter that
 /// exceeds its threshold from its first sample on gives none until it has recovered. Costs one
 /// numeric decoding per sample of a parameter with a threshold, and text for the returned events.
 std::vector<Event> findEvents(const Profile& profile, const DataSet& dataSet, EventScope scope,
-                              std::size_t* leftOut = nullptr);
-
-/// The times of all exceedances, ascending and without a limit; for counting.
-std::vector<double> eventTimes(const Profile& profile, const DataSet& dataSet, EventScope scope);
+                              std::vector<double>* leftOut = nullptr);
 
 } // namespace KOLT

@@ -25,9 +25,14 @@ struct Findings
     Key key;
     UnitSystem units = UnitSystem::Metric;
     std::array<EventList, 2> events; ///< by scope
-    std::array<std::size_t, 2> leftOut{};
+    std::array<std::vector<double>, 2> leftOut;
     FaultList faults;
 };
+
+std::size_t indexOf(EventScope scope)
+{
+    return scope == EventScope::AllParameters ? 0 : 1;
+}
 
 Findings& findingsOf(const Profile& profile, const DataSet& dataSet)
 {
@@ -50,7 +55,7 @@ Findings& findingsOf(const Profile& profile, const DataSet& dataSet)
 
 EventList eventsOf(const Profile& profile, const DataSet& dataSet, EventScope scope)
 {
-    const std::size_t index = scope == EventScope::AllParameters ? 0 : 1;
+    const std::size_t index = indexOf(scope);
     Findings& findings = findingsOf(profile, dataSet);
     EventList& events = findings.events[index];
     if (events == nullptr)
@@ -59,10 +64,11 @@ EventList eventsOf(const Profile& profile, const DataSet& dataSet, EventScope sc
     return events;
 }
 
-std::size_t eventsLeftOut(const Profile& profile, const DataSet& dataSet, EventScope scope)
+const std::vector<double>& eventsLeftOut(const Profile& profile, const DataSet& dataSet,
+                                         EventScope scope)
 {
     eventsOf(profile, dataSet, scope);
-    return findingsOf(profile, dataSet).leftOut[scope == EventScope::AllParameters ? 0 : 1];
+    return findingsOf(profile, dataSet).leftOut[indexOf(scope)];
 }
 
 FaultList faultsOf(const Profile& profile, const DataSet& dataSet)

@@ -22,9 +22,10 @@ using FaultList = std::shared_ptr<const std::vector<FaultMatrix>>;
 EventList eventsOf(const Profile& profile, const DataSet& dataSet,
                    EventScope scope = EventScope::AllParameters);
 
-/// The number of exceedances beyond the end of that list.
-std::size_t eventsLeftOut(const Profile& profile, const DataSet& dataSet,
-                          EventScope scope = EventScope::AllParameters);
+/// The times of the exceedances beyond the end of that list, ascending. Valid until the findings
+/// are searched for again.
+const std::vector<double>& eventsLeftOut(const Profile& profile, const DataSet& dataSet,
+                                         EventScope scope = EventScope::AllParameters);
 
 /// As findFaults().
 FaultList faultsOf(const Profile& profile, const DataSet& dataSet);

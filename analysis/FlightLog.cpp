@@ -1,6 +1,7 @@
 #include "analysis/FlightLog.h"
 
 #include "analysis/Findings.h"
+#include "analysis/MomentText.h"
 
 #include <algorithm>
 #include <cmath>
@@ -27,28 +28,13 @@ void FlightTotals::add(const FlightTotals& other)
     exceedances += other.exceedances;
 }
 
-namespace {
-
-QDateTime moment(const QDateTime& dateTime, double seconds)
-{
-    return dateTime.isValid() ? dateTime.addMSecs(static_cast<qint64>(seconds * 1000.0))
-                              : QDateTime();
-}
-
-} // namespace
-
-QDateTime momentOf(const DataSet& dataSet, double seconds)
-{
-    return moment(dataSet.dateTime, seconds);
-}
-
 FlightLine flightLine(const Flight& flight, int number, const QDateTime& dateTime,
                       const std::vector<double>& crossings)
 {
     FlightLine line;
     line.number = number;
-    line.takeOff = moment(dateTime, flight.takeOffSeconds);
-    line.landing = moment(dateTime, flight.landingSeconds);
+    line.takeOff = momentOf(dateTime, flight.takeOffSeconds);
+    line.landing = momentOf(dateTime, flight.landingSeconds);
     line.takeOffSeconds = flight.takeOffSeconds;
     line.landingSeconds = flight.landingSeconds;
     line.maxAltitude = flight.maxAltitude;
@@ -68,13 +54,12 @@ namespace {
 /// The times of all exceedances, also of those beyond the end of the list.
 std::vector<double> exceedanceTimes(const Profile& profile, const DataSet& dataSet)
 {
-    if (eventsLeftOut(profile, dataSet) > 0)
-        return eventTimes(profile, dataSet, EventScope::AllParameters);
     const EventList events = eventsOf(profile, dataSet);
     std::vector<double> times;
-    times.reserve(events->size());
     for (const Event& event : *events)
         times.push_back(event.seconds);
+    const std::vector<double>& leftOut = eventsLeftOut(profile, dataSet);
+    times.insert(times.end(), leftOut.begin(), leftOut.end()); // all of them are later
     return times;
 }
 

@@ -57,9 +57,6 @@ struct FlightLog
 /// The flights of a data set with their exceedances, which are searched for unless they are known.
 FlightLog flightLog(const Profile& profile, const DataSet& dataSet);
 
-/// Date and clock time of a moment; invalid if the recording has no date.
-QDateTime momentOf(const DataSet& dataSet, double seconds);
-
 /// The number with fixed decimals and its unit; "-" for NaN and infinity.
 QString figureText(double value, int decimals, const QString& unit);
 

@@ -7,23 +7,26 @@
 
 namespace KOLT {
 
-/// Maps the time span of a data set to a horizontal strip of pixels. All moments of an empty span
-/// are at the left edge.
+/// Maps the time span of a data set to a horizontal strip of pixels, for drawing and for hit tests.
+/// All moments of an empty span are at the left edge.
 struct TimeStrip
 {
     double first = 0.0; ///< seconds at the left edge
     double last = 0.0;  ///< seconds at the right edge
     int width = 0;      ///< pixels
+    int left = 0;       ///< of the first pixel
+
+    int right() const { return left + width - 1; }
 
     double extent() const { return std::max(last - first, 0.0); }
 
-    /// In [0, width - 1]; moments outside the span are at its ends.
+    /// In [left, right()]; moments outside the span are at its ends.
     int xOf(double seconds) const
     {
         if (extent() <= 0.0 || width <= 1 || !(seconds > first))
-            return 0;
+            return left;
         const double x = (std::min(seconds, last) - first) / extent() * (width - 1);
-        return static_cast<int>(x + 0.5);
+        return left + static_cast<int>(x + 0.5);
     }
 
     /// The moment of a pixel: xOf(timeAt(x)) is x.
@@ -31,7 +34,7 @@ struct TimeStrip
     {
         if (width <= 1)
             return first;
-        return first + extent() * std::clamp(x, 0, width - 1) / (width - 1);
+        return first + extent() * std::clamp(x - left, 0, width - 1) / (width - 1);
     }
 };
 
@@ -64,31 +67,22 @@ intervalAt(const TimeStrip& strip, const std::vector<FaultInterval>& intervals, 
     return distance <= reach ? nearest : nullptr;
 }
 
-/// The pixels that the intervals cover, at least one for each; adjoining runs are joined. The
-/// intervals must ascend. O(min(intervals, pixels) * log intervals): a fault that flickers all day
-/// costs no more than the strip is wide.
+/// The pixels that the intervals cover, adjoining runs joined, each run `least` pixels or more. The
+/// intervals must ascend.
 inline std::vector<PixelRun> pixelRuns(const TimeStrip& strip,
-                                       const std::vector<FaultInterval>& intervals)
+                                       const std::vector<FaultInterval>& intervals, int least = 1)
 {
     std::vector<PixelRun> runs;
-    auto next = intervals.begin();
-    while (next != intervals.end()) {
-        PixelRun run{strip.xOf(next->start), strip.xOf(next->end)};
-        run.right = std::max(run.left, run.right);
+    for (const FaultInterval& interval : intervals) {
+        const PixelRun run{strip.xOf(interval.start), strip.xOf(interval.end)};
         if (!runs.empty() && run.left <= runs.back().right + 1)
             runs.back().right = std::max(runs.back().right, run.right);
         else
             runs.push_back(run);
-        // Skip the intervals that also end within this run: they add no pixel.
-        ++next;
-        if (next != intervals.end() && strip.xOf(next->start) <= run.right) {
-            const double filled = strip.timeAt(run.right);
-            const auto behind =
-                std::partition_point(next, intervals.end(), [&](const FaultInterval& interval) {
-                    return interval.end <= filled;
-                });
-            next = std::max(next, behind);
-        }
+    }
+    for (PixelRun& run : runs) {
+        run.right = std::min(std::max(run.right, run.left + least - 1), strip.right());
+        run.left = std::min(run.left, run.right - least + 1);
     }
     return runs;
 }

@@ -116,7 +116,12 @@ double TimeTable::lastSeconds(std::size_t row) const
 TimeTable::Cell TimeTable::cellAt(double seconds, std::size_t row, std::size_t column) const
 {
     const TimeOrdered& timeline = m_timelines[m_timelineOf[column]];
-    const std::size_t count = countUpTo(timeline, seconds);
+    return lastOf(timeline, countUpTo(timeline, seconds), row);
+}
+
+TimeTable::Cell TimeTable::lastOf(const TimeOrdered& timeline, std::size_t count,
+                                  std::size_t row) const
+{
     if (count == 0)
         return {};
     const StoredSample& sample = timeline[count - 1];
@@ -126,11 +131,7 @@ TimeTable::Cell TimeTable::cellAt(double seconds, std::size_t row, std::size_t c
 TimeTable::Cell TimeTable::cell(std::size_t row, std::size_t column) const
 {
     const TimeOrdered& timeline = m_timelines[m_timelineOf[column]];
-    const std::size_t count = countUpTo(timeline, m_keys[row]);
-    if (count == 0)
-        return {};
-    const StoredSample& sample = timeline[count - 1];
-    return {&sample, sample.tenths() == m_keys[row]};
+    return lastOf(timeline, countUpTo(timeline, m_keys[row]), row);
 }
 
 std::optional<std::size_t> TimeTable::nextChange(const Profile& profile, std::size_t row,

@@ -57,6 +57,8 @@ public:
 
 private:
     std::size_t rowOf(std::int64_t key) const;
+    /// The last of the first `count` samples, seen from a row.
+    Cell lastOf(const TimeOrdered& timeline, std::size_t count, std::size_t row) const;
 
     std::vector<const ProfileParameter*> m_columns;
     std::vector<std::size_t> m_timelineOf; ///< by column; parameters of one message share one

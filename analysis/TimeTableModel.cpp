@@ -1,7 +1,7 @@
 #include "analysis/TimeTableModel.h"
 
+#include "analysis/MomentText.h"
 #include "profile/ValueDecoder.h"
-#include "record/ClockTime.h"
 
 #include <QColor>
 #include <QTextDocument>
@@ -87,7 +87,7 @@ QVariant TimeTableModel::data(const QModelIndex& index, int role) const
     if (index.column() != timeColumn)
         return value(at(index.row()), at(index.column() - 1), role);
     if (role == Qt::DisplayRole)
-        return clockTime(m_table.seconds(at(index.row()))).toString(QStringLiteral("hh:mm:ss.zzz"));
+        return counterText(m_table.seconds(at(index.row())));
     return {};
 }
 
@@ -133,14 +133,15 @@ QVariant TimeTableModel::headerData(int section, Qt::Orientation orientation, in
     return unit.isEmpty() ? name : QStringLiteral("%1\n[%2]").arg(name, unit);
 }
 
-int TimeTableModel::changedRow(const QModelIndex& from, bool forward) const
+int TimeTableModel::changedRow(const QModelIndex& from, Direction direction) const
 {
     if (!from.isValid() || from.column() == timeColumn)
         return -1;
     const std::size_t row = at(from.row());
     const std::size_t column = at(from.column() - 1);
-    const auto changed = forward ? m_table.nextChange(m_profile, row, column)
-                                 : m_table.previousChange(m_profile, row, column);
+    const auto changed = direction == Direction::Forward
+                             ? m_table.nextChange(m_profile, row, column)
+                             : m_table.previousChange(m_profile, row, column);
     return changed ? static_cast<int>(*changed) : -1;
 }
 

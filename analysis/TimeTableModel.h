@@ -18,6 +18,8 @@ class TimeTableModel : public QAbstractTableModel
 public:
     static constexpr int timeColumn = 0;
 
+    enum class Direction { Back, Forward };
+
     explicit TimeTableModel(const Profile& profile, QObject* parent = nullptr);
 
     /// Data set and parameters must stay valid until the next call or clear().
@@ -43,9 +45,9 @@ public:
     QVariant headerData(int section, Qt::Orientation orientation,
                         int role = Qt::DisplayRole) const override;
 
-    /// The next (or previous) row in which the text of the column changes; -1 if there is none, and
-    /// for the column of times.
-    int changedRow(const QModelIndex& from, bool forward) const;
+    /// The nearest row in a direction in which the text of the column changes; -1 if there is none,
+    /// and for the column of times.
+    int changedRow(const QModelIndex& from, Direction direction) const;
 
 private:
     QVariant value(std::size_t row, std::size_t column, int role) const;

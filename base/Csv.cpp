@@ -39,4 +39,9 @@ QString csvLine(const QStringList& fields, QChar separator)
     return quoted.join(separator) + QStringLiteral("\r\n");
 }
 
+QByteArray csvFile(const QString& lines)
+{
+    return "\xEF\xBB\xBF" + lines.toUtf8();
+}
+
 } // namespace KOLT

@@ -18,4 +18,7 @@ QString csvNumber(QString number, bool hasDecimalComma);
 /// The fields quoted as needed and joined, with a line end.
 QString csvLine(const QStringList& fields, QChar separator);
 
+/// The content of a file with such lines: UTF-8 with a byte order mark.
+QByteArray csvFile(const QString& lines);
+
 } // namespace KOLT

@@ -4,24 +4,19 @@
 #include "analysis/ui/DialogDataStatistic.h"
 #include "analysis/ui/DialogDataTable.h"
 #include "analysis/ui/DialogDataWarning.h"
+#include "analysis/ui/MapSplitter.h"
+#include "analysis/ui/PageTabs.h"
+#include "analysis/ui/ReplayBar.h"
 #include "analysis/ui/WidgetFaultMatrix.h"
 #include "libs/tusk/misc/Timer.h"
-#include "record/ClockTime.h"
-#include "ui/WidgetNoGl.h"
 
 #include <QButtonGroup>
-#include <QDoubleSpinBox>
 #include <QEvent>
-#include <QGridLayout>
-#include <QLCDNumber>
 #include <QLabel>
-#include <QSlider>
-#include <QSplitter>
 #include <QStackedWidget>
-#include <QTabBar>
-#include <QTimeEdit>
-#include <QTimer>
+#include <QTime>
 #include <QToolButton>
+#include <QVBoxLayout>
 
 #include <algorithm>
 #include <cmath>
@@ -34,96 +29,95 @@ constexpr int replayMilliseconds = 20;
 
 } // namespace
 
-QString dateTimeText(const QDateTime& start, double seconds)
-{
-    const double milliseconds = std::round(seconds * 1000.0);
-    if (!start.isValid() || !(std::abs(milliseconds) < 1e15))
-        return noDate;
-    return start.addMSecs(static_cast<qint64>(milliseconds))
-        .toString(QStringLiteral("dd.MM.yyyy hh:mm:ss"));
-}
-
-QString counterText(double seconds)
-{
-    return clockTime(seconds).toString(QStringLiteral("hh:mm:ss.zzz"));
-}
-
 DialogData::DialogData(const Profile& profile, const HostedPages& pages, Display display,
                        QWidget* parent, Clock clock)
     : QWidget(parent)
-    , m_profile(profile)
     , m_clock(clock ? std::move(clock) : Clock(TUSK::Misc::Timer::getTime))
 {
-    const bool isEmuDisplay = display == Display::EmuOnly;
-    if (isEmuDisplay) { // the style sheet has a dark look for this name
-        setObjectName(QStringLiteral("emuDisplay"));
-        setAttribute(Qt::WA_StyledBackground);
-    }
-    m_timer = new QTimer(this);
-    m_timer->setInterval(replayMilliseconds);
-    connect(m_timer, &QTimer::timeout, this, &DialogData::slotTimeoutReplay);
-    m_splitter = new QSplitter(Qt::Horizontal, this);
+    m_timer.setInterval(replayMilliseconds);
+    connect(&m_timer, &QTimer::timeout, this, &DialogData::slotTimeoutReplay);
+    // The keyboard focus goes through the widgets in the order of their creation.
+    QBoxLayout* const topRow = createTopRow();
+    m_splitter = new MapSplitter(this);
     m_stack = new QStackedWidget(m_splitter);
-    createPages(pages);
-    m_splitter->addWidget(m_stack);
-    m_splitter->addWidget(m_pages[static_cast<std::size_t>(Page::Map)].widget);
+    createPages(profile, pages);
     m_splitter->setSizes({200, 300});
+    createReplayBar(display);
 
     auto* const layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
-    layout->addLayout(createTopRow());
+    layout->addLayout(topRow);
     layout->addWidget(m_splitter, 1);
-    QBoxLayout* const displays = createDisplays();
-    QGridLayout* const controls = createControls();
-    if (isEmuDisplay)
-        displays->insertLayout(0, controls);
-    layout->addLayout(displays);
-    if (isEmuDisplay)
-        stripToDisplay();
-    else
-        layout->addLayout(controls);
-    const QList<QWidget*> order{m_tabs,
-                                m_mapButtons->button(hideMap),
-                                m_mapButtons->button(mapBeside),
-                                m_mapButtons->button(mapBelow),
-                                m_stack,
-                                m_startButton,
-                                m_stopButton,
-                                m_slider,
-                                m_timeEdit,
-                                m_speedSlider,
-                                m_speedBox};
-    for (qsizetype i = 1; i < order.size(); ++i)
-        setTabOrder(order[i - 1], order[i]);
-    updateButtons();
+    layout->addWidget(m_bar);
+    if (display == Display::EmuOnly) {
+        setObjectName(QStringLiteral("emuDisplay")); // the style sheet has a dark look for it
+        setAttribute(Qt::WA_StyledBackground);
+        m_tabs->hide();
+        for (QAbstractButton* button : m_mapButtons->buttons())
+            button->hide();
+        m_splitter->widget(1)->hide();
+    }
 }
 
-void DialogData::addPage(Page page, HostedPage hosted)
+QBoxLayout* DialogData::createTopRow()
 {
-    hosted.widget->setParent(page == Page::Map ? static_cast<QWidget*>(m_splitter) : m_stack);
-    hosted.widget = WidgetNoGl::shown(hosted.widget);
-    m_pages[static_cast<std::size_t>(page)] = hosted;
-    hosted.widget->installEventFilter(this);
-    if (page != Page::Map)
-        m_stack->addWidget(hosted.widget);
+    m_tabs = new PageTabs(this);
+    m_tabs->add(QStringLiteral("tab-data"), tr("Data"));
+    m_tabs->add(QStringLiteral("tab-graph"), tr("Graph"));
+    m_tabs->add(QStringLiteral("tab-fault-matrix"), tr("Fault Matrix"));
+    m_tabs->add(QStringLiteral("tab-limit"), tr("Limit/Warning"));
+    m_tabs->add(QStringLiteral("tab-warning-lamps"), tr("Warning Lamps"));
+    m_tabs->add(QStringLiteral("tab-statistic"), tr("Tow Statistic"));
+    m_tabs->add(QStringLiteral("tab-emu-view"), tr("EMU View"));
+    connect(m_tabs, &QTabBar::currentChanged, this, [this] {
+        if (m_stack->currentWidget() != m_loading)
+            showCurrentPage();
+    });
+
+    m_mapButtons = new QButtonGroup(this);
+    m_mapButtons->setExclusive(true);
+    auto* const row = new QHBoxLayout;
+    row->setSpacing(0);
+    row->addWidget(m_tabs, 1);
+    row->addWidget(
+        createMapButton(MapSplitter::hideMap, QStringLiteral("map-hide"), tr("Hide Map Display")));
+    row->addWidget(createMapButton(MapSplitter::mapBeside, QStringLiteral("map-horizontal"),
+                                   tr("Tile Map Display Horizontally")));
+    row->addWidget(createMapButton(MapSplitter::mapBelow, QStringLiteral("map-vertical"),
+                                   tr("Tile Map Display Vertically")));
+    m_mapButtons->button(MapSplitter::mapBeside)->setChecked(true);
+    connect(m_mapButtons, &QButtonGroup::idClicked, this, &DialogData::slotMapType);
+    return row;
 }
 
-void DialogData::createPages(const HostedPages& pages)
+QToolButton* DialogData::createMapButton(int type, const QString& icon, const QString& tip)
 {
-    auto* const table = new DialogDataTable(m_profile, m_stack);
-    auto* const faults = new WidgetFaultMatrix(m_profile, m_stack);
-    auto* const limits = new DialogDataLimit(m_profile, m_stack);
-    auto* const lamps = new DialogDataWarning(m_profile, m_stack);
+    auto* const button = new QToolButton(this);
+    button->setCheckable(true);
+    button->setAutoRaise(true);
+    button->setIcon(QIcon(QStringLiteral(":/icons/%1.svg").arg(icon)));
+    button->setToolTip(tip);
+    m_mapButtons->addButton(button, type);
+    return button;
+}
+
+void DialogData::createPages(const Profile& profile, const HostedPages& pages)
+{
+    auto* const table = new DialogDataTable(profile);
+    auto* const faults = new WidgetFaultMatrix(profile);
+    auto* const limits = new DialogDataLimit(profile);
+    auto* const lamps = new DialogDataWarning(profile);
     m_lists = {limits, lamps};
     // In the order of the tabs.
-    addPage(Page::Table, hosted(table));
-    addPage(Page::Graph, pages.graph);
-    addPage(Page::FaultMatrix, hosted(faults));
-    addPage(Page::Limit, hosted(limits));
-    addPage(Page::WarningLamps, hosted(lamps));
-    addPage(Page::Statistic, hosted(new DialogDataStatistic(m_stack)));
-    addPage(Page::EmuView, pages.emuView);
-    addPage(Page::Map, pages.map);
+    const std::pair<Page, HostedPage> tabbed[] = {
+        {Page::Table, hosted(table)},        {Page::Graph, pages.graph},
+        {Page::FaultMatrix, hosted(faults)}, {Page::Limit, hosted(limits)},
+        {Page::WarningLamps, hosted(lamps)}, {Page::Statistic, hosted(new DialogDataStatistic)},
+        {Page::EmuView, pages.emuView}};
+    for (const auto& [place, page] : tabbed)
+        m_stack->addWidget(m_pages.add(place, page, m_stack));
+    m_splitter->addWidget(m_stack);
+    m_splitter->addWidget(m_pages.add(Page::Map, pages.map, m_splitter));
     m_loading = new QLabel(m_stack);
     m_loading->setObjectName(QStringLiteral("emptyState"));
     m_loading->setTextFormat(Qt::PlainText); // names of files may look like markup
@@ -133,6 +127,21 @@ void DialogData::createPages(const HostedPages& pages)
     connect(faults, &WidgetFaultMatrix::signalTime, this, &DialogData::slotFaultTime);
     connect(limits, &DialogEventList::signalTime, this, &DialogData::slotLimitTime);
     connect(lamps, &DialogEventList::signalTime, this, &DialogData::slotWarningTime);
+}
+
+void DialogData::createReplayBar(Display display)
+{
+    m_bar = new ReplayBar(
+        m_replay,
+        display == Display::EmuOnly ? ReplayBar::Extent::SingleRow : ReplayBar::Extent::Full, this);
+    connect(m_bar, &ReplayBar::signalMode, this, &DialogData::slotReplayMode);
+    connect(m_bar, &ReplayBar::signalStop, this, &DialogData::slotReplayStop);
+    connect(m_bar, &ReplayBar::signalPosition, this, &DialogData::slotSlider);
+    connect(m_bar, &ReplayBar::signalClockTime, this, &DialogData::slotValue);
+    connect(m_bar, qOverload<int>(&ReplayBar::signalSpeed), this,
+            qOverload<int>(&DialogData::slotReplaySpeed));
+    connect(m_bar, qOverload<double>(&ReplayBar::signalSpeed), this,
+            qOverload<double>(&DialogData::slotReplaySpeed));
 }
 
 void DialogData::setListSettings(const ListSettings& settings)
@@ -146,48 +155,19 @@ void DialogData::showCurrentPage()
     m_stack->setCurrentIndex(m_tabs->currentIndex());
 }
 
-bool DialogData::eventFilter(QObject* watched, QEvent* event)
-{
-    if (event->type() == QEvent::Show || event->type() == QEvent::Hide) {
-        const auto entry = std::ranges::find(m_pages, watched, &HostedPage::widget);
-        if (entry != m_pages.end())
-            entry->page->setShown(event->type() == QEvent::Show);
-    }
-    return QWidget::eventFilter(watched, event);
-}
-
-void DialogData::resizeEvent(QResizeEvent* event)
-{
-    // In a narrow window the tabs' texts matter more than their icons.
-    const auto showIcons = [this](bool areShown) {
-        for (int i = 0; i < m_tabs->count(); ++i)
-            m_tabs->setTabIcon(i, areShown ? m_tabs->tabData(i).value<QIcon>() : QIcon());
-    };
-    showIcons(true);
-    int mapButtonsWidth = 0;
-    for (const QAbstractButton* button : m_mapButtons->buttons())
-        mapButtonsWidth += button->sizeHint().width();
-    if (m_tabs->sizeHint().width() > width() - mapButtonsWidth)
-        showIcons(false);
-    QWidget::resizeEvent(event);
-}
-
 void DialogData::changeEvent(QEvent* event)
 {
     QWidget::changeEvent(event);
-    // Pages size rows and columns by the font.
-    if (event->type() == QEvent::FontChange && m_loading != nullptr)
+    if (event->type() == QEvent::FontChange && m_bar != nullptr) // else still being made
         refresh(DataPage::Change::Font);
 }
 
 void DialogData::setData(const DataSet& dataSet)
 {
-    m_timer->stop();
-    m_dataSet = &dataSet;
+    m_timer.stop();
     m_replay.setSpan(dataSet.startSeconds, dataSet.stopSeconds);
-    for (const HostedPage& entry : m_pages)
-        entry.page->setData(&dataSet);
-    updateButtons();
+    m_pages.setData(&dataSet);
+    m_bar->setData(&dataSet);
     moveTo(m_replay.time());
     showCurrentPage();
 }
@@ -207,19 +187,16 @@ void DialogData::clear()
 
 void DialogData::dropData()
 {
-    m_timer->stop();
-    m_dataSet = nullptr;
+    m_timer.stop();
     m_replay.setSpan(0.0, 0.0);
-    for (const HostedPage& entry : m_pages)
-        entry.page->clear();
-    updateButtons();
+    m_pages.setData(nullptr);
+    m_bar->setData(nullptr);
     moveTo(m_replay.time());
 }
 
 void DialogData::refresh(DataPage::Changes changes)
 {
-    for (const HostedPage& entry : m_pages)
-        entry.page->refresh(changes);
+    m_pages.refresh(changes);
 }
 
 void DialogData::setTime(double seconds)
@@ -235,61 +212,17 @@ void DialogData::setCurrentPage(Page page)
 void DialogData::moveTo(double seconds, std::initializer_list<Page> except)
 {
     m_replay.setTime(seconds);
-    passTime(except);
-}
-
-void DialogData::passTime(std::initializer_list<Page> except)
-{
-    for (std::size_t i = 0; i < m_pages.size(); ++i) {
-        if (std::ranges::find(except, static_cast<Page>(i)) == except.end())
-            m_pages[i].page->setTime(m_replay.time());
-    }
-    refreshDisplays();
-}
-
-void DialogData::refreshDisplays()
-{
-    const double seconds = m_replay.time();
-    const QTime time = clockTime(seconds);
-    m_isWriting = true;
-    m_dateDisplay->display(m_dataSet != nullptr ? dateTimeText(m_dataSet->dateTime, seconds)
-                                                : QString(noDate));
-    m_timeDisplay->display(m_dataSet != nullptr ? counterText(seconds) : QString(noTime));
-    // The replay must not overwrite a time that is being typed.
-    if (m_replay.state() != Replay::State::Running || !m_typing.isActive())
-        m_timeEdit->setTime(time);
-    m_slider->setValue(m_replay.position());
-    m_isWriting = false;
-}
-
-void DialogData::updateButtons()
-{
-    const Replay::State state = m_replay.state();
-    const bool isRunning = state == Replay::State::Running;
-    m_startButton->setText(isRunning                        ? tr("Replay Pause")
-                           : state == Replay::State::Paused ? tr("Replay Run")
-                                                            : tr("Replay Start"));
-    m_startButton->setIcon(
-        icon(isRunning ? QStringLiteral("replay-pause") : QStringLiteral("replay-start")));
-    m_stopButton->setEnabled(state != Replay::State::Stopped);
-    const bool hasData = m_dataSet != nullptr;
-    m_startButton->setEnabled(hasData);
-    m_slider->setEnabled(hasData);
-    m_timeEdit->setEnabled(hasData);
-    m_isWriting = true;
-    m_speedSlider->setValue(static_cast<int>(m_replay.speed() * speedSteps));
-    if (m_speedBox->value() != m_replay.speed()) // setting it reformats the text being typed
-        m_speedBox->setValue(m_replay.speed());
-    m_isWriting = false;
+    m_pages.setTime(seconds, except);
+    m_bar->showTime();
 }
 
 void DialogData::slotTimeoutReplay()
 {
     m_replay.step(m_clock());
-    passTime();
+    moveTo(m_replay.time());
     if (m_replay.state() == Replay::State::Stopped) {
-        m_timer->stop();
-        updateButtons();
+        m_timer.stop();
+        m_bar->showState();
     }
 }
 
@@ -297,59 +230,44 @@ void DialogData::slotReplayMode()
 {
     m_replay.toggle(m_clock());
     if (m_replay.state() == Replay::State::Running)
-        m_timer->start();
+        m_timer.start();
     else
-        m_timer->stop();
-    updateButtons();
+        m_timer.stop();
+    m_bar->showState();
 }
 
 void DialogData::slotReplayStop()
 {
-    m_timer->stop();
+    m_timer.stop();
     m_replay.stop();
-    passTime();
-    updateButtons();
+    moveTo(m_replay.time());
+    m_bar->showState();
 }
 
 void DialogData::slotMapType(int type)
 {
-    if (type == hideMap) {
-        m_splitter->setSizes({100, 0});
-        return;
-    }
-    if (type != mapBeside && type != mapBelow)
-        return;
-    m_splitter->setOrientation(type == mapBeside ? Qt::Horizontal : Qt::Vertical);
-    const QList<int> sizes = m_splitter->sizes();
-    if (sizes.contains(0)) {
-        const int half = (sizes[0] + sizes[1]) / 2;
-        m_splitter->setSizes({half, half});
-    }
+    if (type >= MapSplitter::hideMap && type <= MapSplitter::mapBelow)
+        m_splitter->arrange(static_cast<MapSplitter::MapType>(type));
 }
 
 void DialogData::slotSlider(int position)
 {
-    if (!m_isWriting)
-        moveTo(m_replay.timeAt(position));
+    moveTo(m_replay.timeAt(position));
 }
 
 void DialogData::slotReplaySpeed(int percent)
 {
-    slotReplaySpeed(static_cast<double>(percent) / speedSteps);
+    slotReplaySpeed(percent / 100.0);
 }
 
 void DialogData::slotReplaySpeed(double speed)
 {
-    if (m_isWriting)
-        return;
     m_replay.setSpeed(speed);
-    updateButtons();
+    m_bar->showState();
 }
 
 void DialogData::slotValue(const QTime& time)
 {
-    if (m_isWriting)
-        return;
     // In a recording of several days, the field means the first matching time within the data.
     constexpr double day = 24 * 60 * 60;
     double seconds = QTime(0, 0).secsTo(time);

@@ -1,9 +1,8 @@
 #pragma once
 
 #include "analysis/Replay.h"
-#include "ui/DataPage.h"
+#include "analysis/ui/DataPages.h"
 
-#include <QIcon>
 #include <QTimer>
 #include <QWidget>
 
@@ -13,35 +12,19 @@
 
 class QBoxLayout;
 class QButtonGroup;
-class QDateTime;
-class QDoubleSpinBox;
-class QGridLayout;
-class QLCDNumber;
 class QLabel;
-class QSlider;
-class QSplitter;
 class QStackedWidget;
-class QTabBar;
 class QTime;
-class QTimeEdit;
 class QToolButton;
 
 namespace KOLT {
 
 class DialogEventList;
+class MapSplitter;
+class PageTabs;
 class Profile;
-struct DataSet;
+class ReplayBar;
 struct ListSettings;
-
-/// Shown where there is no time.
-constexpr QLatin1String noDate{"--.--.---- --:--:--"};
-constexpr QLatin1String noTime{"--:--:--.---"};
-
-/// Date and clock time, rounded to a second; noDate if the recording has no date.
-QString dateTimeText(const QDateTime& start, double seconds);
-
-/// The time on the counter as a time of day, to a millisecond.
-QString counterText(double seconds);
 
 /// The analysis area: seven pages behind tabs, the map beside them, and the replay.
 ///
@@ -52,28 +35,13 @@ class DialogData : public QWidget
     Q_OBJECT
 
 public:
-    enum class Page {
-        Table,
-        Graph,
-        FaultMatrix,
-        Limit,
-        WarningLamps,
-        Statistic,
-        EmuView,
-        Map ///< has no tab: it lies beside or below the others
-    };
+    using Page = DataPages::Page;
+    using HostedPage = DataPages::Hosted;
 
-    static constexpr std::size_t pageCount = 8;
+    static constexpr std::size_t pageCount = DataPages::count;
 
     /// Returns wall-clock seconds, for the replay.
     using Clock = std::function<double()>;
-
-    /// A page of another room. The window takes ownership of the widget.
-    struct HostedPage
-    {
-        DataPage* page = nullptr;
-        QWidget* widget = nullptr;
-    };
 
     template <typename Widget>
     static HostedPage hosted(Widget* widget)
@@ -81,6 +49,7 @@ public:
         return {widget, widget};
     }
 
+    /// The pages of other rooms. The window takes ownership of the widgets.
     struct HostedPages
     {
         HostedPage graph;
@@ -106,14 +75,14 @@ public:
     /// Goes to a moment of the data set.
     void setTime(double seconds);
 
-    const DataPage& page(Page page) const { return *m_pages[static_cast<std::size_t>(page)].page; }
+    const DataPage& page(Page page) const { return m_pages[page]; }
 
     double time() const { return m_replay.time(); }
 
     void setCurrentPage(Page page);
 
 public slots:
-    // In the order of their sources: controls, hosted pages and own pages.
+    // In the order of their senders: controls, hosted pages, own pages.
     void slotTimeoutReplay();
     void slotReplayMode();
     void slotReplayStop();
@@ -130,55 +99,28 @@ public slots:
     void slotFaultTime(double seconds);
 
 protected:
-    bool eventFilter(QObject* watched, QEvent* event) override;
-    void resizeEvent(QResizeEvent* event) override;
     void changeEvent(QEvent* event) override;
 
 private:
-    enum MapType { hideMap, mapBeside, mapBelow };
-
-    static constexpr int speedSteps = 100; ///< speed slider steps for a factor of 1
-
-    static QIcon icon(const QString& name);
-
-    void createPages(const HostedPages& pages);
-    void stripToDisplay();
-    void dropData();
-    void showCurrentPage();
-    void addPage(Page page, HostedPage hosted);
     QBoxLayout* createTopRow();
     QToolButton* createMapButton(int type, const QString& icon, const QString& tip);
-    QBoxLayout* createDisplays();
-    QGridLayout* createControls();
-    QToolButton* createReplayButton();
-    void createSpeedControls(QGridLayout* grid);
+    void createPages(const Profile& profile, const HostedPages& pages);
+    void createReplayBar(Display display);
+    void dropData();
+    void showCurrentPage();
     void moveTo(double seconds, std::initializer_list<Page> except = {});
-    void passTime(std::initializer_list<Page> except = {});
-    void refreshDisplays();
-    void updateButtons();
 
-    const Profile& m_profile;
     Clock m_clock;
     Replay m_replay;
-    const DataSet* m_dataSet = nullptr;
-    bool m_isWriting = false; ///< the controls change by program
-    QTimer* m_timer = nullptr;
-    std::array<HostedPage, pageCount> m_pages;
+    QTimer m_timer;
+    DataPages m_pages;
     std::array<DialogEventList*, 2> m_lists{}; ///< exceedances, and lamps
-    QTabBar* m_tabs = nullptr;
+    PageTabs* m_tabs = nullptr;
     QButtonGroup* m_mapButtons = nullptr;
-    QSplitter* m_splitter = nullptr;
+    MapSplitter* m_splitter = nullptr;
     QStackedWidget* m_stack = nullptr;
     QLabel* m_loading = nullptr; ///< last in the stack, after the seven pages
-    QLCDNumber* m_dateDisplay = nullptr;
-    QLCDNumber* m_timeDisplay = nullptr;
-    QToolButton* m_startButton = nullptr;
-    QToolButton* m_stopButton = nullptr;
-    QSlider* m_slider = nullptr;
-    QTimeEdit* m_timeEdit = nullptr;
-    QTimer m_typing; ///< runs while a time is typed
-    QSlider* m_speedSlider = nullptr;
-    QDoubleSpinBox* m_speedBox = nullptr;
+    ReplayBar* m_bar = nullptr;
 };
 
 } // namespace KOLT

@@ -71,8 +71,10 @@ DialogDataTable::DialogDataTable(const Profile& profile, QWidget* parent)
     m_nextChange = createAction(tr("Next change"), QStringLiteral("change-next"),
                                 QKeySequence(Qt::CTRL | Qt::Key_Down),
                                 tr("Jump to the next change of the selected column"));
-    connect(m_previousChange, &QAction::triggered, this, [this] { jumpToChange(false); });
-    connect(m_nextChange, &QAction::triggered, this, [this] { jumpToChange(true); });
+    connect(m_previousChange, &QAction::triggered, this,
+            [this] { jumpToChange(TimeTableModel::Direction::Back); });
+    connect(m_nextChange, &QAction::triggered, this,
+            [this] { jumpToChange(TimeTableModel::Direction::Forward); });
     createView();
 
     m_hint = new QLabel(this);
@@ -189,17 +191,18 @@ void DialogDataTable::pick(int row)
     emit signalTime(seconds);
 }
 
-void DialogDataTable::jumpToChange(bool forward)
+void DialogDataTable::jumpToChange(TimeTableModel::Direction direction)
 {
     const QModelIndex from = m_view->currentIndex();
     if (from.column() == TimeTableModel::timeColumn) {
         m_hint->setText(tr("First select a cell of the parameter to search."));
         return;
     }
-    const int row = m_model.changedRow(from, forward);
+    const int row = m_model.changedRow(from, direction);
     if (row < 0) {
-        m_hint->setText(forward ? tr("No further change in this column.")
-                                : tr("No earlier change in this column."));
+        m_hint->setText(direction == TimeTableModel::Direction::Forward
+                            ? tr("No further change in this column.")
+                            : tr("No earlier change in this column."));
         return;
     }
     showRowCount();

@@ -41,7 +41,7 @@ private:
                           const QString& tip);
     void createView();
     void copySelection();
-    void jumpToChange(bool forward);
+    void jumpToChange(TimeTableModel::Direction direction);
     void pick(int row);
     void slotCurrentRow(const QModelIndex& current, const QModelIndex& previous);
     void showRowCount();

@@ -8,11 +8,11 @@
 
 class QLabel;
 class QLineEdit;
-class QTableWidget;
 
 namespace KOLT {
 
 class ContentOrNote;
+class EventTable;
 
 /// A page with a list of exceedances. Highlights the last one at or before the current time, and
 /// reports the row that the user picks. Base of the two lists, which differ in scope and heading.
@@ -34,7 +34,6 @@ protected:
     void dropData() override;
     void showData(Changes changes) override;
     void showTime() override;
-    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private slots:
     void slotSelect();
@@ -42,24 +41,17 @@ private slots:
 private:
     void createTable(const QString& heading);
     void createMenu();
-    void fitTable();
-    void clearTable();
     void fillTable();
+    QString hint() const;
     void report(int row);
-    void showToolTip(int row);
-    void copy();
-    QString csv() const;
     void save();
 
     const Profile& m_profile;
     EventScope m_scope;
     ListSettings m_settings;
     EventList m_events;
-    std::vector<const Event*> m_shownEvents; ///< those that pass the filter, by row
-    int m_pressedRow = -1;                   ///< the selected row, if the mouse went down on it
-    bool m_isFilling = false;
     QLineEdit* m_filter = nullptr;
-    QTableWidget* m_table = nullptr;
+    EventTable* m_table = nullptr;
     QLabel* m_hint = nullptr;
     ContentOrNote* m_shown = nullptr;
 };

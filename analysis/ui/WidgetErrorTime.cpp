@@ -70,10 +70,9 @@ WidgetErrorTime::WidgetErrorTime(const FaultHistory& history, double first, doub
                                  int nameWidth, QWidget* parent)
     : QWidget(parent)
     , m_history(history)
-    , m_first(first)
-    , m_last(last)
     , m_nameWidth(nameWidth)
     , m_seconds(first)
+    , m_strip{first, last}
 {
     setFocusPolicy(Qt::StrongFocus);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
@@ -92,28 +91,25 @@ QSize WidgetErrorTime::sizeHint() const
     return {m_nameWidth * 2, fontMetrics().height() + rowPadding};
 }
 
-TimeStrip WidgetErrorTime::strip() const
-{
-    return {m_first, m_last, m_layout.strip.width()};
-}
-
 void WidgetErrorTime::resizeEvent(QResizeEvent* /*event*/)
 {
     m_layout = layoutFor(size(), m_nameWidth);
-    m_runs = pixelRuns(strip(), m_history.intervals);
+    m_strip.left = m_layout.strip.left();
+    m_strip.width = m_layout.strip.width();
+    m_runs = pixelRuns(m_strip, m_history.intervals, smallestRun);
 }
 
 void WidgetErrorTime::setTime(double seconds)
 {
-    const int before = strip().xOf(m_seconds);
+    const int before = m_strip.xOf(m_seconds);
     const FaultHistory::State stateBefore = m_history.stateAt(m_seconds);
     m_seconds = seconds;
-    const int now = strip().xOf(seconds);
+    const int now = m_strip.xOf(seconds);
     if (stateBefore != m_history.stateAt(seconds))
         update();
     else if (now != before) {
         for (const int x : {before, now})
-            update(m_layout.strip.left() + x - 1, 0, 3, height());
+            update(x - 1, 0, 3, height());
     }
 }
 
@@ -174,22 +170,19 @@ void WidgetErrorTime::paintStrip(QPainter& painter) const
     const QRect& area = m_layout.strip;
     painter.fillRect(area, stripColor);
     const QColor color = lookOf(m_history.parameter->errorType).color;
-    for (const PixelRun& run : m_runs) {
-        const int width = std::max(run.right - run.left + 1, smallestRun);
-        const int left = std::min(run.left, area.width() - width);
-        painter.fillRect(area.left() + left, area.top() + 2, width, area.height() - 4, color);
-    }
-    painter.fillRect(area.left() + strip().xOf(m_seconds), 0, 1, height(), timeColor);
+    for (const PixelRun& run : m_runs)
+        painter.fillRect(run.left, area.top() + 2, run.right - run.left + 1, area.height() - 4,
+                         color);
+    painter.fillRect(m_strip.xOf(m_seconds), 0, 1, height(), timeColor);
 }
 
 void WidgetErrorTime::reportAt(int x)
 {
-    if (m_layout.strip.width() <= 1)
+    if (m_strip.width <= 1)
         return;
-    const int place = x - m_layout.strip.left();
-    double seconds = strip().timeAt(place);
+    double seconds = m_strip.timeAt(x);
     // A short fault is too narrow to be hit exactly.
-    const FaultInterval* const meant = intervalAt(strip(), m_history.intervals, place, reach);
+    const FaultInterval* const meant = intervalAt(m_strip, m_history.intervals, x, reach);
     if (meant != nullptr && m_history.stateAt(seconds) != FaultHistory::State::Set)
         seconds = meant->start;
     emit signalTime(seconds);
@@ -197,9 +190,9 @@ void WidgetErrorTime::reportAt(int x)
 
 void WidgetErrorTime::mousePressEvent(QMouseEvent* event)
 {
-    const QPoint place = event->position().toPoint();
-    if (event->button() == Qt::LeftButton && place.x() >= m_layout.strip.left())
-        reportAt(place.x());
+    const int x = event->position().toPoint().x();
+    if (event->button() == Qt::LeftButton && x >= m_strip.left)
+        reportAt(x);
 }
 
 void WidgetErrorTime::mouseMoveEvent(QMouseEvent* event)

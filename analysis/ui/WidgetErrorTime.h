@@ -53,19 +53,17 @@ protected:
     void focusInEvent(QFocusEvent* event) override;
 
 private:
-    TimeStrip strip() const;
     void reportAt(int x);
     void paintClass(QPainter& painter) const;
     void paintState(QPainter& painter) const;
     void paintStrip(QPainter& painter) const;
 
     const FaultHistory& m_history;
-    double m_first;
-    double m_last;
     int m_nameWidth;
-    double m_seconds = 0.0;
+    double m_seconds;
     Layout m_layout;
-    std::vector<PixelRun> m_runs; ///< for the strip's present width
+    TimeStrip m_strip;            ///< across the layout's strip
+    std::vector<PixelRun> m_runs; ///< of m_strip
 };
 
 } // namespace KOLT

@@ -1,8 +1,10 @@
 #include "analysis/ui/WidgetTimeTable.h"
 
+#include "analysis/ui/RowPicker.h"
+
 #include <QHeaderView>
-#include <QKeyEvent>
 #include <QPainter>
+#include <QResizeEvent>
 #include <QScrollBar>
 #include <QStyledItemDelegate>
 
@@ -95,13 +97,9 @@ WidgetTimeTable::WidgetTimeTable(QWidget* parent)
         view->horizontalHeader()->setHighlightSections(false);
         view->verticalHeader()->hide();
         view->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-        view->viewport()->installEventFilter(this);
-        connect(view, &QTableView::clicked, this, [this](const QModelIndex& index) {
-            if (index.row() == m_pressedRow)
-                emit signalPicked(index.row());
-        });
-        connect(view, &QTableView::activated, this,
-                [this](const QModelIndex& index) { emit signalPicked(index.row()); });
+        auto* const picker = new RowPicker(view);
+        connect(picker, &RowPicker::signalPicked, this, &WidgetTimeTable::signalPicked);
+        connect(picker, &RowPicker::signalCopy, this, &WidgetTimeTable::signalCopy);
     }
     createFrozenColumn();
 }
@@ -237,34 +235,6 @@ QModelIndex WidgetTimeTable::moveCursor(CursorAction action, Qt::KeyboardModifie
     if (action == MoveLeft && index.column() > frozenColumn && hidden > 0)
         horizontalScrollBar()->setValue(horizontalScrollBar()->value() - hidden);
     return index;
-}
-
-bool WidgetTimeTable::eventFilter(QObject* watched, QEvent* event)
-{
-    if (event->type() == QEvent::MouseButtonPress)
-        m_pressedRow = currentIndex().row();
-    return QTableView::eventFilter(watched, event);
-}
-
-bool WidgetTimeTable::event(QEvent* event)
-{
-    // Claims the copy key, which the main window uses for another command.
-    if (event->type() == QEvent::ShortcutOverride &&
-        static_cast<QKeyEvent*>(event)->matches(QKeySequence::Copy)) {
-        event->accept();
-        return true;
-    }
-    return QTableView::event(event);
-}
-
-void WidgetTimeTable::keyPressEvent(QKeyEvent* event)
-{
-    if (event->matches(QKeySequence::Copy)) {
-        emit signalCopy();
-        event->accept();
-        return;
-    }
-    QTableView::keyPressEvent(event);
 }
 
 } // namespace KOLT

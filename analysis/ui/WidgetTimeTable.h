@@ -31,10 +31,7 @@ signals:
     void signalPicked(int row);
 
 protected:
-    bool eventFilter(QObject* watched, QEvent* event) override;
     int sizeHintForColumn(int column) const override;
-    bool event(QEvent* event) override;
-    void keyPressEvent(QKeyEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
 
@@ -46,8 +43,7 @@ private:
     void bringInSight(int row);
 
     TimeTableDelegate* m_delegate;
-    QTableView* m_frozen;  ///< a second view of the first column, on top of the table
-    int m_pressedRow = -1; ///< the row that was current when the mouse went down
+    QTableView* m_frozen; ///< a second view of the first column, on top of the table
 };
 
 } // namespace KOLT

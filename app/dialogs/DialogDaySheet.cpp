@@ -4,6 +4,7 @@
 #include "app/dialogs/SheetPrinter.h"
 #include "app/settings/ExportSettingsStore.h"
 #include "app/settings/SettingsStore.h"
+#include "base/Csv.h"
 #include "record/CardContainer.h"
 #include "ui/Messages.h"
 #include "ui/SaveDialog.h"
@@ -277,7 +278,7 @@ void DialogDaySheet::saveCsv()
     if (path.isEmpty())
         return;
     const ListSettings settings = loadListSettings(SettingsStore::instance());
-    Messages::saveFile(this, path, "\xEF\xBB\xBF" + m_sheet.toCsv(settings).toUtf8());
+    Messages::saveFile(this, path, csvFile(m_sheet.toCsv(settings)));
 }
 
 void DialogDaySheet::closeEvent(QCloseEvent* event)

@@ -103,6 +103,9 @@ void TestFaultFinder::stripPlaces()
         QCOMPARE(strip.xOf(strip.timeAt(x)), x);
     QCOMPARE(strip.timeAt(-3), 100.0);
     QCOMPARE(strip.timeAt(1000), 300.0);
+    const TimeStrip moved{100.0, 300.0, 401, 30};
+    QCOMPARE(moved.xOf(200.0), 230);
+    QCOMPARE(moved.timeAt(230), 200.0);
     const TimeStrip empty{100.0, 100.0, 401};
     QCOMPARE(empty.xOf(100.0), 0);
     QCOMPARE(empty.timeAt(200), 100.0);
@@ -118,6 +121,7 @@ void TestFaultFinder::stripRuns_data()
     row("neighbours join", {10, 20, 21, 30}, {10, 30});
     row("several in a pixel, the last goes on", {10.0, 10.1, 10.2, 10.3, 10.4, 40}, {10, 40});
     row("beyond the end", {90, 500}, {90, 100});
+    row("last pixel", {100, 100}, {100, 100});
 }
 
 void TestFaultFinder::stripRuns()
@@ -126,10 +130,17 @@ void TestFaultFinder::stripRuns()
     std::vector<FaultInterval> intervals;
     for (qsizetype i = 0; i < ends.size(); i += 2)
         intervals.push_back({ends[i], ends[i + 1], false});
-    QList<int> pixels;
-    for (const PixelRun& run : pixelRuns({0.0, 100.0, 101}, intervals))
-        pixels << run.left << run.right;
-    QCOMPARE(pixels, expected);
+    const auto pixels = [&](int least) {
+        QList<int> sides;
+        for (const PixelRun& run : pixelRuns({0.0, 100.0, 101}, intervals, least))
+            sides << run.left << run.right;
+        return sides;
+    };
+    QCOMPARE(pixels(1), expected);
+    const QList<int> wide = pixels(3); // each has room for its least width
+    for (qsizetype i = 0; i < wide.size(); i += 2)
+        QVERIFY(wide[i] <= expected[i] && wide[i + 1] >= expected[i + 1] && wide[i + 1] <= 100 &&
+                wide[i + 1] - wide[i] >= 2);
 }
 
 QTEST_GUILESS_MAIN(TestFaultFinder)

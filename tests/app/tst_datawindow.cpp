@@ -1,3 +1,4 @@
+#include "analysis/MomentText.h"
 #include "analysis/ui/DialogDataLimit.h"
 #include "analysis/ui/DialogDataTable.h"
 #include "analysis/ui/DialogDataWarning.h"

@@ -1,0 +1,74 @@
+#pragma once
+
+#include <QTimer>
+#include <QWidget>
+
+class QBoxLayout;
+class QDoubleSpinBox;
+class QGridLayout;
+class QLCDNumber;
+class QSlider;
+class QTime;
+class QTimeEdit;
+class QToolButton;
+
+namespace KOLT {
+
+class Replay;
+struct DataSet;
+
+/// The displays of the current time and the controls of the replay.
+///
+/// Shows a replay that somebody else owns, and reports what the user does. Nothing is reported when
+/// the controls are changed by program.
+class ReplayBar : public QWidget
+{
+    Q_OBJECT
+
+public:
+    /// A single row has only the date and the buttons.
+    enum class Extent { Full, SingleRow };
+
+    /// The replay must outlive the bar.
+    ReplayBar(const Replay& replay, Extent extent, QWidget* parent = nullptr);
+
+    /// Null disables the controls. To be followed by showTime().
+    void setData(const DataSet* dataSet);
+
+    /// To be called when the replay's time has changed.
+    void showTime();
+
+    /// To be called when the replay's state or speed has changed.
+    void showState();
+
+signals:
+    void signalMode(); ///< start, pause or resume
+    void signalStop();
+    void signalPosition(int position);
+    void signalClockTime(const QTime& time);
+    void signalSpeed(int percent);
+    void signalSpeed(double speed);
+
+private:
+    QBoxLayout* createDisplays();
+    QGridLayout* createControls();
+    void createButtons();
+    void createTimeEdit();
+    void createSpeedControls();
+    void reduceToRow();
+
+    const Replay& m_replay;
+    const DataSet* m_dataSet = nullptr;
+    bool m_isWriting = false; ///< the controls are changed by program
+    QLCDNumber* m_dateDisplay = nullptr;
+    QLCDNumber* m_timeDisplay = nullptr;
+    QToolButton* m_startButton = nullptr;
+    QToolButton* m_stopButton = nullptr;
+    QSlider* m_slider = nullptr;
+    QTimeEdit* m_timeEdit = nullptr;
+    QTimer m_typing; ///< runs while a time is typed
+    QSlider* m_speedSlider = nullptr;
+    QDoubleSpinBox* m_speedBox = nullptr;
+};
+
+} // namespace KOLT
