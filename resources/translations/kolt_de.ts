@@ -2,10 +2,28 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="de_DE" sourcelanguage="en_US">
 <context>
+    <name>KOLT::CardList</name>
+    <message>
+        <source>Unknown Date</source>
+        <translation>Datum unbekannt</translation>
+    </message>
+    <message>
+        <source>The folder that is open</source>
+        <translation>Geöffneter Ordner</translation>
+    </message>
+</context>
+<context>
     <name>KOLT::Cycle</name>
     <message>
         <source>Cycle %1</source>
         <translation>Zyklus %1</translation>
+    </message>
+</context>
+<context>
+    <name>KOLT::CycleList</name>
+    <message>
+        <source>Flight %1 %2 (%3)</source>
+        <translation>Flug %1 %2 (%3)</translation>
     </message>
 </context>
 <context>
@@ -100,58 +118,6 @@
 <context>
     <name>KOLT::DialogCard</name>
     <message>
-        <source>Unknown Date</source>
-        <translation>Datum unbekannt</translation>
-    </message>
-    <message>
-        <source>Date</source>
-        <translation>Datum</translation>
-    </message>
-    <message>
-        <source>Start Time</source>
-        <translation>Startzeit</translation>
-    </message>
-    <message>
-        <source>Stop Time</source>
-        <translation>Endzeit</translation>
-    </message>
-    <message>
-        <source>Bus Type</source>
-        <translation>Bustyp</translation>
-    </message>
-    <message>
-        <source>ECU Serial Number</source>
-        <translation>ECU-Seriennummer</translation>
-    </message>
-    <message>
-        <source>Software Part Nr. A</source>
-        <translation>Software-Teilenr. A</translation>
-    </message>
-    <message>
-        <source>Software Part Nr. B</source>
-        <translation>Software-Teilenr. B</translation>
-    </message>
-    <message>
-        <source>ECU Type</source>
-        <translation>ECU-Typ</translation>
-    </message>
-    <message>
-        <source>EMU SW Version</source>
-        <translation>EMU-Softwareversion</translation>
-    </message>
-    <message>
-        <source>Engine Serial Nr.</source>
-        <translation>Motor-Seriennummer</translation>
-    </message>
-    <message>
-        <source>Engine Type</source>
-        <translation>Motortyp</translation>
-    </message>
-    <message>
-        <source>Samples Total</source>
-        <translation>Messwerte gesamt</translation>
-    </message>
-    <message>
         <source>Cycles</source>
         <translation>Zyklen</translation>
     </message>
@@ -160,24 +126,8 @@
         <translation>Rohdaten</translation>
     </message>
     <message>
-        <source>The folder that is open</source>
-        <translation>Geöffneter Ordner</translation>
-    </message>
-    <message>
         <source>No record files in this folder</source>
         <translation>Keine Aufzeichnungsdateien in diesem Ordner</translation>
-    </message>
-    <message>
-        <source>Start Time: </source>
-        <translation>Startzeit: </translation>
-    </message>
-    <message>
-        <source>Stop Time: </source>
-        <translation>Endzeit: </translation>
-    </message>
-    <message>
-        <source>Flight %1 %2 (%3)</source>
-        <translation>Flug %1 %2 (%3)</translation>
     </message>
     <message>
         <source>No folder is open. Choose one with &quot;Open Data Folder&quot;.</source>
@@ -241,54 +191,6 @@ ist nicht da. Legen Sie die Karte ein, oder wählen Sie mit „Datenordner öffn
     <message>
         <source>Tile Map Display Vertically</source>
         <translation>Karte darunter anzeigen</translation>
-    </message>
-    <message>
-        <source>Date and time of the current moment</source>
-        <translation>Datum und Uhrzeit des aktuellen Zeitpunkts</translation>
-    </message>
-    <message>
-        <source>Time since the recording unit was switched on</source>
-        <translation>Zeit seit dem Einschalten des Aufzeichnungsgeräts</translation>
-    </message>
-    <message>
-        <source>Start or pause the replay</source>
-        <translation>Wiedergabe starten oder anhalten</translation>
-    </message>
-    <message>
-        <source>Replay Stop</source>
-        <translation>Wiedergabe stoppen</translation>
-    </message>
-    <message>
-        <source>Stop the replay and go back to the start</source>
-        <translation>Wiedergabe stoppen und zurück an den Anfang</translation>
-    </message>
-    <message>
-        <source>Position within the loaded data</source>
-        <translation>Position in den geladenen Daten</translation>
-    </message>
-    <message>
-        <source>Go to a time since the recording unit was switched on</source>
-        <translation>Zu einer Zeit seit dem Einschalten des Aufzeichnungsgeräts springen</translation>
-    </message>
-    <message>
-        <source>Speed of the replay</source>
-        <translation>Tempo der Wiedergabe</translation>
-    </message>
-    <message>
-        <source>Speed </source>
-        <translation>Tempo </translation>
-    </message>
-    <message>
-        <source>Replay Pause</source>
-        <translation>Wiedergabe anhalten</translation>
-    </message>
-    <message>
-        <source>Replay Run</source>
-        <translation>Wiedergabe fortsetzen</translation>
-    </message>
-    <message>
-        <source>Replay Start</source>
-        <translation>Wiedergabe starten</translation>
     </message>
 </context>
 <context>
@@ -612,28 +514,12 @@ Wählen Sie weniger oder exportieren Sie die Daten als CSV-Datei.</translation>
 <context>
     <name>KOLT::DialogEventList</name>
     <message>
-        <source>Limit</source>
-        <translation>Grenzwert</translation>
-    </message>
-    <message>
-        <source>Warning</source>
-        <translation>Warnung</translation>
-    </message>
-    <message>
-        <source>until the end of the data</source>
-        <translation>bis zum Ende der Daten</translation>
-    </message>
-    <message>
         <source>No exceedance in this data set</source>
         <translation>Keine Überschreitung in diesen Daten</translation>
     </message>
     <message>
         <source>Filter the list</source>
         <translation>Liste filtern</translation>
-    </message>
-    <message>
-        <source>Time</source>
-        <translation>Zeit</translation>
     </message>
     <message>
         <source>Copy</source>
@@ -648,44 +534,8 @@ Wählen Sie weniger oder exportieren Sie die Daten als CSV-Datei.</translation>
         <translation>Wählen Sie links einen Zyklus oder einen Flug, um Überschreitungen zu sehen.</translation>
     </message>
     <message>
-        <source>Peak value: %1
-Duration until normal: %2
-Engine speed: %3</source>
-        <translation>Spitzenwert: %1
-Dauer bis normal: %2
-Motordrehzahl: %3</translation>
-    </message>
-    <message>
         <source>CSV Files (*.csv)</source>
         <translation>CSV-Dateien (*.csv)</translation>
-    </message>
-    <message>
-        <source>Seconds</source>
-        <translation>Sekunden</translation>
-    </message>
-    <message>
-        <source>Device</source>
-        <translation>Gerät</translation>
-    </message>
-    <message>
-        <source>Parameter</source>
-        <translation>Parameter</translation>
-    </message>
-    <message>
-        <source>State</source>
-        <translation>Zustand</translation>
-    </message>
-    <message>
-        <source>Text</source>
-        <translation>Text</translation>
-    </message>
-    <message>
-        <source>Peak value</source>
-        <translation>Spitzenwert</translation>
-    </message>
-    <message>
-        <source>Duration</source>
-        <translation>Dauer</translation>
     </message>
     <message>
         <source>On from the start: %1</source>
@@ -698,22 +548,6 @@ Motordrehzahl: %3</translation>
     <message>
         <source>No lamp came on in this data set</source>
         <translation>In diesen Daten ging keine Lampe an</translation>
-    </message>
-    <message>
-        <source>Date</source>
-        <translation>Datum</translation>
-    </message>
-    <message>
-        <source>Clock time</source>
-        <translation>Uhrzeit</translation>
-    </message>
-    <message>
-        <source>Unit</source>
-        <translation>Einheit</translation>
-    </message>
-    <message>
-        <source>Engine speed [rpm]</source>
-        <translation>Motordrehzahl [rpm]</translation>
     </message>
 </context>
 <context>
@@ -1406,6 +1240,84 @@ Bitte prüfen Sie, ob die Karte noch steckt und die Dateien lesbar sind; öffnen
     </message>
 </context>
 <context>
+    <name>KOLT::EventTable</name>
+    <message>
+        <source>Time</source>
+        <translation>Zeit</translation>
+    </message>
+</context>
+<context>
+    <name>KOLT::EventTexts</name>
+    <message>
+        <source>Limit</source>
+        <translation>Grenzwert</translation>
+    </message>
+    <message>
+        <source>Warning</source>
+        <translation>Warnung</translation>
+    </message>
+    <message>
+        <source>until the end of the data</source>
+        <translation>bis zum Ende der Daten</translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation>Zeit</translation>
+    </message>
+    <message>
+        <source>Seconds</source>
+        <translation>Sekunden</translation>
+    </message>
+    <message>
+        <source>Date</source>
+        <translation>Datum</translation>
+    </message>
+    <message>
+        <source>Clock time</source>
+        <translation>Uhrzeit</translation>
+    </message>
+    <message>
+        <source>Device</source>
+        <translation>Gerät</translation>
+    </message>
+    <message>
+        <source>Parameter</source>
+        <translation>Parameter</translation>
+    </message>
+    <message>
+        <source>State</source>
+        <translation>Zustand</translation>
+    </message>
+    <message>
+        <source>Text</source>
+        <translation>Text</translation>
+    </message>
+    <message>
+        <source>Peak value</source>
+        <translation>Spitzenwert</translation>
+    </message>
+    <message>
+        <source>Unit</source>
+        <translation>Einheit</translation>
+    </message>
+    <message>
+        <source>Duration</source>
+        <translation>Dauer</translation>
+    </message>
+    <message>
+        <source>Engine speed [rpm]</source>
+        <translation>Motordrehzahl [rpm]</translation>
+    </message>
+    <message>
+        <source>Peak value: %1
+Duration until normal: %2
+Engine speed: %3</source>
+        <translation>Spitzenwert: %1
+Dauer bis normal: %2
+Motordrehzahl: %3</translation>
+    </message>
+</context>
+<context>
     <name>KOLT::Export</name>
     <message>
         <source>No position was recorded, so there is no flight path to export.</source>
@@ -1904,6 +1816,116 @@ is not a KOLT project. The selected parameters are unchanged.</source>
         <translation>Die Datei
 %1
 ist kein KOLT-Projekt. Die gewählten Parameter bleiben, wie sie sind.</translation>
+    </message>
+</context>
+<context>
+    <name>KOLT::RecordList</name>
+    <message>
+        <source>Date</source>
+        <translation>Datum</translation>
+    </message>
+    <message>
+        <source>Start Time</source>
+        <translation>Startzeit</translation>
+    </message>
+    <message>
+        <source>Stop Time</source>
+        <translation>Endzeit</translation>
+    </message>
+    <message>
+        <source>Bus Type</source>
+        <translation>Bustyp</translation>
+    </message>
+    <message>
+        <source>ECU Serial Number</source>
+        <translation>ECU-Seriennummer</translation>
+    </message>
+    <message>
+        <source>Software Part Nr. A</source>
+        <translation>Software-Teilenr. A</translation>
+    </message>
+    <message>
+        <source>Software Part Nr. B</source>
+        <translation>Software-Teilenr. B</translation>
+    </message>
+    <message>
+        <source>ECU Type</source>
+        <translation>ECU-Typ</translation>
+    </message>
+    <message>
+        <source>EMU SW Version</source>
+        <translation>EMU-Softwareversion</translation>
+    </message>
+    <message>
+        <source>Engine Serial Nr.</source>
+        <translation>Motor-Seriennummer</translation>
+    </message>
+    <message>
+        <source>Engine Type</source>
+        <translation>Motortyp</translation>
+    </message>
+    <message>
+        <source>Samples Total</source>
+        <translation>Messwerte gesamt</translation>
+    </message>
+    <message>
+        <source>Start Time: </source>
+        <translation>Startzeit: </translation>
+    </message>
+    <message>
+        <source>Stop Time: </source>
+        <translation>Endzeit: </translation>
+    </message>
+</context>
+<context>
+    <name>KOLT::ReplayBar</name>
+    <message>
+        <source>Date and time of the current moment</source>
+        <translation>Datum und Uhrzeit des aktuellen Zeitpunkts</translation>
+    </message>
+    <message>
+        <source>Time since the recording unit was switched on</source>
+        <translation>Zeit seit dem Einschalten des Aufzeichnungsgeräts</translation>
+    </message>
+    <message>
+        <source>Start or pause the replay</source>
+        <translation>Wiedergabe starten oder anhalten</translation>
+    </message>
+    <message>
+        <source>Replay Stop</source>
+        <translation>Wiedergabe stoppen</translation>
+    </message>
+    <message>
+        <source>Stop the replay and go back to the start</source>
+        <translation>Wiedergabe stoppen und zurück an den Anfang</translation>
+    </message>
+    <message>
+        <source>Position within the loaded data</source>
+        <translation>Position in den geladenen Daten</translation>
+    </message>
+    <message>
+        <source>Go to a time since the recording unit was switched on</source>
+        <translation>Zu einer Zeit seit dem Einschalten des Aufzeichnungsgeräts springen</translation>
+    </message>
+    <message>
+        <source>Speed of the replay</source>
+        <translation>Tempo der Wiedergabe</translation>
+    </message>
+    <message>
+        <source>Speed </source>
+        <translation>Tempo </translation>
+    </message>
+    <message>
+        <source>Replay Pause</source>
+        <translation>Wiedergabe anhalten</translation>
+    </message>
+    <message>
+        <source>Replay Run</source>
+        <translation>Wiedergabe fortsetzen</translation>
+    </message>
+    <message>
+        <source>Replay Start</source>
+        <translation>Wiedergabe starten</translation>
     </message>
 </context>
 <context>
