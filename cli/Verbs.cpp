@@ -1,6 +1,6 @@
 #include "cli/Verbs.h"
 
-#include "analysis/EventFinder.h"
+#include "analysis/Findings.h"
 #include "cli/Arguments.h"
 #include "cli/Json.h"
 #include "cli/Recording.h"
@@ -174,8 +174,9 @@ QString events(const Arguments& arguments)
     const EventScope scope =
         arguments.lampsOnly ? EventScope::WarningLamps : EventScope::AllParameters;
     const DataSet& dataSet = *recording.card().dataSet();
-    std::size_t leftOut = 0;
-    for (const Event& event : findEvents(recording.profile(), dataSet, scope, &leftOut))
+    const EventList events = eventsOf(recording.profile(), dataSet, scope);
+    const std::size_t leftOut = eventsLeftOut(recording.profile(), dataSet, scope).size();
+    for (const Event& event : *events)
         found.append(QJsonObject{{QStringLiteral("time"), event.seconds},
                                  {QStringLiteral("group"), event.group},
                                  {QStringLiteral("parameter"), event.parameter->name},

@@ -100,7 +100,7 @@ void KmlDocument::findEvents()
     const EventScope scope =
         m_options.showLimit ? EventScope::AllParameters : EventScope::WarningLamps;
     m_allEvents = eventsOf(m_profile, m_dataSet, scope);
-    m_leftOut = eventsLeftOut(m_profile, m_dataSet, scope);
+    m_leftOut = eventsLeftOut(m_profile, m_dataSet, scope).size();
     for (const Event& event : *m_allEvents) {
         const bool isLamp = event.parameter->role == Role::WarningLamp;
         if (!isLamp || m_options.showWarning)
