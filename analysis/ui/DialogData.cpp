@@ -34,6 +34,11 @@ DialogData::DialogData(const Profile& profile, const HostedPages& pages, Display
     : QWidget(parent)
     , m_clock(clock ? std::move(clock) : Clock(TUSK::Misc::Timer::getTime))
 {
+    if (display == Display::EmuOnly) {
+        // The style sheet has a dark look for it, and must find the name before the widgets.
+        setObjectName(QStringLiteral("emuDisplay"));
+        setAttribute(Qt::WA_StyledBackground);
+    }
     m_timer.setInterval(replayMilliseconds);
     connect(&m_timer, &QTimer::timeout, this, &DialogData::slotTimeoutReplay);
     // The keyboard focus goes through the widgets in the order of their creation.
@@ -50,8 +55,6 @@ DialogData::DialogData(const Profile& profile, const HostedPages& pages, Display
     layout->addWidget(m_splitter, 1);
     layout->addWidget(m_bar);
     if (display == Display::EmuOnly) {
-        setObjectName(QStringLiteral("emuDisplay")); // the style sheet has a dark look for it
-        setAttribute(Qt::WA_StyledBackground);
         m_tabs->hide();
         for (QAbstractButton* button : m_mapButtons->buttons())
             button->hide();
