@@ -19,14 +19,13 @@ constexpr double fast = 50.0;          // km/h, as the flight detector has it
 constexpr double marginSeconds = 30.0; // that a flight has around it
 constexpr double rounding = 1.0;       // seconds
 
-constexpr std::array roles{"GroundSpeed", "ThrottleA", "FuelA",    "FuelB",
-                           "Altitude",    "Latitude",  "Longitude"};
+constexpr std::array roles{Role::GroundSpeed, Role::ThrottleA, Role::FuelA,    Role::FuelB,
+                           Role::Altitude,    Role::Latitude,  Role::Longitude};
 
 /// The first time at which a role is neither 0 nor no number.
-std::optional<double> firstKnown(const Profile& profile, const MessageMap& messages,
-                                 const char* role)
+std::optional<double> firstKnown(const Profile& profile, const MessageMap& messages, Role role)
 {
-    const ProfileParameter* const parameter = profile.parameterByRole(QLatin1String(role));
+    const ProfileParameter* const parameter = profile.parameterByRole(role);
     if (parameter == nullptr)
         return {};
     for (const StoredSample& sample : seriesOf(messages, *parameter)) {
@@ -39,8 +38,8 @@ std::optional<double> firstKnown(const Profile& profile, const MessageMap& messa
 
 void findNotANumber(const Profile& profile, const DataSet& dataSet, TrustDrafts& drafts)
 {
-    for (const char* const role : roles) {
-        const ProfileParameter* const parameter = profile.parameterByRole(QLatin1String(role));
+    for (const Role role : roles) {
+        const ProfileParameter* const parameter = profile.parameterByRole(role);
         // Other types are whole numbers.
         if (parameter == nullptr || parameter->rule != DecodingRule::Float)
             continue;
@@ -66,7 +65,7 @@ void findNotANumber(const Profile& profile, const DataSet& dataSet, TrustDrafts&
         draft.finding.to = last;
         draft.finding.text =
             TrustText::notANumber(parameter->fullName, static_cast<int>(times.size()));
-        draft.touch(first, last, Effect::Listed, figuresOfRole(parameter->koltDataType));
+        draft.touch(first, last, Effect::Listed, figuresOfRole(parameter->role));
         drafts.push_back(std::move(draft));
     }
 }
@@ -84,7 +83,7 @@ bool isInFlight(const Profile& profile, const DataSet& dataSet, const TrackGap& 
     if (recorded.openTakeOff && gap.to > *recorded.openTakeOff)
         return true;
     return std::isfinite(gap.to) &&
-           RoleSeries(profile, dataSet.messages, "GroundSpeed").valueAt(gap.to) > fast;
+           RoleSeries(profile, dataSet.messages, Role::GroundSpeed).valueAt(gap.to) > fast;
 }
 
 void findLostPositions(const Profile& profile, const DataSet& dataSet, const RecordedSpan& recorded,
@@ -159,8 +158,7 @@ void findUnfinished(const DataSet& dataSet, const RecordedSpan& recorded, const 
 FlightEnds flightEnds(const Profile& profile, const DataSet& dataSet)
 {
     FlightEnds ends;
-    const ProfileParameter* const parameter =
-        profile.parameterByRole(QStringLiteral("GroundSpeed"));
+    const ProfileParameter* const parameter = profile.parameterByRole(Role::GroundSpeed);
     if (parameter == nullptr)
         return ends;
     FlightDetector detector;
@@ -187,7 +185,7 @@ FlightEnds flightEnds(const Profile& profile, const DataSet& dataSet)
     }
     if (firstMoving) {
         // Standing still with a position is no flight.
-        const std::optional<double> fix = firstKnown(profile, dataSet.messages, "Latitude");
+        const std::optional<double> fix = firstKnown(profile, dataSet.messages, Role::Latitude);
         if (fix && *fix > *firstMoving - 2.0 * rounding)
             ends.startsInAir = firstMoving;
     }

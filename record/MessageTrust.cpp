@@ -226,8 +226,8 @@ void profileTrust(const Profile& profile, const DataSet& dataSet, TrustDrafts& d
         if (recorded.contains(id) || !seriesOf(dataSet.messages, parameter).empty())
             continue;
         names << parameter.fullName;
-        if (profile.parameterByRole(parameter.koltDataType) == &parameter)
-            figures |= figuresOfRole(parameter.koltDataType);
+        if (profile.parameterByRole(parameter.role) == &parameter)
+            figures |= figuresOfRole(parameter.role);
     }
     if (names.isEmpty())
         return;

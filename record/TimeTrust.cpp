@@ -169,18 +169,17 @@ void findBreaks(const Profile& profile, const DataSet& dataSet, FileTrust& trust
 
 } // namespace
 
-Figures figuresOfRole(const QString& role)
+Figures figuresOfRole(Role role)
 {
-    const auto is = [&](const char* name) { return role == QLatin1String(name); };
-    if (is("GroundSpeed"))
+    if (role == Role::GroundSpeed)
         return Figure::All; // it tells when a flight begins and ends
-    if (is("Altitude"))
+    if (role == Role::Altitude)
         return Figure::Climb | Figure::Distances;
-    if (is("FuelA"))
+    if (role == Role::FuelA)
         return Figure::FuelA | Figure::Fuel | Figure::FuelPer100m;
-    if (is("FuelB"))
+    if (role == Role::FuelB)
         return Figure::FuelB | Figure::Fuel | Figure::FuelPer100m;
-    if (is("ThrottleA") || is("Latitude") || is("Longitude"))
+    if (role == Role::ThrottleA || role == Role::Latitude || role == Role::Longitude)
         return Figure::Distances;
     return 0;
 }
@@ -189,8 +188,8 @@ Figures figuresOfMessage(const Profile& profile, std::uint32_t id)
 {
     Figures figures = 0;
     for (const ProfileParameter* const parameter : profile.parametersById(static_cast<int>(id))) {
-        if (profile.parameterByRole(parameter->koltDataType) == parameter)
-            figures |= figuresOfRole(parameter->koltDataType);
+        if (profile.parameterByRole(parameter->role) == parameter)
+            figures |= figuresOfRole(parameter->role);
     }
     return figures;
 }

@@ -14,6 +14,6 @@ void timeTrust(const Profile& profile, const DataSet& dataSet, FileTrust& trust)
 Figures figuresOfMessage(const Profile& profile, std::uint32_t id);
 
 /// The figures that are made from a parameter of that role.
-Figures figuresOfRole(const QString& role);
+Figures figuresOfRole(Role role);
 
 } // namespace KOLT
