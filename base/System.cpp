@@ -1,8 +1,9 @@
 #include "base/System.h"
 
+#include <QFile>
+
 #include <array>
 #include <cstdlib>
-#include <fstream>
 #include <new>
 
 #ifdef __linux__
@@ -33,11 +34,12 @@ void* allocateHugePages(std::size_t bytes)
 
 std::optional<double> availableMemory()
 {
-    std::ifstream info("/proc/meminfo");
-    for (std::string word; info >> word;) {
-        double kilobytes = 0.0;
-        if (word == "MemAvailable:" && info >> kilobytes)
-            return kilobytes * 1024.0;
+    QFile info(QStringLiteral("/proc/meminfo"));
+    if (!info.open(QIODevice::ReadOnly))
+        return std::nullopt;
+    for (const QByteArray& line : info.readAll().split('\n')) {
+        if (line.startsWith("MemAvailable:"))
+            return line.simplified().split(' ').value(1).toDouble() * 1024.0;
     }
     return std::nullopt;
 }

@@ -2,6 +2,7 @@
 
 #include "base/Processor.h"
 #include "graph/SampleMemory.h"
+#include "record/IndexIterator.h"
 #include "record/MessageSeries.h"
 
 #include <algorithm>

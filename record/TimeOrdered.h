@@ -1,5 +1,6 @@
 #pragma once
 
+#include "record/IndexIterator.h"
 #include "record/MessageSeries.h"
 
 #include <algorithm>
