@@ -3,12 +3,7 @@
 #include <QFile>
 
 #include <array>
-#include <cstdlib>
-#include <new>
 
-#ifdef __linux__
-#include <sys/mman.h>
-#endif
 #ifdef _WIN32
 #include <direct.h>
 #else
@@ -16,21 +11,6 @@
 #endif
 
 namespace KOLT::System {
-
-void* allocateHugePages(std::size_t bytes)
-{
-#ifdef __linux__
-    const std::size_t rounded = (bytes + hugePageBytes - 1) / hugePageBytes * hugePageBytes;
-    void* const memory = std::aligned_alloc(hugePageBytes, rounded);
-    if (memory != nullptr)
-        madvise(memory, rounded, MADV_HUGEPAGE); // only a hint
-#else
-    void* const memory = std::malloc(bytes);
-#endif
-    if (memory == nullptr)
-        throw std::bad_alloc();
-    return memory;
-}
 
 std::optional<double> availableMemory()
 {

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "base/Processor.h"
-#include "graph/SampleMemory.h"
 #include "record/IndexIterator.h"
 #include "record/MessageSeries.h"
 
@@ -11,6 +10,8 @@
 #include <vector>
 
 namespace KOLT {
+
+using SampleValues = std::vector<double>;
 
 /// Whether a line may join a sample to the one before it.
 enum class SampleMark : int {

@@ -1,68 +1,32 @@
 #include "record/MessageSeries.h"
 
-#include "base/System.h"
 #include "record/TimeSlots.h"
 
 #include <algorithm>
-#include <cstring>
-#include <new>
-#include <type_traits>
 
 namespace KOLT {
 
-static_assert(std::is_trivially_copyable_v<StoredSample>);
-
-MessageSeries::Chunk MessageSeries::allocate(std::size_t samples)
+void MessageSeries::addChunk()
 {
-    const std::size_t bytes = samples * sizeof(StoredSample); // NOLINT(bugprone-sizeof-expression)
-    Chunk chunk(static_cast<StoredSample*>(
-        samples == chunkSamples ? System::allocateHugePages(bytes) : std::malloc(bytes)));
-    if (!chunk)
-        throw std::bad_alloc();
-    return chunk;
-}
-
-void MessageSeries::grow()
-{
-    const std::size_t inLast = m_size % chunkSamples;
-    if (inLast == 0 && m_size > 0) {
-        m_chunks.push_back(allocate(chunkSamples));
-        m_next = m_chunks.back().get();
-        m_chunkEnd = m_next + chunkSamples;
-        return;
-    }
+    const bool isFirst = m_chunks.empty();
+    m_chunks.emplace_back();
     // The first chunk grows from a small size, as a bus has many rare messages.
-    const std::size_t capacity = std::clamp<std::size_t>(m_size * 2, 4, chunkSamples);
-    Chunk chunk = allocate(capacity);
-    if (m_chunks.empty())
-        m_chunks.emplace_back();
-    else
-        std::memcpy(chunk.get(), m_chunks.back().get(), m_size * sizeof(StoredSample));
-    m_chunks.back() = std::move(chunk);
-    m_next = m_chunks.back().get() + m_size;
-    m_chunkEnd = m_chunks.back().get() + capacity;
+    if (!isFirst)
+        m_chunks.back().reserve(chunkSamples);
 }
 
 void MessageSeries::shrink(std::size_t size)
 {
     m_index.clear();
     m_indexedSize = 0;
-    if (size == m_size)
-        return;
-    m_size = size;
-    const std::size_t usedChunks =
-        std::max<std::size_t>(1, (size + chunkSamples - 1) / chunkSamples);
-    if (usedChunks < m_chunks.size()) {
-        // The chunk that is last now has full size, unlike a growing first one.
-        m_chunks.resize(usedChunks);
-        m_chunkEnd = m_chunks.back().get() + chunkSamples;
-    }
-    m_next = m_chunks.back().get() + (size - (usedChunks - 1) * chunkSamples);
+    m_chunks.resize((size + chunkSamples - 1) / chunkSamples);
+    if (size > 0)
+        m_chunks.back().resize(size - (m_chunks.size() - 1) * chunkSamples);
 }
 
 void MessageSeries::buildIndex() const
 {
-    if (m_indexedSize == m_size)
+    if (m_indexedSize == size())
         return;
     m_index.clear();
     m_ascending = true;
@@ -79,7 +43,7 @@ void MessageSeries::buildIndex() const
         }
         ++position;
     }
-    m_indexedSize = m_size;
+    m_indexedSize = size();
 }
 
 const StoredSample* MessageSeries::firstAtOrAfter(double seconds) const

@@ -4,8 +4,7 @@
 #include "record/StoredSample.h"
 
 #include <cstddef>
-#include <cstdlib>
-#include <memory>
+#include <cstdint>
 #include <vector>
 
 namespace KOLT {
@@ -13,8 +12,7 @@ namespace KOLT {
 /// The samples of one message identifier, in the order in which they were recorded. Times need not
 /// ascend. References to samples are valid until the next append or removal.
 ///
-/// Samples are kept in chunks, so that growing does not copy them. A chunk is the size of a huge
-/// page: faulting in half a gigabyte in small pages takes longer than reading the file.
+/// Samples are kept in chunks, so that growing a long series does not copy them.
 class MessageSeries
 {
 public:
@@ -33,30 +31,32 @@ public:
         std::size_t size() const { return static_cast<std::size_t>(last - first); }
     };
 
-    std::size_t size() const { return m_size; }
+    std::size_t size() const
+    {
+        return m_chunks.empty() ? 0 : (m_chunks.size() - 1) * chunkSamples + m_chunks.back().size();
+    }
 
-    bool empty() const { return m_size == 0; }
+    bool empty() const { return size() == 0; }
 
     const StoredSample& operator[](std::size_t index) const
     {
-        return m_chunks[index / chunkSamples].get()[index % chunkSamples];
+        return m_chunks[index / chunkSamples][index % chunkSamples];
     }
 
     Iterator begin() const { return {*this, 0}; }
 
-    Iterator end() const { return {*this, m_size}; }
+    Iterator end() const { return {*this, size()}; }
 
     /// The sample appended last; the series must not be empty.
-    const StoredSample& last() const { return (*this)[m_size - 1]; }
+    const StoredSample& last() const { return (*this)[size() - 1]; }
 
-    /// Appends an uninitialised sample for the caller to fill. Throws std::bad_alloc and leaves the
-    /// series unchanged.
+    /// Appends a sample for the caller to fill. Throws std::bad_alloc and leaves the series
+    /// unchanged.
     StoredSample& append()
     {
-        if (m_next == m_chunkEnd)
-            grow();
-        ++m_size;
-        return *m_next++;
+        if (m_chunks.empty() || m_chunks.back().size() == chunkSamples)
+            addChunk();
+        return m_chunks.back().emplace_back();
     }
 
     /// The first sample in stored order at or after `seconds`; null if there is none, or from
@@ -77,7 +77,7 @@ public:
     void removeIf(Predicate&& isDropped)
     {
         std::size_t kept = 0;
-        for (std::size_t i = 0; i < m_size; ++i) {
+        for (std::size_t i = 0; i < size(); ++i) {
             if (!isDropped((*this)[i]))
                 at(kept++) = (*this)[i];
         }
@@ -87,13 +87,6 @@ public:
 private:
     static constexpr std::size_t chunkSamples = 65'536;
 
-    struct Free
-    {
-        void operator()(StoredSample* samples) const { std::free(samples); }
-    };
-
-    using Chunk = std::unique_ptr<StoredSample, Free>;
-
     /// Position of the first sample of a second. Stored only for seconds that have samples and come
     /// after all previous ones.
     struct SecondEntry
@@ -102,23 +95,19 @@ private:
         std::size_t position = 0;
     };
 
-    static Chunk allocate(std::size_t samples);
-
     StoredSample& at(std::size_t index)
     {
-        return m_chunks[index / chunkSamples].get()[index % chunkSamples];
+        return m_chunks[index / chunkSamples][index % chunkSamples];
     }
 
-    void grow();
+    void addChunk();
     void shrink(std::size_t size);
     void buildIndex() const;
 
-    std::vector<Chunk> m_chunks; ///< all but the last are full
-    std::size_t m_size = 0;
-    StoredSample* m_next = nullptr;     ///< where the next sample goes
-    StoredSample* m_chunkEnd = nullptr; ///< end of the last chunk
+    /// All but the last are full, and none is empty but after an append that threw.
+    std::vector<std::vector<StoredSample>> m_chunks;
     mutable std::vector<SecondEntry> m_index;
-    mutable std::size_t m_indexedSize = 0; ///< m_size when the index was built
+    mutable std::size_t m_indexedSize = 0; ///< size() when the index was built
     mutable bool m_ascending = true;       ///< whether times ascend; part of the index
 };
 
