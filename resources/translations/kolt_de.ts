@@ -1461,6 +1461,47 @@ Motordrehzahl: %3</translation>
     </message>
 </context>
 <context>
+    <name>KOLT::InstallProfile</name>
+    <message>
+        <source>Install Profile</source>
+        <translation>Profil installieren</translation>
+    </message>
+    <message>
+        <source>Not a valid KOLT profile !</source>
+        <translation>Kein gültiges KOLT-Profil!</translation>
+    </message>
+    <message>
+        <source>Profile Files (*.xml);;All Files (*)</source>
+        <translation>Profildateien (*.xml);;Alle Dateien (*)</translation>
+    </message>
+    <message>
+        <source>The profile
+%1
+is installed as
+%2
+The previous one is kept beside it as a backup.</source>
+        <translation>Das Profil
+%1
+ist installiert als
+%2
+Das vorherige bleibt daneben als Sicherung erhalten.</translation>
+    </message>
+    <message>
+        <source>This profile is in use already:
+%1</source>
+        <translation>Dieses Profil wird bereits verwendet:
+%1</translation>
+    </message>
+    <message>
+        <source>The profile could not be written to
+%1
+Please check that the folder can be written and is not full. The previous profile is still in use.</source>
+        <translation>Das Profil konnte nicht geschrieben werden:
+%1
+Bitte prüfen Sie, ob der Ordner beschreibbar und nicht voll ist. Das vorherige Profil wird weiter verwendet.</translation>
+    </message>
+</context>
+<context>
     <name>KOLT::MainActions</name>
     <message>
         <source>&amp;New Project</source>
