@@ -22,10 +22,13 @@ struct Column
 /// Of these, one is touched by all that touches the samples of a flight.
 constexpr Figures window = Figure::End | Figure::MaxGroundSpeed;
 
+/// The take-off is sound on the counter, but its date is not: then neither is the landing's.
+constexpr Figures clockAlone = 1U << 31;
+
 constexpr std::array columns{
     Column{"Flight", 6, 0},
     Column{"Take-off", 9, Figure::DateTime | Figure::TakeOff},
-    Column{"Landing", 9, Figure::DateTime | Figure::Landing},
+    Column{"Landing", 9, Figure::Landing | clockAlone},
     Column{"Time", 9, Figure::TakeOff | Figure::Landing},
     Column{"Max alt", 9, Figure::MaxAltitude},
     Column{"Gain", 8, Figure::AltitudeGain},
@@ -84,6 +87,8 @@ QByteArray totalsLine(const char* label, const FlightTotals& totals)
 
 QByteArray flightRow(const FlightLine& line, Figures marked)
 {
+    if ((marked & Figure::DateTime) != 0 && (marked & Figure::TakeOff) == 0)
+        marked |= clockAlone;
     return row({QString::number(line.number), clock(line.takeOff, line.takeOffSeconds),
                 clock(line.landing, line.landingSeconds), durationText(line.flightSeconds()),
                 figure(line.maxAltitude, 0, "m"), figure(line.climb, 0, "m"),

@@ -167,6 +167,37 @@ void findBreaks(const Profile& profile, const DataSet& dataSet, FileTrust& trust
     }
 }
 
+/// So many holes are told as one: nobody reads thousands.
+void joinHoles(TrustDrafts& drafts, std::size_t from)
+{
+    constexpr std::ptrdiff_t mostHoles = 50;
+    const auto begin = drafts.begin() + static_cast<std::ptrdiff_t>(from);
+    const auto isHole = [](const TrustDraft& draft) {
+        return draft.finding.kind == TrustKind::Hole;
+    };
+    const auto count = std::count_if(begin, drafts.end(), isHole);
+    if (count <= mostHoles)
+        return;
+    TrustDraft joined;
+    joined.finding.kind = TrustKind::Hole;
+    double seconds = 0.0;
+    for (auto draft = begin; draft != drafts.end(); ++draft) {
+        if (!isHole(*draft))
+            continue;
+        const TouchedSpan& span = draft->touched.front();
+        joined.finding.from = std::min(joined.finding.from.value_or(endOfTime), span.from);
+        joined.finding.to = std::max(joined.finding.to.value_or(-endOfTime), span.to);
+        if (joined.finding.files.empty() ||
+            joined.finding.files.back() != draft->finding.files.front())
+            joined.finding.files.push_back(draft->finding.files.front());
+        joined.touched.push_back(span);
+        seconds += span.to - span.from;
+    }
+    joined.finding.text = TrustText::holes(static_cast<int>(count), seconds);
+    drafts.erase(std::remove_if(begin, drafts.end(), isHole), drafts.end());
+    drafts.push_back(std::move(joined));
+}
+
 } // namespace
 
 Figures figuresOfRole(Role role)
@@ -196,7 +227,9 @@ Figures figuresOfMessage(const Profile& profile, std::uint32_t id)
 
 void timeTrust(const Profile& profile, const DataSet& dataSet, FileTrust& trust)
 {
+    const std::size_t before = trust.drafts.size();
     findBreaks(profile, dataSet, trust);
+    joinHoles(trust.drafts, before);
 }
 
 } // namespace KOLT

@@ -13,10 +13,11 @@ Figures figuresTouched(const Flight& flight, const TouchedSpan& span)
         return 0;
     if (span.effect == TouchedSpan::Effect::Listed)
         return span.figures;
-    // Behind a hole a take-off or a landing is found late. A hole between both may hold a landing
-    // and another take-off, before it the take-off itself.
+    // A take-off or a landing that a hole holds is found right behind it, some samples later. A
+    // hole between both may hold a landing and another take-off.
+    constexpr double laterSeconds = 15.0;
     Figures figures = Figure::All & ~Figure::Times;
-    if (span.from <= flight.takeOffSeconds)
+    if (span.from <= flight.takeOffSeconds && span.to >= flight.takeOffSeconds - laterSeconds)
         figures |= Figure::DateTime | Figure::Start | Figure::TakeOff;
     if (span.to > flight.takeOffSeconds && span.from <= flight.landingSeconds)
         figures |= Figure::Landing | Figure::End;

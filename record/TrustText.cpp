@@ -143,6 +143,14 @@ QString hole(double seconds)
         .arg(lengthText(seconds));
 }
 
+QString holes(int count, double seconds)
+{
+    return Trust::tr("%n times nothing was recorded, for %1 in all: altitudes, fuel and times of "
+                     "flights there may be wrong. Look at the card and the unit.",
+                     nullptr, count)
+        .arg(lengthText(seconds));
+}
+
 QString messageHole(const QStringList& parameters, double seconds)
 {
     return Trust::tr("For %1 nothing came of %2: what is made from it lacks that time. Look at the "

@@ -21,6 +21,7 @@ QString wrongOrder(const std::vector<QString>& names);
 QString strayTimes(const QString& name, int count);
 QString counterJumps(const QString& name);
 QString hole(double seconds);
+QString holes(int count, double seconds);
 QString messageHole(const QStringList& parameters, double seconds);
 QString noPosition(double seconds);
 QString notANumber(const QString& parameter, int count);

@@ -1,9 +1,9 @@
 #include "record/RecordingTrust.h"
 #include "tests/support/ProfileFixture.h"
 #include "tests/support/RandomCard.h"
+#include "tests/support/Rows.h"
 
-#include <QTest>
-
+#include <functional>
 #include <set>
 
 using namespace KOLT;
@@ -257,6 +257,8 @@ private slots:
     void initTestCase();
     void soundCards();
     void damagedCards();
+    void otherDamage_data();
+    void otherDamage();
 
 private:
     Profile m_profile;
@@ -325,6 +327,112 @@ void TestRecordingTrust::damagedCards()
         }
     }
     QVERIFY(changedFigures > cardCount() / 4); // or the cards would show nothing
+}
+
+namespace {
+
+/// Changes a card whose first flight is known.
+using Change = std::function<void(RandomCard&, const Flight&)>;
+
+/// Changes the samples of a message in the first run, between times after the take-off, or before.
+Change inMessage(std::uint32_t id, double from, double to,
+                 const std::function<void(RecordFileWriter::RecordSample&)>& change)
+{
+    return [=](RandomCard& card, const Flight& flight) {
+        for (File& file : card.files()) {
+            for (RecordFileWriter::RecordSample& sample : file.samples) {
+                const double t = static_cast<double>(sample.ticks) / 32e6 - flight.takeOffSeconds;
+                if (file.run == 0 && sample.identifier == id && t >= from && t < to)
+                    change(sample);
+            }
+            std::erase_if(file.samples, [](const auto& sample) { return sample.identifier == 0; });
+        }
+    };
+}
+
+void silence(RecordFileWriter::RecordSample& sample)
+{
+    sample.identifier = 0;
+}
+
+void clear(RecordFileWriter::RecordSample& sample)
+{
+    sample.data = {};
+}
+
+void spoil(RecordFileWriter::RecordSample& sample)
+{
+    sample.data.fill(0xFF); // no number
+}
+
+Change inHeader(std::size_t file,
+                const std::function<void(RecordFileWriter::RecordHeader&)>& change)
+{
+    return [=](RandomCard& card, const Flight&) { change(card.files()[file].header); };
+}
+
+} // namespace
+
+void TestRecordingTrust::otherDamage_data()
+{
+    constexpr Figures fuel = Figure::FuelA | Figure::FuelB | Figure::Fuel | Figure::FuelPer100m;
+    constexpr Figures inAir = Figure::All & ~(Figure::DateTime | Figure::Start | Figure::TakeOff);
+    const Rows<Change, QStringList, Figures> row; // of the first run, of its first flight
+    row("silent", inMessage(5, 30, 50, silence), {"message-hole"}, fuel);
+    row("too short to tell", inMessage(5, 30, 35, silence), {}, 0);
+    row("no figure's", inMessage(6, 30, 50, silence), {"message-hole"}, 0);
+    row("silent to the end", inMessage(5, 30, 1e9, silence), {"message-hole"}, fuel);
+    row("silent before the flight", inMessage(5, -1e9, -35, silence), {}, 0);
+    row("speed is silent", inMessage(1, 30, 50, silence), {"message-hole"}, inAir);
+    row("no fix", inMessage(2, 30, 50, clear), {"no-position"}, inAir);
+    row("no fix on the ground", inMessage(2, -70, -50, clear), {}, 0);
+    row("no number", inMessage(5, 30, 31, spoil), {"not-a-number", "not-a-number"}, fuel);
+    row("no number at first", inMessage(5, -1e9, -35, spoil), {}, 0);
+    row("never sent", inMessage(5, -1e9, 1e9, silence), {"never-recorded"}, fuel);
+    row("known to nobody", inMessage(6, -1e9, 1e9, [](auto& s) { s.identifier = 99; }),
+        {"unknown-messages", "never-recorded"}, 0);
+    row("software", inHeader(1, [](auto& header) { header.emuVersion = "4.0"; }),
+        {"software-changed"}, fuel);
+    row("first header knows nothing", inHeader(0, [](auto& header) { header.engineSerial = ""; }),
+        {}, 0);
+    row("other engine", inHeader(1, [](auto& header) { header.engineType = "850"; }),
+        {"other-engine"}, 0);
+    row(
+        "ends in the air",
+        [](RandomCard& card, const Flight& flight) {
+            const std::uint64_t last =
+                RecordFileWriter::ticksFromSeconds(flight.landingSeconds - 20.0);
+            for (File& file : card.files()) {
+                std::erase_if(file.samples, [&](const auto& s) { return s.ticks > last; });
+                file.isDropped = file.run > 0 || file.samples.empty();
+            }
+        },
+        {"unfinished-flight"}, 0);
+}
+
+void TestRecordingTrust::otherDamage()
+{
+    const auto [change, expected, marked] = fetchRow<Change, QStringList, Figures>();
+    RandomCard card(7);
+    for (const bool isDamaged : {false, true}) {
+        const QTemporaryDir folder;
+        QVERIFY(card.write(folder.path()));
+        CardContainer container(m_profile);
+        QVERIFY(container.readContainer(folder.path()) && container.loadCycle(1));
+        const DataSet& dataSet = *container.dataSet();
+        const RecordingTrust trust =
+            recordingTrust(m_profile, CardFiles(container), dataSet, {QStringLiteral("915*")});
+        if (!isDamaged) {
+            QVERIFY(trust.findings.empty());
+            change(card, dataSet.flights.front());
+            continue;
+        }
+        QStringList kinds;
+        for (const TrustFinding& finding : trust.findings)
+            kinds << trustKindName(finding.kind);
+        QCOMPARE(kinds, expected);
+        QCOMPARE(trust.marked.empty() ? 0U : trust.marked.front(), marked);
+    }
 }
 
 QTEST_GUILESS_MAIN(TestRecordingTrust)
