@@ -209,7 +209,7 @@ QString lateClock(const QString& file, double seconds)
     if (seconds < 0.0)
         return Trust::tr(
                    "Dates and clock times are %1 early, as the date of %2 does not fit the files "
-                   "behind it; times on the counter are right. Take that off them.")
+                   "behind it; times on the counter are right. Add that to them.")
             .arg(lengthText(-seconds), file);
     return Trust::tr(
                "Dates and clock times are %1 late, as the recording begins with %2, in the middle "
