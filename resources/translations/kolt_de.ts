@@ -1995,6 +1995,228 @@ ist kein KOLT-Projekt. Die gewählten Parameter bleiben, wie sie sind.</translat
     </message>
 </context>
 <context>
+    <name>KOLT::Trust</name>
+    <message>
+        <source>File twice</source>
+        <translation>Datei doppelt</translation>
+    </message>
+    <message>
+        <source>File unreadable</source>
+        <translation>Datei nicht lesbar</translation>
+    </message>
+    <message>
+        <source>File missing</source>
+        <translation>Datei fehlt</translation>
+    </message>
+    <message>
+        <source>File cut short</source>
+        <translation>Datei abgeschnitten</translation>
+    </message>
+    <message>
+        <source>Files overlap</source>
+        <translation>Dateien überlappen sich</translation>
+    </message>
+    <message>
+        <source>Times jump</source>
+        <translation>Zeiten springen</translation>
+    </message>
+    <message>
+        <source>Hole</source>
+        <translation>Lücke</translation>
+    </message>
+    <message>
+        <source>Message silent</source>
+        <translation>Nachricht fehlt</translation>
+    </message>
+    <message>
+        <source>No position</source>
+        <translation>Keine Position</translation>
+    </message>
+    <message>
+        <source>Not a number</source>
+        <translation>Keine Zahl</translation>
+    </message>
+    <message>
+        <source>Flight unfinished</source>
+        <translation>Flug unvollständig</translation>
+    </message>
+    <message>
+        <source>Clock off</source>
+        <translation>Uhrzeit verschoben</translation>
+    </message>
+    <message>
+        <source>Serial number changes</source>
+        <translation>Seriennummer wechselt</translation>
+    </message>
+    <message>
+        <source>Software changes</source>
+        <translation>Software wechselt</translation>
+    </message>
+    <message>
+        <source>Other engine</source>
+        <translation>Anderer Motor</translation>
+    </message>
+    <message>
+        <source>Before the first cycle</source>
+        <translation>Vor dem ersten Zyklus</translation>
+    </message>
+    <message>
+        <source>Unknown messages</source>
+        <translation>Unbekannte Nachrichten</translation>
+    </message>
+    <message>
+        <source>Never recorded</source>
+        <translation>Nie aufgezeichnet</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 and %n more</source>
+        <translation>
+            <numerusform>%1 und %n weitere</numerusform>
+            <numerusform>%1 und %n weitere</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1 is a copy of %2: what it holds counts twice in fuel, altitudes and all sums. Take the copy out of the folder.</source>
+        <translation>%1 ist eine Kopie von %2: Ihr Inhalt zählt in Kraftstoff, Höhen und allen Summen doppelt. Nehmen Sie die Kopie aus dem Ordner.</translation>
+    </message>
+    <message>
+        <source>%1 could not be read: its flights are lacking, and figures around it are wrong. Copy it from the card once more.</source>
+        <translation>%1 ließ sich nicht lesen: Ihre Flüge fehlen, und Werte in ihrer Umgebung sind falsch. Kopieren Sie sie noch einmal von der Karte.</translation>
+    </message>
+    <message>
+        <source>Between %1 and %2 a file is missing (%3): altitudes, fuel and times of flights there are wrong, and so are all sums. Look for it on the card.</source>
+        <translation>Zwischen %1 und %2 fehlt eine Datei (%3): Höhen, Kraftstoff und Zeiten der Flüge dort sind falsch, ebenso alle Summen. Suchen Sie die Datei auf der Karte.</translation>
+    </message>
+    <message>
+        <source>Between %1 and %2 files are missing, among them the one that opens an engine run: two runs lie in one cycle, and dates, figures and sums from %2 on are wrong. Look for them on the card.</source>
+        <translation>Zwischen %1 und %2 fehlen Dateien, darunter die erste eines Motorlaufs: Zwei Läufe liegen in einem Zyklus, und Daten, Werte und Summen ab %2 sind falsch. Suchen Sie die Dateien auf der Karte.</translation>
+    </message>
+    <message>
+        <source>Between %1 and %2 files are missing: the end of this engine run, or other runs. Sums lack what they hold. Look for them on the card.</source>
+        <translation>Zwischen %1 und %2 fehlen Dateien: das Ende dieses Motorlaufs oder andere Läufe. Den Summen fehlt deren Inhalt. Suchen Sie die Dateien auf der Karte.</translation>
+    </message>
+    <message>
+        <source>%1 is cut short: figures of a flight at its end may lack something. Copy it from the card once more, or take its end with care.</source>
+        <translation>%1 ist abgeschnitten: Den Werten eines Flugs an ihrem Ende kann etwas fehlen. Kopieren Sie sie noch einmal von der Karte, oder behandeln Sie ihr Ende mit Vorsicht.</translation>
+    </message>
+    <message>
+        <source>%1 is cut short by %2: altitudes, fuel and times of a flight at its end may be wrong. Copy it from the card once more.</source>
+        <translation>%1 ist um %2 abgeschnitten: Höhen, Kraftstoff und Zeiten eines Flugs an ihrem Ende können falsch sein. Kopieren Sie sie noch einmal von der Karte.</translation>
+    </message>
+    <message>
+        <source>%1 and %2 hold the same time: fuel, altitudes and sums count it twice. Take one of them out of the folder.</source>
+        <translation>%1 und %2 enthalten dieselbe Zeit: Kraftstoff, Höhen und Summen zählen sie doppelt. Nehmen Sie eine davon aus dem Ordner.</translation>
+    </message>
+    <message>
+        <source>The times in %1 do not go on from the file before, and belong to another engine run: figures and dates around there are wrong. Load these files alone, or give them back their names.</source>
+        <translation>Die Zeiten in %1 setzen die Datei davor nicht fort und gehören zu einem anderen Motorlauf: Werte und Daten in der Umgebung sind falsch. Laden Sie diese Dateien allein, oder geben Sie ihnen ihre Namen zurück.</translation>
+    </message>
+    <message>
+        <source>By their times %1 belong in another order than by their names: figures of flights in them are wrong. Give the files back their names.</source>
+        <translation>Nach ihren Zeiten gehören %1 in eine andere Reihenfolge als nach ihren Namen: Werte der Flüge darin sind falsch. Geben Sie den Dateien ihre Namen zurück.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n time stamp(s) in %1 are far off: figures of flights there may be wrong. Take them with care.</source>
+        <translation>
+            <numerusform>%n Zeitstempel in %1 liegt weit daneben: Werte der Flüge dort können falsch sein. Behandeln Sie sie mit Vorsicht.</numerusform>
+            <numerusform>%n Zeitstempel in %1 liegen weit daneben: Werte der Flüge dort können falsch sein. Behandeln Sie sie mit Vorsicht.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>The counter jumps within %1: times, fuel and altitudes of flights there are wrong. Take them with care.</source>
+        <translation>Der Zähler springt innerhalb von %1: Zeiten, Kraftstoff und Höhen der Flüge dort sind falsch. Behandeln Sie sie mit Vorsicht.</translation>
+    </message>
+    <message>
+        <source>For %1 nothing was recorded: altitudes, fuel and times of a flight there may be wrong. Take them with care.</source>
+        <translation>%1 lang wurde nichts aufgezeichnet: Höhen, Kraftstoff und Zeiten eines Flugs dort können falsch sein. Behandeln Sie sie mit Vorsicht.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n times nothing was recorded, for %1 in all: altitudes, fuel and times of flights there may be wrong. Look at the card and the unit.</source>
+        <translation>
+            <numerusform>%n Mal wurde nichts aufgezeichnet, insgesamt %1 lang: Höhen, Kraftstoff und Zeiten der Flüge dort können falsch sein. Prüfen Sie Karte und Gerät.</numerusform>
+            <numerusform>%n Mal wurde nichts aufgezeichnet, insgesamt %1 lang: Höhen, Kraftstoff und Zeiten der Flüge dort können falsch sein. Prüfen Sie Karte und Gerät.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>For %1 nothing came of %2: what is made from it lacks that time. Look at the sensor and its cable when it happens again.</source>
+        <translation>%1 lang kam nichts von %2: Was daraus gewonnen wird, enthält diese Zeit nicht. Prüfen Sie Sensor und Kabel, wenn es wieder vorkommt.</translation>
+    </message>
+    <message>
+        <source>For %1 there was no position in flight: altitudes, speeds and distances of the flight may be wrong, and it may count as two. Look at the antenna when it happens again.</source>
+        <translation>%1 lang gab es im Flug keine Position: Höhen, Geschwindigkeiten und Strecken des Flugs können falsch sein, und er zählt vielleicht als zwei. Prüfen Sie die Antenne, wenn es wieder vorkommt.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n value(s) of %1 are no numbers and left out: figures made from it lack them. Look at the sensor.</source>
+        <translation>
+            <numerusform>%n Wert von %1 ist keine Zahl und bleibt weg: Was daraus gewonnen wird, enthält ihn nicht. Prüfen Sie den Sensor.</numerusform>
+            <numerusform>%n Werte von %1 sind keine Zahlen und bleiben weg: Was daraus gewonnen wird, enthält sie nicht. Prüfen Sie den Sensor.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>A take-off has no landing before the recording ends: the flight is in no list, and its time and fuel are in no sum. Look whether the recording goes on elsewhere.</source>
+        <translation>Auf einen Start folgt bis zum Ende der Aufzeichnung keine Landung: Der Flug steht in keiner Liste, seine Zeit und sein Kraftstoff in keiner Summe. Sehen Sie nach, ob die Aufzeichnung anderswo weitergeht.</translation>
+    </message>
+    <message>
+        <source>The recording begins in the air: the first flight lacks its take-off, and its figures are wrong. Look whether the recording begins elsewhere.</source>
+        <translation>Die Aufzeichnung beginnt in der Luft: Dem ersten Flug fehlt der Start, und seine Werte sind falsch. Sehen Sie nach, ob die Aufzeichnung anderswo beginnt.</translation>
+    </message>
+    <message>
+        <source>A flight begins at the edge of the recording: its figures may lack something. Look whether the recording begins elsewhere.</source>
+        <translation>Ein Flug beginnt am Rand der Aufzeichnung: Seinen Werten kann etwas fehlen. Sehen Sie nach, ob die Aufzeichnung anderswo beginnt.</translation>
+    </message>
+    <message>
+        <source>A flight ends at the edge of the recording: its figures may lack something. Look whether the recording goes on elsewhere.</source>
+        <translation>Ein Flug endet am Rand der Aufzeichnung: Seinen Werten kann etwas fehlen. Sehen Sie nach, ob die Aufzeichnung anderswo weitergeht.</translation>
+    </message>
+    <message>
+        <source>Dates and clock times are %1 early, as the date of %2 does not fit the files behind it; times on the counter are right. Add that to them.</source>
+        <translation>Daten und Uhrzeiten sind um %1 zu früh, da das Datum von %2 nicht zu den Dateien danach passt; Zeiten auf dem Zähler stimmen. Zählen Sie das hinzu.</translation>
+    </message>
+    <message>
+        <source>Dates and clock times are %1 late, as the recording begins with %2, in the middle of an engine run; times on the counter are right. Load the whole run, or take that off them.</source>
+        <translation>Daten und Uhrzeiten sind um %1 zu spät, da die Aufzeichnung mit %2 mitten in einem Motorlauf beginnt; Zeiten auf dem Zähler stimmen. Laden Sie den ganzen Lauf, oder ziehen Sie das ab.</translation>
+    </message>
+    <message>
+        <source>These files lie before the first engine run: the file that opened theirs is not on the card. Sums lack what it holds.</source>
+        <translation>Diese Dateien liegen vor dem ersten Motorlauf: Die erste Datei ihres Laufs ist nicht auf der Karte. Den Summen fehlt deren Inhalt.</translation>
+    </message>
+    <message>
+        <source>The engine&apos;s serial number</source>
+        <translation>Die Seriennummer des Motors</translation>
+    </message>
+    <message>
+        <source>The unit&apos;s serial number</source>
+        <translation>Die Seriennummer des Geräts</translation>
+    </message>
+    <message>
+        <source>The software</source>
+        <translation>Die Software</translation>
+    </message>
+    <message>
+        <source>%1 changes within the cycle from %2 to %3: values may be sent in another way, above all the fuel. Compare them before and behind.</source>
+        <translation>%1 wechselt innerhalb des Zyklus von %2 zu %3: Werte, vor allem der Kraftstoff, können anders gesendet werden. Vergleichen Sie sie davor und danach.</translation>
+    </message>
+    <message>
+        <source>%1 changes within the cycle (%2, %3): files of two aircraft may be mixed, and their figures and sums with them. Put files of each into a folder of their own.</source>
+        <translation>%1 wechselt innerhalb des Zyklus (%2, %3): Dateien zweier Flugzeuge können vermischt sein, und mit ihnen Werte und Summen. Legen Sie die Dateien jedes Flugzeugs in einen eigenen Ordner.</translation>
+    </message>
+    <message>
+        <source>The recording is of an engine &quot;%1&quot;, the variant of the profile is for &quot;%2&quot;: limits and exceedances may be those of another engine. Choose another variant.</source>
+        <translation>Die Aufzeichnung stammt von einem Motor „%1“, die Variante des Profils gilt für „%2“: Grenzen und Überschreitungen können die eines anderen Motors sein. Wählen Sie eine andere Variante.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n message(s), %1 % of all samples, are not in the profile and shown nowhere; the figures hold. Look for a newer profile, or another variant.</source>
+        <translation>
+            <numerusform>%n Nachricht, %1 % aller Aufzeichnungen, steht nicht im Profil und wird nirgends gezeigt; die Werte gelten. Suchen Sie ein neueres Profil oder eine andere Variante.</numerusform>
+            <numerusform>%n Nachrichten, %1 % aller Aufzeichnungen, stehen nicht im Profil und werden nirgends gezeigt; die Werte gelten. Suchen Sie ein neueres Profil oder eine andere Variante.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1 were never recorded: figures and limits of them are empty. Look whether the profile is for this aircraft.</source>
+        <translation>%1 wurde nie aufgezeichnet: Werte und Grenzen dafür sind leer. Prüfen Sie, ob das Profil zu diesem Flugzeug gehört.</translation>
+    </message>
+</context>
+<context>
     <name>KOLT::WidgetColorButton</name>
     <message>
         <source>Choose another color</source>

@@ -75,4 +75,42 @@
         </translation>
     </message>
 </context>
+<context>
+    <name>KOLT::Trust</name>
+    <message numerus="yes">
+        <source>%1 and %n more</source>
+        <translation>
+            <numerusform>%1 and %n more</numerusform>
+            <numerusform>%1 and %n more</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n time stamp(s) in %1 are far off: figures of flights there may be wrong. Take them with care.</source>
+        <translation>
+            <numerusform>%n time stamp in %1 is far off: figures of flights there may be wrong. Take them with care.</numerusform>
+            <numerusform>%n time stamps in %1 are far off: figures of flights there may be wrong. Take them with care.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n times nothing was recorded, for %1 in all: altitudes, fuel and times of flights there may be wrong. Look at the card and the unit.</source>
+        <translation>
+            <numerusform>%n time nothing was recorded, for %1 in all: altitudes, fuel and times of flights there may be wrong. Look at the card and the unit.</numerusform>
+            <numerusform>%n times nothing was recorded, for %1 in all: altitudes, fuel and times of flights there may be wrong. Look at the card and the unit.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n value(s) of %1 are no numbers and left out: figures made from it lack them. Look at the sensor.</source>
+        <translation>
+            <numerusform>%n value of %1 is no number and left out: figures made from it lack it. Look at the sensor.</numerusform>
+            <numerusform>%n values of %1 are no numbers and left out: figures made from it lack them. Look at the sensor.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n message(s), %1 % of all samples, are not in the profile and shown nowhere; the figures hold. Look for a newer profile, or another variant.</source>
+        <translation>
+            <numerusform>%n message, %1 % of all samples, is not in the profile and shown nowhere; the figures hold. Look for a newer profile, or another variant.</numerusform>
+            <numerusform>%n messages, %1 % of all samples, are not in the profile and shown nowhere; the figures hold. Look for a newer profile, or another variant.</numerusform>
+        </translation>
+    </message>
+</context>
 </TS>
