@@ -50,6 +50,7 @@ private:
     void divide();
     void tellForeign(const Files& run);
     void tellDisorder(const Files& run);
+    TrustDraft& tellGap(const FileFacts& before, const FileFacts& after, TrustDraft* cut);
     void checkJoin(const FileFacts& before, const FileFacts& after);
     TrustDraft* causeBetween(const FileFacts& before, const FileFacts& after);
     TrustDraft* draftOf(TrustKind kind, const QString& name);
@@ -184,6 +185,37 @@ TrustDraft* RunChecker::causeBetween(const FileFacts& before, const FileFacts& a
     return nullptr;
 }
 
+/// Says why something lacks between two files.
+TrustDraft& RunChecker::tellGap(const FileFacts& before, const FileFacts& after, TrustDraft* cut)
+{
+    const double from = before.lastSeconds;
+    const double to = after.firstSeconds;
+    const auto missing = [&]() -> TrustDraft& {
+        return add(TrustKind::MissingFile, from, to, {before.name, after.name},
+                   TrustText::missingFile(before.name, after.name, to - from));
+    };
+    if (m_card.isNumberMissing(before, after)) {
+        if (cut != nullptr)
+            cut->finding.to.reset();
+        return missing();
+    }
+    if (TrustDraft* const cause = causeBetween(before, after))
+        return *cause;
+    if (cut != nullptr) {
+        cut->finding.text = TrustText::truncatedFile(before.name, to - from);
+        return *cut;
+    }
+    // The next file was opened in time.
+    if (to - after.headerSeconds > joinSeconds && after.headerSeconds >= from - joinSeconds)
+        return add(TrustKind::Hole, from, to, {before.name, after.name},
+                   TrustText::hole(to - from));
+    if (m_card.usualSeconds() > 0.0 &&
+        to - before.firstSeconds < longestFile * m_card.usualSeconds())
+        return add(TrustKind::TruncatedFile, from, to, {before.name},
+                   TrustText::truncatedFile(before.name, to - from));
+    return missing();
+}
+
 /// What lies between two files of a run that follow each other in time.
 void RunChecker::checkJoin(const FileFacts& before, const FileFacts& after)
 {
@@ -205,35 +237,11 @@ void RunChecker::checkJoin(const FileFacts& before, const FileFacts& after)
             cut->touch(from, to);
         return;
     }
-    TrustDraft* draft = nullptr;
-    const bool isMissing = m_card.isNumberMissing(before, after);
-    const bool isQuiet = after.firstSeconds - after.headerSeconds > joinSeconds &&
-                         after.headerSeconds >= from - joinSeconds;
-    const bool isShort = m_card.usualSeconds() > 0.0 && after.firstSeconds - before.firstSeconds <
-                                                            longestFile * m_card.usualSeconds();
-    if (isMissing) {
-        if (cut != nullptr)
-            cut->finding.to.reset();
-        draft = &add(TrustKind::MissingFile, from, to, {before.name, after.name},
-                     TrustText::missingFile(before.name, after.name, gap));
-    } else if (TrustDraft* const cause = causeBetween(before, after)) {
-        draft = cause;
-    } else if (cut != nullptr) {
-        cut->finding.text = TrustText::truncatedFile(before.name, gap);
-        draft = cut;
-    } else if (isQuiet) {
-        draft = &add(TrustKind::Hole, from, to, {before.name, after.name}, TrustText::hole(gap));
-    } else if (isShort) {
-        draft = &add(TrustKind::TruncatedFile, from, to, {before.name},
-                     TrustText::truncatedFile(before.name, gap));
-    } else {
-        draft = &add(TrustKind::MissingFile, from, to, {before.name, after.name},
-                     TrustText::missingFile(before.name, after.name, gap));
-    }
-    draft->touch(from, to);
+    TrustDraft& draft = tellGap(before, after, cut);
+    draft.touch(from, to);
     // The date of an undated file follows from its last time and the date behind it.
     if (before.info.dateInvalid)
-        draft->touch(-endOfTime, endOfTime, Effect::Listed, Figure::DateTime);
+        draft.touch(-endOfTime, endOfTime, Effect::Listed, Figure::DateTime);
 }
 
 } // namespace

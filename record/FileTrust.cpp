@@ -2,8 +2,7 @@
 
 #include "record/FileRuns.h"
 #include "record/TrustText.h"
-
-#include <QRegularExpression>
+#include "record/UnitTrust.h"
 
 #include <algorithm>
 
@@ -49,10 +48,6 @@ private:
     void findDisorder();
     void checkClock(const QDateTime& dateTime);
     void checkCycle();
-    void checkUnits();
-    void checkEngine(const QString& pattern);
-    template <typename Value>
-    void checkUnit(TrustKind kind, const QString& what, Value&& valueOf);
 
     const CardFiles& m_card;
     std::optional<int> m_cycle;
@@ -70,8 +65,7 @@ FileTrust FileChecker::check(const QDateTime& dateTime, const std::vector<QStrin
     findDisorder();
     checkClock(dateTime);
     checkCycle();
-    checkUnits();
-    checkEngine(engineType);
+    unitTrust(m_trust.sound, engineType, m_trust.drafts);
     return std::move(m_trust);
 }
 
@@ -234,80 +228,6 @@ void FileChecker::checkCycle()
         draft.finding.files.push_back(file->name);
     draft.finding.text = TrustText::beforeFirstCycle();
     draft.touch(-endOfTime, m_trust.sound.front()->firstSeconds); // a flight may begin there
-}
-
-template <typename Value>
-void FileChecker::checkUnit(TrustKind kind, const QString& what, Value&& valueOf)
-{
-    // A unit may not know its numbers yet when it opens its first file.
-    std::map<QString, std::size_t> counts;
-    for (const FileFacts* const file : m_trust.sound) {
-        const QString value = valueOf(file->info);
-        if (!value.isEmpty() && value != QLatin1String("0"))
-            ++counts[value];
-    }
-    if (counts.size() < 2)
-        return;
-    // The rarer numbers are those that stand out; of equally many, the later.
-    QString usual;
-    for (const FileFacts* const file : m_trust.sound) {
-        const auto found = counts.find(valueOf(file->info));
-        if (found != counts.end() && (usual.isEmpty() || found->second > counts[usual]))
-            usual = found->first;
-    }
-    TrustDraft draft;
-    QString other;
-    draft.finding.kind = kind;
-    for (const FileFacts* const file : m_trust.sound) {
-        const QString value = valueOf(file->info);
-        if (value == usual || !counts.contains(value))
-            continue;
-        other = value;
-        draft.finding.files.push_back(file->name);
-        draft.finding.from = std::min(draft.finding.from.value_or(endOfTime), file->firstSeconds);
-        draft.finding.to = std::max(draft.finding.to.value_or(-endOfTime), file->lastSeconds);
-        draft.touch(file->firstSeconds, file->lastSeconds, TouchedSpan::Effect::Listed,
-                    kind == TrustKind::SerialChanged
-                        ? Figure::All
-                        : Figure::FuelA | Figure::FuelB | Figure::Fuel | Figure::FuelPer100m);
-    }
-    draft.finding.text = TrustText::unitChanged(kind, what, usual, other);
-    m_trust.drafts.push_back(std::move(draft));
-}
-
-void FileChecker::checkUnits()
-{
-    using Info = const RecordInfo&;
-    checkUnit(TrustKind::SerialChanged, TrustText::engineSerial(),
-              [](Info info) { return info.engineSerial; });
-    checkUnit(TrustKind::SerialChanged, TrustText::unitSerial(),
-              [](Info info) { return QString::number(info.ecuSerialNumber); });
-    checkUnit(TrustKind::SoftwareChanged, TrustText::software(), [](Info info) {
-        const QStringList parts{info.softwarePartA, info.softwarePartB, info.emuVersion};
-        return parts.contains(QString()) ? QString() : parts.join(QStringLiteral(", "));
-    });
-}
-
-void FileChecker::checkEngine(const QString& pattern)
-{
-    if (pattern.isEmpty())
-        return;
-    const QRegularExpression engine(QRegularExpression::wildcardToRegularExpression(pattern),
-                                    QRegularExpression::CaseInsensitiveOption);
-    TrustFinding finding;
-    QString other;
-    for (const FileFacts* const file : m_trust.sound) {
-        const QString type = file->info.engineType.trimmed();
-        if (type.isEmpty() || engine.match(type).hasMatch())
-            continue;
-        other = type;
-        finding.files.push_back(file->name);
-    }
-    if (finding.files.empty())
-        return;
-    finding.kind = TrustKind::OtherEngine;
-    finding.text = TrustText::otherEngine(other, pattern);
-    m_trust.drafts.push_back({std::move(finding), {}});
 }
 
 } // namespace

@@ -223,7 +223,8 @@ void profileTrust(const Profile& profile, const DataSet& dataSet, TrustDrafts& d
     Figures figures = 0;
     for (const ProfileParameter& parameter : profile.parameters()) {
         const auto id = static_cast<std::uint32_t>(parameter.id);
-        if (recorded.contains(id) || !seriesOf(dataSet.messages, parameter).empty())
+        if (recorded.contains(id) || dataSet.before.contains(id) ||
+            !seriesOf(dataSet.messages, parameter).empty())
             continue;
         names << parameter.fullName;
         if (profile.parameterByRole(parameter.role) == &parameter)

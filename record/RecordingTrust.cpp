@@ -75,8 +75,7 @@ RecordingTrust recordingTrust(const Profile& profile, const CardFiles& card, con
     recorded.openTakeOff = ends.openTakeOff;
     messageTrust(profile, dataSet, recorded, files.drafts);
     flightTrust(profile, dataSet, recorded, ends, files.drafts);
-    if (!dataSet.flightIndex)
-        profileTrust(profile, dataSet, files.drafts);
+    profileTrust(profile, dataSet, files.drafts);
 
     RecordingTrust trust;
     trust.marked.resize(dataSet.flights.size());

@@ -32,7 +32,8 @@ struct TrustOptions
 
 /// What is found in a data set: a whole cycle, chosen files, or one flight, of which only what
 /// meets it is told. `card` must have been made of the folder that the data set was loaded from.
-/// Costs a look at the ends of all series and a walk through the roles'.
+/// Costs a walk through the series of the roles, and a look at some samples of all others. It uses
+/// the indexes of the series, so nobody else may look at the data set meanwhile.
 RecordingTrust recordingTrust(const Profile& profile, const CardFiles& card, const DataSet& dataSet,
                               const TrustOptions& options = {});
 
