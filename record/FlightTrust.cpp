@@ -89,11 +89,16 @@ bool isInFlight(const Profile& profile, const DataSet& dataSet, const TrackGap& 
 void findLostPositions(const Profile& profile, const DataSet& dataSet, const RecordedSpan& recorded,
                        TrustDrafts& drafts)
 {
+    std::vector<std::uint32_t> ids;
+    for (const char* const role : {"Latitude", "Longitude"}) {
+        if (const auto* const parameter = profile.parameterByRole(QLatin1String(role)))
+            ids.push_back(static_cast<std::uint32_t>(parameter->id));
+    }
     TrustDrafts found;
     for (const TrackGap& gap : trackGaps(profile, dataSet.messages)) {
         const double to = std::min(gap.to, std::max(recorded.last, gap.from));
         if (to - gap.from <= longestTrackGap ||
-            unexplainedSeconds(gap.from, to, drafts) <= longestTrackGap ||
+            unexplainedSeconds(gap.from, to, drafts, ids) <= longestTrackGap ||
             !isInFlight(profile, dataSet, gap, recorded))
             continue;
         TrustDraft& draft = found.emplace_back();
@@ -111,12 +116,10 @@ bool isExplained(const TrustDrafts& drafts, double seconds)
 {
     constexpr double closeSeconds = 5.0;
     return std::ranges::any_of(drafts, [&](const TrustDraft& draft) {
-        return draft.finding.kind != TrustKind::MessageHole &&
-               std::ranges::any_of(draft.touched, [&](const TouchedSpan& span) {
-                   const bool isWhole = span.from == -endOfTime && span.to == endOfTime;
-                   return !isWhole && (span.figures & Figure::Fuel) != 0 &&
-                          seconds >= span.from - closeSeconds && seconds <= span.to + closeSeconds;
-               });
+        return std::ranges::any_of(draft.touched, [&](const TouchedSpan& span) {
+            return draft.explains(span) && seconds >= span.from - closeSeconds &&
+                   seconds <= span.to + closeSeconds;
+        });
     });
 }
 

@@ -123,6 +123,7 @@ public:
             draft.finding.to = silence.to;
             draft.finding.text =
                 TrustText::messageHole(namesOf(silence.ids), silence.to - silence.from);
+            draft.ids = silence.ids;
             Figures figures = 0;
             for (const std::uint32_t id : silence.ids)
                 figures |= figuresOfMessage(m_profile, id);
@@ -217,7 +218,7 @@ void profileTrust(const Profile& profile, const DataSet& dataSet, TrustDrafts& d
         finding.kind = TrustKind::UnknownMessages;
         finding.text = TrustText::unknownMessages(
             static_cast<int>(unknown), static_cast<double>(samples) / static_cast<double>(all));
-        drafts.push_back({std::move(finding), {}});
+        drafts.push_back({std::move(finding), {}, {}});
     }
     QStringList names;
     Figures figures = 0;

@@ -48,6 +48,18 @@ void mark(TrustDraft& draft, const DataSet& dataSet, std::vector<Figures>& marke
     }
 }
 
+/// Which files a stretch lies in, where the finding does not say it.
+void nameFiles(TrustFinding& finding, const std::vector<const FileFacts*>& files)
+{
+    if (!finding.files.empty() || (!finding.from && !finding.to))
+        return;
+    for (const FileFacts* const file : files) {
+        if (file->lastSeconds >= finding.from.value_or(-endOfTime) &&
+            file->firstSeconds <= finding.to.value_or(endOfTime))
+            finding.files.push_back(file->name);
+    }
+}
+
 } // namespace
 
 std::vector<std::size_t> RecordingTrust::findingsOf(std::size_t flight) const
@@ -84,6 +96,7 @@ RecordingTrust recordingTrust(const Profile& profile, const CardFiles& card, con
         if (dataSet.flightIndex && !meets(draft, dataSet))
             continue;
         mark(draft, dataSet, trust.marked);
+        nameFiles(draft.finding, files.sound);
         trust.findings.push_back(std::move(draft.finding));
     }
     return trust;

@@ -31,6 +31,15 @@ struct TrustDraft
 {
     TrustFinding finding;
     std::vector<TouchedSpan> touched;
+    std::vector<std::uint32_t> ids; ///< the messages that fell silent
+
+    /// Whether a span says that time lacks there, counts twice or is not what it seems.
+    bool explains(const TouchedSpan& span) const
+    {
+        const bool isOfTime =
+            finding.kind <= TrustKind::Hole || finding.kind == TrustKind::BeforeFirstCycle;
+        return isOfTime && span.figures != Figure::DateTime;
+    }
 
     void touch(double from, double to, TouchedSpan::Effect effect = TouchedSpan::Effect::Hole,
                Figures figures = Figure::All)
@@ -44,7 +53,9 @@ using TrustDrafts = std::vector<TrustDraft>;
 /// The figures of a flight that a span touches.
 Figures figuresTouched(const Flight& flight, const TouchedSpan& span);
 
-/// How many seconds of [from, to] no finding accounts for.
-double unexplainedSeconds(double from, double to, const TrustDrafts& drafts);
+/// How many seconds of [from, to] no finding accounts for. Silence of one of these messages counts
+/// as well.
+double unexplainedSeconds(double from, double to, const TrustDrafts& drafts,
+                          const std::vector<std::uint32_t>& ids = {});
 
 } // namespace KOLT

@@ -69,7 +69,7 @@ void checkEngine(const Files& files, const QString& pattern, TrustDrafts& drafts
         return;
     finding.kind = TrustKind::OtherEngine;
     finding.text = TrustText::otherEngine(other, pattern);
-    drafts.push_back({std::move(finding), {}});
+    drafts.push_back({std::move(finding), {}, {}});
 }
 
 } // namespace

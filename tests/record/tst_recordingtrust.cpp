@@ -376,6 +376,7 @@ Change inHeader(std::size_t file,
 void TestRecordingTrust::otherDamage_data()
 {
     constexpr Figures fuel = Figure::FuelA | Figure::FuelB | Figure::Fuel | Figure::FuelPer100m;
+    constexpr Figures distances = Figure::Distances;
     constexpr Figures inAir = Figure::All & ~(Figure::DateTime | Figure::Start | Figure::TakeOff);
     const Rows<Change, QStringList, Figures> row; // of the first run, of its first flight
     row("silent", inMessage(5, 30, 50, silence), {"message-hole"}, fuel);
@@ -385,6 +386,22 @@ void TestRecordingTrust::otherDamage_data()
     row("silent before the flight", inMessage(5, -1e9, -35, silence), {}, 0);
     row("speed is silent", inMessage(1, 30, 50, silence), {"message-hole"}, inAir);
     row("no fix", inMessage(2, 30, 50, clear), {"no-position"}, inAir);
+    row("no position sent", inMessage(2, 30, 50, silence), {"message-hole"}, distances);
+    row(
+        "fuel is silent, and no fix",
+        [](RandomCard& card, const Flight& flight) {
+            inMessage(5, 30, 50, silence)(card, flight);
+            inMessage(2, 30, 50, clear)(card, flight);
+        },
+        {"message-hole", "no-position"}, inAir);
+    row(
+        "serial number hides nothing",
+        [](RandomCard& card, const Flight& flight) {
+            inMessage(6, 30, 50, silence)(card, flight);
+            for (std::size_t i = 1; i < 20 && i < card.files().size(); ++i)
+                card.files()[i].header.engineSerial = i < 2 ? "E-1" : "E-2";
+        },
+        {"message-hole", "serial-changed"}, Figure::All);
     row("no fix on the ground", inMessage(2, -70, -50, clear), {}, 0);
     row("no number", inMessage(5, 30, 31, spoil), {"not-a-number", "not-a-number"}, fuel);
     row("no number at first", inMessage(5, -1e9, -35, spoil), {}, 0);

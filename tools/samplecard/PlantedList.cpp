@@ -34,13 +34,14 @@ void PlantedList::add(int cycle, const CycleSimulation& simulation, const CycleW
     const auto addKind = [&](const char* kind, double from, double to, const QString& file) {
         QJsonObject object = entry(cycle, from, to);
         object.insert(QStringLiteral("kind"), QLatin1String(kind));
-        object.insert(QStringLiteral("files"), file.isEmpty() ? QJsonArray() : QJsonArray{file});
+        object.insert(QStringLiteral("files"), QJsonArray{file});
         m_planted.append(object);
     };
     for (const CycleWriter::Break& gap : writer.breaks())
         addKind(gap.isCut ? "truncated-file" : "hole", gap.from, gap.to, gap.file);
     if (simulation.openTakeOff() > 0.0)
-        addKind("unfinished-flight", simulation.openTakeOff(), writer.lastSeconds(), {});
+        addKind("unfinished-flight", simulation.openTakeOff(), writer.lastSeconds(),
+                writer.lastFile());
 }
 
 bool PlantedList::write(const QString& path) const
