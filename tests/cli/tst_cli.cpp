@@ -84,34 +84,30 @@ void TestCli::listTellsFilesAndCycles()
 /// The findings of the sample card are those that its generator knows of, and no others.
 void TestCli::trustIsWhatWasPlanted()
 {
-    const QJsonArray planted =
-        QJsonDocument::fromJson(readFile(m_card + "/../planted.json")).array();
-    QStringList expected;
-    QStringList found;
-    const auto text = [](int cycle, const QJsonValue& told) {
-        // A take-off is found some seconds after the wheels begin to roll fast.
-        return QStringLiteral("%1 %2 %3 %4 %5")
-            .arg(cycle)
-            .arg(told["kind"].toString(), told["files"].toArray().first().toString())
-            .arg(std::round(told["from"].toDouble() / 10.0))
-            .arg(std::round(told["to"].toDouble() / 10.0));
-    };
-    for (const QJsonValue& entry : planted) {
+    QJsonArray planted;
+    for (const QJsonValue& entry :
+         QJsonDocument::fromJson(readFile(m_card + "/../planted.json")).array()) {
         if (entry.toObject().contains("kind"))
-            expected << text(entry["cycle"].toInt(), entry);
+            planted << entry;
         else
             QVERIFY(entry["peak"].toDouble() > 0.0 && !entry["parameter"].toString().isEmpty());
     }
+    QCOMPARE(planted.size(), 3);
+    qsizetype found = 0;
     const QJsonObject list = onCard("list", {});
     for (const QJsonValue& cycle : list["cycles"].toArray()) {
         for (const QJsonValue& finding : cycle["trust"].toArray()) {
-            found << text(cycle["number"].toInt(), finding);
+            const QJsonValue expected = planted.at(found++);
+            QCOMPARE(cycle["number"], expected["cycle"]);
+            QCOMPARE(finding["kind"], expected["kind"]);
+            QCOMPARE(finding["files"], expected["files"]);
+            for (const char* end : {"from", "to"}) // a take-off is found some samples later
+                QVERIFY(std::abs(finding[QLatin1String(end)].toDouble() -
+                                 expected[QLatin1String(end)].toDouble()) < 3.0);
             QVERIFY(finding["severity"] == "doubtful" && finding["text"].toString().size() > 20);
         }
     }
-    QCOMPARE(found, expected);
-    QVERIFY(expected.join(' ').contains("6 hole") &&
-            expected.join(' ').contains("7 unfinished-flight"));
+    QCOMPARE(found, planted.size());
     // The same of what is loaded; the hole ends within the 30 s before the take-off, or before.
     const QJsonObject flights = onCard("flights", {"--cycle", "6"});
     const QJsonValue hole = flights["trust"].toArray().first();

@@ -8,6 +8,7 @@ namespace KOLT::SampleCard {
 namespace {
 
 constexpr double gravity = 9.81;
+constexpr double fast = 50.0 / 3.6;     ///< m/s, faster than anything on the ground but a take-off
 constexpr double fuelReserve = 9.0; ///< litres per tank, below which the aircraft refuels
 
 double flag(bool on)
@@ -78,7 +79,9 @@ bool CycleSimulation::step()
     if (before == Phase::Final && now == Phase::RollOut) {
         ++m_landings;
         m_openTakeOff = 0.0;
-    } else if (before == Phase::TakeOff && now == Phase::Tow) {
+    } else if (now == Phase::Abort) {
+        m_openTakeOff = 0.0;
+    } else if (now == Phase::TakeOff && m_openTakeOff == 0.0 && m_pilot.motion().speed > fast) {
         m_openTakeOff = counter();
     }
     openWindows();
