@@ -13,10 +13,7 @@ using namespace Zinc2D;
 using KOLT::Test::fetchRow;
 using KOLT::Test::Rows;
 
-namespace {
-
 using Kind = DrawCommand::Kind;
-} // namespace
 
 class TestViewFrame : public QObject
 {

@@ -106,8 +106,6 @@ void TestViewReader::reports_data()
         {":2:47: there is no file \"none.png\""}, 1);
     row("missing style", "<text x='1' y='2' text='a' style='big'/>",
         {":2:35: there is no style \"big\""}, 1);
-    row("fault of a style", "<style name='s' size='1 +'/>\n<text x='1' y='2' style='s'/>",
-        {":2:26: the expression ends too early"}, 1);
     row("part outside", "<range from='0' to='1' color='#ffffff'/>",
         {":2:2: \"range\" must be inside another element"}, 0);
     row("wrong part", "<lamp x='1' y='1' width='1' height='1' value='1'><range/></lamp>",
@@ -156,10 +154,6 @@ void TestViewReader::reports_data()
         "<style name='s' size='#'/><text x='0' y='0' style='s'/><text x='0' y='0' style='s'/>",
         {":2:23: a colour is written as #rrggbb or #aarrggbb"}, 2);
     row("bad points", "<polygon points='0,0; 1,1; 2'/>", {":2:29: a point needs \"x, y\""}, 1);
-    row("several", "<a/><b/>\n<c/>",
-        {":2:2: there is no element \"a\"", ":2:6: there is no element \"b\"",
-         ":3:2: there is no element \"c\""},
-        0);
 }
 
 void TestViewReader::reports()

@@ -1,5 +1,6 @@
 #include "libs/zinc/drawing/MeshBuilder.h"
 
+#include "libs/zinc/drawing/PixelSnap.h"
 #include "libs/zinc/drawing/Triangulation.h"
 
 #include <algorithm>
@@ -80,42 +81,6 @@ private:
     std::vector<MeshVertex>& m_vertices;
 };
 
-bool isNear(double a, double b)
-{
-    return std::abs(a - b) < 1e-6;
-}
-
-bool isLevelRectangle(std::span<const QPointF> corners)
-{
-    return corners.size() == 4 && isNear(corners[0].y(), corners[1].y()) &&
-           isNear(corners[1].x(), corners[2].x()) && isNear(corners[2].y(), corners[3].y()) &&
-           isNear(corners[3].x(), corners[0].x());
-}
-
-/// Snaps to whole pixels, at least one wide and high.
-void snapRectangle(std::span<QPointF> corners)
-{
-    for (QPointF& corner : corners)
-        corner = {std::round(corner.x()), std::round(corner.y())};
-    const double width = corners[1].x() - corners[0].x();
-    const double height = corners[3].y() - corners[0].y();
-    if (width == 0.0) {
-        corners[1].rx() += 1.0;
-        corners[2].rx() += 1.0;
-    }
-    if (height == 0.0) {
-        corners[2].ry() += 1.0;
-        corners[3].ry() += 1.0;
-    }
-}
-
-/// Centre of a line whose edges are then on the boundaries of pixels.
-double snapped(double middle, double width)
-{
-    const double half = std::max(std::round(width), 1.0) / 2.0;
-    return std::round(middle - half) + half;
-}
-
 double signedArea(std::span<const QPointF> points)
 {
     double area = 0.0;
@@ -153,8 +118,7 @@ std::vector<QPointF> miters(std::span<const QPointF> points, Path path)
 
 void addFill(std::vector<QPointF> points, Mesh& mesh)
 {
-    if (isLevelRectangle(points)) {
-        snapRectangle(points);
+    if (snapRectangle(points)) {
         mesh.quad({points[0]}, {points[1]}, {points[2]}, {points[3]});
         return;
     }
@@ -187,26 +151,6 @@ void addCap(const QPointF& end, const QPointF& side, const QPointF& way, double 
     for (const double sign : {-1.0, 1.0})
         mesh.triangle({before + sign * inner * side, strength}, {beyond + sign * inner * side, 0.0},
                       {before + sign * outer * side, 0.0});
-}
-
-/// Snaps rectangles and axis-parallel lines to whole pixels. Returns the width to draw.
-double snapStroke(std::span<QPointF> points, double width, Path path)
-{
-    const double whole = std::max(std::round(width), 1.0);
-    if (isLevelRectangle(points) && path == Path::Closed) {
-        for (QPointF& point : points)
-            point = {snapped(point.x(), width), snapped(point.y(), width)};
-        return whole;
-    }
-    if (points.size() != 2 || path == Path::Closed)
-        return width;
-    if (isNear(points[0].y(), points[1].y()))
-        points[0].ry() = points[1].ry() = snapped(points[0].y(), width);
-    else if (isNear(points[0].x(), points[1].x()))
-        points[0].rx() = points[1].rx() = snapped(points[0].x(), width);
-    else
-        return width;
-    return whole;
 }
 
 void addStroke(std::vector<QPointF> points, double width, Path path, Mesh& mesh)
