@@ -86,14 +86,13 @@ void MapCamera::cancelAnimations()
 
 WindowPoint MapCamera::offsetOf(WindowPoint point) const
 {
-    return {(point.x - m_windowWidth / 2.0) * m_state.metresPerPixel,
-            (point.y - m_windowHeight / 2.0) * m_state.metresPerPixel};
+    return m_state.metresPerPixel *
+           (point - WindowPoint{m_windowWidth / 2.0, m_windowHeight / 2.0});
 }
 
 bool MapCamera::isOnGlobe(WindowPoint point) const
 {
-    const WindowPoint offset = offsetOf(point);
-    return std::hypot(offset.x, offset.y) <= TUSK::Geodetic::radius;
+    return length(offsetOf(point)) <= TUSK::Geodetic::radius;
 }
 
 void MapCamera::zoomAbout(WindowPoint point, double width)
@@ -187,7 +186,7 @@ void MapCamera::press(WindowPoint point)
 
 void MapCamera::noteMovement(WindowPoint point)
 {
-    if (std::hypot(point.x - m_pressPoint.x, point.y - m_pressPoint.y) > movedPixels)
+    if (length(point - m_pressPoint) > movedPixels)
         m_hasMoved = true;
 }
 

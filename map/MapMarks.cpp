@@ -113,7 +113,7 @@ const MapMark* markAt(const std::vector<MapMark>& marks, const Tessa::Globe& glo
     double least = markReach;
     for (const MapMark& mark : marks) {
         const auto place = globe.latLong2Window(mark.place);
-        const double away = place ? std::hypot(place->x - point.x, place->y - point.y) : HUGE_VAL;
+        const double away = place ? length(*place - point) : HUGE_VAL;
         if (away <= least) {
             nearest = &mark;
             least = away;

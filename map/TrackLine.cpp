@@ -20,14 +20,12 @@ constexpr double shortestColor = 2.0; // pixels
 /// The squared distance of a point from the line between two others.
 double squareFromLine(Tessa::WindowPoint click, Tessa::WindowPoint from, Tessa::WindowPoint to)
 {
-    const double x = to.x - from.x;
-    const double y = to.y - from.y;
-    const double length = x * x + y * y;
-    const double along = (click.x - from.x) * x + (click.y - from.y) * y;
-    const double part = length > 0.0 ? std::clamp(along / length, 0.0, 1.0) : 0.0;
-    const double dx = click.x - from.x - part * x;
-    const double dy = click.y - from.y - part * y;
-    return dx * dx + dy * dy;
+    const Tessa::WindowPoint line = to - from;
+    const double square = dot(line, line);
+    const double along = dot(click - from, line);
+    const double part = square > 0.0 ? std::clamp(along / square, 0.0, 1.0) : 0.0;
+    const Tessa::WindowPoint off = click - from - part * line;
+    return dot(off, off);
 }
 
 int nextRevision()

@@ -15,11 +15,7 @@ struct LatLong
 };
 
 /// A place in the window, in pixels from its lower left corner.
-struct WindowPoint
-{
-    double x = 0.0;
-    double y = 0.0;
-};
+using WindowPoint = TUSK::Math::Vector2;
 
 /// The longitude wrapped into [-180, 180).
 double wrappedLongitude(double longitude);

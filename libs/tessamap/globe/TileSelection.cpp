@@ -109,8 +109,8 @@ void walk(const TileId& tile, const Globe& globe, std::vector<SelectedTile>& sel
         return;
     }
     const WindowPoint middle = globe.windowOf(globe.toView(placeInTile(tile, 0.5, 0.5)));
-    selected.push_back(
-        {tile, std::hypot(middle.x - globe.width() / 2.0, middle.y - globe.height() / 2.0)});
+    const WindowPoint centre{globe.width() / 2.0, globe.height() / 2.0};
+    selected.push_back({tile, length(middle - centre)});
 }
 
 } // namespace
