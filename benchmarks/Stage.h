@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QColor>
 #include <QOffscreenSurface>
 #include <QOpenGLContext>
 #include <QOpenGLFramebufferObject>
