@@ -140,10 +140,19 @@ void addFill(std::vector<QPointF> points, Mesh& mesh)
     }
 }
 
-/// The antialiased end of a line; `way` points outwards.
-void addCap(const QPointF& end, const QPointF& side, const QPointF& way, double inner, double outer,
-            double strength, Mesh& mesh)
+/// Half the width of a stroke where it is opaque and where its edge has faded, and its alpha.
+struct StrokeEdges
 {
+    double inner = 0.0;
+    double outer = 0.0;
+    double strength = 1.0;
+};
+
+/// The antialiased end of a line; `way` points outwards.
+void addCap(const QPointF& end, const QPointF& side, const QPointF& way, const StrokeEdges& edges,
+            Mesh& mesh)
+{
+    const auto& [inner, outer, strength] = edges;
     const QPointF beyond = end + feather * way;
     const QPointF before = end - feather * way;
     mesh.quad({before + inner * side, strength}, {before - inner * side, strength},
@@ -160,9 +169,9 @@ void addStroke(std::vector<QPointF> points, double width, Path path, Mesh& mesh)
     if (points.size() < 2)
         return;
     // A line thinner than a pixel is drawn a pixel wide and paler.
-    const double strength = std::min(width, 1.0);
-    const double inner = std::max(width / 2.0 - feather, 0.0);
-    const double outer = std::max(width / 2.0, feather) + feather;
+    const StrokeEdges edges{std::max(width / 2.0 - feather, 0.0),
+                            std::max(width / 2.0, feather) + feather, std::min(width, 1.0)};
+    const auto& [inner, outer, strength] = edges;
     const std::vector<QPointF> sides = miters(points, path);
     std::vector<QPointF> along = points;
     const bool isClosed = path == Path::Closed;
@@ -192,10 +201,9 @@ void addStroke(std::vector<QPointF> points, double width, Path path, Mesh& mesh)
     const auto wayOf = [](const QPointF& from, const QPointF& to) {
         return (to - from) / length(to - from);
     };
-    addCap(points.front(), sides.front(), wayOf(points[1], points[0]), inner, outer, strength,
+    addCap(points.front(), sides.front(), wayOf(points[1], points[0]), edges, mesh);
+    addCap(points.back(), sides.back(), wayOf(points[points.size() - 2], points.back()), edges,
            mesh);
-    addCap(points.back(), sides.back(), wayOf(points[points.size() - 2], points.back()), inner,
-           outer, strength, mesh);
 }
 
 } // namespace
