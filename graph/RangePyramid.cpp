@@ -1,10 +1,16 @@
 #include "graph/RangePyramid.h"
 
+#include "base/Processor.h"
+
 #include <cmath>
 
 namespace KOLT {
 
 namespace {
+
+using Range = RangePyramid::Range;
+
+constexpr std::size_t fanOut = 32;
 
 void addTo(RangePyramid::Sum& total, double value)
 {
@@ -14,25 +20,45 @@ void addTo(RangePyramid::Sum& total, double value)
     ++total.count;
 }
 
+template <typename Entry>
+void addAll(Range& range, std::span<const Entry> entries, std::size_t from, std::size_t to)
+{
+    for (const Entry& entry : entries.subspan(from, to - from))
+        range.add(entry);
+}
+
+template <typename Entry>
+void summarise(std::span<const Entry> entries, std::vector<Range>& level)
+{
+    level.reserve(entries.size() / fanOut);
+    for (std::size_t i = level.size(); (i + 1) * fanOut <= entries.size(); ++i)
+        addAll(level.emplace_back(), entries, i * fanOut, (i + 1) * fanOut);
+}
+
+/// Adds the entries of [from, to) that are beside whole groups, and makes it the range of these
+/// groups. False if there are none.
+template <typename Entry>
+bool takeEnds(Range& range, std::span<const Entry> entries, std::size_t& from, std::size_t& to)
+{
+    const std::size_t firstGroup = (from + fanOut - 1) / fanOut;
+    const std::size_t lastGroup = to / fanOut;
+    if (firstGroup >= lastGroup) {
+        addAll(range, entries, from, to);
+        return false;
+    }
+    addAll(range, entries, from, firstGroup * fanOut);
+    addAll(range, entries, lastGroup * fanOut, to);
+    from = firstGroup;
+    to = lastGroup;
+    return true;
+}
+
 } // namespace
 
 void RangePyramid::clear()
 {
     m_levels.clear();
     m_sums.clear();
-}
-
-template <typename Source>
-void RangePyramid::summarise(std::span<const Source> source, std::vector<Entry>& level)
-{
-    level.reserve(source.size() / fanOut);
-    while ((level.size() + 1) * fanOut <= source.size()) {
-        const Source* const first = source.data() + level.size() * fanOut;
-        Extremes extremes;
-        extremes.addAll(first, first + fanOut);
-        const Range range = extremes.range();
-        level.push_back({range.lowest, -range.highest});
-    }
 }
 
 void RangePyramid::extend(std::span<const double> values)
@@ -44,7 +70,7 @@ void RangePyramid::extend(std::span<const double> values)
         if (i == 0)
             summarise(values, m_levels[0]);
         else
-            summarise(std::span<const Entry>(m_levels[i - 1]), m_levels[i]);
+            summarise(std::span<const Range>(m_levels[i - 1]), m_levels[i]);
         below = m_levels[i].size();
     }
     while ((m_sums.size() + 1) * sumBlock <= values.size()) {
@@ -53,6 +79,27 @@ void RangePyramid::extend(std::span<const double> values)
         for (std::size_t i = first; i < first + sumBlock; ++i)
             addTo(block, values[i]);
     }
+}
+
+RangePyramid::Range RangePyramid::range(std::span<const double> values, std::size_t from,
+                                        std::size_t to) const
+{
+    Range result;
+    if (!takeEnds(result, values, from, to))
+        return result;
+    for (const std::vector<Range>& level : m_levels) {
+        if (!takeEnds(result, std::span<const Range>(level), from, to))
+            break;
+    }
+    return result;
+}
+
+void RangePyramid::prefetch(std::span<const double> values, std::size_t position)
+{
+    constexpr std::size_t lineValues = 8;
+    const std::size_t first = position / fanOut * fanOut;
+    for (std::size_t i = 0; i < fanOut; i += lineValues)
+        KOLT::prefetch(values.data() + first + i);
 }
 
 RangePyramid::Sum RangePyramid::sum(std::span<const double> values, std::size_t from,

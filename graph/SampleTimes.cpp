@@ -1,5 +1,7 @@
 #include "graph/SampleTimes.h"
 
+#include "base/Processor.h"
+
 namespace KOLT {
 
 void SampleTimes::append(double time, SampleMark mark)
@@ -47,6 +49,12 @@ std::size_t SampleTimes::runEnd(std::size_t from, std::size_t limit, std::size_t
         (isInside(middle) ? inside : behind) = middle;
     }
     return behind;
+}
+
+void SampleTimes::prefetch(std::size_t index) const
+{
+    KOLT::prefetch(m_series != nullptr ? static_cast<const void*>(&(*m_series)[index])
+                                       : &m_times[index]);
 }
 
 void SampleTimes::findRuns(const Window& window) const

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "base/Processor.h"
 #include "record/IndexIterator.h"
 #include "record/MessageSeries.h"
 
@@ -102,12 +101,7 @@ private:
     std::size_t runEnd(std::size_t from, std::size_t limit, std::size_t step,
                        double pixelSeconds) const;
     void findRuns(const Window& window) const;
-
-    void prefetch(std::size_t index) const
-    {
-        KOLT::prefetch(m_series != nullptr ? static_cast<const void*>(&(*m_series)[index])
-                                           : &m_times[index]);
-    }
+    void prefetch(std::size_t index) const;
 
     const MessageSeries* m_series = nullptr;
     std::size_t m_size = 0;

@@ -101,11 +101,8 @@ void DialogGraphSetup::createRows(QFormLayout* form)
     for (const auto& [box, flag] : {std::pair(thresholds, &GraphSettings::hasThresholds),
                                     std::pair(events, &GraphSettings::hasEvents),
                                     std::pair(statistic, &GraphSettings::hasStatistic)})
-        connect(box, &QCheckBox::toggled, this, [this, flag = flag](bool isOn) {
-            m_settings.*flag = isOn;
-            if (!m_isShowing)
-                emit signalChanged();
-        });
+        connect(box, &QCheckBox::toggled, this,
+                [this, flag = flag](bool isOn) { setFlag(flag, isOn); });
     m_cursorMode = new QComboBox(this);
     m_cursorMode->addItems({tr("Floating"), tr("Center"), tr("End")});
     connect(m_cursorMode, &QComboBox::currentIndexChanged, this, [this](int index) {
@@ -172,6 +169,13 @@ void DialogGraphSetup::chooseColor(QColor& color)
     refresh();
 }
 
+void DialogGraphSetup::setFlag(bool GraphSettings::*flag, bool isOn)
+{
+    m_settings.*flag = isOn;
+    if (!m_isShowing)
+        emit signalChanged();
+}
+
 void DialogGraphSetup::slotBackgroundColor()
 {
     chooseColor(m_settings.background);
@@ -194,30 +198,22 @@ void DialogGraphSetup::slotLabelBackColor()
 
 void DialogGraphSetup::slotGridOn(int state)
 {
-    m_settings.hasGrid = state == Qt::Checked;
-    if (!m_isShowing)
-        emit signalChanged();
+    setFlag(&GraphSettings::hasGrid, state == Qt::Checked);
 }
 
 void DialogGraphSetup::slotCursorOn(int state)
 {
-    m_settings.hasCursor = state == Qt::Checked;
-    if (!m_isShowing)
-        emit signalChanged();
+    setFlag(&GraphSettings::hasCursor, state == Qt::Checked);
 }
 
 void DialogGraphSetup::slotLegendOn(int state)
 {
-    m_settings.hasLegend = state == Qt::Checked;
-    if (!m_isShowing)
-        emit signalChanged();
+    setFlag(&GraphSettings::hasLegend, state == Qt::Checked);
 }
 
 void DialogGraphSetup::slotAutoscaleOn(int state)
 {
-    m_settings.isAutoscaled = state == Qt::Checked;
-    if (!m_isShowing)
-        emit signalChanged();
+    setFlag(&GraphSettings::isAutoscaled, state == Qt::Checked);
 }
 
 void DialogGraphSetup::slotYmin(const QString& text)

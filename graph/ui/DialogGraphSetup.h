@@ -48,6 +48,7 @@ private:
     };
 
     void chooseColor(QColor& color);
+    void setFlag(bool GraphSettings::*flag, bool isOn);
     QLayout* createColorRow(const QColor& color, void (DialogGraphSetup::*slot)(),
                             QCheckBox* box = nullptr);
     QCheckBox* createBox(const QString& text, bool GraphSettings::*flag);
