@@ -1,6 +1,7 @@
 #include "libs/tessamap/drawing/TileDrawer.h"
 
 #include "libs/tessamap/globe/TileSelection.h"
+#include "libs/tusk/gl/ShaderProgram.h"
 
 #include <cmath>
 #include <cstdint>
@@ -11,7 +12,7 @@ namespace Tessa {
 
 namespace {
 
-constexpr int positionLocation = 0;
+constexpr int positionLocation = 0; ///< in the order of the names in create()
 constexpr int placeLocation = 1;
 constexpr int floatsPerVertex = 5; ///< x, y, z, u, v
 constexpr int stride = floatsPerVertex * static_cast<int>(sizeof(float));
@@ -117,22 +118,15 @@ std::unique_ptr<TileDrawer> TileDrawer::create(QString& error)
 {
     auto drawer = std::unique_ptr<TileDrawer>(new TileDrawer);
     drawer->m_gl.initializeOpenGLFunctions();
-    if (!drawer->build(drawer->m_plain, plainSource, error) ||
-        !drawer->build(drawer->m_shaded, shadedSource, error) ||
-        !drawer->build(drawer->m_flat, flatSource, error))
-        return nullptr;
-    return drawer;
-}
-
-bool TileDrawer::build(QOpenGLShaderProgram& program, const char* fragmentSource, QString& error)
-{
-    program.bindAttributeLocation("position", positionLocation);
-    program.bindAttributeLocation("place", placeLocation);
-    if (program.addShaderFromSourceCode(QOpenGLShader::Vertex, vertexSource) &&
-        program.addShaderFromSourceCode(QOpenGLShader::Fragment, fragmentSource) && program.link())
-        return true;
-    error = program.log().trimmed();
-    return false;
+    const auto make = [&error](const char* fragmentSource) {
+        return TUSK::OpenGL::makeProgram(vertexSource, fragmentSource, {"position", "place"},
+                                         &error);
+    };
+    drawer->m_plain = make(plainSource);
+    drawer->m_shaded = make(shadedSource);
+    drawer->m_flat = make(flatSource);
+    const bool isReady = drawer->m_plain && drawer->m_shaded && drawer->m_flat;
+    return isReady ? std::move(drawer) : nullptr;
 }
 
 TileDrawer::Mesh& TileDrawer::meshOf(const TileId& tile)
@@ -222,11 +216,19 @@ void TileDrawer::bind(QOpenGLShaderProgram& program)
     program.enableAttributeArray(placeLocation);
 }
 
+void TileDrawer::bindVertices(QOpenGLBuffer& vertices)
+{
+    vertices.bind();
+    m_bound->setAttributeBuffer(positionLocation, GL_FLOAT, 0, 3, stride);
+    m_bound->setAttributeBuffer(placeLocation, GL_FLOAT, 3 * static_cast<int>(sizeof(float)), 2,
+                                stride);
+}
+
 void TileDrawer::draw(Piece piece, const TileId& tile, const TextureView& image,
                       const TextureView& shade)
 {
     Mesh& mesh = meshOf(tile);
-    bind(shade.texture != 0 ? m_shaded : m_plain);
+    bind(shade.texture != 0 ? *m_shaded : *m_plain);
     m_bound->setUniformValue("matrix", matrixFrom(m_globe, mesh.origin));
     m_bound->setUniformValue("imageWindow", image.left, image.top, image.size);
     if (shade.texture != 0) {
@@ -236,10 +238,7 @@ void TileDrawer::draw(Piece piece, const TileId& tile, const TextureView& image,
         m_gl.glActiveTexture(GL_TEXTURE0);
     }
     m_gl.glBindTexture(GL_TEXTURE_2D, image.texture);
-    mesh.vertices.bind();
-    m_bound->setAttributeBuffer(positionLocation, GL_FLOAT, 0, 3, stride);
-    m_bound->setAttributeBuffer(placeLocation, GL_FLOAT, 3 * static_cast<int>(sizeof(float)), 2,
-                                stride);
+    bindVertices(mesh.vertices);
     Indices& indices = indicesOf(mesh.cells);
     indices.buffer.bind();
     if (piece == Piece::Tile) {
@@ -263,16 +262,14 @@ void TileDrawer::drawCap(Pole pole, const QColor& color)
         add(vertices, TUSK::Geodetic::latLong2Cartesian(capLatitude * sign, longitude), tip, 0.0,
             0.0);
     }
-    bind(m_flat);
+    bind(*m_flat);
     m_bound->setUniformValue("matrix", matrixFrom(m_globe, tip));
     m_bound->setUniformValue("color", color);
     if (!m_cap.isCreated())
         m_cap.create();
     m_cap.bind();
     m_cap.allocate(vertices.data(), static_cast<int>(vertices.size() * sizeof(float)));
-    m_bound->setAttributeBuffer(positionLocation, GL_FLOAT, 0, 3, stride);
-    m_bound->setAttributeBuffer(placeLocation, GL_FLOAT, 3 * static_cast<int>(sizeof(float)), 2,
-                                stride);
+    bindVertices(m_cap);
     m_gl.glDrawArrays(GL_TRIANGLE_FAN, 0, capSegments + 2);
 }
 

@@ -70,16 +70,16 @@ private:
 
     TileDrawer() = default;
 
-    bool build(QOpenGLShaderProgram& program, const char* fragmentSource, QString& error);
     Mesh& meshOf(const TileId& tile);
     Indices& indicesOf(int cells);
     void dropOldMeshes();
     void bind(QOpenGLShaderProgram& program);
+    void bindVertices(QOpenGLBuffer& vertices);
 
     QOpenGLFunctions m_gl;
-    QOpenGLShaderProgram m_plain;
-    QOpenGLShaderProgram m_shaded;
-    QOpenGLShaderProgram m_flat;
+    std::unique_ptr<QOpenGLShaderProgram> m_plain;
+    std::unique_ptr<QOpenGLShaderProgram> m_shaded;
+    std::unique_ptr<QOpenGLShaderProgram> m_flat;
     QOpenGLShaderProgram* m_bound = nullptr;
     std::unordered_map<TileId, Mesh> m_meshes;
     std::unordered_map<int, Indices> m_indices; ///< by cells along a side
