@@ -1,13 +1,11 @@
 #include "map/ui/DialogDataMap.h"
 
 #include "map/ui/WidgetMap.h"
-#include "profile/ValueDecoder.h"
 
 #include <QAction>
 #include <QButtonGroup>
 #include <QComboBox>
 #include <QGridLayout>
-#include <QLabel>
 #include <QResizeEvent>
 #include <QTimer>
 #include <QToolBar>
@@ -26,9 +24,6 @@ constexpr int valuePanelPlace = 310;
 constexpr int valuePanelWidth = 300;
 constexpr int attributionHeight = 48; ///< two lines
 constexpr int toolMargin = 3;
-constexpr int valueMargin = 5;
-
-const auto valueStyle = QStringLiteral("QLabel {color: %1; font-weight: bold;}");
 
 } // namespace
 
@@ -36,6 +31,7 @@ DialogDataMap::DialogDataMap(const Profile& profile, const MapSettings& settings
     : QWidget(parent)
     , m_profile(profile)
     , m_map(new WidgetMap(m_state, settings, this))
+    , m_values(profile, this)
 {
     auto* const layout = new QGridLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -44,17 +40,6 @@ DialogDataMap::DialogDataMap(const Profile& profile, const MapSettings& settings
     connect(m_map, &WidgetMap::signalTime, this, &DialogDataMap::signalTime);
     connect(m_map, &WidgetMap::signalMessage, this, &DialogDataMap::signalMessage);
     createToolBar();
-    m_valuePanel = new QWidget(this);
-    m_valuePanel->setAttribute(Qt::WA_StyledBackground);
-    m_valuePanel->setStyleSheet(
-        QStringLiteral(".QWidget{background-color: #66000000;border-radius:10px;}"));
-    m_valuePanel->setObjectName(QStringLiteral("valuePanel"));
-    m_values = new QGridLayout(m_valuePanel);
-    m_values->setContentsMargins(valueMargin, valueMargin, valueMargin, valueMargin);
-    m_values->setSizeConstraint(QLayout::SetNoConstraint); // a low map cuts the last rows off
-    m_values->setColumnStretch(0, 1);
-    m_valuePanel->setAttribute(Qt::WA_TransparentForMouseEvents);
-    m_valuePanel->hide();
     setMinimumWidth(narrowestPage);
 }
 
@@ -126,7 +111,7 @@ void DialogDataMap::slotUpdateMode()
 
 void DialogDataMap::dropData()
 {
-    m_table = {};
+    m_values.dropData();
     dropTrack();
 }
 
@@ -190,11 +175,15 @@ void DialogDataMap::fillColorings()
 {
     const QVariant chosen = m_coloring->currentData();
     m_coloring->clear();
-    m_coloring->addItem(tr("One color"), QString());
-    m_coloring->addItem(tr("Altitude"), QStringLiteral("altitude"));
-    m_coloring->addItem(tr("Ground speed"), QStringLiteral("speed"));
+    using Kind = TrackColorChoice::Kind;
+    const auto add = [this](const QString& text, Kind kind, const QString& parameter = {}) {
+        m_coloring->addItem(text, QVariant::fromValue(TrackColorChoice{kind, parameter}));
+    };
+    add(tr("One color"), Kind::None);
+    add(tr("Altitude"), Kind::Altitude);
+    add(tr("Ground speed"), Kind::GroundSpeed);
     for (const ProfileParameter* const parameter : m_profile.selectedParameters())
-        m_coloring->addItem(parameter->name, QStringLiteral("/") + parameter->fullName);
+        add(parameter->name, Kind::Parameter, parameter->fullName);
     m_coloring->setCurrentIndex(std::max(0, m_coloring->findData(chosen)));
 }
 
@@ -202,77 +191,20 @@ void DialogDataMap::slotColoring(int index)
 {
     if (dataSet() == nullptr)
         return;
-    const QString chosen = m_coloring->itemData(index).toString();
-    TrackColorChoice choice;
-    if (chosen.startsWith(QLatin1Char('/')))
-        choice = {TrackColorChoice::Kind::Parameter, chosen.mid(1)};
-    else if (!chosen.isEmpty())
-        choice.kind = chosen == QStringLiteral("altitude") ? TrackColorChoice::Kind::Altitude
-                                                           : TrackColorChoice::Kind::GroundSpeed;
+    const auto choice = m_coloring->itemData(index).value<TrackColorChoice>();
     m_map->setColors(trackColors(choice, m_profile, *dataSet()));
 }
 
 void DialogDataMap::createValueRows()
 {
-    for (const ValueRow& row : m_rows) {
-        delete row.name;
-        delete row.value;
-    }
-    m_rows.clear();
-    m_table = {};
-    if (dataSet() == nullptr) {
-        m_valuePanel->hide();
-        return;
-    }
-    const std::vector<const ProfileParameter*> parameters = m_profile.selectedParameters();
-    m_table = TimeTable(*dataSet(), parameters);
-    for (const ProfileParameter* const parameter : parameters) {
-        ValueRow row{parameter, new QLabel(parameter->name, m_valuePanel),
-                     new QLabel(m_valuePanel)};
-        const int line = static_cast<int>(m_rows.size());
-        for (QLabel* const label : {row.name, row.value})
-            label->setStyleSheet(valueStyle.arg(QStringLiteral("white")));
-        row.value->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-        m_values->addWidget(row.name, line, 0);
-        m_values->addWidget(row.value, line, 1);
-        // The grid gives no height to hidden labels.
-        row.name->show();
-        row.value->show();
-        m_rows.push_back(row);
-    }
-    m_valuePanel->setVisible(!m_rows.empty());
+    m_values.setData(dataSet());
     placePanels();
 }
 
 void DialogDataMap::showTime()
 {
     m_map->setAircraft(m_aircraft.at(time()));
-    refreshValues();
-}
-
-void DialogDataMap::refreshValues()
-{
-    if (m_table.rowCount() == 0)
-        return;
-    const std::size_t tableRow = m_table.rowAt(time());
-    for (std::size_t i = 0; i < m_rows.size(); ++i) {
-        const ValueRow& row = m_rows[i];
-        const TimeTable::Cell cell = m_table.cellAt(time(), tableRow, i);
-        QString text = QStringLiteral("---");
-        QColor color = Qt::white;
-        if (cell.sample != nullptr) {
-            MessageData bytes = cell.sample->data;
-            const DecodedValue value = decodeValue(m_profile, *row.parameter, bytes);
-            text = value.text;
-            color = QColor(value.grade.color);
-            if (!m_profile.unitLabel(*row.parameter).isEmpty())
-                text += QStringLiteral(" [%1]").arg(m_profile.unitLabel(*row.parameter));
-        }
-        const QString style = valueStyle.arg(color.name());
-        if (row.value->styleSheet() != style) // setting one is expensive
-            row.value->setStyleSheet(style);
-        row.value->setText(text);
-    }
+    m_values.showTime(time());
 }
 
 void DialogDataMap::placePanels()
@@ -283,13 +215,13 @@ void DialogDataMap::placePanels()
     m_toolPanel->raise();
     // In a narrow map the values are placed below the commands.
     QRect values(std::max(panelEdge, width() - valuePanelPlace), panelEdge,
-                 std::min(valuePanelWidth, width() - 2 * panelEdge), m_values->sizeHint().height());
+                 std::min(valuePanelWidth, width() - 2 * panelEdge), m_values.fullHeight());
     if (values.intersects(m_toolPanel->geometry()))
         values.moveTop(m_toolPanel->geometry().bottom() + panelEdge / 2);
     // The attribution at the bottom must stay visible.
     values.setBottom(std::min(values.bottom(), height() - attributionHeight));
-    m_valuePanel->setGeometry(values);
-    m_valuePanel->raise();
+    m_values.widget().setGeometry(values);
+    m_values.widget().raise();
 }
 
 void DialogDataMap::resizeEvent(QResizeEvent* event)

@@ -1,10 +1,10 @@
 #pragma once
 
-#include "analysis/TimeTable.h"
 #include "map/AircraftTrack.h"
 #include "map/MapMarks.h"
 #include "map/MapViewState.h"
 #include "map/TrackColors.h"
+#include "map/ui/MapValuePanel.h"
 #include "ui/DataPage.h"
 
 #include <QWidget>
@@ -12,8 +12,6 @@
 class QAction;
 class QButtonGroup;
 class QComboBox;
-class QGridLayout;
-class QLabel;
 
 namespace KOLT {
 
@@ -59,20 +57,12 @@ private slots:
 private:
     enum Command { CenterAircraft };
 
-    struct ValueRow
-    {
-        const ProfileParameter* parameter = nullptr;
-        QLabel* name = nullptr;
-        QLabel* value = nullptr;
-    };
-
     void createToolBar();
     void dropTrack();
     void showTrack();
     void showMarks();
     void fillColorings();
     void createValueRows();
-    void refreshValues();
     void placePanels();
 
     const Profile& m_profile;
@@ -83,10 +73,7 @@ private:
     QAction* m_shading = nullptr;
     QButtonGroup* m_commands = nullptr;
     QComboBox* m_coloring = nullptr;
-    QWidget* m_valuePanel = nullptr;
-    QGridLayout* m_values = nullptr;
-    std::vector<ValueRow> m_rows;
-    TimeTable m_table;
+    MapValuePanel m_values;
     AircraftTrack m_aircraft;
     const DataSet* m_fitted = nullptr; ///< the data set that the view was fitted to
 };
