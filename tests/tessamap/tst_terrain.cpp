@@ -317,7 +317,7 @@ void TestTerrain::averages()
 void TestTerrain::littleMemoryIsEnough()
 {
     Ground ground;
-    ground.source.setMemoryLimit(std::size_t(13) << 20); // four files have 11.5 MiB
+    ground.source.setMemoryLimit(qsizetype(13) << 20); // four files have 11.5 MiB
     for (const int latitude : {46, 47}) {
         for (const int longitude : {10, 11})
             ground.add(QString("N%1E0%2.hgt").arg(latitude).arg(longitude),

@@ -14,7 +14,7 @@ namespace Tessa {
 
 namespace {
 
-constexpr std::size_t maxLoading = 4;
+constexpr qsizetype maxLoading = 4;
 
 /// The coarsest level whose samples are hardly farther apart than a pixel at the equator. It
 /// depends on the zoom alone, so that neighbouring tiles use the same heights.
@@ -138,7 +138,7 @@ ElevationSource::State ElevationSource::sample(const TileId& tile, std::vector<f
         return State::None;
     const TileSamples samples(tile);
     State state = State::None;
-    std::vector<HeightCache::Grid> grids;
+    std::vector<Grid> grids;
     for (const TileSamples::Block& block : samples.blocks()) {
         const File* const file = usableFile(block.cell);
         grids.push_back(file ? grid({block.cell, levelFor(file->side, tile.zoom)}) : nullptr);
@@ -158,14 +158,16 @@ ElevationSource::State ElevationSource::sample(const TileId& tile, std::vector<f
     return State::Ready;
 }
 
-HeightCache::Grid ElevationSource::grid(const GridId& id)
+ElevationSource::Grid ElevationSource::grid(const GridId& id)
 {
-    if (HeightCache::Grid known = m_heights.find(id))
-        return known;
+    if (const Grid* const known = m_heights.object(id))
+        return *known;
     // Only a few at a time, so that the most important are read first; the others will be asked
     // for again.
-    if (m_loading.size() < maxLoading && m_loading.insert(id).second)
+    if (m_loading.size() < maxLoading && !m_loading.contains(id)) {
+        m_loading.insert(id);
         load(id, m_files.at(id.cell));
+    }
     return nullptr;
 }
 
@@ -181,14 +183,14 @@ void ElevationSource::load(const GridId& id, const File& file)
 void ElevationSource::take(const GridId& id, const File& read,
                            const std::optional<ElevationLevels>& levels)
 {
-    m_loading.erase(id);
+    m_loading.remove(id);
     const auto file = m_files.find(id.cell);
     // A file that was replaced in the meantime will be asked for again.
     if (file != m_files.end() && file->second.isSame(read)) {
         if (levels) {
             // Coarser versions are small. Finer ones are read again when they are needed.
             for (std::size_t i = ElevationLevels::count; i-- > id.level;)
-                m_heights.add({id.cell, i}, levels->grids[i]);
+                keep({id.cell, i}, levels->grids[i]);
             file->second.side = levels->grids[0]->side;
         } else {
             file->second.side = 0;
@@ -196,6 +198,12 @@ void ElevationSource::take(const GridId& id, const File& read,
         }
     }
     emit changed();
+}
+
+void ElevationSource::keep(const GridId& id, const Grid& grid)
+{
+    if (!m_heights.contains(id))
+        m_heights.insert(id, new Grid(grid), static_cast<qsizetype>(grid->bytes()));
 }
 
 void ElevationSource::tellUnusable(const File& file)

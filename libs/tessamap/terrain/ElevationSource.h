@@ -1,17 +1,18 @@
 #pragma once
 
 #include "libs/tessamap/globe/TileId.h"
-#include "libs/tessamap/terrain/HeightCache.h"
 #include "libs/tessamap/terrain/TileSamples.h"
 
+#include <QCache>
 #include <QDateTime>
 #include <QObject>
+#include <QSet>
 #include <QString>
 #include <QThreadPool>
 
+#include <memory>
 #include <optional>
 #include <unordered_map>
-#include <unordered_set>
 #include <vector>
 
 namespace Tessa {
@@ -54,7 +55,7 @@ public:
     /// overlap. `heights` is left unchanged unless the result is Ready.
     State sample(const TileId& tile, std::vector<float>& heights);
 
-    void setMemoryLimit(std::size_t bytes) { m_heights.setLimit(bytes); }
+    void setMemoryLimit(qsizetype bytes) { m_heights.setMaxCost(bytes); }
 
 signals:
     /// A file has been read or found unusable, or the files have changed.
@@ -81,18 +82,35 @@ private:
     };
 
     using Files = std::unordered_map<ElevationCell, File>;
+    using Grid = std::shared_ptr<const HeightGrid>;
+
+    /// One of the levels of an elevation file (ElevationLevels).
+    struct GridId
+    {
+        ElevationCell cell;
+        std::size_t level = 0;
+
+        friend bool operator==(const GridId&, const GridId&) = default;
+
+        friend std::size_t qHash(const GridId& id, std::size_t seed = 0)
+        {
+            return ::qHash(std::hash<ElevationCell>()(id.cell) * ElevationLevels::count + id.level,
+                           seed);
+        }
+    };
 
     static Files filesIn(const QString& folder);
     File* usableFile(const ElevationCell& cell);
     void tellUnusable(const File& file);
-    HeightCache::Grid grid(const GridId& id);
+    Grid grid(const GridId& id);
     void load(const GridId& id, const File& file);
+    void keep(const GridId& id, const Grid& grid);
     void take(const GridId& id, const File& read, const std::optional<ElevationLevels>& levels);
 
     QString m_path;
     Files m_files;
-    HeightCache m_heights;
-    std::unordered_set<GridId> m_loading;
+    QCache<GridId, Grid> m_heights{qsizetype(192) << 20}; ///< limited by their bytes
+    QSet<GridId> m_loading;
     QThreadPool m_worker;
 };
 
