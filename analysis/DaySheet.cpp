@@ -21,18 +21,11 @@ QString dateText(const QDate& date)
     return date.isValid() ? date.toString(QStringLiteral("dd.MM.yyyy")) : Text::tr("Unknown Date");
 }
 
-/// Clock time if the recording has a date, otherwise the time on the counter.
-QString clockText(const QDateTime& dateTime, double seconds)
-{
-    return dateTime.isValid() ? dateTime.toString(QStringLiteral("hh:mm:ss"))
-                              : durationText(seconds);
-}
-
 QStringList cellsOf(const FlightLine& line)
 {
     return {dateText(line.takeOff.date()),
-            clockText(line.takeOff, line.takeOffSeconds),
-            clockText(line.landing, line.landingSeconds),
+            timeOfDayText(line.takeOff, line.takeOffSeconds),
+            timeOfDayText(line.landing, line.landingSeconds),
             durationText(line.flightSeconds()),
             figureText(line.maxAltitude, 0, {}),
             figureText(line.climb, 0, {}),

@@ -23,13 +23,6 @@ QString litres(double fuel)
     return figureText(fuel, 2, {});
 }
 
-/// The clock if the recording has one, otherwise the unit's counter.
-QString clockText(const QDateTime& dateTime, double seconds)
-{
-    return dateTime.isValid() ? dateTime.toString(QStringLiteral("hh:mm:ss"))
-                              : durationText(seconds);
-}
-
 QStringList emptyCells()
 {
     QStringList cells;
@@ -80,7 +73,7 @@ Row cycleRow(const Profile& profile, const CycleOverview& cycle)
     Row row{OverviewTable::Kind::Cycle, cycle.number, 0, emptyCells(),
             cycle.isComplete,           cycle.worst,  {}};
     row.cells[OverviewTable::Name] = cycle.name;
-    row.cells[OverviewTable::Time] = clockText(cycle.dateTime, cycle.startSeconds);
+    row.cells[OverviewTable::Time] = timeOfDayText(cycle.dateTime, cycle.startSeconds);
     row.cells[OverviewTable::Run] = durationText(cycle.runSeconds);
     if (!cycle.isComplete)
         return row;
@@ -107,7 +100,7 @@ Row flightRow(const Profile& profile, const CycleOverview& cycle, std::size_t in
     const FlightOverview& flight = cycle.flights[index];
     Row row{OverviewTable::Kind::Flight, cycle.number, index, emptyCells(), true, flight.worst, {}};
     row.cells[OverviewTable::Name] = Text::tr("Flight %1").arg(index + 1);
-    row.cells[OverviewTable::Time] = clockText(flight.line.takeOff, flight.line.takeOffSeconds);
+    row.cells[OverviewTable::Time] = timeOfDayText(flight.line.takeOff, flight.line.takeOffSeconds);
     row.cells[OverviewTable::Air] = durationText(flight.line.flightSeconds());
     row.cells[OverviewTable::Altitude] = figureText(flight.line.maxAltitude, 0, {});
     row.cells[OverviewTable::Fuel] = litres(flight.line.fuel);

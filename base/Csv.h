@@ -8,13 +8,6 @@ namespace KOLT {
 /// quotes inside doubled.
 QString csvField(const QString& text, QChar separator);
 
-/// The number as printf writes it with "%.*f", optionally with a decimal comma, which spreadsheets
-/// need in many countries.
-QString csvNumber(double number, int decimals, bool hasDecimalComma);
-
-/// The same for a number that is already text.
-QString csvNumber(QString number, bool hasDecimalComma);
-
 /// The fields quoted as needed and joined, with a line end.
 QString csvLine(const QStringList& fields, QChar separator);
 

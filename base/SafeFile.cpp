@@ -94,11 +94,17 @@ WriteResult copyFile(const QString& source, const QString& target)
     return replaceFile(target, content);
 }
 
+QString freePath(const QString& stem, const QString& suffix)
+{
+    QString path = stem + suffix;
+    for (int i = 2; QFileInfo(path).isSymLink() || QFileInfo::exists(path); ++i)
+        path = stem + QLatin1Char('.') + QString::number(i) + suffix;
+    return path;
+}
+
 QString moveAside(const QString& path)
 {
-    QString aside = path + QStringLiteral(".broken");
-    for (int i = 2; QFileInfo(aside).isSymLink() || QFileInfo::exists(aside); ++i)
-        aside = QStringLiteral("%1.broken.%2").arg(path).arg(i);
+    const QString aside = freePath(path + QStringLiteral(".broken"), {});
     // QFile::rename() would fall back to copying and then remove the original.
     std::error_code error;
     std::filesystem::rename(QFile::encodeName(path).toStdString(),

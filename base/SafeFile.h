@@ -33,6 +33,9 @@ WriteResult replaceFile(const QString& path, const QByteArray& content);
 /// Creates or replaces the target by a copy of the file.
 WriteResult copyFile(const QString& source, const QString& target);
 
+/// A path that is not taken: "<stem><suffix>", otherwise "<stem>.2<suffix>" and so on.
+QString freePath(const QString& stem, const QString& suffix);
+
 /// Renames an unusable file to "<path>.broken", or "<path>.broken.2" and so on where that name is
 /// taken. Returns the new name; empty when it could not be renamed.
 QString moveAside(const QString& path);

@@ -48,12 +48,6 @@ bool isAcceptableXml(const QByteArray& content)
     return !reader.hasError();
 }
 
-bool isXmlCharacter(char32_t c)
-{
-    return c == 0x9 || c == 0xA || c == 0xD || (c >= 0x20 && c <= 0xD7FF) ||
-           (c >= 0xE000 && c <= 0xFFFD) || (c >= 0x10000 && c <= 0x10FFFF);
-}
-
 } // namespace
 
 XmlStatus parseXmlFile(const QString& path, QDomDocument& document)
@@ -89,14 +83,6 @@ WriteResult writeXmlFile(const QString& path, const QDomDocument& document)
     if (!result)
         Diagnostics::print("could not open file for writing !<%s>\n", qUtf8Printable(path));
     return result;
-}
-
-QString xmlText(const QByteArray& bytes)
-{
-    QString text;
-    for (const char32_t c : QString::fromUtf8(bytes).toUcs4())
-        text += QStringView(QChar::fromUcs4(isXmlCharacter(c) ? c : char32_t{0xFFFD}));
-    return text;
 }
 
 } // namespace KOLT

@@ -33,8 +33,4 @@ XmlStatus readXmlFile(const QString& path, QDomDocument& document);
 /// all. On failure prints "could not open file for writing !<path>".
 WriteResult writeXmlFile(const QString& path, const QDomDocument& document);
 
-/// Attribute text from UTF-8, with characters that XML does not allow replaced by U+FFFD: a single
-/// one, in a file name for example, would make the whole file unreadable.
-QString xmlText(const QByteArray& bytes);
-
 } // namespace KOLT

@@ -1,7 +1,7 @@
 #include "export/CsvCells.h"
 
 #include "base/Csv.h"
-#include "export/NumberText.h"
+#include "base/NumberText.h"
 #include "profile/ValueDecoder.h"
 
 #include <algorithm>

@@ -1,8 +1,8 @@
 #include "export/GpxWriter.h"
 
+#include "base/NumberText.h"
 #include "export/ExportClock.h"
 #include "export/ExportText.h"
-#include "export/NumberText.h"
 #include "export/XmlExport.h"
 #include "record/FlightPath.h"
 

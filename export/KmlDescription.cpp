@@ -1,9 +1,9 @@
 #include "export/KmlDescription.h"
 
+#include "analysis/MomentText.h"
+#include "base/NumberText.h"
 #include "export/ExportText.h"
-#include "export/NumberText.h"
 #include "profile/ValueDecoder.h"
-#include "record/ClockTime.h"
 
 #include <algorithm>
 
@@ -45,7 +45,8 @@ QString KmlDescription::of(const TrackPoint& point)
     if (point.hasAltitude)
         text += row(ExportText::tr("Altitude"), roleText(Role::Altitude, point.altitude, "m", 0));
     if (m_hasSpeed)
-        text += row(ExportText::tr("Speed"), roleText(Role::GroundSpeed, point.groundSpeed, "km/h", 0));
+        text +=
+            row(ExportText::tr("Speed"), roleText(Role::GroundSpeed, point.groundSpeed, "km/h", 0));
     for (auto& [id, walker] : m_walkers)
         walker.advanceTo(seconds);
     for (const Column& column : m_columns) {
@@ -77,11 +78,10 @@ QString KmlDescription::momentText(double seconds) const
 {
     const QDateTime moment = m_clock.dateTime(seconds);
     return moment.isValid() ? moment.toString(QStringLiteral("dd.MM.yyyy hh:mm:ss.zzz"))
-                            : clockTime(seconds).toString(QStringLiteral("hh:mm:ss.zzz"));
+                            : counterText(seconds);
 }
 
-QString KmlDescription::roleText(Role role, double metric, const char* unit,
-                                 int decimals) const
+QString KmlDescription::roleText(Role role, double metric, const char* unit, int decimals) const
 {
     const ProfileParameter* const parameter = m_profile.parameterByRole(role);
     if (parameter == nullptr)

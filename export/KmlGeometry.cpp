@@ -1,7 +1,7 @@
 #include "export/KmlGeometry.h"
 
+#include "base/NumberText.h"
 #include "export/ExportText.h"
-#include "export/NumberText.h"
 #include "record/FlightPath.h"
 
 namespace KOLT {

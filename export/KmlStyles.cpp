@@ -1,6 +1,6 @@
 #include "export/KmlStyles.h"
 
-#include "export/NumberText.h"
+#include "base/NumberText.h"
 #include "export/XmlExport.h"
 
 namespace KOLT {

@@ -1,31 +1,9 @@
 #include "export/XmlExport.h"
 
+#include "base/XmlText.h"
 #include "export/ExportFile.h"
 
 namespace KOLT {
-
-namespace {
-
-/// The text without control characters, lone surrogates and noncharacters.
-QString allowed(const QString& text)
-{
-    QString result;
-    result.reserve(text.size());
-    for (qsizetype i = 0; i < text.size(); ++i) {
-        const QChar character = text[i];
-        const char16_t code = character.unicode();
-        if (character.isHighSurrogate() && i + 1 < text.size() && text[i + 1].isLowSurrogate()) {
-            result += character;
-            result += text[++i];
-        } else if (code == u'\t' || code == u'\n' || code == u'\r' ||
-                   (code >= u' ' && !character.isSurrogate() && code < 0xFFFE)) {
-            result += character;
-        }
-    }
-    return result;
-}
-
-} // namespace
 
 XmlExport::XmlExport(QIODevice& device, const ExportProgress& progress, std::size_t steps)
     : m_xml(&device)
@@ -38,7 +16,7 @@ XmlExport::XmlExport(QIODevice& device, const ExportProgress& progress, std::siz
 
 void XmlExport::element(const char* name, const QString& text)
 {
-    m_xml.writeTextElement(QLatin1String(name), allowed(text));
+    m_xml.writeTextElement(QLatin1String(name), xmlText(text, InvalidXml::Drop));
 }
 
 ExportStatus XmlExport::finish()

@@ -1,5 +1,6 @@
 #include "graph/AxisDrawing.h"
 
+#include "base/NumberText.h"
 #include "graph/GraphTicks.h"
 
 #include <algorithm>
@@ -110,7 +111,7 @@ void drawValueAxis(ScenePen& pen, const Graph& graph, const GraphScale& scale, i
         if (scale.offset > Graph::bottomMargin && y < scale.offset + line / 2.0)
             continue;
         pen.text(left - shortTick - 2.0, std::min(y, graph.height() - line / 2.0), Qt::AlignRight,
-                 QString::asprintf("%.*f", shown, tick), color);
+                 fixedText(tick, shown), color);
     }
 }
 

@@ -1,6 +1,7 @@
 #include "graph/GraphTexts.h"
 
-#include "record/ClockTime.h"
+#include "analysis/MomentText.h"
+#include "base/NumberText.h"
 
 #include <algorithm>
 #include <cmath>
@@ -16,7 +17,7 @@ QString number(double value, int decimals)
 {
     if (!std::isfinite(value))
         return QStringLiteral("---");
-    return QString::asprintf("%.*f", decimals, value);
+    return fixedText(value, decimals);
 }
 
 /// The name followed by the rest; the name is cut if both together are too long.
@@ -79,15 +80,17 @@ QString scaleText(const Graph& graph, int index)
 {
     const GraphTrace& trace = graph.trace(index);
     const int decimals = graph.shownDecimals(index);
-    return QString::asprintf("%8.*f %8.*f ", decimals, trace.scale.lower, decimals,
-                             trace.scale.upper) +
-           QStringLiteral("[%1]").arg(trace.unit);
+    constexpr int width = 8;
+    const auto padded = [decimals](double value) {
+        return fixedText(value, decimals).rightJustified(width);
+    };
+    return padded(trace.scale.lower) + QLatin1Char(' ') + padded(trace.scale.upper) +
+           QStringLiteral(" [%1]").arg(trace.unit);
 }
 
 QString cursorText(double seconds, double value)
 {
-    return clockTime(seconds).toString(QStringLiteral("hh:mm:ss.zzz")) +
-           QString::asprintf("/%.2f", value);
+    return counterText(seconds) + QLatin1Char('/') + fixedText(value, 2);
 }
 
 } // namespace KOLT

@@ -8,7 +8,8 @@ namespace KOLT {
 /// The settings of the map, with their defaults.
 struct MapSettings
 {
-    QString tileServer;       ///< base address or template; empty: the default server
+    /// Base address or template.
+    QString tileServer{QStringLiteral("https://tile.openstreetmap.org")};
     QString tileDirectory;    ///< disk cache of tiles; empty: none
     QString terrainDirectory; ///< elevation files; empty: none
     QByteArray userAgent;     ///< names the program to the tile server

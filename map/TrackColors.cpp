@@ -1,11 +1,11 @@
 #include "map/TrackColors.h"
 
+#include "base/NumberText.h"
 #include "record/RoleSeries.h"
 #include "record/TimeOrdered.h"
 
 #include <algorithm>
 #include <cmath>
-#include <cstdio>
 #include <limits>
 #include <utility>
 
@@ -66,10 +66,8 @@ QString endText(const Profile& profile, const ProfileParameter& parameter, doubl
 {
     const int decimals =
         parameter.rule == DecodingRule::Float ? std::min(parameter.precision, mostDecimals) : 0;
-    std::array<char, 512> text{}; // a double has up to 309 digits before the point
-    std::snprintf(text.data(), text.size(), "%.*f", decimals, value);
     const QString& unit = profile.unitLabel(parameter);
-    const QString number = QString::fromLatin1(text.data());
+    const QString number = fixedText(value, decimals);
     return unit.isEmpty() ? number : number + QLatin1Char(' ') + unit;
 }
 

@@ -1,8 +1,9 @@
 #include "profile/ValueDecoder.h"
 
+#include "base/NumberText.h"
+
 #include <algorithm>
 #include <bit>
-#include <charconv>
 #include <cmath>
 #include <cstdint>
 
@@ -75,17 +76,6 @@ std::uint32_t decodeBitField(const MessageData& data, const ProfileParameter& pa
     const std::uint32_t mask = width >= 32 ? ~0U : (1U << width) - 1;
     const std::uint32_t word = rawWord(data, parameter, dataTypeInfo(parameter.dataType).width);
     return (word >> (static_cast<unsigned>(parameter.startBit) & 31U)) & mask;
-}
-
-/// printf's "%.*f", whatever the locale of the process.
-QString fixedText(double value, int precision)
-{
-    if (std::isnan(value))
-        return QStringLiteral("nan");
-    std::array<char, 400> buffer; // NOLINT(cppcoreguidelines-pro-type-member-init): DBL_MAX fits
-    const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value,
-                                   std::chars_format::fixed, precision);
-    return QString::fromLatin1(buffer.data(), end.ptr - buffer.data());
 }
 
 QString bitFieldText(const ProfileParameter& parameter, std::uint32_t bits)

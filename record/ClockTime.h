@@ -1,7 +1,7 @@
 #pragma once
 
+#include <QDateTime>
 #include <QString>
-#include <QTime>
 
 #include <algorithm>
 #include <cmath>
@@ -28,6 +28,13 @@ inline QString durationText(double seconds)
         .arg(whole / 3600, 2, 10, QLatin1Char('0'))
         .arg(whole / 60 % 60, 2, 10, QLatin1Char('0'))
         .arg(whole % 60, 2, 10, QLatin1Char('0'));
+}
+
+/// "hh:mm:ss" of a moment, or of its counter where the recording has no date.
+inline QString timeOfDayText(const QDateTime& dateTime, double counterSeconds)
+{
+    return dateTime.isValid() ? dateTime.toString(QStringLiteral("hh:mm:ss"))
+                              : durationText(counterSeconds);
 }
 
 } // namespace KOLT

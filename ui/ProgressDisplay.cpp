@@ -8,7 +8,6 @@ namespace KOLT {
 
 namespace {
 
-constexpr qint64 eventMilliseconds = 30;
 constexpr int lingeringMilliseconds = 300;
 constexpr int barWidth = 160;
 
@@ -32,23 +31,15 @@ void ProgressDisplay::begin(const QString& text)
     m_statusBar.showMessage(text);
     m_bar->setRange(0, 0);
     m_bar->show();
-    m_sinceEvents.start();
+    m_events.restart();
     QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
-}
-
-void ProgressDisplay::tick()
-{
-    if (m_sinceEvents.elapsed() < eventMilliseconds)
-        return;
-    QCoreApplication::processEvents();
-    m_sinceEvents.start();
 }
 
 void ProgressDisplay::setPercent(int percent)
 {
     m_bar->setRange(0, 100);
     m_bar->setValue(percent);
-    tick();
+    m_events.tick();
 }
 
 void ProgressDisplay::end()

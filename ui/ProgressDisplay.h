@@ -1,6 +1,7 @@
 #pragma once
 
-#include <QElapsedTimer>
+#include "ui/EventPump.h"
+
 #include <QString>
 #include <QTimer>
 
@@ -20,9 +21,7 @@ public:
 
     /// Shows the text and a busy indicator.
     void begin(const QString& text);
-    /// Processes events if the last time was a while ago.
-    void tick();
-    /// Like tick(), and shows the percentage, 0..100.
+    /// Shows the percentage, 0..100.
     void setPercent(int percent);
     /// Removes the text at once and the bar a moment later.
     void end();
@@ -30,7 +29,7 @@ public:
 private:
     QStatusBar& m_statusBar;
     QProgressBar* m_bar;
-    QElapsedTimer m_sinceEvents;
+    EventPump m_events;
     QTimer m_lingering;
 };
 

@@ -4,7 +4,6 @@
 #include "ui/SaveDialog.h"
 
 #include <QCloseEvent>
-#include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
 #include <QLabel>
@@ -17,7 +16,6 @@ namespace KOLT {
 
 namespace {
 
-constexpr qint64 eventMilliseconds = 30;
 constexpr int wholePercent = 100;
 constexpr int narrowest = 380;
 
@@ -96,7 +94,7 @@ void DialogExport::exportTo(const QString& path)
 {
     m_isCancelled = false;
     setWorking(true);
-    m_sinceEvents.start();
+    m_events.restart();
     const ExportOutcome outcome = exportToFile(path, [this](QIODevice& device) {
         return write(device, [this](int percent) { return goOn(percent); });
     });
@@ -117,11 +115,7 @@ void DialogExport::exportTo(const QString& path)
 
 bool DialogExport::goOn(int percent)
 {
-    if (m_sinceEvents.elapsed() >= eventMilliseconds) {
-        m_progress->setValue(percent);
-        QCoreApplication::processEvents();
-        m_sinceEvents.start();
-    }
+    m_events.tick([&] { m_progress->setValue(percent); });
     return !m_isCancelled;
 }
 

@@ -2,9 +2,9 @@
 
 #include "export/ExportProgress.h"
 #include "record/DataSet.h"
+#include "ui/EventPump.h"
 
 #include <QDialog>
-#include <QElapsedTimer>
 
 class QIODevice;
 class QLabel;
@@ -81,7 +81,7 @@ private:
     bool m_isPossible = false;
     bool m_isWorking = false;
     bool m_isCancelled = false;
-    QElapsedTimer m_sinceEvents;
+    EventPump m_events;
     QWidget* m_options = nullptr;
     QVBoxLayout* m_optionsLayout = nullptr;
     QLabel* m_summary = nullptr;

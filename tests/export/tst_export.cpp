@@ -1,8 +1,8 @@
 #include "app/settings/ExportSettingsStore.h"
 #include "app/settings/SettingsStore.h"
+#include "base/NumberText.h"
 #include "export/ExportFile.h"
 #include "export/ExportName.h"
-#include "export/NumberText.h"
 #include "profile/ValueDecoder.h"
 #include "tests/export/ExportSupport.h"
 #include "tests/support/Rows.h"
@@ -361,7 +361,7 @@ void TestExport::pipesAreLeftAlone()
         const ExportOutcome outcome =
             exportToFile(path, [](QIODevice&) { return ExportStatus::Done; });
         QCOMPARE(outcome.status, ExportStatus::Failed);
-        QCOMPARE(outcome.error, "This is no regular file.");
+        QCOMPARE(outcome.error, "This is not a regular file.");
         QVERIFY(QFileInfo::exists(path) && !QFileInfo(path).isFile());
     }
 }

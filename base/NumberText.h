@@ -10,6 +10,7 @@ namespace KOLT {
 /// below 1e9 makes the whole CSV export 1.9 times as fast.
 void appendFixed(std::string& text, double value, int decimals);
 
+/// The same as a text of its own. NaN is "nan", whatever its sign.
 QString fixedText(double value, int decimals);
 
 } // namespace KOLT

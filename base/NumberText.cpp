@@ -1,4 +1,4 @@
-#include "export/NumberText.h"
+#include "base/NumberText.h"
 
 #include <array>
 #include <charconv>
@@ -55,9 +55,11 @@ void appendFixed(std::string& text, double value, int decimals)
 
 QString fixedText(double value, int decimals)
 {
+    if (std::isnan(value))
+        return QStringLiteral("nan");
     std::string text;
     appendFixed(text, value, decimals);
-    return QString::fromStdString(text);
+    return QString::fromLatin1(text.data(), static_cast<qsizetype>(text.size()));
 }
 
 } // namespace KOLT
