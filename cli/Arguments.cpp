@@ -58,15 +58,15 @@ void addOptions(QCommandLineParser& parser, const Verb& verb)
                                  QStringLiteral("The card, or a copy of it."),
                                  QStringLiteral("FOLDER"));
     add("help", "Show this help.");
-    if (verb.choosesFiles) {
+    if (verb.choosesFiles()) {
         add("cycle", "Load the engine cycle of this number.", "N");
         add("files", "Load these files, in this order.", "NAME...");
     }
-    if (verb.usesProfile) {
+    if (verb.usesProfile()) {
         add("profile", "Parameter profile; default: the installed one.", "FILE");
         add("variant", "Variant of the profile; default: the one in the settings.", "V");
     }
-    if (verb.choosesFiles)
+    if (verb.choosesFiles())
         add("unit",
             isExport(verb) ? "Units: metric or imperial; default: those in the settings."
                            : "Units of the texts: metric or imperial.",
@@ -160,8 +160,8 @@ ParseResult parseArguments(const QStringList& commandLine)
     Arguments arguments;
     arguments.verb = verb;
     arguments.folder = folders.first();
-    arguments.profile = valueOf(parser, QStringLiteral("profile"), verb->usesProfile);
-    if (verb->usesProfile && parser.isSet(QStringLiteral("variant")))
+    arguments.profile = valueOf(parser, QStringLiteral("profile"), verb->usesProfile());
+    if (verb->usesProfile() && parser.isSet(QStringLiteral("variant")))
         arguments.variant = parser.value(QStringLiteral("variant"));
     const bool isValues = name == QLatin1String("values");
     arguments.parameter = valueOf(parser, QStringLiteral("parameter"), isValues);
@@ -169,7 +169,7 @@ ParseResult parseArguments(const QStringList& commandLine)
     arguments.headersOnly =
         name == QLatin1String("list") && parser.isSet(QStringLiteral("headers-only"));
     arguments.all = isExport(*verb) && parser.isSet(QStringLiteral("all"));
-    QString error = verb->choosesFiles ? readChoice(parser, arguments) : QString();
+    QString error = verb->choosesFiles() ? readChoice(parser, arguments) : QString();
     if (error.isEmpty() && isExport(*verb))
         error = readExport(parser, format, arguments);
     if (!error.isEmpty())

@@ -1,6 +1,7 @@
 #include "cli/Export.h"
 
 #include "app/settings/ExportSettingsStore.h"
+#include "app/settings/ProgramSettings.h"
 #include "base/Diagnostics.h"
 #include "base/WriteGuard.h"
 #include "cli/Arguments.h"
@@ -91,8 +92,8 @@ QString Exporter::prepare()
         return m_arguments.selection.contains(parameter.fullName);
     });
     SettingsStore& settings = installedSettings();
-    if (!m_arguments.units && settings.getInteger("Unit", 0) == 1)
-        profile.setUnitSystem(UnitSystem::Imperial);
+    if (!m_arguments.units)
+        profile.setUnitSystem(ProgramSettings(settings).units());
     // Changed in memory only, never saved.
     if (!m_arguments.selection.isEmpty())
         settings.setBoolean("CsvAllParameter", false);

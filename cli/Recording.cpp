@@ -1,8 +1,8 @@
 #include "cli/Recording.h"
 
 #include "app/settings/DataPaths.h"
+#include "app/settings/ProgramSettings.h"
 
-#include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
 
@@ -12,21 +12,11 @@ namespace KOLT::Cli {
 
 namespace {
 
-constexpr auto defaultVariant = "915";
-
 /// The profile in the user's data path, otherwise the one shipped with the program.
 QString installedProfile()
 {
-    QString installed =
-        QFile::decodeName(DataPaths::instance().profilePath()) + QStringLiteral("/Profile.xml");
-    if (QFile::exists(installed))
-        return installed;
-    return QCoreApplication::applicationDirPath() + QStringLiteral("/../profiles/Profile.xml");
-}
-
-QString installedVariant()
-{
-    return QString::fromUtf8(installedSettings().getText("Profile", defaultVariant));
+    const QString installed = DataPaths::instance().profileFile();
+    return QFile::exists(installed) ? installed : DataPaths::shippedProfileFile();
 }
 
 QString variantNames(const Profile& profile)
@@ -42,7 +32,7 @@ QString variantNames(const Profile& profile)
 SettingsStore& installedSettings()
 {
     SettingsStore& settings = SettingsStore::instance();
-    const QByteArray file = DataPaths::instance().dataPath() + "/KOLT.ini";
+    const QByteArray file = DataPaths::instance().settingsFile();
     if (settings.fileName().isEmpty() && QFile::exists(QFile::decodeName(file))) {
         settings.setFileName(file);
         settings.load();
@@ -54,8 +44,8 @@ QString Recording::openProfile()
 {
     const QString path = m_arguments.profile.isEmpty() ? installedProfile() : m_arguments.profile;
     const bool isRead = m_profile.loadVariants(path);
-    const QString variant =
-        m_arguments.variant.value_or(m_profile.variantOrFirst(installedVariant()));
+    const QString variant = m_arguments.variant.value_or(
+        m_profile.variantOrFirst(ProgramSettings(installedSettings()).variant()));
     // An empty variant takes the elements of all variants.
     if (m_arguments.variant && !variant.isEmpty() && !m_profile.hasVariant(variant))
         return QStringLiteral("the profile %1 has no variant \"%2\"; it has %3")

@@ -41,13 +41,6 @@ constexpr std::array columns{
 
 constexpr qsizetype fuelColumn = 7;
 
-/// The clock where the recording has one, the unit's counter otherwise.
-QString clock(const QDateTime& dateTime, double seconds)
-{
-    return dateTime.isValid() ? dateTime.toString(QStringLiteral("hh:mm:ss"))
-                              : durationText(seconds);
-}
-
 QString figure(double value, int decimals, const char* unit)
 {
     return figureText(value, decimals, QLatin1String(unit));
@@ -89,12 +82,12 @@ QByteArray flightRow(const FlightLine& line, Figures marked)
 {
     if ((marked & Figure::DateTime) != 0 && (marked & Figure::TakeOff) == 0)
         marked |= clockAlone;
-    return row({QString::number(line.number), clock(line.takeOff, line.takeOffSeconds),
-                clock(line.landing, line.landingSeconds), durationText(line.flightSeconds()),
-                figure(line.maxAltitude, 0, "m"), figure(line.climb, 0, "m"),
-                figure(line.climbRate, 1, "m/s"), figure(line.fuel, 2, "l"),
-                figure(line.takeOffDistance, 0, "m"), figure(line.takeOffDistance15m, 0, "m"),
-                QString::number(line.exceedances)},
+    return row({QString::number(line.number), timeOfDayText(line.takeOff, line.takeOffSeconds),
+                timeOfDayText(line.landing, line.landingSeconds),
+                durationText(line.flightSeconds()), figure(line.maxAltitude, 0, "m"),
+                figure(line.climb, 0, "m"), figure(line.climbRate, 1, "m/s"),
+                figure(line.fuel, 2, "l"), figure(line.takeOffDistance, 0, "m"),
+                figure(line.takeOffDistance15m, 0, "m"), QString::number(line.exceedances)},
                marked);
 }
 

@@ -19,29 +19,39 @@ QString flights(const Arguments& arguments);
 QString values(const Arguments& arguments);
 QString events(const Arguments& arguments);
 
+/// What a verb works on; each includes those before it.
+enum class Needs {
+    Folder,
+    Profile, ///< takes --profile and --variant
+    Data     ///< takes --cycle or --files
+};
+
 struct Verb
 {
     const char* name;
     const char* description;
-    bool choosesFiles; ///< takes --cycle or --files
-    bool usesProfile;
+    Needs needs;
     QString (*run)(const Arguments& arguments);
+
+    bool usesProfile() const { return needs != Needs::Folder; }
+
+    bool choosesFiles() const { return needs == Needs::Data; }
 };
 
 /// All verbs, in the order of the help.
 inline constexpr std::array verbs{
-    Verb{"list", "List the record files and engine cycles of a folder as JSON.", false, true,
+    Verb{"list", "List the record files and engine cycles of a folder as JSON.", Needs::Profile,
          list},
-    Verb{"flights", "Print the flights of a cycle with their figures as JSON.", true, true,
+    Verb{"flights", "Print the flights of a cycle with their figures as JSON.", Needs::Data,
          flights},
-    Verb{"values", "Print every sample of a parameter as JSON.", true, true, values},
-    Verb{"events", "Print the moments at which limits were exceeded as JSON.", true, true, events},
-    Verb{"overview", "Print the figures of all cycles and days of a folder as JSON.", false, true,
-         overview},
-    Verb{"report", "Print the cycles and flights of a folder for people, in metric units.", false,
-         true, report},
-    Verb{"export", "Write a cycle, a flight or files as CSV, KML or GPX; or every flight.", true,
-         true, exportData},
+    Verb{"values", "Print every sample of a parameter as JSON.", Needs::Data, values},
+    Verb{"events", "Print the moments at which limits were exceeded as JSON.", Needs::Data, events},
+    Verb{"overview", "Print the figures of all cycles and days of a folder as JSON.",
+         Needs::Profile, overview},
+    Verb{"report", "Print the cycles and flights of a folder for people, in metric units.",
+         Needs::Profile, report},
+    Verb{"export", "Write a cycle, a flight or files as CSV, KML or GPX; or every flight.",
+         Needs::Data, exportData},
 };
 
 } // namespace KOLT::Cli

@@ -13,14 +13,12 @@ namespace KOLT {
 
 namespace {
 
-void installDefaultProfile(const QString& directory)
+void installDefaultProfile(const QString& target)
 {
-    const QString target = directory + QStringLiteral("/Profile.xml");
     Diagnostics::print("targetFile <%s>\n", qUtf8Printable(target));
     if (QFile::exists(target))
         return;
-    const QString source =
-        QCoreApplication::applicationDirPath() + QStringLiteral("/../profiles/Profile.xml");
+    const QString source = DataPaths::shippedProfileFile();
     const bool copied{copyFile(source, target)};
     Diagnostics::print("copy <%s> <%s> %d\n", qUtf8Printable(source), qUtf8Printable(target),
                        copied ? 1 : 0);
@@ -59,7 +57,7 @@ DataPaths::DataPaths()
     }
     m_profilePath = m_dataPath;
 
-    installDefaultProfile(dataPath);
+    installDefaultProfile(profileFile());
     createMissing(m_dataPath, "DataPath");
     createMissing(m_userDataPath, "UserDataPath");
     createMissing(m_profilePath, "ProfileDataPath");
@@ -68,6 +66,16 @@ DataPaths::DataPaths()
     Diagnostics::print("User Data Path : <%s>\n", m_userDataPath.constData());
     Diagnostics::print("Resource Path  : <%s>\n", m_resourcePath.constData());
     Diagnostics::print("Profile Path  : <%s>\n", m_profilePath.constData());
+}
+
+QString DataPaths::profileFile() const
+{
+    return QFile::decodeName(m_profilePath) + QStringLiteral("/Profile.xml");
+}
+
+QString DataPaths::shippedProfileFile()
+{
+    return QCoreApplication::applicationDirPath() + QStringLiteral("/../profiles/Profile.xml");
 }
 
 } // namespace KOLT

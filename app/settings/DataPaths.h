@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QString>
 
 namespace KOLT {
 
@@ -24,8 +25,16 @@ public:
     /// "<executable directory>/../resources/".
     QByteArray resourcePath() const { return m_resourcePath; }
 
-    /// Directory of the installed profile "Profile.xml".
+    /// Directory of the installed profile.
     QByteArray profilePath() const { return m_profilePath; }
+
+    QByteArray settingsFile() const { return m_dataPath + "/KOLT.ini"; }
+
+    /// The installed profile, "Profile.xml".
+    QString profileFile() const;
+
+    /// The profile that came with the program.
+    static QString shippedProfileFile();
 
 private:
     QByteArray m_dataPath;

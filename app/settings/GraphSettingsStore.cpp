@@ -2,8 +2,6 @@
 
 #include "app/settings/SettingsStore.h"
 
-#include <QLocale>
-
 #include <algorithm>
 #include <cmath>
 
@@ -67,13 +65,10 @@ GraphSettings loadGraphSettings(const SettingsStore& store)
 
 void storeGraphSettings(const GraphSettings& settings, SettingsStore& store)
 {
-    const auto setNumber = [&store](const char* key, double value) {
-        store.setText(key, QByteArray::number(value, 'g', QLocale::FloatingPointShortest));
-    };
-    setNumber("GraphTimeSpan", settings.timeSpan);
+    store.setDouble("GraphTimeSpan", settings.timeSpan);
     store.setInteger("GraphCursorMode", static_cast<int>(settings.cursorMode));
-    setNumber("GraphYMinimum", settings.yMinimum);
-    setNumber("GraphYMaximum", settings.yMaximum);
+    store.setDouble("GraphYMinimum", settings.yMinimum);
+    store.setDouble("GraphYMaximum", settings.yMaximum);
     for (const auto& [key, color] : colorKeys)
         store.setText(key, (settings.*color).name().mid(1).toLatin1());
     for (const auto& [key, flag] : flagKeys)

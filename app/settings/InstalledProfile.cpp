@@ -12,14 +12,6 @@ namespace KOLT::InstalledProfile {
 
 namespace {
 
-QString freeBackupName(const QString& path)
-{
-    QString backup = path + QStringLiteral(".bak");
-    for (int i = 2; QFile::exists(backup); ++i)
-        backup = QStringLiteral("%1.%2.bak").arg(path).arg(i);
-    return backup;
-}
-
 /// Loaded without a variant, so that elements of all variants count.
 bool isProfile(const QString& path)
 {
@@ -31,7 +23,7 @@ bool isProfile(const QString& path)
 
 QString path()
 {
-    return QFile::decodeName(DataPaths::instance().profilePath()) + QStringLiteral("/Profile.xml");
+    return DataPaths::instance().profileFile();
 }
 
 Result replaceWith(const QString& file)
@@ -41,7 +33,8 @@ Result replaceWith(const QString& file)
         return Result::NotAProfile;
     if (QFileInfo(file).canonicalFilePath() == QFileInfo(target).canonicalFilePath())
         return Result::InUse;
-    const bool isSaved = !QFile::exists(target) || copyFile(target, freeBackupName(target));
+    const bool isSaved =
+        !QFile::exists(target) || copyFile(target, freePath(target, QStringLiteral(".bak")));
     const bool isInstalled = isSaved && copyFile(file, target);
     Diagnostics::print("InstalledProfile::replaceWith <%s> %d\n", qUtf8Printable(file),
                        isInstalled ? 1 : 0);

@@ -8,21 +8,53 @@
 
 namespace KOLT {
 
+namespace {
+
+constexpr auto tileServerKey = "TileServer";
+
+struct ShadingKey
+{
+    const char* key;
+    double MapSettings::*value;
+};
+
+constexpr ShadingKey shadingKeys[] = {{"MapShadingContrast", &MapSettings::shadingContrast},
+                                      {"MapShadingBrightness", &MapSettings::shadingBrightness},
+                                      {"MapShadingFactor", &MapSettings::shadingFactor}};
+
+} // namespace
+
 MapSettings loadMapSettings(const SettingsStore& store)
 {
     const QString dataPath = QFile::decodeName(DataPaths::instance().dataPath());
     MapSettings settings;
-    settings.tileServer = QString::fromUtf8(store.getText("TileServer"));
+    settings.tileServer =
+        QString::fromUtf8(store.getText(tileServerKey, settings.tileServer.toUtf8()));
     settings.tileDirectory = dataPath + QStringLiteral("/tiles/");
     settings.terrainDirectory = dataPath + QStringLiteral("/terrain/");
     settings.userAgent = QByteArray(versionText).replace(" ", "/") +
                          " (debriefing viewer for aircraft engine recordings)";
     settings.isNetworkEnabled = qEnvironmentVariableIsEmpty("KOLT_OFFLINE");
-    settings.shadingContrast = store.getDouble("MapShadingContrast", settings.shadingContrast);
-    settings.shadingBrightness =
-        store.getDouble("MapShadingBrightness", settings.shadingBrightness);
-    settings.shadingFactor = store.getDouble("MapShadingFactor", settings.shadingFactor);
+    for (const auto& [key, value] : shadingKeys)
+        settings.*value = store.getDouble(key, settings.*value);
     return settings;
+}
+
+bool storeMapChanges(const MapSettings& from, const MapSettings& to, SettingsStore& store)
+{
+    bool isChanged = to.tileServer != from.tileServer;
+    if (isChanged) {
+        const QString server = to.tileServer.trimmed();
+        store.setText(tileServerKey,
+                      (server.isEmpty() ? MapSettings().tileServer : server).toUtf8());
+    }
+    for (const auto& [key, value] : shadingKeys) {
+        if (to.*value == from.*value)
+            continue;
+        store.setDouble(key, to.*value);
+        isChanged = true;
+    }
+    return isChanged;
 }
 
 } // namespace KOLT

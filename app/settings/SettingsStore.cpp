@@ -3,10 +3,12 @@
 #include "base/Diagnostics.h"
 #include "base/SafeFile.h"
 #include "base/XmlFile.h"
+#include "base/XmlText.h"
 
 #include <QDomDocument>
 #include <QFile>
 #include <QFileInfo>
+#include <QLocale>
 #include <QLockFile>
 
 #include <algorithm>
@@ -30,6 +32,11 @@ std::map<QByteArray, QByteArray> propertiesOf(const QDomDocument& document)
             element.attribute(QStringLiteral("value")).toUtf8();
     }
     return values;
+}
+
+QString attribute(const QByteArray& text)
+{
+    return xmlText(QString::fromUtf8(text), InvalidXml::Replace);
 }
 
 } // namespace
@@ -102,8 +109,8 @@ bool SettingsStore::save()
         if (value.isEmpty())
             continue;
         QDomElement element = document.createElement(QStringLiteral("Property"));
-        element.setAttribute(QStringLiteral("id"), xmlText(key));
-        element.setAttribute(QStringLiteral("value"), xmlText(value));
+        element.setAttribute(QStringLiteral("id"), attribute(key));
+        element.setAttribute(QStringLiteral("value"), attribute(value));
         root.appendChild(element);
     }
     return bool{writeXmlFile(path, document)};
@@ -159,6 +166,11 @@ void SettingsStore::setInteger(const QByteArray& key, int value)
 void SettingsStore::setBoolean(const QByteArray& key, bool value)
 {
     setText(key, value ? "true" : "false");
+}
+
+void SettingsStore::setDouble(const QByteArray& key, double value)
+{
+    setText(key, QByteArray::number(value, 'g', QLocale::FloatingPointShortest));
 }
 
 } // namespace KOLT

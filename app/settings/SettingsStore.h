@@ -55,6 +55,8 @@ public:
     void setText(const QByteArray& key, const QByteArray& value);
     void setInteger(const QByteArray& key, int value);
     void setBoolean(const QByteArray& key, bool value);
+    /// As the shortest text that reads as the same number.
+    void setDouble(const QByteArray& key, double value);
 
 private:
     const QByteArray* find(const QByteArray& key) const;

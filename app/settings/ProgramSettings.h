@@ -1,0 +1,43 @@
+#pragma once
+
+#include "app/settings/SettingsStore.h"
+#include "profile/ProfileParameter.h"
+
+namespace KOLT {
+
+/// The settings that belong to no room, typed, with their keys and defaults. Changes go to the
+/// store only: saving it is up to the caller.
+class ProgramSettings
+{
+public:
+    explicit ProgramSettings(SettingsStore& store = SettingsStore::instance())
+        : m_store(store)
+    {
+    }
+
+    /// "us" or "de".
+    QString language() const;
+    void setLanguage(const QString& locale);
+
+    int fontPixels() const;
+    void setFontPixels(int pixels);
+
+    /// The active variant of the profile; the profile may not have it.
+    QString variant() const;
+    void setVariant(const QString& variant);
+
+    UnitSystem units() const;
+    void setUnits(UnitSystem units);
+
+    /// The last opened folder; "." before the first.
+    QString lastFolder() const;
+    void setLastFolder(const QString& folder);
+
+    QString lastProject() const;
+    void setLastProject(const QString& path);
+
+private:
+    SettingsStore& m_store;
+};
+
+} // namespace KOLT
