@@ -1,43 +1,37 @@
 #include "app/DialogMain.h"
 
 #include "analysis/ui/DialogData.h"
+#include "app/CardSession.h"
 #include "app/DialogProfile.h"
+#include "app/ExportCommand.h"
 #include "app/MainActions.h"
+#include "app/MenuDialogs.h"
+#include "app/ProfileSelectors.h"
 #include "app/ProjectSession.h"
 #include "app/Selector.h"
 #include "app/SettingsSaver.h"
-#include "app/dialogs/DialogAbout.h"
-#include "app/dialogs/DialogDaySheet.h"
-#include "app/dialogs/DialogHelp.h"
+#include "app/StatusBar.h"
 #include "app/dialogs/DialogPreferences.h"
 #include "app/dialogs/DialogProfileInfo.h"
 #include "app/settings/CommandLineOptions.h"
 #include "app/settings/GraphSettingsStore.h"
-#include "app/settings/InstalledProfile.h"
 #include "app/settings/MapSettingsStore.h"
-#include "app/settings/SettingsStore.h"
+#include "app/settings/ProgramSettings.h"
 #include "app/startup/Startup.h"
 #include "base/Diagnostics.h"
 #include "graph/ui/DialogDataGraph.h"
 #include "instruments/ui/DialogDataView.h"
-#include "map/MapSettings.h"
 #include "map/ui/DialogDataMap.h"
 #include "record/ui/DialogCard.h"
-#include "ui/Messages.h"
-#include "ui/ProgressDisplay.h"
 
 #include <QApplication>
 #include <QCloseEvent>
 #include <QFileInfo>
 #include <QKeyEvent>
-#include <QLabel>
-#include <QPixmap>
 #include <QSplitter>
-#include <QStatusBar>
 #include <QStatusTipEvent>
 #include <QToolBar>
 
-#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 
@@ -49,9 +43,6 @@ constexpr int settleMilliseconds = 20;
 constexpr int startupMilliseconds = 1000;
 constexpr int styleCheckMilliseconds = 1000;
 constexpr QSize windowSize(1000, 800);
-constexpr int listStretch = 1;
-constexpr int pagesStretch = 2;
-constexpr auto defaultVariant = "915";
 
 /// Exits without destructors or further events.
 void endProcessAtOnce(int exitCode)
@@ -63,43 +54,27 @@ void endProcessAtOnce(int exitCode)
 } // namespace
 
 DialogMain::DialogMain()
-    : m_endProcess(endProcessAtOnce)
+    : m_settings(SettingsStore::instance())
+    , m_endProcess(endProcessAtOnce)
     , m_isEmuDisplay(CommandLineOptions::instance().isGiven("-emu"))
+    , m_status(new StatusBar(this))
+    , m_card(
+          std::make_unique<CardSession>(m_profile.profile(), m_jobs, m_status->progress(), *this))
+    , m_project(new ProjectSession(m_profile.profile(), *this))
+    , m_actions(new MainActions(*this))
 {
-    m_project = new ProjectSession(m_profile, *this);
     createPanels();
-    m_actions = new MainActions(*this);
-    connect(m_actions, &MainActions::signalCommand, this, &DialogMain::slotMenu);
-    connect(m_actions, &MainActions::signalRecent, this, &DialogMain::slotMenuRecent);
-    connect(m_actions, &MainActions::signalExtrasAboutToShow, this, &DialogMain::slotMenuPrefAbout);
-    if (!m_isEmuDisplay) {
-        m_actions->createMenus();
-        m_actions->setRecentFolders(m_recentFolders.folders());
-    }
-    enableExports();
-    createToolBar();
-    m_dataInWords = new QLabel(this);
-    m_dataInWords->setTextFormat(Qt::PlainText); // file names may look like markup
-    statusBar()->addPermanentWidget(m_dataInWords);
-    m_progress = std::make_unique<ProgressDisplay>(*statusBar());
+    createBars();
     createDialogs();
+    connectCard();
+    connectPanels();
     setWindowIcon(QIcon(QStringLiteral(":/icons/app.svg")));
     setAcceptDrops(true);
     startTimers();
     resize(windowSize);
-    m_splitter->setSizes({windowSize.width() * listStretch / (listStretch + pagesStretch),
-                          windowSize.width() * pagesStretch / (listStretch + pagesStretch)});
-    if (m_isEmuDisplay) {
-        m_splitter->widget(0)->hide();
-        m_cardDialog->hide();
-        m_profileDialog->hide();
-        m_toolBar->hide();
-        // The status bar is shown only while it has a message.
-        statusBar()->hide();
-        connect(statusBar(), &QStatusBar::messageChanged, this,
-                [this](const QString& text) { statusBar()->setVisible(!text.isEmpty()); });
-        m_data->setCurrentPage(DialogData::Page::EmuView);
-    }
+    m_splitter->setSizes({windowSize.width() / 3, windowSize.width() * 2 / 3});
+    if (m_isEmuDisplay)
+        stripToDisplay();
     loadProfile();
     m_profileDialog->refresh();
     refreshTitle();
@@ -111,32 +86,97 @@ DialogMain::~DialogMain()
 {
     // They refer to the profile and the card, which are destroyed before the child widgets.
     delete takeCentralWidget();
-    delete m_profileInfo;
-    delete m_daySheet;
+}
+
+const CardContainer& DialogMain::card() const
+{
+    return m_card->container();
 }
 
 void DialogMain::createPanels()
 {
     m_splitter = new QSplitter(this);
     auto* const column = new QSplitter(Qt::Vertical, m_splitter);
-    m_cardDialog = new DialogCard(m_card, column);
-    m_profileDialog = new DialogProfile(m_profile, column);
+    m_cardDialog = new DialogCard(m_card->container(), column);
+    m_profileDialog = new DialogProfile(m_profile.profile(), column);
     column->addWidget(m_cardDialog);
     column->addWidget(m_profileDialog);
     column->setChildrenCollapsible(false);
     column->setSizes({1, 1});
     column->setStretchFactor(0, 1);
     column->setStretchFactor(1, 1);
-    createDataWindow();
+    m_parts = createDataWindow(
+        profile(), m_isEmuDisplay ? DialogData::Display::EmuOnly : DialogData::Display::Full,
+        m_splitter);
+    m_data = m_parts.window;
     m_splitter->addWidget(column);
     m_splitter->addWidget(m_data);
-    m_splitter->setStretchFactor(0, listStretch);
-    m_splitter->setStretchFactor(1, pagesStretch);
+    m_splitter->setStretchFactor(0, 1);
+    m_splitter->setStretchFactor(1, 2);
     m_splitter->setChildrenCollapsible(false);
     setCentralWidget(m_splitter);
+}
+
+void DialogMain::createBars()
+{
+    setStatusBar(m_status);
+    if (!m_isEmuDisplay) {
+        m_actions->createMenus();
+        offerRecentFolders();
+    }
+    m_actions->setExportsEnabled(false);
+    m_toolBar = addToolBar(tr("Main Toolbar"));
+    m_toolBar->setObjectName(QStringLiteral("mainToolBar"));
+    m_toolBar->setContextMenuPolicy(Qt::PreventContextMenu); // its menu could hide the bar for good
+    for (const Command command : {Command::OpenDataFolder, Command::ExportKml, Command::ExportCsv})
+        m_toolBar->addAction((*m_actions)[command]);
+    m_toolBar->addSeparator();
+    m_selectors = std::make_unique<ProfileSelectors>(*m_toolBar);
+    connect(m_actions, &MainActions::signalCommand, this, &DialogMain::slotMenu);
+    connect(m_actions, &MainActions::signalRecent, this, &DialogMain::slotMenuRecent);
+    connect(m_actions, &MainActions::signalExtrasAboutToShow, this, &DialogMain::slotMenuPrefAbout);
+    connect(m_selectors->variant(), qOverload<const QString&>(&Selector::signalActivated), this,
+            qOverload<const QString&>(&DialogMain::slotProfileChanged));
+    connect(m_selectors->units(), qOverload<int>(&Selector::signalActivated), this,
+            &DialogMain::slotUnitChanged);
+}
+
+void DialogMain::createDialogs()
+{
+    m_dialogs = std::make_unique<MenuDialogs>(profile(), m_jobs, *this);
+    DialogPreferences* const preferences = &m_dialogs->preferences();
+    connect(&m_dialogs->profileInfo(), &DialogProfileInfo::signalProfileChanged, this,
+            &DialogMain::slotProfileFileChanged);
+    connect(preferences, &DialogPreferences::signalProfileFileChanged, this,
+            &DialogMain::slotProfileFileChanged);
+    connect(preferences, &DialogPreferences::signalUnitChanged, this, &DialogMain::slotUnitChanged);
+    connect(preferences, &DialogPreferences::signalMapChanged, this,
+            [this] { m_parts.map->setSettings(loadMapSettings(m_settings)); });
+}
+
+void DialogMain::connectCard()
+{
     connect(m_cardDialog, &DialogCard::signalChanged, this, &DialogMain::slotCanChanged);
     connect(m_cardDialog, &DialogCard::signalLoadRecord, this, &DialogMain::slotLoadRecord);
     connect(m_cardDialog, &DialogCard::signalLoadCycle, this, &DialogMain::slotLoadCycle);
+    CardSession* const card = m_card.get();
+    connect(card, &CardSession::signalListed, m_cardDialog, &DialogCard::refresh);
+    connect(card, &CardSession::signalOpened, this, &DialogMain::noteOpened);
+    connect(card, &CardSession::signalFlights, m_cardDialog, &DialogCard::listFlights);
+    connect(card, &CardSession::signalLoading, this, [this](const QString& name) {
+        m_data->beginLoading(tr("Loading %1 ...").arg(name));
+        m_status->showData({});
+    });
+    connect(card, &CardSession::signalLoaded, this, &DialogMain::showLoaded);
+    connect(card, &CardSession::signalReanalysed, this,
+            [this] { m_data->setData(*m_card->dataSet()); });
+    connect(card, &CardSession::signalRefused, this, &DialogMain::selectLoaded);
+    connect(card, &CardSession::signalMessage, this,
+            [this](const QString& message) { m_status->showMessage(message); });
+}
+
+void DialogMain::connectPanels()
+{
     connect(m_profileDialog, &DialogProfile::signalChanged, this,
             qOverload<>(&DialogMain::slotProfileChanged));
     connect(m_project, &ProjectSession::signalSelectionChanged, this, [this] {
@@ -144,74 +184,18 @@ void DialogMain::createPanels()
         m_data->refresh(DataPage::Change::Selection);
     });
     connect(m_project, &ProjectSession::signalPathStored, this, &DialogMain::refreshTitle);
-}
-
-void DialogMain::createDataWindow()
-{
-    m_parts = KOLT::createDataWindow(
-        m_profile, m_isEmuDisplay ? DialogData::Display::EmuOnly : DialogData::Display::Full,
-        m_splitter);
-    m_data = m_parts.window;
     connect(m_parts.graph, &DialogDataGraph::signalOrder, this,
             [this](const QStringList& fullNames) {
-                m_profile.setDisplayOrder(fullNames);
+                m_profile.profile().setDisplayOrder(fullNames);
                 m_data->refresh(DataPage::Change::Selection);
             });
     connect(m_parts.graph, &DialogDataGraph::signalSettings, this,
             [this](const GraphSettings& settings) {
-                storeGraphSettings(settings, SettingsStore::instance());
+                storeGraphSettings(settings, m_settings);
                 m_settingsSaver.saveSoon();
             });
-    connect(m_parts.map, &DialogDataMap::signalMessage, this, &DialogMain::showNotice);
-    connect(m_parts.view, &DialogDataView::signalMessage, this, &DialogMain::showNotice);
-}
-
-void DialogMain::showNotice(const QString& message)
-{
-    m_notice = message;
-    statusBar()->showMessage(message);
-}
-
-void DialogMain::createToolBar()
-{
-    m_toolBar = addToolBar(tr("Main Toolbar"));
-    m_toolBar->setObjectName(QStringLiteral("mainToolBar"));
-    m_toolBar->setContextMenuPolicy(Qt::PreventContextMenu); // its menu could hide the bar for good
-    for (const Command command : {Command::OpenDataFolder, Command::ExportKml, Command::ExportCsv})
-        m_toolBar->addAction((*m_actions)[command]);
-    m_toolBar->addSeparator();
-    m_profileSelector = new Selector(m_toolBar);
-    m_profileSelector->setObjectName(QStringLiteral("profileSelector"));
-    m_profileSelector->setToolTip(tr("Variant of the parameter profile"));
-    m_unitSelector = new Selector(m_toolBar);
-    m_unitSelector->setObjectName(QStringLiteral("unitSelector"));
-    m_unitSelector->setToolTip(tr("Unit system"));
-    m_unitSelector->addItem(tr("Metric"), QStringLiteral("0"));
-    m_unitSelector->addItem(tr("Imperial"), QStringLiteral("1"));
-    m_toolBar->addWidget(m_profileSelector);
-    m_toolBar->addWidget(m_unitSelector);
-    connect(m_profileSelector, qOverload<const QString&>(&Selector::signalActivated), this,
-            qOverload<const QString&>(&DialogMain::slotProfileChanged));
-    connect(m_unitSelector, qOverload<int>(&Selector::signalActivated), this,
-            &DialogMain::slotUnitChanged);
-}
-
-void DialogMain::createDialogs()
-{
-    m_about = new DialogAbout(this);
-    m_profileInfo = new DialogProfileInfo(m_profile, this);
-    m_help =
-        new DialogHelp(QString::fromUtf8(SettingsStore::instance().getText("Locale", "us")), this);
-    m_preferences = new DialogPreferences(this);
-    m_daySheet = new DialogDaySheet(m_profile, m_jobs, this);
-    connect(m_profileInfo, &DialogProfileInfo::signalProfileChanged, this,
-            &DialogMain::slotProfileFileChanged);
-    connect(m_preferences, &DialogPreferences::signalProfileFileChanged, this,
-            &DialogMain::slotProfileFileChanged);
-    connect(m_preferences, &DialogPreferences::signalUnitChanged, this,
-            &DialogMain::slotUnitChanged);
-    connect(m_preferences, &DialogPreferences::signalMapChanged, this,
-            [this] { m_parts.map->setSettings(loadMapSettings(SettingsStore::instance())); });
+    connect(m_parts.map, &DialogDataMap::signalMessage, m_status, &StatusBar::showNotice);
+    connect(m_parts.view, &DialogDataView::signalMessage, m_status, &StatusBar::showNotice);
 }
 
 void DialogMain::startTimers()
@@ -231,32 +215,24 @@ void DialogMain::startTimers()
     }
 }
 
-void DialogMain::loadProfile()
+void DialogMain::stripToDisplay()
 {
-    const QString path = InstalledProfile::path();
-    const SettingsStore& settings = SettingsStore::instance();
-    const QString variant = QString::fromUtf8(settings.getText("Profile", defaultVariant));
-    m_profile.loadVariants(path);
-    m_isProfileLoaded = m_profile.loadProfil(path, m_profile.variantOrFirst(variant));
-    m_profile.setUnitSystem(settings.getInteger("Unit", 0) == 1 ? UnitSystem::Imperial
-                                                                : UnitSystem::Metric);
-    refreshSelectors();
-    m_profileInfo->refresh();
+    m_splitter->widget(0)->hide();
+    m_cardDialog->hide();
+    m_profileDialog->hide();
+    m_toolBar->hide();
+    // The status bar is shown only while it has a message.
+    m_status->hide();
+    connect(m_status, &QStatusBar::messageChanged, this,
+            [this](const QString& text) { m_status->setVisible(!text.isEmpty()); });
+    m_data->setCurrentPage(DialogData::Page::EmuView);
 }
 
-void DialogMain::refreshSelectors()
+void DialogMain::loadProfile()
 {
-    m_isUpdating = true;
-    m_profileSelector->clear();
-    for (const Variant& variant : m_profile.variants()) {
-        QPixmap swatch(12, 12);
-        swatch.fill(variant.color);
-        m_profileSelector->addItem(swatch, variant.name);
-    }
-    m_profileSelector->setCurrentText(m_profile.activeVariant());
-    m_profileSelector->setEnabled(m_profileSelector->count() > 0);
-    m_unitSelector->setCurrentIndex(static_cast<int>(m_profile.unitSystem()));
-    m_isUpdating = false;
+    m_profile.load();
+    m_selectors->refresh(profile());
+    m_dialogs->profileInfo().refresh();
 }
 
 void DialogMain::reloadProfile()
@@ -266,64 +242,25 @@ void DialogMain::reloadProfile()
     loadProfile();
     m_project->restoreSelection();
     m_profileDialog->reload();
-    showReloaded();
+    m_card->reanalyse();
     m_data->setTime(time);
-    tellProfileFailure();
-}
-
-void DialogMain::showReloaded()
-{
-    if (m_card.dataSet() == nullptr)
-        return;
-    // Flights and track depend on the profile. For a flight the whole cycle is needed, so it is
-    // read again if its files are still there.
-    const auto* const picked = std::get_if<CycleChoice>(&m_choice);
-    const bool isFlight = m_card.dataSet()->flight() != nullptr;
-    const Files files = filesOf(m_choice);
-    const auto isThere = [](const QString& path) { return QFileInfo::exists(path); };
-    if (isFlight && !files.empty() && std::ranges::all_of(files, isThere)) {
-        loadNow(m_choice);
-        return;
-    }
-    m_card.reanalyse(picked != nullptr && !isFlight ? std::optional(picked->cycle) : std::nullopt);
-    if (picked != nullptr)
-        m_cardDialog->listFlights(static_cast<unsigned int>(picked->cycle));
-    m_data->setData(*m_card.dataSet());
+    m_profile.tellFailure();
 }
 
 void DialogMain::slotTimeout()
 {
     // Message boxes need a running event loop.
-    if (SettingsStore::instance().isBroken())
+    if (m_settings.isBroken())
         saveSettings(this);
-    tellProfileFailure();
-}
-
-void DialogMain::tellProfileFailure()
-{
-    if (!m_isProfileLoaded)
-        Messages::warn(this, tr("The profile file\n%1\ncannot be read, so no values can be shown. "
-                                "Please install a valid one with \"Profile\" in the menu \"Help\".")
-                                 .arg(InstalledProfile::path()));
+    m_profile.tellFailure();
 }
 
 void DialogMain::slotTimeoutStartup()
 {
-    m_jobs.run([this] {
-        // The user may have opened a folder or selected parameters before the timer fired.
-        if (m_card.folder().isEmpty() && !listFolder(Startup::lastPath())) {
-            m_cardDialog->setMissingFolder(Startup::lastPath());
-            statusBar()->showMessage(tr("The last folder %1 was not found. Open another one with "
-                                        "\"Open Data Folder\".")
-                                         .arg(Startup::lastPath()));
-        }
-        if (!m_project->isModified())
-            m_project->readLast();
-        refreshTitle();
-    });
+    m_jobs.run([this] { openLastFolder(); });
     // Without lists nobody can choose: the bare display shows the last cycle.
-    if (m_isEmuDisplay && !m_card.cycles().empty())
-        load(CycleChoice{m_card.cycles().rbegin()->first});
+    if (m_isEmuDisplay && !card().cycles().empty())
+        m_card->load({{}, card().cycles().rbegin()->first, CardChoice::wholeCycle});
 }
 
 void DialogMain::slotCheckStyle()
@@ -339,11 +276,8 @@ void DialogMain::slotCheckStyle()
 
 void DialogMain::slotProfileChanged(const QString& variant)
 {
-    if (m_isUpdating)
-        return;
     Diagnostics::print("slotProfileChanged <%s>\n", qUtf8Printable(variant));
-    SettingsStore::instance().setText("Profile", variant.toUtf8());
-    saveSettings(this);
+    m_profile.chooseVariant(variant);
     m_jobs.runLatest(JobQueue::Kind::Reload, [this] {
         reloadProfile();
         refreshTitle();
@@ -352,13 +286,9 @@ void DialogMain::slotProfileChanged(const QString& variant)
 
 void DialogMain::slotUnitChanged(int unit)
 {
-    if (m_isUpdating)
-        return;
-    SettingsStore::instance().setInteger("Unit", unit);
-    saveSettings(this);
-    m_profile.setUnitSystem(unit == 1 ? UnitSystem::Imperial : UnitSystem::Metric);
-    refreshSelectors();
-    m_profileInfo->refresh();
+    m_profile.chooseUnits(static_cast<UnitSystem>(unit));
+    m_selectors->refresh(profile());
+    m_dialogs->profileInfo().refresh();
     m_profileDialog->refreshUnits();
     m_data->refresh(DataPage::Change::Units);
 }
@@ -376,19 +306,15 @@ void DialogMain::slotProfileFileChanged()
 
 void DialogMain::refreshTitle()
 {
-    setWindowTitle(QStringLiteral("KOLT ") + Startup::lastPath().section(QLatin1Char('/'), -2));
+    setWindowTitle(QStringLiteral("KOLT ") +
+                   ProgramSettings().lastFolder().section(QLatin1Char('/'), -2));
 }
 
 bool DialogMain::event(QEvent* event)
 {
     if (event->type() != QEvent::StatusTip)
         return QMainWindow::event(event);
-    // A menu entry's status tip hides the current message, which is restored afterwards.
-    const QString shown = statusBar()->currentMessage();
-    if (m_tip.isEmpty() || shown != m_tip)
-        m_messageBehindTip = shown;
-    m_tip = static_cast<QStatusTipEvent*>(event)->tip();
-    statusBar()->showMessage(m_tip.isEmpty() ? m_messageBehindTip : m_tip);
+    m_status->showTip(static_cast<QStatusTipEvent*>(event)->tip());
     return true;
 }
 

@@ -1,54 +1,28 @@
-// The commands of the main window, opening folders and loading.
+// The commands of the main window, and what the card session reports.
 #include "analysis/ui/DialogData.h"
+#include "app/CardSession.h"
 #include "app/DialogMain.h"
-#include "app/MainActions.h"
+#include "app/ExportCommand.h"
+#include "app/MenuDialogs.h"
 #include "app/ProjectSession.h"
 #include "app/SettingsSaver.h"
-#include "app/dialogs/DialogAbout.h"
+#include "app/StatusBar.h"
 #include "app/dialogs/DialogDaySheet.h"
-#include "app/dialogs/DialogHelp.h"
-#include "app/dialogs/DialogPreferences.h"
-#include "app/dialogs/DialogProfileInfo.h"
-#include "app/settings/SettingsStore.h"
-#include "app/startup/Startup.h"
+#include "app/settings/ExportSettingsStore.h"
+#include "app/settings/ProgramSettings.h"
 #include "base/Diagnostics.h"
-#include "record/ClockTime.h"
 #include "record/ui/DialogCard.h"
 #include "ui/Messages.h"
-#include "ui/ProgressDisplay.h"
 
 #include <QDir>
 #include <QDropEvent>
 #include <QFileDialog>
 #include <QFileInfo>
-#include <QLabel>
-#include <QLocale>
 #include <QMimeData>
-#include <QStatusBar>
-
-#include <utility>
 
 namespace KOLT {
 
 namespace {
-
-QString shortList(QStringList names)
-{
-    constexpr int most = 10;
-    if (names.size() > most) {
-        names.resize(most);
-        names.push_back(QStringLiteral("..."));
-    }
-    return names.join(QLatin1Char('\n'));
-}
-
-/// Shows the window, or raises it when it is open.
-void showInFront(QWidget* window)
-{
-    window->show();
-    window->raise();
-    window->activateWindow();
-}
 
 /// Absolute paths of the dropped local files and folders.
 QStringList droppedPaths(const QMimeData& data)
@@ -67,7 +41,8 @@ void DialogMain::slotMenu(QAction* action)
 {
     const int id = action->data().toInt();
     Diagnostics::print("DialogMain::slotMenu id %d\n", id);
-    switch (static_cast<Command>(id)) {
+    const auto command = static_cast<Command>(id);
+    switch (command) {
     case Command::NewProject:
         m_project->newProject();
         break;
@@ -88,16 +63,10 @@ void DialogMain::slotMenu(QAction* action)
         close();
         break;
     case Command::About:
-        showInFront(m_about);
-        break;
     case Command::ProfileInfo:
-        showInFront(m_profileInfo);
-        break;
     case Command::Help:
-        showInFront(m_help);
-        break;
     case Command::Preferences:
-        showInFront(m_preferences);
+        m_dialogs->show(command);
         break;
     case Command::DaySheet:
         openDaySheet();
@@ -105,9 +74,21 @@ void DialogMain::slotMenu(QAction* action)
     case Command::ExportKml:
     case Command::ExportCsv:
     case Command::ExportGpx:
-        m_jobs.run([this, id] { startExport(static_cast<Command>(id)); });
+        m_jobs.run([this, command] { exportData(command); });
         break;
     }
+}
+
+// Runs as a job of the queue until the dialog is closed, so that neither data set nor profile
+// change meanwhile.
+void DialogMain::exportData(Command command)
+{
+    if (m_card->dataSet() == nullptr)
+        return;
+    const QString path = runExport(command, profile(), *m_card->dataSet(), m_card->subject(), this);
+    m_data->setListSettings(loadListSettings(m_settings));
+    if (!path.isEmpty())
+        m_status->showMessage(tr("Exported to %1").arg(QDir::toNativeSeparators(path)));
 }
 
 void DialogMain::slotMenuPrefAbout()
@@ -119,218 +100,105 @@ void DialogMain::slotMenuRecent(QAction* action)
 {
     const QString folder = action->data().toString();
     if (QFileInfo(folder).isDir()) {
-        openFolder(folder);
+        m_card->open(folder);
         return;
     }
     m_recentFolders.remove(folder);
     saveSettings(this);
-    m_actions->setRecentFolders(m_recentFolders.folders());
+    offerRecentFolders();
     Messages::warn(this, tr("The folder\n%1\ndoes not exist any more. It was removed from the "
                             "list; if it is on a card, insert the card and open it again.")
                              .arg(folder));
 }
 
+void DialogMain::offerRecentFolders()
+{
+    m_actions->setRecentFolders(m_recentFolders.folders());
+}
+
+void DialogMain::openLastFolder()
+{
+    const QString folder = ProgramSettings().lastFolder();
+    // The user may have opened a folder or selected parameters before the timer fired.
+    if (card().folder().isEmpty() && !m_card->list(folder)) {
+        m_cardDialog->setMissingFolder(folder);
+        m_status->showMessage(tr("The last folder %1 was not found. Open another one with "
+                                 "\"Open Data Folder\".")
+                                  .arg(folder));
+    }
+    if (!m_project->isModified())
+        m_project->readLast();
+    refreshTitle();
+}
+
 void DialogMain::askForFolder()
 {
     const QString folder =
-        QFileDialog::getExistingDirectory(this, tr("Open SD Card"), Startup::lastPath());
+        QFileDialog::getExistingDirectory(this, tr("Open SD Card"), ProgramSettings().lastFolder());
     if (!folder.isEmpty())
-        openFolder(folder);
+        m_card->open(folder);
 }
 
-void DialogMain::openFolder(const QString& folder)
+void DialogMain::noteOpened(const QString& folder)
 {
-    m_jobs.run([this, folder] {
-        if (!listFolder(folder)) {
-            Messages::warn(
-                this,
-                tr("The folder\n%1\ncannot be opened. Please check that it exists and can be read.")
-                    .arg(folder));
-            return;
-        }
-        SettingsStore::instance().setText("LastPath", folder.toUtf8());
-        m_recentFolders.add(folder);
-        saveSettings(this);
-        m_actions->setRecentFolders(m_recentFolders.folders());
-        refreshTitle();
-    });
-}
-
-bool DialogMain::listFolder(const QString& folder)
-{
-    m_progress->begin(tr("Reading %1").arg(folder));
-    const bool isOpen =
-        m_card.readContainer(folder, [this](int percent) { m_progress->setPercent(percent); });
-    m_progress->end();
-    if (!isOpen)
-        return false;
-    m_jobs.dropWaiting(JobQueue::Kind::Choice); // made in the previous folder
-    m_choice = {}; // the pages keep the previous folder's data until the next choice
-    m_cardDialog->refresh();
-    statusBar()->showMessage(
-        tr("%n record file(s)", nullptr, static_cast<int>(m_card.files().size())) +
-        QStringLiteral(", ") +
-        tr("%n engine cycle(s)", nullptr, static_cast<int>(m_card.cycles().size())));
-    return true;
+    ProgramSettings().setLastFolder(folder);
+    m_recentFolders.add(folder);
+    saveSettings(this);
+    offerRecentFolders();
+    refreshTitle();
 }
 
 void DialogMain::slotCanChanged()
 {
-    openFolder(m_card.folder());
+    m_card->open(card().folder());
 }
 
 void DialogMain::slotLoadRecord(const std::list<QString>& paths)
 {
+    CardChoice choice{paths, {}, CardChoice::wholeCycle};
     // Sorted, whatever the order of the clicks: the first and last file determine start, date and
     // stop.
-    Files ordered = paths;
-    ordered.sort();
-    load(ordered);
+    choice.files.sort();
+    m_card->load(choice);
 }
 
 void DialogMain::slotLoadCycle(unsigned int cycle, int flight)
 {
-    load(CycleChoice{static_cast<int>(cycle), flight});
+    m_card->load({{}, static_cast<int>(cycle), flight});
 }
 
-void DialogMain::load(const Choice& choice)
+void DialogMain::showLoaded(bool isComplete)
 {
-    m_jobs.runLatest(JobQueue::Kind::Choice, [this, choice] { loadNow(choice); });
-}
-
-bool DialogMain::canLoad(const Choice& choice)
-{
-    const Files files = filesOf(choice);
-    if (m_card.dataSet() == nullptr || files.empty() || m_card.canReadAny(files))
-        return true;
-    if (const auto* const shown = std::get_if<Files>(&m_choice))
-        m_cardDialog->showFiles(*shown);
-    else if (const auto* const picked = std::get_if<CycleChoice>(&m_choice))
-        m_cardDialog->showCycle(static_cast<unsigned int>(picked->cycle), picked->flight);
-    else
-        m_cardDialog->showNothing();
-    QStringList names;
-    for (const QString& path : files)
-        names.push_back(path.section(QLatin1Char('/'), -1));
-    Messages::warn(this, tr("These files could not be read, and the data loaded before are still "
-                            "shown:\n%1\nPlease check that the card is still inserted and that the "
-                            "files can be read; then open the folder again.")
-                             .arg(shortList(names)));
-    return false;
-}
-
-void DialogMain::loadNow(const Choice& choice)
-{
-    if (!canLoad(choice))
-        return;
-    m_data->beginLoading(tr("Loading %1 ...").arg(nameOf(choice)));
-    m_dataInWords->clear();
-    m_progress->begin(tr("Loading %1").arg(nameOf(choice)));
-    const auto progress = [this](int percent) { m_progress->setPercent(percent); };
-    bool isLoaded = false;
-    if (const auto* const files = std::get_if<Files>(&choice)) {
-        isLoaded = m_card.loadFiles(*files, progress);
-    } else if (const auto* const picked = std::get_if<CycleChoice>(&choice)) {
-        if (picked->flight >= 0) {
-            isLoaded = m_card.loadFlight(picked->cycle, static_cast<std::size_t>(picked->flight),
-                                         progress);
-        } else {
-            isLoaded = m_card.loadCycle(picked->cycle, progress);
-            m_cardDialog->listFlights(static_cast<unsigned int>(picked->cycle));
-        }
-    }
-    m_progress->end();
-    enableExports();
-    if (!isLoaded || m_card.dataSet() == nullptr || !m_card.dataSet()->unreadFiles.empty())
+    m_actions->setExportsEnabled(m_card->dataSet() != nullptr);
+    if (!isComplete)
         m_cardDialog->setChoiceFailed();
-    if (m_card.dataSet() == nullptr) {
+    if (m_card->dataSet() == nullptr) {
         m_data->clear();
         return;
     }
-    m_choice = choice;
-    m_subject = subjectOf(choice);
-    if (auto* const picked = std::get_if<CycleChoice>(&m_choice);
-        picked != nullptr && picked->flight >= 0 && m_card.dataSet()->flight() == nullptr) {
-        picked->flight = -1;
-        m_cardDialog->listFlights(static_cast<unsigned int>(picked->cycle));
-    }
-    m_data->setData(*m_card.dataSet());
-    showDataInWords(m_choice);
-    if (m_isEmuDisplay && !m_notice.isEmpty()) // the page reported it before anything was loaded
-        statusBar()->showMessage(std::exchange(m_notice, {}));
-    tellUnreadFiles();
-    if (!isLoaded)
-        statusBar()->showMessage(
-            tr("%1 was not found any more. The whole cycle is loaded.").arg(nameOf(choice)));
+    m_data->setData(*m_card->dataSet());
+    m_status->showData(describeData(*m_card));
+    if (m_isEmuDisplay) // the page reported it before anything was loaded
+        m_status->repeatNotice();
 }
 
-QString DialogMain::nameOf(const Choice& choice) const
+void DialogMain::selectLoaded()
 {
-    if (const auto* const files = std::get_if<Files>(&choice))
-        return files->size() == 1
-                   ? files->front().section(QLatin1Char('/'), -1)
-                   : tr("%n record file(s)", nullptr, static_cast<int>(files->size()));
-    const auto* const picked = std::get_if<CycleChoice>(&choice);
-    if (picked == nullptr)
-        return {};
-    const auto found = m_card.cycles().find(picked->cycle);
-    const QString cycle = found == m_card.cycles().end() ? QString() : found->second.name;
-    return picked->flight < 0 ? cycle : tr("%1, flight %2").arg(cycle).arg(picked->flight + 1);
-}
-
-DialogMain::Files DialogMain::filesOf(const Choice& choice) const
-{
-    if (const auto* const files = std::get_if<Files>(&choice))
-        return *files;
-    Files paths;
-    const auto* const picked = std::get_if<CycleChoice>(&choice);
-    const auto cycle =
-        picked != nullptr ? m_card.cycles().find(picked->cycle) : m_card.cycles().end();
-    if (cycle != m_card.cycles().end()) {
-        for (const QString& name : cycle->second.fileNames)
-            paths.push_back(QStringLiteral("%1/%2").arg(m_card.folder(), name));
-    }
-    return paths;
+    const CardChoice loaded = m_card->loaded();
+    if (loaded.cycle)
+        m_cardDialog->showCycle(static_cast<unsigned int>(*loaded.cycle), loaded.flight);
+    else if (!loaded.isNone())
+        m_cardDialog->showFiles(loaded.files);
+    else
+        m_cardDialog->showNothing();
 }
 
 void DialogMain::openDaySheet()
 {
     // For a flight the sheet lists all flights of its cycle.
-    Choice choice = m_choice;
-    if (auto* const picked = std::get_if<CycleChoice>(&choice))
-        picked->flight = -1;
-    m_daySheet->open({m_card.folder(), nameOf(choice), filesOf(choice)});
-}
-
-void DialogMain::showDataInWords(const Choice& choice)
-{
-    const DataSet& dataSet = *m_card.dataSet();
-    const std::size_t fileCount = filesOf(choice).size();
-    const auto time = [](double seconds) {
-        return clockTime(seconds).toString(QStringLiteral("hh:mm:ss"));
-    };
-    const QString files = tr("%n file(s)", nullptr, static_cast<int>(fileCount));
-    const bool isCount = std::holds_alternative<Files>(choice) && fileCount > 1;
-    m_dataInWords->setText(
-        tr("%1, %2 samples, %3 to %4 (%5)")
-            .arg(isCount ? nameOf(choice) : tr("%1: %2").arg(nameOf(choice), files),
-                 QLocale().toString(static_cast<qulonglong>(dataSet.messages.sampleCount())),
-                 time(dataSet.startSeconds), time(dataSet.stopSeconds),
-                 durationText(dataSet.stopSeconds - dataSet.startSeconds)));
-    m_dataInWords->setToolTip(
-        tr("The loaded data; times since the recording unit was switched on"));
-}
-
-void DialogMain::tellUnreadFiles()
-{
-    const std::vector<QString>& unread = m_card.dataSet()->unreadFiles;
-    if (unread.empty())
-        return;
-    Messages::warn(this,
-                   tr("These files could not be read and are missing from the data shown:\n%1\n"
-                      "Please check that the card is still inserted and that the files can "
-                      "be read; then open the folder again.")
-                       .arg(shortList({unread.begin(), unread.end()})));
+    CardChoice choice = m_card->loaded();
+    choice.flight = CardChoice::wholeCycle;
+    m_dialogs->daySheet().open({card().folder(), m_card->nameOf(choice), m_card->filesOf(choice)});
 }
 
 void DialogMain::dragEnterEvent(QDragEnterEvent* event)
@@ -346,33 +214,7 @@ void DialogMain::dropEvent(QDropEvent* event)
         return;
     event->acceptProposedAction();
     // The drag source is blocked until this handler returns.
-    QTimer::singleShot(0, this, [this, paths] { openDropped(paths); });
-}
-
-void DialogMain::openDropped(const QStringList& paths)
-{
-    const QFileInfo first(paths.front());
-    if (first.isDir()) {
-        openFolder(paths.front());
-        return;
-    }
-    const QString folder = first.path();
-    openFolder(folder);
-    m_jobs.run([this, paths, folder] {
-        Files files;
-        for (const QString& path : paths) {
-            if (QFileInfo(path).path() == folder &&
-                m_card.files().contains(QFileInfo(path).fileName()))
-                files.push_back(path);
-        }
-        files.sort(); // as when files are chosen in the list
-        if (files.empty())
-            Messages::warn(this, tr("%1\nis not a record file. Record files end with .CAN, .can or "
-                                    ".xcb.")
-                                     .arg(paths.front()));
-        else if (m_card.folder() == folder)
-            loadNow(files);
-    });
+    QTimer::singleShot(0, this, [this, paths] { m_card->openDropped(paths); });
 }
 
 } // namespace KOLT

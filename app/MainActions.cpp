@@ -98,6 +98,12 @@ void MainActions::createMenus()
         help->addAction(m_actions[command]);
 }
 
+void MainActions::setExportsEnabled(bool isEnabled)
+{
+    for (const Command command : {Command::ExportKml, Command::ExportCsv, Command::ExportGpx})
+        m_actions[command]->setEnabled(isEnabled);
+}
+
 void MainActions::setRecentFolders(const QStringList& folders)
 {
     if (m_fileMenu == nullptr)

@@ -42,6 +42,9 @@ public:
     /// Creates the menus "&File", "&Extras" and "&Help".
     void createMenus();
 
+    /// Exports need loaded data.
+    void setExportsEnabled(bool isEnabled);
+
     /// Lists these folders in "&File", newest first. Each action carries its folder as its data.
     void setRecentFolders(const QStringList& folders);
 

@@ -3,7 +3,7 @@
 #include "app/SettingsSaver.h"
 #include "app/project/Project.h"
 #include "app/settings/DataPaths.h"
-#include "app/settings/SettingsStore.h"
+#include "app/settings/ProgramSettings.h"
 #include "base/SafeFile.h"
 #include "base/XmlFile.h"
 #include "ui/Messages.h"
@@ -21,7 +21,6 @@ namespace KOLT {
 
 namespace {
 
-constexpr auto lastPathKey = "LastProjectPath";
 constexpr int pauseMilliseconds = 1000;
 
 /// Name of the root element; null for a file that cannot be read.
@@ -45,7 +44,7 @@ ProjectSession::ProjectSession(Profile& profile, QWidget& window)
     m_timer.setInterval(pauseMilliseconds);
     m_timer.callOnTimeout(this, [this] { saveDefault(); });
     Project::instance().setProfile(&m_profile);
-    SettingsStore::instance().setText(lastPathKey, m_path.toUtf8());
+    ProgramSettings().setLastProject(m_path);
 }
 
 QString ProjectSession::defaultPath()
@@ -60,14 +59,9 @@ QString ProjectSession::otherVariantsPath()
            QStringLiteral("/OtherVariants.xml");
 }
 
-QString ProjectSession::lastPath() const
-{
-    return QString::fromUtf8(SettingsStore::instance().getText(lastPathKey));
-}
-
 void ProjectSession::storePath(const QString& path)
 {
-    SettingsStore::instance().setText(lastPathKey, path.toUtf8());
+    ProgramSettings().setLastProject(path);
     saveSettings(&m_window);
     emit signalPathStored();
 }
@@ -101,7 +95,7 @@ void ProjectSession::takeNames()
 
 void ProjectSession::readLast()
 {
-    const QString path = lastPath();
+    const QString path = ProgramSettings().lastProject();
     if (!QFile::exists(path)) {
         Project::instance().clear();
         selectDefaultParameters(m_profile);
@@ -162,8 +156,9 @@ void ProjectSession::open()
 {
     if (!mayDrop())
         return;
-    const QString path = QFileDialog::getOpenFileName(&m_window, tr("Open KOLT Project"),
-                                                      lastPath(), tr("Project Files (*.xml)"));
+    const QString path =
+        QFileDialog::getOpenFileName(&m_window, tr("Open KOLT Project"),
+                                     ProgramSettings().lastProject(), tr("Project Files (*.xml)"));
     if (path.isEmpty())
         return;
     // Checked first: reading drops the current content.
@@ -197,8 +192,9 @@ bool ProjectSession::save()
 
 bool ProjectSession::saveAs()
 {
-    QString path = askForSavePath(&m_window, tr("Save KOLT Project"), lastPath(),
-                                  tr("Project Files (*.xml)"), QStringLiteral("xml"));
+    QString path =
+        askForSavePath(&m_window, tr("Save KOLT Project"), ProgramSettings().lastProject(),
+                       tr("Project Files (*.xml)"), QStringLiteral("xml"));
     if (path.isEmpty())
         return false;
     if (!path.section(QLatin1Char('/'), -1).contains(QLatin1Char('.')))

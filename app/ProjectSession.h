@@ -61,7 +61,6 @@ private:
     bool write(const QString& path);
     void replaceUnreadable(const QString& path);
     void storePath(const QString& path);
-    QString lastPath() const;
     void setStale();
     void takeNames();
     void saveDefault();

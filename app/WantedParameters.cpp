@@ -1,6 +1,7 @@
 #include "app/WantedParameters.h"
 
 #include "base/XmlFile.h"
+#include "base/XmlText.h"
 #include "profile/Profile.h"
 
 #include <QDomDocument>
@@ -51,7 +52,7 @@ bool WantedParameters::save(const QString& path) const
     document.appendChild(root);
     for (const QString& name : others) {
         QDomElement element = document.createElement(QStringLiteral("Parameter"));
-        element.setAttribute(QStringLiteral("name"), xmlText(name.toUtf8()));
+        element.setAttribute(QStringLiteral("name"), xmlText(name, InvalidXml::Replace));
         root.appendChild(element);
     }
     return bool{writeXmlFile(path, document)};

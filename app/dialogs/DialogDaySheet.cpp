@@ -6,14 +6,13 @@
 #include "app/settings/SettingsStore.h"
 #include "base/Csv.h"
 #include "record/CardContainer.h"
+#include "ui/EventPump.h"
 #include "ui/Messages.h"
 #include "ui/SaveDialog.h"
 
 #include <QBuffer>
 #include <QComboBox>
-#include <QCoreApplication>
 #include <QDir>
-#include <QElapsedTimer>
 #include <QHeaderView>
 #include <QLabel>
 #include <QLocale>
@@ -32,7 +31,6 @@ namespace {
 
 constexpr QSize windowSize(900, 560);
 constexpr int rowPadding = 6;
-constexpr qint64 eventMilliseconds = 30;
 constexpr int wholePercent = 100;
 
 } // namespace
@@ -128,15 +126,8 @@ void DialogDaySheet::work(Scope scope)
     std::vector<FlightLine> lines;
     m_unreadFiles.clear();
     CardContainer card(m_profile);
-    QElapsedTimer sinceEvents;
-    sinceEvents.start();
-    const auto tick = [&](int percent) {
-        if (sinceEvents.elapsed() < eventMilliseconds)
-            return;
-        m_progress->setValue(percent);
-        QCoreApplication::processEvents();
-        sinceEvents.start();
-    };
+    EventPump events;
+    const auto tick = [&](int percent) { events.tick([&] { m_progress->setValue(percent); }); };
     card.readContainer(m_source.folder, [&](int) { tick(0); });
     const auto add = [&] {
         const FlightLog log = flightLog(m_profile, *card.dataSet());
@@ -232,8 +223,7 @@ QString DialogDaySheet::html() const
 
 QString DialogDaySheet::proposedName(const QString& suffix) const
 {
-    const QString directory =
-        QString::fromUtf8(SettingsStore::instance().getText("CsvExportDir", "."));
+    const QString directory = loadExportFolder(SettingsStore::instance(), "Csv");
     const QString day = m_sheet.rows().front().cells.front();
     return QStringLiteral("%1/Flights_%2.%3")
         .arg(directory, QString(day).replace(QLatin1Char(' '), QLatin1Char('_')), suffix);

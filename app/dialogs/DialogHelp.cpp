@@ -44,10 +44,10 @@ DialogHelp::DialogHelp(const QString& locale, QWidget* parent)
     m_search->setPlaceholderText(tr("Search"));
     m_search->setClearButtonEnabled(true);
     m_search->setToolTip(tr("Return finds the next match, Shift+Return the previous one"));
-    connect(m_search, &QLineEdit::returnPressed, this, [this] { find(false); });
+    connect(m_search, &QLineEdit::returnPressed, this, [this] { find({}); });
     auto* const before = new QShortcut(QKeySequence(Qt::SHIFT | Qt::Key_Return), m_search);
     before->setContext(Qt::WidgetShortcut);
-    connect(before, &QShortcut::activated, this, [this] { find(true); });
+    connect(before, &QShortcut::activated, this, [this] { find(QTextDocument::FindBackward); });
     auto* const search = new QShortcut(QKeySequence::Find, this);
     connect(search, &QShortcut::activated, m_search, qOverload<>(&QLineEdit::setFocus));
 
@@ -62,14 +62,13 @@ DialogHelp::DialogHelp(const QString& locale, QWidget* parent)
     resize(dialogSize);
 }
 
-void DialogHelp::find(bool backward)
+void DialogHelp::find(QTextDocument::FindFlags direction)
 {
-    const QTextDocument::FindFlags flags =
-        backward ? QTextDocument::FindBackward : QTextDocument::FindFlags();
-    if (m_browser->find(m_search->text(), flags))
+    if (m_browser->find(m_search->text(), direction))
         return;
-    m_browser->moveCursor(backward ? QTextCursor::End : QTextCursor::Start); // wraps around
-    m_browser->find(m_search->text(), flags);
+    const bool isBackward = direction.testFlag(QTextDocument::FindBackward);
+    m_browser->moveCursor(isBackward ? QTextCursor::End : QTextCursor::Start); // wraps around
+    m_browser->find(m_search->text(), direction);
 }
 
 } // namespace KOLT

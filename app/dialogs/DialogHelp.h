@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QDialog>
+#include <QTextDocument>
 
 class QLineEdit;
 class QTextBrowser;
@@ -17,7 +18,7 @@ public:
     explicit DialogHelp(const QString& locale, QWidget* parent = nullptr);
 
 private:
-    void find(bool backward);
+    void find(QTextDocument::FindFlags direction);
 
     QTextBrowser* m_browser = nullptr;
     QLineEdit* m_search = nullptr;

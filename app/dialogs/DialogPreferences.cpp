@@ -3,7 +3,8 @@
 #include "app/SettingsSaver.h"
 #include "app/dialogs/InstallProfile.h"
 #include "app/settings/InstalledProfile.h"
-#include "app/settings/SettingsStore.h"
+#include "app/settings/MapSettingsStore.h"
+#include "app/settings/ProgramSettings.h"
 #include "app/startup/Startup.h"
 
 #include <QApplication>
@@ -27,7 +28,6 @@ constexpr int largestFont = 32;
 constexpr double largestShading = 10.0;
 constexpr double shadingStep = 0.1;
 constexpr int fieldWidth = 360;
-constexpr auto defaultTileServer = "https://tile.openstreetmap.org";
 
 QDoubleSpinBox* createShadingBox(const QString& tip)
 {
@@ -42,7 +42,7 @@ QDoubleSpinBox* createShadingBox(const QString& tip)
 
 DialogPreferences::DialogPreferences(QWidget* parent)
     : QDialog(parent)
-    , m_startLanguage(QString::fromUtf8(SettingsStore::instance().getText("Locale", "us")))
+    , m_startLanguage(ProgramSettings().language())
 {
     setWindowTitle(tr("Preferences"));
     auto* const general = new QGroupBox(tr("General"), this);
@@ -108,9 +108,9 @@ void DialogPreferences::createMap(QFormLayout* form)
     m_tileServer->setMinimumWidth(fieldWidth);
     m_tileServer->setToolTip(tr("A plain address, or a template with {z}, {x} and {y}"));
     m_shading = {
-        {{"MapShadingContrast", 1.0, createShadingBox(tr("Contrast of the hill shading"))},
-         {"MapShadingBrightness", 1.0, createShadingBox(tr("Brightness of the hill shading"))},
-         {"MapShadingFactor", 0.5, createShadingBox(tr("Height factor of the hill shading"))}}};
+        {{&MapSettings::shadingContrast, createShadingBox(tr("Contrast of the hill shading"))},
+         {&MapSettings::shadingBrightness, createShadingBox(tr("Brightness of the hill shading"))},
+         {&MapSettings::shadingFactor, createShadingBox(tr("Height factor of the hill shading"))}}};
     form->addRow(tr("&Tile server"), m_tileServer);
     form->addRow(tr("Shading &contrast"), m_shading[0].box);
     form->addRow(tr("Shading &brightness"), m_shading[1].box);
@@ -125,39 +125,38 @@ void DialogPreferences::showEvent(QShowEvent* event)
 
 void DialogPreferences::readSettings()
 {
-    const SettingsStore& settings = SettingsStore::instance();
-    const QString locale = QString::fromUtf8(settings.getText("Locale", "us"));
+    const ProgramSettings settings;
+    const QString locale = settings.language();
     m_language->setCurrentIndex(std::max(m_language->findData(locale), 0));
     m_shownLanguage = m_language->currentIndex();
     m_restart->setVisible(locale != m_startLanguage);
-    m_fontSize->setValue(settings.getInteger("FontSize", Startup::defaultFontPixels));
+    m_fontSize->setValue(settings.fontPixels());
     m_shownFontSize = m_fontSize->value();
-    m_unit->setCurrentIndex(settings.getInteger("Unit", 0) == 1 ? 1 : 0);
+    m_unit->setCurrentIndex(static_cast<int>(settings.units()));
     m_shownUnit = m_unit->currentIndex();
     m_profile->setText(InstalledProfile::path());
-    m_shownServer = QString::fromUtf8(settings.getText("TileServer", defaultTileServer));
-    m_tileServer->setText(m_shownServer);
-    for (Shading& field : m_shading) {
-        field.box->setValue(settings.getDouble(field.key, field.fallback));
-        field.shown = field.box->value(); // the box rounds and clamps
-    }
+    m_shownMap = loadMapSettings(SettingsStore::instance());
+    m_tileServer->setText(m_shownMap.tileServer);
+    for (const auto& [value, box] : m_shading)
+        box->setValue(m_shownMap.*value);
+    m_shownMap = mapFields(); // the boxes round and clamp
 }
 
 void DialogPreferences::apply()
 {
-    SettingsStore& settings = SettingsStore::instance();
+    ProgramSettings settings;
     // Stores changes only: a setting may have a value that this dialog cannot show.
     if (m_language->currentIndex() != m_shownLanguage)
-        settings.setText("Locale", m_language->currentData().toString().toUtf8());
+        settings.setLanguage(m_language->currentData().toString());
     m_shownLanguage = m_language->currentIndex();
     const int unit = m_unit->currentIndex();
     const bool isOtherUnit = unit != m_shownUnit;
     if (isOtherUnit)
-        settings.setInteger("Unit", unit);
+        settings.setUnits(static_cast<UnitSystem>(unit));
     m_shownUnit = unit;
     const bool isOtherFont = m_fontSize->value() != m_shownFontSize;
     if (isOtherFont)
-        settings.setInteger("FontSize", m_fontSize->value());
+        settings.setFontPixels(m_fontSize->value());
     m_shownFontSize = m_fontSize->value();
     const bool isOtherMap = storeMap();
     saveSettings(this);
@@ -171,22 +170,20 @@ void DialogPreferences::apply()
     applyProfileFile();
 }
 
+MapSettings DialogPreferences::mapFields() const
+{
+    MapSettings settings = m_shownMap;
+    settings.tileServer = m_tileServer->text();
+    for (const auto& [value, box] : m_shading)
+        settings.*value = box->value();
+    return settings;
+}
+
 bool DialogPreferences::storeMap()
 {
-    SettingsStore& settings = SettingsStore::instance();
-    bool isChanged = m_tileServer->text() != m_shownServer;
-    if (isChanged) {
-        const QByteArray server = m_tileServer->text().trimmed().toUtf8();
-        settings.setText("TileServer", server.isEmpty() ? QByteArray(defaultTileServer) : server);
-    }
-    m_shownServer = m_tileServer->text();
-    for (Shading& field : m_shading) {
-        if (field.box->value() == field.shown)
-            continue;
-        field.shown = field.box->value();
-        settings.setText(field.key, QByteArray::number(field.shown));
-        isChanged = true;
-    }
+    const MapSettings fields = mapFields();
+    const bool isChanged = storeMapChanges(m_shownMap, fields, SettingsStore::instance());
+    m_shownMap = fields;
     return isChanged;
 }
 

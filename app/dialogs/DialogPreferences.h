@@ -1,5 +1,7 @@
 #pragma once
 
+#include "map/MapSettings.h"
+
 #include <QDialog>
 
 #include <array>
@@ -38,10 +40,8 @@ protected:
 private:
     struct Shading
     {
-        const char* key = nullptr;
-        double fallback = 0.0;
+        double MapSettings::*value = nullptr;
         QDoubleSpinBox* box = nullptr;
-        double shown = 0.0; ///< value when the dialog was opened
     };
 
     void createGeneral(QFormLayout* form);
@@ -49,6 +49,7 @@ private:
     void readSettings();
     void apply();
     void applyProfileFile();
+    MapSettings mapFields() const;
     bool storeMap();
     void chooseProfile();
 
@@ -63,7 +64,7 @@ private:
     int m_shownLanguage = 0;
     int m_shownFontSize = 0;
     int m_shownUnit = 0;
-    QString m_shownServer;
+    MapSettings m_shownMap;
     QString m_startLanguage; ///< language of the running program
 };
 

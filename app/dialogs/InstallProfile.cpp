@@ -34,7 +34,7 @@ bool installProfile(QWidget* parent, const QString& path)
         return true;
     case InstalledProfile::Result::InUse:
         Messages::inform(parent,
-                         InstallProfile::tr("This profile is in use already:\n%1").arg(path));
+                         InstallProfile::tr("This profile is already in use:\n%1").arg(path));
         return false;
     case InstalledProfile::Result::NotAProfile:
         Messages::warn(parent,

@@ -1,6 +1,7 @@
 #include "app/project/Project.h"
 
 #include "base/XmlFile.h"
+#include "base/XmlText.h"
 #include "profile/Profile.h"
 
 #include <QDomDocument>
@@ -77,8 +78,10 @@ bool Project::write(const QString& path)
     const QDomElement properties = appendElement(document, root, QStringLiteral("CanProperties"));
     for (const auto& [id, value] : m_canProperties) {
         QDomElement element = appendElement(document, properties, QStringLiteral("Property"));
-        element.setAttribute(QStringLiteral("id"), xmlText(id));
-        element.setAttribute(QStringLiteral("value"), xmlText(value));
+        element.setAttribute(QStringLiteral("id"),
+                             xmlText(QString::fromUtf8(id), InvalidXml::Replace));
+        element.setAttribute(QStringLiteral("value"),
+                             xmlText(QString::fromUtf8(value), InvalidXml::Replace));
     }
     m_lastWrite = writeXmlFile(path, document);
     return true;

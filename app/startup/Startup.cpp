@@ -2,7 +2,7 @@
 
 #include "app/settings/CommandLineOptions.h"
 #include "app/settings/DataPaths.h"
-#include "app/settings/SettingsStore.h"
+#include "app/settings/ProgramSettings.h"
 #include "app/startup/StyleSheet.h"
 #include "base/Diagnostics.h"
 
@@ -58,7 +58,7 @@ void configureGraphics()
 void loadSettings()
 {
     SettingsStore& settings = SettingsStore::instance();
-    settings.setFileName(DataPaths::instance().dataPath() + "/KOLT.ini");
+    settings.setFileName(DataPaths::instance().settingsFile());
     settings.load();
 }
 
@@ -66,7 +66,7 @@ void installTranslations(QApplication& application)
 {
     static QTranslator toolkit;
     static QTranslator program;
-    const QString locale = QString::fromUtf8(SettingsStore::instance().getText("Locale", "us"));
+    const QString locale = ProgramSettings().language();
     installTranslation(application, toolkit, "QT", QStringLiteral("qt_"), locale);
     installTranslation(application, program, "IOS", QStringLiteral("kolt_"), locale);
     // Numbers in the windows follow the program's language, not the system's.
@@ -92,15 +92,9 @@ void applyFontSize()
 {
     constexpr int smallest = 6;
     constexpr int largest = 64;
-    const int pixels = SettingsStore::instance().getInteger("FontSize", defaultFontPixels);
     QFont font = QApplication::font();
-    font.setPixelSize(std::clamp(pixels, smallest, largest));
+    font.setPixelSize(std::clamp(ProgramSettings().fontPixels(), smallest, largest));
     QApplication::setFont(font);
-}
-
-QString lastPath()
-{
-    return QString::fromUtf8(SettingsStore::instance().getText("LastPath", "."));
 }
 
 } // namespace KOLT::Startup

@@ -26,12 +26,7 @@ QString styleFile();
 /// Applies that style sheet.
 void applyStyleSheet(QApplication& application);
 
-constexpr int defaultFontPixels = 12;
-
 /// Applies the font size in the settings (pixels) to all windows.
 void applyFontSize();
-
-/// The last opened folder; "." before the first.
-QString lastPath();
 
 } // namespace KOLT::Startup

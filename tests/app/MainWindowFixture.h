@@ -11,6 +11,7 @@
 #include "app/settings/InstalledProfile.h"
 #include "app/settings/SettingsStore.h"
 #include "app/startup/Startup.h"
+#include "record/CardContainer.h"
 #include "resources/Resources.h"
 #include "tests/support/Buttons.h"
 #include "tests/support/ModalBoxes.h"

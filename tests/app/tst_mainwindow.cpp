@@ -170,7 +170,7 @@ void TestMainWindow::preferencesReachTheWindow()
     QTest::mouseClick(apply, Qt::LeftButton);
     QVERIFY(boxes.isDone());
     QCOMPARE(profile().parameters().front().name, "New");
-    dialog->findChild<QSpinBox*>()->setValue(Startup::defaultFontPixels);
+    dialog->findChild<QSpinBox*>()->setValue(12);
     QTest::mouseClick(apply, Qt::LeftButton);
 }
 

@@ -4,6 +4,7 @@
 #include "app/startup/Startup.h"
 #include "graph/ui/DialogDataGraph.h"
 #include "map/ui/WidgetMap.h"
+#include "record/CardContainer.h"
 #include "resources/Resources.h"
 
 #include <QAction>

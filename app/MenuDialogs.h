@@ -1,0 +1,45 @@
+#pragma once
+
+class QWidget;
+
+namespace KOLT {
+
+enum class Command;
+
+class DialogAbout;
+class DialogDaySheet;
+class DialogHelp;
+class DialogPreferences;
+class DialogProfileInfo;
+class JobQueue;
+class Profile;
+
+/// The windows that menu commands open. They are created hidden and kept.
+class MenuDialogs
+{
+public:
+    /// Profile and queue must outlive this object.
+    MenuDialogs(const Profile& profile, JobQueue& jobs, QWidget& window);
+    /// Deletes the windows that use the profile or the queue.
+    ~MenuDialogs();
+    MenuDialogs(const MenuDialogs&) = delete;
+    MenuDialogs& operator=(const MenuDialogs&) = delete;
+
+    /// Shows the window of a command, or raises it when it is open; ignores other commands.
+    void show(Command command) const;
+
+    DialogProfileInfo& profileInfo() const { return *m_profileInfo; }
+
+    DialogPreferences& preferences() const { return *m_preferences; }
+
+    DialogDaySheet& daySheet() const { return *m_daySheet; }
+
+private:
+    DialogAbout* m_about;
+    DialogProfileInfo* m_profileInfo;
+    DialogHelp* m_help;
+    DialogPreferences* m_preferences;
+    DialogDaySheet* m_daySheet;
+};
+
+} // namespace KOLT
