@@ -13,6 +13,84 @@
     </message>
 </context>
 <context>
+    <name>KOLT::CardSession</name>
+    <message>
+        <source>The folder
+%1
+cannot be opened. Please check that it exists and can be read.</source>
+        <translation>Der Ordner
+%1
+kann nicht geöffnet werden. Bitte prüfen Sie, ob er vorhanden ist und gelesen werden darf.</translation>
+    </message>
+    <message>
+        <source>Reading %1</source>
+        <translation>Lese %1</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n record file(s)</source>
+        <translation>
+            <numerusform>%n Aufzeichnungsdatei</numerusform>
+            <numerusform>%n Aufzeichnungsdateien</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n engine cycle(s)</source>
+        <translation>
+            <numerusform>%n Zyklus</numerusform>
+            <numerusform>%n Zyklen</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1
+is not a record file. Record files end with .CAN, .can or .xcb.</source>
+        <translation>%1
+ist keine Aufzeichnungsdatei. Aufzeichnungsdateien enden auf .CAN, .can oder .xcb.</translation>
+    </message>
+    <message>
+        <source>Loading %1</source>
+        <translation>Lade %1</translation>
+    </message>
+    <message>
+        <source>%1 was not found any more. The whole cycle is loaded.</source>
+        <translation>Nicht mehr vorhanden: %1. Der ganze Zyklus ist geladen.</translation>
+    </message>
+    <message>
+        <source>%1, flight %2</source>
+        <translation>%1, Flug %2</translation>
+    </message>
+    <message>
+        <source>These files could not be read, and the data loaded before are still shown:
+%1
+Please check that the card is still inserted and that the files can be read; then open the folder again.</source>
+        <translation>Diese Dateien konnten nicht gelesen werden; was zuvor geladen war, wird weiter gezeigt:
+%1
+Bitte prüfen Sie, ob die Karte noch steckt und die Dateien lesbar sind; öffnen Sie dann den Ordner erneut.</translation>
+    </message>
+    <message>
+        <source>These files could not be read and are missing from the data shown:
+%1
+Please check that the card is still inserted and that the files can be read; then open the folder again.</source>
+        <translation>Diese Dateien konnten nicht gelesen werden und fehlen in der Anzeige:
+%1
+Bitte prüfen Sie, ob die SD-Karte noch eingelegt ist und die Dateien lesbar sind; öffnen Sie den Ordner dann erneut.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n file(s)</source>
+        <translation>
+            <numerusform>%n Datei</numerusform>
+            <numerusform>%n Dateien</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1, %2 samples, %3 to %4 (%5)</source>
+        <translation>%1, %2 Messwerte, %3 bis %4 (%5)</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+</context>
+<context>
     <name>KOLT::Cycle</name>
     <message>
         <source>Cycle %1</source>
@@ -915,30 +993,6 @@ Bitte prüfen Sie, ob der Ordner beschreibbar und nicht voll ist, oder wählen S
         <translation>Hauptsymbolleiste</translation>
     </message>
     <message>
-        <source>Variant of the parameter profile</source>
-        <translation>Variante des Parameterprofils</translation>
-    </message>
-    <message>
-        <source>Unit system</source>
-        <translation>Einheitensystem</translation>
-    </message>
-    <message>
-        <source>Metric</source>
-        <translation>Metrisch</translation>
-    </message>
-    <message>
-        <source>Imperial</source>
-        <translation>Imperial</translation>
-    </message>
-    <message>
-        <source>The profile file
-%1
-cannot be read, so no values can be shown. Please install a valid one with &quot;Profile&quot; in the menu &quot;Help&quot;.</source>
-        <translation>Die Profildatei
-%1
-kann nicht gelesen werden, daher lassen sich keine Werte anzeigen. Bitte installieren Sie eine gültige mit „Profil“ im Menü „Hilfe“.</translation>
-    </message>
-    <message>
         <source>The last folder %1 was not found. Open another one with &quot;Open Data Folder&quot;.</source>
         <translation>Der letzte Ordner %1 ist nicht vorhanden. Öffnen Sie einen anderen mit „Datenordner öffnen“.</translation>
     </message>
@@ -955,91 +1009,12 @@ ist nicht mehr vorhanden und wurde aus der Liste entfernt. Liegt er auf einer SD
         <translation>SD-Karte öffnen</translation>
     </message>
     <message>
-        <source>The folder
-%1
-cannot be opened. Please check that it exists and can be read.</source>
-        <translation>Der Ordner
-%1
-kann nicht geöffnet werden. Bitte prüfen Sie, ob er vorhanden ist und gelesen werden darf.</translation>
-    </message>
-    <message>
-        <source>Reading %1</source>
-        <translation>Lese %1</translation>
-    </message>
-    <message numerus="yes">
-        <source>%n record file(s)</source>
-        <translation>
-            <numerusform>%n Aufzeichnungsdatei</numerusform>
-            <numerusform>%n Aufzeichnungsdateien</numerusform>
-        </translation>
-    </message>
-    <message numerus="yes">
-        <source>%n engine cycle(s)</source>
-        <translation>
-            <numerusform>%n Zyklus</numerusform>
-            <numerusform>%n Zyklen</numerusform>
-        </translation>
-    </message>
-    <message>
         <source>Loading %1 ...</source>
         <translation>Lade %1 ...</translation>
     </message>
     <message>
-        <source>Loading %1</source>
-        <translation>Lade %1</translation>
-    </message>
-    <message>
-        <source>%1, flight %2</source>
-        <translation>%1, Flug %2</translation>
-    </message>
-    <message numerus="yes">
-        <source>%n file(s)</source>
-        <translation>
-            <numerusform>%n Datei</numerusform>
-            <numerusform>%n Dateien</numerusform>
-        </translation>
-    </message>
-    <message>
-        <source>The loaded data; times since the recording unit was switched on</source>
-        <translation>Geladene Daten; Zeiten seit dem Einschalten des Aufzeichnungsgeräts</translation>
-    </message>
-    <message>
-        <source>These files could not be read and are missing from the data shown:
-%1
-Please check that the card is still inserted and that the files can be read; then open the folder again.</source>
-        <translation>Diese Dateien konnten nicht gelesen werden und fehlen in der Anzeige:
-%1
-Bitte prüfen Sie, ob die SD-Karte noch eingelegt ist und die Dateien lesbar sind; öffnen Sie den Ordner dann erneut.</translation>
-    </message>
-    <message>
-        <source>%1
-is not a record file. Record files end with .CAN, .can or .xcb.</source>
-        <translation>%1
-ist keine Aufzeichnungsdatei. Aufzeichnungsdateien enden auf .CAN, .can oder .xcb.</translation>
-    </message>
-    <message>
-        <source>%1 was not found any more. The whole cycle is loaded.</source>
-        <translation>Nicht mehr vorhanden: %1. Der ganze Zyklus ist geladen.</translation>
-    </message>
-    <message>
-        <source>%1, %2 samples, %3 to %4 (%5)</source>
-        <translation>%1, %2 Messwerte, %3 bis %4 (%5)</translation>
-    </message>
-    <message>
-        <source>%1: %2</source>
-        <translation>%1: %2</translation>
-    </message>
-    <message>
         <source>Exported to %1</source>
         <translation>Exportiert nach %1</translation>
-    </message>
-    <message>
-        <source>These files could not be read, and the data loaded before are still shown:
-%1
-Please check that the card is still inserted and that the files can be read; then open the folder again.</source>
-        <translation>Diese Dateien konnten nicht gelesen werden; was zuvor geladen war, wird weiter gezeigt:
-%1
-Bitte prüfen Sie, ob die Karte noch steckt und die Dateien lesbar sind; öffnen Sie dann den Ordner erneut.</translation>
     </message>
 </context>
 <context>
@@ -1487,7 +1462,7 @@ ist installiert als
 Das vorherige bleibt daneben als Sicherung erhalten.</translation>
     </message>
     <message>
-        <source>This profile is in use already:
+        <source>This profile is already in use:
 %1</source>
         <translation>Dieses Profil wird bereits verwendet:
 %1</translation>
@@ -1687,6 +1662,48 @@ Bitte prüfen Sie, ob der Ordner beschreibbar und nicht voll ist, oder sichern S
     </message>
 </context>
 <context>
+    <name>KOLT::OverviewPage</name>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+</context>
+<context>
+    <name>KOLT::OverviewTable</name>
+    <message>
+        <source>Incomplete: these files could not be read: %1</source>
+        <translation>Unvollständig: Diese Dateien konnten nicht gelesen werden: %1</translation>
+    </message>
+    <message>
+        <source>Flight %1</source>
+        <translation>Flug %1</translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation>Zeit</translation>
+    </message>
+    <message>
+        <source>Max. alt. [m]</source>
+        <translation>Max. Höhe [m]</translation>
+    </message>
+    <message>
+        <source>Fuel [l]</source>
+        <translation>Kraftstoff [l]</translation>
+    </message>
+    <message>
+        <source>Exceeded</source>
+        <translation>Überschreitungen</translation>
+    </message>
+    <message>
+        <source>Unknown Date</source>
+        <translation>Datum unbekannt</translation>
+    </message>
+    <message>
+        <source>Total</source>
+        <translation>Gesamt</translation>
+    </message>
+</context>
+<context>
     <name>KOLT::ParameterListModel</name>
     <message>
         <source>Device</source>
@@ -1734,44 +1751,33 @@ Bitte prüfen Sie, ob der Ordner beschreibbar und nicht voll ist, oder sichern S
     </message>
 </context>
 <context>
-    <name>KOLT::InstallProfile</name>
+    <name>KOLT::ProfileSelectors</name>
     <message>
-        <source>Install Profile</source>
-        <translation>Profil installieren</translation>
+        <source>Variant of the parameter profile</source>
+        <translation>Variante des Parameterprofils</translation>
     </message>
     <message>
-        <source>Not a valid KOLT profile !</source>
-        <translation>Kein gültiges KOLT-Profil!</translation>
+        <source>Unit system</source>
+        <translation>Einheitensystem</translation>
     </message>
     <message>
-        <source>Profile Files (*.xml);;All Files (*)</source>
-        <translation>Profildateien (*.xml);;Alle Dateien (*)</translation>
+        <source>Metric</source>
+        <translation>Metrisch</translation>
     </message>
     <message>
-        <source>The profile
+        <source>Imperial</source>
+        <translation>Imperial</translation>
+    </message>
+</context>
+<context>
+    <name>KOLT::ProfileSession</name>
+    <message>
+        <source>The profile file
 %1
-is installed as
-%2
-The previous one is kept beside it as a backup.</source>
-        <translation>Das Profil
+cannot be read, so no values can be shown. Please install a valid one with &quot;Profile&quot; in the menu &quot;Help&quot;.</source>
+        <translation>Die Profildatei
 %1
-ist installiert als
-%2
-Das vorherige bleibt daneben als Sicherung erhalten.</translation>
-    </message>
-    <message>
-        <source>This profile is already in use:
-%1</source>
-        <translation>Dieses Profil wird bereits verwendet:
-%1</translation>
-    </message>
-    <message>
-        <source>The profile could not be written to
-%1
-Please check that the folder can be written and is not full. The previous profile is still in use.</source>
-        <translation>Das Profil konnte nicht geschrieben werden:
-%1
-Bitte prüfen Sie, ob der Ordner beschreibbar und nicht voll ist. Das vorherige Profil wird weiter verwendet.</translation>
+kann nicht gelesen werden, daher lassen sich keine Werte anzeigen. Bitte installieren Sie eine gültige mit „Profil“ im Menü „Hilfe“.</translation>
     </message>
 </context>
 <context>
@@ -1985,6 +1991,13 @@ ist kein KOLT-Projekt. Die gewählten Parameter bleiben, wie sie sind.</translat
     <message>
         <source>Engine recording debriefing</source>
         <translation>Debriefing von Motoraufzeichnungen</translation>
+    </message>
+</context>
+<context>
+    <name>KOLT::StatusBar</name>
+    <message>
+        <source>The loaded data; times since the recording unit was switched on</source>
+        <translation>Geladene Daten; Zeiten seit dem Einschalten des Aufzeichnungsgeräts</translation>
     </message>
 </context>
 <context>

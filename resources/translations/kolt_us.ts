@@ -2,6 +2,30 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="en_US" sourcelanguage="en_US">
 <context>
+    <name>KOLT::CardSession</name>
+    <message numerus="yes">
+        <source>%n record file(s)</source>
+        <translation>
+            <numerusform>%n record file</numerusform>
+            <numerusform>%n record files</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n engine cycle(s)</source>
+        <translation>
+            <numerusform>%n engine cycle</numerusform>
+            <numerusform>%n engine cycles</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n file(s)</source>
+        <translation>
+            <numerusform>%n file</numerusform>
+            <numerusform>%n files</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>KOLT::DaySheet</name>
     <message numerus="yes">
         <source>%n flight(s)</source>
@@ -28,30 +52,6 @@
         <translation>
             <numerusform>The instrument view has %n fault: %1</numerusform>
             <numerusform>The instrument view has %n faults: %1</numerusform>
-        </translation>
-    </message>
-</context>
-<context>
-    <name>KOLT::DialogMain</name>
-    <message numerus="yes">
-        <source>%n record file(s)</source>
-        <translation>
-            <numerusform>%n record file</numerusform>
-            <numerusform>%n record files</numerusform>
-        </translation>
-    </message>
-    <message numerus="yes">
-        <source>%n engine cycle(s)</source>
-        <translation>
-            <numerusform>%n engine cycle</numerusform>
-            <numerusform>%n engine cycles</numerusform>
-        </translation>
-    </message>
-    <message numerus="yes">
-        <source>%n file(s)</source>
-        <translation>
-            <numerusform>%n file</numerusform>
-            <numerusform>%n files</numerusform>
         </translation>
     </message>
 </context>
