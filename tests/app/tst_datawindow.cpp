@@ -6,7 +6,6 @@
 #include "app/DataWindow.h"
 #include "graph/ui/DialogDataGraph.h"
 #include "map/ui/DialogDataMap.h"
-#include "record/ClockTime.h"
 #include "record/DataSet.h"
 #include "resources/Resources.h"
 #include "tests/support/Buttons.h"
