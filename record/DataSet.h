@@ -26,8 +26,8 @@ struct DataSet
     MessageMap messages;
     double startSeconds = 0.0;
     double stopSeconds = 0.0;
-    QDateTime dateTime; ///< clock time at counter 0, from the first file; may be invalid
-    std::vector<LoadedFile> files;    ///< in the order in which they were loaded
+    QDateTime dateTime;            ///< clock time at counter 0, from the first file; may be invalid
+    std::vector<LoadedFile> files; ///< in the order in which they were loaded
     std::vector<QString> unreadFiles; ///< names of files that were not read, or not completely
     std::vector<Flight> flights;      ///< all flights of the files, even if only one is loaded
     std::optional<std::size_t> flightIndex; ///< the loaded flight; none: all of the files

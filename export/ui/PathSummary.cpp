@@ -21,8 +21,9 @@ QString pathSummary(const DataSet& dataSet)
     }
     const QString size = ExportText::tr("%1 positions, two a second")
                              .arg(QLocale().toString(static_cast<qulonglong>(points)));
-    return flights == 0 ? size
-                        : ExportText::tr("%n flight(s)", nullptr, flights) + QStringLiteral(", ") + size;
+    return flights == 0
+               ? size
+               : ExportText::tr("%n flight(s)", nullptr, flights) + QStringLiteral(", ") + size;
 }
 
 } // namespace KOLT

@@ -142,9 +142,8 @@ void TestDialogs::profileParametersCanBeSearched()
 
 void TestDialogs::manualHasAllItsLinks()
 {
-    for (const auto& [language, word] : {std::pair("us", "flight"),
-                                         {"de", "Flug"},
-                                         {"xx", "flight"}}) { // falls back to English
+    for (const auto& [language, word] :
+         {std::pair("us", "flight"), {"de", "Flug"}, {"xx", "flight"}}) { // falls back to English
         DialogHelp dialog(language);
         auto* const browser = dialog.findChild<QTextBrowser*>();
         QVERIFY(browser->toPlainText().contains(word));

@@ -15,7 +15,7 @@ struct SampleCardOptions
     /// Where to write down what the card holds on purpose, as JSON; empty: nowhere. Never in the
     /// card's folder.
     QString plantedPath;
-    double hours = 0.0; ///< above 0: one engine run of that length instead of the usual card
+    double hours = 0.0;   ///< above 0: one engine run of that length instead of the usual card
     bool isShort = false; ///< one engine run with one flight, in three files
     /// Called with one line about each cycle written.
     std::function<void(const QString& line)> report;
