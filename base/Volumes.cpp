@@ -42,10 +42,16 @@ bool isRemovableDisk(const QByteArray& device)
 
 } // namespace
 
-std::vector<Volume> removableVolumes(const QByteArray& mountTable)
+QByteArray mountTable()
+{
+    QFile file(QStringLiteral("/proc/self/mounts"));
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+std::vector<Volume> removableVolumes(const QByteArray& table)
 {
     std::vector<Volume> volumes;
-    for (const QByteArray& line : mountTable.split('\n')) {
+    for (const QByteArray& line : table.split('\n')) {
         const QList<QByteArray> fields = line.split(' ');
         if (fields.size() < 3 || !fields[0].startsWith("/dev/") ||
             std::ranges::none_of(localTypes, [&](const char* type) { return fields[2] == type; }))

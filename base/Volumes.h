@@ -16,8 +16,11 @@ struct Volume
     bool operator==(const Volume&) const = default;
 };
 
-/// The local removable volumes of a mount table in the format of /proc/self/mounts. Looks at no
-/// file system but the kernel's own: asking a network mount that has gone would block.
-std::vector<Volume> removableVolumes(const QByteArray& mountTable);
+/// The system's table of mounts, as in /proc/self/mounts; empty on systems that have none.
+QByteArray mountTable();
+
+/// The local removable volumes of such a table. Looks at no file system but the kernel's own: a
+/// request to a network mount that has gone would block.
+std::vector<Volume> removableVolumes(const QByteArray& table);
 
 } // namespace KOLT

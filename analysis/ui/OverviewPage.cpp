@@ -1,7 +1,5 @@
 #include "analysis/ui/OverviewPage.h"
 
-#include "ui/StateMark.h"
-
 #include <QEvent>
 #include <QHeaderView>
 #include <QLabel>
@@ -32,12 +30,17 @@ StateMark markOf(const OverviewTable::Row& row)
     if (!row.isComplete || row.kind == OverviewTable::Kind::Day ||
         row.kind == OverviewTable::Kind::Outside)
         return StateMark::None;
-    if (!row.worst)
-        return StateMark::Good;
-    return row.worst->state == ThresholdState::Limit ? StateMark::Limit : StateMark::Warning;
+    return KOLT::markOf(row.worst);
 }
 
 } // namespace
+
+StateMark markOf(const std::optional<Exceedance>& worst)
+{
+    if (!worst)
+        return StateMark::Good;
+    return worst->state == ThresholdState::Limit ? StateMark::Limit : StateMark::Warning;
+}
 
 OverviewPage::OverviewPage(const Profile& profile, QWidget* parent)
     : QWidget(parent)

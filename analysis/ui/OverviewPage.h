@@ -1,6 +1,7 @@
 #pragma once
 
 #include "analysis/OverviewTable.h"
+#include "ui/StateMark.h"
 
 #include <QTreeWidget>
 #include <QWidget>
@@ -12,6 +13,9 @@ class QProgressBar;
 class QPushButton;
 
 namespace KOLT {
+
+/// The mark of a cycle or flight with this worst exceedance.
+StateMark markOf(const std::optional<Exceedance>& worst);
 
 /// The cycles of the open folder with the figures of each day, in front of the other pages until
 /// something is chosen. It shows an overview that is worked out elsewhere, row by row.
