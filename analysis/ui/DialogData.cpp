@@ -13,6 +13,7 @@
 #include <QButtonGroup>
 #include <QEvent>
 #include <QLabel>
+#include <QStackedLayout>
 #include <QStackedWidget>
 #include <QTime>
 #include <QToolButton>
@@ -52,7 +53,9 @@ DialogData::DialogData(const Profile& profile, const HostedPages& pages, Display
     auto* const layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addLayout(topRow);
-    layout->addWidget(m_splitter, 1);
+    m_area = new QStackedLayout;
+    m_area->addWidget(m_splitter);
+    layout->addLayout(m_area, 1);
     layout->addWidget(m_bar);
     if (display == Display::EmuOnly) {
         m_tabs->hide();
@@ -72,7 +75,9 @@ QBoxLayout* DialogData::createTopRow()
     m_tabs->add(QStringLiteral("tab-warning-lamps"), tr("Warning Lamps"));
     m_tabs->add(QStringLiteral("tab-statistic"), tr("Tow Statistic"));
     m_tabs->add(QStringLiteral("tab-emu-view"), tr("EMU View"));
+    connect(m_tabs, &QTabBar::tabBarClicked, this, [this] { showFront(false); });
     connect(m_tabs, &QTabBar::currentChanged, this, [this] {
+        showFront(false);
         if (m_stack->currentWidget() != m_loading)
             showCurrentPage();
     });
@@ -81,6 +86,7 @@ QBoxLayout* DialogData::createTopRow()
     m_mapButtons->setExclusive(true);
     auto* const row = new QHBoxLayout;
     row->setSpacing(0);
+    createFrontButton(*row);
     row->addWidget(m_tabs, 1);
     row->addWidget(
         createMapButton(MapSplitter::hideMap, QStringLiteral("map-hide"), tr("Hide Map Display")));
@@ -102,6 +108,33 @@ QToolButton* DialogData::createMapButton(int type, const QString& icon, const QS
     button->setToolTip(tip);
     m_mapButtons->addButton(button, type);
     return button;
+}
+
+void DialogData::createFrontButton(QBoxLayout& row)
+{
+    m_frontButton = new QToolButton(this);
+    m_frontButton->setObjectName(QStringLiteral("overviewButton"));
+    m_frontButton->setCheckable(true);
+    m_frontButton->setAutoRaise(true);
+    m_frontButton->setIcon(QIcon(QStringLiteral(":/icons/overview.svg")));
+    m_frontButton->setToolTip(tr("Overview of the open folder (Esc in the lists)"));
+    m_frontButton->hide();
+    connect(m_frontButton, &QToolButton::clicked, this, &DialogData::showFront);
+    row.addWidget(m_frontButton);
+}
+
+void DialogData::setFront(QWidget* front)
+{
+    m_area->addWidget(front);
+    m_frontButton->show();
+}
+
+void DialogData::showFront(bool isShown)
+{
+    if (m_area == nullptr || m_area->count() < 2) // there is none
+        return;
+    m_area->setCurrentIndex(isShown ? 1 : 0);
+    m_frontButton->setChecked(isShown);
 }
 
 void DialogData::createPages(const Profile& profile, const HostedPages& pages)
@@ -172,11 +205,13 @@ void DialogData::setData(const DataSet& dataSet)
     m_pages.setData(&dataSet);
     m_bar->setData(&dataSet);
     moveTo(m_replay.time());
+    showFront(false);
     showCurrentPage();
 }
 
 void DialogData::beginLoading(const QString& text)
 {
+    showFront(false);
     m_loading->setText(text);
     m_stack->setCurrentWidget(m_loading);
     dropData();
@@ -209,6 +244,7 @@ void DialogData::setTime(double seconds)
 
 void DialogData::setCurrentPage(Page page)
 {
+    showFront(false);
     m_tabs->setCurrentIndex(static_cast<int>(page));
 }
 

@@ -13,6 +13,7 @@
 class QBoxLayout;
 class QButtonGroup;
 class QLabel;
+class QStackedLayout;
 class QStackedWidget;
 class QTime;
 class QToolButton;
@@ -79,7 +80,16 @@ public:
 
     double time() const { return m_replay.time(); }
 
+    /// Shows a page, also in place of the front.
     void setCurrentPage(Page page);
+
+    /// Takes a widget that can be shown in front of pages and map, by the user with a button beside
+    /// the tabs. The window takes ownership.
+    void setFront(QWidget* front);
+
+    /// Shows the front, or the pages. The pages also come back when a tab is clicked, or data are
+    /// loaded.
+    void showFront(bool isShown);
 
 public slots:
     // In the order of their senders: controls, hosted pages, own pages.
@@ -107,6 +117,7 @@ private:
     void createPages(const Profile& profile, const HostedPages& pages);
     void createReplayBar(Display display);
     void dropData();
+    void createFrontButton(QBoxLayout& row);
     void showCurrentPage();
     void moveTo(double seconds, std::initializer_list<Page> except = {});
 
@@ -121,6 +132,8 @@ private:
     QStackedWidget* m_stack = nullptr;
     QLabel* m_loading = nullptr; ///< last in the stack, after the seven pages
     ReplayBar* m_bar = nullptr;
+    QStackedLayout* m_area = nullptr; ///< pages and map, and the front if there is one
+    QToolButton* m_frontButton = nullptr;
 };
 
 } // namespace KOLT

@@ -19,6 +19,21 @@ void setChoice(QTreeWidgetItem* item, const CycleList::Choice& choice)
     item->setData(0, flightRole, choice.flight);
 }
 
+QString explain(StateMark mark)
+{
+    switch (mark) {
+    case StateMark::Good:
+        return CycleList::tr("Nothing was exceeded");
+    case StateMark::Warning:
+        return CycleList::tr("A warning threshold was exceeded");
+    case StateMark::Limit:
+        return CycleList::tr("A limit was exceeded");
+    case StateMark::None:
+        break;
+    }
+    return {};
+}
+
 } // namespace
 
 CycleList::CycleList(QWidget* parent)
@@ -31,6 +46,7 @@ CycleList::CycleList(QWidget* parent)
 void CycleList::fillTree(const CardContainer& card)
 {
     m_items.clear();
+    m_marks.clear();
     const QIcon icon(QStringLiteral(":/icons/cycle.svg"));
     for (const auto& [key, cycle] : card.cycles()) {
         QTreeWidgetItem* const item = addEntry(cycle.dateTime.date());
@@ -65,9 +81,32 @@ void CycleList::listFlights(unsigned int cycle, const std::vector<Flight>& fligh
         setChoice(item, {cycle, index});
         ++index;
     }
+    showMarks(cycle);
     cycleItem->setExpanded(true);
     if (before && before->cycle == cycle && before->flight >= 0 && before->flight < index)
         tree().setCurrentItem(cycleItem->child(before->flight));
+}
+
+void CycleList::setMarks(unsigned int cycle, StateMark mark, const std::vector<StateMark>& flights)
+{
+    m_marks[cycle] = {mark, flights};
+    showMarks(cycle);
+}
+
+void CycleList::showMarks(unsigned int cycle)
+{
+    QTreeWidgetItem* const cycleItem = itemOf({cycle});
+    const auto marks = m_marks.find(cycle);
+    if (cycleItem == nullptr || marks == m_marks.end())
+        return;
+    const auto mark = [](QTreeWidgetItem& item, const char* icon, StateMark state) {
+        item.setIcon(0, markedIcon(QIcon(QLatin1String(icon)), state));
+        item.setToolTip(0, explain(state));
+    };
+    mark(*cycleItem, ":/icons/cycle.svg", marks->second.cycle);
+    const auto& flights = marks->second.flights;
+    for (int i = 0; i < cycleItem->childCount() && i < static_cast<int>(flights.size()); ++i)
+        mark(*cycleItem->child(i), ":/icons/flight.svg", flights[static_cast<std::size_t>(i)]);
 }
 
 std::optional<CycleList::Choice> CycleList::selected() const

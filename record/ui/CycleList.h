@@ -2,6 +2,7 @@
 
 #include "record/Flight.h"
 #include "record/ui/CardList.h"
+#include "ui/StateMark.h"
 
 #include <map>
 #include <optional>
@@ -35,11 +36,23 @@ public:
     /// Lists the flights below their cycle and keeps a selected flight selected. Sends no signal.
     void listFlights(unsigned int cycle, const std::vector<Flight>& flights);
 
+    /// Marks the cycle, and its flights wherever they are listed.
+    void setMarks(unsigned int cycle, StateMark mark, const std::vector<StateMark>& flights);
+
 protected:
     void fillTree(const CardContainer& card) override;
 
 private:
+    struct Marks
+    {
+        StateMark cycle = StateMark::None;
+        std::vector<StateMark> flights;
+    };
+
+    void showMarks(unsigned int cycle);
+
     std::map<unsigned int, QTreeWidgetItem*> m_items; ///< by number of the cycle
+    std::map<unsigned int, Marks> m_marks;            ///< by number of the cycle
 };
 
 } // namespace KOLT

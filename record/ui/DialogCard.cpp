@@ -5,6 +5,7 @@
 #include "record/ui/RecordList.h"
 
 #include <QFileInfo>
+#include <QShortcut>
 #include <QTabWidget>
 #include <QVBoxLayout>
 
@@ -50,6 +51,11 @@ DialogCard::DialogCard(CardContainer& card, QWidget* parent)
         if (isRepeated(item))
             slotSelectCycle();
     });
+    for (QTreeWidget* tree : {&m_records->tree(), &m_cycles->tree()}) {
+        auto* const escape = new QShortcut(Qt::Key_Escape, tree);
+        escape->setContext(Qt::WidgetShortcut);
+        connect(escape, &QShortcut::activated, this, &DialogCard::signalOverview);
+    }
     refresh();
 }
 
@@ -82,12 +88,20 @@ QString DialogCard::whyEmpty() const
         return tr("The folder no longer exists.");
     if (!info.isReadable() || !info.isExecutable())
         return tr("The folder cannot be read. Please check its permissions.");
-    return tr("No record files in this folder");
+    if (folder == QLatin1String(".")) // the default of the settings
+        return tr("No folder is open yet.");
+    return tr("No record files in this folder: their names end with .CAN, .can or .xcb. Folders "
+              "inside it are not searched.");
 }
 
 void DialogCard::listFlights(unsigned int cycle)
 {
     m_cycles->listFlights(cycle, m_card.flightsOf(static_cast<int>(cycle)));
+}
+
+void DialogCard::setMarks(unsigned int cycle, StateMark mark, const std::vector<StateMark>& flights)
+{
+    m_cycles->setMarks(cycle, mark, flights);
 }
 
 void DialogCard::forgetChoice()

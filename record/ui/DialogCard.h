@@ -1,9 +1,12 @@
 #pragma once
 
+#include "ui/StateMark.h"
+
 #include <QTimer>
 #include <QWidget>
 
 #include <list>
+#include <vector>
 
 class QTreeWidgetItem;
 
@@ -45,7 +48,15 @@ public:
     void showCycle(unsigned int cycle, int flight);
     void showNothing();
 
+    /// Marks a cycle and its flights, as far as they are listed, until the next refresh().
+    void setMarks(unsigned int cycle, StateMark mark, const std::vector<StateMark>& flights);
+
+    /// Why the lists are empty, in words for the user.
+    QString whyEmpty() const;
+
 signals:
+    /// Esc was pressed in a list: the user wants to see all of the card again.
+    void signalOverview();
     /// Load these files as one data set.
     void signalLoadRecord(const std::list<QString>& paths);
     /// Load a flight by its index, or with index -1 the whole cycle.
@@ -59,7 +70,6 @@ private slots:
     void slotTimeoutLoadCycle();
 
 private:
-    QString whyEmpty() const;
     bool isRepeated(const QTreeWidgetItem* pressed) const;
     void choose(QTimer& timer, CardList& other);
     void forgetChoice();
