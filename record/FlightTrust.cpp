@@ -90,8 +90,8 @@ void findLostPositions(const Profile& profile, const DataSet& dataSet, const Rec
                        TrustDrafts& drafts)
 {
     std::vector<std::uint32_t> ids;
-    for (const char* const role : {"Latitude", "Longitude"}) {
-        if (const auto* const parameter = profile.parameterByRole(QLatin1String(role)))
+    for (const Role role : {Role::Latitude, Role::Longitude}) {
+        if (const auto* const parameter = profile.parameterByRole(role))
             ids.push_back(static_cast<std::uint32_t>(parameter->id));
     }
     TrustDrafts found;
