@@ -250,22 +250,20 @@ std::optional<double> runClock(const std::vector<const FileFacts*>& files, const
 {
     if (file->clock)
         return file->clock;
-    // Where files lie in the wrong place, the nearest one may tell of another run.
-    const auto own = std::ranges::find(files, file);
-    std::optional<double> usual;
-    std::ptrdiff_t most = 0;
-    const auto end =
-        std::find_if(std::next(own), files.end(), [](const FileFacts* f) { return !f->clock; });
-    for (auto candidate = std::next(own); candidate != end; ++candidate) {
-        const auto count = std::count_if(std::next(own), end, [&](const FileFacts* f) {
-            return std::abs(*f->clock - *(*candidate)->clock) <= sameRunSeconds;
-        });
-        if (count > most) {
-            most = count;
-            usual = (*candidate)->clock;
+    // Where files lie in the wrong place, the next one may tell of another run: it is the one that
+    // goes on from here, and of several the nearest.
+    constexpr double tieSeconds = 10.0;
+    std::optional<double> clock;
+    double least = endOfTime;
+    for (auto next = std::next(std::ranges::find(files, file));
+         next != files.end() && (*next)->clock; ++next) {
+        const double distance = std::abs((*next)->firstSeconds - file->lastSeconds);
+        if (distance + (clock ? tieSeconds : 0.0) < least) {
+            least = distance;
+            clock = (*next)->clock;
         }
     }
-    return usual;
+    return clock;
 }
 
 void checkRuns(const CardFiles& card, const std::vector<const FileFacts*>& files, FileTrust& trust)

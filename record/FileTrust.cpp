@@ -10,6 +10,8 @@ namespace KOLT {
 
 namespace {
 
+constexpr double joinSeconds = 2.0;
+
 bool isAbout(const TrustFinding& finding, const QString& name)
 {
     return std::ranges::find(finding.files, name) != finding.files.end();
@@ -162,7 +164,6 @@ void FileChecker::findMissingAtEnd()
 /// beyond those before the jump.
 void FileChecker::findDisorder()
 {
-    constexpr double joinSeconds = 2.0;
     double latest = -endOfTime;
     for (const FileFacts* const file : m_files) {
         if (!file->hasSamples())
@@ -204,6 +205,9 @@ void FileChecker::checkClock(const QDateTime& dateTime)
         return;
     // An undated file's date comes from the file behind it: what is wrong with either is the cause.
     const FileFacts& opener = *m_files.front();
+    if (opener.info.dateInvalid &&
+        std::abs(opener.info.stopSeconds - opener.lastSeconds) > joinSeconds)
+        return; // its last time is a stray, which is told with the others
     const auto explains = [&](const TrustDraft& draft) {
         return !first || (opener.info.dateInvalid && isAbout(draft.finding, m_files, 2));
     };

@@ -47,7 +47,7 @@ void findNotANumber(const Profile& profile, const DataSet& dataSet, TrustDrafts&
         bool isKnown = false;
         const MessageSeries& series = seriesOf(dataSet.messages, *parameter);
         for (const StoredSample& sample : series) {
-            if (std::isfinite(decodeNumber(sample.data, *parameter)))
+            if (std::isfinite(Detail::scaledFloat(sample.data, *parameter)))
                 isKnown = true;
             else if (isKnown) // before the first number a device may know nothing yet
                 times.push_back(sample.seconds());
@@ -86,9 +86,52 @@ bool isInFlight(const Profile& profile, const DataSet& dataSet, const TrackGap& 
            RoleSeries(profile, dataSet.messages, Role::GroundSpeed).valueAt(gap.to) > fast;
 }
 
+/// Whether two positions, as degrees and minutes DDDMM.mmmm, lie closer than the position filter
+/// wants them to.
+bool isClose(float from, float to)
+{
+    constexpr float step = 0.5F; // minutes of arc
+    const float difference = std::abs(to - from);
+    if (difference <= step)
+        return true;
+    // From 59.9 minutes to the next degree are 40.1.
+    constexpr float degree = 100.0F;
+    const float low = std::fmod(std::min(std::abs(from), std::abs(to)), degree);
+    const float high = std::fmod(std::max(std::abs(from), std::abs(to)), degree);
+    return std::abs(difference - 40.0F) <= step && low >= 60.0F - step && high <= step;
+}
+
+/// Whether a position's samples come without a pause or a jump, once they are there: then nothing
+/// of them is lost, and the gaps need not be looked for, which takes much longer.
+bool isSteady(const Profile& profile, const MessageMap& messages, const char* role)
+{
+    constexpr float noFix = 1e-5F;
+    const ProfileParameter* const parameter = profile.parameterByRole(QLatin1String(role));
+    if (parameter == nullptr || parameter->rule != DecodingRule::Float)
+        return false;
+    float before = 0.0F;
+    double last = 0.0;
+    for (const StoredSample& sample : seriesOf(messages, *parameter)) {
+        const float value = Detail::scaledFloat(sample.data, *parameter);
+        const bool isKnown = std::abs(value) > noFix; // not where it is no number
+        if (before == 0.0F && !isKnown)
+            continue;
+        const double seconds = sample.seconds();
+        if (before != 0.0F &&
+            !(isKnown && isClose(before, value) && std::abs(seconds - last) <= longestTrackGap))
+            return false;
+        before = value;
+        last = seconds;
+    }
+    return true;
+}
+
 void findLostPositions(const Profile& profile, const DataSet& dataSet, const RecordedSpan& recorded,
                        TrustDrafts& drafts)
 {
+    if (isSteady(profile, dataSet.messages, "Latitude") &&
+        isSteady(profile, dataSet.messages, "Longitude"))
+        return;
     std::vector<std::uint32_t> ids;
     for (const Role role : {Role::Latitude, Role::Longitude}) {
         if (const auto* const parameter = profile.parameterByRole(role))
