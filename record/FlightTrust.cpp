@@ -189,10 +189,11 @@ void findUnfinished(const DataSet& dataSet, const RecordedSpan& recorded, const 
     for (const Flight& flight : dataSet.flights) {
         if (!ends.startsInAir &&
             flight.takeOffSeconds - marginSeconds < recorded.first - rounding &&
-            !isExplained(drafts, recorded.first))
+            !isExplained(drafts, recorded.first) && !isExplained(drafts, flight.takeOffSeconds))
             add(recorded.first, flight.landingSeconds, TrustText::cutStart())
                 .touch(flight.startSeconds, recorded.first);
-        if (flight.endSeconds > recorded.last + rounding && !isExplained(drafts, recorded.last))
+        if (flight.endSeconds > recorded.last + rounding && !isExplained(drafts, recorded.last) &&
+            !isExplained(drafts, flight.landingSeconds))
             add(flight.takeOffSeconds, recorded.last, TrustText::cutEnd())
                 .touch(recorded.last, flight.endSeconds);
     }
