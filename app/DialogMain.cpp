@@ -6,6 +6,7 @@
 #include "app/ExportCommand.h"
 #include "app/MainActions.h"
 #include "app/MenuDialogs.h"
+#include "app/OverviewSession.h"
 #include "app/ProfileSelectors.h"
 #include "app/ProjectSession.h"
 #include "app/Selector.h"
@@ -67,6 +68,7 @@ DialogMain::DialogMain()
     createBars();
     createDialogs();
     connectCard();
+    createOverview();
     connectPanels();
     setWindowIcon(QIcon(QStringLiteral(":/icons/app.svg")));
     setAcceptDrops(true);
@@ -125,6 +127,7 @@ void DialogMain::createBars()
         offerRecentFolders();
     }
     m_actions->setExportsEnabled(false);
+    (*m_actions)[Command::DaySheet]->setEnabled(false); // nothing is listed yet
     m_toolBar = addToolBar(tr("Main Toolbar"));
     m_toolBar->setObjectName(QStringLiteral("mainToolBar"));
     m_toolBar->setContextMenuPolicy(Qt::PreventContextMenu); // its menu could hide the bar for good
@@ -154,13 +157,23 @@ void DialogMain::createDialogs()
             [this] { m_parts.map->setSettings(loadMapSettings(m_settings)); });
 }
 
+void DialogMain::createOverview()
+{
+    if (m_isEmuDisplay)
+        return;
+    m_overview =
+        std::make_unique<OverviewSession>(profile(), *m_card, m_jobs, *m_cardDialog, *m_data);
+    connect(m_overview.get(), &OverviewSession::signalChooseFolder, this,
+            &DialogMain::askForFolder);
+}
+
 void DialogMain::connectCard()
 {
     connect(m_cardDialog, &DialogCard::signalChanged, this, &DialogMain::slotCanChanged);
     connect(m_cardDialog, &DialogCard::signalLoadRecord, this, &DialogMain::slotLoadRecord);
     connect(m_cardDialog, &DialogCard::signalLoadCycle, this, &DialogMain::slotLoadCycle);
     CardSession* const card = m_card.get();
-    connect(card, &CardSession::signalListed, m_cardDialog, &DialogCard::refresh);
+    connect(card, &CardSession::signalListed, this, &DialogMain::showListed);
     connect(card, &CardSession::signalOpened, this, &DialogMain::noteOpened);
     connect(card, &CardSession::signalFlights, m_cardDialog, &DialogCard::listFlights);
     connect(card, &CardSession::signalLoading, this, [this](const QString& name) {
@@ -238,12 +251,16 @@ void DialogMain::loadProfile()
 void DialogMain::reloadProfile()
 {
     const double time = m_data->time();
+    if (m_overview != nullptr)
+        m_overview->beginReload();
     m_data->clear(); // it refers to the profile
     loadProfile();
     m_project->restoreSelection();
     m_profileDialog->reload();
     m_card->reanalyse();
     m_data->setTime(time);
+    if (m_overview != nullptr)
+        m_overview->endReload();
     m_profile.tellFailure();
 }
 
@@ -291,6 +308,8 @@ void DialogMain::slotUnitChanged(int unit)
     m_dialogs->profileInfo().refresh();
     m_profileDialog->refreshUnits();
     m_data->refresh(DataPage::Change::Units);
+    if (m_overview != nullptr)
+        m_overview->refreshUnits();
 }
 
 void DialogMain::slotProfileChanged()

@@ -28,6 +28,7 @@ class DialogCard;
 class DialogProfile;
 class MainActions;
 class MenuDialogs;
+class OverviewSession;
 class ProfileSelectors;
 class ProjectSession;
 class SettingsStore;
@@ -88,6 +89,8 @@ private:
     void createBars();
     void createPanels();
     void createDialogs();
+    void createOverview();
+    void showListed();
     void connectCard();
     void connectPanels();
     void startTimers();
@@ -98,6 +101,7 @@ private:
     void refreshTitle();
 
     void openLastFolder();
+    bool isFirstStart() const;
     void askForFolder();
     void noteOpened(const QString& folder);
     void offerRecentFolders();
@@ -128,7 +132,8 @@ private:
     DialogCard* m_cardDialog = nullptr;
     DialogProfile* m_profileDialog = nullptr;
     DataWindow m_parts;
-    DialogData* m_data = nullptr; ///< same as m_parts.window
+    DialogData* m_data = nullptr;                ///< same as m_parts.window
+    std::unique_ptr<OverviewSession> m_overview; ///< none on the bare display
     std::unique_ptr<MenuDialogs> m_dialogs;
 };
 

@@ -4,6 +4,7 @@
 #include "app/DialogMain.h"
 #include "app/ExportCommand.h"
 #include "app/MenuDialogs.h"
+#include "app/OverviewSession.h"
 #include "app/ProjectSession.h"
 #include "app/SettingsSaver.h"
 #include "app/StatusBar.h"
@@ -120,8 +121,15 @@ void DialogMain::openLastFolder()
 {
     const QString folder = ProgramSettings().lastFolder();
     // The user may have opened a folder or selected parameters before the timer fired.
-    if (card().folder().isEmpty() && !m_card->list(folder)) {
+    const bool isListed = !card().folder().isEmpty() || m_card->list(folder);
+    if (isListed && isFirstStart() && m_overview != nullptr) {
+        m_overview->showFirstStart();
+        m_status->clearMessage(); // it counts no files
+    }
+    if (!isListed) {
         m_cardDialog->setMissingFolder(folder);
+        if (m_overview != nullptr)
+            m_overview->showMissing(folder);
         m_status->showMessage(tr("The last folder %1 was not found. Open another one with "
                                  "\"Open Data Folder\".")
                                   .arg(folder));
@@ -129,6 +137,17 @@ void DialogMain::openLastFolder()
     if (!m_project->isModified())
         m_project->readLast();
     refreshTitle();
+}
+
+bool DialogMain::isFirstStart() const
+{
+    return card().folder() == QLatin1String(".") && card().files().empty();
+}
+
+void DialogMain::showListed()
+{
+    m_cardDialog->refresh();
+    (*m_actions)[Command::DaySheet]->setEnabled(!card().files().empty());
 }
 
 void DialogMain::askForFolder()

@@ -3,6 +3,7 @@
 #include "analysis/ui/DialogData.h"
 #include "analysis/ui/OverviewPage.h"
 #include "analysis/ui/WelcomePanel.h"
+#include "app/CardChoice.h"
 #include "app/CardSession.h"
 #include "app/JobQueue.h"
 #include "app/settings/SampleFolder.h"
