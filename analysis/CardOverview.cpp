@@ -7,8 +7,9 @@
 
 namespace KOLT {
 
-CardOverview::CardOverview(const Profile& profile, const CardContainer& card)
+CardOverview::CardOverview(const Profile& profile, const CardContainer& card, Trust trust)
     : m_profile(profile)
+    , m_card(card)
 {
     std::vector<const Cycle*> order;
     for (const auto& [number, cycle] : card.cycles())
@@ -32,20 +33,52 @@ CardOverview::CardOverview(const Profile& profile, const CardContainer& card)
             bytes += qint64{files.back().info().sampleCount} * RecordFormat::sampleBytes;
         }
     }
+    if (trust == Trust::Ignored)
+        m_trusted = m_cycles.size();
 }
 
 bool CardOverview::step()
 {
-    if (isComplete())
+    if (isDone())
         return false;
+    if (isComplete()) {
+        stepTrust();
+        return !isDone();
+    }
     if (m_scan == nullptr)
-        m_scan = std::make_unique<CycleScan>(m_profile, m_cycles[m_completed],
-                                             std::exchange(m_files[m_completed], {}));
+        m_scan =
+            std::make_unique<CycleScan>(m_profile, m_cycles[m_completed], m_files[m_completed]);
     if (m_scan->step())
         return true;
     m_cycles[m_completed++] = m_scan->overview();
     m_scan.reset();
-    return !isComplete();
+    return !isDone();
+}
+
+void CardOverview::stepTrust()
+{
+    if (!m_cardFiles)
+        m_cardFiles.emplace(m_card);
+    if (m_dataSet == nullptr)
+        m_dataSet = std::make_unique<DataSet>();
+    CycleOverview& row = m_cycles[m_trusted];
+    std::vector<RecordFile>& files = m_files[m_trusted];
+    if (m_dataSet->files.size() < files.size()) {
+        RecordFile& file = files[m_dataSet->files.size()];
+        const QString name = file.path().section(QLatin1Char('/'), -1);
+        m_dataSet->files.push_back({name, m_dataSet->messages.nextSequence()});
+        if (!file.readRecordData(m_dataSet->messages))
+            m_dataSet->unreadFiles.push_back(name);
+        return;
+    }
+    m_dataSet->startSeconds = row.startSeconds;
+    m_dataSet->stopSeconds = row.startSeconds + row.runSeconds;
+    m_dataSet->dateTime = row.dateTime;
+    for (const FlightOverview& flight : row.flights)
+        m_dataSet->flights.push_back(flight.flight);
+    row.trust = recordingTrust(m_profile, *m_cardFiles, *m_dataSet);
+    m_dataSet.reset();
+    ++m_trusted;
 }
 
 const CycleOverview* CardOverview::cycle(int number) const

@@ -3,6 +3,7 @@
 #include "analysis/FlightLog.h"
 #include "profile/Profile.h"
 #include "record/Flight.h"
+#include "record/RecordingTrust.h"
 
 #include <QDateTime>
 #include <QString>
@@ -63,6 +64,8 @@ struct CycleOverview
     std::map<QString, std::size_t> lampNames; ///< how often each came on, by full name
     std::vector<QString> lampsFromTheStart;   ///< on at their first sample, which is no crossing
     std::optional<Exceedance> worst;
+
+    std::optional<RecordingTrust> trust; ///< none until it is known
 
     /// What is left of the run's fuel without the flights: engine tests, taxiing, take-offs that
     /// were aborted or whose landing is missing. The margins of two flights within a minute overlap

@@ -23,11 +23,13 @@ QString litres(double fuel)
     return figureText(fuel, 2, {});
 }
 
-QStringList emptyCells()
+Row emptyRow(OverviewTable::Kind kind, int cycle)
 {
-    QStringList cells;
-    cells.resize(OverviewTable::columnCount);
-    return cells;
+    Row row;
+    row.kind = kind;
+    row.cycle = cycle;
+    row.cells.resize(OverviewTable::columnCount);
+    return row;
 }
 
 QString lampTip(const CycleOverview& cycle)
@@ -45,14 +47,49 @@ QString worstText(const Profile& profile, const std::optional<Exceedance>& worst
     if (!worst)
         return {};
     const ProfileParameter& parameter = *worst->parameter;
-    return QStringLiteral("%1 %2 %3")
-        .arg(profile.devices()[static_cast<std::size_t>(parameter.device)].name, parameter.name,
-             worst->peakText(profile));
+    return QStringLiteral("%1 %2").arg(parameter.name, worst->peakText(profile));
+}
+
+/// With the device, and the time on the counter.
+QString worstTip(const Profile& profile, const std::optional<Exceedance>& worst)
+{
+    if (!worst)
+        return {};
+    const QString state =
+        worst->state == ThresholdState::Limit ? Text::tr("Limit") : Text::tr("Warning");
+    return Text::tr("%1: %2 %3 at %4 since the unit was switched on")
+        .arg(state, worst->parameter->fullName, worst->peakText(profile),
+             durationText(worst->seconds));
+}
+
+QString severityText(const std::optional<TrustSeverity>& severity)
+{
+    if (!severity)
+        return Text::tr("sound");
+    switch (*severity) {
+    case TrustSeverity::Note:
+        return Text::tr("note");
+    case TrustSeverity::Doubtful:
+        return Text::tr("doubtful");
+    case TrustSeverity::Wrong:
+        break;
+    }
+    return Text::tr("wrong");
+}
+
+void addTrust(Row& row, const std::vector<TrustFinding>& findings)
+{
+    row.cells[OverviewTable::Trust] = severityText(worstSeverity(findings));
+    QStringList lines;
+    for (const TrustFinding& finding : findings)
+        lines << trustKindTitle(finding.kind) + QStringLiteral(": ") + finding.text;
+    row.trustTip = lines.join(QLatin1Char('\n'));
 }
 
 Row sumRow(const QString& name, const DayOverview& day)
 {
-    Row row{OverviewTable::Kind::Day, 0, 0, emptyCells(), day.isComplete, {}, {}};
+    Row row = emptyRow(OverviewTable::Kind::Day, 0);
+    row.isComplete = day.isComplete;
     row.cells[OverviewTable::Name] = name;
     row.cells[OverviewTable::Run] = durationText(day.runSeconds);
     if (!day.isComplete)
@@ -70,8 +107,9 @@ Row sumRow(const QString& name, const DayOverview& day)
 
 Row cycleRow(const Profile& profile, const CycleOverview& cycle)
 {
-    Row row{OverviewTable::Kind::Cycle, cycle.number, 0, emptyCells(),
-            cycle.isComplete,           cycle.worst,  {}};
+    Row row = emptyRow(OverviewTable::Kind::Cycle, cycle.number);
+    row.isComplete = cycle.isComplete;
+    row.worst = cycle.worst;
     row.cells[OverviewTable::Name] = cycle.name;
     row.cells[OverviewTable::Time] = timeOfDayText(cycle.dateTime, cycle.startSeconds);
     row.cells[OverviewTable::Run] = durationText(cycle.runSeconds);
@@ -86,6 +124,9 @@ Row cycleRow(const Profile& profile, const CycleOverview& cycle)
     row.cells[OverviewTable::Exceeded] = count(cycle.crossings);
     row.cells[OverviewTable::Lamps] = count(cycle.lamps);
     row.cells[OverviewTable::Worst] = worstText(profile, cycle.worst);
+    row.worstTip = worstTip(profile, cycle.worst);
+    if (cycle.trust)
+        addTrust(row, cycle.trust->findings);
     row.tip = lampTip(cycle);
     if (!cycle.unreadFiles.empty())
         row.tip.prepend(Text::tr("Incomplete: these files could not be read: %1")
@@ -98,7 +139,10 @@ Row cycleRow(const Profile& profile, const CycleOverview& cycle)
 Row flightRow(const Profile& profile, const CycleOverview& cycle, std::size_t index)
 {
     const FlightOverview& flight = cycle.flights[index];
-    Row row{OverviewTable::Kind::Flight, cycle.number, index, emptyCells(), true, flight.worst, {}};
+    Row row = emptyRow(OverviewTable::Kind::Flight, cycle.number);
+    row.flight = index;
+    row.isComplete = true;
+    row.worst = flight.worst;
     row.cells[OverviewTable::Name] = Text::tr("Flight %1").arg(index + 1);
     row.cells[OverviewTable::Time] = timeOfDayText(flight.line.takeOff, flight.line.takeOffSeconds);
     row.cells[OverviewTable::Air] = durationText(flight.line.flightSeconds());
@@ -108,12 +152,20 @@ Row flightRow(const Profile& profile, const CycleOverview& cycle, std::size_t in
     row.cells[OverviewTable::Exceeded] = count(flight.line.exceedances);
     row.cells[OverviewTable::Lamps] = count(flight.lamps);
     row.cells[OverviewTable::Worst] = worstText(profile, flight.worst);
+    row.worstTip = worstTip(profile, flight.worst);
+    if (cycle.trust) {
+        std::vector<TrustFinding> findings;
+        for (const std::size_t place : cycle.trust->findingsOf(index))
+            findings.push_back(cycle.trust->findings[place]);
+        addTrust(row, findings);
+    }
     return row;
 }
 
 Row outsideRow(const CycleOverview& cycle)
 {
-    Row row{OverviewTable::Kind::Outside, cycle.number, 0, emptyCells(), true, {}, {}};
+    Row row = emptyRow(OverviewTable::Kind::Outside, cycle.number);
+    row.isComplete = true;
     row.cells[OverviewTable::Name] = Text::tr("Outside flights");
     row.cells[OverviewTable::Fuel] = litres(cycle.outsideFuel());
     row.cells[OverviewTable::Exceeded] = count(cycle.outsideCrossings);
@@ -125,17 +177,10 @@ Row outsideRow(const CycleOverview& cycle)
 
 QStringList OverviewTable::headings()
 {
-    return {Text::tr("Day, cycle, flight"),
-            Text::tr("Time"),
-            Text::tr("Engine run"),
-            Text::tr("Flights"),
-            Text::tr("In the air"),
-            Text::tr("Max. alt. [m]"),
-            Text::tr("Fuel [l]"),
-            Text::tr("In flights [l]"),
-            Text::tr("Exceeded"),
-            Text::tr("Lamps"),
-            Text::tr("Worst")};
+    return {Text::tr("Cycle"),    Text::tr("Time"),           Text::tr("Engine run"),
+            Text::tr("Flights"),  Text::tr("In the air"),     Text::tr("Max. alt. [m]"),
+            Text::tr("Fuel [l]"), Text::tr("In flights [l]"), Text::tr("Exceeded"),
+            Text::tr("Lamps"),    Text::tr("Recording"),      Text::tr("Worst")};
 }
 
 QStringList OverviewTable::explanations()
@@ -150,6 +195,7 @@ QStringList OverviewTable::explanations()
             Text::tr("Fuel in flights, from 30 s before take-off to 30 s after landing"),
             Text::tr("How often a warning or limit was exceeded, warning lamps included"),
             Text::tr("How often a warning lamp came on"),
+            Text::tr("How far the recording can be believed"),
             Text::tr("The worst exceedance with the value farthest from normal: limits before "
                      "warnings, then by how far the threshold was exceeded")};
 }

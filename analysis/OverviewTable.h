@@ -30,6 +30,7 @@ public:
         FlightFuel,
         Exceeded,
         Lamps,
+        Trust,
         Worst
     };
 
@@ -43,7 +44,9 @@ public:
         QStringList cells;       ///< one for each column
         bool isComplete = false; ///< of rows that are not, some cells are still empty
         std::optional<Exceedance> worst;
-        QString tip; ///< the texts that do not fit into the cells; may be empty
+        QString tip;      ///< for all cells; may be empty
+        QString worstTip; ///< the same for a single cell
+        QString trustTip;
     };
 
     OverviewTable(const Profile& profile, const CardOverview& overview);

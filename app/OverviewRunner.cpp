@@ -26,7 +26,7 @@ OverviewRunner::OverviewRunner(const Profile& profile, const CardContainer& card
 void OverviewRunner::start()
 {
     clear();
-    m_overview = std::make_unique<CardOverview>(m_profile, m_card);
+    m_overview = std::make_unique<CardOverview>(m_profile, m_card, CardOverview::Trust::Wanted);
     emit signalStarted();
     resume();
 }
@@ -48,7 +48,7 @@ void OverviewRunner::cancel()
 
 void OverviewRunner::resume()
 {
-    if (m_overview != nullptr && !m_overview->isComplete())
+    if (m_overview != nullptr && !m_overview->isDone())
         m_timer.start(0);
     emit signalProgress();
 }

@@ -73,7 +73,7 @@ void fillRows(std::size_t rows)
 {
     CardContainer container(card().profile);
     require(container.readContainer(card().folder.path()) && container.cycles().size() == runs);
-    CardOverview overview(card().profile, container);
+    CardOverview overview(card().profile, container, CardOverview::Trust::Ignored);
     while (overview.completedCount() < rows)
         overview.step();
     require(!overview.cycles().front().flights.empty() && overview.cycles().front().fuel > 0.0);

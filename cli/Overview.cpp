@@ -3,6 +3,7 @@
 #include "analysis/CardOverview.h"
 #include "cli/Json.h"
 #include "cli/Recording.h"
+#include "cli/Trust.h"
 
 #include <QJsonArray>
 
@@ -34,8 +35,11 @@ QJsonObject jsonDay(const DayOverview& day)
 QJsonObject jsonCycle(const CycleOverview& cycle)
 {
     QJsonArray flights;
-    for (const FlightOverview& row : cycle.flights)
-        flights.append(jsonFlight(row.flight));
+    for (std::size_t i = 0; i < cycle.flights.size(); ++i) {
+        QJsonObject flight = jsonFlight(cycle.flights[i].flight);
+        flight.insert(QStringLiteral("marked"), jsonMarked(cycle.trust->marked[i]));
+        flights.append(flight);
+    }
     return {
         {QStringLiteral("number"), cycle.number},
         {QStringLiteral("dateTime"), jsonDateTime(cycle.dateTime)},
@@ -48,6 +52,7 @@ QJsonObject jsonCycle(const CycleOverview& cycle)
         {QStringLiteral("crossings"), static_cast<qint64>(cycle.crossings)},
         {QStringLiteral("lamps"), static_cast<qint64>(cycle.lamps)},
         {QStringLiteral("worst"), jsonWorst(cycle.worst)},
+        {QStringLiteral("trust"), jsonTrust(cycle.trust->findings)},
     };
 }
 
@@ -61,7 +66,7 @@ QString overview(const Arguments& arguments)
         error = recording.openFolder();
     if (!error.isEmpty())
         return error;
-    CardOverview card(recording.profile(), recording.card());
+    CardOverview card(recording.profile(), recording.card(), CardOverview::Trust::Wanted);
     while (card.step()) {
     }
     QJsonArray days;

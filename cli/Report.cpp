@@ -123,7 +123,7 @@ struct TableColumn
 /// The overview's columns in the words of the terminal; the worst exceedance is last, as it is
 /// text.
 constexpr std::array tableColumns{
-    TableColumn{OverviewTable::Name, "Day, cycle, flight", -19},
+    TableColumn{OverviewTable::Name, "Cycle", -17},
     TableColumn{OverviewTable::Time, "Time", 9},
     TableColumn{OverviewTable::Run, "Run", 9},
     TableColumn{OverviewTable::Flights, "Flights", 7},
@@ -133,6 +133,7 @@ constexpr std::array tableColumns{
     TableColumn{OverviewTable::FlightFuel, "In flights", 10},
     TableColumn{OverviewTable::Exceeded, "Exceeded", 8},
     TableColumn{OverviewTable::Lamps, "Lamps", 5},
+    TableColumn{OverviewTable::Trust, "Recording", 9},
     TableColumn{OverviewTable::Worst, " Worst", -1},
 };
 
@@ -202,24 +203,22 @@ QString report(const Arguments& arguments)
         error = recording.openFolder();
     if (!error.isEmpty())
         return error;
-    CardContainer& card = recording.card();
+    const CardContainer& card = recording.card();
     writeOutput(QStringLiteral("%1: %2 record files, %3 engine cycles\n")
                     .arg(card.folder(), QString::number(card.files().size()),
                          QString::number(card.cycles().size()))
                     .toUtf8());
-    CardOverview overview(recording.profile(), card);
+    CardOverview overview(recording.profile(), card, CardOverview::Trust::Wanted);
     while (overview.step()) {
     }
     if (!overview.cycles().empty())
         reportOverview(recording.profile(), overview);
-    const CardFiles cardFiles(card);
     FlightTotals all;
     std::vector<QString> unread;
     for (const auto& [number, listed] : card.cycles()) {
         const CycleOverview& cycle = *overview.cycle(number);
         unread.insert(unread.end(), cycle.unreadFiles.begin(), cycle.unreadFiles.end());
-        card.loadCycle(number);
-        reportCycle(cycle, recordingTrust(recording.profile(), cardFiles, *card.dataSet()));
+        reportCycle(cycle, *cycle.trust);
         all.add(wholeOf(cycle));
     }
     writeOutput("\n" + totalsLine("Total", all));

@@ -15,6 +15,7 @@
 #include <QLabel>
 #include <QStackedLayout>
 #include <QStackedWidget>
+#include <QStyle>
 #include <QTime>
 #include <QToolButton>
 #include <QVBoxLayout>
@@ -135,6 +136,9 @@ void DialogData::showFront(bool isShown)
         return;
     m_area->setCurrentIndex(isShown ? 1 : 0);
     m_frontButton->setChecked(isShown);
+    // No tab looks chosen while the front is there.
+    m_tabs->setProperty("isBehind", isShown);
+    m_tabs->style()->polish(m_tabs);
 }
 
 void DialogData::createPages(const Profile& profile, const HostedPages& pages)

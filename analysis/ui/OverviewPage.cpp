@@ -19,11 +19,12 @@ constexpr int flightRole = Qt::UserRole + 1;
 constexpr int wholeCycle = -1;
 constexpr int wholePercent = 100;
 constexpr int worstCharacters = 22;
-constexpr int columnPadding = 8;
+constexpr int columnPadding = 2;
 
 /// Left out one after the other where a window is too narrow; the rest answers what the day was.
 constexpr OverviewTable::Column expendable[] = {OverviewTable::FlightFuel, OverviewTable::Exceeded,
-                                                OverviewTable::Run, OverviewTable::Lamps};
+                                                OverviewTable::Lamps, OverviewTable::Run,
+                                                OverviewTable::Time};
 
 StateMark markOf(const OverviewTable::Row& row)
 {
@@ -93,7 +94,7 @@ void OverviewPage::createTree()
                       QString(headings[column]).replace(QLatin1String(" ["), QLatin1String("\n[")));
         item->setToolTip(column, explanations[column]);
         item->setTextAlignment(column,
-                               column == OverviewTable::Name || column == OverviewTable::Worst
+                               column == OverviewTable::Name || column >= OverviewTable::Trust
                                    ? Qt::AlignLeft | Qt::AlignVCenter
                                    : Qt::AlignRight | Qt::AlignVCenter);
     }
@@ -118,6 +119,7 @@ void OverviewPage::fill()
     m_cycleItems.clear();
     m_totalItem = nullptr;
     m_shown = 0;
+    m_shownTrust = 0;
     if (m_overview == nullptr) {
         showState();
         return;
@@ -138,6 +140,7 @@ void OverviewPage::fill()
     if (days.size() > 1)
         m_totalItem = addItem(nullptr, OverviewTable::totalRow(*m_overview));
     m_shown = m_overview->completedCount();
+    m_shownTrust = m_overview->trustedCount();
     if (m_tree->topLevelItemCount() > 0)
         m_tree->setCurrentItem(m_tree->topLevelItem(0));
     fitColumns();
@@ -166,9 +169,11 @@ void OverviewPage::setRow(QTreeWidgetItem& item, const OverviewTable::Row& row)
         if (!row.tip.isEmpty())
             item.setToolTip(column, row.tip);
     }
-    // The column may be too narrow for it.
-    if (!row.cells[OverviewTable::Worst].isEmpty())
-        item.setToolTip(OverviewTable::Worst, row.cells[OverviewTable::Worst]);
+    for (const auto& [column, tip] : {std::pair(OverviewTable::Worst, &row.worstTip),
+                                      std::pair(OverviewTable::Trust, &row.trustTip)}) {
+        if (!tip->isEmpty())
+            item.setToolTip(column, *tip);
+    }
     if (const StateMark mark = markOf(row); mark != StateMark::None)
         item.setIcon(OverviewTable::Worst, markIcon(mark));
     if (!isSum) {
@@ -197,7 +202,10 @@ void OverviewPage::showProgress()
     const bool isNew = m_shown < m_overview->completedCount();
     while (m_shown < m_overview->completedCount())
         completeCycle(m_overview->cycles()[m_shown++]);
-    if (isNew) {
+    const bool isTrustNew = m_shownTrust < m_overview->trustedCount();
+    while (m_shownTrust < m_overview->trustedCount())
+        completeCycle(m_overview->cycles()[m_shownTrust++]);
+    if (isNew || isTrustNew) {
         refreshSums();
         fitColumns();
     }
@@ -221,7 +229,7 @@ void OverviewPage::setRunning(bool isRunning)
 
 void OverviewPage::showState()
 {
-    const bool isDone = m_overview == nullptr || m_overview->isComplete();
+    const bool isDone = m_overview == nullptr || m_overview->isDone();
     m_progress->setVisible(!isDone);
     m_button->setVisible(!isDone);
     m_button->setText(m_isRunning ? tr("Cancel") : tr("Continue"));
@@ -232,10 +240,14 @@ void OverviewPage::showState()
         return;
     }
     m_progress->setValue(m_overview->percent());
-    const auto done = static_cast<int>(m_overview->completedCount());
+    const bool isChecking = m_overview->isComplete();
+    const auto done =
+        static_cast<int>(isChecking ? m_overview->trustedCount() : m_overview->completedCount());
     const auto count = static_cast<int>(m_overview->cycles().size());
-    m_state->setText(m_isRunning ? tr("Reading: %1 of %2 cycles").arg(done).arg(count)
-                                 : tr("Cancelled: %1 of %2 cycles were read").arg(done).arg(count));
+    const QString work = isChecking    ? tr("Checking the recordings: %1 of %2 cycles")
+                         : m_isRunning ? tr("Reading: %1 of %2 cycles")
+                                       : tr("Cancelled: %1 of %2 cycles were read");
+    m_state->setText(work.arg(done).arg(count));
 }
 
 void OverviewPage::refreshUnits()

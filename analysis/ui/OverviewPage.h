@@ -66,6 +66,7 @@ private:
     const Profile& m_profile;
     const CardOverview* m_overview = nullptr;
     std::size_t m_shown = 0; ///< complete rows that are shown so
+    std::size_t m_shownTrust = 0;
     bool m_isRunning = false;
     std::vector<QTreeWidgetItem*> m_dayItems;
     std::map<int, QTreeWidgetItem*> m_cycleItems; ///< by number

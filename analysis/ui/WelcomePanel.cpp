@@ -67,6 +67,13 @@ QPushButton* WelcomePanel::addButton(const QString& text, const QString& tip)
     return button;
 }
 
+void WelcomePanel::setText(const QString& text)
+{
+    m_text->setText(text);
+    m_text->setMinimumHeight(
+        m_text->heightForWidth(m_text->width())); // a layout asks without width
+}
+
 void WelcomePanel::showFirstStart()
 {
     m_text->setText(
@@ -78,7 +85,7 @@ void WelcomePanel::showFirstStart()
 
 void WelcomePanel::showEmpty(const QString& reason)
 {
-    m_text->setText(reason);
+    setText(reason);
     m_sample->hide();
 }
 
