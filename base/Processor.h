@@ -2,7 +2,6 @@
 
 /// The compiler extensions that the program uses, each with a portable fallback.
 
-
 namespace KOLT {
 
 /// Prefetches memory that will be read soon. Any address is allowed.

@@ -103,6 +103,18 @@ Bitte prüfen Sie, ob die SD-Karte noch eingelegt ist und die Dateien lesbar sin
         <source>Flight %1 %2 (%3)</source>
         <translation>Flug %1 %2 (%3)</translation>
     </message>
+    <message>
+        <source>Nothing was exceeded</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>A warning threshold was exceeded</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>A limit was exceeded</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>KOLT::DaySheet</name>
@@ -204,10 +216,6 @@ Bitte prüfen Sie, ob die SD-Karte noch eingelegt ist und die Dateien lesbar sin
         <translation>Rohdaten</translation>
     </message>
     <message>
-        <source>No record files in this folder</source>
-        <translation>Keine Aufzeichnungsdateien in diesem Ordner</translation>
-    </message>
-    <message>
         <source>No folder is open. Choose one with &quot;Open Data Folder&quot;.</source>
         <translation>Kein Ordner ist offen. Wählen Sie einen mit „Datenordner öffnen“.</translation>
     </message>
@@ -226,6 +234,14 @@ ist nicht da. Legen Sie die Karte ein, oder wählen Sie mit „Datenordner öffn
     <message>
         <source>The folder cannot be read. Please check its permissions.</source>
         <translation>Der Ordner darf nicht gelesen werden: Bitte prüfen Sie seine Zugriffsrechte.</translation>
+    </message>
+    <message>
+        <source>No folder is open yet.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No record files in this folder: their names end with .CAN, .can or .xcb. Folders inside it are not searched.</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -269,6 +285,10 @@ ist nicht da. Legen Sie die Karte ein, oder wählen Sie mit „Datenordner öffn
     <message>
         <source>Tile Map Display Vertically</source>
         <translation>Karte darunter anzeigen</translation>
+    </message>
+    <message>
+        <source>Overview of the open folder (Esc in the lists)</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -1667,6 +1687,39 @@ Bitte prüfen Sie, ob der Ordner beschreibbar und nicht voll ist, oder sichern S
         <source>Cancel</source>
         <translation>Abbrechen</translation>
     </message>
+    <message>
+        <source>Continue</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Click a cycle or a flight to open it. Metric units.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Checking the recordings: %1 of %2 cycles</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Reading: %1 of %2 cycles</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Cancelled: %1 of %2 cycles were read</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>KOLT::OverviewSession</name>
+    <message>
+        <source>The folder
+%1
+was not found. Insert the card, or open another folder.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The sample card cannot be opened: it is missing in this installation, or cannot be copied to the folder of the program&apos;s data.</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>KOLT::OverviewTable</name>
@@ -1701,6 +1754,133 @@ Bitte prüfen Sie, ob der Ordner beschreibbar und nicht voll ist, oder sichern S
     <message>
         <source>Total</source>
         <translation>Gesamt</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1: came on %n time(s)</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1: on from the start, not counted</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Limit</source>
+        <translation type="unfinished">Grenzwert</translation>
+    </message>
+    <message>
+        <source>Warning</source>
+        <translation type="unfinished">Warnung</translation>
+    </message>
+    <message>
+        <source>%1: %2 %3 at %4 since the unit was switched on</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>sound</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>note</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>doubtful</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>wrong</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Outside flights</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>On the ground, and take-offs that were aborted or have no landing</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Cycle</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Engine run</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Flights</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>In the air</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>In flights [l]</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Lamps</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Recording</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Worst</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The cycles of the open folder, newest day first</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Start of the engine cycle, take-off of a flight</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>From the start of the cycle&apos;s first file to the stop of its last</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Number of flights; a take-off without a landing is none</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>From take-off to landing</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Highest altitude in a flight</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Fuel of the whole engine run: in flights and outside of them</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Fuel in flights, from 30 s before take-off to 30 s after landing</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>How often a warning or limit was exceeded, warning lamps included</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>How often a warning lamp came on</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>How far the recording can be believed</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The worst exceedance with the value farthest from normal: limits before warnings, then by how far the threshold was exceeded</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -2227,6 +2407,41 @@ ist kein KOLT-Projekt. Die gewählten Parameter bleiben, wie sie sind.</translat
     <message>
         <source>%1 were never recorded: figures and limits of them are empty. Look whether the profile is for this aircraft.</source>
         <translation>%1 wurde nie aufgezeichnet: Werte und Grenzen dafür sind leer. Prüfen Sie, ob das Profil zu diesem Flugzeug gehört.</translation>
+    </message>
+</context>
+<context>
+    <name>KOLT::WelcomePanel</name>
+    <message>
+        <source>Open the memory card...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Choose the folder that holds the record files</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Try the sample card</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>A short simulated flight that comes with the program</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Or drop the card&apos;s folder onto this window.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>KOLT shows what the recording unit of your engine wrote to its memory card: how many flights, how long, how much fuel, and whether a limit was exceeded.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Open &quot;%1&quot;</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Record files were found in %1</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>

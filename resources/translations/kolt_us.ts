@@ -76,6 +76,16 @@
     </message>
 </context>
 <context>
+    <name>KOLT::OverviewTable</name>
+    <message numerus="yes">
+        <source>%1: came on %n time(s)</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>KOLT::Trust</name>
     <message numerus="yes">
         <source>%1 and %n more</source>

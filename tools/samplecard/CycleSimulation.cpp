@@ -8,7 +8,7 @@ namespace KOLT::SampleCard {
 namespace {
 
 constexpr double gravity = 9.81;
-constexpr double fast = 50.0 / 3.6;     ///< m/s, faster than anything on the ground but a take-off
+constexpr double fast = 50.0 / 3.6; ///< m/s, faster than anything on the ground but a take-off
 constexpr double fuelReserve = 9.0; ///< litres per tank, below which the aircraft refuels
 
 double flag(bool on)
