@@ -103,10 +103,10 @@ bool isClose(float from, float to)
 
 /// Whether a position's samples come without a pause or a jump, once they are there: then nothing
 /// of them is lost, and the gaps need not be looked for, which takes much longer.
-bool isSteady(const Profile& profile, const MessageMap& messages, const char* role)
+bool isSteady(const Profile& profile, const MessageMap& messages, Role role)
 {
     constexpr float noFix = 1e-5F;
-    const ProfileParameter* const parameter = profile.parameterByRole(QLatin1String(role));
+    const ProfileParameter* const parameter = profile.parameterByRole(role);
     if (parameter == nullptr || parameter->rule != DecodingRule::Float)
         return false;
     float before = 0.0F;
@@ -129,8 +129,8 @@ bool isSteady(const Profile& profile, const MessageMap& messages, const char* ro
 void findLostPositions(const Profile& profile, const DataSet& dataSet, const RecordedSpan& recorded,
                        TrustDrafts& drafts)
 {
-    if (isSteady(profile, dataSet.messages, "Latitude") &&
-        isSteady(profile, dataSet.messages, "Longitude"))
+    if (isSteady(profile, dataSet.messages, Role::Latitude) &&
+        isSteady(profile, dataSet.messages, Role::Longitude))
         return;
     std::vector<std::uint32_t> ids;
     for (const Role role : {Role::Latitude, Role::Longitude}) {
