@@ -17,8 +17,8 @@ QJsonValue jsonWorst(const std::optional<Exceedance>& worst)
         return QJsonValue::Null;
     return QJsonObject{{QStringLiteral("parameter"), worst->parameter->fullName},
                        {QStringLiteral("state"), worst->state == ThresholdState::Limit
-                                                     ? QStringLiteral("limit")
-                                                     : QStringLiteral("warning")},
+                                                     ? QStringLiteral("LIMIT")
+                                                     : QStringLiteral("WARNING")},
                        {QStringLiteral("value"), worst->peak},
                        {QStringLiteral("time"), worst->seconds}};
 }
