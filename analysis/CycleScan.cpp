@@ -5,6 +5,7 @@
 #include "record/FuelUse.h"
 
 #include <algorithm>
+#include <bit>
 #include <cmath>
 #include <cstring>
 #include <new>
@@ -276,10 +277,11 @@ void CycleScan::track(Message& message, const MessageData& data, std::uint32_t t
                       std::uint32_t timeLow)
 {
     // The same bytes as before: the same values.
-    if (message.hasLast && !message.isFiltered && data == message.last)
+    const auto bytes = std::bit_cast<std::uint64_t>(data);
+    if (message.hasLast && !message.isFiltered && bytes == message.last)
         return;
     message.hasLast = true;
-    message.last = data;
+    message.last = bytes;
     for (ExceedanceTracker& tracker : message.trackers) {
         if (tracker.step(m_profile, data, timeHigh, timeLow, m_exceedances))
             addCrossing(tracker, secondsOf(timeHigh, timeLow));

@@ -96,7 +96,7 @@ private:
         bool isRecorded = false; ///< it was seen, and counts as one of MessageMap::maxIdentifiers
         bool isFiltered = false; ///< a position: equal bytes may give another value
         bool hasLast = false;
-        MessageData last{};
+        std::uint64_t last = 0; ///< bytes of the sample before
     };
 
     struct CacheLine

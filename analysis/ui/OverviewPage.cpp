@@ -18,7 +18,8 @@ constexpr int cycleRole = Qt::UserRole; ///< number; invalid in sums
 constexpr int flightRole = Qt::UserRole + 1;
 constexpr int wholeCycle = -1;
 constexpr int wholePercent = 100;
-constexpr int worstCharacters = 22;
+constexpr int worstCharacters = 18;
+constexpr int indentation = 14;
 constexpr int columnPadding = 2;
 
 /// Left out one after the other where a window is too narrow; the rest answers what the day was.
@@ -79,6 +80,7 @@ void OverviewPage::createTree()
     m_tree->setObjectName(QStringLiteral("overviewTree"));
     m_tree->setColumnCount(OverviewTable::columnCount);
     m_tree->setUniformRowHeights(true);
+    m_tree->setIndentation(indentation);
     m_tree->setAllColumnsShowFocus(true);
     m_tree->setTextElideMode(Qt::ElideRight);
     QHeaderView* const header = m_tree->header();
@@ -89,9 +91,11 @@ void OverviewPage::createTree()
     const QStringList explanations = OverviewTable::explanations();
     for (int column = 0; column < OverviewTable::columnCount; ++column) {
         QTreeWidgetItem* const item = m_tree->headerItem();
-        // The unit has a line of its own, as columns are narrow.
-        item->setText(column,
-                      QString(headings[column]).replace(QLatin1String(" ["), QLatin1String("\n[")));
+        // Two lines, as columns are narrow.
+        QString heading = headings[column];
+        if (const qsizetype blank = heading.lastIndexOf(QLatin1Char(' ')); blank >= 0)
+            heading[blank] = QLatin1Char('\n');
+        item->setText(column, heading);
         item->setToolTip(column, explanations[column]);
         item->setTextAlignment(column,
                                column == OverviewTable::Name || column >= OverviewTable::Trust

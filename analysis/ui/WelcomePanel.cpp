@@ -12,6 +12,7 @@ namespace {
 
 constexpr int iconPixels = 64;
 constexpr int textWidth = 420;
+constexpr int textStretch = 100;
 constexpr int spacing = 10;
 constexpr QSize buttonIconSize(16, 16);
 
@@ -22,8 +23,13 @@ QLabel* addText(QVBoxLayout& column, const char* objectName, QWidget* parent)
     label->setTextFormat(Qt::PlainText); // it may name a folder
     label->setAlignment(Qt::AlignCenter);
     label->setWordWrap(true);
-    label->setFixedWidth(textWidth);
-    column.addWidget(label, 0, Qt::AlignHCenter);
+    label->setMaximumWidth(textWidth);
+    // Stretches rather than an alignment: the height of the text follows from its own width.
+    auto* const row = new QHBoxLayout;
+    row->addStretch(1);
+    row->addWidget(label, textStretch);
+    row->addStretch(1);
+    column.addLayout(row);
     return label;
 }
 
@@ -67,13 +73,6 @@ QPushButton* WelcomePanel::addButton(const QString& text, const QString& tip)
     return button;
 }
 
-void WelcomePanel::setText(const QString& text)
-{
-    m_text->setText(text);
-    m_text->setMinimumHeight(
-        m_text->heightForWidth(m_text->width())); // a layout asks without width
-}
-
 void WelcomePanel::showFirstStart()
 {
     m_text->setText(
@@ -85,7 +84,7 @@ void WelcomePanel::showFirstStart()
 
 void WelcomePanel::showEmpty(const QString& reason)
 {
-    setText(reason);
+    m_text->setText(reason);
     m_sample->hide();
 }
 

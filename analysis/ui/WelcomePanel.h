@@ -41,7 +41,6 @@ signals:
     void signalFolder(const QString& path);
 
 private:
-    void setText(const QString& text);
     QPushButton* addButton(const QString& text, const QString& tip);
 
     QLabel* m_text = nullptr;

@@ -252,7 +252,7 @@ void TestDialogCard::emptyFolderSaysSo()
     const QTemporaryDir empty;
     QVERIFY(m_card->readContainer(empty.path()));
     m_dialog->refresh();
-    QCOMPARE(said(), "No record files in this folder");
+    QVERIFY(said().startsWith("No record files in this folder"));
     QVERIFY(QDir(empty.path()).removeRecursively());
     m_dialog->refresh();
     QVERIFY(said().contains("not there any more"));
