@@ -163,6 +163,9 @@ void TestOverview::firstStartTakesADrop()
 
     QMimeData data;
     data.setUrls({QUrl::fromLocalFile(card())});
+    QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(m_window.get(), &enter);
+    QVERIFY(enter.isAccepted());
     QDropEvent drop(QPointF(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
     QApplication::sendEvent(m_window.get(), &drop);
     QVERIFY(waitFor([&] { return rows()->isVisible(); }));
