@@ -105,15 +105,15 @@ Bitte prüfen Sie, ob die SD-Karte noch eingelegt ist und die Dateien lesbar sin
     </message>
     <message>
         <source>Nothing was exceeded</source>
-        <translation type="unfinished"></translation>
+        <translation>Nichts wurde überschritten</translation>
     </message>
     <message>
         <source>A warning threshold was exceeded</source>
-        <translation type="unfinished"></translation>
+        <translation>Eine Warnschwelle wurde überschritten</translation>
     </message>
     <message>
         <source>A limit was exceeded</source>
-        <translation type="unfinished"></translation>
+        <translation>Ein Grenzwert wurde überschritten</translation>
     </message>
 </context>
 <context>
@@ -237,11 +237,11 @@ ist nicht da. Legen Sie die Karte ein, oder wählen Sie mit „Datenordner öffn
     </message>
     <message>
         <source>No folder is open yet.</source>
-        <translation type="unfinished"></translation>
+        <translation>Noch ist kein Ordner geöffnet.</translation>
     </message>
     <message>
         <source>No record files in this folder: their names end with .CAN, .can or .xcb. Folders inside it are not searched.</source>
-        <translation type="unfinished"></translation>
+        <translation>Keine Aufzeichnungsdateien in diesem Ordner: Ihre Namen enden auf .CAN, .can oder .xcb. Unterordner werden nicht durchsucht.</translation>
     </message>
 </context>
 <context>
@@ -288,7 +288,7 @@ ist nicht da. Legen Sie die Karte ein, oder wählen Sie mit „Datenordner öffn
     </message>
     <message>
         <source>Overview of the open folder (Esc in the lists)</source>
-        <translation type="unfinished"></translation>
+        <translation>Übersicht über den geöffneten Ordner (Esc in den Listen)</translation>
     </message>
 </context>
 <context>
@@ -1689,23 +1689,23 @@ Bitte prüfen Sie, ob der Ordner beschreibbar und nicht voll ist, oder sichern S
     </message>
     <message>
         <source>Continue</source>
-        <translation type="unfinished"></translation>
+        <translation>Fortsetzen</translation>
     </message>
     <message>
         <source>Click a cycle or a flight to open it. Metric units.</source>
-        <translation type="unfinished"></translation>
+        <translation>Klicken Sie auf einen Zyklus oder Flug, um ihn zu öffnen. Metrische Einheiten.</translation>
     </message>
     <message>
         <source>Checking the recordings: %1 of %2 cycles</source>
-        <translation type="unfinished"></translation>
+        <translation>Aufzeichnungen werden geprüft: %1 von %2 Zyklen</translation>
     </message>
     <message>
         <source>Reading: %1 of %2 cycles</source>
-        <translation type="unfinished"></translation>
+        <translation>Wird gelesen: %1 von %2 Zyklen</translation>
     </message>
     <message>
         <source>Cancelled: %1 of %2 cycles were read</source>
-        <translation type="unfinished"></translation>
+        <translation>Abgebrochen: %1 von %2 Zyklen wurden gelesen</translation>
     </message>
 </context>
 <context>
@@ -1714,11 +1714,13 @@ Bitte prüfen Sie, ob der Ordner beschreibbar und nicht voll ist, oder sichern S
         <source>The folder
 %1
 was not found. Insert the card, or open another folder.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Ordner
+%1
+wurde nicht gefunden. Legen Sie die Karte ein, oder öffnen Sie einen anderen Ordner.</translation>
     </message>
     <message>
         <source>The sample card cannot be opened: it is missing in this installation, or cannot be copied to the folder of the program&apos;s data.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Beispielkarte kann nicht geöffnet werden: Sie fehlt in dieser Installation, oder sie lässt sich nicht in den Datenordner des Programms kopieren.</translation>
     </message>
 </context>
 <context>
@@ -1757,130 +1759,130 @@ was not found. Insert the card, or open another folder.</source>
     </message>
     <message numerus="yes">
         <source>%1: came on %n time(s)</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%1: ging %n-mal an</numerusform>
+            <numerusform>%1: ging %n-mal an</numerusform>
         </translation>
     </message>
     <message>
         <source>%1: on from the start, not counted</source>
-        <translation type="unfinished"></translation>
+        <translation>%1: von Anfang an ein, nicht gezählt</translation>
     </message>
     <message>
         <source>Limit</source>
-        <translation type="unfinished">Grenzwert</translation>
+        <translation>Grenzwert</translation>
     </message>
     <message>
         <source>Warning</source>
-        <translation type="unfinished">Warnung</translation>
+        <translation>Warnung</translation>
     </message>
     <message>
         <source>%1: %2 %3 at %4 since the unit was switched on</source>
-        <translation type="unfinished"></translation>
+        <translation>%1: %2 %3 bei %4 seit dem Einschalten des Geräts</translation>
     </message>
     <message>
         <source>sound</source>
-        <translation type="unfinished"></translation>
+        <translation>einwandfrei</translation>
     </message>
     <message>
         <source>note</source>
-        <translation type="unfinished"></translation>
+        <translation>Hinweis</translation>
     </message>
     <message>
         <source>doubtful</source>
-        <translation type="unfinished"></translation>
+        <translation>zweifelhaft</translation>
     </message>
     <message>
         <source>wrong</source>
-        <translation type="unfinished"></translation>
+        <translation>falsch</translation>
     </message>
     <message>
         <source>Outside flights</source>
-        <translation type="unfinished"></translation>
+        <translation>Außerhalb der Flüge</translation>
     </message>
     <message>
         <source>On the ground, and take-offs that were aborted or have no landing</source>
-        <translation type="unfinished"></translation>
+        <translation>Am Boden, und Starts, die abgebrochen wurden oder keine Landung haben</translation>
     </message>
     <message>
         <source>Cycle</source>
-        <translation type="unfinished"></translation>
+        <translation>Zyklus</translation>
     </message>
     <message>
         <source>Engine run</source>
-        <translation type="unfinished"></translation>
+        <translation>Motor läuft</translation>
     </message>
     <message>
         <source>Flights</source>
-        <translation type="unfinished"></translation>
+        <translation>Flüge</translation>
     </message>
     <message>
         <source>In the air</source>
-        <translation type="unfinished"></translation>
+        <translation>In der Luft</translation>
     </message>
     <message>
         <source>In flights [l]</source>
-        <translation type="unfinished"></translation>
+        <translation>In Flügen [l]</translation>
     </message>
     <message>
         <source>Lamps</source>
-        <translation type="unfinished"></translation>
+        <translation>Lampen</translation>
     </message>
     <message>
         <source>Recording</source>
-        <translation type="unfinished"></translation>
+        <translation>Aufzeichnung</translation>
     </message>
     <message>
         <source>Worst</source>
-        <translation type="unfinished"></translation>
+        <translation>Am schlimmsten</translation>
     </message>
     <message>
         <source>The cycles of the open folder, newest day first</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Zyklen des geöffneten Ordners, der jüngste Tag zuerst</translation>
     </message>
     <message>
         <source>Start of the engine cycle, take-off of a flight</source>
-        <translation type="unfinished"></translation>
+        <translation>Beginn des Motorzyklus, Start eines Fluges</translation>
     </message>
     <message>
         <source>From the start of the cycle&apos;s first file to the stop of its last</source>
-        <translation type="unfinished"></translation>
+        <translation>Vom Beginn der ersten Datei des Zyklus bis zum Ende der letzten</translation>
     </message>
     <message>
         <source>Number of flights; a take-off without a landing is none</source>
-        <translation type="unfinished"></translation>
+        <translation>Zahl der Flüge; ein Start ohne Landung zählt nicht</translation>
     </message>
     <message>
         <source>From take-off to landing</source>
-        <translation type="unfinished"></translation>
+        <translation>Vom Start bis zur Landung</translation>
     </message>
     <message>
         <source>Highest altitude in a flight</source>
-        <translation type="unfinished"></translation>
+        <translation>Größte Höhe in einem Flug</translation>
     </message>
     <message>
         <source>Fuel of the whole engine run: in flights and outside of them</source>
-        <translation type="unfinished"></translation>
+        <translation>Kraftstoff des ganzen Motorlaufs: in den Flügen und außerhalb</translation>
     </message>
     <message>
         <source>Fuel in flights, from 30 s before take-off to 30 s after landing</source>
-        <translation type="unfinished"></translation>
+        <translation>Kraftstoff in den Flügen, von 30 s vor dem Start bis 30 s nach der Landung</translation>
     </message>
     <message>
         <source>How often a warning or limit was exceeded, warning lamps included</source>
-        <translation type="unfinished"></translation>
+        <translation>Wie oft eine Warnschwelle oder ein Grenzwert überschritten wurde, Warnlampen eingeschlossen</translation>
     </message>
     <message>
         <source>How often a warning lamp came on</source>
-        <translation type="unfinished"></translation>
+        <translation>Wie oft eine Warnlampe anging</translation>
     </message>
     <message>
         <source>How far the recording can be believed</source>
-        <translation type="unfinished"></translation>
+        <translation>Wie weit der Aufzeichnung zu trauen ist</translation>
     </message>
     <message>
         <source>The worst exceedance with the value farthest from normal: limits before warnings, then by how far the threshold was exceeded</source>
-        <translation type="unfinished"></translation>
+        <translation>Die schlimmste Überschreitung mit dem Wert, der am weitesten vom Normalen weg war: Grenzwerte vor Warnungen, dann danach, wie weit die Schwelle überschritten wurde</translation>
     </message>
 </context>
 <context>
@@ -2413,35 +2415,35 @@ ist kein KOLT-Projekt. Die gewählten Parameter bleiben, wie sie sind.</translat
     <name>KOLT::WelcomePanel</name>
     <message>
         <source>Open the memory card...</source>
-        <translation type="unfinished"></translation>
+        <translation>Speicherkarte öffnen...</translation>
     </message>
     <message>
         <source>Choose the folder that holds the record files</source>
-        <translation type="unfinished"></translation>
+        <translation>Den Ordner mit den Aufzeichnungsdateien wählen</translation>
     </message>
     <message>
         <source>Try the sample card</source>
-        <translation type="unfinished"></translation>
+        <translation>Beispielkarte ausprobieren</translation>
     </message>
     <message>
         <source>A short simulated flight that comes with the program</source>
-        <translation type="unfinished"></translation>
+        <translation>Ein kurzer simulierter Flug, der mit dem Programm kommt</translation>
     </message>
     <message>
         <source>Or drop the card&apos;s folder onto this window.</source>
-        <translation type="unfinished"></translation>
+        <translation>Oder ziehen Sie den Ordner der Karte auf dieses Fenster.</translation>
     </message>
     <message>
         <source>KOLT shows what the recording unit of your engine wrote to its memory card: how many flights, how long, how much fuel, and whether a limit was exceeded.</source>
-        <translation type="unfinished"></translation>
+        <translation>KOLT zeigt, was das Aufzeichnungsgerät Ihres Motors auf seine Speicherkarte geschrieben hat: wie viele Flüge, wie lange, wie viel Kraftstoff, und ob ein Grenzwert überschritten wurde.</translation>
     </message>
     <message>
         <source>Open &quot;%1&quot;</source>
-        <translation type="unfinished"></translation>
+        <translation>„%1“ öffnen</translation>
     </message>
     <message>
         <source>Record files were found in %1</source>
-        <translation type="unfinished"></translation>
+        <translation>In %1 wurden Aufzeichnungsdateien gefunden</translation>
     </message>
 </context>
 <context>

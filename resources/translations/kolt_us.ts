@@ -79,9 +79,9 @@
     <name>KOLT::OverviewTable</name>
     <message numerus="yes">
         <source>%1: came on %n time(s)</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%1: came on %n time</numerusform>
+            <numerusform>%1: came on %n times</numerusform>
         </translation>
     </message>
 </context>
