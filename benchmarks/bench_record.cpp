@@ -2,6 +2,7 @@
 
 #include "benchmarks/BarePasses.h"
 #include "benchmarks/Figures.h"
+#include "benchmarks/PeakMemory.h"
 #include "profile/Profile.h"
 #include "record/CardContainer.h"
 #include "tools/recordwriter/RecordFileWriter.h"
@@ -13,8 +14,6 @@
 #include <benchmark/benchmark.h>
 #include <cstring>
 #include <fcntl.h>
-#include <fstream>
-#include <sys/wait.h>
 #include <unistd.h>
 
 using namespace KOLT;
@@ -135,40 +134,16 @@ void loadGrouped(benchmark::State& state)
 }
 
 /// A value of /proc/self/status, in bytes.
-double statusBytes(const std::string& key)
-{
-    std::ifstream status("/proc/self/status");
-    for (std::string word; status >> word;) {
-        if (word == key) {
-            double kilobytes = 0.0;
-            status >> kilobytes;
-            return kilobytes * 1024.0;
-        }
-    }
-    return 0.0;
-}
-
-/// Peak memory while loading the file, per byte of the file; measured in a separate process.
+/// Peak memory of loading the file, per byte of it.
 double loadMemory()
 {
-    std::array<int, 2> channel{};
-    if (pipe(channel.data()) != 0)
-        std::abort();
-    const pid_t child = fork();
-    if (child == 0) {
-        const double before = statusBytes("VmRSS:");
-        RecordFile record;
-        record.readRecordInfo(loadedPath());
-        MessageMap messages;
-        record.readRecordData(messages);
-        const double ratio = (statusBytes("VmHWM:") - before) / static_cast<double>(loadedBytes);
-        const bool written = write(channel[1], &ratio, sizeof ratio) == sizeof ratio;
-        _exit(written ? 0 : 1);
-    }
-    double ratio = 0.0;
-    const bool got = read(channel[0], &ratio, sizeof ratio) == sizeof ratio;
-    waitpid(child, nullptr, 0);
-    return got ? ratio : 1e9;
+    return Bench::peakMemory([] {
+               RecordFile record;
+               record.readRecordInfo(loadedPath());
+               MessageMap messages;
+               record.readRecordData(messages);
+           }) /
+           static_cast<double>(loadedBytes);
 }
 
 } // namespace

@@ -265,7 +265,7 @@ void TestCardOverview::rowsFillByDay()
         names << row.cells[OverviewTable::Name];
     QCOMPARE(names.mid(0, 5), (QStringList{"05.07.2026", "Cycle 2", "Outside flights", "Cycle 3",
                                            "Outside flights"}));
-    QCOMPARE(table.rows()[1].cells[OverviewTable::Worst], "D p 230.000000");
+    QCOMPARE(table.rows()[1].cells[OverviewTable::Worst], "p 230.000000");
     QCOMPARE(table.rows()[2].cells[OverviewTable::Fuel], "1.00");
     QCOMPARE(table.total().cells[OverviewTable::Exceeded], "4");
 }

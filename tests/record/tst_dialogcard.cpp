@@ -255,7 +255,7 @@ void TestDialogCard::emptyFolderSaysSo()
     QVERIFY(said().startsWith("No record files in this folder"));
     QVERIFY(QDir(empty.path()).removeRecursively());
     m_dialog->refresh();
-    QVERIFY(said().contains("not there any more"));
+    QVERIFY(said().contains("no longer exists"));
     QVERIFY(m_card->readContainer(m_folder.path()));
     m_dialog->refresh();
     QCOMPARE(said(), "");
