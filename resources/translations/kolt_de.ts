@@ -1798,7 +1798,7 @@ wurde nicht gefunden. Legen Sie die Karte ein, oder öffnen Sie einen anderen Or
     </message>
     <message>
         <source>Outside flights</source>
-        <translation>Außerhalb der Flüge</translation>
+        <translation>Außerhalb</translation>
     </message>
     <message>
         <source>On the ground, and take-offs that were aborted or have no landing</source>

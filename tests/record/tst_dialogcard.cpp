@@ -265,7 +265,7 @@ void TestDialogCard::emptyFolderSaysSo()
     m_dialog->show();
     QVERIFY(said().contains("No folder is open"));
     m_dialog->setMissingFolder("/gone/<h1>card");
-    QVERIFY(said().contains("/gone/<h1>card\nis not there"));
+    QVERIFY(said().contains("/gone/<h1>card\ncannot be found"));
     m_dialog.reset();
 }
 
