@@ -82,7 +82,7 @@ void OverviewPage::createTree()
     m_tree->setUniformRowHeights(true);
     m_tree->setIndentation(indentation);
     m_tree->setAllColumnsShowFocus(true);
-    m_tree->setTextElideMode(Qt::ElideRight);
+    m_tree->setTextElideMode(Qt::ElideMiddle); // name and value of the worst
     QHeaderView* const header = m_tree->header();
     header->setSectionsMovable(false);
     header->setStretchLastSection(true);
