@@ -98,10 +98,10 @@ QString list(const Arguments& arguments)
         QJsonObject object = jsonCycle(cycle);
         if (cardFiles) {
             card.loadCycle(number);
-            object.insert(
-                QStringLiteral("trust"),
-                jsonTrust(
-                    recordingTrust(recording.profile(), *cardFiles, *card.dataSet()).findings));
+            object.insert(QStringLiteral("trust"),
+                          jsonTrust(recordingTrust(recording.profile(), *cardFiles, *card.dataSet(),
+                                                   {recording.profile().engineType()})
+                                        .findings));
         }
         cycles.append(object);
     }
@@ -115,8 +115,8 @@ QString flights(const Arguments& arguments)
     if (!error.isEmpty())
         return error;
     const DataSet& dataSet = *recording.card().dataSet();
-    const RecordingTrust trust =
-        recordingTrust(recording.profile(), CardFiles(recording.card()), dataSet);
+    const RecordingTrust trust = recordingTrust(recording.profile(), CardFiles(recording.card()),
+                                                dataSet, {recording.profile().engineType()});
     QJsonArray found;
     for (std::size_t i = 0; i < dataSet.flights.size(); ++i) {
         QJsonObject flight = jsonFlight(dataSet.flights[i]);

@@ -4,6 +4,8 @@
 #include "base/XmlFile.h"
 #include "profile/ProfileReader.h"
 
+#include <QRegularExpression>
+
 #include <algorithm>
 
 namespace KOLT {
@@ -28,6 +30,7 @@ bool Profile::loadProfil(const QString& path, const QString& activeVariant)
     const QDomElement root = document.documentElement();
     if (root.tagName() != rootName)
         return false;
+    m_path = path;
     m_activeVariant = activeVariant;
     ProfileReader(*this).read(root);
     return true;
@@ -61,10 +64,17 @@ QString Profile::variantOrFirst(const QString& name) const
     return hasVariant(name) ? name : m_variants.front().name;
 }
 
+QString Profile::engineType() const
+{
+    const auto found = std::ranges::find(m_variants, m_activeVariant, &Variant::name);
+    return found == m_variants.end() ? QString() : found->engineType;
+}
+
 void Profile::clear()
 {
     static std::uint64_t loads = 0;
     m_revision = ++loads;
+    m_path.clear();
     m_version.clear();
     m_profileId.clear();
     m_name.clear();
@@ -173,6 +183,22 @@ bool Profile::matchesVariant(const QString& activeVariant, const QString& attrib
         }
     }
     return included || !anyIncluded;
+}
+
+bool Profile::matchesEngine(const QString& engineType, const QString& patterns)
+{
+    // The toolkit's wildcards are for paths, where "*" ends at a slash.
+    const auto plain = [](const QString& text) {
+        return text.trimmed().replace(QLatin1Char('/'), QLatin1Char('_'));
+    };
+    const auto matches = [&](const QString& part) {
+        const QRegularExpression pattern(
+            QRegularExpression::wildcardToRegularExpression(plain(part)),
+            QRegularExpression::CaseInsensitiveOption);
+        return pattern.match(plain(engineType)).hasMatch();
+    };
+    const QStringList parts = patterns.split(QLatin1Char(','), Qt::SkipEmptyParts);
+    return parts.isEmpty() || std::ranges::any_of(parts, matches);
 }
 
 } // namespace KOLT

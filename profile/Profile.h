@@ -45,6 +45,9 @@ public:
 
     const QString& activeVariant() const { return m_activeVariant; }
 
+    /// The loaded file.
+    const QString& path() const { return m_path; }
+
     const std::vector<Variant>& variants() const { return m_variants; }
 
     /// Whether loadVariants() found a variant of this name; true if the file lists no variants.
@@ -52,6 +55,10 @@ public:
     /// `name` if the file has that variant, otherwise its first one. For a remembered name, which
     /// may come from another profile: loading an unknown variant would skip most of the file.
     QString variantOrFirst(const QString& name) const;
+
+    /// The engines that the active variant is for, as its wildcard patterns; empty: any. Known
+    /// after loadVariants().
+    QString engineType() const;
 
     /// Changes with each load and is unique in the process: results computed with another revision
     /// are stale.
@@ -107,11 +114,16 @@ public:
     /// attribute is a comma-separated list of names; a leading "!" excludes a variant.
     static bool matchesVariant(const QString& activeVariant, const QString& attribute);
 
+    /// Whether an engine is meant by one of the wildcard patterns, which are separated by commas.
+    /// Upper and lower case are the same. No patterns mean all engines.
+    static bool matchesEngine(const QString& engineType, const QString& patterns);
+
 private:
     friend class ProfileReader;
 
     void clear();
 
+    QString m_path;
     QString m_version;
     QString m_profileId;
     QString m_name;

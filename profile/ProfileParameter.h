@@ -93,6 +93,7 @@ struct Variant
     QString name;
     QString id;
     QColor color;
+    QString engineType; ///< wildcard patterns of the engines that it is for, by commas; empty: any
 };
 
 } // namespace KOLT

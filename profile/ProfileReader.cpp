@@ -118,7 +118,8 @@ std::vector<Variant> ProfileReader::readVariants(const QDomElement& root)
         for (QDomElement element = list.firstChildElement(name); !element.isNull();
              element = element.nextSiblingElement(name)) {
             variants.push_back({textAttribute(element, "name"), textAttribute(element, "id"),
-                                colorAttribute(element, "color")});
+                                colorAttribute(element, "color"),
+                                textAttribute(element, "engineType")});
         }
     }
     return variants;

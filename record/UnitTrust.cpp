@@ -1,8 +1,7 @@
 #include "record/UnitTrust.h"
 
+#include "profile/Profile.h"
 #include "record/TrustText.h"
-
-#include <QRegularExpression>
 
 #include <algorithm>
 
@@ -54,13 +53,11 @@ void checkUnit(const Files& files, TrustKind kind, const QString& what, Value&& 
 
 void checkEngine(const Files& files, const QString& pattern, TrustDrafts& drafts)
 {
-    const QRegularExpression engine(QRegularExpression::wildcardToRegularExpression(pattern),
-                                    QRegularExpression::CaseInsensitiveOption);
     TrustFinding finding;
     QString other;
     for (const FileFacts* const file : files) {
         const QString type = file->info.engineType.trimmed();
-        if (type.isEmpty() || engine.match(type).hasMatch())
+        if (type.isEmpty() || Profile::matchesEngine(type, pattern))
             continue;
         other = type;
         finding.files.push_back(file->name);

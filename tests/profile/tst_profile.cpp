@@ -1,4 +1,5 @@
 #include "profile/Profile.h"
+#include "profile/ProfileLine.h"
 #include "tests/support/ProfileFixture.h"
 #include "tests/support/Rows.h"
 
@@ -23,6 +24,9 @@ private slots:
     void unusableFiles_data();
     void unusableFiles();
     void variantList();
+    void engines_data();
+    void engines();
+    void lineForSheets();
     void reloadForgetsTheOldContent();
 };
 
@@ -269,8 +273,8 @@ void TestProfile::variantList()
     const QTemporaryDir directory;
     const QString path = directory.filePath("Profile.xml");
     QVERIFY(writeFile(
-        path, "<KorvanProfile><Variants><Variant name='915' id='a' color='red'/><Variant name='x'/>"
-              "</Variants><Device name='D'/></KorvanProfile>"));
+        path, "<KorvanProfile><Variants><Variant name='915' id='a' color='red' engineType='915 *'/>"
+              "<Variant name='x'/></Variants><Device name='D'/></KorvanProfile>"));
     Profile profile;
     QVERIFY(profile.loadVariants(path));
     QCOMPARE(profile.variants().size(), 2U);
@@ -279,6 +283,47 @@ void TestProfile::variantList()
     QVERIFY(profile.devices().empty());
     QVERIFY(profile.loadVariants(path));
     QCOMPARE(profile.variants().size(), 2U);
+    QVERIFY(profile.loadProfil(path, "915") && profile.engineType() == "915 *");
+    QVERIFY(profile.loadProfil(path, "x") && profile.engineType().isEmpty());
+}
+
+void TestProfile::engines_data()
+{
+    QTest::addColumn<QString>("patterns");
+    QTest::addColumn<QString>("engine");
+    QTest::addColumn<bool>("isMeant");
+    QTest::newRow("none") << ""
+                          << "any" << true;
+    QTest::newRow("whole text") << "915"
+                                << "915 TURBO" << false;
+    QTest::newRow("any case, blanks") << " 915 t* "
+                                      << "915 TURBO " << true;
+    QTest::newRow("second of two") << "850*, 915*"
+                                   << "915 TURBO" << true;
+    QTest::newRow("neither") << "850*,91?"
+                             << "915 TURBO" << false;
+    QTest::newRow("slash") << "915*A"
+                           << "915/B A" << true;
+    QTest::newRow("unknown engine") << "915*"
+                                    << "" << false;
+}
+
+void TestProfile::engines()
+{
+    QFETCH(const QString, patterns);
+    QFETCH(const QString, engine);
+    QTEST(Profile::matchesEngine(engine, patterns), "isMeant");
+}
+
+void TestProfile::lineForSheets()
+{
+    Profile profile;
+    QVERIFY(profileLine(profile).isEmpty());
+    const QTemporaryDir directory;
+    const QString path = directory.filePath("Profile.xml");
+    QVERIFY(writeFile(path, "<KorvanProfile name='Tow plane' version='2.10'/>"));
+    QVERIFY(profile.loadProfil(path, "915"));
+    QCOMPARE(profileLine(profile), "Profile: Tow plane, version 2.10, variant 915");
 }
 
 void TestProfile::reloadForgetsTheOldContent()
