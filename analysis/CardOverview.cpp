@@ -76,7 +76,11 @@ void CardOverview::stepTrust()
     m_dataSet->dateTime = row.dateTime;
     for (const FlightOverview& flight : row.flights)
         m_dataSet->flights.push_back(flight.flight);
-    row.trust = recordingTrust(m_profile, *m_cardFiles, *m_dataSet);
+    row.trust = recordingTrust(m_profile, *m_cardFiles, *m_dataSet, {m_profile.engineType()});
+    QStringList engines;
+    for (const RecordFile& file : files)
+        engines << file.info().engineType;
+    row.engine = recordedEngine(engines, m_dataSet->messages);
     m_dataSet.reset();
     ++m_trusted;
 }

@@ -4,6 +4,7 @@
 #include "profile/Profile.h"
 #include "record/Flight.h"
 #include "record/RecordingTrust.h"
+#include "record/VariantFit.h"
 
 #include <QDateTime>
 #include <QString>
@@ -66,6 +67,7 @@ struct CycleOverview
     std::optional<Exceedance> worst;
 
     std::optional<RecordingTrust> trust; ///< none until it is known
+    RecordedEngine engine;               ///< known together with trust
 
     /// What is left of the run's fuel without the flights: engine tests, taxiing, take-offs that
     /// were aborted or whose landing is missing. The margins of two flights within a minute overlap

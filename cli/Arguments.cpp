@@ -2,6 +2,7 @@
 
 #include "cli/ExportArguments.h"
 #include "cli/Verbs.h"
+#include "record/ClockOffset.h"
 
 #include <QCommandLineParser>
 
@@ -71,6 +72,11 @@ void addOptions(QCommandLineParser& parser, const Verb& verb)
             isExport(verb) ? "Units: metric or imperial; default: those in the settings."
                            : "Units of the texts: metric or imperial.",
             "U");
+    add("clock-offset",
+        verb.usesClockOfSettings() ? "Added to dates and clock times, from -14:00 to +14:00; "
+                                     "default: that of the settings."
+                                   : "Added to dates and clock times, from -14:00 to +14:00.",
+        "HH:MM");
     if (QLatin1String(verb.name) == QLatin1String("values"))
         add("parameter", "The parameter, as \"Device/Name\".", "NAME");
     if (QLatin1String(verb.name) == QLatin1String("events"))
@@ -115,6 +121,18 @@ QString readChoice(const QCommandLineParser& parser, Arguments& arguments)
     else if (parser.isSet(QStringLiteral("unit")))
         return QStringLiteral("--unit is metric or imperial, not \"%1\"").arg(unit);
     return {};
+}
+
+/// Returns an error message or nothing.
+QString readClockOffset(const QCommandLineParser& parser, Arguments& arguments)
+{
+    const auto name = QStringLiteral("clock-offset");
+    if (parser.isSet(name))
+        arguments.clockOffset = clockOffsetOf(parser.value(name));
+    return parser.isSet(name) && !arguments.clockOffset
+               ? QStringLiteral("--clock-offset is from -14:00 to +14:00, not \"%1\"")
+                     .arg(parser.value(name))
+               : QString();
 }
 
 /// The option's value; empty when the verb does not have the option.
@@ -169,7 +187,9 @@ ParseResult parseArguments(const QStringList& commandLine)
     arguments.headersOnly =
         name == QLatin1String("list") && parser.isSet(QStringLiteral("headers-only"));
     arguments.all = isExport(*verb) && parser.isSet(QStringLiteral("all"));
-    QString error = verb->choosesFiles() ? readChoice(parser, arguments) : QString();
+    QString error = readClockOffset(parser, arguments);
+    if (error.isEmpty() && verb->choosesFiles())
+        error = readChoice(parser, arguments);
     if (error.isEmpty() && isExport(*verb))
         error = readExport(parser, format, arguments);
     if (!error.isEmpty())

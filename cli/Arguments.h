@@ -25,6 +25,7 @@ struct Arguments
     QString profile;                 ///< empty: the installed profile
     std::optional<QString> variant;  ///< none: that of the settings
     std::optional<UnitSystem> units; ///< none: metric, in exports those of the settings
+    std::optional<int> clockOffset;  ///< minutes; none: 0, for people that of the settings
     QString parameter;
     bool lampsOnly = false;
     bool headersOnly = false; ///< list: without a look at what the files hold

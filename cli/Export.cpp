@@ -11,6 +11,7 @@
 #include "export/ExportName.h"
 #include "export/GpxWriter.h"
 #include "export/KmlWriter.h"
+#include "profile/ProfileLine.h"
 #include "record/FlightPath.h"
 
 #include <QDir>
@@ -120,7 +121,7 @@ ExportStatus Exporter::write(QIODevice& device, const QString& title) const
     case ExportFormat::Kml:
         return writeKml(device, profile, dataSet(), m_kml, title);
     case ExportFormat::Gpx:
-        return writeGpx(device, dataSet(), title);
+        return writeGpx(device, dataSet(), title, {}, profileLine(profile));
     case ExportFormat::Csv:
         break;
     }

@@ -2,6 +2,7 @@
 
 #include "app/settings/DataPaths.h"
 #include "app/settings/ProgramSettings.h"
+#include "cli/Verbs.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -58,6 +59,9 @@ QString Recording::openProfile()
 
 QString Recording::openFolder()
 {
+    m_card.setClockOffset(m_arguments.clockOffset.value_or(
+        m_arguments.verb->usesClockOfSettings() ? ProgramSettings(installedSettings()).clockOffset()
+                                                : 0));
     if (!m_card.readContainer(m_arguments.folder))
         return QStringLiteral("there is no folder %1").arg(m_arguments.folder);
     if (!QFileInfo(m_arguments.folder).isReadable())

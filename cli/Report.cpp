@@ -5,6 +5,9 @@
 #include "cli/Arguments.h"
 #include "cli/Recording.h"
 #include "cli/Trust.h"
+#include "profile/ProfileLine.h"
+#include "record/ClockOffset.h"
+#include "record/VariantFit.h"
 
 #include <array>
 
@@ -208,6 +211,8 @@ QString report(const Arguments& arguments)
                     .arg(card.folder(), QString::number(card.files().size()),
                          QString::number(card.cycles().size()))
                     .toUtf8());
+    for (const QString& line : {profileLine(recording.profile()), clockLine(card.clockOffset())})
+        writeOutput(line.toUtf8() + '\n');
     CardOverview overview(recording.profile(), card, CardOverview::Trust::Wanted);
     while (overview.step()) {
     }
@@ -215,13 +220,20 @@ QString report(const Arguments& arguments)
         reportOverview(recording.profile(), overview);
     FlightTotals all;
     std::vector<QString> unread;
+    QStringList variantNotes;
     for (const auto& [number, listed] : card.cycles()) {
         const CycleOverview& cycle = *overview.cycle(number);
         unread.insert(unread.end(), cycle.unreadFiles.begin(), cycle.unreadFiles.end());
         reportCycle(cycle, *cycle.trust);
+        // Of all cycles the same is told once.
+        if (const QString note = variantFit(recording.profile(), cycle.engine).text();
+            !note.isEmpty() && !variantNotes.contains(note))
+            variantNotes << note;
         all.add(wholeOf(cycle));
     }
     writeOutput("\n" + totalsLine("Total", all));
+    for (const QString& note : variantNotes)
+        writeOutput(note.toUtf8() + '\n');
     error = finishOutput();
     return error.isEmpty() ? unreadError(unread) : error;
 }

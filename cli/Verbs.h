@@ -36,6 +36,9 @@ struct Verb
     bool usesProfile() const { return needs != Needs::Folder; }
 
     bool choosesFiles() const { return needs == Needs::Data; }
+
+    /// Without --clock-offset; all others tell the unit's clock as it is.
+    bool usesClockOfSettings() const { return run == report || run == exportData; }
 };
 
 /// All verbs, in the order of the help.

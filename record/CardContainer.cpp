@@ -2,6 +2,7 @@
 
 #include "base/Diagnostics.h"
 #include "base/WriteGuard.h"
+#include "record/ClockOffset.h"
 #include "record/FlightFinder.h"
 #include "record/TimeSlots.h"
 
@@ -72,8 +73,11 @@ bool CardContainer::readContainer(const QString& folder, const Progress& progres
     for (const QFileInfo& entry : entries) {
         const QString name = entry.fileName();
         // The listing includes links to pipes and devices; opening one may block forever.
-        if (isRecordFileName(name) && entry.isFile())
-            m_files[name].readRecordInfo(QStringLiteral("%1/%2").arg(folder, name));
+        if (isRecordFileName(name) && entry.isFile()) {
+            RecordFile& file = m_files[name];
+            file.readRecordInfo(QStringLiteral("%1/%2").arg(folder, name));
+            file.setClockOffset(m_clockOffset); // all other dates follow from these
+        }
         // Whole-number division on purpose: progress stays at 0 until all files are read.
         if (progress)
             progress(static_cast<int>(index / entries.size() * 100));
@@ -101,6 +105,25 @@ void CardContainer::repairDates()
         const auto stopMilliseconds = static_cast<qint64>(file.info().stopSeconds * 1000.0);
         file.repairDate(follower->second.info().dateTime.addMSecs(-stopMilliseconds));
     }
+}
+
+void CardContainer::setClockOffset(int minutes)
+{
+    constexpr qint64 secondsPerMinute = 60;
+    const int wanted = std::clamp(minutes, -maxClockOffset, maxClockOffset);
+    const qint64 seconds = (wanted - m_clockOffset) * secondsPerMinute;
+    m_clockOffset = wanted;
+    const auto move = [seconds](QDateTime& dateTime) { dateTime = dateTime.addSecs(seconds); };
+    for (auto& [name, file] : m_files)
+        file.setClockOffset(wanted);
+    for (auto& [number, cycle] : m_cycles)
+        move(cycle.dateTime);
+    for (auto& [number, flights] : m_flights)
+        std::ranges::for_each(flights, move, &Flight::dateTime);
+    if (m_dataSet == nullptr)
+        return;
+    move(m_dataSet->dateTime);
+    std::ranges::for_each(m_dataSet->flights, move, &Flight::dateTime);
 }
 
 bool CardContainer::canReadAny(const std::list<QString>& paths) const

@@ -38,6 +38,12 @@ public:
     /// Reports 0 per file and 100 at the end.
     bool readContainer(const QString& folder, const Progress& progress = {});
 
+    /// What is added to the unit's clock, in minutes, from -14 h to +14 h. Moves all dates at once,
+    /// of files, cycles, flights and the data set; times on the counter stay.
+    void setClockOffset(int minutes);
+
+    int clockOffset() const { return m_clockOffset; }
+
     /// Whether at least one of the files can be opened and read. Loading replaces the data set in
     /// any case, so callers that want to keep it when the card was removed check this first.
     bool canReadAny(const std::list<QString>& paths) const;
@@ -85,6 +91,7 @@ private:
     std::map<int, Cycle> m_cycles;                ///< by number
     std::map<int, std::vector<Flight>> m_flights; ///< by cycle number
     std::unique_ptr<DataSet> m_dataSet;
+    int m_clockOffset = 0; ///< minutes
 };
 
 } // namespace KOLT

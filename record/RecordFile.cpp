@@ -40,6 +40,12 @@ bool fitMemory(std::size_t samples)
     return wanted < System::availableMemory().value_or(fallback);
 }
 
+QDateTime moved(const QDateTime& dateTime, int minutes)
+{
+    constexpr qint64 secondsPerMinute = 60;
+    return dateTime.addSecs(minutes * secondsPerMinute);
+}
+
 /// Latin-1 up to the first zero byte; empty if the field extends beyond `bytes`.
 QString textAt(std::span<const unsigned char> bytes, std::size_t offset, std::size_t width)
 {
@@ -121,7 +127,7 @@ void RecordFile::readHeader(std::span<const unsigned char> header)
     m_info.byteOrder = isLittle ? ByteOrder::Little : ByteOrder::Big;
     const ByteReader reader(header, m_info.byteOrder);
     if (!m_info.dateInvalid)
-        m_info.dateTime = dateTimeAt(reader);
+        m_info.dateTime = moved(dateTimeAt(reader), m_clockOffset);
     m_info.busType = reader.u32(busTypeOffset);
     m_info.ecuSerialNumber = reader.u32(ecuSerialOffset);
 
@@ -192,6 +198,12 @@ void RecordFile::repairDate(const QDateTime& dateTime)
 {
     m_info.dateTime = dateTime;
     m_info.dateRepaired = dateTime.isValid();
+}
+
+void RecordFile::setClockOffset(int minutes)
+{
+    m_info.dateTime = moved(m_info.dateTime, minutes - m_clockOffset);
+    m_clockOffset = minutes;
 }
 
 } // namespace KOLT

@@ -61,6 +61,10 @@ public:
 
     void setDateInvalid() { m_info.dateInvalid = true; }
 
+    /// Moves the date by minutes, in place of those of an earlier call, also when the header is
+    /// read again with the data.
+    void setClockOffset(int minutes);
+
     /// Sets the date-time computed for a file without a valid date. readRecordData() keeps it.
     void repairDate(const QDateTime& dateTime);
 
@@ -72,6 +76,7 @@ private:
 
     QString m_path;
     RecordInfo m_info;
+    int m_clockOffset = 0; ///< minutes
 };
 
 } // namespace KOLT

@@ -1,11 +1,14 @@
 #include "app/settings/ProgramSettings.h"
 
+#include <algorithm>
+
 namespace KOLT {
 
 namespace {
 
 constexpr int defaultFontPixels = 12;
-constexpr int imperial = 1; ///< as stored; everything else is metric
+constexpr int largestClockOffset = 14 * 60; ///< minutes
+constexpr int imperial = 1;                 ///< as stored; everything else is metric
 
 } // namespace
 
@@ -39,6 +42,16 @@ void ProgramSettings::setVariant(const QString& variant)
     m_store.setText("Profile", variant.toUtf8());
 }
 
+QString ProgramSettings::refusedProfile() const
+{
+    return QString::fromUtf8(m_store.getText("ProfileRefused"));
+}
+
+void ProgramSettings::setRefusedProfile(const QString& version)
+{
+    m_store.setText("ProfileRefused", version.toUtf8());
+}
+
 UnitSystem ProgramSettings::units() const
 {
     return m_store.getInteger("Unit", 0) == imperial ? UnitSystem::Imperial : UnitSystem::Metric;
@@ -47,6 +60,17 @@ UnitSystem ProgramSettings::units() const
 void ProgramSettings::setUnits(UnitSystem units)
 {
     m_store.setInteger("Unit", units == UnitSystem::Imperial ? imperial : 0);
+}
+
+int ProgramSettings::clockOffset() const
+{
+    return std::clamp(m_store.getInteger("ClockOffset", 0), -largestClockOffset,
+                      largestClockOffset);
+}
+
+void ProgramSettings::setClockOffset(int minutes)
+{
+    m_store.setInteger("ClockOffset", minutes);
 }
 
 QString ProgramSettings::lastFolder() const

@@ -26,8 +26,16 @@ public:
     QString variant() const;
     void setVariant(const QString& variant);
 
+    /// The version of the shipped profile that the user did not want in place of an edited one.
+    QString refusedProfile() const;
+    void setRefusedProfile(const QString& version);
+
     UnitSystem units() const;
     void setUnits(UnitSystem units);
+
+    /// What is added to the clock of recordings, in minutes.
+    int clockOffset() const;
+    void setClockOffset(int minutes);
 
     /// The last opened folder; "." before the first.
     QString lastFolder() const;

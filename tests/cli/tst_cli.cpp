@@ -23,6 +23,8 @@ private slots:
     void flightsAndEventsOfTheCard();
     void overviewSaysWhatTheOtherVerbsSay();
     void reportIsForPeople();
+    void reportOfAnotherEngine();
+    void clockOffset();
     void variantsAreThoseOfTheWindow();
     void positionsAreFiltered();
     void unreadFilesAreAnError();
@@ -281,6 +283,43 @@ void TestCli::reportIsForPeople()
     QCOMPARE(text.count("Outside flights "), 2 * cycleCount()); // in the table, and of each cycle
     QVERIFY(!text.contains("nan") && !text.contains("inf"));
     QVERIFY(QFile::exists(m_home.filePath("KOLT/Profile.xml")));
+    QVERIFY(text.contains("\nProfile: Tow plane, version ") && text.contains("taken as UTC.\n"));
+    QVERIFY(!text.contains("The variant"));
+}
+
+/// What the window's bar says of a variant for another engine.
+void TestCli::reportOfAnotherEngine()
+{
+    const QByteArray text =
+        run({"report", m_card, "--profile", KOLT_PROFILE, "--variant", "850"}).output;
+    QCOMPARE(text.count("\nThe recording is of an engine \"915 TURBO\""), 1);
+    QVERIFY(text.contains("The variant 915 fits."));
+    QCOMPARE(text.count("850*"), cycleCount()); // among what is found in each of them
+}
+
+/// Exports and report follow the settings, JSON only the command line.
+void TestCli::clockOffset()
+{
+    const QTemporaryDir home;
+    QVERIFY(QDir(home.path()).mkdir("KOLT"));
+    QVERIFY(writeFile(home.filePath("KOLT/KOLT.ini"),
+                      "<KOLT><Property id='ClockOffset' value='-90'/></KOLT>"));
+    const auto at = [&](const QStringList& more) {
+        return QDateTime::fromString(
+            KOLT::Test::run(home, KOLT_CLI, QStringList{"list", m_card, "--headers-only"} + more)
+                .json()["cycles"][0]["dateTime"]
+                .toString(),
+            Qt::ISODate);
+    };
+    const QDateTime raw = at({});
+    QCOMPARE(raw.secsTo(at({"--clock-offset", "-01:30"})), -5400);
+    QCOMPARE(raw.secsTo(at({"--clock-offset", "+14:00"})), 14 * 3600);
+    const auto date = [](const QDateTime& dateTime) {
+        return dateTime.toString("dd.MM.yyyy hh:mm:ss").toUtf8();
+    };
+    const QByteArray report = KOLT::Test::run(home, KOLT_CLI, {"report", m_card}).output;
+    QVERIFY(report.contains(date(raw.addSecs(-5400))) && !report.contains(date(raw)));
+    QVERIFY(report.contains("and -01:30."));
 }
 
 /// An unknown variant is accepted from the settings, but not on the command line.
@@ -369,6 +408,7 @@ void TestCli::failures_data()
     row("cycle and files", {"flights", card, "--cycle", "1", "--files", "a"}, "either");
     row("neither", {"events", card}, "either");
     row("unknown unit", {"events", card, "--cycle", "1", "--unit", "feet"}, "\"feet\"");
+    row("clock offset", {"list", card, "--clock-offset", "15:00"}, "15:00");
     row("no parameter", {"values", card, "--cycle", "1"}, "--parameter");
     row("unknown parameter",
         {"values", card, "--cycle", "1", "--profile", profile, "--parameter", "No/Such"},

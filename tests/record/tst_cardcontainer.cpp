@@ -1,4 +1,5 @@
 #include "record/CardContainer.h"
+#include "record/ClockOffset.h"
 #include "tests/support/RecordingFixture.h"
 
 #include <QDir>
@@ -10,6 +11,29 @@
 using namespace KOLT;
 using namespace KOLT::Test;
 
+namespace {
+
+QByteArray flightProfile()
+{
+    return device({"name='v' id='1' dataType='FLOAT' koltDataType='GroundSpeed'",
+                   "name='lat' id='2' dataType='FLOAT' koltDataType='Latitude'",
+                   "name='lon' id='2' startByte='4' dataType='FLOAT' koltDataType='Longitude'"});
+}
+
+/// Two flights in 400 s, without a date.
+RecordBytes flights()
+{
+    RecordBytes record;
+    record.sample(3, 20);
+    for (int t = 0; t < 400; ++t) {
+        const bool flying = (t >= 100 && t < 150) || (t >= 250 && t < 300);
+        record.sample(1, t, floats(flying ? 100.0F : 0.0F)).sample(2, t, floats(4800.0F, 1100.0F));
+    }
+    return record;
+}
+
+} // namespace
+
 class TestCardContainer : public QObject
 {
     Q_OBJECT
@@ -20,6 +44,9 @@ private slots:
     void missingFolderChangesNothing();
     void cyclesStartAtFilesWithoutADate();
     void datesAreRepairedFromTheFollower();
+    void clockOffsetMovesAllDates();
+    void lateClocks();
+    void clockOffsetTexts();
     void filesLoadInTheOrderGiven();
     void unknownAndUnreadableFilesContributeNothing();
     void cycleAndFlight();
@@ -149,6 +176,65 @@ void TestCardContainer::datesAreRepairedFromTheFollower()
     }
 }
 
+/// Before and after a folder is listed and loaded; times on the counter stay.
+void TestCardContainer::clockOffsetMovesAllDates()
+{
+    put("1.CAN", flights());
+    put("2.CAN", RecordBytes().date(2026, 7, 1, 23, 30, 0).sample(3, 410));
+    QVERIFY(loadProfile(*m_profile, flightProfile()));
+    const auto dates = [&] {
+        const Cycle& cycle = m_card->cycles().at(1);
+        const DataSet& dataSet = *m_card->dataSet();
+        QStringList texts{dateOf("1.CAN"), dateOf("2.CAN")};
+        for (const QDateTime& dateTime :
+             {cycle.dateTime, dataSet.dateTime, dataSet.flights.front().dateTime,
+              m_card->flightsOf(1).front().dateTime})
+            texts << dateTime.toString("dd hh:mm");
+        return texts;
+    };
+    QStringList moved{"02 01:23:21.000", "02 01:30:00.000", "02 01:23",
+                      "02 01:23",        "02 01:25",        "02 01:25"};
+    m_card->setClockOffset(120);
+    QVERIFY(read() && m_card->loadCycle(1));
+    QCOMPARE(dates(), moved);
+    QCOMPARE(m_card->dataSet()->stopSeconds, 410.0);
+    QCOMPARE(m_card->dataSet()->flights.front().takeOffSeconds, 111.0);
+    m_card->setClockOffset(0);
+    QStringList plain = moved.replaceInStrings("02 01:", "01 23:");
+    QCOMPARE(dates(), plain);
+    QVERIFY(m_card->loadCycle(1)); // reads the headers again
+    QCOMPARE(dates(), plain);
+    m_card->setClockOffset(5000);
+    QCOMPARE(m_card->clockOffset(), 14 * 60);
+}
+
+void TestCardContainer::lateClocks()
+{
+    put("1.CAN", RecordBytes().sample(1, 0).sample(1, 600));
+    put("2.CAN", RecordBytes().date(2026, 7, 1, 8).sample(1, 600).sample(1, 900));
+    put("3.CAN", RecordBytes().date(2026, 7, 1, 9).sample(1, 5));
+    QVERIFY(read());
+    const auto late = [&](const char* name) {
+        return lateClockSeconds(m_card->files().at(name).info());
+    };
+    QCOMPARE(late("1.CAN"), 0.0); // worked out from the next one
+    QCOMPARE(late("2.CAN"), 600.0);
+    QCOMPARE(late("3.CAN"), 0.0); // counter 0, but for some seconds
+}
+
+void TestCardContainer::clockOffsetTexts()
+{
+    const std::pair<const char*, int> texts[] = {{"+02:00", 120}, {"-00:30", -30}, {"+14:00", 840}};
+    for (const auto& [text, minutes] : texts) {
+        QCOMPARE(clockOffsetText(minutes), text);
+        QCOMPARE(clockOffsetOf(text), minutes);
+    }
+    QCOMPARE(clockOffsetOf(" 1:05"), 65);
+    for (const char* text : {"", "2", "1:60", "14:01", "-15:00", "+-1:00", "1:5"})
+        QVERIFY2(!clockOffsetOf(text), text);
+    QVERIFY(clockLine(0).endsWith("UTC.") && clockLine(-90).contains("-01:30"));
+}
+
 void TestCardContainer::filesLoadInTheOrderGiven()
 {
     put("1.CAN", RecordBytes().date(2026, 7, 1, 8).sample(1, 10).sample(2, 20));
@@ -186,18 +272,8 @@ void TestCardContainer::unknownAndUnreadableFilesContributeNothing()
 
 void TestCardContainer::cycleAndFlight()
 {
-    QVERIFY(loadProfile(
-        *m_profile,
-        device({"name='v' id='1' dataType='FLOAT' koltDataType='GroundSpeed'",
-                "name='lat' id='2' dataType='FLOAT' koltDataType='Latitude'",
-                "name='lon' id='2' startByte='4' dataType='FLOAT' koltDataType='Longitude'"})));
-    RecordBytes record;
-    record.sample(3, 20);
-    for (int t = 0; t < 400; ++t) {
-        const bool flying = (t >= 100 && t < 150) || (t >= 250 && t < 300);
-        record.sample(1, t, floats(flying ? 100.0F : 0.0F)).sample(2, t, floats(4800.0F, 1100.0F));
-    }
-    put("1.CAN", record);
+    QVERIFY(loadProfile(*m_profile, flightProfile()));
+    put("1.CAN", flights());
     put("2.CAN", RecordBytes().date(2026, 7, 1, 8).sample(3, 400).sample(3, 10));
     QVERIFY(read());
     QVERIFY(!m_card->loadCycle(7));
