@@ -1,6 +1,7 @@
 #include "app/settings/DataPaths.h"
 #include "app/settings/ExportSettingsStore.h"
 #include "app/settings/GraphSettingsStore.h"
+#include "app/settings/InstalledProfile.h"
 #include "app/settings/MapSettingsStore.h"
 #include "app/settings/SettingsStore.h"
 #include "tests/support/TestFiles.h"
@@ -20,6 +21,8 @@ private slots:
     void graphNumbersThatCannotBe();
     void map();
     void lists();
+    void newestProfile_data();
+    void newestProfile();
 
 private:
     /// Saves the store and reads the file into another.
@@ -105,6 +108,50 @@ void TestRoomSettings::lists()
     QCOMPARE(loadListSettings(file).separator, QChar('|'));
     QCOMPARE(loadListSettings(file).folder, "/somewhere");
     QCOMPARE(loadExportFolder(file, "Kml"), ".");
+}
+
+void TestRoomSettings::newestProfile_data()
+{
+    using InstalledProfile::Newest;
+    QTest::addColumn<QByteArray>("remembered"); ///< what was installed; empty: nothing
+    QTest::addColumn<QByteArray>("installed");
+    QTest::addColumn<Newest>("expected");
+    const QByteArray old = "<KorvanProfile profileId='I' version='2.9'/>";
+    QTest::newRow("as shipped") << old << old << Newest::Replaced;
+    QTest::newRow("edited") << old << old + ' ' << Newest::Edited;
+    QTest::newRow("nothing known of it") << QByteArray() << old << Newest::Edited;
+    for (const char* other : {"profileId='J' version='1'", "profileId='I' version='2.11'"})
+        QTest::newRow(other) << QByteArray("x") << QByteArray("<KorvanProfile ") + other + "/>"
+                             << Newest::InUse;
+    QTest::newRow("no profile") << QByteArray() << QByteArray("my own") << Newest::InUse;
+}
+
+void TestRoomSettings::newestProfile()
+{
+    using InstalledProfile::Newest;
+    using InstalledProfile::takeNewest;
+    QFETCH(const QByteArray, remembered);
+    QFETCH(const QByteArray, installed);
+    QFETCH(const Newest, expected);
+    const DiagnosticsCapture output;
+    qputenv("XDG_DATA_HOME", QFile::encodeName(m_home.path()));
+    const QString path = InstalledProfile::path();
+    const QString backup = path + ".bak";
+    for (const QString& file : {path, backup, path + ".shipped"})
+        QFile::remove(file);
+    const QString shipped = m_home.filePath("shipped.xml");
+    if (!remembered.isEmpty()) {
+        QVERIFY(writeFile(shipped, remembered) && writeFile(path, remembered));
+        QCOMPARE(takeNewest(shipped), Newest::InUse); // notes what it is
+    }
+    const QByteArray newer = "<KorvanProfile profileId='I' version='2.10'><Device name='D'>"
+                             "<Parameter name='p'/></Device></KorvanProfile>";
+    QVERIFY(writeFile(shipped, newer) && writeFile(path, installed));
+    QCOMPARE(takeNewest(shipped), expected);
+    const bool isReplaced = expected == Newest::Replaced;
+    QCOMPARE(readFile(path), isReplaced ? newer : installed);
+    QCOMPARE(readFile(backup), isReplaced ? installed : QByteArray());
+    QCOMPARE(takeNewest(shipped), isReplaced ? Newest::InUse : expected);
 }
 
 QTEST_GUILESS_MAIN(TestRoomSettings)

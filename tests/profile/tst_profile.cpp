@@ -1,5 +1,6 @@
 #include "profile/Profile.h"
 #include "profile/ProfileLine.h"
+#include "profile/ProfileVersion.h"
 #include "tests/support/ProfileFixture.h"
 #include "tests/support/Rows.h"
 
@@ -27,6 +28,8 @@ private slots:
     void engines_data();
     void engines();
     void lineForSheets();
+    void newerVersions();
+    void changesOfAProfile();
     void reloadForgetsTheOldContent();
 };
 
@@ -324,6 +327,40 @@ void TestProfile::lineForSheets()
     QVERIFY(writeFile(path, "<KorvanProfile name='Tow plane' version='2.10'/>"));
     QVERIFY(profile.loadProfil(path, "915"));
     QCOMPARE(profileLine(profile), "Profile: Tow plane, version 2.10, variant 915");
+}
+
+void TestProfile::newerVersions()
+{
+    QVERIFY(isNewerVersion("2.10", "2.9") && isNewerVersion("2.1", "2") && isNewerVersion("1", ""));
+    for (const auto& [version, than] :
+         {std::pair("2.9", "2.10"), {"2.1", "2.1"}, {"2", "2.0"}, {"1.9.9", "2"}, {"", ""}})
+        QVERIFY2(!isNewerVersion(version, than), version);
+}
+
+void TestProfile::changesOfAProfile()
+{
+    const QTemporaryDir directory;
+    const auto file = [&](const QString& name, const QByteArray& content) {
+        writeFile(directory.filePath(name),
+                  "<KorvanProfile version='7.1' profileId='I'>" + content + "</KorvanProfile>");
+        return directory.filePath(name);
+    };
+    const QString from =
+        file("a", "<!-- old --><Variants><Variant name='V'/></Variants>" +
+                      threshold("T", {"val='1'", "val='2' variant='V'"}) + threshold("U", {}) +
+                      device({"name='same' id='1' factor='2'", "name='other' id='1'", "name='gone'",
+                              "name='gone 2'"}));
+    const QString to = file(
+        "b", threshold("U", {}) + threshold("T", {"val='1'", "val='3' variant='V'"}) +
+                 device({"name='new'", "name='other' id='2'", "factor='2' id='1' name='same'"}));
+    QCOMPARE(profileChanges(from, to),
+             (QStringList{"Parameters added (1): D/new", "Parameters removed (2): D/gone, D/gone 2",
+                          "Parameters changed (1): D/other", "Thresholds changed (1): T",
+                          "Variants removed (1): V"}));
+    QVERIFY(profileChanges(to, to).isEmpty());
+    QCOMPARE(profileVersion(from).version, "7.1");
+    QCOMPARE(profileVersion(from).profileId, "I");
+    QVERIFY(profileVersion(directory.filePath("none")).version.isEmpty());
 }
 
 void TestProfile::reloadForgetsTheOldContent()
