@@ -7,6 +7,7 @@
 #include "export/ui/DialogExportCsv.h"
 #include "export/ui/DialogExportGpx.h"
 #include "export/ui/DialogExportKml.h"
+#include "profile/ProfileLine.h"
 
 #include <functional>
 #include <memory>
@@ -65,7 +66,7 @@ QString runExport(Command command, const Profile& profile, const DataSet& dataSe
             ? QStringLiteral("ExportKolt.csv")
             : exportFileName(subject, dataSet, QString::fromLatin1(format).toLower());
     const DialogExport::Source source{dataSet, exportTitle(subject, dataSet), name,
-                                      loadExportFolder(settings, format)};
+                                      loadExportFolder(settings, format), profileLine(profile)};
     const ExportDialog shown = createDialog(command, profile, source, settings, parent);
     QObject::connect(shown.dialog.get(), &DialogExport::signalChosen, shown.dialog.get(),
                      [&](const QString& folder) {

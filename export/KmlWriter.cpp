@@ -5,6 +5,7 @@
 #include "export/KmlGeometry.h"
 #include "export/KmlMarks.h"
 #include "export/KmlStyles.h"
+#include "profile/ProfileLine.h"
 #include "record/FlightPath.h"
 
 namespace KOLT {
@@ -60,11 +61,14 @@ bool KmlDocument::write(const QString& title)
     m_xml.begin("Document");
     m_xml.element("name", title);
     m_xml.element("open", QStringLiteral("1"));
+    QStringList description{profileLine(m_profile)};
     if (m_leftOut > 0)
-        m_xml.element("description",
-                      ExportText::tr("The first %1 exceedances are marked; %2 more are left out.")
-                          .arg(m_allEvents->size())
-                          .arg(m_leftOut));
+        description << ExportText::tr("The first %1 exceedances are marked; %2 more are left out.")
+                           .arg(m_allEvents->size())
+                           .arg(m_leftOut);
+    description.removeAll(QString());
+    if (!description.isEmpty())
+        m_xml.element("description", description.join(QLatin1Char('\n')));
     writeKmlStyles(m_xml, m_options);
     return m_sections.size() == 1 ? writeSection(0) : writeFolders();
 }

@@ -33,6 +33,7 @@ public:
         QString title;    ///< title of the document
         QString fileName; ///< proposed file name
         QString folder;   ///< where the file dialog opens
+        QString description = {}; ///< of where the data come from, for formats with room for it
     };
 
     /// The written file; empty until an export is done.
