@@ -162,6 +162,18 @@ void CardSession::reanalyse()
     emit signalReanalysed();
 }
 
+void CardSession::setClockOffset(int minutes)
+{
+    m_card.setClockOffset(minutes);
+    if (m_card.folder().isEmpty())
+        return;
+    emit signalListed();
+    if (loaded().cycle)
+        emit signalFlights(static_cast<unsigned int>(*loaded().cycle));
+    if (dataSet() != nullptr)
+        emit signalReanalysed();
+}
+
 QString CardSession::nameOf(const CardChoice& choice) const
 {
     if (choice.isNone())

@@ -45,6 +45,10 @@ public:
     /// again if its files are still there, as flights are found in whole cycles.
     void reanalyse();
 
+    /// Moves all dates and clock times, of what is listed and loaded. From within a job, or before
+    /// there are any.
+    void setClockOffset(int minutes);
+
     /// What is loaded from the open folder; none when the data are from a previous folder.
     CardChoice loaded() const { return m_isOfFolder ? m_loaded : CardChoice(); }
 
@@ -68,7 +72,7 @@ signals:
     void signalLoaded(bool isComplete);
     /// No file of a choice can be read: loaded() is unchanged.
     void signalRefused();
-    /// The data set was changed by reanalyse().
+    /// The data set was changed by reanalyse() or setClockOffset().
     void signalReanalysed();
     /// For the status bar.
     void signalMessage(const QString& message);

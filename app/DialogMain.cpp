@@ -7,8 +7,10 @@
 #include "app/MainActions.h"
 #include "app/MenuDialogs.h"
 #include "app/OverviewSession.h"
+#include "app/ProfileOffer.h"
 #include "app/ProfileSelectors.h"
 #include "app/ProjectSession.h"
+#include "app/RecordingNotice.h"
 #include "app/Selector.h"
 #include "app/SettingsSaver.h"
 #include "app/StatusBar.h"
@@ -24,6 +26,7 @@
 #include "instruments/ui/DialogDataView.h"
 #include "map/ui/DialogDataMap.h"
 #include "record/ui/DialogCard.h"
+#include "ui/NoticeBar.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -69,6 +72,7 @@ DialogMain::DialogMain()
     createDialogs();
     connectCard();
     createOverview();
+    createNotices();
     connectPanels();
     setWindowIcon(QIcon(QStringLiteral(":/icons/app.svg")));
     setAcceptDrops(true);
@@ -77,6 +81,7 @@ DialogMain::DialogMain()
     m_splitter->setSizes({windowSize.width() / 3, windowSize.width() * 2 / 3});
     if (m_isEmuDisplay)
         stripToDisplay();
+    m_profileOffer->takeNewest();
     loadProfile();
     m_profileDialog->refresh();
     refreshTitle();
@@ -152,6 +157,8 @@ void DialogMain::createDialogs()
             &DialogMain::slotProfileFileChanged);
     connect(preferences, &DialogPreferences::signalProfileFileChanged, this,
             &DialogMain::slotProfileFileChanged);
+    m_card->setClockOffset(ProgramSettings().clockOffset());
+    connect(preferences, &DialogPreferences::signalClockOffset, this, &DialogMain::setClockOffset);
     connect(preferences, &DialogPreferences::signalUnitChanged, this, &DialogMain::slotUnitChanged);
     connect(preferences, &DialogPreferences::signalMapChanged, this,
             [this] { m_parts.map->setSettings(loadMapSettings(m_settings)); });
@@ -186,6 +193,23 @@ void DialogMain::connectCard()
     connect(card, &CardSession::signalRefused, this, &DialogMain::selectLoaded);
     connect(card, &CardSession::signalMessage, this,
             [this](const QString& message) { m_status->showMessage(message); });
+}
+
+void DialogMain::createNotices()
+{
+    auto* const offer = new NoticeBar(m_data);
+    auto* const notice = new NoticeBar(m_data);
+    m_data->addBar(offer);
+    m_data->addBar(notice);
+    m_profileOffer = std::make_unique<ProfileOffer>(*offer, *this);
+    connect(m_profileOffer.get(), &ProfileOffer::signalInstalled, this,
+            &DialogMain::slotProfileFileChanged);
+    connect(m_profileOffer.get(), &ProfileOffer::signalMessage, m_status, &StatusBar::showNotice);
+    if (m_isEmuDisplay)
+        return;
+    m_recordingNotice = std::make_unique<RecordingNotice>(profile(), *m_card, *notice);
+    connect(m_recordingNotice.get(), &RecordingNotice::signalVariant, this,
+            qOverload<const QString&>(&DialogMain::slotProfileChanged));
 }
 
 void DialogMain::connectPanels()
@@ -264,12 +288,25 @@ void DialogMain::reloadProfile()
     m_profile.tellFailure();
 }
 
+void DialogMain::setClockOffset(int minutes)
+{
+    m_jobs.run([this, minutes] {
+        const double time = m_data->time();
+        m_card->setClockOffset(minutes);
+        m_data->setTime(time);
+        if (!m_card->loaded().isNone())
+            selectLoaded();
+    });
+}
+
 void DialogMain::slotTimeout()
 {
     // Message boxes need a running event loop.
     if (m_settings.isBroken())
         saveSettings(this);
     m_profile.tellFailure();
+    if (!m_isEmuDisplay)
+        m_profileOffer->tell();
 }
 
 void DialogMain::slotTimeoutStartup()

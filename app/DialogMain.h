@@ -29,8 +29,10 @@ class DialogProfile;
 class MainActions;
 class MenuDialogs;
 class OverviewSession;
+class ProfileOffer;
 class ProfileSelectors;
 class ProjectSession;
+class RecordingNotice;
 class SettingsStore;
 class StatusBar;
 
@@ -91,6 +93,7 @@ private:
     void createDialogs();
     void createOverview();
     void showListed();
+    void createNotices();
     void connectCard();
     void connectPanels();
     void startTimers();
@@ -98,6 +101,7 @@ private:
 
     void loadProfile();
     void reloadProfile();
+    void setClockOffset(int minutes);
     void refreshTitle();
 
     void openLastFolder();
@@ -135,6 +139,8 @@ private:
     DialogData* m_data = nullptr;                ///< same as m_parts.window
     std::unique_ptr<OverviewSession> m_overview; ///< none on the bare display
     std::unique_ptr<MenuDialogs> m_dialogs;
+    std::unique_ptr<ProfileOffer> m_profileOffer;
+    std::unique_ptr<RecordingNotice> m_recordingNotice; ///< none on the bare display
 };
 
 } // namespace KOLT

@@ -124,6 +124,12 @@ void DialogData::createFrontButton(QBoxLayout& row)
     row.addWidget(m_frontButton);
 }
 
+void DialogData::addBar(QWidget* bar)
+{
+    auto* const column = static_cast<QBoxLayout*>(layout());
+    column->insertWidget(column->indexOf(m_area), bar);
+}
+
 void DialogData::setFront(QWidget* front)
 {
     m_area->addWidget(front);

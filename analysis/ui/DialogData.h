@@ -83,6 +83,9 @@ public:
     /// Shows a page, also in place of the front.
     void setCurrentPage(Page page);
 
+    /// Takes a bar that is shown above the pages, below the tabs. The window takes ownership.
+    void addBar(QWidget* bar);
+
     /// Takes a widget that can be shown in front of pages and map, by the user with a button beside
     /// the tabs. The window takes ownership.
     void setFront(QWidget* front);

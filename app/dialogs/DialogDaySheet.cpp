@@ -3,6 +3,7 @@
 #include "app/JobQueue.h"
 #include "app/dialogs/SheetPrinter.h"
 #include "app/settings/ExportSettingsStore.h"
+#include "app/settings/ProgramSettings.h"
 #include "app/settings/SettingsStore.h"
 #include "base/Csv.h"
 #include "record/CardContainer.h"
@@ -126,6 +127,7 @@ void DialogDaySheet::work(Scope scope)
     std::vector<FlightLine> lines;
     m_unreadFiles.clear();
     CardContainer card(m_profile);
+    card.setClockOffset(ProgramSettings().clockOffset());
     EventPump events;
     const auto tick = [&](int percent) { events.tick([&] { m_progress->setValue(percent); }); };
     card.readContainer(m_source.folder, [&](int) { tick(0); });

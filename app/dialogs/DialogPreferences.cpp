@@ -1,6 +1,7 @@
 #include "app/dialogs/DialogPreferences.h"
 
 #include "app/SettingsSaver.h"
+#include "app/dialogs/ClockOffsetBox.h"
 #include "app/dialogs/InstallProfile.h"
 #include "app/settings/InstalledProfile.h"
 #include "app/settings/MapSettingsStore.h"
@@ -97,9 +98,22 @@ void DialogPreferences::createGeneral(QFormLayout* form)
     form->addRow(QString(), m_restart);
     form->addRow(tr("&Font size"), m_fontSize);
     form->addRow(tr("&Units"), m_unit);
+    createClock(form);
     auto* const profileLabel = new QLabel(tr("&Profile file"));
     profileLabel->setBuddy(choose);
     form->addRow(profileLabel, profileRow);
+}
+
+void DialogPreferences::createClock(QFormLayout* form)
+{
+    m_clockOffset = new ClockOffsetBox;
+    m_clockOffset->setToolTip(
+        tr("Is added to all dates and clock times that are shown and exported, "
+           "in hours and minutes; times on the counter stay"));
+    auto* const hint = new QLabel(tr("The unit's clock is taken as UTC."));
+    hint->setObjectName(QStringLiteral("hint"));
+    form->addRow(tr("Cloc&k offset"), m_clockOffset);
+    form->addRow(QString(), hint);
 }
 
 void DialogPreferences::createMap(QFormLayout* form)
@@ -134,6 +148,8 @@ void DialogPreferences::readSettings()
     m_shownFontSize = m_fontSize->value();
     m_unit->setCurrentIndex(static_cast<int>(settings.units()));
     m_shownUnit = m_unit->currentIndex();
+    m_clockOffset->setValue(settings.clockOffset());
+    m_shownClockOffset = m_clockOffset->value();
     m_profile->setText(InstalledProfile::path());
     m_shownMap = loadMapSettings(SettingsStore::instance());
     m_tileServer->setText(m_shownMap.tileServer);
@@ -158,6 +174,7 @@ void DialogPreferences::apply()
     if (isOtherFont)
         settings.setFontPixels(m_fontSize->value());
     m_shownFontSize = m_fontSize->value();
+    const bool isOtherClock = storeClockOffset();
     const bool isOtherMap = storeMap();
     saveSettings(this);
     if (isOtherFont)
@@ -165,9 +182,20 @@ void DialogPreferences::apply()
     Startup::applyStyleSheet(*qApp); // makes styled widgets take the new font
     if (isOtherUnit)
         emit signalUnitChanged(unit);
+    if (isOtherClock)
+        emit signalClockOffset(m_shownClockOffset);
     if (isOtherMap)
         emit signalMapChanged();
     applyProfileFile();
+}
+
+bool DialogPreferences::storeClockOffset()
+{
+    const bool isChanged = m_clockOffset->value() != m_shownClockOffset;
+    m_shownClockOffset = m_clockOffset->value();
+    if (isChanged)
+        ProgramSettings().setClockOffset(m_shownClockOffset);
+    return isChanged;
 }
 
 MapSettings DialogPreferences::mapFields() const

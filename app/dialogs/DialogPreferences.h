@@ -15,7 +15,9 @@ class QSpinBox;
 
 namespace KOLT {
 
-/// Language, font size, units, profile file and map settings.
+class ClockOffsetBox;
+
+/// Language, font size, units, clock offset, profile file and map settings.
 ///
 /// "OK" and "Apply" store what changed, apply the font size and report the rest by signals. A
 /// change of language needs a restart, as the dialog says.
@@ -31,6 +33,8 @@ signals:
     void signalProfileFileChanged();
     /// 0 metric, 1 imperial
     void signalUnitChanged(int unit);
+    /// In minutes.
+    void signalClockOffset(int minutes);
     /// Tile server or shading changed.
     void signalMapChanged();
 
@@ -45,9 +49,11 @@ private:
     };
 
     void createGeneral(QFormLayout* form);
+    void createClock(QFormLayout* form);
     void createMap(QFormLayout* form);
     void readSettings();
     void apply();
+    bool storeClockOffset();
     void applyProfileFile();
     MapSettings mapFields() const;
     bool storeMap();
@@ -57,6 +63,7 @@ private:
     QLabel* m_restart = nullptr;
     QSpinBox* m_fontSize = nullptr;
     QComboBox* m_unit = nullptr;
+    ClockOffsetBox* m_clockOffset = nullptr;
     QLineEdit* m_profile = nullptr;
     QLineEdit* m_tileServer = nullptr;
     std::array<Shading, 3> m_shading;
@@ -64,6 +71,7 @@ private:
     int m_shownLanguage = 0;
     int m_shownFontSize = 0;
     int m_shownUnit = 0;
+    int m_shownClockOffset = 0;
     MapSettings m_shownMap;
     QString m_startLanguage; ///< language of the running program
 };
