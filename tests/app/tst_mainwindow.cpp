@@ -1,10 +1,14 @@
 #include "app/JobQueue.h"
+#include "app/dialogs/ClockOffsetBox.h"
 #include "app/dialogs/DialogPreferences.h"
+#include "app/dialogs/DialogProfileChanges.h"
 #include "app/dialogs/DialogProfileInfo.h"
 #include "graph/ui/DialogDataGraph.h"
 #include "instruments/ui/DialogDataView.h"
+#include "record/ui/DialogCard.h"
 #include "tests/app/MainWindowFixture.h"
 #include "ui/DataPage.h"
+#include "ui/NoticeBar.h"
 
 #include <QComboBox>
 #include <QDialogButtonBox>
@@ -13,6 +17,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QMimeData>
+#include <QPlainTextEdit>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QSpinBox>
@@ -20,6 +25,7 @@
 #include <QStatusTipEvent>
 #include <QTabBar>
 #include <QToolBar>
+#include <QToolButton>
 
 using namespace KOLT;
 using namespace KOLT::Test;
@@ -51,6 +57,9 @@ private slots:
     void vanishedFilesAreTold();
     void pulledCardLeavesWhatIsShown();
     void unitAndVariantSelectors();
+    void barOffersTheVariantThatFits();
+    void clockOffsetMovesListsAndPages();
+    void newerProfileIsOfferedOnce();
     void graphMovesTimeAndColumns();
     void undoKeyReachesNoWidget();
     void styleSheetOfTheCommandLineIsApplied();
@@ -378,6 +387,92 @@ void TestMainWindow::unitAndVariantSelectors()
     QCOMPARE(profile().selectedParameters().size(), 2U);
     pick("profileSelector", Qt::Key_Down);
     QCOMPARE(profile().selectedParameters().size(), 3U); // and so is what only this variant has
+}
+
+/// Waits for what the bar above the pages says; the last one is about the recording.
+void TestMainWindow::barOffersTheVariantThatFits()
+{
+    QVERIFY(writeFile(InstalledProfile::path(),
+                      "<KorvanProfile><Variants><Variant name='915' engineType='915*'/>"
+                      "<Variant name='850' engineType='850*'/></Variants>" +
+                          device({"name='p' id='1' dataType='FLOAT'"}) + "</KorvanProfile>"));
+    const QString card = folder("card");
+    for (int i = 0; i < 2; ++i)
+        QVERIFY(
+            writeFile(QStringLiteral("%1/%2.CAN").arg(card).arg(i),
+                      RecordBytes().text(3, "850 B").date(2026, 7, i).sample(1, i * 50).bytes()));
+    QVERIFY(openCycle(card));
+    const NoticeBar* const bar = m_window->findChildren<NoticeBar*>().last();
+    const auto* const text = bar->findChild<QLabel*>();
+    QVERIFY(bar->isVisible());
+    QVERIFY2(text->text().contains("\"850 B\""), qPrintable(text->text()));
+    QCOMPARE(profile().activeVariant(), "915"); // nothing changes by itself
+    click(*bar, "Use variant 850");
+    QVERIFY(waitFor([this] { return profile().activeVariant() == "850"; }));
+    QCOMPARE(setting("Profile"), "850");
+    QVERIFY(!bar->isVisible());
+
+    // A file from the middle of the run; the bar is closed for it.
+    emit m_window->findChild<DialogCard*>()->signalLoadRecord({card + "/1.CAN"});
+    QVERIFY(waitFor([&] { return bar->isVisible(); }));
+    QVERIFY2(text->text().contains("50 s late"), qPrintable(text->text()));
+    QVERIFY(!labelled<QPushButton>(*bar, "Use variant")->isVisible());
+    QTest::mouseClick(bar->findChild<QToolButton*>("closeNotice"), Qt::LeftButton);
+    emit m_window->findChild<DialogCard*>()->signalLoadRecord({card + "/0.CAN"});
+    emit m_window->findChild<DialogCard*>()->signalLoadRecord({card + "/1.CAN"});
+    QVERIFY(waitFor([&] { return dataSet()->startSeconds == 50.0; }));
+    QVERIFY(!bar->isVisible());
+}
+
+void TestMainWindow::clockOffsetMovesListsAndPages()
+{
+    QVERIFY(openCycle(folder("card")));
+    auto* const tree = m_window->findChild<QTreeWidget*>("cyclesTree");
+    m_window->findChild<DialogData*>()->setTime(7.0);
+    QCOMPARE(dataSet()->dateTime.toString("dd hh:mm"), "28 12:00");
+    trigger(Command::Preferences);
+    auto* const dialog = m_window->findChild<DialogPreferences*>();
+    auto* const box = dialog->findChild<ClockOffsetBox*>();
+    box->selectAll();
+    QTest::keyClicks(box, "-13:30");
+    QTest::mouseClick(dialog->findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Apply),
+                      Qt::LeftButton);
+    QCOMPARE(setting("ClockOffset"), "-810");
+    QVERIFY(waitFor([&] { return dataSet()->dateTime.toString("dd hh:mm") == "27 22:30"; }));
+    QVERIFY(tree->topLevelItem(0)->text(0).contains("27"));
+    QVERIFY(tree->topLevelItem(1)->text(0).contains("22:30") ||
+            tree->topLevelItem(1)->text(1).contains("22:30"));
+    QVERIFY(tree->currentItem() == tree->topLevelItem(1));
+    QCOMPARE(m_window->findChild<DialogData*>()->time(), 7.0);
+    box->setValue(0);
+    dialog->findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Apply)->click();
+}
+
+/// The shipped profile is that beside the program; the installed one is an edited older one.
+void TestMainWindow::newerProfileIsOfferedOnce()
+{
+    SettingsStore::instance().setText("ProfileRefused", {});
+    QVERIFY(writeFile(InstalledProfile::path(),
+                      "<KorvanProfile version='1.9' profileId='KOLT-TUG'>" +
+                          device({"name='Mine' id='1' dataType='FLOAT'"}) + "</KorvanProfile>"));
+    QVERIFY(open());
+    const NoticeBar* bar = m_window->findChildren<NoticeBar*>().first();
+    QVERIFY(waitFor([&] { return bar->isVisible(); }));
+    QString shown;
+    QTimer::singleShot(0, m_window.get(), [&] {
+        auto* const dialog = m_window->findChild<DialogProfileChanges*>();
+        shown = dialog->findChild<QPlainTextEdit*>()->toPlainText();
+        click(*dialog, "Keep Mine");
+    });
+    click(*bar, "Compare...");
+    QVERIFY2(shown.contains("Parameters removed (1): D/Mine"), qPrintable(shown));
+    QVERIFY(!bar->isVisible());
+    QVERIFY(!setting("ProfileRefused").isEmpty());
+    m_window.reset();
+    QVERIFY(open());
+    QTest::qWait(100); // it is told 20 ms after the start
+    QVERIFY(!m_window->findChildren<NoticeBar*>().first()->isVisible());
+    QCOMPARE(profile().parameters().front().name, "Mine");
 }
 
 void TestMainWindow::graphMovesTimeAndColumns()
