@@ -91,6 +91,17 @@ Bitte prüfen Sie, ob die SD-Karte noch eingelegt ist und die Dateien lesbar sin
     </message>
 </context>
 <context>
+    <name>KOLT::ClockOffset</name>
+    <message>
+        <source>Dates and times are those of the unit&apos;s clock, taken as UTC.</source>
+        <translation>Daten und Uhrzeiten sind die der Uhr des Geräts, die als UTC gilt.</translation>
+    </message>
+    <message>
+        <source>Dates and times are those of the unit&apos;s clock, taken as UTC, and %1.</source>
+        <translation>Daten und Uhrzeiten sind die der Uhr des Geräts, die als UTC gilt, und %1.</translation>
+    </message>
+</context>
+<context>
     <name>KOLT::Cycle</name>
     <message>
         <source>Cycle %1</source>
@@ -1127,6 +1138,18 @@ ist nicht mehr vorhanden und wurde aus der Liste entfernt. Liegt er auf einer SD
         <source>Choose another profile file; OK installs it instead of this one</source>
         <translation>Andere Profildatei wählen; OK installiert sie anstelle dieser</translation>
     </message>
+    <message>
+        <source>Is added to all dates and clock times that are shown and exported, in hours and minutes; times on the counter stay</source>
+        <translation>Kommt zu allen Daten und Uhrzeiten hinzu, die gezeigt und exportiert werden, in Stunden und Minuten; Zeiten auf dem Zähler bleiben</translation>
+    </message>
+    <message>
+        <source>The unit&apos;s clock is taken as UTC.</source>
+        <translation>Die Uhr des Geräts gilt als UTC.</translation>
+    </message>
+    <message>
+        <source>Cloc&amp;k offset</source>
+        <translation>&amp;Zeitverschiebung</translation>
+    </message>
 </context>
 <context>
     <name>KOLT::DialogProfile</name>
@@ -1177,6 +1200,29 @@ ist nicht mehr vorhanden und wurde aus der Liste entfernt. Liegt er auf einer SD
     <message>
         <source>Show only devices and parameters with this text in their name</source>
         <translation>Nur Geräte und Parameter mit diesem Text im Namen zeigen</translation>
+    </message>
+</context>
+<context>
+    <name>KOLT::DialogProfileChanges</name>
+    <message>
+        <source>Newer Profile</source>
+        <translation>Neueres Profil</translation>
+    </message>
+    <message>
+        <source>What would change, from your profile (version %1) to the one that came with the program (version %2). What you edited yourself is among it; your profile would be kept as a backup.</source>
+        <translation>Was sich ändern würde, von Ihrem Profil (Version %1) zu dem, das mit dem Programm kam (Version %2). Auch was Sie selbst geändert haben, ist darunter; Ihr Profil bliebe als Sicherungskopie.</translation>
+    </message>
+    <message>
+        <source>Nothing but the version and comments.</source>
+        <translation>Nur die Version und Kommentare.</translation>
+    </message>
+    <message>
+        <source>Install Newer Profile</source>
+        <translation>Neueres Profil installieren</translation>
+    </message>
+    <message>
+        <source>Keep Mine</source>
+        <translation>Meines behalten</translation>
     </message>
 </context>
 <context>
@@ -1682,6 +1728,13 @@ Bitte prüfen Sie, ob der Ordner beschreibbar und nicht voll ist, oder sichern S
     </message>
 </context>
 <context>
+    <name>KOLT::NoticeBar</name>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+</context>
+<context>
     <name>KOLT::OverviewPage</name>
     <message>
         <source>Cancel</source>
@@ -1933,6 +1986,115 @@ wurde nicht gefunden. Legen Sie die Karte ein, oder öffnen Sie einen anderen Or
     </message>
 </context>
 <context>
+    <name>KOLT::ProfileChanges</name>
+    <message>
+        <source>%1 (%2): %3</source>
+        <translation>%1 (%2): %3</translation>
+    </message>
+    <message>
+        <source>Parameters added</source>
+        <translation>Neue Parameter</translation>
+    </message>
+    <message>
+        <source>Parameters removed</source>
+        <translation>Entfernte Parameter</translation>
+    </message>
+    <message>
+        <source>Parameters changed</source>
+        <translation>Geänderte Parameter</translation>
+    </message>
+    <message>
+        <source>Thresholds added</source>
+        <translation>Neue Schwellen</translation>
+    </message>
+    <message>
+        <source>Thresholds removed</source>
+        <translation>Entfernte Schwellen</translation>
+    </message>
+    <message>
+        <source>Thresholds changed</source>
+        <translation>Geänderte Schwellen</translation>
+    </message>
+    <message>
+        <source>Variants added</source>
+        <translation>Neue Varianten</translation>
+    </message>
+    <message>
+        <source>Variants removed</source>
+        <translation>Entfernte Varianten</translation>
+    </message>
+    <message>
+        <source>Variants changed</source>
+        <translation>Geänderte Varianten</translation>
+    </message>
+    <message>
+        <source>Enumerations added</source>
+        <translation>Neue Aufzählungen</translation>
+    </message>
+    <message>
+        <source>Enumerations removed</source>
+        <translation>Entfernte Aufzählungen</translation>
+    </message>
+    <message>
+        <source>Enumerations changed</source>
+        <translation>Geänderte Aufzählungen</translation>
+    </message>
+    <message>
+        <source>Units added</source>
+        <translation>Neue Einheiten</translation>
+    </message>
+    <message>
+        <source>Units removed</source>
+        <translation>Entfernte Einheiten</translation>
+    </message>
+    <message>
+        <source>Units changed</source>
+        <translation>Geänderte Einheiten</translation>
+    </message>
+    <message>
+        <source>Fault matrices added</source>
+        <translation>Neue Fehlermatrizen</translation>
+    </message>
+    <message>
+        <source>Fault matrices removed</source>
+        <translation>Entfernte Fehlermatrizen</translation>
+    </message>
+    <message>
+        <source>Fault matrices changed</source>
+        <translation>Geänderte Fehlermatrizen</translation>
+    </message>
+</context>
+<context>
+    <name>KOLT::ProfileLine</name>
+    <message>
+        <source>version %1</source>
+        <translation>Version %1</translation>
+    </message>
+    <message>
+        <source>variant %1</source>
+        <translation>Variante %1</translation>
+    </message>
+    <message>
+        <source>Profile: %1</source>
+        <translation>Profil: %1</translation>
+    </message>
+</context>
+<context>
+    <name>KOLT::ProfileOffer</name>
+    <message>
+        <source>The profile was replaced by version %1, which came with the program. The previous one is kept beside it as a backup.</source>
+        <translation>Das Profil wurde durch Version %1 ersetzt, die mit dem Programm kam. Das bisherige liegt als Sicherungskopie daneben.</translation>
+    </message>
+    <message>
+        <source>Version %1 of the profile came with the program. Version %2 is still in use, as it was edited.</source>
+        <translation>Mit dem Programm kam Version %1 des Profils. In Gebrauch ist weiter Version %2, da sie geändert wurde.</translation>
+    </message>
+    <message>
+        <source>Compare...</source>
+        <translation>Vergleichen...</translation>
+    </message>
+</context>
+<context>
     <name>KOLT::ProfileSelectors</name>
     <message>
         <source>Variant of the parameter profile</source>
@@ -2104,6 +2266,13 @@ ist kein KOLT-Projekt. Die gewählten Parameter bleiben, wie sie sind.</translat
     <message>
         <source>Stop Time: </source>
         <translation>Endzeit: </translation>
+    </message>
+</context>
+<context>
+    <name>KOLT::RecordingNotice</name>
+    <message>
+        <source>Use variant %1</source>
+        <translation>Variante %1 verwenden</translation>
     </message>
 </context>
 <context>
@@ -2409,6 +2578,29 @@ ist kein KOLT-Projekt. Die gewählten Parameter bleiben, wie sie sind.</translat
     <message>
         <source>%1 were never recorded: figures and limits of them are empty. Look whether the profile is for this aircraft.</source>
         <translation>%1 wurde nie aufgezeichnet: Werte und Grenzen dafür sind leer. Prüfen Sie, ob das Profil zu diesem Flugzeug gehört.</translation>
+    </message>
+</context>
+<context>
+    <name>KOLT::VariantFit</name>
+    <message>
+        <source>The recording is of an engine &quot;%1&quot;, which the variant %2 is not for: its limits may be those of another engine.</source>
+        <translation>Die Aufzeichnung stammt von einem Motor „%1“, für den die Variante %2 nicht gedacht ist: Ihre Grenzwerte können die eines anderen Motors sein.</translation>
+    </message>
+    <message>
+        <source>The recording is of an engine &quot;%1&quot;, which the variant %2 is not for: its limits may be those of another engine. The variant %3 fits.</source>
+        <translation>Die Aufzeichnung stammt von einem Motor „%1“, für den die Variante %2 nicht gedacht ist: Ihre Grenzwerte können die eines anderen Motors sein. Die Variante %3 passt.</translation>
+    </message>
+    <message>
+        <source>Only %1 of the %2 recorded messages are in the profile for the variant %3: the others are shown nowhere.</source>
+        <translation>Nur %1 der %2 aufgezeichneten Nachrichten stehen im Profil für die Variante %3: Die anderen werden nirgends gezeigt.</translation>
+    </message>
+    <message>
+        <source>Look for a newer profile.</source>
+        <translation>Suchen Sie ein neueres Profil.</translation>
+    </message>
+    <message>
+        <source>The variant %1 has more of them.</source>
+        <translation>Die Variante %1 hat mehr davon.</translation>
     </message>
 </context>
 <context>
