@@ -30,9 +30,9 @@ public:
     struct Source
     {
         const DataSet& dataSet;
-        QString title;    ///< title of the document
-        QString fileName; ///< proposed file name
-        QString folder;   ///< where the file dialog opens
+        QString title;            ///< title of the document
+        QString fileName;         ///< proposed file name
+        QString folder;           ///< where the file dialog opens
         QString description = {}; ///< of where the data come from, for formats with room for it
     };
 
