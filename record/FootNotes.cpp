@@ -32,12 +32,13 @@ QString FlightNotes::marks(Figures figures) const
     return texts.join(QLatin1Char(' '));
 }
 
-FlightNotes FootNotes::add(const std::vector<TrustFinding>& findings, std::size_t flight)
+FlightNotes FootNotes::add(const std::vector<TrustFinding>& findings, std::size_t flight,
+                           Figures shown)
 {
     FlightNotes notes;
     for (const TrustFinding& finding : findings) {
         for (const FlightMark& mark : finding.marks) {
-            if (mark.flight == flight)
+            if (mark.flight == flight && (mark.figures & shown) != 0)
                 notes.entries.push_back({mark.figures, numberOf(finding.text)});
         }
     }

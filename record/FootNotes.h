@@ -30,7 +30,9 @@ class FootNotes
 {
 public:
     /// Adds what marks a flight, given by its index in the data set that the findings are of.
-    FlightNotes add(const std::vector<TrustFinding>& findings, std::size_t flight);
+    /// Findings that touch none of the `shown` figures give no note.
+    FlightNotes add(const std::vector<TrustFinding>& findings, std::size_t flight,
+                    Figures shown = Figure::All);
 
     /// In the order of their numbers.
     const std::vector<QString>& texts() const { return m_texts; }

@@ -154,11 +154,12 @@ void DialogData::createPages(const Profile& profile, const HostedPages& pages)
     auto* const limits = new DialogDataLimit(profile);
     auto* const lamps = new DialogDataWarning(profile);
     m_lists = {limits, lamps};
+    m_statistic = new DialogDataStatistic;
     // In the order of the tabs.
     const std::pair<Page, HostedPage> tabbed[] = {
         {Page::Table, hosted(table)},        {Page::Graph, pages.graph},
         {Page::FaultMatrix, hosted(faults)}, {Page::Limit, hosted(limits)},
-        {Page::WarningLamps, hosted(lamps)}, {Page::Statistic, hosted(new DialogDataStatistic)},
+        {Page::WarningLamps, hosted(lamps)}, {Page::Statistic, hosted(m_statistic)},
         {Page::EmuView, pages.emuView}};
     for (const auto& [place, page] : tabbed)
         m_stack->addWidget(m_pages.add(place, page, m_stack));
@@ -180,6 +181,7 @@ void DialogData::createReplayBar(Display display)
     m_bar = new ReplayBar(
         m_replay,
         display == Display::EmuOnly ? ReplayBar::Extent::SingleRow : ReplayBar::Extent::Full, this);
+    connect(m_bar, &ReplayBar::signalFinding, this, &DialogData::signalFinding);
     connect(m_bar, &ReplayBar::signalMode, this, &DialogData::slotReplayMode);
     connect(m_bar, &ReplayBar::signalStop, this, &DialogData::slotReplayStop);
     connect(m_bar, &ReplayBar::signalPosition, this, &DialogData::slotSlider);
@@ -188,6 +190,12 @@ void DialogData::createReplayBar(Display display)
             qOverload<int>(&DialogData::slotReplaySpeed));
     connect(m_bar, qOverload<double>(&ReplayBar::signalSpeed), this,
             qOverload<double>(&DialogData::slotReplaySpeed));
+}
+
+void DialogData::setTrust(const std::shared_ptr<const RecordingTrust>& trust)
+{
+    m_bar->setTrust(trust);
+    m_statistic->setTrust(trust);
 }
 
 void DialogData::setListSettings(const ListSettings& settings)

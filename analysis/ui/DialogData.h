@@ -9,6 +9,7 @@
 #include <array>
 #include <functional>
 #include <initializer_list>
+#include <memory>
 
 class QBoxLayout;
 class QButtonGroup;
@@ -20,12 +21,14 @@ class QToolButton;
 
 namespace KOLT {
 
+class DialogDataStatistic;
 class DialogEventList;
 class MapSplitter;
 class PageTabs;
 class Profile;
 class ReplayBar;
 struct ListSettings;
+struct RecordingTrust;
 
 /// The analysis area: seven pages behind tabs, the map beside them, and the replay.
 ///
@@ -73,6 +76,8 @@ public:
     /// To be called after such a change.
     void refresh(DataPage::Changes changes);
     void setListSettings(const ListSettings& settings);
+    /// Shows what is found in the data set, until other data are set.
+    void setTrust(const std::shared_ptr<const RecordingTrust>& trust);
     /// Goes to a moment of the data set.
     void setTime(double seconds);
 
@@ -93,6 +98,10 @@ public:
     /// Shows the front, or the pages. The pages also come back when a tab is clicked, or data are
     /// loaded.
     void showFront(bool isShown);
+
+signals:
+    /// The user wants to see what is found: a finding by its index, or all (-1).
+    void signalFinding(int finding);
 
 public slots:
     // In the order of their senders: controls, hosted pages, own pages.
@@ -129,6 +138,7 @@ private:
     QTimer m_timer;
     DataPages m_pages;
     std::array<DialogEventList*, 2> m_lists{}; ///< exceedances, and lamps
+    DialogDataStatistic* m_statistic = nullptr;
     PageTabs* m_tabs = nullptr;
     QButtonGroup* m_mapButtons = nullptr;
     MapSplitter* m_splitter = nullptr;

@@ -2,12 +2,15 @@
 
 #include "record/ClockTime.h"
 #include "record/DataSet.h"
+#include "record/FootNotes.h"
+#include "record/RecordingTrust.h"
 
 #include <QLabel>
 #include <QLocale>
 #include <QTextEdit>
 #include <QVBoxLayout>
 
+#include <algorithm>
 #include <cmath>
 
 namespace KOLT {
@@ -15,6 +18,7 @@ namespace KOLT {
 namespace {
 
 constexpr int hintMargin = 6;
+constexpr int mostNotes = 3; ///< notes take at most this part of the height
 
 QString row(const QString& label, const QString& value)
 {
@@ -32,18 +36,70 @@ QString timeText(double seconds)
     return std::isfinite(seconds) ? durationText(seconds) : QStringLiteral("--:--:--");
 }
 
+struct ShownFigure
+{
+    const char* label; ///< of the table's row
+    Figures figures;   ///< that it is made from
+};
+
+/// In the order of the table.
+constexpr ShownFigure shownFigures[] = {
+    {QT_TRANSLATE_NOOP("KOLT::DialogDataStatistic", "Flight Time"), Figure::Start | Figure::End},
+    {QT_TRANSLATE_NOOP("KOLT::DialogDataStatistic", "Total Fuel Lane A"), Figure::FuelA},
+    {QT_TRANSLATE_NOOP("KOLT::DialogDataStatistic", "Total Fuel Lane B"), Figure::FuelB},
+    {QT_TRANSLATE_NOOP("KOLT::DialogDataStatistic", "Total Fuel"), Figure::Fuel},
+    {QT_TRANSLATE_NOOP("KOLT::DialogDataStatistic", "Minimum Alt"), Figure::MinAltitude},
+    {QT_TRANSLATE_NOOP("KOLT::DialogDataStatistic", "Maximum Alt"), Figure::MaxAltitude},
+    {QT_TRANSLATE_NOOP("KOLT::DialogDataStatistic", "Total Climb"), Figure::AltitudeGain},
+    {QT_TRANSLATE_NOOP("KOLT::DialogDataStatistic", "Average Climb Rate"), Figure::ClimbRate},
+    {QT_TRANSLATE_NOOP("KOLT::DialogDataStatistic", "Average Descend Rate"), Figure::DescentRate},
+    {QT_TRANSLATE_NOOP("KOLT::DialogDataStatistic", "Max Ground Speed"), Figure::MaxGroundSpeed},
+    {QT_TRANSLATE_NOOP("KOLT::DialogDataStatistic", "Time / 100m"), Figure::TimePer100m},
+    {QT_TRANSLATE_NOOP("KOLT::DialogDataStatistic", "Fuel / 100m"), Figure::FuelPer100m},
+    {QT_TRANSLATE_NOOP("KOLT::DialogDataStatistic", "Take Off Distance"), Figure::TakeOffDistance},
+    {QT_TRANSLATE_NOOP("KOLT::DialogDataStatistic", "Take Off Distance 15m"),
+     Figure::TakeOffDistance15m}};
+
+/// Which figures of the table are marked, and why; empty when none is.
+QString notesText(const std::vector<TrustFinding>& findings, std::size_t flight)
+{
+    Figures shown = 0;
+    for (const ShownFigure& figure : shownFigures)
+        shown |= figure.figures;
+    FootNotes notes;
+    const FlightNotes marked = notes.add(findings, flight, shown);
+    QStringList figures;
+    for (const ShownFigure& figure : shownFigures) {
+        const QString marks = marked.marks(figure.figures);
+        if (!marks.isEmpty())
+            figures << DialogDataStatistic::tr(figure.label) + QLatin1Char(' ') + marks;
+    }
+    if (figures.isEmpty())
+        return {};
+    const QString heading =
+        DialogDataStatistic::tr("Figures that may be wrong: %1").arg(figures.join(QStringLiteral(", ")));
+    return heading + QLatin1Char('\n') + notes.lines().join(QLatin1Char('\n'));
+}
+
 } // namespace
 
 DialogDataStatistic::DialogDataStatistic(QWidget* parent)
     : QWidget(parent)
     , m_text(new QTextEdit(this))
+    , m_notes(new QTextEdit(this))
 {
     m_text->setReadOnly(true);
     m_text->setLineWrapMode(QTextEdit::NoWrap); // keeps figure and unit on one line
     m_text->setPlaceholderText(tr("Choose a flight on the left to see its figures."));
     auto* const layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(m_text);
+    layout->addWidget(m_text, 1);
+    m_notes->setObjectName(QStringLiteral("figureNotes"));
+    m_notes->setReadOnly(true);
+    m_notes->setTabChangesFocus(true);
+    m_notes->setFrameShape(QFrame::NoFrame);
+    m_notes->hide();
+    layout->addWidget(m_notes);
     m_hint =
         new QLabel(tr("Flight Time runs from 30 s before take-off to 30 s after landing, like the "
                       "loaded data. The day sheet counts from take-off to landing."),
@@ -74,8 +130,42 @@ QString DialogDataStatistic::textOf(const Flight& flight)
            QStringLiteral("</table>");
 }
 
+void DialogDataStatistic::setTrust(std::shared_ptr<const RecordingTrust> trust)
+{
+    m_trust = std::move(trust);
+    showNotes();
+}
+
+void DialogDataStatistic::showNotes()
+{
+    const bool hasFlight =
+        m_trust != nullptr && dataSet() != nullptr && dataSet()->flightIndex.has_value();
+    const QString text =
+        hasFlight ? notesText(m_trust->findings, *dataSet()->flightIndex) : QString();
+    m_notes->setPlainText(text);
+    m_notes->setVisible(!text.isEmpty());
+    fitNotes();
+}
+
+/// As high as the text, but never so high that nothing is left of the table.
+void DialogDataStatistic::fitNotes()
+{
+    QTextDocument* const document = m_notes->document();
+    document->setTextWidth(width());
+    const auto wanted = static_cast<int>(std::ceil(document->size().height()));
+    m_notes->setFixedHeight(std::min(wanted, height() / mostNotes));
+}
+
+void DialogDataStatistic::resizeEvent(QResizeEvent* event)
+{
+    QWidget::resizeEvent(event);
+    fitNotes();
+}
+
 void DialogDataStatistic::showData(Changes changes)
 {
+    if (changes.testFlag(Change::Data))
+        showNotes();
     if (!changes.testFlag(Change::Data) || dataSet() == nullptr)
         return;
     const Flight* const flight = dataSet()->flight();

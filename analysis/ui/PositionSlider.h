@@ -13,6 +13,15 @@ public:
     {
     }
 
+    /// Where the handle's centre is at the first position, and over how many pixels it moves.
+    struct Travel
+    {
+        int left = 0;
+        int width = 0;
+    };
+
+    Travel travel() const;
+
 protected:
     void mousePressEvent(QMouseEvent* event) override;
 };

@@ -3,6 +3,7 @@
 #include "analysis/MomentText.h"
 #include "analysis/Replay.h"
 #include "analysis/ui/PositionSlider.h"
+#include "analysis/ui/RecordingStrip.h"
 #include "record/ClockTime.h"
 
 #include <QDoubleSpinBox>
@@ -88,13 +89,7 @@ QBoxLayout* ReplayBar::createDisplays()
 QGridLayout* ReplayBar::createControls()
 {
     createButtons();
-    m_slider = new PositionSlider(this);
-    m_slider->setRange(0, Replay::positions);
-    m_slider->setToolTip(tr("Position within the loaded data"));
-    connect(m_slider, &QSlider::valueChanged, this, [this](int position) {
-        if (!m_isWriting)
-            emit signalPosition(position);
-    });
+    createPosition();
     createTimeEdit();
     createSpeedControls();
     auto* const timeRow = new QHBoxLayout;
@@ -105,12 +100,29 @@ QGridLayout* ReplayBar::createControls()
     grid->setContentsMargins(spacing, 0, spacing, spacing);
     grid->addWidget(m_startButton, 0, 0, 2, 1);
     grid->addWidget(m_stopButton, 0, 1, 2, 1);
-    grid->addWidget(m_slider, 0, 2);
+    auto* const position = new QVBoxLayout;
+    position->setSpacing(0);
+    position->addWidget(m_strip);
+    position->addWidget(m_slider);
+    grid->addLayout(position, 0, 2);
     grid->addLayout(timeRow, 1, 2);
     grid->addWidget(m_speedSlider, 0, 3);
     grid->addWidget(m_speedBox, 1, 3);
     grid->setColumnStretch(2, 1);
     return grid;
+}
+
+void ReplayBar::createPosition()
+{
+    m_slider = new PositionSlider(this);
+    m_slider->setRange(0, Replay::positions);
+    m_slider->setToolTip(tr("Position within the loaded data"));
+    connect(m_slider, &QSlider::valueChanged, this, [this](int position) {
+        if (!m_isWriting)
+            emit signalPosition(position);
+    });
+    m_strip = new RecordingStrip(*m_slider, this);
+    connect(m_strip, &RecordingStrip::signalClicked, this, &ReplayBar::signalFinding);
 }
 
 void ReplayBar::createButtons()
@@ -171,7 +183,8 @@ void ReplayBar::createSpeedControls()
 
 void ReplayBar::reduceToRow()
 {
-    for (QWidget* widget : std::initializer_list<QWidget*>{m_timeDisplay, m_slider, m_timeEdit})
+    for (QWidget* widget :
+         std::initializer_list<QWidget*>{m_timeDisplay, m_strip, m_slider, m_timeEdit})
         widget->hide();
     m_dateDisplay->setFixedHeight(singleRowHeight);
     for (QToolButton* button : {m_startButton, m_stopButton})
@@ -183,7 +196,14 @@ void ReplayBar::setData(const DataSet* dataSet)
     m_dataSet = dataSet;
     for (QWidget* control : std::initializer_list<QWidget*>{m_startButton, m_slider, m_timeEdit})
         control->setEnabled(dataSet != nullptr);
+    m_strip->setTrust(nullptr);
+    m_strip->setSpan(m_replay.first(), m_replay.last());
     showState();
+}
+
+void ReplayBar::setTrust(std::shared_ptr<const RecordingTrust> trust)
+{
+    m_strip->setTrust(std::move(trust));
 }
 
 void ReplayBar::showTime()

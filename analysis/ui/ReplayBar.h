@@ -3,6 +3,8 @@
 #include <QTimer>
 #include <QWidget>
 
+#include <memory>
+
 class QBoxLayout;
 class QDoubleSpinBox;
 class QGridLayout;
@@ -14,8 +16,11 @@ class QToolButton;
 
 namespace KOLT {
 
+class PositionSlider;
+class RecordingStrip;
 class Replay;
 struct DataSet;
+struct RecordingTrust;
 
 /// The displays of the current time and the controls of the replay.
 ///
@@ -35,6 +40,9 @@ public:
     /// Null disables the controls. To be followed by showTime().
     void setData(const DataSet* dataSet);
 
+    /// What is found in the data; null until it is known.
+    void setTrust(std::shared_ptr<const RecordingTrust> trust);
+
     /// To be called when the replay's time has changed.
     void showTime();
 
@@ -48,10 +56,13 @@ signals:
     void signalClockTime(const QTime& time);
     void signalSpeed(int percent);
     void signalSpeed(double speed);
+    /// The strip was clicked: at a finding, by its index, or elsewhere (-1).
+    void signalFinding(int finding);
 
 private:
     QBoxLayout* createDisplays();
     QGridLayout* createControls();
+    void createPosition();
     void createButtons();
     void createTimeEdit();
     void createSpeedControls();
@@ -64,7 +75,8 @@ private:
     QLCDNumber* m_timeDisplay = nullptr;
     QToolButton* m_startButton = nullptr;
     QToolButton* m_stopButton = nullptr;
-    QSlider* m_slider = nullptr;
+    RecordingStrip* m_strip = nullptr;
+    PositionSlider* m_slider = nullptr;
     QTimeEdit* m_timeEdit = nullptr;
     QTimer m_typing; ///< runs while a time is typed
     QSlider* m_speedSlider = nullptr;

@@ -1,13 +1,20 @@
 #include "record/ui/CardList.h"
 
 #include "record/CardContainer.h"
+#include "record/TrustFinding.h"
+#include "ui/TrustMark.h"
 
+#include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMouseEvent>
 #include <QPainter>
 #include <QSignalBlocker>
 #include <QStackedLayout>
 #include <QVBoxLayout>
+
+#include <algorithm>
+#include <functional>
 
 namespace KOLT {
 
@@ -17,13 +24,39 @@ constexpr int pageMargin = 3;
 constexpr int headingPixels = 20;
 constexpr QColor headingColor(195, 171, 99);
 
-/// A tree whose day headings are filled over the full width.
+enum Column { textColumn, markColumn };
+
+constexpr int markPadding = 6;
+constexpr std::size_t mostSentences = 6; ///< in a tool tip
+
+/// A tree whose day headings are filled over the full width, and whose marks can be clicked.
 class DayTree : public QTreeWidget
 {
 public:
-    using QTreeWidget::QTreeWidget;
+    using OnMark = std::function<void(QTreeWidgetItem*)>;
+
+    DayTree(OnMark onMark, QWidget* parent)
+        : QTreeWidget(parent)
+        , m_onMark(std::move(onMark))
+    {
+    }
 
 protected:
+    void mousePressEvent(QMouseEvent* event) override
+    {
+        QTreeWidgetItem* const item = markedItemAt(*event);
+        if (item != nullptr)
+            m_onMark(item);
+        else
+            QTreeWidget::mousePressEvent(event);
+    }
+
+    void mouseDoubleClickEvent(QMouseEvent* event) override
+    {
+        if (markedItemAt(*event) == nullptr)
+            QTreeWidget::mouseDoubleClickEvent(event);
+    }
+
     void drawRow(QPainter* painter, const QStyleOptionViewItem& option,
                  const QModelIndex& index) const override
     {
@@ -31,20 +64,50 @@ protected:
             painter->fillRect(option.rect, headingColor);
         QTreeWidget::drawRow(painter, option, index);
     }
+
+private:
+    QTreeWidgetItem* markedItemAt(const QMouseEvent& event) const
+    {
+        const QModelIndex index = indexAt(event.position().toPoint());
+        const bool isMark =
+            index.column() == markColumn && index.data(Qt::DecorationRole).isValid();
+        return isMark && event.button() == Qt::LeftButton ? itemFromIndex(index) : nullptr;
+    }
+
+    OnMark m_onMark;
 };
+
+TrustMark markOf(TrustSeverity severity)
+{
+    switch (severity) {
+    case TrustSeverity::Wrong:
+        return TrustMark::Wrong;
+    case TrustSeverity::Doubtful:
+        return TrustMark::Doubtful;
+    case TrustSeverity::Note:
+        break;
+    }
+    return TrustMark::None;
+}
+
+/// Rich text, which is wrapped.
+QString paragraph(const QString& text)
+{
+    return QStringLiteral("<p>%1</p>").arg(text.toHtmlEscaped());
+}
 
 } // namespace
 
 CardList::CardList(QWidget* parent)
     : QWidget(parent)
     , m_name(new QLineEdit(this))
-    , m_tree(new DayTree(this))
+    , m_tree(new DayTree([this](QTreeWidgetItem* item) { emit signalMark(item); }, this))
     , m_note(new QLabel(this))
     , m_stack(new QStackedLayout)
 {
     m_name->setReadOnly(true);
     m_name->setToolTip(tr("The folder that is open"));
-    m_tree->setHeaderHidden(true);
+    createColumns();
     m_note->setTextFormat(Qt::PlainText);
     m_note->setAlignment(Qt::AlignCenter);
     m_note->setWordWrap(true);
@@ -56,6 +119,21 @@ CardList::CardList(QWidget* parent)
     layout->addLayout(m_stack);
 }
 
+void CardList::createColumns()
+{
+    m_tree->setHeaderHidden(true);
+    m_tree->setColumnCount(2);
+    m_tree->setAllColumnsShowFocus(true);
+    QHeaderView* const header = m_tree->header();
+    const int width = m_tree->style()->pixelMetric(QStyle::PM_SmallIconSize) + markPadding;
+    header->setMinimumSectionSize(width);
+    header->setStretchLastSection(false);
+    header->setSectionResizeMode(textColumn, QHeaderView::Stretch);
+    header->setSectionResizeMode(markColumn, QHeaderView::Fixed);
+    header->resizeSection(markColumn, width);
+    m_tree->setColumnHidden(markColumn, true);
+}
+
 void CardList::fill(const CardContainer& card, const QString& note)
 {
     const QSignalBlocker blocker(m_tree);
@@ -63,6 +141,7 @@ void CardList::fill(const CardContainer& card, const QString& note)
     m_note->setText(note);
     m_stack->setCurrentIndex(card.files().empty() ? 1 : 0);
     m_tree->clear();
+    m_tree->setColumnHidden(markColumn, true);
     m_day.reset();
     fillTree(card);
 }
@@ -98,6 +177,34 @@ void CardList::addHeading(const QDate& date)
     item->setForeground(0, QBrush(Qt::black));
     item->setFlags(Qt::ItemIsEnabled);
     item->setTextAlignment(0, Qt::AlignCenter);
+    item->setFirstColumnSpanned(true);
+}
+
+void CardList::showTrust(QTreeWidgetItem& item, const Findings& findings)
+{
+    Findings told = findings;
+    std::ranges::stable_sort(told, std::ranges::greater{}, [](const TrustFinding* finding) {
+        return trustSeverity(finding->kind);
+    });
+    const TrustMark mark =
+        told.empty() ? TrustMark::None : markOf(trustSeverity(told.front()->kind));
+    const QSignalBlocker blocker(m_tree);
+    if (mark == TrustMark::None) {
+        item.setData(markColumn, Qt::DecorationRole, {});
+        item.setToolTip(markColumn, {});
+        item.setData(markColumn, Qt::AccessibleTextRole, {});
+        return;
+    }
+    QString tip;
+    for (std::size_t i = 0; i < told.size() && i < mostSentences; ++i)
+        tip += paragraph(told[i]->text);
+    if (told.size() > mostSentences)
+        tip += paragraph(
+            tr("... and %n more", nullptr, static_cast<int>(told.size() - mostSentences)));
+    item.setIcon(markColumn, trustIcon(mark));
+    item.setToolTip(markColumn, tip);
+    item.setData(markColumn, Qt::AccessibleTextRole, trustKindTitle(told.front()->kind));
+    m_tree->setColumnHidden(markColumn, false);
 }
 
 } // namespace KOLT

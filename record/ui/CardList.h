@@ -3,6 +3,7 @@
 #include <QTreeWidget>
 
 #include <optional>
+#include <vector>
 
 class QLabel;
 class QLineEdit;
@@ -11,9 +12,13 @@ class QStackedLayout;
 namespace KOLT {
 
 class CardContainer;
+struct TrustFinding;
 
 /// A tab of the card panel: the name of the open folder above a tree with headings by day, or a
 /// note in place of an empty tree. Base of the two lists, which differ in what the tree shows.
+///
+/// A second, narrow column has the marks of entries that cannot be believed as they stand. It is
+/// there only while some entry has one.
 class CardList : public QWidget
 {
     Q_OBJECT
@@ -27,7 +32,13 @@ public:
     /// Sends no signal.
     void selectOnly(const QList<QTreeWidgetItem*>& items);
 
+signals:
+    /// The mark of an entry was clicked, which does not select the entry.
+    void signalMark(QTreeWidgetItem* item);
+
 protected:
+    using Findings = std::vector<const TrustFinding*>;
+
     explicit CardList(QWidget* parent);
 
     /// Fills the empty tree.
@@ -36,7 +47,12 @@ protected:
     /// Appends an entry, and before it a heading if the entry before is of another day.
     QTreeWidgetItem* addEntry(const QDate& date);
 
+    /// Marks an entry by the worst finding, and tells all of them in a tool tip of the mark. Notes
+    /// alone give no mark.
+    void showTrust(QTreeWidgetItem& item, const Findings& findings);
+
 private:
+    void createColumns();
     void addHeading(const QDate& date);
 
     QLineEdit* m_name;

@@ -47,6 +47,7 @@ void CycleList::fillTree(const CardContainer& card)
 {
     m_items.clear();
     m_marks.clear();
+    m_findings.clear();
     const QIcon icon(QStringLiteral(":/icons/cycle.svg"));
     for (const auto& [key, cycle] : card.cycles()) {
         QTreeWidgetItem* const item = addEntry(cycle.dateTime.date());
@@ -82,6 +83,7 @@ void CycleList::listFlights(unsigned int cycle, const std::vector<Flight>& fligh
         ++index;
     }
     showMarks(cycle);
+    showFindings(cycle);
     cycleItem->setExpanded(true);
     if (before && before->cycle == cycle && before->flight >= 0 && before->flight < index)
         tree().setCurrentItem(cycleItem->child(before->flight));
@@ -109,13 +111,43 @@ void CycleList::showMarks(unsigned int cycle)
         mark(*cycleItem->child(i), ":/icons/flight.svg", flights[static_cast<std::size_t>(i)]);
 }
 
+void CycleList::setTrust(unsigned int cycle, const std::vector<TrustFinding>& findings)
+{
+    m_findings[cycle] = findings;
+    showFindings(cycle);
+}
+
+void CycleList::showFindings(unsigned int cycle)
+{
+    QTreeWidgetItem* const cycleItem = itemOf({cycle});
+    const auto known = m_findings.find(cycle);
+    if (cycleItem == nullptr || known == m_findings.end())
+        return;
+    Findings all;
+    std::vector<Findings> ofFlights(static_cast<std::size_t>(cycleItem->childCount()));
+    for (const TrustFinding& finding : known->second) {
+        all.push_back(&finding);
+        for (const FlightMark& mark : finding.marks) {
+            if (mark.flight < ofFlights.size())
+                ofFlights[mark.flight].push_back(&finding);
+        }
+    }
+    showTrust(*cycleItem, all);
+    for (std::size_t i = 0; i < ofFlights.size(); ++i)
+        showTrust(*cycleItem->child(static_cast<int>(i)), ofFlights[i]);
+}
+
 std::optional<CycleList::Choice> CycleList::selected() const
 {
     const QList<QTreeWidgetItem*> items = tree().selectedItems();
     if (items.isEmpty())
         return std::nullopt;
-    return Choice{items.front()->data(0, cycleRole).toUInt(),
-                  items.front()->data(0, flightRole).toInt()};
+    return choiceOf(*items.front());
+}
+
+CycleList::Choice CycleList::choiceOf(const QTreeWidgetItem& item)
+{
+    return {item.data(0, cycleRole).toUInt(), item.data(0, flightRole).toInt()};
 }
 
 QTreeWidgetItem* CycleList::itemOf(const Choice& choice) const

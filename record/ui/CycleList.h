@@ -1,6 +1,7 @@
 #pragma once
 
 #include "record/Flight.h"
+#include "record/TrustFinding.h"
 #include "record/ui/CardList.h"
 #include "ui/StateMark.h"
 
@@ -39,6 +40,12 @@ public:
     /// Marks the cycle, and its flights wherever they are listed.
     void setMarks(unsigned int cycle, StateMark mark, const std::vector<StateMark>& flights);
 
+    /// Marks the cycle by its findings, and wherever they are listed, the flights whose figures
+    /// they touch.
+    void setTrust(unsigned int cycle, const std::vector<TrustFinding>& findings);
+
+    static Choice choiceOf(const QTreeWidgetItem& item);
+
 protected:
     void fillTree(const CardContainer& card) override;
 
@@ -50,9 +57,11 @@ private:
     };
 
     void showMarks(unsigned int cycle);
+    void showFindings(unsigned int cycle);
 
-    std::map<unsigned int, QTreeWidgetItem*> m_items; ///< by number of the cycle
-    std::map<unsigned int, Marks> m_marks;            ///< by number of the cycle
+    std::map<unsigned int, QTreeWidgetItem*> m_items;             ///< by number of the cycle
+    std::map<unsigned int, Marks> m_marks;                        ///< by number of the cycle
+    std::map<unsigned int, std::vector<TrustFinding>> m_findings; ///< by number of the cycle
 };
 
 } // namespace KOLT

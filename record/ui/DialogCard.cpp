@@ -56,6 +56,13 @@ DialogCard::DialogCard(CardContainer& card, QWidget* parent)
         escape->setContext(Qt::WidgetShortcut);
         connect(escape, &QShortcut::activated, this, &DialogCard::signalOverview);
     }
+    connect(m_cycles, &CardList::signalMark, this, [this](const QTreeWidgetItem* item) {
+        const CycleList::Choice choice = CycleList::choiceOf(*item);
+        emit signalCycleMark(choice.cycle, choice.flight);
+    });
+    connect(m_records, &CardList::signalMark, this, [this](const QTreeWidgetItem* item) {
+        emit signalFileMark(RecordList::fileOf(*item));
+    });
     refresh();
 }
 
@@ -102,6 +109,12 @@ void DialogCard::listFlights(unsigned int cycle)
 void DialogCard::setMarks(unsigned int cycle, StateMark mark, const std::vector<StateMark>& flights)
 {
     m_cycles->setMarks(cycle, mark, flights);
+}
+
+void DialogCard::setTrust(unsigned int cycle, const std::vector<TrustFinding>& findings)
+{
+    m_cycles->setTrust(cycle, findings);
+    m_records->setTrust(cycle, findings);
 }
 
 void DialogCard::forgetChoice()

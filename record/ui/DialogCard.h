@@ -16,6 +16,7 @@ class CardContainer;
 class CardList;
 class CycleList;
 class RecordList;
+struct TrustFinding;
 
 /// The panel in which the user picks what to analyse: the engine cycles of the open card with their
 /// flights, or its record files, each grouped by day.
@@ -51,12 +52,18 @@ public:
     /// Marks a cycle and its flights, as far as they are listed, until the next refresh().
     void setMarks(unsigned int cycle, StateMark mark, const std::vector<StateMark>& flights);
 
+    /// Marks a cycle, its flights and its files by what is found so far, until the next refresh().
+    void setTrust(unsigned int cycle, const std::vector<TrustFinding>& findings);
+
     /// Why the lists are empty, in words for the user.
     QString whyEmpty() const;
 
 signals:
     /// Esc was pressed in a list: the user wants to see all of the card again.
     void signalOverview();
+    /// The mark of a cycle or a flight, or that of a file was clicked: the user wants to know why.
+    void signalCycleMark(unsigned int cycle, int flight);
+    void signalFileMark(const QString& fileName);
     /// Load these files as one data set.
     void signalLoadRecord(const std::list<QString>& paths);
     /// Load a flight by its index, or with index -1 the whole cycle.

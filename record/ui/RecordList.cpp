@@ -4,6 +4,8 @@
 #include "record/ClockTime.h"
 
 #include <algorithm>
+#include <initializer_list>
+#include <set>
 
 namespace KOLT {
 
@@ -23,6 +25,7 @@ void addDetail(QTreeWidgetItem* file, const QString& label, const QString& value
     auto* const item = new QTreeWidgetItem(file);
     item->setText(0, QStringLiteral("%1: %2").arg(label, value));
     item->setFlags(Qt::ItemIsEnabled); // for reading only: it cannot be selected
+    item->setFirstColumnSpanned(true);
 }
 
 void addDetails(QTreeWidgetItem* file, const RecordInfo& info)
@@ -52,6 +55,8 @@ RecordList::RecordList(QWidget* parent)
 
 void RecordList::fillTree(const CardContainer& card)
 {
+    m_items.clear();
+    m_findings.clear();
     QFont highlight = font();
     highlight.setWeight(QFont::Bold);
     const QIcon icon(QStringLiteral(":/icons/file.svg"));
@@ -68,7 +73,44 @@ void RecordList::fillTree(const CardContainer& card)
         item->setToolTip(0, tr("Start Time: ") + timeText(info.startSeconds) + QLatin1Char('\n') +
                                 tr("Stop Time: ") + timeText(info.stopSeconds));
         addDetails(item, info);
+        m_items[name] = item;
     }
+}
+
+QString RecordList::fileOf(const QTreeWidgetItem& item)
+{
+    return item.data(0, pathRole).toString().section(QLatin1Char('/'), -1);
+}
+
+void RecordList::setTrust(unsigned int cycle, const std::vector<TrustFinding>& findings)
+{
+    std::vector<TrustFinding>& known = m_findings[cycle];
+    std::set<QString> files; // those that were named, too: their marks may have to go
+    for (const auto* const some :
+         std::initializer_list<const std::vector<TrustFinding>*>{&known, &findings}) {
+        for (const TrustFinding& finding : *some)
+            files.insert(finding.files.begin(), finding.files.end());
+    }
+    known = findings;
+    for (const QString& file : files) {
+        if (const auto found = m_items.find(file); found != m_items.end())
+            showTrust(*found->second, findingsOf(file));
+    }
+}
+
+RecordList::Findings RecordList::findingsOf(const QString& file) const
+{
+    Findings found;
+    for (const auto& [cycle, findings] : m_findings) {
+        for (const TrustFinding& finding : findings) {
+            // Neighbouring cycles may tell the same of the files between them.
+            const bool isTold =
+                std::ranges::find(found, finding.text, &TrustFinding::text) != found.end();
+            if (!isTold && std::ranges::find(finding.files, file) != finding.files.end())
+                found.push_back(&finding);
+        }
+    }
+    return found;
 }
 
 std::list<QString> RecordList::selectedPaths() const

@@ -1,8 +1,10 @@
 #pragma once
 
+#include "record/TrustFinding.h"
 #include "record/ui/CardList.h"
 
 #include <list>
+#include <map>
 
 namespace KOLT {
 
@@ -20,8 +22,20 @@ public:
     /// Those of the paths that are listed.
     QList<QTreeWidgetItem*> itemsOf(const std::list<QString>& paths) const;
 
+    /// Marks the files that the findings of a cycle name. They take the place of those before.
+    void setTrust(unsigned int cycle, const std::vector<TrustFinding>& findings);
+
+    /// The name of an entry's file.
+    static QString fileOf(const QTreeWidgetItem& item);
+
 protected:
     void fillTree(const CardContainer& card) override;
+
+private:
+    Findings findingsOf(const QString& file) const;
+
+    std::map<QString, QTreeWidgetItem*> m_items;                  ///< by file name
+    std::map<unsigned int, std::vector<TrustFinding>> m_findings; ///< by number of the cycle
 };
 
 } // namespace KOLT
