@@ -27,6 +27,7 @@ struct Findings
     std::array<EventList, 2> events; ///< by scope
     std::array<std::vector<double>, 2> leftOut;
     FaultList faults;
+    TrustList trust;
 };
 
 std::size_t indexOf(EventScope scope)
@@ -77,6 +78,16 @@ FaultList faultsOf(const Profile& profile, const DataSet& dataSet)
     if (faults == nullptr)
         faults = std::make_shared<const std::vector<FaultMatrix>>(findFaults(profile, dataSet));
     return faults;
+}
+
+TrustList trustOf(const Profile& profile, const CardFiles& card, const DataSet& dataSet,
+                  const TrustOptions& options)
+{
+    TrustList& trust = findingsOf(profile, dataSet).trust;
+    if (trust == nullptr)
+        trust =
+            std::make_shared<const RecordingTrust>(recordingTrust(profile, card, dataSet, options));
+    return trust;
 }
 
 QStringList lampsOnFromTheStart(const Profile& profile, const DataSet& dataSet)

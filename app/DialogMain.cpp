@@ -14,6 +14,7 @@
 #include "app/Selector.h"
 #include "app/SettingsSaver.h"
 #include "app/StatusBar.h"
+#include "app/TrustSession.h"
 #include "app/dialogs/DialogPreferences.h"
 #include "app/dialogs/DialogProfileInfo.h"
 #include "app/settings/CommandLineOptions.h"
@@ -172,6 +173,10 @@ void DialogMain::createOverview()
         std::make_unique<OverviewSession>(profile(), *m_card, m_jobs, *m_cardDialog, *m_data);
     connect(m_overview.get(), &OverviewSession::signalChooseFolder, this,
             &DialogMain::askForFolder);
+    m_trust =
+        std::make_unique<TrustSession>(profile(), *m_card, m_jobs, *m_cardDialog, *m_data, *this);
+    connect(m_overview.get(), &OverviewSession::signalTrust, m_trust.get(),
+            &TrustSession::noteCycle);
 }
 
 void DialogMain::connectCard()
@@ -285,6 +290,8 @@ void DialogMain::reloadProfile()
     m_data->setTime(time);
     if (m_overview != nullptr)
         m_overview->endReload();
+    if (m_trust != nullptr)
+        m_trust->refresh();
     m_profile.tellFailure();
 }
 

@@ -35,6 +35,7 @@ class ProjectSession;
 class RecordingNotice;
 class SettingsStore;
 class StatusBar;
+class TrustSession;
 
 /// The main window: lists of cycles, flights and parameters on the left, the data window on the
 /// right. It creates the parts, connects them and dispatches the commands. The work is done by the
@@ -138,6 +139,7 @@ private:
     DataWindow m_parts;
     DialogData* m_data = nullptr;                ///< same as m_parts.window
     std::unique_ptr<OverviewSession> m_overview; ///< none on the bare display
+    std::unique_ptr<TrustSession> m_trust;       ///< likewise
     std::unique_ptr<MenuDialogs> m_dialogs;
     std::unique_ptr<ProfileOffer> m_profileOffer;
     std::unique_ptr<RecordingNotice> m_recordingNotice; ///< none on the bare display

@@ -8,6 +8,7 @@
 #include "app/ProjectSession.h"
 #include "app/SettingsSaver.h"
 #include "app/StatusBar.h"
+#include "app/TrustSession.h"
 #include "app/dialogs/DialogDaySheet.h"
 #include "app/settings/ExportSettingsStore.h"
 #include "app/settings/ProgramSettings.h"
@@ -71,6 +72,10 @@ void DialogMain::slotMenu(QAction* action)
         break;
     case Command::DaySheet:
         openDaySheet();
+        break;
+    case Command::Recording:
+        if (m_trust != nullptr)
+            m_trust->show();
         break;
     case Command::ExportKml:
     case Command::ExportCsv:

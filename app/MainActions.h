@@ -25,7 +25,8 @@ enum class Command {
     ExportKml = 17,
     ExportCsv = 18,
     DaySheet = 20,
-    ExportGpx = 21
+    ExportGpx = 21,
+    Recording = 22
 };
 
 /// Creates the actions of all commands and the menus. All actions are added to the window, so that

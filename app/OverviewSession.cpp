@@ -51,6 +51,7 @@ OverviewSession::OverviewSession(const Profile& profile, CardSession& card, JobQ
     connect(&lists, &DialogCard::signalOverview, this, &OverviewSession::showFront);
     connect(&m_runner, &OverviewRunner::signalStarted, this, [this] {
         m_marked = 0;
+        m_told = 0;
         m_page->setOverview(m_runner.overview());
     });
     connect(&m_runner, &OverviewRunner::signalCleared, this,
@@ -118,6 +119,10 @@ void OverviewSession::showProgress()
         for (const FlightOverview& flight : cycle.flights)
             flights.push_back(markOf(flight.worst));
         m_lists.setMarks(static_cast<unsigned int>(cycle.number), markOf(cycle.worst), flights);
+    }
+    for (; overview != nullptr && m_told < overview->trustedCount(); ++m_told) {
+        const CycleOverview& cycle = overview->cycles()[m_told];
+        emit signalTrust(cycle.number, *cycle.trust);
     }
 }
 

@@ -16,6 +16,7 @@ class DialogCard;
 class DialogData;
 class OverviewPage;
 class WelcomePanel;
+struct RecordingTrust;
 
 /// What stands in front of the pages until something is chosen: the overview of the open folder, or
 /// what to open if there is none. Joins the open card, the card lists and the data window for it.
@@ -42,6 +43,8 @@ public:
 
 signals:
     void signalChooseFolder();
+    /// It is known how far a cycle can be believed.
+    void signalTrust(int cycle, const RecordingTrust& trust);
 
 private:
     void showListed();
@@ -58,6 +61,7 @@ private:
     DialogData& m_data;
     OverviewRunner m_runner;
     std::size_t m_marked = 0; ///< rows whose marks the lists have
+    std::size_t m_told = 0;   ///< rows whose trust was sent
     QTimer m_volumeTimer;
     QByteArray m_mounts; ///< when volumes were looked for last
     QStackedWidget* m_front;

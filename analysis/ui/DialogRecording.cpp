@@ -23,7 +23,15 @@ namespace KOLT {
 
 namespace {
 
-enum Column { severityColumn, kindColumn, fromColumn, toColumn, filesColumn, textColumn, columnCount };
+enum Column {
+    severityColumn,
+    kindColumn,
+    fromColumn,
+    toColumn,
+    filesColumn,
+    textColumn,
+    columnCount
+};
 
 constexpr QSize dialogSize(900, 420);
 constexpr qsizetype mostFiles = 3; ///< named in a cell
@@ -106,7 +114,7 @@ DialogRecording::DialogRecording(QWidget* parent)
     layout->addWidget(page, 1);
     layout->addWidget(buttons);
     resize(dialogSize);
-    setNote(tr("Nothing is loaded. Choose a cycle or a flight."));
+    setNote({});
 }
 
 void DialogRecording::createTable()
@@ -140,6 +148,8 @@ void DialogRecording::addShortcuts()
 
 void DialogRecording::setFindings(const QString& name, const std::vector<TrustFinding>& findings)
 {
+    const int current = m_table->currentRow();
+    const QString before = current >= 0 ? m_table->item(current, textColumn)->text() : QString();
     m_findings = findings;
     m_table->setRowCount(0);
     m_copy->setEnabled(!findings.empty());
@@ -153,7 +163,8 @@ void DialogRecording::setFindings(const QString& name, const std::vector<TrustFi
     for (const TrustFinding& finding : findings)
         addRow(finding);
     fitColumns();
-    m_table->selectRow(0);
+    const auto same = std::ranges::find(findings, before, &TrustFinding::text);
+    m_table->selectRow(same != findings.end() ? static_cast<int>(same - findings.begin()) : 0);
     m_stack->showContent();
 }
 
