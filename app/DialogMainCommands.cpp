@@ -13,6 +13,7 @@
 #include "app/settings/ExportSettingsStore.h"
 #include "app/settings/ProgramSettings.h"
 #include "base/Diagnostics.h"
+#include "export/RecordingNote.h"
 #include "record/ui/DialogCard.h"
 #include "ui/Messages.h"
 
@@ -91,7 +92,11 @@ void DialogMain::exportData(Command command)
 {
     if (m_card->dataSet() == nullptr)
         return;
-    const QString path = runExport(command, profile(), *m_card->dataSet(), m_card->subject(), this);
+    const TrustList trust = m_trust != nullptr ? m_trust->trust() : nullptr;
+    const QString note =
+        sourceNote(profile(), trust != nullptr ? trust->findings : std::vector<TrustFinding>());
+    const QString path =
+        runExport(command, profile(), *m_card->dataSet(), m_card->subject(), note, this);
     m_data->setListSettings(loadListSettings(m_settings));
     if (!path.isEmpty())
         m_status->showMessage(tr("Exported to %1").arg(QDir::toNativeSeparators(path)));

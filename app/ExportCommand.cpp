@@ -7,7 +7,6 @@
 #include "export/ui/DialogExportCsv.h"
 #include "export/ui/DialogExportGpx.h"
 #include "export/ui/DialogExportKml.h"
-#include "profile/ProfileLine.h"
 
 #include <functional>
 #include <memory>
@@ -57,7 +56,7 @@ ExportDialog createDialog(Command command, const Profile& profile,
 } // namespace
 
 QString runExport(Command command, const Profile& profile, const DataSet& dataSet,
-                  const ExportSubject& subject, QWidget* parent)
+                  const ExportSubject& subject, const QString& note, QWidget* parent)
 {
     SettingsStore& settings = SettingsStore::instance();
     const char* const format = formatOf(command);
@@ -66,7 +65,7 @@ QString runExport(Command command, const Profile& profile, const DataSet& dataSe
             ? QStringLiteral("ExportKolt.csv")
             : exportFileName(subject, dataSet, QString::fromLatin1(format).toLower());
     const DialogExport::Source source{dataSet, exportTitle(subject, dataSet), name,
-                                      loadExportFolder(settings, format), profileLine(profile)};
+                                      loadExportFolder(settings, format), note};
     const ExportDialog shown = createDialog(command, profile, source, settings, parent);
     QObject::connect(shown.dialog.get(), &DialogExport::signalChosen, shown.dialog.get(),
                      [&](const QString& folder) {

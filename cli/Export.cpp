@@ -11,8 +11,9 @@
 #include "export/ExportName.h"
 #include "export/GpxWriter.h"
 #include "export/KmlWriter.h"
-#include "profile/ProfileLine.h"
+#include "export/RecordingNote.h"
 #include "record/FlightPath.h"
+#include "record/RecordingTrust.h"
 
 #include <QDir>
 #include <QJsonArray>
@@ -21,6 +22,7 @@
 #include <QSet>
 
 #include <memory>
+#include <optional>
 
 namespace KOLT::Cli {
 
@@ -60,6 +62,7 @@ public:
 private:
     QString writeFile(const QString& path, const ExportSubject& subject) const;
     ExportStatus write(QIODevice& device, const QString& title) const;
+    QString note() const;
     QString freeName(const ExportSubject& subject);
     void exportFlight(int cycle, std::size_t flight);
     void fail(QJsonObject entry, const QString& error);
@@ -73,8 +76,9 @@ private:
     Recording& m_recording;
     CsvOptions m_csv;
     KmlOptions m_kml;
-    std::unique_ptr<DataSet> m_flight; ///< exported instead of the whole loaded cycle
-    QSet<QString> m_names;             ///< file names used in this run
+    std::unique_ptr<DataSet> m_flight;            ///< exported instead of the whole loaded cycle
+    QSet<QString> m_names;                        ///< file names used in this run
+    mutable std::optional<CardFiles> m_cardFiles; ///< looked at when they are needed
     QJsonArray m_exported;
     QJsonArray m_failed;
     QString m_firstError;
@@ -114,14 +118,22 @@ QString Exporter::prepare()
     return {};
 }
 
+QString Exporter::note() const
+{
+    if (!m_cardFiles)
+        m_cardFiles.emplace(m_recording.card());
+    return sourceNote(m_recording.profile(),
+                      recordingTrust(m_recording.profile(), *m_cardFiles, dataSet()).findings);
+}
+
 ExportStatus Exporter::write(QIODevice& device, const QString& title) const
 {
     const Profile& profile = m_recording.profile();
     switch (m_arguments.format) {
     case ExportFormat::Kml:
-        return writeKml(device, profile, dataSet(), m_kml, title);
+        return writeKml(device, profile, dataSet(), m_kml, title, {}, note());
     case ExportFormat::Gpx:
-        return writeGpx(device, dataSet(), title, {}, profileLine(profile));
+        return writeGpx(device, dataSet(), title, {}, note());
     case ExportFormat::Csv:
         break;
     }

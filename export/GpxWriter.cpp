@@ -55,7 +55,7 @@ bool writeSection(XmlExport& xml, const PathSection& section, const QString& nam
 } // namespace
 
 ExportStatus writeGpx(QIODevice& device, const DataSet& dataSet, const QString& title,
-                      const ExportProgress& progress, const QString& description)
+                      const ExportProgress& progress, const QString& note)
 {
     const ExportClock clock(dataSet.dateTime);
     XmlExport xml(device, progress, dataSet.track.size());
@@ -65,8 +65,8 @@ ExportStatus writeGpx(QIODevice& device, const DataSet& dataSet, const QString& 
     xml.attribute("creator", QStringLiteral("KOLT"));
     xml.begin("metadata");
     xml.element("name", title);
-    if (!description.isEmpty())
-        xml.element("desc", description);
+    if (!note.isEmpty())
+        xml.element("desc", note);
     xml.end();
     for (const PathSection& section : pathSections(dataSet)) {
         if (section.kind == PathSection::Kind::Ground || section.points.empty())

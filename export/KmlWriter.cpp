@@ -5,7 +5,6 @@
 #include "export/KmlGeometry.h"
 #include "export/KmlMarks.h"
 #include "export/KmlStyles.h"
-#include "profile/ProfileLine.h"
 #include "record/FlightPath.h"
 
 namespace KOLT {
@@ -32,11 +31,12 @@ public:
     {
     }
 
-    bool write(const QString& title);
+    bool write(const QString& title, const QString& note);
 
 private:
     bool writeFolders();
     void findEvents();
+    void writeDescription(const QString& note);
     bool writeSection(std::size_t index);
     void beginFolder(const QString& name);
 
@@ -52,7 +52,7 @@ private:
     KmlMarks m_marks;
 };
 
-bool KmlDocument::write(const QString& title)
+bool KmlDocument::write(const QString& title, const QString& note)
 {
     findEvents();
     m_xml.writer().writeNamespace(QLatin1String(kmlExtensionNamespace), QStringLiteral("gx"));
@@ -61,16 +61,22 @@ bool KmlDocument::write(const QString& title)
     m_xml.begin("Document");
     m_xml.element("name", title);
     m_xml.element("open", QStringLiteral("1"));
-    QStringList description{profileLine(m_profile)};
-    if (m_leftOut > 0)
-        description << ExportText::tr("The first %1 exceedances are marked; %2 more are left out.")
-                           .arg(m_allEvents->size())
-                           .arg(m_leftOut);
-    description.removeAll(QString());
-    if (!description.isEmpty())
-        m_xml.element("description", description.join(QLatin1Char('\n')));
+    writeDescription(note);
     writeKmlStyles(m_xml, m_options);
     return m_sections.size() == 1 ? writeSection(0) : writeFolders();
+}
+
+void KmlDocument::writeDescription(const QString& note)
+{
+    QStringList lines;
+    if (m_leftOut > 0)
+        lines << ExportText::tr("The first %1 exceedances are marked; %2 more are left out.")
+                     .arg(m_allEvents->size())
+                     .arg(m_leftOut);
+    if (!note.isEmpty())
+        lines << note.toHtmlEscaped().replace(QLatin1Char('\n'), QLatin1String("<br/>"));
+    if (!lines.isEmpty())
+        m_xml.element("description", lines.join(QStringLiteral("<br/>")));
 }
 
 bool KmlDocument::writeFolders()
@@ -147,10 +153,10 @@ std::size_t stepsOf(const DataSet& dataSet, const KmlOptions& options)
 
 ExportStatus writeKml(QIODevice& device, const Profile& profile, const DataSet& dataSet,
                       const KmlOptions& options, const QString& title,
-                      const ExportProgress& progress)
+                      const ExportProgress& progress, const QString& note)
 {
     XmlExport xml(device, progress, stepsOf(dataSet, options));
-    KmlDocument(xml, profile, dataSet, options).write(title);
+    KmlDocument(xml, profile, dataSet, options).write(title, note);
     return xml.finish();
 }
 

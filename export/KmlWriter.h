@@ -16,9 +16,10 @@ namespace KOLT {
 /// a single flight. Without a path only the exceedances are written.
 ///
 /// Altitudes are absolute, in metres; if none was recorded, the path lies on the ground. Texts are
-/// in the profile's unit system. Profile and data set must not change during the call.
+/// in the profile's unit system. `note` is told in the description. Profile and data set must not
+/// change during the call.
 ExportStatus writeKml(QIODevice& device, const Profile& profile, const DataSet& dataSet,
                       const KmlOptions& options, const QString& title,
-                      const ExportProgress& progress = {});
+                      const ExportProgress& progress = {}, const QString& note = {});
 
 } // namespace KOLT

@@ -30,10 +30,10 @@ public:
     struct Source
     {
         const DataSet& dataSet;
-        QString title;            ///< title of the document
-        QString fileName;         ///< proposed file name
-        QString folder;           ///< where the file dialog opens
-        QString description = {}; ///< of where the data come from, for formats with room for it
+        QString title;     ///< title of the document
+        QString fileName;  ///< proposed file name
+        QString folder;    ///< where the file dialog opens
+        QString note = {}; ///< on where the data come from and what is doubtful about them
     };
 
     /// The written file; empty until an export is done.

@@ -17,7 +17,7 @@ DialogExportGpx::DialogExportGpx(Source source, QWidget* parent)
 
 ExportStatus DialogExportGpx::write(QIODevice& device, const ExportProgress& progress)
 {
-    return writeGpx(device, source().dataSet, source().title, progress, source().description);
+    return writeGpx(device, source().dataSet, source().title, progress, source().note);
 }
 
 } // namespace KOLT

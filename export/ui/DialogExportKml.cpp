@@ -204,7 +204,8 @@ KmlOptions DialogExportKml::options() const
 
 ExportStatus DialogExportKml::write(QIODevice& device, const ExportProgress& progress)
 {
-    return writeKml(device, m_profile, source().dataSet, options(), source().title, progress);
+    return writeKml(device, m_profile, source().dataSet, options(), source().title, progress,
+                    source().note);
 }
 
 } // namespace KOLT

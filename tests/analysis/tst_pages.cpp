@@ -3,6 +3,7 @@
 #include "analysis/ui/DialogDataWarning.h"
 #include "analysis/ui/WidgetErrorTime.h"
 #include "analysis/ui/WidgetFaultMatrix.h"
+#include "record/RecordingTrust.h"
 #include "resources/Resources.h"
 #include "tests/support/ModalBoxes.h"
 #include "tests/support/RecordingFixture.h"
@@ -38,6 +39,7 @@ private slots:
     void lampsOnly();
     void statisticTexts();
     void statisticWithoutFlight();
+    void statisticNotes();
     void faultRows();
     void faultStripReports();
     void faultKeysJump();
@@ -262,6 +264,32 @@ void TestPages::statisticWithoutFlight()
     QVERIFY(page->findChild<QLabel*>()->isVisible()); // the note on flight time
     page->clear();                                    // leaves the text
     QVERIFY(text->toPlainText().contains("00:01:01"));
+}
+
+void TestPages::statisticNotes()
+{
+    const auto page = open(new DialogDataStatistic);
+    auto* const notes = page->findChild<QTextEdit*>("figureNotes");
+    m_dataSet->flights.resize(2);
+    m_dataSet->flightIndex = 1;
+    RecordingTrust trust;
+    trust.findings.resize(3);
+    trust.findings[0].text = "Of the date only";
+    trust.findings[0].marks = {{1, Figure::DateTime}};
+    trust.findings[1].text = "A hole";
+    trust.findings[1].marks = {{0, Figure::All}, {1, Figure::Fuel | Figure::MaxAltitude}};
+    trust.findings[2].text = "A copy";
+    trust.findings[2].marks = {{1, Figure::Fuel}};
+    page->setData(m_dataSet.get());
+    QVERIFY(!notes->isVisible());
+    page->setTrust(std::make_shared<const RecordingTrust>(trust));
+    QCOMPARE(notes->toPlainText(), QString::fromUtf8("Figures that may be wrong: Total Fuel \u00b9 "
+                                                     "\u00b2, Maximum Alt \u00b9\n\u00b9 A hole\n"
+                                                     "\u00b2 A copy"));
+    QVERIFY(notes->isVisible() && notes->y() >= page->findChild<QTextEdit*>()->geometry().bottom());
+    m_dataSet->flightIndex.reset();
+    page->setData(m_dataSet.get());
+    QVERIFY(!notes->isVisible());
 }
 
 void TestPages::faultRows()

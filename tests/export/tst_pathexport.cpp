@@ -1,3 +1,4 @@
+#include "export/RecordingNote.h"
 #include "record/FlightPath.h"
 #include "tests/export/ExportSupport.h"
 #include "tests/support/Rows.h"
@@ -51,6 +52,7 @@ private slots:
     void kmlStylesAndMarks();
     void kmlDescriptions();
     void gpxReadByGdal();
+    void damageIsDescribed();
     void lostPositions_data();
     void lostPositions();
     void oddPaths();
@@ -170,6 +172,26 @@ void TestPathExport::gpxReadByGdal()
              qPrintable(points.left(2000)));
     const QString tracks = outputOf("ogrinfo", {"-ro", "-al", path, "tracks"});
     QVERIFY(isNear(numbersAfter(tracks, "MULTILINESTRING"), {11.0 + 10.0 / 50 / 60, 48.5}));
+}
+
+void TestPathExport::damageIsDescribed()
+{
+    std::vector<TrustFinding> findings(3);
+    findings[0].kind = TrustKind::NeverRecorded;
+    findings[0].text = "a note";
+    findings[1].text = "<b>.CAN has a hole";
+    findings[2].text = "another";
+    QCOMPARE(recordingNote({findings[0]}), "");
+    const QString note = recordingNote(findings);
+    const auto described = [&](auto&& writer) { return QString::fromUtf8(written(writer)); };
+    const QString kml = described(
+        [&](QIODevice& to) { return writeKml(to, m_profile, *m_dataSet, {}, "T", {}, note); });
+    QVERIFY2(kml.contains("<description>Recording: &amp;lt;b&amp;gt;.CAN has a hole&lt;br/&gt;"
+                          "another</description>"),
+             qPrintable(kml));
+    const QString gpx =
+        described([&](QIODevice& to) { return writeGpx(to, *m_dataSet, "T", {}, note); });
+    QVERIFY(gpx.contains("<desc>Recording: &lt;b&gt;.CAN has a hole\nanother</desc>"));
 }
 
 void TestPathExport::lostPositions_data()

@@ -1,4 +1,5 @@
 #include "record/CardContainer.h"
+#include "record/TrustFinding.h"
 #include "record/ui/DialogCard.h"
 #include "resources/Resources.h"
 #include "tests/support/RecordingFixture.h"
@@ -32,6 +33,7 @@ private slots:
     void onlyWhatFailedIsAskedForAgain();
     void severalFilesAreOneRequest();
     void headingsAndDetailsAskForNothing();
+    void marksTellFindings();
     void emptyFolderSaysSo();
 
 private:
@@ -239,6 +241,54 @@ void TestDialogCard::headingsAndDetailsAskForNothing()
     QVERIFY(!m_cycles->wait(700));
     QCOMPARE(m_cycles->count(), 1);
     QCOMPARE(m_cycles->at(0), (QVariantList{3U, -1}));
+}
+
+void TestDialogCard::marksTellFindings()
+{
+    const auto finding = [](TrustKind kind, const QString& text) {
+        TrustFinding result;
+        result.kind = kind;
+        result.text = text;
+        return result;
+    };
+    QVERIFY(m_card->loadCycle(1));
+    m_dialog->setTrust(1, {finding(TrustKind::NeverRecorded, "a note")});
+    QVERIFY(tree(0)->isColumnHidden(1)); // as it always was
+    TrustFinding hole = finding(TrustKind::Hole, "a <hole>");
+    hole.files = {"2.CAN"};
+    hole.marks = {{1, Figure::Fuel}};
+    m_dialog->setTrust(1, {finding(TrustKind::NeverRecorded, "a note"), hole,
+                           finding(TrustKind::MissingFile, "a file")});
+    m_dialog->setTrust(2, {hole});
+    m_dialog->listFlights(1);
+    const auto look = [](const QTreeWidgetItem* item) {
+        return item->icon(1).isNull() ? QImage() : item->icon(1).pixmap(16).toImage();
+    };
+    QTreeWidgetItem* const cycle = cycleItem(1);
+    QCOMPARE(cycle->toolTip(1), "<p>a file</p><p>a &lt;hole&gt;</p><p>a note</p>"); // worst first
+    QVERIFY(look(cycle) != look(cycleItem(2)) && !look(cycleItem(2)).isNull());
+    QVERIFY(look(cycle->child(0)).isNull() && look(cycleItem(4)).isNull());
+    QCOMPARE(look(cycle->child(1)), look(cycleItem(2)));
+    QCOMPARE(tree(1)->topLevelItem(2)->toolTip(1), "<p>a &lt;hole&gt;</p>"); // told by two, once
+    QVERIFY(look(tree(1)->topLevelItem(1)).isNull());
+
+    QSignalSpy clicked(m_dialog.get(), &DialogCard::signalCycleMark);
+    QSignalSpy file(m_dialog.get(), &DialogCard::signalFileMark);
+    const auto clickMark = [](QTreeWidgetItem* item) {
+        QTreeWidget* const widget = item->treeWidget();
+        const int x = widget->columnViewportPosition(1) + widget->columnWidth(1) / 2;
+        QTest::mouseClick(widget->viewport(), Qt::LeftButton, {},
+                          {x, widget->visualItemRect(item).center().y()});
+    };
+    clickMark(cycle->child(1));
+    QCOMPARE(clicked.value(0), (QVariantList{1U, 1}));
+    m_dialog->findChild<QTabWidget*>()->setCurrentIndex(1);
+    clickMark(tree(1)->topLevelItem(2));
+    QCOMPARE(file.value(0), QVariantList{"2.CAN"});
+    QVERIFY(tree(0)->selectedItems().isEmpty() && tree(1)->selectedItems().isEmpty());
+    m_dialog->setTrust(1, {});
+    m_dialog->setTrust(2, {});
+    QVERIFY(look(cycle).isNull() && look(tree(1)->topLevelItem(2)).isNull());
 }
 
 void TestDialogCard::emptyFolderSaysSo()
