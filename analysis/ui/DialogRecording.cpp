@@ -1,5 +1,6 @@
 #include "analysis/ui/DialogRecording.h"
 
+#include "analysis/ui/RowPicker.h"
 #include "record/ClockTime.h"
 #include "ui/ContentOrNote.h"
 #include "ui/PlainToolTip.h"
@@ -12,7 +13,6 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
-#include <QShortcut>
 #include <QTableWidget>
 #include <QVBoxLayout>
 
@@ -93,7 +93,6 @@ DialogRecording::DialogRecording(QWidget* parent)
     setWindowTitle(tr("Recording"));
     auto* const content = new QWidget(this);
     createTable();
-    addShortcuts();
     m_heading = new QLabel(this);
     m_heading->setTextFormat(Qt::PlainText);
     m_heading->setWordWrap(true);
@@ -132,18 +131,9 @@ void DialogRecording::createTable()
     m_table->horizontalHeader()->setHighlightSections(false);
     m_table->horizontalHeader()->setSectionResizeMode(textColumn, QHeaderView::Stretch);
     connect(m_table, &QTableWidget::cellClicked, this, &DialogRecording::pick);
-}
-
-void DialogRecording::addShortcuts()
-{
-    const auto add = [this](const QKeySequence& key, auto&& done) {
-        auto* const shortcut = new QShortcut(key, m_table);
-        shortcut->setContext(Qt::WidgetShortcut);
-        connect(shortcut, &QShortcut::activated, this, done);
-    };
-    for (const auto key : {Qt::Key_Return, Qt::Key_Enter})
-        add(key, [this] { pick(m_table->currentRow()); });
-    add(QKeySequence::Copy, [this] { copy(true); });
+    auto* const picker = new RowPicker(m_table);
+    connect(picker, &RowPicker::signalPicked, this, &DialogRecording::pick);
+    connect(picker, &RowPicker::signalCopy, this, [this] { copy(true); });
 }
 
 void DialogRecording::setFindings(const QString& name, const std::vector<TrustFinding>& findings)

@@ -42,7 +42,6 @@ protected:
 
 private:
     void createTable();
-    void addShortcuts();
     void addRow(const TrustFinding& finding);
     void fitColumns();
     void pick(int row);
