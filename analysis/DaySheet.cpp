@@ -1,135 +1,282 @@
 #include "analysis/DaySheet.h"
 
-#include "base/Csv.h"
+#include "analysis/MomentText.h"
 
 #include <QCoreApplication>
 
 #include <algorithm>
-#include <map>
+#include <array>
 
 namespace KOLT {
 
 namespace {
+
+using Column = DaySheet::Column;
+using Row = DaySheet::Row;
 
 struct Text
 {
     Q_DECLARE_TR_FUNCTIONS(KOLT::DaySheet)
 };
 
+/// Of these, one is touched by all that touches the samples of a flight.
+constexpr Figures window = Figure::End | Figure::MaxGroundSpeed;
+
+/// The take-off is sound on the counter, but its date is not: then neither is the landing's.
+constexpr Figures clockAlone = 1U << 31;
+
+/// A column is marked where one of these figures is.
+constexpr std::array<Figures, DaySheet::columnCount> columnFigures{
+    Figure::DateTime,
+    0,
+    0,
+    Figure::DateTime | Figure::TakeOff,
+    Figure::Landing | clockAlone,
+    Figure::TakeOff | Figure::Landing,
+    Figure::MaxAltitude,
+    Figure::AltitudeGain,
+    Figure::ClimbRate,
+    Figure::Fuel,
+    Figure::TakeOffDistance,
+    window,
+    window,
+    window,
+};
+
+constexpr std::array incidentColumns{DaySheet::Limits, DaySheet::Warnings, DaySheet::Lamps};
+
 QString dateText(const QDate& date)
 {
     return date.isValid() ? date.toString(QStringLiteral("dd.MM.yyyy")) : Text::tr("Unknown Date");
 }
 
-QStringList cellsOf(const FlightLine& line)
+QString litres(double fuel)
 {
-    return {dateText(line.takeOff.date()),
-            timeOfDayText(line.takeOff, line.takeOffSeconds),
-            timeOfDayText(line.landing, line.landingSeconds),
-            durationText(line.flightSeconds()),
-            figureText(line.maxAltitude, 0, {}),
-            figureText(line.climb, 0, {}),
-            figureText(line.fuel, 2, {}),
-            figureText(line.takeOffDistance, 0, {}),
-            QString::number(line.exceedances)};
+    const QString text = figureText(fuel, 2, {});
+    return text == QLatin1String("-0.00") ? text.mid(1) : text;
 }
 
-QStringList countersOf(const FlightLine& line)
+Row emptyRow(DaySheet::Kind kind, std::size_t cycle, const QDate& date)
 {
-    return {QString::number(line.takeOffSeconds, 'f', 1),
-            QString::number(line.landingSeconds, 'f', 1)};
+    Row row{.kind = kind, .cycle = cycle, .cells = {}};
+    row.cells.resize(DaySheet::columnCount);
+    row.cells[DaySheet::Date] = dateText(date);
+    return row;
 }
 
-QStringList sumOf(const QString& label, const FlightTotals& totals)
+void setIncidents(Row& row, const IncidentCounts& counts)
 {
-    return {label,
-            Text::tr("%n flight(s)", nullptr, totals.flights),
-            {},
-            durationText(totals.seconds),
-            {},
-            {},
-            figureText(totals.fuel, 2, {}),
-            {},
-            QString::number(totals.exceedances)};
+    row.cells[DaySheet::Limits] = QString::number(counts.limits);
+    row.cells[DaySheet::Warnings] = QString::number(counts.warnings);
+    row.cells[DaySheet::Lamps] = QString::number(counts.lamps);
 }
 
-QString htmlRow(const QStringList& cells, const char* tag, const char* style)
+Row flightRow(const FlightLine& line, std::size_t cycle, std::size_t index)
 {
-    QString row = QStringLiteral("<tr style=\"%1\">").arg(QLatin1String(style));
-    for (const QString& cell : cells)
-        row += QStringLiteral("<%1 align=\"right\" style=\"padding:3px 8px\">%2</%1>")
-                   .arg(QLatin1String(tag), cell.toHtmlEscaped());
-    return row + QStringLiteral("</tr>");
+    Row row = emptyRow(DaySheet::Kind::Flight, cycle, line.takeOff.date());
+    row.flight = index;
+    row.cells[DaySheet::FlightNumber] = QString::number(line.number);
+    row.cells[DaySheet::TakeOff] = timeOfDayText(line.takeOff, line.takeOffSeconds);
+    row.cells[DaySheet::Landing] = timeOfDayText(line.landing, line.landingSeconds);
+    row.cells[DaySheet::FlightTime] = durationText(line.flightSeconds());
+    row.cells[DaySheet::MaxAltitude] = figureText(line.maxAltitude, 0, {});
+    row.cells[DaySheet::Gain] = figureText(line.climb, 0, {});
+    row.cells[DaySheet::Climb] = figureText(line.climbRate, 1, {});
+    row.cells[DaySheet::Fuel] = litres(line.fuel);
+    row.cells[DaySheet::TakeOffDistance] = figureText(line.takeOffDistance, 0, {});
+    setIncidents(row, line.incidents);
+    return row;
+}
+
+Row outsideRow(const SheetCycle& cycle, std::size_t index)
+{
+    Row row = emptyRow(DaySheet::Kind::Outside, index, cycle.dateTime.date());
+    row.cells[DaySheet::FlightNumber] = Text::tr("Outside flights");
+    row.cells[DaySheet::Fuel] = litres(cycle.log.outsideFuel());
+    setIncidents(row, cycle.log.outside);
+    return row;
+}
+
+void addNote(Row& row, Column column, int note)
+{
+    std::vector<int>& notes = row.notes[column];
+    const auto place = std::ranges::lower_bound(notes, note);
+    if (place == notes.end() || *place != note)
+        notes.insert(place, note);
+}
+
+/// Whether a finding says something about what lies in no flight.
+bool touchesOutside(const TrustFinding& finding, const FlightLog& log)
+{
+    if (trustSeverity(finding.kind) == TrustSeverity::Note)
+        return false;
+    return finding.marks.empty() || !finding.from || !finding.to ||
+           std::ranges::none_of(log.lines, [&](const FlightLine& line) {
+               return line.startSeconds <= *finding.from && *finding.to <= line.endSeconds;
+           });
+}
+
+void markOutside(Row& row, const TrustFinding& finding, int note)
+{
+    if (finding.kind == TrustKind::LateClock) {
+        addNote(row, DaySheet::Date, note);
+        return;
+    }
+    addNote(row, DaySheet::Fuel, note);
+    for (const Column column : incidentColumns)
+        addNote(row, column, note);
+}
+
+void markFlight(Row& row, Figures figures, int note)
+{
+    if ((figures & Figure::DateTime) != 0 && (figures & Figure::TakeOff) == 0)
+        figures |= clockAlone;
+    for (std::size_t i = 0; i < columnFigures.size(); ++i) {
+        if ((columnFigures[i] & figures) != 0)
+            addNote(row, static_cast<Column>(i), note);
+    }
+}
+
+QString noteText(const SheetCycle& cycle, const TrustFinding& finding)
+{
+    const auto timeText = [&](const std::optional<double>& seconds) {
+        return seconds ? timeOfDayText(momentOf(cycle.dateTime, *seconds), *seconds)
+                       : QStringLiteral("?");
+    };
+    QString title = trustKindTitle(finding.kind);
+    if (cycle.number)
+        title = Text::tr("Cycle %1, %2").arg(*cycle.number).arg(title);
+    if (finding.from || finding.to)
+        title = Text::tr("%1 (%2 to %3)").arg(title, timeText(finding.from), timeText(finding.to));
+    return QStringLiteral("%1: %2").arg(title, finding.text);
 }
 
 } // namespace
 
-QStringList DaySheet::headings()
+/// Makes the rows of cycles that are in order.
+class DaySheet::Builder
 {
-    return {Text::tr("Date"),        Text::tr("Take-off"),         Text::tr("Landing"),
-            Text::tr("Flight time"), Text::tr("Max. alt. [m]"),    Text::tr("Climb [m]"),
-            Text::tr("Fuel [l]"),    Text::tr("T/O distance [m]"), Text::tr("Exceedances")};
-}
+public:
+    explicit Builder(DaySheet& sheet)
+        : m_sheet(sheet)
+    {
+    }
 
-DaySheet::DaySheet(std::vector<FlightLine> lines)
+    void build()
+    {
+        const std::vector<SheetCycle>& cycles = m_sheet.m_cycles;
+        Sum all;
+        Sum day;
+        int days = 0;
+        for (std::size_t i = 0; i < cycles.size(); ++i) {
+            const std::size_t first = m_sheet.m_rows.size();
+            addCycle(i);
+            for (std::size_t row = first; row < m_sheet.m_rows.size(); ++row) {
+                day.addNotes(m_sheet.m_rows[row]);
+                all.addNotes(m_sheet.m_rows[row]);
+            }
+            day.add(cycles[i].log);
+            all.add(cycles[i].log);
+            const QDate date = cycles[i].dateTime.date();
+            if (i + 1 < cycles.size() && cycles[i + 1].dateTime.date() == date)
+                continue;
+            addSum(Text::tr("Sum %1").arg(dateText(date)), day);
+            day = {};
+            ++days;
+        }
+        if (days > 1)
+            addSum(Text::tr("Total"), all);
+    }
+
+private:
+    struct Sum
+    {
+        FlightTotals flights;
+        double fuel = 0.0; ///< outside flights too
+        IncidentCounts incidents;
+        Row marks;
+
+        void add(const FlightLog& log)
+        {
+            for (const FlightLine& line : log.lines) {
+                flights.add(line);
+                incidents.add(line.incidents);
+            }
+            fuel += log.fuel;
+            incidents.add(log.outside);
+        }
+
+        void addNotes(const Row& row)
+        {
+            for (const Column column : {FlightTime, Fuel, Limits, Warnings, Lamps}) {
+                for (const int note : row.notes[column])
+                    addNote(marks, column, note);
+            }
+        }
+    };
+
+    void addCycle(std::size_t index)
+    {
+        const SheetCycle& cycle = m_sheet.m_cycles[index];
+        std::vector<Row> rows;
+        for (std::size_t i = 0; i < cycle.log.lines.size(); ++i)
+            rows.push_back(flightRow(cycle.log.lines[i], index, i));
+        rows.push_back(outsideRow(cycle, index));
+        for (Row& row : rows) {
+            if (cycle.number)
+                row.cells[Cycle] = QString::number(*cycle.number);
+        }
+        for (const TrustFinding& finding : cycle.findings)
+            mark(rows, cycle, finding);
+        m_sheet.m_rows.insert(m_sheet.m_rows.end(), rows.begin(), rows.end());
+    }
+
+    void mark(std::vector<Row>& rows, const SheetCycle& cycle, const TrustFinding& finding)
+    {
+        const bool isOutside = touchesOutside(finding, cycle.log);
+        if (finding.marks.empty() && !isOutside)
+            return;
+        m_sheet.m_notes << noteText(cycle, finding);
+        const auto note = static_cast<int>(m_sheet.m_notes.size());
+        if (finding.kind == TrustKind::OtherEngine) { // its limits are in doubt, in all rows
+            for (Row& row : rows) {
+                for (const Column column : incidentColumns)
+                    addNote(row, column, note);
+            }
+            return;
+        }
+        for (const FlightMark& touched : finding.marks)
+            markFlight(rows[touched.flight], touched.figures, note);
+        if (isOutside)
+            markOutside(rows.back(), finding, note);
+    }
+
+    void addSum(const QString& label, const Sum& sum)
+    {
+        Row row = sum.marks;
+        row.kind = Kind::Sum;
+        row.cells.resize(columnCount);
+        row.cells[Date] = label;
+        row.cells[TakeOff] = Text::tr("%n flight(s)", nullptr, sum.flights.flights);
+        row.cells[FlightTime] = durationText(sum.flights.seconds);
+        row.cells[Fuel] = litres(sum.fuel);
+        setIncidents(row, sum.incidents);
+        m_sheet.m_rows.push_back(std::move(row));
+    }
+
+    DaySheet& m_sheet;
+};
+
+DaySheet::DaySheet(std::vector<SheetCycle> cycles)
+    : m_cycles(std::move(cycles))
 {
     // An invalid date compares as less than any other, but belongs at the end.
-    std::ranges::stable_sort(lines, [](const FlightLine& a, const FlightLine& b) {
-        if (a.takeOff.isValid() != b.takeOff.isValid())
-            return a.takeOff.isValid();
-        return a.takeOff.isValid() && a.takeOff < b.takeOff;
+    std::ranges::stable_sort(m_cycles, [](const SheetCycle& a, const SheetCycle& b) {
+        if (a.dateTime.isValid() != b.dateTime.isValid())
+            return a.dateTime.isValid();
+        return a.dateTime.isValid() && a.dateTime < b.dateTime;
     });
-    FlightTotals all;
-    FlightTotals day;
-    for (std::size_t i = 0; i < lines.size(); ++i) {
-        m_rows.push_back({.cells = cellsOf(lines[i]), .counters = countersOf(lines[i])});
-        day.add(lines[i]);
-        all.add(lines[i]);
-        const QDate date = lines[i].takeOff.date();
-        if (i + 1 == lines.size() || lines[i + 1].takeOff.date() != date) {
-            m_rows.push_back(
-                {.isSum = true, .cells = sumOf(Text::tr("Sum %1").arg(dateText(date)), day)});
-            day = {};
-        }
-    }
-    if (!lines.empty() && all.flights != 0 && std::ranges::count(m_rows, true, &Row::isSum) > 1)
-        m_rows.push_back({.isSum = true, .cells = sumOf(Text::tr("Total"), all)});
-}
-
-QString DaySheet::explanation()
-{
-    return Text::tr("Flight time: from take-off to landing.");
-}
-
-QString DaySheet::toHtml(const QString& title, const QString& remark) const
-{
-    QString html = QStringLiteral("<h2>%1</h2><p>%2</p>")
-                       .arg(title.toHtmlEscaped(), explanation().toHtmlEscaped());
-    if (!remark.isEmpty())
-        html += QStringLiteral("<p><b>%1</b></p>").arg(remark.toHtmlEscaped());
-    // The printer repeats <thead> on each page.
-    html += QStringLiteral("<table width=\"100%\" cellspacing=\"0\" border=\"0\"><thead>") +
-            htmlRow(headings(), "th", "background-color:#e3e9ee") + QStringLiteral("</thead>");
-    for (const Row& row : m_rows)
-        html += row.isSum ? htmlRow(row.cells, "th", "background-color:#f4f5f6")
-                          : htmlRow(row.cells, "td", "");
-    return html + QStringLiteral("</table>");
-}
-
-QString DaySheet::toCsv(const ListSettings& settings) const
-{
-    QString text = csvLine(headings() + QStringList{Text::tr("Take-off, counter [s]"),
-                                                    Text::tr("Landing, counter [s]")},
-                           settings.separator);
-    for (const Row& row : m_rows) {
-        if (row.isSum)
-            continue;
-        QStringList fields = row.cells + row.counters;
-        for (QString& field : fields)
-            field = settings.numberText(field);
-        text += csvLine(fields, settings.separator);
-    }
-    return text;
+    Builder(*this).build();
 }
 
 } // namespace KOLT

@@ -132,4 +132,15 @@ std::vector<Event> findEvents(const Profile& profile, const DataSet& dataSet, Ev
     return events;
 }
 
+std::vector<ThresholdCrossing> findCrossings(const Profile& profile, const DataSet& dataSet)
+{
+    std::vector<ThresholdCrossing> crossings;
+    forEachCrossing(profile, dataSet, EventScope::AllParameters, [&](const Crossing& crossing) {
+        crossings.push_back({crossing.seconds, crossing.parameter,
+                             gradeOf(*crossing.parameter, crossing.number).state});
+    });
+    std::ranges::stable_sort(crossings, {}, &ThresholdCrossing::seconds);
+    return crossings;
+}
+
 } // namespace KOLT

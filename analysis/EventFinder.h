@@ -37,4 +37,15 @@ constexpr std::size_t maxEvents = 100'000;
 std::vector<Event> findEvents(const Profile& profile, const DataSet& dataSet, EventScope scope,
                               std::vector<double>* leftOut = nullptr);
 
+/// An exceedance without its text.
+struct ThresholdCrossing
+{
+    double seconds = 0.0;
+    const ProfileParameter* parameter = nullptr;
+    ThresholdState state = ThresholdState::Ok; ///< that was reached
+};
+
+/// All exceedances of a data set, however many, by time.
+std::vector<ThresholdCrossing> findCrossings(const Profile& profile, const DataSet& dataSet);
+
 } // namespace KOLT

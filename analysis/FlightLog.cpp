@@ -1,10 +1,11 @@
 #include "analysis/FlightLog.h"
 
-#include "analysis/Findings.h"
 #include "analysis/MomentText.h"
+#include "record/FuelUse.h"
 
 #include <algorithm>
 #include <cmath>
+#include <numeric>
 
 namespace KOLT {
 
@@ -37,6 +38,8 @@ FlightLine flightLine(const Flight& flight, int number, const QDateTime& dateTim
     line.landing = momentOf(dateTime, flight.landingSeconds);
     line.takeOffSeconds = flight.takeOffSeconds;
     line.landingSeconds = flight.landingSeconds;
+    line.startSeconds = flight.startSeconds;
+    line.endSeconds = flight.endSeconds;
     line.maxAltitude = flight.maxAltitude;
     line.climb = flight.altitudeGain;
     line.climbRate = flight.climbRate;
@@ -51,28 +54,49 @@ FlightLine flightLine(const Flight& flight, int number, const QDateTime& dateTim
 
 namespace {
 
-/// The times of all exceedances, also of those beyond the end of the list.
-std::vector<double> exceedanceTimes(const Profile& profile, const DataSet& dataSet)
+void countIncidents(const DataSet& dataSet, const std::vector<Incident>& incidents, FlightLog& log)
 {
-    const EventList events = eventsOf(profile, dataSet);
-    std::vector<double> times;
-    for (const Event& event : *events)
-        times.push_back(event.seconds);
-    const std::vector<double>& leftOut = eventsLeftOut(profile, dataSet);
-    times.insert(times.end(), leftOut.begin(), leftOut.end()); // all of them are later
-    return times;
+    // In the order of their starts: where times jump, flights may overlap.
+    std::vector<std::size_t> order(dataSet.flights.size());
+    std::iota(order.begin(), order.end(), std::size_t{0});
+    std::ranges::sort(order, {}, [&](std::size_t i) { return dataSet.flights[i].startSeconds; });
+    auto next = incidents.begin();
+    for (const std::size_t i : order) {
+        const Flight& flight = dataSet.flights[i];
+        for (; next != incidents.end() && next->seconds < flight.startSeconds; ++next)
+            log.outside.add(*next);
+        for (; next != incidents.end() && next->seconds <= flight.endSeconds; ++next)
+            log.lines[i].incidents.add(*next);
+    }
+    for (; next != incidents.end(); ++next)
+        log.outside.add(*next);
 }
 
 } // namespace
 
+double FlightLog::outsideFuel() const
+{
+    double rest = fuel;
+    for (const FlightLine& line : lines)
+        rest -= line.fuel;
+    return rest;
+}
+
 FlightLog flightLog(const Profile& profile, const DataSet& dataSet)
 {
-    const std::vector<double> events = exceedanceTimes(profile, dataSet);
+    std::vector<ThresholdCrossing> crossings = findCrossings(profile, dataSet);
+    std::vector<double> times;
+    times.reserve(crossings.size());
+    for (const ThresholdCrossing& crossing : crossings)
+        times.push_back(crossing.seconds);
     FlightLog log;
-    log.exceedances = events.size();
+    log.exceedances = crossings.size();
+    for (const Role role : {Role::FuelA, Role::FuelB})
+        log.fuel += fuelUsed(RoleSeries(profile, dataSet.messages, role));
     for (const Flight& flight : dataSet.flights)
         log.lines.push_back(
-            flightLine(flight, static_cast<int>(log.lines.size()) + 1, dataSet.dateTime, events));
+            flightLine(flight, static_cast<int>(log.lines.size()) + 1, dataSet.dateTime, times));
+    countIncidents(dataSet, findIncidents(std::move(crossings)), log);
     return log;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "analysis/Incidents.h"
 #include "profile/Profile.h"
 #include "record/ClockTime.h"
 #include "record/DataSet.h"
@@ -18,6 +19,8 @@ struct FlightLine
     QDateTime landing;
     double takeOffSeconds = 0.0;
     double landingSeconds = 0.0;
+    double startSeconds = 0.0; ///< 30 s before the take-off, and 30 s behind the landing
+    double endSeconds = 0.0;
     double maxAltitude = 0.0;
     double climb = 0.0; ///< altitude gain
     double climbRate = 0.0;
@@ -25,6 +28,7 @@ struct FlightLine
     double takeOffDistance = 0.0;
     double takeOffDistance15m = 0.0;
     std::size_t exceedances = 0; ///< from 30 s before take-off to 30 s after landing
+    IncidentCounts incidents;    ///< of the same time; set by flightLog()
 
     /// From take-off to landing, each cut to whole seconds as shown, so that the shown lines add up
     /// to the shown sums.
@@ -52,9 +56,15 @@ struct FlightLog
 {
     std::vector<FlightLine> lines;
     std::size_t exceedances = 0; ///< of the whole data set, outside flights too
+    double fuel = 0.0;           ///< of the whole data set
+    IncidentCounts outside;      ///< that began in no flight and its 30 s around
+
+    /// Negative where the 30 s around flights that follow each other count for both.
+    double outsideFuel() const;
 };
 
-/// The flights of a data set with their exceedances, which are searched for unless they are known.
+/// The flights of a data set, and what lies outside of them. An incident counts for one flight, the
+/// first around whose flight it began. The data set must not be that of a single flight.
 FlightLog flightLog(const Profile& profile, const DataSet& dataSet);
 
 /// The number with fixed decimals and its unit; "-" for NaN and infinity.

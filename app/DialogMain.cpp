@@ -15,6 +15,7 @@
 #include "app/SettingsSaver.h"
 #include "app/StatusBar.h"
 #include "app/TrustSession.h"
+#include "app/dialogs/DialogDaySheet.h"
 #include "app/dialogs/DialogPreferences.h"
 #include "app/dialogs/DialogProfileInfo.h"
 #include "app/settings/CommandLineOptions.h"
@@ -163,6 +164,10 @@ void DialogMain::createDialogs()
     connect(preferences, &DialogPreferences::signalUnitChanged, this, &DialogMain::slotUnitChanged);
     connect(preferences, &DialogPreferences::signalMapChanged, this,
             [this] { m_parts.map->setSettings(loadMapSettings(m_settings)); });
+    DialogDaySheet* const sheet = &m_dialogs->daySheet();
+    connect(sheet, &DialogDaySheet::signalOpen, this, &DialogMain::slotOpenFlight);
+    connect(sheet, &DialogDaySheet::signalMessage, this,
+            [this](const QString& message) { m_status->showMessage(message); });
 }
 
 void DialogMain::createOverview()

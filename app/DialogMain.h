@@ -82,6 +82,7 @@ private slots:
     void slotCanChanged();
     void slotLoadRecord(const std::list<QString>& paths);
     void slotLoadCycle(unsigned int cycle, int flight);
+    void slotOpenFlight(const QString& folder, int cycle, int flight);
     void slotProfileChanged();
     void slotProfileFileChanged();
     void slotTimeout();

@@ -227,7 +227,24 @@ void DialogMain::openDaySheet()
     // For a flight the sheet lists all flights of its cycle.
     CardChoice choice = m_card->loaded();
     choice.flight = CardChoice::wholeCycle;
-    m_dialogs->daySheet().open({card().folder(), m_card->nameOf(choice), m_card->filesOf(choice)});
+    m_dialogs->daySheet().open({card().folder(), card().cycles(), m_card->nameOf(choice),
+                                m_card->filesOf(choice), choice.cycle});
+}
+
+void DialogMain::slotOpenFlight(const QString& folder, int cycle, int flight)
+{
+    if (folder != card().folder()) {
+        m_status->showMessage(tr("The sheet is of another folder: %1").arg(folder));
+        return;
+    }
+    activateWindow();
+    m_card->load({{}, cycle, flight});
+    m_jobs.run([this] {
+        const CardChoice loaded = m_card->loaded();
+        if (loaded.cycle)
+            m_cardDialog->listFlights(static_cast<unsigned int>(*loaded.cycle));
+        selectLoaded();
+    });
 }
 
 void DialogMain::dragEnterEvent(QDragEnterEvent* event)

@@ -3,26 +3,24 @@
 #include "app/JobQueue.h"
 #include "app/dialogs/SheetPrinter.h"
 #include "app/settings/ExportSettingsStore.h"
-#include "app/settings/ProgramSettings.h"
 #include "app/settings/SettingsStore.h"
 #include "base/Csv.h"
-#include "record/CardContainer.h"
+#include "profile/ProfileLine.h"
 #include "ui/EventPump.h"
 #include "ui/Messages.h"
 #include "ui/SaveDialog.h"
 
-#include <QBuffer>
 #include <QComboBox>
 #include <QDir>
 #include <QHeaderView>
 #include <QLabel>
-#include <QLocale>
 #include <QPageLayout>
-#include <QPdfWriter>
+#include <QPlainTextEdit>
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QShortcut>
 #include <QTableWidget>
 #include <QVBoxLayout>
 
@@ -30,9 +28,19 @@ namespace KOLT {
 
 namespace {
 
-constexpr QSize windowSize(900, 560);
+constexpr QSize windowSize(1000, 620);
 constexpr int rowPadding = 6;
+constexpr int noteLines = 5;
 constexpr int wholePercent = 100;
+
+QLabel* plainLabel(QWidget* parent)
+{
+    auto* const label = new QLabel(parent);
+    label->setObjectName(QStringLiteral("hint"));
+    label->setTextFormat(Qt::PlainText); // file names may look like markup
+    label->setWordWrap(true);
+    return label;
+}
 
 } // namespace
 
@@ -45,15 +53,12 @@ DialogDaySheet::DialogDaySheet(const Profile& profile, JobQueue& jobs, QWidget* 
     m_scope = new QComboBox(this);
     m_scope->setToolTip(tr("Which flights the sheet lists"));
     connect(m_scope, &QComboBox::activated, this, &DialogDaySheet::request);
-    m_table = new QTableWidget(this);
-    m_table->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    m_table->setTabKeyNavigation(false);
-    m_table->setSelectionBehavior(QAbstractItemView::SelectRows);
-    m_table->verticalHeader()->hide();
-    m_table->horizontalHeader()->setHighlightSections(false);
-    m_state = new QLabel(this);
-    m_state->setObjectName(QStringLiteral("hint"));
-    m_state->setTextFormat(Qt::PlainText); // file names may look like markup
+    m_head = plainLabel(this);
+    createTable();
+    m_notes = new QPlainTextEdit(this);
+    m_notes->setReadOnly(true);
+    m_notes->setTabChangesFocus(true);
+    m_state = plainLabel(this);
     m_progress = new QProgressBar(this);
     m_progress->setRange(0, wholePercent);
     m_cancel = new QPushButton(tr("Cancel"), this);
@@ -69,11 +74,30 @@ DialogDaySheet::DialogDaySheet(const Profile& profile, JobQueue& jobs, QWidget* 
     bottom->addWidget(m_cancel);
     auto* const layout = new QVBoxLayout(this);
     layout->addLayout(top);
+    layout->addWidget(m_head);
     layout->addWidget(m_table, 1);
+    layout->addWidget(m_notes);
     layout->addLayout(bottom);
     createButtons();
-    setWorking(false);
+    showSheet();
     resize(windowSize);
+}
+
+void DialogDaySheet::createTable()
+{
+    m_table = new QTableWidget(this);
+    m_table->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    m_table->setTabKeyNavigation(false);
+    m_table->setSelectionBehavior(QAbstractItemView::SelectRows);
+    m_table->verticalHeader()->hide();
+    m_table->horizontalHeader()->setHighlightSections(false);
+    m_table->setToolTip(tr("Double-click or Return opens the flight in the main window"));
+    connect(m_table, &QTableWidget::cellDoubleClicked, this, &DialogDaySheet::openRow);
+    for (const int key : {Qt::Key_Return, Qt::Key_Enter}) {
+        auto* const shortcut =
+            new QShortcut(QKeySequence(key), m_table, nullptr, nullptr, Qt::WidgetShortcut);
+        connect(shortcut, &QShortcut::activated, this, [this] { openRow(m_table->currentRow()); });
+    }
 }
 
 void DialogDaySheet::createButtons()
@@ -97,13 +121,21 @@ void DialogDaySheet::createButtons()
     static_cast<QVBoxLayout*>(layout())->addLayout(row);
 }
 
-void DialogDaySheet::open(const Source& source)
+void DialogDaySheet::open(const SheetSource& source)
 {
     m_source = source;
+    m_choices.clear();
     m_scope->clear();
+    const auto add = [this](const QString& text, const SheetChoice& choice) {
+        m_scope->addItem(text);
+        m_choices.push_back(choice);
+    };
+    for (const QDate& day : source.days())
+        add(day.isValid() ? day.toString(QStringLiteral("dd.MM.yyyy")) : tr("Unknown Date"),
+            {SheetChoice::Kind::Day, day});
     if (!source.loadedFiles.empty())
-        m_scope->addItem(source.loadedName, Loaded);
-    m_scope->addItem(tr("All of %1").arg(QDir::toNativeSeparators(source.folder)), WholeFolder);
+        add(source.loadedName, {SheetChoice::Kind::Loaded});
+    add(tr("All of %1").arg(QDir::toNativeSeparators(source.folder)), {SheetChoice::Kind::Folder});
     show();
     raise();
     activateWindow();
@@ -113,51 +145,30 @@ void DialogDaySheet::open(const Source& source)
 void DialogDaySheet::request()
 {
     m_isCancelled = m_isWorking; // ends a sheet being made
-    const auto scope = static_cast<Scope>(m_scope->currentData().toInt());
-    m_jobs.run([this, scope] {
+    const SheetChoice choice = m_choices[static_cast<std::size_t>(m_scope->currentIndex())];
+    m_jobs.run([this, choice] {
         if (isVisible())
-            work(scope);
+            work(choice);
     });
 }
 
-void DialogDaySheet::work(Scope scope)
+void DialogDaySheet::work(const SheetChoice& choice)
 {
     m_isCancelled = false;
     setWorking(true);
-    std::vector<FlightLine> lines;
-    m_unreadFiles.clear();
-    CardContainer card(m_profile);
-    card.setClockOffset(ProgramSettings().clockOffset());
     EventPump events;
-    const auto tick = [&](int percent) { events.tick([&] { m_progress->setValue(percent); }); };
-    card.readContainer(m_source.folder, [&](int) { tick(0); });
-    const auto add = [&] {
-        const FlightLog log = flightLog(m_profile, *card.dataSet());
-        lines.insert(lines.end(), log.lines.begin(), log.lines.end());
-        for (const QString& name : card.dataSet()->unreadFiles)
-            m_unreadFiles.push_back(name);
-    };
-    if (scope == Loaded) {
-        if (card.loadFiles(m_source.loadedFiles, tick))
-            add();
-    } else {
-        const int count = static_cast<int>(card.cycles().size());
-        int done = 0;
-        for (const auto& [number, cycle] : card.cycles()) {
-            m_state->setText(tr("Reading %1").arg(cycle.name));
-            const bool isLoaded = card.loadCycle(
-                number, [&](int percent) { tick((done * wholePercent + percent) / count); });
-            if (m_isCancelled)
-                break;
-            if (isLoaded)
-                add();
-            ++done;
-        }
-    }
-    setWorking(false);
+    SheetContent content =
+        readSheet(m_profile, m_source, choice, [&](const QString& name, int percent) {
+            events.tick([&] {
+                m_state->setText(tr("Reading %1").arg(name));
+                m_progress->setValue(percent);
+            });
+            return !m_isCancelled;
+        });
     if (m_isCancelled)
-        lines.clear();
-    m_sheet = DaySheet(std::move(lines));
+        content = {};
+    m_unreadFiles = content.unreadFiles;
+    m_sheet = DaySheet(std::move(content.cycles));
     showSheet();
 }
 
@@ -173,29 +184,17 @@ void DialogDaySheet::setWorking(bool isWorking)
 
 void DialogDaySheet::showSheet()
 {
-    const QStringList headings = DaySheet::headings();
-    m_table->setRowCount(0);
-    m_table->setColumnCount(static_cast<int>(headings.size()));
-    m_table->setHorizontalHeaderLabels(headings);
-    m_table->setRowCount(static_cast<int>(m_sheet.rows().size()));
-    m_table->verticalHeader()->setDefaultSectionSize(fontMetrics().height() + rowPadding);
-    int row = 0;
-    for (const DaySheet::Row& line : m_sheet.rows()) {
-        for (int column = 0; column < headings.size(); ++column) {
-            auto* const item = new QTableWidgetItem(line.cells[column]);
-            item->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
-            if (line.isSum) {
-                QFont font = item->font();
-                font.setBold(true);
-                item->setFont(font);
-                item->setBackground(palette().color(QPalette::AlternateBase));
-            }
-            m_table->setItem(row, column, item);
-        }
-        ++row;
-    }
-    m_table->resizeColumnsToContents();
-    m_table->horizontalHeader()->setStretchLastSection(true);
+    fillTable();
+    QStringList lines{m_sheet.unitLine(), profileLine(m_profile)};
+    lines.removeAll(QString());
+    m_head->setText(lines.join(QLatin1Char('\n')));
+    m_head->setHidden(m_sheet.isEmpty());
+    QStringList notes;
+    for (qsizetype i = 0; i < m_sheet.notes().size(); ++i)
+        notes << QStringLiteral("[%1] %2").arg(i + 1).arg(m_sheet.notes()[i]);
+    m_notes->setPlainText(notes.join(QLatin1Char('\n')));
+    m_notes->setFixedHeight(fontMetrics().lineSpacing() * noteLines);
+    m_notes->setHidden(notes.isEmpty());
     if (m_isCancelled)
         m_state->setText(tr("Cancelled"));
     else if (!m_unreadFiles.isEmpty())
@@ -206,9 +205,64 @@ void DialogDaySheet::showSheet()
     setWorking(false);
 }
 
-QString DialogDaySheet::title() const
+void DialogDaySheet::fillTable()
 {
-    return tr("Flights of %1").arg(m_scope->currentText());
+    const std::vector<DaySheet::Column> columns = m_sheet.columns();
+    QStringList headings;
+    for (const DaySheet::Column column : columns)
+        headings << DaySheet::heading(column).replace(QLatin1String(" ["), QLatin1String("\n["));
+    m_table->clearSpans();
+    m_table->setRowCount(0);
+    m_table->setColumnCount(static_cast<int>(headings.size()));
+    m_table->setHorizontalHeaderLabels(headings);
+    m_table->setRowCount(static_cast<int>(m_sheet.rows().size()));
+    m_table->verticalHeader()->setDefaultSectionSize(fontMetrics().height() + rowPadding);
+    for (int row = 0; row < m_table->rowCount(); ++row)
+        fillRow(row, columns);
+    m_table->resizeColumnsToContents();
+    m_table->horizontalHeader()->setStretchLastSection(true);
+}
+
+void DialogDaySheet::fillRow(int index, const std::vector<DaySheet::Column>& columns)
+{
+    const DaySheet::Row& row = m_sheet.rows()[static_cast<std::size_t>(index)];
+    for (std::size_t i = 0; i < columns.size(); ++i) {
+        auto* const item = new QTableWidgetItem(row.text(columns[i]));
+        item->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
+        if (row.kind == DaySheet::Kind::Sum) {
+            QFont font = item->font();
+            font.setBold(true);
+            item->setFont(font);
+            item->setBackground(palette().color(QPalette::AlternateBase));
+        }
+        QStringList notes;
+        for (const int note : row.notes[columns[i]])
+            notes << m_sheet.notes()[note - 1];
+        if (!notes.isEmpty())
+            item->setToolTip(notes.join(QLatin1Char('\n')));
+        m_table->setItem(index, static_cast<int>(i), item);
+        if (const int span = row.span(columns[i], columns); span > 1)
+            m_table->setSpan(index, static_cast<int>(i), 1, span);
+    }
+}
+
+void DialogDaySheet::openRow(int index)
+{
+    if (index < 0 || m_isWorking)
+        return;
+    const DaySheet::Row& row = m_sheet.rows()[static_cast<std::size_t>(index)];
+    if (row.kind == DaySheet::Kind::Sum)
+        return;
+    const std::optional<int> cycle = m_sheet.cycles()[row.cycle].number;
+    if (cycle)
+        emit signalOpen(m_source.folder, *cycle, row.flight ? static_cast<int>(*row.flight) : -1);
+    else
+        m_state->setText(tr("These flights are of single files. Choose a day to open them."));
+}
+
+DaySheet::Head DialogDaySheet::head() const
+{
+    return {tr("Flights of %1").arg(m_scope->currentText()), profileLine(m_profile), remark()};
 }
 
 QString DialogDaySheet::remark() const
@@ -220,15 +274,15 @@ QString DialogDaySheet::remark() const
 
 QString DialogDaySheet::html() const
 {
-    return m_sheet.toHtml(title(), remark());
+    return m_sheet.toHtml(head());
 }
 
 QString DialogDaySheet::proposedName(const QString& suffix) const
 {
     const QString directory = loadExportFolder(SettingsStore::instance(), "Csv");
-    const QString day = m_sheet.rows().front().cells.front();
-    return QStringLiteral("%1/Flights_%2.%3")
-        .arg(directory, QString(day).replace(QLatin1Char(' '), QLatin1Char('_')), suffix);
+    const QString dates = m_sheet.isoDates();
+    return QStringLiteral("%1/Flights%2.%3")
+        .arg(directory, dates.isEmpty() ? dates : QLatin1Char('_') + dates, suffix);
 }
 
 void DialogDaySheet::print()
@@ -246,20 +300,8 @@ void DialogDaySheet::savePdf()
     const auto suffix = QStringLiteral("pdf");
     const QString path = askForSavePath(this, tr("Save as PDF"), proposedName(suffix),
                                         tr("PDF Files (*.pdf)"), suffix);
-    if (path.isEmpty())
-        return;
-    QByteArray content;
-    QBuffer buffer(&content);
-    buffer.open(QIODevice::WriteOnly);
-    {
-        QPdfWriter writer(&buffer);
-        const bool isLetter = QLocale::system().measurementSystem() == QLocale::ImperialUSSystem;
-        writer.setPageLayout(QPageLayout(QPageSize(isLetter ? QPageSize::Letter : QPageSize::A4),
-                                         QPageLayout::Landscape, {}));
-        writer.setTitle(title());
-        printSheet(html(), writer);
-    }
-    Messages::saveFile(this, path, content);
+    if (!path.isEmpty())
+        save(path, sheetPdf(html(), head().title));
 }
 
 void DialogDaySheet::saveCsv()
@@ -267,10 +309,14 @@ void DialogDaySheet::saveCsv()
     const auto suffix = QStringLiteral("csv");
     const QString path = askForSavePath(this, tr("Save as CSV"), proposedName(suffix),
                                         tr("CSV Files (*.csv)"), suffix);
-    if (path.isEmpty())
-        return;
-    const ListSettings settings = loadListSettings(SettingsStore::instance());
-    Messages::saveFile(this, path, csvFile(m_sheet.toCsv(settings)));
+    if (!path.isEmpty())
+        save(path, csvFile(m_sheet.toCsv(head(), loadListSettings(SettingsStore::instance()))));
+}
+
+void DialogDaySheet::save(const QString& path, const QByteArray& content)
+{
+    if (Messages::saveFile(this, path, content))
+        emit signalMessage(tr("Saved %1").arg(QDir::toNativeSeparators(path)));
 }
 
 void DialogDaySheet::closeEvent(QCloseEvent* event)

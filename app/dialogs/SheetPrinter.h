@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QByteArray>
 #include <QString>
 
 class QPagedPaintDevice;
@@ -10,5 +11,8 @@ namespace KOLT {
 /// pixels, which would be tiny on a printer. Adds page numbers and margins of 2 cm within the
 /// device's own.
 void printSheet(const QString& html, QPagedPaintDevice& device);
+
+/// A PDF file on landscape A4, or Letter where the system's measurement units are American.
+QByteArray sheetPdf(const QString& html, const QString& title);
 
 } // namespace KOLT

@@ -3,6 +3,7 @@
 #include "analysis/Findings.h"
 #include "base/Csv.h"
 #include "tests/support/RecordingFixture.h"
+#include "tests/support/Rows.h"
 
 #include <QTest>
 
@@ -18,9 +19,12 @@ class TestFlightLog : public QObject
 private slots:
     void init();
     void exceedancesBelongToTheirFlight();
+    void incidentsCountOnce_data();
+    void incidentsCountOnce();
     void eventDetails();
     void findingsAreFoundOnce();
     void sheetSumsDays();
+    void sheetMarksDoubtfulFigures();
     void sheetAsText();
     void csvFields();
     void durations();
@@ -71,6 +75,47 @@ void TestFlightLog::exceedancesBelongToTheirFlight()
     QCOMPARE(log.lines.at(1).exceedances, 2U); // one at each end
     QCOMPARE(log.lines.at(0).takeOff.time(), QTime(23, 59, 5));
     QCOMPARE(log.lines.at(0).flightSeconds(), 10.0); // difference of the shown times
+    // Of incidents each counts once, also where flights overlap, and the rest is outside.
+    QCOMPARE(log.lines.at(1).incidents, (IncidentCounts{1, 1, 0}));
+    QCOMPARE(log.outside, IncidentCounts());
+    m_dataSet->flights = {early, late, late};
+    m_dataSet->flights[1].endSeconds = 45.0;
+    m_dataSet->flights[2].startSeconds = 46.0;
+    m_dataSet->flights[2].endSeconds = 49.0;
+    const FlightLog apart = flightLog(m_profile, *m_dataSet);
+    QCOMPARE(apart.lines.at(1).incidents, (IncidentCounts{0, 1, 0}));
+    QCOMPARE(apart.outside, (IncidentCounts{1, 0, 0}));
+}
+
+void TestFlightLog::incidentsCountOnce_data()
+{
+    const Rows<QString, IncidentCounts> row; // "parameter seconds state"
+    row("warning, limit, lamp", "p 1 1,p 8 2,l 9 2", {1, 0, 0});
+    row("lamp comes first", "l 9 2,p 19 1", {0, 1, 0});
+    row("chained by ten seconds each", "p 0 1,p 10 1,p 20 1", {0, 1, 0});
+    row("later than that", "p 0 1,p 10.1 2,l 20.2 1", {1, 1, 1});
+    row("another parameter's lamp", "q 0 1,l 1 2", {0, 1, 1});
+    row("unsorted", "p 30 1,p 0 1,p 29 2", {1, 1, 0});
+}
+
+void TestFlightLog::incidentsCountOnce()
+{
+    const auto [text, counts] = fetchRow<QString, IncidentCounts>();
+    QVERIFY(loadProfile(m_profile,
+                        device({"name='Oil Pressure A' id='1' dataType='FLOAT'",
+                                "name='Oil Temperature' id='2' dataType='FLOAT'",
+                                "name='Lamp Oil Pressure' id='3' koltDataType='WarningLamp'"})));
+    std::vector<ThresholdCrossing> crossings;
+    for (const QString& crossing : text.split(',')) {
+        const QStringList parts = crossing.split(' ');
+        const auto index = static_cast<std::size_t>(QString("pql").indexOf(parts[0]));
+        crossings.push_back({parts[1].toDouble(), &m_profile.parameters().at(index),
+                             static_cast<ThresholdState>(parts[2].toInt())});
+    }
+    IncidentCounts found;
+    for (const Incident& incident : findIncidents(crossings))
+        found.add(incident);
+    QCOMPARE(found, counts);
 }
 
 void TestFlightLog::eventDetails()
@@ -112,54 +157,135 @@ void TestFlightLog::findingsAreFoundOnce()
 
 namespace {
 
-FlightLine line(const QDateTime& takeOff, double seconds, double fuel, std::size_t exceedances)
+FlightLine line(const QDateTime& takeOff, double seconds, double fuel, IncidentCounts incidents)
 {
     FlightLine result;
+    result.number = 1;
     result.takeOff = takeOff;
     result.landing = takeOff.isValid() ? takeOff.addSecs(static_cast<qint64>(seconds)) : takeOff;
-    result.landingSeconds = seconds;
+    result.landingSeconds = result.endSeconds = seconds;
     result.fuel = fuel;
-    result.exceedances = exceedances;
+    result.incidents = incidents;
     result.takeOffDistance = std::nan("");
     return result;
 }
+
+/// A cycle with a litre and a lamp outside of its flights.
+SheetCycle cycle(int number, const std::vector<FlightLine>& lines)
+{
+    SheetCycle result;
+    result.number = number;
+    result.dateTime = lines.front().takeOff;
+    result.log.lines = lines;
+    result.log.fuel = 1.0;
+    result.log.outside = {0, 0, 1};
+    for (const FlightLine& flight : lines)
+        result.log.fuel += flight.fuel;
+    return result;
+}
+
+const QDateTime day1(QDate(2026, 7, 28), QTime(10, 0), Qt::UTC);
 
 } // namespace
 
 void TestFlightLog::sheetSumsDays()
 {
-    const QDateTime day1(QDate(2026, 7, 28), QTime(10, 0), Qt::UTC);
-    const DaySheet sheet({line({}, 60.9, 1, 0), line(day1.addDays(1), 600, 4, 2),
-                          line(day1.addSecs(60), 3599, 2.5, 1), line(day1, 3601, 2, 0)});
+    // The last flight of the second cycle starts behind midnight: it belongs to its cycle's day.
+    const DaySheet sheet({cycle(0, {line({}, 60.9, 1, {})}),
+                          cycle(3, {line(day1.addDays(1), 600, 4, {0, 2, 0})}),
+                          cycle(2, {line(day1.addSecs(60), 3599, 2.5, {1, 0, 0}),
+                                    line(day1.addSecs(50'400), 1, 0, {})}),
+                          cycle(1, {line(day1, 3601, 2, {})})});
     QStringList texts;
     for (const DaySheet::Row& row : sheet.rows())
-        texts << QStringList{row.cells[0], row.cells[1], row.cells[3], row.cells[6], row.cells[8]}
-                     .join(' ');
-    QCOMPARE(
-        texts,
-        (QStringList{
-            "28.07.2026 10:00:00 01:00:01 2.00 0", "28.07.2026 10:01:00 00:59:59 2.50 1",
-            "Sum 28.07.2026 2 flight(s) 02:00:00 4.50 1", "29.07.2026 10:00:00 00:10:00 4.00 2",
-            "Sum 29.07.2026 1 flight(s) 00:10:00 4.00 2", "Unknown Date 00:00:00 00:01:00 1.00 0",
-            "Sum Unknown Date 1 flight(s) 00:01:00 1.00 0", "Total 4 flight(s) 02:11:00 9.50 3"}));
-    QCOMPARE(sheet.rows().at(0).cells.at(7), "-"); // was not found
-    QVERIFY(DaySheet({}).isEmpty());
-    QCOMPARE(DaySheet({line(day1, 60, 1, 0)}).rows().size(), 2U); // no total below a single sum
+        texts << QStringList{row.cells[DaySheet::Date],         row.cells[DaySheet::Cycle],
+                             row.cells[DaySheet::FlightNumber], row.cells[DaySheet::TakeOff],
+                             row.cells[DaySheet::FlightTime],   row.cells[DaySheet::Fuel],
+                             row.cells[DaySheet::Limits],       row.cells[DaySheet::Warnings],
+                             row.cells[DaySheet::Lamps]}
+                     .join('|');
+    QCOMPARE(texts, (QStringList{"28.07.2026|1|1|10:00:00|01:00:01|2.00|0|0|0",
+                                 "28.07.2026|1|Outside flights|||1.00|0|0|1",
+                                 "28.07.2026|2|1|10:01:00|00:59:59|2.50|1|0|0",
+                                 "29.07.2026|2|1|00:00:00|00:00:01|0.00|0|0|0",
+                                 "28.07.2026|2|Outside flights|||1.00|0|0|1",
+                                 "Sum 28.07.2026|||3 flight(s)|02:00:01|6.50|1|0|2",
+                                 "29.07.2026|3|1|10:00:00|00:10:00|4.00|0|2|0",
+                                 "29.07.2026|3|Outside flights|||1.00|0|0|1",
+                                 "Sum 29.07.2026|||1 flight(s)|00:10:00|5.00|0|2|1",
+                                 "Unknown Date|0|1|00:00:00|00:01:00|1.00|0|0|0",
+                                 "Unknown Date|0|Outside flights|||1.00|0|0|1",
+                                 "Sum Unknown Date|||1 flight(s)|00:01:00|2.00|0|0|1",
+                                 "Total|||5 flight(s)|02:11:01|13.50|1|2|4"}));
+    QCOMPARE(sheet.rows().at(0).cells.at(DaySheet::TakeOffDistance), "-"); // was not found
+    QCOMPARE(sheet.isoDates(), "2026-07-28_2026-07-29");
+    QVERIFY(DaySheet().isEmpty());
+    const DaySheet single({cycle(1, {line(day1, 60, 1, {})})});
+    QCOMPARE(single.rows().size(), 3U);                            // no total below a single sum
+    QCOMPARE(single.columns().size(), sheet.columns().size() - 1); // and no column for the cycle
+    QCOMPARE(single.isoDates(), "2026-07-28");
+}
+
+void TestFlightLog::sheetMarksDoubtfulFigures()
+{
+    SheetCycle marked = cycle(1, {line(day1, 600, 2, {}), line(day1.addSecs(900), 60, 1, {})});
+    const auto find = [&](TrustKind kind, double from, double to, Figures figures) {
+        marked.findings.push_back({kind, from, to, {}, "Text", {}});
+        if (figures != 0)
+            marked.findings.back().marks = {{0, figures}};
+    };
+    find(TrustKind::Hole, 10, 70, Figure::Fuel | Figure::MaxAltitude); // within the flight
+    find(TrustKind::NeverRecorded, 0, 0, 0);                           // touches no figure
+    find(TrustKind::MissingFile, 590, 700, Figure::Fuel | Figure::End);
+    find(TrustKind::LateClock, 0, 0, Figure::DateTime);
+    find(TrustKind::OtherEngine, 0, 0, 0);
+    const DaySheet sheet({marked});
+    QStringList rows;
+    for (const DaySheet::Row& row : sheet.rows()) {
+        QStringList marks;
+        for (int i = 0; i < DaySheet::columnCount; ++i)
+            marks << row.text(static_cast<DaySheet::Column>(i)).section(QLatin1String(" ["), 1);
+        rows << marks.join(' ').remove(']').simplified();
+    }
+    QCOMPARE(rows.at(0), "3 3 3 1 1,2 2,4 2,4 2,4"); // date, times, altitude, fuel, incidents
+    QCOMPARE(rows.at(1), "4 4 4");
+    QCOMPARE(rows.at(2), "2 2,4 2,4 2,4"); // outside: what goes beyond the flight
+    QCOMPARE(rows.at(3), "1,2 2,4 2,4 2,4");
+    QCOMPARE(sheet.notes().size(), 4);
+    QCOMPARE(sheet.notes().at(0), "Cycle 1, Hole (10:00:10 to 10:01:10): Text");
+    const DaySheet::Head head{"A & B", "Profile: <P>", {}};
+    QVERIFY(sheet.toHtml(head).contains(">2.00 [1,2]</td>"));
+    QVERIFY(sheet.toHtml(head).contains(">[4] Cycle 1, Other engine"));
+    const QStringList lines = sheet.toCsv(head, {".", '|', true}).split("\r\n");
+    QVERIFY2(lines[1].contains("|2,00|"), qPrintable(lines[1])); // a number without a mark
+    QVERIFY2(lines[1].contains("Max. alt. [m], Fuel [l]: Cycle 1, Hole (10:00:10 to"),
+             qPrintable(lines[1]));
 }
 
 void TestFlightLog::sheetAsText()
 {
-    const QDateTime day(QDate(2026, 7, 28), QTime(10, 0), Qt::UTC);
-    const DaySheet sheet({line(day, 60, 1, 0), line(day, 60, 1, 0)});
-    const QStringList lines = sheet.toCsv({".", '|', true}).split("\r\n");
-    QCOMPARE(lines.size(), 4); // headings, two flights, empty end
-    QCOMPARE(lines[1].count('|'), DaySheet::headings().size() + 1);
+    SheetCycle two = cycle(1, {line(day1, 60, 1, {}), line(day1, 60, 1, {})});
+    two.engines = QStringList{"4711.5 (915)"};
+    two.units = QStringList{"42"};
+    const DaySheet sheet({two});
+    const DaySheet::Head head{"A & B", "Profile: P", "lacks <h1>"};
+    const QStringList lines = sheet.toCsv(head, {".", '|', true}).split("\r\n");
+    QCOMPARE(lines.size(), 5); // headings, two flights, what is outside, empty end
+    for (int i = 0; i < 4; ++i)
+        QCOMPARE(lines[i].count('|'), lines[0].count('|'));
     QCOMPARE(lines[1].left(11), "28.07.2026|"); // a date is not a number
-    QVERIFY2(lines[1].contains("|1,00|") && lines[1].endsWith("|0,0|60,0"), qPrintable(lines[1]));
-    const QString html = sheet.toHtml("A & B");
-    QVERIFY(html.contains("A &amp; B"));
-    QCOMPARE(html.count("<tr"), 4);
-    QVERIFY(sheet.toHtml("A", "lacks <h1>").contains("lacks &lt;h1&gt;"));
+    QVERIFY2(lines[1].contains("|1,00|") &&
+                 lines[1].contains("|0,0|60,0|4711.5 (915)|42|Profile: P|Clock"),
+             qPrintable(lines[1]));
+    QVERIFY2(lines[3].contains("|Outside flights|") && lines[3].contains("|||4711.5"),
+             qPrintable(lines[3]));
+    const QString html = sheet.toHtml(head);
+    for (const char* text : {"A &amp; B", "lacks &lt;h1&gt;",
+                             "4711.5 (915); Unit serial number: 42", "Profile: P", "taken as UTC",
+                             "colspan=\"3\" style=\"padding:3px "
+                             "4px;font-size:8.5pt;white-space:nowrap\">Outside flights"})
+        QVERIFY2(html.contains(text), text);
+    QCOMPARE(html.count("<tr"), 5); // with the sum
 }
 
 void TestFlightLog::csvFields()

@@ -8,6 +8,7 @@
 #include "app/dialogs/SheetPrinter.h"
 #include "app/settings/SettingsStore.h"
 #include "app/startup/Startup.h"
+#include "record/CardContainer.h"
 #include "resources/Resources.h"
 #include "tests/support/Buttons.h"
 #include "tests/support/ModalBoxes.h"
@@ -45,7 +46,8 @@ private slots:
     void preferencesAreStoredAndApplied();
     void profileParametersCanBeSearched();
     void manualHasAllItsLinks();
-    void daySheetOfLoadedDataAndFolder();
+    void daySheetOfDaysAndFolder();
+    void daySheetOpensAndSaves();
     void sheetIsReadOnPaper_data();
     void sheetIsReadOnPaper();
     void licencesAreShown();
@@ -53,6 +55,7 @@ private slots:
 
 private:
     QString folderWithFlights();
+    static bool loadSheetProfile(Profile& profile);
 
     QTemporaryDir m_home;
 };
@@ -171,7 +174,7 @@ QString TestDialogs::folderWithFlights()
         RecordBytes opening;
         opening.sample(1, 0.0);
         RecordBytes flight;
-        flight.date(2026, 7, 28 + cycle, 12);
+        flight.date(2026, 7, 28 + cycle, 12).text(2, "4711").ecuSerial(42);
         for (int i = 0; i < 200; ++i)
             flight.sample(1, i, floats(i > 50 && i < 150 ? 120.0F : 10.0F));
         writeFile(QStringLiteral("%1/%2.CAN").arg(path).arg(10 * cycle), opening.bytes());
@@ -180,50 +183,130 @@ QString TestDialogs::folderWithFlights()
     return path;
 }
 
-void TestDialogs::daySheetOfLoadedDataAndFolder()
+bool TestDialogs::loadSheetProfile(Profile& profile)
+{
+    return loadProfile(profile,
+                       device({"name='Speed' id='1' dataType='FLOAT' koltDataType='GroundSpeed'"}));
+}
+
+namespace {
+
+SheetSource sourceOf(const CardContainer& card, std::optional<int> cycle = {})
+{
+    SheetSource source{card.folder(), card.cycles(), {}, {}, cycle};
+    if (cycle) {
+        source.loadedName = card.cycles().at(*cycle).name;
+        for (const QString& name : card.cycles().at(*cycle).fileNames)
+            source.loadedFiles.push_back(card.folder() + '/' + name);
+    }
+    return source;
+}
+
+} // namespace
+
+void TestDialogs::daySheetOfDaysAndFolder()
 {
     const DiagnosticsCapture output;
     Profile profile;
-    QVERIFY(loadProfile(
-        profile, device({"name='Speed' id='1' dataType='FLOAT' koltDataType='GroundSpeed'"})));
-    const QString folder = folderWithFlights();
+    QVERIFY(loadSheetProfile(profile));
+    CardContainer card(profile);
+    QVERIFY(card.readContainer(folderWithFlights()));
     JobQueue jobs;
     DialogDaySheet dialog(profile, jobs);
+    auto* const scope = dialog.findChild<QComboBox*>();
+    const auto choices = [&] {
+        QStringList texts;
+        for (int i = 0; i < scope->count(); ++i)
+            texts << scope->itemText(i);
+        return texts.join('|');
+    };
     const auto dates = [&] {
         QStringList cells;
         for (const DaySheet::Row& row : dialog.sheet().rows())
             cells << row.cells.front();
-        return cells;
+        return cells.join('|');
     };
-    dialog.open({folder, "Cycle 2", {folder + "/10.CAN", folder + "/11.CAN"}});
-    QCOMPARE(dates(), (QStringList{"29.07.2026", "Sum 29.07.2026"}));
-    auto* const scope = dialog.findChild<QComboBox*>();
+    const QString first = "28.07.2026|28.07.2026|Sum 28.07.2026";
+    const QString second = "29.07.2026|29.07.2026|Sum 29.07.2026";
+    const QString both = first + '|' + second + "|Total";
+    dialog.open(sourceOf(card, 1));
+    QCOMPARE(choices(), "28.07.2026|29.07.2026|Cycle 1|All of " + card.folder());
+    QCOMPARE(dates(), first);
+    QVERIFY(!output.text().contains("11.CAN> 1"));
     scope->setFocus();
-    QTest::keyClick(scope, Qt::Key_Down);
-    const QStringList both{"28.07.2026", "Sum 28.07.2026", "29.07.2026", "Sum 29.07.2026", "Total"};
-    QCOMPARE(dates(), both);
-    QCOMPARE(dialog.findChild<QTableWidget*>()->rowCount(), 5);
+    for (const QString& next : {second, first, both}) {
+        QTest::keyClick(scope, Qt::Key_Down);
+        QCOMPARE(dates(), next);
+    }
+    QCOMPARE(dialog.findChild<QTableWidget*>()->rowCount(), 7);
 
+    // Nothing is loaded: the newest day. Closed while waiting: nothing is read.
+    dialog.open(sourceOf(card));
+    QCOMPARE(choices(), "29.07.2026|28.07.2026|All of " + card.folder());
+    QCOMPARE(dates(), second);
+    const SheetSource none{"/no/such/folder", {}, {}, {}, {}};
+    jobs.run([&] {
+        dialog.open(none);
+        dialog.close();
+    });
+    QCOMPARE(dates(), second);
+    dialog.open(none);
+    QCOMPARE(dates(), "");
+
+    // Nothing is read behind the cycle at hand once it is cancelled.
+    const auto stop = [](const QString&, int) { return false; };
+    QCOMPARE(readSheet(profile, sourceOf(card), {}, stop).cycles.size(), 1U);
+}
+
+void TestDialogs::daySheetOpensAndSaves()
+{
+    const DiagnosticsCapture output;
+    Profile profile;
+    QVERIFY(loadSheetProfile(profile));
+    CardContainer card(profile);
+    QVERIFY(card.readContainer(folderWithFlights()));
+    JobQueue jobs;
+    DialogDaySheet dialog(profile, jobs);
+    dialog.open(sourceOf(card, 2));
+    QVERIFY(QTest::qWaitForWindowActive(&dialog));
+
+    const QSignalSpy opened(&dialog, &DialogDaySheet::signalOpen);
+    auto* const table = dialog.findChild<QTableWidget*>();
+    for (int row = 0; row < 3; ++row) {
+        const QPoint place = table->visualItemRect(table->item(row, 0)).center();
+        QTest::mouseClick(table->viewport(), Qt::LeftButton, {}, place);
+        QTest::mouseDClick(table->viewport(), Qt::LeftButton, {}, place);
+    }
+    table->setFocus();
+    table->setCurrentCell(0, 0);
+    QTest::keyClick(table, Qt::Key_Return);
+    QStringList targets;
+    for (const QList<QVariant>& call : opened)
+        targets << call[1].toString() + ' ' + call[2].toString();
+    QCOMPARE(targets.join('|'), "2 0|2 -1|2 0"); // flight, outside, none of the sum; flight
+
+    const QSignalSpy said(&dialog, &DialogDaySheet::signalMessage);
     const auto save = [&](const char* text, const QString& path) {
         ModalBoxes boxes;
         boxes.answer(path);
         click(dialog, text);
         return readFile(path);
     };
-    QCOMPARE(save("Save as CSV...", m_home.filePath("sheet.csv")).count("\r\n"), 3);
+    const QByteArray csv = save("Save as CSV...", m_home.filePath("sheet.csv"));
+    QCOMPARE(csv.count("\r\n"), 3);
+    QVERIFY2(csv.contains(";4711;42;;Clock times: "), csv);
     const QByteArray pdf = save("Save as PDF...", m_home.filePath("sheet.pdf"));
     QVERIFY(pdf.startsWith("%PDF") && pdf.trimmed().endsWith("%%EOF"));
-
-    // Nothing is loaded: lists the folder. Closed while waiting: nothing is read.
-    dialog.open({folder, {}, {}});
-    QCOMPARE(dates(), both);
-    jobs.run([&] {
-        dialog.open({"/no/such/folder", {}, {}});
-        dialog.close();
+    QCOMPARE(said.size(), 2);
+    QCOMPARE(said[1][0].toString(), "Saved " + m_home.filePath("sheet.pdf"));
+    QString proposed;
+    QTimer::singleShot(0, &dialog, [&] {
+        auto* const box = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+        proposed = box->findChild<QLineEdit*>()->text();
+        box->reject();
     });
-    QCOMPARE(dates(), both);
-    dialog.open({"/no/such/folder", {}, {}});
-    QCOMPARE(dates(), QStringList());
+    click(dialog, "Save as PDF...");
+    QCOMPARE(proposed, "Flights_2026-07-29.pdf");
 }
 
 void TestDialogs::sheetIsReadOnPaper_data()
@@ -242,12 +325,18 @@ void TestDialogs::sheetIsReadOnPaper()
     FlightLine line;
     line.takeOff = QDateTime(QDate(2026, 7, 28), QTime(10, 0), Qt::UTC);
     line.landing = line.takeOff.addSecs(600);
+    SheetCycle cycle;
+    cycle.dateTime = line.takeOff;
+    cycle.engines = QStringList{"E4711"};
+    cycle.log.lines.assign(60, line);
+    cycle.findings.push_back({TrustKind::Hole, 1.0, 2.0, {}, "Figures lack it.", {}});
+    const DaySheet sheet({cycle, cycle});
     const QString path = m_home.filePath("paper.pdf");
     {
         QPdfWriter writer(path);
         writer.setPageLayout(QPageLayout(QPageSize(static_cast<QPageSize::PageSizeId>(size)),
                                          QPageLayout::Landscape, {}));
-        printSheet(DaySheet(std::vector<FlightLine>(60, line)).toHtml("Flights of <b>"), writer);
+        printSheet(sheet.toHtml({"Flights of <b>", "Profile: P42", {}}), writer);
     }
     QProcess tool;
     tool.start("pdftotext", {"-bbox", path, "-"});
@@ -273,10 +362,11 @@ void TestDialogs::sheetIsReadOnPaper()
                  qPrintable(page.left(60)));
         QVERIFY2(left > 30.0 && left < width * 0.13, qPrintable(QString::number(left)));
         QVERIFY2(right > width * 0.9 && right < width - 30.0, qPrintable(QString::number(right)));
-        QCOMPARE(page.count(">Exceedances<"), 1); // on every page: the column headings
+        QCOMPARE(page.count(">Warnings<"), 1); // on every page: the column headings
     }
-    for (const char* text : {"landing.", "&lt;b&gt;"})
-        QVERIFY2(pages.front().contains(text), qPrintable(pages.front().left(2500)));
+    for (const char* text : {">landing.<", ">&lt;b&gt;<", ">E4711<", ">P42<", ">UTC.<"})
+        QVERIFY2(pages.front().contains(text), text);
+    QVERIFY2(pages.back().count(">lack<") == 2, qPrintable(pages.back()));
 }
 
 void TestDialogs::licencesAreShown()
