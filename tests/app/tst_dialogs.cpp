@@ -362,7 +362,8 @@ void TestDialogs::sheetIsReadOnPaper()
                  qPrintable(page.left(60)));
         QVERIFY2(left > 30.0 && left < width * 0.13, qPrintable(QString::number(left)));
         QVERIFY2(right > width * 0.9 && right < width - 30.0, qPrintable(QString::number(right)));
-        QCOMPARE(page.count(">Warnings<"), 1); // on every page: the column headings
+        // On every page of the table: the column headings.
+        QCOMPARE(page.count(">Warnings<"), page.contains(">28.07.2026<") ? 1 : 0);
     }
     for (const char* text : {">landing.<", ">&lt;b&gt;<", ">E4711<", ">P42<", ">UTC.<"})
         QVERIFY2(pages.front().contains(text), text);

@@ -5,6 +5,7 @@
 
 #include <QButtonGroup>
 #include <QDialog>
+#include <QStatusBar>
 #include <QTableWidget>
 
 #include <csignal>
@@ -23,6 +24,7 @@ private slots:
     void initTestCase();
     void eachWriter_data();
     void eachWriter();
+    void daySheetTellsAndOpens();
 
     void cleanupTestCase() { m_window.reset(); }
 
@@ -167,6 +169,27 @@ void TestWriters::eachWriter()
     write(writer, {file, "&Yes"});
     QVERIFY(readFile(file).size() > 20);
     QCOMPARE(filesOf(folder).size(), 1);
+}
+
+void TestWriters::daySheetTellsAndOpens()
+{
+    const QString file = m_cards->filePath("sheet.csv");
+    write("day sheet csv", {file});
+    QCOMPARE(m_window->statusBar()->currentMessage(), "Saved " + file);
+    auto* const table = m_window->findChild<DialogDaySheet*>()->findChild<QTableWidget*>();
+    const auto open = [&](int row) {
+        const QPoint place = table->visualItemRect(table->item(row, 0)).center();
+        QTest::mouseClick(table->viewport(), Qt::LeftButton, {}, place);
+        QTest::mouseDClick(table->viewport(), Qt::LeftButton, {}, place);
+    };
+    const auto isFlight = [&] { return dataSet() != nullptr && dataSet()->flight() != nullptr; };
+    const auto* const cycles = m_window->findChild<QTreeWidget*>("cyclesTree");
+    open(0);
+    QVERIFY(waitFor(isFlight));
+    QVERIFY(cycles->currentItem()->parent() != nullptr); // its cycle
+    open(1);                                             // outside flights: the cycle
+    QVERIFY(waitFor([&] { return !isFlight(); }));
+    QVERIFY(cycles->currentItem()->parent() == nullptr);
 }
 
 QTEST_MAIN(TestWriters)
