@@ -60,6 +60,7 @@ public:
     {
         QString title;
         QString profile; ///< which profile the limits come from, in a line
+        QString clock;   ///< how dates and times came about, in a line
         QString remark;  ///< may be empty
     };
 
@@ -80,7 +81,7 @@ public:
     /// Which engines and units recorded the flights; empty where the recording does not say.
     QString unitLine() const;
 
-    /// How flight times, clock and incidents are to be understood.
+    /// How flight times and incidents are to be understood.
     static QString explanation();
 
     /// "2024-05-18", or "2024-05-16_2024-05-18" for several days; empty without a date.

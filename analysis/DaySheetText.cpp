@@ -32,11 +32,6 @@ QString markText(const std::vector<int>& notes)
     return QStringLiteral("[%1]").arg(parts.join(QLatin1Char(',')));
 }
 
-QString clockText()
-{
-    return Text::tr("Clock times: as the unit sent them, taken as UTC.");
-}
-
 QString paragraph(const QString& text, const char* tag = "p")
 {
     return text.isEmpty() ? QString()
@@ -146,8 +141,7 @@ QString DaySheet::unitLine() const
 
 QString DaySheet::explanation()
 {
-    return clockText() + QLatin1Char(' ') +
-           Text::tr("Flight time: from take-off to landing. Limits and warnings exceeded: a "
+    return Text::tr("Flight time: from take-off to landing. Limits and warnings exceeded: a "
                     "parameter counts once within 10 s, together with its lamp; lamps: those that "
                     "came on without their parameter.");
 }
@@ -169,7 +163,8 @@ QString DaySheet::isoDates() const
 QString DaySheet::toHtml(const Head& head) const
 {
     QString html = paragraph(head.title, "h2") + paragraph(unitLine()) + paragraph(head.profile) +
-                   paragraph(explanation()) + paragraph(head.remark, "h4");
+                   paragraph(head.clock + QLatin1Char(' ') + explanation()) +
+                   paragraph(head.remark, "h4");
     const std::vector<Column> shown = columns();
     QString cells;
     for (const Column column : shown)
@@ -218,7 +213,7 @@ QStringList DaySheet::csvFacts(const Row& row, const Head& head, const ListSetti
                     settings.numberText(QString::number(line.landingSeconds, 'f', 1))};
     }
     return counters + QStringList{cycle.engines.join(QStringLiteral(", ")),
-                                  cycle.units.join(QStringLiteral(", ")), head.profile, clockText(),
+                                  cycle.units.join(QStringLiteral(", ")), head.profile, head.clock,
                                   csvNotes(row)};
 }
 

@@ -42,6 +42,11 @@ QLabel* plainLabel(QWidget* parent)
     return label;
 }
 
+QString clockText()
+{
+    return DialogDaySheet::tr("Dates and times are those of the unit's clock, taken as UTC.");
+}
+
 } // namespace
 
 DialogDaySheet::DialogDaySheet(const Profile& profile, JobQueue& jobs, QWidget* parent)
@@ -185,7 +190,7 @@ void DialogDaySheet::setWorking(bool isWorking)
 void DialogDaySheet::showSheet()
 {
     fillTable();
-    QStringList lines{m_sheet.unitLine(), profileLine(m_profile)};
+    QStringList lines{m_sheet.unitLine(), profileLine(m_profile), clockText()};
     lines.removeAll(QString());
     m_head->setText(lines.join(QLatin1Char('\n')));
     m_head->setHidden(m_sheet.isEmpty());
@@ -262,7 +267,8 @@ void DialogDaySheet::openRow(int index)
 
 DaySheet::Head DialogDaySheet::head() const
 {
-    return {tr("Flights of %1").arg(m_scope->currentText()), profileLine(m_profile), remark()};
+    return {tr("Flights of %1").arg(m_scope->currentText()), profileLine(m_profile), clockText(),
+            remark()};
 }
 
 QString DialogDaySheet::remark() const

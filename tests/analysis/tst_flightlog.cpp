@@ -253,7 +253,7 @@ void TestFlightLog::sheetMarksDoubtfulFigures()
     QCOMPARE(rows.at(3), "1,2 2,4 2,4 2,4");
     QCOMPARE(sheet.notes().size(), 4);
     QCOMPARE(sheet.notes().at(0), "Cycle 1, Hole (10:00:10 to 10:01:10): Text");
-    const DaySheet::Head head{"A & B", "Profile: <P>", {}};
+    const DaySheet::Head head{"A & B", "Profile: <P>", {}, {}};
     QVERIFY(sheet.toHtml(head).contains(">2.00 [1,2]</td>"));
     QVERIFY(sheet.toHtml(head).contains(">[4] Cycle 1, Other engine"));
     const QStringList lines = sheet.toCsv(head, {".", '|', true}).split("\r\n");
@@ -268,22 +268,23 @@ void TestFlightLog::sheetAsText()
     two.engines = QStringList{"4711.5 (915)"};
     two.units = QStringList{"42"};
     const DaySheet sheet({two});
-    const DaySheet::Head head{"A & B", "Profile: P", "lacks <h1>"};
+    const DaySheet::Head head{"A & B", "Profile: P", "UTC", "lacks <h1>"};
     const QStringList lines = sheet.toCsv(head, {".", '|', true}).split("\r\n");
     QCOMPARE(lines.size(), 5); // headings, two flights, what is outside, empty end
     for (int i = 0; i < 4; ++i)
         QCOMPARE(lines[i].count('|'), lines[0].count('|'));
     QCOMPARE(lines[1].left(11), "28.07.2026|"); // a date is not a number
     QVERIFY2(lines[1].contains("|1,00|") &&
-                 lines[1].contains("|0,0|60,0|4711.5 (915)|42|Profile: P|Clock"),
+                 lines[1].contains("|0,0|60,0|4711.5 (915)|42|Profile: P|UTC|"),
              qPrintable(lines[1]));
     QVERIFY2(lines[3].contains("|Outside flights|") && lines[3].contains("|||4711.5"),
              qPrintable(lines[3]));
     const QString html = sheet.toHtml(head);
-    for (const char* text : {"A &amp; B", "lacks &lt;h1&gt;",
-                             "4711.5 (915); Unit serial number: 42", "Profile: P", "taken as UTC",
-                             "colspan=\"3\" style=\"padding:3px "
-                             "4px;font-size:8.5pt;white-space:nowrap\">Outside flights"})
+    for (const char* text :
+         {"A &amp; B", "lacks &lt;h1&gt;", "4711.5 (915); Unit serial number: 42", "Profile: P",
+          ">UTC Flight time",
+          "colspan=\"3\" style=\"padding:3px "
+          "4px;font-size:8.5pt;white-space:nowrap\">Outside flights"})
         QVERIFY2(html.contains(text), text);
     QCOMPARE(html.count("<tr"), 5); // with the sum
 }

@@ -294,7 +294,7 @@ void TestDialogs::daySheetOpensAndSaves()
     };
     const QByteArray csv = save("Save as CSV...", m_home.filePath("sheet.csv"));
     QCOMPARE(csv.count("\r\n"), 3);
-    QVERIFY2(csv.contains(";4711;42;;Clock times: "), csv);
+    QVERIFY2(csv.contains(";4711;42;;Dates and times are"), csv);
     const QByteArray pdf = save("Save as PDF...", m_home.filePath("sheet.pdf"));
     QVERIFY(pdf.startsWith("%PDF") && pdf.trimmed().endsWith("%%EOF"));
     QCOMPARE(said.size(), 2);
@@ -336,7 +336,7 @@ void TestDialogs::sheetIsReadOnPaper()
         QPdfWriter writer(path);
         writer.setPageLayout(QPageLayout(QPageSize(static_cast<QPageSize::PageSizeId>(size)),
                                          QPageLayout::Landscape, {}));
-        printSheet(sheet.toHtml({"Flights of <b>", "Profile: P42", {}}), writer);
+        printSheet(sheet.toHtml({"Flights of <b>", "Profile: P42", "UTC.", {}}), writer);
     }
     QProcess tool;
     tool.start("pdftotext", {"-bbox", path, "-"});
