@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QDate>
 #include <QTreeWidget>
 
 #include <optional>
