@@ -9,6 +9,7 @@
 #include <cmath>
 #include <cstring>
 #include <new>
+#include <utility>
 
 namespace KOLT {
 
@@ -286,7 +287,8 @@ void CycleScan::track(Message& message, const MessageData& data, std::uint32_t t
         if (tracker.step(m_profile, data, timeHigh, timeLow, m_exceedances))
             addCrossing(tracker, secondsOf(timeHigh, timeLow));
     }
-    limitExceedances();
+    if (m_exceedances.size() >= 2 * maxEvents)
+        limitExceedances();
 }
 
 void CycleScan::addCrossing(const ExceedanceTracker& tracker, double seconds)

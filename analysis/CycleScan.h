@@ -8,8 +8,10 @@
 
 #include <array>
 #include <cstddef>
+#include <cstdint>
 #include <deque>
 #include <map>
+#include <span>
 #include <vector>
 
 namespace KOLT {

@@ -8,7 +8,7 @@
 #include <QShortcut>
 #include <QVBoxLayout>
 
-#include <algorithm>
+#include <utility>
 
 namespace KOLT {
 
