@@ -1,7 +1,7 @@
 #pragma once
 
+#include "analysis/ExceedanceTracker.h"
 #include "analysis/FlightLog.h"
-#include "profile/Profile.h"
 #include "record/Flight.h"
 #include "record/RecordingTrust.h"
 #include "record/VariantFit.h"
@@ -14,25 +14,6 @@
 #include <vector>
 
 namespace KOLT {
-
-/// One crossing of a threshold with the worst value until the return to normal. Valid as long as
-/// the profile is not loaded again.
-struct Exceedance
-{
-    const ProfileParameter* parameter = nullptr;
-    ThresholdState state = ThresholdState::Ok; ///< that was reached by the crossing
-    double seconds = 0.0;                      ///< of the crossing, on the unit's counter
-    double peak = 0.0;                         ///< metric
-    MessageData peakData{};
-    double excess = 0.0; ///< distance of the peak from the threshold, relative to the threshold
-
-    /// The peak in the profile's unit system, with its unit.
-    QString peakText(const Profile& profile) const;
-};
-
-/// A limit is worse than a warning. Of the same state the one is worse that went farther beyond its
-/// threshold in proportion to it, then the earlier one.
-bool isWorse(const Exceedance& a, const Exceedance& b);
 
 /// One flight of an overview. Exceedances count as in FlightLine, which has their number.
 struct FlightOverview

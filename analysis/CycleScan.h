@@ -1,6 +1,5 @@
 #pragma once
 
-#include "analysis/CrossingDetector.h"
 #include "analysis/CycleOverview.h"
 #include "record/MessageMap.h"
 #include "record/RecordFile.h"
@@ -15,59 +14,6 @@
 #include <vector>
 
 namespace KOLT {
-
-/// Follows the exceedances of one parameter until they are over.
-class ExceedanceTracker
-{
-public:
-    ExceedanceTracker(const ProfileParameter& parameter, PositionFilter filter)
-        : m_detector(parameter, filter)
-    {
-    }
-
-    /// Takes a sample; true if it crossed. What is over is appended to `over`.
-    bool step(const Profile& profile, const MessageData& data, std::uint32_t timeHigh,
-              std::uint32_t timeLow, std::vector<Exceedance>& over)
-    {
-        const bool isCrossing = m_detector.step(data);
-        if (m_isFirst || isCrossing || !m_open.empty())
-            return follow(profile, isCrossing, data, timeHigh, timeLow, over);
-        return false;
-    }
-
-    /// The recording has ended: nothing lasts longer.
-    void finish(std::vector<Exceedance>& over);
-
-    const ProfileParameter& parameter() const { return m_detector.parameter(); }
-
-    bool isLamp() const { return m_isLamp; }
-
-    /// Whether the first sample was beyond a threshold.
-    bool isOnFromTheStart() const { return m_isOnFromTheStart; }
-
-private:
-    /// A crossing with the extremes until the next one.
-    struct Open
-    {
-        Exceedance exceedance;
-        bool isRising = true;
-        double threshold = 0.0;
-        double lowest = 0.0;
-        double highest = 0.0;
-        MessageData lowestData{};
-        MessageData highestData{};
-    };
-
-    bool follow(const Profile& profile, bool isCrossing, const MessageData& data,
-                std::uint32_t timeHigh, std::uint32_t timeLow, std::vector<Exceedance>& over);
-    void open(const MessageData& data, double seconds);
-
-    CrossingDetector m_detector;
-    std::vector<Open> m_open; ///< since the parameter was normal
-    bool m_isLamp = m_detector.parameter().role == Role::WarningLamp;
-    bool m_isFirst = true;
-    bool m_isOnFromTheStart = false;
-};
 
 /// Works out the overview of one cycle from its files, in steps of about a millisecond. Decodes
 /// graded parameters as they are read and keeps only the samples that flights and fuel need, so
