@@ -28,7 +28,7 @@ SheetCycle sheetCycle(const Profile& profile, const CardFiles& card, const DataS
     cycle.number = number;
     cycle.dateTime = dataSet.dateTime;
     cycle.log = flightLog(profile, dataSet);
-    cycle.findings = recordingTrust(profile, card, dataSet).findings;
+    cycle.findings = recordingTrust(profile, card, dataSet, {profile.engineType()}).findings;
     for (const LoadedFile& loaded : dataSet.files) {
         const FileFacts* const file = card.find(loaded.name);
         if (file == nullptr)

@@ -228,7 +228,7 @@ void DialogMain::openDaySheet()
     CardChoice choice = m_card->loaded();
     choice.flight = CardChoice::wholeCycle;
     m_dialogs->daySheet().open({card().folder(), card().cycles(), m_card->nameOf(choice),
-                                m_card->filesOf(choice), choice.cycle});
+                                m_card->filesOf(choice), choice.cycle, card().clockOffset()});
 }
 
 void DialogMain::slotOpenFlight(const QString& folder, int cycle, int flight)

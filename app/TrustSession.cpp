@@ -43,7 +43,11 @@ TrustSession::TrustSession(const Profile& profile, CardSession& card, JobQueue& 
     });
     connect(&card, &CardSession::signalLoading, this, &TrustSession::startLoading);
     connect(&card, &CardSession::signalLoaded, this, &TrustSession::endLoading);
-    connect(&card, &CardSession::signalReanalysed, &m_dataTimer, qOverload<>(&QTimer::start));
+    connect(&card, &CardSession::signalReanalysed, this, [this] {
+        if (!m_card.loaded().isNone()) // dates of files and data may have moved
+            m_dataFiles = files();
+        m_dataTimer.start();
+    });
     connect(&lists, &DialogCard::signalCycleMark, this, [this](unsigned int cycle, int flight) {
         showCycle(static_cast<int>(cycle), [flight](const TrustFinding& finding) {
             return flight >= 0 && std::ranges::find(finding.marks, static_cast<std::size_t>(flight),
@@ -70,7 +74,7 @@ void TrustSession::lookAtFiles()
         if (m_known.contains(number)) // from the samples, which tell more
             continue;
         const std::vector<TrustFinding>& findings = m_known[number] =
-            cycleFileTrust(*files(), number);
+            cycleFileTrust(*files(), number, {m_profile.engineType()});
         m_lists.setTrust(static_cast<unsigned int>(number), findings);
     }
 }
@@ -107,7 +111,7 @@ TrustList TrustSession::trust()
 {
     if (m_card.dataSet() == nullptr || m_dataFiles == nullptr)
         return nullptr;
-    return trustOf(m_profile, *m_dataFiles, *m_card.dataSet());
+    return trustOf(m_profile, *m_dataFiles, *m_card.dataSet(), {m_profile.engineType()});
 }
 
 void TrustSession::lookAtData()

@@ -123,7 +123,9 @@ QString Exporter::note() const
     if (!m_cardFiles)
         m_cardFiles.emplace(m_recording.card());
     return sourceNote(m_recording.profile(),
-                      recordingTrust(m_recording.profile(), *m_cardFiles, dataSet()).findings);
+                      recordingTrust(m_recording.profile(), *m_cardFiles, dataSet(),
+                                     {m_recording.profile().engineType()})
+                          .findings);
 }
 
 ExportStatus Exporter::write(QIODevice& device, const QString& title) const

@@ -6,6 +6,7 @@
 #include "app/settings/SettingsStore.h"
 #include "base/Csv.h"
 #include "profile/ProfileLine.h"
+#include "record/ClockOffset.h"
 #include "ui/EventPump.h"
 #include "ui/Messages.h"
 #include "ui/SaveDialog.h"
@@ -40,11 +41,6 @@ QLabel* plainLabel(QWidget* parent)
     label->setTextFormat(Qt::PlainText); // file names may look like markup
     label->setWordWrap(true);
     return label;
-}
-
-QString clockText()
-{
-    return DialogDaySheet::tr("Dates and times are those of the unit's clock, taken as UTC.");
 }
 
 } // namespace
@@ -190,7 +186,7 @@ void DialogDaySheet::setWorking(bool isWorking)
 void DialogDaySheet::showSheet()
 {
     fillTable();
-    QStringList lines{m_sheet.unitLine(), profileLine(m_profile), clockText()};
+    QStringList lines{m_sheet.unitLine(), profileLine(m_profile), clockLine(m_source.clockOffset)};
     lines.removeAll(QString());
     m_head->setText(lines.join(QLatin1Char('\n')));
     m_head->setHidden(m_sheet.isEmpty());
@@ -267,8 +263,8 @@ void DialogDaySheet::openRow(int index)
 
 DaySheet::Head DialogDaySheet::head() const
 {
-    return {tr("Flights of %1").arg(m_scope->currentText()), profileLine(m_profile), clockText(),
-            remark()};
+    return {tr("Flights of %1").arg(m_scope->currentText()), profileLine(m_profile),
+            clockLine(m_source.clockOffset), remark()};
 }
 
 QString DialogDaySheet::remark() const

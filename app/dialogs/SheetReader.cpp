@@ -66,6 +66,7 @@ SheetContent readSheet(const Profile& profile, const SheetSource& source, const 
 {
     SheetContent content;
     CardContainer card(profile);
+    card.setClockOffset(source.clockOffset);
     if (!card.readContainer(source.folder, [&](int) { progress(source.folder, 0); }))
         return content;
     const CardFiles files(card);

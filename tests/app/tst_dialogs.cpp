@@ -193,7 +193,7 @@ namespace {
 
 SheetSource sourceOf(const CardContainer& card, std::optional<int> cycle = {})
 {
-    SheetSource source{card.folder(), card.cycles(), {}, {}, cycle};
+    SheetSource source{card.folder(), card.cycles(), {}, {}, cycle, card.clockOffset()};
     if (cycle) {
         source.loadedName = card.cycles().at(*cycle).name;
         for (const QString& name : card.cycles().at(*cycle).fileNames)
@@ -244,7 +244,7 @@ void TestDialogs::daySheetOfDaysAndFolder()
     dialog.open(sourceOf(card));
     QCOMPARE(choices(), "29.07.2026|28.07.2026|All of " + card.folder());
     QCOMPARE(dates(), second);
-    const SheetSource none{"/no/such/folder", {}, {}, {}, {}};
+    const SheetSource none{"/no/such/folder", {}, {}, {}, {}, 0};
     jobs.run([&] {
         dialog.open(none);
         dialog.close();
@@ -252,6 +252,13 @@ void TestDialogs::daySheetOfDaysAndFolder()
     QCOMPARE(dates(), second);
     dialog.open(none);
     QCOMPARE(dates(), "");
+
+    // A day as the clock offset moves it.
+    card.setClockOffset(-14 * 60);
+    dialog.open(sourceOf(card));
+    QCOMPARE(choices(), "28.07.2026|27.07.2026|All of " + card.folder());
+    QCOMPARE(dates(), first);
+    card.setClockOffset(0);
 
     // Nothing is read behind the cycle at hand once it is cancelled.
     const auto stop = [](const QString&, int) { return false; };
