@@ -11,6 +11,13 @@
         <source>The folder that is open</source>
         <translation>Geöffneter Ordner</translation>
     </message>
+    <message numerus="yes">
+        <source>... and %n more</source>
+        <translation type="unfinished">
+            <numerusform>... und %n weitere</numerusform>
+            <numerusform>... und %n weitere</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>KOLT::CardSession</name>
@@ -161,20 +168,12 @@ Bitte prüfen Sie, ob die SD-Karte noch eingelegt ist und die Dateien lesbar sin
         <translation>Max. Höhe [m]</translation>
     </message>
     <message>
-        <source>Climb [m]</source>
-        <translation>Steigen [m]</translation>
-    </message>
-    <message>
         <source>Fuel [l]</source>
         <translation>Kraftstoff [l]</translation>
     </message>
     <message>
         <source>T/O distance [m]</source>
         <translation>Startstrecke [m]</translation>
-    </message>
-    <message>
-        <source>Exceedances</source>
-        <translation>Überschreitungen</translation>
     </message>
     <message>
         <source>Sum %1</source>
@@ -185,16 +184,84 @@ Bitte prüfen Sie, ob die SD-Karte noch eingelegt ist und die Dateien lesbar sin
         <translation>Gesamt</translation>
     </message>
     <message>
-        <source>Flight time: from take-off to landing.</source>
-        <translation>Flugzeit: vom Start bis zur Landung.</translation>
-    </message>
-    <message>
         <source>Take-off, counter [s]</source>
         <translation>Start, Zähler [s]</translation>
     </message>
     <message>
         <source>Landing, counter [s]</source>
         <translation>Landung, Zähler [s]</translation>
+    </message>
+    <message>
+        <source>Outside flights</source>
+        <translation type="unfinished">Außerhalb</translation>
+    </message>
+    <message>
+        <source>Cycle %1, %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 (%2 to %3)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Cycle</source>
+        <translation type="unfinished">Zyklus</translation>
+    </message>
+    <message>
+        <source>Flight</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Gain [m]</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Climb [m/s]</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Limits</source>
+        <translation type="unfinished">Grenzwerte</translation>
+    </message>
+    <message>
+        <source>Warnings</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Lamps</source>
+        <translation type="unfinished">Lampen</translation>
+    </message>
+    <message>
+        <source>Engine serial number: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Unit serial number: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Flight time: from take-off to landing. Limits and warnings exceeded: a parameter counts once within 10 s, together with its lamp; lamps: those that came on without their parameter.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Engine serial number</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Unit serial number</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Profile</source>
+        <translation type="unfinished">Profil</translation>
+    </message>
+    <message>
+        <source>Clock</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Doubtful</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -453,6 +520,10 @@ Verwenden Sie einen Namen mit der Endung .bmp, .png oder .jpg.</translation>
         <source>Flight Time runs from 30 s before take-off to 30 s after landing, like the loaded data. The day sheet counts from take-off to landing.</source>
         <translation>Die Flugzeit zählt von 30 s vor dem Start bis 30 s nach der Landung, so wie der Flug ausgeschnitten wurde. Das Tagesblatt zählt vom Start bis zur Landung.</translation>
     </message>
+    <message>
+        <source>Figures that may be wrong: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>KOLT::DialogDataTable</name>
@@ -618,6 +689,22 @@ Wählen Sie weniger oder exportieren Sie die Daten als CSV-Datei.</translation>
     <message>
         <source>CSV Files (*.csv)</source>
         <translation>CSV-Dateien (*.csv)</translation>
+    </message>
+    <message>
+        <source>Double-click or Return opens the flight in the main window</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Unknown Date</source>
+        <translation type="unfinished">Datum unbekannt</translation>
+    </message>
+    <message>
+        <source>These flights are of single files. Choose a day to open them.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Saved %1</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -1047,6 +1134,10 @@ ist nicht mehr vorhanden und wurde aus der Liste entfernt. Liegt er auf einer SD
         <source>Exported to %1</source>
         <translation>Exportiert nach %1</translation>
     </message>
+    <message>
+        <source>The sheet is of another folder: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>KOLT::DialogPreferences</name>
@@ -1281,6 +1372,72 @@ ist nicht mehr vorhanden und wurde aus der Liste entfernt. Liegt er auf einer SD
     </message>
 </context>
 <context>
+    <name>KOLT::DialogRecording</name>
+    <message>
+        <source>Wrong: figures or sums are off</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Doubtful: figures may be off</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Note: figures are not affected</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Recording</source>
+        <translation type="unfinished">Aufzeichnung</translation>
+    </message>
+    <message>
+        <source>&amp;Copy</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Copy all findings as text</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Finding</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>From</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>To</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Files</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>What it means</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1
+Nothing doubtful was found in this recording.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>%1: %n finding(s). A click goes to the moment.</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>and %n more</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>KOLT::EventTable</name>
     <message>
         <source>Time</source>
@@ -1426,6 +1583,10 @@ Motordrehzahl: %3</translation>
     <message>
         <source>The first %1 exceedances are marked; %2 more are left out.</source>
         <translation>Die ersten %1 Überschreitungen sind markiert; %2 weitere sind ausgelassen.</translation>
+    </message>
+    <message>
+        <source>Recording: %1</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -1679,6 +1840,14 @@ Bitte prüfen Sie, ob der Ordner beschreibbar und nicht voll ist. Das vorherige 
     <message>
         <source>Export the flights as tracks to a GPX file</source>
         <translation>Die Flüge als Spuren in eine GPX-Datei exportieren</translation>
+    </message>
+    <message>
+        <source>Recording</source>
+        <translation type="unfinished">Aufzeichnung</translation>
+    </message>
+    <message>
+        <source>Show what is doubtful in the recording</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -2276,6 +2445,17 @@ ist kein KOLT-Projekt. Die gewählten Parameter bleiben, wie sie sind.</translat
     </message>
 </context>
 <context>
+    <name>KOLT::RecordingStrip</name>
+    <message>
+        <source>What was recorded</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>What was recorded: an empty box is a hole, hatching is time recorded twice, a triangle is a jump of the counter. A click lists all findings.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>KOLT::ReplayBar</name>
     <message>
         <source>Date and time of the current moment</source>
@@ -2578,6 +2758,21 @@ ist kein KOLT-Projekt. Die gewählten Parameter bleiben, wie sie sind.</translat
     <message>
         <source>%1 were never recorded: figures and limits of them are empty. Look whether the profile is for this aircraft.</source>
         <translation>%1 wurde nie aufgezeichnet: Werte und Grenzen dafür sind leer. Prüfen Sie, ob das Profil zu diesem Flugzeug gehört.</translation>
+    </message>
+</context>
+<context>
+    <name>KOLT::TrustSession</name>
+    <message>
+        <source>Loading ...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Nothing is loaded. Choose a cycle or a flight.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Loaded data</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>

@@ -2,6 +2,16 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="en_US" sourcelanguage="en_US">
 <context>
+    <name>KOLT::CardList</name>
+    <message numerus="yes">
+        <source>... and %n more</source>
+        <translation type="unfinished">
+            <numerusform>... and %n more</numerusform>
+            <numerusform>... and %n more</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>KOLT::CardSession</name>
     <message numerus="yes">
         <source>%n record file(s)</source>
@@ -52,6 +62,23 @@
         <translation>
             <numerusform>The instrument view has %n fault: %1</numerusform>
             <numerusform>The instrument view has %n faults: %1</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>KOLT::DialogRecording</name>
+    <message numerus="yes">
+        <source>%1: %n finding(s). A click goes to the moment.</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>and %n more</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
         </translation>
     </message>
 </context>
