@@ -47,8 +47,9 @@ std::vector<StripPiece> stripPieces(const TimeStrip& strip,
         const auto kind = kindOf(finding.kind);
         if (!kind || (!finding.from && !finding.to))
             continue;
-        const int left = strip.xOf(finding.from.value_or(strip.first));
-        const int right = strip.xOf(finding.to.value_or(strip.last));
+        // A stretch whose other end is not known is shown where it begins or ends.
+        const int left = strip.xOf(finding.from ? *finding.from : *finding.to);
+        const int right = strip.xOf(finding.to ? *finding.to : *finding.from);
         if (*kind == StripPiece::Kind::Jump)
             pieces.push_back({*kind, runAround(strip, left, jumpWidth), i});
         else if (right - left + 1 < leastWidth)

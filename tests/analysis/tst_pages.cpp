@@ -1,3 +1,4 @@
+#include "analysis/TrustStrip.h"
 #include "analysis/ui/DialogDataLimit.h"
 #include "analysis/ui/DialogDataStatistic.h"
 #include "analysis/ui/DialogDataWarning.h"
@@ -40,6 +41,7 @@ private slots:
     void statisticTexts();
     void statisticWithoutFlight();
     void statisticNotes();
+    void stripPlaces();
     void faultRows();
     void faultStripReports();
     void faultKeysJump();
@@ -290,6 +292,35 @@ void TestPages::statisticNotes()
     m_dataSet->flightIndex.reset();
     page->setData(m_dataSet.get());
     QVERIFY(!notes->isVisible());
+}
+
+void TestPages::stripPlaces()
+{
+    std::vector<TrustFinding> findings(6);
+    const auto set = [&](std::size_t i, TrustKind kind, std::optional<double> from,
+                         std::optional<double> to) {
+        findings[i].kind = kind;
+        findings[i].from = from;
+        findings[i].to = to;
+    };
+    set(0, TrustKind::Hole, 40.2, 40.4);
+    set(1, TrustKind::OverlappingFiles, 20.0, 60.0);
+    set(2, TrustKind::TruncatedFile, 80.0, std::nullopt); // nobody knows how much lacks
+    set(3, TrustKind::TimeJump, 100.0, 150.0);
+    set(4, TrustKind::SerialChanged, std::nullopt, std::nullopt);
+    set(5, TrustKind::NotANumber, 10.0, 20.0);
+    QStringList places;
+    const TimeStrip strip{0.0, 100.0, 101, 10};
+    const std::vector<StripPiece> pieces = stripPieces(strip, findings);
+    for (const StripPiece& piece : pieces)
+        places << QStringLiteral("%1: %2-%3")
+                      .arg(piece.finding)
+                      .arg(piece.run.left)
+                      .arg(piece.run.right);
+    QCOMPARE(places, (QStringList{"1: 30-70", "3: 104-110", "0: 48-51", "2: 88-91"}));
+    QCOMPARE(pieceAt(pieces, 50, 3)->finding, 0U); // above the wide one
+    QCOMPARE(pieceAt(pieces, 54, 3)->finding, 1U);
+    QCOMPARE(pieceAt(pieces, 75, 3), nullptr);
 }
 
 void TestPages::faultRows()
