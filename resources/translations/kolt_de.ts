@@ -13,8 +13,8 @@
     </message>
     <message numerus="yes">
         <source>... and %n more</source>
-        <translation type="unfinished">
-            <numerusform>... und %n weitere</numerusform>
+        <translation>
+            <numerusform>... und %n weiterer</numerusform>
             <numerusform>... und %n weitere</numerusform>
         </translation>
     </message>
@@ -193,7 +193,7 @@ Bitte prüfen Sie, ob die SD-Karte noch eingelegt ist und die Dateien lesbar sin
     </message>
     <message>
         <source>Outside flights</source>
-        <translation type="unfinished">Außerhalb</translation>
+        <translation>Außerhalb</translation>
     </message>
     <message>
         <source>Cycle %1, %2</source>
@@ -205,7 +205,7 @@ Bitte prüfen Sie, ob die SD-Karte noch eingelegt ist und die Dateien lesbar sin
     </message>
     <message>
         <source>Cycle</source>
-        <translation type="unfinished">Zyklus</translation>
+        <translation>Zyklus</translation>
     </message>
     <message>
         <source>Flight</source>
@@ -221,7 +221,7 @@ Bitte prüfen Sie, ob die SD-Karte noch eingelegt ist und die Dateien lesbar sin
     </message>
     <message>
         <source>Limits</source>
-        <translation type="unfinished">Grenzwerte</translation>
+        <translation>Grenzwerte</translation>
     </message>
     <message>
         <source>Warnings</source>
@@ -229,7 +229,7 @@ Bitte prüfen Sie, ob die SD-Karte noch eingelegt ist und die Dateien lesbar sin
     </message>
     <message>
         <source>Lamps</source>
-        <translation type="unfinished">Lampen</translation>
+        <translation>Lampen</translation>
     </message>
     <message>
         <source>Engine serial number: %1</source>
@@ -253,7 +253,7 @@ Bitte prüfen Sie, ob die SD-Karte noch eingelegt ist und die Dateien lesbar sin
     </message>
     <message>
         <source>Profile</source>
-        <translation type="unfinished">Profil</translation>
+        <translation>Profil</translation>
     </message>
     <message>
         <source>Clock</source>
@@ -522,7 +522,7 @@ Verwenden Sie einen Namen mit der Endung .bmp, .png oder .jpg.</translation>
     </message>
     <message>
         <source>Figures that may be wrong: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Werte, die falsch sein können: %1</translation>
     </message>
 </context>
 <context>
@@ -696,7 +696,7 @@ Wählen Sie weniger oder exportieren Sie die Daten als CSV-Datei.</translation>
     </message>
     <message>
         <source>Unknown Date</source>
-        <translation type="unfinished">Datum unbekannt</translation>
+        <translation>Datum unbekannt</translation>
     </message>
     <message>
         <source>These flights are of single files. Choose a day to open them.</source>
@@ -1375,65 +1375,66 @@ ist nicht mehr vorhanden und wurde aus der Liste entfernt. Liegt er auf einer SD
     <name>KOLT::DialogRecording</name>
     <message>
         <source>Wrong: figures or sums are off</source>
-        <translation type="unfinished"></translation>
+        <translation>Falsch: Werte oder Summen stimmen nicht</translation>
     </message>
     <message>
         <source>Doubtful: figures may be off</source>
-        <translation type="unfinished"></translation>
+        <translation>Zweifelhaft: Werte können falsch sein</translation>
     </message>
     <message>
         <source>Note: figures are not affected</source>
-        <translation type="unfinished"></translation>
+        <translation>Hinweis: Werte sind nicht betroffen</translation>
     </message>
     <message>
         <source>Recording</source>
-        <translation type="unfinished">Aufzeichnung</translation>
+        <translation>Aufzeichnung</translation>
     </message>
     <message>
         <source>&amp;Copy</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Kopieren</translation>
     </message>
     <message>
         <source>Copy all findings as text</source>
-        <translation type="unfinished"></translation>
+        <translation>Alle Befunde als Text kopieren</translation>
     </message>
     <message>
         <source>Finding</source>
-        <translation type="unfinished"></translation>
+        <translation>Befund</translation>
     </message>
     <message>
         <source>From</source>
-        <translation type="unfinished"></translation>
+        <translation>Von</translation>
     </message>
     <message>
         <source>To</source>
-        <translation type="unfinished"></translation>
+        <translation>Bis</translation>
     </message>
     <message>
         <source>Files</source>
-        <translation type="unfinished"></translation>
+        <translation>Dateien</translation>
     </message>
     <message>
         <source>What it means</source>
-        <translation type="unfinished"></translation>
+        <translation>Was es bedeutet</translation>
     </message>
     <message>
         <source>%1
 Nothing doubtful was found in this recording.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1
+In dieser Aufzeichnung wurde nichts Zweifelhaftes gefunden.</translation>
     </message>
     <message numerus="yes">
         <source>%1: %n finding(s). A click goes to the moment.</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%1: %n Befund. Ein Klick führt zur Stelle.</numerusform>
+            <numerusform>%1: %n Befunde. Ein Klick führt zur Stelle.</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>and %n more</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>und %n weitere</numerusform>
+            <numerusform>und %n weitere</numerusform>
         </translation>
     </message>
 </context>
@@ -1586,7 +1587,7 @@ Motordrehzahl: %3</translation>
     </message>
     <message>
         <source>Recording: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Aufzeichnung: %1</translation>
     </message>
 </context>
 <context>
@@ -1843,11 +1844,11 @@ Bitte prüfen Sie, ob der Ordner beschreibbar und nicht voll ist. Das vorherige 
     </message>
     <message>
         <source>Recording</source>
-        <translation type="unfinished">Aufzeichnung</translation>
+        <translation>Aufzeichnung</translation>
     </message>
     <message>
         <source>Show what is doubtful in the recording</source>
-        <translation type="unfinished"></translation>
+        <translation>Zeigt, was an der Aufzeichnung zweifelhaft ist</translation>
     </message>
 </context>
 <context>
@@ -2448,11 +2449,11 @@ ist kein KOLT-Projekt. Die gewählten Parameter bleiben, wie sie sind.</translat
     <name>KOLT::RecordingStrip</name>
     <message>
         <source>What was recorded</source>
-        <translation type="unfinished"></translation>
+        <translation>Was aufgezeichnet wurde</translation>
     </message>
     <message>
         <source>What was recorded: an empty box is a hole, hatching is time recorded twice, a triangle is a jump of the counter. A click lists all findings.</source>
-        <translation type="unfinished"></translation>
+        <translation>Was aufgezeichnet wurde: Ein leerer Kasten ist eine Lücke, Schraffur ist doppelt aufgezeichnete Zeit, ein Dreieck ist ein Sprung des Zählers. Ein Klick zeigt alle Befunde.</translation>
     </message>
 </context>
 <context>
@@ -2764,15 +2765,15 @@ ist kein KOLT-Projekt. Die gewählten Parameter bleiben, wie sie sind.</translat
     <name>KOLT::TrustSession</name>
     <message>
         <source>Loading ...</source>
-        <translation type="unfinished"></translation>
+        <translation>Wird geladen ...</translation>
     </message>
     <message>
         <source>Nothing is loaded. Choose a cycle or a flight.</source>
-        <translation type="unfinished"></translation>
+        <translation>Nichts ist geladen. Wählen Sie einen Zyklus oder einen Flug.</translation>
     </message>
     <message>
         <source>Loaded data</source>
-        <translation type="unfinished"></translation>
+        <translation>Geladene Daten</translation>
     </message>
 </context>
 <context>

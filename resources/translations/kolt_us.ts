@@ -5,7 +5,7 @@
     <name>KOLT::CardList</name>
     <message numerus="yes">
         <source>... and %n more</source>
-        <translation type="unfinished">
+        <translation>
             <numerusform>... and %n more</numerusform>
             <numerusform>... and %n more</numerusform>
         </translation>
@@ -69,16 +69,16 @@
     <name>KOLT::DialogRecording</name>
     <message numerus="yes">
         <source>%1: %n finding(s). A click goes to the moment.</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%1: %n finding. A click goes to the moment.</numerusform>
+            <numerusform>%1: %n findings. A click goes to the moment.</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>and %n more</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>and %n more</numerusform>
+            <numerusform>and %n more</numerusform>
         </translation>
     </message>
 </context>
