@@ -76,8 +76,8 @@ QString notesText(const std::vector<TrustFinding>& findings, std::size_t flight)
     }
     if (figures.isEmpty())
         return {};
-    const QString heading =
-        DialogDataStatistic::tr("Figures that may be wrong: %1").arg(figures.join(QStringLiteral(", ")));
+    const QString heading = DialogDataStatistic::tr("Figures that may be wrong: %1")
+                                .arg(figures.join(QStringLiteral(", ")));
     return heading + QLatin1Char('\n') + notes.lines().join(QLatin1Char('\n'));
 }
 
