@@ -238,13 +238,8 @@ void DialogMain::slotOpenFlight(const QString& folder, int cycle, int flight)
         return;
     }
     activateWindow();
-    m_card->load({{}, cycle, flight});
-    m_jobs.run([this] {
-        const CardChoice loaded = m_card->loaded();
-        if (loaded.cycle)
-            m_cardDialog->listFlights(static_cast<unsigned int>(*loaded.cycle));
-        selectLoaded();
-    });
+    if (m_overview != nullptr)
+        m_overview->open(cycle, flight);
 }
 
 void DialogMain::dragEnterEvent(QDragEnterEvent* event)

@@ -41,6 +41,9 @@ public:
 
     void refreshUnits();
 
+    /// Loads a cycle or a flight of it, unless it is loaded, and shows the pages.
+    void open(int cycle, int flight);
+
 signals:
     void signalChooseFolder();
     /// It is known how far a cycle can be believed.
@@ -52,7 +55,6 @@ private:
     void showWelcome();
     void showFront();
     void openSample();
-    void open(int cycle, int flight);
     void offerVolumes();
 
     CardSession& m_card;

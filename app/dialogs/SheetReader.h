@@ -21,8 +21,8 @@ struct SheetSource
     std::map<int, Cycle> cycles;
     QString loadedName; ///< empty when nothing of the folder is loaded
     std::list<QString> loadedFiles;
-    std::optional<int> loadedCycle; ///< none when only files are loaded
-    int clockOffset = 0;            ///< minutes, as in the dates of the cycles
+    std::optional<int> loadedCycle{}; ///< none when only files are loaded
+    int clockOffset = 0;              ///< minutes; as in the cycles
 
     /// The days on which cycles began: that of the loaded data first, then the newest first. An
     /// invalid date stands for cycles without one.
