@@ -197,11 +197,11 @@ Bitte prüfen Sie, ob die SD-Karte noch eingelegt ist und die Dateien lesbar sin
     </message>
     <message>
         <source>Cycle %1, %2</source>
-        <translation type="unfinished"></translation>
+        <translation>Zyklus %1, %2</translation>
     </message>
     <message>
         <source>%1 (%2 to %3)</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 (%2 bis %3)</translation>
     </message>
     <message>
         <source>Cycle</source>
@@ -209,15 +209,15 @@ Bitte prüfen Sie, ob die SD-Karte noch eingelegt ist und die Dateien lesbar sin
     </message>
     <message>
         <source>Flight</source>
-        <translation type="unfinished"></translation>
+        <translation>Flug</translation>
     </message>
     <message>
         <source>Gain [m]</source>
-        <translation type="unfinished"></translation>
+        <translation>Gewinn [m]</translation>
     </message>
     <message>
         <source>Climb [m/s]</source>
-        <translation type="unfinished"></translation>
+        <translation>Steigen [m/s]</translation>
     </message>
     <message>
         <source>Limits</source>
@@ -225,7 +225,7 @@ Bitte prüfen Sie, ob die SD-Karte noch eingelegt ist und die Dateien lesbar sin
     </message>
     <message>
         <source>Warnings</source>
-        <translation type="unfinished"></translation>
+        <translation>Warnungen</translation>
     </message>
     <message>
         <source>Lamps</source>
@@ -233,23 +233,23 @@ Bitte prüfen Sie, ob die SD-Karte noch eingelegt ist und die Dateien lesbar sin
     </message>
     <message>
         <source>Engine serial number: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Seriennummer des Motors: %1</translation>
     </message>
     <message>
         <source>Unit serial number: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Seriennummer des Geräts: %1</translation>
     </message>
     <message>
         <source>Flight time: from take-off to landing. Limits and warnings exceeded: a parameter counts once within 10 s, together with its lamp; lamps: those that came on without their parameter.</source>
-        <translation type="unfinished"></translation>
+        <translation>Flugzeit: vom Start bis zur Landung. Grenzwerte und Warnungen, die überschritten wurden: Ein Parameter zählt innerhalb von 10 s einmal, zusammen mit seiner Lampe; Lampen: die ohne ihren Parameter angingen.</translation>
     </message>
     <message>
         <source>Engine serial number</source>
-        <translation type="unfinished"></translation>
+        <translation>Seriennummer des Motors</translation>
     </message>
     <message>
         <source>Unit serial number</source>
-        <translation type="unfinished"></translation>
+        <translation>Seriennummer des Geräts</translation>
     </message>
     <message>
         <source>Profile</source>
@@ -257,11 +257,11 @@ Bitte prüfen Sie, ob die SD-Karte noch eingelegt ist und die Dateien lesbar sin
     </message>
     <message>
         <source>Clock</source>
-        <translation type="unfinished"></translation>
+        <translation>Uhr</translation>
     </message>
     <message>
         <source>Doubtful</source>
-        <translation type="unfinished"></translation>
+        <translation>Zweifelhaft</translation>
     </message>
 </context>
 <context>
@@ -692,7 +692,7 @@ Wählen Sie weniger oder exportieren Sie die Daten als CSV-Datei.</translation>
     </message>
     <message>
         <source>Double-click or Return opens the flight in the main window</source>
-        <translation type="unfinished"></translation>
+        <translation>Doppelklick oder Eingabetaste öffnet den Flug im Hauptfenster</translation>
     </message>
     <message>
         <source>Unknown Date</source>
@@ -700,11 +700,11 @@ Wählen Sie weniger oder exportieren Sie die Daten als CSV-Datei.</translation>
     </message>
     <message>
         <source>These flights are of single files. Choose a day to open them.</source>
-        <translation type="unfinished"></translation>
+        <translation>Diese Flüge sind aus einzelnen Dateien. Wählen Sie einen Tag, um sie zu öffnen.</translation>
     </message>
     <message>
         <source>Saved %1</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 gesichert</translation>
     </message>
 </context>
 <context>
@@ -1136,7 +1136,7 @@ ist nicht mehr vorhanden und wurde aus der Liste entfernt. Liegt er auf einer SD
     </message>
     <message>
         <source>The sheet is of another folder: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Blatt ist aus einem anderen Ordner: %1</translation>
     </message>
 </context>
 <context>
