@@ -43,7 +43,7 @@ QString paragraph(const QString& text, const char* tag = "p")
 QString htmlCell(const QString& html, int span, bool isHead, bool isMarked = false)
 {
     return QStringLiteral("<%1 align=\"right\" colspan=\"%2\" "
-                          "style=\"padding:3px 4px;font-size:8.5pt;white-space:%3\">%4</%1>")
+                          "style=\"padding:3px 2px;font-size:8.5pt;white-space:%3\">%4</%1>")
         .arg(isHead ? QStringLiteral("th") : QStringLiteral("td"))
         .arg(span)
         .arg(isMarked ? QStringLiteral("normal") : QStringLiteral("nowrap"), html);

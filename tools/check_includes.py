@@ -93,7 +93,7 @@ WRITING = re.compile(
     r"|QFile\w*\s+(\w+)\([^)]*\).*WriteOnly|\b(file|m_file)(\.|->)open\([^)]*(WriteOnly|ReadWrite|Append)")
 WRITERS = {
     "base/SafeFile.cpp", "ui/SaveDialog.cpp",
-    "app/dialogs/DialogDaySheet.cpp",  # its PDF is written to memory
+    "app/dialogs/SheetPrinter.cpp",  # its PDF is written to memory
     "libs/tessamap/tiles/TileDiskCache.cpp",  # only in its own folder
 }
 
