@@ -282,9 +282,7 @@ void TestFlightLog::sheetAsText()
     const QString html = sheet.toHtml(head);
     for (const char* text :
          {"A &amp; B", "lacks &lt;h1&gt;", "4711.5 (915); Unit serial number: 42", "Profile: P",
-          ">UTC Flight time",
-          "colspan=\"3\" style=\"padding:3px "
-          "4px;font-size:8.5pt;white-space:nowrap\">Outside flights"})
+          ">UTC Flight time", "colspan=\"3\"", ">Outside flights</td>"})
         QVERIFY2(html.contains(text), text);
     QCOMPARE(html.count("<tr"), 5); // with the sum
 }
