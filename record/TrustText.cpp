@@ -179,8 +179,9 @@ QString notANumber(const QString& parameter, int count)
 QString noLanding()
 {
     return Trust::tr(
-        "A take-off has no landing before the recording ends: the flight is in no list, and "
-        "its time and fuel are in no sum. Look whether the recording goes on elsewhere.");
+        "A take-off has no landing before the recording ends: the flight is in no list, "
+        "its time is in no sum, and its fuel counts as outside flights. Look whether the "
+        "recording goes on elsewhere.");
 }
 
 QString noTakeOff()

@@ -2698,8 +2698,8 @@ ist kein KOLT-Projekt. Die gewählten Parameter bleiben, wie sie sind.</translat
         </translation>
     </message>
     <message>
-        <source>A take-off has no landing before the recording ends: the flight is in no list, and its time and fuel are in no sum. Look whether the recording goes on elsewhere.</source>
-        <translation>Auf einen Start folgt bis zum Ende der Aufzeichnung keine Landung: Der Flug steht in keiner Liste, seine Zeit und sein Kraftstoff in keiner Summe. Sehen Sie nach, ob die Aufzeichnung anderswo weitergeht.</translation>
+        <source>A take-off has no landing before the recording ends: the flight is in no list, its time is in no sum, and its fuel counts as outside flights. Look whether the recording goes on elsewhere.</source>
+        <translation>Auf einen Start folgt bis zum Ende der Aufzeichnung keine Landung: Der Flug steht in keiner Liste, seine Zeit in keiner Summe, und sein Kraftstoff zählt als außerhalb der Flüge. Sehen Sie nach, ob die Aufzeichnung anderswo weitergeht.</translation>
     </message>
     <message>
         <source>The recording begins in the air: the first flight lacks its take-off, and its figures are wrong. Look whether the recording begins elsewhere.</source>
