@@ -105,7 +105,6 @@ bool isClose(float from, float to)
 /// of them is lost, and the gaps need not be looked for, which takes much longer.
 bool isSteady(const Profile& profile, const MessageMap& messages, Role role)
 {
-    constexpr float noFix = 1e-5F;
     const ProfileParameter* const parameter = profile.parameterByRole(role);
     if (parameter == nullptr || parameter->rule != DecodingRule::Float)
         return false;
@@ -113,7 +112,7 @@ bool isSteady(const Profile& profile, const MessageMap& messages, Role role)
     double last = 0.0;
     for (const StoredSample& sample : seriesOf(messages, *parameter)) {
         const float value = Detail::scaledFloat(sample.data, *parameter);
-        const bool isKnown = std::abs(value) > noFix; // not where it is no number
+        const bool isKnown = isFix(value);
         if (before == 0.0F && !isKnown)
             continue;
         const double seconds = sample.seconds();
