@@ -1,5 +1,6 @@
 #pragma once
 
+#include "graph/SampleMemory.h"
 #include "record/IndexIterator.h"
 #include "record/MessageSeries.h"
 
@@ -9,8 +10,6 @@
 #include <vector>
 
 namespace KOLT {
-
-using SampleValues = std::vector<double>;
 
 /// Whether a line may join a sample to the one before it.
 enum class SampleMark : int {
