@@ -13,10 +13,9 @@
 
 namespace KOLT {
 
-DataWindow createDataWindow(const Profile& profile, DialogData::Display display, QWidget* parent,
-                            DialogData::Clock clock)
+DataWindow createDataWindow(const Profile& profile, const SettingsStore& settings,
+                            DialogData::Display display, QWidget* parent, DialogData::Clock clock)
 {
-    const SettingsStore& settings = SettingsStore::instance();
     const QString viewFile =
         QFile::decodeName(DataPaths::instance().resourcePath() + "views/instruments.v");
     DataWindow parts;

@@ -7,6 +7,7 @@ namespace KOLT {
 class DialogDataGraph;
 class DialogDataMap;
 class DialogDataView;
+class SettingsStore;
 
 /// The data window and those of its pages that come from other rooms: graph, map and instruments.
 struct DataWindow
@@ -19,7 +20,8 @@ struct DataWindow
 
 /// Creates the pages with the stored settings and connects them to the window. The profile must
 /// outlive the window.
-DataWindow createDataWindow(const Profile& profile, DialogData::Display display,
-                            QWidget* parent = nullptr, DialogData::Clock clock = {});
+DataWindow createDataWindow(const Profile& profile, const SettingsStore& settings,
+                            DialogData::Display display, QWidget* parent = nullptr,
+                            DialogData::Clock clock = {});
 
 } // namespace KOLT

@@ -95,8 +95,8 @@ void DialogMain::exportData(Command command)
     const TrustList trust = m_trust != nullptr ? m_trust->trust() : nullptr;
     const QString note =
         sourceNote(profile(), trust != nullptr ? trust->findings : std::vector<TrustFinding>());
-    const QString path =
-        runExport(command, profile(), *m_card->dataSet(), m_card->subject(), note, this);
+    const QString path = runExport(command, m_settings, profile(), *m_card->dataSet(),
+                                   m_card->subject(), note, this);
     m_data->setListSettings(loadListSettings(m_settings));
     if (!path.isEmpty())
         m_status->showMessage(tr("Exported to %1").arg(QDir::toNativeSeparators(path)));
@@ -129,7 +129,7 @@ void DialogMain::offerRecentFolders()
 
 void DialogMain::openLastFolder()
 {
-    const QString folder = ProgramSettings().lastFolder();
+    const QString folder = ProgramSettings(m_settings).lastFolder();
     // The user may have opened a folder or selected parameters before the timer fired.
     const bool isListed = !card().folder().isEmpty() || m_card->list(folder);
     if (isListed && isFirstStart() && m_overview != nullptr) {
@@ -162,15 +162,15 @@ void DialogMain::showListed()
 
 void DialogMain::askForFolder()
 {
-    const QString folder =
-        QFileDialog::getExistingDirectory(this, tr("Open SD Card"), ProgramSettings().lastFolder());
+    const QString folder = QFileDialog::getExistingDirectory(
+        this, tr("Open SD Card"), ProgramSettings(m_settings).lastFolder());
     if (!folder.isEmpty())
         m_card->open(folder);
 }
 
 void DialogMain::noteOpened(const QString& folder)
 {
-    ProgramSettings().setLastFolder(folder);
+    ProgramSettings(m_settings).setLastFolder(folder);
     m_recentFolders.add(folder);
     saveSettings(this);
     offerRecentFolders();

@@ -55,10 +55,10 @@ ExportDialog createDialog(Command command, const Profile& profile,
 
 } // namespace
 
-QString runExport(Command command, const Profile& profile, const DataSet& dataSet,
-                  const ExportSubject& subject, const QString& note, QWidget* parent)
+QString runExport(Command command, SettingsStore& settings, const Profile& profile,
+                  const DataSet& dataSet, const ExportSubject& subject, const QString& note,
+                  QWidget* parent)
 {
-    SettingsStore& settings = SettingsStore::instance();
     const char* const format = formatOf(command);
     const QString name =
         command == Command::ExportCsv

@@ -7,6 +7,7 @@ class QWidget;
 namespace KOLT {
 
 class Profile;
+class SettingsStore;
 struct DataSet;
 struct ExportSubject;
 
@@ -14,7 +15,8 @@ struct ExportSubject;
 /// or the user cancels. Stores what the user chose. Returns the path of the exported file, empty
 /// when there is none. `note` says what is doubtful in the recording. Neither profile nor data set
 /// may change meanwhile.
-QString runExport(Command command, const Profile& profile, const DataSet& dataSet,
-                  const ExportSubject& subject, const QString& note, QWidget* parent);
+QString runExport(Command command, SettingsStore& settings, const Profile& profile,
+                  const DataSet& dataSet, const ExportSubject& subject, const QString& note,
+                  QWidget* parent);
 
 } // namespace KOLT

@@ -21,12 +21,13 @@ void showInFront(QWidget& window)
 
 } // namespace
 
-MenuDialogs::MenuDialogs(const Profile& profile, JobQueue& jobs, QWidget& window)
+MenuDialogs::MenuDialogs(const Profile& profile, SettingsStore& settings, JobQueue& jobs,
+                         QWidget& window)
     : m_about(new DialogAbout(&window))
     , m_profileInfo(new DialogProfileInfo(profile, &window))
-    , m_help(new DialogHelp(ProgramSettings().language(), &window))
-    , m_preferences(new DialogPreferences(&window))
-    , m_daySheet(new DialogDaySheet(profile, jobs, &window))
+    , m_help(new DialogHelp(ProgramSettings(settings).language(), &window))
+    , m_preferences(new DialogPreferences(settings, &window))
+    , m_daySheet(new DialogDaySheet(profile, settings, jobs, &window))
 {
 }
 

@@ -13,13 +13,14 @@ class DialogPreferences;
 class DialogProfileInfo;
 class JobQueue;
 class Profile;
+class SettingsStore;
 
 /// The windows that menu commands open. They are created hidden and kept.
 class MenuDialogs
 {
 public:
-    /// Profile and queue must outlive this object.
-    MenuDialogs(const Profile& profile, JobQueue& jobs, QWidget& window);
+    /// Profile, settings and queue must outlive this object.
+    MenuDialogs(const Profile& profile, SettingsStore& settings, JobQueue& jobs, QWidget& window);
     /// Deletes the windows that use the profile or the queue.
     ~MenuDialogs();
     MenuDialogs(const MenuDialogs&) = delete;

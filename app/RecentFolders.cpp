@@ -13,10 +13,11 @@ QByteArray key(int index)
 
 } // namespace
 
-RecentFolders::RecentFolders()
+RecentFolders::RecentFolders(SettingsStore& settings)
+    : m_settings(settings)
 {
     for (int i = 0; i < maxFolders; ++i) {
-        const QString folder = QString::fromUtf8(SettingsStore::instance().getText(key(i)));
+        const QString folder = QString::fromUtf8(m_settings.getText(key(i)));
         if (!folder.isEmpty())
             m_folders.push_back(folder);
     }
@@ -40,7 +41,7 @@ void RecentFolders::remove(const QString& folder)
 void RecentFolders::store() const
 {
     for (int i = 0; i < maxFolders; ++i)
-        SettingsStore::instance().setText(key(i), m_folders.value(i).toUtf8());
+        m_settings.setText(key(i), m_folders.value(i).toUtf8());
 }
 
 } // namespace KOLT

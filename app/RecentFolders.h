@@ -4,6 +4,8 @@
 
 namespace KOLT {
 
+class SettingsStore;
+
 /// The recently opened folders, newest first, kept in the settings as "RecentFolder1" to
 /// "RecentFolder10". Saving the settings is up to the caller.
 class RecentFolders
@@ -11,8 +13,8 @@ class RecentFolders
 public:
     static constexpr int maxFolders = 10;
 
-    /// Reads the list from the settings.
-    RecentFolders();
+    /// Reads the list from the settings, which must outlive it.
+    explicit RecentFolders(SettingsStore& settings);
 
     const QStringList& folders() const { return m_folders; }
 
@@ -23,6 +25,7 @@ public:
 private:
     void store() const;
 
+    SettingsStore& m_settings;
     QStringList m_folders;
 };
 

@@ -6,6 +6,7 @@
 
 #include "analysis/ui/DialogDataTable.h"
 #include "app/DataWindow.h"
+#include "app/settings/SettingsStore.h"
 #include "benchmarks/BenchData.h"
 #include "benchmarks/Figures.h"
 #include "benchmarks/ShownWindow.h"
@@ -86,7 +87,8 @@ bool paint(benchmark::State& state)
 std::unique_ptr<DialogData> openWindow()
 {
     std::unique_ptr<DialogData> window(
-        createDataWindow(card().profile, DialogData::Display::Full).window);
+        createDataWindow(card().profile, SettingsStore::instance(), DialogData::Display::Full)
+            .window);
     window->resize(windowSize);
     Bench::showAndWait(*window);
     return window;

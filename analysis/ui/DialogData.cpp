@@ -1,13 +1,10 @@
 #include "analysis/ui/DialogData.h"
 
-#include "analysis/ui/DialogDataLimit.h"
 #include "analysis/ui/DialogDataStatistic.h"
-#include "analysis/ui/DialogDataTable.h"
-#include "analysis/ui/DialogDataWarning.h"
+#include "analysis/ui/DialogEventList.h"
 #include "analysis/ui/MapSplitter.h"
 #include "analysis/ui/PageTabs.h"
 #include "analysis/ui/ReplayBar.h"
-#include "analysis/ui/WidgetFaultMatrix.h"
 #include "libs/tusk/misc/Timer.h"
 
 #include <QButtonGroup>
@@ -66,64 +63,6 @@ DialogData::DialogData(const Profile& profile, const HostedPages& pages, Display
     }
 }
 
-QBoxLayout* DialogData::createTopRow()
-{
-    m_tabs = new PageTabs(this);
-    m_tabs->add(QStringLiteral("tab-data"), tr("Data"));
-    m_tabs->add(QStringLiteral("tab-graph"), tr("Graph"));
-    m_tabs->add(QStringLiteral("tab-fault-matrix"), tr("Fault Matrix"));
-    m_tabs->add(QStringLiteral("tab-limit"), tr("Limit/Warning"));
-    m_tabs->add(QStringLiteral("tab-warning-lamps"), tr("Warning Lamps"));
-    m_tabs->add(QStringLiteral("tab-statistic"), tr("Tow Statistic"));
-    m_tabs->add(QStringLiteral("tab-emu-view"), tr("EMU View"));
-    connect(m_tabs, &QTabBar::tabBarClicked, this, [this] { showFront(false); });
-    connect(m_tabs, &QTabBar::currentChanged, this, [this] {
-        showFront(false);
-        if (m_stack->currentWidget() != m_loading)
-            showCurrentPage();
-    });
-
-    m_mapButtons = new QButtonGroup(this);
-    m_mapButtons->setExclusive(true);
-    auto* const row = new QHBoxLayout;
-    row->setSpacing(0);
-    createFrontButton(*row);
-    row->addWidget(m_tabs, 1);
-    row->addWidget(
-        createMapButton(MapSplitter::hideMap, QStringLiteral("map-hide"), tr("Hide Map Display")));
-    row->addWidget(createMapButton(MapSplitter::mapBeside, QStringLiteral("map-horizontal"),
-                                   tr("Tile Map Display Horizontally")));
-    row->addWidget(createMapButton(MapSplitter::mapBelow, QStringLiteral("map-vertical"),
-                                   tr("Tile Map Display Vertically")));
-    m_mapButtons->button(MapSplitter::mapBeside)->setChecked(true);
-    connect(m_mapButtons, &QButtonGroup::idClicked, this, &DialogData::slotMapType);
-    return row;
-}
-
-QToolButton* DialogData::createMapButton(int type, const QString& icon, const QString& tip)
-{
-    auto* const button = new QToolButton(this);
-    button->setCheckable(true);
-    button->setAutoRaise(true);
-    button->setIcon(QIcon(QStringLiteral(":/icons/%1.svg").arg(icon)));
-    button->setToolTip(tip);
-    m_mapButtons->addButton(button, type);
-    return button;
-}
-
-void DialogData::createFrontButton(QBoxLayout& row)
-{
-    m_frontButton = new QToolButton(this);
-    m_frontButton->setObjectName(QStringLiteral("overviewButton"));
-    m_frontButton->setCheckable(true);
-    m_frontButton->setAutoRaise(true);
-    m_frontButton->setIcon(QIcon(QStringLiteral(":/icons/overview.svg")));
-    m_frontButton->setToolTip(tr("Overview of the open folder (Esc in the lists)"));
-    m_frontButton->hide();
-    connect(m_frontButton, &QToolButton::clicked, this, &DialogData::showFront);
-    row.addWidget(m_frontButton);
-}
-
 void DialogData::addBar(QWidget* bar)
 {
     auto* const column = static_cast<QBoxLayout*>(layout());
@@ -145,51 +84,6 @@ void DialogData::showFront(bool isShown)
     // No tab looks chosen while the front is there.
     m_tabs->setProperty("isBehind", isShown);
     m_tabs->style()->polish(m_tabs);
-}
-
-void DialogData::createPages(const Profile& profile, const HostedPages& pages)
-{
-    auto* const table = new DialogDataTable(profile);
-    auto* const faults = new WidgetFaultMatrix(profile);
-    auto* const limits = new DialogDataLimit(profile);
-    auto* const lamps = new DialogDataWarning(profile);
-    m_lists = {limits, lamps};
-    m_statistic = new DialogDataStatistic;
-    // In the order of the tabs.
-    const std::pair<Page, HostedPage> tabbed[] = {
-        {Page::Table, hosted(table)},        {Page::Graph, pages.graph},
-        {Page::FaultMatrix, hosted(faults)}, {Page::Limit, hosted(limits)},
-        {Page::WarningLamps, hosted(lamps)}, {Page::Statistic, hosted(m_statistic)},
-        {Page::EmuView, pages.emuView}};
-    for (const auto& [place, page] : tabbed)
-        m_stack->addWidget(m_pages.add(place, page, m_stack));
-    m_splitter->addWidget(m_stack);
-    m_splitter->addWidget(m_pages.add(Page::Map, pages.map, m_splitter));
-    m_loading = new QLabel(m_stack);
-    m_loading->setObjectName(QStringLiteral("emptyState"));
-    m_loading->setTextFormat(Qt::PlainText); // names of files may look like markup
-    m_loading->setAlignment(Qt::AlignCenter);
-    m_stack->addWidget(m_loading);
-    connect(table, &DialogDataTable::signalTime, this, &DialogData::slotTableTime);
-    connect(faults, &WidgetFaultMatrix::signalTime, this, &DialogData::slotFaultTime);
-    connect(limits, &DialogEventList::signalTime, this, &DialogData::slotLimitTime);
-    connect(lamps, &DialogEventList::signalTime, this, &DialogData::slotWarningTime);
-}
-
-void DialogData::createReplayBar(Display display)
-{
-    m_bar = new ReplayBar(
-        m_replay,
-        display == Display::EmuOnly ? ReplayBar::Extent::SingleRow : ReplayBar::Extent::Full, this);
-    connect(m_bar, &ReplayBar::signalFinding, this, &DialogData::signalFinding);
-    connect(m_bar, &ReplayBar::signalMode, this, &DialogData::slotReplayMode);
-    connect(m_bar, &ReplayBar::signalStop, this, &DialogData::slotReplayStop);
-    connect(m_bar, &ReplayBar::signalPosition, this, &DialogData::slotSlider);
-    connect(m_bar, &ReplayBar::signalClockTime, this, &DialogData::slotValue);
-    connect(m_bar, qOverload<int>(&ReplayBar::signalSpeed), this,
-            qOverload<int>(&DialogData::slotReplaySpeed));
-    connect(m_bar, qOverload<double>(&ReplayBar::signalSpeed), this,
-            qOverload<double>(&DialogData::slotReplaySpeed));
 }
 
 void DialogData::setTrust(const std::shared_ptr<const RecordingTrust>& trust)

@@ -45,9 +45,11 @@ QLabel* plainLabel(QWidget* parent)
 
 } // namespace
 
-DialogDaySheet::DialogDaySheet(const Profile& profile, JobQueue& jobs, QWidget* parent)
+DialogDaySheet::DialogDaySheet(const Profile& profile, const SettingsStore& settings,
+                               JobQueue& jobs, QWidget* parent)
     : QDialog(parent)
     , m_profile(profile)
+    , m_settings(settings)
     , m_jobs(jobs)
 {
     setWindowTitle(tr("Day Sheet"));
@@ -281,7 +283,7 @@ QString DialogDaySheet::html() const
 
 QString DialogDaySheet::proposedName(const QString& suffix) const
 {
-    const QString directory = loadExportFolder(SettingsStore::instance(), "Csv");
+    const QString directory = loadExportFolder(m_settings, "Csv");
     const QString dates = m_sheet.isoDates();
     return QStringLiteral("%1/Flights%2.%3")
         .arg(directory, dates.isEmpty() ? dates : QLatin1Char('_') + dates, suffix);
@@ -312,7 +314,7 @@ void DialogDaySheet::saveCsv()
     const QString path = askForSavePath(this, tr("Save as CSV"), proposedName(suffix),
                                         tr("CSV Files (*.csv)"), suffix);
     if (!path.isEmpty())
-        save(path, csvFile(m_sheet.toCsv(head(), loadListSettings(SettingsStore::instance()))));
+        save(path, csvFile(m_sheet.toCsv(head(), loadListSettings(m_settings))));
 }
 
 void DialogDaySheet::save(const QString& path, const QByteArray& content)

@@ -16,19 +16,21 @@ namespace KOLT {
 
 class JobQueue;
 class Profile;
+class SettingsStore;
 
 /// The flights of a day, of the loaded data or of the whole folder as a table with daily sums, to
 /// be printed or saved.
 ///
 /// Reads the files into a data set of its own, so that the pages keep theirs. Reading is a job of
-/// the main window's queue, with progress; "Cancel" or closing the window ends it. The profile and
-/// the queue must outlive the window.
+/// the main window's queue, with progress; "Cancel" or closing the window ends it. The profile,
+/// the settings and the queue must outlive the window.
 class DialogDaySheet : public QDialog
 {
     Q_OBJECT
 
 public:
-    DialogDaySheet(const Profile& profile, JobQueue& jobs, QWidget* parent = nullptr);
+    DialogDaySheet(const Profile& profile, const SettingsStore& settings, JobQueue& jobs,
+                   QWidget* parent = nullptr);
 
     /// Shows the window with the sheet of the loaded data's day, or of the newest when nothing is
     /// loaded.
@@ -67,6 +69,7 @@ private:
     void save(const QString& path, const QByteArray& content);
 
     const Profile& m_profile;
+    const SettingsStore& m_settings;
     JobQueue& m_jobs;
     SheetSource m_source;
     std::vector<SheetChoice> m_choices; ///< by index in m_scope

@@ -41,9 +41,10 @@ QDoubleSpinBox* createShadingBox(const QString& tip)
 
 } // namespace
 
-DialogPreferences::DialogPreferences(QWidget* parent)
+DialogPreferences::DialogPreferences(SettingsStore& settings, QWidget* parent)
     : QDialog(parent)
-    , m_startLanguage(ProgramSettings().language())
+    , m_settings(settings)
+    , m_startLanguage(ProgramSettings(settings).language())
 {
     setWindowTitle(tr("Preferences"));
     auto* const general = new QGroupBox(tr("General"), this);
@@ -139,7 +140,7 @@ void DialogPreferences::showEvent(QShowEvent* event)
 
 void DialogPreferences::readSettings()
 {
-    const ProgramSettings settings;
+    const ProgramSettings settings(m_settings);
     const QString locale = settings.language();
     m_language->setCurrentIndex(std::max(m_language->findData(locale), 0));
     m_shownLanguage = m_language->currentIndex();
@@ -151,7 +152,7 @@ void DialogPreferences::readSettings()
     m_clockOffset->setValue(settings.clockOffset());
     m_shownClockOffset = m_clockOffset->value();
     m_profile->setText(InstalledProfile::path());
-    m_shownMap = loadMapSettings(SettingsStore::instance());
+    m_shownMap = loadMapSettings(m_settings);
     m_tileServer->setText(m_shownMap.tileServer);
     for (const auto& [value, box] : m_shading)
         box->setValue(m_shownMap.*value);
@@ -160,7 +161,7 @@ void DialogPreferences::readSettings()
 
 void DialogPreferences::apply()
 {
-    ProgramSettings settings;
+    ProgramSettings settings(m_settings);
     // Stores changes only: a setting may have a value that this dialog cannot show.
     if (m_language->currentIndex() != m_shownLanguage)
         settings.setLanguage(m_language->currentData().toString());
@@ -194,7 +195,7 @@ bool DialogPreferences::storeClockOffset()
     const bool isChanged = m_clockOffset->value() != m_shownClockOffset;
     m_shownClockOffset = m_clockOffset->value();
     if (isChanged)
-        ProgramSettings().setClockOffset(m_shownClockOffset);
+        ProgramSettings(m_settings).setClockOffset(m_shownClockOffset);
     return isChanged;
 }
 
@@ -210,7 +211,7 @@ MapSettings DialogPreferences::mapFields() const
 bool DialogPreferences::storeMap()
 {
     const MapSettings fields = mapFields();
-    const bool isChanged = storeMapChanges(m_shownMap, fields, SettingsStore::instance());
+    const bool isChanged = storeMapChanges(m_shownMap, fields, m_settings);
     m_shownMap = fields;
     return isChanged;
 }

@@ -16,6 +16,7 @@ class QSpinBox;
 namespace KOLT {
 
 class ClockOffsetBox;
+class SettingsStore;
 
 /// Language, font size, units, clock offset, profile file and map settings.
 ///
@@ -26,7 +27,8 @@ class DialogPreferences : public QDialog
     Q_OBJECT
 
 public:
-    explicit DialogPreferences(QWidget* parent = nullptr);
+    /// The settings must outlive the window.
+    explicit DialogPreferences(SettingsStore& settings, QWidget* parent = nullptr);
 
 signals:
     /// Another profile file was installed.
@@ -59,6 +61,7 @@ private:
     bool storeMap();
     void chooseProfile();
 
+    SettingsStore& m_settings;
     QComboBox* m_language = nullptr;
     QLabel* m_restart = nullptr;
     QSpinBox* m_fontSize = nullptr;

@@ -4,6 +4,7 @@
 #include "analysis/ui/DialogDataWarning.h"
 #include "analysis/ui/WidgetFaultMatrix.h"
 #include "app/DataWindow.h"
+#include "app/settings/SettingsStore.h"
 #include "graph/ui/DialogDataGraph.h"
 #include "map/ui/DialogDataMap.h"
 #include "record/DataSet.h"
@@ -122,9 +123,9 @@ void TestDataWindow::init()
     m_dataSet.startSeconds = 100.0;
     m_dataSet.stopSeconds = 300.0;
     m_dataSet.dateTime = QDateTime(QDate(2026, 7, 28), QTime(14, 0), Qt::UTC);
-    m_window.reset(createDataWindow(m_profile, DialogData::Display::Full, nullptr, [this] {
-                       return m_clock;
-                   }).window);
+    m_window.reset(createDataWindow(m_profile, SettingsStore::instance(), DialogData::Display::Full,
+                                    nullptr, [this] { return m_clock; })
+                       .window);
     m_window->setData(m_dataSet);
 }
 
@@ -363,7 +364,9 @@ void TestDataWindow::mapLayouts()
 
 void TestDataWindow::emuDisplayHidesControls()
 {
-    m_window.reset(createDataWindow(m_profile, DialogData::Display::EmuOnly).window);
+    m_window.reset(
+        createDataWindow(m_profile, SettingsStore::instance(), DialogData::Display::EmuOnly)
+            .window);
     QVERIFY(!child<QLCDNumber>(0)->isHidden());
     QVERIFY(child<QLCDNumber>(1)->isHidden());
     QVERIFY(slider()->isHidden());
