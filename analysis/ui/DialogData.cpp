@@ -7,9 +7,11 @@
 #include "analysis/ui/ReplayBar.h"
 #include "libs/tusk/misc/Timer.h"
 
+#include <QApplication>
 #include <QButtonGroup>
 #include <QEvent>
 #include <QLabel>
+#include <QLineEdit>
 #include <QStackedLayout>
 #include <QStackedWidget>
 #include <QStyle>
@@ -45,7 +47,7 @@ DialogData::DialogData(const Profile& profile, const HostedPages& pages, Display
     m_splitter = new MapSplitter(this);
     m_stack = new QStackedWidget(m_splitter);
     createPages(profile, pages);
-    m_splitter->setSizes({200, 300});
+    m_splitter->restore(MapSplitter::mapBeside, {});
     createReplayBar(display);
 
     auto* const layout = new QVBoxLayout(this);
@@ -160,6 +162,56 @@ void DialogData::setCurrentPage(Page page)
     m_tabs->setCurrentIndex(static_cast<int>(page));
 }
 
+DialogData::Arrangement DialogData::arrangement() const
+{
+    return {static_cast<Page>(m_tabs->currentIndex()), m_mapButtons->checkedId(),
+            m_splitter->sizes()};
+}
+
+void DialogData::arrange(const Arrangement& arrangement)
+{
+    m_tabs->setCurrentIndex(static_cast<int>(arrangement.page));
+    if (QAbstractButton* const button = m_mapButtons->button(arrangement.map); button != nullptr) {
+        button->setChecked(true);
+        m_splitter->restore(static_cast<MapSplitter::MapType>(arrangement.map), arrangement.sizes);
+    }
+}
+
+void DialogData::goToPage(Page page)
+{
+    const QWidget* const focus = QApplication::focusWidget();
+    const bool isBehind = m_area->currentIndex() != 0;
+    const bool hadFocus = (isBehind ? m_area->currentWidget() : m_stack)->isAncestorOf(focus);
+    setCurrentPage(page);
+    if (!hadFocus)
+        return;
+    // What shows the data, rather than the fields above it.
+    for (QWidget* widget : m_stack->currentWidget()->findChildren<QWidget*>()) {
+        if (widget->isVisible() && widget->focusPolicy() >= Qt::StrongFocus &&
+            qobject_cast<QLineEdit*>(widget) == nullptr) {
+            widget->setFocus(Qt::ShortcutFocusReason);
+            return;
+        }
+    }
+}
+
+bool DialogData::hasData() const
+{
+    return m_pages[Page::Table].dataSet() != nullptr;
+}
+
+void DialogData::toggleReplay()
+{
+    if (hasData())
+        slotReplayMode();
+}
+
+void DialogData::stepTime(double seconds)
+{
+    if (hasData())
+        moveTo(std::clamp(m_replay.time() + seconds, m_replay.first(), m_replay.last()));
+}
+
 void DialogData::moveTo(double seconds, std::initializer_list<Page> except)
 {
     m_replay.setTime(seconds);
@@ -197,8 +249,13 @@ void DialogData::slotReplayStop()
 
 void DialogData::slotMapType(int type)
 {
-    if (type >= MapSplitter::hideMap && type <= MapSplitter::mapBelow)
-        m_splitter->arrange(static_cast<MapSplitter::MapType>(type));
+    if (type < MapSplitter::hideMap || type > MapSplitter::mapBelow)
+        return;
+    const std::pair before(m_splitter->isMapShown(), m_splitter->orientation());
+    m_splitter->arrange(static_cast<MapSplitter::MapType>(type));
+    if (type != MapSplitter::hideMap && before != std::pair(true, m_splitter->orientation()))
+        emit signalMapPlaced();
+    emit signalArranged();
 }
 
 void DialogData::slotSlider(int position)
@@ -219,14 +276,15 @@ void DialogData::slotReplaySpeed(double speed)
 
 void DialogData::slotValue(const QTime& time)
 {
-    // In a recording of several days, the field means the first matching time within the data.
+    // The field has no days: of the matching times within the data it means the nearest.
     constexpr double day = 24 * 60 * 60;
-    double seconds = QTime(0, 0).secsTo(time);
-    const double laterDay =
-        seconds + std::ceil(std::max(m_replay.first() - seconds, 0.0) / day) * day;
-    if (laterDay <= m_replay.last())
-        seconds = laterDay;
-    moveTo(seconds);
+    const double clock = QTime(0, 0).secsTo(time);
+    double seconds = clock + std::round((m_replay.time() - clock) / day) * day;
+    if (seconds < m_replay.first() && seconds + day <= m_replay.last())
+        seconds += day;
+    else if (seconds > m_replay.last() && seconds - day >= m_replay.first())
+        seconds -= day;
+    moveTo(std::clamp(seconds, m_replay.first(), m_replay.last()));
 }
 
 void DialogData::slotCursor(float seconds, double /*value*/)

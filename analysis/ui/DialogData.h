@@ -81,12 +81,32 @@ public:
     /// Goes to a moment of the data set.
     void setTime(double seconds);
 
+    /// How the user has arranged page and map.
+    struct Arrangement
+    {
+        Page page = Page::Table;
+        int map = 1;      ///< as for slotMapType()
+        QList<int> sizes; ///< of page and map, as proportions; empty: the first ones
+    };
+
+    Arrangement arrangement() const;
+    void arrange(const Arrangement& arrangement);
+
     const DataPage& page(Page page) const { return m_pages[page]; }
 
     double time() const { return m_replay.time(); }
 
     /// Shows a page, also in place of the front.
     void setCurrentPage(Page page);
+
+    /// Like setCurrentPage(), and gives the page the focus if a page had it.
+    void goToPage(Page page);
+
+    /// Starts, pauses or resumes the replay, if there are data.
+    void toggleReplay();
+
+    /// Moves the time, within the data.
+    void stepTime(double seconds);
 
     /// Takes a bar that is shown above the pages, below the tabs. The window takes ownership.
     void addBar(QWidget* bar);
@@ -102,6 +122,10 @@ public:
 signals:
     /// The user wants to see what is found: a finding by its index, or all (-1).
     void signalFinding(int finding);
+    /// The user has changed the arrangement.
+    void signalArranged();
+    /// A hidden map is shown again, or the map has changed sides.
+    void signalMapPlaced();
 
 public slots:
     // In the order of their senders: controls, hosted pages, own pages.
@@ -128,6 +152,7 @@ private:
     QToolButton* createMapButton(int type, const QString& icon, const QString& tip);
     void createPages(const Profile& profile, const HostedPages& pages);
     void createReplayBar(Display display);
+    bool hasData() const;
     void dropData();
     void createFrontButton(QBoxLayout& row);
     void showCurrentPage();

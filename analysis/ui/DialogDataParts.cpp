@@ -33,6 +33,7 @@ QBoxLayout* DialogData::createTopRow()
         showFront(false);
         if (m_stack->currentWidget() != m_loading)
             showCurrentPage();
+        emit signalArranged();
     });
 
     m_mapButtons = new QButtonGroup(this);
@@ -94,6 +95,7 @@ void DialogData::createPages(const Profile& profile, const HostedPages& pages)
         m_stack->addWidget(m_pages.add(place, page, m_stack));
     m_splitter->addWidget(m_stack);
     m_splitter->addWidget(m_pages.add(Page::Map, pages.map, m_splitter));
+    connect(m_splitter, &QSplitter::splitterMoved, this, &DialogData::signalArranged);
     m_loading = new QLabel(m_stack);
     m_loading->setObjectName(QStringLiteral("emptyState"));
     m_loading->setTextFormat(Qt::PlainText); // names of files may look like markup

@@ -12,6 +12,17 @@ public:
 
     using QSplitter::QSplitter;
 
+    bool isMapShown() const { return sizes().last() > 0; }
+
+    /// Empty sizes stand for the first ones.
+    void restore(MapType type, const QList<int>& sizes)
+    {
+        setOrientation(type == mapBelow ? Qt::Vertical : Qt::Horizontal);
+        setSizes(type == hideMap   ? QList<int>{100, 0}
+                 : sizes.isEmpty() ? QList<int>{200, 300}
+                                   : sizes);
+    }
+
     /// A shown map keeps its size, or gets half of the room if either part has none.
     void arrange(MapType type)
     {
@@ -19,12 +30,11 @@ public:
             setSizes({100, 0});
             return;
         }
-        setOrientation(type == mapBeside ? Qt::Horizontal : Qt::Vertical);
+        // Read before the axis changes: along the other one a hidden map has a size.
         const QList<int> before = sizes();
-        if (before.contains(0)) {
-            const int half = (before[0] + before[1]) / 2;
-            setSizes({half, half});
-        }
+        setOrientation(type == mapBeside ? Qt::Horizontal : Qt::Vertical);
+        const int half = (before[0] + before[1]) / 2;
+        setSizes(before.contains(0) ? QList<int>{half, half} : before);
     }
 };
 

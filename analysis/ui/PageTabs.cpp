@@ -14,26 +14,14 @@ PageTabs::PageTabs(QWidget* parent)
     setIconSize(tabIconSize);
     setExpanding(false);
     setDrawBase(false);
-    setUsesScrollButtons(false);
-    setElideMode(Qt::ElideRight);
+    setUsesScrollButtons(true);
+    setElideMode(Qt::ElideNone);
 }
 
 void PageTabs::add(const QString& icon, const QString& text)
 {
-    m_icons.push_back(QIcon(QStringLiteral(":/icons/%1.svg").arg(icon)));
-    const int tab = addTab(m_icons.back(), text);
-    setTabToolTip(tab, text); // for a text that is cut
-}
-
-void PageTabs::resizeEvent(QResizeEvent* event)
-{
-    for (int i = 0; i < count(); ++i)
-        setTabIcon(i, m_icons[i]);
-    if (sizeHint().width() > width()) {
-        for (int i = 0; i < count(); ++i)
-            setTabIcon(i, {});
-    }
-    QTabBar::resizeEvent(event);
+    const int tab = addTab(QIcon(QStringLiteral(":/icons/%1.svg").arg(icon)), text);
+    setTabToolTip(tab, text); // for a tab that is scrolled half out of sight
 }
 
 } // namespace KOLT

@@ -4,9 +4,11 @@
 #include "analysis/Replay.h"
 #include "analysis/ui/PositionSlider.h"
 #include "analysis/ui/RecordingStrip.h"
+#include "analysis/ui/TimeField.h"
 #include "record/ClockTime.h"
 
 #include <QDoubleSpinBox>
+#include <QEvent>
 #include <QGridLayout>
 #include <QLCDNumber>
 #include <QLineEdit>
@@ -41,6 +43,7 @@ QLCDNumber* createDisplay(QLatin1String text, const QString& tip, QWidget* paren
     display->setMinimumSize(displaySize);
     display->display(QString(text));
     display->setToolTip(tip);
+    display->setAccessibleName(tip);
     return display;
 }
 
@@ -92,6 +95,7 @@ QGridLayout* ReplayBar::createControls()
     createPosition();
     createTimeEdit();
     createSpeedControls();
+    fitWidths();
     auto* const timeRow = new QHBoxLayout;
     timeRow->addWidget(m_timeEdit);
     timeRow->addStretch();
@@ -128,13 +132,6 @@ void ReplayBar::createPosition()
 void ReplayBar::createButtons()
 {
     m_startButton = createButton(tr("Start or pause the replay"), this);
-    // A constant width for all its texts keeps the slider beside it in place.
-    int width = 0;
-    for (const QString& text : {tr("Replay Start"), tr("Replay Pause"), tr("Replay Run")}) {
-        m_startButton->setText(text);
-        width = std::max(width, m_startButton->sizeHint().width());
-    }
-    m_startButton->setMinimumWidth(width);
     connect(m_startButton, &QToolButton::clicked, this, &ReplayBar::signalMode);
     m_stopButton = createButton(tr("Stop the replay and go back to the start"), this);
     m_stopButton->setText(tr("Replay Stop"));
@@ -144,9 +141,7 @@ void ReplayBar::createButtons()
 
 void ReplayBar::createTimeEdit()
 {
-    m_timeEdit = new QTimeEdit(this);
-    m_timeEdit->setDisplayFormat(QStringLiteral("hh:mm:ss"));
-    m_timeEdit->setFixedWidth(controlWidth);
+    m_timeEdit = new TimeField(this);
     m_timeEdit->setToolTip(tr("Go to a time since the recording unit was switched on"));
     connect(m_timeEdit, &QTimeEdit::timeChanged, this, [this](const QTime& time) {
         if (!m_isWriting)
@@ -176,9 +171,32 @@ void ReplayBar::createSpeedControls()
             emit signalSpeed(speed);
     });
     for (QWidget* control : std::initializer_list<QWidget*>{m_speedSlider, m_speedBox}) {
-        control->setFixedWidth(controlWidth);
         control->setToolTip(tr("Speed of the replay"));
     }
+}
+
+void ReplayBar::fitWidths()
+{
+    // A constant width for all its texts keeps the slider beside it in place.
+    const QString shown = m_startButton->text();
+    int width = 0;
+    for (const QString& text : {tr("Replay Start"), tr("Replay Pause"), tr("Replay Run")}) {
+        m_startButton->setText(text);
+        width = std::max(width, m_startButton->sizeHint().width());
+    }
+    m_startButton->setText(shown);
+    m_startButton->setMinimumWidth(width);
+    m_timeEdit->setFixedWidth(std::max(controlWidth, m_timeEdit->sizeHint().width()));
+    const int speedWidth = std::max(controlWidth, m_speedBox->sizeHint().width());
+    m_speedSlider->setFixedWidth(speedWidth);
+    m_speedBox->setFixedWidth(speedWidth);
+}
+
+void ReplayBar::changeEvent(QEvent* event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::FontChange && m_speedBox != nullptr) // else still being made
+        fitWidths();
 }
 
 void ReplayBar::reduceToRow()

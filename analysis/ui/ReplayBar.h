@@ -59,6 +59,9 @@ signals:
     /// The strip was clicked: at a finding, by its index, or elsewhere (-1).
     void signalFinding(int finding);
 
+protected:
+    void changeEvent(QEvent* event) override;
+
 private:
     QBoxLayout* createDisplays();
     QGridLayout* createControls();
@@ -66,6 +69,7 @@ private:
     void createButtons();
     void createTimeEdit();
     void createSpeedControls();
+    void fitWidths();
     void reduceToRow();
 
     const Replay& m_replay;

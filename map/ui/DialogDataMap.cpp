@@ -94,6 +94,11 @@ void DialogDataMap::setSettings(const MapSettings& settings)
     m_map->setSettings(settings);
 }
 
+void DialogDataMap::fitTrack()
+{
+    m_map->fitTrack();
+}
+
 void DialogDataMap::slotCommandToggled(int id, bool isChecked)
 {
     if (id == CenterAircraft) {

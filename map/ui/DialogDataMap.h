@@ -34,6 +34,8 @@ public:
     const MapViewState& viewState() const { return m_state; }
 
     void setSettings(const MapSettings& settings);
+    /// Shows the whole track, as after a load.
+    void fitTrack();
 
 signals:
     /// The user clicked on the track or a mark: the time of that place.
