@@ -30,6 +30,9 @@ DataWindow createDataWindow(const Profile& profile, const SettingsStore& setting
     QObject::connect(parts.graph, &DialogDataGraph::signalCursor, parts.window,
                      &DialogData::slotCursor);
     QObject::connect(parts.map, &DialogDataMap::signalTime, parts.window, &DialogData::slotMapTime);
+    // Queued, as the map gets its new size first.
+    QObject::connect(parts.window, &DialogData::signalMapPlaced, parts.map,
+                     &DialogDataMap::fitTrack, Qt::QueuedConnection);
     return parts;
 }
 

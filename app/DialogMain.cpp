@@ -3,6 +3,8 @@
 #include "analysis/ui/DialogData.h"
 #include "app/CardSession.h"
 #include "app/DialogProfile.h"
+#include "app/FocusRing.h"
+#include "app/KeyCommands.h"
 #include "app/MainActions.h"
 #include "app/MenuDialogs.h"
 #include "app/OverviewSession.h"
@@ -13,6 +15,7 @@
 #include "app/SettingsSaver.h"
 #include "app/StatusBar.h"
 #include "app/TrustSession.h"
+#include "app/WindowMemory.h"
 #include "app/dialogs/DialogProfileInfo.h"
 #include "app/settings/CommandLineOptions.h"
 #include "app/settings/ProgramSettings.h"
@@ -24,7 +27,6 @@
 #include <QCloseEvent>
 #include <QFileInfo>
 #include <QKeyEvent>
-#include <QSplitter>
 #include <QStatusTipEvent>
 
 #include <cstdio>
@@ -33,8 +35,6 @@
 namespace KOLT {
 
 namespace {
-
-constexpr QSize windowSize(1000, 800);
 
 /// Exits without destructors or further events.
 void endProcessAtOnce(int exitCode)
@@ -66,10 +66,14 @@ DialogMain::DialogMain()
     setWindowIcon(QIcon(QStringLiteral(":/icons/app.svg")));
     setAcceptDrops(true);
     startTimers();
-    resize(windowSize);
-    m_splitter->setSizes({windowSize.width() / 3, windowSize.width() * 2 / 3});
+    m_ring = std::make_unique<FocusRing>(*this);
+    m_keys = std::make_unique<KeyCommands>(*this, *m_data);
     if (m_isEmuDisplay)
         stripToDisplay();
+    else
+        m_memory = std::make_unique<WindowMemory>(
+            WindowMemory::Parts{*this, *m_splitter, *m_column, *m_data}, m_settings,
+            m_settingsSaver);
     m_profileOffer->takeNewest();
     loadProfile();
     m_profileDialog->refresh();

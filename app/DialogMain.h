@@ -5,6 +5,7 @@
 #include "app/ProfileSession.h"
 #include "app/RecentFolders.h"
 #include "app/SettingsSaver.h"
+#include "app/WidgetNames.h"
 
 #include <QDateTime>
 #include <QMainWindow>
@@ -26,6 +27,8 @@ class CardContainer;
 class CardSession;
 class DialogCard;
 class DialogProfile;
+class FocusRing;
+class KeyCommands;
 class MainActions;
 class MenuDialogs;
 class OverviewSession;
@@ -36,6 +39,7 @@ class RecordingNotice;
 class SettingsStore;
 class StatusBar;
 class TrustSession;
+class WindowMemory;
 
 /// The main window: lists of cycles, flights and parameters on the left, the data window on the
 /// right. It creates the parts, connects them and dispatches the commands. The work is done by the
@@ -135,6 +139,7 @@ private:
     QToolBar* m_toolBar = nullptr;
     std::unique_ptr<ProfileSelectors> m_selectors;
     QSplitter* m_splitter = nullptr;
+    QSplitter* m_column = nullptr; ///< the lists, in m_splitter
     DialogCard* m_cardDialog = nullptr;
     DialogProfile* m_profileDialog = nullptr;
     DataWindow m_parts;
@@ -144,6 +149,10 @@ private:
     std::unique_ptr<MenuDialogs> m_dialogs;
     std::unique_ptr<ProfileOffer> m_profileOffer;
     std::unique_ptr<RecordingNotice> m_recordingNotice; ///< none on the bare display
+    WidgetNames m_names;
+    std::unique_ptr<FocusRing> m_ring;
+    std::unique_ptr<KeyCommands> m_keys;
+    std::unique_ptr<WindowMemory> m_memory; ///< likewise
 };
 
 } // namespace KOLT

@@ -19,6 +19,7 @@
 #include "app/settings/GraphSettingsStore.h"
 #include "app/settings/MapSettingsStore.h"
 #include "app/settings/ProgramSettings.h"
+#include "app/settings/WindowState.h"
 #include "app/startup/Startup.h"
 #include "graph/ui/DialogDataGraph.h"
 #include "instruments/ui/DialogDataView.h"
@@ -27,6 +28,7 @@
 #include "ui/NoticeBar.h"
 
 #include <QFileInfo>
+#include <QScreen>
 #include <QSplitter>
 #include <QToolBar>
 
@@ -43,20 +45,20 @@ constexpr int styleCheckMilliseconds = 1000;
 void DialogMain::createPanels()
 {
     m_splitter = new QSplitter(this);
-    auto* const column = new QSplitter(Qt::Vertical, m_splitter);
-    m_cardDialog = new DialogCard(m_card->container(), column);
-    m_profileDialog = new DialogProfile(m_profile.profile(), column);
-    column->addWidget(m_cardDialog);
-    column->addWidget(m_profileDialog);
-    column->setChildrenCollapsible(false);
-    column->setSizes({1, 1});
-    column->setStretchFactor(0, 1);
-    column->setStretchFactor(1, 1);
+    m_column = new QSplitter(Qt::Vertical, m_splitter);
+    m_cardDialog = new DialogCard(m_card->container(), m_column);
+    m_profileDialog = new DialogProfile(m_profile.profile(), m_column);
+    m_column->addWidget(m_cardDialog);
+    m_column->addWidget(m_profileDialog);
+    m_column->setChildrenCollapsible(false);
+    m_column->setSizes({1, 1});
+    m_column->setStretchFactor(0, 1);
+    m_column->setStretchFactor(1, 1);
     m_parts = createDataWindow(
         profile(), m_settings,
         m_isEmuDisplay ? DialogData::Display::EmuOnly : DialogData::Display::Full, m_splitter);
     m_data = m_parts.window;
-    m_splitter->addWidget(column);
+    m_splitter->addWidget(m_column);
     m_splitter->addWidget(m_data);
     m_splitter->setStretchFactor(0, 1);
     m_splitter->setStretchFactor(1, 2);
@@ -202,6 +204,7 @@ void DialogMain::startTimers()
 
 void DialogMain::stripToDisplay()
 {
+    resize(WindowState::firstSize.boundedTo(screen()->availableSize()));
     m_splitter->widget(0)->hide();
     m_cardDialog->hide();
     m_profileDialog->hide();

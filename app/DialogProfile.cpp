@@ -40,6 +40,7 @@ DialogProfile::DialogProfile(Profile& profile, QWidget* parent)
     m_tabs = new QTabWidget(this);
     m_tabs->addTab(createTreePage(), tr("Parameters"));
     m_list = new QListWidget(m_tabs);
+    m_list->setAccessibleName(tr("Selected Parameters"));
     m_list->setSelectionMode(QAbstractItemView::ExtendedSelection);
     m_list->setToolTip(tr("Double click or Del removes a parameter"));
     m_tabs->addTab(m_list, tr("Selected Parameters"));
@@ -81,6 +82,7 @@ QWidget* DialogProfile::createTreePage()
     connect(m_filter, &QLineEdit::textChanged, this, &DialogProfile::filter);
     m_tree = new QTreeWidget(page);
     m_tree->setHeaderHidden(true);
+    m_tree->setAccessibleName(tr("Parameters"));
     m_tree->setUniformRowHeights(true);
     m_filter->setToolTip(tr("Show only devices and parameters with this text in their name"));
     connect(m_tree, &QTreeWidget::itemChanged, this, &DialogProfile::slotItemChanged);

@@ -89,6 +89,9 @@ DialogDataStatistic::DialogDataStatistic(QWidget* parent)
     , m_notes(new QTextEdit(this))
 {
     m_text->setReadOnly(true);
+    m_text->setTabChangesFocus(true);
+    m_text->setAccessibleName(tr("Tow Statistic"));
+    m_notes->setAccessibleName(tr("Marked figures"));
     m_text->setLineWrapMode(QTextEdit::NoWrap); // keeps figure and unit on one line
     m_text->setPlaceholderText(tr("Choose a flight on the left to see its figures."));
     auto* const layout = new QVBoxLayout(this);

@@ -5,6 +5,7 @@
 #include "analysis/ui/RowPicker.h"
 #include "base/Csv.h"
 #include "ui/ContentOrNote.h"
+#include "ui/DialogFolders.h"
 #include "ui/Messages.h"
 #include "ui/SaveDialog.h"
 
@@ -161,9 +162,12 @@ void DialogEventList::report(int row)
 
 void DialogEventList::save()
 {
-    const QString path = askForSavePath(this, tr("Save list as CSV"),
-                                        m_settings.folder + QStringLiteral("/Exceedances.csv"),
-                                        tr("CSV Files (*.csv)"), QStringLiteral("csv"));
+    const auto folderKind = QStringLiteral("List");
+    const QString proposed = m_settings.folder + QStringLiteral("/Exceedances.csv");
+    const QString path =
+        askForSavePath(this, tr("Save list as CSV"), DialogFolders::proposal(folderKind, proposed),
+                       tr("CSV Files (*.csv)"), QStringLiteral("csv"));
+    DialogFolders::note(folderKind, path);
     if (path.isEmpty() || dataSet() == nullptr)
         return;
     const QString text = csvOf(m_table->events(), m_profile, *dataSet(), m_settings);

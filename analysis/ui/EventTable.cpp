@@ -103,6 +103,7 @@ EventTable::EventTable(const QString& heading, Description description, QWidget*
     : QTableWidget(0, 2, parent)
     , m_description(std::move(description))
 {
+    setAccessibleName(heading);
     setHorizontalHeaderLabels({tr("Time"), heading});
     setSelectionMode(QAbstractItemView::SingleSelection);
     setSelectionBehavior(QAbstractItemView::SelectRows);

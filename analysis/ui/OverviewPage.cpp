@@ -78,6 +78,7 @@ void OverviewPage::createTree()
 {
     m_tree = new QTreeWidget(this);
     m_tree->setObjectName(QStringLiteral("overviewTree"));
+    m_tree->setAccessibleName(tr("Overview"));
     m_tree->setColumnCount(OverviewTable::columnCount);
     m_tree->setUniformRowHeights(true);
     m_tree->setIndentation(indentation);

@@ -34,6 +34,8 @@ RecordingStrip::RecordingStrip(const PositionSlider& slider, QWidget* parent)
 {
     setObjectName(QStringLiteral("recordingStrip"));
     setAccessibleName(tr("What was recorded"));
+    setAccessibleDescription(tr("Holes, jumps and doubled times over the loaded data; the window "
+                                "Recording lists them"));
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     setCursor(Qt::PointingHandCursor);
 }

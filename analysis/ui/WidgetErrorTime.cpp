@@ -78,6 +78,7 @@ WidgetErrorTime::WidgetErrorTime(const FaultHistory& history, double first, doub
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     const ProfileParameter& parameter = *history.parameter;
     setAccessibleName(parameter.name);
+    setAccessibleDescription(tr("Fault, with its occurrences over the loaded data"));
     setToolTip(plainToolTip(tr("%1\nClass: %2\nMessage %3, byte %4, bit %5\nLeft and Right go to "
                                "the occurrence before and after")
                                 .arg(parameter.fullName, lookOf(parameter.errorType).name)

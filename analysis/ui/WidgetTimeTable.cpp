@@ -87,6 +87,7 @@ WidgetTimeTable::WidgetTimeTable(QWidget* parent)
     , m_delegate(new TimeTableDelegate(this))
     , m_frozen(new QTableView(this))
 {
+    setAccessibleName(tr("Data"));
     setHorizontalScrollMode(ScrollPerPixel);
     setTabKeyNavigation(false); // Tab leaves the table
     for (QTableView* view : {static_cast<QTableView*>(this), m_frozen}) {

@@ -7,6 +7,7 @@
 #include "base/Csv.h"
 #include "profile/ProfileLine.h"
 #include "record/ClockOffset.h"
+#include "ui/DialogFolders.h"
 #include "ui/EventPump.h"
 #include "ui/Messages.h"
 #include "ui/SaveDialog.h"
@@ -41,6 +42,11 @@ QLabel* plainLabel(QWidget* parent)
     label->setTextFormat(Qt::PlainText); // file names may look like markup
     label->setWordWrap(true);
     return label;
+}
+
+QString folderKind()
+{
+    return QStringLiteral("Sheet");
 }
 
 } // namespace
@@ -285,8 +291,10 @@ QString DialogDaySheet::proposedName(const QString& suffix) const
 {
     const QString directory = loadExportFolder(m_settings, "Csv");
     const QString dates = m_sheet.isoDates();
-    return QStringLiteral("%1/Flights%2.%3")
-        .arg(directory, dates.isEmpty() ? dates : QLatin1Char('_') + dates, suffix);
+    return DialogFolders::proposal(
+        folderKind(),
+        QStringLiteral("%1/Flights%2.%3")
+            .arg(directory, dates.isEmpty() ? dates : QLatin1Char('_') + dates, suffix));
 }
 
 void DialogDaySheet::print()
@@ -304,6 +312,7 @@ void DialogDaySheet::savePdf()
     const auto suffix = QStringLiteral("pdf");
     const QString path = askForSavePath(this, tr("Save as PDF"), proposedName(suffix),
                                         tr("PDF Files (*.pdf)"), suffix);
+    DialogFolders::note(folderKind(), path);
     if (!path.isEmpty())
         save(path, sheetPdf(html(), head().title));
 }
@@ -313,6 +322,7 @@ void DialogDaySheet::saveCsv()
     const auto suffix = QStringLiteral("csv");
     const QString path = askForSavePath(this, tr("Save as CSV"), proposedName(suffix),
                                         tr("CSV Files (*.csv)"), suffix);
+    DialogFolders::note(folderKind(), path);
     if (!path.isEmpty())
         save(path, csvFile(m_sheet.toCsv(head(), loadListSettings(m_settings))));
 }

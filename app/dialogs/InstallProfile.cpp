@@ -1,6 +1,7 @@
 #include "app/dialogs/InstallProfile.h"
 
 #include "app/settings/InstalledProfile.h"
+#include "ui/DialogFolders.h"
 #include "ui/Messages.h"
 
 #include <QCoreApplication>
@@ -19,8 +20,12 @@ struct InstallProfile
 
 QString askForProfile(QWidget* parent)
 {
-    return QFileDialog::getOpenFileName(parent, InstallProfile::tr("Install Profile"), QString(),
-                                        InstallProfile::tr("Profile Files (*.xml);;All Files (*)"));
+    const auto folderKind = QStringLiteral("Profile");
+    const QString path = QFileDialog::getOpenFileName(
+        parent, InstallProfile::tr("Install Profile"), DialogFolders::proposal(folderKind, {}),
+        InstallProfile::tr("Profile Files (*.xml);;All Files (*)"));
+    DialogFolders::note(folderKind, path);
+    return path;
 }
 
 bool installProfile(QWidget* parent, const QString& path)

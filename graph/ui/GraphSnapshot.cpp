@@ -1,6 +1,7 @@
 #include "graph/ui/GraphSnapshot.h"
 
 #include "graph/ui/DialogDataGraph.h"
+#include "ui/DialogFolders.h"
 #include "ui/Messages.h"
 #include "ui/SaveDialog.h"
 
@@ -13,9 +14,12 @@ namespace KOLT {
 void saveSnapshot(QWidget* page)
 {
     const QPixmap picture = page->grab();
+    const auto folderKind = QStringLiteral("Snapshot");
     const QString path = askForSavePath(
-        page, DialogDataGraph::tr("Save Snapshot"), QStringLiteral("./snapshot.bmp"),
+        page, DialogDataGraph::tr("Save Snapshot"),
+        DialogFolders::proposal(folderKind, QStringLiteral("./snapshot.bmp")),
         DialogDataGraph::tr("BMP File (*.bmp);;All Files (*.*)"), QStringLiteral("bmp"));
+    DialogFolders::note(folderKind, path);
     if (path.isEmpty())
         return;
     QByteArray content;

@@ -26,6 +26,7 @@ WidgetGraphBase::WidgetGraphBase(QWidget* parent)
 {
     setMouseTracking(true);
     setFocusPolicy(Qt::StrongFocus);
+    setAccessibleName(tr("Graph"));
     setMinimumSize(160, 120);
     QFont bold = font();
     bold.setFamily(QStringLiteral("monospace"));

@@ -24,6 +24,8 @@ DialogDataView::DialogDataView(const Profile& profile, QString viewFile, QWidget
     , m_viewFile(std::move(viewFile))
 {
     setFocusPolicy(Qt::StrongFocus);
+    setAccessibleName(tr("EMU View"));
+    setAccessibleDescription(tr("The instruments at the current moment"));
     setMinimumSize(160, 90);
     connect(&m_timer, &QTimer::timeout, this, &DialogDataView::slotTimeoutUpdate);
     m_timer.start(updateMilliseconds);

@@ -31,6 +31,7 @@ WidgetMap::WidgetMap(MapViewState& state, const MapSettings& settings, QWidget* 
 {
     setMouseTracking(true);
     setFocusPolicy(Qt::StrongFocus);
+    setAccessibleName(tr("Map"));
     setAttribute(Qt::WA_AcceptTouchEvents);
     grabGesture(Qt::PinchGesture);
     QSurfaceFormat smooth = format();

@@ -40,6 +40,7 @@ CycleList::CycleList(QWidget* parent)
     : CardList(parent)
 {
     tree().setObjectName(QStringLiteral("cyclesTree"));
+    tree().setAccessibleName(tr("Cycles"));
     tree().setSelectionMode(QAbstractItemView::SingleSelection);
 }
 

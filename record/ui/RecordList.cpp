@@ -50,6 +50,7 @@ RecordList::RecordList(QWidget* parent)
     : CardList(parent)
 {
     tree().setObjectName(QStringLiteral("rawDataTree"));
+    tree().setAccessibleName(tr("Raw Data"));
     tree().setSelectionMode(QAbstractItemView::ExtendedSelection);
 }
 

@@ -10,6 +10,7 @@
 #include "app/settings/DataPaths.h"
 #include "app/settings/InstalledProfile.h"
 #include "app/settings/SettingsStore.h"
+#include "app/settings/WindowState.h"
 #include "app/startup/Startup.h"
 #include "record/CardContainer.h"
 #include "resources/Resources.h"
@@ -62,6 +63,7 @@ protected:
         settings.setInteger("Unit", 0);
         for (int i = 1; i <= RecentFolders::maxFolders; ++i)
             settings.setText("RecentFolder" + QByteArray::number(i), {});
+        storeWindowState({}, settings);
         Startup::loadSettings();
         m_exitCodes.clear();
         return writeFile(InstalledProfile::path(), profile);

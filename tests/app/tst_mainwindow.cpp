@@ -252,7 +252,7 @@ void TestMainWindow::recentFolders()
     QCOMPARE(m_window->card().folder(), first);
     for (int i = 0; i < 12; ++i)
         drop({folder(QString::number(i))});
-    QCOMPARE(RecentFolders().folders().size(), RecentFolders::maxFolders);
+    QCOMPARE(RecentFolders(SettingsStore::instance()).folders().size(), RecentFolders::maxFolders);
 }
 
 void TestMainWindow::droppedFilesAreLoaded()

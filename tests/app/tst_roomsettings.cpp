@@ -4,6 +4,7 @@
 #include "app/settings/InstalledProfile.h"
 #include "app/settings/MapSettingsStore.h"
 #include "app/settings/SettingsStore.h"
+#include "app/settings/WindowState.h"
 #include "tests/support/TestFiles.h"
 
 #include <QTest>
@@ -21,6 +22,8 @@ private slots:
     void graphNumbersThatCannotBe();
     void map();
     void lists();
+    void window_data();
+    void window();
     void newestProfile_data();
     void newestProfile();
 
@@ -108,6 +111,35 @@ void TestRoomSettings::lists()
     QCOMPARE(loadListSettings(file).separator, QChar('|'));
     QCOMPARE(loadListSettings(file).folder, "/somewhere");
     QCOMPARE(loadExportFolder(file, "Kml"), ".");
+}
+
+void TestRoomSettings::window_data()
+{
+    QTest::addColumn<QByteArray>("key");
+    QTest::addColumn<QByteArray>("value");
+    for (const auto& [key, values] : {std::pair{"WindowWidth", "-1000|0|12|1e9|wide"},
+                                      {"WindowHeight", "0|99999999999"},
+                                      {"WindowPanels", "0 5|7|1 2 3|-1 5|a b|99999 1"},
+                                      {"WindowMap", "-1|3"},
+                                      {"WindowPage", "-1|7"}}) {
+        for (const QByteArray& value : QByteArray(values).split('|'))
+            QTest::addRow("%s %s", key, value.constData()) << QByteArray(key) << value;
+    }
+}
+
+void TestRoomSettings::window()
+{
+    QFETCH(QByteArray, key);
+    QFETCH(QByteArray, value);
+    const WindowState state{{640, 480}, true, {1, 2}, {3, 4}, {5, 0}, 2, 6};
+    SettingsStore store;
+    SettingsStore file;
+    storeWindowState(state, store);
+    saveAndLoad(store, file);
+    QVERIFY(loadWindowState(file) == state);
+    SettingsStore broken;
+    broken.setText(key, value);
+    QVERIFY(loadWindowState(broken) == WindowState());
 }
 
 void TestRoomSettings::newestProfile_data()

@@ -1,0 +1,105 @@
+#include "tests/app/MainWindowFixture.h"
+
+#include <QSplitter>
+#include <QTabBar>
+#include <QToolButton>
+
+using namespace KOLT;
+using namespace KOLT::Test;
+
+/// What the window looks like at its next start.
+class TestWindowState : public QObject, private MainWindowFixture
+{
+    Q_OBJECT
+
+private slots:
+
+    void initTestCase() { prepareOnce(); }
+
+    void init() { QVERIFY(prepare()); }
+
+    void cleanup()
+    {
+        m_window.reset();
+        m_output.reset();
+    }
+
+    void windowComesBack();
+    void largeWindowComesBackOnALargerScreen();
+
+private:
+    /// Opens the window and waits until it is settled, after which changes are stored.
+    bool start()
+    {
+        m_window.reset();
+        return open() && waitFor([] { return true; });
+    }
+
+    DialogData& data() const { return *m_window->findChild<DialogData*>(); }
+
+    QSplitter* splitter(const QWidget* part) const
+    {
+        return qobject_cast<QSplitter*>(part->parentWidget());
+    }
+
+    QTabBar* tabs() const { return data().findChild<QTabBar*>(); }
+
+    /// Drags the handle behind the first part.
+    static void drag(QSplitter& splitter, const QPoint& by)
+    {
+        QSplitterHandle* const handle = splitter.handle(1);
+        const QPoint place = handle->rect().center();
+        QTest::mousePress(handle, Qt::LeftButton, {}, place);
+        QTest::mouseMove(handle, place + by);
+        QTest::mouseRelease(handle, Qt::LeftButton, {}, place + by);
+    }
+};
+
+void TestWindowState::windowComesBack()
+{
+    QVERIFY(start());
+    QCOMPARE(m_window->size(), QSize(1000, 800));
+    QCOMPARE(tabs()->currentIndex(), 0);
+    QSplitter* const panels = splitter(&data());
+    QVERIFY(std::abs(panels->sizes().at(0) - 1000 / 3) < 5);
+
+    m_window->resize(1100, 700);
+    QTRY_COMPARE(m_window->size(), QSize(1100, 700));
+    drag(*panels, {50, 0});
+    const int listWidth = panels->sizes().at(0);
+    QVERIFY(listWidth > 1100 / 3 + 20);
+    QTest::mouseClick(tabs(), Qt::LeftButton, {}, tabs()->tabRect(3).center());
+    for (auto* button : data().findChildren<QToolButton*>()) {
+        if (button->toolTip() == "Tile Map Display Vertically")
+            QTest::mouseClick(button, Qt::LeftButton);
+    }
+    const int page = data().arrangement().sizes.at(0);
+    QCoreApplication::processEvents();
+    m_window->close();
+
+    QVERIFY(start());
+    QCOMPARE(m_window->size(), QSize(1100, 700));
+    QCOMPARE(tabs()->currentIndex(), 3);
+    QVERIFY(data().page(DialogData::Page::Limit).dataSet() == nullptr);
+    QVERIFY(std::abs(splitter(&data())->sizes().at(0) - listWidth) <= 1);
+    QCOMPARE(data().arrangement().map, 2);
+    QVERIFY(std::abs(data().arrangement().sizes.at(0) - page) <= 1);
+}
+
+void TestWindowState::largeWindowComesBackOnALargerScreen()
+{
+    WindowState state;
+    state.size = {5000, 4000};
+    storeWindowState(state, SettingsStore::instance());
+    QVERIFY(start());
+    const QSize screen = m_window->screen()->availableSize();
+    QVERIFY(screen.width() < 5000);
+    QCOMPARE(m_window->frameGeometry().size(), screen);
+    QTest::keyClick(tabs(), Qt::Key_Right);
+    m_window->close();
+    QCOMPARE(setting("WindowPage"), "1");
+    QCOMPARE(setting("WindowWidth"), "5000"); // not what the smaller screen left of it
+}
+
+QTEST_MAIN(TestWindowState)
+#include "tst_windowstate.moc"
