@@ -7,9 +7,6 @@ namespace KOLT {
 
 namespace {
 
-/// Where the replay pages the window, as a part of its length from either end.
-constexpr double pagingEdge = 0.1;
-
 constexpr double marginAround = 0.05; ///< margin above and below, as a part of the range
 
 /// The range with a margin on both sides; a flat trace is centred.

@@ -85,6 +85,8 @@ public:
     static constexpr double leftMargin = 74.0;
     static constexpr double rightMargin = 8.0;
     static constexpr double bottomMargin = 20.0;
+    /// Where the replay pages the window, as a part of its length from either end.
+    static constexpr double pagingEdge = 0.1;
 
     Graph() { setTraceCount(6); }
 

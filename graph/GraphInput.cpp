@@ -1,5 +1,7 @@
 #include "graph/GraphInput.h"
 
+#include "graph/WindowPlacing.h"
+
 #include <algorithm>
 
 namespace KOLT {
@@ -11,7 +13,6 @@ constexpr double handleReach = 1500.0; ///< squared distance in pixels
 constexpr double zoomIn = 0.9;
 constexpr double zoomOut = 1.1111111111111112;
 constexpr int wheelRepeats = 3;
-constexpr double fitMargin = 0.1; ///< on each side, as a part of the data's length
 
 } // namespace
 
@@ -72,13 +73,14 @@ GraphResponse GraphInput::keyPress(int key, Qt::KeyboardModifiers modifiers)
         response.reports.emplace_back(cursor());
         return response;
     }
-    const double margin = m_extent.length() * fitMargin;
     const TimeRange window = m_graph.window();
     switch (key) {
     case Qt::Key_F:
         m_graph.editSettings().isAutomatic = false;
-        m_graph.setWindow(m_extent.start - margin, m_extent.end + margin);
+        if (const auto whole = wholeWindow(m_extent))
+            m_graph.setWindow(whole->start, whole->end);
         m_graph.editSettings().timeSpan = m_graph.window().length();
+        m_graph.editSettings().isWhole = true;
         response.hasZoomed = true;
         response.reports.emplace_back(ManualModeReport());
         return response;
@@ -249,6 +251,7 @@ GraphResponse GraphInput::wheel(int angleDelta, double x, Qt::KeyboardModifiers 
     const TimeRange window = m_graph.window();
     m_graph.setWindow(h - (h - window.start) * factor, h - (h - window.end) * factor);
     m_graph.editSettings().timeSpan = m_graph.window().length();
+    m_graph.editSettings().isWhole = false;
     response.needsRepaint = true;
     response.hasZoomed = true;
     response.recalculations = wheelRepeats;

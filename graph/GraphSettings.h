@@ -14,6 +14,7 @@ enum class CursorMode : int {
 struct GraphSettings
 {
     double timeSpan = 60.0;  ///< seconds
+    bool isWhole = true;     ///< a new recording is shown as a whole; else the user chose a span
     bool isSplit = true;     ///< each trace has its own band; otherwise all share one scale
     bool isAutomatic = true; ///< a new span keeps the window's end rather than its start
     CursorMode cursorMode = CursorMode::Center;

@@ -27,7 +27,8 @@ constexpr ColorKey colorKeys[] = {{"GraphBackground", &GraphSettings::background
                                   {"GraphLabelColor", &GraphSettings::labelColor},
                                   {"GraphLabelBackground", &GraphSettings::labelBackground}};
 // The automatic mode is not stored: panning ends it, and no visible button turns it on again.
-constexpr FlagKey flagKeys[] = {{"GraphSplit", &GraphSettings::isSplit},
+constexpr FlagKey flagKeys[] = {{"GraphWholeFlight", &GraphSettings::isWhole},
+                                {"GraphSplit", &GraphSettings::isSplit},
                                 {"GraphGrid", &GraphSettings::hasGrid},
                                 {"GraphCursor", &GraphSettings::hasCursor},
                                 {"GraphLegend", &GraphSettings::hasLegend},

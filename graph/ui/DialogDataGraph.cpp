@@ -6,6 +6,7 @@
 #include "graph/ui/TraceLoader.h"
 #include "graph/ui/WidgetGraph.h"
 #include "graph/ui/WidgetGraphES.h"
+#include "graph/ui/WindowControl.h"
 #include "ui/ContentOrNote.h"
 
 #include <QApplication>
@@ -57,6 +58,7 @@ DialogDataGraph::DialogDataGraph(const Profile& profile, const GraphSettings& se
     layout->addWidget(m_graph, 1);
     m_shown = new ContentOrNote(this, page);
     m_loader = new TraceLoader(*m_graph, this);
+    m_window = std::make_unique<WindowControl>(*m_graph);
     m_graph->setTimeSpan(settings.timeSpan);
     m_graph->setSettings(settings);
     m_setup = new DialogGraphSetup(editSettings(), this);
@@ -131,6 +133,8 @@ void DialogDataGraph::dropData()
     m_graph->clearEventLines();
     m_hasEvents = false;
     m_isNewData = true;
+    m_window->endRecording();
+    m_span.reset();
 }
 
 void DialogDataGraph::showData(Changes changes)
@@ -152,10 +156,8 @@ void DialogDataGraph::showData(Changes changes)
     showWhatIsCut();
     m_loader->begin(m_profile, chosen, *dataSet());
     m_graph->setExtent(dataSet()->startSeconds, dataSet()->stopSeconds);
-    if (std::exchange(m_isNewData, false)) {
-        m_graph->editGraph().setMarkers(dataSet()->startSeconds, dataSet()->startSeconds);
-        m_mustPlaceWindow = true;
-    }
+    if (std::exchange(m_isNewData, false))
+        m_window->beginRecording({dataSet()->startSeconds, dataSet()->stopSeconds});
     feedEvents();
     m_loader->step(); // fills short recordings at once
 }
@@ -186,11 +188,27 @@ void DialogDataGraph::showWhatIsCut()
 
 void DialogDataGraph::showTime()
 {
-    // After the user placed the cursor, the page's time comes back: nothing may move then.
-    const bool isThere =
-        static_cast<float>(time()) == static_cast<float>(m_graph->graph().cursor().time);
-    if (std::exchange(m_mustPlaceWindow, false) || !isThere)
-        m_graph->setCursorTime(time());
+    m_window->showTime(time());
+    if (m_span)
+        applySpan(*std::exchange(m_span, std::nullopt));
+}
+
+void DialogDataGraph::showSpan(const TimeRange& window, const TimeRange& markers,
+                               const QString& fullName)
+{
+    if (dataSet() == nullptr)
+        return;
+    m_span = Span{window, markers, fullName};
+    setTime(time()); // now, or when the page is shown
+}
+
+void DialogDataGraph::applySpan(const Span& span)
+{
+    const std::vector<const ProfileParameter*> all = parameters();
+    const auto trace = std::ranges::find(all, span.fullName, &ProfileParameter::fullName);
+    if (trace != all.end())
+        m_graph->editGraph().selectTrace(static_cast<int>(trace - all.begin()));
+    m_window->showSpan(span.window, span.markers);
 }
 
 void DialogDataGraph::slotManMode()
@@ -226,10 +244,12 @@ void DialogDataGraph::slotCommandRelease(int id)
 {
     switch (id) {
     case GraphCommandBar::ZoomAll:
-        zoomToAll();
+        m_window->showAll();
+        reportSettings();
         break;
     case GraphCommandBar::ZoomMarker:
-        zoomToMarkers();
+        m_window->showMarkers();
+        reportSettings();
         break;
     case GraphCommandBar::ClearAll:
         clearTraces();
@@ -245,6 +265,7 @@ void DialogDataGraph::slotCommandRelease(int id)
         break;
     case GraphCommandBar::Reset:
         editSettings().isSplit = true;
+        editSettings().isWhole = true;
         applySettings();
         m_graph->setTimeSpan(GraphSettings().timeSpan);
         break;
@@ -261,42 +282,12 @@ void DialogDataGraph::slotCommandRelease(int id)
     m_heldCommand = GraphCommandBar::NoCommand;
 }
 
-void DialogDataGraph::zoomToAll()
-{
-    if (dataSet() == nullptr)
-        return;
-    const double length = dataSet()->stopSeconds - dataSet()->startSeconds;
-    if (!(length > 0.0))
-        return;
-    constexpr double margin = 0.1; // on each side, as a part of the length
-    editSettings().timeSpan = length;
-    m_graph->setWindow(dataSet()->startSeconds - length * margin,
-                       dataSet()->stopSeconds + length * margin);
-    reportSettings();
-}
-
-void DialogDataGraph::zoomToMarkers()
-{
-    const TimeRange markers = m_graph->graph().markers().ordered();
-    m_graph->setWindow(markers.start, markers.end);
-    editSettings().timeSpan = m_graph->graph().window().length();
-    reportSettings();
-}
-
 void DialogDataGraph::slotTimeout()
 {
-    constexpr double factor = 0.97;
-    constexpr double longest = 5000.0;
-    constexpr double shortest = 1.0;
-    const double span = m_graph->graph().window().length();
-    // The limits are on these sides on purpose: they bring back a span that is beyond one.
     if (m_heldCommand == GraphCommandBar::ZoomIn)
-        m_graph->setTimeSpan(std::min(span * factor, longest));
+        m_window->zoom(WindowControl::Zoom::In);
     else if (m_heldCommand == GraphCommandBar::ZoomOut)
-        m_graph->setTimeSpan(std::max(span / factor, shortest));
-    else
-        return;
-    m_graph->followCursor(); // the step kept one end of the window rather than the cursor's place
+        m_window->zoom(WindowControl::Zoom::Out);
 }
 
 void DialogDataGraph::showSetup()

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "graph/GraphSettings.h"
+#include "graph/Graph.h"
 #include "graph/ui/GraphCommandBar.h"
 #include "ui/DataPage.h"
 
@@ -8,6 +8,7 @@
 #include <QWidget>
 
 #include <memory>
+#include <optional>
 #include <vector>
 
 class QLabel;
@@ -20,6 +21,7 @@ class Profile;
 class ProfileParameter;
 class TraceLoader;
 class WidgetGraphBase;
+class WindowControl;
 
 /// The "Graph" page: the oscilloscope with its command bar. The graph's settings are those of the
 /// oscilloscope; the page reports each change of them.
@@ -39,6 +41,12 @@ public:
 
     /// Whether traces are still being filled.
     bool isFeeding() const;
+
+    /// Shows this window with these markers, and selects the trace of the parameter, if it has one.
+    /// A hidden page does so when it is shown. Set the time before: the next one may move the
+    /// window, as the cursor mode says. The user's span for the next recording stays.
+    void showSpan(const TimeRange& window, const TimeRange& markers,
+                  const QString& fullName = QString());
 
 signals:
     void signalCursor(float seconds, double value);
@@ -60,6 +68,13 @@ private slots:
     void slotMoveParameter(int trace, int row);
 
 private:
+    struct Span
+    {
+        TimeRange window;
+        TimeRange markers;
+        QString fullName; ///< of the parameter to select
+    };
+
     void connectGraph();
     void connectBar();
     void clearTraces();
@@ -69,8 +84,7 @@ private:
     GraphSettings& editSettings();
     void showSetup();
     void copyPicture();
-    void zoomToAll();
-    void zoomToMarkers();
+    void applySpan(const Span& span);
     /// Shows the events; finds them once per data set, and only when they are switched on.
     void feedEvents();
     void showWhatIsCut();
@@ -82,11 +96,12 @@ private:
     GraphCommandBar* m_bar = nullptr;
     DialogGraphSetup* m_setup = nullptr;
     TraceLoader* m_loader = nullptr;
+    std::unique_ptr<WindowControl> m_window;
     ContentOrNote* m_shown = nullptr;
-    QLabel* m_cut = nullptr;       ///< shown if there are more parameters than traces
-    bool m_hasEvents = false;      ///< the graph shows the events of the data
-    bool m_isNewData = true;       ///< the data have not been shown yet
-    bool m_mustPlaceWindow = true; ///< even if the cursor already is at the page's time
+    QLabel* m_cut = nullptr;    ///< shown if there are more parameters than traces
+    bool m_hasEvents = false;   ///< the graph shows the events of the data
+    bool m_isNewData = true;    ///< the data have not been shown yet
+    std::optional<Span> m_span; ///< to be shown
     QTimer m_holdTimer;
     int m_heldCommand = GraphCommandBar::NoCommand;
 };

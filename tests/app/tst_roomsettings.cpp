@@ -50,6 +50,7 @@ void TestRoomSettings::graph()
     settings.yMaximum = 0.1;
     settings.background = QColor(0x10, 0x20, 0x30);
     settings.isSplit = !settings.isSplit;
+    settings.isWhole = !settings.isWhole;
     settings.hasLegend = !settings.hasLegend;
     settings.isAutomatic = !settings.isAutomatic;
     SettingsStore stored;
@@ -63,6 +64,7 @@ void TestRoomSettings::graph()
     QCOMPARE(loaded.yMaximum, 0.1);
     QCOMPARE(loaded.background, QColor(0x10, 0x20, 0x30));
     QCOMPARE(loaded.isSplit, settings.isSplit);
+    QCOMPARE(loaded.isWhole, settings.isWhole);
     QCOMPARE(loaded.hasLegend, settings.hasLegend);
     // Not stored: no visible button would turn the automatic mode on again.
     QCOMPARE(loaded.isAutomatic, GraphSettings().isAutomatic);

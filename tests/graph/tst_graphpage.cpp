@@ -42,6 +42,9 @@ private slots:
     void bothWaysOfDrawingAgree();
     void buttons();
     void heldZoom();
+    void windowOfANewFlight_data();
+    void windowOfANewFlight();
+    void spanIsShownLater();
     void replayPagesAndCentres();
     void readOutsFollowTheTime();
     void mouseReachesTheSignals();
@@ -93,7 +96,7 @@ private:
 void TestGraphPage::init()
 {
     m_settings = {};
-    m_settings.timeSpan = 60.0;
+    m_settings.isWhole = false;
     m_reported.clear();
     selectAllOf(device({"name='a' id='1' dataType='FLOAT' precision='1'",
                         "name='b' id='1' startByte='4' dataType='FLOAT'"}));
@@ -281,6 +284,71 @@ void TestGraphPage::heldZoom()
         QVERIFY2(std::abs(graph().window().length() - expected) < 1e-6,
                  qPrintable(QString::number(graph().window().length())));
     }
+}
+
+void TestGraphPage::windowOfANewFlight_data()
+{
+    // isWhole, span, mode, window after the load of 5000 s to 5200 s, and its start 10 s later
+    const Rows<bool, double, CursorMode, TimeRange, double> row;
+    row("whole", true, 60.0, CursorMode::Center, {4980.0, 5220.0}, 4890.0);
+    row("whole, floating", true, 60.0, CursorMode::Floating, {4980.0, 5220.0}, 4980.0);
+    row("a span longer than it", false, 500.0, CursorMode::Center, {4980.0, 5220.0}, 4890.0);
+    row("span, centred", false, 60.0, CursorMode::Center, {4970.0, 5030.0}, 4980.0);
+    row("span, end", false, 60.0, CursorMode::End, {4946.0, 5006.0}, 4956.0);
+    row("span, floating", false, 60.0, CursorMode::Floating, {4994.0, 5054.0}, 4994.0);
+}
+
+void TestGraphPage::windowOfANewFlight()
+{
+    const auto [isWhole, span, mode, window, later] =
+        fetchRow<bool, double, CursorMode, TimeRange, double>();
+    m_settings.isWhole = isWhole;
+    m_settings.timeSpan = span;
+    m_settings.cursorMode = mode;
+    makePage();
+    m_page->setData(m_dataSet.get());
+    m_page->setTime(150.0);
+    widget()->setWindow(4990.0, 5010.0); // must not be taken over
+    DataSet other;
+    for (const double seconds : {5000.0, 5200.0})
+        add(other.messages, 1, seconds, floats(1.0F));
+    other.startSeconds = 5000.0;
+    other.stopSeconds = 5200.0;
+    m_page->setData(&other);
+    m_page->setTime(5000.0);
+    QCOMPARE(graph().window(), window);
+    QCOMPARE(graph().cursor().time, 5000.0);
+    m_page->setTime(5010.0);
+    QCOMPARE(graph().window().start, later);
+    QTest::keyClick(widget(), Qt::Key_M);
+    QTest::mouseClick(button(3), Qt::LeftButton); // a span of the user's own
+    QVERIFY(!m_reported.back().isWhole);
+    QTest::mouseClick(button(2), Qt::LeftButton);
+    QVERIFY(m_reported.back().isWhole);
+    m_page->clear();
+}
+
+void TestGraphPage::spanIsShownLater()
+{
+    const GraphSettings before = graph().settings();
+    for (const bool isHidden : {true, false}) {
+        m_page->setShown(!isHidden);
+        m_page->showSpan({120.0, 140.0}, {125.0, 130.0}, isHidden ? "D/b" : "D/a");
+        QCOMPARE(graph().window().start == 120.0, !isHidden);
+        m_page->setTime(125.0 + (isHidden ? 1.0 : 0.0)); // the window stays when it is shown
+        m_page->setShown(true);
+        QCOMPARE(graph().cursor().trace, isHidden ? 1 : 0);
+        QCOMPARE(graph().markers(), (TimeRange{125.0, 130.0}));
+        if (isHidden)
+            QCOMPARE(graph().window(), (TimeRange{120.0, 140.0}));
+        widget()->setWindow(0.0, 60.0);
+    }
+    QCOMPARE(graph().settings().timeSpan, before.timeSpan);
+    m_page->setShown(false);
+    m_page->showSpan({120.0, 140.0}, {125.0, 130.0});
+    m_page->setData(m_dataSet.get()); // it was meant for the data before
+    m_page->setShown(true);
+    QCOMPARE(graph().window().length(), 60.0);
 }
 
 void TestGraphPage::replayPagesAndCentres()
