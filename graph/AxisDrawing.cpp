@@ -1,7 +1,6 @@
 #include "graph/AxisDrawing.h"
 
 #include "base/NumberText.h"
-#include "graph/GraphTicks.h"
 
 #include <algorithm>
 #include <cmath>
@@ -12,6 +11,7 @@ namespace {
 
 constexpr double longTick = 8.0;
 constexpr double shortTick = 4.0;
+constexpr double besideTick = 3.0;    ///< of a label
 constexpr double valueSpacing = 28.0; ///< least distance of labels
 constexpr float gridWidth = 1.2F;
 constexpr int gridAlpha = 178; ///< 0.7 of 255
@@ -48,11 +48,10 @@ void drawMargins(ScenePen& pen, const Graph& graph)
         pen.quad({0.0, plot.bottom(), right, graph.height() - plot.bottom()}, color);
 }
 
-void drawTimeAxis(ScenePen& pen, const Graph& graph)
+void drawTimeAxis(ScenePen& pen, const Graph& graph, const PlotLayout& layout)
 {
-    const QRectF plot = graph.plot();
-    const std::vector<GraphTick> ticks =
-        timeTicks(graph.window().start, graph.window().end, graph.plotWidth());
+    const QRectF& plot = layout.plot();
+    const std::vector<GraphTick>& ticks = layout.timeTicks();
     if (graph.settings().hasGrid) {
         beginGrid(pen, graph);
         for (const GraphTick& tick : ticks) {
@@ -71,16 +70,23 @@ void drawTimeAxis(ScenePen& pen, const Graph& graph)
     }
     pen.end();
     const double y = std::max(Graph::bottomMargin / 2.0 - 2.0, pen.metrics().lineHeight / 2.0);
-    double taken = 0.0; // right end of the label before
-    for (const GraphTick& tick : ticks) {
-        const double x = graph.xOf(tick.value) + 3.0;
-        const QString label = timeTickText(tick.value);
-        const double right = x + pen.metrics().widthOf(label);
-        if (!tick.isMajor || x < taken || right > graph.width())
-            continue;
-        pen.text(x, y, Qt::AlignLeft, label, color);
-        taken = right;
-    }
+    const TimeLabels& labels = layout.timeLabels();
+    // A tick at a whole second may be the least bit before it.
+    const double rounding = 0.1 * std::pow(10.0, -labels.decimals);
+    for (const double time : labels.times)
+        pen.text(graph.xOf(time) + besideTick, y, Qt::AlignLeft,
+                 timeTickText(time + std::copysign(rounding, time)), color);
+}
+
+void drawFractions(ScenePen& pen, const Graph& graph, const PlotLayout& layout)
+{
+    const TimeLabels& labels = layout.timeLabels();
+    if (labels.decimals == 0)
+        return;
+    const double y = layout.plot().top() + pen.metrics().lineHeight / 2.0;
+    for (const double time : labels.times)
+        pen.plateText(graph.xOf(time) + besideTick, y, Qt::AlignLeft,
+                      fractionText(time, labels.decimals), graph.settings().labelColor);
 }
 
 void drawValueAxis(ScenePen& pen, const Graph& graph, const GraphScale& scale, int decimals)

@@ -39,7 +39,7 @@ void Graph::setTraceCount(int count)
     m_traces.resize(static_cast<std::size_t>(wanted));
     m_sources.assign(m_traces.size(), {});
     for (int i = 0; i < wanted; ++i)
-        trace(i).color = GraphTrace::defaultColor(i);
+        trace(i).setStyle(i);
     m_cursor.trace = 0;
 }
 
@@ -115,17 +115,55 @@ void Graph::setMetrics(const GraphMetrics& metrics)
     setSize(m_width, m_height);
 }
 
+int Graph::visibleCount() const
+{
+    return static_cast<int>(
+        std::ranges::count_if(m_traces, [](const GraphTrace& trace) { return trace.isVisible; }));
+}
+
+int Graph::rowsInView() const
+{
+    const int all = std::max(visibleCount(), 1);
+    const double least = m_leastBand * m_metrics.lineHeight;
+    if (!m_settings.isSplit || !(least > 0.0) || m_plotHeight >= all * least)
+        return all;
+    return std::max(static_cast<int>(m_plotHeight / least), 1);
+}
+
+int Graph::firstRow() const
+{
+    return std::clamp(m_firstRow, 0, std::max(visibleCount() - rowsInView(), 0));
+}
+
+void Graph::bringIntoView(int index)
+{
+    const std::vector<int> visible = visibleTraces();
+    const auto row = static_cast<int>(std::ranges::find(visible, index) - visible.begin());
+    if (row < static_cast<int>(visible.size()))
+        m_firstRow = std::clamp(firstRow(), row - rowsInView() + 1, row);
+}
+
+std::vector<int> Graph::tracesInView() const
+{
+    const std::vector<int> visible = visibleTraces();
+    const auto first = visible.begin() + firstRow();
+    return {first, first + std::min(rowsInView(), static_cast<int>(visible.size()))};
+}
+
 double Graph::bandHeight() const
 {
-    const auto visible =
-        std::ranges::count_if(m_traces, [](const GraphTrace& trace) { return trace.isVisible; });
-    return m_plotHeight / static_cast<double>(std::max<std::ptrdiff_t>(visible, 1));
+    return m_plotHeight / rowsInView();
+}
+
+double Graph::bottomOfBands() const
+{
+    return bottomMargin + (firstRow() + rowsInView() - std::max(visibleCount(), 1)) * bandHeight();
 }
 
 int Graph::traceAt(double y) const
 {
     const double height = bandHeight();
-    double offset = bottomMargin;
+    double offset = bottomOfBands();
     for (int i = traceCount() - 1; i >= 0; --i) {
         if (!trace(i).isVisible)
             continue;
@@ -193,6 +231,14 @@ void Graph::moveNearerMarker(double seconds)
 {
     const double middle = (m_markers.start + m_markers.end) / 2.0;
     (seconds < middle ? m_markers.start : m_markers.end) = seconds;
+    m_isMarkedOutside = false;
+}
+
+void Graph::showMarkers()
+{
+    const TimeRange markers = m_markers.ordered();
+    setWindow(markers.start, markers.end);
+    m_isMarkedOutside = m_window == markers;
 }
 
 void Graph::setTimeSpan(double seconds)
@@ -219,7 +265,7 @@ void Graph::setWindow(double start, double end)
 void Graph::layOutBands()
 {
     const double height = bandHeight();
-    double offset = bottomMargin;
+    double offset = bottomOfBands();
     for (int i = traceCount() - 1; i >= 0; --i) {
         if (!trace(i).isVisible)
             continue;

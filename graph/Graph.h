@@ -173,7 +173,22 @@ public:
 
     const GraphScale& commonScale() const { return m_commonScale; }
 
-    /// Height of a band. Each visible trace also has a row of this height for its handle, in
+    /// Bands get at least as many lines of text; those without room are scrolled. 0: all are shown.
+    void setLeastBand(double lines) { m_leastBand = lines; }
+
+    /// How many of the visible traces have room for their band, and the first one shown.
+    int rowsInView() const;
+    int firstRow() const;
+
+    /// Call rebuild() afterwards.
+    void setFirstRow(int row) { m_firstRow = row; }
+
+    /// Scrolls as far as needed to bring the trace's band into view. Call rebuild() afterwards.
+    void bringIntoView(int trace);
+    /// The visible traces whose bands are in view.
+    std::vector<int> tracesInView() const;
+
+    /// Height of a band. Each trace in view also has a row of this height for its handle, in
     /// display order from the top of the widget.
     double bandHeight() const;
     /// The trace whose band contains y, 0 if there is none. The last visible trace has the bottom
@@ -220,7 +235,17 @@ public:
     /// Left and right marker; not ordered while the user moves them.
     const TimeRange& markers() const { return m_markers; }
 
-    void setMarkers(double left, double right) { m_markers = {left, right}; }
+    void setMarkers(double left, double right)
+    {
+        m_markers = {left, right};
+        m_isMarkedOutside = false;
+    }
+
+    /// Sets the window to the markers; until they move, what is outside them is marked, as the band
+    /// between them would tint the whole plot.
+    void showMarkers();
+
+    bool isMarkedOutside() const { return m_isMarkedOutside; }
 
     void orderMarkers() { m_markers = m_markers.ordered(); }
 
@@ -237,6 +262,9 @@ public:
     }
 
 private:
+    int visibleCount() const;
+    /// Of the last visible trace's band; below the plot if the bands are scrolled.
+    double bottomOfBands() const;
     void layOutBands();
     void scale();
     int neededDecimals(int trace, const std::optional<std::pair<double, double>>& range) const;
@@ -249,6 +277,9 @@ private:
     bool m_isPanned = false;
     GraphCursor m_cursor;
     TimeRange m_markers;
+    bool m_isMarkedOutside = false;
+    double m_leastBand = 0.0; ///< in lines of text
+    int m_firstRow = 0;
     double m_width = 0.0;
     double m_height = 0.0;
     GraphMetrics m_metrics;

@@ -92,6 +92,7 @@ GraphResponse GraphInput::keyPress(int key, Qt::KeyboardModifiers modifiers)
         m_graph.setMarkers(window.start + window.length() / 4.0,
                            window.end - window.length() / 4.0);
         response.reports.emplace_back(markers());
+        response.hasMeasured = true;
         return response;
     default:
         response.isHandled = false;
@@ -103,7 +104,7 @@ std::optional<int> GraphInput::handleAt(const QPointF& place) const
 {
     std::optional<int> found;
     int row = 0;
-    for (const int index : m_graph.visibleTraces()) {
+    for (const int index : m_graph.tracesInView()) {
         const QPointF offset = QPointF(place.x(), yOf(place)) - m_graph.handleOf(row++);
         if (QPointF::dotProduct(offset, offset) < handleReach)
             found = index;
@@ -125,7 +126,7 @@ GraphResponse GraphInput::mousePress(Qt::MouseButton button, const QPointF& plac
             m_pressY = place.y();
             m_dragOffset = 0.0;
             // The handle's own row rather than the pointer's: handles of low rows overlap.
-            const std::vector<int> rows = m_graph.visibleTraces();
+            const std::vector<int> rows = m_graph.tracesInView();
             m_targetRow = static_cast<int>(std::ranges::find(rows, *m_dragged) - rows.begin());
         } else if (modifiers.testFlag(Qt::ShiftModifier)) {
             m_graph.moveNearerMarker(seconds);
@@ -216,11 +217,13 @@ GraphResponse GraphInput::mouseRelease(Qt::MouseButton button)
     switch (button) {
     case Qt::LeftButton:
         if (m_dragged)
-            response.reports.emplace_back(TraceMovedReport{*m_dragged, m_targetRow});
+            response.reports.emplace_back(
+                TraceMovedReport{*m_dragged, m_graph.firstRow() + m_targetRow});
         m_dragged.reset();
         m_dragOffset = 0.0;
         m_graph.orderMarkers();
         m_isLeftHeld = false;
+        response.hasMeasured = true;
         endPan();
         break;
     case Qt::MiddleButton:

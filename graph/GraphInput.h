@@ -55,7 +55,8 @@ struct GraphResponse
     bool isHandled = true;            ///< if false, the key belongs to the base class
     bool needsRepaint = false;
     Hold hold = Hold::Unchanged;
-    bool hasZoomed = false; ///< the user changed the span
+    bool hasZoomed = false;   ///< the user changed the span
+    bool hasMeasured = false; ///< the markers are where the user wants them
     std::optional<int> recalculations =
         std::nullopt; ///< start the recalculation timer, with this many repeats
 };
@@ -87,6 +88,7 @@ public:
 
     std::optional<int> draggedTrace() const { return m_dragged; }
 
+    /// Of the rows in view.
     int targetRow() const { return m_targetRow; }
 
     /// How far the dragged label has moved up, in pixels.

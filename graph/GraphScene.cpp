@@ -36,8 +36,6 @@ void drawBand(ScenePen& pen, const Graph& graph, const PlotLayout& layout, int i
     }
     if (graph.settings().hasThresholds)
         drawThresholds(pen, graph, index, area);
-    if (layout.hasLegendInBands())
-        drawScaleLabel(pen, graph, layout, index);
     drawTrace(pen, graph, index, area, pixelRatio);
 }
 
@@ -45,7 +43,7 @@ void reserveVertices(GraphScene& scene, const Graph& graph, const PlotLayout& la
 {
     constexpr std::size_t besideTraces = 4096;
     std::size_t columns = 0;
-    for (const int index : layout.visibleTraces())
+    for (const int index : layout.traces())
         columns += graph.trace(index).columns().size();
     scene.vertices.reserve(besideTraces + 4 * columns);
 }
@@ -64,21 +62,20 @@ GraphScene buildScene(const Graph& graph, const GraphInput& input, double pixelR
     drawMargins(pen, graph);
     if (!settings.isSplit)
         drawValueAxis(pen, graph, graph.commonScale(), 0);
-    drawTimeAxis(pen, graph);
-    // Before the traces, so that a plate hides none of them.
-    std::vector<LegendSwatch> swatches;
-    if (settings.hasLegend)
-        swatches = drawLegend(pen, graph, layout);
-    drawEventNumbers(pen, graph, layout);
-    for (const int index : layout.visibleTraces())
+    drawTimeAxis(pen, graph, layout);
+    for (const int index : layout.traces())
         drawBand(pen, graph, layout, index, pixelRatio);
-    drawMarkers(pen, graph, input);
+    drawMarkers(pen, graph);
     drawEventLines(pen, graph, layout);
     if (settings.hasCursor)
         drawCursor(pen, graph, layout);
-    for (const LegendSwatch& swatch : swatches) // above the marker band, which would tint them
-        pen.quad(swatch.area, swatch.color);
-    drawStatistic(pen, layout);
+    // The plates are translucent: a text over a trace of its colour is legible, and the trace seen.
+    drawLegend(pen, graph, layout);
+    drawFractions(pen, graph, layout);
+    drawEventNumbers(pen, graph, layout);
+    if (settings.hasCursor)
+        drawCursorText(pen, graph, layout);
+    drawDistance(pen, graph, input);
     drawHandles(pen, graph, input);
     return scene;
 }

@@ -36,10 +36,18 @@ struct GraphScene
         QColor color;
     };
 
+    /// Where the scale label of a trace is, for its tool tip.
+    struct ScaleLabel
+    {
+        QRectF area;
+        int trace = 0;
+    };
+
     QColor clearColor;
     std::vector<float> vertices; ///< x and y alternating
     std::vector<Figure> figures;
     std::vector<Text> texts;
+    std::vector<ScaleLabel> scaleLabels;
 };
 
 /// Builds the frame in O(columns), independent of the samples. `pixelRatio`: framebuffer pixels per

@@ -3,6 +3,8 @@
 #include "analysis/MomentText.h"
 #include "base/NumberText.h"
 
+#include <QCoreApplication>
+
 #include <algorithm>
 #include <cmath>
 
@@ -10,7 +12,6 @@ namespace KOLT {
 
 namespace {
 
-constexpr int meanDecimals = 2; ///< at least: the mean of integers is rarely an integer
 constexpr int shortestName = 8;
 
 QString number(double value, int decimals)
@@ -63,17 +64,16 @@ QString legendText(const Graph& graph, int index, double seconds, int longest)
     return named(trace.name, rest, longest);
 }
 
-QString statisticText(const Graph& graph, int index, double from, double to, int longest)
+QString highestText(const Graph& graph, int index, double value)
 {
-    const GraphTrace& trace = graph.trace(index);
-    const auto range = trace.statistic(from, to);
-    if (!range)
-        return named(trace.name, QStringLiteral("  ---"), longest);
-    const QString rest =
-        QStringLiteral("  %1  %2  %3")
-            .arg(valueText(graph, index, range->minimum), valueText(graph, index, range->maximum),
-                 number(range->mean, std::max(graph.shownDecimals(index), meanDecimals)));
-    return named(trace.name, rest, longest);
+    return QCoreApplication::translate("KOLT::GraphScene", "max %1")
+        .arg(valueText(graph, index, value));
+}
+
+QString lowestText(const Graph& graph, int index, double value)
+{
+    return QCoreApplication::translate("KOLT::GraphScene", "min %1")
+        .arg(valueText(graph, index, value));
 }
 
 QString scaleText(const Graph& graph, int index)
@@ -86,6 +86,16 @@ QString scaleText(const Graph& graph, int index)
     };
     return padded(trace.scale.lower) + QLatin1Char(' ') + padded(trace.scale.upper) +
            QStringLiteral(" [%1]").arg(trace.unit);
+}
+
+QString scaleTip(const Graph& graph, int index)
+{
+    const GraphTrace& trace = graph.trace(index);
+    const int decimals = graph.shownDecimals(index);
+    return QCoreApplication::translate("KOLT::GraphScene",
+                                       "%1: both ends of the band's scale, %2 and %3 %4")
+        .arg(trace.name, fixedText(trace.scale.lower, decimals),
+             fixedText(trace.scale.upper, decimals), trace.unit);
 }
 
 QString cursorText(double seconds, double value)

@@ -12,11 +12,14 @@ QString valueText(const Graph& graph, int trace, double value);
 /// `longest` is the number of characters allowed; the name is cut so that the value stays visible.
 QString legendText(const Graph& graph, int trace, double seconds, int longest = 1000);
 
-/// "name  minimum  maximum  mean" between two times; the mean has at least two decimals.
-QString statisticText(const Graph& graph, int trace, double from, double to, int longest = 1000);
+/// "max 12" and "min 3", for the corners of a band.
+QString highestText(const Graph& graph, int trace, double value);
+QString lowestText(const Graph& graph, int trace, double value);
 
 /// Both ends of the trace's scale and its unit.
 QString scaleText(const Graph& graph, int trace);
+/// Explains scaleText(), which looks like a minimum and a maximum.
+QString scaleTip(const Graph& graph, int trace);
 
 /// "hh:mm:ss.zzz/value" at the cursor.
 QString cursorText(double seconds, double value);

@@ -1,5 +1,7 @@
 #include "graph/GraphTicks.h"
 
+#include "base/NumberText.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -9,6 +11,7 @@ namespace {
 
 constexpr double wantedSpacing = 70.0; ///< pixels between major lines
 constexpr std::size_t mostTicks = 10'000;
+constexpr double labelGap = 3.0; ///< pixels between a tick and its label
 
 struct Step
 {
@@ -61,6 +64,39 @@ QString timeTickText(double seconds)
     const long long absolute = std::abs(whole);
     return QString::asprintf("%s%lld:%02lld:%02lld", whole < 0 ? "-" : "", absolute / 3600,
                              absolute / 60 % 60, absolute % 60);
+}
+
+TimeLabels timeLabelsOf(const std::vector<GraphTick>& ticks, double start, double pixelSeconds,
+                        double width, double characterWidth)
+{
+    TimeLabels labels;
+    for (const bool isMajor : {true, false}) {
+        labels.times.clear();
+        double taken = 0.0; // right end of the label before
+        for (const GraphTick& tick : ticks) {
+            const double left = (tick.value - start) / pixelSeconds + labelGap;
+            const auto characters = static_cast<double>(timeTickText(tick.value).size());
+            const double right = left + characterWidth * characters;
+            if ((isMajor && !tick.isMajor) || left < taken || right > width)
+                continue;
+            labels.times.push_back(tick.value);
+            taken = right + labelGap;
+        }
+        if (labels.times.size() >= 2)
+            break;
+    }
+    if (labels.times.size() >= 2) {
+        const double step = labels.times[1] - labels.times[0];
+        labels.decimals = std::max(static_cast<int>(std::ceil(-std::log10(step) - 1e-6)), 0);
+    }
+    return labels;
+}
+
+QString fractionText(double seconds, int decimals)
+{
+    const QString text = fixedText(std::abs(seconds), decimals);
+    const QString sign = seconds < 0.0 && std::abs(seconds) < 1.0 ? QStringLiteral("-") : QString();
+    return sign + text.mid(text.indexOf(QLatin1Char('.')));
 }
 
 std::vector<double> valueTicks(double lower, double upper, double height, double spacing)

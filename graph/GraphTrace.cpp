@@ -62,11 +62,17 @@ void mergeSample(std::vector<GraphColumn>& columns, double pixelSeconds, double 
 
 QColor GraphTrace::defaultColor(int index)
 {
-    static const std::array colors{
+    static const std::array<QColor, colorCount> colors{
         QColor::fromRgbF(1.0F, 0.0F, 0.0F), QColor::fromRgbF(0.0F, 0.7F, 0.0F),
         QColor::fromRgbF(0.0F, 0.0F, 0.7F), QColor::fromRgbF(0.5F, 0.5F, 0.0F),
         QColor::fromRgbF(0.0F, 0.5F, 0.5F), QColor::fromRgbF(0.5F, 0.0F, 0.5F)};
     return colors[static_cast<std::size_t>(index) % colors.size()];
+}
+
+void GraphTrace::setStyle(int number)
+{
+    style = number;
+    color = defaultColor(number);
 }
 
 void GraphTrace::reserve(std::size_t samples)
@@ -172,16 +178,39 @@ std::optional<double> GraphTrace::valueAt(double time) const
 std::optional<std::pair<double, double>> GraphTrace::visibleRange() const
 {
     // A sample beside the window matters only if a line joins it to one inside.
-    std::size_t first = 0;
-    std::size_t last = m_columns.size();
+    auto [first, last] = std::pair(std::size_t{0}, m_columns.size());
     const auto isBroken = [this](std::size_t i) {
         return i < m_columns.size() && m_columns[i].mark == SampleMark::AfterGap;
     };
-    if (first < last && m_columns.front().time < m_start &&
-        m_columns.front().fill == ColumnFill::OneSample && isBroken(1))
+    if (isFirstBeside() && isBroken(1))
         ++first;
-    if (first < last && m_columns.back().time > m_end && isBroken(last - 1))
+    if (isLastBeside() && isBroken(last - 1))
         --last;
+    return rangeOf(first, last);
+}
+
+std::optional<std::pair<double, double>> GraphTrace::extremes() const
+{
+    const std::size_t first = isFirstBeside() ? 1 : 0;
+    const std::size_t last = m_columns.size() - (isLastBeside() ? 1 : 0);
+    const auto inside = rangeOf(first, last);
+    return inside ? inside : visibleRange();
+}
+
+bool GraphTrace::isFirstBeside() const
+{
+    return !m_columns.empty() && m_columns.front().time < m_start &&
+           m_columns.front().fill == ColumnFill::OneSample;
+}
+
+bool GraphTrace::isLastBeside() const
+{
+    return !m_columns.empty() && m_columns.back().time > m_end;
+}
+
+std::optional<std::pair<double, double>> GraphTrace::rangeOf(std::size_t first,
+                                                             std::size_t last) const
+{
     RangePyramid::Range range;
     for (std::size_t i = first; i < last; ++i) {
         range.add(m_columns[i].lowest);

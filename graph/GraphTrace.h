@@ -78,6 +78,7 @@ public:
     QString name = QStringLiteral("NoName");
     QString unit = QStringLiteral("-");
     QColor color = Qt::white;
+    int style = 0; ///< counts through the colours, then through patterns of dashes
     bool isVisible = true;
     int decimals = 2; ///< in texts
     GraphScale scale; ///< of the trace's band
@@ -87,8 +88,11 @@ public:
     GraphTrace(GraphTrace&&) = default;
     GraphTrace& operator=(GraphTrace&&) = default;
 
+    static constexpr int colorCount = 6;
     /// The colour of a new trace; repeats after six.
     static QColor defaultColor(int index);
+    /// Sets the number of the style and its colour.
+    void setStyle(int number);
 
     /// Replaces the samples, one value per time. Traces of one message share the times.
     void setSamples(std::shared_ptr<SampleTimes> times, SampleValues values);
@@ -125,11 +129,19 @@ public:
     /// Lowest and highest value drawn within the window; none without a number.
     std::optional<std::pair<double, double>> visibleRange() const;
 
+    /// Lowest and highest value of the samples within the window; those beside it only if there are
+    /// none inside.
+    std::optional<std::pair<double, double>> extremes() const;
+
     /// Of the samples within [from, to]; none without a number among them.
     /// O(log samples + samples / 4096) after the first call.
     std::optional<RangeStatistic> statistic(double from, double to) const;
 
 private:
+    bool isFirstBeside() const;
+    bool isLastBeside() const;
+    /// Of the columns [first, last).
+    std::optional<std::pair<double, double>> rangeOf(std::size_t first, std::size_t last) const;
     void addColumn(const SampleTimes::Run& run, std::size_t to);
 
     std::shared_ptr<SampleTimes> m_times = std::make_shared<SampleTimes>();

@@ -14,55 +14,64 @@ constexpr QColor dragColor(0, 255, 255);
 constexpr QColor hoverColor(255, 128, 0);
 constexpr QColor cursorColor(128, 128, 128);
 
-/// Left end of the cursor's text beside its line at x.
-double beginOfCursorText(const ScenePen& pen, const QRectF& plot, double x, double width)
+/// Left end of the cursor's text beside x in the lowest line of texts.
+double beginOfCursorText(const ScenePen& pen, const QRectF& line, double x, double width)
 {
-    const double line = pen.metrics().lineHeight;
     const double right = x + 5.0;
     const double left = x - 5.0 - width;
     const auto fits = [&](double begin) {
-        return begin >= plot.left() + 2.0 && begin + width + 5.0 <= plot.right();
+        return begin >= line.left() + 2.0 && begin + width + 5.0 <= line.right();
     };
-    double beyond = plot.left(); // right end of the lowest band's legend
+    double beyond = line.left(); // right end of the lowest band's legend
     for (const QRectF& plate : pen.plates()) {
-        if (plate.top() < plot.top() + line && plate.left() < plot.center().x())
+        if (plate.intersects(line) && plate.left() < line.center().x())
             beyond = std::max(beyond, plate.right() + 2.0);
     }
     for (const double begin : {right, left, beyond}) {
-        if (fits(begin) && pen.isFree({begin, plot.top(), width, line}))
+        if (fits(begin) && pen.isFree({begin, line.top(), width, line.height()}))
             return begin;
     }
     // If neither side has room, the text starts at the plot's edge.
-    return fits(right) ? right : std::max(left, plot.left() + 2.0);
+    return fits(right) ? right : std::max(left, line.left() + 2.0);
 }
 
 } // namespace
 
-void drawMarkers(ScenePen& pen, const Graph& graph, const GraphInput& input)
+void drawMarkers(ScenePen& pen, const Graph& graph)
 {
     const QRectF plot = graph.plot();
     const auto xOf = [&](double seconds) {
         return std::clamp(graph.xOf(seconds), plot.left(), plot.right());
     };
     const TimeRange markers = graph.markers().ordered();
-    const QRectF area(QPointF(xOf(markers.start), plot.top()),
-                      QPointF(xOf(markers.end), plot.bottom()));
-    if (area.width() > 0.0) {
-        pen.quad(area, markerColor);
-        // Texts keep their plate.
-        for (const QRectF& plate : pen.plates()) {
-            if (plate.intersects(area))
-                pen.quad(plate.intersected(area), pen.plateColor());
-        }
+    const auto mark = [&](double left, double right) {
+        if (right > left)
+            pen.quad({left, plot.top(), right - left, plot.height()}, markerColor);
+    };
+    if (!graph.isMarkedOutside()) {
+        mark(xOf(markers.start), xOf(markers.end));
+        return;
     }
-    if (input.isMeasuring()) {
-        const GraphCursor& cursor = graph.cursor();
-        pen.text(graph.xOf(cursor.time) + 5.0,
-                 graph.scaleOf(cursor.trace).yOf(cursor.value) + 5.0 +
-                     pen.metrics().lineHeight / 2.0,
-                 Qt::AlignLeft, QStringLiteral("dt = %1 s").arg(graph.markers().length()),
-                 pen.legible(Qt::black));
-    }
+    mark(plot.left(), xOf(markers.start));
+    mark(xOf(markers.end), plot.right());
+}
+
+void drawDistance(ScenePen& pen, const Graph& graph, const GraphInput& input)
+{
+    if (!input.isMeasuring())
+        return;
+    const GraphCursor& cursor = graph.cursor();
+    const QRectF plot = graph.plot();
+    const double half = pen.metrics().lineHeight / 2.0;
+    const QString label = QStringLiteral("dt = %1 s").arg(graph.markers().length());
+    const double width = pen.metrics().widthOf(label) + 5.0;
+    double x = graph.xOf(cursor.time) + 5.0;
+    if (x + width > plot.right()) // beyond the edge: on the other side
+        x = graph.xOf(cursor.time) - 5.0 - width;
+    const double y = graph.scaleOf(cursor.trace).yOf(cursor.value) + 5.0 + half;
+    pen.topText(std::max(x, plot.left() + 2.0),
+                std::clamp(y, plot.top() + half, std::max(plot.bottom() - half, plot.top() + half)),
+                label, pen.legible(Qt::black), graph.settings().background);
 }
 
 void drawEventNumbers(ScenePen& pen, const Graph& graph, const PlotLayout& layout)
@@ -107,30 +116,43 @@ void drawCursor(ScenePen& pen, const Graph& graph, const PlotLayout& layout)
     const QColor color = pen.legible(cursorColor);
     pen.line(x, plot.top(), x, plot.bottom(), color);
     const double y = graph.scaleOf(cursor.trace).yOf(cursor.value);
-    const QRectF band = layout.bandOf(cursor.trace);
-    if (y >= band.top() && y <= band.bottom())
+    const QRectF band = layout.bandOf(cursor.trace).intersected(plot); // empty if out of view
+    if (!band.isEmpty() && y >= band.top() && y <= band.bottom())
         pen.line(plot.left(), y, plot.right(), y, withAlpha(color, 120));
+}
+
+void drawCursorText(ScenePen& pen, const Graph& graph, const PlotLayout& layout)
+{
+    const QRectF& plot = layout.plot();
+    const GraphCursor& cursor = graph.cursor();
+    const double x = graph.xOf(cursor.time);
+    if (x < plot.left() || x > plot.right())
+        return;
     const QString label = cursorText(cursor.time, cursor.value);
-    pen.text(beginOfCursorText(pen, plot, x, pen.metrics().widthOf(label)),
-             plot.top() + pen.metrics().lineHeight / 2.0, Qt::AlignLeft, label, color);
+    const QRectF line(plot.left(), layout.bottomOfTexts(plot), plot.width(),
+                      pen.metrics().lineHeight);
+    pen.topText(beginOfCursorText(pen, line, x, pen.metrics().widthOf(label)), line.center().y(),
+                label, pen.legible(cursorColor), pen.plateColor());
 }
 
 void drawHandles(ScenePen& pen, const Graph& graph, const GraphInput& input)
 {
     int row = 0;
-    for (const int index : graph.visibleTraces()) {
+    QPointF dragged; // where the dragged trace's name is
+    for (const int index : graph.tracesInView()) {
         const QPointF handle = graph.handleOf(row++);
         const QColor color = input.hoveredTrace() == index ? hoverColor : QColor(Qt::black);
         for (const double dy : {-4.0, 0.0, 4.0})
             pen.line(handle.x() - 5.0, handle.y() + dy, handle.x() + 5.0, handle.y() + dy, color,
                      2.0F);
         if (input.draggedTrace() == index)
-            pen.text(handle.x() + 10.0, handle.y() + input.dragOffset(), Qt::AlignLeft,
-                     graph.trace(index).name, graph.settings().labelColor);
+            dragged = handle + QPointF(10.0, input.dragOffset());
     }
     if (input.draggedTrace()) {
         const double y = graph.topOfRow(input.targetRow());
         pen.line(graph.plotLeft(), y, graph.plotRight(), y, dragColor, 5.0F);
+        pen.topText(dragged.x(), dragged.y(), graph.trace(*input.draggedTrace()).name,
+                    graph.settings().labelColor, graph.settings().labelBackground);
     }
 }
 

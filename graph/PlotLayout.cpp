@@ -2,10 +2,7 @@
 
 #include "graph/GraphTexts.h"
 
-#include <QCoreApplication>
-
 #include <algorithm>
-#include <span>
 
 namespace KOLT {
 
@@ -20,7 +17,10 @@ PlotLayout::PlotLayout(const Graph& graph)
     : m_graph(graph)
     , m_line(graph.metrics().lineHeight)
     , m_plot(graph.plot())
-    , m_visible(graph.visibleTraces())
+    , m_traces(graph.tracesInView())
+    , m_ticks(KOLT::timeTicks(graph.window().start, graph.window().end, graph.plotWidth()))
+    , m_labels(timeLabelsOf(m_ticks, graph.window().start, graph.pixelSeconds(),
+                            graph.width() - graph.plotLeft(), graph.metrics().characterWidth))
 {
     // Kept even while events or the cursor are out of sight, so that texts do not jump.
     const GraphSettings& settings = graph.settings();
@@ -32,8 +32,6 @@ PlotLayout::PlotLayout(const Graph& graph)
         m_cursorWidth =
             graph.metrics().widthOf(cursorText(graph.cursor().time, graph.cursor().value)) +
             aroundCursorText;
-    if (settings.hasStatistic && graph.markers().ordered().length() > 0.0 && !m_visible.empty())
-        layOutPanel();
 }
 
 QRectF PlotLayout::bandOf(int trace) const
@@ -45,6 +43,11 @@ QRectF PlotLayout::bandOf(int trace) const
 bool PlotLayout::hasLegendInBands() const
 {
     return m_graph.settings().isSplit && m_graph.bandHeight() >= m_line;
+}
+
+bool PlotLayout::hasTwoLines(const QRectF& area) const
+{
+    return topOfTexts(area) - bottomOfTexts(area) >= 2.0 * m_line;
 }
 
 bool PlotLayout::hasStrip(double height) const
@@ -65,57 +68,21 @@ double PlotLayout::topOfTexts(const QRectF& area) const
     return isTop && hasStrip(area.height()) ? area.bottom() - m_strip : area.bottom();
 }
 
-double PlotLayout::cursorWidthAt(double y) const
+double PlotLayout::bottomOfTexts(const QRectF& area) const
 {
-    return y < m_plot.top() + 1.5 * m_line ? m_cursorWidth : 0.0;
+    return std::max(area.top(), m_plot.top() + (m_labels.decimals > 0 ? m_line : 0.0));
 }
 
-double PlotLayout::rightOfTexts(double y) const
+double PlotLayout::cursorWidthAt(double y) const
 {
-    const bool isBeside = y + m_line / 2.0 > m_panel.top() && y - m_line / 2.0 < m_panel.bottom();
-    return (isBeside ? m_panel.left() - panelPadding : m_plot.right()) - cursorWidthAt(y);
+    return y < bottomOfTexts(m_plot) + 1.5 * m_line ? m_cursorWidth : 0.0;
 }
 
 std::size_t PlotLayout::rowsBelow(double y, std::size_t rows) const
 {
-    return fitting(rows, y - m_plot.top() - (m_cursorWidth > 0.0 ? m_line : 0.0));
-}
-
-std::size_t PlotLayout::fitting(std::size_t rows, double height) const
-{
+    const double height = y - bottomOfTexts(m_plot) - (m_cursorWidth > 0.0 ? m_line : 0.0);
     const auto lines = static_cast<std::size_t>(std::max(height / m_line, 1.0));
     return rows <= lines ? rows : lines - 1;
-}
-
-QString PlotLayout::moreText(std::size_t count)
-{
-    const int n = static_cast<int>(count);
-    return QCoreApplication::translate("KOLT::GraphScene", "... and %n more", nullptr, n);
-}
-
-void PlotLayout::layOutPanel()
-{
-    const GraphMetrics& metrics = m_graph.metrics();
-    QString heading =
-        QCoreApplication::translate("KOLT::GraphScene", "Between the markers: min, max, mean");
-    if (metrics.widthOf(heading) > m_plot.width() - 4.0 * panelPadding)
-        heading = heading.section(QStringLiteral(": "), -1);
-    m_panelLines = {heading};
-    // The panel lies above the line of the cursor's text.
-    const double height = m_plot.height() - 2.0 * m_line - 3.0 * panelPadding;
-    const std::size_t shown = fitting(m_visible.size(), height);
-    const int longest = std::max(metrics.charactersIn(m_plot.width() / 2.0 - 3.0 * panelPadding),
-                                 static_cast<int>(heading.size()));
-    const TimeRange markers = m_graph.markers().ordered();
-    for (const int index : std::span(m_visible).first(shown))
-        m_panelLines << statisticText(m_graph, index, markers.start, markers.end, longest);
-    if (shown < m_visible.size())
-        m_panelLines << moreText(m_visible.size() - shown);
-    double width = 0.0;
-    for (const QString& line : m_panelLines)
-        width = std::max(width, metrics.widthOf(line) + 2.0 * panelPadding);
-    m_panel = {m_plot.right() - width - panelPadding, m_plot.top() + m_line + panelPadding, width,
-               m_line * static_cast<double>(m_panelLines.size()) + panelPadding};
 }
 
 } // namespace KOLT

@@ -1,7 +1,8 @@
 #include "graph/ScenePen.h"
 
+#include "graph/Contrast.h"
+
 #include <algorithm>
-#include <cmath>
 
 namespace KOLT {
 
@@ -60,6 +61,17 @@ void ScenePen::plate(const QRectF& area)
     quad(area, plateColor());
 }
 
+void ScenePen::topText(double x, double y, const QString& content, const QColor& color,
+                       const QColor& ground)
+{
+    GraphScene::Text added{x, y, Qt::AlignLeft, content, color};
+    const QRectF area = areaOf(added).adjusted(-2.0, 0.0, 2.0, 0.0);
+    std::erase_if(m_scene.texts,
+                  [&](const GraphScene::Text& each) { return area.intersects(areaOf(each)); });
+    quad(area, ground);
+    m_scene.texts.push_back(std::move(added));
+}
+
 bool ScenePen::isFree(const QRectF& area) const
 {
     return std::ranges::none_of(m_plates,
@@ -74,14 +86,8 @@ QColor ScenePen::plateColor() const
 
 QColor ScenePen::legible(const QColor& color) const
 {
-    constexpr int nearest = 110; ///< difference in lightness
-    const int ground = m_background.lightness();
-    if (std::abs(color.lightness() - ground) >= nearest)
-        return color;
-    QColor result = color.toHsl();
-    const int lightness = ground < 128 ? ground + nearest + 40 : ground - nearest;
-    result.setHsl(result.hslHue(), result.hslSaturation(), std::clamp(lightness, 0, 255));
-    return result;
+    constexpr double readable = 4.5; // contrast that small text needs
+    return contrasting(color, m_background, readable);
 }
 
 QRectF ScenePen::areaOf(const GraphScene::Text& text) const

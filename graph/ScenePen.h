@@ -31,6 +31,11 @@ public:
                                 {static_cast<float>(x), static_cast<float>(y)});
     }
 
+    void vertices(const std::vector<float>& all)
+    {
+        m_scene.vertices.insert(m_scene.vertices.end(), all.begin(), all.end());
+    }
+
     GraphScene::Figure& begin(GraphScene::Kind kind, const QColor& color, float width = 1.0F);
     /// Drops figures without vertices.
     void end();
@@ -43,13 +48,16 @@ public:
     void plateText(double x, double y, Qt::Alignment alignment, const QString& content,
                    const QColor& color);
     void plate(const QRectF& area);
+    /// A text above all others, which are dropped where it is.
+    void topText(double x, double y, const QString& content, const QColor& color,
+                 const QColor& ground);
 
     const std::vector<QRectF>& plates() const { return m_plates; }
 
     /// Whether no plate is in the area.
     bool isFree(const QRectF& area) const;
     QColor plateColor() const;
-    /// The colour, lightened on a dark background or darkened on a light one if too close to it.
+    /// The colour, lightened on a dark background or darkened on a light one if it lacks contrast.
     QColor legible(const QColor& color) const;
     /// The area that a text of the scene covers.
     QRectF areaOf(const GraphScene::Text& text) const;

@@ -1,13 +1,13 @@
 #include "graph/TraceDrawing.h"
 
+#include "graph/TraceLines.h"
+
 #include <algorithm>
 #include <cmath>
 
 namespace KOLT {
 
 namespace {
-
-constexpr float traceWidth = 1.4F;
 
 struct Stroke
 {
@@ -46,54 +46,48 @@ std::vector<Stroke> strokesOf(const Graph& graph, int index, const QRectF& area)
     return result;
 }
 
-/// A vertical line, at least a pixel high so that a single value makes a dot.
-void upright(ScenePen& pen, double x, double low, double high)
-{
-    const double room = std::max(0.0, (1.0 - (high - low)) / 2.0);
-    pen.vertex(x, low - room);
-    pen.vertex(x, high + room);
-}
-
 /// Whether vertical lines at these places leave no pixel between them, whatever the rounding.
 bool isBeside(double left, double right, double pixelRatio)
 {
     constexpr double slack = 0.01; ///< tolerance for rounding errors
-    const double width = std::max(1.0, std::round(static_cast<double>(traceWidth) * pixelRatio));
+    const double width =
+        std::max(1.0, std::round(static_cast<double>(TraceLines::width) * pixelRatio));
     const double low = std::min(left, right) * pixelRatio;
     const double high = std::max(left, right) * pixelRatio;
     return std::floor(high + slack - (width + 1.0) / 2.0) <=
            std::floor(low - slack + (width - 1.0) / 2.0);
 }
 
-/// Draws a line strip through both ends of each stroke.
-void drawStrips(ScenePen& pen, const std::vector<Stroke>& drawn, const QColor& color,
-                const QRectF& area)
+/// Adds a line through both ends of each stroke.
+void addStrips(TraceLines& lines, const std::vector<Stroke>& drawn)
 {
-    pen.begin(GraphScene::Kind::Strip, color, traceWidth).clip = area;
+    double x = 0.0;
+    double y = 0.0;
+    const auto lineTo = [&](double toX, double toY) {
+        lines.line(x, y, toX, toY);
+        x = toX;
+        y = toY;
+    };
     for (const Stroke& stroke : drawn) {
         if (!stroke.isJoined) {
-            pen.end();
-            pen.begin(GraphScene::Kind::Strip, color, traceWidth).clip = area;
-            upright(pen, stroke.x, stroke.low, stroke.high);
-        } else if (stroke.isLong) {
-            // Start at the end nearer to the first value, so that the line from the column
-            // before enters where the samples do.
-            const bool isFromLow = stroke.first - stroke.low <= stroke.high - stroke.first;
-            pen.vertex(stroke.x, isFromLow ? stroke.low : stroke.high);
-            pen.vertex(stroke.x, isFromLow ? stroke.high : stroke.low);
-        } else {
-            pen.vertex(stroke.x, stroke.low);
+            lines.upright(stroke.x, stroke.low, stroke.high);
+            x = stroke.x;
+            y = stroke.high;
+            continue;
         }
+        // Start at the end nearer to the first value, so that the line from the column before
+        // enters where the samples do.
+        const bool isFromLow = stroke.first - stroke.low <= stroke.high - stroke.first;
+        lineTo(stroke.x, isFromLow ? stroke.low : stroke.high);
+        if (stroke.isLong)
+            lineTo(stroke.x, isFromLow ? stroke.high : stroke.low);
     }
-    pen.end();
 }
 
-/// Draws adjacent strokes extended until they overlap; a joining line is only needed where there
-/// are pixels between strokes. This takes half as many lines as a strip.
-void drawDense(ScenePen& pen, const std::vector<Stroke>& drawn, const QColor& color,
-               const QRectF& area, double pixelRatio)
+/// Adds adjacent strokes extended until they overlap; a joining line is only needed where there are
+/// pixels between strokes. This takes half as many lines as a strip.
+void addDense(TraceLines& lines, const std::vector<Stroke>& drawn, double pixelRatio)
 {
-    pen.begin(GraphScene::Kind::Lines, color, traceWidth).clip = area;
     const Stroke* before = nullptr;
     for (const Stroke& stroke : drawn) {
         double low = stroke.low;
@@ -102,13 +96,11 @@ void drawDense(ScenePen& pen, const std::vector<Stroke>& drawn, const QColor& co
             low = std::min(low, before->high);
             high = std::max(high, before->low);
         } else if (stroke.isJoined) {
-            pen.vertex(before->x, before->last);
-            pen.vertex(stroke.x, stroke.first);
+            lines.line(before->x, before->last, stroke.x, stroke.first);
         }
-        upright(pen, stroke.x, low, high);
+        lines.upright(stroke.x, low, high);
         before = &stroke;
     }
-    pen.end();
 }
 
 } // namespace
@@ -120,11 +112,15 @@ void drawTrace(ScenePen& pen, const Graph& graph, int index, const QRectF& area,
         return;
     constexpr double dense = 1.1; ///< mean pixels between strokes
     const double reach = drawn.back().x - drawn.front().x;
-    const QColor& color = graph.trace(index).color;
-    if (reach < dense * static_cast<double>(drawn.size() - 1))
-        drawDense(pen, drawn, color, area, pixelRatio);
+    const bool isDense = reach < dense * static_cast<double>(drawn.size() - 1);
+    TraceLines lines(styleOf(graph.trace(index), graph.settings().background), area, graph.xOf(0.0),
+                     isDense);
+    lines.reserve((isDense ? 1 : 2) * drawn.size());
+    if (isDense)
+        addDense(lines, drawn, pixelRatio);
     else
-        drawStrips(pen, drawn, color, area);
+        addStrips(lines, drawn);
+    lines.addTo(pen);
 }
 
 } // namespace KOLT

@@ -145,9 +145,11 @@ void TraceFeeder::begin(const Profile& profile,
     for (int i = 0; i < m_graph.traceCount(); ++i)
         before.emplace_back(std::move(m_graph.trace(i)), m_graph.source(i));
     m_graph.setTraceCount(static_cast<int>(parameters.size()));
+    const std::vector<int> styles = stylesOf(parameters);
     for (int i = 0; i < m_graph.traceCount(); ++i) {
         const ProfileParameter& parameter = *parameters[static_cast<std::size_t>(i)];
         describeTrace(m_graph, i, profile, parameter);
+        m_graph.trace(i).setStyle(styles[static_cast<std::size_t>(i)]);
         if (&parameter == selected)
             m_graph.selectTrace(i);
         const MessageSeries* const series = &seriesOf(dataSet.messages, parameter);
@@ -162,6 +164,33 @@ void TraceFeeder::begin(const Profile& profile,
             m_pending.push_back(i);
     }
     m_total = m_pending.size();
+}
+
+/// Those of the parameters that had traces before, as far as no number is left out; the others get
+/// the free ones in order.
+std::vector<int> TraceFeeder::stylesOf(const std::vector<const ProfileParameter*>& parameters)
+{
+    constexpr int none = -1;
+    std::vector<int> styles;
+    std::vector<bool> isTaken(parameters.size());
+    for (const ProfileParameter* const parameter : parameters) {
+        const int known = m_styles.value(parameter->fullName, none);
+        const bool isFree = known >= 0 && known < static_cast<int>(isTaken.size()) &&
+                            !isTaken[static_cast<std::size_t>(known)];
+        if (isFree)
+            isTaken[static_cast<std::size_t>(known)] = true;
+        styles.push_back(isFree ? known : none);
+    }
+    m_styles.clear();
+    for (std::size_t i = 0; i < parameters.size(); ++i) {
+        if (styles[i] == none) {
+            const auto free = std::ranges::find(isTaken, false);
+            *free = true;
+            styles[i] = static_cast<int>(free - isTaken.begin());
+        }
+        m_styles.insert(parameters[i]->fullName, styles[i]);
+    }
+    return styles;
 }
 
 bool TraceFeeder::feed(std::chrono::milliseconds budget)

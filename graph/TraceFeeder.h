@@ -4,6 +4,8 @@
 #include "profile/Profile.h"
 #include "record/DataSet.h"
 
+#include <QHash>
+
 #include <chrono>
 #include <deque>
 #include <vector>
@@ -31,7 +33,8 @@ public:
 
     /// Makes one trace per parameter, 1 to Graph::maxTraces, in this order. Traces already filled
     /// from the same samples in the same unit are kept, and so is the selected trace; the others
-    /// are empty until feed() fills them. The arguments must stay alive until cancel().
+    /// are empty until feed() fills them. Parameters keep their colour when the order changes. The
+    /// arguments must stay alive until cancel().
     void begin(const Profile& profile, const std::vector<const ProfileParameter*>& parameters,
                const DataSet& dataSet);
 
@@ -47,11 +50,14 @@ public:
     std::size_t filled() const { return m_total - m_pending.size(); }
 
 private:
+    std::vector<int> stylesOf(const std::vector<const ProfileParameter*>& parameters);
+
     Graph& m_graph;
     const Profile* m_profile = nullptr;
     const DataSet* m_dataSet = nullptr;
     std::deque<int> m_pending; ///< traces to fill
     std::size_t m_total = 0;
+    QHash<QString, int> m_styles; ///< of the parameters by full name
 };
 
 } // namespace KOLT

@@ -1,8 +1,10 @@
 #include "graph/ui/DialogDataGraph.h"
 
 #include "analysis/Findings.h"
+#include "graph/ui/BandScroll.h"
 #include "graph/ui/DialogGraphSetup.h"
 #include "graph/ui/GraphSnapshot.h"
+#include "graph/ui/MarkerPanel.h"
 #include "graph/ui/TraceLoader.h"
 #include "graph/ui/WidgetGraph.h"
 #include "graph/ui/WidgetGraphES.h"
@@ -55,7 +57,13 @@ DialogDataGraph::DialogDataGraph(const Profile& profile, const GraphSettings& se
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_bar);
     layout->addWidget(m_cut);
-    layout->addWidget(m_graph, 1);
+    auto* const graphRow = new QHBoxLayout;
+    graphRow->setSpacing(0);
+    graphRow->addWidget(m_graph, 1);
+    graphRow->addWidget(new BandScroll(*m_graph, page));
+    layout->addLayout(graphRow, 1);
+    m_markers = new MarkerPanel(*m_graph, page);
+    layout->addWidget(m_markers);
     m_shown = new ContentOrNote(this, page);
     m_loader = new TraceLoader(*m_graph, this);
     m_window = std::make_unique<WindowControl>(*m_graph);
@@ -82,6 +90,9 @@ void DialogDataGraph::connectGraph()
     connect(m_graph, &WidgetGraphBase::signalCursorReleased, this, &DialogDataGraph::showTime);
     connect(m_graph, &WidgetGraphBase::signalMoveParameter, this,
             &DialogDataGraph::slotMoveParameter);
+    connect(m_graph, &WidgetGraphBase::signalMarker, m_markers, &MarkerPanel::refresh);
+    connect(m_graph, &WidgetGraphBase::signalMeasured, m_markers, &MarkerPanel::refresh);
+    connect(m_loader, &TraceLoader::signalProgress, m_markers, &MarkerPanel::refresh);
     connect(m_loader, &TraceLoader::signalProgress, this, &DialogDataGraph::showProgress);
     connect(m_setup, &DialogGraphSetup::signalChanged, this, [this] {
         // Applying the settings applies their span too, but the dialog cannot change it.
@@ -206,9 +217,13 @@ void DialogDataGraph::applySpan(const Span& span)
 {
     const std::vector<const ProfileParameter*> all = parameters();
     const auto trace = std::ranges::find(all, span.fullName, &ProfileParameter::fullName);
-    if (trace != all.end())
-        m_graph->editGraph().selectTrace(static_cast<int>(trace - all.begin()));
+    if (trace != all.end()) {
+        const auto index = static_cast<int>(trace - all.begin());
+        m_graph->editGraph().selectTrace(index);
+        m_graph->editGraph().bringIntoView(index);
+    }
     m_window->showSpan(span.window, span.markers);
+    m_markers->refresh();
 }
 
 void DialogDataGraph::slotManMode()
@@ -220,6 +235,7 @@ void DialogDataGraph::applySettings()
 {
     feedEvents();
     m_graph->refresh();
+    m_markers->refresh();
     slotManMode();
     reportSettings();
 }

@@ -17,6 +17,7 @@ namespace KOLT {
 
 class ContentOrNote;
 class DialogGraphSetup;
+class MarkerPanel;
 class Profile;
 class ProfileParameter;
 class TraceLoader;
@@ -94,6 +95,7 @@ private:
     const Profile& m_profile;
     WidgetGraphBase* m_graph = nullptr;
     GraphCommandBar* m_bar = nullptr;
+    MarkerPanel* m_markers = nullptr;
     DialogGraphSetup* m_setup = nullptr;
     TraceLoader* m_loader = nullptr;
     std::unique_ptr<WindowControl> m_window;

@@ -78,6 +78,10 @@ QLayout* DialogGraphSetup::createColorRow(const QColor& color, void (DialogGraph
     auto* const select = new QPushButton(tr("Select"), this);
     select->setAutoDefault(false);
     connect(select, &QPushButton::clicked, this, slot);
+    if (box != nullptr) {
+        connect(box, &QCheckBox::toggled, select, &QWidget::setEnabled);
+        select->setEnabled(box->isChecked());
+    }
     row->addStretch();
     row->addWidget(swatch);
     row->addWidget(select);
@@ -112,8 +116,10 @@ void DialogGraphSetup::createRows(QFormLayout* form)
     });
     m_yMinimum = new QLineEdit(this);
     m_yMaximum = new QLineEdit(this);
-    for (QLineEdit* edit : {m_yMinimum, m_yMaximum})
+    for (QLineEdit* edit : {m_yMinimum, m_yMaximum}) {
         edit->setFixedWidth(numberWidth);
+        connect(autoscale, &QCheckBox::toggled, edit, &QWidget::setDisabled);
+    }
     m_yMinimum->setToolTip(tr("Lower end of the scale without autoscale"));
     m_yMaximum->setToolTip(tr("Upper end of the scale without autoscale"));
     connect(m_yMinimum, &QLineEdit::textChanged, this, &DialogGraphSetup::slotYmin);

@@ -1,12 +1,16 @@
 #include "graph/ui/WidgetGraphBase.h"
 
+#include "graph/GraphTexts.h"
+
 #include <QFontMetricsF>
+#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QWheelEvent>
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace KOLT {
 
@@ -94,7 +98,45 @@ void WidgetGraphBase::setExtent(double first, double last)
 void WidgetGraphBase::refresh()
 {
     m_graph.rebuild();
+    reportRows();
     update();
+}
+
+void WidgetGraphBase::setLeastBand(double lines)
+{
+    m_graph.setLeastBand(lines);
+    refresh();
+}
+
+void WidgetGraphBase::setFirstRow(int row)
+{
+    m_graph.setFirstRow(row);
+    refresh();
+}
+
+void WidgetGraphBase::reportRows()
+{
+    const Rows rows{m_graph.firstRow(), m_graph.rowsInView(),
+                    static_cast<int>(m_graph.visibleTraces().size())};
+    if (std::exchange(m_rows, rows) != rows)
+        emit signalRows();
+}
+
+bool WidgetGraphBase::event(QEvent* event)
+{
+    if (event->type() == QEvent::ToolTip)
+        setToolTip(tipAt(static_cast<const QHelpEvent*>(event)->pos()));
+    return QOpenGLWidget::event(event);
+}
+
+QString WidgetGraphBase::tipAt(const QPointF& place) const
+{
+    const QPointF point(place.x(), m_graph.height() - place.y());
+    for (const auto& [area, trace] : m_scaleLabels) {
+        if (area.contains(point) && m_graph.hasTrace(trace))
+            return scaleTip(m_graph, trace);
+    }
+    return hint();
 }
 
 void WidgetGraphBase::setCursorTime(double seconds)
@@ -158,6 +200,7 @@ void WidgetGraphBase::resizeEvent(QResizeEvent* event)
 {
     QOpenGLWidget::resizeEvent(event);
     m_graph.setSize(event->size().width(), event->size().height());
+    reportRows();
     startRecalculation(resizeMilliseconds, 0);
 }
 
@@ -165,6 +208,7 @@ void WidgetGraphBase::paintGL()
 {
     const GraphScene scene = buildScene(m_graph, m_input, devicePixelRatioF());
     drawScene(scene, devicePixelRatioF());
+    m_scaleLabels = scene.scaleLabels;
     m_hasMoved = false;
     m_sinceRepaint.restart();
 }
@@ -219,6 +263,8 @@ void WidgetGraphBase::act(const GraphResponse& response)
         std::visit([this](const auto& each) { send(each); }, report);
     if (response.hasZoomed)
         emit signalZoomed();
+    if (response.hasMeasured)
+        emit signalMeasured();
     if (response.hold == GraphResponse::Hold::Ended)
         emit signalCursorReleased();
 }

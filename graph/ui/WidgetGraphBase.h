@@ -48,6 +48,13 @@ public:
     void setEventLines(std::vector<EventLine> lines);
     void clearEventLines();
 
+    /// See Graph::setLeastBand().
+    void setLeastBand(double lines);
+    void setFirstRow(int row);
+
+    /// Whether the user is moving the markers.
+    bool isMeasuring() const { return m_input.isMeasuring(); }
+
     /// Tool tip that explains mouse and keys.
     static QString hint();
 
@@ -61,6 +68,10 @@ signals:
     void signalCursorReleased();
     /// The user changed the span by wheel or key; the settings have it.
     void signalZoomed();
+    /// The user has set the markers: the button is released.
+    void signalMeasured();
+    /// Other bands are in view, or more or fewer.
+    void signalRows();
 
 protected:
     explicit WidgetGraphBase(QWidget* parent);
@@ -70,6 +81,7 @@ protected:
 
     void resizeGL(int width, int height) override;
     void paintGL() override;
+    bool event(QEvent* event) override;
     void changeEvent(QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
@@ -92,7 +104,19 @@ private:
     void send(const ManualModeReport& report);
     void send(const TraceMovedReport& report);
     void measureFont();
+    void reportRows();
+    QString tipAt(const QPointF& place) const;
     void startRecalculation(int milliseconds, int repeats);
+
+    /// What decides which bands are in view.
+    struct Rows
+    {
+        int first = 0;
+        int inView = 0;
+        int all = 0;
+
+        bool operator==(const Rows&) const = default;
+    };
 
     Graph m_graph;
     GraphInput m_input{m_graph};
@@ -103,6 +127,8 @@ private:
     QTimer m_followTimer;    ///< limits how often setCursorTime() repaints
     bool m_hasMoved = false; ///< since the last repaint
     QElapsedTimer m_sinceRepaint;
+    Rows m_rows; ///< as last reported
+    std::vector<GraphScene::ScaleLabel> m_scaleLabels;
 };
 
 } // namespace KOLT

@@ -51,7 +51,8 @@ void WindowControl::showMarkers()
     const TimeRange markers = m_graph.graph().markers().ordered();
     if (!(markers.length() > 0.0))
         return;
-    m_graph.setWindow(markers.start, markers.end);
+    m_graph.editGraph().showMarkers();
+    m_graph.update();
     GraphSettings& settings = m_graph.editGraph().editSettings();
     settings.timeSpan = m_graph.graph().window().length();
     settings.isWhole = false;
@@ -74,6 +75,7 @@ void WindowControl::showSpan(const TimeRange& window, const TimeRange& markers)
 {
     m_graph.editGraph().setMarkers(markers.start, markers.end);
     m_graph.setWindow(window.start, window.end);
+    m_graph.refresh();
     m_mustPlace = false;
 }
 

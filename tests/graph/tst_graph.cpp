@@ -17,6 +17,7 @@ private slots:
     void traceCountAndColors();
     void mappingGoesRoundTrip();
     void bandsOfVisibleTraces();
+    void bandsWithoutRoomAreScrolled();
     void scalesToTheVisibleWindow();
     void scaleLeavesOutWhatLiesBehindGaps();
     void cursorModes();
@@ -116,6 +117,31 @@ void TestGraph::bandsOfVisibleTraces()
     QCOMPARE(graph.traceAt(Graph::bottomMargin + band + 1.0), 2);
     QCOMPARE(graph.traceAt(Graph::bottomMargin + 2 * band + 1.0), 0);
     QCOMPARE(graph.traceAt(5.0), 0); // no band there: trace 0
+}
+
+void TestGraph::bandsWithoutRoomAreScrolled()
+{
+    Graph graph = prepared(); // 200 pixels: three bands of at least four lines
+    graph.setTraceCount(8);
+    graph.setLeastBand(4.0);
+    graph.setVisible(2, false);
+    const auto inView = [&] {
+        graph.rebuild();
+        return graph.tracesInView();
+    };
+    QCOMPARE(inView(), (std::vector{0, 1, 3}));
+    QCOMPARE(graph.bandHeight(), 200.0 / 3.0);
+    graph.bringIntoView(5);
+    QCOMPARE(inView(), (std::vector{3, 4, 5}));
+    QCOMPARE(graph.trace(5).scale.offset, Graph::bottomMargin);
+    QCOMPARE(graph.traceAt(graph.height() - 1.0), 3);
+    GraphInput input(graph);
+    input.mousePress(Qt::LeftButton, {10.0, 100.0}, {}); // rows count from the first of all
+    QCOMPARE(describe(input.mouseRelease(Qt::LeftButton).reports), "move 4 3");
+    graph.setFirstRow(99);
+    QCOMPARE(inView(), (std::vector{5, 6, 7}));
+    graph.editSettings().isSplit = false;
+    QCOMPARE(inView().size(), 7U);
 }
 
 void TestGraph::scalesToTheVisibleWindow()

@@ -1,16 +1,13 @@
 #include "graph/TraceFeeder.h"
-#include "graph/ui/DialogDataGraph.h"
 #include "graph/ui/DialogGraphSetup.h"
 #include "graph/ui/WidgetGraph.h"
 #include "graph/ui/WidgetGraphES.h"
-#include "record/DataSet.h"
 #include "resources/Resources.h"
+#include "tests/graph/GraphPageFixture.h"
 #include "tests/support/Buttons.h"
 #include "tests/support/ModalBoxes.h"
-#include "tests/support/RecordingFixture.h"
 #include "tests/support/Rows.h"
 
-#include <QButtonGroup>
 #include <QCheckBox>
 #include <QClipboard>
 #include <QComboBox>
@@ -19,13 +16,14 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QLocale>
+#include <QPushButton>
 #include <QSignalSpy>
 #include <QToolButton>
 
 using namespace KOLT;
 using namespace KOLT::Test;
 
-class TestGraphPage : public QObject
+class TestGraphPage : public GraphPageFixture
 {
     Q_OBJECT
 
@@ -33,7 +31,7 @@ private slots:
 
     void initTestCase() { initKoltResources(); }
 
-    void init();
+    void init() { setUp(); }
 
     void cleanup() { m_page.reset(); }
 
@@ -42,9 +40,6 @@ private slots:
     void bothWaysOfDrawingAgree();
     void buttons();
     void heldZoom();
-    void windowOfANewFlight_data();
-    void windowOfANewFlight();
-    void spanIsShownLater();
     void replayPagesAndCentres();
     void readOutsFollowTheTime();
     void mouseReachesTheSignals();
@@ -56,63 +51,7 @@ private slots:
     void setupChangesTheGraph();
     void settingsAreKept();
     void snapshot();
-
-private:
-    void makePage()
-    {
-        m_page = std::make_unique<DialogDataGraph>(m_profile, m_settings);
-        connect(m_page.get(), &DialogDataGraph::signalSettings, this,
-                [this](const GraphSettings& settings) { m_reported << settings; });
-        m_page->setShown(true);
-    }
-
-    void selectAllOf(const QByteArray& devices)
-    {
-        m_page.reset(); // the page points into the profile
-        QVERIFY(loadProfile(m_profile, devices));
-        m_profile.select([](const ProfileParameter&) { return true; });
-    }
-
-    const Graph& graph() const { return m_page->widget().graph(); }
-
-    WidgetGraphBase* widget() const { return m_page->findChild<WidgetGraphBase*>(); }
-
-    QAbstractButton* button(int id) const { return m_page->findChild<QButtonGroup*>()->button(id); }
-
-    QPoint place(double seconds, int yFromTop) const
-    {
-        return {static_cast<int>(std::lround(graph().xOf(seconds))), yFromTop};
-    }
-
-    Profile m_profile;
-    std::unique_ptr<DataSet> m_dataSet;
-    GraphSettings m_settings;
-    QList<GraphSettings> m_reported;
-    std::unique_ptr<DialogDataGraph> m_page;
-    QTemporaryDir m_directory;
 };
-
-/// Two traces from 100 s to 200 s, ten samples a second.
-void TestGraphPage::init()
-{
-    m_settings = {};
-    m_settings.isWhole = false;
-    m_reported.clear();
-    selectAllOf(device({"name='a' id='1' dataType='FLOAT' precision='1'",
-                        "name='b' id='1' startByte='4' dataType='FLOAT'"}));
-    m_dataSet = std::make_unique<DataSet>();
-    for (int i = 0; i <= 1000; ++i)
-        add(m_dataSet->messages, 1, 100.0 + i * 0.1, floats(static_cast<float>(i % 100), 5.0F));
-    m_dataSet->startSeconds = 100.0;
-    m_dataSet->stopSeconds = 200.0;
-    makePage();
-    m_page->resize(700, 500);
-    m_page->setData(m_dataSet.get());
-    m_page->setTime(150.0);
-    m_page->show();
-    QVERIFY(QTest::qWaitForWindowExposed(m_page.get()));
-    QTRY_VERIFY(!m_page->isFeeding());
-}
 
 void TestGraphPage::drawsWhatIsThere()
 {
@@ -286,71 +225,6 @@ void TestGraphPage::heldZoom()
     }
 }
 
-void TestGraphPage::windowOfANewFlight_data()
-{
-    // isWhole, span, mode, window after the load of 5000 s to 5200 s, and its start 10 s later
-    const Rows<bool, double, CursorMode, TimeRange, double> row;
-    row("whole", true, 60.0, CursorMode::Center, {4980.0, 5220.0}, 4890.0);
-    row("whole, floating", true, 60.0, CursorMode::Floating, {4980.0, 5220.0}, 4980.0);
-    row("a span longer than it", false, 500.0, CursorMode::Center, {4980.0, 5220.0}, 4890.0);
-    row("span, centred", false, 60.0, CursorMode::Center, {4970.0, 5030.0}, 4980.0);
-    row("span, end", false, 60.0, CursorMode::End, {4946.0, 5006.0}, 4956.0);
-    row("span, floating", false, 60.0, CursorMode::Floating, {4994.0, 5054.0}, 4994.0);
-}
-
-void TestGraphPage::windowOfANewFlight()
-{
-    const auto [isWhole, span, mode, window, later] =
-        fetchRow<bool, double, CursorMode, TimeRange, double>();
-    m_settings.isWhole = isWhole;
-    m_settings.timeSpan = span;
-    m_settings.cursorMode = mode;
-    makePage();
-    m_page->setData(m_dataSet.get());
-    m_page->setTime(150.0);
-    widget()->setWindow(4990.0, 5010.0); // must not be taken over
-    DataSet other;
-    for (const double seconds : {5000.0, 5200.0})
-        add(other.messages, 1, seconds, floats(1.0F));
-    other.startSeconds = 5000.0;
-    other.stopSeconds = 5200.0;
-    m_page->setData(&other);
-    m_page->setTime(5000.0);
-    QCOMPARE(graph().window(), window);
-    QCOMPARE(graph().cursor().time, 5000.0);
-    m_page->setTime(5010.0);
-    QCOMPARE(graph().window().start, later);
-    QTest::keyClick(widget(), Qt::Key_M);
-    QTest::mouseClick(button(3), Qt::LeftButton); // a span of the user's own
-    QVERIFY(!m_reported.back().isWhole);
-    QTest::mouseClick(button(2), Qt::LeftButton);
-    QVERIFY(m_reported.back().isWhole);
-    m_page->clear();
-}
-
-void TestGraphPage::spanIsShownLater()
-{
-    const GraphSettings before = graph().settings();
-    for (const bool isHidden : {true, false}) {
-        m_page->setShown(!isHidden);
-        m_page->showSpan({120.0, 140.0}, {125.0, 130.0}, isHidden ? "D/b" : "D/a");
-        QCOMPARE(graph().window().start == 120.0, !isHidden);
-        m_page->setTime(125.0 + (isHidden ? 1.0 : 0.0)); // the window stays when it is shown
-        m_page->setShown(true);
-        QCOMPARE(graph().cursor().trace, isHidden ? 1 : 0);
-        QCOMPARE(graph().markers(), (TimeRange{125.0, 130.0}));
-        if (isHidden)
-            QCOMPARE(graph().window(), (TimeRange{120.0, 140.0}));
-        widget()->setWindow(0.0, 60.0);
-    }
-    QCOMPARE(graph().settings().timeSpan, before.timeSpan);
-    m_page->setShown(false);
-    m_page->showSpan({120.0, 140.0}, {125.0, 130.0});
-    m_page->setData(m_dataSet.get()); // it was meant for the data before
-    m_page->setShown(true);
-    QCOMPARE(graph().window().length(), 60.0);
-}
-
 void TestGraphPage::replayPagesAndCentres()
 {
     m_page->setTime(170.0);
@@ -437,12 +311,8 @@ void TestGraphPage::keyGivesTheCursorBack()
     QCOMPARE(graph().cursor().time, 180.0); // it follows the replay again
     QCOMPARE(graph().window().start, 150.0);
     QTest::keyClick(widget(), Qt::Key_Right);
-    DataSet other; // new data end the hold at once
-    add(other.messages, 1, 5000.0, floats(1.0F));
-    add(other.messages, 1, 5200.0, floats(2.0F));
-    other.startSeconds = 5000.0;
-    other.stopSeconds = 5200.0;
-    m_page->setData(&other);
+    const auto other = recording(5000.0, 5200.0, 2); // new data end the hold at once
+    m_page->setData(other.get());
     m_page->setTime(5000.0);
     QVERIFY(!graph().cursor().isHeld);
     QCOMPARE(graph().window().start, 4970.0);
@@ -473,6 +343,7 @@ void TestGraphPage::draggedHandleGivesAnOrder()
     QVERIFY(before[1] < before[2]);
     m_page->refresh(DataPage::Change::Selection);
     QCOMPARE(graph().trace(0).name, "b");
+    QCOMPARE(graph().trace(0).color, GraphTrace::defaultColor(1)); // its colour came along
     QCOMPARE(graph().cursor().trace, 0);
     QCOMPARE(kept(), before);
     QCOMPARE(m_profile.selectedParameters().front()->name, "b");
@@ -484,17 +355,9 @@ void TestGraphPage::draggedHandleGivesAnOrder()
 void TestGraphPage::longRecordingsAppearByAndBy()
 {
     constexpr int traces = 40;
-    QByteArray parameters;
-    for (int i = 0; i < traces; ++i)
-        parameters +=
-            "<Parameter name='p" + QByteArray::number(i + 10) + "' id='1' dataType='FLOAT'/>";
-    selectAllOf("<Device name='D'>" + parameters + "</Device>");
-    makePage();
-    auto recording = std::make_unique<DataSet>();
-    for (int i = 0; i < 200'000; ++i)
-        add(recording->messages, 1, i * 0.1, floats(static_cast<float>(i % 100)));
-    recording->stopSeconds = 20'000.0;
-    m_page->setData(recording.get());
+    selectMany(traces);
+    auto longer = recording(0.0, 20'000.0, 200'001);
+    m_page->setData(longer.get());
     QVERIFY(m_page->isFeeding());
     QCOMPARE(graph().traceCount(), traces);
     QCOMPARE(graph().trace(traces - 1).name, "p49"); // all traces exist, the last one is empty
@@ -507,10 +370,10 @@ void TestGraphPage::longRecordingsAppearByAndBy()
     QVERIFY(!m_page->isFeeding()); // another order needs no refill
     QVERIFY(!graph().trace(0).columns().empty());
     m_profile.setDisplayOrder({});
-    m_page->setData(recording.get());
+    m_page->setData(longer.get());
     QVERIFY(m_page->isFeeding());
     m_page->setData(m_dataSet.get()); // while filling
-    recording.reset();
+    longer.reset();
     QTRY_VERIFY(!m_page->isFeeding());
     for (int i = 0; i < traces; ++i)
         QCOMPARE(graph().trace(i).size(), std::size_t{1001});
@@ -531,12 +394,7 @@ void TestGraphPage::moreParametersThanTracesAreTold()
     };
     for (const auto& [count, told] :
          {std::pair(50, ""), {63, "Only the first 50 of 63 parameters are shown."}}) {
-        QByteArray parameters;
-        for (int i = 0; i < count; ++i)
-            parameters +=
-                "<Parameter name='p" + QByteArray::number(i) + "' id='1' dataType='FLOAT'/>";
-        selectAllOf("<Device name='D'>" + parameters + "</Device>");
-        makePage();
+        selectMany(count);
         m_page->setData(m_dataSet.get());
         QTRY_VERIFY(!m_page->isFeeding());
         QCOMPARE(graph().traceCount(), 50);
@@ -587,6 +445,17 @@ void TestGraphPage::setupChangesTheGraph()
     setup->findChild<QComboBox*>()->setCurrentIndex(2);
     QCOMPARE(graph().settings().cursorMode, CursorMode::End);
     const auto edits = setup->findChildren<QLineEdit*>();
+    for (const char* box : {"Autoscale On", "Grid On"}) { // what has no effect is disabled
+        const auto selects = setup->findChildren<QPushButton*>();
+        const auto areEnabled = [&] {
+            return edits.at(0)->isEnabled() + 2 * selects.at(1)->isEnabled();
+        };
+        const int before = areEnabled();
+        QCOMPARE(before, 3);
+        labelled<QCheckBox>(*setup, box)->click();
+        QCOMPARE(areEnabled(), box[0] == 'A' ? 2 : 1);
+        labelled<QCheckBox>(*setup, box)->click();
+    }
     edits.at(0)->setText("-7.5");
     QCOMPARE(graph().settings().yMinimum, -7.5);
     for (const char* text : {"no number", "nan", "1e999"}) {
@@ -601,11 +470,11 @@ void TestGraphPage::setupChangesTheGraph()
     setup->refresh();
     QCOMPARE(edits.at(1)->text(), "7,25");
     QLocale::setDefault(QLocale::c());
-    QCOMPARE(changed.size(), 9);
+    QCOMPARE(changed.size(), 13);
     ModalBoxes boxes; // cancels the colour dialog
     click(*setup, "Select");
     QCOMPARE(graph().settings().background, QColor(0, 0, 0));
-    QCOMPARE(changed.size(), 10); // still applied
+    QCOMPARE(changed.size(), 14); // still applied
 }
 
 void TestGraphPage::settingsAreKept()
@@ -652,7 +521,7 @@ void TestGraphPage::snapshot()
     const double flat = graph().height() - graph().scaleOf(1).yOf(5.0);
     QVERIFY(pixel(graph().xOf(graph().window().start + 3.0), flat).green() > 100); // the trace
     QCOMPARE(pixel(2.0, graph().height() - 5.0), QColor(0xbb, 0xbb, 0xbb));
-    for (auto* own : m_page->findChildren<QToolButton*>()) {
+    for (auto* own : m_page->findChild<GraphCommandBar*>()->findChildren<QToolButton*>()) {
         QCOMPARE(own->iconSize(), QSize(32, 32));
         if (own->toolTip() == "Copy picture")
             QTest::mouseClick(own, Qt::LeftButton);

@@ -1,18 +1,21 @@
+#include "graph/Contrast.h"
 #include "graph/GraphScene.h"
 #include "graph/GraphTexts.h"
 #include "graph/GraphTicks.h"
+#include "graph/MarkerTable.h"
 #include "graph/TraceFeeder.h"
+#include "graph/TraceLines.h"
 #include "tests/graph/GraphSupport.h"
 #include "tests/support/RecordingFixture.h"
 #include "tests/support/Rows.h"
 
 #include <QLineF>
+#include <QRegularExpression>
 #include <QSet>
 
 #include <cmath>
 #include <functional>
 #include <map>
-#include <numeric>
 
 using namespace KOLT;
 using namespace KOLT::Test;
@@ -34,6 +37,13 @@ private slots:
     void switchesTakePartsAway();
     void textsKeepApart_data();
     void textsKeepApart();
+    void cornersTellTheExtremes();
+    void tracesAreToldApart_data();
+    void tracesAreToldApart();
+    void timeLabels_data();
+    void timeLabels();
+    void zoomedMarkersTintNoData();
+    void dragTextsStayInSight();
     void thresholdLines();
     void legendTexts();
     void decimalsFollowTheRange_data();
@@ -57,6 +67,27 @@ std::vector<QLineF> linesOf(Graph& graph, double pixelRatio)
         }
     }
     return lines;
+}
+
+QStringList textsOf(const GraphScene& scene)
+{
+    QStringList texts;
+    for (const GraphScene::Text& text : scene.texts)
+        texts << text.text;
+    return texts;
+}
+
+/// Widths of the figures of a colour, from left to right.
+double widthOf(const GraphScene& scene, const QColor& color)
+{
+    double width = 0.0;
+    for (const GraphScene::Figure& figure : scene.figures) {
+        for (int i = figure.first; figure.color == color && i + 1 < figure.first + figure.count;
+             i += 2)
+            width +=
+                std::abs(static_cast<double>(scene.vertices[2 * i + 2] - scene.vertices[2 * i]));
+    }
+    return width;
 }
 
 } // namespace
@@ -209,7 +240,6 @@ void TestGraphScene::switchesTakePartsAway_data()
     row("cursor", &GraphSettings::hasCursor);
     row("legend", &GraphSettings::hasLegend);
     row("events", &GraphSettings::hasEvents);
-    row("statistic", &GraphSettings::hasStatistic);
 }
 
 void TestGraphScene::switchesTakePartsAway()
@@ -218,14 +248,11 @@ void TestGraphScene::switchesTakePartsAway()
     Graph graph = prepared();
     graph.setSize(900.0, 400.0);
     graph.moveCursor(50.0);
-    graph.setMarkers(0.0, 80.0);
     graph.addEventLine({77, 70.0});
     const auto parts = [&] {
-        const QList<std::pair<QString, QString>> texts{
-            {"cursor", cursorText(50.0, 0.0)},
-            {"legend", legendText(graph, 0, 50.0)},
-            {"events", "77"},
-            {"statistic", "Between the markers: min, max, mean"}};
+        const QList<std::pair<QString, QString>> texts{{"cursor", cursorText(50.0, 0.0)},
+                                                       {"legend", legendText(graph, 0, 50.0)},
+                                                       {"events", "77"}};
         QSet<QString> found;
         const GraphScene scene = buildScene(graph, GraphInput(graph));
         for (const GraphScene::Text& text : scene.texts) {
@@ -243,7 +270,7 @@ void TestGraphScene::switchesTakePartsAway()
         }
         return found;
     };
-    QSet<QString> expected{"grid", "cursor", "legend", "events", "statistic"};
+    QSet<QString> expected{"grid", "cursor", "legend", "events"};
     const QString event = QStringLiteral("#009999 at %1").arg(graph.xOf(70.0));
     const QString cursor = QStringLiteral("#808080 at %1").arg(graph.xOf(50.0));
     expected << event << cursor;
@@ -265,7 +292,6 @@ void TestGraphScene::textsKeepApart_data()
     row("bands lower than two lines", 20, true, 1.0, 0);
     row("bands lower than a line", 40, true, 1.0, 20);
     row("one scale", 40, false, 1.0, 20);
-    row("no room beside the panel", 12, true, 2.2, 12);
 }
 
 void TestGraphScene::textsKeepApart()
@@ -291,7 +317,6 @@ void TestGraphScene::textsKeepApart()
     std::vector<QRectF> inPlot;
     int alone = 0;                                 // texts of the cursor and of events
     std::map<double, std::vector<QRectF>> columns; // by x
-    double panelLeft = 0.0;
     int values = 0;
     QStringList more;
     for (const GraphScene::Text& text : scene.texts) {
@@ -314,23 +339,141 @@ void TestGraphScene::textsKeepApart()
             QVERIFY2(std::ranges::none_of(inPlot, isNear), qPrintable(text.text));
             inPlot.push_back(box);
         }
-        if (text.text.startsWith("Between"))
-            panelLeft = text.x;
         values += text.text.endsWith("[unit]   50.00");
         if (text.text.startsWith("..."))
             more << text.text;
     }
-    // Only its own lines are on the panel of the statistic.
-    const std::vector<QRectF> lines = columns[panelLeft];
-    QVERIFY(lines.size() > 1);
-    const QRectF panel = std::accumulate(lines.begin(), lines.end(), QRectF(), std::bit_or());
-    for (const auto& [x, boxes] : columns) {
-        for (const QRectF& box : boxes)
-            QVERIFY(x == panelLeft || !panel.intersects(box));
-    }
     QVERIFY2(alone > 1, qPrintable(QString::number(alone)));
     QCOMPARE(values, traces - left);
     QCOMPARE(more.isEmpty(), left == 0);
+}
+
+void TestGraphScene::cornersTellTheExtremes()
+{
+    Graph graph = prepared();
+    graph.trace(0) = traceOf({{0, 9, 1}, {49, 900, 1}, {51, 3, 1}, {70, 7, 1}, {99, 4, 1}});
+    graph.setWindow(50.0, 100.0); // 900 is before, though a line leads there
+    const auto corners = [&] { return textsOf(buildScene(graph, GraphInput(graph))).filter("m"); };
+    QVERIFY(corners().contains("max 7.00") && corners().contains("min 3.00"));
+    graph.setWindow(20.0, 30.0); // between two samples
+    QVERIFY(corners().contains("max 900.00"));
+    graph.setSize(graph.width(), 60.0); // no room for two lines
+    QCOMPARE(corners().filter("max").size(), 0);
+}
+
+void TestGraphScene::tracesAreToldApart_data()
+{
+    // trace, background, whether there is a casing, part of the line in another tone
+    const Rows<int, QColor, bool, double> row;
+    row("red on black", 0, Qt::black, false, 0.0);
+    row("blue on black", 2, Qt::black, true, 0.0);
+    row("blue on white", 2, Qt::white, false, 0.0);
+    row("green on white", 1, Qt::white, true, 0.0);
+    row("the seventh", 6, Qt::black, false, 0.5);
+    row("the ninth", 8, Qt::black, true, 0.5);
+    row("the thirteenth", 12, Qt::black, false, 1.0 / 3.0);
+}
+
+void TestGraphScene::tracesAreToldApart()
+{
+    const auto [index, background, isCased, part] = fetchRow<int, QColor, bool, double>();
+    for (const double spacing : {0.05, 50.0}) { // strokes side by side, and a line
+        Graph graph = prepared();
+        graph.editSettings().background = background;
+        graph.editSettings().hasLegend = false;
+        graph.setTraceCount(13);
+        for (double seconds = 0.0; seconds <= 100.0; seconds += spacing)
+            graph.trace(index).append(seconds, 5.0);
+        graph.rebuild();
+        const TraceStyle style = styleOf(graph.trace(index), background);
+        QCOMPARE(style.casing.has_value(), isCased);
+        QCOMPARE(style.isDashed(), part > 0.0);
+        QVERIFY(!isCased || contrastOf(*style.casing, background) >= 7.0);
+        QVERIFY(part == 0.0 || contrastOf(style.dash, style.color) > 1.5);
+        const GraphScene scene = buildScene(graph, GraphInput(graph));
+        double plain = 0.0; // pixels, or strokes
+        double dashes = 0.0;
+        for (const GraphScene::Figure& figure : scene.figures) {
+            if (figure.width != TraceLines::width || figure.color == style.casing)
+                continue;
+            double& tone = part > 0.0 && figure.color == style.dash ? dashes : plain;
+            for (int i = figure.first; i + 1 < figure.first + figure.count; i += 2)
+                tone += std::max(scene.vertices[2 * i + 2] - scene.vertices[2 * i], 1.0F);
+        }
+        QVERIFY2(plain + dashes > 320.0, qPrintable(QString::number(plain + dashes))); // no gaps
+        QVERIFY2(std::abs(dashes / (plain + dashes) - part) < 0.03,
+                 qPrintable(QString::number(dashes)));
+    }
+}
+
+void TestGraphScene::timeLabels_data()
+{
+    const Rows<double, QString, QString> row; // span, first line, second line
+    row("seconds", 6.0, "0:00:14 0:00:16 0:00:18", "");
+    row("halves", 2.0, "0:00:13 0:00:13 0:00:14 0:00:14", ".0 .5 .0 .5");
+    row("hundredths", 0.2, "0:00:12 0:00:12 0:00:13 0:00:13", ".90 .95 .00 .05");
+}
+
+void TestGraphScene::timeLabels()
+{
+    const auto [span, seconds, fractions] = fetchRow<double, QString, QString>();
+    Graph graph = prepared();
+    graph.setWindow(span < 1.0 ? 12.88 : 12.9, 12.9 + span);
+    const QStringList texts = textsOf(buildScene(graph, GraphInput(graph)));
+    QCOMPARE(texts.filter(QRegularExpression("^0:00:")).join(' '), seconds);
+    QCOMPARE(texts.filter(QRegularExpression("^[.]")).join(' '), fractions);
+    for (double width = 230.0; width < 700.0; width += 30.0) {
+        graph.setSize(width, 200.0);
+        for (const double scale : {1.0, 2.2, 4.7, 9.9, 300.0}) {
+            graph.setWindow(1000.0, 1000.0 + span * scale);
+            const auto labels = textsOf(buildScene(graph, GraphInput(graph)))
+                                    .filter(QRegularExpression("^0:[0-9]+:"));
+            QVERIFY2(labels.size() >= 2, qPrintable(QString::number(width)));
+        }
+    }
+}
+
+void TestGraphScene::zoomedMarkersTintNoData()
+{
+    const QColor tint(255, 255, 0, 77);
+    Graph graph = prepared();
+    GraphInput input(graph);
+    graph.setMarkers(60.0, 40.0);
+    const auto tinted = [&] { return widthOf(buildScene(graph, input), tint) / 2.0; };
+    QCOMPARE(tinted(), 80.0); // a fifth of 400 pixels
+    graph.showMarkers();
+    QCOMPARE(graph.window(), (TimeRange{40.0, 60.0}));
+    QCOMPARE(tinted(), 0.0);
+    graph.setWindow(0.0, 100.0);
+    QCOMPARE(tinted(), 320.0); // outside
+    input.keyPress(Qt::Key_M, {});
+    QCOMPARE(tinted(), 200.0);
+}
+
+void TestGraphScene::dragTextsStayInSight()
+{
+    Graph graph = prepared();
+    graph.setName(0, "A trace", "");
+    GraphInput input(graph);
+    const auto areaOf = [&](const QString& start) {
+        const GraphScene scene = buildScene(graph, input);
+        const GraphScene::Text& text = scene.texts.back(); // above all others
+        const double width = graph.metrics().widthOf(text.text);
+        return text.text.startsWith(start) ? QRectF(text.x, text.y - 8.0, width, 16.0) : QRectF();
+    };
+    input.mousePress(Qt::LeftButton, placeOf(graph, 10.0, 50.0), {});
+    for (const double seconds : {50.0, 99.0}) {
+        input.mouseMove(placeOf(graph, seconds, 1.0), {});
+        QVERIFY(graph.plot().contains(areaOf("dt = ")));
+    }
+    input.mouseRelease(Qt::LeftButton);
+    QVERIFY(areaOf("dt = ").isEmpty());
+    input.mousePress(Qt::LeftButton, {10.0, 50.0}, {});
+    const GraphScene scene = buildScene(graph, input);
+    const QRectF name = areaOf("A trace");
+    for (const GraphScene::Text& text : scene.texts) // of the value axis
+        QVERIFY(text.text == "A trace" || text.y < name.top() - 8.0 ||
+                text.y > name.bottom() + 8.0 || text.x > name.right());
 }
 
 void TestGraphScene::thresholdLines()
@@ -393,9 +536,18 @@ void TestGraphScene::legendTexts()
     QCOMPARE(legendText(graph, 0, 15.0, 12), "Lamp   ON");
     graph.trace(0).name = "A long name of a lamp";
     QCOMPARE(legendText(graph, 0, 15.0, 16), QStringLiteral("A long nam\u2026   ON"));
-    QCOMPARE(statisticText(graph, 0, 0.0, 15.0), "A long name of a lamp  0  ON  0.50");
-    QCOMPARE(statisticText(graph, 1, 0.0, 15.0), "Count  0  1  0.50");
-    QCOMPARE(statisticText(graph, 1, 11.0, 15.0), "Count  ---");
+    graph.setVisible(2, false);
+    const auto between = [&](double left, double right) {
+        graph.setMarkers(right, left); // they need not be in order
+        return markerTableOf(graph).text().split('\n');
+    };
+    QCOMPARE(between(0.0, 15.0).mid(0, 4),
+             (QStringList{"Markers at 00:00:00.000 and 00:00:15.000, dt = 15.000 s",
+                          "Trace\tUnit\tLeft\tRight\tDifference\tMin\tMax\tMean",
+                          "A long name of a lamp\t\t0\tON\t1\t0\tON\t0.50",
+                          "Count\t\t0\t1\t1\t0\t1\t0.50"}));
+    QCOMPARE(between(11.0, 15.0)[3], "Count\t\t1\t1\t0\t---\t---\t---");
+    QCOMPARE(between(25.0, 35.0)[2], "A long name of a lamp\t\tFAIL\t---\t---\tON\tON\t1.00");
     QCOMPARE(cursorText(3661.25, 1.2345), "01:01:01.250/1.23");
     QCOMPARE(timeTickText(3661.9), "1:01:01");
     QCOMPARE(timeTickText(-61.0), "-0:01:01");
