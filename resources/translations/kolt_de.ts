@@ -2,6 +2,13 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="de_DE" sourcelanguage="en_US">
 <context>
+    <name>KOLT::BandScroll</name>
+    <message>
+        <source>Traces in view</source>
+        <translation>Sichtbare Kurven</translation>
+    </message>
+</context>
+<context>
     <name>KOLT::CardList</name>
     <message>
         <source>Unknown Date</source>
@@ -1651,16 +1658,24 @@ Motordrehzahl: %3</translation>
 </context>
 <context>
     <name>KOLT::GraphScene</name>
-    <message>
-        <source>Between the markers: min, max, mean</source>
-        <translation>Zwischen den Markern: Min, Max, Mittel</translation>
-    </message>
     <message numerus="yes">
         <source>... and %n more</source>
         <translation>
             <numerusform>... und %n weitere</numerusform>
             <numerusform>... und %n weitere</numerusform>
         </translation>
+    </message>
+    <message>
+        <source>max %1</source>
+        <translation>max %1</translation>
+    </message>
+    <message>
+        <source>min %1</source>
+        <translation>min %1</translation>
+    </message>
+    <message>
+        <source>%1: both ends of the band&apos;s scale, %2 and %3 %4</source>
+        <translation>%1: die beiden Enden der Skala, %2 und %3 %4</translation>
     </message>
 </context>
 <context>
@@ -1860,6 +1875,56 @@ Bitte prüfen Sie, ob der Ordner beschreibbar und nicht voll ist. Das vorherige 
     <message>
         <source>Landing of flight %1</source>
         <translation>Landung von Flug %1</translation>
+    </message>
+</context>
+<context>
+    <name>KOLT::MarkerPanel</name>
+    <message>
+        <source>Values between the markers</source>
+        <translation>Werte zwischen den Markern</translation>
+    </message>
+    <message>
+        <source>Copy table</source>
+        <translation>Tabelle kopieren</translation>
+    </message>
+</context>
+<context>
+    <name>KOLT::MarkerTable</name>
+    <message>
+        <source>Markers at %1 and %2, dt = %3 s</source>
+        <translation>Marker bei %1 und %2, dt = %3 s</translation>
+    </message>
+    <message>
+        <source>Trace</source>
+        <translation>Kurve</translation>
+    </message>
+    <message>
+        <source>Unit</source>
+        <translation>Einheit</translation>
+    </message>
+    <message>
+        <source>Left</source>
+        <translation>Links</translation>
+    </message>
+    <message>
+        <source>Right</source>
+        <translation>Rechts</translation>
+    </message>
+    <message>
+        <source>Difference</source>
+        <translation>Differenz</translation>
+    </message>
+    <message>
+        <source>Min</source>
+        <translation>Min</translation>
+    </message>
+    <message>
+        <source>Max</source>
+        <translation>Max</translation>
+    </message>
+    <message>
+        <source>Mean</source>
+        <translation>Mittel</translation>
     </message>
 </context>
 <context>
