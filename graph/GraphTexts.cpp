@@ -12,7 +12,7 @@ namespace KOLT {
 
 namespace {
 
-constexpr int shortestName = 8;
+constexpr int shortestName = 4;
 
 QString number(double value, int decimals)
 {

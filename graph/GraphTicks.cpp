@@ -118,7 +118,7 @@ std::vector<double> valueTicks(double lower, double upper, double height, double
     for (double i = first; i <= last && ticks.size() < mostTicks; i += 1.0) {
         if (i + 1.0 == i) // the step is below the resolution of doubles
             break;
-        ticks.push_back(i * step);
+        ticks.push_back(i * step + 0.0); // not -0
     }
     return ticks;
 }

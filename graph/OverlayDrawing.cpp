@@ -22,7 +22,7 @@ double beginOfCursorText(const ScenePen& pen, const QRectF& line, double x, doub
     const auto fits = [&](double begin) {
         return begin >= line.left() + 2.0 && begin + width + 5.0 <= line.right();
     };
-    double beyond = line.left(); // right end of the lowest band's legend
+    double beyond = line.left() + 2.0; // right end of the lowest band's legend
     for (const QRectF& plate : pen.plates()) {
         if (plate.intersects(line) && plate.left() < line.center().x())
             beyond = std::max(beyond, plate.right() + 2.0);
@@ -65,9 +65,10 @@ void drawDistance(ScenePen& pen, const Graph& graph, const GraphInput& input)
     const double half = pen.metrics().lineHeight / 2.0;
     const QString label = QStringLiteral("dt = %1 s").arg(graph.markers().length());
     const double width = pen.metrics().widthOf(label) + 5.0;
-    double x = graph.xOf(cursor.time) + 5.0;
-    if (x + width > plot.right()) // beyond the edge: on the other side
-        x = graph.xOf(cursor.time) - 5.0 - width;
+    const double place = graph.xOf(cursor.time);
+    double x = place + 5.0;
+    if (x + width > plot.right()) // on the other side; the pointer may be outside the plot
+        x = std::min(place - 5.0, plot.right()) - width;
     const double y = graph.scaleOf(cursor.trace).yOf(cursor.value) + 5.0 + half;
     pen.topText(std::max(x, plot.left() + 2.0),
                 std::clamp(y, plot.top() + half, std::max(plot.bottom() - half, plot.top() + half)),

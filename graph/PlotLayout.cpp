@@ -52,7 +52,7 @@ bool PlotLayout::hasTwoLines(const QRectF& area) const
 
 bool PlotLayout::hasStrip(double height) const
 {
-    return height > m_strip + 1.5 * m_line;
+    return height >= m_strip + 2.0 * m_line;
 }
 
 double PlotLayout::eventNumberY() const

@@ -80,7 +80,7 @@ bool ScenePen::isFree(const QRectF& area) const
 
 QColor ScenePen::plateColor() const
 {
-    constexpr int plateAlpha = 170;
+    constexpr int plateAlpha = 150;
     return withAlpha(m_background, plateAlpha);
 }
 

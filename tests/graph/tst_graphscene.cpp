@@ -462,7 +462,7 @@ void TestGraphScene::dragTextsStayInSight()
         return text.text.startsWith(start) ? QRectF(text.x, text.y - 8.0, width, 16.0) : QRectF();
     };
     input.mousePress(Qt::LeftButton, placeOf(graph, 10.0, 50.0), {});
-    for (const double seconds : {50.0, 99.0}) {
+    for (const double seconds : {50.0, 99.0, 110.0}) {
         input.mouseMove(placeOf(graph, seconds, 1.0), {});
         QVERIFY(graph.plot().contains(areaOf("dt = ")));
     }
