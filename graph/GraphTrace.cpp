@@ -194,7 +194,8 @@ std::optional<std::pair<double, double>> GraphTrace::extremes() const
     const std::size_t first = isFirstBeside() ? 1 : 0;
     const std::size_t last = m_columns.size() - (isLastBeside() ? 1 : 0);
     const auto inside = rangeOf(first, last);
-    return inside ? inside : visibleRange();
+    const bool isCrossed = m_columns.size() >= 2 && m_columns.back().mark != SampleMark::AfterGap;
+    return inside || !isCrossed ? inside : visibleRange();
 }
 
 bool GraphTrace::isFirstBeside() const

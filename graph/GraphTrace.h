@@ -129,8 +129,8 @@ public:
     /// Lowest and highest value drawn within the window; none without a number.
     std::optional<std::pair<double, double>> visibleRange() const;
 
-    /// Lowest and highest value of the samples within the window; those beside it only if there are
-    /// none inside.
+    /// Lowest and highest value of the samples within the window; of those beside it if only a line
+    /// between two of them is in sight.
     std::optional<std::pair<double, double>> extremes() const;
 
     /// Of the samples within [from, to]; none without a number among them.

@@ -355,8 +355,13 @@ void TestGraphScene::cornersTellTheExtremes()
     graph.setWindow(50.0, 100.0); // 900 is before, though a line leads there
     const auto corners = [&] { return textsOf(buildScene(graph, GraphInput(graph))).filter("m"); };
     QVERIFY(corners().contains("max 7.00") && corners().contains("min 3.00"));
-    graph.setWindow(20.0, 30.0); // between two samples
-    QVERIFY(corners().contains("max 900.00"));
+    graph.setWindow(80.0, 90.0); // between two samples
+    QVERIFY(corners().contains("max 7.00") && corners().contains("min 4.00"));
+    for (const double start : {-50.0, 100.0}) { // nothing is in sight
+        graph.setWindow(start, start + 40.0);
+        QCOMPARE(corners().filter("max").size(), 0);
+    }
+    graph.setWindow(50.0, 100.0);
     graph.setSize(graph.width(), 60.0); // no room for two lines
     QCOMPARE(corners().filter("max").size(), 0);
 }
