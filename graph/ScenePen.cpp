@@ -66,8 +66,11 @@ void ScenePen::topText(double x, double y, const QString& content, const QColor&
 {
     GraphScene::Text added{x, y, Qt::AlignLeft, content, color};
     const QRectF area = areaOf(added).adjusted(-2.0, 0.0, 2.0, 0.0);
+    // Lines of text that only touch stay: labels of a large font reach into the plot.
+    const double slack = m_metrics.lineHeight / 4.0;
+    const QRectF covered = area.adjusted(0.0, slack, 0.0, -slack);
     std::erase_if(m_scene.texts,
-                  [&](const GraphScene::Text& each) { return area.intersects(areaOf(each)); });
+                  [&](const GraphScene::Text& each) { return covered.intersects(areaOf(each)); });
     quad(area, ground);
     m_scene.texts.push_back(std::move(added));
 }

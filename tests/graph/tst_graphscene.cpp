@@ -477,8 +477,8 @@ void TestGraphScene::dragTextsStayInSight()
     const GraphScene scene = buildScene(graph, input);
     const QRectF name = areaOf("A trace");
     for (const GraphScene::Text& text : scene.texts) // of the value axis
-        QVERIFY(text.text == "A trace" || text.y < name.top() - 8.0 ||
-                text.y > name.bottom() + 8.0 || text.x > name.right());
+        QVERIFY(text.text == "A trace" || text.y < name.top() - 4.0 ||
+                text.y > name.bottom() + 4.0 || text.x > name.right());
 }
 
 void TestGraphScene::thresholdLines()
