@@ -4,6 +4,7 @@
 
 #include <QHash>
 
+#include <algorithm>
 #include <limits>
 
 namespace KOLT {
@@ -23,12 +24,37 @@ QString stateVariable(const QString& name)
     return QStringLiteral("%1_STATE").arg(name);
 }
 
+QString stepVariable(const QString& name, int step)
+{
+    return QStringLiteral("%1_STEP%2").arg(name).arg(step);
+}
+
+QString stepColorVariable(const QString& name, int step)
+{
+    return QStringLiteral("%1_COLOR%2").arg(name).arg(step);
+}
+
+QString limitVariable(const QString& name)
+{
+    return QStringLiteral("%1_LIMIT").arg(name);
+}
+
+QStringList variablesOf(const QString& name)
+{
+    QStringList names{name, stateVariable(name), limitVariable(name)};
+    for (int step = 1; step <= mostViewSteps; ++step)
+        names << stepVariable(name, step) << stepColorVariable(name, step);
+    return names;
+}
+
 QSet<QString> viewVariables(const Profile& profile)
 {
     QSet<QString> names{variantVariable, unitVariable};
     for (const ViewParameter& parameter : viewParameters(profile)) {
-        for (const QString& name : {parameter.name, parameter.fullName})
-            names << name << stateVariable(name);
+        for (const QString& name : {parameter.name, parameter.fullName}) {
+            for (const QString& variable : variablesOf(name))
+                names << variable;
+        }
     }
     return names;
 }
@@ -57,6 +83,29 @@ ViewValue viewValueAt(const DataSet& dataSet, const ViewParameter& parameter, do
     const MessageData& data = next != nullptr ? next->data : series.last().data;
     const double number = decodeNumber(data, *parameter.parameter);
     return {number, static_cast<int>(gradeOf(*parameter.parameter, number).state)};
+}
+
+std::vector<ViewStep> viewSteps(const Threshold& threshold)
+{
+    std::vector<ViewStep> steps;
+    double from = -std::numeric_limits<double>::infinity();
+    // Grading stops at the first step above a value: a step that is below one before it takes the
+    // place of that one.
+    for (const ThresholdStep& step : threshold.steps) {
+        from = std::max(from, step.value);
+        if (!steps.empty() && steps.back().from == from)
+            steps.pop_back();
+        steps.push_back({from, step.grade.color, step.grade.state});
+    }
+    if (steps.size() > mostViewSteps)
+        steps.resize(mostViewSteps);
+    return steps;
+}
+
+double upperLimit(const std::vector<ViewStep>& steps)
+{
+    const bool hasLimit = steps.size() > 1 && steps.back().state == ThresholdState::Limit;
+    return hasLimit ? steps.back().from : std::numeric_limits<double>::quiet_NaN();
 }
 
 int variantNumber(const Profile& profile)

@@ -32,6 +32,18 @@ std::vector<ViewParameter> viewParameters(const Profile& profile);
 
 QString stateVariable(const QString& name);
 
+/// The most steps of a threshold that the view is given.
+constexpr int mostViewSteps = 8;
+
+/// "<name>_STEP1" and so on.
+QString stepVariable(const QString& name, int step);
+QString stepColorVariable(const QString& name, int step);
+/// "<name>_LIMIT"
+QString limitVariable(const QString& name);
+
+/// The variables that belong to the parameter of that name, the state among them.
+QStringList variablesOf(const QString& name);
+
 /// The names of all variables that the view is given.
 QSet<QString> viewVariables(const Profile& profile);
 
@@ -54,6 +66,20 @@ struct ViewValue
 /// would be a false alarm. No number if the message was never recorded or its type cannot be
 /// decoded.
 ViewValue viewValueAt(const DataSet& dataSet, const ViewParameter& parameter, double seconds);
+
+/// A range of values with the same grade, which ends where the next one begins.
+struct ViewStep
+{
+    double from = 0.0; ///< metric
+    QRgb color = 0;
+    ThresholdState state = ThresholdState::Ok;
+};
+
+/// The ranges that a threshold's steps come to, ascending; at most mostViewSteps.
+std::vector<ViewStep> viewSteps(const Threshold& threshold);
+
+/// From where on values are beyond the upper limit; NaN if there is none.
+double upperLimit(const std::vector<ViewStep>& steps);
 
 /// The variant's name as a decimal number; 0 if it is not a number.
 int variantNumber(const Profile& profile);

@@ -6,7 +6,9 @@
 #include <QFileInfo>
 #include <QOpenGLContext>
 
+#include <algorithm>
 #include <cmath>
+#include <limits>
 
 namespace KOLT {
 
@@ -74,10 +76,10 @@ void DialogDataView::resizeGL(int width, int height)
 
 void DialogDataView::paintGL()
 {
-    if (!m_isLoaded) {
+    if (!m_isLoaded)
         loadView();
-        resizeGL(width(), height());
-    }
+    chooseShape();
+    resizeGL(width(), height()); // the view may be another one
     m_handler->clear(Qt::white);
     m_handler->enableBlending();
     const double ratio = devicePixelRatioF();
@@ -95,12 +97,36 @@ void DialogDataView::paintGL()
 void DialogDataView::loadView()
 {
     m_isLoaded = true;
-    m_view.load(m_viewFile);
+    loadFile(m_viewFile);
+    m_alternatives = m_view.model().alternatives;
     m_view.startView(true);
     m_view.setBackgroundMode(false);
-    for (const Zinc2D::Diagnostic& diagnostic : m_view.diagnostics())
-        addFault(diagnostic);
+}
+
+void DialogDataView::loadFile(const QString& path)
+{
+    m_view.load(path);
+    m_shownFile = path;
+    for (const Zinc2D::Diagnostic& diagnostic : m_view.diagnostics()) {
+        if (std::ranges::count(m_faults, diagnostic) == 0) // the file may be loaded again
+            addFault(diagnostic);
+    }
     tellFaults();
+}
+
+/// Loads the view file that is meant for the shape of the page, unless it is shown already.
+void DialogDataView::chooseShape()
+{
+    const QString file =
+        Zinc2D::fileFor(m_alternatives, static_cast<double>(width()) / std::max(1, height()));
+    const QString& wanted = file.isEmpty() ? m_viewFile : file;
+    if (wanted == m_shownFile)
+        return;
+    loadFile(wanted);
+    if (m_view.width() > 0.0 || wanted == m_viewFile)
+        return;
+    m_alternatives.clear(); // it cannot be shown: better the wrong shape
+    loadFile(m_viewFile);
 }
 
 void DialogDataView::addFault(const Zinc2D::Diagnostic& fault)
@@ -114,8 +140,10 @@ void DialogDataView::addFault(const Zinc2D::Diagnostic& fault)
 void DialogDataView::findUnknownVariables()
 {
     QSet<QString> known = viewVariables(m_profile);
-    for (const QString& name : m_view.model().optionalVariables)
-        known << name << stateVariable(name);
+    for (const QString& name : m_view.model().optionalVariables) {
+        for (const QString& variable : variablesOf(name))
+            known << variable;
+    }
     for (const Zinc2D::VariableUse& use : m_view.model().variables) {
         if (known.contains(use.name) || m_toldNames.contains(use.name) ||
             m_faults.size() >= maxFaults)
@@ -144,7 +172,9 @@ QStringList DialogDataView::sharedNamesInWords()
         used << use.name;
     QStringList texts;
     for (const SharedName& shared : sharedNames(viewParameters(m_profile))) {
-        const bool isUsed = used.contains(shared.name) || used.contains(stateVariable(shared.name));
+        const QStringList variables = variablesOf(shared.name);
+        const bool isUsed = std::ranges::any_of(
+            variables, [&](const QString& name) { return used.contains(name); });
         if (!isUsed || m_toldShared.contains(shared.name))
             continue;
         m_toldShared << shared.name;
@@ -176,6 +206,7 @@ void DialogDataView::dropData()
 {
     m_parameters.clear(); // it points into the profile
     m_view.unsetVars();
+    m_limitsRevision = 0;
     update();
 }
 
@@ -201,10 +232,38 @@ void DialogDataView::slotTimeoutUpdate()
     update();
 }
 
+/// The thresholds change with the profile only.
+void DialogDataView::pushLimits()
+{
+    m_limitsRevision = m_profile.revision();
+    const std::vector<ViewParameter> parameters = viewParameters(m_profile);
+    const auto push = [this](const QString& name, const std::vector<ViewStep>& steps) {
+        m_view.setVar(limitVariable(name), upperLimit(steps));
+        constexpr double unset = std::numeric_limits<double>::quiet_NaN();
+        for (int step = 1; step <= mostViewSteps; ++step) {
+            const auto index = static_cast<std::size_t>(step - 1);
+            const bool isSet = index < steps.size();
+            m_view.setVar(stepVariable(name, step), isSet ? steps[index].from : unset);
+            m_view.setVar(stepColorVariable(name, step),
+                          isSet ? static_cast<double>(steps[index].color) : unset);
+        }
+    };
+    std::vector<std::vector<ViewStep>> steps;
+    for (const ViewParameter& parameter : parameters) {
+        const Threshold* const threshold = parameter.parameter->threshold;
+        steps.push_back(threshold != nullptr ? viewSteps(*threshold) : std::vector<ViewStep>());
+        push(parameter.fullName, steps.back());
+    }
+    for (std::size_t i = 0; i < steps.size(); ++i) // as in pushValues()
+        push(parameters[i].name, steps[i]);
+}
+
 void DialogDataView::pushValues()
 {
     m_view.setVar(variantVariable, variantNumber(m_profile));
     m_view.setVar(unitVariable, static_cast<int>(m_profile.unitSystem()));
+    if (m_limitsRevision != m_profile.revision())
+        pushLimits();
     const auto push = [this](const QString& name, const ViewValue& value) {
         if (!std::isnan(value.number))
             m_view.setVar(name, value.number);

@@ -16,8 +16,8 @@ namespace KOLT {
 /// The "EMU View" page: the engine's instrument panel, drawn from a view file
 /// (docs/formats/view.md).
 ///
-/// Loads the view, fits it into the widget, and sets the view's variables: values and threshold
-/// states of the parameters, variant and unit system.
+/// Loads the view that fits the page's shape, fits it into the widget, and sets the view's
+/// variables: values, threshold states and thresholds of the parameters, variant and unit system.
 class DialogDataView : public QOpenGLWidget, public DataPage
 {
     Q_OBJECT
@@ -59,15 +59,20 @@ private slots:
 private:
     void releaseGraphics();
     void loadView();
+    void loadFile(const QString& path);
+    void chooseShape();
     void addFault(const Zinc2D::Diagnostic& fault);
     void findUnknownVariables();
     QString faultsInWords() const;
     QStringList sharedNamesInWords();
     void tellFaults();
     void pushValues();
+    void pushLimits();
 
     const Profile& m_profile;
     QString m_viewFile;
+    std::vector<Zinc2D::ViewAlternative> m_alternatives; ///< of m_viewFile
+    QString m_shownFile;                                 ///< m_viewFile or an alternative
     std::unique_ptr<TUSK::OpenGL::GlHandler> m_handler;
     Zinc2D::ZincView m_view;
     bool m_isLoaded = false; ///< or loading failed
@@ -77,6 +82,7 @@ private:
     QSet<QString> m_toldShared;   ///< shared names that are reported
     Fit m_fit;
     std::vector<ViewParameter> m_parameters;
+    std::uint64_t m_limitsRevision = 0; ///< of the profile whose limits are set; 0: none are
     QTimer m_timer;
 };
 

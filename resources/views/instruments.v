@@ -1,7 +1,9 @@
 <?xml version="1.0" encoding="UTF-8"?>
-<!-- The engine panel of the default profile. Format: docs/formats/view.md. The ranges are the
-     thresholds of the profile; change both together. -->
+<!-- The engine panel of the default profile, for wide pages. Format: docs/formats/view.md. Limits
+     and their colours come from the profile. -->
 <view width="1280" height="720" background="#05070a" font="B612">
+    <alternative below="1.5" file="instruments-square.v"/>
+    <alternative below="0.8" file="instruments-narrow.v"/>
     <font file="fonts/B612-Regular.otf"/>
     <font file="fonts/B612-Bold.otf"/>
 
@@ -16,10 +18,6 @@
     <define name="dim" value="#7c8894"/>
     <define name="black" value="#14100a"/>
 
-    <!-- variants: the name 915T is not a number, so that its VARIANT is 0 -->
-    <define name="is850" value="VARIANT == 850"/>
-    <define name="is915T" value="VARIANT == 0"/>
-
     <!-- units: limits are metric, only displayed numbers are converted -->
     <define name="imperial" value="UNIT == 1"/>
     <define name="hPa" value="imperial ? 0.0295299831 : 1"/>
@@ -28,22 +26,9 @@
     <define name="degree" value="imperial ? 1.8 : 1"/>
     <define name="zero" value="imperial ? 32 : 0"/>
 
-    <!-- thresholds that depend on the variant -->
-    <define name="rpmWarning" value="is850 ? 5300 : is915T ? 5650 : 5520"/>
-    <define name="rpmLimit" value="is850 ? 5600 : is915T ? 5850 : 5800"/>
-    <define name="mapWarning" value="is850 ? 1020 : 1520"/>
-    <define name="mapLimit" value="is850 ? 1060 : 1600"/>
-    <define name="mapEnd" value="is850 ? 1200 : 1800"/>
-    <define name="oilNormal" value="is850 ? 1.5 : 2"/>
-    <define name="oilHot" value="is915T ? 125 : 120"/>
-    <define name="oilLimit" value="is915T ? 135 : 130"/>
-    <define name="coolantHot" value="is915T ? 120 : 115"/>
-    <define name="egtWarning" value="is850 ? 840 : 920"/>
-    <define name="egtLimit" value="is850 ? 900 : 950"/>
-
     <!-- Engine values are those of lane A, even if lane B sends one of the same name; "...Worst" is
          the worse state of the two. Profiles without a device "ECU Lane A" have only the plain
-         name, and some variants have no tow lamp. -->
+         name, and some variants have no tow lamp: then its threshold is not set. -->
     <optional name="Lamp Tow"/>
     <optional name="ECU Lane A/Engine Speed"/>
     <optional name="ECU Lane A/Manifold Pressure"/>
@@ -79,6 +64,12 @@
             value="isset([ECU Lane A/EGT 3]) ? [ECU Lane A/EGT 3_STATE] : [EGT 3_STATE]"/>
     <define name="egt4State"
             value="isset([ECU Lane A/EGT 4]) ? [ECU Lane A/EGT 4_STATE] : [EGT 4_STATE]"/>
+    <define name="rpmLimit"
+            value="first([ECU Lane A/Engine Speed_LIMIT], [Engine Speed_LIMIT])"/>
+    <define name="mapLimit"
+            value="first([ECU Lane A/Manifold Pressure_LIMIT], [Manifold Pressure_LIMIT])"/>
+    <define name="mapEnd" value="first(ceil(mapLimit * 1.1 / 100) * 100, 1800)"/>
+    <define name="hasTow" value="isset([Lamp Tow_STEP1])"/>
     <define name="rpmWorst" value="max(rpmState, [Engine Speed_STATE])"/>
     <define name="mapWorst" value="max(mapState, [Manifold Pressure_STATE])"/>
     <define name="oilTempWorst" value="max(oilTempState, [Oil Temperature_STATE])"/>
@@ -96,9 +87,7 @@
     <gauge x="212" y="218" radius="184" value="rpm" min="0" max="6500" major="1000"
            minor="500" labelScale="1000" format="%.0f" state="rpmState" size="66"
            labelSize="27" label="RPM">
-        <range from="0" to="rpmWarning" color="green"/>
-        <range from="rpmWarning" to="rpmLimit" color="amber"/>
-        <range from="rpmLimit" to="6500" color="red"/>
+        <steps of="ECU Lane A/Engine Speed" or="Engine Speed"/>
         <mark at="rpmLimit" color="red"/>
     </gauge>
 
@@ -111,9 +100,7 @@
            minor="imperial ? 5 : 100" labelScale="imperial ? 1 : 100"
            format="=imperial ? '%.1f' : '%.0f'" state="mapState" size="66"
            labelSize="27" label="=imperial ? 'MAN inHg' : 'MAN hPa'">
-        <range from="0" to="mapWarning * hPa" color="green"/>
-        <range from="mapWarning * hPa" to="mapLimit * hPa" color="amber"/>
-        <range from="mapLimit * hPa" to="mapEnd * hPa" color="red"/>
+        <steps of="ECU Lane A/Manifold Pressure" or="Manifold Pressure" factor="hPa"/>
         <mark at="mapLimit * hPa" color="red"/>
     </gauge>
 
@@ -124,26 +111,17 @@
     <bar style="scale" x="852" y="84" width="396" label="OIL TEMP" unit="=imperial ? '°F' : '°C'"
          value="oilTemp" digits="oilTemp * degree + zero" format="%.0f"
          min="0" max="150" state="oilTempState">
-        <range from="0" to="50" color="amber"/>
-        <range from="50" to="oilHot" color="green"/>
-        <range from="oilHot" to="oilLimit" color="amber"/>
-        <range from="oilLimit" to="150" color="red"/>
+        <steps of="ECU Lane A/Oil Temperature" or="Oil Temperature"/>
     </bar>
     <bar style="scale" x="852" y="168" width="396" label="OIL PRESS" unit="=imperial ? 'psi' : 'bar'"
          value="oilPress" digits="oilPress * bar" format="=imperial ? '%.0f' : '%.1f'"
          min="0" max="8" state="oilPressState">
-        <range from="0" to="0.8" color="red"/>
-        <range from="0.8" to="oilNormal" color="amber"/>
-        <range from="oilNormal" to="5" color="green"/>
-        <range from="5" to="7" color="amber"/>
-        <range from="7" to="8" color="red"/>
+        <steps of="ECU Lane A/Oil Pressure" or="Oil Pressure"/>
     </bar>
     <bar style="scale" x="852" y="252" width="396" label="COOLANT" unit="=imperial ? '°F' : '°C'"
          value="[Coolant Temperature A]" digits="[Coolant Temperature A] * degree + zero"
          format="%.0f" min="0" max="140" state="[Coolant Temperature A_STATE]">
-        <range from="0" to="coolantHot" color="green"/>
-        <range from="coolantHot" to="120" color="amber"/>
-        <range from="120" to="140" color="red"/>
+        <steps of="Coolant Temperature A"/>
     </bar>
 
     <!-- cautions and warnings -->
@@ -218,16 +196,16 @@
     <text style="caption" x="548" y="448" align="right" text="SPREAD"/>
     <text x="620" y="448" align="right" size="28" weight="bold" value="spread * degree" format="%.0f"/>
     <bar style="egt" x="335" label="1" value="egt1" digits="egt1 * degree + zero" state="egt1State">
-        <mark at="egtWarning" color="amber"/><mark at="egtLimit" color="red"/>
+        <steps of="ECU Lane A/EGT 1" or="EGT 1"/>
     </bar>
     <bar style="egt" x="415" label="2" value="egt2" digits="egt2 * degree + zero" state="egt2State">
-        <mark at="egtWarning" color="amber"/><mark at="egtLimit" color="red"/>
+        <steps of="ECU Lane A/EGT 2" or="EGT 2"/>
     </bar>
     <bar style="egt" x="495" label="3" value="egt3" digits="egt3 * degree + zero" state="egt3State">
-        <mark at="egtWarning" color="amber"/><mark at="egtLimit" color="red"/>
+        <steps of="ECU Lane A/EGT 3" or="EGT 3"/>
     </bar>
     <bar style="egt" x="575" label="4" value="egt4" digits="egt4 * degree + zero" state="egt4State">
-        <mark at="egtWarning" color="amber"/><mark at="egtLimit" color="red"/>
+        <steps of="ECU Lane A/EGT 4" or="EGT 4"/>
     </bar>
 
     <!-- fuel -->
@@ -242,11 +220,7 @@
          digits="[Fuel Pressure A] * bar" digits2="[Fuel Pressure B] * bar"
          format="=imperial ? '%.0f' : '%.1f'" state="[Fuel Pressure A_STATE]"
          state2="[Fuel Pressure B_STATE]">
-        <range from="2" to="2.5" color="red"/>
-        <range from="2.5" to="2.8" color="amber"/>
-        <range from="2.8" to="3.3" color="green"/>
-        <range from="3.3" to="3.6" color="amber"/>
-        <range from="3.6" to="4" color="red"/>
+        <steps of="Fuel Pressure A"/>
     </bar>
     <text style="caption" x="664" y="612" text="FUEL USED"/>
     <text x="925" y="612" align="right" size="30" weight="bold" value="[Fuel Used] * litre" format="%.1f"/>
@@ -256,23 +230,17 @@
     <rectangle style="card" x="1008" y="426" width="260" height="212"/>
     <bar style="small" x="1024" y="486" width="228" label="VOLTAGE" unit="V" value="[Bus Voltage A]"
          min="10" max="16" format="%.1f" state="[Bus Voltage A_STATE]">
-        <range from="10" to="11.5" color="red"/>
-        <range from="11.5" to="12.9" color="amber"/>
-        <range from="12.9" to="14.8" color="green"/>
-        <range from="14.8" to="15.5" color="amber"/>
-        <range from="15.5" to="16" color="red"/>
+        <steps of="Bus Voltage A"/>
     </bar>
     <bar style="small" x="1024" y="562" width="228" label="ALTERNATOR" unit="A" value="[Alternator Current]"
          min="0" max="45" format="%.0f" state="[Alternator Current_STATE]">
-        <range from="0" to="32" color="green"/>
-        <range from="32" to="38" color="amber"/>
-        <range from="38" to="45" color="red"/>
+        <steps of="Alternator Current"/>
     </bar>
     <text style="caption" x="1024" y="612" text="HOURS"/>
     <text x="1252" y="612" align="right" size="30" weight="bold" value="hours" format="%.0f"/>
 
-    <!-- warning lamps; the 915T has one more -->
-    <define name="pitch" value="(1256 + 8) / (is915T ? 11 : 10)"/>
+    <!-- warning lamps; some variants have one more -->
+    <define name="pitch" value="(1256 + 8) / (hasTow ? 11 : 10)"/>
     <style name="lamp" y="648" width="pitch - 8" height="60" size="18"/>
     <style name="red" value="1" color="white" background="red"/>
     <style name="amber" value="1" color="black" background="amber"/>
@@ -286,5 +254,5 @@
     <lamp style="lamp" x="12 + 7 * pitch" text="FUEL|LOW" value="[Lamp Low Fuel]"><case style="amber"/></lamp>
     <lamp style="lamp" x="12 + 8 * pitch" text="LANE A" value="[Lamp Lane A]"><case style="amber"/></lamp>
     <lamp style="lamp" x="12 + 9 * pitch" text="LANE B" value="[Lamp Lane B]"><case style="amber"/></lamp>
-    <lamp style="lamp" x="12 + 10 * pitch" text="TOW" value="[Lamp Tow]" visible="is915T"><case style="amber"/></lamp>
+    <lamp style="lamp" x="12 + 10 * pitch" text="TOW" value="[Lamp Tow]" visible="hasTow"><case style="amber"/></lamp>
 </view>

@@ -7,6 +7,7 @@
 #include "tests/support/Rows.h"
 
 #include <QImage>
+#include <QRegularExpression>
 
 #include <cmath>
 #include <limits>
@@ -60,6 +61,9 @@ private slots:
     void pushesValues();
     void timerFollowsTheProfile();
     void hiddenPageWaits();
+    void pushesLimits();
+    void stepsAsTheyGrade_data();
+    void stepsAsTheyGrade();
     void variantIsANumber();
 
     void sharedNames();
@@ -76,6 +80,9 @@ private slots:
     void installedPanelFitsTheProfile_data();
     void installedPanelFitsTheProfile();
     void installedPanelHidesNoLimit();
+    void installedPanelsTypeNoLimit();
+    void pageChoosesTheShape();
+    void unusableShapeIsNotTaken();
 
 private:
     void makePage(const QByteArray& content);
@@ -193,6 +200,50 @@ void TestViewPage::hiddenPageWaits()
     QCOMPARE(valuesOf({"rpm"}), "-");
     m_page->setShown(true);
     QCOMPARE(valuesOf({"rpm"}), "50");
+}
+
+/// Also those of a variant whose name is not a number, and none of the variant before.
+void TestViewPage::pushesLimits()
+{
+    const QStringList names{"rpm_STEP1", "rpm_STEP2",   "rpm_STEP3",  "rpm_STEP4",
+                            "rpm_LIMIT", "D/rpm_STEP3", "rpm_COLOR3", "lamp_STEP1"};
+    QCOMPARE(valuesOf(names).section(' ', 0, 5), "-1000 50 80 - 80 80"); // even without data
+    const QByteArray content =
+        threshold("t", {"val='-1000' state='OK'", "val='50' state='WARNING' variant='915'",
+                        "val='60' color='#0000ff' state='LIMIT' variant='Tow'"}) +
+        device({"name='rpm' id='1' dataType='FLOAT' thresholdId='t' viewId='EMU'"});
+    QVERIFY(loadProfile(m_profile, content, "Tow"));
+    m_page->clear();
+    m_page->setData(m_dataSet.get());
+    QCOMPARE(valuesOf(names), "-1000 60 - - 60 - - -");
+    QCOMPARE(valuesOf({"D/rpm_STEP2", "rpm_COLOR2"}), "60 4.27819e+09");
+    QVERIFY(loadProfile(m_profile, content, "915"));
+    m_page->setTime(2.0); // without clearing
+    QCOMPARE(valuesOf({"rpm_STEP2", "rpm_LIMIT"}), "50 -");
+}
+
+void TestViewPage::stepsAsTheyGrade_data()
+{
+    const Rows<QList<double>, QList<double>> row; // steps, where they begin
+    row("none", {}, {});
+    row("ascending", {1, 2, 3}, {1, 2, 3});
+    row("one is out of order", {10, 5, 20}, {10, 20});
+    row("equal", {1, 4, 4}, {1, 4});
+    row("too many", {1, 2, 3, 4, 5, 6, 7, 8, 9}, {1, 2, 3, 4, 5, 6, 7, 8});
+}
+
+void TestViewPage::stepsAsTheyGrade()
+{
+    const auto [values, froms] = fetchRow<QList<double>, QList<double>>();
+    Threshold threshold;
+    for (const double value : values)
+        threshold.steps.push_back({value, {static_cast<QRgb>(threshold.steps.size()), {}}});
+    QList<double> found;
+    for (const ViewStep& step : viewSteps(threshold)) {
+        found << step.from;
+        QCOMPARE(step.color, threshold.grade(step.from).color);
+    }
+    QCOMPARE(found, froms);
 }
 
 void TestViewPage::variantIsANumber()
@@ -369,12 +420,22 @@ void TestViewPage::brokenViews()
     QCOMPARE(m_messages.size(), 1);
 }
 
+const QStringList panels{"instruments", "instruments-square", "instruments-narrow"};
+
+QString panelFile(const QString& name)
+{
+    return QStringLiteral(KOLT_VIEWS "/%1.v").arg(name);
+}
+
 void TestViewPage::installedPanelFitsTheProfile_data()
 {
-    const Rows<QString, int> row; // variant, unit
-    for (const char* variant : {"915", "915T", "850"}) {
-        row(qPrintable(QString(variant) + " metric"), variant, 0);
-        row(qPrintable(QString(variant) + " imperial"), variant, 1);
+    const Rows<QString, QString, int> row; // file, variant, unit
+    for (const QString& panel : panels) {
+        for (const char* variant : {"915", "915T", "850"}) {
+            for (const int unit : {0, 1})
+                row(qPrintable(QStringLiteral("%1 %2 %3").arg(panel, variant).arg(unit)),
+                    panelFile(panel), variant, unit);
+        }
     }
 }
 
@@ -382,23 +443,29 @@ void TestViewPage::installedPanelFitsTheProfile_data()
 /// profile's thresholds.
 void TestViewPage::installedPanelFitsTheProfile()
 {
-    const auto [variant, unitSystem] = fetchRow<QString, int>();
+    const auto [file, variant, unitSystem] = fetchRow<QString, QString, int>();
     Profile profile;
     QVERIFY(profile.loadProfil(QStringLiteral(KOLT_PROFILE), variant));
+    profile.setUnitSystem(static_cast<UnitSystem>(unitSystem));
     Zinc2D::VariableTable variables;
     Zinc2D::ViewReader reader(variables);
-    const auto model = reader.read(QStringLiteral(KOLT_VIEW));
+    const auto model = reader.read(file);
     QVERIFY(model);
     QVERIFY2(reader.diagnostics().empty(),
              qPrintable(reader.diagnostics().empty() ? QString() : reader.diagnostics()[0].text()));
 
     for (const Zinc2D::VariableUse& use : model->variables)
         QVERIFY2(viewVariables(profile).contains(use.name) ||
-                     (use.name == "Lamp Tow" && variant != "915T"),
+                     (use.name.startsWith("Lamp Tow") && variant != "915T"),
                  qPrintable(use.unknown.text()));
 
-    variables.set("VARIANT", variantNumber(profile));
-    variables.set("UNIT", unitSystem);
+    DialogDataView page(profile, file);
+    page.setShown(true);
+    const Zinc2D::VariableTable& pushed = page.view().variables();
+    for (const QString& name : pushed.names()) {
+        if (pushed.value(name).isSet())
+            variables.set(name, pushed.value(name).number());
+    }
     variables.takeChanges();
     const double factor = unitSystem == 1 ? 0.0295299831 : 1.0; // of the manifold pressure
     int compared = 0;
@@ -423,10 +490,11 @@ void TestViewPage::installedPanelFitsTheProfile()
             if (part.type != Zinc2D::ElementType::Range)
                 continue;
             const Zinc2D::Properties range(part, variables);
+            if (!range.number(Zinc2D::Property::From))
+                continue; // no such step
             const double from = *range.number(Zinc2D::Property::From) / scale;
             const double to = *range.number(Zinc2D::Property::To) / scale;
-            if (from >= to)
-                continue; // empty in this variant
+            QVERIFY(from < to);
             const auto color = range.color(Zinc2D::Property::Color, 0);
             for (const double inside : {from + (to - from) * 1e-6, to - (to - from) * 1e-6})
                 QVERIFY2(gradeOf(parameter, inside).color == color,
@@ -434,14 +502,93 @@ void TestViewPage::installedPanelFitsTheProfile()
             ++compared;
         }
     }
-    QVERIFY(compared > 20);
+    QVERIFY(compared > 40);
+    // Where the tow lamp is.
+    QCOMPARE(variables.value("hasTow").number(), variant == "915T" ? 1.0 : 0.0);
+    QCOMPARE(variables.value("mapEnd").number(), variant == "850" ? 1200.0 : 1800.0);
+}
+
+/// No shipped panel has a number that is a threshold of the profile, in any variant: neither as the
+/// end of a range or a mark, nor in conditions and definitions.
+void TestViewPage::installedPanelsTypeNoLimit()
+{
+    Profile profile;
+    QVERIFY(profile.loadProfil(QStringLiteral(KOLT_PROFILE), QString())); // of all variants
+    QSet<double> limits;
+    for (const ViewParameter& parameter : viewParameters(profile)) {
+        if (const Threshold* const threshold = parameter.parameter->threshold)
+            for (const ThresholdStep& step : threshold->steps)
+                limits << step.value;
+    }
+    QVERIFY(limits.contains(5850.0) && limits.contains(5300.0));
+    // Small whole numbers are states, and numbers of lamps.
+    const auto isLimit = [&](double number) {
+        return limits.contains(number) && (number >= 10.0 || number != std::floor(number));
+    };
+    const QRegularExpression attribute(
+        QStringLiteral("\\s(value|digits|min|max|from|to|at|when|factor|color)=\"([^\"]*)\""));
+    const QRegularExpression token(QStringLiteral("(?<![\\w.#%])\\d+(\\.\\d+)?(?![\\w.])"));
+    for (const QString& panel : panels) {
+        QFile file(panelFile(panel));
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        const QString text = QString::fromUtf8(file.readAll());
+        QVERIFY(!text.contains(QLatin1String("<range")));
+        for (const auto& match : attribute.globalMatch(text)) {
+            for (const auto& number : token.globalMatch(match.captured(2)))
+                QVERIFY2(!isLimit(number.captured().toDouble()),
+                         qPrintable(panel + match.captured()));
+        }
+    }
+}
+
+/// The panel fills pages of the shapes that the window gives them, with texts of 11 pixels at
+/// least.
+void TestViewPage::pageChoosesTheShape()
+{
+    Profile profile;
+    QVERIFY(profile.loadProfil(QStringLiteral(KOLT_PROFILE), "915"));
+    m_page = std::make_unique<DialogDataView>(profile, panelFile("instruments"));
+    const std::pair<QSize, QSizeF> shapes[] = {{{329, 548}, {360, 600}},  // 1000x800, beside a map
+                                               {{666, 548}, {720, 600}},  // without a map
+                                               {{800, 450}, {1280, 720}}, // the bare display
+                                               {{528, 745}, {360, 600}}}; // 1600x1000
+    for (const auto& [size, view] : shapes) {
+        m_page->resize(size);
+        show();
+        QTRY_COMPARE(m_page->grabFramebuffer().size(), size);
+        QCOMPARE(QSizeF(m_page->view().width(), m_page->view().height()), view);
+        const double scale = DialogDataView::fit(size, view).scale;
+        QVERIFY(view.width() * view.height() * scale * scale > 0.8 * size.width() * size.height());
+        for (const Zinc2D::Element& element : m_page->view().model().elements) {
+            const Zinc2D::Properties look(element, m_page->view().variables());
+            for (const auto property : {Zinc2D::Property::Size, Zinc2D::Property::LabelSize})
+                QVERIFY(look.number(property, 100.0) * scale >= 11.0);
+        }
+    }
+    // The values stay.
+    QCOMPARE(valuesOf({"UNIT", "Engine Speed_STEP1"}), "0 -1e+06");
+}
+
+void TestViewPage::unusableShapeIsNotTaken()
+{
+    QVERIFY(writeFile(m_directory.filePath("high.v"), "<picture/>"));
+    makePage("<view width='20' height='10' background='#101820'>"
+             "<alternative below='1' file='high.v'/></view>");
+    m_page->resize(200, 400);
+    show();
+    QTRY_COMPARE(m_messages.size(), 1);
+    QVERIFY(m_messages.front().contains("high.v:1:2"));
+    QCOMPARE(m_page->view().width(), 20.0);
+    m_page->resize(210, 400);
+    QTRY_COMPARE(m_page->grabFramebuffer().width(), 210);
+    QCOMPARE(m_messages.size(), 1);
 }
 
 /// The dial shows lane A's value; the warnings show the worse of both lanes.
 void TestViewPage::installedPanelHidesNoLimit()
 {
     Zinc2D::VariableTable variables;
-    QVERIFY(Zinc2D::ViewReader(variables).read(QStringLiteral(KOLT_VIEW)));
+    QVERIFY(Zinc2D::ViewReader(variables).read(panelFile("instruments")));
     for (const double ofLaneA : {2.0, 0.0}) {
         variables.set("ECU Lane A/Engine Speed", 1000.0);
         variables.set("Engine Speed", 2000.0);

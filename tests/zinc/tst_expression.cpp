@@ -68,6 +68,7 @@ void TestExpression::evaluates_data()
     row("abs(-2) + min(4, 2, 3) + max(1, 5) + avg(1, 2, 6)", "12");
     row("round(2.5) + floor(-1.5) + ceil(1.2)", "3");
     row("sqrt(16) + clamp(9, 0, 5) + min(7)", "16");
+    row("color(4278255360) == #00ff00", "1");
     // Operands that are not set propagate ...
     row("nothing + 1", "unset");
     row("-nothing", "unset");

@@ -15,6 +15,8 @@ private slots:
     void readsElements();
     void reports_data();
     void reports();
+    void stepsBecomeRanges();
+    void choosesTheShape();
     void tellsWhichVariablesItNeeds();
     void refusesWhatIsNoView();
     void isBounded();
@@ -153,6 +155,16 @@ void TestViewReader::reports_data()
     row("style with a fault, twice",
         "<style name='s' size='#'/><text x='0' y='0' style='s'/><text x='0' y='0' style='s'/>",
         {":2:23: a colour is written as #rrggbb or #aarrggbb"}, 2);
+    row("alternative without bound", "<alternative file='panel.v'/>",
+        {":2:2: an alternative needs \"file\" and \"below\" above 0"}, 0);
+    row("steps of nothing",
+        "<bar x='1' y='1' width='9' height='1' value='v' min='0' max='9'><steps or='a'/></bar>",
+        {":2:66: \"of\" is missing"}, 1);
+    row("steps with a fault",
+        "<bar x='1' y='1' width='9' height='1' value='v' min='0' max='9'>"
+        "<steps of='a' factor='*'/></bar>",
+        {":2:87: \"*\" is not expected here"}, 1);
+    row("a number is no colour", "<line x='0' y='0' x2='1' y2='1' color='color(a)'/>", {}, 1);
     row("bad points", "<polygon points='0,0; 1,1; 2'/>", {":2:29: a point needs \"x, y\""}, 1);
 }
 
@@ -165,6 +177,50 @@ void TestViewReader::reports()
     QVERIFY(model);
     QCOMPARE(m_reports, reports);
     QCOMPARE(static_cast<int>(model->elements.size()), kept + 1);
+}
+
+/// A range for each step that is set, up to the next one. The first name goes before the second.
+void TestViewReader::stepsBecomeRanges()
+{
+    const auto model = readView("<bar x='1' y='1' width='9' height='1' value='v' min='0' max='9'>"
+                                "<steps of='A/oil' or='oil' factor='2'/></bar>");
+    QVERIFY(model && m_reports.isEmpty());
+    const auto ranges = [&] {
+        m_variables.takeChanges();
+        QStringList texts;
+        for (const Element& part : model->elements.at(0).parts) {
+            const auto number = [&](Property property) {
+                return part.find(property)->expressions.at(0).evaluate(m_variables);
+            };
+            if (number(Property::From).isSet())
+                texts << QStringLiteral("%1 %2 %3")
+                             .arg(number(Property::From).number())
+                             .arg(number(Property::To).number())
+                             .arg(number(Property::Color).number());
+        }
+        return texts;
+    };
+    QCOMPARE(ranges(), QStringList());
+    const std::pair<const char*, double> plain[] = {
+        {"oil_STEP1", -5.0}, {"oil_COLOR1", 1.0}, {"oil_STEP2", 4.0}, {"oil_COLOR2", 2.0}};
+    for (const auto& [name, value] : plain)
+        m_variables.set(name, value);
+    QCOMPARE(ranges(), (QStringList{"-10 8 1", "8 2e+09 2"}));
+    m_variables.set("A/oil_STEP1", 3.0); // and no second one
+    m_variables.set("A/oil_COLOR1", 7.0);
+    QCOMPARE(ranges(), QStringList{"6 2e+09 7"});
+}
+
+void TestViewReader::choosesTheShape()
+{
+    KOLT::Test::writeFile(m_directory.filePath("high.v"), "not read here");
+    KOLT::Test::writeFile(m_directory.filePath("square.v"), "not read here");
+    const auto model = readView("<alternative below='1.4' file='square.v'/>"
+                                "<alternative below='0.8' file='high.v'/>");
+    QVERIFY(model && m_reports.isEmpty());
+    for (const auto& [aspect, file] :
+         {std::pair(2.0, ""), {1.4, ""}, {1.39, "square.v"}, {0.8, "square.v"}, {0.5, "high.v"}})
+        QCOMPARE(QFileInfo(fileFor(model->alternatives, aspect)).fileName(), file);
 }
 
 void TestViewReader::tellsWhichVariablesItNeeds()

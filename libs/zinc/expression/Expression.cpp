@@ -100,6 +100,8 @@ Value unary(Operation operation, const Value& operand)
         return {};
     const double number = operand.number();
     switch (operation) {
+    case Operation::Color:
+        return operand;
     case Operation::Negate:
         return Value(-number);
     case Operation::Not:

@@ -55,6 +55,7 @@ public:
         Ceiling,
         Root,
         Clamp,
+        Color, ///< the operand, as a colour
         IsSet,
         First
     };

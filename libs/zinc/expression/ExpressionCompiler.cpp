@@ -63,6 +63,7 @@ constexpr auto functions = std::to_array<Function>({
     {"ceil", Operation::Ceiling, 1, 1},
     {"sqrt", Operation::Root, 1, 1},
     {"clamp", Operation::Clamp, 3, 3},
+    {"color", Operation::Color, 1, 1},
     {"isset", Operation::IsSet, 1, 1},
     {"first", Operation::First, 1, many},
 });

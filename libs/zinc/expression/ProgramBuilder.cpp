@@ -34,6 +34,8 @@ bool canTake(Operation operation, std::span<const ValueTypes> types)
 /// The types that the operation yields for operands of these types.
 ValueTypes resultOf(Operation operation, std::span<const ValueTypes> types)
 {
+    if (operation == Operation::Color)
+        return colorType;
     if (operation != Operation::Select && operation != Operation::First)
         return numberType;
     const std::span chosen = operation == Operation::Select ? types.subspan(1) : types;

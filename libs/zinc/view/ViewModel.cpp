@@ -10,4 +10,14 @@ const PropertyValue* Element::find(Property property) const
     return found == properties.end() ? nullptr : &*found;
 }
 
+QString fileFor(const std::vector<ViewAlternative>& alternatives, double aspect)
+{
+    const ViewAlternative* best = nullptr;
+    for (const ViewAlternative& alternative : alternatives) {
+        if (aspect < alternative.below && (best == nullptr || alternative.below < best->below))
+            best = &alternative;
+    }
+    return best != nullptr ? best->file : QString();
+}
+
 } // namespace Zinc2D

@@ -31,6 +31,7 @@ enum class ElementType {
     Tape,
     // Only inside other elements
     Range,
+    Steps, ///< becomes ranges when it is read
     Mark,
     Case,
     Message
@@ -125,6 +126,17 @@ struct VariableUse
     Diagnostic unknown; ///< points at its first use
 };
 
+/// Another view file, which fits pages that are narrower for their height.
+struct ViewAlternative
+{
+    double below = 0.0; ///< for pages whose width / height is less than this
+    QString file;       ///< absolute path
+};
+
+/// The file for a page of this width / height: that with the smallest bound above it. Empty if
+/// there is none.
+QString fileFor(const std::vector<ViewAlternative>& alternatives, double aspect);
+
 /// A whole view. Elements are in file order, so that a group comes before its contents.
 struct ViewModel
 {
@@ -132,6 +144,7 @@ struct ViewModel
     PropertyValue background; ///< colour behind everything
     QString fontFamily;
     std::vector<QString> fontFiles;
+    std::vector<ViewAlternative> alternatives;
     std::vector<Element> elements;
     std::vector<VariableUse> variables;
     QSet<QString> optionalVariables; ///< not reported when nobody sets them

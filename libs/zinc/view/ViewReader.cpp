@@ -11,6 +11,7 @@ namespace {
 constexpr int maxElements = 20'000;
 constexpr int maxDepth = 64;
 constexpr double maxSize = 100'000.0;
+constexpr int mostSteps = 7; ///< of a threshold
 
 QString nameOf(const ElementInfo& info)
 {
@@ -99,6 +100,8 @@ bool ViewReader::readDeclaration()
         readFont();
     else if (name == QStringLiteral("optional"))
         readOptional();
+    else if (name == QStringLiteral("alternative"))
+        readAlternative();
     else
         return false;
     return true;
@@ -148,6 +151,9 @@ void ViewReader::readParts(const ElementInfo& info, Element& element)
             m_file.skip();
         } else if (isFull()) {
             m_file.skip();
+        } else if (part->type == ElementType::Steps) {
+            addSteps(element);
+            m_file.leave();
         } else {
             std::optional<Element> read = readAttributes(*part);
             if (read && isUsablePart(info, *read))
@@ -206,6 +212,76 @@ void ViewReader::readOptional()
             m_model.optionalVariables.insert(attribute.value.trimmed());
         else
             m_file.reportUnknown(attribute);
+    }
+}
+
+void ViewReader::readAlternative()
+{
+    ViewAlternative alternative;
+    for (const Attribute& attribute : m_file.attributes()) {
+        if (attribute.name == QStringLiteral("file"))
+            alternative.file = m_properties.readFile(attribute);
+        else if (attribute.name == QStringLiteral("below"))
+            alternative.below = attribute.value.toDouble();
+        else
+            m_file.reportUnknown(attribute);
+    }
+    if (alternative.below > 0.0 && !alternative.file.isEmpty())
+        m_model.alternatives.push_back(alternative);
+    else
+        m_file.report(QStringLiteral("an alternative needs \"file\" and \"below\" above 0"));
+}
+
+/// A range for each step of a parameter's threshold, whose variables end in the step's number.
+void ViewReader::addSteps(Element& element)
+{
+    Attributes attributes = m_file.attributes();
+    addStyle(attributes);
+    const auto take = [&](const QString& name) {
+        const auto found = std::ranges::find(attributes, name, &Attribute::name);
+        Attribute taken = found != attributes.end() ? *found : Attribute();
+        if (found != attributes.end())
+            attributes.erase(found);
+        return taken;
+    };
+    const Attribute of = take(QStringLiteral("of"));
+    const Attribute other = take(QStringLiteral("or"));
+    const Attribute factor = take(QStringLiteral("factor"));
+    if (of.value.isEmpty()) {
+        m_file.report(QStringLiteral("\"%1\" is missing").arg(QStringLiteral("of")));
+        return;
+    }
+    if (!factor.value.isEmpty()) { // a fault is to be reported once
+        const PropertyValue value = m_properties.readExpression(factor, PropertyKind::Number);
+        if (value.expressions.empty() && !value.constant.isSet())
+            return;
+    }
+    const auto variable = [&](const QString& suffix) {
+        const QString own = QStringLiteral("[%1_%2]").arg(of.value, suffix);
+        return other.value.isEmpty() ? own
+                                     : QStringLiteral("(isset([%1_STEP1]) ? %2 : [%3_%4])")
+                                           .arg(of.value, own, other.value, suffix);
+    };
+    const QString scale =
+        factor.value.isEmpty() ? QString() : QStringLiteral(" * (%1)").arg(factor.value);
+    const ElementInfo& range = *elementInfo(QStringLiteral("range"));
+    for (int i = 1; i <= mostSteps && !isFull(); ++i) {
+        const QString number = QString::number(i);
+        const QString end = variable(QStringLiteral("STEP%1").arg(i + 1));
+        Attributes written = attributes;
+        written.push_back(
+            {QStringLiteral("from"), variable(QStringLiteral("STEP") + number) + scale, of.offset});
+        // Beyond the last step the range goes on to the end of the scale.
+        written.push_back(
+            {QStringLiteral("to"), QStringLiteral("first(%1, 1e9)").arg(end) + scale, of.offset});
+        written.push_back(
+            {QStringLiteral("color"),
+             QStringLiteral("color(%1)").arg(variable(QStringLiteral("COLOR") + number)),
+             of.offset});
+        Element part;
+        part.type = range.type;
+        part.properties = m_properties.read(range, written);
+        element.parts.push_back(std::move(part));
     }
 }
 

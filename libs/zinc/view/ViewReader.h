@@ -40,6 +40,8 @@ private:
     void readStyle();
     void readFont();
     void readOptional();
+    void readAlternative();
+    void addSteps(Element& element);
     void readElement(const ElementInfo& info, int parent, int depth);
     void readParts(const ElementInfo& info, Element& element);
     std::optional<Element> readAttributes(const ElementInfo& info);

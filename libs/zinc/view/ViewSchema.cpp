@@ -82,11 +82,11 @@ constexpr auto elements = std::to_array<ElementInfo>({
      "start sweep major minor labelFormat labelScale labelSize format digits dashes label unit "
      "size state "
      "thickness color",
-     "range mark"},
+     "range steps mark"},
     {"bar", ElementType::Bar, "x y width height value min max",
      "value2 orientation look major minor labelFormat labelScale labelSize format digits digits2 "
      "dashes label unit size state state2 color",
-     "range mark"},
+     "range steps mark"},
     {"lamp", ElementType::Lamp, "x y width height value",
      "text size corner color background stroke", "case"},
     {"annunciator", ElementType::Annunciator, "x y width height", "rows size color background",
@@ -95,8 +95,9 @@ constexpr auto elements = std::to_array<ElementInfo>({
      "orientation major minor labelFormat labelScale labelSize format digits dashes size state "
      "color "
      "background",
-     "range mark"},
+     "range steps mark"},
     {"range", ElementType::Range, "from to color", ""},
+    {"steps", ElementType::Steps, "of", "or factor"},
     {"mark", ElementType::Mark, "at color", ""},
     {"case", ElementType::Case, "", "value when text color background"},
     {"message", ElementType::Message, "when text", "color background priority"},
