@@ -181,6 +181,14 @@ void DialogMain::connectPanels()
                 storeGraphSettings(settings, m_settings);
                 m_settingsSaver.saveSoon();
             });
+    connect(m_parts.map, &DialogDataMap::signalSettings, this, [this](const MapSettings& settings) {
+        if (storeMapChanges(loadMapSettings(m_settings), settings, m_settings))
+            m_settingsSaver.saveSoon();
+    });
+    connect(m_parts.map, &DialogDataMap::signalOpenSettings, this, [this] {
+        m_dialogs->show(Command::Preferences);
+        m_dialogs->preferences().focusTileServer();
+    });
     connect(m_parts.map, &DialogDataMap::signalMessage, m_status, &StatusBar::showNotice);
     connect(m_parts.view, &DialogDataView::signalMessage, m_status, &StatusBar::showNotice);
 }

@@ -40,14 +40,22 @@ public:
     /// first point, and keeps it. All zeros without a track.
     Record at(double seconds)
     {
-        if (m_track == nullptr || m_track->empty())
+        const TrackPoint* const point = pointAt(seconds);
+        if (point == nullptr)
             return {};
+        return {point->latitude,    point->longitude, point->altitude,
+                point->groundSpeed, point->heading,   point->seconds()};
+    }
+
+    /// The point of which at() tells; null without a track.
+    const TrackPoint* pointAt(double seconds)
+    {
+        if (m_track == nullptr || m_track->empty())
+            return nullptr;
         const int position = positionOf(seconds);
         if (position < 0 || position >= static_cast<int>(m_track->size()))
-            return {};
-        const TrackPoint& point = (*m_track)[static_cast<std::size_t>(position)];
-        return {point.latitude,    point.longitude, point.altitude,
-                point.groundSpeed, point.heading,   point.seconds()};
+            return nullptr;
+        return &(*m_track)[static_cast<std::size_t>(position)];
     }
 
     /// Half seconds with a point, including those that at() has assigned the first point to.

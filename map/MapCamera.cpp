@@ -2,6 +2,7 @@
 
 #include "libs/tusk/math/Filter.h"
 #include "libs/tusk/math/Geodetic.h"
+#include "map/FreeArea.h"
 
 #include <algorithm>
 #include <cmath>
@@ -227,7 +228,7 @@ void MapCamera::pinch(WindowPoint point, double factor)
         zoomAbout(point, m_state.width / factor);
 }
 
-void MapCamera::fit(const TrackBounds& bounds)
+void MapCamera::fit(const TrackBounds& bounds, std::span<const QRectF> covered)
 {
     cancelAnimations();
     setCentre({(bounds.minLatitude + bounds.maxLatitude) / 2.0, (bounds.west + bounds.east) / 2.0});
@@ -245,8 +246,14 @@ void MapCamera::fit(const TrackBounds& bounds)
             top = view.z < 0.0 ? TUSK::Geodetic::radius : std::max(top, std::abs(view.y));
         }
     }
-    const double half = std::max(right, top * m_windowWidth / m_windowHeight);
+    const QSizeF window(m_windowWidth, m_windowHeight);
+    const QRectF area = freeArea(window, covered, std::max(right, 1.0) / std::max(top, 1.0));
+    const double half = std::max(right / area.width(), top / area.height()) * m_windowWidth;
     setRange(std::max(half * 2.0 * (1.0 + 2.0 * fitMargin), narrowestFit));
+    const QPointF aside = area.center() - QRectF({0.0, 0.0}, window).center();
+    setCentre(Tessa::centreShowing(
+        centre(), {aside.x() * m_state.metresPerPixel, -aside.y() * m_state.metresPerPixel},
+        centre()));
     m_state.isFollowWaiting = m_state.follow != 0;
 }
 

@@ -4,7 +4,10 @@
 #include "map/MapViewState.h"
 #include "map/TrackBounds.h"
 
+#include <QRectF>
+
 #include <optional>
+#include <span>
 
 namespace KOLT {
 
@@ -94,9 +97,10 @@ public:
     /// Enlarges the picture by the factor about the point. Ends animations.
     void pinch(Tessa::WindowPoint point, double factor);
 
-    /// Shows the whole bounds with a margin of a tenth of their size on each side, at least 1 km
+    /// Shows the whole bounds in the area that `covered` leaves free (from the top left corner, see
+    /// freeArea()), with a margin of a tenth of their size on each side, the window at least 1 km
     /// wide. Ends animations; follow mode is suspended until the aircraft moves.
-    void fit(const TrackBounds& bounds);
+    void fit(const TrackBounds& bounds, std::span<const QRectF> covered = {});
 
     /// In follow mode, centres the map on the aircraft. (0, 0) means no position and is ignored.
     void follow(Tessa::LatLong aircraft);

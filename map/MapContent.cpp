@@ -31,6 +31,13 @@ void MapContent::buildLine()
     m_line.setValues(m_colors.values, m_colors.scale);
 }
 
+std::optional<Tessa::LatLong> MapContent::start() const
+{
+    if (m_track == nullptr || m_track->empty())
+        return std::nullopt;
+    return Tessa::LatLong{m_track->front().latitude, m_track->front().longitude};
+}
+
 const MapMark* MapContent::markAt(const Tessa::Globe& globe, Tessa::WindowPoint point) const
 {
     return KOLT::markAt(marks, globe, point);

@@ -30,6 +30,9 @@ public:
 
     const TrackColors& colors() const { return m_colors; }
 
+    /// Where the track begins; none without one.
+    std::optional<Tessa::LatLong> start() const;
+
     /// The mark at a point of the window; null when there is none.
     const MapMark* markAt(const Tessa::Globe& globe, Tessa::WindowPoint point) const;
 

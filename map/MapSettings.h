@@ -17,6 +17,7 @@ struct MapSettings
     double shadingContrast = 1.0;
     double shadingBrightness = 1.0;
     double shadingFactor = 0.5; ///< exaggeration of heights
+    bool areValuesShown = true; ///< the panel with the values is not folded
 };
 
 } // namespace KOLT

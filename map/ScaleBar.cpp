@@ -38,8 +38,9 @@ ScaleBar ScaleBar::choose(double metresPerPixel, double mostPixels, UnitSystem s
     const double length = roundBelow(most / unit);
     const QString name = isImperial ? (isLarge ? QStringLiteral("NM") : QStringLiteral("ft"))
                                     : (isLarge ? QStringLiteral("km") : QStringLiteral("m"));
-    return {length * unit, length * unit / metresPerPixel,
-            QStringLiteral("%1 %2").arg(QString::number(length, 'g', 12), name)};
+    ScaleBar bar{length * unit, length * unit / metresPerPixel, {}, length, name};
+    bar.text = bar.multiple(1);
+    return bar;
 }
 
 } // namespace KOLT

@@ -53,12 +53,14 @@ std::vector<double> heldValues(const Profile& profile, const ProfileParameter& p
     return values;
 }
 
-std::vector<double> trackValues(double TrackPoint::*quantity, const DataSet& dataSet)
+/// None where `isKnown` is false: before their first fix units send 0.
+std::vector<double> trackValues(double TrackPoint::*quantity, bool TrackPoint::*isKnown,
+                                const DataSet& dataSet)
 {
     std::vector<double> values;
     values.reserve(dataSet.track.size());
     for (const TrackPoint& point : dataSet.track)
-        values.push_back(point.*quantity);
+        values.push_back(point.*isKnown ? point.*quantity : std::nan(""));
     return values;
 }
 
@@ -83,11 +85,11 @@ TrackColors trackColors(const TrackColorChoice& choice, const Profile& profile,
         return {};
     case TrackColorChoice::Kind::Altitude:
         parameter = profile.parameterByRole(Role::Altitude);
-        values = trackValues(&TrackPoint::altitude, dataSet);
+        values = trackValues(&TrackPoint::altitude, &TrackPoint::hasAltitude, dataSet);
         break;
     case TrackColorChoice::Kind::GroundSpeed:
         parameter = profile.parameterByRole(Role::GroundSpeed);
-        values = trackValues(&TrackPoint::groundSpeed, dataSet);
+        values = trackValues(&TrackPoint::groundSpeed, &TrackPoint::hasFix, dataSet);
         break;
     case TrackColorChoice::Kind::Parameter:
         parameter = profile.parameterByFullName(choice.parameter);

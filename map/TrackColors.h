@@ -34,9 +34,9 @@ struct TrackColors
     bool isEmpty() const { return values.empty(); }
 };
 
-/// Altitude and ground speed are taken from the track. A parameter has the value of its latest
-/// sample at the point's time; none before its first sample, nor later than 10 s after its last.
-/// Empty when there is no track, no such parameter or no finite value.
+/// Altitude and ground speed are taken from the track, none before they are known. A parameter has
+/// the value of its latest sample at the point's time; none before its first sample, nor later than
+/// 10 s after its last. Empty when there is no track, no such parameter or no finite value.
 TrackColors trackColors(const TrackColorChoice& choice, const Profile& profile,
                         const DataSet& dataSet);
 

@@ -3,6 +3,7 @@
 #include "app/SettingsSaver.h"
 #include "app/dialogs/ClockOffsetBox.h"
 #include "app/dialogs/InstallProfile.h"
+#include "app/dialogs/TileServerBox.h"
 #include "app/settings/InstalledProfile.h"
 #include "app/settings/MapSettingsStore.h"
 #include "app/settings/ProgramSettings.h"
@@ -119,9 +120,7 @@ void DialogPreferences::createClock(QFormLayout* form)
 
 void DialogPreferences::createMap(QFormLayout* form)
 {
-    m_tileServer = new QLineEdit;
-    m_tileServer->setMinimumWidth(fieldWidth);
-    m_tileServer->setToolTip(tr("A plain address, or a template with {z}, {x} and {y}"));
+    m_tileServer = new TileServerBox;
     m_shading = {
         {{&MapSettings::shadingContrast, createShadingBox(tr("Contrast of the hill shading"))},
          {&MapSettings::shadingBrightness, createShadingBox(tr("Brightness of the hill shading"))},
@@ -130,6 +129,11 @@ void DialogPreferences::createMap(QFormLayout* form)
     form->addRow(tr("Shading &contrast"), m_shading[0].box);
     form->addRow(tr("Shading &brightness"), m_shading[1].box);
     form->addRow(tr("Shading f&actor"), m_shading[2].box);
+}
+
+void DialogPreferences::focusTileServer()
+{
+    m_tileServer->setFocus(Qt::OtherFocusReason);
 }
 
 void DialogPreferences::showEvent(QShowEvent* event)
@@ -153,7 +157,7 @@ void DialogPreferences::readSettings()
     m_shownClockOffset = m_clockOffset->value();
     m_profile->setText(InstalledProfile::path());
     m_shownMap = loadMapSettings(m_settings);
-    m_tileServer->setText(m_shownMap.tileServer);
+    m_tileServer->setSettings(m_shownMap);
     for (const auto& [value, box] : m_shading)
         box->setValue(m_shownMap.*value);
     m_shownMap = mapFields(); // the boxes round and clamp
@@ -202,7 +206,7 @@ bool DialogPreferences::storeClockOffset()
 MapSettings DialogPreferences::mapFields() const
 {
     MapSettings settings = m_shownMap;
-    settings.tileServer = m_tileServer->text();
+    settings.tileServer = m_tileServer->address();
     for (const auto& [value, box] : m_shading)
         settings.*value = box->value();
     return settings;

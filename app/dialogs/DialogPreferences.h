@@ -17,6 +17,7 @@ namespace KOLT {
 
 class ClockOffsetBox;
 class SettingsStore;
+class TileServerBox;
 
 /// Language, font size, units, clock offset, profile file and map settings.
 ///
@@ -29,6 +30,9 @@ class DialogPreferences : public QDialog
 public:
     /// The settings must outlive the window.
     explicit DialogPreferences(SettingsStore& settings, QWidget* parent = nullptr);
+
+    /// Puts the keyboard focus into the field for the tile server.
+    void focusTileServer();
 
 signals:
     /// Another profile file was installed.
@@ -68,7 +72,7 @@ private:
     QComboBox* m_unit = nullptr;
     ClockOffsetBox* m_clockOffset = nullptr;
     QLineEdit* m_profile = nullptr;
-    QLineEdit* m_tileServer = nullptr;
+    TileServerBox* m_tileServer = nullptr;
     std::array<Shading, 3> m_shading;
     // Values when the dialog was opened: what the user did not change is not stored.
     int m_shownLanguage = 0;

@@ -11,6 +11,7 @@ namespace KOLT {
 namespace {
 
 constexpr auto tileServerKey = "TileServer";
+constexpr auto valuesKey = "MapValues";
 
 struct ShadingKey
 {
@@ -35,6 +36,7 @@ MapSettings loadMapSettings(const SettingsStore& store)
     settings.userAgent = QByteArray(versionText).replace(" ", "/") +
                          " (debriefing viewer for aircraft engine recordings)";
     settings.isNetworkEnabled = qEnvironmentVariableIsEmpty("KOLT_OFFLINE");
+    settings.areValuesShown = store.getBoolean(valuesKey, settings.areValuesShown);
     for (const auto& [key, value] : shadingKeys)
         settings.*value = store.getDouble(key, settings.*value);
     return settings;
@@ -47,6 +49,10 @@ bool storeMapChanges(const MapSettings& from, const MapSettings& to, SettingsSto
         const QString server = to.tileServer.trimmed();
         store.setText(tileServerKey,
                       (server.isEmpty() ? MapSettings().tileServer : server).toUtf8());
+    }
+    if (to.areValuesShown != from.areValuesShown) {
+        store.setBoolean(valuesKey, to.areValuesShown);
+        isChanged = true;
     }
     for (const auto& [key, value] : shadingKeys) {
         if (to.*value == from.*value)

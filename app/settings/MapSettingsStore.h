@@ -10,8 +10,8 @@ class SettingsStore;
 /// KOLT_OFFLINE disables the network.
 MapSettings loadMapSettings(const SettingsStore& store);
 
-/// Stores tile server and shading as far as they differ; returns whether any does. An empty tile
-/// server stands for the default one. Saving the store is up to the caller.
+/// Stores tile server, folding and shading as far as they differ; returns whether any does. An
+/// empty tile server stands for the default one. Saving the store is up to the caller.
 bool storeMapChanges(const MapSettings& from, const MapSettings& to, SettingsStore& store);
 
 } // namespace KOLT

@@ -6,6 +6,7 @@
 #include <QButtonGroup>
 #include <QComboBox>
 #include <QGridLayout>
+#include <QLabel>
 #include <QResizeEvent>
 #include <QTimer>
 #include <QToolBar>
@@ -24,14 +25,17 @@ constexpr int valuePanelPlace = 310;
 constexpr int valuePanelWidth = 300;
 constexpr int attributionHeight = 48; ///< two lines
 constexpr int toolMargin = 3;
+constexpr int foldIcon = 20;
 
 } // namespace
 
 DialogDataMap::DialogDataMap(const Profile& profile, const MapSettings& settings, QWidget* parent)
     : QWidget(parent)
     , m_profile(profile)
+    , m_settings(settings)
     , m_map(new WidgetMap(m_state, settings, this))
     , m_values(profile, this)
+    , m_flight(profile, this)
 {
     auto* const layout = new QGridLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -39,7 +43,11 @@ DialogDataMap::DialogDataMap(const Profile& profile, const MapSettings& settings
     connect(m_map, &WidgetMap::signalUpdateMode, this, &DialogDataMap::slotUpdateMode);
     connect(m_map, &WidgetMap::signalTime, this, &DialogDataMap::signalTime);
     connect(m_map, &WidgetMap::signalMessage, this, &DialogDataMap::signalMessage);
+    connect(m_map, &WidgetMap::signalTilesLacking, this, &DialogDataMap::showNote);
     createToolBar();
+    createFoldButton();
+    createNote();
+    m_values.setFolded(!settings.areValuesShown);
     setMinimumWidth(narrowestPage);
 }
 
@@ -68,19 +76,7 @@ void DialogDataMap::createToolBar()
                           CenterAircraft);
     connect(m_commands, &QButtonGroup::idToggled, this, &DialogDataMap::slotCommandToggled);
 
-    QAction* const fit =
-        bar->addAction(QIcon(QStringLiteral(":/icons/map-fit.svg")), tr("Fit flight"));
-    fit->setToolTip(tr("Show the whole flight (F)"));
-    connect(fit, &QAction::triggered, this, [this] { m_map->showWholeTrack(); });
-    m_shading =
-        bar->addAction(QIcon(QStringLiteral(":/icons/map-shading.svg")), tr("Hill shading"));
-    m_shading->setToolTip(tr("Hill shading (Ctrl+S while the map has the focus)"));
-    m_shading->setCheckable(true);
-    m_shading->setChecked(m_state.isShaded);
-    connect(m_shading, &QAction::toggled, this, [this](bool isChecked) {
-        m_state.isShaded = isChecked;
-        m_state.needsRepaint = true;
-    });
+    createViewCommands(*bar);
     m_coloring = new QComboBox(bar);
     m_coloring->setToolTip(tr("What the track is colored by"));
     m_coloring->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
@@ -89,8 +85,69 @@ void DialogDataMap::createToolBar()
     bar->addWidget(m_coloring);
 }
 
+void DialogDataMap::createViewCommands(QToolBar& bar)
+{
+    QAction* const fit =
+        bar.addAction(QIcon(QStringLiteral(":/icons/map-fit.svg")), tr("Fit flight"));
+    fit->setToolTip(tr("Show the whole flight (F)"));
+    connect(fit, &QAction::triggered, this, [this] { m_map->showWholeTrack(); });
+    m_shading = bar.addAction(QIcon(QStringLiteral(":/icons/map-shading.svg")), tr("Hill shading"));
+    m_shading->setToolTip(tr("Hill shading (Ctrl+S while the map has the focus)"));
+    m_shading->setCheckable(true);
+    m_shading->setChecked(m_state.isShaded);
+    connect(m_shading, &QAction::toggled, this, [this](bool isChecked) {
+        m_state.isShaded = isChecked;
+        m_state.needsRepaint = true;
+    });
+}
+
+void DialogDataMap::createFoldButton()
+{
+    m_fold = new QToolButton(this);
+    m_fold->setObjectName(QStringLiteral("foldValues"));
+    m_fold->setIcon(QIcon(QStringLiteral(":/icons/map-values.svg")));
+    m_fold->setIconSize({foldIcon, foldIcon});
+    m_fold->setToolTip(tr("Show the values of the selected parameters"));
+    m_fold->setAccessibleName(tr("Values"));
+    m_fold->setCheckable(true);
+    m_fold->setChecked(m_settings.areValuesShown);
+    connect(m_fold, &QToolButton::toggled, this, &DialogDataMap::foldValues);
+}
+
+void DialogDataMap::createNote()
+{
+    m_note = new QLabel(this);
+    m_note->setObjectName(QStringLiteral("mapNote"));
+    m_note->setStyleSheet(QStringLiteral(
+        "QLabel{background-color: #ddffffff; color: #14181e; border-radius: 6px; padding: 4px;}"));
+    m_note->setTextInteractionFlags(Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard);
+    connect(m_note, &QLabel::linkActivated, this, &DialogDataMap::signalOpenSettings);
+    m_note->hide();
+}
+
+void DialogDataMap::showNote(bool areTilesLacking)
+{
+    const bool isOffline = !m_settings.isNetworkEnabled || m_map->map().isOffline();
+    const QString why = m_map->map().tiles().server().isFolder() ? tr("No map tiles in the folder")
+                        : isOffline                              ? tr("No map tiles: offline")
+                                                                 : tr("No map tiles here");
+    m_note->setText(
+        QStringLiteral("%1 <a href=\"settings\">%2</a>").arg(why, tr("Map settings...")));
+    m_note->setVisible(areTilesLacking);
+    placePanels();
+}
+
+void DialogDataMap::foldValues(bool areShown)
+{
+    m_settings.areValuesShown = areShown;
+    m_values.setFolded(!areShown);
+    placePanels();
+    emit signalSettings(m_settings);
+}
+
 void DialogDataMap::setSettings(const MapSettings& settings)
 {
+    m_settings = settings;
     m_map->setSettings(settings);
 }
 
@@ -187,8 +244,11 @@ void DialogDataMap::fillColorings()
     add(tr("One color"), Kind::None);
     add(tr("Altitude"), Kind::Altitude);
     add(tr("Ground speed"), Kind::GroundSpeed);
-    for (const ProfileParameter* const parameter : m_profile.selectedParameters())
-        add(parameter->name, Kind::Parameter, parameter->fullName);
+    for (const ProfileParameter* const parameter : m_profile.selectedParameters()) {
+        if (parameter != m_profile.parameterByRole(Role::Altitude) &&
+            parameter != m_profile.parameterByRole(Role::GroundSpeed)) // have an entry already
+            add(parameter->name, Kind::Parameter, parameter->fullName);
+    }
     m_coloring->setCurrentIndex(std::max(0, m_coloring->findData(chosen)));
 }
 
@@ -209,24 +269,62 @@ void DialogDataMap::createValueRows()
 void DialogDataMap::showTime()
 {
     m_map->setAircraft(m_aircraft.at(time()));
+    m_flight.show(m_aircraft.pointAt(time()));
+    if (m_flight.widget().isHidden() != m_isFlightHidden)
+        placePanels();
     m_values.showTime(time());
+}
+
+/// Places a panel of the left column at `top`, unless it is hidden, and moves `top` below it.
+void DialogDataMap::raiseInto(QWidget& panel, int& top)
+{
+    if (panel.isHidden())
+        return;
+    panel.setMaximumWidth(std::max(1, width() - 2 * panelEdge));
+    panel.adjustSize();
+    panel.move(panelEdge, top);
+    panel.raise();
+    top = panel.geometry().bottom() + panelEdge / 2;
+    m_covered.emplace_back(panel.geometry());
 }
 
 void DialogDataMap::placePanels()
 {
+    // The attribution and the scale bar at the bottom must stay visible.
+    m_covered = {QRectF(0, height() - attributionHeight, width(), attributionHeight)};
     m_toolPanel->setMaximumWidth(std::max(1, width() - toolBarRoom));
     m_toolPanel->adjustSize();
     m_toolPanel->move(panelEdge, panelEdge);
     m_toolPanel->raise();
-    // In a narrow map the values are placed below the commands.
+    m_covered.emplace_back(m_toolPanel->geometry());
+    int top = m_toolPanel->geometry().bottom() + panelEdge / 2;
+    raiseInto(m_flight.widget(), top);
+    m_note->setWordWrap(false);
+    m_note->setWordWrap(m_note->sizeHint().width() > width() - 2 * panelEdge);
+    raiseInto(*m_note, top);
+    // In a narrow map the values are placed below the column.
     QRect values(std::max(panelEdge, width() - valuePanelPlace), panelEdge,
-                 std::min(valuePanelWidth, width() - 2 * panelEdge), m_values.fullHeight());
-    if (values.intersects(m_toolPanel->geometry()))
-        values.moveTop(m_toolPanel->geometry().bottom() + panelEdge / 2);
-    // The attribution at the bottom must stay visible.
-    values.setBottom(std::min(values.bottom(), height() - attributionHeight));
-    m_values.widget().setGeometry(values);
+                 std::min(valuePanelWidth, width() - 2 * panelEdge), 0);
+    const int beside = values.left() - panelEdge - m_fold->sizeHint().width();
+    const bool isBeside = std::ranges::none_of(m_covered, [&](const QRectF& panel) {
+        return panel.top() < height() - attributionHeight && panel.right() >= beside;
+    });
+    if (!isBeside)
+        values.moveTop(top);
+    values.setBottom(height() - attributionHeight);
+    m_values.place(values);
     m_values.widget().raise();
+    const bool areValuesShown = !m_values.widget().isHidden();
+    if (areValuesShown)
+        m_covered.emplace_back(m_values.widget().geometry());
+    m_fold->adjustSize();
+    const int right =
+        areValuesShown && isBeside ? values.left() - panelEdge / 2 : width() - panelEdge;
+    m_fold->move(right - m_fold->width(), panelEdge);
+    m_fold->raise();
+    m_covered.emplace_back(m_fold->geometry());
+    m_isFlightHidden = m_flight.widget().isHidden();
+    m_map->setCovered(m_covered);
 }
 
 void DialogDataMap::resizeEvent(QResizeEvent* event)

@@ -2,8 +2,10 @@
 
 #include "map/AircraftTrack.h"
 #include "map/MapMarks.h"
+#include "map/MapSettings.h"
 #include "map/MapViewState.h"
 #include "map/TrackColors.h"
+#include "map/ui/FlightPanel.h"
 #include "map/ui/MapValuePanel.h"
 #include "ui/DataPage.h"
 
@@ -12,16 +14,18 @@
 class QAction;
 class QButtonGroup;
 class QComboBox;
+class QLabel;
+class QToolBar;
+class QToolButton;
 
 namespace KOLT {
 
 class Profile;
 class WidgetMap;
-struct MapSettings;
 
-/// The map page: the map with the aircraft at the current time, and two panels above it, one with
-/// commands, one with the values of the chosen parameters. The values are those that the data table
-/// shows for the same time.
+/// The map page: the map with the aircraft at the current time, and panels above it: commands,
+/// where the flight is, the values of the chosen parameters, and a note while there are no tiles.
+/// The values are those that the data table shows for the same time.
 class DialogDataMap : public QWidget, public DataPage
 {
     Q_OBJECT
@@ -37,9 +41,15 @@ public:
     /// Shows the whole track, as after a load.
     void fitTrack();
 
+    const MapSettings& settings() const { return m_settings; }
+
 signals:
     /// The user clicked on the track or a mark: the time of that place.
     void signalTime(double seconds);
+    /// The user folded the value panel, or unfolded it.
+    void signalSettings(const KOLT::MapSettings& settings);
+    /// The user asked for the settings of the map.
+    void signalOpenSettings();
     /// A message for the status bar.
     void signalMessage(const QString& text);
 
@@ -60,6 +70,12 @@ private:
     enum Command { CenterAircraft };
 
     void createToolBar();
+    void createViewCommands(QToolBar& bar);
+    void createFoldButton();
+    void createNote();
+    void showNote(bool areTilesLacking);
+    void foldValues(bool areShown);
+    void raiseInto(QWidget& panel, int& top);
     void dropTrack();
     void showTrack();
     void showMarks();
@@ -68,6 +84,7 @@ private:
     void placePanels();
 
     const Profile& m_profile;
+    MapSettings m_settings;
     MapViewState m_state;
     WidgetMap* m_map = nullptr;
     QWidget* m_toolPanel = nullptr;
@@ -75,7 +92,12 @@ private:
     QAction* m_shading = nullptr;
     QButtonGroup* m_commands = nullptr;
     QComboBox* m_coloring = nullptr;
+    QToolButton* m_fold = nullptr;
     MapValuePanel m_values;
+    FlightPanel m_flight;
+    QLabel* m_note = nullptr; ///< that there are no tiles
+    bool m_isFlightHidden = true;
+    std::vector<QRectF> m_covered; ///< by the panels and the texts at the bottom
     AircraftTrack m_aircraft;
     const DataSet* m_fitted = nullptr; ///< the data set that the view was fitted to
 };

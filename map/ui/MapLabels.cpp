@@ -1,9 +1,13 @@
 #include "map/ui/MapLabels.h"
 
+#include <QCoreApplication>
 #include <QFile>
 #include <QFontDatabase>
 
 #include <algorithm>
+#include <cmath>
+#include <numbers>
+#include <vector>
 
 namespace KOLT {
 
@@ -15,6 +19,10 @@ constexpr double edge = 5.0; ///< around the window and within plates
 constexpr double textMargin = 3.0;
 constexpr QColor textColor(20, 24, 30);
 constexpr QColor plateColor(255, 255, 255, 190);
+constexpr QColor gridColor(20, 24, 30, 60);
+constexpr QColor gridTextColor(20, 24, 30, 170);
+constexpr double gridTextRoom = 60.0; ///< from the window's edges, where there are other texts
+constexpr double compassRadius = 26.0;
 
 /// The font from the program's resources; none when it cannot be read.
 std::optional<QFont> loadFont()
@@ -75,7 +83,7 @@ void MapLabels::draw(const Contents& contents, double windowWidth)
     const QRectF attribution = attributionRect(contents.attribution, windowWidth);
     // In a narrow map the scale bar goes above the attribution.
     const bool isWide = contents.scale.pixels + attribution.width() + 8.0 * edge < windowWidth;
-    const double bottom = isWide ? edge : 2.0 * edge + textHeight;
+    const double bottom = isWide ? edge : attribution.bottom() + edge;
     drawScaleBar(contents.scale, bottom);
     drawLegend(contents.legend, bottom);
     const double right = attribution.right() - textMargin;
@@ -137,6 +145,66 @@ void MapLabels::drawLegend(const TrackColors& colors, double bottom)
     const double y = bottom + textHeight / 2.0 + 1.0;
     m_font->draw(m_handler, colors.lowText, left, y, textColor);
     m_font->draw(m_handler, colors.highText, left + inside, y, textColor, true);
+}
+
+void MapLabels::drawGrid(const MapGrid& grid, double windowWidth, double windowHeight)
+{
+    for (const MapGrid::Line& line : grid.upright)
+        drawRectangle({std::floor(line.place), 0.0, 1.0, windowHeight}, gridColor);
+    for (const MapGrid::Line& line : grid.level)
+        drawRectangle({0.0, std::floor(line.place), windowWidth, 1.0}, gridColor);
+    if (!m_font)
+        return;
+    // The distances are along the lines through the origin, or near the edge beyond which it is.
+    const auto within = [](double place, double length) {
+        return std::clamp(place, std::min(gridTextRoom, length / 2.0),
+                          std::max(length - gridTextRoom, length / 2.0));
+    };
+    const double y = within(grid.origin.y, windowHeight) + textHeight / 2.0;
+    for (const MapGrid::Line& line : grid.upright)
+        m_font->draw(m_handler, line.text, line.place + textMargin, y, gridTextColor);
+    const double x = within(grid.origin.x, windowWidth) + textMargin;
+    for (const MapGrid::Line& line : grid.level) {
+        if (line.place > gridTextRoom)
+            m_font->draw(m_handler, line.text, x, line.place + textHeight / 2.0, gridTextColor);
+    }
+}
+
+void MapLabels::drawCompass(const QString& attribution, double windowWidth)
+{
+    if (!m_font)
+        return;
+    const QRectF below = attributionRect(attribution, windowWidth);
+    const double x = windowWidth - edge - compassRadius;
+    const double y = below.bottom() + textHeight + 2.0 * edge + compassRadius; // above the note too
+    constexpr int corners = 48;
+    std::vector<float> disc;
+    for (int i = 0; i < corners; ++i) {
+        const double angle = 2.0 * std::numbers::pi * i / corners;
+        disc.push_back(static_cast<float>(x + compassRadius * std::cos(angle)));
+        disc.push_back(static_cast<float>(y + compassRadius * std::sin(angle)));
+    }
+    m_handler.draw(GL_TRIANGLE_FAN, disc, plateColor);
+    constexpr double needle = 12.0;
+    constexpr double half = 4.0;
+    const auto side = [&](double tip, const QColor& color) {
+        m_handler.draw(GL_TRIANGLES,
+                       std::array{static_cast<float>(x - half), static_cast<float>(y),
+                                  static_cast<float>(x + half), static_cast<float>(y),
+                                  static_cast<float>(x), static_cast<float>(y + tip)},
+                       color);
+    };
+    side(needle, textColor);
+    side(-needle, gridColor);
+    const double reach = compassRadius - 7.0;
+    const auto letter = [&](const QString& text, double east, double north) {
+        m_font->draw(m_handler, text, x + east * reach - textWidth(text) / 2.0, y + north * reach,
+                     textColor);
+    };
+    letter(QCoreApplication::translate("MapLabels", "N", "north"), 0.0, 1.0);
+    letter(QCoreApplication::translate("MapLabels", "E", "east"), 1.0, 0.0);
+    letter(QCoreApplication::translate("MapLabels", "S", "south"), 0.0, -1.0);
+    letter(QCoreApplication::translate("MapLabels", "W", "west"), -1.0, 0.0);
 }
 
 } // namespace KOLT

@@ -2,6 +2,7 @@
 
 #include "libs/tusk/gl/GlHandler.h"
 #include "libs/tusk/gl/TextureFont.h"
+#include "map/MapGrid.h"
 #include "map/ScaleBar.h"
 #include "map/TrackColors.h"
 
@@ -13,8 +14,8 @@
 namespace KOLT {
 
 /// The texts in the map's lower corners on light plates: scale bar and legend of the track's
-/// colours on the left, the attribution and a note above it on the right. In logical pixels. Needs
-/// the current context like its handler.
+/// colours on the left, the attribution and a note above it on the right; and the grid and compass
+/// of a map without tiles. In logical pixels. Needs the current context like its handler.
 class MapLabels
 {
 public:
@@ -30,6 +31,10 @@ public:
     MapLabels(TUSK::OpenGL::GlHandler& handler, double pixelRatio);
 
     void draw(const Contents& contents, double windowWidth);
+
+    void drawGrid(const MapGrid& grid, double windowWidth, double windowHeight);
+    /// A compass card above the attribution.
+    void drawCompass(const QString& attribution, double windowWidth);
 
     /// Where the attribution is drawn, from the lower left corner of the window.
     QRectF attributionRect(const QString& attribution, double windowWidth) const;

@@ -1,38 +1,71 @@
 #include "map/ui/MapValuePanel.h"
 
+#include "map/ui/OutlinedLabel.h"
 #include "profile/ValueDecoder.h"
 
+#include <QCoreApplication>
 #include <QGridLayout>
-#include <QLabel>
+#include <QScrollArea>
+
+#include <algorithm>
 
 namespace KOLT {
 
 namespace {
 
 constexpr int margin = 5;
-const auto valueStyle = QStringLiteral("QLabel {color: %1; font-weight: bold;}");
 
 } // namespace
 
 MapValuePanel::MapValuePanel(const Profile& profile, QWidget* parent)
     : m_profile(profile)
     , m_panel(new QWidget(parent))
-    , m_grid(new QGridLayout(m_panel))
+    , m_scroll(new QScrollArea(m_panel))
+    , m_content(new QFrame) // not a plain QWidget, which would have the panel's background again
+    , m_grid(new QGridLayout(m_content))
 {
     m_panel->setAttribute(Qt::WA_StyledBackground);
-    m_panel->setAttribute(Qt::WA_TransparentForMouseEvents);
     m_panel->setStyleSheet(
         QStringLiteral(".QWidget{background-color: #66000000;border-radius:10px;}"));
     m_panel->setObjectName(QStringLiteral("valuePanel"));
+    m_panel->setAccessibleName(QCoreApplication::translate("MapValuePanel", "Values"));
     m_panel->hide();
     m_grid->setContentsMargins(margin, margin, margin, margin);
-    m_grid->setSizeConstraint(QLayout::SetNoConstraint); // a low map cuts the last rows off
     m_grid->setColumnStretch(0, 1);
+    createScroll();
 }
 
-int MapValuePanel::fullHeight() const
+void MapValuePanel::createScroll()
 {
-    return m_grid->sizeHint().height();
+    m_scroll->setObjectName(QStringLiteral("valueScroll"));
+    m_scroll->setViewport(new QFrame);
+    m_scroll->setFrameShape(QFrame::NoFrame);
+    m_scroll->setStyleSheet(
+        QStringLiteral("QScrollArea, QFrame {background: transparent; border: none}"));
+    m_scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    m_scroll->setWidgetResizable(true);
+    m_scroll->setWidget(m_content);
+    m_scroll->viewport()->setAutoFillBackground(false);
+    m_content->setAutoFillBackground(false);
+    auto* const layout = new QGridLayout(m_panel);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(m_scroll);
+}
+
+void MapValuePanel::place(const QRect& area)
+{
+    const int full = m_grid->sizeHint().height();
+    const bool isCut = full > area.height();
+    m_panel->setAttribute(Qt::WA_TransparentForMouseEvents, !isCut);
+    m_scroll->setVerticalScrollBarPolicy(isCut ? Qt::ScrollBarAlwaysOn : Qt::ScrollBarAlwaysOff);
+    m_scroll->setFocusPolicy(isCut ? Qt::StrongFocus : Qt::NoFocus);
+    m_panel->setGeometry({area.topLeft(), QSize(area.width(), std::clamp(area.height(), 0, full))});
+}
+
+void MapValuePanel::setFolded(bool isFolded)
+{
+    m_isFolded = isFolded;
+    m_panel->setVisible(!m_rows.empty() && !m_isFolded);
 }
 
 void MapValuePanel::setData(const DataSet* dataSet)
@@ -49,16 +82,17 @@ void MapValuePanel::setData(const DataSet* dataSet)
         for (const ProfileParameter* const parameter : parameters)
             addRow(*parameter);
     }
-    m_panel->setVisible(!m_rows.empty());
+    setFolded(m_isFolded);
 }
 
 void MapValuePanel::addRow(const ProfileParameter& parameter)
 {
-    const Row row{&parameter, new QLabel(parameter.name, m_panel), new QLabel(m_panel)};
+    const Row row{&parameter, new OutlinedLabel(parameter.name, m_content),
+                  new OutlinedLabel(QString(), m_content)};
     const int line = static_cast<int>(m_rows.size());
-    for (QLabel* const label : {row.name, row.value})
-        label->setStyleSheet(valueStyle.arg(QStringLiteral("white")));
+    row.name->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred); // cut before the value
     row.value->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    row.value->setAccessibleName(parameter.name);
     m_grid->addWidget(row.name, line, 0);
     m_grid->addWidget(row.value, line, 1);
     // The grid gives no height to hidden labels.
@@ -88,9 +122,7 @@ void MapValuePanel::showValue(const Row& row, const StoredSample* sample)
         if (!m_profile.unitLabel(*row.parameter).isEmpty())
             text += QStringLiteral(" [%1]").arg(m_profile.unitLabel(*row.parameter));
     }
-    const QString style = valueStyle.arg(color.name());
-    if (row.value->styleSheet() != style) // setting one is expensive
-        row.value->setStyleSheet(style);
+    row.value->setTextColor(color);
     row.value->setText(text);
 }
 

@@ -5,15 +5,18 @@
 #include <vector>
 
 class QGridLayout;
-class QLabel;
+class QRect;
+class QScrollArea;
 class QWidget;
 
 namespace KOLT {
 
+class OutlinedLabel;
 class Profile;
 
 /// The floating panel with the values of the chosen parameters, which are those that the data table
-/// shows for the same time.
+/// shows for the same time. Where not all rows fit it scrolls; otherwise the mouse reaches the map
+/// below.
 class MapValuePanel
 {
 public:
@@ -23,8 +26,11 @@ public:
 
     QWidget& widget() const { return *m_panel; }
 
-    /// The height that all rows need.
-    int fullHeight() const;
+    /// Gives the panel the height that its rows need, at most that of the area.
+    void place(const QRect& area);
+
+    /// A folded panel is hidden.
+    void setFolded(bool isFolded);
 
     /// Makes a row for each selected parameter. The data set must stay valid until the next call or
     /// dropData(); null for none.
@@ -39,16 +45,20 @@ private:
     struct Row
     {
         const ProfileParameter* parameter = nullptr;
-        QLabel* name = nullptr;
-        QLabel* value = nullptr;
+        OutlinedLabel* name = nullptr;
+        OutlinedLabel* value = nullptr;
     };
 
+    void createScroll();
     void addRow(const ProfileParameter& parameter);
     void showValue(const Row& row, const StoredSample* sample);
 
     const Profile& m_profile;
     QWidget* m_panel;
+    QScrollArea* m_scroll;
+    QWidget* m_content;
     QGridLayout* m_grid;
+    bool m_isFolded = false;
     std::vector<Row> m_rows;
     TimeTable m_table;
 };

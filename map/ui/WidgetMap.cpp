@@ -123,6 +123,22 @@ void WidgetMap::fitTrack()
     m_state.needsRepaint = true;
 }
 
+void WidgetMap::setCovered(std::vector<QRectF> covered)
+{
+    if (covered == m_covered)
+        return;
+    m_covered = std::move(covered);
+    refit();
+}
+
+void WidgetMap::refit()
+{
+    const bool isMoving = m_state.isRangeAnimated || m_state.isPositionAnimated ||
+                          (m_state.follow != 0 && !m_state.isFollowWaiting);
+    if (!isMoving && m_fittedView == std::array{m_state.latitude, m_state.longitude, m_state.width})
+        fitTrack();
+}
+
 void WidgetMap::showWholeTrack()
 {
     const bool wasFollowing = m_camera.endFollowing();
@@ -151,18 +167,26 @@ void WidgetMap::initializeGL()
 
 void WidgetMap::resizeGL(int width, int height)
 {
+    refit();
     m_camera.setWindowSize(width, height);
     m_map.setWindowSize(width * devicePixelRatioF(), height * devicePixelRatioF());
     m_map.setVisibleRange(m_state.width, m_state.height);
 }
 
+void WidgetMap::stepFit()
+{
+    if (!m_isFitPending)
+        return;
+    m_isFitPending = false;
+    if (m_content.line().isEmpty())
+        return;
+    m_camera.fit(m_content.line().bounds(), m_covered);
+    m_fittedView = {m_state.latitude, m_state.longitude, m_state.width};
+}
+
 void WidgetMap::stepView()
 {
-    if (m_isFitPending) {
-        m_isFitPending = false;
-        if (!m_content.line().isEmpty())
-            m_camera.fit(m_content.line().bounds());
-    }
+    stepFit();
     if (m_input.heldKeys().any()) {
         m_camera.stepKeys(m_input.heldKeys());
         m_isDirty = true;
@@ -221,6 +245,8 @@ void WidgetMap::makePainter(double ratio)
 void WidgetMap::drawOverlays()
 {
     const Tessa::Globe globe = m_map.globe();
+    if (m_map.lacksTiles())
+        drawBackdrop(m_camera.globe());
     m_painter->drawTrack(globe, m_content.line());
     m_painter->drawMarks(globe, m_content.marks);
     const AircraftTrack::Record& aircraft = m_content.aircraft;
@@ -229,8 +255,27 @@ void WidgetMap::drawOverlays()
     const double longestBar = std::min(scaleBarPixels, width() / 3.0);
     m_painter->labels().draw({ScaleBar::choose(m_state.metresPerPixel, longestBar, m_unitSystem),
                               m_content.colors(), m_map.attribution(),
-                              m_map.isOffline() ? tr("offline") : QString()},
+                              m_map.isOffline() && !m_map.lacksTiles() ? tr("offline") : QString()},
                              width());
+}
+
+/// Gives the track a scale where there are no tiles. Distances count from where it begins.
+void WidgetMap::drawBackdrop(const Tessa::Globe& globe)
+{
+    const Tessa::LatLong start = m_content.start().value_or(m_camera.centre());
+    if (const auto origin = globe.latLong2Window(start))
+        m_painter->labels().drawGrid(
+            MapGrid::around(*origin, m_state.metresPerPixel, width(), height(), m_unitSystem),
+            width(), height());
+    m_painter->labels().drawCompass(m_map.attribution(), width());
+}
+
+void WidgetMap::tellLack()
+{
+    if (m_areTilesLacking == m_map.lacksTiles())
+        return;
+    m_areTilesLacking = m_map.lacksTiles();
+    emit signalTilesLacking(m_areTilesLacking);
 }
 
 QRectF WidgetMap::attributionRect() const
@@ -284,6 +329,7 @@ void WidgetMap::slotTimeout()
     m_isSeen = isSeen;
     if (!isSeen)
         return;
+    tellLack();
     const double now = m_clock();
     if (!m_isDirty && !m_state.needsRepaint && !m_state.isRangeAnimated &&
         !m_state.isPositionAnimated && now - m_lastRepaint <= idleSeconds)

@@ -10,8 +10,11 @@
 #include <QOpenGLWidget>
 #include <QTimer>
 
+#include <array>
 #include <functional>
 #include <memory>
+#include <optional>
+#include <vector>
 
 class QHelpEvent;
 
@@ -44,6 +47,9 @@ public:
 
     /// Shows the whole track. Follow mode is suspended until the aircraft moves.
     void fitTrack();
+    /// What lies on top of the map, in its coordinates: fitting leaves the track visible. A view
+    /// that was fitted and not changed since is fitted again, as when the map is resized.
+    void setCovered(std::vector<QRectF> covered);
     /// Shows the whole track on the user's request, which ends follow mode.
     void showWholeTrack();
 
@@ -67,6 +73,8 @@ signals:
     /// The user clicked on a mark or on the track: the time of that place. Sent when the double
     /// click time has passed without a second click.
     void signalTime(double seconds);
+    /// At the scale of the view there are no tiles, or there are some again.
+    void signalTilesLacking(bool areLacking);
     /// A message for the status bar.
     void signalMessage(const QString& text);
 
@@ -84,9 +92,13 @@ private slots:
 private:
     void releaseGl();
     void stepView();
+    void stepFit();
+    void tellLack();
+    void refit();
     void applyView();
     void makePainter(double ratio);
     void drawOverlays();
+    void drawBackdrop(const Tessa::Globe& globe);
     QRectF attributionRect() const;
     void hover(const QPointF& position);
     void click(const QPointF& position);
@@ -102,6 +114,9 @@ private:
     MapContent m_content;
     UnitSystem m_unitSystem = UnitSystem::Metric;
     bool m_isFitPending = false;
+    std::optional<std::array<double, 3>> m_fittedView; ///< latitude, longitude, width
+    std::vector<QRectF> m_covered;
+    bool m_areTilesLacking = false;
     bool m_isDirty = true;
     bool m_isSeen = false;
     double m_lastRepaint = 0.0;

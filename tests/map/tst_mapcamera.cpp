@@ -30,6 +30,8 @@ private slots:
     void shiftDragZooms();
     void fitShowsTheWholeTrack_data();
     void fitShowsTheWholeTrack();
+    void fitLeavesPanelsFree_data();
+    void fitLeavesPanelsFree();
 };
 
 namespace {
@@ -319,6 +321,33 @@ void TestMapCamera::shiftDragZooms()
         QCOMPARE(map.state.width, range);
     }
     QCOMPARE(map.state.latitude, 48.0);
+}
+
+void TestMapCamera::fitLeavesPanelsFree_data()
+{
+    // From the top left corner; `free`: the area in which the track has to be.
+    const Rows<QList<QRectF>, QRectF> row("covered", "free");
+    row("a panel at the right", {{970, 10, 300, 500}}, {0, 0, 970, height});
+    row("a panel above", {{0, 0, width, 400}}, {0, 400, width, 400});
+    row("commands and a high panel", {{10, 10, 300, 40}, {970, 10, 300, 780}}, {0, 50, 970, 750});
+    row("hardly anything is free", {{0, 0, width, 700}}, {0, 0, width, height});
+}
+
+void TestMapCamera::fitLeavesPanelsFree()
+{
+    QFETCH(QList<QRectF>, covered);
+    QFETCH(QRectF, free);
+    Map map;
+    const LatLong corners[] = {{48.0, 11.0}, {48.2, 11.3}};
+    map.camera.fit(boundsOf({corners[0], corners[1]}), covered);
+    QList<QPointF> points;
+    for (const LatLong& corner : corners) {
+        const auto point = map.camera.globe().latLong2Window(corner);
+        points << QPointF(point->x, height - point->y);
+        QVERIFY(free.contains(points.back()));
+    }
+    const QPointF size = points[1] - points[0];
+    QVERIFY(std::max(size.x() / free.width(), -size.y() / free.height()) > 0.8);
 }
 
 void TestMapCamera::fitShowsTheWholeTrack_data()

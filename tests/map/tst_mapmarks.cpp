@@ -20,6 +20,7 @@ private slots:
     void initTestCase();
     void colorsTakeTheirValues_data();
     void colorsTakeTheirValues();
+    void unknownAltitudesHaveNoColor();
     void rampIsLegible();
     void flightsWithinTheSpanAreMarked();
     void exceedancesLieOnTheTrack();
@@ -91,6 +92,25 @@ void TestMapMarks::colorsTakeTheirValues()
         QStringList{colors.name, colors.lowText, colors.highText}.join(QLatin1Char(' '));
     QTEST(legend, "legend");
     m_profile.setUnitSystem(UnitSystem::Metric);
+}
+
+/// Before the first fix the unit sends 0, which would be the legend's lower end.
+void TestMapMarks::unknownAltitudesHaveNoColor()
+{
+    DataSet dataSet;
+    dataSet.track = m_dataSet.track;
+    for (std::size_t i = 0; i < 3; ++i) {
+        dataSet.track[i].altitude = dataSet.track[i].groundSpeed = 0.0;
+        dataSet.track[i].hasAltitude = false;
+        dataSet.track[i].hasFix = i == 2; // the altitude is known later
+    }
+    using Kind = TrackColorChoice::Kind;
+    const TrackColors height = trackColors({Kind::Altitude, {}}, m_profile, dataSet);
+    QVERIFY(std::isnan(height.values[2]));
+    QCOMPARE(height.lowText, "503 m");
+    const TrackColors speed = trackColors({Kind::GroundSpeed, {}}, m_profile, dataSet);
+    QVERIFY(std::isnan(speed.values[1]));
+    QCOMPARE(speed.values[2], 0.0F);
 }
 
 void TestMapMarks::rampIsLegible()

@@ -1,18 +1,23 @@
 #include "map/ui/DialogDataMap.h"
+#include "map/ui/OutlinedLabel.h"
 #include "tests/support/MapWindow.h"
 #include "tests/support/ProfileFixture.h"
 #include "tests/support/RecordingFixture.h"
 #include "tests/support/Rows.h"
 
 #include <QAction>
+#include <QComboBox>
 #include <QElapsedTimer>
 #include <QLabel>
 #include <QMainWindow>
 #include <QNativeGestureEvent>
 #include <QPointingDevice>
 #include <QScopeGuard>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QSignalSpy>
 #include <QSplitter>
+#include <QToolButton>
 #include <QToolTip>
 #include <QWheelEvent>
 
@@ -45,6 +50,12 @@ private slots:
     void coveredMapRests();
     void marksTellWhatTheyAre();
     void valuesHaveTheirUnits();
+    void valuesScrollAndFold();
+    void valuesAreReadableOnAnyGround_data();
+    void valuesAreReadableOnAnyGround();
+    void flightPanelSaysWhereItIs();
+    void fitLeavesTheValuesFree();
+    void noteSaysThatTilesAreLacking();
 
 private:
     void makePage();
@@ -392,6 +403,189 @@ void TestMapPage::marksTellWhatTheyAre()
     const QPoint point = m_window->view().pixelOf(place).toPoint();
     QCOMPARE(tipAt(point + QPoint(4, -5)), text);
     QVERIFY(!tipAt(point + QPoint(0, 15)).contains(text));
+}
+
+void TestMapPage::valuesScrollAndFold()
+{
+    makePage();
+    auto* const panel = m_page->findChild<QWidget*>(QStringLiteral("valuePanel"));
+    auto* const scroll = m_page->findChild<QScrollArea*>(QStringLiteral("valueScroll"));
+    QVERIFY(!scroll->verticalScrollBar()->isVisible());
+    QVERIFY(panel->testAttribute(Qt::WA_TransparentForMouseEvents)); // the map is below
+    m_page->resize(900, 90);                                         // too low for two rows
+    QTRY_VERIFY(scroll->verticalScrollBar()->isVisible());
+    QVERIFY(!panel->testAttribute(Qt::WA_TransparentForMouseEvents));
+    QVERIFY(scroll->verticalScrollBar()->maximum() > 0); // all rows are there
+    const QSignalSpy told(m_page.get(), &DialogDataMap::signalSettings);
+    m_page->findChild<QToolButton*>(QStringLiteral("foldValues"))->click();
+    QVERIFY(!panel->isVisible());
+    QCOMPARE(told.count(), 1);
+    QVERIFY(!m_page->settings().areValuesShown);
+    m_page->refresh(DataPage::Change::Selection); // makes new rows
+    QVERIFY(!panel->isVisible());
+    MapSettings settings = offlineSettings();
+    settings.areValuesShown = false;
+    DialogDataMap restarted(m_profile, settings);
+    restarted.setShown(true);
+    restarted.setData(m_dataSet.get());
+    QVERIFY(restarted.findChild<QWidget*>(QStringLiteral("valuePanel"))->isHidden());
+}
+
+void TestMapPage::valuesAreReadableOnAnyGround_data()
+{
+    const Rows<QColor, QColor> row("text", "ground"); // the ground has the panel's veil
+    for (const char* ground : {"#f2efe9", "#aad3df", "#101010"}) {
+        for (const char* text : {"#ff1744", "#ffab00", "#00c853", "#ffffff", "#000080"})
+            row(qPrintable(QStringLiteral("%1 on %2").arg(text, ground)), QColor(text),
+                QColor(ground));
+    }
+}
+
+double luminance(const QColor& color)
+{
+    const auto linear = [](float part) { return std::pow((part + 0.055) / 1.055, 2.4); };
+    return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) +
+           0.0722 * linear(color.blueF());
+}
+
+/// Each pixel of the text's colour is surrounded by an outline with a contrast of 4 at least.
+void TestMapPage::valuesAreReadableOnAnyGround()
+{
+    QFETCH(QColor, text);
+    QFETCH(QColor, ground);
+    OutlinedLabel label(QStringLiteral("118.5 [km/h]"));
+    label.setTextColor(text);
+    label.ensurePolished();
+    label.resize(label.sizeHint());
+    QImage picture(label.size(), QImage::Format_RGB32);
+    picture.fill(ground.darker(167)); // a veil of 40 % black
+    label.render(&picture, {}, {}, QWidget::DrawChildren);
+    // The strongest contrast around a pixel.
+    double least = 99.0;
+    int found = 0;
+    for (int y = 2; y < picture.height() - 2; ++y) {
+        for (int x = 2; x < picture.width() - 2; ++x) {
+            if (picture.pixelColor(x, y) != text)
+                continue;
+            double best = 1.0;
+            for (int i = 0; i < 25; ++i) {
+                const QColor near = picture.pixelColor(x - 2 + i % 5, y - 2 + i / 5);
+                const double a = luminance(near) + 0.05;
+                const double b = luminance(text) + 0.05;
+                best = std::max(best, std::max(a, b) / std::min(a, b));
+            }
+            least = std::min(least, best);
+            ++found;
+        }
+    }
+    QVERIFY(found > 20);
+    QVERIFY2(least >= 4.0, qPrintable(QString::number(least)));
+}
+
+void TestMapPage::flightPanelSaysWhereItIs()
+{
+    makePage();
+    QVERIFY(loadProfile(
+        m_profile,
+        device({"name='Alt' id='9' dataType='FLOAT' unitMetric='m' koltDataType='Altitude'",
+                "name='GS' id='9' dataType='FLOAT' unitMetric='km/h' koltDataType='GroundSpeed'",
+                "name='Trk' id='9' dataType='FLOAT' unitMetric='\u00b0' koltDataType='Track'",
+                "name='speed' id='1' dataType='FLOAT' unitMetric='km/h'"})));
+    m_profile.select([](const ProfileParameter&) { return true; });
+    m_dataSet->track[0].hasFix = false;
+    m_dataSet->track[1].hasAltitude = false;
+    for (TrackPoint& point : m_dataSet->track) {
+        point.altitude = 512.4;
+        point.groundSpeed = 120.6;
+        point.heading = 271.0;
+    }
+    m_page->setData(m_dataSet.get());
+    auto* const panel = m_page->findChild<QWidget*>(QStringLiteral("flightPanel"));
+    const auto textsAt = [&](double seconds) {
+        m_page->setTime(seconds);
+        QStringList all;
+        for (const QLabel* label : panel->findChildren<QLabel*>())
+            all << label->text();
+        return all.join(' ');
+    };
+    QCOMPARE(textsAt(10.0), "Altitude --- Speed --- Heading ---");
+    QCOMPARE(textsAt(11.0), "Altitude --- Speed 121 km/h Heading 271 \u00b0");
+    QCOMPARE(textsAt(12.0), "Altitude 512 m Speed 121 km/h Heading 271 \u00b0");
+    QVERIFY(panel->isVisible());
+    // Altitude and speed have their entries already.
+    const auto* const coloring = m_page->findChild<QComboBox*>();
+    QStringList entries;
+    for (int i = 0; i < coloring->count(); ++i)
+        entries << coloring->itemText(i);
+    QCOMPARE(entries.join(' '), "One color Altitude Ground speed Trk speed");
+    m_dataSet->track.clear();
+    m_page->setData(m_dataSet.get());
+    m_page->setTime(13.0);
+    QVERIFY(!panel->isVisible());
+}
+
+/// In a wide map as in a narrow one, and again when its size changes or the values fold.
+void TestMapPage::fitLeavesTheValuesFree()
+{
+    makePage();
+    const auto* const panel = m_page->findChild<QWidget*>(QStringLiteral("valuePanel"));
+    const auto isFree = [&] {
+        const View view = pageView();
+        return std::ranges::all_of(m_dataSet->track, [&](const TrackPoint& point) {
+            const QPointF place = view.pixelOf(placeOf(point));
+            return QRectF(m_page->rect()).contains(place) &&
+                   (panel->isHidden() || !QRectF(panel->geometry()).contains(place));
+        });
+    };
+    waitForFrame();
+    QVERIFY(isFree());
+    for (const QSize& size : {QSize(330, 500), QSize(1200, 300)}) {
+        const double width = m_page->viewState().width;
+        m_page->resize(size);
+        QTRY_VERIFY(m_page->viewState().width != width && isFree());
+    }
+    const double longitude = m_page->viewState().longitude;
+    m_page->findChild<QToolButton*>(QStringLiteral("foldValues"))->click();
+    QTRY_VERIFY(m_page->viewState().longitude != longitude && isFree());
+    // What the user has moved stays.
+    QTest::keyClick(&m_page->widget(), Qt::Key_Right);
+    waitForFrame();
+    const double moved = m_page->viewState().width;
+    m_page->resize(600, 300);
+    waitForFrame();
+    QCOMPARE(m_page->viewState().width, moved);
+}
+
+void TestMapPage::noteSaysThatTilesAreLacking()
+{
+    makePage();
+    auto* const note = m_page->findChild<QLabel*>(QStringLiteral("mapNote"));
+    QTRY_VERIFY(note->isVisible());
+    QVERIFY(note->text().startsWith("No map tiles: offline"));
+    const QSignalSpy asked(m_page.get(), &DialogDataMap::signalOpenSettings);
+    const QSize size = note->size();
+    QTest::mouseClick(note, Qt::LeftButton, {}, {size.width() - 20, size.height() / 2});
+    QCOMPARE(asked.count(), 1);
+    // A grid, whose lines are equally far apart, and the compass.
+    const auto isLine = [](const QImage& picture, int x) {
+        int dark = 0;
+        for (int y = 120; y < 300; ++y)
+            dark += qGray(picture.pixel(x, y)) + 20 < qGray(picture.pixel(x - 2, y)) ? 1 : 0;
+        return dark > 120;
+    };
+    const QImage picture = m_page->widget().grabFramebuffer();
+    QList<int> lines;
+    for (int x = 3; x < picture.width(); ++x) {
+        if (isLine(picture, x))
+            lines << x;
+    }
+    QVERIFY(lines.size() >= 4);
+    for (qsizetype i = 2; i < lines.size(); ++i)
+        QVERIFY(std::abs((lines[i] - lines[i - 1]) - (lines[1] - lines[0])) <= 1);
+    // The world as a whole has the embedded map.
+    QTest::keyPress(&m_page->widget(), Qt::Key_Minus);
+    QTRY_VERIFY_WITH_TIMEOUT(!note->isVisible(), 30000);
+    QTest::keyRelease(&m_page->widget(), Qt::Key_Minus);
 }
 
 void TestMapPage::valuesHaveTheirUnits()

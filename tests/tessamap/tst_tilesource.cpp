@@ -1,3 +1,4 @@
+#include "libs/tessamap/tiles/TileCheck.h"
 #include "libs/tessamap/tiles/TileSource.h"
 #include "tests/support/LoopbackServer.h"
 #include "tests/support/Rows.h"
@@ -7,6 +8,7 @@
 
 #include <atomic>
 #include <future>
+#include <sys/stat.h>
 #include <thread>
 
 using namespace Tessa;
@@ -123,6 +125,11 @@ private slots:
     void unwantedRequestsAreGivenUp();
     void damagedTilesOnDiskAreFetched();
     void anotherServerStartsAfresh();
+    void folderIsRead();
+    void folderKeepsToItself_data();
+    void folderKeepsToItself();
+    void checkTellsWhatIsThere_data();
+    void checkTellsWhatIsThere();
 };
 
 void TestTileSource::outcomes_data()
@@ -509,6 +516,141 @@ void TestTileSource::anotherServerStartsAfresh()
     QCOMPARE(message.size(), 1);
     map.show({other});
     QCOMPARE(map.source.inFlightCount() + map.source.loadingCount(), 0);
+}
+
+namespace {
+
+bool put(const QString& path, const QByteArray& content)
+{
+    QFile file(path);
+    return QDir().mkpath(QFileInfo(path).path()) && file.open(QIODevice::WriteOnly) &&
+           file.write(content) == content.size();
+}
+
+/// A folder "tiles" with some tiles beside a folder "secret".
+struct Folder
+{
+    Folder()
+    {
+        put(path("tiles/5/3/4.png"), picture());
+        put(path("tiles/5/3/5.jpg"), picture("jpg"));
+        put(path("tiles/5/3/6.png"), "no picture");
+        put(path("damaged/2/1/1.png"), "no picture");
+        put(path("secret/5/3/4.png"), picture());
+    }
+
+    QString path(const char* name = "") const { return folder.filePath(QLatin1String(name)); }
+
+    QTemporaryDir folder;
+};
+
+} // namespace
+
+/// Nothing is asked from anyone, nothing is written, and what lacks is known to be missing.
+void TestTileSource::folderIsRead()
+{
+    const Folder folder;
+    Map map;
+    for (const QString& address :
+         {folder.path("tiles"), folder.path("tiles/"), "file://" + folder.path("tiles"),
+          folder.path("tiles/{z}/{x}/{y}.png")}) {
+        map.source.setServer({});
+        map.source.setServer(address);
+        const TileId damaged{5, 3, 6};
+        const TileId none{5, 3, 7};
+        QCOMPARE(map.show({first, other, damaged, none}), 0);
+        QCOMPARE(map.takeAll(), (std::vector{first, other}));
+        QVERIFY(map.source.isMissing(damaged) && map.source.isMissing(none));
+        QCOMPARE(map.source.loadingCount(), 0);
+        QVERIFY(!map.source.isOffline());
+    }
+    QCOMPARE(map.source.server().attribution(), "tiles");
+    QVERIFY(map.server.requests.isEmpty());
+    QVERIFY(!map.source.diskCache().contains(first));
+    QCOMPARE(QDir(folder.path("tiles/5/3")).count(), 5U); // with "." and ".."
+}
+
+void TestTileSource::folderKeepsToItself_data()
+{
+    const KOLT::Test::Rows<QString, QString> row("address", "link"); // "link": made to "secret"
+    row("out by the template", "tiles/{z}/../../secret/{z}/{x}/{y}.png", {});
+    row("out by placeholders", "tiles/{z}{x}/../../secret/{z}/{x}/{y}.png", {});
+    row("link to a file", "tiles", "tiles/5/3/4.png");
+    row("link to a folder", "tiles", "tiles/5/3");
+    row("pipe", "tiles", "|");
+    row("too large", "tiles", "+");
+    row("not all placeholders", "tiles/{z}/{x}.png", {});
+    row("no folder", "nowhere", {});
+}
+
+void TestTileSource::folderKeepsToItself()
+{
+    QFETCH(QString, address);
+    QFETCH(QString, link);
+    const Folder folder;
+    const QString file = folder.path("tiles/5/3/4.png");
+    if (link == "|" || link == "+") {
+        QFile::remove(file);
+        QVERIFY(link == "|" ? ::mkfifo(qPrintable(file), 0600) == 0
+                            : put(file, picture() + QByteArray(3 << 20, 'x')));
+    } else if (!link.isEmpty()) {
+        const QString path = folder.path(qPrintable(link));
+        QVERIFY(QFileInfo(path).isDir() ? QDir(path).removeRecursively() : QFile::remove(path));
+        QVERIFY(
+            QFile::link(folder.path("secret/5/3") + (link.endsWith("png") ? "/4.png" : ""), path));
+    }
+    Map map;
+    map.source.setServer(folder.path(qPrintable(address)));
+    map.show({first});
+    QVERIFY(map.takeAll().empty());
+    QVERIFY(map.server.requests.isEmpty());
+}
+
+void TestTileSource::checkTellsWhatIsThere_data()
+{
+    // The address is a folder, or the loopback server with this answer.
+    const KOLT::Test::Rows<QString, QByteArray, bool, QString> row("address", "answer", "isGood",
+                                                                   "text");
+    row("picture", "server", ok(picture("png", 512)), true, "tiles of 512 pixels");
+    row("no picture", "server", ok("<html>"), false, "not with a PNG");
+    row("404", "server", LoopbackServer::answer("404 Not Found"), false, "no tile of the whole");
+    row("403", "server", LoopbackServer::answer("403 Forbidden"), false, "refuses");
+    row("429", "server", LoopbackServer::answer("429 Too Many Requests"), false, "busy");
+    row("500", "server", LoopbackServer::answer("500 Oops"), false, "error (500)");
+    row("nobody", "http://127.0.0.1:1", {}, false, "cannot be reached");
+    row("no address", "http://{z}", {}, false, "neither an address");
+    row("folder", "tiles", {}, true, "zoom 5.");
+    row("no picture in the folder", "damaged", {}, false, "no PNG or JPEG");
+    row("other folder", "secret/5", {}, false, "no tiles in the folder");
+    row("no folder", "nowhere", {}, false, "no such folder");
+}
+
+void TestTileSource::checkTellsWhatIsThere()
+{
+    QFETCH(QString, address);
+    QFETCH(QByteArray, answer);
+    QFETCH(bool, isGood);
+    QFETCH(QString, text);
+    const Folder folder;
+    LoopbackServer server;
+    server.handler = [&](const LoopbackServer::Request&) { return answer; };
+    TileCheck check;
+    check.setUserAgent("KOLT/9.9");
+    QSignalSpy finished(&check, &TileCheck::finished);
+    check.start(address == "server"       ? server.address()
+                : address.contains("://") ? address
+                                          : folder.path(qPrintable(address)),
+                true);
+    QTRY_COMPARE(finished.size(), 1);
+    QCOMPARE(finished[0][0].toBool(), isGood);
+    QVERIFY2(finished[0][1].toString().contains(text), qPrintable(finished[0][1].toString()));
+    QVERIFY(server.requests.size() <= 1);
+    if (address == "server") { // off the network nothing is asked
+        check.start(server.address(), false);
+        QCOMPARE(finished.size(), 2);
+        QVERIFY(!finished[1][0].toBool());
+        QCOMPARE(server.requests.size(), 1);
+    }
 }
 
 QTEST_GUILESS_MAIN(TestTileSource)

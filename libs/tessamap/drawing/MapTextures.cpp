@@ -153,6 +153,12 @@ void MapTextures::load(std::span<const SelectedTile> selected,
     }
 }
 
+bool MapTextures::hasFetched(const TileId& tile) const
+{
+    const auto fetched = nearest(m_tileTextures, tile);
+    return fetched && fetched->zoom + coarserLevels >= tile.zoom;
+}
+
 TextureView MapTextures::pictureOf(const TileId& tile)
 {
     const auto fetched = nearest(m_tileTextures, tile);

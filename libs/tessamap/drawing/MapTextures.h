@@ -35,6 +35,8 @@ public:
 
     /// The best picture at hand for a tile, also from a coarser one.
     TextureView pictureOf(const TileId& tile);
+    /// Whether there is a fetched picture that is not much too coarse for the tile.
+    bool hasFetched(const TileId& tile) const;
     /// None where there is no shade.
     TextureView shadeOf(const TileId& tile);
 

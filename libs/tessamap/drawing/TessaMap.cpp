@@ -162,7 +162,18 @@ bool TessaMap::render()
         }
     }
     m_drawer->end();
+    findLack();
     return true;
+}
+
+void TessaMap::findLack()
+{
+    if (m_tiles.loadingCount() > 0)
+        return; // not known yet
+    const auto lacking = std::ranges::count_if(m_selected, [this](const SelectedTile& tile) {
+        return tile.id.zoom > BaseMap::maxZoom && !m_textures.hasFetched(tile.id);
+    });
+    m_lacksTiles = 4 * lacking > 3 * static_cast<std::ptrdiff_t>(m_selected.size());
 }
 
 int TessaMap::nrLoadingTiles() const

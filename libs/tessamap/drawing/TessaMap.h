@@ -82,6 +82,10 @@ public:
     /// Tiles that are being fetched or still have to be decoded, painted or baked.
     int nrLoadingTiles() const;
 
+    /// Whether at the last frame's scale, beyond that of the embedded map, there was hardly any
+    /// tile, and none was being loaded.
+    bool lacksTiles() const { return m_lacksTiles; }
+
     /// The tile server cannot be reached.
     bool isOffline() const { return m_tiles.isOffline(); }
 
@@ -105,6 +109,7 @@ signals:
 
 private:
     bool prepareGl();
+    void findLack();
 
     TileSource m_tiles;
     ElevationSource m_elevation;
@@ -119,6 +124,7 @@ private:
     Shading m_shading;
     std::vector<SelectedTile> m_selected;
     double m_loadingSeconds = 0.0;
+    bool m_lacksTiles = false;
 
     bool m_hasFailed = false;
     bool m_hasToldNoMemory = false;

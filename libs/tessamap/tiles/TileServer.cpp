@@ -1,6 +1,7 @@
 #include "libs/tessamap/tiles/TileServer.h"
 
 #include <QCryptographicHash>
+#include <QDir>
 
 namespace Tessa {
 
@@ -11,6 +12,12 @@ bool isPublicHost(const QString& host)
     // The numbered mirrors of earlier years are the same server.
     return host == QLatin1String("tile.openstreetmap.org") ||
            host.endsWith(QLatin1String(".tile.openstreetmap.org"));
+}
+
+bool hasPlaceholders(const QString& address)
+{
+    return address.contains(QLatin1String("{z}")) && address.contains(QLatin1String("{x}")) &&
+           address.contains(QLatin1String("{y}"));
 }
 
 QString withPlaceholders(QString address)
@@ -43,17 +50,20 @@ TileServer::TileServer(const QString& address)
     QString text = address.trimmed();
     if (text.isEmpty())
         text = defaultTemplate();
+    if (text.startsWith(QLatin1String("file:"), Qt::CaseInsensitive))
+        text = QUrl(text).toLocalFile();
+    if (QDir::isAbsolutePath(text)) {
+        readFolder(QDir::fromNativeSeparators(text));
+        return;
+    }
     if (!text.contains(QLatin1String("://")))
         text.prepend(QLatin1String("https://"));
     m_template = withPlaceholders(text);
 
     const QUrl sample(filled(m_template, TileId{}), QUrl::StrictMode);
     m_host = sample.host().toLower();
-    const bool hasAll = m_template.contains(QLatin1String("{z}")) &&
-                        m_template.contains(QLatin1String("{x}")) &&
-                        m_template.contains(QLatin1String("{y}"));
     m_isValid =
-        sample.isValid() && !m_host.isEmpty() && hasAll &&
+        sample.isValid() && !m_host.isEmpty() && hasPlaceholders(m_template) &&
         (sample.scheme() == QLatin1String("http") || sample.scheme() == QLatin1String("https"));
     if (m_isValid && isPublicHost(m_host)) {
         m_template = defaultTemplate();
@@ -61,15 +71,43 @@ TileServer::TileServer(const QString& address)
     }
 }
 
+/// The folder is what precedes the first part with a placeholder. No part after it may lead out.
+void TileServer::readFolder(const QString& path)
+{
+    const bool isPlain = !path.contains(QLatin1Char('{'));
+    m_template = withPlaceholders(path);
+    const qsizetype end =
+        m_template.lastIndexOf(QLatin1Char('/'), m_template.indexOf(QLatin1Char('{')));
+    m_folder = QDir::cleanPath(m_template.left(end + 1));
+    const QStringList parts = m_template.mid(end + 1).split(QLatin1Char('/'));
+    m_isValid = (isPlain || hasPlaceholders(m_template)) && !parts.contains(QLatin1String(".."));
+}
+
+QStringList TileServer::files(const TileId& tile) const
+{
+    if (!isFolder() || !m_isValid)
+        return {};
+    const QString file = filled(m_template, tile);
+    QStringList files{file};
+    // The template of a plain folder says ".png", but many have other formats.
+    if (m_template.endsWith(QLatin1String("/{z}/{x}/{y}.png"))) {
+        for (const char* const suffix : {"jpg", "jpeg"})
+            files << file.chopped(3) + QLatin1String(suffix);
+    }
+    return files;
+}
+
 QUrl TileServer::url(const TileId& tile) const
 {
-    return m_isValid ? QUrl(filled(m_template, tile)) : QUrl();
+    return m_isValid && !isFolder() ? QUrl(filled(m_template, tile)) : QUrl();
 }
 
 QString TileServer::attribution() const
 {
     if (!m_isValid)
         return QString();
+    if (isFolder()) // nobody knows from where the tiles are
+        return QDir(m_folder).dirName();
     const QString contributors = QStringLiteral("(c) OpenStreetMap contributors");
     if (isPublicServer())
         return contributors;
@@ -82,6 +120,8 @@ QUrl TileServer::attributionLink() const
 {
     if (!m_isValid)
         return QUrl();
+    if (isFolder())
+        return QUrl::fromLocalFile(m_folder);
     if (m_host.contains(QLatin1String("openstreetmap")))
         return QUrl(QStringLiteral("https://www.openstreetmap.org/copyright"));
     QUrl link;

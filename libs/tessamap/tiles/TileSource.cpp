@@ -43,7 +43,8 @@ void TileSource::setServer(const QString& address)
         return;
     reset();
     m_server = server;
-    m_cache.setPlace(m_directory, m_server.cacheKey());
+    m_folder = TileFolder(server);
+    m_cache.setPlace(cacheDirectory(), m_server.cacheKey());
     if (!m_server.isValid())
         emit message(tr("The address of the tile server cannot be used: %1").arg(address));
     emit changed();
@@ -53,7 +54,17 @@ void TileSource::setDirectory(const QString& directory)
 {
     m_directory = directory;
     m_queue.setWanted({}, m_clock(), {}); // asks the new directory again
-    m_cache.setPlace(m_directory, m_server.cacheKey());
+    m_cache.setPlace(cacheDirectory(), m_server.cacheKey());
+}
+
+bool TileSource::isOnDisk(const TileId& tile)
+{
+    if (!m_server.isFolder())
+        return m_cache.contains(tile);
+    const bool isThere = m_folder.contains(tile);
+    if (!isThere)
+        m_queue.failures().addMissing(tile, m_clock()); // the caller may want a coarser one instead
+    return isThere;
 }
 
 void TileSource::setNetworkEnabled(bool enabled)
@@ -75,8 +86,7 @@ void TileSource::reset()
 
 void TileSource::setWanted(std::span<const TileId> byPriority)
 {
-    m_queue.setWanted(byPriority, m_clock(),
-                      [this](const TileId& tile) { return m_cache.contains(tile); });
+    m_queue.setWanted(byPriority, m_clock(), [this](const TileId& tile) { return isOnDisk(tile); });
     work();
 }
 
@@ -87,7 +97,7 @@ bool TileSource::isFetched(const TileId& tile) const
 
 bool TileSource::mayAsk(qint64 now) const
 {
-    return m_isNetworkEnabled && m_server.isValid() && m_access.notBefore() <= now;
+    return isAsked() && m_access.notBefore() <= now;
 }
 
 std::optional<TileSource::Tile> TileSource::takeNext()
@@ -129,20 +139,38 @@ std::optional<TileSource::Tile> TileSource::decodeArrived(const TileId& id)
 
 std::optional<TileSource::Tile> TileSource::readFromDisk(const TileId& tile)
 {
-    const auto entry = m_cache.read(tile);
-    QImage image = entry ? decodeTile(entry->body) : QImage();
+    QImage image = m_server.isFolder() ? readFromFolder(tile) : readFromCache(tile);
     if (image.isNull()) {
-        m_cache.remove(tile);
         m_queue.setNotOnDisk(tile);
         m_timer.start(0);
         return std::nullopt;
     }
-    if (entry->meta.expires <= m_clock()) {
+    m_queue.setTaken(tile);
+    return Tile{tile, std::move(image)};
+}
+
+QImage TileSource::readFromFolder(const TileId& tile)
+{
+    const auto body = m_folder.read(tile);
+    QImage image = body ? decodeTile(*body) : QImage();
+    if (image.isNull()) {
+        m_queue.failures().addMissing(tile, m_clock());
+        emit changed(); // as for a tile that a server has not
+    }
+    return image;
+}
+
+QImage TileSource::readFromCache(const TileId& tile)
+{
+    const auto entry = m_cache.read(tile);
+    QImage image = entry ? decodeTile(entry->body) : QImage();
+    if (image.isNull()) {
+        m_cache.remove(tile);
+    } else if (entry->meta.expires <= m_clock()) {
         m_queue.confirmFirst(tile, entry->meta);
         m_timer.start(0);
     }
-    m_queue.setTaken(tile);
-    return Tile{tile, std::move(image)};
+    return image;
 }
 
 int TileSource::loadingCount() const
@@ -246,7 +274,7 @@ void TileSource::sendRequests(qint64 now)
 void TileSource::scheduleWork(qint64 now)
 {
     std::optional<qint64> next = m_fetcher.nextMoment();
-    if (m_isNetworkEnabled && m_server.isValid()) {
+    if (isAsked()) {
         const auto due = m_queue.nextMoment(now, m_access.notBefore(),
                                             [this](const TileId& tile) { return isFetched(tile); });
         if (due && (!next || *due < *next))

@@ -3,6 +3,7 @@
 #include "libs/tessamap/tiles/ServerAccess.h"
 #include "libs/tessamap/tiles/TileDiskCache.h"
 #include "libs/tessamap/tiles/TileFetcher.h"
+#include "libs/tessamap/tiles/TileFolder.h"
 #include "libs/tessamap/tiles/TileQueue.h"
 #include "libs/tessamap/tiles/TileServer.h"
 
@@ -17,7 +18,7 @@
 
 namespace Tessa {
 
-/// Provides tiles from the disk cache and from the server, most important first.
+/// Provides tiles from the disk cache and from the server, or from a folder, most important first.
 ///
 /// In each frame the caller says which tiles it lacks, then takes what is available for as long as
 /// its time lasts:
@@ -74,7 +75,8 @@ public:
     /// without confirmations.
     int loadingCount() const;
 
-    /// Whether the server said within the last day that it has no such tile.
+    /// Whether the server said within the last day that it has no such tile, or the folder was
+    /// found to have none.
     bool isMissing(const TileId& tile) const
     {
         return m_queue.failures().isMissing(tile, m_clock());
@@ -112,6 +114,18 @@ private:
 
     void reset();
     bool isFetched(const TileId& tile) const;
+    bool isOnDisk(const TileId& tile);
+    QImage readFromFolder(const TileId& tile);
+    QImage readFromCache(const TileId& tile);
+
+    /// The user's own folder is never written to.
+    QString cacheDirectory() const { return m_server.isFolder() ? QString() : m_directory; }
+
+    bool isAsked() const
+    {
+        return m_isNetworkEnabled && m_server.isValid() && !m_server.isFolder();
+    }
+
     bool mayAsk(qint64 now) const;
     std::optional<Tile> decodeArrived(const TileId& tile);
     std::optional<Tile> readFromDisk(const TileId& tile);
@@ -125,6 +139,7 @@ private:
     TileServer m_server;
     QString m_directory;
     TileDiskCache m_cache;
+    TileFolder m_folder;
     TileQueue m_queue;
     ServerAccess m_access;
     TileFetcher m_fetcher;
