@@ -2,6 +2,25 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="de_DE" sourcelanguage="en_US">
 <context>
+    <name>FlightPanel</name>
+    <message>
+        <source>Flight</source>
+        <translation>Flug</translation>
+    </message>
+    <message>
+        <source>Altitude</source>
+        <translation>Höhe</translation>
+    </message>
+    <message>
+        <source>Speed</source>
+        <translation>Tempo</translation>
+    </message>
+    <message>
+        <source>Heading</source>
+        <translation>Kurs</translation>
+    </message>
+</context>
+<context>
     <name>KOLT::BandScroll</name>
     <message>
         <source>Traces in view</source>
@@ -139,6 +158,10 @@ Bitte prüfen Sie, ob die SD-Karte noch eingelegt ist und die Dateien lesbar sin
     <message>
         <source>A limit was exceeded</source>
         <translation>Ein Grenzwert wurde überschritten</translation>
+    </message>
+    <message>
+        <source>Cycles</source>
+        <translation>Zyklen</translation>
     </message>
 </context>
 <context>
@@ -456,6 +479,30 @@ Verwenden Sie einen Namen mit der Endung .bmp, .png oder .jpg.</translation>
         <source>Hill shading (Ctrl+S while the map has the focus)</source>
         <translation>Geländeschattierung (Strg+S, wenn die Karte den Fokus hat)</translation>
     </message>
+    <message>
+        <source>Show the values of the selected parameters</source>
+        <translation>Die Werte der gewählten Parameter zeigen</translation>
+    </message>
+    <message>
+        <source>Values</source>
+        <translation>Werte</translation>
+    </message>
+    <message>
+        <source>No map tiles in the folder</source>
+        <translation>Keine Kacheln im Ordner</translation>
+    </message>
+    <message>
+        <source>No map tiles: offline</source>
+        <translation>Keine Kacheln: offline</translation>
+    </message>
+    <message>
+        <source>No map tiles here</source>
+        <translation>Hier keine Kacheln</translation>
+    </message>
+    <message>
+        <source>Map settings...</source>
+        <translation>Einstellungen der Karte...</translation>
+    </message>
 </context>
 <context>
     <name>KOLT::DialogDataStatistic</name>
@@ -530,6 +577,14 @@ Verwenden Sie einen Namen mit der Endung .bmp, .png oder .jpg.</translation>
     <message>
         <source>Figures that may be wrong: %1</source>
         <translation>Werte, die falsch sein können: %1</translation>
+    </message>
+    <message>
+        <source>Tow Statistic</source>
+        <translation>Schleppstatistik</translation>
+    </message>
+    <message>
+        <source>Marked figures</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -614,6 +669,14 @@ Wählen Sie weniger oder exportieren Sie die Daten als CSV-Datei.</translation>
     <message>
         <source>Several parameters are named &quot;%1&quot; (%2). Under this name the instrument view shows only the last one.</source>
         <translation>Mehrere Parameter heißen „%1“ (%2). Unter diesem Namen kennt die Instrumententafel nur den letzten.</translation>
+    </message>
+    <message>
+        <source>EMU View</source>
+        <translation>EMU-Anzeige</translation>
+    </message>
+    <message>
+        <source>The instruments at the current moment</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -1199,10 +1262,6 @@ ist nicht mehr vorhanden und wurde aus der Liste entfernt. Liegt er auf einer SD
     <message>
         <source>&amp;Profile file</source>
         <translation>&amp;Profildatei</translation>
-    </message>
-    <message>
-        <source>A plain address, or a template with {z}, {x} and {y}</source>
-        <translation>Eine einfache Adresse oder eine Vorlage mit {z}, {x} und {y}</translation>
     </message>
     <message>
         <source>Contrast of the hill shading</source>
@@ -1995,6 +2054,10 @@ Bitte prüfen Sie, ob der Ordner beschreibbar und nicht voll ist, oder sichern S
         <source>Cancelled: %1 of %2 cycles were read</source>
         <translation>Abgebrochen: %1 von %2 Zyklen wurden gelesen</translation>
     </message>
+    <message>
+        <source>Overview</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>KOLT::OverviewSession</name>
@@ -2502,6 +2565,10 @@ ist kein KOLT-Projekt. Die gewählten Parameter bleiben, wie sie sind.</translat
         <source>Stop Time: </source>
         <translation>Endzeit: </translation>
     </message>
+    <message>
+        <source>Raw Data</source>
+        <translation>Rohdaten</translation>
+    </message>
 </context>
 <context>
     <name>KOLT::RecordingNotice</name>
@@ -2519,6 +2586,10 @@ ist kein KOLT-Projekt. Die gewählten Parameter bleiben, wie sie sind.</translat
     <message>
         <source>What was recorded: an empty box is a hole, hatching is time recorded twice, a triangle is a jump of the counter. A click lists all findings.</source>
         <translation>Was aufgezeichnet wurde: Ein leerer Kasten ist eine Lücke, Schraffur ist doppelt aufgezeichnete Zeit, ein Dreieck ist ein Sprung des Zählers. Ein Klick zeigt alle Befunde.</translation>
+    </message>
+    <message>
+        <source>Holes, jumps and doubled times over the loaded data; the window Recording lists them</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -2595,6 +2666,37 @@ ist kein KOLT-Projekt. Die gewählten Parameter bleiben, wie sie sind.</translat
     <message>
         <source>The loaded data; times since the recording unit was switched on</source>
         <translation>Geladene Daten; Zeiten seit dem Einschalten des Aufzeichnungsgeräts</translation>
+    </message>
+</context>
+<context>
+    <name>KOLT::TileServerBox</name>
+    <message>
+        <source>A plain address, a template with {z}, {x} and {y}, or a folder with tiles as zoom/column/row.png</source>
+        <translation>Eine einfache Adresse, eine Vorlage mit {z}, {x} und {y} oder ein Ordner mit Kacheln als Zoom/Spalte/Zeile.png</translation>
+    </message>
+    <message>
+        <source>Folder...</source>
+        <translation>Ordner...</translation>
+    </message>
+    <message>
+        <source>Choose a folder with map tiles on this computer</source>
+        <translation>Einen Ordner mit Kacheln auf diesem Rechner wählen</translation>
+    </message>
+    <message>
+        <source>Test</source>
+        <translation>Testen</translation>
+    </message>
+    <message>
+        <source>Ask the server, or look into the folder, for a tile</source>
+        <translation>Den Server nach einer Kachel fragen oder im Ordner eine suchen</translation>
+    </message>
+    <message>
+        <source>Folder with map tiles</source>
+        <translation>Ordner mit Kacheln</translation>
+    </message>
+    <message>
+        <source>Testing ...</source>
+        <translation>Test läuft ...</translation>
     </message>
 </context>
 <context>
@@ -2942,6 +3044,10 @@ Links und Rechts gehen zum Auftreten davor und danach</translation>
         <source>off</source>
         <translation>aus</translation>
     </message>
+    <message>
+        <source>Fault, with its occurrences over the loaded data</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>KOLT::WidgetFaultMatrix</name>
@@ -2978,6 +3084,10 @@ Rechte Taste: Verschieben. Mausrad: Zoom. Pfeiltasten: Cursor bewegen (mit Umsch
 F: ganzer Flug. Pos1, Ende: seine Enden. M: Marker um die Mitte.
 Ziehen Sie einen Griff am linken Rand, um seine Kurve zu verschieben.</translation>
     </message>
+    <message>
+        <source>Graph</source>
+        <translation>Graph</translation>
+    </message>
 </context>
 <context>
     <name>KOLT::WidgetMap</name>
@@ -2997,6 +3107,10 @@ Klick auf die Spur oder eine Marke: zu diesem Moment gehen.</translation>
         <source>Track and texts of the map cannot be drawn with this graphics driver.</source>
         <translation>Track und Texte der Karte können mit diesem Grafiktreiber nicht gezeichnet werden.</translation>
     </message>
+    <message>
+        <source>Map</source>
+        <translation>Karte</translation>
+    </message>
 </context>
 <context>
     <name>KOLT::WidgetNoGl</name>
@@ -3005,6 +3119,13 @@ Klick auf die Spur oder eine Marke: zu diesem Moment gehen.</translation>
 Install or update the driver, and start KOLT again.</source>
         <translation>Dies kann nicht gezeigt werden: Der Grafiktreiber bietet kein OpenGL.
 Installieren oder aktualisieren Sie den Treiber und starten Sie KOLT neu.</translation>
+    </message>
+</context>
+<context>
+    <name>KOLT::WidgetTimeTable</name>
+    <message>
+        <source>Data</source>
+        <translation>Daten</translation>
     </message>
 </context>
 <context>
@@ -3029,6 +3150,36 @@ Installieren oder aktualisieren Sie den Treiber und starten Sie KOLT neu.</trans
     </message>
 </context>
 <context>
+    <name>MapLabels</name>
+    <message>
+        <source>N</source>
+        <comment>north</comment>
+        <translation>N</translation>
+    </message>
+    <message>
+        <source>E</source>
+        <comment>east</comment>
+        <translation>O</translation>
+    </message>
+    <message>
+        <source>S</source>
+        <comment>south</comment>
+        <translation>S</translation>
+    </message>
+    <message>
+        <source>W</source>
+        <comment>west</comment>
+        <translation>W</translation>
+    </message>
+</context>
+<context>
+    <name>MapValuePanel</name>
+    <message>
+        <source>Values</source>
+        <translation>Werte</translation>
+    </message>
+</context>
+<context>
     <name>Tessa::ElevationSource</name>
     <message>
         <source>The elevation file cannot be used: %1</source>
@@ -3044,6 +3195,65 @@ Installieren oder aktualisieren Sie den Treiber und starten Sie KOLT neu.</trans
     <message>
         <source>The graphics driver accepts no more pictures. The map stays coarse.</source>
         <translation>Der Grafiktreiber nimmt keine weiteren Bilder an. Die Karte bleibt grob.</translation>
+    </message>
+</context>
+<context>
+    <name>Tessa::TileCheck</name>
+    <message>
+        <source>The server does not answer.</source>
+        <translation>Der Server antwortet nicht.</translation>
+    </message>
+    <message>
+        <source>This is neither an address nor a folder of tiles.</source>
+        <translation>Das ist weder eine Adresse noch ein Ordner mit Kacheln.</translation>
+    </message>
+    <message>
+        <source>Not tested: KOLT is kept off the network by KOLT_OFFLINE.</source>
+        <translation>Nicht getestet: KOLT_OFFLINE hält KOLT vom Netz fern.</translation>
+    </message>
+    <message>
+        <source>There is no such folder.</source>
+        <translation>Diesen Ordner gibt es nicht.</translation>
+    </message>
+    <message>
+        <source>The folder has tiles of zoom %1.</source>
+        <translation>Der Ordner hat Kacheln der Zoomstufen %1.</translation>
+    </message>
+    <message>
+        <source>The tiles in the folder are no PNG or JPEG pictures of 256 or 512 pixels.</source>
+        <translation>Die Kacheln im Ordner sind keine PNG- oder JPEG-Bilder von 256 oder 512 Pixeln.</translation>
+    </message>
+    <message>
+        <source>There are no tiles in the folder. They are looked for as zoom/column/row.png or .jpg.</source>
+        <translation>Im Ordner sind keine Kacheln. Gesucht wird Zoom/Spalte/Zeile.png oder .jpg.</translation>
+    </message>
+    <message>
+        <source>The server sends tiles of %1 pixels.</source>
+        <translation>Der Server liefert Kacheln von %1 Pixeln.</translation>
+    </message>
+    <message>
+        <source>The server answers, but not with a PNG or JPEG picture of 256 or 512 pixels.</source>
+        <translation>Der Server antwortet, aber nicht mit einem PNG- oder JPEG-Bild von 256 oder 512 Pixeln.</translation>
+    </message>
+    <message>
+        <source>The server answers, but has no tile of the whole world (%1). It may have tiles of a region, or the address is not complete.</source>
+        <translation>Der Server antwortet, hat aber keine Kachel der ganzen Welt (%1). Vielleicht hat er Kacheln einer Region, oder die Adresse ist nicht vollständig.</translation>
+    </message>
+    <message>
+        <source>The server refuses to send tiles (%1).</source>
+        <translation>Der Server verweigert Kacheln (%1).</translation>
+    </message>
+    <message>
+        <source>The server is busy (%1). Try again later.</source>
+        <translation>Der Server ist überlastet (%1). Versuchen Sie es später noch einmal.</translation>
+    </message>
+    <message>
+        <source>The server cannot be reached.</source>
+        <translation>Der Server ist nicht erreichbar.</translation>
+    </message>
+    <message>
+        <source>The server answers with an error (%1).</source>
+        <translation>Der Server antwortet mit einem Fehler (%1).</translation>
     </message>
 </context>
 <context>
