@@ -108,4 +108,16 @@ void MapPainter::drawAircraft(const Tessa::Globe& globe, Tessa::LatLong place, d
     m_handler.matrices().load(m_screen);
 }
 
+void MapPainter::drawBackdrop(const Tessa::Globe& globe, Tessa::LatLong from,
+                              const Backdrop& backdrop)
+{
+    const double width = backdrop.window.width();
+    const double height = backdrop.window.height();
+    if (const auto origin = globe.latLong2Window(from))
+        m_labels.drawGrid(
+            MapGrid::around(*origin, globe.metresPerPixel(), width, height, backdrop.system), width,
+            height);
+    m_labels.drawCompass(backdrop.attribution, width);
+}
+
 } // namespace KOLT

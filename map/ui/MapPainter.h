@@ -34,6 +34,17 @@ public:
     /// `heading` in degrees clockwise from north.
     void drawAircraft(const Tessa::Globe& globe, Tessa::LatLong place, double heading);
 
+    struct Backdrop
+    {
+        QString attribution;
+        UnitSystem system = UnitSystem::Metric;
+        QSizeF window;
+    };
+
+    /// A grid with distances from a place, and a compass: they give the track a scale where there
+    /// are no tiles. `globe` in logical pixels.
+    void drawBackdrop(const Tessa::Globe& globe, Tessa::LatLong from, const Backdrop& backdrop);
+
     MapLabels& labels() { return m_labels; }
 
 private:

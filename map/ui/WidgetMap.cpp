@@ -246,7 +246,8 @@ void WidgetMap::drawOverlays()
 {
     const Tessa::Globe globe = m_map.globe();
     if (m_map.lacksTiles())
-        drawBackdrop(m_camera.globe());
+        m_painter->drawBackdrop(m_camera.globe(), m_content.start().value_or(m_camera.centre()),
+                                {m_map.attribution(), m_unitSystem, size()});
     m_painter->drawTrack(globe, m_content.line());
     m_painter->drawMarks(globe, m_content.marks);
     const AircraftTrack::Record& aircraft = m_content.aircraft;
@@ -257,17 +258,6 @@ void WidgetMap::drawOverlays()
                               m_content.colors(), m_map.attribution(),
                               m_map.isOffline() && !m_map.lacksTiles() ? tr("offline") : QString()},
                              width());
-}
-
-/// Gives the track a scale where there are no tiles. Distances count from where it begins.
-void WidgetMap::drawBackdrop(const Tessa::Globe& globe)
-{
-    const Tessa::LatLong start = m_content.start().value_or(m_camera.centre());
-    if (const auto origin = globe.latLong2Window(start))
-        m_painter->labels().drawGrid(
-            MapGrid::around(*origin, m_state.metresPerPixel, width(), height(), m_unitSystem),
-            width(), height());
-    m_painter->labels().drawCompass(m_map.attribution(), width());
 }
 
 void WidgetMap::tellLack()

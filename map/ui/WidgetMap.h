@@ -98,7 +98,6 @@ private:
     void applyView();
     void makePainter(double ratio);
     void drawOverlays();
-    void drawBackdrop(const Tessa::Globe& globe);
     QRectF attributionRect() const;
     void hover(const QPointF& position);
     void click(const QPointF& position);

@@ -23,7 +23,11 @@ private slots:
 
     void init() { QVERIFY(prepare()); }
 
-    void cleanup() { m_window.reset(); }
+    void cleanup()
+    {
+        m_window.reset();
+        m_output.reset();
+    }
 
     void pickedMomentReachesThePages();
     void settingsReachTheMap();

@@ -156,7 +156,7 @@ void TestViewReader::reports_data()
         "<style name='s' size='#'/><text x='0' y='0' style='s'/><text x='0' y='0' style='s'/>",
         {":2:23: a colour is written as #rrggbb or #aarrggbb"}, 2);
     row("alternative without bound", "<alternative file='panel.v'/>",
-        {":2:2: an alternative needs \"file\" and \"below\" above 0"}, 0);
+        {":2:2: an alternative needs \"file\" and \"below\" or \"above\""}, 0);
     row("steps of nothing",
         "<bar x='1' y='1' width='9' height='1' value='v' min='0' max='9'><steps or='a'/></bar>",
         {":2:66: \"of\" is missing"}, 1);
@@ -215,11 +215,17 @@ void TestViewReader::choosesTheShape()
 {
     KOLT::Test::writeFile(m_directory.filePath("high.v"), "not read here");
     KOLT::Test::writeFile(m_directory.filePath("square.v"), "not read here");
+    KOLT::Test::writeFile(m_directory.filePath("low.v"), "not read here");
     const auto model = readView("<alternative below='1.4' file='square.v'/>"
-                                "<alternative below='0.8' file='high.v'/>");
+                                "<alternative below='0.8' file='high.v'/>"
+                                "<alternative above='2.1' file='low.v'/>");
     QVERIFY(model && m_reports.isEmpty());
-    for (const auto& [aspect, file] :
-         {std::pair(2.0, ""), {1.4, ""}, {1.39, "square.v"}, {0.8, "square.v"}, {0.5, "high.v"}})
+    for (const auto& [aspect, file] : {std::pair(2.2, "low.v"),
+                                       {2.1, ""},
+                                       {1.4, ""},
+                                       {1.39, "square.v"},
+                                       {0.8, "square.v"},
+                                       {0.5, "high.v"}})
         QCOMPARE(QFileInfo(fileFor(model->alternatives, aspect)).fileName(), file);
 }
 

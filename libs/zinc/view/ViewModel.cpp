@@ -14,7 +14,11 @@ QString fileFor(const std::vector<ViewAlternative>& alternatives, double aspect)
 {
     const ViewAlternative* best = nullptr;
     for (const ViewAlternative& alternative : alternatives) {
-        if (aspect < alternative.below && (best == nullptr || alternative.below < best->below))
+        const bool fits =
+            aspect > alternative.above && (alternative.below == 0.0 || aspect < alternative.below);
+        const bool isNarrower = best == nullptr || best->below == 0.0 ||
+                                (alternative.below > 0.0 && alternative.below < best->below);
+        if (fits && isNarrower)
             best = &alternative;
     }
     return best != nullptr ? best->file : QString();

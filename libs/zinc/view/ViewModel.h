@@ -126,15 +126,15 @@ struct VariableUse
     Diagnostic unknown; ///< points at its first use
 };
 
-/// Another view file, which fits pages that are narrower for their height.
+/// Another view file, for pages of another shape.
 struct ViewAlternative
 {
-    double below = 0.0; ///< for pages whose width / height is less than this
+    double below = 0.0; ///< for pages whose width / height is less than this; 0: any
+    double above = 0.0; ///< and more than this
     QString file;       ///< absolute path
 };
 
-/// The file for a page of this width / height: that with the smallest bound above it. Empty if
-/// there is none.
+/// The file for a page of this width / height: of several the narrowest. Empty if there is none.
 QString fileFor(const std::vector<ViewAlternative>& alternatives, double aspect);
 
 /// A whole view. Elements are in file order, so that a group comes before its contents.

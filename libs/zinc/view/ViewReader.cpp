@@ -223,13 +223,15 @@ void ViewReader::readAlternative()
             alternative.file = m_properties.readFile(attribute);
         else if (attribute.name == QStringLiteral("below"))
             alternative.below = attribute.value.toDouble();
+        else if (attribute.name == QStringLiteral("above"))
+            alternative.above = attribute.value.toDouble();
         else
             m_file.reportUnknown(attribute);
     }
-    if (alternative.below > 0.0 && !alternative.file.isEmpty())
+    if (std::max(alternative.below, alternative.above) > 0.0 && !alternative.file.isEmpty())
         m_model.alternatives.push_back(alternative);
     else
-        m_file.report(QStringLiteral("an alternative needs \"file\" and \"below\" above 0"));
+        m_file.report(QStringLiteral("an alternative needs \"file\" and \"below\" or \"above\""));
 }
 
 /// A range for each step of a parameter's threshold, whose variables end in the step's number.
