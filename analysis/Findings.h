@@ -1,5 +1,6 @@
 #pragma once
 
+#include "analysis/EpisodeFinder.h"
 #include "analysis/EventFinder.h"
 #include "analysis/FaultFinder.h"
 #include "record/RecordingTrust.h"
@@ -17,6 +18,7 @@ namespace KOLT {
 /// of the unit system; the selection of parameters does not matter. A list lives as long as its
 /// pointer, but what it refers to in the profile only until the profile is loaded again.
 using EventList = std::shared_ptr<const std::vector<Event>>;
+using EpisodeList = std::shared_ptr<const EpisodeFindings>;
 using FaultList = std::shared_ptr<const std::vector<FaultMatrix>>;
 using TrustList = std::shared_ptr<const RecordingTrust>;
 
@@ -28,6 +30,9 @@ EventList eventsOf(const Profile& profile, const DataSet& dataSet,
 /// are searched for again.
 const std::vector<double>& eventsLeftOut(const Profile& profile, const DataSet& dataSet,
                                          EventScope scope = EventScope::AllParameters);
+
+/// As findEpisodes().
+EpisodeList episodesOf(const Profile& profile, const DataSet& dataSet);
 
 /// As findFaults().
 FaultList faultsOf(const Profile& profile, const DataSet& dataSet);
