@@ -57,6 +57,7 @@ struct ProfileParameter
     int enumId = -1;      ///< -1: none
     int thresholdId = -1; ///< -1: none
     ErrorType errorType = ErrorType::None;
+    QString quantity; ///< parameters of the same one have their episodes together; may be empty
 
     int device = 0;        ///< index of its device
     bool selected = false; ///< chosen for display; a copy of the project's selection

@@ -3,6 +3,7 @@
 #include "base/Diagnostics.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace KOLT {
 
@@ -29,6 +30,21 @@ double doubleAttribute(const QDomElement& element, const char* name, double fall
     bool ok = false;
     const double value = textAttribute(element, name).toDouble(&ok);
     return ok ? value : fallback;
+}
+
+/// A number of at least 0; none without the attribute. Anything else is reported.
+std::optional<double> amountAttribute(const QDomElement& element, const char* name)
+{
+    const QString text = textAttribute(element, name);
+    if (text.isEmpty())
+        return {};
+    bool ok = false;
+    const double value = text.toDouble(&ok);
+    if (ok && std::isfinite(value) && value >= 0.0)
+        return value;
+    Diagnostics::print("Profile::loadProfil <%s>: %s \"%s\" is no number from 0 on\n",
+                       qUtf8Printable(textAttribute(element, "name")), name, qUtf8Printable(text));
+    return {};
 }
 
 QColor colorAttribute(const QDomElement& element, const char* name)
@@ -148,6 +164,9 @@ void ProfileReader::readThreshold(const QDomElement& element)
     Threshold& threshold =
         listNamed(textAttribute(element, "name"), m_thresholdIds, m_profile.m_thresholds);
     threshold.id = m_thresholdIds.value(threshold.name);
+    threshold.holdSeconds = amountAttribute(element, "holdSeconds").value_or(threshold.holdSeconds);
+    if (const auto hysteresis = amountAttribute(element, "hysteresis"))
+        threshold.hysteresis = hysteresis;
     forEach(element, QStringLiteral("Value"), [&](const QDomElement& entry) {
         const ThresholdStep step{
             doubleAttribute(entry, "val"),
@@ -198,6 +217,7 @@ void ProfileReader::readParameter(const QDomElement& element, const Device& devi
     parameter.enumId = idOfList(m_enumIds, textAttribute(element, "enumId"));
     parameter.thresholdId = idOfList(m_thresholdIds, textAttribute(element, "thresholdId"));
     parameter.errorType = errorTypeOf(textAttribute(element, "errorType"));
+    parameter.quantity = textAttribute(element, "quantity").trimmed();
     resolve(parameter);
 }
 

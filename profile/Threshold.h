@@ -4,6 +4,7 @@
 #include <QString>
 
 #include <cmath>
+#include <optional>
 #include <vector>
 
 namespace KOLT {
@@ -28,6 +29,15 @@ struct Threshold
     int id = 0;
     QString name;
     std::vector<ThresholdStep> steps;
+    double holdSeconds = 3.0;         ///< crossings less than this apart are one episode
+    std::optional<double> hysteresis; ///< metric; none: 1 % of the step's absolute value
+
+    /// How far inside the normal range a value is back that had left it at this step.
+    double hysteresisAt(double step) const
+    {
+        constexpr double part = 0.01;
+        return hysteresis.value_or(part * std::abs(step));
+    }
 
     /// The grade of the last step at or below `value`, searching up to the first step above it.
     /// White and Ok below the first step and for NaN.
