@@ -99,6 +99,7 @@ void CardOverview::add(DayOverview& sum, const CycleOverview& cycle)
         return;
     sum.totals.add(cycle.totals);
     sum.totals.exceedances += cycle.crossings - cycle.totals.exceedances;
+    sum.totals.episodes += cycle.episodes - cycle.totals.episodes;
     sum.fuel += cycle.fuel;
     sum.maxAltitude = std::max(sum.maxAltitude, cycle.maxAltitude);
     sum.lamps += cycle.lamps;

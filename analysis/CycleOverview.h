@@ -40,6 +40,8 @@ struct CycleOverview
     FlightTotals totals; ///< of the flights
     double maxAltitude = 0.0;
     double fuel = 0.0;                        ///< litres, of the whole run
+    std::size_t episodes = 0;                 ///< that the crossings make
+    std::size_t outsideEpisodes = 0;          ///< that began in no flight
     std::size_t crossings = 0;                ///< of all parameters, lamps included
     std::size_t outsideCrossings = 0;         ///< those that lie in no flight and its 30 s around
     std::size_t lamps = 0;                    ///< of the crossings, those of warning lamps

@@ -1,5 +1,6 @@
 #include "analysis/CycleScan.h"
 
+#include "analysis/EpisodeJoiner.h"
 #include "analysis/EventFinder.h"
 #include "record/FlightFinder.h"
 #include "record/FuelUse.h"
@@ -28,6 +29,11 @@ QString fileNameOf(const RecordFile& file)
 std::uint32_t idOf(const ProfileParameter& parameter)
 {
     return static_cast<std::uint32_t>(parameter.id);
+}
+
+double secondsOfTicks(std::uint64_t ticks)
+{
+    return secondsOf(static_cast<std::uint32_t>(ticks >> 32), static_cast<std::uint32_t>(ticks));
 }
 
 bool isKindSeries(std::uint32_t id)
@@ -61,22 +67,28 @@ void CycleScan::addRoles()
 
 void CycleScan::addTrackers()
 {
-    for (const ProfileParameter& parameter : m_profile.parameters()) {
-        if (parameter.threshold == nullptr)
-            continue;
-        Message& message = m_known[idOf(parameter)];
-        if (parameter.role == Role::Longitude) {
-            // Its filter must have seen all latitudes.
-            m_late.emplace_back(parameter, PositionFilter());
-            message.isStored = true;
-            m_isAllStored = m_isAllStored || isKindSeries(idOf(parameter));
-            continue;
-        }
-        message.trackers.emplace_back(parameter, PositionFilter());
-        message.isFiltered = message.isFiltered || parameter.isPosition();
-        if (isKindSeries(idOf(parameter)))
-            m_kinds[kind0Series - idOf(parameter)] = &message;
+    for (const Quantity& quantity : quantitiesOf(m_profile)) {
+        for (const ProfileParameter* parameter : quantity.members)
+            addTracker(*parameter, quantity.hasSeveral());
     }
+}
+
+void CycleScan::addTracker(const ProfileParameter& parameter, bool keepsBands)
+{
+    Message& message = m_known[idOf(parameter)];
+    if (parameter.role == Role::Longitude) {
+        // Its filter must have seen all latitudes.
+        m_late.emplace_back(parameter, PositionFilter());
+        m_lateExcursions.emplace_back(parameter, keepsBands);
+        message.isStored = true;
+        m_isAllStored = m_isAllStored || isKindSeries(idOf(parameter));
+        return;
+    }
+    message.trackers.emplace_back(parameter, PositionFilter());
+    message.excursions.emplace_back(parameter, keepsBands);
+    message.isFiltered = message.isFiltered || parameter.isPosition();
+    if (isKindSeries(idOf(parameter)))
+        m_kinds[kind0Series - idOf(parameter)] = &message;
 }
 
 bool CycleScan::step()
@@ -188,15 +200,27 @@ void CycleScan::store(std::span<const unsigned char, sampleBytes> bytes, std::ui
 void CycleScan::track(Message& message, const MessageData& data, std::uint32_t timeHigh,
                       std::uint32_t timeLow)
 {
+    const std::uint64_t ticks = std::uint64_t{timeHigh} << 32 | timeLow;
+    const std::uint64_t ticksBefore = std::exchange(message.lastTicks, ticks);
+    const std::size_t index = message.count++;
+    if (index == 0)
+        message.firstTicks = ticks;
     // The same bytes as before: the same values.
     const auto bytes = std::bit_cast<std::uint64_t>(data);
     if (message.hasLast && !message.isFiltered && bytes == message.last)
         return;
     message.hasLast = true;
     message.last = bytes;
-    for (ExceedanceTracker& tracker : message.trackers) {
-        if (tracker.step(m_profile, data, timeHigh, timeLow, m_exceedances))
+    for (std::size_t i = 0; i < message.trackers.size(); ++i) {
+        ExceedanceTracker& tracker = message.trackers[i];
+        const bool isCrossing = tracker.step(m_profile, data, timeHigh, timeLow, m_exceedances);
+        if (isCrossing)
             addCrossing(tracker, secondsOf(timeHigh, timeLow));
+        const CrossingDetector& now = tracker.detector();
+        if (!message.excursions[i].isIdle(now.number()))
+            message.excursions[i].step(now.number(), now.state(), isCrossing, now.isRising(),
+                                       {secondsOfTicks(ticks), secondsOfTicks(ticksBefore),
+                                        secondsOfTicks(message.firstTicks), index});
     }
     if (m_exceedances.size() >= 2 * maxEvents)
         limitExceedances();
@@ -222,6 +246,7 @@ void CycleScan::limitExceedances()
 void CycleScan::finish()
 {
     finishTrackers();
+    countEpisodes();
     std::ranges::sort(m_crossings);
     std::ranges::sort(m_lampCrossings);
     std::ranges::sort(m_exceedances, {}, &Exceedance::seconds);
@@ -240,15 +265,27 @@ void CycleScan::finish()
 
 void CycleScan::finishTrackers()
 {
-    for (ExceedanceTracker& tracker : m_late) {
+    for (std::size_t i = 0; i < m_late.size(); ++i) {
+        ExceedanceTracker& tracker = m_late[i];
+        ExcursionTracker& excursions = m_lateExcursions[i];
         const ProfileParameter& parameter = tracker.parameter();
         tracker = ExceedanceTracker(parameter, positionFilterFor(m_profile, m_messages, parameter));
-        for (const StoredSample& sample : seriesOf(m_messages, parameter)) {
-            if (tracker.step(m_profile, sample.data, sample.timeHigh, sample.timeLow,
-                             m_exceedances))
+        const MessageSeries& series = seriesOf(m_messages, parameter);
+        std::size_t index = 0;
+        for (const StoredSample& sample : series) {
+            const bool isCrossing = tracker.step(m_profile, sample.data, sample.timeHigh,
+                                                 sample.timeLow, m_exceedances);
+            if (isCrossing)
                 addCrossing(tracker, sample.seconds());
             limitExceedances();
+            const CrossingDetector& now = tracker.detector();
+            const StoredSample& before = series[index > 0 ? index - 1 : 0];
+            excursions.step(now.number(), now.state(), isCrossing, now.isRising(),
+                            {sample.seconds(), before.seconds(), series[0].seconds(), index});
+            ++index;
         }
+        if (index > 0)
+            excursions.finish(series.last().seconds(), index);
     }
     const auto finishOne = [&](ExceedanceTracker& tracker) {
         tracker.finish(m_exceedances);
@@ -257,9 +294,32 @@ void CycleScan::finishTrackers()
             m_overview.lampsFromTheStart.push_back(tracker.parameter().fullName);
     };
     std::ranges::for_each(m_late, finishOne);
-    for (auto& [id, message] : m_known)
+    for (auto& [id, message] : m_known) {
         std::ranges::for_each(message.trackers, finishOne);
+        for (ExcursionTracker& excursions : message.excursions)
+            excursions.finish(secondsOfTicks(message.lastTicks), message.count);
+    }
     std::ranges::sort(m_overview.lampsFromTheStart);
+}
+
+void CycleScan::countEpisodes()
+{
+    std::map<const ProfileParameter*, const ExcursionTracker*> byParameter;
+    for (std::size_t i = 0; i < m_late.size(); ++i)
+        byParameter[&m_late[i].parameter()] = &m_lateExcursions[i];
+    for (const auto& [id, message] : m_known) {
+        for (std::size_t i = 0; i < message.trackers.size(); ++i)
+            byParameter[&message.trackers[i].parameter()] = &message.excursions[i];
+    }
+    for (const Quantity& quantity : quantitiesOf(m_profile)) {
+        std::vector<ExcursionList> lists;
+        for (const ProfileParameter* member : quantity.members)
+            lists.emplace_back(byParameter.at(member)->excursions());
+        for (const EpisodeSpan& span : joinExcursions(quantity, lists))
+            m_episodeBegins.push_back(span.begin);
+    }
+    std::ranges::sort(m_episodeBegins);
+    m_overview.episodes = m_episodeBegins.size();
 }
 
 void CycleScan::addFlights()
@@ -274,7 +334,7 @@ void CycleScan::addFlights()
         FlightOverview& row = m_overview.flights.emplace_back();
         row.flight = flight;
         row.line = flightLine(flight, static_cast<int>(m_overview.flights.size()),
-                              m_overview.dateTime, m_crossings);
+                              m_overview.dateTime, m_crossings, m_episodeBegins);
         row.lamps = within(m_lampCrossings, flight);
         const auto first =
             std::ranges::lower_bound(m_exceedances, flight.startSeconds, {}, &Exceedance::seconds);
@@ -294,18 +354,23 @@ void CycleScan::countOutside()
     for (const FlightOverview& row : m_overview.flights)
         flights.push_back(&row.flight);
     std::ranges::sort(flights, {}, &Flight::startSeconds);
-    auto next = m_crossings.begin();
-    double end = -1.0;
-    for (const Flight* flight : flights) {
-        if (flight->startSeconds > end) {
-            const auto start = std::lower_bound(next, m_crossings.end(), flight->startSeconds);
-            m_overview.outsideCrossings += static_cast<std::size_t>(start - next);
-            next = start;
+    const auto countIn = [&](const std::vector<double>& times) {
+        std::size_t outside = 0;
+        auto next = times.begin();
+        double end = -1.0;
+        for (const Flight* flight : flights) {
+            if (flight->startSeconds > end) {
+                const auto start = std::lower_bound(next, times.end(), flight->startSeconds);
+                outside += static_cast<std::size_t>(start - next);
+                next = start;
+            }
+            end = std::max(end, flight->endSeconds);
+            next = std::upper_bound(next, times.end(), end);
         }
-        end = std::max(end, flight->endSeconds);
-        next = std::upper_bound(next, m_crossings.end(), end);
-    }
-    m_overview.outsideCrossings += static_cast<std::size_t>(m_crossings.end() - next);
+        return outside + static_cast<std::size_t>(times.end() - next);
+    };
+    m_overview.outsideCrossings = countIn(m_crossings);
+    m_overview.outsideEpisodes = countIn(m_episodeBegins);
 }
 
 } // namespace KOLT

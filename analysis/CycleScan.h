@@ -1,6 +1,7 @@
 #pragma once
 
 #include "analysis/CycleOverview.h"
+#include "analysis/ExcursionTracker.h"
 #include "record/MessageMap.h"
 #include "record/RecordFile.h"
 #include "record/SampleReader.h"
@@ -40,6 +41,10 @@ private:
     struct Message
     {
         std::vector<ExceedanceTracker> trackers;
+        std::vector<ExcursionTracker> excursions; ///< one for each of them
+        std::size_t count = 0;                    ///< of samples, with the times of two:
+        std::uint64_t firstTicks = 0;
+        std::uint64_t lastTicks = 0;
         bool isStored = false;   ///< flights or fuel need its samples
         bool isRecorded = false; ///< it was seen, and counts as one of MessageMap::maxIdentifiers
         bool isFiltered = false; ///< a position: equal bytes may give another value
@@ -65,6 +70,8 @@ private:
     void store(std::span<const unsigned char, RecordFormat::sampleBytes> bytes, std::uint32_t id);
     void track(Message& message, const MessageData& data, std::uint32_t timeHigh,
                std::uint32_t timeLow);
+    void addTracker(const ProfileParameter& parameter, bool keepsBands);
+    void countEpisodes();
     void addCrossing(const ExceedanceTracker& tracker, double seconds);
     void limitExceedances();
     void finish();
@@ -87,10 +94,12 @@ private:
     std::array<Message*, 2> m_kinds{}; ///< those of all samples of kind 0 and kind 1, if needed
     bool m_isAllStored = false;
     std::deque<ExceedanceTracker> m_late; ///< of parameters that need another series first
+    std::deque<ExcursionTracker> m_lateExcursions;
     MessageMap m_messages;
     std::vector<Exceedance> m_exceedances;
     std::vector<double> m_crossings; ///< seconds
     std::vector<double> m_lampCrossings;
+    std::vector<double> m_episodeBegins;
 };
 
 } // namespace KOLT

@@ -43,7 +43,7 @@ constexpr std::array<Figures, DaySheet::columnCount> columnFigures{
     window,
 };
 
-constexpr std::array incidentColumns{DaySheet::Limits, DaySheet::Warnings, DaySheet::Lamps};
+constexpr std::array episodeColumns{DaySheet::Limits, DaySheet::Warnings, DaySheet::Lamps};
 
 QString dateText(const QDate& date)
 {
@@ -64,11 +64,13 @@ Row emptyRow(DaySheet::Kind kind, std::size_t cycle, const QDate& date)
     return row;
 }
 
-void setIncidents(Row& row, const IncidentCounts& counts)
+void setEpisodes(Row& row, const EpisodeCounts& counts)
 {
-    row.cells[DaySheet::Limits] = QString::number(counts.limits);
-    row.cells[DaySheet::Warnings] = QString::number(counts.warnings);
-    row.cells[DaySheet::Lamps] = QString::number(counts.lamps);
+    const std::array all{counts.limits, counts.warnings, counts.lamps};
+    for (std::size_t i = 0; i < all.size(); ++i) {
+        row.cells[episodeColumns[i]] = QString::number(all[i].episodes);
+        row.crossings[i] = all[i].crossings;
+    }
 }
 
 Row flightRow(const FlightLine& line, std::size_t cycle, std::size_t index)
@@ -84,7 +86,7 @@ Row flightRow(const FlightLine& line, std::size_t cycle, std::size_t index)
     row.cells[DaySheet::Climb] = figureText(line.climbRate, 1, {});
     row.cells[DaySheet::Fuel] = litres(line.fuel);
     row.cells[DaySheet::TakeOffDistance] = figureText(line.takeOffDistance, 0, {});
-    setIncidents(row, line.incidents);
+    setEpisodes(row, line.counts);
     return row;
 }
 
@@ -93,7 +95,7 @@ Row outsideRow(const SheetCycle& cycle, std::size_t index)
     Row row = emptyRow(DaySheet::Kind::Outside, index, cycle.dateTime.date());
     row.cells[DaySheet::FlightNumber] = Text::tr("Outside flights");
     row.cells[DaySheet::Fuel] = litres(cycle.log.outsideFuel());
-    setIncidents(row, cycle.log.outside);
+    setEpisodes(row, cycle.log.outside);
     return row;
 }
 
@@ -123,7 +125,7 @@ void markOutside(Row& row, const TrustFinding& finding, int note)
         return;
     }
     addNote(row, DaySheet::Fuel, note);
-    for (const Column column : incidentColumns)
+    for (const Column column : episodeColumns)
         addNote(row, column, note);
 }
 
@@ -193,17 +195,17 @@ private:
     {
         FlightTotals flights;
         double fuel = 0.0; ///< outside flights too
-        IncidentCounts incidents;
+        EpisodeCounts episodes;
         Row marks;
 
         void add(const FlightLog& log)
         {
             for (const FlightLine& line : log.lines) {
                 flights.add(line);
-                incidents.add(line.incidents);
+                episodes.add(line.counts);
             }
             fuel += log.fuel;
-            incidents.add(log.outside);
+            episodes.add(log.outside);
         }
 
         void addNotes(const Row& row)
@@ -240,7 +242,7 @@ private:
         const auto note = static_cast<int>(m_sheet.m_notes.size());
         if (finding.kind == TrustKind::OtherEngine) { // its limits are in doubt, in all rows
             for (Row& row : rows) {
-                for (const Column column : incidentColumns)
+                for (const Column column : episodeColumns)
                     addNote(row, column, note);
             }
             return;
@@ -260,7 +262,7 @@ private:
         row.cells[TakeOff] = Text::tr("%n flight(s)", nullptr, sum.flights.flights);
         row.cells[FlightTime] = durationText(sum.flights.seconds);
         row.cells[Fuel] = litres(sum.fuel);
-        setIncidents(row, sum.incidents);
+        setEpisodes(row, sum.episodes);
         m_sheet.m_rows.push_back(std::move(row));
     }
 

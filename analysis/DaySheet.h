@@ -5,6 +5,7 @@
 
 #include <QStringList>
 
+#include <array>
 #include <optional>
 #include <vector>
 
@@ -46,10 +47,12 @@ public:
         std::size_t cycle = 0;               ///< index of its cycle; of all but sums
         std::optional<std::size_t> flight{}; ///< index in the cycle
         QStringList cells;                   ///< one for each Column, without marks
+        /// The crossings of the episodes that Limits, Warnings and Lamps count.
+        std::array<std::size_t, 3> crossings{};
         /// For each Column the numbers of its notes, ascending.
         std::vector<std::vector<int>> notes = std::vector<std::vector<int>>(columnCount);
 
-        /// The cell with its mark.
+        /// The cell with its crossings, as "1 (8)", and its mark.
         QString text(Column column) const;
         /// How many columns the text extends over, as those behind it are empty: 1 for most.
         int span(Column column, const std::vector<Column>& columns) const;
@@ -81,7 +84,7 @@ public:
     /// Which engines and units recorded the flights; empty where the recording does not say.
     QString unitLine() const;
 
-    /// How flight times and incidents are to be understood.
+    /// How flight times and episodes are to be understood.
     static QString explanation();
 
     /// "2024-05-18", or "2024-05-16_2024-05-18" for several days; empty without a date.

@@ -59,8 +59,11 @@ QString htmlRow(const QString& cells, const char* color)
 
 QString DaySheet::Row::text(Column column) const
 {
+    QString text = cells[column];
+    if (column >= Limits && crossings[column - Limits] > 0)
+        text += QStringLiteral(" (%1)").arg(crossings[column - Limits]);
     const std::vector<int>& own = notes[column];
-    return own.empty() ? cells[column] : cells[column] + QLatin1Char(' ') + markText(own);
+    return own.empty() ? text : text + QLatin1Char(' ') + markText(own);
 }
 
 int DaySheet::Row::span(Column column, const std::vector<Column>& columns) const
@@ -141,9 +144,9 @@ QString DaySheet::unitLine() const
 
 QString DaySheet::explanation()
 {
-    return Text::tr("Flight time: from take-off to landing. Limits and warnings exceeded: a "
-                    "parameter counts once within 10 s, together with its lamp; lamps: those that "
-                    "came on without their parameter.");
+    return Text::tr("Flight time: from take-off to landing. Limits and warnings exceeded: "
+                    "episodes, in brackets their crossings, together with their lamps; lamps: "
+                    "those that came on alone.");
 }
 
 QString DaySheet::isoDates() const

@@ -43,7 +43,7 @@ struct Episode
 
     QString quantity;                                ///< of lamps alone, the lamp's name
     std::vector<const ProfileParameter*> parameters; ///< that crossed, in profile order
-    ThresholdState state = ThresholdState::Ok;       ///< the worst that was reached
+    ThresholdState state = ThresholdState::Ok;       ///< the worst that measured values reached
     bool isLampOnly = false;                         ///< no measured value crossed
     bool isHigh = true;                              ///< it left upwards
     double begin = 0.0;                              ///< the first crossing
@@ -68,11 +68,36 @@ struct Episode
     /// The moment that the figures above are of.
     double moment() const { return peak ? peak->seconds : begin; }
 
+    /// With its unit, in the profile's unit system; empty without a peak.
     QString peakText(const Profile& profile) const;
 };
 
 /// Full counts: "1 episode (8 crossings)".
 QString episodeCountText(std::size_t episodes, std::size_t crossings);
+
+/// For a table: the same, or "0" without crossings.
+QString episodeCellText(std::size_t episodes, std::size_t crossings);
+
+/// Episodes with their crossings, counted apart.
+struct EpisodeCounts
+{
+    struct Count
+    {
+        std::size_t episodes = 0;
+        std::size_t crossings = 0;
+
+        bool operator==(const Count&) const = default;
+    };
+
+    Count limits;
+    Count warnings;
+    Count lamps; ///< alone
+
+    void add(const Episode& episode);
+    void add(const EpisodeCounts& other);
+
+    bool operator==(const EpisodeCounts&) const = default;
+};
 
 /// A parameter that was beyond a threshold at its first sample, which is no crossing.
 struct StateAtStart

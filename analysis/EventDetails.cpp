@@ -1,5 +1,6 @@
 #include "analysis/EventDetails.h"
 
+#include "analysis/ValuesUpTo.h"
 #include "profile/ValueDecoder.h"
 
 namespace KOLT {
@@ -7,23 +8,6 @@ namespace KOLT {
 namespace {
 
 constexpr double endOfTime = 1e300;
-
-/// The value of the last sample, in stored order, in the ten seconds up to the time.
-std::optional<double> valueUpTo(const DataSet& dataSet, const ProfileParameter* parameter,
-                                double seconds)
-{
-    if (parameter == nullptr)
-        return std::nullopt;
-    const MessageSeries& series = seriesOf(dataSet.messages, *parameter);
-    // Engine speed is sent many times a second; an older value says nothing about the moment.
-    constexpr double oldest = 10.0;
-    std::optional<double> value;
-    for (const StoredSample& sample : series.around(seconds - oldest, seconds)) {
-        if (sample.seconds() >= seconds - oldest && sample.seconds() <= seconds)
-            value = decodeNumber(sample.data, *parameter);
-    }
-    return value;
-}
 
 } // namespace
 
@@ -54,7 +38,7 @@ EventDetails detailsOf(const Profile& profile, const DataSet& dataSet, const Eve
         details.unit = profile.unitLabel(parameter);
     }
     details.engineSpeed =
-        valueUpTo(dataSet, profile.parameterByRole(Role::EngineSpeed), event.seconds);
+        ValuesUpTo(dataSet).at(profile.parameterByRole(Role::EngineSpeed), event.seconds);
     return details;
 }
 

@@ -51,6 +51,9 @@ public:
 
     const ProfileParameter& parameter() const { return m_detector.parameter(); }
 
+    /// What the last sample was.
+    const CrossingDetector& detector() const { return m_detector; }
+
     bool isLamp() const { return m_isLamp; }
 
     /// Whether the first sample was beyond a threshold.

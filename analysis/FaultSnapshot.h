@@ -19,7 +19,7 @@ struct FaultSnapshot
     {
         double seconds = 0.0;
         const ProfileParameter* parameter = nullptr;
-        QString from; ///< in the profile's unit system, as the other texts
+        QString from; ///< with the unit, as all texts, in the profile's unit system
         QString to;
     };
 
@@ -32,7 +32,6 @@ struct FaultSnapshot
         QString farthest; ///< from that mean in the 30 s after
         double farthestSeconds = 0.0;
         QString after; ///< at the end of the 30 s
-        QString unit;
     };
 
     FaultOccurrence occurrence;

@@ -26,6 +26,7 @@ struct Findings
     UnitSystem units = UnitSystem::Metric;
     std::array<EventList, 2> events; ///< by scope
     std::array<std::vector<double>, 2> leftOut;
+    EpisodeList episodes;
     FaultList faults;
     TrustList trust;
 };
@@ -70,6 +71,14 @@ const std::vector<double>& eventsLeftOut(const Profile& profile, const DataSet& 
 {
     eventsOf(profile, dataSet, scope);
     return findingsOf(profile, dataSet).leftOut[indexOf(scope)];
+}
+
+EpisodeList episodesOf(const Profile& profile, const DataSet& dataSet)
+{
+    EpisodeList& episodes = findingsOf(profile, dataSet).episodes;
+    if (episodes == nullptr)
+        episodes = std::make_shared<const EpisodeFindings>(findEpisodes(profile, dataSet));
+    return episodes;
 }
 
 FaultList faultsOf(const Profile& profile, const DataSet& dataSet)

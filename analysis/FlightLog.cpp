@@ -1,5 +1,7 @@
 #include "analysis/FlightLog.h"
 
+#include "analysis/EventFinder.h"
+#include "analysis/Findings.h"
 #include "analysis/MomentText.h"
 #include "record/FuelUse.h"
 
@@ -8,6 +10,17 @@
 #include <numeric>
 
 namespace KOLT {
+
+namespace {
+
+std::size_t countWithin(const std::vector<double>& times, const Flight& flight)
+{
+    const auto first = std::ranges::lower_bound(times, flight.startSeconds);
+    const auto behind = std::ranges::upper_bound(times, flight.endSeconds);
+    return first < behind ? static_cast<std::size_t>(behind - first) : 0;
+}
+
+} // namespace
 
 double FlightLine::flightSeconds() const
 {
@@ -18,7 +31,7 @@ double FlightLine::flightSeconds() const
 
 void FlightTotals::add(const FlightLine& line)
 {
-    add(FlightTotals{1, line.flightSeconds(), line.fuel, line.exceedances});
+    add(FlightTotals{1, line.flightSeconds(), line.fuel, line.exceedances, line.episodes});
 }
 
 void FlightTotals::add(const FlightTotals& other)
@@ -27,10 +40,11 @@ void FlightTotals::add(const FlightTotals& other)
     seconds += other.seconds;
     fuel += other.fuel;
     exceedances += other.exceedances;
+    episodes += other.episodes;
 }
 
 FlightLine flightLine(const Flight& flight, int number, const QDateTime& dateTime,
-                      const std::vector<double>& crossings)
+                      const std::vector<double>& crossings, const std::vector<double>& begins)
 {
     FlightLine line;
     line.number = number;
@@ -46,29 +60,28 @@ FlightLine flightLine(const Flight& flight, int number, const QDateTime& dateTim
     line.fuel = flight.fuel;
     line.takeOffDistance = flight.takeOffDistance;
     line.takeOffDistance15m = flight.takeOffDistance15m;
-    const auto first = std::ranges::lower_bound(crossings, flight.startSeconds);
-    const auto behind = std::ranges::upper_bound(crossings, flight.endSeconds);
-    line.exceedances = first < behind ? static_cast<std::size_t>(behind - first) : 0;
+    line.exceedances = countWithin(crossings, flight);
+    line.episodes = countWithin(begins, flight);
     return line;
 }
 
 namespace {
 
-void countIncidents(const DataSet& dataSet, const std::vector<Incident>& incidents, FlightLog& log)
+void countEpisodes(const DataSet& dataSet, const std::vector<Episode>& episodes, FlightLog& log)
 {
     // In the order of their starts: where times jump, flights may overlap.
     std::vector<std::size_t> order(dataSet.flights.size());
     std::iota(order.begin(), order.end(), std::size_t{0});
     std::ranges::sort(order, {}, [&](std::size_t i) { return dataSet.flights[i].startSeconds; });
-    auto next = incidents.begin();
+    auto next = episodes.begin();
     for (const std::size_t i : order) {
         const Flight& flight = dataSet.flights[i];
-        for (; next != incidents.end() && next->seconds < flight.startSeconds; ++next)
+        for (; next != episodes.end() && next->begin < flight.startSeconds; ++next)
             log.outside.add(*next);
-        for (; next != incidents.end() && next->seconds <= flight.endSeconds; ++next)
-            log.lines[i].incidents.add(*next);
+        for (; next != episodes.end() && next->begin <= flight.endSeconds; ++next)
+            log.lines[i].counts.add(*next);
     }
-    for (; next != incidents.end(); ++next)
+    for (; next != episodes.end(); ++next)
         log.outside.add(*next);
 }
 
@@ -84,19 +97,21 @@ double FlightLog::outsideFuel() const
 
 FlightLog flightLog(const Profile& profile, const DataSet& dataSet)
 {
-    std::vector<ThresholdCrossing> crossings = findCrossings(profile, dataSet);
     std::vector<double> times;
-    times.reserve(crossings.size());
-    for (const ThresholdCrossing& crossing : crossings)
+    for (const ThresholdCrossing& crossing : findCrossings(profile, dataSet))
         times.push_back(crossing.seconds);
+    const EpisodeList found = episodesOf(profile, dataSet);
+    std::vector<double> begins;
+    for (const Episode& episode : found->episodes)
+        begins.push_back(episode.begin);
     FlightLog log;
-    log.exceedances = crossings.size();
+    log.exceedances = times.size();
     for (const Role role : {Role::FuelA, Role::FuelB})
         log.fuel += fuelUsed(RoleSeries(profile, dataSet.messages, role));
     for (const Flight& flight : dataSet.flights)
-        log.lines.push_back(
-            flightLine(flight, static_cast<int>(log.lines.size()) + 1, dataSet.dateTime, times));
-    countIncidents(dataSet, findIncidents(std::move(crossings)), log);
+        log.lines.push_back(flightLine(flight, static_cast<int>(log.lines.size()) + 1,
+                                       dataSet.dateTime, times, begins));
+    countEpisodes(dataSet, found->episodes, log);
     return log;
 }
 

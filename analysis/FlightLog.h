@@ -1,6 +1,6 @@
 #pragma once
 
-#include "analysis/Incidents.h"
+#include "analysis/Episode.h"
 #include "profile/Profile.h"
 #include "record/ClockTime.h"
 #include "record/DataSet.h"
@@ -28,7 +28,8 @@ struct FlightLine
     double takeOffDistance = 0.0;
     double takeOffDistance15m = 0.0;
     std::size_t exceedances = 0; ///< from 30 s before take-off to 30 s after landing
-    IncidentCounts incidents;    ///< of the same time; set by flightLog()
+    std::size_t episodes = 0;    ///< that began in the same time
+    EpisodeCounts counts;        ///< each for one flight; set by flightLog()
 
     /// From take-off to landing, each cut to whole seconds as shown, so that the shown lines add up
     /// to the shown sums.
@@ -42,28 +43,29 @@ struct FlightTotals
     double seconds = 0.0; ///< in the air; a whole number
     double fuel = 0.0;
     std::size_t exceedances = 0;
+    std::size_t episodes = 0;
 
     void add(const FlightLine& line);
     void add(const FlightTotals& other);
 };
 
-/// The line of one flight. `crossings` are the ascending times of all exceedances, `dateTime` is
-/// the clock at counter 0.
+/// The line of one flight. `crossings` are the ascending times of all exceedances, `begins` of all
+/// episodes, `dateTime` is the clock at counter 0.
 FlightLine flightLine(const Flight& flight, int number, const QDateTime& dateTime,
-                      const std::vector<double>& crossings);
+                      const std::vector<double>& crossings, const std::vector<double>& begins);
 
 struct FlightLog
 {
     std::vector<FlightLine> lines;
     std::size_t exceedances = 0; ///< of the whole data set, outside flights too
     double fuel = 0.0;           ///< of the whole data set
-    IncidentCounts outside;      ///< that began in no flight and its 30 s around
+    EpisodeCounts outside;       ///< that began in no flight and its 30 s around
 
     /// Negative where the 30 s around flights that follow each other count for both.
     double outsideFuel() const;
 };
 
-/// The flights of a data set, and what lies outside of them. An incident counts for one flight, the
+/// The flights of a data set, and what lies outside of them. An episode counts for one flight, the
 /// first around whose flight it began. The data set must not be that of a single flight.
 FlightLog flightLog(const Profile& profile, const DataSet& dataSet);
 

@@ -100,7 +100,8 @@ Row sumRow(const QString& name, const DayOverview& day)
         row.cells[OverviewTable::Altitude] = figureText(day.maxAltitude, 0, {});
     row.cells[OverviewTable::Fuel] = litres(day.fuel);
     row.cells[OverviewTable::FlightFuel] = litres(day.totals.fuel);
-    row.cells[OverviewTable::Exceeded] = count(day.totals.exceedances);
+    row.cells[OverviewTable::Exceeded] =
+        episodeCellText(day.totals.episodes, day.totals.exceedances);
     row.cells[OverviewTable::Lamps] = count(day.lamps);
     return row;
 }
@@ -121,7 +122,7 @@ Row cycleRow(const Profile& profile, const CycleOverview& cycle)
         row.cells[OverviewTable::Altitude] = figureText(cycle.maxAltitude, 0, {});
     row.cells[OverviewTable::Fuel] = litres(cycle.fuel);
     row.cells[OverviewTable::FlightFuel] = litres(cycle.totals.fuel);
-    row.cells[OverviewTable::Exceeded] = count(cycle.crossings);
+    row.cells[OverviewTable::Exceeded] = episodeCellText(cycle.episodes, cycle.crossings);
     row.cells[OverviewTable::Lamps] = count(cycle.lamps);
     row.cells[OverviewTable::Worst] = worstText(profile, cycle.worst);
     row.worstTip = worstTip(profile, cycle.worst);
@@ -149,7 +150,8 @@ Row flightRow(const Profile& profile, const CycleOverview& cycle, std::size_t in
     row.cells[OverviewTable::Altitude] = figureText(flight.line.maxAltitude, 0, {});
     row.cells[OverviewTable::Fuel] = litres(flight.line.fuel);
     row.cells[OverviewTable::FlightFuel] = row.cells[OverviewTable::Fuel];
-    row.cells[OverviewTable::Exceeded] = count(flight.line.exceedances);
+    row.cells[OverviewTable::Exceeded] =
+        episodeCellText(flight.line.episodes, flight.line.exceedances);
     row.cells[OverviewTable::Lamps] = count(flight.lamps);
     row.cells[OverviewTable::Worst] = worstText(profile, flight.worst);
     row.worstTip = worstTip(profile, flight.worst);
@@ -168,7 +170,8 @@ Row outsideRow(const CycleOverview& cycle)
     row.isComplete = true;
     row.cells[OverviewTable::Name] = Text::tr("Outside flights");
     row.cells[OverviewTable::Fuel] = litres(cycle.outsideFuel());
-    row.cells[OverviewTable::Exceeded] = count(cycle.outsideCrossings);
+    row.cells[OverviewTable::Exceeded] =
+        episodeCellText(cycle.outsideEpisodes, cycle.outsideCrossings);
     row.tip = Text::tr("On the ground, and take-offs that were aborted or have no landing");
     return row;
 }
@@ -185,19 +188,22 @@ QStringList OverviewTable::headings()
 
 QStringList OverviewTable::explanations()
 {
-    return {Text::tr("The cycles of the open folder, newest day first"),
-            Text::tr("Start of the engine cycle, take-off of a flight"),
-            Text::tr("From the start of the cycle's first file to the stop of its last"),
-            Text::tr("Number of flights; a take-off without a landing is none"),
-            Text::tr("From take-off to landing"),
-            Text::tr("Highest altitude in a flight"),
-            Text::tr("Fuel of the whole engine run: in flights and outside of them"),
-            Text::tr("Fuel in flights, from 30 s before take-off to 30 s after landing"),
-            Text::tr("How often a warning or limit was exceeded, warning lamps included"),
-            Text::tr("How often a warning lamp came on"),
-            Text::tr("How far the recording can be believed"),
-            Text::tr("The worst exceedance with the value farthest from normal: limits before "
-                     "warnings, then by how far the threshold was exceeded")};
+    return {
+        Text::tr("The cycles of the open folder, newest day first"),
+        Text::tr("Start of the engine cycle, take-off of a flight"),
+        Text::tr("From the start of the cycle's first file to the stop of its last"),
+        Text::tr("Number of flights; a take-off without a landing is none"),
+        Text::tr("From take-off to landing"),
+        Text::tr("Highest altitude in a flight"),
+        Text::tr("Fuel of the whole engine run: in flights and outside of them"),
+        Text::tr("Fuel in flights, from 30 s before take-off to 30 s after landing"),
+        Text::tr(
+            "Episodes in which a warning or limit was exceeded, and how often it was crossed in "
+            "them, warning lamps included"),
+        Text::tr("How often a warning lamp came on"),
+        Text::tr("How far the recording can be believed"),
+        Text::tr("The worst exceedance with the value farthest from normal: limits before "
+                 "warnings, then by how far the threshold was exceeded")};
 }
 
 OverviewTable::OverviewTable(const Profile& profile, const CardOverview& overview)

@@ -46,6 +46,11 @@ bool isExport(const Verb& verb)
     return QLatin1String(verb.name) == QLatin1String("export");
 }
 
+bool choosesFlight(const Verb& verb)
+{
+    return isExport(verb) || QLatin1String(verb.name) == QLatin1String("episodes");
+}
+
 void addOptions(QCommandLineParser& parser, const Verb& verb)
 {
     const auto add = [&](const char* name, const char* description, const char* value = "") {
@@ -83,6 +88,8 @@ void addOptions(QCommandLineParser& parser, const Verb& verb)
         add("lamps", "Warning lamps only.");
     if (QLatin1String(verb.name) == QLatin1String("list"))
         add("headers-only", "At once, from the headers alone: without \"trust\".");
+    if (choosesFlight(verb))
+        add("flight", "Only this flight of the cycle, from 1.", "K");
     if (isExport(verb))
         addExportOptions(parser);
 }
@@ -121,6 +128,20 @@ QString readChoice(const QCommandLineParser& parser, Arguments& arguments)
     else if (parser.isSet(QStringLiteral("unit")))
         return QStringLiteral("--unit is metric or imperial, not \"%1\"").arg(unit);
     return {};
+}
+
+/// Reads --flight; returns an error message or nothing.
+QString readFlight(const QCommandLineParser& parser, Arguments& arguments)
+{
+    const auto name = QStringLiteral("flight");
+    if (!parser.isSet(name))
+        return {};
+    bool ok = false;
+    arguments.flight = parser.value(name).toInt(&ok);
+    if (!ok || *arguments.flight < 1)
+        return QStringLiteral("--flight needs a number from 1 on, not \"%1\"")
+            .arg(parser.value(name));
+    return arguments.cycle ? QString() : QStringLiteral("--flight needs --cycle");
 }
 
 /// Returns an error message or nothing.
@@ -190,6 +211,8 @@ ParseResult parseArguments(const QStringList& commandLine)
     QString error = readClockOffset(parser, arguments);
     if (error.isEmpty() && verb->choosesFiles())
         error = readChoice(parser, arguments);
+    if (error.isEmpty() && choosesFlight(*verb))
+        error = readFlight(parser, arguments);
     if (error.isEmpty() && isExport(*verb))
         error = readExport(parser, format, arguments);
     if (!error.isEmpty())

@@ -87,7 +87,6 @@ void addExportOptions(QCommandLineParser& parser)
     const auto add = [&](const char* name, const char* description, const char* value = "") {
         parser.addOption({QLatin1String(name), QLatin1String(description), QLatin1String(value)});
     };
-    add("flight", "Only this flight of the cycle, from 1.", "K");
     add("all", "Every flight of the card, each into a file of its own.");
     add("output", "The file to write; with --all the folder.", "FILE");
     add("parameter", "A selected parameter, as \"Device/Name\"; may be given several times.",
@@ -109,15 +108,6 @@ QString readExport(const QCommandLineParser& parser, const QString& format, Argu
     arguments.output = parser.value(QStringLiteral("output"));
     if (arguments.output.isEmpty())
         return QStringLiteral("--output is missing");
-    if (parser.isSet(QStringLiteral("flight"))) {
-        bool ok = false;
-        arguments.flight = parser.value(QStringLiteral("flight")).toInt(&ok);
-        if (!ok || *arguments.flight < 1)
-            return QStringLiteral("--flight needs a number from 1 on, not \"%1\"")
-                .arg(parser.value(QStringLiteral("flight")));
-        if (!arguments.cycle)
-            return QStringLiteral("--flight needs --cycle");
-    }
     arguments.selection = parser.values(QStringLiteral("parameter"));
     return readSettings(parser, *chosen, arguments);
 }

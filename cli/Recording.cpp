@@ -94,6 +94,14 @@ QString Recording::load()
     return {};
 }
 
+QString Recording::openAndLoad()
+{
+    QString error = openProfile();
+    if (error.isEmpty())
+        error = openFolder();
+    return error.isEmpty() ? load() : error;
+}
+
 QString unreadError(const std::vector<QString>& names)
 {
     if (names.empty())

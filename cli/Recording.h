@@ -24,6 +24,9 @@ public:
     /// Loads the cycle, flight or files of the arguments.
     QString load();
 
+    /// All of these, for a verb that works on loaded data.
+    QString openAndLoad();
+
     Profile& profile() { return m_profile; }
 
     CardContainer& card() { return m_card; }

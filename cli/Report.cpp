@@ -39,7 +39,7 @@ constexpr std::array columns{
     Column{"Fuel", 8, Figure::Fuel},
     Column{"T/O dist", 9, Figure::TakeOffDistance},
     Column{"15 m", 8, Figure::TakeOffDistance15m},
-    Column{"Exceeded", 9, window},
+    Column{"Exceeded", 28, window},
 };
 
 constexpr qsizetype fuelColumn = 7;
@@ -73,11 +73,11 @@ QByteArray headings()
 QByteArray totalsLine(const char* label, const FlightTotals& totals)
 {
     return QStringLiteral(
-               "%1: %2 flights, %3 in the air, %4 fuel, %5 limits or warnings exceeded\n")
+               "%1: %2 flights, %3 in the air, %4 fuel, limits or warnings exceeded: %5\n")
         .arg(QLatin1String(label))
         .arg(totals.flights)
         .arg(durationText(totals.seconds), figure(totals.fuel, 1, "l"))
-        .arg(totals.exceedances)
+        .arg(episodeCellText(totals.episodes, totals.exceedances))
         .toUtf8();
 }
 
@@ -90,7 +90,8 @@ QByteArray flightRow(const FlightLine& line, Figures marked)
                 durationText(line.flightSeconds()), figure(line.maxAltitude, 0, "m"),
                 figure(line.climb, 0, "m"), figure(line.climbRate, 1, "m/s"),
                 figure(line.fuel, 2, "l"), figure(line.takeOffDistance, 0, "m"),
-                figure(line.takeOffDistance15m, 0, "m"), QString::number(line.exceedances)},
+                figure(line.takeOffDistance15m, 0, "m"),
+                episodeCellText(line.episodes, line.exceedances)},
                marked);
 }
 
@@ -101,7 +102,7 @@ QByteArray outsideRow(const CycleOverview& cycle)
     for (const Column& column : columns)
         cells << QString(column.width, QLatin1Char(' '));
     cells[fuelColumn] = figure(cycle.outsideFuel(), 2, "l");
-    cells[cells.size() - 1] = QString::number(cycle.outsideCrossings);
+    cells[cells.size() - 1] = episodeCellText(cycle.outsideEpisodes, cycle.outsideCrossings);
     QByteArray line = row(cells);
     const QByteArray label = " Outside flights";
     return line.replace(0, label.size(), label);
@@ -113,6 +114,7 @@ FlightTotals wholeOf(const CycleOverview& cycle)
     FlightTotals totals = cycle.totals;
     totals.fuel = cycle.fuel;
     totals.exceedances = cycle.crossings;
+    totals.episodes = cycle.episodes;
     return totals;
 }
 
@@ -134,7 +136,7 @@ constexpr std::array tableColumns{
     TableColumn{OverviewTable::Altitude, "Max alt m", 9},
     TableColumn{OverviewTable::Fuel, "Fuel l", 8},
     TableColumn{OverviewTable::FlightFuel, "In flights", 10},
-    TableColumn{OverviewTable::Exceeded, "Exceeded", 8},
+    TableColumn{OverviewTable::Exceeded, "Exceeded", 28},
     TableColumn{OverviewTable::Lamps, "Lamps", 5},
     TableColumn{OverviewTable::Trust, "Recording", 9},
     TableColumn{OverviewTable::Worst, " Worst", -1},

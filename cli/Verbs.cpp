@@ -67,15 +67,6 @@ QJsonArray jsonSample(const StoredSample& sample, const DecodedValue& value)
         value.text,       static_cast<int>(value.grade.state),  QColor(value.grade.color).name()};
 }
 
-/// Opens profile and folder and loads the data that the arguments choose.
-QString openAndLoad(Recording& recording)
-{
-    QString error = recording.openProfile();
-    if (error.isEmpty())
-        error = recording.openFolder();
-    return error.isEmpty() ? recording.load() : error;
-}
-
 } // namespace
 
 QString list(const Arguments& arguments)
@@ -111,7 +102,7 @@ QString list(const Arguments& arguments)
 QString flights(const Arguments& arguments)
 {
     Recording recording(arguments);
-    QString error = openAndLoad(recording);
+    QString error = recording.openAndLoad();
     if (!error.isEmpty())
         return error;
     const DataSet& dataSet = *recording.card().dataSet();
@@ -135,7 +126,7 @@ QString flights(const Arguments& arguments)
 QString values(const Arguments& arguments)
 {
     Recording recording(arguments);
-    QString error = openAndLoad(recording);
+    QString error = recording.openAndLoad();
     if (!error.isEmpty())
         return error;
     const Profile& profile = recording.profile();
@@ -167,7 +158,7 @@ QString values(const Arguments& arguments)
 QString events(const Arguments& arguments)
 {
     Recording recording(arguments);
-    QString error = openAndLoad(recording);
+    QString error = recording.openAndLoad();
     if (!error.isEmpty())
         return error;
     QJsonArray found;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "cli/Episodes.h"
 #include "cli/Export.h"
 #include "cli/Overview.h"
 #include "cli/Report.h"
@@ -49,6 +50,8 @@ inline constexpr std::array verbs{
          flights},
     Verb{"values", "Print every sample of a parameter as JSON.", Needs::Data, values},
     Verb{"events", "Print the moments at which limits were exceeded as JSON.", Needs::Data, events},
+    Verb{"episodes", "Print the exceedances as episodes, and when faults were set, as JSON.",
+         Needs::Data, episodes},
     Verb{"overview", "Print the figures of all cycles and days of a folder as JSON.",
          Needs::Profile, overview},
     Verb{"report", "Print the cycles and flights of a folder for people, in metric units.",

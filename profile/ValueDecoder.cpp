@@ -151,6 +151,15 @@ QString textOf(const Profile& profile, const ProfileParameter& parameter, const 
     return QStringLiteral("Datatype %1 not implemented").arg(static_cast<int>(data[1]));
 }
 
+QString numberText(const Profile& profile, const ProfileParameter& parameter, double number)
+{
+    const QString text = parameter.dataType == static_cast<int>(DataType::ULong)
+                             ? fixedText(number, parameter.precision)
+                             : textOf(profile, parameter, {}, number);
+    const QString& unit = profile.unitLabel(parameter);
+    return unit.isEmpty() ? text : text + QLatin1Char(' ') + unit;
+}
+
 DecodedValue decodeValue(const Profile& profile, const ProfileParameter& parameter,
                          MessageData& data, PositionFilter* filter)
 {

@@ -39,6 +39,10 @@ inline Grade gradeOf(const ProfileParameter& parameter, double number)
 QString textOf(const Profile& profile, const ProfileParameter& parameter, const MessageData& data,
                double number);
 
+/// A number with its unit, in the active unit system. Of ULONG, whose text has decimals that the
+/// number has not, the number is shown as it is.
+QString numberText(const Profile& profile, const ProfileParameter& parameter, double number);
+
 /// Number, text and grade. Replaces the raw value in `data` by the scaled one, with the raw type's
 /// width, so `data` must be a copy of the recorded bytes.
 DecodedValue decodeValue(const Profile& profile, const ProfileParameter& parameter,

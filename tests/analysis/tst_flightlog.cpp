@@ -19,8 +19,6 @@ class TestFlightLog : public QObject
 private slots:
     void init();
     void exceedancesBelongToTheirFlight();
-    void incidentsCountOnce_data();
-    void incidentsCountOnce();
     void eventDetails();
     void findingsAreFoundOnce();
     void sheetSumsDays();
@@ -75,47 +73,16 @@ void TestFlightLog::exceedancesBelongToTheirFlight()
     QCOMPARE(log.lines.at(1).exceedances, 2U); // one at each end
     QCOMPARE(log.lines.at(0).takeOff.time(), QTime(23, 59, 5));
     QCOMPARE(log.lines.at(0).flightSeconds(), 10.0); // difference of the shown times
-    // Of incidents each counts once, also where flights overlap, and the rest is outside.
-    QCOMPARE(log.lines.at(1).incidents, (IncidentCounts{1, 1, 0}));
-    QCOMPARE(log.outside, IncidentCounts());
+    // Of episodes each counts once, also where flights overlap, and the rest is outside.
+    QCOMPARE(log.lines.at(1).counts, (EpisodeCounts{{1, 1}, {1, 1}, {}}));
+    QCOMPARE(log.outside, EpisodeCounts());
     m_dataSet->flights = {early, late, late};
     m_dataSet->flights[1].endSeconds = 45.0;
     m_dataSet->flights[2].startSeconds = 46.0;
     m_dataSet->flights[2].endSeconds = 49.0;
     const FlightLog apart = flightLog(m_profile, *m_dataSet);
-    QCOMPARE(apart.lines.at(1).incidents, (IncidentCounts{0, 1, 0}));
-    QCOMPARE(apart.outside, (IncidentCounts{1, 0, 0}));
-}
-
-void TestFlightLog::incidentsCountOnce_data()
-{
-    const Rows<QString, IncidentCounts> row; // "parameter seconds state"
-    row("warning, limit, lamp", "p 1 1,p 8 2,l 9 2", {1, 0, 0});
-    row("lamp comes first", "l 9 2,p 19 1", {0, 1, 0});
-    row("chained by ten seconds each", "p 0 1,p 10 1,p 20 1", {0, 1, 0});
-    row("later than that", "p 0 1,p 10.1 2,l 20.2 1", {1, 1, 1});
-    row("another parameter's lamp", "q 0 1,l 1 2", {0, 1, 1});
-    row("unsorted", "p 30 1,p 0 1,p 29 2", {1, 1, 0});
-}
-
-void TestFlightLog::incidentsCountOnce()
-{
-    const auto [text, counts] = fetchRow<QString, IncidentCounts>();
-    QVERIFY(loadProfile(m_profile,
-                        device({"name='Oil Pressure A' id='1' dataType='FLOAT'",
-                                "name='Oil Temperature' id='2' dataType='FLOAT'",
-                                "name='Lamp Oil Pressure' id='3' koltDataType='WarningLamp'"})));
-    std::vector<ThresholdCrossing> crossings;
-    for (const QString& crossing : text.split(',')) {
-        const QStringList parts = crossing.split(' ');
-        const auto index = static_cast<std::size_t>(QString("pql").indexOf(parts[0]));
-        crossings.push_back({parts[1].toDouble(), &m_profile.parameters().at(index),
-                             static_cast<ThresholdState>(parts[2].toInt())});
-    }
-    IncidentCounts found;
-    for (const Incident& incident : findIncidents(crossings))
-        found.add(incident);
-    QCOMPARE(found, counts);
+    QCOMPARE(apart.lines.at(1).counts, (EpisodeCounts{{}, {1, 1}, {}}));
+    QCOMPARE(apart.outside, (EpisodeCounts{{1, 1}, {}, {}}));
 }
 
 void TestFlightLog::eventDetails()
@@ -157,7 +124,7 @@ void TestFlightLog::findingsAreFoundOnce()
 
 namespace {
 
-FlightLine line(const QDateTime& takeOff, double seconds, double fuel, IncidentCounts incidents)
+FlightLine line(const QDateTime& takeOff, double seconds, double fuel, EpisodeCounts counts)
 {
     FlightLine result;
     result.number = 1;
@@ -165,7 +132,7 @@ FlightLine line(const QDateTime& takeOff, double seconds, double fuel, IncidentC
     result.landing = takeOff.isValid() ? takeOff.addSecs(static_cast<qint64>(seconds)) : takeOff;
     result.landingSeconds = result.endSeconds = seconds;
     result.fuel = fuel;
-    result.incidents = incidents;
+    result.counts = counts;
     result.takeOffDistance = std::nan("");
     return result;
 }
@@ -178,7 +145,7 @@ SheetCycle cycle(int number, const std::vector<FlightLine>& lines)
     result.dateTime = lines.front().takeOff;
     result.log.lines = lines;
     result.log.fuel = 1.0;
-    result.log.outside = {0, 0, 1};
+    result.log.outside = {{}, {}, {1, 3}};
     for (const FlightLine& flight : lines)
         result.log.fuel += flight.fuel;
     return result;
@@ -192,8 +159,8 @@ void TestFlightLog::sheetSumsDays()
 {
     // The last flight of the second cycle starts behind midnight: it belongs to its cycle's day.
     const DaySheet sheet({cycle(0, {line({}, 60.9, 1, {})}),
-                          cycle(3, {line(day1.addDays(1), 600, 4, {0, 2, 0})}),
-                          cycle(2, {line(day1.addSecs(60), 3599, 2.5, {1, 0, 0}),
+                          cycle(3, {line(day1.addDays(1), 600, 4, {{}, {2, 5}, {}})}),
+                          cycle(2, {line(day1.addSecs(60), 3599, 2.5, {{1, 8}, {}, {}}),
                                     line(day1.addSecs(50'400), 1, 0, {})}),
                           cycle(1, {line(day1, 3601, 2, {})})});
     QStringList texts;
@@ -219,6 +186,7 @@ void TestFlightLog::sheetSumsDays()
                                  "Total|||5 flight(s)|02:11:01|13.50|1|2|4"}));
     QCOMPARE(sheet.rows().at(0).cells.at(DaySheet::TakeOffDistance), "-"); // was not found
     QCOMPARE(sheet.isoDates(), "2026-07-28_2026-07-29");
+    QCOMPARE(sheet.rows().at(2).text(DaySheet::Limits), "1 (8)"); // episodes and crossings
     QVERIFY(DaySheet().isEmpty());
     const DaySheet single({cycle(1, {line(day1, 60, 1, {})})});
     QCOMPARE(single.rows().size(), 3U);                            // no total below a single sum
@@ -247,7 +215,7 @@ void TestFlightLog::sheetMarksDoubtfulFigures()
             marks << row.text(static_cast<DaySheet::Column>(i)).section(QLatin1String(" ["), 1);
         rows << marks.join(' ').remove(']').simplified();
     }
-    QCOMPARE(rows.at(0), "3 3 3 1 1,2 2,4 2,4 2,4"); // date, times, altitude, fuel, incidents
+    QCOMPARE(rows.at(0), "3 3 3 1 1,2 2,4 2,4 2,4"); // date, times, altitude, fuel, episodes
     QCOMPARE(rows.at(1), "4 4 4");
     QCOMPARE(rows.at(2), "2 2,4 2,4 2,4"); // outside: what goes beyond the flight
     QCOMPARE(rows.at(3), "1,2 2,4 2,4 2,4");
