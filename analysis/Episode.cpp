@@ -20,6 +20,27 @@ QString Episode::peakText(const Profile& profile) const
     return peak ? numberText(profile, *peak->parameter, peak->number) : QString();
 }
 
+QString episodeLine(const Profile& profile, const Episode& episode)
+{
+    const QString peak = episode.peakText(profile);
+    const QString name =
+        peak.isEmpty() ? episode.quantity : episode.quantity + QLatin1Char(' ') + peak;
+    const QString lasted = QString::number(episode.duration(), 'f', 1);
+    return QStringLiteral("%1, %2: %3")
+        .arg(name,
+             episode.isCut ? Text::tr("for at least %1 s").arg(lasted)
+                           : Text::tr("for %1 s").arg(lasted),
+             episodeCountText(1, episode.crossings));
+}
+
+QRgb episodeColor(const Episode& episode)
+{
+    if (episode.peak)
+        return gradeOf(*episode.peak->parameter, episode.peak->number).color;
+    const Threshold& threshold = *episode.parameters.front()->threshold;
+    return threshold.steps.empty() ? Grade().color : threshold.steps.back().grade.color;
+}
+
 QString episodeCountText(std::size_t episodes, std::size_t crossings)
 {
     // kolt-cli has no translation that would choose between one and several.

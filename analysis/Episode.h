@@ -72,6 +72,12 @@ struct Episode
     QString peakText(const Profile& profile) const;
 };
 
+/// In a line: "Engine Speed 5803 rpm, for 5.0 s: 1 episode (8 crossings)".
+QString episodeLine(const Profile& profile, const Episode& episode);
+
+/// The colour of the threshold step that was reached.
+QRgb episodeColor(const Episode& episode);
+
 /// Full counts: "1 episode (8 crossings)".
 QString episodeCountText(std::size_t episodes, std::size_t crossings);
 

@@ -20,7 +20,13 @@ void findIntervals(const MessageSeries& series, const std::vector<FaultHistory*>
         member->hasSamples = !series.empty();
         member->firstSeconds = series.empty() ? 0.0 : series[0].seconds();
     }
+    const StoredSample* before = nullptr;
     for (const StoredSample& sample : series) {
+        // Faults are rare: nearly all samples are the same.
+        const bool isSame = before != nullptr && before->data == sample.data;
+        before = &sample;
+        if (isSame)
+            continue;
         for (std::size_t i = 0; i < members.size(); ++i) {
             FaultHistory& member = *members[i];
             const bool isNow = decodeNumber(sample.data, *member.parameter) != 0.0;

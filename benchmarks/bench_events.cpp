@@ -1,5 +1,6 @@
 // Finding events in a card of twenty hours, compared with only decoding the same samples.
 
+#include "analysis/EpisodeFinder.h"
 #include "analysis/EventFinder.h"
 #include "analysis/FaultFinder.h"
 #include "benchmarks/BenchData.h"
@@ -47,6 +48,14 @@ void findAllEvents(benchmark::State& state)
     for (auto _ : state)
         benchmark::DoNotOptimize(
             findEvents(card().profile, card().dataSet(), EventScope::AllParameters));
+}
+
+void findAllEpisodes(benchmark::State& state)
+{
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(findEpisodes(card().profile, card().dataSet()));
+        benchmark::DoNotOptimize(findFaultOccurrences(card().profile, card().dataSet()));
+    }
 }
 
 /// Two hundred members on the two messages that carry the card's faults.
@@ -97,6 +106,8 @@ int main(int argc, char** argv)
     return Bench::run(
         argc, argv,
         {{"events of 20 h / numeric decoding", findAllEvents, decodeGraded, Bound::AtMost, 3.0},
+         {"episodes and faults of 20 h / events", findAllEpisodes, findAllEvents, Bound::AtMost,
+          1.5},
          {"200 faults of 20 h, ms", findAllFaults, nullptr, Bound::AtMost, 1000.0},
          {"200 faults of 20 h / numeric decoding", findAllFaults, decodeMembers, Bound::AtMost,
           3.0}});

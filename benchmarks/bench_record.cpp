@@ -5,7 +5,7 @@
 #include "benchmarks/PeakMemory.h"
 #include "profile/Profile.h"
 #include "record/CardContainer.h"
-#include "tools/recordwriter/RecordFileWriter.h"
+#include "record/RecordFileWriter.h"
 
 #include <QFile>
 #include <QTemporaryDir>

@@ -46,6 +46,11 @@ bool isExport(const Verb& verb)
     return QLatin1String(verb.name) == QLatin1String("export");
 }
 
+bool isCut(const Verb& verb)
+{
+    return verb.run == cut;
+}
+
 bool choosesFlight(const Verb& verb)
 {
     return isExport(verb) || QLatin1String(verb.name) == QLatin1String("episodes");
@@ -56,38 +61,52 @@ void addOptions(QCommandLineParser& parser, const Verb& verb)
     const auto add = [&](const char* name, const char* description, const char* value = "") {
         parser.addOption({QLatin1String(name), QLatin1String(description), QLatin1String(value)});
     };
-    if (isExport(verb))
-        parser.addPositionalArgument(QStringLiteral("format"),
-                                     QStringLiteral("Kind of the file: csv, kml or gpx."),
-                                     QStringLiteral("csv|kml|gpx"));
-    parser.addPositionalArgument(QStringLiteral("folder"),
-                                 QStringLiteral("The card, or a copy of it."),
-                                 QStringLiteral("FOLDER"));
+    const QString action = QLatin1String(verb.action());
+    if (!action.isEmpty())
+        parser.addPositionalArgument(isExport(verb) ? QStringLiteral("format") : action,
+                                     isExport(verb)
+                                         ? QStringLiteral("Kind of the file: csv, kml or gpx.")
+                                         : QStringLiteral("What to do."),
+                                     action);
+    parser.addPositionalArgument(
+        verb.isOnFile() ? QStringLiteral("file") : QStringLiteral("folder"),
+        verb.isOnFile() ? QStringLiteral("The file.")
+                        : QStringLiteral("The card, or a copy of it."),
+        verb.isOnFile() ? QStringLiteral("FILE") : QStringLiteral("FOLDER"));
     add("help", "Show this help.");
     if (verb.choosesFiles()) {
         add("cycle", "Load the engine cycle of this number.", "N");
-        add("files", "Load these files, in this order.", "NAME...");
+        if (!isCut(verb))
+            add("files", "Load these files, in this order.", "NAME...");
     }
     if (verb.usesProfile()) {
         add("profile", "Parameter profile; default: the installed one.", "FILE");
         add("variant", "Variant of the profile; default: the one in the settings.", "V");
     }
-    if (verb.choosesFiles())
+    if (verb.choosesFiles() && !isCut(verb))
         add("unit",
             isExport(verb) ? "Units: metric or imperial; default: those in the settings."
                            : "Units of the texts: metric or imperial.",
             "U");
-    add("clock-offset",
-        verb.usesClockOfSettings() ? "Added to dates and clock times, from -14:00 to +14:00; "
-                                     "default: that of the settings."
-                                   : "Added to dates and clock times, from -14:00 to +14:00.",
-        "HH:MM");
+    if (!verb.isOnFile())
+        add("clock-offset",
+            verb.usesClockOfSettings() ? "Added to dates and clock times, from -14:00 to +14:00; "
+                                         "default: that of the settings."
+                                       : "Added to dates and clock times, from -14:00 to +14:00.",
+            "HH:MM");
     if (QLatin1String(verb.name) == QLatin1String("values"))
         add("parameter", "The parameter, as \"Device/Name\".", "NAME");
     if (QLatin1String(verb.name) == QLatin1String("events"))
         add("lamps", "Warning lamps only.");
     if (QLatin1String(verb.name) == QLatin1String("list"))
         add("headers-only", "At once, from the headers alone: without \"trust\".");
+    if (isCut(verb)) {
+        add("from", "From this second on the unit's counter on.", "S");
+        add("to", "Up to this one.", "S");
+        add("output", "The folder to create.", "FOLDER");
+        add("parameter", "A selected parameter, as \"Device/Name\"; may be given several times.",
+            "NAME");
+    }
     if (choosesFlight(verb))
         add("flight", "Only this flight of the cycle, from 1.", "K");
     if (isExport(verb))
@@ -97,8 +116,11 @@ void addOptions(QCommandLineParser& parser, const Verb& verb)
 /// The parser's help text with a usage line that has the verb.
 QString helpOf(const Verb& verb, const QCommandLineParser& parser)
 {
-    return QStringLiteral("Usage: kolt-cli %1 %2FOLDER [options]\n")
-               .arg(QLatin1String(verb.name), QLatin1String(isExport(verb) ? "csv|kml|gpx " : "")) +
+    const QString action = QLatin1String(verb.action());
+    return QStringLiteral("Usage: kolt-cli %1 %2%3 [options]\n")
+               .arg(QLatin1String(verb.name),
+                    action.isEmpty() ? QString() : action + QLatin1Char(' '),
+                    verb.isOnFile() ? QStringLiteral("FILE") : QStringLiteral("FOLDER")) +
            parser.helpText().section(QLatin1Char('\n'), 1);
 }
 
@@ -106,9 +128,12 @@ QString helpOf(const Verb& verb, const QCommandLineParser& parser)
 QString readChoice(const QCommandLineParser& parser, Arguments& arguments)
 {
     const bool hasCycle = parser.isSet(QStringLiteral("cycle"));
-    const bool hasFiles = parser.isSet(QStringLiteral("files"));
+    const bool isCutting = isCut(*arguments.verb);
+    const bool hasFiles = !isCutting && parser.isSet(QStringLiteral("files"));
     if (arguments.all && (hasCycle || hasFiles))
         return QStringLiteral("--all goes with neither --cycle nor --files");
+    if (isCutting && !hasCycle)
+        return QStringLiteral("--cycle is missing");
     if (!arguments.all && hasCycle == hasFiles)
         return QStringLiteral("give either --cycle or --files");
     if (hasFiles) {
@@ -120,6 +145,8 @@ QString readChoice(const QCommandLineParser& parser, Arguments& arguments)
             return QStringLiteral("--cycle needs a number, not \"%1\"")
                 .arg(parser.value(QStringLiteral("cycle")));
     }
+    if (isCutting)
+        return {};
     const QString unit = parser.value(QStringLiteral("unit"));
     if (unit == QLatin1String("imperial"))
         arguments.units = UnitSystem::Imperial;
@@ -144,10 +171,28 @@ QString readFlight(const QCommandLineParser& parser, Arguments& arguments)
     return arguments.cycle ? QString() : QStringLiteral("--flight needs --cycle");
 }
 
+/// Reads what only "cut" has; returns an error message or nothing.
+QString readCut(const QCommandLineParser& parser, Arguments& arguments)
+{
+    for (const auto& [name, seconds] : {std::pair(QStringLiteral("from"), &arguments.from),
+                                        {QStringLiteral("to"), &arguments.to}}) {
+        bool ok = false;
+        *seconds = parser.value(name).toDouble(&ok);
+        if (!ok)
+            return QStringLiteral("--%1 needs seconds on the counter, not \"%2\"")
+                .arg(name, parser.value(name));
+    }
+    arguments.output = parser.value(QStringLiteral("output"));
+    arguments.selection = parser.values(QStringLiteral("parameter"));
+    return arguments.output.isEmpty() ? QStringLiteral("--output is missing") : QString();
+}
+
 /// Returns an error message or nothing.
 QString readClockOffset(const QCommandLineParser& parser, Arguments& arguments)
 {
     const auto name = QStringLiteral("clock-offset");
+    if (arguments.verb->isOnFile())
+        return {};
     if (parser.isSet(name))
         arguments.clockOffset = clockOffsetOf(parser.value(name));
     return parser.isSet(name) && !arguments.clockOffset
@@ -188,9 +233,12 @@ ParseResult parseArguments(const QStringList& commandLine)
     if (parser.isSet(QStringLiteral("help")))
         return {{}, helpOf(*verb, parser), {}};
     QStringList folders = parser.positionalArguments();
+    const bool hasAction = *verb->action() != '\0';
     if (isExport(*verb) && folders.isEmpty())
         return {{}, {}, QStringLiteral("give csv, kml or gpx, and the folder")};
-    const QString format = isExport(*verb) ? folders.takeFirst() : QString();
+    const QString format = hasAction && !folders.isEmpty() ? folders.takeFirst() : QString();
+    if (verb->isOnFile() && (format != QLatin1String(verb->action()) || folders.size() != 1))
+        return {{}, {}, QStringLiteral("give %1 and one file").arg(QLatin1String(verb->action()))};
     if (folders.isEmpty() && !given.filter(QStringLiteral("--files")).isEmpty())
         return {{}, {}, QStringLiteral("give the folder before --files")};
     if (folders.size() != 1)
@@ -211,6 +259,8 @@ ParseResult parseArguments(const QStringList& commandLine)
     QString error = readClockOffset(parser, arguments);
     if (error.isEmpty() && verb->choosesFiles())
         error = readChoice(parser, arguments);
+    if (error.isEmpty() && isCut(*verb))
+        error = readCut(parser, arguments);
     if (error.isEmpty() && choosesFlight(*verb))
         error = readFlight(parser, arguments);
     if (error.isEmpty() && isExport(*verb))

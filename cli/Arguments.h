@@ -30,7 +30,10 @@ struct Arguments
     bool lampsOnly = false;
     bool headersOnly = false; ///< list: without a look at what the files hold
 
-    // Of the verb "export".
+    double from = 0.0; ///< of the verb "cut": seconds on the counter
+    double to = 0.0;
+
+    // Of the verb "export"; "cut" has output and selection as well.
     ExportFormat format = ExportFormat::Csv;
     QString output;            ///< a file; a folder when all flights are exported
     bool all = false;          ///< every flight of the card instead of a cycle or files

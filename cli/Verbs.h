@@ -1,8 +1,10 @@
 #pragma once
 
+#include "cli/Cut.h"
 #include "cli/Episodes.h"
 #include "cli/Export.h"
 #include "cli/Overview.h"
+#include "cli/ProfileVerb.h"
 #include "cli/Report.h"
 
 #include <QString>
@@ -36,6 +38,14 @@ struct Verb
 
     bool usesProfile() const { return needs != Needs::Folder; }
 
+    /// What stands before the folder, or the file in its place; empty for most.
+    const char* action() const
+    {
+        return run == exportData ? "csv|kml|gpx" : run == profileVerb ? "check" : "";
+    }
+
+    bool isOnFile() const { return run == profileVerb; }
+
     bool choosesFiles() const { return needs == Needs::Data; }
 
     /// Without --clock-offset; all others tell the unit's clock as it is.
@@ -58,6 +68,10 @@ inline constexpr std::array verbs{
          Needs::Profile, report},
     Verb{"export", "Write a cycle, a flight or files as CSV, KML or GPX; or every flight.",
          Needs::Data, exportData},
+    Verb{"cut", "Write what a cycle recorded in some time as a case file into a new folder.",
+         Needs::Data, cut},
+    Verb{"profile", "Check a profile file: print what is doubtful in it, a line for each.",
+         Needs::Folder, profileVerb},
 };
 
 } // namespace KOLT::Cli

@@ -62,20 +62,20 @@ std::vector<MapMark> flightMarks(const DataSet& dataSet)
 
 std::vector<MapMark> exceedanceMarks(const Profile& profile, const DataSet& dataSet)
 {
-    const EventList found = eventsOf(profile, dataSet, EventScope::AllParameters);
-    std::vector<const Event*> events;
-    events.reserve(found->size());
-    for (const Event& event : *found)
-        events.push_back(&event);
-    std::ranges::stable_sort(events, {}, [](const Event* event) { return event->grade.state; });
+    const EpisodeList found = episodesOf(profile, dataSet);
+    std::vector<const Episode*> episodes;
+    episodes.reserve(found->episodes.size());
+    for (const Episode& episode : found->episodes)
+        episodes.push_back(&episode);
+    std::ranges::stable_sort(episodes, {}, &Episode::state);
     std::vector<MapMark> marks;
-    for (const Event* const event : events) {
+    for (const Episode* const episode : episodes) {
         append(marks, dataSet,
                {MapMark::Kind::Exceedance,
-                event->seconds,
+                episode->begin,
                 {},
-                QColor(event->grade.color),
-                event->text});
+                QColor(episodeColor(*episode)),
+                episodeLine(profile, *episode)});
     }
     return marks;
 }

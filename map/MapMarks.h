@@ -29,8 +29,8 @@ std::optional<std::size_t> trackPointAt(const std::vector<TrackPoint>& track, do
 /// Take-offs and landings within the data set's time span, sorted by time.
 std::vector<MapMark> flightMarks(const DataSet& dataSet);
 
-/// Exceedances of all parameters in the colour of the threshold step reached: warnings, then
-/// limits, each sorted by time. Walks through all samples of parameters with thresholds.
+/// Episodes of all quantities where they began, in the colour of the threshold step reached:
+/// warnings, then limits, each sorted by time. Walks through all samples of parameters with thresholds.
 std::vector<MapMark> exceedanceMarks(const Profile& profile, const DataSet& dataSet);
 
 /// A mark and where it is drawn in the window.

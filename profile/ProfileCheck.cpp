@@ -26,8 +26,8 @@ constexpr int messageBytes = 8;
 constexpr int byteBits = 8;
 
 /// Without these there are no flights, figures or track.
-constexpr std::array wantedRoles{"Latitude", "Longitude", "Altitude", "GroundSpeed", "Track",
-                                 "ThrottleA", "FuelA",    "FuelB",    "EngineSpeed"};
+constexpr std::array wantedRoles{"Latitude",  "Longitude", "Altitude", "GroundSpeed", "Track",
+                                 "ThrottleA", "FuelA",     "FuelB",    "EngineSpeed"};
 
 class Checker
 {
@@ -92,8 +92,8 @@ void Checker::checkParameter(const CheckedElement& parameter)
     const int code = dataTypeCode(typeName);
     const DataTypeInfo& type = dataTypeInfo(code);
     if (code == 0 && typeName != QLatin1String("NODATA")) {
-        add(parameter.element, Check::tr("%1 has the unknown data type \"%2\".")
-                                   .arg(parameter.fullName, typeName));
+        add(parameter.element,
+            Check::tr("%1 has the unknown data type \"%2\".").arg(parameter.fullName, typeName));
         return;
     }
     if (type.rule == DecodingRule::NotImplemented) {
@@ -141,9 +141,9 @@ void Checker::checkVariantNames()
 
 void Checker::checkNumbers()
 {
-    static const std::set<QString> whole{
-        QStringLiteral("id"), QStringLiteral("startByte"), QStringLiteral("startBit"),
-        QStringLiteral("endBit"), QStringLiteral("precision")};
+    static const std::set<QString> whole{QStringLiteral("id"), QStringLiteral("startByte"),
+                                         QStringLiteral("startBit"), QStringLiteral("endBit"),
+                                         QStringLiteral("precision")};
     static const std::set<QString> any{QStringLiteral("factor"), QStringLiteral("offset"),
                                        QStringLiteral("holdSeconds"), QStringLiteral("hysteresis")};
     m_elements.forAll([&](const QDomElement& element) {
@@ -176,7 +176,8 @@ void Checker::checkThresholds()
         for (const QDomElement& step : list.children("Value")) {
             const QString state = step.attribute(QStringLiteral("state"), states.first());
             if (!states.contains(state))
-                add(step, Check::tr("The state \"%1\" is none of OK, WARNING and LIMIT.").arg(state));
+                add(step,
+                    Check::tr("The state \"%1\" is none of OK, WARNING and LIMIT.").arg(state));
         }
     }
     for (const CheckedElement& parameter : m_elements.parameters()) {
@@ -198,9 +199,8 @@ void Checker::checkReferences()
             const QString name = parameter.text(attribute);
             used.insert(name);
             if (!name.isEmpty() && !defined.contains(name))
-                add(parameter.element,
-                    Check::tr("%1 uses the %2 \"%3\", which is not defined.")
-                        .arg(parameter.fullName, kind, name));
+                add(parameter.element, Check::tr("%1 uses the %2 \"%3\", which is not defined.")
+                                           .arg(parameter.fullName, kind, name));
         }
         for (const CheckedElement& list : lists) {
             if (!used.contains(list.text("name")) || list.text("name").isEmpty())
@@ -328,18 +328,19 @@ void Checker::checkRoles(const std::vector<CheckedElement>& parameters, const QS
             continue;
         const auto [other, isNew] = first.emplace(role, &parameter);
         if (!isNew)
-            add(parameter.element, Check::tr("%1 has the role %2 like %3 in line %4, which is used.")
-                                       .arg(parameter.fullName, role, other->second->fullName)
-                                       .arg(other->second->element.lineNumber()));
+            add(parameter.element,
+                Check::tr("%1 has the role %2 like %3 in line %4, which is used.")
+                    .arg(parameter.fullName, role, other->second->fullName)
+                    .arg(other->second->element.lineNumber()));
     }
     for (const char* role : wantedRoles) {
         if (first.contains(QLatin1String(role)))
             continue;
         const QString name = QLatin1String(role);
-        add(m_root, variant.isEmpty()
-                        ? Check::tr("No parameter has the role %1.").arg(name)
-                        : Check::tr("In the variant %1 no parameter has the role %2.")
-                              .arg(variant, name));
+        add(m_root,
+            variant.isEmpty()
+                ? Check::tr("No parameter has the role %1.").arg(name)
+                : Check::tr("In the variant %1 no parameter has the role %2.").arg(variant, name));
     }
 }
 
@@ -375,8 +376,8 @@ std::vector<ProfileFinding> checkProfile(const QString& path)
     }
     const QDomElement root = document.documentElement();
     if (root.tagName() != QLatin1String("KorvanProfile"))
-        return {{root.lineNumber(), Check::tr("The file is no profile: its root is \"%1\".")
-                                        .arg(root.tagName())}};
+        return {{root.lineNumber(),
+                 Check::tr("The file is no profile: its root is \"%1\".").arg(root.tagName())}};
     return Checker(root).run();
 }
 

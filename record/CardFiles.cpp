@@ -125,6 +125,7 @@ bool FileFacts::isCut() const
 
 CardFiles::CardFiles(const CardContainer& card)
     : m_cycles(card.cycles())
+    , m_caseNote(readCaseNote(card.folder()))
 {
     m_files.reserve(card.files().size());
     for (const auto& [name, file] : card.files())

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "record/CardContainer.h"
+#include "record/CaseFile.h"
 
 #include <QString>
 
@@ -58,6 +59,9 @@ public:
     /// folder do not count up.
     bool isNumberMissing(const FileFacts& before, const FileFacts& after) const;
 
+    /// The note of a case, when the folder holds one instead of a card's files.
+    const std::optional<CaseNote>& caseNote() const { return m_caseNote; }
+
     /// From the start of a file to that of the next, as most files of the folder have it; 0 where
     /// too few tell.
     double usualSeconds() const { return m_usualSeconds; }
@@ -72,6 +76,7 @@ private:
     bool m_isNumbered = false;
     std::set<std::pair<QString, int>> m_numbers; ///< stems with numbers that are there
     double m_usualSeconds = 0.0;
+    std::optional<CaseNote> m_caseNote;
 };
 
 } // namespace KOLT

@@ -4,6 +4,7 @@
 #include "record/FlightTrust.h"
 #include "record/MessageTrust.h"
 #include "record/TimeTrust.h"
+#include "record/TrustText.h"
 
 #include <algorithm>
 
@@ -60,6 +61,31 @@ void nameFiles(TrustFinding& finding, const std::vector<const FileFacts*>& files
     }
 }
 
+/// What a case file lacks was left out on purpose: that is told in place of what would follow.
+void nameCase(const CardFiles& card, const std::vector<QString>& names, TrustDrafts& drafts)
+{
+    const std::optional<CaseNote>& note = card.caseNote();
+    if (!note || names != std::vector{note->file})
+        return;
+    std::erase_if(drafts, [](const TrustDraft& draft) {
+        switch (draft.finding.kind) {
+        case TrustKind::LateClock:
+        case TrustKind::BeforeFirstCycle:
+        case TrustKind::UnfinishedFlight:
+        case TrustKind::NeverRecorded:
+            return true;
+        default:
+            return false;
+        }
+    });
+    TrustDraft& draft = drafts.emplace_back();
+    draft.finding.kind = TrustKind::CaseFile;
+    draft.finding.from = note->from;
+    draft.finding.to = note->to;
+    draft.finding.files = names;
+    draft.finding.text = TrustText::caseFile(note->sources);
+}
+
 } // namespace
 
 std::vector<std::size_t> RecordingTrust::findingsOf(std::size_t flight) const
@@ -88,6 +114,7 @@ RecordingTrust recordingTrust(const Profile& profile, const CardFiles& card, con
     messageTrust(profile, dataSet, recorded, files.drafts);
     flightTrust(profile, dataSet, recorded, ends, files.drafts);
     profileTrust(profile, dataSet, files.drafts);
+    nameCase(card, names, files.drafts);
 
     RecordingTrust trust;
     trust.marked.resize(dataSet.flights.size());
@@ -111,6 +138,7 @@ std::vector<TrustFinding> cycleFileTrust(const CardFiles& card, int cycle,
         return findings;
     FileTrust files =
         fileTrust(card, found->second.fileNames, found->second.dateTime, {}, options.engineType);
+    nameCase(card, found->second.fileNames, files.drafts);
     std::ranges::stable_sort(files.drafts, {}, [](const TrustDraft& d) { return d.finding.kind; });
     for (TrustDraft& draft : files.drafts)
         findings.push_back(std::move(draft.finding));

@@ -50,8 +50,9 @@ constexpr std::array kinds{
              TrustSeverity::Note},
     KindInfo{"never-recorded", QT_TRANSLATE_NOOP("KOLT::Trust", "Never recorded"),
              TrustSeverity::Note},
+    KindInfo{"case-file", QT_TRANSLATE_NOOP("KOLT::Trust", "Case file"), TrustSeverity::Note},
 };
-static_assert(kinds.size() == static_cast<std::size_t>(TrustKind::NeverRecorded) + 1);
+static_assert(kinds.size() == static_cast<std::size_t>(TrustKind::CaseFile) + 1);
 static_assert(Figure::All == (1U << figureKeys.size()) - 1);
 
 const KindInfo& infoOf(TrustKind kind)

@@ -30,6 +30,7 @@ enum class TrustKind {
     BeforeFirstCycle,
     UnknownMessages,
     NeverRecorded,
+    CaseFile, ///< not a card, but cut from one on purpose
 };
 
 enum class TrustSeverity {

@@ -226,6 +226,13 @@ QString beforeFirstCycle()
         "the card. Sums lack what it holds.");
 }
 
+QString caseFile(const QStringList& sources)
+{
+    return Trust::tr("This is no card, but a case: what was recorded in this time, cut from %1. "
+                     "Flights that begin or end outside of it are not found.")
+        .arg(sources.join(QStringLiteral(", ")));
+}
+
 QString engineSerial()
 {
     return Trust::tr("The engine's serial number");

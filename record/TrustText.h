@@ -31,6 +31,7 @@ QString cutStart();
 QString cutEnd();
 QString lateClock(const QString& file, double seconds);
 QString beforeFirstCycle();
+QString caseFile(const QStringList& sources);
 QString engineSerial();
 QString unitSerial();
 QString software();

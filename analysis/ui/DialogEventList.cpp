@@ -56,13 +56,22 @@ void DialogEventList::createTable(const QString& heading)
     m_table = new EventTable(
         heading,
         [this](const Event& event) {
-            return descriptionOf(detailsOf(m_profile, *dataSet(), event));
+            return descriptionOf(detailsOf(m_profile, *dataSet(), event)) + episodeOf(event);
         },
         this);
     connect(m_table, &QTableWidget::itemSelectionChanged, this, &DialogEventList::slotSelect);
     auto* const picker = new RowPicker(m_table);
     connect(picker, &RowPicker::signalPicked, this, &DialogEventList::report);
     connect(picker, &RowPicker::signalCopy, m_table, &EventTable::copy);
+}
+
+QString DialogEventList::episodeOf(const Event& event) const
+{
+    const EpisodeList found = episodesOf(m_profile, *dataSet());
+    const Episode* const episode = found->episodeOf(*event.parameter, event.seconds);
+    return episode != nullptr
+               ? QLatin1Char('\n') + tr("Belongs to: %1").arg(episodeLine(m_profile, *episode))
+               : QString();
 }
 
 void DialogEventList::createMenu()

@@ -43,6 +43,8 @@ private:
     void createMenu();
     void fillTable();
     QString hint() const;
+    /// A line for the tool tip; empty for an event beyond the end of the list.
+    QString episodeOf(const Event& event) const;
     void report(int row);
     void save();
 

@@ -3,11 +3,13 @@
 #include "app/dialogs/InstallProfile.h"
 #include "app/dialogs/ParameterListModel.h"
 #include "app/settings/InstalledProfile.h"
+#include "profile/ProfileCheck.h"
 
 #include <QDialogButtonBox>
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QPushButton>
 #include <QSortFilterProxyModel>
 #include <QTableView>
@@ -21,6 +23,7 @@ namespace {
 
 constexpr QSize dialogSize(880, 640);
 constexpr int rowPadding = 6;
+constexpr int checkLines = 5;
 constexpr int allColumns = -1;
 
 QString variantNames(const Profile& profile)
@@ -71,6 +74,7 @@ DialogProfileInfo::DialogProfileInfo(const Profile& profile, QWidget* parent)
     m_header->setTextInteractionFlags(Qt::TextSelectableByMouse);
     m_header->setWordWrap(true);
     createList();
+    createCheck();
 
     auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Close, this);
     buttons->button(QDialogButtonBox::Close)->setAutoDefault(false); // Return is for searching
@@ -87,6 +91,8 @@ DialogProfileInfo::DialogProfileInfo(const Profile& profile, QWidget* parent)
     layout->addWidget(m_header);
     layout->addLayout(search);
     layout->addWidget(m_list, 1);
+    layout->addWidget(m_checkHeading);
+    layout->addWidget(m_check);
     layout->addWidget(buttons);
     resize(dialogSize);
     refresh();
@@ -119,8 +125,31 @@ void DialogProfileInfo::createList()
     connect(m_model, &QAbstractItemModel::modelReset, this, showCount);
 }
 
+void DialogProfileInfo::createCheck()
+{
+    m_checkHeading = new QLabel(this);
+    m_check = new QListWidget(this);
+    m_check->setSelectionMode(QAbstractItemView::ExtendedSelection);
+    m_check->setWordWrap(true);
+    m_check->setTabKeyNavigation(false);
+    m_check->setMaximumHeight(checkLines * (fontMetrics().height() + rowPadding));
+    m_checkHeading->setBuddy(m_check);
+}
+
+void DialogProfileInfo::showCheck()
+{
+    const std::vector<ProfileFinding> findings = checkProfile(InstalledProfile::path());
+    m_check->clear();
+    for (const ProfileFinding& finding : findings)
+        m_check->addItem(tr("Line %1: %2").arg(finding.line).arg(finding.text));
+    m_checkHeading->setText(tr("Doubtful in the file: %1").arg(findings.size()));
+    m_checkHeading->setVisible(!findings.empty());
+    m_check->setVisible(!findings.empty());
+}
+
 void DialogProfileInfo::refresh()
 {
+    showCheck();
     m_header->setText(headerText(m_profile));
     m_list->setSortingEnabled(false);
     m_model->refresh();

@@ -4,6 +4,7 @@
 
 class QLabel;
 class QLineEdit;
+class QListWidget;
 class QTableView;
 
 namespace KOLT {
@@ -29,6 +30,8 @@ signals:
 
 private:
     void createList();
+    void createCheck();
+    void showCheck();
     void install();
 
     const Profile& m_profile;
@@ -36,6 +39,8 @@ private:
     QLabel* m_header = nullptr;
     QLineEdit* m_search = nullptr;
     QLabel* m_found = nullptr;
+    QLabel* m_checkHeading = nullptr;
+    QListWidget* m_check = nullptr; ///< what is doubtful in the file; hidden when nothing is
     QTableView* m_list = nullptr;
 };
 

@@ -39,7 +39,7 @@ void TestMapMarks::initTestCase()
     QVERIFY(loadProfile(
         m_profile,
         "<UnitConversions><Unit unitMetric='m' unitImperial='ft' factor='3.28' offset='0'/>"
-        "</UnitConversions><ThresholdList><Threshold name='T'>"
+        "</UnitConversions><ThresholdList><Threshold name='T' holdSeconds='0'>"
         "<Value val='5' color='#ffff00' state='WARNING'/>"
         "<Value val='8' color='#ff0000' state='LIMIT'/></Threshold></ThresholdList>" +
             device({"name='Height' id='9' dataType='FLOAT' precision='0' unitMetric='m' "
@@ -171,10 +171,11 @@ void TestMapMarks::exceedancesLieOnTheTrack()
         add(dataSet.messages, 1, seconds, floats(value));
     const std::vector<MapMark> marks = exceedanceMarks(m_profile, dataSet);
     QCOMPARE(marks.size(), std::size_t{3}); // the track starts after 9.9 s
-    QCOMPARE(marks[0].text, QStringLiteral("D Oil 6.00 bar"));
+    QCOMPARE(marks[0].text,
+             QStringLiteral("Oil 6.00 bar, for at least 0.0 s: 1 episode (1 crossing)"));
     QCOMPARE(marks[0].color, QColor(255, 255, 0));
     QCOMPARE(marks[0].place.latitude, 51.0);
-    QCOMPARE(marks[0].seconds, 11.9); // of the event, not of the track's point
+    QCOMPARE(marks[0].seconds, 11.9); // of the crossing, not of the track's point
     QCOMPARE(marks[1].place.latitude, 54.0);
     QCOMPARE(marks[2].color, QColor(255, 0, 0)); // a limit, drawn on top though earlier
     dataSet.track.clear();

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "tests/support/TestFiles.h"
-#include "tools/recordwriter/RecordFileWriter.h"
+#include "record/RecordFileWriter.h"
 
 #include <QDateTime>
 #include <QDir>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "tools/recordwriter/RecordFileWriter.h"
+#include "record/RecordFileWriter.h"
 #include "tools/samplecard/CycleSimulation.h"
 #include "tools/samplecard/MessageEncoder.h"
 

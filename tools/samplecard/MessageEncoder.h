@@ -1,7 +1,7 @@
 #pragma once
 
 #include "profile/Profile.h"
-#include "tools/recordwriter/RecordFileWriter.h"
+#include "record/RecordFileWriter.h"
 #include "tools/samplecard/ParameterSources.h"
 #include "tools/samplecard/Random.h"
 

@@ -5,9 +5,9 @@
 #include <array>
 #include <cstdint>
 
-/// Writes record files as the recording unit does (docs/formats/record-file.md), for the sample
-/// card and the benchmarks. Tests put records together independently (tests/support/RecordBytes.h).
-/// The program itself never writes any.
+/// Puts record files together as the recording unit does (docs/formats/record-file.md), for case
+/// files (CaseFile.h), the sample card and the benchmarks. Tests put records together independently
+/// (tests/support/RecordBytes.h).
 namespace KOLT::RecordFileWriter {
 
 enum class FileOrder { LittleEndian, BigEndian };

@@ -1,4 +1,4 @@
-#include "tools/recordwriter/RecordFileWriter.h"
+#include "record/RecordFileWriter.h"
 
 #include "record/RecordFormat.h"
 
