@@ -267,7 +267,7 @@ void TestCardOverview::rowsFillByDay()
                                            "Outside flights"}));
     QCOMPARE(table.rows()[1].cells[OverviewTable::Worst], "p 230.000000");
     QCOMPARE(table.rows()[2].cells[OverviewTable::Fuel], "1.00");
-    QCOMPARE(table.total().cells[OverviewTable::Exceeded], "4");
+    QCOMPARE(table.total().cells[OverviewTable::Exceeded], "4 episodes (4 crossings)");
 }
 
 QTEST_GUILESS_MAIN(TestCardOverview)

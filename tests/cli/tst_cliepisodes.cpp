@@ -136,7 +136,7 @@ void TestCliEpisodes::caseAroundAFinding()
     const Result cut = run({"cut", m_card, "--cycle", "4", "--from", "645", "--to", "710",
                             "--output", folder, "--parameter", "ECU Lane A/Engine Speed"});
     QVERIFY2(cut.status == 0, cut.errors);
-    QCOMPARE(QDir(folder).entryList(QDir::Files).join(' '), "CASE0001.CAN Profile.xml case.json");
+    QCOMPARE(QDir(folder).entryList(QDir::Files).join(' '), "case.json CASE0001.CAN Profile.xml");
     const auto rowsOf = [&](const QString& card, const QString& cycle) {
         QJsonArray rows;
         const QStringList choice{"--cycle", cycle, "--parameter", "ECU Lane A/Engine Speed"};
