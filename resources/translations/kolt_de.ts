@@ -124,6 +124,41 @@ Bitte prüfen Sie, ob die SD-Karte noch eingelegt ist und die Dateien lesbar sin
     </message>
 </context>
 <context>
+    <name>KOLT::CaseFile</name>
+    <message>
+        <source>The folder %1 cannot be created.</source>
+        <translation>Der Ordner %1 kann nicht angelegt werden.</translation>
+    </message>
+    <message>
+        <source>%1 cannot be written: %2</source>
+        <translation>%1 kann nicht geschrieben werden: %2</translation>
+    </message>
+    <message>
+        <source>There is no cycle %1 in %2.</source>
+        <translation>Es gibt keinen Zyklus %1 in %2.</translation>
+    </message>
+    <message>
+        <source>The time must go from one second to a later one.</source>
+        <translation>Die Zeit muss von einer Sekunde zu einer späteren reichen.</translation>
+    </message>
+    <message>
+        <source>The folder %1 exists and is not empty: a case needs a new one.</source>
+        <translation>Den Ordner %1 gibt es schon, und er ist nicht leer: Eine Fallakte braucht einen neuen.</translation>
+    </message>
+    <message>
+        <source>%1 cannot be read to its end.</source>
+        <translation>%1 kann nicht bis zum Ende gelesen werden.</translation>
+    </message>
+    <message>
+        <source>Nothing was recorded in this time.</source>
+        <translation>In dieser Zeit wurde nichts aufgezeichnet.</translation>
+    </message>
+    <message>
+        <source>%1 cannot be read.</source>
+        <translation>%1 kann nicht gelesen werden.</translation>
+    </message>
+</context>
+<context>
     <name>KOLT::ClockOffset</name>
     <message>
         <source>Dates and times are those of the unit&apos;s clock, taken as UTC.</source>
@@ -270,10 +305,6 @@ Bitte prüfen Sie, ob die SD-Karte noch eingelegt ist und die Dateien lesbar sin
         <translation>Seriennummer des Geräts: %1</translation>
     </message>
     <message>
-        <source>Flight time: from take-off to landing. Limits and warnings exceeded: a parameter counts once within 10 s, together with its lamp; lamps: those that came on without their parameter.</source>
-        <translation>Flugzeit: vom Start bis zur Landung. Grenzwerte und Warnungen, die überschritten wurden: Ein Parameter zählt innerhalb von 10 s einmal, zusammen mit seiner Lampe; Lampen: die ohne ihren Parameter angingen.</translation>
-    </message>
-    <message>
         <source>Engine serial number</source>
         <translation>Seriennummer des Motors</translation>
     </message>
@@ -292,6 +323,10 @@ Bitte prüfen Sie, ob die SD-Karte noch eingelegt ist und die Dateien lesbar sin
     <message>
         <source>Doubtful</source>
         <translation>Zweifelhaft</translation>
+    </message>
+    <message>
+        <source>Flight time: from take-off to landing. Limits and warnings exceeded: episodes, in brackets their crossings, together with their lamps; lamps: those that came on alone.</source>
+        <translation>Flugzeit: vom Start bis zur Landung. Überschrittene Grenzwerte und Warnungen: Episoden, in Klammern ihre Überschreitungen, zusammen mit ihren Lampen; Lampen: die, die allein angingen.</translation>
     </message>
 </context>
 <context>
@@ -814,6 +849,10 @@ Wählen Sie weniger oder exportieren Sie die Daten als CSV-Datei.</translation>
     <message>
         <source>No lamp came on in this data set</source>
         <translation>In diesen Daten ging keine Lampe an</translation>
+    </message>
+    <message>
+        <source>Belongs to: %1</source>
+        <translation>Gehört zu: %1</translation>
     </message>
 </context>
 <context>
@@ -1436,6 +1475,14 @@ ist nicht mehr vorhanden und wurde aus der Liste entfernt. Liegt er auf einer SD
         <source>Parameters: %1, messages: %2, devices: %3, fault matrices: %4</source>
         <translation>Parameter: %1, Nachrichten: %2, Geräte: %3, Fehlermatrizen: %4</translation>
     </message>
+    <message>
+        <source>Line %1: %2</source>
+        <translation>Zeile %1: %2</translation>
+    </message>
+    <message>
+        <source>Doubtful in the file: %1</source>
+        <translation>Zweifelhaft in der Datei: %1</translation>
+    </message>
 </context>
 <context>
     <name>KOLT::DialogRecording</name>
@@ -1502,6 +1549,33 @@ In dieser Aufzeichnung wurde nichts Zweifelhaftes gefunden.</translation>
             <numerusform>und %n weitere</numerusform>
             <numerusform>und %n weitere</numerusform>
         </translation>
+    </message>
+</context>
+<context>
+    <name>KOLT::Episode</name>
+    <message>
+        <source>for at least %1 s</source>
+        <translation>mindestens %1 s lang</translation>
+    </message>
+    <message>
+        <source>for %1 s</source>
+        <translation>%1 s lang</translation>
+    </message>
+    <message>
+        <source>1 episode</source>
+        <translation>1 Episode</translation>
+    </message>
+    <message>
+        <source>%1 episodes</source>
+        <translation>%1 Episoden</translation>
+    </message>
+    <message>
+        <source>1 crossing</source>
+        <translation>1 Überschreitung</translation>
+    </message>
+    <message>
+        <source>%1 crossings</source>
+        <translation>%1 Überschreitungen</translation>
     </message>
 </context>
 <context>
@@ -1654,6 +1728,100 @@ Motordrehzahl: %3</translation>
     <message>
         <source>Recording: %1</source>
         <translation>Aufzeichnung: %1</translation>
+    </message>
+</context>
+<context>
+    <name>KOLT::FaultSnapshot</name>
+    <message>
+        <source>Fault %1, set at %2 (%3), for %4</source>
+        <translation>Fehler %1, gesetzt um %2 (%3), %4 lang</translation>
+    </message>
+    <message>
+        <source>at least %1 s</source>
+        <translation>mindestens %1 s</translation>
+    </message>
+    <message>
+        <source>%1 s</source>
+        <translation>%1 s</translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation>Zeit</translation>
+    </message>
+    <message>
+        <source>Parameter</source>
+        <translation>Parameter</translation>
+    </message>
+    <message>
+        <source>From</source>
+        <translation>Von</translation>
+    </message>
+    <message>
+        <source>To</source>
+        <translation>Auf</translation>
+    </message>
+    <message>
+        <source>30 s before, mean</source>
+        <translation>30 s davor, Mittel</translation>
+    </message>
+    <message>
+        <source>At the fault</source>
+        <translation>Beim Fehler</translation>
+    </message>
+    <message>
+        <source>Farthest within 30 s</source>
+        <translation>Am weitesten entfernt in 30 s</translation>
+    </message>
+    <message>
+        <source>30 s after</source>
+        <translation>30 s danach</translation>
+    </message>
+    <message>
+        <source>What switched within 30 s</source>
+        <translation>Was innerhalb von 30 s umschaltete</translation>
+    </message>
+    <message>
+        <source>What changed</source>
+        <translation>Was sich änderte</translation>
+    </message>
+</context>
+<context>
+    <name>KOLT::FlightPhase</name>
+    <message>
+        <source>Engine start</source>
+        <translation>Anlassen</translation>
+    </message>
+    <message>
+        <source>On the ground</source>
+        <translation>Am Boden</translation>
+    </message>
+    <message>
+        <source>Take-off</source>
+        <translation>Start</translation>
+    </message>
+    <message>
+        <source>Climb</source>
+        <translation>Steigflug</translation>
+    </message>
+    <message>
+        <source>Cruise</source>
+        <translation>Reiseflug</translation>
+    </message>
+    <message>
+        <source>Descent</source>
+        <translation>Sinkflug</translation>
+    </message>
+    <message>
+        <source>Landing</source>
+        <translation>Landung</translation>
+    </message>
+    <message>
+        <source>Shutdown</source>
+        <translation>Abstellen</translation>
+    </message>
+    <message>
+        <source>Unknown</source>
+        <translation>Unbekannt</translation>
     </message>
 </context>
 <context>
@@ -2220,10 +2388,6 @@ wurde nicht gefunden. Legen Sie die Karte ein, oder öffnen Sie einen anderen Or
         <translation>Kraftstoff in den Flügen, von 30 s vor dem Start bis 30 s nach der Landung</translation>
     </message>
     <message>
-        <source>How often a warning or limit was exceeded, warning lamps included</source>
-        <translation>Wie oft eine Warnschwelle oder ein Grenzwert überschritten wurde, Warnlampen eingeschlossen</translation>
-    </message>
-    <message>
         <source>How often a warning lamp came on</source>
         <translation>Wie oft eine Warnlampe anging</translation>
     </message>
@@ -2234,6 +2398,10 @@ wurde nicht gefunden. Legen Sie die Karte ein, oder öffnen Sie einen anderen Or
     <message>
         <source>The worst exceedance with the value farthest from normal: limits before warnings, then by how far the threshold was exceeded</source>
         <translation>Die schlimmste Überschreitung mit dem Wert, der am weitesten vom Normalen weg war: Grenzwerte vor Warnungen, dann danach, wie weit die Schwelle überschritten wurde</translation>
+    </message>
+    <message>
+        <source>Episodes in which a warning or limit was exceeded, and how often it was crossed in them, warning lamps included</source>
+        <translation>Episoden, in denen eine Warnung oder ein Grenzwert überschritten wurde, und wie oft das in ihnen geschah, mit Warnlampen</translation>
     </message>
 </context>
 <context>
@@ -2360,6 +2528,113 @@ wurde nicht gefunden. Legen Sie die Karte ein, oder öffnen Sie einen anderen Or
     <message>
         <source>Fault matrices changed</source>
         <translation>Geänderte Fehlermatrizen</translation>
+    </message>
+</context>
+<context>
+    <name>KOLT::ProfileCheck</name>
+    <message>
+        <source>%1 has the unknown data type &quot;%2&quot;.</source>
+        <translation>%1 hat den unbekannten Datentyp „%2“.</translation>
+    </message>
+    <message>
+        <source>%1 has the data type %2, which is not implemented.</source>
+        <translation>%1 hat den Datentyp %2, der nicht unterstützt wird.</translation>
+    </message>
+    <message>
+        <source>%1 takes the bytes %2 to %3, but a message has the bytes 0 to 7.</source>
+        <translation>%1 belegt die Bytes %2 bis %3, aber eine Nachricht hat die Bytes 0 bis 7.</translation>
+    </message>
+    <message>
+        <source>%1 takes the bits %2 to %3, but %4 has the bits 0 to %5.</source>
+        <translation>%1 belegt die Bits %2 bis %3, aber %4 hat die Bits 0 bis %5.</translation>
+    </message>
+    <message>
+        <source>There is no variant &quot;%1&quot;.</source>
+        <translation>Es gibt keine Variante „%1“.</translation>
+    </message>
+    <message>
+        <source>%1 cannot be &quot;%2&quot;.</source>
+        <translation>%1 kann nicht „%2“ sein.</translation>
+    </message>
+    <message>
+        <source>The state &quot;%1&quot; is none of OK, WARNING and LIMIT.</source>
+        <translation>Der Zustand „%1“ ist weder OK noch WARNING noch LIMIT.</translation>
+    </message>
+    <message>
+        <source>%1 has the unknown error type &quot;%2&quot;.</source>
+        <translation>%1 hat die unbekannte Fehlerart „%2“.</translation>
+    </message>
+    <message>
+        <source>%1 uses the %2 &quot;%3&quot;, which is not defined.</source>
+        <translation>%1 verwendet „%3“ (%2), das ist nicht definiert.</translation>
+    </message>
+    <message>
+        <source>No parameter uses the %1 &quot;%2&quot;.</source>
+        <translation>Kein Parameter verwendet „%2“ (%1).</translation>
+    </message>
+    <message>
+        <source>enumeration</source>
+        <translation>Aufzählung</translation>
+    </message>
+    <message>
+        <source>threshold list</source>
+        <translation>Grenzwertliste</translation>
+    </message>
+    <message>
+        <source>No parameter belongs to the fault matrix &quot;%1&quot;.</source>
+        <translation>Kein Parameter gehört zur Fehlermatrix „%1“.</translation>
+    </message>
+    <message>
+        <source>%1 has no conversion from &quot;%2&quot; to &quot;%3&quot;.</source>
+        <translation>%1 hat keine Umrechnung von „%2“ in „%3“.</translation>
+    </message>
+    <message>
+        <source>No parameter uses the conversion from &quot;%1&quot; to &quot;%2&quot;.</source>
+        <translation>Kein Parameter verwendet die Umrechnung von „%1“ in „%2“.</translation>
+    </message>
+    <message>
+        <source>The threshold list &quot;%1&quot; has the step %2 twice.</source>
+        <translation>Die Grenzwertliste „%1“ hat die Stufe %2 doppelt.</translation>
+    </message>
+    <message>
+        <source>In the threshold list &quot;%1&quot; the step %2 follows %3: steps have to ascend.</source>
+        <translation>In der Grenzwertliste „%1“ folgt die Stufe %2 auf %3: Stufen müssen aufsteigen.</translation>
+    </message>
+    <message>
+        <source>%1 is defined in line %2 already.</source>
+        <translation>%1 ist schon in Zeile %2 definiert.</translation>
+    </message>
+    <message>
+        <source>%1 overlaps with %2 in line %3.</source>
+        <translation>%1 überschneidet sich mit %2 in Zeile %3.</translation>
+    </message>
+    <message>
+        <source>%1 has the role %2 like %3 in line %4, which is used.</source>
+        <translation>%1 hat die Rolle %2 wie %3 in Zeile %4, das verwendet wird.</translation>
+    </message>
+    <message>
+        <source>No parameter has the role %1.</source>
+        <translation>Kein Parameter hat die Rolle %1.</translation>
+    </message>
+    <message>
+        <source>In the variant %1 no parameter has the role %2.</source>
+        <translation>In der Variante %1 hat kein Parameter die Rolle %2.</translation>
+    </message>
+    <message>
+        <source>%1 has the unit &quot;%2&quot;, but others of the quantity &quot;%3&quot; have &quot;%4&quot;.</source>
+        <translation>%1 hat die Einheit „%2“, aber andere der Größe „%3“ haben „%4“.</translation>
+    </message>
+    <message>
+        <source>The file cannot be read.</source>
+        <translation>Die Datei kann nicht gelesen werden.</translation>
+    </message>
+    <message>
+        <source>The file is not XML.</source>
+        <translation>Die Datei ist kein XML.</translation>
+    </message>
+    <message>
+        <source>The file is no profile: its root is &quot;%1&quot;.</source>
+        <translation>Die Datei ist kein Profil: Ihr oberstes Element ist „%1“.</translation>
     </message>
 </context>
 <context>
@@ -2926,6 +3201,14 @@ ist kein KOLT-Projekt. Die gewählten Parameter bleiben, wie sie sind.</translat
     <message>
         <source>%1 were never recorded: figures and limits of them are empty. Look whether the profile is for this aircraft.</source>
         <translation>%1 wurde nie aufgezeichnet: Werte und Grenzen dafür sind leer. Prüfen Sie, ob das Profil zu diesem Flugzeug gehört.</translation>
+    </message>
+    <message>
+        <source>Case file</source>
+        <translation>Fallakte</translation>
+    </message>
+    <message>
+        <source>This is no card, but a case: what was recorded in this time, cut from %1. Flights that begin or end outside of it are not found.</source>
+        <translation>Das ist keine Karte, sondern eine Fallakte: was in dieser Zeit aufgezeichnet wurde, ausgeschnitten aus %1. Flüge, die außerhalb beginnen oder enden, werden nicht gefunden.</translation>
     </message>
 </context>
 <context>
