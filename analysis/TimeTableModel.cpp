@@ -7,6 +7,7 @@
 #include <QTextDocument>
 
 #include <algorithm>
+#include <cmath>
 #include <limits>
 
 namespace KOLT {
@@ -21,6 +22,13 @@ QColor tint(QRgb color)
 {
     const auto mix = [](int channel) { return 255 - (255 - channel) * tintPercent / 100; };
     return {mix(qRed(color)), mix(qGreen(color)), mix(qBlue(color))};
+}
+
+/// Without tabs and line breaks, which the profile's texts may have and which would break a table.
+QString onOneLine(QString text)
+{
+    return text.replace(QLatin1Char('\t'), QLatin1Char(' '))
+        .replace(QLatin1Char('\n'), QLatin1Char(' '));
 }
 
 std::size_t at(int index)
@@ -42,6 +50,7 @@ void TimeTableModel::setTable(const DataSet& dataSet,
     beginResetModel();
     m_momentRow = -1;
     m_table = TimeTable(dataSet, std::move(parameters));
+    m_start = dataSet.dateTime;
     endResetModel();
 }
 
@@ -58,6 +67,12 @@ void TimeTableModel::tellNewTexts()
     emit headerDataChanged(Qt::Horizontal, 0, columnCount() - 1);
     if (rowCount() > 0)
         emit dataChanged(index(0, 0), index(rowCount() - 1, columnCount() - 1));
+}
+
+void TimeTableModel::setClockShown(bool isShown)
+{
+    m_isClockShown = isShown;
+    tellNewTexts();
 }
 
 int TimeTableModel::setMoment(double seconds)
@@ -87,12 +102,24 @@ QVariant TimeTableModel::data(const QModelIndex& index, int role) const
     if (index.column() != timeColumn)
         return value(at(index.row()), at(index.column() - 1), role);
     if (role == Qt::DisplayRole)
-        return counterText(m_table.seconds(at(index.row())));
-    return {};
+        return timeText(at(index.row()), QLatin1Char(' '));
+    return role == copyRole ? timeText(at(index.row()), QLatin1Char('\t')) : QVariant();
+}
+
+QString TimeTableModel::timeText(std::size_t row, QLatin1Char separator) const
+{
+    const double seconds = m_table.seconds(row);
+    const QString counter = counterText(seconds);
+    if (!isClockShown())
+        return counter;
+    const QDateTime moment = m_start.addMSecs(std::llround(seconds * 1000.0));
+    return counter + separator + moment.toString(QStringLiteral("hh:mm:ss.zzz"));
 }
 
 QVariant TimeTableModel::value(std::size_t row, std::size_t column, int role) const
 {
+    if (role == copyRole)
+        return onOneLine(value(row, column, Qt::DisplayRole).toString());
     if (role != Qt::DisplayRole && role != Qt::ForegroundRole && role != Qt::BackgroundRole &&
         role != Qt::DecorationRole)
         return {};
@@ -117,15 +144,25 @@ QVariant TimeTableModel::headerData(int section, Qt::Orientation orientation, in
 {
     if (orientation != Qt::Horizontal || section < 0 || section >= columnCount())
         return {};
-    if (section == timeColumn)
-        return role == Qt::DisplayRole ? tr("Time") : QVariant();
+    if (section == timeColumn) {
+        if (role != Qt::DisplayRole && role != copyRole)
+            return {};
+        if (!isClockShown())
+            return tr("Time");
+        return tr("Time") + QLatin1Char(role == copyRole ? '\t' : '\n') + tr("Clock time");
+    }
     const ProfileParameter& parameter = *m_table.columns()[at(section - 1)];
     if (role == Qt::ToolTipRole) // a name is plain text, whatever it looks like
         return Qt::mightBeRichText(parameter.fullName)
                    ? Qt::convertFromPlainText(parameter.fullName)
                    : parameter.fullName;
-    if (role != Qt::DisplayRole)
-        return {};
+    if (role == copyRole)
+        return onOneLine(heading(parameter));
+    return role == Qt::DisplayRole ? heading(parameter) : QVariant();
+}
+
+QString TimeTableModel::heading(const ProfileParameter& parameter) const
+{
     const bool isAmbiguous =
         std::ranges::count(m_table.columns(), parameter.name, &ProfileParameter::name) > 1;
     const QString& name = isAmbiguous ? parameter.fullName : parameter.name;

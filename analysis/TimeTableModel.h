@@ -18,6 +18,10 @@ class TimeTableModel : public QAbstractTableModel
 public:
     static constexpr int timeColumn = 0;
 
+    /// The text of a cell or heading for a table of tab-separated texts: on one line, and with a
+    /// column of its own for the clock time.
+    static constexpr int copyRole = Qt::UserRole;
+
     enum class Direction { Back, Forward };
 
     explicit TimeTableModel(const Profile& profile, QObject* parent = nullptr);
@@ -28,6 +32,12 @@ public:
 
     /// The same samples have other texts now, as after a change of the unit system.
     void tellNewTexts();
+
+    /// Whether the column of times has the clock time beside the counter.
+    void setClockShown(bool isShown);
+
+    /// Never for a recording without a date.
+    bool isClockShown() const { return m_isClockShown && m_start.isValid(); }
 
     const TimeTable& table() const { return m_table; }
 
@@ -50,10 +60,14 @@ public:
     int changedRow(const QModelIndex& from, Direction direction) const;
 
 private:
+    QString timeText(std::size_t row, QLatin1Char separator) const;
     QVariant value(std::size_t row, std::size_t column, int role) const;
+    QString heading(const ProfileParameter& parameter) const;
 
     const Profile& m_profile;
     TimeTable m_table;
+    QDateTime m_start; ///< clock time at counter 0
+    bool m_isClockShown = false;
     double m_moment = 0.0;
     int m_momentRow = -1;
 };

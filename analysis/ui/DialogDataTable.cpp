@@ -20,15 +20,6 @@ namespace {
 
 constexpr int pageMargin = 3;
 
-/// The text of a cell without tabs and line breaks, which the profile's texts may have and which
-/// would break the table.
-QString cellText(const QModelIndex& index)
-{
-    QString text = index.data().toString();
-    return text.replace(QLatin1Char('\t'), QLatin1Char(' '))
-        .replace(QLatin1Char('\n'), QLatin1Char(' '));
-}
-
 qint64 cellCount(const QItemSelection& selection)
 {
     qint64 count = 0;
@@ -37,25 +28,33 @@ qint64 cellCount(const QItemSelection& selection)
     return count;
 }
 
-/// The cells as lines of tab-separated text, empty where a cell between them is not selected.
-QString tabSeparated(QModelIndexList cells)
+/// The cells as lines of tab-separated text below their headings, empty where a cell between them
+/// is not selected.
+QString tabSeparated(const TimeTableModel& model, QModelIndexList cells)
 {
     std::sort(cells.begin(), cells.end()); // by row, then column
     const auto [first, last] = std::ranges::minmax(cells, {}, &QModelIndex::column);
+    const auto gap = [&](int from, int to) { // the tabs of the columns between
+        const bool hasClock = from <= TimeTableModel::timeColumn && TimeTableModel::timeColumn < to;
+        return QString(to - from + (hasClock && model.isClockShown() ? 1 : 0), QLatin1Char('\t'));
+    };
     QString text;
-    int row = -1;
-    int column = 0;
-    for (const QModelIndex& cell : cells) {
-        if (cell.row() != row) {
-            if (row >= 0)
-                text += QString(last.column() - column, QLatin1Char('\t')) + QLatin1Char('\n');
-            row = cell.row();
-            column = first.column();
-        }
-        text += QString(cell.column() - column, QLatin1Char('\t')) + cellText(cell);
-        column = cell.column();
+    for (int column = first.column(); column <= last.column(); ++column) {
+        text += model.headerData(column, Qt::Horizontal, TimeTableModel::copyRole).toString();
+        text += QLatin1Char(column < last.column() ? '\t' : '\n');
     }
-    return text + QString(last.column() - column, QLatin1Char('\t')) + QLatin1Char('\n');
+    int row = -1;
+    for (qsizetype i = 0; i < cells.size(); ++i) {
+        const QModelIndex& cell = cells[i];
+        const bool isFirst = cell.row() != row;
+        row = cell.row();
+        text += isFirst ? gap(first.column(), cell.column())
+                        : QString(cell.column() - cells[i - 1].column(), QLatin1Char('\t'));
+        text += cell.data(TimeTableModel::copyRole).toString();
+        if (i + 1 == cells.size() || cells[i + 1].row() != row)
+            text += QString(last.column() - cell.column(), QLatin1Char('\t')) + QLatin1Char('\n');
+    }
+    return text;
 }
 
 } // namespace
@@ -94,7 +93,13 @@ DialogDataTable::DialogDataTable(const Profile& profile, QWidget* parent)
     tableLayout->setContentsMargins(pageMargin, pageMargin, pageMargin, pageMargin);
     tableLayout->addLayout(bar);
     tableLayout->addWidget(m_view);
-    tableLayout->addWidget(m_hint);
+    auto* const clock = new QToolButton(this);
+    clock->setDefaultAction(m_clock);
+    clock->setAutoRaise(true);
+    auto* const footer = new QHBoxLayout;
+    footer->addWidget(m_hint, 1);
+    footer->addWidget(clock);
+    tableLayout->addLayout(footer);
 
     m_shown = new ContentOrNote(this, table);
     showData(Change::Data);
@@ -122,8 +127,13 @@ void DialogDataTable::createView()
     connect(m_copy, &QAction::triggered, this, &DialogDataTable::copySelection);
     connect(m_view, &WidgetTimeTable::signalPicked, this, &DialogDataTable::pick);
     connect(m_view, &WidgetTimeTable::signalCopy, this, &DialogDataTable::copySelection);
+    m_clock = new QAction(tr("Clock time"), this);
+    m_clock->setCheckable(true);
+    m_clock->setToolTip(tr("Show the clock time beside the time on the unit's counter"));
+    connect(m_clock, &QAction::toggled, this, &DialogDataTable::setClockShown);
+    connect(m_clock, &QAction::triggered, this, &DialogDataTable::signalClockShown);
     m_view->setContextMenuPolicy(Qt::ActionsContextMenu);
-    m_view->addActions({m_copy, m_previousChange, m_nextChange});
+    m_view->addActions({m_copy, m_previousChange, m_nextChange, m_clock});
     connect(m_view->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
             &DialogDataTable::slotCurrentRow);
 }
@@ -161,6 +171,14 @@ void DialogDataTable::showData(Changes changes)
     } else {
         m_shown->showNote(tr("The selected parameters have no samples in this data set."));
     }
+}
+
+void DialogDataTable::setClockShown(bool isShown)
+{
+    m_clock->setChecked(isShown);
+    m_model.setClockShown(isShown);
+    if (m_model.rowCount() > 0)
+        m_view->fitColumns();
 }
 
 void DialogDataTable::showRowCount()
@@ -223,7 +241,7 @@ void DialogDataTable::copySelection()
         return;
     }
     m_model.clearMoment();
-    QApplication::clipboard()->setText(tabSeparated(selection.indexes()));
+    QApplication::clipboard()->setText(tabSeparated(m_model, selection.indexes()));
     m_model.setMoment(time());
 }
 

@@ -27,9 +27,14 @@ public:
 
     explicit DialogDataTable(const Profile& profile, QWidget* parent = nullptr);
 
+    /// Whether the clock time stands beside the counter.
+    void setClockShown(bool isShown);
+
 signals:
     /// The user picked a row. The time of its latest sample, so that the row is shown complete.
     void signalTime(double seconds);
+    /// The user wants the clock time, or not any more.
+    void signalClockShown(bool isShown);
 
 protected:
     void dropData() override;
@@ -52,6 +57,7 @@ private:
     QLabel* m_hint = nullptr;
     ContentOrNote* m_shown = nullptr;
     QAction* m_copy = nullptr;
+    QAction* m_clock = nullptr;
     QAction* m_nextChange = nullptr;
     QAction* m_previousChange = nullptr;
     bool m_isFollowing = false; ///< the program is changing the current row

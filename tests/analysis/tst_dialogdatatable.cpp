@@ -1,5 +1,6 @@
 #include "analysis/ui/DialogDataTable.h"
 #include "resources/Resources.h"
+#include "tests/support/Buttons.h"
 #include "tests/support/ModalBoxes.h"
 #include "tests/support/RecordingFixture.h"
 
@@ -176,8 +177,22 @@ void TestDialogDataTable::copiesWithTheCopyKey()
     m_view->selectionModel()->select(cell(3, 2), QItemSelectionModel::Select);
     m_view->setFocus();
     QTest::keyClick(m_view, Qt::Key_C, Qt::ControlModifier);
-    QCOMPARE(QApplication::clipboard()->text(), "00:00:02.000\t1.5\t\n00:00:03.000\t1.5\t0\n");
+    QCOMPARE(QApplication::clipboard()->text(),
+             "Time\tFlow [l]\tSpeed\n00:00:02.000\t1.5\t\n00:00:03.000\t1.5\t0\n");
     QCOMPARE(triggered.size(), 0);
+    // The clock time has a column of its own, also where its cell is not selected.
+    m_dataSet->dateTime = QDateTime(QDate(2026, 7, 28), QTime(23, 59, 58), Qt::UTC);
+    m_page->setData(m_dataSet.get());
+    const QSignalSpy told(m_page, &DialogDataTable::signalClockShown);
+    click(*m_page, "Clock time");
+    QCOMPARE(told.value(0).value(0), true);
+    QCOMPARE(cell(3, 0).data().toString(), "00:00:03.000 00:00:01.000");
+    m_view->selectionModel()->select(QItemSelection(cell(2, 0), cell(2, 1)),
+                                     QItemSelectionModel::ClearAndSelect);
+    m_view->selectionModel()->select(cell(3, 1), QItemSelectionModel::Select);
+    QTest::keyClick(m_view, Qt::Key_C, Qt::ControlModifier);
+    QCOMPARE(QApplication::clipboard()->text(), "Time\tClock time\tFlow [l]\n"
+                                                "00:00:02.000\t00:00:00.000\t1.5\n\t\t1.5\n");
     m_view->clearFocus();
     QTest::keyClick(m_window.get(), Qt::Key_C, Qt::ControlModifier);
     QCOMPARE(triggered.size(), 1);
