@@ -5,6 +5,7 @@
 #include "analysis/ui/MapSplitter.h"
 #include "analysis/ui/PageTabs.h"
 #include "analysis/ui/ReplayBar.h"
+#include "analysis/ui/WidgetFaultMatrix.h"
 #include "libs/tusk/misc/Timer.h"
 
 #include <QApplication>
@@ -98,6 +99,7 @@ void DialogData::setListSettings(const ListSettings& settings)
 {
     for (DialogEventList* list : m_lists)
         list->setSettings(settings);
+    m_faults->setSettings(settings);
 }
 
 void DialogData::showCurrentPage()

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "analysis/GraphTarget.h"
 #include "analysis/Replay.h"
 #include "analysis/ui/DataPages.h"
 
@@ -27,6 +28,7 @@ class MapSplitter;
 class PageTabs;
 class Profile;
 class ReplayBar;
+class WidgetFaultMatrix;
 struct ListSettings;
 struct RecordingTrust;
 
@@ -126,6 +128,8 @@ signals:
     void signalArranged();
     /// A hidden map is shown again, or the map has changed sides.
     void signalMapPlaced();
+    /// The user wants to see an exceedance, lamp or fault in the graph.
+    void signalShowInGraph(const KOLT::GraphTarget& target);
 
 public slots:
     // In the order of their senders: controls, hosted pages, own pages.
@@ -163,6 +167,7 @@ private:
     QTimer m_timer;
     DataPages m_pages;
     std::array<DialogEventList*, 2> m_lists{}; ///< exceedances, and lamps
+    WidgetFaultMatrix* m_faults = nullptr;
     DialogDataStatistic* m_statistic = nullptr;
     PageTabs* m_tabs = nullptr;
     QButtonGroup* m_mapButtons = nullptr;

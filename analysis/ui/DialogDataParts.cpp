@@ -80,16 +80,16 @@ void DialogData::createFrontButton(QBoxLayout& row)
 void DialogData::createPages(const Profile& profile, const HostedPages& pages)
 {
     auto* const table = new DialogDataTable(profile);
-    auto* const faults = new WidgetFaultMatrix(profile);
+    m_faults = new WidgetFaultMatrix(profile);
     auto* const limits = new DialogDataLimit(profile);
     auto* const lamps = new DialogDataWarning(profile);
     m_lists = {limits, lamps};
     m_statistic = new DialogDataStatistic;
     // In the order of the tabs.
     const std::pair<Page, HostedPage> tabbed[] = {
-        {Page::Table, hosted(table)},        {Page::Graph, pages.graph},
-        {Page::FaultMatrix, hosted(faults)}, {Page::Limit, hosted(limits)},
-        {Page::WarningLamps, hosted(lamps)}, {Page::Statistic, hosted(m_statistic)},
+        {Page::Table, hosted(table)},          {Page::Graph, pages.graph},
+        {Page::FaultMatrix, hosted(m_faults)}, {Page::Limit, hosted(limits)},
+        {Page::WarningLamps, hosted(lamps)},   {Page::Statistic, hosted(m_statistic)},
         {Page::EmuView, pages.emuView}};
     for (const auto& [place, page] : tabbed)
         m_stack->addWidget(m_pages.add(place, page, m_stack));
@@ -102,9 +102,12 @@ void DialogData::createPages(const Profile& profile, const HostedPages& pages)
     m_loading->setAlignment(Qt::AlignCenter);
     m_stack->addWidget(m_loading);
     connect(table, &DialogDataTable::signalTime, this, &DialogData::slotTableTime);
-    connect(faults, &WidgetFaultMatrix::signalTime, this, &DialogData::slotFaultTime);
+    connect(m_faults, &WidgetFaultMatrix::signalTime, this, &DialogData::slotFaultTime);
+    connect(m_faults, &WidgetFaultMatrix::signalShowInGraph, this, &DialogData::signalShowInGraph);
     connect(limits, &DialogEventList::signalTime, this, &DialogData::slotLimitTime);
     connect(lamps, &DialogEventList::signalTime, this, &DialogData::slotWarningTime);
+    for (const DialogEventList* list : m_lists)
+        connect(list, &DialogEventList::signalShowInGraph, this, &DialogData::signalShowInGraph);
 }
 
 void DialogData::createReplayBar(Display display)

@@ -2,6 +2,7 @@
 
 #include "analysis/EventTexts.h"
 #include "analysis/ui/EventTable.h"
+#include "analysis/ui/GraphAction.h"
 #include "analysis/ui/RowPicker.h"
 #include "base/Csv.h"
 #include "ui/ContentOrNote.h"
@@ -85,7 +86,9 @@ void DialogEventList::createMenu()
         new QAction(QIcon(QStringLiteral(":/icons/export-csv.svg")), tr("Save list as CSV"), this);
     connect(saveAction, &QAction::triggered, this, &DialogEventList::save);
     m_table->setContextMenuPolicy(Qt::ActionsContextMenu);
-    m_table->addActions({copyAction, saveAction});
+    QAction* const graphAction = createGraphAction(*m_table);
+    connect(graphAction, &QAction::triggered, this, &DialogEventList::showInGraph);
+    m_table->addActions({graphAction, copyAction, saveAction});
 }
 
 void DialogEventList::dropData()
@@ -167,6 +170,12 @@ void DialogEventList::report(int row)
     const double seconds = m_table->secondsOf(row);
     keepTime(seconds);
     emit signalTime(seconds);
+}
+
+void DialogEventList::showInGraph()
+{
+    if (const Event* const event = m_table->currentEvent())
+        emit signalShowInGraph(targetOf(m_profile, *dataSet(), *event));
 }
 
 void DialogEventList::save()

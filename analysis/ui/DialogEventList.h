@@ -1,6 +1,7 @@
 #pragma once
 
 #include "analysis/Findings.h"
+#include "analysis/GraphTarget.h"
 #include "analysis/ListSettings.h"
 #include "ui/DataPage.h"
 
@@ -26,6 +27,8 @@ public:
 signals:
     /// The user picked a row: its time in seconds, a whole number of milliseconds.
     void signalTime(double seconds);
+    /// The user wants to see the current row in the graph.
+    void signalShowInGraph(const KOLT::GraphTarget& target);
 
 protected:
     DialogEventList(const Profile& profile, EventScope scope, const QString& heading,
@@ -46,6 +49,7 @@ private:
     /// A line for the tool tip; empty for an event beyond the end of the list.
     QString episodeOf(const Event& event) const;
     void report(int row);
+    void showInGraph();
     void save();
 
     const Profile& m_profile;

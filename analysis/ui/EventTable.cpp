@@ -160,6 +160,11 @@ void EventTable::showTime(double seconds)
     m_isChanging = false;
 }
 
+const Event* EventTable::currentEvent() const
+{
+    return currentRow() < 0 ? nullptr : m_events[static_cast<std::size_t>(currentRow())];
+}
+
 double EventTable::secondsOf(int row) const
 {
     return static_cast<double>(item(row, timeColumn)->data(Qt::UserRole).toLongLong()) * 0.001;

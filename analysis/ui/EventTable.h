@@ -24,6 +24,9 @@ public:
 
     const std::vector<const Event*>& events() const { return m_events; }
 
+    /// Of the current row; null if there is none.
+    const Event* currentEvent() const;
+
     /// Selects the last event at or before the time, or else the first one.
     void showTime(double seconds);
 

@@ -1,12 +1,17 @@
 #include "analysis/ui/WidgetErrorTime.h"
 
+#include "analysis/MomentText.h"
+#include "analysis/ui/GraphAction.h"
 #include "ui/PlainToolTip.h"
 
+#include <QContextMenuEvent>
 #include <QKeyEvent>
+#include <QMenu>
 #include <QMouseEvent>
 #include <QPainter>
 
 #include <algorithm>
+#include <utility>
 
 namespace KOLT {
 
@@ -28,22 +33,21 @@ struct ClassLook
 {
     QColor color;
     QString letter;
-    QString name;
 };
 
 ClassLook lookOf(ErrorType type)
 {
     switch (type) {
     case ErrorType::Info:
-        return {QColor(0x2f, 0x66, 0x90), QStringLiteral("I"), WidgetErrorTime::tr("Info")};
+        return {QColor(0x2f, 0x66, 0x90), QStringLiteral("I")};
     case ErrorType::Warning:
-        return {QColor(0xb9, 0x6a, 0x00), QStringLiteral("W"), WidgetErrorTime::tr("Warning")};
+        return {QColor(0xb9, 0x6a, 0x00), QStringLiteral("W")};
     case ErrorType::Fault:
-        return {QColor(0xb3, 0x26, 0x1e), QStringLiteral("F"), WidgetErrorTime::tr("Fault")};
+        return {QColor(0xb3, 0x26, 0x1e), QStringLiteral("F")};
     case ErrorType::None:
         break;
     }
-    return {QColor(0x5d, 0x68, 0x73), QStringLiteral("-"), WidgetErrorTime::tr("No class")};
+    return {QColor(0x5d, 0x68, 0x73), QStringLiteral("-")};
 }
 
 } // namespace
@@ -75,16 +79,20 @@ WidgetErrorTime::WidgetErrorTime(const FaultHistory& history, double first, doub
     , m_strip{first, last}
 {
     setFocusPolicy(Qt::StrongFocus);
+    setMouseTracking(true);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     const ProfileParameter& parameter = *history.parameter;
     setAccessibleName(parameter.name);
     setAccessibleDescription(tr("Fault, with its occurrences over the loaded data"));
     setToolTip(plainToolTip(tr("%1\nClass: %2\nMessage %3, byte %4, bit %5\nLeft and Right go to "
                                "the occurrence before and after")
-                                .arg(parameter.fullName, lookOf(parameter.errorType).name)
+                                .arg(parameter.fullName, errorClassText(parameter.errorType))
                                 .arg(parameter.id)
                                 .arg(parameter.startByte)
                                 .arg(parameter.startBit)));
+    QAction* const graphAction = createGraphAction(*this);
+    connect(graphAction, &QAction::triggered, this, [this] { showInGraph(currentInterval()); });
+    addAction(graphAction);
 }
 
 QSize WidgetErrorTime::sizeHint() const
@@ -175,6 +183,47 @@ void WidgetErrorTime::paintStrip(QPainter& painter) const
         painter.fillRect(run.left, area.top() + 2, run.right - run.left + 1, area.height() - 4,
                          color);
     painter.fillRect(m_strip.xOf(m_seconds), 0, 1, height(), timeColor);
+    if (m_pointer)
+        paintPointer(painter);
+}
+
+void WidgetErrorTime::paintPointer(QPainter& painter) const
+{
+    const QString text = counterText(m_strip.timeAt(*m_pointer));
+    const QRect& area = m_layout.strip;
+    painter.fillRect(*m_pointer, area.top(), 1, area.height(), focusColor);
+    QRect plate(*m_pointer + gap, area.top(), fontMetrics().horizontalAdvance(text) + gap,
+                area.height());
+    if (plate.right() > area.right())
+        plate.moveRight(*m_pointer - gap);
+    painter.fillRect(plate, stripColor);
+    painter.setPen(timeColor);
+    painter.drawText(plate, Qt::AlignCenter, text);
+}
+
+void WidgetErrorTime::setPointer(std::optional<int> x)
+{
+    if (x && (*x < m_strip.left || *x > m_strip.right()))
+        x.reset();
+    if (std::exchange(m_pointer, x) != x)
+        update(m_layout.strip);
+}
+
+const FaultInterval* WidgetErrorTime::currentInterval() const
+{
+    if (m_history.intervals.empty())
+        return nullptr;
+    const FaultInterval* const after = m_history.intervalAfter(m_seconds);
+    const FaultInterval* const first = m_history.intervals.data();
+    if (after == nullptr)
+        return &m_history.intervals.back();
+    return after == first ? first : after - 1;
+}
+
+void WidgetErrorTime::showInGraph(const FaultInterval* interval)
+{
+    if (interval != nullptr)
+        emit signalShowInGraph(FaultEntry{&m_history, interval}.target());
 }
 
 void WidgetErrorTime::reportAt(int x)
@@ -187,6 +236,8 @@ void WidgetErrorTime::reportAt(int x)
     if (meant != nullptr && m_history.stateAt(seconds) != FaultHistory::State::Set)
         seconds = meant->start;
     emit signalTime(seconds);
+    if (meant != nullptr)
+        emit signalPicked({&m_history, meant});
 }
 
 void WidgetErrorTime::mousePressEvent(QMouseEvent* event)
@@ -198,8 +249,33 @@ void WidgetErrorTime::mousePressEvent(QMouseEvent* event)
 
 void WidgetErrorTime::mouseMoveEvent(QMouseEvent* event)
 {
+    const int x = event->position().toPoint().x();
+    setPointer(x);
     if (event->buttons().testFlag(Qt::LeftButton))
-        reportAt(event->position().toPoint().x());
+        reportAt(x);
+}
+
+void WidgetErrorTime::leaveEvent(QEvent* event)
+{
+    setPointer({});
+    QWidget::leaveEvent(event);
+}
+
+void WidgetErrorTime::contextMenuEvent(QContextMenuEvent* event)
+{
+    const bool isInStrip =
+        event->reason() == QContextMenuEvent::Mouse && event->x() >= m_strip.left;
+    const FaultInterval* meant =
+        isInStrip ? intervalAt(m_strip, m_history.intervals, event->x(), reach) : nullptr;
+    if (meant == nullptr)
+        meant = currentInterval();
+    auto* const menu = new QMenu(this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    QAction* const graphAction = createGraphAction(*menu);
+    graphAction->setEnabled(meant != nullptr);
+    connect(graphAction, &QAction::triggered, this, [this, meant] { showInGraph(meant); });
+    menu->addAction(graphAction);
+    menu->popup(event->globalPos());
 }
 
 void WidgetErrorTime::keyPressEvent(QKeyEvent* event)
@@ -222,8 +298,10 @@ void WidgetErrorTime::keyPressEvent(QKeyEvent* event)
         QWidget::keyPressEvent(event);
         return;
     }
-    if (wanted != nullptr)
-        emit signalTime(wanted->start);
+    if (wanted == nullptr)
+        return;
+    emit signalTime(wanted->start);
+    emit signalPicked({&m_history, wanted});
 }
 
 void WidgetErrorTime::focusInEvent(QFocusEvent* event)

@@ -6,9 +6,12 @@
 #include "analysis/ui/WidgetFaultMatrix.h"
 #include "record/RecordingTrust.h"
 #include "resources/Resources.h"
+#include "tests/support/Buttons.h"
 #include "tests/support/ModalBoxes.h"
 #include "tests/support/RecordingFixture.h"
 
+#include <QAbstractItemModelTester>
+#include <QAction>
 #include <QCheckBox>
 #include <QClipboard>
 #include <QHelpEvent>
@@ -42,11 +45,21 @@ private slots:
     void statisticWithoutFlight();
     void statisticNotes();
     void stripPlaces();
+    void findingsAreShownInTheGraph_data();
+    void findingsAreShownInTheGraph();
     void faultRows();
     void faultStripReports();
     void faultKeysJump();
+    void faultsAreListed();
+    void pointerTellsItsTime();
 
 private:
+    static QAction* actionOf(const QWidget& widget, const QString& text)
+    {
+        const QList<QAction*> actions = widget.actions();
+        return *std::ranges::find(actions, text, &QAction::text);
+    }
+
     template <typename Page>
     std::unique_ptr<Page> open(Page* page)
     {
@@ -189,7 +202,7 @@ void TestPages::listCopiesAndSaves()
     const QString path = m_directory.filePath("list.csv");
     ModalBoxes boxes;
     boxes.answer(path);
-    m_table->actions().at(1)->trigger();
+    actionOf(*m_table, "Save list as CSV")->trigger();
     QVERIFY(readFile(path).startsWith("\xEF\xBB\xBF"));
     const QString text = QString::fromUtf8(readFile(path));
     QCOMPARE(text.count("\r\n"), 5);
@@ -197,14 +210,14 @@ void TestPages::listCopiesAndSaves()
     m_dataSet->dateTime = QDateTime(QDate(2026, 7, 28), QTime(23, 59, 55), Qt::UTC);
     page->setSettings({".", ';', true});
     boxes.answer(m_directory.filePath("german.csv"));
-    m_table->actions().at(1)->trigger();
+    actionOf(*m_table, "Save list as CSV")->trigger();
     const QString german = QString::fromUtf8(readFile(m_directory.filePath("german.csv")));
     QVERIFY2(german.contains("00:00:10.123;10,123;29.07.2026;00:00:05;Engine;Oil;Limit;"
                              "Engine Oil 150.0 bar;150,0;bar;00:00:04;-\r\n"),
              qPrintable(german));
     boxes.answer("/proc/none/list.csv");
     boxes.answer("OK");
-    m_table->actions().at(1)->trigger();
+    actionOf(*m_table, "Save list as CSV")->trigger();
     QVERIFY(boxes.seen().back().contains("/proc/none/list.csv"));
 }
 
@@ -330,12 +343,19 @@ void TestPages::faultRows()
     QCOMPARE(rows.size(), 2);
     QCOMPARE(rows[0]->accessibleName(), "Crank");
     QCOMPARE(rows[0]->history().count(), 2U);
-    auto* const onlyActive = page->findChild<QCheckBox*>();
+    auto* const onlyOccurred = page->findChild<QCheckBox*>();
     QVERIFY(rows[1]->isVisible());
-    onlyActive->click();
+    onlyOccurred->click();
     QVERIFY(rows[0]->isVisible() && !rows[1]->isVisible());
     page->refresh(DataPage::Change::Font); // keeps the choice
     QVERIFY(!page->findChildren<WidgetErrorTime*>().at(1)->isVisible());
+    // A heading without lines is hidden too.
+    const auto title = [&] { return labelled<QLabel>(*page, "Lane"); };
+    QVERIFY(title()->isVisible());
+    QTest::keyClicks(page->findChild<QLineEdit*>(), "cam");
+    QVERIFY(!title()->isVisible());
+    onlyOccurred->click();
+    QVERIFY(title()->isVisible() && !page->findChildren<WidgetErrorTime*>().at(0)->isVisible());
     page->clear();
     QVERIFY(page->findChildren<WidgetErrorTime*>().isEmpty());
 }
@@ -383,6 +403,98 @@ void TestPages::faultKeysJump()
     }
     QTest::keyClick(row, Qt::Key_Left); // there is none before
     QCOMPARE(reported.size(), 0);
+}
+
+void TestPages::findingsAreShownInTheGraph_data()
+{
+    QTest::addColumn<QString>("list");
+    QTest::addColumn<double>("time");
+    QTest::addColumn<QString>("parameter");
+    QTest::addColumn<double>("begin");
+    QTest::addColumn<double>("end");
+    QTest::newRow("exceedance") << "limits" << 12.0 << "Engine/Oil" << 10.1234 << 15.0;
+    QTest::newRow("until the end") << "limits" << 21.0 << "Engine/Oil" << 20.02 << 50.0;
+    QTest::newRow("lamp") << "lamps" << 0.0 << "Engine/Lamp" << 30.0 << 50.0;
+    QTest::newRow("fault") << "faults" << 12.0 << "Engine/Crank" << 10.0 << 20.0;
+    QTest::newRow("open fault") << "faults" << 45.0 << "Engine/Crank" << 40.0 << 50.0;
+    QTest::newRow("line of a fault") << "line" << 30.0 << "Engine/Crank" << 10.0 << 20.0;
+    QTest::newRow("line, before its fault") << "line" << 1.0 << "Engine/Crank" << 10.0 << 20.0;
+}
+
+void TestPages::findingsAreShownInTheGraph()
+{
+    QFETCH(const QString, list);
+    QFETCH(const double, time);
+    std::unique_ptr<QWidget> page;
+    QWidget* key = nullptr;
+    std::vector<GraphTarget> targets;
+    const auto prepare = [&](auto* made) {
+        page = open(made);
+        made->setTime(time);
+        connect(made, &std::remove_pointer_t<decltype(made)>::signalShowInGraph,
+                [&](const GraphTarget& target) { targets.push_back(target); });
+    };
+    if (list == "limits")
+        prepare(new DialogDataLimit(m_profile));
+    else if (list == "lamps")
+        prepare(new DialogDataWarning(m_profile));
+    else
+        prepare(new WidgetFaultMatrix(m_profile));
+    key = list == "line" ? static_cast<QWidget*>(page->findChild<WidgetErrorTime*>())
+                         : page->findChild<QTableView*>();
+    QVERIFY(QTest::qWaitForWindowExposed(page.get()));
+    QApplication::setActiveWindow(page.get());
+    key->setFocus();
+    QTest::keyClick(key, Qt::Key_Return, Qt::ControlModifier);
+    QCOMPARE(targets.size(), 1U);
+    QTEST(targets[0].parameter, "parameter");
+    QFETCH(const double, begin);
+    QFETCH(const double, end);
+    QVERIFY(std::abs(targets[0].begin - begin) < 1e-6 && std::abs(targets[0].end - end) < 1e-6);
+}
+
+void TestPages::faultsAreListed()
+{
+    const auto page = open(new WidgetFaultMatrix(m_profile));
+    auto* const list = page->findChild<QTableView*>();
+    const QAbstractItemModelTester tester(list->model());
+    QSignalSpy reported(page.get(), &WidgetFaultMatrix::signalTime);
+    page->setTime(30.0);
+    QCOMPARE(list->currentIndex().row(), 0); // the last that began
+    QTest::keyClick(list, Qt::Key_Down);
+    QCOMPARE(reported.takeFirst().value(0).toDouble(), 40.0);
+    QTest::keyClick(list, Qt::Key_Up, Qt::ShiftModifier);
+    QTest::keyClick(list, Qt::Key_C, Qt::ControlModifier);
+    QCOMPARE(QApplication::clipboard()->text(),
+             "Fault\tBegin\tDuration\tEnd\nCrank\t00:00:10.000\t10.0 s\t00:00:20.000\n"
+             "Crank\t00:00:40.000\t10.0 s\tuntil the end of the data\n");
+    page->setTime(5.0); // what is about to be copied stays selected
+    QCOMPARE(list->selectionModel()->selectedRows().size(), 2);
+    const QString path = m_directory.filePath("faults.csv");
+    ModalBoxes boxes;
+    boxes.answer(path);
+    page->setSettings({".", ';', true});
+    actionOf(*list, "Save list as CSV")->trigger();
+    const QString text = QString::fromUtf8(readFile(path));
+    QVERIFY2(text.contains("Engine/Crank;Fault;00:00:10.000;10,000;;;00:00:20.000;20,000;10,000;4"),
+             qPrintable(text));
+    QTest::keyClicks(page->findChild<QLineEdit*>(), "warning"); // the class of the other
+    QCOMPARE(list->model()->rowCount(), 0);
+}
+
+void TestPages::pointerTellsItsTime()
+{
+    const auto page = open(new WidgetFaultMatrix(m_profile));
+    QVERIFY(QTest::qWaitForWindowExposed(page.get()));
+    WidgetErrorTime* const row = page->findChildren<WidgetErrorTime*>().at(1);
+    const QImage before = row->grab().toImage();
+    const QRect strip =
+        WidgetErrorTime::layoutFor(row->size(), page->fontMetrics().horizontalAdvance("Crank"))
+            .strip;
+    QTest::mouseMove(row, strip.center());
+    QTRY_VERIFY(row->grab().toImage() != before);
+    QTest::mouseMove(row, QPoint(2, 2));
+    QTRY_VERIFY(row->grab().toImage() == before);
 }
 
 QTEST_MAIN(TestPages)
