@@ -2,6 +2,7 @@
 #include "analysis/ui/DialogData.h"
 #include "app/CardSession.h"
 #include "app/DialogMain.h"
+#include "app/DialogProfile.h"
 #include "app/ExportCommand.h"
 #include "app/MenuDialogs.h"
 #include "app/OverviewSession.h"
@@ -201,6 +202,7 @@ void DialogMain::showLoaded(bool isComplete)
     m_actions->setExportsEnabled(m_card->dataSet() != nullptr);
     if (!isComplete)
         m_cardDialog->setChoiceFailed();
+    m_profileDialog->showData(m_card->dataSet());
     if (m_card->dataSet() == nullptr) {
         m_data->clear();
         return;

@@ -138,8 +138,10 @@ void DialogMain::connectCard()
         m_status->showData({});
     });
     connect(card, &CardSession::signalLoaded, this, &DialogMain::showLoaded);
-    connect(card, &CardSession::signalReanalysed, this,
-            [this] { m_data->setData(*m_card->dataSet()); });
+    connect(card, &CardSession::signalReanalysed, this, [this] {
+        m_profileDialog->showData(m_card->dataSet());
+        m_data->setData(*m_card->dataSet());
+    });
     connect(card, &CardSession::signalRefused, this, &DialogMain::selectLoaded);
     connect(card, &CardSession::signalMessage, this,
             [this](const QString& message) { m_status->showMessage(message); });
@@ -174,6 +176,7 @@ void DialogMain::connectPanels()
     connect(m_parts.graph, &DialogDataGraph::signalOrder, this,
             [this](const QStringList& fullNames) {
                 m_profile.profile().setDisplayOrder(fullNames);
+                m_profileDialog->refreshOrder();
                 m_data->refresh(DataPage::Change::Selection);
             });
     connect(m_parts.graph, &DialogDataGraph::signalSettings, this,

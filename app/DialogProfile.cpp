@@ -1,6 +1,8 @@
 #include "app/DialogProfile.h"
 
 #include "profile/Profile.h"
+#include "record/DataSet.h"
+#include "ui/PlainToolTip.h"
 
 #include <QAction>
 #include <QLineEdit>
@@ -121,6 +123,8 @@ void DialogProfile::reload()
         else
             m_changes.erase(name);
     }
+    if (m_folding.empty())
+        keepFolding();
     fill();
     m_isFilling = true;
     for (const auto& [item, parameter] : m_parameters) {
@@ -136,8 +140,40 @@ void DialogProfile::refreshUnits()
 {
     m_isFilling = true;
     for (const auto& [item, parameter] : m_parameters)
-        item->setToolTip(0, describe(m_profile, *parameter));
+        mark(*item, *parameter);
     m_isFilling = false;
+}
+
+void DialogProfile::showData(const DataSet* dataSet)
+{
+    m_missing.clear();
+    for (const ProfileParameter& parameter : m_profile.parameters()) {
+        if (dataSet != nullptr &&
+            dataSet->messages.series(static_cast<std::uint32_t>(parameter.id)).empty())
+            m_missing.insert(parameter.id);
+    }
+    refreshUnits();
+    showDraft();
+}
+
+bool DialogProfile::isMissing(const ProfileParameter& parameter) const
+{
+    return m_missing.contains(parameter.id);
+}
+
+/// Grey and slanted, and says why, if the loaded data lack the parameter.
+void DialogProfile::mark(QTreeWidgetItem& item, const ProfileParameter& parameter) const
+{
+    const bool isLacking = isMissing(parameter);
+    QFont font; // only the slant is set, the rest is that of the tree
+    font.setItalic(isLacking);
+    item.setFont(0, font);
+    item.setForeground(0,
+                       isLacking ? palette().brush(QPalette::Disabled, QPalette::Text) : QBrush());
+    QString tip = describe(m_profile, parameter);
+    if (isLacking)
+        tip += QLatin1Char('\n') + tr("The loaded data have no samples of it");
+    item.setToolTip(0, plainToolTip(tip));
 }
 
 void DialogProfile::addDevices()
@@ -154,7 +190,7 @@ void DialogProfile::addDevices()
             item->setCheckState(0, parameter->selected ? Qt::Checked : Qt::Unchecked);
             item->setData(0, nameRole, parameter->fullName);
             item->setData(0, selectedRole, parameter->selected);
-            item->setToolTip(0, describe(m_profile, *parameter));
+            mark(*item, *parameter);
             m_parameters[item] = parameter;
         }
         group->setExpanded(group->checkState(0) != Qt::Unchecked);
@@ -164,6 +200,8 @@ void DialogProfile::addDevices()
 void DialogProfile::filter(const QString& text)
 {
     const QString wanted = text.trimmed();
+    if (!wanted.isEmpty() && m_folding.empty())
+        keepFolding();
     m_isFilling = true;
     for (int i = 0; i < m_tree->topLevelItemCount(); ++i) {
         QTreeWidgetItem* const group = m_tree->topLevelItem(i);
@@ -183,6 +221,27 @@ void DialogProfile::filter(const QString& text)
             group->flags().setFlag(Qt::ItemIsUserCheckable, wanted.isEmpty() || isGroupMatch));
     }
     m_isFilling = false;
+    if (wanted.isEmpty())
+        restoreFolding();
+}
+
+void DialogProfile::keepFolding()
+{
+    for (int i = 0; i < m_tree->topLevelItemCount(); ++i) {
+        const QTreeWidgetItem* const group = m_tree->topLevelItem(i);
+        m_folding[group->text(0)] = group->isExpanded();
+    }
+}
+
+void DialogProfile::restoreFolding()
+{
+    for (int i = 0; i < m_tree->topLevelItemCount(); ++i) {
+        QTreeWidgetItem* const group = m_tree->topLevelItem(i);
+        const auto before = m_folding.find(group->text(0));
+        if (before != m_folding.end())
+            group->setExpanded(before->second);
+    }
+    m_folding.clear();
 }
 
 std::vector<const ProfileParameter*> DialogProfile::draft() const
@@ -207,9 +266,23 @@ void DialogProfile::slotItemChanged()
 void DialogProfile::showDraft()
 {
     const std::vector<const ProfileParameter*> checked = draft();
+    const std::vector<const ProfileParameter*> shown = m_profile.selectedParameters();
+    // In the order of the graph, what is not confirmed yet behind.
+    std::vector<const ProfileParameter*> listed = checked;
+    std::ranges::stable_sort(listed, {}, [&](const ProfileParameter* parameter) {
+        return std::ranges::find(shown, parameter) - shown.begin();
+    });
     m_list->clear();
-    for (const ProfileParameter* parameter : checked)
-        m_list->addItem(parameter->fullName);
+    for (const ProfileParameter* parameter : listed) {
+        auto* const item = new QListWidgetItem(parameter->fullName, m_list);
+        if (isMissing(*parameter)) {
+            QFont font;
+            font.setItalic(true);
+            item->setFont(font);
+            item->setForeground(palette().brush(QPalette::Disabled, QPalette::Text));
+            item->setToolTip(tr("The loaded data have no samples of it"));
+        }
+    }
     m_tabs->setTabText(selectedTab, checked.empty()
                                         ? tr("Selected Parameters")
                                         : tr("Selected Parameters (%1)").arg(checked.size()));
@@ -217,7 +290,7 @@ void DialogProfile::showDraft()
     const auto asSet = [](const std::vector<const ProfileParameter*>& parameters) {
         return std::set<const ProfileParameter*>(parameters.begin(), parameters.end());
     };
-    m_confirm->setEnabled(asSet(checked) != asSet(m_profile.selectedParameters()));
+    m_confirm->setEnabled(asSet(checked) != asSet(shown));
 }
 
 void DialogProfile::clearDraft()

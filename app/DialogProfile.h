@@ -4,6 +4,7 @@
 #include <QWidget>
 
 #include <map>
+#include <set>
 #include <vector>
 
 class QLineEdit;
@@ -16,13 +17,15 @@ class QTreeWidgetItem;
 namespace KOLT {
 
 class Profile;
+struct DataSet;
 struct ProfileParameter;
 
 /// The panel in which the user selects the parameters that the pages show.
 ///
-/// The check boxes are a draft; "Confirm Selection" writes it into the profile's flags and emits
-/// signalChanged(). The profile must outlive the panel. Call refresh() when the profile was
-/// reloaded or its selection was changed elsewhere.
+/// Parameters that the loaded data lack are marked. The check boxes are a draft; "Confirm
+/// Selection" writes it into the profile's flags and emits signalChanged(). The profile must
+/// outlive the panel. Call refresh() when the profile was reloaded or its selection was changed
+/// elsewhere.
 class DialogProfile : public QWidget
 {
     Q_OBJECT
@@ -40,6 +43,13 @@ public:
     /// The unit system changed.
     void refreshUnits();
 
+    /// The order of the selected parameters changed.
+    void refreshOrder() { showDraft(); }
+
+    /// Marks the parameters that the data have no samples of; null: none are loaded. Keeps no
+    /// pointer to the data.
+    void showData(const DataSet* dataSet);
+
 signals:
     /// The user confirmed a selection.
     void signalChanged();
@@ -49,6 +59,10 @@ private:
     void fill();
     void addDevices();
     void filter(const QString& text);
+    void keepFolding();
+    void restoreFolding();
+    bool isMissing(const ProfileParameter& parameter) const;
+    void mark(QTreeWidgetItem& item, const ProfileParameter& parameter) const;
     void slotItemChanged();
     void showDraft();
     void clearDraft();
@@ -59,6 +73,9 @@ private:
     Profile& m_profile;
     std::map<QTreeWidgetItem*, const ProfileParameter*> m_parameters;
     std::map<QString, bool> m_changes; ///< earlier draft changes by full name
+    std::set<int> m_missing;           ///< messages that the loaded data lack
+    /// Whether devices are unfolded without a filter, by name; empty while there is none.
+    std::map<QString, bool> m_folding;
     QLineEdit* m_filter = nullptr;
     QTreeWidget* m_tree = nullptr;
     QListWidget* m_list = nullptr;

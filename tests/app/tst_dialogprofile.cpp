@@ -1,6 +1,6 @@
 #include "app/DialogProfile.h"
 #include "tests/support/Buttons.h"
-#include "tests/support/ProfileFixture.h"
+#include "tests/support/RecordingFixture.h"
 
 #include <QLineEdit>
 #include <QListWidget>
@@ -25,6 +25,8 @@ private slots:
     void listTakesOut();
     void refreshFollowsTheProfile();
     void draftOutlivesTheVariant();
+    void listFollowsTheGraph();
+    void whatTheDataLackIsMarked();
 
 private:
     QStringList selected() const
@@ -114,8 +116,11 @@ void TestDialogProfile::filterHidesAndProtects()
     QTest::keyClicks(filter, "gps"); // a matching device shows all its parameters
     QVERIFY(item("Engine")->isHidden());
     QVERIFY(!item("Speed over ground")->isHidden());
+    item("GPS")->setExpanded(false);
     filter->clear();
     QVERIFY(!item("Oil")->isHidden());
+    QVERIFY(item("Engine")->isExpanded()); // as before the filter
+    QVERIFY(item("GPS")->isExpanded());
     click(*m_panel, "Confirm Selection");
     QCOMPARE(selected(), (QStringList{"Engine/Oil", "Engine/Speed"}));
 }
@@ -161,6 +166,43 @@ void TestDialogProfile::draftOutlivesTheVariant()
     QCOMPARE(item("c")->checkState(0), Qt::Checked);
     m_panel->refresh(); // as for another project
     QCOMPARE(item("a")->checkState(0), Qt::Checked);
+}
+
+void TestDialogProfile::listFollowsTheGraph()
+{
+    auto* const list = m_panel->findChild<QListWidget*>();
+    const auto listed = [&] {
+        QStringList names;
+        for (int i = 0; i < list->count(); ++i)
+            names << list->item(i)->text().section('/', 1);
+        return names.join(", ");
+    };
+    m_profile.select([](const ProfileParameter& parameter) { return parameter.name != "Oil"; });
+    m_profile.setDisplayOrder({"GPS/Speed over ground", "Engine/Speed"});
+    m_panel->refresh();
+    toggle("Oil"); // not in the graph yet
+    QCOMPARE(listed(), "Speed over ground, Speed, Oil");
+    m_profile.setDisplayOrder({"Engine/Speed", "GPS/Speed over ground"});
+    m_panel->refreshOrder();
+    QCOMPARE(listed(), "Speed, Speed over ground, Oil");
+    m_profile.setDisplayOrder({});
+}
+
+void TestDialogProfile::whatTheDataLackIsMarked()
+{
+    DataSet dataSet;
+    add(dataSet.messages, 1, 0.0);
+    const auto marked = [&](const QString& name) {
+        return item(name)->font(0).italic() && item(name)->toolTip(0).contains("no samples");
+    };
+    const auto* const list = m_panel->findChild<QListWidget*>();
+    m_panel->showData(&dataSet);
+    QVERIFY(marked("Oil") && !marked("Speed"));
+    QVERIFY(list->item(0)->font().italic());
+    toggle("Speed"); // a check keeps the marks
+    QVERIFY(marked("Oil") && !list->item(1)->font().italic());
+    m_panel->showData(nullptr);
+    QVERIFY(!marked("Oil") && !list->item(0)->font().italic());
 }
 
 QTEST_MAIN(TestDialogProfile)
