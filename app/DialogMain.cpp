@@ -106,6 +106,7 @@ void DialogMain::reloadProfile()
     if (m_overview != nullptr)
         m_overview->beginReload();
     m_data->clear(); // it refers to the profile
+    m_graphJump->forget();
     loadProfile();
     m_project->restoreSelection();
     m_profileDialog->reload();
@@ -181,6 +182,7 @@ void DialogMain::slotUnitChanged(int unit)
 
 void DialogMain::slotProfileChanged()
 {
+    m_graphJump->forget();
     m_project->setModified();
     m_data->refresh(DataPage::Change::Selection);
 }

@@ -29,6 +29,7 @@ class DialogCard;
 class DialogProfile;
 class FocusRing;
 class KeyCommands;
+class GraphJump;
 class MainActions;
 class MenuDialogs;
 class OverviewSession;
@@ -148,6 +149,7 @@ private:
     std::unique_ptr<TrustSession> m_trust;       ///< likewise
     std::unique_ptr<MenuDialogs> m_dialogs;
     std::unique_ptr<ProfileOffer> m_profileOffer;
+    std::unique_ptr<GraphJump> m_graphJump;
     std::unique_ptr<RecordingNotice> m_recordingNotice; ///< none on the bare display
     WidgetNames m_names;
     std::unique_ptr<FocusRing> m_ring;

@@ -3,6 +3,7 @@
 #include "app/CardSession.h"
 #include "app/DialogMain.h"
 #include "app/DialogProfile.h"
+#include "app/GraphJump.h"
 #include "app/MainActions.h"
 #include "app/MenuDialogs.h"
 #include "app/OverviewSession.h"
@@ -151,8 +152,10 @@ void DialogMain::createNotices()
 {
     auto* const offer = new NoticeBar(m_data);
     auto* const notice = new NoticeBar(m_data);
-    m_data->addBar(offer);
-    m_data->addBar(notice);
+    auto* const added = new NoticeBar(m_data);
+    for (NoticeBar* bar : {offer, notice, added})
+        m_data->addBar(bar);
+    m_graphJump = std::make_unique<GraphJump>(m_profile.profile(), m_parts, *added);
     m_profileOffer = std::make_unique<ProfileOffer>(*offer, *this);
     connect(m_profileOffer.get(), &ProfileOffer::signalInstalled, this,
             &DialogMain::slotProfileFileChanged);
@@ -168,7 +171,13 @@ void DialogMain::connectPanels()
 {
     connect(m_profileDialog, &DialogProfile::signalChanged, this,
             qOverload<>(&DialogMain::slotProfileChanged));
+    connect(m_graphJump.get(), &GraphJump::signalSelectionChanged, this, [this] {
+        m_profileDialog->reload(); // keeps the draft
+        m_project->setModified();
+        m_data->refresh(DataPage::Change::Selection);
+    });
     connect(m_project, &ProjectSession::signalSelectionChanged, this, [this] {
+        m_graphJump->forget();
         m_profileDialog->refresh();
         m_data->refresh(DataPage::Change::Selection);
     });

@@ -4,6 +4,7 @@
 #include "app/dialogs/DialogProfileChanges.h"
 #include "app/dialogs/DialogProfileInfo.h"
 #include "graph/ui/DialogDataGraph.h"
+#include "graph/ui/WidgetGraphBase.h"
 #include "instruments/ui/DialogDataView.h"
 #include "record/ui/DialogCard.h"
 #include "tests/app/MainWindowFixture.h"
@@ -61,6 +62,7 @@ private slots:
     void clockOffsetMovesListsAndPages();
     void newerProfileIsOfferedOnce();
     void graphMovesTimeAndColumns();
+    void findingIsShownInTheGraph();
     void undoKeyReachesNoWidget();
     void styleSheetOfTheCommandLineIsApplied();
     void exportsNeedData();
@@ -498,6 +500,44 @@ void TestMainWindow::graphMovesTimeAndColumns()
     emit graph->signalSettings(settings);
     m_window->close(); // before the pause after which it would be saved
     QCOMPARE(setting("GraphEvents"), "false");
+}
+
+void TestMainWindow::findingIsShownInTheGraph()
+{
+    QVERIFY(openCycle(folder("card")));
+    confirmSelection("Fuel"); // only Speed is left
+    auto* const data = m_window->findChild<DialogData*>();
+    const auto* const widget = &m_window->findChild<DialogDataGraph*>()->widget();
+    const auto selected = [this] {
+        QStringList names;
+        for (const ProfileParameter* parameter : profile().selectedParameters())
+            names << parameter->name;
+        return names.join(' ');
+    };
+    const auto show = [&] { emit data->signalShowInGraph({"D/Fuel", 5.0, 8.0}); };
+    show();
+    QVERIFY(widget->isVisible());
+    QCOMPARE(data->time(), 5.0);
+    QCOMPARE(widget->graph().markers(), (TimeRange{5.0, 8.0}));
+    QVERIFY(waitFor([&] { return widget->graph().window() == TimeRange{-25.0, 38.0}; }));
+    QCOMPARE(selected(), "Fuel Speed");
+    const NoticeBar* const bar = m_window->findChildren<NoticeBar*>().last();
+    click(*bar, "Undo");
+    QCOMPARE(selected(), "Speed");
+    QVERIFY(!bar->isVisible());
+    // A draft is kept, and what the user confirms stays.
+    const auto speed = [this] {
+        const auto* const tree = m_window->findChildren<QTreeWidget*>().last();
+        return tree->findItems("Speed", Qt::MatchExactly | Qt::MatchRecursive).first();
+    };
+    speed()->setCheckState(0, Qt::Unchecked);
+    show();
+    QCOMPARE(selected(), "Fuel Speed");
+    QCOMPARE(speed()->checkState(0), Qt::Unchecked);
+    QCoreApplication::processEvents(); // the draft is updated by a timer
+    click(*m_window, "Confirm Selection");
+    QCOMPARE(selected(), "Fuel");
+    QVERIFY(!bar->isVisible());
 }
 
 void TestMainWindow::undoKeyReachesNoWidget()

@@ -1,0 +1,80 @@
+#include "app/GraphJump.h"
+
+#include "graph/ui/DialogDataGraph.h"
+#include "ui/NoticeBar.h"
+
+#include <algorithm>
+
+namespace KOLT {
+
+namespace {
+
+constexpr double secondsAround = 30.0;
+
+} // namespace
+
+GraphJump::GraphJump(Profile& profile, const DataWindow& parts, NoticeBar& notice)
+    : m_profile(profile)
+    , m_parts(parts)
+    , m_notice(notice)
+{
+    connect(parts.window, &DialogData::signalShowInGraph, this, &GraphJump::show);
+    connect(&notice, &NoticeBar::signalAction, this, &GraphJump::undo);
+}
+
+void GraphJump::show(const GraphTarget& target)
+{
+    const ProfileParameter* const parameter = m_profile.parameterByFullName(target.parameter);
+    if (parameter == nullptr)
+        return;
+    select(*parameter);
+    m_parts.window->setCurrentPage(DialogData::Page::Graph);
+    m_parts.window->setTime(target.begin);
+    m_parts.graph->showSpan({target.begin - secondsAround, target.end + secondsAround},
+                            {target.begin, target.end}, target.parameter);
+}
+
+void GraphJump::select(const ProfileParameter& parameter)
+{
+    const std::vector<const ProfileParameter*> selected = m_profile.selectedParameters();
+    const auto place = std::ranges::find(selected, &parameter) - selected.begin();
+    if (place < Graph::maxTraces && place < std::ssize(selected))
+        return;
+    if (!m_before)
+        m_before = {selected, m_profile.displayOrder()};
+    m_profile.select([&](const ProfileParameter& each) {
+        return each.selected || each.fullName == parameter.fullName;
+    });
+    if (std::ssize(selected) >= Graph::maxTraces) {
+        // The graph shows only the first ones.
+        QStringList order{parameter.fullName};
+        for (const ProfileParameter* each : selected)
+            order << each->fullName;
+        m_profile.setDisplayOrder(order);
+    }
+    m_added << parameter.name;
+    emit signalSelectionChanged();
+    m_notice.showNotice(
+        tr("Added to the selected parameters: %1").arg(m_added.join(QStringLiteral(", "))),
+        tr("Undo"));
+}
+
+void GraphJump::undo()
+{
+    const Selection before = m_before.value_or(Selection());
+    forget();
+    m_profile.select([&](const ProfileParameter& parameter) {
+        return std::ranges::find(before.parameters, &parameter) != before.parameters.end();
+    });
+    m_profile.setDisplayOrder(before.order);
+    emit signalSelectionChanged();
+}
+
+void GraphJump::forget()
+{
+    m_before.reset();
+    m_added.clear();
+    m_notice.hide();
+}
+
+} // namespace KOLT
