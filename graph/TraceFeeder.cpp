@@ -131,6 +131,32 @@ void feedTrace(Graph& graph, int index, const Profile& profile, const ProfilePar
         feedSorted(trace, series, values);
 }
 
+void feedTraceWithin(Graph& graph, int index, const Profile& profile,
+                     const ProfileParameter& parameter, const DataSet& dataSet,
+                     const TimeRange& range)
+{
+    describeTrace(graph, index, profile, parameter);
+    GraphTrace& trace = graph.trace(index);
+    trace.clear();
+    const TraceSource source = graph.source(index);
+    const MessageSeries& series = seriesOf(dataSet.messages, parameter);
+    std::vector<const StoredSample*> samples;
+    for (const StoredSample& sample : series.around(range.start, range.end)) {
+        if (sample.seconds() >= range.start && sample.seconds() <= range.end)
+            samples.push_back(&sample);
+    }
+    std::ranges::stable_sort(samples, {}, [](const StoredSample* each) { return ticksOf(*each); });
+    const std::int64_t usual = std::max(gapFactor * usualSpacing(series), shortestGap - 1);
+    std::int64_t before = samples.empty() ? 0 : ticksOf(*samples.front());
+    for (const StoredSample* sample : samples) {
+        const double value = decodeNumber(sample->data, parameter) * source.factor + source.offset;
+        const std::int64_t ticks = ticksOf(*sample);
+        trace.append(sample->seconds(), plottable(value),
+                     ticks - before > usual ? SampleMark::AfterGap : SampleMark::Joined);
+        before = ticks;
+    }
+}
+
 void TraceFeeder::begin(const Profile& profile,
                         const std::vector<const ProfileParameter*>& parameters,
                         const DataSet& dataSet)

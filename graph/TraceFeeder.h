@@ -21,6 +21,12 @@ namespace KOLT {
 void feedTrace(Graph& graph, int index, const Profile& profile, const ProfileParameter& parameter,
                const DataSet& dataSet);
 
+/// As feedTrace(), with the samples within a time only, which it copies: O(those samples) where
+/// times ascend.
+void feedTraceWithin(Graph& graph, int index, const Profile& profile,
+                     const ProfileParameter& parameter, const DataSet& dataSet,
+                     const TimeRange& range);
+
 /// Fills all traces of a graph in short steps, so that the window stays responsive during long
 /// recordings.
 class TraceFeeder
