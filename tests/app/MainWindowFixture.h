@@ -140,6 +140,21 @@ protected:
         click(*m_window, "Confirm Selection");
     }
 
+    /// Lets the user choose the file of newProfile; `steps` are those up to its installation.
+    template <typename Steps>
+    bool installNewProfile(Steps&& steps)
+    {
+        const QString file = m_cards->filePath("new.xml");
+        ModalBoxes boxes;
+        boxes.answer(file);
+        boxes.answer("OK"); // installed
+        if (!writeFile(file, newProfile))
+            return false;
+        steps();
+        return boxes.isDone() &&
+               waitFor([this] { return profile().parameters().front().name == "New"; });
+    }
+
     const Profile& profile() const { return m_window->profile(); }
 
     const DataSet* dataSet() const { return m_window->card().dataSet(); }

@@ -249,8 +249,7 @@ void TestMainProject::profileInstallation()
 {
     using InstalledProfile::Result;
     const QByteArray before = readFile(InstalledProfile::path());
-    const QByteArray profile = "<KorvanProfile><Device name='E'><Parameter name='New' id='1'/>"
-                               "</Device></KorvanProfile>";
+    const QByteArray profile = newProfile;
     const QString file = m_cards->filePath("new.xml");
     for (const QByteArray& bad : {QByteArray("no xml"), QByteArray("<KoltProject/>"),
                                   QByteArray("<KorvanProfile/>"), profile.left(40)}) {

@@ -171,16 +171,10 @@ void TestMainWindow::preferencesReachTheWindow()
     QCOMPARE(m_window->findChild<QComboBox*>("unitSelector")->currentIndex(), 1);
     QCOMPARE(m_window->findChild<QTreeWidget*>("cyclesTree")->font().pixelSize(), 19);
 
-    const QString file = m_cards->filePath("new.xml");
-    QVERIFY(writeFile(file, "<KorvanProfile><Device name='E'><Parameter name='New' id='1'/>"
-                            "</Device></KorvanProfile>"));
-    ModalBoxes boxes;
-    boxes.answer(file);
-    boxes.answer("OK"); // installed
-    click(*dialog, "Choose...");
-    QTest::mouseClick(apply, Qt::LeftButton);
-    QVERIFY(boxes.isDone());
-    QCOMPARE(profile().parameters().front().name, "New");
+    QVERIFY(installNewProfile([&] {
+        click(*dialog, "Choose...");
+        QTest::mouseClick(apply, Qt::LeftButton);
+    }));
     dialog->findChild<QSpinBox*>()->setValue(12);
     QTest::mouseClick(apply, Qt::LeftButton);
 }
@@ -188,15 +182,8 @@ void TestMainWindow::preferencesReachTheWindow()
 void TestMainWindow::profileInstalledFromItsDialogIsRead()
 {
     QVERIFY(open());
-    const QString file = m_cards->filePath("new.xml");
-    QVERIFY(writeFile(file, "<KorvanProfile><Device name='E'><Parameter name='New' id='1'/>"
-                            "</Device></KorvanProfile>"));
-    ModalBoxes boxes;
-    boxes.answer(file);
-    boxes.answer("OK"); // installed
-    click(*m_window->findChild<DialogProfileInfo*>(), "Install Profile...");
-    QVERIFY(boxes.isDone());
-    QVERIFY(waitFor([this] { return profile().parameters().front().name == "New"; }));
+    QVERIFY(installNewProfile(
+        [this] { click(*m_window->findChild<DialogProfileInfo*>(), "Install Profile..."); }));
 }
 
 void TestMainWindow::statusBarKeepsItsText()
@@ -516,7 +503,7 @@ void TestMainWindow::findingIsShownInTheGraph()
     };
     const auto show = [&] { emit data->signalShowInGraph({"D/Fuel", 5.0, 8.0}); };
     show();
-    QVERIFY(widget->isVisible());
+    QVERIFY(widget->isVisible() && widget->hasFocus());
     QCOMPARE(data->time(), 5.0);
     QCOMPARE(widget->graph().markers(), (TimeRange{5.0, 8.0}));
     QVERIFY(waitFor([&] { return widget->graph().window() == TimeRange{-25.0, 38.0}; }));

@@ -126,9 +126,7 @@ void TestWriteFaults::initTestCase()
     QVERIFY(load());
     fly(0.0, 300.0);
     m_project.setProfile(&m_profile);
-    QVERIFY(writeFile(m_directory.filePath("new.xml"),
-                      "<KorvanProfile><Device name='E'><Parameter name='New' id='1'/></Device>"
-                      "</KorvanProfile>"));
+    QVERIFY(writeFile(m_directory.filePath("new.xml"), newProfile));
 }
 
 std::map<QByteArray, TestWriteFaults::Writer> TestWriteFaults::writers()

@@ -14,6 +14,10 @@ inline bool loadProfile(Profile& profile, const QByteArray& content, const QStri
            profile.loadProfil(path, variant);
 }
 
+/// The file of a profile whose only parameter is "New", to be installed.
+constexpr const char* newProfile =
+    "<KorvanProfile><Device name='E'><Parameter name='New' id='1'/></Device></KorvanProfile>";
+
 /// A profile with one device "D" that holds the parameters given as XML attributes.
 inline QByteArray device(std::initializer_list<QByteArray> parameters)
 {
