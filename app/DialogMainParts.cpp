@@ -19,6 +19,7 @@
 #include "app/dialogs/DialogProfileInfo.h"
 #include "app/settings/GraphSettingsStore.h"
 #include "app/settings/MapSettingsStore.h"
+#include "app/settings/PageSettingsStore.h"
 #include "app/settings/ProgramSettings.h"
 #include "app/settings/WindowState.h"
 #include "app/startup/Startup.h"
@@ -200,6 +201,10 @@ void DialogMain::connectPanels()
     connect(m_parts.map, &DialogDataMap::signalOpenSettings, this, [this] {
         m_dialogs->show(Command::Preferences);
         m_dialogs->preferences().focusTileServer();
+    });
+    connect(m_data, &DialogData::signalPageSettings, this, [this](const PageSettings& settings) {
+        storePageSettings(settings, m_settings);
+        m_settingsSaver.saveSoon();
     });
     connect(m_parts.map, &DialogDataMap::signalMessage, m_status, &StatusBar::showNotice);
     connect(m_parts.view, &DialogDataView::signalMessage, m_status, &StatusBar::showNotice);

@@ -1,6 +1,8 @@
 #include "app/GraphJump.h"
 
 #include "graph/ui/DialogDataGraph.h"
+#include "graph/ui/EpisodeCard.h"
+#include "graph/ui/WidgetGraphBase.h"
 #include "ui/NoticeBar.h"
 
 #include <algorithm>
@@ -19,6 +21,8 @@ GraphJump::GraphJump(Profile& profile, const DataWindow& parts, NoticeBar& notic
     , m_notice(notice)
 {
     connect(parts.window, &DialogData::signalShowInGraph, this, &GraphJump::show);
+    for (const EpisodeCard* card : parts.cards)
+        connect(card, &EpisodeCard::signalShowInGraph, this, &GraphJump::show);
     connect(&notice, &NoticeBar::signalAction, this, &GraphJump::undo);
 }
 
@@ -32,6 +36,7 @@ void GraphJump::show(const GraphTarget& target)
     m_parts.window->setTime(target.begin);
     m_parts.graph->showSpan({target.begin - secondsAround, target.end + secondsAround},
                             {target.begin, target.end}, target.parameter);
+    m_parts.graph->findChild<WidgetGraphBase*>()->setFocus(); // its keys go on from there
 }
 
 void GraphJump::select(const ProfileParameter& parameter)

@@ -1,6 +1,7 @@
 #include "analysis/ui/DialogData.h"
 
 #include "analysis/ui/DialogDataStatistic.h"
+#include "analysis/ui/DialogDataTable.h"
 #include "analysis/ui/DialogEventList.h"
 #include "analysis/ui/MapSplitter.h"
 #include "analysis/ui/PageTabs.h"
@@ -100,6 +101,14 @@ void DialogData::setListSettings(const ListSettings& settings)
     for (DialogEventList* list : m_lists)
         list->setSettings(settings);
     m_faults->setSettings(settings);
+}
+
+void DialogData::setPageSettings(const PageSettings& settings)
+{
+    m_pageSettings = settings;
+    m_table->setClockShown(settings.hasClock);
+    for (DialogEventList* list : m_lists)
+        list->setCardPercent(settings.cardPercent);
 }
 
 void DialogData::showCurrentPage()

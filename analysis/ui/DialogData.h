@@ -1,6 +1,7 @@
 #pragma once
 
 #include "analysis/GraphTarget.h"
+#include "analysis/PageSettings.h"
 #include "analysis/Replay.h"
 #include "analysis/ui/DataPages.h"
 
@@ -23,7 +24,9 @@ class QToolButton;
 namespace KOLT {
 
 class DialogDataStatistic;
+class DialogDataTable;
 class DialogEventList;
+class EpisodeView;
 class MapSplitter;
 class PageTabs;
 class Profile;
@@ -55,12 +58,20 @@ public:
         return {widget, widget};
     }
 
-    /// The pages of other rooms. The window takes ownership of the widgets.
+    /// A card below a list, as both of what it is.
+    struct HostedCard
+    {
+        EpisodeView* view = nullptr;
+        QWidget* widget = nullptr;
+    };
+
+    /// The pages and cards of other rooms. The window takes ownership of the widgets.
     struct HostedPages
     {
         HostedPage graph;
         HostedPage emuView;
         HostedPage map;
+        std::array<HostedCard, 2> cards{}; ///< below the exceedances and below the lamps; or none
     };
 
     /// EmuOnly shows only the instruments, the date and the replay buttons.
@@ -78,6 +89,7 @@ public:
     /// To be called after such a change.
     void refresh(DataPage::Changes changes);
     void setListSettings(const ListSettings& settings);
+    void setPageSettings(const PageSettings& settings);
     /// Shows what is found in the data set, until other data are set.
     void setTrust(const std::shared_ptr<const RecordingTrust>& trust);
     /// Goes to a moment of the data set.
@@ -130,6 +142,8 @@ signals:
     void signalMapPlaced();
     /// The user wants to see an exceedance, lamp or fault in the graph.
     void signalShowInGraph(const KOLT::GraphTarget& target);
+    /// The user changed them.
+    void signalPageSettings(const KOLT::PageSettings& settings);
 
 public slots:
     // In the order of their senders: controls, hosted pages, own pages.
@@ -155,6 +169,7 @@ private:
     QBoxLayout* createTopRow();
     QToolButton* createMapButton(int type, const QString& icon, const QString& tip);
     void createPages(const Profile& profile, const HostedPages& pages);
+    void connectPages();
     void createReplayBar(Display display);
     bool hasData() const;
     void dropData();
@@ -167,6 +182,8 @@ private:
     QTimer m_timer;
     DataPages m_pages;
     std::array<DialogEventList*, 2> m_lists{}; ///< exceedances, and lamps
+    PageSettings m_pageSettings;
+    DialogDataTable* m_table = nullptr;
     WidgetFaultMatrix* m_faults = nullptr;
     DialogDataStatistic* m_statistic = nullptr;
     PageTabs* m_tabs = nullptr;

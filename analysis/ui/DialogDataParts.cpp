@@ -79,15 +79,19 @@ void DialogData::createFrontButton(QBoxLayout& row)
 
 void DialogData::createPages(const Profile& profile, const HostedPages& pages)
 {
-    auto* const table = new DialogDataTable(profile);
+    m_table = new DialogDataTable(profile);
     m_faults = new WidgetFaultMatrix(profile);
     auto* const limits = new DialogDataLimit(profile);
     auto* const lamps = new DialogDataWarning(profile);
     m_lists = {limits, lamps};
+    for (std::size_t i = 0; i < m_lists.size(); ++i) {
+        if (pages.cards[i].widget != nullptr)
+            m_lists[i]->setCard(pages.cards[i].view, pages.cards[i].widget);
+    }
     m_statistic = new DialogDataStatistic;
     // In the order of the tabs.
     const std::pair<Page, HostedPage> tabbed[] = {
-        {Page::Table, hosted(table)},          {Page::Graph, pages.graph},
+        {Page::Table, hosted(m_table)},        {Page::Graph, pages.graph},
         {Page::FaultMatrix, hosted(m_faults)}, {Page::Limit, hosted(limits)},
         {Page::WarningLamps, hosted(lamps)},   {Page::Statistic, hosted(m_statistic)},
         {Page::EmuView, pages.emuView}};
@@ -101,13 +105,29 @@ void DialogData::createPages(const Profile& profile, const HostedPages& pages)
     m_loading->setTextFormat(Qt::PlainText); // names of files may look like markup
     m_loading->setAlignment(Qt::AlignCenter);
     m_stack->addWidget(m_loading);
-    connect(table, &DialogDataTable::signalTime, this, &DialogData::slotTableTime);
+    connectPages();
+}
+
+void DialogData::connectPages()
+{
+    connect(m_table, &DialogDataTable::signalTime, this, &DialogData::slotTableTime);
     connect(m_faults, &WidgetFaultMatrix::signalTime, this, &DialogData::slotFaultTime);
     connect(m_faults, &WidgetFaultMatrix::signalShowInGraph, this, &DialogData::signalShowInGraph);
+    connect(m_table, &DialogDataTable::signalClockShown, this, [this](bool isShown) {
+        m_pageSettings.hasClock = isShown;
+        emit signalPageSettings(m_pageSettings);
+    });
+    const auto& [limits, lamps] = m_lists;
     connect(limits, &DialogEventList::signalTime, this, &DialogData::slotLimitTime);
     connect(lamps, &DialogEventList::signalTime, this, &DialogData::slotWarningTime);
-    for (const DialogEventList* list : m_lists)
+    for (const DialogEventList* list : m_lists) {
         connect(list, &DialogEventList::signalShowInGraph, this, &DialogData::signalShowInGraph);
+        connect(list, &DialogEventList::signalCardPercent, this, [this](int percent) {
+            m_pageSettings.cardPercent = percent;
+            setPageSettings(m_pageSettings);
+            emit signalPageSettings(m_pageSettings);
+        });
+    }
 }
 
 void DialogData::createReplayBar(Display display)

@@ -13,7 +13,10 @@
 #include <QAction>
 #include <QLabel>
 #include <QLineEdit>
+#include <QSplitter>
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 namespace KOLT {
 
@@ -46,7 +49,11 @@ DialogEventList::DialogEventList(const Profile& profile, EventScope scope, const
     auto* const layout = new QVBoxLayout(page);
     layout->setContentsMargins(pageMargin, pageMargin, pageMargin, pageMargin);
     layout->addWidget(m_filter);
-    layout->addWidget(m_table);
+    m_splitter = new QSplitter(Qt::Vertical, page);
+    m_splitter->addWidget(m_table);
+    m_splitter->setChildrenCollapsible(false);
+    connect(m_splitter, &QSplitter::splitterMoved, this, &DialogEventList::noteCardSize);
+    layout->addWidget(m_splitter, 1);
     layout->addWidget(m_hint);
     m_shown = new ContentOrNote(this, page);
     showData(Change::Data);
@@ -91,10 +98,68 @@ void DialogEventList::createMenu()
     m_table->addActions({graphAction, copyAction, saveAction});
 }
 
+void DialogEventList::setCard(EpisodeView* card, QWidget* widget)
+{
+    m_card = card;
+    m_splitter->addWidget(widget);
+    widget->hide();
+}
+
+void DialogEventList::setCardPercent(int percent)
+{
+    m_cardPercent = percent;
+    placeCard();
+}
+
+void DialogEventList::placeCard()
+{
+    m_splitter->setSizes({m_splitter->height() * (100 - m_cardPercent) / 100,
+                          m_splitter->height() * m_cardPercent / 100});
+}
+
+void DialogEventList::noteCardSize()
+{
+    const QList<int> sizes = m_splitter->sizes();
+    const int sum = std::max(sizes.front() + sizes.back(), 1);
+    m_cardPercent = (200 * sizes.back() + sum) / (2 * sum);
+    emit signalCardPercent(m_cardPercent);
+}
+
 void DialogEventList::dropData()
 {
+    dropEpisode();
     m_table->setEvents({});
+    m_episodes.reset();
     m_events.reset();
+}
+
+void DialogEventList::dropEpisode()
+{
+    m_episode = nullptr;
+    if (m_card == nullptr)
+        return;
+    m_card->clear();
+    m_splitter->widget(1)->hide();
+}
+
+void DialogEventList::showEpisode()
+{
+    const Event* const event = m_table->currentEvent();
+    const Episode* const episode = event != nullptr && m_episodes != nullptr
+                                       ? m_episodes->episodeOf(*event->parameter, event->seconds)
+                                       : nullptr;
+    if (episode == m_episode)
+        return;
+    if (episode == nullptr) {
+        dropEpisode();
+        return;
+    }
+    m_episode = episode;
+    m_card->showEpisode(*dataSet(), *episode);
+    if (m_splitter->widget(1)->isHidden()) {
+        m_splitter->widget(1)->show();
+        placeCard();
+    }
 }
 
 void DialogEventList::showData(Changes changes)
@@ -106,6 +171,9 @@ void DialogEventList::showData(Changes changes)
     dropData();
     if (dataSet() != nullptr)
         m_events = eventsOf(m_profile, *dataSet(), m_scope);
+    // Now, so that the card appears at once.
+    if (dataSet() != nullptr && m_card != nullptr)
+        m_episodes = episodesOf(m_profile, *dataSet());
     fillTable();
     const QString text = hint();
     m_hint->setText(text);
@@ -156,13 +224,16 @@ void DialogEventList::fillTable()
 void DialogEventList::showTime()
 {
     m_table->showTime(time());
+    showEpisode();
 }
 
 void DialogEventList::slotSelect()
 {
     const QList<QTableWidgetItem*> selected = m_table->selectedItems();
-    if (!m_table->isChanging() && !selected.isEmpty())
-        report(selected.front()->row());
+    if (m_table->isChanging() || selected.isEmpty())
+        return;
+    showEpisode();
+    report(selected.front()->row());
 }
 
 void DialogEventList::report(int row)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "analysis/EpisodeView.h"
 #include "analysis/Findings.h"
 #include "analysis/GraphTarget.h"
 #include "analysis/ListSettings.h"
@@ -9,6 +10,7 @@
 
 class QLabel;
 class QLineEdit;
+class QSplitter;
 
 namespace KOLT {
 
@@ -24,11 +26,20 @@ class DialogEventList : public QWidget, public DataPage
 public:
     void setSettings(const ListSettings& settings) { m_settings = settings; }
 
+    /// Takes the card that shows the episode of the current line, below the list. To be called
+    /// once.
+    void setCard(EpisodeView* card, QWidget* widget);
+
+    /// The card's share of the height.
+    void setCardPercent(int percent);
+
 signals:
     /// The user picked a row: its time in seconds, a whole number of milliseconds.
     void signalTime(double seconds);
     /// The user wants to see the current row in the graph.
     void signalShowInGraph(const KOLT::GraphTarget& target);
+    /// The user moved the edge between list and card.
+    void signalCardPercent(int percent);
 
 protected:
     DialogEventList(const Profile& profile, EventScope scope, const QString& heading,
@@ -49,6 +60,10 @@ private:
     /// A line for the tool tip; empty for an event beyond the end of the list.
     QString episodeOf(const Event& event) const;
     void report(int row);
+    void showEpisode();
+    void dropEpisode();
+    void placeCard();
+    void noteCardSize();
     void showInGraph();
     void save();
 
@@ -56,6 +71,11 @@ private:
     EventScope m_scope;
     ListSettings m_settings;
     EventList m_events;
+    EpisodeList m_episodes;
+    const Episode* m_episode = nullptr; ///< on the card
+    EpisodeView* m_card = nullptr;      ///< may be null
+    int m_cardPercent = 50;
+    QSplitter* m_splitter = nullptr; ///< list and card
     QLineEdit* m_filter = nullptr;
     EventTable* m_table = nullptr;
     QLabel* m_hint = nullptr;

@@ -3,6 +3,7 @@
 #include "app/settings/GraphSettingsStore.h"
 #include "app/settings/InstalledProfile.h"
 #include "app/settings/MapSettingsStore.h"
+#include "app/settings/PageSettingsStore.h"
 #include "app/settings/SettingsStore.h"
 #include "app/settings/WindowState.h"
 #include "tests/support/TestFiles.h"
@@ -24,6 +25,7 @@ private slots:
     void lists();
     void window_data();
     void window();
+    void pages();
     void newestProfile_data();
     void newestProfile();
 
@@ -142,6 +144,15 @@ void TestRoomSettings::window()
     SettingsStore broken;
     broken.setText(key, value);
     QVERIFY(loadWindowState(broken) == WindowState());
+void TestRoomSettings::pages()
+{
+    SettingsStore stored;
+    SettingsStore file;
+    storePageSettings({true, 65}, stored);
+    saveAndLoad(stored, file);
+    QCOMPARE(loadPageSettings(file), (PageSettings{true, 65}));
+    file.setText("ListCardPercent", "7000");
+    QCOMPARE(loadPageSettings(file).cardPercent, 90);
 }
 
 void TestRoomSettings::newestProfile_data()

@@ -1,0 +1,144 @@
+#include "graph/ui/EpisodeCard.h"
+
+#include "analysis/EpisodeFigures.h"
+#include "graph/ScenePainter.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QFontMetricsF>
+#include <QLabel>
+#include <QPainter>
+#include <QScrollArea>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+namespace KOLT {
+
+namespace {
+
+constexpr int margin = 3;
+constexpr QSize leastGraph(120, 90);
+constexpr int wideCharacters = 60; ///< a wider card has the graph beside the figures
+
+QToolButton* createButton(QWidget& card, const QString& icon, const QString& text)
+{
+    auto* const button = new QToolButton(&card);
+    button->setIcon(QIcon(QStringLiteral(":/icons/%1.svg").arg(icon)));
+    button->setText(text);
+    button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    button->setAutoRaise(true);
+    return button;
+}
+
+/// The figures as a table; names from the profile are shown literally.
+QString tableOf(const std::vector<EpisodeFigure>& figures)
+{
+    QString text = QStringLiteral("<table cellspacing='0' cellpadding='1'>");
+    for (const EpisodeFigure& figure : figures)
+        text += QStringLiteral("<tr><td>%1:&nbsp;</td><td><b>%2</b></td></tr>")
+                    .arg(figure.label.toHtmlEscaped(), figure.text.toHtmlEscaped());
+    return text + QStringLiteral("</table>");
+}
+
+} // namespace
+
+EpisodeGraph::EpisodeGraph(QWidget* parent)
+    : QWidget(parent)
+{
+    setMinimumSize(leastGraph);
+    setAccessibleName(EpisodeCard::tr("Graph of the episode"));
+}
+
+void EpisodeGraph::paintEvent(QPaintEvent* /*event*/)
+{
+    const QFontMetricsF metrics(font());
+    QPainter painter(this);
+    const GraphScene scene =
+        m_picture.scene(size(), {metrics.height(), metrics.horizontalAdvance(QLatin1Char('0'))},
+                        devicePixelRatioF());
+    paintScene(painter, scene, size());
+}
+
+EpisodeCard::EpisodeCard(const Profile& profile, QWidget* parent)
+    : QWidget(parent)
+    , m_profile(profile)
+{
+    m_title = new QLabel(this);
+    m_title->setTextFormat(Qt::PlainText);
+    m_title->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred); // must not widen the page
+    QFont bold = m_title->font();
+    bold.setBold(true);
+    m_title->setFont(bold);
+    m_figures = new QLabel;
+    m_figures->setTextFormat(Qt::RichText);
+    m_figures->setWordWrap(true);
+    m_figures->setAlignment(Qt::AlignTop | Qt::AlignLeft);
+    m_figures->setMargin(margin);
+    m_figures->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    auto* const area = new QScrollArea(this);
+    area->setWidget(m_figures);
+    area->setWidgetResizable(true);
+    m_graph = new EpisodeGraph(this);
+    m_content = new QBoxLayout(QBoxLayout::TopToBottom);
+    m_content->addWidget(area, 1);
+    m_content->addWidget(m_graph, 1);
+    auto* const layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addLayout(createButtons());
+    layout->addLayout(m_content, 1);
+}
+
+QBoxLayout* EpisodeCard::createButtons()
+{
+    auto* const graphButton = createButton(*this, QStringLiteral("tab-graph"), tr("Show in graph"));
+    connect(graphButton, &QToolButton::clicked, this, &EpisodeCard::showInGraph);
+    auto* const copyButton = createButton(*this, QStringLiteral("copy"), tr("Copy"));
+    copyButton->setToolTip(tr("Copy the figures of the episode"));
+    connect(copyButton, &QToolButton::clicked, this, &EpisodeCard::copy);
+    auto* const row = new QHBoxLayout;
+    row->addWidget(m_title, 1);
+    row->addWidget(graphButton);
+    row->addWidget(copyButton);
+    return row;
+}
+
+void EpisodeCard::showEpisode(const DataSet& dataSet, const Episode& episode)
+{
+    m_episode = &episode;
+    m_title->setText(titleOf(episode));
+    m_title->setToolTip(m_title->text().toHtmlEscaped());
+    m_figures->setText(tableOf(figuresOf(m_profile, episode)));
+    m_graph->picture().show(m_profile, dataSet, episode);
+    m_graph->update();
+}
+
+void EpisodeCard::clear()
+{
+    m_episode = nullptr;
+    m_graph->picture().clear();
+    m_graph->update();
+}
+
+void EpisodeCard::resizeEvent(QResizeEvent* event)
+{
+    QWidget::resizeEvent(event);
+    const bool isWide = width() > wideCharacters * fontMetrics().averageCharWidth();
+    m_content->setDirection(isWide ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
+}
+
+void EpisodeCard::showInGraph()
+{
+    if (m_episode == nullptr)
+        return;
+    const ProfileParameter* const parameter =
+        m_episode->peak ? m_episode->peak->parameter : m_episode->parameters.front();
+    emit signalShowInGraph({parameter->fullName, m_episode->begin, m_episode->end});
+}
+
+void EpisodeCard::copy() const
+{
+    if (m_episode != nullptr)
+        QApplication::clipboard()->setText(figuresText(m_profile, *m_episode));
+}
+
+} // namespace KOLT
