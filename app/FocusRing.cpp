@@ -17,6 +17,7 @@ public:
     explicit Ring(QWidget* parent)
         : QWidget(parent)
     {
+        setObjectName(QStringLiteral("focusRing"));
         setAttribute(Qt::WA_TransparentForMouseEvents);
         setFocusPolicy(Qt::NoFocus);
         hide();

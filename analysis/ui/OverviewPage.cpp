@@ -19,6 +19,7 @@ constexpr int flightRole = Qt::UserRole + 1;
 constexpr int wholeCycle = -1;
 constexpr int wholePercent = 100;
 constexpr int worstCharacters = 18;
+constexpr int leastWorstCharacters = 10;
 constexpr int indentation = 14;
 constexpr int columnPadding = 2;
 
@@ -278,9 +279,11 @@ void OverviewPage::fitColumns()
         m_tree->setColumnWidth(column, m_tree->columnWidth(column) + columnPadding);
         width += m_tree->columnWidth(column);
     }
-    width += m_tree->fontMetrics().averageCharWidth() * worstCharacters;
+    const int character = m_tree->fontMetrics().averageCharWidth();
     for (const OverviewTable::Column column : expendable) {
-        if (width <= m_tree->viewport()->width())
+        // When it was is worth more than all of the worst.
+        const int worst = column == OverviewTable::Time ? leastWorstCharacters : worstCharacters;
+        if (width + character * worst <= m_tree->viewport()->width())
             break;
         width -= m_tree->columnWidth(column);
         m_tree->setColumnHidden(column, true);

@@ -5,6 +5,7 @@ namespace KOLT {
 namespace {
 
 constexpr QSize tabIconSize(16, 16);
+constexpr int spareRoom = 12;
 
 } // namespace
 
@@ -22,6 +23,11 @@ void PageTabs::add(const QString& icon, const QString& text)
 {
     const int tab = addTab(QIcon(QStringLiteral(":/icons/%1.svg").arg(icon)), text);
     setTabToolTip(tab, text); // for a tab that is scrolled half out of sight
+}
+
+QSize PageTabs::tabSizeHint(int index) const
+{
+    return QTabBar::tabSizeHint(index) - QSize(spareRoom, 0);
 }
 
 } // namespace KOLT

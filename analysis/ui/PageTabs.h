@@ -12,6 +12,10 @@ public:
 
     /// `icon` is the name of an icon in the resources.
     void add(const QString& icon, const QString& text);
+
+protected:
+    /// Without the room that the style leaves beside the padding of the style sheet.
+    QSize tabSizeHint(int index) const override;
 };
 
 } // namespace KOLT

@@ -11,6 +11,7 @@
 #include <QPainter>
 #include <QSignalBlocker>
 #include <QStackedLayout>
+#include <QStyledItemDelegate>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -26,7 +27,9 @@ constexpr QColor headingColor(195, 171, 99);
 
 enum Column { textColumn, markColumn };
 
-constexpr int markPadding = 6;
+constexpr int markPadding = 4;
+constexpr int linePadding = 12; ///< around icon and text
+constexpr int indentation = 14;
 constexpr std::size_t mostSentences = 6; ///< in a tool tip
 
 /// A tree whose day headings are filled over the full width, and whose marks can be clicked.
@@ -77,6 +80,31 @@ private:
     OnMark m_onMark;
 };
 
+/// Closes the gap behind the name where the marks, or a narrow list, would cut the end of the line,
+/// which is the duration.
+class LineDelegate : public QStyledItemDelegate
+{
+public:
+    explicit LineDelegate(QTreeWidget& tree)
+        : QStyledItemDelegate(&tree)
+        , m_tree(tree)
+    {
+    }
+
+protected:
+    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override
+    {
+        QStyledItemDelegate::initStyleOption(option, index);
+        const int needed = option->decorationSize.width() +
+                           option->fontMetrics.horizontalAdvance(option->text) + linePadding;
+        if (!m_tree.isColumnHidden(markColumn) || needed > option->rect.width())
+            option->text = option->text.simplified();
+    }
+
+private:
+    QTreeWidget& m_tree;
+};
+
 TrustMark markOf(TrustSeverity severity)
 {
     switch (severity) {
@@ -122,6 +150,8 @@ CardList::CardList(QWidget* parent)
 void CardList::createColumns()
 {
     m_tree->setHeaderHidden(true);
+    m_tree->setIndentation(indentation);
+    m_tree->setItemDelegateForColumn(textColumn, new LineDelegate(*m_tree));
     m_tree->setColumnCount(2);
     m_tree->setAllColumnsShowFocus(true);
     QHeaderView* const header = m_tree->header();

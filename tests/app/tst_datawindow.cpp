@@ -320,6 +320,38 @@ void TestDataWindow::momentsBeyondADay()
     m_window->setData(m_dataSet);
     child<QTimeEdit>()->setTime(QTime(6, 30));
     QCOMPARE(m_window->time(), 30.5 * 3600.0);
+    // The field means the nearest matching time within the data, and else their start or end.
+    constexpr double hour = 3600.0;
+    m_dataSet.stopSeconds = 80 * hour;
+    m_window->setData(m_dataSet);
+
+    const struct
+    {
+        double from; ///< hours
+        QTime typed;
+        double to;
+    } moves[] = {{50, {2, 30}, 50.5},
+                 {47, {1, 0}, 49},
+                 {49, {23, 0}, 47},
+                 {31, {5, 0}, 53},
+                 {79, {9, 0}, 57}};
+
+    for (const auto& [from, typed, to] : moves) {
+        m_window->setTime(from * hour);
+        child<QTimeEdit>()->setTime(typed);
+        QCOMPARE(m_window->time() / hour, to);
+    }
+    m_dataSet.stopSeconds = 31 * hour;
+    m_window->setData(m_dataSet);
+    for (const auto& [typed, to] : {std::pair(QTime(9, 0), 31), {QTime(5, 0), 30}}) {
+        child<QTimeEdit>()->setTime(typed);
+        QCOMPARE(m_window->time() / hour, double(to));
+        QCOMPARE(child<QTimeEdit>()->time(), QTime(to - 24, 0));
+    }
+    child<QTimeEdit>()->setCurrentSection(QTimeEdit::SecondSection);
+    m_window->setTime(30.5 * hour - 1.0);
+    child<QTimeEdit>()->stepUp(); // carries over
+    QCOMPARE(m_window->time(), 30.5 * hour);
     QCOMPARE(dateTimeText(m_dataSet.dateTime, m_window->time()), "29.07.2026 20:30:00");
 }
 
