@@ -21,6 +21,13 @@
     </message>
 </context>
 <context>
+    <name>GraphAction</name>
+    <message>
+        <source>Show in graph</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>KOLT::BandScroll</name>
     <message>
         <source>Traces in view</source>
@@ -619,7 +626,7 @@ Verwenden Sie einen Namen mit der Endung .bmp, .png oder .jpg.</translation>
     </message>
     <message>
         <source>Marked figures</source>
-        <translation type="unfinished"></translation>
+        <translation>Markierte Werte</translation>
     </message>
 </context>
 <context>
@@ -687,6 +694,14 @@ Select fewer, or export the data as a CSV file.</source>
         <translation>Nicht kopiert: mehr als %L1 Zellen sind ausgewählt.
 Wählen Sie weniger oder exportieren Sie die Daten als CSV-Datei.</translation>
     </message>
+    <message>
+        <source>Clock time</source>
+        <translation>Uhrzeit</translation>
+    </message>
+    <message>
+        <source>Show the clock time beside the time on the unit&apos;s counter</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>KOLT::DialogDataView</name>
@@ -711,7 +726,7 @@ Wählen Sie weniger oder exportieren Sie die Daten als CSV-Datei.</translation>
     </message>
     <message>
         <source>The instruments at the current moment</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Instrumente zum aktuellen Zeitpunkt</translation>
     </message>
 </context>
 <context>
@@ -1397,6 +1412,10 @@ ist nicht mehr vorhanden und wurde aus der Liste entfernt. Liegt er auf einer SD
         <source>Show only devices and parameters with this text in their name</source>
         <translation>Nur Geräte und Parameter mit diesem Text im Namen zeigen</translation>
     </message>
+    <message>
+        <source>The loaded data have no samples of it</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>KOLT::DialogProfileChanges</name>
@@ -1579,6 +1598,108 @@ In dieser Aufzeichnung wurde nichts Zweifelhaftes gefunden.</translation>
     </message>
 </context>
 <context>
+    <name>KOLT::EpisodeCard</name>
+    <message>
+        <source>Graph of the episode</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Show in graph</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>Kopieren</translation>
+    </message>
+    <message>
+        <source>Copy the figures of the episode</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>KOLT::EpisodeFigures</name>
+    <message>
+        <source>%L1 s</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>at least %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Peak</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 at %2, %3</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Begin</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>End</source>
+        <translation>Ende</translation>
+    </message>
+    <message>
+        <source>Duration</source>
+        <translation>Dauer</translation>
+    </message>
+    <message>
+        <source>Beyond warning</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Beyond limit</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Crossings</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Phase</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Engine speed</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Throttle</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Altitude</source>
+        <translation>Höhe</translation>
+    </message>
+    <message>
+        <source>Ground speed</source>
+        <translation>Geschwindigkeit über Grund</translation>
+    </message>
+    <message>
+        <source>Of its group</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>limit</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>warning</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>lamp</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Time beyond levels</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>KOLT::EventTable</name>
     <message>
         <source>Time</source>
@@ -1731,6 +1852,73 @@ Motordrehzahl: %3</translation>
     </message>
 </context>
 <context>
+    <name>KOLT::FaultListModel</name>
+    <message>
+        <source>until the end of the data</source>
+        <translation>bis zum Ende der Daten</translation>
+    </message>
+    <message>
+        <source>Info</source>
+        <translation>Info</translation>
+    </message>
+    <message>
+        <source>Warning</source>
+        <translation>Warnung</translation>
+    </message>
+    <message>
+        <source>Fault</source>
+        <translation>Fehler</translation>
+    </message>
+    <message>
+        <source>No class</source>
+        <translation>Ohne Klasse</translation>
+    </message>
+    <message>
+        <source>%L1 s</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Begin</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Duration</source>
+        <translation>Dauer</translation>
+    </message>
+    <message>
+        <source>End</source>
+        <translation>Ende</translation>
+    </message>
+    <message>
+        <source>Class</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Begin [s]</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Date</source>
+        <translation>Datum</translation>
+    </message>
+    <message>
+        <source>Clock time</source>
+        <translation>Uhrzeit</translation>
+    </message>
+    <message>
+        <source>End [s]</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Duration [s]</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Message</source>
+        <translation>Nachricht</translation>
+    </message>
+</context>
+<context>
     <name>KOLT::FaultSnapshot</name>
     <message>
         <source>Fault %1, set at %2 (%3), for %4</source>
@@ -1783,6 +1971,25 @@ Motordrehzahl: %3</translation>
     <message>
         <source>What changed</source>
         <translation>Was sich änderte</translation>
+    </message>
+</context>
+<context>
+    <name>KOLT::FaultTable</name>
+    <message>
+        <source>Occurrences of the faults</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>Kopieren</translation>
+    </message>
+    <message>
+        <source>Save list as CSV</source>
+        <translation>Liste als CSV sichern</translation>
+    </message>
+    <message>
+        <source>CSV Files (*.csv)</source>
+        <translation>CSV-Dateien (*.csv)</translation>
     </message>
 </context>
 <context>
@@ -1881,6 +2088,17 @@ Motordrehzahl: %3</translation>
     <message>
         <source>Auto</source>
         <translation>Auto</translation>
+    </message>
+</context>
+<context>
+    <name>KOLT::GraphJump</name>
+    <message>
+        <source>Added to the selected parameters: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -2224,7 +2442,7 @@ Bitte prüfen Sie, ob der Ordner beschreibbar und nicht voll ist, oder sichern S
     </message>
     <message>
         <source>Overview</source>
-        <translation type="unfinished"></translation>
+        <translation>Übersicht</translation>
     </message>
 </context>
 <context>
@@ -2864,7 +3082,7 @@ ist kein KOLT-Projekt. Die gewählten Parameter bleiben, wie sie sind.</translat
     </message>
     <message>
         <source>Holes, jumps and doubled times over the loaded data; the window Recording lists them</source>
-        <translation type="unfinished"></translation>
+        <translation>Lücken, Sprünge und doppelte Zeiten in den geladenen Daten; das Fenster Aufzeichnung listet sie auf</translation>
     </message>
 </context>
 <context>
@@ -2979,6 +3197,10 @@ ist kein KOLT-Projekt. Die gewählten Parameter bleiben, wie sie sind.</translat
     <message>
         <source>Time</source>
         <translation>Zeit</translation>
+    </message>
+    <message>
+        <source>Clock time</source>
+        <translation>Uhrzeit</translation>
     </message>
 </context>
 <context>
@@ -3294,22 +3516,6 @@ ist kein KOLT-Projekt. Die gewählten Parameter bleiben, wie sie sind.</translat
 <context>
     <name>KOLT::WidgetErrorTime</name>
     <message>
-        <source>Info</source>
-        <translation>Info</translation>
-    </message>
-    <message>
-        <source>Warning</source>
-        <translation>Warnung</translation>
-    </message>
-    <message>
-        <source>Fault</source>
-        <translation>Fehler</translation>
-    </message>
-    <message>
-        <source>No class</source>
-        <translation>Ohne Klasse</translation>
-    </message>
-    <message>
         <source>%1
 Class: %2
 Message %3, byte %4, bit %5
@@ -3329,15 +3535,11 @@ Links und Rechts gehen zum Auftreten davor und danach</translation>
     </message>
     <message>
         <source>Fault, with its occurrences over the loaded data</source>
-        <translation type="unfinished"></translation>
+        <translation>Fehler mit seinem Auftreten in den geladenen Daten</translation>
     </message>
 </context>
 <context>
     <name>KOLT::WidgetFaultMatrix</name>
-    <message>
-        <source>Only active</source>
-        <translation>Nur aktive</translation>
-    </message>
     <message>
         <source>Hide faults that never occurred in the loaded data</source>
         <translation>Fehler ausblenden, die in den geladenen Daten nie auftraten</translation>
@@ -3353,6 +3555,18 @@ Links und Rechts gehen zum Auftreten davor und danach</translation>
     <message>
         <source>%1 of %2 faults occurred</source>
         <translation>%1 von %2 Fehlern aufgetreten</translation>
+    </message>
+    <message>
+        <source>Filter the faults</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Show only faults with this text in their name or class</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Only faults that occurred</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
