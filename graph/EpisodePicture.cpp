@@ -91,7 +91,7 @@ GraphScene EpisodePicture::scene(const QSizeF& size, const GraphMetrics& metrics
     drawMargins(pen, m_graph);
     const int decimals = m_graph.shownDecimals(0);
     drawValueAxis(pen, m_graph, m_graph.commonScale(), decimals);
-    drawTimeAxis(pen, m_graph);
+    drawTimeAxis(pen, m_graph, PlotLayout(m_graph));
     for (int i = m_ownTraces; i < m_graph.traceCount(); ++i)
         drawWithWidth(pen, m_graph, i, thin, pixelRatio);
     for (int i = std::min(m_ownTraces, m_graph.traceCount()) - 1; i >= 0; --i)
