@@ -82,18 +82,18 @@
     <style name="scale" height="8" labelSize="13" size="18"/>
 
     <!-- engine speed -->
-    <rectangle style="card" x="4" y="4" width="148" height="142"/>
-    <gauge x="78" y="73.08" radius="63" value="rpm" min="0" max="6500" major="1000"
+    <rectangle style="card" x="4" y="4" width="142" height="142"/>
+    <gauge x="75" y="72.84" radius="62" value="rpm" min="0" max="6500" major="1000"
            minor="500" labelScale="1000" format="%.0f" state="rpmState" size="24"
            labelSize="14" label="RPM">
         <steps of="ECU Lane A/Engine Speed" or="Engine Speed"/>
         <mark at="rpmLimit" color="red"/>
     </gauge>
-    <text x="78" y="50.4" size="13" align="center" color="dim" text="x 1000"/>
+    <text x="75" y="50.52" size="13" align="center" color="dim" text="x 1000"/>
 
     <!-- manifold pressure -->
-    <rectangle style="card" x="156" y="4" width="148" height="142"/>
-    <gauge x="230" y="73.08" radius="63" value="map * hPa"
+    <rectangle style="card" x="150" y="4" width="142" height="142"/>
+    <gauge x="221" y="72.84" radius="62" value="map * hPa"
            min="imperial ? 10 : 200" max="mapEnd * hPa" major="imperial ? 10 : 200"
            minor="imperial ? 5 : 100" labelScale="imperial ? 1 : 100"
            format="=imperial ? '%.1f' : '%.0f'" state="mapState" size="24"
@@ -101,36 +101,36 @@
         <steps of="ECU Lane A/Manifold Pressure" or="Manifold Pressure" factor="hPa"/>
         <mark at="mapLimit * hPa" color="red"/>
     </gauge>
-    <text x="230" y="50.4" size="13" align="center" color="dim" visible="not imperial" text="x 100"/>
+    <text x="221" y="50.52" size="13" align="center" color="dim" visible="not imperial" text="x 100"/>
 
     <!-- oil, coolant, electrical system, fuel pressure -->
-    <rectangle style="card" x="308" y="4" width="288" height="142"/>
-    <bar style="scale" x="314" y="38" width="134" label="OIL TEMP" unit="=imperial ? '°F' : '°C'"
+    <rectangle style="card" x="296" y="4" width="330" height="142"/>
+    <bar style="scale" x="302" y="38" width="155" label="OIL TEMP" unit="=imperial ? '°F' : '°C'"
          value="oilTemp" digits="oilTemp * degree + zero" format="%.0f"
          min="0" max="150" state="oilTempState">
         <steps of="ECU Lane A/Oil Temperature" or="Oil Temperature"/>
     </bar>
-    <bar style="scale" x="314" y="83" width="134" label="OIL PRESS" unit="=imperial ? 'psi' : 'bar'"
+    <bar style="scale" x="302" y="83" width="155" label="OIL PRESS" unit="=imperial ? 'psi' : 'bar'"
          value="oilPress" digits="oilPress * bar" format="=imperial ? '%.0f' : '%.1f'"
          min="0" max="8" state="oilPressState">
         <steps of="ECU Lane A/Oil Pressure" or="Oil Pressure"/>
     </bar>
-    <bar style="scale" x="314" y="128" width="134" label="COOLANT" unit="=imperial ? '°F' : '°C'"
+    <bar style="scale" x="302" y="128" width="155" label="COOLANT" unit="=imperial ? '°F' : '°C'"
          value="[Coolant Temperature A]" digits="[Coolant Temperature A] * degree + zero"
          format="%.0f" min="0" max="140" state="[Coolant Temperature A_STATE]">
         <steps of="Coolant Temperature A"/>
     </bar>
-    <bar style="scale" x="458" y="38" width="134" label="VOLTAGE" unit="V"
+    <bar style="scale" x="465" y="38" width="155" label="VOLTAGE" unit="V"
          value="[Bus Voltage A]"
          min="10" max="16" format="%.1f" state="[Bus Voltage A_STATE]">
         <steps of="Bus Voltage A"/>
     </bar>
-    <bar style="scale" x="458" y="83" width="134" label="ALTERNATOR" unit="A"
+    <bar style="scale" x="465" y="83" width="155" label="ALTERNATOR" unit="A"
          value="[Alternator Current]"
          min="0" max="45" format="%.0f" state="[Alternator Current_STATE]">
         <steps of="Alternator Current"/>
     </bar>
-    <bar style="scale" x="458" y="128" width="134" label="FUEL P" unit="=imperial ? 'psi' : 'bar'"
+    <bar style="scale" x="465" y="128" width="155" label="FUEL P" unit="=imperial ? 'psi' : 'bar'"
          value="[Fuel Pressure A]" value2="[Fuel Pressure B]" min="2" max="4"
          digits="[Fuel Pressure A] * bar" digits2="[Fuel Pressure B] * bar"
          format="=imperial ? '%.0f' : '%.1f'" state="[Fuel Pressure A_STATE]"
@@ -139,17 +139,18 @@
     </bar>
 
     <!-- fuel, engine state, hours -->
-    <rectangle style="card" x="600" y="4" width="136" height="142"/>
-    <text style="caption" x="608" y="18" text="FUEL FLOW"/>
-    <text style="number" x="646" y="40" value="[Fuel Flow A] * litre" format="%.1f"/>
-    <text style="number" x="690" y="40" value="[Fuel Flow B] * litre" format="%.1f"/>
-    <text style="caption" x="694" y="40" text="=imperial ? 'gal/h' : 'l/h'"/>
-    <text style="caption" x="608" y="64" text="USED"/>
-    <text style="number" x="690" y="64" value="[Fuel Used] * litre" format="%.1f"/>
-    <text style="caption" x="694" y="64" text="=imperial ? 'gal' : 'l'"/>
-    <text style="caption" x="608" y="92" text="HOURS"/>
-    <text style="number" x="728" y="92" value="hours" format="%.0f"/>
-    <text x="728" y="124" align="right" size="15" weight="bold" value="[Engine State A]" dashes="---">
+    <rectangle style="card" x="630" y="4" width="106" height="142"/>
+    <text style="caption" x="636" y="18" text="FLOW"/>
+    <text style="caption" x="730" y="18" align="right" text="=imperial ? 'gal/h' : 'l/h'"/>
+    <text style="number" x="680" y="40" value="[Fuel Flow A] * litre" format="%.1f"/>
+    <text style="number" x="730" y="40" value="[Fuel Flow B] * litre" format="%.1f"/>
+    <text style="caption" x="636" y="66" text="USED"/>
+    <text style="number" x="imperial ? 702 : 720" y="66" value="[Fuel Used] * litre"
+          format="=imperial ? '%.0f' : '%.1f'"/>
+    <text style="caption" x="730" y="66" align="right" text="=imperial ? 'gal' : 'l'"/>
+    <text style="caption" x="636" y="94" text="HOURS"/>
+    <text style="number" x="730" y="94" value="hours" format="%.0f"/>
+    <text x="730" y="124" align="right" size="15" weight="bold" value="[Engine State A]" dashes="---">
         <case value="0" text="STOPPED" color="grey"/>
         <case value="1" text="CRANKING"/>
         <case value="2" text="IDLE"/>
@@ -162,11 +163,11 @@
 
     <!-- exhaust gas -->
     <rectangle style="card" x="4" y="150" width="196" height="100"/>
-    <style name="egt" y="186" width="20" height="40" min="300" max="1000" look="fill" labelSize="13"
+    <style name="egt" y="190" width="20" height="36" min="300" max="1000" look="fill" labelSize="13"
            size="16" format="%.0f"/>
-    <text style="caption" x="12" y="161" text="=imperial ? 'EGT °F' : 'EGT °C'"/>
-    <text style="caption" x="151.6" y="161" align="right" text="SPREAD"/>
-    <text x="192" y="161" align="right" size="16" weight="bold" value="spread * degree" format="%.0f"/>
+    <text style="caption" x="12" y="159" text="=imperial ? 'EGT °F' : 'EGT °C'"/>
+    <text style="caption" x="151.6" y="159" align="right" text="SPREAD"/>
+    <text x="192" y="159" align="right" size="16" weight="bold" value="spread * degree" format="%.0f"/>
     <bar style="egt" x="20" label="1" value="egt1" digits="egt1 * degree + zero" state="egt1State">
         <steps of="ECU Lane A/EGT 1" or="EGT 1"/>
     </bar>
