@@ -149,6 +149,7 @@ void DialogDataMap::setSettings(const MapSettings& settings)
 {
     m_settings = settings;
     m_map->setSettings(settings);
+    showNote(!m_note->isHidden()); // tiles may lack for another reason now
 }
 
 void DialogDataMap::fitTrack()
