@@ -245,8 +245,8 @@ void WidgetMap::makePainter(double ratio)
 void WidgetMap::drawOverlays()
 {
     const Tessa::Globe globe = m_map.globe();
-    if (m_map.lacksTiles())
-        m_painter->drawBackdrop(m_camera.globe(), m_content.start().value_or(m_camera.centre()),
+    if (const auto start = m_content.start(); start && m_map.lacksTiles())
+        m_painter->drawBackdrop(m_camera.globe(), *start,
                                 {m_map.attribution(), m_unitSystem, size()});
     m_painter->drawTrack(globe, m_content.line());
     m_painter->drawMarks(globe, m_content.marks);
