@@ -78,7 +78,8 @@ void WindowMemory::restore(const WindowState& state)
                                                    : state.panels);
     if (!state.lists.isEmpty())
         m_parts.lists.setSizes(state.lists);
-    m_parts.data.arrange({static_cast<DialogData::Page>(state.page), state.map, state.pages});
+    m_parts.data.arrange(
+        {static_cast<DialogData::Page>(state.page), state.map, state.pages, state.columns});
     if (state.isMaximized)
         window.setWindowState(window.windowState() | Qt::WindowMaximized);
 }
@@ -95,6 +96,7 @@ WindowState WindowMemory::current() const
     state.pages = data.sizes;
     state.map = data.map;
     state.page = static_cast<int>(data.page);
+    state.columns = data.columns;
     return state;
 }
 
@@ -125,6 +127,7 @@ void WindowMemory::note()
     take(&WindowState::pages);
     take(&WindowState::map);
     take(&WindowState::page);
+    take(&WindowState::columns);
     m_known = state;
     storeWindowState(m_stored, m_store);
     m_saver.saveSoon();

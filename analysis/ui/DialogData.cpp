@@ -7,6 +7,7 @@
 #include "analysis/ui/PageTabs.h"
 #include "analysis/ui/ReplayBar.h"
 #include "analysis/ui/WidgetFaultMatrix.h"
+#include "analysis/ui/WidgetTimeTable.h"
 #include "libs/tusk/misc/Timer.h"
 
 #include <QApplication>
@@ -176,12 +177,13 @@ void DialogData::setCurrentPage(Page page)
 DialogData::Arrangement DialogData::arrangement() const
 {
     return {static_cast<Page>(m_tabs->currentIndex()), m_mapButtons->checkedId(),
-            m_splitter->sizes()};
+            m_splitter->sizes(), m_table->chosenWidths()};
 }
 
 void DialogData::arrange(const Arrangement& arrangement)
 {
     m_tabs->setCurrentIndex(static_cast<int>(arrangement.page));
+    m_table->setChosenWidths(arrangement.columns);
     if (QAbstractButton* const button = m_mapButtons->button(arrangement.map); button != nullptr) {
         button->setChecked(true);
         m_splitter->restore(static_cast<MapSplitter::MapType>(arrangement.map), arrangement.sizes);

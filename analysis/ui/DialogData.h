@@ -5,6 +5,7 @@
 #include "analysis/Replay.h"
 #include "analysis/ui/DataPages.h"
 
+#include <QMap>
 #include <QTimer>
 #include <QWidget>
 
@@ -30,6 +31,7 @@ class EpisodeView;
 class MapSplitter;
 class PageTabs;
 class Profile;
+class WidgetTimeTable;
 class ReplayBar;
 class WidgetFaultMatrix;
 struct ListSettings;
@@ -99,8 +101,9 @@ public:
     struct Arrangement
     {
         Page page = Page::Table;
-        int map = 1;      ///< as for slotMapType()
-        QList<int> sizes; ///< of page and map, as proportions; empty: the first ones
+        int map = 1;                ///< as for slotMapType()
+        QList<int> sizes;           ///< of page and map, as proportions; empty: the first ones
+        QMap<QString, int> columns; ///< chosen widths in the data table, by name
     };
 
     Arrangement arrangement() const;
@@ -186,6 +189,7 @@ private:
     DialogDataTable* m_table = nullptr;
     WidgetFaultMatrix* m_faults = nullptr;
     DialogDataStatistic* m_statistic = nullptr;
+    WidgetTimeTable* m_table = nullptr;
     PageTabs* m_tabs = nullptr;
     QButtonGroup* m_mapButtons = nullptr;
     MapSplitter* m_splitter = nullptr;

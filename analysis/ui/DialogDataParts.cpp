@@ -8,6 +8,7 @@
 #include "analysis/ui/PageTabs.h"
 #include "analysis/ui/ReplayBar.h"
 #include "analysis/ui/WidgetFaultMatrix.h"
+#include "analysis/ui/WidgetTimeTable.h"
 
 #include <QBoxLayout>
 #include <QButtonGroup>
@@ -99,6 +100,8 @@ void DialogData::createPages(const Profile& profile, const HostedPages& pages)
         m_stack->addWidget(m_pages.add(place, page, m_stack));
     m_splitter->addWidget(m_stack);
     m_splitter->addWidget(m_pages.add(Page::Map, pages.map, m_splitter));
+    m_table = table->findChild<WidgetTimeTable*>();
+    connect(m_table, &WidgetTimeTable::signalWidth, this, &DialogData::signalArranged);
     connect(m_splitter, &QSplitter::splitterMoved, this, &DialogData::signalArranged);
     m_loading = new QLabel(m_stack);
     m_loading->setObjectName(QStringLiteral("emptyState"));

@@ -121,6 +121,8 @@ void WidgetTimeTable::createFrozenColumn()
             &QScrollBar::setValue);
     connect(horizontalHeader(), &QHeaderView::sectionResized, this,
             &WidgetTimeTable::placeFrozenColumn);
+    connect(horizontalHeader(), &QHeaderView::sectionResized, this,
+            [this](int column, int /*before*/, int width) { noteWidth(column, width); });
     connect(horizontalHeader(), &QHeaderView::geometriesChanged, this,
             &WidgetTimeTable::placeFrozenColumn);
 }
@@ -201,13 +203,28 @@ void WidgetTimeTable::fitRows()
 
 void WidgetTimeTable::fitColumns()
 {
+    m_isFitting = true;
     fitRows();
     resizeColumnsToContents();
     for (int i = 0; i < model()->columnCount(); ++i) {
-        setColumnWidth(i, columnWidth(i) + columnPadding);
+        setColumnWidth(i, m_chosenWidths.value(nameOf(i), columnWidth(i) + columnPadding));
         m_frozen->setColumnHidden(i, i != frozenColumn);
     }
+    m_isFitting = false;
     placeFrozenColumn();
+}
+
+QString WidgetTimeTable::nameOf(int column) const
+{
+    return model()->headerData(column, Qt::Horizontal).toString().section(QLatin1Char('\n'), 0, 0);
+}
+
+void WidgetTimeTable::noteWidth(int column, int width)
+{
+    if (m_isFitting || width == 0) // a hidden column has none
+        return;
+    m_chosenWidths[nameOf(column)] = width;
+    emit signalWidth();
 }
 
 void WidgetTimeTable::placeFrozenColumn()

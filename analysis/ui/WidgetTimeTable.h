@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QMap>
 #include <QTableView>
 
 namespace KOLT {
@@ -24,7 +25,15 @@ public:
     /// Fits every column to its heading and to a sample of its values; O(columns).
     void fitColumns();
 
+    /// The widths that the user has chosen, by the first line of the heading.
+    const QMap<QString, int>& chosenWidths() const { return m_chosenWidths; }
+
+    /// To be followed by fitColumns(), unless there are no columns yet.
+    void setChosenWidths(const QMap<QString, int>& widths) { m_chosenWidths = widths; }
+
 signals:
+    /// The user has chosen a column's width.
+    void signalWidth();
     /// The copy key was pressed.
     void signalCopy();
     /// The current row was clicked again, or any row was double-clicked or confirmed with Return.
@@ -37,11 +46,15 @@ protected:
 
 private:
     void createFrozenColumn();
+    QString nameOf(int column) const;
+    void noteWidth(int column, int width);
     void fitRows();
     void placeFrozenColumn();
     void updateRow(int row);
     void bringInSight(int row);
 
+    QMap<QString, int> m_chosenWidths;
+    bool m_isFitting = false; ///< widths are changed by program
     TimeTableDelegate* m_delegate;
     QTableView* m_frozen; ///< a second view of the first column, on top of the table
 };

@@ -10,6 +10,8 @@ namespace {
 
 constexpr int smallestSide = 200;
 constexpr int largestSide = 32'000; ///< of a window, and of a part of a splitter
+constexpr int narrowestColumn = 10;
+constexpr int widestColumn = 2000;
 constexpr int partCount = 2;
 constexpr int mapCount = 3;
 constexpr int pageCount = 7;
@@ -45,6 +47,28 @@ QByteArray textOf(const QList<int>& parts)
     return words.join(' ');
 }
 
+/// Such as "120 Engine Speed;80 Altitude"; what cannot be meant is left out.
+QMap<QString, int> columnsFrom(const QString& text)
+{
+    QMap<QString, int> columns;
+    for (const QString& entry : text.split(QLatin1Char(';'), Qt::SkipEmptyParts)) {
+        const int width = entry.section(QLatin1Char(' '), 0, 0).toInt();
+        if (width >= narrowestColumn && width <= widestColumn)
+            columns[entry.section(QLatin1Char(' '), 1)] = width;
+    }
+    return columns;
+}
+
+QString textOf(const QMap<QString, int>& columns)
+{
+    QStringList entries;
+    for (auto column = columns.begin(); column != columns.end(); ++column) {
+        if (!column.key().contains(QLatin1Char(';')))
+            entries.push_back(QStringLiteral("%1 %2").arg(column.value()).arg(column.key()));
+    }
+    return entries.join(QLatin1Char(';'));
+}
+
 int within(const SettingsStore& store, const char* key, int fallback, int count)
 {
     const int value = store.getInteger(key, fallback);
@@ -66,6 +90,7 @@ WindowState loadWindowState(const SettingsStore& store)
         state.*parts = partsFrom(store.getText(key));
     state.map = within(store, "WindowMap", state.map, mapCount);
     state.page = within(store, "WindowPage", state.page, pageCount);
+    state.columns = columnsFrom(QString::fromUtf8(store.getText("WindowColumns")));
     return state;
 }
 
@@ -78,6 +103,7 @@ void storeWindowState(const WindowState& state, SettingsStore& store)
         store.setText(key, textOf(state.*parts));
     store.setInteger("WindowMap", state.map);
     store.setInteger("WindowPage", state.page);
+    store.setText("WindowColumns", textOf(state.columns).toUtf8());
 }
 
 } // namespace KOLT

@@ -1,7 +1,9 @@
 #pragma once
 
 #include <QList>
+#include <QMap>
 #include <QSize>
+#include <QString>
 
 namespace KOLT {
 
@@ -15,11 +17,12 @@ struct WindowState
 
     QSize size = firstSize; ///< not maximised
     bool isMaximized = false;
-    QList<int> panels; ///< lists, data window
-    QList<int> lists;  ///< card, parameters
-    QList<int> pages;  ///< page, map
-    int map = 1;       ///< 0 hidden, 1 beside the page, 2 below it
-    int page = 0;      ///< index of the tab
+    QList<int> panels;          ///< lists, data window
+    QList<int> lists;           ///< card, parameters
+    QList<int> pages;           ///< page, map
+    int map = 1;                ///< 0 hidden, 1 beside the page, 2 below it
+    int page = 0;               ///< index of the tab
+    QMap<QString, int> columns; ///< chosen widths in the data table, by name
 
     friend bool operator==(const WindowState&, const WindowState&) = default;
 };

@@ -125,7 +125,8 @@ void TestRoomSettings::window_data()
                                       {"WindowHeight", "0|99999999999"},
                                       {"WindowPanels", "0 5|7|1 2 3|-1 5|a b|99999 1"},
                                       {"WindowMap", "-1|3"},
-                                      {"WindowPage", "-1|7"}}) {
+                                      {"WindowPage", "-1|7"},
+                                      {"WindowColumns", "9 A|x A|-80 A|99999 A"}}) {
         for (const QByteArray& value : QByteArray(values).split('|'))
             QTest::addRow("%s %s", key, value.constData()) << QByteArray(key) << value;
     }
@@ -135,7 +136,7 @@ void TestRoomSettings::window()
 {
     QFETCH(QByteArray, key);
     QFETCH(QByteArray, value);
-    const WindowState state{{640, 480}, true, {1, 2}, {3, 4}, {5, 0}, 2, 6};
+    const WindowState state{{640, 480}, true, {1, 2}, {3, 4}, {5, 0}, 2, 6, {{"A b", 80}}};
     SettingsStore store;
     SettingsStore file;
     storeWindowState(state, store);

@@ -1,5 +1,6 @@
 #include "tests/app/MainWindowFixture.h"
 
+#include <QHeaderView>
 #include <QSplitter>
 #include <QTabBar>
 #include <QToolButton>
@@ -25,6 +26,7 @@ private slots:
     }
 
     void windowComesBack();
+    void columnsComeBack();
     void largeWindowComesBackOnALargerScreen();
 
 private:
@@ -84,6 +86,25 @@ void TestWindowState::windowComesBack()
     QVERIFY(std::abs(splitter(&data())->sizes().at(0) - listWidth) <= 1);
     QCOMPARE(data().arrangement().map, 2);
     QVERIFY(std::abs(data().arrangement().sizes.at(0) - page) <= 1);
+}
+
+void TestWindowState::columnsComeBack()
+{
+    const auto header = [this] {
+        return data().findChild<DialogDataTable*>()->findChild<QTableView*>()->horizontalHeader();
+    };
+    const QString card = folder("card");
+    QVERIFY(openCycle(card));
+    const int speed = header()->sectionSize(1);
+    header()->resizeSection(2, 222); // as a drag does
+    confirmSelection("Fuel");        // drops the column
+    confirmSelection("Fuel");
+    QCOMPARE(header()->sectionSize(2), 222);
+    m_window->close();
+    m_window.reset();
+    QVERIFY(openCycle(card));
+    QCOMPARE(header()->sectionSize(2), 222);
+    QCOMPARE(header()->sectionSize(1), speed); // fitted
 }
 
 void TestWindowState::largeWindowComesBackOnALargerScreen()
