@@ -1,6 +1,7 @@
 #include "graph/EpisodePicture.h"
 
 #include "graph/AxisDrawing.h"
+#include "graph/PlotLayout.h"
 #include "graph/TraceDrawing.h"
 #include "graph/TraceFeeder.h"
 

@@ -107,8 +107,6 @@ public:
     /// default order.
     void setDisplayOrder(const QStringList& fullNames) { m_displayOrder = fullNames; }
 
-    const QStringList& displayOrder() const { return m_displayOrder; }
-
     /// The selected parameters in display order; by default by device, then by name.
     std::vector<const ProfileParameter*> selectedParameters() const;
 

@@ -4,6 +4,7 @@
 #include "analysis/ui/GraphAction.h"
 #include "analysis/ui/RowPicker.h"
 #include "base/Csv.h"
+#include "ui/DialogFolders.h"
 #include "ui/Messages.h"
 #include "ui/SaveDialog.h"
 
@@ -144,9 +145,12 @@ void FaultTable::copy() const
 
 void FaultTable::save()
 {
-    const QString path = askForSavePath(this, tr("Save list as CSV"),
-                                        m_settings.folder + QStringLiteral("/Faults.csv"),
-                                        tr("CSV Files (*.csv)"), QStringLiteral("csv"));
+    const auto folderKind = QStringLiteral("List");
+    const QString proposed = m_settings.folder + QStringLiteral("/Faults.csv");
+    const QString path =
+        askForSavePath(this, tr("Save list as CSV"), DialogFolders::proposal(folderKind, proposed),
+                       tr("CSV Files (*.csv)"), QStringLiteral("csv"));
+    DialogFolders::note(folderKind, path);
     if (!path.isEmpty() && m_dataSet != nullptr)
         Messages::saveFile(this, path, csvFile(m_model.csv(*m_dataSet, m_settings)));
 }

@@ -145,6 +145,8 @@ void TestRoomSettings::window()
     SettingsStore broken;
     broken.setText(key, value);
     QVERIFY(loadWindowState(broken) == WindowState());
+}
+
 void TestRoomSettings::pages()
 {
     SettingsStore stored;
