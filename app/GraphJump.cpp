@@ -13,6 +13,14 @@ namespace {
 
 constexpr double secondsAround = 30.0;
 
+QStringList namesOf(const std::vector<const ProfileParameter*>& parameters)
+{
+    QStringList names;
+    for (const ProfileParameter* parameter : parameters)
+        names << parameter->fullName;
+    return names;
+}
+
 } // namespace
 
 GraphJump::GraphJump(Profile& profile, const DataWindow& parts, NoticeBar& notice)
@@ -46,16 +54,14 @@ void GraphJump::select(const ProfileParameter& parameter)
     if (place < Graph::maxTraces && place < std::ssize(selected))
         return;
     if (!m_before)
-        m_before = {selected, m_profile.displayOrder()};
+        m_before = {selected, false};
     m_profile.select([&](const ProfileParameter& each) {
         return each.selected || each.fullName == parameter.fullName;
     });
     if (std::ssize(selected) >= Graph::maxTraces) {
         // The graph shows only the first ones.
-        QStringList order{parameter.fullName};
-        for (const ProfileParameter* each : selected)
-            order << each->fullName;
-        m_profile.setDisplayOrder(order);
+        m_profile.setDisplayOrder(QStringList{parameter.fullName} + namesOf(selected));
+        m_before->isReordered = true;
     }
     m_added << parameter.name;
     emit signalSelectionChanged();
@@ -71,7 +77,8 @@ void GraphJump::undo()
     m_profile.select([&](const ProfileParameter& parameter) {
         return std::ranges::find(before.parameters, &parameter) != before.parameters.end();
     });
-    m_profile.setDisplayOrder(before.order);
+    if (before.isReordered)
+        m_profile.setDisplayOrder(namesOf(before.parameters));
     emit signalSelectionChanged();
 }
 

@@ -39,8 +39,8 @@ private:
     /// What the user has selected.
     struct Selection
     {
-        std::vector<const ProfileParameter*> parameters;
-        QStringList order;
+        std::vector<const ProfileParameter*> parameters; ///< in their order
+        bool isReordered = false;                        ///< their order was changed meanwhile
     };
 
     Profile& m_profile;
