@@ -1,6 +1,7 @@
 // Creates and connects the parts of the main window.
 #include "analysis/ui/DialogData.h"
 #include "app/CardSession.h"
+#include "app/CaseCommand.h"
 #include "app/DialogMain.h"
 #include "app/DialogProfile.h"
 #include "app/GraphJump.h"
@@ -24,6 +25,7 @@
 #include "app/settings/WindowState.h"
 #include "app/startup/Startup.h"
 #include "graph/ui/DialogDataGraph.h"
+#include "graph/ui/EpisodeCard.h"
 #include "instruments/ui/DialogDataView.h"
 #include "map/ui/DialogDataMap.h"
 #include "record/ui/DialogCard.h"
@@ -202,6 +204,15 @@ void DialogMain::connectPanels()
         m_dialogs->show(Command::Preferences);
         m_dialogs->preferences().focusTileServer();
     });
+    for (const EpisodeCard* card : m_parts.cards) {
+        connect(card, &EpisodeCard::signalCaseFile, this, [this](const GraphTarget& target) {
+            m_jobs.run([this, target] {
+                const QString folder = writeCaseFile(profile(), *m_card, target, this);
+                if (!folder.isEmpty())
+                    m_status->showMessage(tr("Case file written to %1").arg(folder));
+            });
+        });
+    }
     connect(m_data, &DialogData::signalPageSettings, this, [this](const PageSettings& settings) {
         storePageSettings(settings, m_settings);
         m_settingsSaver.saveSoon();

@@ -72,6 +72,7 @@ void EpisodePicture::show(const Profile& profile, const DataSet& dataSet, const 
     for (int i = 0; i < m_graph.traceCount(); ++i) {
         feedTraceWithin(m_graph, i, profile, *parameters[static_cast<std::size_t>(i)], dataSet,
                         window);
+        m_graph.trace(i).setStyle(0); // no dashes
         m_graph.trace(i).color = i < m_ownTraces
                                      ? ownColors[static_cast<std::size_t>(i) % std::size(ownColors)]
                                      : groupColor;

@@ -12,6 +12,8 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 
+#include <functional>
+
 namespace KOLT {
 
 namespace {
@@ -90,15 +92,26 @@ EpisodeCard::EpisodeCard(const Profile& profile, QWidget* parent)
 
 QBoxLayout* EpisodeCard::createButtons()
 {
-    auto* const graphButton = createButton(*this, QStringLiteral("tab-graph"), tr("Show in graph"));
-    connect(graphButton, &QToolButton::clicked, this, &EpisodeCard::showInGraph);
-    auto* const copyButton = createButton(*this, QStringLiteral("copy"), tr("Copy"));
-    copyButton->setToolTip(tr("Copy the figures of the episode"));
-    connect(copyButton, &QToolButton::clicked, this, &EpisodeCard::copy);
     auto* const row = new QHBoxLayout;
+    row->setSpacing(0);
     row->addWidget(m_title, 1);
-    row->addWidget(graphButton);
-    row->addWidget(copyButton);
+    const auto add = [&](const char* icon, const QString& text, const QString& tip,
+                         const std::function<void()>& act) {
+        QToolButton* const button = createButton(*this, QLatin1String(icon), text);
+        button->setToolTip(tip);
+        connect(button, &QToolButton::clicked, this, [this, act] {
+            if (m_episode != nullptr)
+                act();
+        });
+        row->addWidget(button);
+    };
+    add("tab-graph", tr("Show in graph"), tr("Go to the episode in the graph"),
+        [this] { emit signalShowInGraph(target()); });
+    add("copy", tr("Copy"), tr("Copy the figures of the episode"), [this] { copy(); });
+    add("file", tr("Case file"),
+        tr("Write what was recorded from 30 s before to 30 s after into a folder that opens like a "
+           "card"),
+        [this] { emit signalCaseFile(target()); });
     return row;
 }
 
@@ -126,19 +139,16 @@ void EpisodeCard::resizeEvent(QResizeEvent* event)
     m_content->setDirection(isWide ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
 }
 
-void EpisodeCard::showInGraph()
+GraphTarget EpisodeCard::target() const
 {
-    if (m_episode == nullptr)
-        return;
     const ProfileParameter* const parameter =
         m_episode->peak ? m_episode->peak->parameter : m_episode->parameters.front();
-    emit signalShowInGraph({parameter->fullName, m_episode->begin, m_episode->end});
+    return {parameter->fullName, m_episode->begin, m_episode->end};
 }
 
 void EpisodeCard::copy() const
 {
-    if (m_episode != nullptr)
-        QApplication::clipboard()->setText(figuresText(m_profile, *m_episode));
+    QApplication::clipboard()->setText(figuresText(m_profile, *m_episode));
 }
 
 } // namespace KOLT

@@ -39,13 +39,15 @@ public:
 
 signals:
     void signalShowInGraph(const KOLT::GraphTarget& target);
+    /// The user wants what was recorded around the episode as a case file.
+    void signalCaseFile(const KOLT::GraphTarget& target);
 
 protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
     QBoxLayout* createButtons();
-    void showInGraph();
+    GraphTarget target() const;
     void copy() const;
 
     const Profile& m_profile;

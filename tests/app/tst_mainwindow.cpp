@@ -4,6 +4,7 @@
 #include "app/dialogs/DialogProfileChanges.h"
 #include "app/dialogs/DialogProfileInfo.h"
 #include "graph/ui/DialogDataGraph.h"
+#include "graph/ui/EpisodeCard.h"
 #include "graph/ui/WidgetGraphBase.h"
 #include "instruments/ui/DialogDataView.h"
 #include "record/ui/DialogCard.h"
@@ -63,6 +64,7 @@ private slots:
     void newerProfileIsOfferedOnce();
     void graphMovesTimeAndColumns();
     void findingIsShownInTheGraph();
+    void caseFileIsWritten();
     void undoKeyReachesNoWidget();
     void styleSheetOfTheCommandLineIsApplied();
     void exportsNeedData();
@@ -525,6 +527,27 @@ void TestMainWindow::findingIsShownInTheGraph()
     click(*m_window, "Confirm Selection");
     QCOMPARE(selected(), "Fuel");
     QVERIFY(!bar->isVisible());
+}
+
+void TestMainWindow::caseFileIsWritten()
+{
+    QVERIFY(openCycle(folder("card")));
+    ModalBoxes boxes;
+    boxes.answer(m_cards->path());
+    emit m_window->findChildren<EpisodeCard*>().first()->signalCaseFile({"D/Speed", 35.0, 36.0});
+    const QString written = m_cards->filePath("Case 1 Speed 00-00-35");
+    QVERIFY(waitFor([&] { return QDir(written).exists(); }));
+    QVERIFY(m_window->statusBar()->currentMessage().contains(written));
+    m_window.reset();
+    QVERIFY(openCycle(written)); // like a card
+    QCOMPARE(dataSet()->startSeconds, 5.0);
+    QCOMPARE(dataSet()->stopSeconds, 19.0);
+    // Not into the card.
+    boxes.answer(written);
+    boxes.answer("OK");
+    emit m_window->findChildren<EpisodeCard*>().first()->signalCaseFile({"D/Speed", 10.0, 11.0});
+    QVERIFY(waitFor([&] { return boxes.isDone(); }));
+    QCOMPARE(QDir(written).entryList(QDir::Dirs | QDir::NoDotAndDotDot).size(), 0);
 }
 
 void TestMainWindow::undoKeyReachesNoWidget()

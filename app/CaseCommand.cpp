@@ -1,0 +1,97 @@
+#include "app/CaseCommand.h"
+
+#include "app/CardSession.h"
+#include "profile/Profile.h"
+#include "record/CaseFile.h"
+#include "record/ClockTime.h"
+#include "ui/DialogFolders.h"
+#include "ui/Messages.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFileDialog>
+#include <QFileInfo>
+
+#include <algorithm>
+
+namespace KOLT {
+
+namespace {
+
+constexpr double secondsAround = 30.0;
+
+struct Text
+{
+    Q_DECLARE_TR_FUNCTIONS(KOLT::CaseCommand)
+};
+
+/// The cycle of the loaded data; none if they are not from one cycle of the open folder.
+std::optional<int> cycleOf(const CardSession& card)
+{
+    const CardChoice loaded = card.loaded();
+    if (loaded.cycle || loaded.isNone())
+        return loaded.cycle;
+    for (const auto& [number, cycle] : card.container().cycles()) {
+        const auto isInIt = [&names = cycle.fileNames](const QString& path) {
+            return std::ranges::find(names, QFileInfo(path).fileName()) != names.end();
+        };
+        if (std::ranges::all_of(loaded.files, isInIt))
+            return number;
+    }
+    return std::nullopt;
+}
+
+/// A folder that is not there yet, such as "Case 2 EGT 1 00-12-03".
+QString newFolder(const QString& where, int cycle, const GraphTarget& target)
+{
+    QString parameter = target.parameter.section(QLatin1Char('/'), -1);
+    for (QChar& letter : parameter) {
+        if (!letter.isLetterOrNumber() && letter != QLatin1Char('-'))
+            letter = QLatin1Char(' ');
+    }
+    const QString name = QStringLiteral("%1/Case %2 %3 %4")
+                             .arg(where, QString::number(cycle), parameter.simplified(),
+                                  clockTime(target.begin).toString(QStringLiteral("hh-mm-ss")));
+    QString folder = name;
+    for (int i = 2; QFileInfo::exists(folder); ++i)
+        folder = QStringLiteral("%1 (%2)").arg(name).arg(i);
+    return folder;
+}
+
+} // namespace
+
+QString writeCaseFile(const Profile& profile, const CardSession& card, const GraphTarget& target,
+                      QWidget* window)
+{
+    const std::optional<int> cycle = cycleOf(card);
+    if (!cycle) {
+        Messages::warn(window, Text::tr("A case file is cut from one engine cycle. Open the folder "
+                                        "of these data, and choose a cycle or flight in it."));
+        return {};
+    }
+    const QString kind = QStringLiteral("Case");
+    const QString where = QFileDialog::getExistingDirectory(
+        window, Text::tr("Folder for the Case File"),
+        DialogFolders::proposal(kind, QDir::homePath() + QStringLiteral("/.")));
+    if (where.isEmpty())
+        return {};
+    CaseRequest request;
+    request.cycle = *cycle;
+    request.from = target.begin - secondsAround;
+    request.to = target.end + secondsAround;
+    request.folder = newFolder(where, *cycle, target);
+    DialogFolders::note(kind, request.folder);
+    request.profilePath = profile.path();
+    request.variant = profile.activeVariant();
+    for (const ProfileParameter* parameter : profile.selectedParameters())
+        request.selection << parameter->fullName;
+    if (!request.selection.contains(target.parameter))
+        request.selection << target.parameter;
+    const CaseResult result = writeCase(card.container(), request);
+    if (result.error.isEmpty())
+        return request.folder;
+    Messages::warn(window, result.error);
+    return {};
+}
+
+} // namespace KOLT

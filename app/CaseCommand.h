@@ -1,0 +1,20 @@
+#pragma once
+
+#include "analysis/GraphTarget.h"
+
+#include <QString>
+
+class QWidget;
+
+namespace KOLT {
+
+class CardSession;
+class Profile;
+
+/// Asks where, and writes what was recorded around a finding of the loaded data into a new folder
+/// there, 30 s before and after it. Failures are told with `window` as parent. Returns the folder,
+/// empty if none was written.
+QString writeCaseFile(const Profile& profile, const CardSession& card, const GraphTarget& target,
+                      QWidget* window);
+
+} // namespace KOLT
