@@ -24,7 +24,7 @@
     <name>GraphAction</name>
     <message>
         <source>Show in graph</source>
-        <translation type="unfinished"></translation>
+        <translation>Im Graphen zeigen</translation>
     </message>
 </context>
 <context>
@@ -128,6 +128,17 @@ Bitte prüfen Sie, ob die SD-Karte noch eingelegt ist und die Dateien lesbar sin
     <message>
         <source>%1: %2</source>
         <translation>%1: %2</translation>
+    </message>
+</context>
+<context>
+    <name>KOLT::CaseCommand</name>
+    <message>
+        <source>A case file is cut from one engine cycle. Open the folder of these data, and choose a cycle or flight in it.</source>
+        <translation>Eine Fallakte wird aus einem Motorzyklus geschnitten. Öffnen Sie den Ordner dieser Daten und wählen Sie darin einen Zyklus oder Flug.</translation>
+    </message>
+    <message>
+        <source>Folder for the Case File</source>
+        <translation>Ordner für die Fallakte</translation>
     </message>
 </context>
 <context>
@@ -700,7 +711,7 @@ Wählen Sie weniger oder exportieren Sie die Daten als CSV-Datei.</translation>
     </message>
     <message>
         <source>Show the clock time beside the time on the unit&apos;s counter</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Uhrzeit neben der Zeit des Zählers zeigen</translation>
     </message>
 </context>
 <context>
@@ -1262,6 +1273,10 @@ ist nicht mehr vorhanden und wurde aus der Liste entfernt. Liegt er auf einer SD
         <source>The sheet is of another folder: %1</source>
         <translation>Das Blatt ist aus einem anderen Ordner: %1</translation>
     </message>
+    <message>
+        <source>Case file written to %1</source>
+        <translation>Fallakte geschrieben nach %1</translation>
+    </message>
 </context>
 <context>
     <name>KOLT::DialogPreferences</name>
@@ -1414,7 +1429,7 @@ ist nicht mehr vorhanden und wurde aus der Liste entfernt. Liegt er auf einer SD
     </message>
     <message>
         <source>The loaded data have no samples of it</source>
-        <translation type="unfinished"></translation>
+        <translation>Die geladenen Daten enthalten keine Werte davon</translation>
     </message>
 </context>
 <context>
@@ -1601,11 +1616,11 @@ In dieser Aufzeichnung wurde nichts Zweifelhaftes gefunden.</translation>
     <name>KOLT::EpisodeCard</name>
     <message>
         <source>Graph of the episode</source>
-        <translation type="unfinished"></translation>
+        <translation>Graph der Episode</translation>
     </message>
     <message>
         <source>Show in graph</source>
-        <translation type="unfinished"></translation>
+        <translation>Im Graphen zeigen</translation>
     </message>
     <message>
         <source>Copy</source>
@@ -1613,30 +1628,42 @@ In dieser Aufzeichnung wurde nichts Zweifelhaftes gefunden.</translation>
     </message>
     <message>
         <source>Copy the figures of the episode</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Zahlen der Episode kopieren</translation>
+    </message>
+    <message>
+        <source>Go to the episode in the graph</source>
+        <translation>Zur Episode im Graphen springen</translation>
+    </message>
+    <message>
+        <source>Case file</source>
+        <translation>Fallakte</translation>
+    </message>
+    <message>
+        <source>Write what was recorded from 30 s before to 30 s after into a folder that opens like a card</source>
+        <translation>Die Aufzeichnung von 30 s davor bis 30 s danach in einen Ordner schreiben, der sich wie eine Karte öffnen lässt</translation>
     </message>
 </context>
 <context>
     <name>KOLT::EpisodeFigures</name>
     <message>
         <source>%L1 s</source>
-        <translation type="unfinished"></translation>
+        <translation>%L1 s</translation>
     </message>
     <message>
         <source>at least %1</source>
-        <translation type="unfinished"></translation>
+        <translation>mindestens %1</translation>
     </message>
     <message>
         <source>Peak</source>
-        <translation type="unfinished"></translation>
+        <translation>Spitzenwert</translation>
     </message>
     <message>
         <source>%1 at %2, %3</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 um %2, %3</translation>
     </message>
     <message>
         <source>Begin</source>
-        <translation type="unfinished"></translation>
+        <translation>Anfang</translation>
     </message>
     <message>
         <source>End</source>
@@ -1648,27 +1675,27 @@ In dieser Aufzeichnung wurde nichts Zweifelhaftes gefunden.</translation>
     </message>
     <message>
         <source>Beyond warning</source>
-        <translation type="unfinished"></translation>
+        <translation>Jenseits der Warnung</translation>
     </message>
     <message>
         <source>Beyond limit</source>
-        <translation type="unfinished"></translation>
+        <translation>Jenseits des Grenzwerts</translation>
     </message>
     <message>
         <source>Crossings</source>
-        <translation type="unfinished"></translation>
+        <translation>Überschreitungen</translation>
     </message>
     <message>
         <source>Phase</source>
-        <translation type="unfinished"></translation>
+        <translation>Phase</translation>
     </message>
     <message>
         <source>Engine speed</source>
-        <translation type="unfinished"></translation>
+        <translation>Drehzahl</translation>
     </message>
     <message>
         <source>Throttle</source>
-        <translation type="unfinished"></translation>
+        <translation>Gashebel</translation>
     </message>
     <message>
         <source>Altitude</source>
@@ -1680,23 +1707,23 @@ In dieser Aufzeichnung wurde nichts Zweifelhaftes gefunden.</translation>
     </message>
     <message>
         <source>Of its group</source>
-        <translation type="unfinished"></translation>
+        <translation>In seiner Gruppe</translation>
     </message>
     <message>
         <source>limit</source>
-        <translation type="unfinished"></translation>
+        <translation>Grenzwert</translation>
     </message>
     <message>
         <source>warning</source>
-        <translation type="unfinished"></translation>
+        <translation>Warnung</translation>
     </message>
     <message>
         <source>lamp</source>
-        <translation type="unfinished"></translation>
+        <translation>Lampe</translation>
     </message>
     <message>
         <source>Time beyond levels</source>
-        <translation type="unfinished"></translation>
+        <translation>Zeit jenseits von</translation>
     </message>
 </context>
 <context>
@@ -1875,11 +1902,11 @@ Motordrehzahl: %3</translation>
     </message>
     <message>
         <source>%L1 s</source>
-        <translation type="unfinished"></translation>
+        <translation>%L1 s</translation>
     </message>
     <message>
         <source>Begin</source>
-        <translation type="unfinished"></translation>
+        <translation>Anfang</translation>
     </message>
     <message>
         <source>Duration</source>
@@ -1891,11 +1918,11 @@ Motordrehzahl: %3</translation>
     </message>
     <message>
         <source>Class</source>
-        <translation type="unfinished"></translation>
+        <translation>Klasse</translation>
     </message>
     <message>
         <source>Begin [s]</source>
-        <translation type="unfinished"></translation>
+        <translation>Anfang [s]</translation>
     </message>
     <message>
         <source>Date</source>
@@ -1907,11 +1934,11 @@ Motordrehzahl: %3</translation>
     </message>
     <message>
         <source>End [s]</source>
-        <translation type="unfinished"></translation>
+        <translation>Ende [s]</translation>
     </message>
     <message>
         <source>Duration [s]</source>
-        <translation type="unfinished"></translation>
+        <translation>Dauer [s]</translation>
     </message>
     <message>
         <source>Message</source>
@@ -1977,7 +2004,7 @@ Motordrehzahl: %3</translation>
     <name>KOLT::FaultTable</name>
     <message>
         <source>Occurrences of the faults</source>
-        <translation type="unfinished"></translation>
+        <translation>Auftreten der Fehler</translation>
     </message>
     <message>
         <source>Copy</source>
@@ -2094,11 +2121,11 @@ Motordrehzahl: %3</translation>
     <name>KOLT::GraphJump</name>
     <message>
         <source>Added to the selected parameters: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Zu den ausgewählten Parametern hinzugefügt: %1</translation>
     </message>
     <message>
         <source>Undo</source>
-        <translation type="unfinished"></translation>
+        <translation>Rückgängig</translation>
     </message>
 </context>
 <context>
@@ -3558,15 +3585,15 @@ Links und Rechts gehen zum Auftreten davor und danach</translation>
     </message>
     <message>
         <source>Filter the faults</source>
-        <translation type="unfinished"></translation>
+        <translation>Fehler filtern</translation>
     </message>
     <message>
         <source>Show only faults with this text in their name or class</source>
-        <translation type="unfinished"></translation>
+        <translation>Nur Fehler mit diesem Text im Namen oder in der Klasse zeigen</translation>
     </message>
     <message>
         <source>Only faults that occurred</source>
-        <translation type="unfinished"></translation>
+        <translation>Nur aufgetretene Fehler</translation>
     </message>
 </context>
 <context>
