@@ -90,9 +90,8 @@ void ExcursionTracker::step(double number, ThresholdState state, bool isCrossing
     if (!isCrossing)
         return;
     // Times may step back.
-    m_current.firstCrossing = m_current.crossings++ == 0
-                                  ? time.seconds
-                                  : std::min(m_current.firstCrossing, time.seconds);
+    m_current.firstCrossing =
+        m_current.crossings++ == 0 ? time.seconds : std::min(m_current.firstCrossing, time.seconds);
     m_current.to = std::max(m_current.to, time.seconds);
     if (state > m_current.state) {
         m_current.state = state;

@@ -30,7 +30,8 @@ std::optional<std::size_t> trackPointAt(const std::vector<TrackPoint>& track, do
 std::vector<MapMark> flightMarks(const DataSet& dataSet);
 
 /// Episodes of all quantities where they began, in the colour of the threshold step reached:
-/// warnings, then limits, each sorted by time. Walks through all samples of parameters with thresholds.
+/// warnings, then limits, each sorted by time. Walks through all samples of parameters with
+/// thresholds.
 std::vector<MapMark> exceedanceMarks(const Profile& profile, const DataSet& dataSet);
 
 /// A mark and where it is drawn in the window.

@@ -1,6 +1,6 @@
 #include "tests/cli/CliSupport.h"
-#include "tests/support/TestFiles.h"
 #include "tests/support/Rows.h"
+#include "tests/support/TestFiles.h"
 
 #include <cmath>
 

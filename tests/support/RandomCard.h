@@ -1,7 +1,7 @@
 #pragma once
 
-#include "tests/support/TestFiles.h"
 #include "record/RecordFileWriter.h"
+#include "tests/support/TestFiles.h"
 
 #include <QDateTime>
 #include <QDir>
