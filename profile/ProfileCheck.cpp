@@ -3,15 +3,14 @@
 #include "base/XmlFile.h"
 #include "profile/CheckedElements.h"
 #include "profile/DataType.h"
-#include "profile/Role.h"
+#include "profile/VariantCheck.h"
 
 #include <QCoreApplication>
 #include <QDomElement>
 
 #include <algorithm>
-#include <array>
-#include <map>
 #include <set>
+#include <utility>
 
 namespace KOLT {
 
@@ -24,10 +23,6 @@ struct Check
 
 constexpr int messageBytes = 8;
 constexpr int byteBits = 8;
-
-/// Without these there are no flights, figures or track.
-constexpr std::array wantedRoles{"Latitude",  "Longitude", "Altitude", "GroundSpeed", "Track",
-                                 "ThrottleA", "FuelA",     "FuelB",    "EngineSpeed"};
 
 class Checker
 {
@@ -49,7 +44,10 @@ public:
         checkMatrices();
         checkUnits();
         for (const QString& variant : m_elements.variants())
-            checkVariant(variant);
+            VariantCheck(
+                m_root, m_elements, variant,
+                [this](const QDomElement& element, const QString& text) { add(element, text); })
+                .run();
         std::ranges::stable_sort(m_findings, {}, &ProfileFinding::line);
         return std::move(m_findings);
     }
@@ -74,12 +72,6 @@ private:
     void checkReferences();
     void checkMatrices();
     void checkUnits();
-    void checkVariant(const QString& variant);
-    void checkSteps(const QString& variant);
-    void checkNames(const std::vector<CheckedElement>& parameters);
-    void checkBitFields(const std::vector<CheckedElement>& parameters);
-    void checkRoles(const std::vector<CheckedElement>& parameters, const QString& variant);
-    void checkQuantities(const std::vector<CheckedElement>& parameters);
 
     QDomElement m_root;
     CheckedElements m_elements;
@@ -245,119 +237,6 @@ void Checker::checkUnits()
         if (!used.contains(pair))
             add(unit.element, Check::tr("No parameter uses the conversion from \"%1\" to \"%2\".")
                                   .arg(pair.first, pair.second));
-    }
-}
-
-void Checker::checkVariant(const QString& variant)
-{
-    std::vector<CheckedElement> parameters;
-    for (const CheckedElement& parameter : m_elements.parameters()) {
-        if (CheckedElements::isIn(parameter.element, variant))
-            parameters.push_back(parameter);
-    }
-    checkSteps(variant);
-    checkNames(parameters);
-    checkBitFields(parameters);
-    checkRoles(parameters, variant);
-    checkQuantities(parameters);
-}
-
-void Checker::checkSteps(const QString& variant)
-{
-    std::map<QString, double> last; // lists of one name are one
-    for (const CheckedElement& list : m_elements.thresholds()) {
-        for (const QDomElement& step : list.children("Value")) {
-            if (!CheckedElements::isIn(step, variant))
-                continue;
-            const double value = step.attribute(QStringLiteral("val")).toDouble();
-            const auto [before, isFirst] = last.try_emplace(list.text("name"), value);
-            const auto text = [](double number) { return QString::number(number, 'g', 10); };
-            if (!isFirst && value == before->second)
-                add(step, Check::tr("The threshold list \"%1\" has the step %2 twice.")
-                              .arg(list.text("name"), text(value)));
-            else if (!isFirst && value < before->second)
-                add(step, Check::tr("In the threshold list \"%1\" the step %2 follows %3: steps "
-                                    "have to ascend.")
-                              .arg(list.text("name"), text(value), text(before->second)));
-            before->second = value;
-        }
-    }
-}
-
-void Checker::checkNames(const std::vector<CheckedElement>& parameters)
-{
-    std::map<QString, const CheckedElement*> first;
-    for (const CheckedElement& parameter : parameters) {
-        const auto [other, isNew] = first.emplace(parameter.fullName, &parameter);
-        if (!isNew)
-            add(parameter.element, Check::tr("%1 is defined in line %2 already.")
-                                       .arg(parameter.fullName)
-                                       .arg(other->second->element.lineNumber()));
-    }
-}
-
-void Checker::checkBitFields(const std::vector<CheckedElement>& parameters)
-{
-    std::map<std::pair<int, int>, const CheckedElement*> owners; // by message and bit
-    for (const CheckedElement& parameter : parameters) {
-        const DataTypeInfo& type = dataTypeInfo(dataTypeCode(parameter.text("dataType")));
-        if (type.rule != DecodingRule::BitField)
-            continue;
-        const int last = std::min(parameter.number("endBit"), type.width * byteBits - 1);
-        const CheckedElement* other = nullptr;
-        for (int bit = std::max(0, parameter.number("startBit")); bit <= last; ++bit) {
-            const int place = parameter.number("startByte") * byteBits + bit;
-            const auto [owner, isFree] =
-                owners.try_emplace({parameter.number("id"), place}, &parameter);
-            if (!isFree && other == nullptr)
-                other = owner->second;
-        }
-        if (other != nullptr)
-            add(parameter.element, Check::tr("%1 overlaps with %2 in line %3.")
-                                       .arg(parameter.fullName, other->fullName)
-                                       .arg(other->element.lineNumber()));
-    }
-}
-
-void Checker::checkRoles(const std::vector<CheckedElement>& parameters, const QString& variant)
-{
-    std::map<QString, const CheckedElement*> first;
-    for (const CheckedElement& parameter : parameters) {
-        const QString role = parameter.text("koltDataType");
-        if (roleOf(role) == Role::None || roleOf(role) == Role::WarningLamp)
-            continue;
-        const auto [other, isNew] = first.emplace(role, &parameter);
-        if (!isNew)
-            add(parameter.element,
-                Check::tr("%1 has the role %2 like %3 in line %4, which is used.")
-                    .arg(parameter.fullName, role, other->second->fullName)
-                    .arg(other->second->element.lineNumber()));
-    }
-    for (const char* role : wantedRoles) {
-        if (first.contains(QLatin1String(role)))
-            continue;
-        const QString name = QLatin1String(role);
-        add(m_root,
-            variant.isEmpty()
-                ? Check::tr("No parameter has the role %1.").arg(name)
-                : Check::tr("In the variant %1 no parameter has the role %2.").arg(variant, name));
-    }
-}
-
-void Checker::checkQuantities(const std::vector<CheckedElement>& parameters)
-{
-    std::map<QString, const CheckedElement*> first;
-    for (const CheckedElement& parameter : parameters) {
-        const QString quantity = parameter.text("quantity").trimmed();
-        // A lamp only announces what others measure.
-        if (quantity.isEmpty() || roleOf(parameter.text("koltDataType")) == Role::WarningLamp)
-            continue;
-        const auto [other, isNew] = first.emplace(quantity, &parameter);
-        const QString unit = other->second->text("unitMetric");
-        if (!isNew && parameter.text("unitMetric") != unit)
-            add(parameter.element,
-                Check::tr("%1 has the unit \"%2\", but others of the quantity \"%3\" have \"%4\".")
-                    .arg(parameter.fullName, parameter.text("unitMetric"), quantity, unit));
     }
 }
 

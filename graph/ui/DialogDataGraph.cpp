@@ -26,13 +26,22 @@ namespace {
 
 constexpr int holdMilliseconds = 50;
 
-/// Numbered like the rows of the limit page, which lists the same events in this order.
-std::vector<EventLine> linesOf(std::span<const Event> events)
+/// One for each episode where it begins, numbered like its first row on the limit page, which
+/// lists the events in this order.
+std::vector<EventLine> linesOf(std::span<const Event> events, std::span<const Episode> episodes)
 {
     std::vector<EventLine> lines;
-    lines.reserve(events.size());
-    for (const Event& event : events)
-        lines.push_back({static_cast<int>(lines.size()) + 1, event.seconds});
+    lines.reserve(episodes.size());
+    for (const Episode& episode : episodes) {
+        auto first = std::ranges::lower_bound(events, episode.begin, {}, &Event::seconds);
+        const auto isOther = [&](const Event& event) {
+            return std::ranges::find(episode.parameters, event.parameter) ==
+                   episode.parameters.end();
+        };
+        first = std::find_if_not(first, events.end(), isOther);
+        if (first != events.end()) // not listed any more
+            lines.push_back({static_cast<int>(first - events.begin()) + 1, episode.begin});
+    }
     return lines;
 }
 
@@ -177,7 +186,8 @@ void DialogDataGraph::feedEvents()
 {
     if (m_hasEvents || !m_graph->graph().settings().hasEvents || dataSet() == nullptr)
         return;
-    m_graph->setEventLines(linesOf(*eventsOf(m_profile, *dataSet())));
+    m_graph->setEventLines(
+        linesOf(*eventsOf(m_profile, *dataSet()), episodesOf(m_profile, *dataSet())->episodes));
     m_hasEvents = true;
 }
 
