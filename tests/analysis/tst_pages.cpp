@@ -122,7 +122,8 @@ void TestPages::listShowsEvents()
     QHelpEvent help(QEvent::ToolTip, place, m_table->viewport()->mapToGlobal(place));
     QApplication::sendEvent(m_table->viewport(), &help);
     QCOMPARE(m_table->item(0, 1)->toolTip(),
-             "Peak value: 150.0 bar\nDuration until normal: 00:00:04\nEngine speed: -");
+             "Peak value: 150.0 bar\nDuration until normal: 00:00:04\nEngine speed: -\n"
+             "Belongs to: Oil 150.0 bar, for at least 4.9 s: 1 episode (1 crossing)");
 }
 
 void TestPages::listFollowsTheTime()
