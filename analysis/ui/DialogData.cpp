@@ -177,13 +177,13 @@ void DialogData::setCurrentPage(Page page)
 DialogData::Arrangement DialogData::arrangement() const
 {
     return {static_cast<Page>(m_tabs->currentIndex()), m_mapButtons->checkedId(),
-            m_splitter->sizes(), m_table->chosenWidths()};
+            m_splitter->sizes(), m_columns->chosenWidths()};
 }
 
 void DialogData::arrange(const Arrangement& arrangement)
 {
     m_tabs->setCurrentIndex(static_cast<int>(arrangement.page));
-    m_table->setChosenWidths(arrangement.columns);
+    m_columns->setChosenWidths(arrangement.columns);
     if (QAbstractButton* const button = m_mapButtons->button(arrangement.map); button != nullptr) {
         button->setChecked(true);
         m_splitter->restore(static_cast<MapSplitter::MapType>(arrangement.map), arrangement.sizes);

@@ -189,7 +189,7 @@ private:
     DialogDataTable* m_table = nullptr;
     WidgetFaultMatrix* m_faults = nullptr;
     DialogDataStatistic* m_statistic = nullptr;
-    WidgetTimeTable* m_table = nullptr;
+    WidgetTimeTable* m_columns = nullptr; ///< the data table's view
     PageTabs* m_tabs = nullptr;
     QButtonGroup* m_mapButtons = nullptr;
     MapSplitter* m_splitter = nullptr;

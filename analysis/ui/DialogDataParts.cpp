@@ -100,8 +100,8 @@ void DialogData::createPages(const Profile& profile, const HostedPages& pages)
         m_stack->addWidget(m_pages.add(place, page, m_stack));
     m_splitter->addWidget(m_stack);
     m_splitter->addWidget(m_pages.add(Page::Map, pages.map, m_splitter));
-    m_table = table->findChild<WidgetTimeTable*>();
-    connect(m_table, &WidgetTimeTable::signalWidth, this, &DialogData::signalArranged);
+    m_columns = m_table->findChild<WidgetTimeTable*>();
+    connect(m_columns, &WidgetTimeTable::signalWidth, this, &DialogData::signalArranged);
     connect(m_splitter, &QSplitter::splitterMoved, this, &DialogData::signalArranged);
     m_loading = new QLabel(m_stack);
     m_loading->setObjectName(QStringLiteral("emptyState"));
