@@ -4,6 +4,7 @@
 #include "app/CardSession.h"
 #include "app/DialogProfile.h"
 #include "app/FocusRing.h"
+#include "app/GraphJump.h"
 #include "app/KeyCommands.h"
 #include "app/MainActions.h"
 #include "app/MenuDialogs.h"
