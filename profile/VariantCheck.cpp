@@ -123,7 +123,7 @@ void VariantCheck::checkRoles() const
         if (first.contains(QLatin1String(role)))
             continue;
         const QString name = QLatin1String(role);
-        m_add(m_root, variant.isEmpty()
+        m_add(m_root, m_variant.isEmpty()
                           ? Check::tr("No parameter has the role %1.").arg(name)
                           : Check::tr("In the variant %1 no parameter has the role %2.")
                                 .arg(m_variant, name));
