@@ -154,8 +154,8 @@ void DialogMain::connectCard()
 void DialogMain::createNotices()
 {
     auto* const offer = new NoticeBar(m_data);
-    auto* const notice = new NoticeBar(m_data);
     auto* const added = new NoticeBar(m_data);
+    auto* const notice = new NoticeBar(m_data);
     for (NoticeBar* bar : {offer, notice, added})
         m_data->addBar(bar);
     m_graphJump = std::make_unique<GraphJump>(m_profile.profile(), m_parts, *added);

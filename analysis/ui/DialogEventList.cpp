@@ -11,6 +11,7 @@
 #include "ui/SaveDialog.h"
 
 #include <QAction>
+#include <QEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QSplitter>
@@ -102,6 +103,7 @@ void DialogEventList::setCard(EpisodeView* card, QWidget* widget)
 {
     m_card = card;
     m_splitter->addWidget(widget);
+    m_splitter->installEventFilter(this);
     widget->hide();
 }
 
@@ -115,6 +117,14 @@ void DialogEventList::placeCard()
 {
     m_splitter->setSizes({m_splitter->height() * (100 - m_cardPercent) / 100,
                           m_splitter->height() * m_cardPercent / 100});
+}
+
+bool DialogEventList::eventFilter(QObject* watched, QEvent* event)
+{
+    // The splitter would give both what they need at least while the page has no size yet.
+    if (watched == m_splitter && event->type() == QEvent::Resize)
+        placeCard();
+    return QWidget::eventFilter(watched, event);
 }
 
 void DialogEventList::noteCardSize()

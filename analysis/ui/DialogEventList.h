@@ -48,6 +48,7 @@ protected:
     void dropData() override;
     void showData(Changes changes) override;
     void showTime() override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private slots:
     void slotSelect();

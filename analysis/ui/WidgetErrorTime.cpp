@@ -206,7 +206,7 @@ void WidgetErrorTime::setPointer(std::optional<int> x)
     if (x && (*x < m_strip.left || *x > m_strip.right()))
         x.reset();
     if (std::exchange(m_pointer, x) != x)
-        update(m_layout.strip);
+        update(); // in a narrow strip the text reaches beyond it
 }
 
 const FaultInterval* WidgetErrorTime::currentInterval() const

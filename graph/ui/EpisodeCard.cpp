@@ -27,7 +27,6 @@ QToolButton* createButton(QWidget& card, const QString& icon, const QString& tex
     auto* const button = new QToolButton(&card);
     button->setIcon(QIcon(QStringLiteral(":/icons/%1.svg").arg(icon)));
     button->setText(text);
-    button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     button->setAutoRaise(true);
     return button;
 }
@@ -137,6 +136,8 @@ void EpisodeCard::resizeEvent(QResizeEvent* event)
     QWidget::resizeEvent(event);
     const bool isWide = width() > wideCharacters * fontMetrics().averageCharWidth();
     m_content->setDirection(isWide ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
+    for (QToolButton* button : findChildren<QToolButton*>()) // otherwise no room for the title
+        button->setToolButtonStyle(isWide ? Qt::ToolButtonTextBesideIcon : Qt::ToolButtonIconOnly);
 }
 
 GraphTarget EpisodeCard::target() const
