@@ -1,4 +1,5 @@
 #include "app/DialogProfile.h"
+#include "record/DataSet.h"
 #include "tests/support/Buttons.h"
 #include "tests/support/RecordingFixture.h"
 

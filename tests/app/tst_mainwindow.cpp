@@ -510,14 +510,16 @@ void TestMainWindow::findingIsShownInTheGraph()
     QCOMPARE(widget->graph().markers(), (TimeRange{5.0, 8.0}));
     QVERIFY(waitFor([&] { return widget->graph().window() == TimeRange{-25.0, 38.0}; }));
     QCOMPARE(selected(), "Fuel Speed");
-    const NoticeBar* const bar = m_window->findChildren<NoticeBar*>().last();
+    const NoticeBar* const bar = m_window->findChildren<NoticeBar*>().at(1);
     click(*bar, "Undo");
     QCOMPARE(selected(), "Speed");
     QVERIFY(!bar->isVisible());
     // A draft is kept, and what the user confirms stays.
     const auto speed = [this] {
-        const auto* const tree = m_window->findChildren<QTreeWidget*>().last();
-        return tree->findItems("Speed", Qt::MatchExactly | Qt::MatchRecursive).first();
+        QList<QTreeWidgetItem*> found;
+        for (const auto* tree : m_window->findChildren<QTreeWidget*>())
+            found << tree->findItems("Speed", Qt::MatchExactly | Qt::MatchRecursive);
+        return found.first();
     };
     speed()->setCheckState(0, Qt::Unchecked);
     show();
