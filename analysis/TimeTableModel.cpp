@@ -14,16 +14,6 @@ namespace KOLT {
 
 namespace {
 
-constexpr QRgb dimmedText = qRgb(0x8a, 0x92, 0x9b);
-constexpr int tintPercent = 35;
-
-/// A pale shade of the colour on which dark text can be read.
-QColor tint(QRgb color)
-{
-    const auto mix = [](int channel) { return 255 - (255 - channel) * tintPercent / 100; };
-    return {mix(qRed(color)), mix(qGreen(color)), mix(qBlue(color))};
-}
-
 /// Without tabs and line breaks, which the profile's texts may have and which would break a table.
 QString onOneLine(QString text)
 {
@@ -129,7 +119,7 @@ QVariant TimeTableModel::value(std::size_t row, std::size_t column, int role) co
     if (cell.sample == nullptr)
         return {};
     if (role == Qt::ForegroundRole)
-        return cell.isFresh ? QVariant() : QVariant(QColor(dimmedText));
+        return cell.isFresh ? QVariant() : QVariant(QColor(Qt::gray)); // the view has a tone for it
     const ProfileParameter& parameter = *m_table.columns()[column];
     const double number = decodeNumber(cell.sample->data, parameter);
     if (role == Qt::DisplayRole)
@@ -137,7 +127,7 @@ QVariant TimeTableModel::value(std::size_t row, std::size_t column, int role) co
     const Grade grade = gradeOf(parameter, number);
     if (role == Qt::DecorationRole)
         return parameter.threshold != nullptr ? QVariant(QColor(grade.color)) : QVariant();
-    return grade.state != ThresholdState::Ok ? QVariant(tint(grade.color)) : QVariant();
+    return grade.state != ThresholdState::Ok ? QVariant(QColor(grade.color)) : QVariant();
 }
 
 QVariant TimeTableModel::headerData(int section, Qt::Orientation orientation, int role) const

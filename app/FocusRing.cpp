@@ -1,5 +1,7 @@
 #include "app/FocusRing.h"
 
+#include "ui/LookColors.h"
+
 #include <QApplication>
 #include <QEvent>
 #include <QPainter>
@@ -9,7 +11,6 @@ namespace KOLT {
 namespace {
 
 constexpr int ringWidth = 3;
-constexpr QColor ringColor(0x2f, 0x66, 0x90);
 
 class Ring : public QWidget
 {
@@ -31,12 +32,12 @@ protected:
         setMask(QRegion(rect()) - QRegion(inside));
     }
 
-    /// The light line inside shows on dark grounds.
+    /// The line inside shows on grounds that are like the frame.
     void paintEvent(QPaintEvent* /*event*/) override
     {
         QPainter painter(this);
-        painter.fillRect(rect(), ringColor);
-        painter.setPen(Qt::white);
+        painter.fillRect(rect(), lookColor(Tone::Accent));
+        painter.setPen(lookColor(Tone::Panel));
         painter.drawRect(rect().adjusted(ringWidth - 1, ringWidth - 1, -ringWidth, -ringWidth));
     }
 };

@@ -1,5 +1,7 @@
 #include "app/MainActions.h"
 
+#include "ui/PaintedIcon.h"
+
 #include <QActionGroup>
 #include <QMainWindow>
 #include <QMenu>
@@ -19,7 +21,7 @@ QString shortened(const QString& path)
 
 QIcon icon(const QString& name)
 {
-    return QIcon(QStringLiteral(":/icons/%1.svg").arg(name));
+    return lookIcon(name);
 }
 
 } // namespace

@@ -43,7 +43,7 @@ int main(int argc, char* argv[])
     Startup::loadSettings();
     Startup::installTranslations(application);
     Startup::applyFontSize();
-    Startup::applyStyleSheet(application);
+    Startup::applyLook(application);
 
     splash.showStep(QApplication::translate("main", "Creating Dialogs ..."));
     DialogMain mainWindow;

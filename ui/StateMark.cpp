@@ -1,8 +1,13 @@
 #include "ui/StateMark.h"
 
+#include "ui/LookColors.h"
+#include "ui/PaintedIcon.h"
+
 #include <QPainter>
-#include <QPixmap>
 #include <QPolygonF>
+
+#include <algorithm>
+#include <utility>
 
 namespace KOLT {
 
@@ -11,31 +16,28 @@ namespace {
 constexpr int iconPixels = 16;
 constexpr qreal badgePixels = 9.0;
 constexpr qreal dotPixels = 5.0;
-constexpr QColor goodColor(0x2e, 0x8b, 0x57);
-constexpr QColor warningColor(0xe0, 0x92, 0x00);
-constexpr QColor limitColor(0xd3, 0x2f, 0x2f);
 
 void drawMark(QPainter& painter, StateMark mark, const QRectF& place)
 {
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(Qt::white, 1.0));
+    painter.setPen(QPen(lookColor(Tone::Panel), 1.0));
     switch (mark) {
     case StateMark::None:
         break;
     case StateMark::Good: {
         QRectF dot(0.0, 0.0, dotPixels, dotPixels);
         dot.moveCenter(place.center());
-        painter.setBrush(goodColor);
+        painter.setBrush(lookColor(Tone::Good));
         painter.drawEllipse(dot);
         break;
     }
     case StateMark::Warning:
-        painter.setBrush(warningColor);
+        painter.setBrush(lookColor(Tone::Doubtful));
         painter.drawPolygon(QPolygonF(
             {{place.center().x(), place.top()}, place.bottomRight(), place.bottomLeft()}));
         break;
     case StateMark::Limit:
-        painter.setBrush(limitColor);
+        painter.setBrush(lookColor(Tone::Wrong));
         painter.drawPolygon(QPolygonF({{place.center().x(), place.top()},
                                        {place.right(), place.center().y()},
                                        {place.center().x(), place.bottom()},
@@ -44,21 +46,16 @@ void drawMark(QPainter& painter, StateMark mark, const QRectF& place)
     }
 }
 
-/// An icon of 16 pixels for screens of all scale factors.
+/// An icon that is drawn on a square of 16 units.
 template <typename Draw>
 QIcon drawnIcon(Draw&& draw)
 {
-    QIcon result;
-    for (const int ratio : {1, 2, 3}) {
-        QPixmap pixmap(iconPixels * ratio, iconPixels * ratio);
-        pixmap.setDevicePixelRatio(ratio);
-        pixmap.fill(Qt::transparent);
-        QPainter painter(&pixmap);
+    return paintedIcon([draw = std::forward<Draw>(draw)](QPainter& painter, const QRect& place) {
+        const qreal scale = std::min(place.width(), place.height()) / qreal(iconPixels);
+        painter.translate(QRectF(place).center() - QPointF(iconPixels, iconPixels) * scale / 2);
+        painter.scale(scale, scale);
         draw(painter);
-        painter.end();
-        result.addPixmap(pixmap);
-    }
-    return result;
+    });
 }
 
 } // namespace
@@ -76,7 +73,7 @@ QIcon markedIcon(const QIcon& icon, StateMark mark)
 {
     if (mark == StateMark::None)
         return icon;
-    return drawnIcon([&](QPainter& painter) {
+    return drawnIcon([icon, mark](QPainter& painter) {
         icon.paint(&painter, QRect(0, 0, iconPixels, iconPixels));
         constexpr qreal corner = iconPixels - badgePixels - 0.5;
         drawMark(painter, mark, {corner, corner, badgePixels, badgePixels});

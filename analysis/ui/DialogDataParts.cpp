@@ -9,6 +9,7 @@
 #include "analysis/ui/ReplayBar.h"
 #include "analysis/ui/WidgetFaultMatrix.h"
 #include "analysis/ui/WidgetTimeTable.h"
+#include "ui/PaintedIcon.h"
 
 #include <QBoxLayout>
 #include <QButtonGroup>
@@ -59,7 +60,7 @@ QToolButton* DialogData::createMapButton(int type, const QString& icon, const QS
     auto* const button = new QToolButton(this);
     button->setCheckable(true);
     button->setAutoRaise(true);
-    button->setIcon(QIcon(QStringLiteral(":/icons/%1.svg").arg(icon)));
+    button->setIcon(lookIcon(icon));
     button->setToolTip(tip);
     m_mapButtons->addButton(button, type);
     return button;
@@ -71,7 +72,7 @@ void DialogData::createFrontButton(QBoxLayout& row)
     m_frontButton->setObjectName(QStringLiteral("overviewButton"));
     m_frontButton->setCheckable(true);
     m_frontButton->setAutoRaise(true);
-    m_frontButton->setIcon(QIcon(QStringLiteral(":/icons/overview.svg")));
+    m_frontButton->setIcon(lookIcon(QStringLiteral("overview")));
     m_frontButton->setToolTip(tr("Overview of the open folder (Esc in the lists)"));
     m_frontButton->hide();
     connect(m_frontButton, &QToolButton::clicked, this, &DialogData::showFront);

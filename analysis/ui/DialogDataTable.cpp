@@ -2,6 +2,7 @@
 
 #include "analysis/ui/WidgetTimeTable.h"
 #include "ui/ContentOrNote.h"
+#include "ui/PaintedIcon.h"
 
 #include <QAction>
 #include <QApplication>
@@ -108,7 +109,7 @@ DialogDataTable::DialogDataTable(const Profile& profile, QWidget* parent)
 QAction* DialogDataTable::createAction(const QString& text, const QString& icon,
                                        const QKeySequence& shortcut, const QString& tip)
 {
-    auto* const action = new QAction(QIcon(QStringLiteral(":/icons/%1.svg").arg(icon)), text, this);
+    auto* const action = new QAction(lookIcon(icon), text, this);
     action->setShortcut(shortcut);
     action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
     action->setToolTip(
@@ -121,7 +122,7 @@ void DialogDataTable::createView()
 {
     m_view = new WidgetTimeTable(this);
     m_view->setModel(&m_model);
-    m_copy = new QAction(QIcon(QStringLiteral(":/icons/copy.svg")), tr("Copy"), this);
+    m_copy = new QAction(lookIcon(QStringLiteral("copy")), tr("Copy"), this);
     m_copy->setShortcut(QKeySequence::Copy); // shown in the menu; the view handles the key
     m_copy->setShortcutContext(Qt::WidgetShortcut);
     connect(m_copy, &QAction::triggered, this, &DialogDataTable::copySelection);

@@ -8,6 +8,7 @@
 #include "ui/ContentOrNote.h"
 #include "ui/DialogFolders.h"
 #include "ui/Messages.h"
+#include "ui/PaintedIcon.h"
 #include "ui/SaveDialog.h"
 
 #include <QAction>
@@ -37,7 +38,7 @@ DialogEventList::DialogEventList(const Profile& profile, EventScope scope, const
     m_filter = new QLineEdit(page);
     m_filter->setPlaceholderText(tr("Filter the list"));
     m_filter->setClearButtonEnabled(true);
-    m_filter->addAction(QIcon(QStringLiteral(":/icons/filter.svg")), QLineEdit::LeadingPosition);
+    m_filter->addAction(lookIcon(QStringLiteral("filter")), QLineEdit::LeadingPosition);
     connect(m_filter, &QLineEdit::textChanged, this, [this] {
         fillTable();
         showTime();
@@ -85,13 +86,12 @@ QString DialogEventList::episodeOf(const Event& event) const
 
 void DialogEventList::createMenu()
 {
-    auto* const copyAction =
-        new QAction(QIcon(QStringLiteral(":/icons/copy.svg")), tr("Copy"), this);
+    auto* const copyAction = new QAction(lookIcon(QStringLiteral("copy")), tr("Copy"), this);
     copyAction->setShortcut(QKeySequence::Copy); // shown in the menu; the picker handles the key
     copyAction->setShortcutContext(Qt::WidgetShortcut);
     connect(copyAction, &QAction::triggered, m_table, &EventTable::copy);
     auto* const saveAction =
-        new QAction(QIcon(QStringLiteral(":/icons/export-csv.svg")), tr("Save list as CSV"), this);
+        new QAction(lookIcon(QStringLiteral("export-csv")), tr("Save list as CSV"), this);
     connect(saveAction, &QAction::triggered, this, &DialogEventList::save);
     m_table->setContextMenuPolicy(Qt::ActionsContextMenu);
     QAction* const graphAction = createGraphAction(*m_table);

@@ -115,7 +115,8 @@ EventTable::EventTable(const QString& heading, Description description, QWidget*
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     horizontalHeader()->setHighlightSections(false);
     horizontalHeader()->setSectionResizeMode(textColumn, QHeaderView::Stretch);
-    setStyleSheet(QStringLiteral("selection-background-color: rgba(100, 100, 255, 255);"));
+    setStyleSheet(QStringLiteral("selection-background-color: rgba(100, 100, 255, 255);"
+                                 "selection-color: black;"));
 }
 
 void EventTable::fit()

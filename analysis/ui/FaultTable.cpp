@@ -6,6 +6,7 @@
 #include "base/Csv.h"
 #include "ui/DialogFolders.h"
 #include "ui/Messages.h"
+#include "ui/PaintedIcon.h"
 #include "ui/SaveDialog.h"
 
 #include <QApplication>
@@ -51,13 +52,12 @@ void FaultTable::createMenu()
 {
     QAction* const graphAction = createGraphAction(*this);
     connect(graphAction, &QAction::triggered, this, &FaultTable::showInGraph);
-    auto* const copyAction =
-        new QAction(QIcon(QStringLiteral(":/icons/copy.svg")), tr("Copy"), this);
+    auto* const copyAction = new QAction(lookIcon(QStringLiteral("copy")), tr("Copy"), this);
     copyAction->setShortcut(QKeySequence::Copy); // shown in the menu; the picker handles the key
     copyAction->setShortcutContext(Qt::WidgetShortcut);
     connect(copyAction, &QAction::triggered, this, &FaultTable::copy);
     auto* const saveAction =
-        new QAction(QIcon(QStringLiteral(":/icons/export-csv.svg")), tr("Save list as CSV"), this);
+        new QAction(lookIcon(QStringLiteral("export-csv")), tr("Save list as CSV"), this);
     connect(saveAction, &QAction::triggered, this, &FaultTable::save);
     setContextMenuPolicy(Qt::ActionsContextMenu);
     addActions({graphAction, copyAction, saveAction});

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "ui/PaintedIcon.h"
+
 #include <QAction>
 #include <QCoreApplication>
 #include <QWidget>
@@ -10,7 +12,7 @@ namespace KOLT {
 inline QAction* createGraphAction(QWidget& owner)
 {
     auto* const action =
-        new QAction(QIcon(QStringLiteral(":/icons/tab-graph.svg")),
+        new QAction(lookIcon(QStringLiteral("tab-graph")),
                     QCoreApplication::translate("GraphAction", "Show in graph"), &owner);
     action->setShortcuts({QKeySequence(Qt::CTRL | Qt::Key_Return),
                           QKeySequence(Qt::CTRL | Qt::Key_Enter)}); // Enter of the number pad

@@ -306,7 +306,9 @@ void OverviewPage::resizeEvent(QResizeEvent* event)
 void OverviewPage::changeEvent(QEvent* event)
 {
     QWidget::changeEvent(event);
-    if (event->type() == QEvent::FontChange && m_button != nullptr)
+    const bool isOtherLook =
+        event->type() == QEvent::FontChange || event->type() == QEvent::PaletteChange;
+    if (isOtherLook && m_button != nullptr)
         fill();
 }
 

@@ -1,5 +1,7 @@
 #include "analysis/ui/PageTabs.h"
 
+#include "ui/PaintedIcon.h"
+
 namespace KOLT {
 
 namespace {
@@ -21,7 +23,7 @@ PageTabs::PageTabs(QWidget* parent)
 
 void PageTabs::add(const QString& icon, const QString& text)
 {
-    const int tab = addTab(QIcon(QStringLiteral(":/icons/%1.svg").arg(icon)), text);
+    const int tab = addTab(lookIcon(icon), text);
     setTabToolTip(tab, text); // for a tab that is scrolled half out of sight
 }
 

@@ -1,6 +1,7 @@
 #include "analysis/ui/RecordingStrip.h"
 
 #include "analysis/ui/PositionSlider.h"
+#include "ui/LookColors.h"
 
 #include <QHelpEvent>
 #include <QMouseEvent>
@@ -17,9 +18,6 @@ namespace {
 constexpr int stripHeight = 10;
 constexpr int barInset = 3; ///< what was recorded is drawn thinner than what is told of it
 constexpr int reach = 3;    ///< pixels; a place this close to a piece means the piece
-constexpr QColor barColor(0x7d, 0x94, 0xa8);
-constexpr QColor doubtfulColor(0xe0, 0x92, 0x00);
-constexpr QColor wrongColor(0xd3, 0x2f, 0x2f);
 
 QString paragraph(const QString& text)
 {
@@ -106,7 +104,7 @@ void RecordingStrip::draw(QPainter& painter) const
             recorded -= QRect(QPoint(piece.run.left, 0), QPoint(piece.run.right, height()));
     }
     for (const QRect& part : recorded)
-        painter.fillRect(part, barColor);
+        painter.fillRect(part, lookColor(Tone::Recorded));
     for (const StripPiece& piece : m_pieces)
         drawPiece(painter, piece);
 }
@@ -115,7 +113,7 @@ void RecordingStrip::drawPiece(QPainter& painter, const StripPiece& piece) const
 {
     const bool isWrong =
         trustSeverity(m_trust->findings[piece.finding].kind) == TrustSeverity::Wrong;
-    const QColor color = isWrong ? wrongColor : doubtfulColor;
+    const QColor color = lookColor(isWrong ? Tone::Wrong : Tone::Doubtful);
     const QRect place(QPoint(piece.run.left, 0), QPoint(piece.run.right, height() - 1));
     switch (piece.kind) {
     case StripPiece::Kind::Hole:
@@ -125,7 +123,7 @@ void RecordingStrip::drawPiece(QPainter& painter, const StripPiece& piece) const
         break;
     case StripPiece::Kind::Overlap:
         painter.fillRect(place, color);
-        painter.fillRect(place, QBrush(Qt::white, Qt::BDiagPattern));
+        painter.fillRect(place, QBrush(lookColor(Tone::Panel), Qt::BDiagPattern));
         break;
     case StripPiece::Kind::Jump: {
         const QRectF area(place);

@@ -6,6 +6,7 @@
 #include "analysis/ui/RecordingStrip.h"
 #include "analysis/ui/TimeField.h"
 #include "record/ClockTime.h"
+#include "ui/PaintedIcon.h"
 
 #include <QDoubleSpinBox>
 #include <QEvent>
@@ -33,7 +34,7 @@ constexpr int typingMilliseconds = 3000; ///< after the last key
 
 QIcon icon(const QString& name)
 {
-    return QIcon(QStringLiteral(":/icons/%1.svg").arg(name));
+    return lookIcon(name);
 }
 
 QLCDNumber* createDisplay(QLatin1String text, const QString& tip, QWidget* parent)

@@ -1,5 +1,7 @@
 #include "analysis/ui/WelcomePanel.h"
 
+#include "ui/PaintedIcon.h"
+
 #include <QDir>
 #include <QIcon>
 #include <QLabel>
@@ -50,7 +52,7 @@ WelcomePanel::WelcomePanel(QWidget* parent)
     column->addLayout(m_volumes);
     QPushButton* const choose = addButton(tr("Open the memory card..."),
                                           tr("Choose the folder that holds the record files"));
-    choose->setIcon(QIcon(QStringLiteral(":/icons/open-folder.svg")));
+    choose->setIcon(lookIcon(QStringLiteral("open-folder")));
     m_sample = addButton(tr("Try the sample card"),
                          tr("A short simulated flight that comes with the program"));
     for (QPushButton* button : {choose, m_sample})
@@ -102,7 +104,7 @@ void WelcomePanel::setVolumes(const std::vector<OfferedFolder>& volumes)
             tr("Open \"%1\"")
                 .arg(QString(volume.name).replace(QLatin1Char('&'), QLatin1String("&&"))),
             tr("Record files were found in %1").arg(QDir::toNativeSeparators(volume.path)));
-        button->setIcon(QIcon(QStringLiteral(":/icons/file.svg")));
+        button->setIcon(lookIcon(QStringLiteral("file")));
         m_volumes->addWidget(button, 0, Qt::AlignHCenter);
         connect(button, &QPushButton::clicked, this,
                 [this, path = volume.path] { emit signalFolder(path); });

@@ -2,6 +2,7 @@
 
 #include "analysis/MomentText.h"
 #include "analysis/ui/GraphAction.h"
+#include "ui/LookColors.h"
 #include "ui/PlainToolTip.h"
 
 #include <QContextMenuEvent>
@@ -25,9 +26,6 @@ constexpr int countWidth = 32;
 constexpr int namePercent = 35;
 constexpr int reach = 3;       ///< pixels; a click this close to a fault means the fault
 constexpr int smallestRun = 2; ///< pixels; keeps a fault of one sample visible
-constexpr QColor stripColor(0xe9, 0xec, 0xef);
-constexpr QColor timeColor(0x1b, 0x22, 0x29);
-constexpr QColor focusColor(0x2f, 0x66, 0x90);
 
 struct ClassLook
 {
@@ -39,15 +37,15 @@ ClassLook lookOf(ErrorType type)
 {
     switch (type) {
     case ErrorType::Info:
-        return {QColor(0x2f, 0x66, 0x90), QStringLiteral("I")};
+        return {lookColor(Tone::ClassInfo), QStringLiteral("I")};
     case ErrorType::Warning:
-        return {QColor(0xb9, 0x6a, 0x00), QStringLiteral("W")};
+        return {lookColor(Tone::ClassWarning), QStringLiteral("W")};
     case ErrorType::Fault:
-        return {QColor(0xb3, 0x26, 0x1e), QStringLiteral("F")};
+        return {lookColor(Tone::ClassFault), QStringLiteral("F")};
     case ErrorType::None:
         break;
     }
-    return {QColor(0x5d, 0x68, 0x73), QStringLiteral("-")};
+    return {lookColor(Tone::ClassNone), QStringLiteral("-")};
 }
 
 } // namespace
@@ -138,7 +136,7 @@ void WidgetErrorTime::paintEvent(QPaintEvent* /*event*/)
                                           : QStringLiteral("-"));
     paintStrip(painter);
     if (hasFocus()) {
-        painter.setPen(focusColor);
+        painter.setPen(lookColor(Tone::Accent));
         painter.setBrush(Qt::NoBrush);
         painter.drawRect(rect().adjusted(0, 0, -1, -1));
     }
@@ -155,7 +153,7 @@ void WidgetErrorTime::paintClass(QPainter& painter) const
     painter.setBrush(look.color);
     painter.drawRoundedRect(badge, 3, 3);
     painter.setRenderHint(QPainter::Antialiasing, false);
-    painter.setPen(Qt::white);
+    painter.setPen(lookColor(Tone::ClassText));
     painter.drawText(badge, Qt::AlignCenter, look.letter);
 }
 
@@ -165,7 +163,7 @@ void WidgetErrorTime::paintState(QPainter& painter) const
     if (state == FaultHistory::State::Set) {
         const QColor color = lookOf(m_history.parameter->errorType).color;
         painter.fillRect(m_layout.state.adjusted(0, 3, 0, -3), color);
-        painter.setPen(Qt::white);
+        painter.setPen(lookColor(Tone::ClassText));
         painter.drawText(m_layout.state, Qt::AlignCenter, tr("ON"));
         return;
     }
@@ -177,12 +175,12 @@ void WidgetErrorTime::paintState(QPainter& painter) const
 void WidgetErrorTime::paintStrip(QPainter& painter) const
 {
     const QRect& area = m_layout.strip;
-    painter.fillRect(area, stripColor);
+    painter.fillRect(area, lookColor(Tone::Strip));
     const QColor color = lookOf(m_history.parameter->errorType).color;
     for (const PixelRun& run : m_runs)
         painter.fillRect(run.left, area.top() + 2, run.right - run.left + 1, area.height() - 4,
                          color);
-    painter.fillRect(m_strip.xOf(m_seconds), 0, 1, height(), timeColor);
+    painter.fillRect(m_strip.xOf(m_seconds), 0, 1, height(), lookColor(Tone::Text));
     if (m_pointer)
         paintPointer(painter);
 }
@@ -191,13 +189,13 @@ void WidgetErrorTime::paintPointer(QPainter& painter) const
 {
     const QString text = counterText(m_strip.timeAt(*m_pointer));
     const QRect& area = m_layout.strip;
-    painter.fillRect(*m_pointer, area.top(), 1, area.height(), focusColor);
+    painter.fillRect(*m_pointer, area.top(), 1, area.height(), lookColor(Tone::Accent));
     QRect plate(*m_pointer + gap, area.top(), fontMetrics().horizontalAdvance(text) + gap,
                 area.height());
     if (plate.right() > area.right())
         plate.moveRight(*m_pointer - gap);
-    painter.fillRect(plate, stripColor);
-    painter.setPen(timeColor);
+    painter.fillRect(plate, lookColor(Tone::Strip));
+    painter.setPen(lookColor(Tone::Text));
     painter.drawText(plate, Qt::AlignCenter, text);
 }
 

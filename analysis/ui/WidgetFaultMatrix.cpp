@@ -3,6 +3,7 @@
 #include "analysis/ui/FaultTable.h"
 #include "analysis/ui/WidgetErrorTime.h"
 #include "ui/ContentOrNote.h"
+#include "ui/PaintedIcon.h"
 
 #include <QCheckBox>
 #include <QLabel>
@@ -58,7 +59,7 @@ void WidgetFaultMatrix::createBar(QVBoxLayout& layout)
     m_filter->setPlaceholderText(tr("Filter the faults"));
     m_filter->setToolTip(tr("Show only faults with this text in their name or class"));
     m_filter->setClearButtonEnabled(true);
-    m_filter->addAction(QIcon(QStringLiteral(":/icons/filter.svg")), QLineEdit::LeadingPosition);
+    m_filter->addAction(lookIcon(QStringLiteral("filter")), QLineEdit::LeadingPosition);
     connect(m_filter, &QLineEdit::textChanged, this, &WidgetFaultMatrix::showWanted);
     m_onlyOccurred = new QCheckBox(tr("Only faults that occurred"), this);
     m_onlyOccurred->setToolTip(tr("Hide faults that never occurred in the loaded data"));

@@ -1,6 +1,7 @@
 #include "analysis/ui/WidgetTimeTable.h"
 
 #include "analysis/ui/RowPicker.h"
+#include "ui/LookColors.h"
 
 #include <QHeaderView>
 #include <QPainter>
@@ -19,8 +20,19 @@ constexpr int cellPadding = 4;
 constexpr int rowPadding = 6;
 constexpr int columnPadding = 12;
 constexpr int frozenColumn = 0;
-constexpr QColor timeColor(0x2f, 0x66, 0x90);
-constexpr QColor timeVeil(0x2f, 0x66, 0x90, 28);
+constexpr int veilAlpha = 28;
+constexpr int tintPercent = 30;
+constexpr int dimmedTintPercent = 12; ///< below dimmed text
+
+/// A shade of the ground on which its texts can be read.
+QColor tint(const QColor& color, bool isDimmed)
+{
+    const QColor ground = lookColor(Tone::Panel);
+    const int percent = isDimmed ? dimmedTintPercent : tintPercent;
+    const auto mix = [percent](int from, int to) { return from + (to - from) * percent / 100; };
+    return {mix(ground.red(), color.red()), mix(ground.green(), color.green()),
+            mix(ground.blue(), color.blue())};
+}
 
 } // namespace
 
@@ -43,7 +55,8 @@ public:
         if (option.state.testFlag(QStyle::State_Selected))
             painter->fillRect(cell, option.palette.color(QPalette::Highlight));
         else if (background.isValid())
-            painter->fillRect(cell, background.value<QColor>());
+            painter->fillRect(
+                cell, tint(background.value<QColor>(), index.data(Qt::ForegroundRole).isValid()));
         const QVariant swatch = index.data(Qt::DecorationRole);
         if (swatch.isValid())
             painter->fillRect(QRect(QPoint(cell.left() + cellPadding,
@@ -52,12 +65,15 @@ public:
                               swatch.value<QColor>());
         paintText(*painter, option, index);
         if (option.state.testFlag(QStyle::State_HasFocus)) {
-            painter->setPen(timeColor);
+            painter->setPen(lookColor(Tone::Accent));
             painter->drawRect(cell.adjusted(0, 0, -1, -1));
         }
         if (index.row() == m_timeRow) {
-            painter->fillRect(cell, timeVeil);
-            painter->fillRect(QRect(cell.left(), cell.bottom() - 1, cell.width(), 2), timeColor);
+            const QColor line = lookColor(Tone::Accent);
+            QColor veil = line;
+            veil.setAlpha(veilAlpha);
+            painter->fillRect(cell, veil);
+            painter->fillRect(QRect(cell.left(), cell.bottom() - 1, cell.width(), 2), line);
         }
     }
 
@@ -73,8 +89,9 @@ private:
         if (text.size() * option.fontMetrics.maxWidth() / 2 > place.width())
             text = option.fontMetrics.elidedText(text, Qt::ElideRight, place.width());
         const QVariant foreground = index.data(Qt::ForegroundRole);
-        painter.setPen(foreground.isValid() ? foreground.value<QColor>()
-                                            : option.palette.color(QPalette::Text));
+        const bool isSelected = option.state.testFlag(QStyle::State_Selected);
+        painter.setPen(foreground.isValid() && !isSelected ? lookColor(Tone::Quiet)
+                                                           : option.palette.color(QPalette::Text));
         painter.setFont(option.font);
         painter.drawText(place, Qt::AlignRight | Qt::AlignVCenter | Qt::TextSingleLine, text);
     }

@@ -34,6 +34,7 @@ constexpr QSize windowSize(1000, 620);
 constexpr int rowPadding = 6;
 constexpr int noteLines = 5;
 constexpr int wholePercent = 100;
+constexpr QRgb sumBackground = qRgb(0xf4, 0xf5, 0xf6); ///< as printed
 
 QLabel* plainLabel(QWidget* parent)
 {
@@ -65,6 +66,7 @@ DialogDaySheet::DialogDaySheet(const Profile& profile, const SettingsStore& sett
     m_head = plainLabel(this);
     createTable();
     m_notes = new QPlainTextEdit(this);
+    m_notes->setObjectName(QStringLiteral("paper"));
     m_notes->setReadOnly(true);
     m_notes->setTabChangesFocus(true);
     m_state = plainLabel(this);
@@ -95,6 +97,7 @@ DialogDaySheet::DialogDaySheet(const Profile& profile, const SettingsStore& sett
 void DialogDaySheet::createTable()
 {
     m_table = new QTableWidget(this);
+    m_table->setObjectName(QStringLiteral("paper"));
     m_table->setEditTriggers(QAbstractItemView::NoEditTriggers);
     m_table->setTabKeyNavigation(false);
     m_table->setSelectionBehavior(QAbstractItemView::SelectRows);
@@ -242,7 +245,7 @@ void DialogDaySheet::fillRow(int index, const std::vector<DaySheet::Column>& col
             QFont font = item->font();
             font.setBold(true);
             item->setFont(font);
-            item->setBackground(palette().color(QPalette::AlternateBase));
+            item->setBackground(QColor(sumBackground));
         }
         QStringList notes;
         for (const int note : row.notes[columns[i]])

@@ -1,6 +1,7 @@
 #include "app/settings/ProgramSettings.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace KOLT {
 
@@ -9,6 +10,7 @@ namespace {
 constexpr int defaultFontPixels = 12;
 constexpr int largestClockOffset = 14 * 60; ///< minutes
 constexpr int imperial = 1;                 ///< as stored; everything else is metric
+constexpr const char* lookNames[] = {"light", "dark", "system"}; ///< in the order of LookChoice
 
 } // namespace
 
@@ -20,6 +22,18 @@ QString ProgramSettings::language() const
 void ProgramSettings::setLanguage(const QString& locale)
 {
     m_store.setText("Locale", locale.toUtf8());
+}
+
+ProgramSettings::LookChoice ProgramSettings::look() const
+{
+    const auto* const found = std::ranges::find(lookNames, m_store.getText("Look"));
+    return found != std::end(lookNames) ? static_cast<LookChoice>(found - lookNames)
+                                        : LookChoice::Light;
+}
+
+void ProgramSettings::setLook(LookChoice look)
+{
+    m_store.setText("Look", lookNames[static_cast<int>(look)]);
 }
 
 int ProgramSettings::fontPixels() const

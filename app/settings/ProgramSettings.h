@@ -19,6 +19,12 @@ public:
     QString language() const;
     void setLanguage(const QString& locale);
 
+    /// How the windows look.
+    enum class LookChoice { Light, Dark, System };
+
+    LookChoice look() const;
+    void setLook(LookChoice look);
+
     int fontPixels() const;
     void setFontPixels(int pixels);
 

@@ -85,7 +85,31 @@ QString styleFile()
 
 void applyStyleSheet(QApplication& application)
 {
-    application.setStyleSheet(StyleSheet().read(styleFile()));
+    StyleSheet::Entries colors;
+    for (const LookTone& tone : lookTones())
+        colors[QString::fromLatin1(tone.name)] = QColor(tone.in(currentLook())).name();
+    application.setStyleSheet(StyleSheet().read(styleFile(), colors));
+}
+
+void showLook(QApplication& application, Look look)
+{
+    setCurrentLook(look); // first: widgets ask for colours when the palette changes
+    QApplication::setPalette(lookPalette(look));
+    applyStyleSheet(application);
+}
+
+void applyLook(QApplication& application)
+{
+    Look look = Look::Light;
+    const ProgramSettings::LookChoice choice = ProgramSettings().look();
+    if (choice == ProgramSettings::LookChoice::System) {
+        QApplication::setPalette(QPalette()); // back to the system's, to see it
+        look = lookOf(QApplication::palette());
+    }
+    if (choice == ProgramSettings::LookChoice::Dark ||
+        CommandLineOptions::instance().isGiven("-emu"))
+        look = Look::Dark;
+    showLook(application, look);
 }
 
 void applyFontSize()

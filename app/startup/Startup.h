@@ -1,5 +1,7 @@
 #pragma once
 
+#include "ui/LookColors.h"
+
 #include <QString>
 
 class QApplication;
@@ -23,8 +25,14 @@ void installTranslations(QApplication& application);
 /// The style sheet of option "-s", or the built-in one among the resources.
 QString styleFile();
 
-/// Applies that style sheet.
+/// Applies that style sheet, with the colours of the current look.
 void applyStyleSheet(QApplication& application);
+
+/// Applies palette and style sheet of a look.
+void showLook(QApplication& application, Look look);
+
+/// The same with the look in the settings, or that of the system. The bare display is always dark.
+void applyLook(QApplication& application);
 
 /// Applies the font size in the settings (pixels) to all windows.
 void applyFontSize();

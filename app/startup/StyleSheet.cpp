@@ -30,7 +30,7 @@ void replaceVariables(const StyleSheet::Entries& variables, QString& text)
 
 } // namespace
 
-QString StyleSheet::read(const QString& path)
+QString StyleSheet::read(const QString& path, const Entries& given)
 {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly | QIODevice::Text))
@@ -56,7 +56,9 @@ QString StyleSheet::read(const QString& path)
             m_blocks[header][key] = value;
         applied += block + QLatin1Char('}');
     }
-    return applied + text.section(QLatin1Char('}'), blockCount);
+    applied += text.section(QLatin1Char('}'), blockCount);
+    replaceVariables(given, applied);
+    return applied;
 }
 
 QString StyleSheet::withoutComments(const QString& text)

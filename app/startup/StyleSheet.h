@@ -13,9 +13,9 @@ class StyleSheet
 public:
     using Entries = std::map<QString, QString>;
 
-    /// The text to apply, without comments and the Variables block, references replaced. Empty when
-    /// the file cannot be opened.
-    QString read(const QString& path);
+    /// The text to apply, without comments and the Variables block, references replaced. Those that
+    /// the file does not define have the given values. Empty when the file cannot be opened.
+    QString read(const QString& path, const Entries& given = {});
 
     const Entries& variables() const { return m_variables; }
 

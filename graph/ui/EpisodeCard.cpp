@@ -2,6 +2,7 @@
 
 #include "analysis/EpisodeFigures.h"
 #include "graph/ScenePainter.h"
+#include "ui/PaintedIcon.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -25,7 +26,7 @@ constexpr int wideCharacters = 60; ///< a wider card has the graph beside the fi
 QToolButton* createButton(QWidget& card, const QString& icon, const QString& text)
 {
     auto* const button = new QToolButton(&card);
-    button->setIcon(QIcon(QStringLiteral(":/icons/%1.svg").arg(icon)));
+    button->setIcon(lookIcon(icon));
     button->setText(text);
     button->setAutoRaise(true);
     return button;

@@ -1,6 +1,7 @@
 #include "graph/ui/GraphCommandBar.h"
 
 #include "graph/GraphSettings.h"
+#include "ui/PaintedIcon.h"
 
 #include <QButtonGroup>
 #include <QHBoxLayout>
@@ -91,7 +92,7 @@ QToolButton* GraphCommandBar::createButton(const QString& icon, const QString& t
     button->setIconSize(QSize(buttonSize, buttonSize));
     button->setAutoRaise(true);
     if (!icon.isEmpty())
-        button->setIcon(QIcon(QStringLiteral(":/icons/%1.svg").arg(icon)));
+        button->setIcon(lookIcon(icon));
     button->setToolTip(tip);
     layout()->addWidget(button);
     return button;

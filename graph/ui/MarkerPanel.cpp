@@ -2,6 +2,7 @@
 
 #include "graph/MarkerTable.h"
 #include "graph/ui/WidgetGraphBase.h"
+#include "ui/PaintedIcon.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -42,7 +43,7 @@ MarkerPanel::MarkerPanel(const WidgetGraphBase& graph, QWidget* parent)
     m_table->horizontalHeader()->setHighlightSections(false);
     auto* const button = new QToolButton(this);
     button->setAutoRaise(true);
-    button->setIcon(QIcon(QStringLiteral(":/icons/copy.svg")));
+    button->setIcon(lookIcon(QStringLiteral("copy")));
     button->setToolTip(tr("Copy table"));
     button->setAccessibleName(button->toolTip());
     connect(button, &QToolButton::clicked, this, &MarkerPanel::copy);

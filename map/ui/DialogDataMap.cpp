@@ -1,6 +1,8 @@
 #include "map/ui/DialogDataMap.h"
 
 #include "map/ui/WidgetMap.h"
+#include "ui/LookColors.h"
+#include "ui/PaintedIcon.h"
 
 #include <QAction>
 #include <QButtonGroup>
@@ -56,6 +58,7 @@ void DialogDataMap::createToolBar()
     m_toolPanel = new QWidget(this);
     m_toolPanel->setAttribute(Qt::WA_StyledBackground);
     m_toolPanel->setObjectName(QStringLiteral("toolPanel"));
+    m_toolPanel->setPalette(lookPalette(Look::Light)); // its ground is white in both looks
     m_toolPanel->setStyleSheet(
         QStringLiteral(".QWidget{background-color: #66ffffff;border-radius:10px;}"));
     auto* const layout = new QGridLayout(m_toolPanel);
@@ -105,7 +108,7 @@ void DialogDataMap::createFoldButton()
 {
     m_fold = new QToolButton(this);
     m_fold->setObjectName(QStringLiteral("foldValues"));
-    m_fold->setIcon(QIcon(QStringLiteral(":/icons/map-values.svg")));
+    m_fold->setIcon(lookIcon(QStringLiteral("map-values")));
     m_fold->setIconSize({foldIcon, foldIcon});
     m_fold->setToolTip(tr("Show the values of the selected parameters"));
     m_fold->setAccessibleName(tr("Values"));
@@ -118,6 +121,7 @@ void DialogDataMap::createNote()
 {
     m_note = new QLabel(this);
     m_note->setObjectName(QStringLiteral("mapNote"));
+    m_note->setPalette(lookPalette(Look::Light));
     m_note->setStyleSheet(QStringLiteral(
         "QLabel{background-color: #ddffffff; color: #14181e; border-radius: 6px; padding: 4px;}"));
     m_note->setTextInteractionFlags(Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard);

@@ -2,6 +2,7 @@
 
 #include "record/CardContainer.h"
 #include "record/ClockTime.h"
+#include "ui/PaintedIcon.h"
 
 #include <QSignalBlocker>
 
@@ -49,7 +50,7 @@ void CycleList::fillTree(const CardContainer& card)
     m_items.clear();
     m_marks.clear();
     m_findings.clear();
-    const QIcon icon(QStringLiteral(":/icons/cycle.svg"));
+    const QIcon icon = lookIcon(QStringLiteral("cycle"));
     for (const auto& [key, cycle] : card.cycles()) {
         QTreeWidgetItem* const item = addEntry(cycle.dateTime.date());
         item->setText(0, QStringLiteral("%1 %2 (%3)")
@@ -71,7 +72,7 @@ void CycleList::listFlights(unsigned int cycle, const std::vector<Flight>& fligh
     const QSignalBlocker blocker(&tree());
     const std::optional<Choice> before = selected();
     qDeleteAll(cycleItem->takeChildren());
-    const QIcon icon(QStringLiteral(":/icons/flight.svg"));
+    const QIcon icon = lookIcon(QStringLiteral("flight"));
     int index = 0;
     for (const Flight& flight : flights) {
         auto* const item = new QTreeWidgetItem(cycleItem);
@@ -103,13 +104,13 @@ void CycleList::showMarks(unsigned int cycle)
     if (cycleItem == nullptr || marks == m_marks.end())
         return;
     const auto mark = [](QTreeWidgetItem& item, const char* icon, StateMark state) {
-        item.setIcon(0, markedIcon(QIcon(QLatin1String(icon)), state));
+        item.setIcon(0, markedIcon(lookIcon(QLatin1String(icon)), state));
         item.setToolTip(0, explain(state));
     };
-    mark(*cycleItem, ":/icons/cycle.svg", marks->second.cycle);
+    mark(*cycleItem, "cycle", marks->second.cycle);
     const auto& flights = marks->second.flights;
     for (int i = 0; i < cycleItem->childCount() && i < static_cast<int>(flights.size()); ++i)
-        mark(*cycleItem->child(i), ":/icons/flight.svg", flights[static_cast<std::size_t>(i)]);
+        mark(*cycleItem->child(i), "flight", flights[static_cast<std::size_t>(i)]);
 }
 
 void CycleList::setTrust(unsigned int cycle, const std::vector<TrustFinding>& findings)

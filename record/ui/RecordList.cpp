@@ -2,6 +2,7 @@
 
 #include "record/CardContainer.h"
 #include "record/ClockTime.h"
+#include "ui/PaintedIcon.h"
 
 #include <algorithm>
 #include <initializer_list>
@@ -60,7 +61,7 @@ void RecordList::fillTree(const CardContainer& card)
     m_findings.clear();
     QFont highlight = font();
     highlight.setWeight(QFont::Bold);
-    const QIcon icon(QStringLiteral(":/icons/file.svg"));
+    const QIcon icon = lookIcon(QStringLiteral("file"));
     for (const auto& [name, file] : card.files()) {
         const RecordInfo& info = file.info();
         QTreeWidgetItem* const item = addEntry(info.dateTime.date());

@@ -168,13 +168,16 @@ void takeDialogs(KOLT::DialogMain& window, Camera& camera)
 
 } // namespace
 
-/// kolt-screenshots DIR [-emu]: opens the program with its settings, loads a flight, and saves
-/// pictures of all pages and dialogs; with "-emu", of the bare display.
+/// kolt-screenshots DIR [-emu | -light | -dark]: opens the program with its settings, loads a
+/// flight, and saves pictures of all pages and dialogs, in the look of the settings or the given
+/// one; with
+/// "-emu", of the bare display.
 int main(int argc, char* argv[])
 {
     initKoltResources();
     qputenv("KOLT_OFFLINE", "1"); // so that pictures do not depend on map tiles
-    const bool isEmu = argc > 2 && QByteArray(argv[2]) == "-emu";
+    const QByteArray option = argc > 2 ? argv[2] : "";
+    const bool isEmu = option == "-emu";
     const char* const options[] = {argv[0], "-emu"};
     KOLT::Startup::parseCommandLine(isEmu ? 2 : 1, options);
     QApplication application(argc, argv);
@@ -189,7 +192,10 @@ int main(int argc, char* argv[])
     KOLT::Startup::loadSettings();
     KOLT::Startup::installTranslations(application);
     KOLT::Startup::applyFontSize();
-    KOLT::Startup::applyStyleSheet(application);
+    KOLT::Startup::applyLook(application);
+    if (option == "-light" || option == "-dark")
+        KOLT::Startup::showLook(application,
+                                option == "-dark" ? KOLT::Look::Dark : KOLT::Look::Light);
     KOLT::DialogMain window;
     Camera camera(directory);
     if (!QTest::qWaitForWindowExposed(&window))
