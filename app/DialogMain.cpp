@@ -117,7 +117,20 @@ void DialogMain::reloadProfile()
         m_overview->endReload();
     if (m_trust != nullptr)
         m_trust->refresh();
-    m_profile.tellFailure();
+    tellProfileFailure();
+}
+
+void DialogMain::tellProfileFailure()
+{
+    if (!m_profile.tellFailure())
+        return;
+    m_status->showMessage(tr("The profile that came with the program is in use. The broken one is "
+                             "kept beside it as a backup."));
+    m_jobs.runLatest(JobQueue::Kind::Reload, [this] {
+        reloadProfile();
+        if (!m_project->isModified() && profile().selectedParameters().empty())
+            m_project->readLast(); // it was of no use without a profile
+    });
 }
 
 void DialogMain::setClockOffset(int minutes)
@@ -136,7 +149,7 @@ void DialogMain::slotTimeout()
     // Message boxes need a running event loop.
     if (m_settings.isBroken())
         saveSettings(this);
-    m_profile.tellFailure();
+    tellProfileFailure();
     if (!m_isEmuDisplay)
         m_profileOffer->tell();
 }
@@ -201,6 +214,8 @@ void DialogMain::refreshTitle()
 
 bool DialogMain::event(QEvent* event)
 {
+    if (event->type() == QEvent::ThemeChange)
+        Startup::applyLook(*qApp);
     if (event->type() != QEvent::StatusTip)
         return QMainWindow::event(event);
     m_status->showTip(static_cast<QStatusTipEvent*>(event)->tip());

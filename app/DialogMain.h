@@ -108,6 +108,7 @@ private:
 
     void loadProfile();
     void reloadProfile();
+    void tellProfileFailure();
     void setClockOffset(int minutes);
     void refreshTitle();
 
@@ -119,6 +120,7 @@ private:
     void showLoaded(bool isComplete);
     void selectLoaded();
     void openDaySheet();
+    void tellSaved(const QString& path);
     void exportData(Command command);
 
     SettingsStore& m_settings;

@@ -49,7 +49,8 @@ void ProfileOffer::showChanges()
     dialog.exec();
     switch (dialog.choice()) {
     case DialogProfileChanges::Choice::Install:
-        if (!installProfile(&m_window, DataPaths::shippedProfileFile()))
+        if (installProfile(&m_window, DataPaths::shippedProfileFile()) !=
+            InstalledProfile::Result::Installed)
             break;
         m_bar.hide();
         emit signalInstalled();

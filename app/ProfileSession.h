@@ -23,8 +23,9 @@ public:
     /// Loads the installed file. Pointers into the profile must be dropped before.
     void load();
 
-    /// Warns the user if the profile could not be loaded.
-    void tellFailure() const;
+    /// Warns the user if the profile could not be loaded, and offers the one that came with the
+    /// program. True if it was installed, and has to be loaded.
+    bool tellFailure() const;
 
     /// Stores the variant; it is used by the next load().
     void chooseVariant(const QString& variant);

@@ -4,7 +4,6 @@
 #include "app/dialogs/ClockOffsetBox.h"
 #include "app/dialogs/InstallProfile.h"
 #include "app/dialogs/TileServerBox.h"
-#include "app/settings/InstalledProfile.h"
 #include "app/settings/MapSettingsStore.h"
 #include "app/settings/ProgramSettings.h"
 #include "app/startup/Startup.h"
@@ -19,6 +18,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QSpinBox>
+#include <QStyle>
 #include <QVBoxLayout>
 
 namespace KOLT {
@@ -56,8 +56,8 @@ DialogPreferences::DialogPreferences(SettingsStore& settings, QWidget* parent)
     auto* const buttons = new QDialogButtonBox(
         QDialogButtonBox::Ok | QDialogButtonBox::Cancel | QDialogButtonBox::Apply, this);
     connect(buttons, &QDialogButtonBox::accepted, this, [this] {
-        apply();
-        accept();
+        if (apply())
+            accept();
     });
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     connect(buttons->button(QDialogButtonBox::Apply), &QPushButton::clicked, this,
@@ -80,6 +80,8 @@ void DialogPreferences::createGeneral(QFormLayout* form)
     connect(m_language, &QComboBox::currentIndexChanged, this, [this] {
         m_restart->setVisible(m_language->currentData().toString() != m_startLanguage);
     });
+    m_look = new QComboBox;
+    m_look->addItems({tr("Light"), tr("Dark"), tr("As the system")});
     m_fontSize = new QSpinBox;
     m_fontSize->setRange(smallestFont, largestFont);
     m_fontSize->setSuffix(tr(" pixels"));
@@ -95,15 +97,20 @@ void DialogPreferences::createGeneral(QFormLayout* form)
     auto* const profileRow = new QHBoxLayout;
     profileRow->addWidget(m_profile, 1);
     profileRow->addWidget(choose);
+    m_mistake = new QLabel(tr("This file is not installed. Choose another one, or Cancel."));
+    m_mistake->setObjectName(QStringLiteral("mistake"));
+    m_mistake->setWordWrap(true);
 
     form->addRow(tr("&Language"), m_language);
     form->addRow(QString(), m_restart);
+    form->addRow(tr("L&ook"), m_look);
     form->addRow(tr("&Font size"), m_fontSize);
     form->addRow(tr("&Units"), m_unit);
     createClock(form);
     auto* const profileLabel = new QLabel(tr("&Profile file"));
     profileLabel->setBuddy(choose);
     form->addRow(profileLabel, profileRow);
+    form->addRow(QString(), m_mistake);
 }
 
 void DialogPreferences::createClock(QFormLayout* form)
@@ -149,13 +156,15 @@ void DialogPreferences::readSettings()
     m_language->setCurrentIndex(std::max(m_language->findData(locale), 0));
     m_shownLanguage = m_language->currentIndex();
     m_restart->setVisible(locale != m_startLanguage);
+    m_look->setCurrentIndex(static_cast<int>(settings.look()));
+    m_shownLook = m_look->currentIndex();
     m_fontSize->setValue(settings.fontPixels());
     m_shownFontSize = m_fontSize->value();
     m_unit->setCurrentIndex(static_cast<int>(settings.units()));
     m_shownUnit = m_unit->currentIndex();
     m_clockOffset->setValue(settings.clockOffset());
     m_shownClockOffset = m_clockOffset->value();
-    m_profile->setText(InstalledProfile::path());
+    showProfile(InstalledProfile::path(), true);
     m_shownMap = loadMapSettings(m_settings);
     m_tileServer->setSettings(m_shownMap);
     for (const auto& [value, box] : m_shading)
@@ -163,13 +172,16 @@ void DialogPreferences::readSettings()
     m_shownMap = mapFields(); // the boxes round and clamp
 }
 
-void DialogPreferences::apply()
+bool DialogPreferences::apply()
 {
     ProgramSettings settings(m_settings);
     // Stores changes only: a setting may have a value that this dialog cannot show.
     if (m_language->currentIndex() != m_shownLanguage)
         settings.setLanguage(m_language->currentData().toString());
     m_shownLanguage = m_language->currentIndex();
+    if (m_look->currentIndex() != m_shownLook)
+        settings.setLook(static_cast<ProgramSettings::LookChoice>(m_look->currentIndex()));
+    m_shownLook = m_look->currentIndex();
     const int unit = m_unit->currentIndex();
     const bool isOtherUnit = unit != m_shownUnit;
     if (isOtherUnit)
@@ -184,14 +196,14 @@ void DialogPreferences::apply()
     saveSettings(this);
     if (isOtherFont)
         Startup::applyFontSize();
-    Startup::applyStyleSheet(*qApp); // makes styled widgets take the new font
+    Startup::applyLook(*qApp); // also makes styled widgets take the new font
     if (isOtherUnit)
         emit signalUnitChanged(unit);
     if (isOtherClock)
         emit signalClockOffset(m_shownClockOffset);
     if (isOtherMap)
         emit signalMapChanged();
-    applyProfileFile();
+    return applyProfileFile();
 }
 
 bool DialogPreferences::storeClockOffset()
@@ -224,18 +236,31 @@ void DialogPreferences::chooseProfile()
 {
     const QString path = askForProfile(this);
     if (!path.isEmpty())
-        m_profile->setText(path);
+        showProfile(path, true);
 }
 
-void DialogPreferences::applyProfileFile()
+/// A wrong file is marked, and the dialog stays open, so that another one can be chosen.
+void DialogPreferences::showProfile(const QString& path, bool isGood)
 {
+    m_profile->setText(path);
+    m_profile->setProperty("isWrong", !isGood);
+    m_profile->style()->unpolish(m_profile); // the style sheet asks for the property
+    m_profile->style()->polish(m_profile);
+    m_mistake->setVisible(!isGood);
+}
+
+bool DialogPreferences::applyProfileFile()
+{
+    using Result = InstalledProfile::Result;
     const QString path = m_profile->text();
     if (path == InstalledProfile::path())
-        return;
-    const bool isInstalled = installProfile(this, path);
-    m_profile->setText(InstalledProfile::path());
-    if (isInstalled)
+        return true;
+    const Result result = installProfile(this, path);
+    const bool isGood = result == Result::Installed || result == Result::InUse;
+    showProfile(isGood ? InstalledProfile::path() : path, isGood);
+    if (result == Result::Installed)
         emit signalProfileFileChanged();
+    return isGood;
 }
 
 } // namespace KOLT

@@ -19,9 +19,9 @@ class ClockOffsetBox;
 class SettingsStore;
 class TileServerBox;
 
-/// Language, font size, units, clock offset, profile file and map settings.
+/// Language, look, font size, units, clock offset, profile file and map settings.
 ///
-/// "OK" and "Apply" store what changed, apply the font size and report the rest by signals. A
+/// "OK" and "Apply" store what changed, apply look and font size and report the rest by signals. A
 /// change of language needs a restart, as the dialog says.
 class DialogPreferences : public QDialog
 {
@@ -58,24 +58,28 @@ private:
     void createClock(QFormLayout* form);
     void createMap(QFormLayout* form);
     void readSettings();
-    void apply();
+    bool apply();
     bool storeClockOffset();
-    void applyProfileFile();
+    bool applyProfileFile();
     MapSettings mapFields() const;
     bool storeMap();
     void chooseProfile();
+    void showProfile(const QString& path, bool isGood);
 
     SettingsStore& m_settings;
     QComboBox* m_language = nullptr;
     QLabel* m_restart = nullptr;
+    QComboBox* m_look = nullptr;
     QSpinBox* m_fontSize = nullptr;
     QComboBox* m_unit = nullptr;
     ClockOffsetBox* m_clockOffset = nullptr;
     QLineEdit* m_profile = nullptr;
+    QLabel* m_mistake = nullptr;
     TileServerBox* m_tileServer = nullptr;
     std::array<Shading, 3> m_shading;
     // Values when the dialog was opened: what the user did not change is not stored.
     int m_shownLanguage = 0;
+    int m_shownLook = 0;
     int m_shownFontSize = 0;
     int m_shownUnit = 0;
     int m_shownClockOffset = 0;

@@ -162,7 +162,7 @@ void DialogProfileInfo::refresh()
 void DialogProfileInfo::install()
 {
     const QString path = askForProfile(this);
-    if (!path.isEmpty() && installProfile(this, path))
+    if (!path.isEmpty() && installProfile(this, path) == InstalledProfile::Result::Installed)
         emit signalProfileChanged();
 }
 

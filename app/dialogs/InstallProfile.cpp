@@ -1,6 +1,5 @@
 #include "app/dialogs/InstallProfile.h"
 
-#include "app/settings/InstalledProfile.h"
 #include "ui/DialogFolders.h"
 #include "ui/Messages.h"
 
@@ -28,31 +27,39 @@ QString askForProfile(QWidget* parent)
     return path;
 }
 
-bool installProfile(QWidget* parent, const QString& path)
+InstalledProfile::Result installProfile(QWidget* parent, const QString& path)
 {
-    switch (InstalledProfile::replaceWith(path)) {
-    case InstalledProfile::Result::Installed:
+    const InstalledProfile::Result result = installProfileSilently(parent, path);
+    if (result == InstalledProfile::Result::Installed)
         Messages::inform(parent, InstallProfile::tr("The profile\n%1\nis installed as\n%2\n"
                                                     "The previous one is kept beside it as a "
                                                     "backup.")
                                      .arg(path, InstalledProfile::path()));
-        return true;
+    return result;
+}
+
+InstalledProfile::Result installProfileSilently(QWidget* parent, const QString& path)
+{
+    const InstalledProfile::Result result = InstalledProfile::replaceWith(path);
+    switch (result) {
+    case InstalledProfile::Result::Installed:
+        break;
     case InstalledProfile::Result::InUse:
         Messages::inform(parent,
                          InstallProfile::tr("This profile is already in use:\n%1").arg(path));
-        return false;
+        break;
     case InstalledProfile::Result::NotAProfile:
         Messages::warn(parent,
                        InstallProfile::tr("Not a valid KOLT profile !") + QLatin1Char('\n') + path);
-        return false;
+        break;
     case InstalledProfile::Result::NotWritten:
         Messages::warn(parent, InstallProfile::tr("The profile could not be written to\n%1\nPlease "
                                                   "check that the folder can be written and is not "
                                                   "full. The previous profile is still in use.")
                                    .arg(InstalledProfile::path()));
-        return false;
+        break;
     }
-    return false;
+    return result;
 }
 
 } // namespace KOLT
