@@ -150,6 +150,13 @@ void DialogMain::openLastFolder()
     refreshTitle();
 }
 
+void DialogMain::tellSaved(const QString& path)
+{
+    const auto count = static_cast<int>(profile().selectedParameters().size());
+    m_status->showMessage(tr("Saved the project with %n parameter(s) to %1", nullptr, count)
+                              .arg(QDir::toNativeSeparators(path)));
+}
+
 bool DialogMain::isFirstStart() const
 {
     return card().folder() == QLatin1String(".") && card().files().empty();

@@ -10,6 +10,7 @@
 #include "app/OverviewSession.h"
 #include "app/ProfileOffer.h"
 #include "app/ProfileSelectors.h"
+#include "app/ProjectBar.h"
 #include "app/ProjectSession.h"
 #include "app/RecordingNotice.h"
 #include "app/Selector.h"
@@ -51,7 +52,9 @@ void DialogMain::createPanels()
     m_splitter = new QSplitter(this);
     m_column = new QSplitter(Qt::Vertical, m_splitter);
     m_cardDialog = new DialogCard(m_card->container(), m_column);
+    auto* const project = new ProjectBar(*m_actions, *m_project, this); // first with the Tab key
     m_profileDialog = new DialogProfile(m_profile.profile(), m_column);
+    m_profileDialog->setTopRow(project);
     m_column->addWidget(m_cardDialog);
     m_column->addWidget(m_profileDialog);
     m_column->setChildrenCollapsible(false);
@@ -185,6 +188,7 @@ void DialogMain::connectPanels()
         m_data->refresh(DataPage::Change::Selection);
     });
     connect(m_project, &ProjectSession::signalPathStored, this, &DialogMain::refreshTitle);
+    connect(m_project, &ProjectSession::signalSaved, this, &DialogMain::tellSaved);
     connect(m_parts.graph, &DialogDataGraph::signalOrder, this,
             [this](const QStringList& fullNames) {
                 m_profile.profile().setDisplayOrder(fullNames);

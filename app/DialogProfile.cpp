@@ -2,6 +2,8 @@
 
 #include "profile/Profile.h"
 #include "record/DataSet.h"
+#include "ui/LookColors.h"
+#include "ui/PaintedIcon.h"
 #include "ui/PlainToolTip.h"
 
 #include <QAction>
@@ -74,13 +76,18 @@ DialogProfile::DialogProfile(Profile& profile, QWidget* parent)
     refresh();
 }
 
+void DialogProfile::setTopRow(QWidget* row)
+{
+    static_cast<QVBoxLayout*>(layout())->insertWidget(0, row);
+}
+
 QWidget* DialogProfile::createTreePage()
 {
     auto* const page = new QWidget(m_tabs);
     m_filter = new QLineEdit(page);
     m_filter->setPlaceholderText(tr("Filter parameters"));
     m_filter->setClearButtonEnabled(true);
-    m_filter->addAction(QIcon(QStringLiteral(":/icons/filter.svg")), QLineEdit::LeadingPosition);
+    m_filter->addAction(lookIcon(QStringLiteral("filter")), QLineEdit::LeadingPosition);
     connect(m_filter, &QLineEdit::textChanged, this, &DialogProfile::filter);
     m_tree = new QTreeWidget(page);
     m_tree->setHeaderHidden(true);
@@ -144,6 +151,15 @@ void DialogProfile::refreshUnits()
     m_isFilling = false;
 }
 
+void DialogProfile::changeEvent(QEvent* event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() != QEvent::PaletteChange || m_confirm == nullptr)
+        return;
+    refreshUnits(); // marks have colours of the look
+    showDraft();
+}
+
 void DialogProfile::showData(const DataSet* dataSet)
 {
     m_missing.clear();
@@ -168,8 +184,7 @@ void DialogProfile::mark(QTreeWidgetItem& item, const ProfileParameter& paramete
     QFont font; // only the slant is set, the rest is that of the tree
     font.setItalic(isLacking);
     item.setFont(0, font);
-    item.setForeground(0,
-                       isLacking ? palette().brush(QPalette::Disabled, QPalette::Text) : QBrush());
+    item.setForeground(0, isLacking ? QBrush(lookColor(Tone::Quiet)) : QBrush());
     QString tip = describe(m_profile, parameter);
     if (isLacking)
         tip += QLatin1Char('\n') + tr("The loaded data have no samples of it");
@@ -279,7 +294,7 @@ void DialogProfile::showDraft()
             QFont font;
             font.setItalic(true);
             item->setFont(font);
-            item->setForeground(palette().brush(QPalette::Disabled, QPalette::Text));
+            item->setForeground(lookColor(Tone::Quiet));
             item->setToolTip(tr("The loaded data have no samples of it"));
         }
     }

@@ -33,6 +33,9 @@ class DialogProfile : public QWidget
 public:
     explicit DialogProfile(Profile& profile, QWidget* parent = nullptr);
 
+    /// Puts a row above the tabs.
+    void setTopRow(QWidget* row);
+
     /// Rebuilds the tree from the profile and its flags and discards the draft.
     void refresh();
 
@@ -49,6 +52,9 @@ public:
     /// Marks the parameters that the data have no samples of; null: none are loaded. Keeps no
     /// pointer to the data.
     void showData(const DataSet* dataSet);
+
+protected:
+    void changeEvent(QEvent* event) override;
 
 signals:
     /// The user confirmed a selection.

@@ -66,9 +66,16 @@ void ProjectSession::storePath(const QString& path)
     emit signalPathStored();
 }
 
+void ProjectSession::setState(const QString& path, bool isModified)
+{
+    m_path = path;
+    m_isModified = isModified;
+    emit signalStateChanged();
+}
+
 void ProjectSession::setModified()
 {
-    m_isModified = true;
+    setState(m_path, true);
     setStale();
 }
 
@@ -100,7 +107,7 @@ void ProjectSession::readLast()
         Project::instance().clear();
         selectDefaultParameters(m_profile);
     } else if (Project::instance().read(path) != 0) {
-        m_path = path;
+        setState(path, m_isModified);
     } else {
         replaceUnreadable(path);
     }
@@ -144,8 +151,7 @@ void ProjectSession::newProject()
 {
     if (!mayDrop())
         return;
-    m_path.clear();
-    m_isModified = false;
+    setState({}, false);
     Project::instance().clear();
     m_wanted.clear();
     setStale();
@@ -177,8 +183,7 @@ void ProjectSession::open()
                 .arg(path));
         return;
     }
-    m_path = path;
-    m_isModified = false;
+    setState(path, false);
     takeNames();
     setStale();
     storePath(path);
@@ -221,9 +226,9 @@ bool ProjectSession::write(const QString& path)
                                       .arg(path));
         return false;
     }
-    m_path = path;
-    m_isModified = false;
+    setState(path, false);
     storePath(path);
+    emit signalSaved(path);
     return true;
 }
 

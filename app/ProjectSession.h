@@ -55,9 +55,14 @@ signals:
     /// The selection was replaced.
     void signalSelectionChanged();
     void signalPathStored();
+    /// Another file, or other unsaved changes.
+    void signalStateChanged();
+    /// On the user's command.
+    void signalSaved(const QString& path);
 
 private:
     bool mayDrop();
+    void setState(const QString& path, bool isModified);
     bool write(const QString& path);
     void replaceUnreadable(const QString& path);
     void storePath(const QString& path);
