@@ -2,6 +2,7 @@
 
 #include "profile/Profile.h"
 #include "record/DataSet.h"
+#include "ui/EmptyNote.h"
 #include "ui/LookColors.h"
 #include "ui/PaintedIcon.h"
 #include "ui/PlainToolTip.h"
@@ -47,6 +48,7 @@ DialogProfile::DialogProfile(Profile& profile, QWidget* parent)
     m_list->setAccessibleName(tr("Selected Parameters"));
     m_list->setSelectionMode(QAbstractItemView::ExtendedSelection);
     m_list->setToolTip(tr("Double click or Del removes a parameter"));
+    m_listNote = new EmptyNote(m_list);
     m_tabs->addTab(m_list, tr("Selected Parameters"));
     auto* const remove = new QAction(tr("Remove"), m_list);
     remove->setShortcut(QKeySequence::Delete);
@@ -94,6 +96,7 @@ QWidget* DialogProfile::createTreePage()
     m_tree->setAccessibleName(tr("Parameters"));
     m_tree->setUniformRowHeights(true);
     m_filter->setToolTip(tr("Show only devices and parameters with this text in their name"));
+    m_treeNote = new EmptyNote(m_tree);
     connect(m_tree, &QTreeWidget::itemChanged, this, &DialogProfile::slotItemChanged);
     auto* const layout = new QVBoxLayout(page);
     layout->setContentsMargins(pageMargin, pageMargin, pageMargin, pageMargin);
@@ -218,6 +221,7 @@ void DialogProfile::filter(const QString& text)
     if (!wanted.isEmpty() && m_folding.empty())
         keepFolding();
     m_isFilling = true;
+    bool isAnyShown = false;
     for (int i = 0; i < m_tree->topLevelItemCount(); ++i) {
         QTreeWidgetItem* const group = m_tree->topLevelItem(i);
         const bool isGroupMatch = group->text(0).contains(wanted, Qt::CaseInsensitive);
@@ -229,6 +233,7 @@ void DialogProfile::filter(const QString& text)
             hasMatch = hasMatch || isMatch;
         }
         group->setHidden(!hasMatch);
+        isAnyShown = isAnyShown || hasMatch;
         if (!wanted.isEmpty())
             group->setExpanded(hasMatch);
         // Checking the whole device would also check parameters that are filtered out.
@@ -236,6 +241,9 @@ void DialogProfile::filter(const QString& text)
             group->flags().setFlag(Qt::ItemIsUserCheckable, wanted.isEmpty() || isGroupMatch));
     }
     m_isFilling = false;
+    m_treeNote->showNote(isAnyShown                        ? QString()
+                         : m_tree->topLevelItemCount() > 0 ? tr("No parameter has this text.")
+                                                           : tr("The profile has no parameters."));
     if (wanted.isEmpty())
         restoreFolding();
 }
@@ -298,6 +306,9 @@ void DialogProfile::showDraft()
             item->setToolTip(tr("The loaded data have no samples of it"));
         }
     }
+    m_listNote->showNote(checked.empty() ? tr("No parameters are selected. Check some in the tab "
+                                              "\"Parameters\", and confirm.")
+                                         : QString());
     m_tabs->setTabText(selectedTab, checked.empty()
                                         ? tr("Selected Parameters")
                                         : tr("Selected Parameters (%1)").arg(checked.size()));

@@ -16,6 +16,7 @@ class QTreeWidgetItem;
 
 namespace KOLT {
 
+class EmptyNote;
 class Profile;
 struct DataSet;
 struct ProfileParameter;
@@ -85,6 +86,8 @@ private:
     QLineEdit* m_filter = nullptr;
     QTreeWidget* m_tree = nullptr;
     QListWidget* m_list = nullptr;
+    EmptyNote* m_treeNote = nullptr;
+    EmptyNote* m_listNote = nullptr;
     QTabWidget* m_tabs = nullptr;
     QPushButton* m_clear = nullptr;
     QPushButton* m_confirm = nullptr;

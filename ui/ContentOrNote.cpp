@@ -1,17 +1,13 @@
 #include "ui/ContentOrNote.h"
 
-#include <QLabel>
+#include "ui/EmptyNote.h"
 
 namespace KOLT {
 
 ContentOrNote::ContentOrNote(QWidget* page, QWidget* content)
     : QStackedLayout(page)
-    , m_note(new QLabel(page))
+    , m_note(new EmptyNote(page))
 {
-    m_note->setObjectName(QStringLiteral("emptyState"));
-    m_note->setTextFormat(Qt::PlainText); // file names may look like markup
-    m_note->setAlignment(Qt::AlignCenter);
-    m_note->setWordWrap(true);
     addWidget(content);
     addWidget(m_note);
 }

@@ -2,9 +2,9 @@
 
 #include <QStackedLayout>
 
-class QLabel;
-
 namespace KOLT {
+
+class EmptyNote;
 
 /// A page's layout that shows either the content, or a note that says why there is none and what to
 /// do.
@@ -17,7 +17,7 @@ public:
     void showNote(const QString& text);
 
 private:
-    QLabel* m_note;
+    EmptyNote* m_note;
 };
 
 } // namespace KOLT

@@ -8,11 +8,8 @@
 namespace KOLT {
 
 WidgetNoGl::WidgetNoGl(QOpenGLWidget* replaced)
-    : QLabel(replaced->parentWidget())
+    : EmptyNote(replaced->parentWidget())
 {
-    setObjectName(QStringLiteral("emptyState"));
-    setAlignment(Qt::AlignCenter);
-    setWordWrap(true);
     setText(tr("This cannot be shown: the graphics driver offers no OpenGL.\nInstall or update the "
                "driver, and start KOLT again."));
     setMinimumSize(replaced->minimumSize());

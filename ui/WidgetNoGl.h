@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QLabel>
+#include "ui/EmptyNote.h"
 
 class QOpenGLWidget;
 
@@ -8,7 +8,7 @@ namespace KOLT {
 
 /// Replaces a widget that needs OpenGL on a machine without it: Qt would abort the program as soon
 /// as a window with such a widget is shown.
-class WidgetNoGl : public QLabel
+class WidgetNoGl : public EmptyNote
 {
     Q_OBJECT
 

@@ -9,6 +9,7 @@
 #include "analysis/ui/ReplayBar.h"
 #include "analysis/ui/WidgetFaultMatrix.h"
 #include "analysis/ui/WidgetTimeTable.h"
+#include "ui/EmptyNote.h"
 #include "ui/PaintedIcon.h"
 
 #include <QBoxLayout>
@@ -104,10 +105,7 @@ void DialogData::createPages(const Profile& profile, const HostedPages& pages)
     m_columns = m_table->findChild<WidgetTimeTable*>();
     connect(m_columns, &WidgetTimeTable::signalWidth, this, &DialogData::signalArranged);
     connect(m_splitter, &QSplitter::splitterMoved, this, &DialogData::signalArranged);
-    m_loading = new QLabel(m_stack);
-    m_loading->setObjectName(QStringLiteral("emptyState"));
-    m_loading->setTextFormat(Qt::PlainText); // names of files may look like markup
-    m_loading->setAlignment(Qt::AlignCenter);
+    m_loading = new EmptyNote(m_stack);
     m_stack->addWidget(m_loading);
     connectPages();
 }

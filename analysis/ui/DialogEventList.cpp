@@ -7,6 +7,7 @@
 #include "base/Csv.h"
 #include "ui/ContentOrNote.h"
 #include "ui/DialogFolders.h"
+#include "ui/EmptyNote.h"
 #include "ui/Messages.h"
 #include "ui/PaintedIcon.h"
 #include "ui/SaveDialog.h"
@@ -69,6 +70,7 @@ void DialogEventList::createTable(const QString& heading)
             return descriptionOf(detailsOf(m_profile, *dataSet(), event)) + episodeOf(event);
         },
         this);
+    m_noMatch = new EmptyNote(m_table);
     connect(m_table, &QTableWidget::itemSelectionChanged, this, &DialogEventList::slotSelect);
     auto* const picker = new RowPicker(m_table);
     connect(picker, &RowPicker::signalPicked, this, &DialogEventList::report);
@@ -228,7 +230,9 @@ void DialogEventList::fillTable()
                 shown.push_back(&event);
         }
     }
+    const bool isFiltered = shown.empty() && !wanted.isEmpty();
     m_table->setEvents(std::move(shown));
+    m_noMatch->showNote(isFiltered ? tr("No line has this text.") : QString());
 }
 
 void DialogEventList::showTime()

@@ -14,6 +14,7 @@ class QSplitter;
 
 namespace KOLT {
 
+class EmptyNote;
 class ContentOrNote;
 class EventTable;
 
@@ -80,6 +81,7 @@ private:
     QLineEdit* m_filter = nullptr;
     EventTable* m_table = nullptr;
     QLabel* m_hint = nullptr;
+    EmptyNote* m_noMatch = nullptr; ///< of the filter
     ContentOrNote* m_shown = nullptr;
 };
 

@@ -24,16 +24,6 @@ constexpr int veilAlpha = 28;
 constexpr int tintPercent = 30;
 constexpr int dimmedTintPercent = 12; ///< below dimmed text
 
-/// A shade of the ground on which its texts can be read.
-QColor tint(const QColor& color, bool isDimmed)
-{
-    const QColor ground = lookColor(Tone::Panel);
-    const int percent = isDimmed ? dimmedTintPercent : tintPercent;
-    const auto mix = [percent](int from, int to) { return from + (to - from) * percent / 100; };
-    return {mix(ground.red(), color.red()), mix(ground.green(), color.green()),
-            mix(ground.blue(), color.blue())};
-}
-
 } // namespace
 
 /// Draws the cells. The style's own drawing lays out every text several times, which is too slow
@@ -55,8 +45,9 @@ public:
         if (option.state.testFlag(QStyle::State_Selected))
             painter->fillRect(cell, option.palette.color(QPalette::Highlight));
         else if (background.isValid())
-            painter->fillRect(
-                cell, tint(background.value<QColor>(), index.data(Qt::ForegroundRole).isValid()));
+            painter->fillRect(cell,
+                              WidgetTimeTable::tint(background.value<QColor>(),
+                                                    index.data(Qt::ForegroundRole).isValid()));
         const QVariant swatch = index.data(Qt::DecorationRole);
         if (swatch.isValid())
             painter->fillRect(QRect(QPoint(cell.left() + cellPadding,
@@ -98,6 +89,15 @@ private:
 
     int m_timeRow = -1;
 };
+
+QColor WidgetTimeTable::tint(const QColor& color, bool isDimmed)
+{
+    const QColor ground = lookColor(Tone::Panel);
+    const int percent = isDimmed ? dimmedTintPercent : tintPercent;
+    const auto mix = [percent](int from, int to) { return from + (to - from) * percent / 100; };
+    return {mix(ground.red(), color.red()), mix(ground.green(), color.green()),
+            mix(ground.blue(), color.blue())};
+}
 
 WidgetTimeTable::WidgetTimeTable(QWidget* parent)
     : QTableView(parent)

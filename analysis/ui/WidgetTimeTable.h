@@ -31,6 +31,10 @@ public:
     /// To be followed by fitColumns(), unless there are no columns yet.
     void setChosenWidths(const QMap<QString, int>& widths) { m_chosenWidths = widths; }
 
+    /// A shade of the ground on which the texts of a cell can be read; those of values that are
+    /// older than their row are dimmed.
+    static QColor tint(const QColor& color, bool isDimmed);
+
 signals:
     /// The user has chosen a column's width.
     void signalWidth();

@@ -26,7 +26,9 @@ void ProgramSettings::setLanguage(const QString& locale)
 
 ProgramSettings::LookChoice ProgramSettings::look() const
 {
-    const auto* const found = std::ranges::find(lookNames, m_store.getText("Look"));
+    const QByteArray name = m_store.getText("Look");
+    const auto* const found =
+        std::ranges::find_if(lookNames, [&](const char* known) { return name == known; });
     return found != std::end(lookNames) ? static_cast<LookChoice>(found - lookNames)
                                         : LookChoice::Light;
 }

@@ -58,7 +58,6 @@ void DialogDataMap::createToolBar()
     m_toolPanel = new QWidget(this);
     m_toolPanel->setAttribute(Qt::WA_StyledBackground);
     m_toolPanel->setObjectName(QStringLiteral("toolPanel"));
-    m_toolPanel->setPalette(lookPalette(Look::Light)); // its ground is white in both looks
     m_toolPanel->setStyleSheet(
         QStringLiteral(".QWidget{background-color: #66ffffff;border-radius:10px;}"));
     auto* const layout = new QGridLayout(m_toolPanel);
@@ -86,6 +85,8 @@ void DialogDataMap::createToolBar()
     m_coloring->setMinimumContentsLength(10);
     connect(m_coloring, &QComboBox::activated, this, &DialogDataMap::slotColoring);
     bar->addWidget(m_coloring);
+    for (auto* const part : bar->findChildren<QWidget*>())
+        part->setPalette(lookPalette(Look::Light)); // the panel is white in both looks
 }
 
 void DialogDataMap::createViewCommands(QToolBar& bar)
@@ -121,7 +122,6 @@ void DialogDataMap::createNote()
 {
     m_note = new QLabel(this);
     m_note->setObjectName(QStringLiteral("mapNote"));
-    m_note->setPalette(lookPalette(Look::Light));
     m_note->setStyleSheet(QStringLiteral(
         "QLabel{background-color: #ddffffff; color: #14181e; border-radius: 6px; padding: 4px;}"));
     m_note->setTextInteractionFlags(Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard);
@@ -135,8 +135,8 @@ void DialogDataMap::showNote(bool areTilesLacking)
     const QString why = m_map->map().tiles().server().isFolder() ? tr("No map tiles in the folder")
                         : isOffline                              ? tr("No map tiles: offline")
                                                                  : tr("No map tiles here");
-    m_note->setText(
-        QStringLiteral("%1 <a href=\"settings\">%2</a>").arg(why, tr("Map settings...")));
+    m_note->setText(QStringLiteral("%1 <a style=\"color: #2f6690\" href=\"settings\">%2</a>")
+                        .arg(why, tr("Map settings...")));
     m_note->setVisible(areTilesLacking);
     placePanels();
 }

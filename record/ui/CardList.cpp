@@ -2,10 +2,10 @@
 
 #include "record/CardContainer.h"
 #include "record/TrustFinding.h"
+#include "ui/EmptyNote.h"
 #include "ui/TrustMark.h"
 
 #include <QHeaderView>
-#include <QLabel>
 #include <QLineEdit>
 #include <QMouseEvent>
 #include <QPainter>
@@ -130,15 +130,12 @@ CardList::CardList(QWidget* parent)
     : QWidget(parent)
     , m_name(new QLineEdit(this))
     , m_tree(new DayTree([this](QTreeWidgetItem* item) { emit signalMark(item); }, this))
-    , m_note(new QLabel(this))
+    , m_note(new EmptyNote(this))
     , m_stack(new QStackedLayout)
 {
     m_name->setReadOnly(true);
     m_name->setToolTip(tr("The folder that is open"));
     createColumns();
-    m_note->setTextFormat(Qt::PlainText);
-    m_note->setAlignment(Qt::AlignCenter);
-    m_note->setWordWrap(true);
     m_stack->addWidget(m_tree);
     m_stack->addWidget(m_note);
     auto* const layout = new QVBoxLayout(this);

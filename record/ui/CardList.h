@@ -6,12 +6,12 @@
 #include <optional>
 #include <vector>
 
-class QLabel;
 class QLineEdit;
 class QStackedLayout;
 
 namespace KOLT {
 
+class EmptyNote;
 class CardContainer;
 struct TrustFinding;
 
@@ -58,7 +58,7 @@ private:
 
     QLineEdit* m_name;
     QTreeWidget* m_tree;
-    QLabel* m_note;
+    EmptyNote* m_note;
     QStackedLayout* m_stack;    ///< tree and note
     std::optional<QDate> m_day; ///< of the last entry
 };

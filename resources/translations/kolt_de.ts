@@ -880,6 +880,10 @@ Wählen Sie weniger oder exportieren Sie die Daten als CSV-Datei.</translation>
         <source>Belongs to: %1</source>
         <translation>Gehört zu: %1</translation>
     </message>
+    <message>
+        <source>No line has this text.</source>
+        <translation>Keine Zeile enthält diesen Text.</translation>
+    </message>
 </context>
 <context>
     <name>KOLT::DialogExport</name>
@@ -1277,6 +1281,17 @@ ist nicht mehr vorhanden und wurde aus der Liste entfernt. Liegt er auf einer SD
         <source>Case file written to %1</source>
         <translation>Fallakte geschrieben nach %1</translation>
     </message>
+    <message>
+        <source>The profile that came with the program is in use. The broken one is kept beside it as a backup.</source>
+        <translation>Das mitgelieferte Profil wird verwendet. Das unlesbare bleibt als Sicherungskopie daneben liegen.</translation>
+    </message>
+    <message numerus="yes">
+        <source>Saved the project with %n parameter(s) to %1</source>
+        <translation>
+            <numerusform>Projekt mit %n Parameter gespeichert: %1</numerusform>
+            <numerusform>Projekt mit %n Parametern gespeichert: %1</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>KOLT::DialogPreferences</name>
@@ -1376,6 +1391,26 @@ ist nicht mehr vorhanden und wurde aus der Liste entfernt. Liegt er auf einer SD
         <source>Cloc&amp;k offset</source>
         <translation>&amp;Zeitverschiebung</translation>
     </message>
+    <message>
+        <source>Light</source>
+        <translation>Hell</translation>
+    </message>
+    <message>
+        <source>Dark</source>
+        <translation>Dunkel</translation>
+    </message>
+    <message>
+        <source>As the system</source>
+        <translation>Wie das System</translation>
+    </message>
+    <message>
+        <source>This file is not installed. Choose another one, or Cancel.</source>
+        <translation>Diese Datei ist nicht installiert. Wählen Sie eine andere oder Abbrechen.</translation>
+    </message>
+    <message>
+        <source>L&amp;ook</source>
+        <translation>&amp;Aussehen</translation>
+    </message>
 </context>
 <context>
     <name>KOLT::DialogProfile</name>
@@ -1430,6 +1465,18 @@ ist nicht mehr vorhanden und wurde aus der Liste entfernt. Liegt er auf einer SD
     <message>
         <source>The loaded data have no samples of it</source>
         <translation>Die geladenen Daten enthalten keine Werte davon</translation>
+    </message>
+    <message>
+        <source>No parameter has this text.</source>
+        <translation>Kein Parameter enthält diesen Text.</translation>
+    </message>
+    <message>
+        <source>The profile has no parameters.</source>
+        <translation>Das Profil hat keine Parameter.</translation>
+    </message>
+    <message>
+        <source>No parameters are selected. Check some in the tab &quot;Parameters&quot;, and confirm.</source>
+        <translation>Keine Parameter sind ausgewählt. Kreuzen Sie im Reiter „Parameter“ welche an und bestätigen Sie.</translation>
     </message>
 </context>
 <context>
@@ -2936,10 +2983,57 @@ wurde nicht gefunden. Legen Sie die Karte ein, oder öffnen Sie einen anderen Or
     <message>
         <source>The profile file
 %1
-cannot be read, so no values can be shown. Please install a valid one with &quot;Profile&quot; in the menu &quot;Help&quot;.</source>
+cannot be read, so no values can be shown.</source>
         <translation>Die Profildatei
 %1
-kann nicht gelesen werden, daher lassen sich keine Werte anzeigen. Bitte installieren Sie eine gültige mit „Profil“ im Menü „Hilfe“.</translation>
+kann nicht gelesen werden, daher können keine Werte angezeigt werden.</translation>
+    </message>
+    <message>
+        <source>Please install a valid one with &quot;Profile&quot; in the menu &quot;Help&quot;.</source>
+        <translation>Bitte installieren Sie ein gültiges Profil mit „Profil“ im Menü „Hilfe“.</translation>
+    </message>
+    <message>
+        <source>KOLT Warning</source>
+        <translation>KOLT-Warnung</translation>
+    </message>
+    <message>
+        <source>The profile that came with the program can be used instead; the broken file is kept as a backup.</source>
+        <translation>Stattdessen kann das mitgelieferte Profil verwendet werden; die unlesbare Datei bleibt als Sicherungskopie.</translation>
+    </message>
+    <message>
+        <source>Use the shipped profile</source>
+        <translation>Mitgeliefertes Profil verwenden</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+</context>
+<context>
+    <name>KOLT::ProjectBar</name>
+    <message>
+        <source>Manual (F1)</source>
+        <translation>Handbuch (F1)</translation>
+    </message>
+    <message>
+        <source>New project</source>
+        <translation>Neues Projekt</translation>
+    </message>
+    <message>
+        <source>Project: the selected parameters</source>
+        <translation>Projekt: die ausgewählten Parameter</translation>
+    </message>
+    <message>
+        <source>* Changed since it was saved (Ctrl+S)</source>
+        <translation>* Seit dem Speichern geändert (Strg+S)</translation>
+    </message>
+    <message>
+        <source>Saved</source>
+        <translation>Gespeichert</translation>
+    </message>
+    <message>
+        <source>Project %1</source>
+        <translation>Projekt %1</translation>
     </message>
 </context>
 <context>

@@ -66,6 +66,16 @@
     </message>
 </context>
 <context>
+    <name>KOLT::DialogMain</name>
+    <message numerus="yes">
+        <source>Saved the project with %n parameter(s) to %1</source>
+        <translation>
+            <numerusform>Saved the project with %n parameter to %1</numerusform>
+            <numerusform>Saved the project with %n parameters to %1</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>KOLT::DialogRecording</name>
     <message numerus="yes">
         <source>%1: %n finding(s). A click goes to the moment.</source>

@@ -84,6 +84,7 @@ void TestDialogs::preferencesAreStoredAndApplied()
     combos.at(0)->setCurrentIndex(1);
     QVERIFY(restart->isVisible()); // the dialog says that the language needs a restart
     combos.at(1)->setCurrentIndex(1);
+    combos.at(2)->setCurrentIndex(1);
     fontSize->setValue(17);
     dialog.findChildren<QDoubleSpinBox*>().at(2)->setValue(0.75);
     QCOMPARE(settings.getText("Locale", "us"), "us"); // nothing is stored before OK
@@ -93,6 +94,8 @@ void TestDialogs::preferencesAreStoredAndApplied()
     QCOMPARE(settings.getText("Locale"), "de");
     QCOMPARE(settings.getDouble("MapShadingFactor", 0.0), 0.75);
     QCOMPARE(QApplication::font().pixelSize(), 17);
+    QCOMPARE(settings.getText("Look"), "dark");
+    QCOMPARE(lookOf(QApplication::palette()), Look::Dark);
     QCOMPARE(unit.takeFirst().value(0).toInt(), 1);
     QCOMPARE(map.size(), 1);
 

@@ -1,7 +1,14 @@
+#include "app/ProjectBar.h"
+#include "app/dialogs/DialogHelp.h"
+#include "app/dialogs/DialogPreferences.h"
 #include "tests/app/MainWindowFixture.h"
 #include "tests/support/Rows.h"
 
 #include <QComboBox>
+#include <QLabel>
+#include <QMenu>
+#include <QStatusBar>
+#include <QToolButton>
 
 using namespace KOLT;
 using namespace KOLT::Test;
@@ -37,6 +44,7 @@ private slots:
     void otherVariantsAreRemembered();
     void brokenSettingsAreTold();
     void profileInstallation();
+    void brokenProfileIsReplaced();
 
 private:
     std::unique_ptr<QTemporaryDir> m_out;
@@ -60,7 +68,7 @@ void TestMainProject::unreadableProjectIsKeptAside()
                                "</KoltProject>";
     QVERIFY(writeFile(path, project));
     QVERIFY(writeFile(InstalledProfile::path(), "broken"));
-    boxes.answer("OK");
+    boxes.answer("Cancel");
     QVERIFY(open());
     QTRY_COMPARE(boxes.seen().size(), 2);
     QVERIFY(boxes.seen().back().contains(InstalledProfile::path()));
@@ -78,8 +86,18 @@ void TestMainProject::projectIsKeptBetweenRuns()
     QVERIFY(!m_window->project().isModified());
     confirmSelection("Fuel");
     QVERIFY(m_window->project().isModified());
+    const auto* const bar = m_window->findChild<ProjectBar*>();
+    QCOMPARE(bar->text(), "CurrentProject *");
     QTest::keyClick(m_window.get(), Qt::Key_S, Qt::ControlModifier);
     QVERIFY(!m_window->project().isModified());
+    QCOMPARE(bar->text(), "CurrentProject");
+    QVERIFY(m_window->statusBar()->currentMessage().endsWith("1 parameter(s) to " +
+                                                             m_window->project().path()));
+    const auto commands = bar->findChild<QToolButton*>("projectButton")->menu()->actions();
+    QCOMPARE(commands.size(), 4);
+    QCOMPARE(commands.front(), action(Command::NewProject));
+    QTest::mouseClick(bar->findChild<QToolButton*>("helpButton"), Qt::LeftButton);
+    QVERIFY(m_window->findChild<DialogHelp*>()->isVisible());
     QVERIFY(open());
     QTRY_COMPARE(profile().selectedParameters().size(), 1U);
     QCOMPARE(profile().selectedParameters().front()->name, "Speed");
@@ -274,6 +292,32 @@ void TestMainProject::profileInstallation()
     click(*m_window, "Install Profile...");
     QVERIFY(boxes.isDone());
     QVERIFY(boxes.seen().back().startsWith("KOLT Warning|Not a valid KOLT profile !"));
+
+    auto* const preferences = m_window->findChild<DialogPreferences*>();
+    const auto* const mistake = preferences->findChild<QLabel*>("mistake");
+    trigger(Command::Preferences);
+    QVERIFY(!mistake->isVisible());
+    boxes.answer(file);
+    click(*preferences, "Choose...");
+    boxes.answer("OK");
+    click(*preferences, "OK");
+    QVERIFY(boxes.isDone());
+    QVERIFY(preferences->isVisible() && mistake->isVisible());
+    click(*preferences, "Cancel");
+    trigger(Command::Preferences);
+    QVERIFY(!mistake->isVisible());
+}
+
+void TestMainProject::brokenProfileIsReplaced()
+{
+    QVERIFY(writeFile(InstalledProfile::path(), "broken"));
+    ModalBoxes boxes;
+    boxes.answer("Use the shipped profile");
+    QVERIFY(open());
+    QTRY_VERIFY(boxes.isDone());
+    QTRY_VERIFY(!profile().selectedParameters().empty());
+    QCOMPARE(readFile(InstalledProfile::path() + ".bak"), "broken");
+    QCOMPARE(readFile(InstalledProfile::path()), readFile(DataPaths::shippedProfileFile()));
 }
 
 QTEST_MAIN(TestMainProject)

@@ -37,6 +37,9 @@ void TestStyleSheet::appliedText()
     writeFile(path, file);
     QCOMPARE(StyleSheet().read(path), applied);
     QCOMPARE(StyleSheet().read(directory.filePath("missing.css")), QString());
+    // What the file defines counts more.
+    writeFile(path, "A{b:$(x) $(y);}Variables{x:1;}");
+    QCOMPARE(StyleSheet().read(path, {{"x", "2"}, {"y", "3"}}), "A{b:1 3;}");
 }
 
 void TestStyleSheet::blocksAreKept()
