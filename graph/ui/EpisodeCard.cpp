@@ -75,6 +75,7 @@ EpisodeCard::EpisodeCard(const Profile& profile, QWidget* parent)
     m_figures->setTextFormat(Qt::RichText);
     m_figures->setWordWrap(true);
     m_figures->setAlignment(Qt::AlignTop | Qt::AlignLeft);
+    m_figures->setObjectName(QStringLiteral("panel")); // its ground in the style sheet
     m_figures->setMargin(margin);
     m_figures->setTextInteractionFlags(Qt::TextSelectableByMouse);
     auto* const area = new QScrollArea(this);
