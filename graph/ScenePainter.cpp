@@ -58,12 +58,14 @@ void paintScene(QPainter& painter, const GraphScene& scene, const QSizeF& size)
     painter.fillRect(QRectF(QPointF(), size), scene.clearColor);
     for (const GraphScene::Figure& figure : scene.figures) {
         const QRectF& clip = figure.clip; // y points up
-        painter.setClipRect(
-            QRectF(clip.left(), height - clip.bottom(), clip.width(), clip.height()));
-        painter.setClipping(!clip.isEmpty());
+        painter.save();
+        if (!clip.isEmpty()) // within that of the caller
+            painter.setClipRect(
+                QRectF(clip.left(), height - clip.bottom(), clip.width(), clip.height()),
+                Qt::IntersectClip);
         paintFigure(painter, scene, figure, height);
+        painter.restore();
     }
-    painter.setClipping(false);
     for (const GraphScene::Text& text : scene.texts) {
         const bool isRight = text.alignment.testFlag(Qt::AlignRight);
         const double y = height - text.y;
