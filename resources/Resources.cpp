@@ -1,9 +1,11 @@
 #include "resources/Resources.h"
 
+#include "resources/Translations.h"
+
 #include <QDir>
 
 void initKoltResources()
 {
     Q_INIT_RESOURCE(kolt);
-    Q_INIT_RESOURCE(translations);
+    initKoltTranslations();
 }

@@ -1,0 +1,8 @@
+#include "resources/Translations.h"
+
+#include <QDir>
+
+void initKoltTranslations()
+{
+    Q_INIT_RESOURCE(translations);
+}
