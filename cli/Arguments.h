@@ -33,6 +33,12 @@ struct Arguments
     double from = 0.0; ///< of the verb "cut": seconds on the counter
     double to = 0.0;
 
+    // Of the verb "report", which prints text without them.
+    QString pdf; ///< the file to write
+    bool asJson = false;
+    bool isGerman = false;
+    bool isLetter = false; ///< instead of A4
+
     // Of the verb "export"; "cut" has output and selection as well.
     ExportFormat format = ExportFormat::Csv;
     QString output;            ///< a file; a folder when all flights are exported

@@ -3,6 +3,7 @@
 #include "analysis/CardOverview.h"
 #include "analysis/OverviewTable.h"
 #include "cli/Arguments.h"
+#include "cli/EngineReportVerb.h"
 #include "cli/Recording.h"
 #include "cli/Trust.h"
 #include "profile/ProfileLine.h"
@@ -208,6 +209,8 @@ QString report(const Arguments& arguments)
         error = recording.openFolder();
     if (!error.isEmpty())
         return error;
+    if (!arguments.pdf.isEmpty() || arguments.asJson)
+        return engineReport(arguments, recording);
     const CardContainer& card = recording.card();
     writeOutput(QStringLiteral("%1: %2 record files, %3 engine cycles\n")
                     .arg(card.folder(), QString::number(card.files().size()),

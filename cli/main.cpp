@@ -3,10 +3,13 @@
 #include "cli/Recording.h"
 #include "cli/Verbs.h"
 
-#include <QCoreApplication>
+#include <QByteArrayView>
+#include <QGuiApplication>
 
+#include <algorithm>
 #include <clocale>
 #include <cstdio>
+#include <memory>
 
 namespace {
 
@@ -18,13 +21,25 @@ int fail(const QString& error, int status)
     return status;
 }
 
+/// Fonts need a platform of QtGui; the one named "offscreen" needs no display.
+std::unique_ptr<QCoreApplication> createApplication(int& argc, char** argv)
+{
+    const bool isPdf = std::any_of(argv, argv + argc, [](const char* argument) {
+        return QByteArrayView(argument).startsWith("--pdf");
+    });
+    if (!isPdf)
+        return std::make_unique<QCoreApplication>(argc, argv);
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    return std::make_unique<QGuiApplication>(argc, argv);
+}
+
 } // namespace
 
 int main(int argc, char* argv[])
 {
     // The standard output is for the result only.
     Diagnostics::setSink(Diagnostics::toStandardError);
-    const QCoreApplication application(argc, argv);
+    const std::unique_ptr<QCoreApplication> application = createApplication(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("KOLT"));
     // QCoreApplication has set the user's locale; numbers in files need a decimal point.
     std::setlocale(LC_NUMERIC, "C");

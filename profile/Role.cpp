@@ -21,6 +21,8 @@ constexpr std::array roleTexts{
     RoleText{QLatin1String("FuelB"), Role::FuelB},
     RoleText{QLatin1String("EngineSpeed"), Role::EngineSpeed},
     RoleText{QLatin1String("WarningLamp"), Role::WarningLamp},
+    RoleText{QLatin1String("EngineHours"), Role::EngineHours},
+    RoleText{QLatin1String("EngineStarts"), Role::EngineStarts},
 };
 
 } // namespace

@@ -17,6 +17,8 @@ enum class Role : unsigned char {
     FuelB,
     EngineSpeed,
     WarningLamp,
+    EngineHours, ///< counted by the unit itself, for reports
+    EngineStarts,
 };
 
 /// The role of a text such as "GroundSpeed" (case-sensitive).

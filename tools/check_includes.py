@@ -26,6 +26,7 @@ CORE_USES = {
     "map": {"base", "profile", "record", "analysis", "libs/tusk", "libs/tessamap"},
     "instruments": {"base", "profile", "record", "analysis", "libs/zinc"},
     "export": {"base", "profile", "record", "analysis", "libs/tusk"},
+    "report": {"base", "profile", "record", "analysis", "graph"},
 }
 LIBS = {"libs/tusk", "libs/tessamap", "libs/zinc"}
 FACES = {room + "/ui" for room in CORE_USES if room != "base"}
@@ -56,7 +57,7 @@ def allowed_uses():
     uses["app/settings"] = set(CORE_USES)
     uses["app/project"] = {"base", "profile"}
     uses["app"] = ALL - OUTER - {"cli"}
-    uses["cli"] = set(CORE_USES) | {"app/settings"}
+    uses["cli"] = set(CORE_USES) | {"app/settings", "resources"}
     uses["tools"] = ALL - {"tests"}
     for layer in ("tests", "benchmarks", "fuzz", "cmake"):
         uses[layer] = ALL
@@ -94,6 +95,7 @@ WRITING = re.compile(
 WRITERS = {
     "base/SafeFile.cpp", "ui/SaveDialog.cpp",
     "app/dialogs/SheetPrinter.cpp",  # its PDF is written to memory
+    "report/ReportPrinter.cpp",  # likewise
     "libs/tessamap/tiles/TileDiskCache.cpp",  # only in its own folder
 }
 

@@ -1,0 +1,14 @@
+#pragma once
+
+#include <QString>
+
+namespace KOLT::Cli {
+
+class Recording;
+
+struct Arguments;
+
+/// The verb "report" with --pdf or --json, on an open folder.
+QString engineReport(const Arguments& arguments, Recording& recording);
+
+} // namespace KOLT::Cli
