@@ -121,6 +121,7 @@ private:
     void selectLoaded();
     void openDaySheet();
     void tellSaved(const QString& path);
+    void openEngineReport();
     void exportData(Command command);
 
     SettingsStore& m_settings;

@@ -16,6 +16,7 @@
 #include "base/Diagnostics.h"
 #include "export/RecordingNote.h"
 #include "record/ui/DialogCard.h"
+#include "report/ui/DialogReport.h"
 #include "ui/Messages.h"
 
 #include <QDir>
@@ -74,6 +75,9 @@ void DialogMain::slotMenu(QAction* action)
         break;
     case Command::DaySheet:
         openDaySheet();
+        break;
+    case Command::EngineReport:
+        openEngineReport();
         break;
     case Command::Recording:
         if (m_trust != nullptr)
@@ -165,7 +169,8 @@ bool DialogMain::isFirstStart() const
 void DialogMain::showListed()
 {
     m_cardDialog->refresh();
-    (*m_actions)[Command::DaySheet]->setEnabled(!card().files().empty());
+    for (const Command command : {Command::DaySheet, Command::EngineReport})
+        (*m_actions)[command]->setEnabled(!card().files().empty());
 }
 
 void DialogMain::askForFolder()
@@ -238,6 +243,12 @@ void DialogMain::openDaySheet()
     choice.flight = CardChoice::wholeCycle;
     m_dialogs->daySheet().open({card().folder(), card().cycles(), m_card->nameOf(choice),
                                 m_card->filesOf(choice), choice.cycle, card().clockOffset()});
+}
+
+void DialogMain::openEngineReport()
+{
+    m_dialogs->engineReport().open(
+        {card().folder(), card().clockOffset(), loadExportFolder(m_settings, "Csv")});
 }
 
 void DialogMain::slotOpenFlight(const QString& folder, int cycle, int flight)

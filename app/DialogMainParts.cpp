@@ -30,6 +30,7 @@
 #include "instruments/ui/DialogDataView.h"
 #include "map/ui/DialogDataMap.h"
 #include "record/ui/DialogCard.h"
+#include "report/ui/DialogReport.h"
 #include "ui/NoticeBar.h"
 
 #include <QFileInfo>
@@ -81,7 +82,8 @@ void DialogMain::createBars()
         offerRecentFolders();
     }
     m_actions->setExportsEnabled(false);
-    (*m_actions)[Command::DaySheet]->setEnabled(false); // nothing is listed yet
+    for (const Command command : {Command::DaySheet, Command::EngineReport})
+        (*m_actions)[command]->setEnabled(false); // nothing is listed yet
     m_toolBar = addToolBar(tr("Main Toolbar"));
     m_toolBar->setObjectName(QStringLiteral("mainToolBar"));
     m_toolBar->setContextMenuPolicy(Qt::PreventContextMenu); // its menu could hide the bar for good
@@ -114,6 +116,11 @@ void DialogMain::createDialogs()
     DialogDaySheet* const sheet = &m_dialogs->daySheet();
     connect(sheet, &DialogDaySheet::signalOpen, this, &DialogMain::slotOpenFlight);
     connect(sheet, &DialogDaySheet::signalMessage, this,
+            [this](const QString& message) { m_status->showMessage(message); });
+    DialogReport* const report = &m_dialogs->engineReport();
+    connect(report, &DialogReport::signalRead, this,
+            [this, report] { m_jobs.run([report] { report->read(); }); });
+    connect(report, &DialogReport::signalMessage, this,
             [this](const QString& message) { m_status->showMessage(message); });
 }
 

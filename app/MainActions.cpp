@@ -58,12 +58,19 @@ MainActions::MainActions(QMainWindow& window)
            tr("Export the flights as tracks to a GPX file"));
     create(Command::DaySheet, tr("Day Sheet"), {}, tr("Show the flights of the day as a sheet"));
     create(Command::Recording, tr("Recording"), {}, tr("Show what is doubtful in the recording"));
-    const std::pair<Command, const char*> icons[] = {
-        {Command::OpenDataFolder, "open-folder"}, {Command::ExportKml, "export-kml"},
-        {Command::ExportCsv, "export-csv"},       {Command::ExportGpx, "gpx-export"},
-        {Command::DaySheet, "day-sheet"},         {Command::Recording, "recording"},
-        {Command::Preferences, "preferences"},    {Command::About, "about"},
-        {Command::ProfileInfo, "profile"},        {Command::Help, "help"}};
+    create(Command::EngineReport, tr("Engine Report..."), {},
+           tr("Make one document of the card for the shop and the aircraft's papers"));
+    const std::pair<Command, const char*> icons[] = {{Command::OpenDataFolder, "open-folder"},
+                                                     {Command::ExportKml, "export-kml"},
+                                                     {Command::ExportCsv, "export-csv"},
+                                                     {Command::ExportGpx, "gpx-export"},
+                                                     {Command::DaySheet, "day-sheet"},
+                                                     {Command::Recording, "recording"},
+                                                     {Command::EngineReport, "engine-report"},
+                                                     {Command::Preferences, "preferences"},
+                                                     {Command::About, "about"},
+                                                     {Command::ProfileInfo, "profile"},
+                                                     {Command::Help, "help"}};
     for (const auto& [command, name] : icons)
         m_actions[command]->setIcon(icon(QLatin1String(name)));
 }
@@ -89,8 +96,9 @@ void MainActions::createMenus()
     m_recentEnd = m_fileMenu->addSeparator();
     m_fileMenu->addAction(m_actions[Command::Quit]);
     QMenu* const extras = m_window.menuBar()->addMenu(tr("&Extras"));
-    for (const Command command : {Command::Preferences, Command::ExportKml, Command::ExportCsv,
-                                  Command::ExportGpx, Command::DaySheet, Command::Recording})
+    for (const Command command :
+         {Command::Preferences, Command::ExportKml, Command::ExportCsv, Command::ExportGpx,
+          Command::DaySheet, Command::Recording, Command::EngineReport})
         extras->addAction(m_actions[command]);
     connect(extras, &QMenu::aboutToShow, this, &MainActions::signalExtrasAboutToShow);
     QMenu* const help = m_window.menuBar()->addMenu(tr("&Help"));

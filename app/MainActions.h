@@ -26,7 +26,8 @@ enum class Command {
     ExportCsv = 18,
     DaySheet = 20,
     ExportGpx = 21,
-    Recording = 22
+    Recording = 22,
+    EngineReport = 23
 };
 
 /// Creates the actions of all commands and the menus. All actions are added to the window, so that

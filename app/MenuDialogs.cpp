@@ -7,6 +7,7 @@
 #include "app/dialogs/DialogPreferences.h"
 #include "app/dialogs/DialogProfileInfo.h"
 #include "app/settings/ProgramSettings.h"
+#include "report/ui/DialogReport.h"
 
 namespace KOLT {
 
@@ -28,6 +29,7 @@ MenuDialogs::MenuDialogs(const Profile& profile, SettingsStore& settings, JobQue
     , m_help(new DialogHelp(ProgramSettings(settings).language(), &window))
     , m_preferences(new DialogPreferences(settings, &window))
     , m_daySheet(new DialogDaySheet(profile, settings, jobs, &window))
+    , m_engineReport(new DialogReport(profile, &window))
 {
 }
 
@@ -35,6 +37,7 @@ MenuDialogs::~MenuDialogs()
 {
     delete m_profileInfo;
     delete m_daySheet;
+    delete m_engineReport;
 }
 
 void MenuDialogs::show(Command command) const

@@ -11,6 +11,7 @@ class DialogDaySheet;
 class DialogHelp;
 class DialogPreferences;
 class DialogProfileInfo;
+class DialogReport;
 class JobQueue;
 class Profile;
 class SettingsStore;
@@ -35,12 +36,15 @@ public:
 
     DialogDaySheet& daySheet() const { return *m_daySheet; }
 
+    DialogReport& engineReport() const { return *m_engineReport; }
+
 private:
     DialogAbout* m_about;
     DialogProfileInfo* m_profileInfo;
     DialogHelp* m_help;
     DialogPreferences* m_preferences;
     DialogDaySheet* m_daySheet;
+    DialogReport* m_engineReport;
 };
 
 } // namespace KOLT

@@ -1,5 +1,6 @@
 #include "app/dialogs/DialogDaySheet.h"
 #include "graph/ui/DialogDataGraph.h"
+#include "report/ui/DialogReport.h"
 #include "tests/app/MainWindowFixture.h"
 #include "tests/support/Rows.h"
 
@@ -69,6 +70,8 @@ void TestWriters::initTestCase()
     QTRY_VERIFY(listAction() != nullptr);
     trigger(Command::DaySheet);
     QVERIFY(!m_window->findChild<DialogDaySheet*>()->sheet().isEmpty());
+    trigger(Command::EngineReport);
+    QCOMPARE(m_window->findChild<DialogReport*>()->report().files.size(), 2U);
 }
 
 QAction* TestWriters::listAction() const
@@ -94,6 +97,8 @@ void TestWriters::start(const QString& writer)
         listAction()->trigger();
     else if (writer == "graph snapshot")
         m_window->findChild<DialogDataGraph*>()->findChild<QButtonGroup*>()->button(10)->click();
+    else if (writer == "engine report")
+        click(*m_window->findChild<DialogReport*>(), "Save as PDF...");
     else
         click(*m_window->findChild<DialogDaySheet*>(),
               writer == "day sheet pdf" ? "Save as PDF..." : "Save as CSV...");
@@ -128,6 +133,7 @@ void TestWriters::eachWriter_data()
     row("project", "project", "xml");
     row("day sheet csv", "day sheet csv", "csv");
     row("day sheet pdf", "day sheet pdf", "pdf");
+    row("engine report", "engine report", "pdf");
     row("event list", "event list", "csv");
     row("graph snapshot", "graph snapshot", "bmp");
     row("export kml", "export kml", "kml");
