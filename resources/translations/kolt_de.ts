@@ -1633,6 +1633,404 @@ In dieser Aufzeichnung wurde nichts Zweifelhaftes gefunden.</translation>
     </message>
 </context>
 <context>
+    <name>KOLT::DialogReport</name>
+    <message>
+        <source>Engine Report</source>
+        <translation>Motorbericht</translation>
+    </message>
+    <message>
+        <source>One document for the shop and the aircraft&apos;s papers: the engine and its counters, what is doubtful in the recording, flights, the worst episodes with their graphs, faults, lamps, and the check sums of all files.</source>
+        <translation>Ein Dokument für die Werkstatt und die Betriebsunterlagen: der Motor und seine Zähler, was an der Aufzeichnung zweifelhaft ist, Flüge, die schwersten Episoden mit ihren Diagrammen, Fehler, Lampen und die Prüfsummen aller Dateien.</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>&amp;Paper:</source>
+        <translation>&amp;Papier:</translation>
+    </message>
+    <message>
+        <source>Preview and Print...</source>
+        <translation>Vorschau und Druck...</translation>
+    </message>
+    <message>
+        <source>Save as PDF...</source>
+        <translation>Als PDF sichern...</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>Reading %1</source>
+        <translation>%1 wird gelesen</translation>
+    </message>
+    <message>
+        <source>Cancelled</source>
+        <translation>Abgebrochen</translation>
+    </message>
+    <message>
+        <source>The folder %1 cannot be read. If it is on a card, insert the card and open the report again.</source>
+        <translation>Der Ordner %1 lässt sich nicht lesen. Liegt er auf einer Karte, die Karte einlegen und den Bericht noch einmal öffnen.</translation>
+    </message>
+    <message>
+        <source>Cycles: %1, flights: %2, episodes: %3, files: %4</source>
+        <translation>Zyklen: %1, Flüge: %2, Episoden: %3, Dateien: %4</translation>
+    </message>
+    <message>
+        <source>Incomplete: these files could not be read: %1</source>
+        <translation>Unvollständig: Diese Dateien ließen sich nicht lesen: %1</translation>
+    </message>
+    <message>
+        <source>Save as PDF</source>
+        <translation>Als PDF sichern</translation>
+    </message>
+    <message>
+        <source>PDF Files (*.pdf)</source>
+        <translation>PDF-Dateien (*.pdf)</translation>
+    </message>
+    <message>
+        <source>Saved %1</source>
+        <translation>%1 gesichert</translation>
+    </message>
+</context>
+<context>
+    <name>KOLT::EngineReport</name>
+    <message>
+        <source>Cycle %1</source>
+        <translation>Zyklus %1</translation>
+    </message>
+    <message>
+        <source>Cycle %1, flight %2</source>
+        <translation>Zyklus %1, Flug %2</translation>
+    </message>
+    <message>
+        <source>%L1 s</source>
+        <translation>%L1 s</translation>
+    </message>
+    <message>
+        <source>at least %1</source>
+        <translation>mindestens %1</translation>
+    </message>
+    <message>
+        <source>No.</source>
+        <translation>Nr.</translation>
+    </message>
+    <message>
+        <source>Episode</source>
+        <translation>Episode</translation>
+    </message>
+    <message>
+        <source>Cycle, flight</source>
+        <translation>Zyklus, Flug</translation>
+    </message>
+    <message>
+        <source>Begin</source>
+        <translation>Beginn</translation>
+    </message>
+    <message>
+        <source>Peak</source>
+        <translation>Spitzenwert</translation>
+    </message>
+    <message>
+        <source>Duration</source>
+        <translation>Dauer</translation>
+    </message>
+    <message>
+        <source>Beyond</source>
+        <translation>Jenseits</translation>
+    </message>
+    <message>
+        <source>Phase</source>
+        <translation>Phase</translation>
+    </message>
+    <message>
+        <source>%1 (cycle %2)</source>
+        <translation>%1 (Zyklus %2)</translation>
+    </message>
+    <message>
+        <source>Beyond a threshold at the first sample, which is no episode: %1</source>
+        <translation>Schon beim ersten Wert jenseits einer Schwelle, was keine Episode ist: %1</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>Times</source>
+        <translation>Anzahl</translation>
+    </message>
+    <message>
+        <source>Cycle</source>
+        <translation>Zyklus</translation>
+    </message>
+    <message>
+        <source>to the end of the recording</source>
+        <translation>bis zum Ende der Aufzeichnung</translation>
+    </message>
+    <message>
+        <source>and %1 more</source>
+        <translation>und %1 weitere</translation>
+    </message>
+    <message>
+        <source>Episodes</source>
+        <translation>Episoden</translation>
+    </message>
+    <message>
+        <source>Limits exceeded: %1</source>
+        <translation>Grenzwerte überschritten: %1</translation>
+    </message>
+    <message>
+        <source>warnings: %1</source>
+        <translation>Warnungen: %1</translation>
+    </message>
+    <message>
+        <source>lamps alone: %1</source>
+        <translation>Lampen allein: %1</translation>
+    </message>
+    <message>
+        <source>No threshold was exceeded.</source>
+        <translation>Keine Schwelle wurde überschritten.</translation>
+    </message>
+    <message>
+        <source>Other episodes</source>
+        <translation>Weitere Episoden</translation>
+    </message>
+    <message>
+        <source>%1 less severe episodes are not listed.</source>
+        <translation>%1 weniger schwere Episoden sind nicht aufgeführt.</translation>
+    </message>
+    <message>
+        <source>Faults</source>
+        <translation>Fehler</translation>
+    </message>
+    <message>
+        <source>No fault was set.</source>
+        <translation>Kein Fehler war gesetzt.</translation>
+    </message>
+    <message>
+        <source>Warning lamps</source>
+        <translation>Warnlampen</translation>
+    </message>
+    <message>
+        <source>No lamp came on.</source>
+        <translation>Keine Lampe ging an.</translation>
+    </message>
+    <message>
+        <source>Page %1 of %2</source>
+        <translation>Seite %1 von %2</translation>
+    </message>
+    <message>
+        <source>not recorded</source>
+        <translation>nicht aufgezeichnet</translation>
+    </message>
+    <message>
+        <source>%1 (at the begin %2)</source>
+        <translation>%1 (am Anfang %2)</translation>
+    </message>
+    <message>
+        <source>Engine serial number</source>
+        <translation>Seriennummer des Motors</translation>
+    </message>
+    <message>
+        <source>Engine type</source>
+        <translation>Motortyp</translation>
+    </message>
+    <message>
+        <source>Unit serial number</source>
+        <translation>Seriennummer des Geräts</translation>
+    </message>
+    <message>
+        <source>Unit type</source>
+        <translation>Gerätetyp</translation>
+    </message>
+    <message>
+        <source>Software of lane A</source>
+        <translation>Software von Kanal A</translation>
+    </message>
+    <message>
+        <source>Software of lane B</source>
+        <translation>Software von Kanal B</translation>
+    </message>
+    <message>
+        <source>Software of the display</source>
+        <translation>Software der Anzeige</translation>
+    </message>
+    <message>
+        <source>Engine hours</source>
+        <translation>Betriebsstunden</translation>
+    </message>
+    <message>
+        <source>Engine starts</source>
+        <translation>Anlassvorgänge</translation>
+    </message>
+    <message>
+        <source>Profile</source>
+        <translation>Profil</translation>
+    </message>
+    <message>
+        <source>Units</source>
+        <translation>Einheiten</translation>
+    </message>
+    <message>
+        <source>imperial; the figures of flights are metric</source>
+        <translation>imperial; die Zahlen der Flüge sind metrisch</translation>
+    </message>
+    <message>
+        <source>metric</source>
+        <translation>metrisch</translation>
+    </message>
+    <message>
+        <source>Recording</source>
+        <translation>Aufzeichnung</translation>
+    </message>
+    <message>
+        <source>Clock</source>
+        <translation>Uhr</translation>
+    </message>
+    <message>
+        <source>Made on</source>
+        <translation>Erstellt am</translation>
+    </message>
+    <message>
+        <source>%1 with %2</source>
+        <translation>%1 mit %2</translation>
+    </message>
+    <message>
+        <source>Engine Report</source>
+        <translation>Motorbericht</translation>
+    </message>
+    <message>
+        <source>wrong</source>
+        <translation>falsch</translation>
+    </message>
+    <message>
+        <source>doubtful</source>
+        <translation>zweifelhaft</translation>
+    </message>
+    <message>
+        <source>note</source>
+        <translation>Hinweis</translation>
+    </message>
+    <message>
+        <source>Figures</source>
+        <translation>Zahlen</translation>
+    </message>
+    <message>
+        <source>From, to</source>
+        <translation>Von, bis</translation>
+    </message>
+    <message>
+        <source>Finding</source>
+        <translation>Befund</translation>
+    </message>
+    <message>
+        <source>How far to trust the recording</source>
+        <translation>Wie weit der Aufzeichnung zu trauen ist</translation>
+    </message>
+    <message>
+        <source>Incomplete: these files could not be read: %1</source>
+        <translation>Unvollständig: Diese Dateien ließen sich nicht lesen: %1</translation>
+    </message>
+    <message>
+        <source>Nothing is doubtful in the recording.</source>
+        <translation>An der Aufzeichnung ist nichts zweifelhaft.</translation>
+    </message>
+    <message>
+        <source>Flights</source>
+        <translation>Flüge</translation>
+    </message>
+    <message>
+        <source>*: doubtful, see the findings above.</source>
+        <translation>*: zweifelhaft, siehe die Befunde oben.</translation>
+    </message>
+    <message>
+        <source>Fuel lane A [l]</source>
+        <translation>Kraftstoff Kanal A [l]</translation>
+    </message>
+    <message>
+        <source>Fuel lane B [l]</source>
+        <translation>Kraftstoff Kanal B [l]</translation>
+    </message>
+    <message>
+        <source>Fuel [l]</source>
+        <translation>Kraftstoff [l]</translation>
+    </message>
+    <message>
+        <source>Minimum altitude [m]</source>
+        <translation>Kleinste Höhe [m]</translation>
+    </message>
+    <message>
+        <source>Maximum altitude [m]</source>
+        <translation>Größte Höhe [m]</translation>
+    </message>
+    <message>
+        <source>Altitude gain [m]</source>
+        <translation>Höhengewinn [m]</translation>
+    </message>
+    <message>
+        <source>Climb rate [m/s]</source>
+        <translation>Steigrate [m/s]</translation>
+    </message>
+    <message>
+        <source>Descent rate [m/s]</source>
+        <translation>Sinkrate [m/s]</translation>
+    </message>
+    <message>
+        <source>Maximum ground speed [km/h]</source>
+        <translation>Größte Geschwindigkeit über Grund [km/h]</translation>
+    </message>
+    <message>
+        <source>Time per 100 m [s]</source>
+        <translation>Zeit je 100 m [s]</translation>
+    </message>
+    <message>
+        <source>Fuel per 100 m [l]</source>
+        <translation>Kraftstoff je 100 m [l]</translation>
+    </message>
+    <message>
+        <source>Take-off distance [m]</source>
+        <translation>Startstrecke [m]</translation>
+    </message>
+    <message>
+        <source>Take-off distance over 15 m [m]</source>
+        <translation>Startstrecke bis 15 m [m]</translation>
+    </message>
+    <message>
+        <source>Statistics of the flights</source>
+        <translation>Statistik der Flüge</translation>
+    </message>
+    <message>
+        <source>No flight was found.</source>
+        <translation>Es wurde kein Flug gefunden.</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>Datei</translation>
+    </message>
+    <message>
+        <source>Bytes</source>
+        <translation>Bytes</translation>
+    </message>
+    <message>
+        <source>SHA-256</source>
+        <translation>SHA-256</translation>
+    </message>
+    <message>
+        <source>could not be read</source>
+        <translation>nicht lesbar</translation>
+    </message>
+    <message>
+        <source>Files</source>
+        <translation>Dateien</translation>
+    </message>
+    <message>
+        <source>Engine report, engine %1</source>
+        <translation>Motorbericht, Motor %1</translation>
+    </message>
+</context>
+<context>
     <name>KOLT::Episode</name>
     <message>
         <source>for at least %1 s</source>
@@ -2383,6 +2781,14 @@ Bitte prüfen Sie, ob der Ordner beschreibbar und nicht voll ist. Das vorherige 
     <message>
         <source>Show what is doubtful in the recording</source>
         <translation>Zeigt, was an der Aufzeichnung zweifelhaft ist</translation>
+    </message>
+    <message>
+        <source>Engine Report...</source>
+        <translation>Motorbericht...</translation>
+    </message>
+    <message>
+        <source>Make one document of the card for the shop and the aircraft&apos;s papers</source>
+        <translation>Aus der Karte ein Dokument für die Werkstatt und die Betriebsunterlagen machen</translation>
     </message>
 </context>
 <context>
