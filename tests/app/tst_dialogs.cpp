@@ -72,7 +72,7 @@ void TestDialogs::preferencesAreStoredAndApplied()
 {
     const DiagnosticsCapture output;
     SettingsStore& settings = SettingsStore::instance();
-    DialogPreferences dialog;
+    DialogPreferences dialog(SettingsStore::instance());
     QSignalSpy unit(&dialog, &DialogPreferences::signalUnitChanged);
     const QSignalSpy map(&dialog, &DialogPreferences::signalMapChanged);
     dialog.show();
@@ -215,7 +215,7 @@ void TestDialogs::daySheetOfDaysAndFolder()
     CardContainer card(profile);
     QVERIFY(card.readContainer(folderWithFlights()));
     JobQueue jobs;
-    DialogDaySheet dialog(profile, jobs);
+    DialogDaySheet dialog(profile, SettingsStore::instance(), jobs);
     auto* const scope = dialog.findChild<QComboBox*>();
     const auto choices = [&] {
         QStringList texts;
@@ -276,7 +276,7 @@ void TestDialogs::daySheetOpensAndSaves()
     CardContainer card(profile);
     QVERIFY(card.readContainer(folderWithFlights()));
     JobQueue jobs;
-    DialogDaySheet dialog(profile, jobs);
+    DialogDaySheet dialog(profile, SettingsStore::instance(), jobs);
     dialog.open(sourceOf(card, 2));
     QVERIFY(QTest::qWaitForWindowActive(&dialog));
 
