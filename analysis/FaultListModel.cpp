@@ -65,9 +65,12 @@ int FaultListModel::rowAt(double seconds) const
 
 int FaultListModel::rowOf(const FaultEntry& occurrence) const
 {
-    const auto same = std::ranges::equal_range(m_rows, startOf(occurrence), {}, startOf);
-    const auto found = std::ranges::find(same, occurrence.interval, &FaultEntry::interval);
-    return found == same.end() ? -1 : static_cast<int>(found - m_rows.begin());
+    const double start = startOf(occurrence);
+    auto row = std::ranges::lower_bound(m_rows, start, {}, startOf);
+    while (row != m_rows.end() && startOf(*row) == start && row->interval != occurrence.interval)
+        ++row;
+    const bool isListed = row != m_rows.end() && row->interval == occurrence.interval;
+    return isListed ? static_cast<int>(row - m_rows.begin()) : -1;
 }
 
 int FaultListModel::rowCount(const QModelIndex& parent) const
