@@ -133,8 +133,8 @@ void DialogProfile::reload()
         else
             m_changes.erase(name);
     }
-    if (m_folding.empty())
-        keepFolding();
+    if (!m_folding.isKept())
+        m_folding.keep(*m_tree);
     fill();
     m_isFilling = true;
     for (const auto& [item, parameter] : m_parameters) {
@@ -218,8 +218,8 @@ void DialogProfile::addDevices()
 void DialogProfile::filter(const QString& text)
 {
     const QString wanted = text.trimmed();
-    if (!wanted.isEmpty() && m_folding.empty())
-        keepFolding();
+    if (!wanted.isEmpty() && !m_folding.isKept())
+        m_folding.keep(*m_tree);
     m_isFilling = true;
     bool isAnyShown = false;
     for (int i = 0; i < m_tree->topLevelItemCount(); ++i) {
@@ -245,26 +245,7 @@ void DialogProfile::filter(const QString& text)
                          : m_tree->topLevelItemCount() > 0 ? tr("No parameter has this text.")
                                                            : tr("The profile has no parameters."));
     if (wanted.isEmpty())
-        restoreFolding();
-}
-
-void DialogProfile::keepFolding()
-{
-    for (int i = 0; i < m_tree->topLevelItemCount(); ++i) {
-        const QTreeWidgetItem* const group = m_tree->topLevelItem(i);
-        m_folding[group->text(0)] = group->isExpanded();
-    }
-}
-
-void DialogProfile::restoreFolding()
-{
-    for (int i = 0; i < m_tree->topLevelItemCount(); ++i) {
-        QTreeWidgetItem* const group = m_tree->topLevelItem(i);
-        const auto before = m_folding.find(group->text(0));
-        if (before != m_folding.end())
-            group->setExpanded(before->second);
-    }
-    m_folding.clear();
+        m_folding.restore(*m_tree);
 }
 
 std::vector<const ProfileParameter*> DialogProfile::draft() const

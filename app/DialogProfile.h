@@ -1,5 +1,7 @@
 #pragma once
 
+#include "app/TreeFolding.h"
+
 #include <QTimer>
 #include <QWidget>
 
@@ -11,7 +13,6 @@ class QLineEdit;
 class QListWidget;
 class QPushButton;
 class QTabWidget;
-class QTreeWidget;
 class QTreeWidgetItem;
 
 namespace KOLT {
@@ -66,8 +67,6 @@ private:
     void fill();
     void addDevices();
     void filter(const QString& text);
-    void keepFolding();
-    void restoreFolding();
     bool isMissing(const ProfileParameter& parameter) const;
     void mark(QTreeWidgetItem& item, const ProfileParameter& parameter) const;
     void slotItemChanged();
@@ -81,8 +80,8 @@ private:
     std::map<QTreeWidgetItem*, const ProfileParameter*> m_parameters;
     std::map<QString, bool> m_changes; ///< earlier draft changes by full name
     std::set<int> m_missing;           ///< messages that the loaded data lack
-    /// Whether devices are unfolded without a filter, by name; empty while there is none.
-    std::map<QString, bool> m_folding;
+    /// Of the devices without a filter; kept while there is one.
+    TreeFolding m_folding;
     QLineEdit* m_filter = nullptr;
     QTreeWidget* m_tree = nullptr;
     QListWidget* m_list = nullptr;
