@@ -77,6 +77,15 @@ QJsonObject jsonCycle(const ReportCycle& cycle)
             {key("trust"), jsonTrust(cycle.sheet.findings)}};
 }
 
+/// As the document shows them, with texts.
+QJsonArray jsonFigures(const ReportEpisode& episode)
+{
+    QJsonArray result;
+    for (const EpisodeFigure& figure : episode.figures)
+        result.append(QJsonObject{{key("label"), figure.label}, {key("text"), figure.text}});
+    return result;
+}
+
 QJsonObject jsonEpisode(const ReportEpisode& episode)
 {
     return {{key("cycle"), episode.cycle},
@@ -94,6 +103,8 @@ QJsonObject jsonEpisode(const ReportEpisode& episode)
             {key("secondsBeyondLimit"), episode.secondsBeyondLimit},
             {key("peak"), orNull(episode.peak)},
             {key("peakText"), episode.peakText},
+            {key("phase"), episode.phase},
+            {key("figures"), jsonFigures(episode)},
             {key("hasGraph"), episode.graph.has_value()}};
 }
 

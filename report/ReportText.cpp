@@ -154,43 +154,55 @@ struct Statistic
     const char* label;
     double Flight::*figure;
     int decimals;
+    Figures mark;
 };
 
 constexpr std::array statistics{
-    Statistic{QT_TRANSLATE_NOOP("KOLT::EngineReport", "Fuel lane A [l]"), &Flight::fuelA, 2},
-    Statistic{QT_TRANSLATE_NOOP("KOLT::EngineReport", "Fuel lane B [l]"), &Flight::fuelB, 2},
-    Statistic{QT_TRANSLATE_NOOP("KOLT::EngineReport", "Fuel [l]"), &Flight::fuel, 2},
+    Statistic{QT_TRANSLATE_NOOP("KOLT::EngineReport", "Fuel lane A [l]"), &Flight::fuelA, 2,
+              Figure::FuelA},
+    Statistic{QT_TRANSLATE_NOOP("KOLT::EngineReport", "Fuel lane B [l]"), &Flight::fuelB, 2,
+              Figure::FuelB},
+    Statistic{QT_TRANSLATE_NOOP("KOLT::EngineReport", "Fuel [l]"), &Flight::fuel, 2, Figure::Fuel},
     Statistic{QT_TRANSLATE_NOOP("KOLT::EngineReport", "Minimum altitude [m]"), &Flight::minAltitude,
-              0},
+              0, Figure::MinAltitude},
     Statistic{QT_TRANSLATE_NOOP("KOLT::EngineReport", "Maximum altitude [m]"), &Flight::maxAltitude,
-              0},
+              0, Figure::MaxAltitude},
     Statistic{QT_TRANSLATE_NOOP("KOLT::EngineReport", "Altitude gain [m]"), &Flight::altitudeGain,
-              0},
-    Statistic{QT_TRANSLATE_NOOP("KOLT::EngineReport", "Climb rate [m/s]"), &Flight::climbRate, 2},
+              0, Figure::AltitudeGain},
+    Statistic{QT_TRANSLATE_NOOP("KOLT::EngineReport", "Climb rate [m/s]"), &Flight::climbRate, 2,
+              Figure::ClimbRate},
     Statistic{QT_TRANSLATE_NOOP("KOLT::EngineReport", "Descent rate [m/s]"), &Flight::descentRate,
-              2},
+              2, Figure::DescentRate},
     Statistic{QT_TRANSLATE_NOOP("KOLT::EngineReport", "Maximum ground speed [km/h]"),
-              &Flight::maxGroundSpeed, 1},
+              &Flight::maxGroundSpeed, 1, Figure::MaxGroundSpeed},
     Statistic{QT_TRANSLATE_NOOP("KOLT::EngineReport", "Time per 100 m [s]"), &Flight::timePer100m,
-              1},
+              1, Figure::TimePer100m},
     Statistic{QT_TRANSLATE_NOOP("KOLT::EngineReport", "Fuel per 100 m [l]"), &Flight::fuelPer100m,
-              2},
+              2, Figure::FuelPer100m},
     Statistic{QT_TRANSLATE_NOOP("KOLT::EngineReport", "Take-off distance [m]"),
-              &Flight::takeOffDistance, 0},
+              &Flight::takeOffDistance, 0, Figure::TakeOffDistance},
     Statistic{QT_TRANSLATE_NOOP("KOLT::EngineReport", "Take-off distance over 15 m [m]"),
-              &Flight::takeOffDistance15m, 0}};
+              &Flight::takeOffDistance15m, 0, Figure::TakeOffDistance15m}};
 
-/// Some flights side by side.
-QString statisticsTable(const std::vector<std::pair<QString, const Flight*>>& flights)
+struct FlightColumn
 {
-    QStringList headings{QString()};
-    for (const auto& [name, flight] : flights)
-        headings << name;
+    QString name;
+    const Flight* flight = nullptr;
+    Figures marked = 0; ///< what findings touch
+};
+
+/// Some flights side by side; figures that a finding touches have a "*".
+QString statisticsTable(const std::vector<FlightColumn>& flights)
+{
+    QStringList headings{QStringLiteral(" ")};
+    for (const FlightColumn& column : flights)
+        headings << column.name;
     HtmlTable table("Lrrrrrr", headings);
     for (const Statistic& statistic : statistics) {
         QStringList cells{Text::tr(statistic.label)};
-        for (const auto& [name, flight] : flights)
-            cells << figureText(flight->*statistic.figure, statistic.decimals, {});
+        for (const FlightColumn& column : flights)
+            cells << figureText(column.flight->*statistic.figure, statistic.decimals, {}) +
+                         ((column.marked & statistic.mark) != 0 ? QStringLiteral("*") : QString());
         table.add(cells);
     }
     return table.html() + htmlParagraph(QStringLiteral(" "));
@@ -199,13 +211,18 @@ QString statisticsTable(const std::vector<std::pair<QString, const Flight*>>& fl
 QString statisticsHtml(const EngineReport& report)
 {
     constexpr std::size_t beside = 6;
-    std::vector<std::pair<QString, const Flight*>> flights;
+    std::vector<FlightColumn> flights;
     QString html;
     for (const ReportCycle& cycle : report.cycles) {
+        std::vector<Figures> marked(cycle.flights.size());
+        for (const TrustFinding& finding : cycle.sheet.findings) {
+            for (const FlightMark& mark : finding.marks)
+                marked[mark.flight] |= mark.figures;
+        }
         for (std::size_t i = 0; i < cycle.flights.size(); ++i) {
-            flights.emplace_back(
-                Text::tr("Cycle %1, flight %2").arg(cycle.sheet.number.value_or(0)).arg(i + 1),
-                &cycle.flights[i]);
+            flights.push_back(
+                {Text::tr("Cycle %1, flight %2").arg(cycle.sheet.number.value_or(0)).arg(i + 1),
+                 &cycle.flights[i], marked[i]});
             if (flights.size() == beside) {
                 html += statisticsTable(flights);
                 flights.clear();

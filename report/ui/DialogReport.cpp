@@ -100,6 +100,8 @@ void DialogReport::open(const ReportSource& source)
     m_source = source;
     m_hasReport = false;
     m_isCancelled = m_isWorking; // ends a report being made
+    m_state->clear();
+    setWorking(m_isWorking);
     show();
     raise();
     activateWindow();
