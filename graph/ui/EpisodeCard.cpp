@@ -81,6 +81,7 @@ EpisodeCard::EpisodeCard(const Profile& profile, QWidget* parent)
     auto* const area = new QScrollArea(this);
     area->setWidget(m_figures);
     area->setWidgetResizable(true);
+    area->setAccessibleName(EpisodeCard::tr("Figures of the episode"));
     m_graph = new EpisodeGraph(this);
     m_content = new QBoxLayout(QBoxLayout::TopToBottom);
     m_content->addWidget(area, 1);

@@ -125,7 +125,7 @@ void TestMainWindow::menusAndShortcuts()
         for (const QAction* action : menu->menu()->actions())
             shown << (action->isSeparator() ? "-" : action->data().toString());
     }
-    QCOMPARE(shown.join(' '), "&File 2 - 6 &Extras 15 17 18 21 20 22 &Help 8 9");
+    QCOMPARE(shown.join(' '), "&File 2 - 6 &Extras 15 17 18 21 20 22 23 &Help 8 9");
     QStringList bar;
     for (const QAction* action : m_window->findChild<QToolBar*>()->actions())
         bar << action->data().toString();
@@ -165,7 +165,7 @@ void TestMainWindow::preferencesReachTheWindow()
     trigger(Command::Preferences);
     auto* const dialog = m_window->findChild<DialogPreferences*>();
     QVERIFY(dialog->isVisible());
-    dialog->findChildren<QComboBox*>().at(1)->setCurrentIndex(1);
+    dialog->findChildren<QComboBox*>().at(2)->setCurrentIndex(1);
     dialog->findChild<QSpinBox*>()->setValue(19);
     auto* const apply = dialog->findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Apply);
     QTest::mouseClick(apply, Qt::LeftButton);

@@ -87,7 +87,6 @@ void TestTileCache::serverAddresses_data()
         contributors + ", tile.openstreetmap.de");
     row("https://m.example/{z}/{x}.png", "", "");
     row("ftp://m.example", "", "");
-    row("file:///etc", "", "");
     row("http://", "", "");
 }
 
