@@ -70,6 +70,14 @@ void TestEpisodeCard::pictureHasBandsTracesAndPeak()
     QPainter painter(&image);
     paintScene(painter, scene, size);
     painter.end();
+    QImage clipped(size, QImage::Format_RGB32); // of a caller that draws on the rest itself
+    clipped.fill(Qt::black);
+    const QImage rest = clipped.copy(10, 0, 490, 300);
+    painter.begin(&clipped);
+    painter.setClipRect(0, 0, 10, 300);
+    paintScene(painter, scene, size);
+    painter.end();
+    QCOMPARE(clipped.copy(10, 0, 490, 300), rest);
     const auto colorAt = [&](double seconds, double value) { // the darkest of three
         const auto x = static_cast<int>(graph.xOf(seconds));
         const int y = size.height() - static_cast<int>(graph.commonScale().yOf(value));
