@@ -217,7 +217,7 @@ void CycleScan::track(Message& message, const MessageData& data, std::uint32_t t
             addCrossing(tracker, secondsOf(timeHigh, timeLow));
         const CrossingDetector& now = tracker.detector();
         if (!message.excursions[i].isIdle(now.number()))
-            message.excursions[i].step(now.number(), now.state(), isCrossing, now.isRising(),
+            message.excursions[i].step(now.number(), now.state(), isCrossing,
                                        {secondsOfTicks(ticks), secondsOfTicks(ticksBefore),
                                         secondsOfTicks(message.firstTicks), index});
     }
@@ -279,7 +279,7 @@ void CycleScan::finishTrackers()
             limitExceedances();
             const CrossingDetector& now = tracker.detector();
             const StoredSample& before = series[index > 0 ? index - 1 : 0];
-            excursions.step(now.number(), now.state(), isCrossing, now.isRising(),
+            excursions.step(now.number(), now.state(), isCrossing,
                             {sample.seconds(), before.seconds(), series[0].seconds(), index});
             ++index;
         }

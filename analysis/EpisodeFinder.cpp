@@ -31,7 +31,7 @@ ExcursionTracker excursionsOf(const Profile& profile, const DataSet& dataSet,
             tracker.step(detector.number(), detector.state(),
                          isCrossing &&
                              !isTextNan(profile, parameter, sample.data, detector.number()),
-                         detector.isRising(), {sample.seconds(), before, first, index});
+                         {sample.seconds(), before, first, index});
         }
         if (index == 0 && detector.state() != ThresholdState::Ok)
             atStart.push_back({&parameter, detector.state()});
@@ -41,14 +41,16 @@ ExcursionTracker excursionsOf(const Profile& profile, const DataSet& dataSet,
     return tracker;
 }
 
+bool isEarlierInProfile(const ProfileParameter& a, const ProfileParameter& b)
+{
+    return a.device != b.device ? a.device < b.device : a.name.toUtf8() < b.name.toUtf8();
+}
+
 bool isEarlier(const Episode& a, const Episode& b)
 {
     if (a.begin != b.begin)
         return a.begin < b.begin;
-    const ProfileParameter& first = *a.parameters.front();
-    const ProfileParameter& second = *b.parameters.front();
-    return first.device != second.device ? first.device < second.device
-                                         : first.name.toUtf8() < second.name.toUtf8();
+    return isEarlierInProfile(*a.parameters.front(), *b.parameters.front());
 }
 
 Episode episodeFrom(const DataSet& dataSet, const Quantity& quantity,
@@ -142,7 +144,7 @@ EpisodeFindings findEpisodes(const Profile& profile, const DataSet& dataSet)
         cut();
     std::ranges::stable_sort(found.episodes, isEarlier);
     std::ranges::stable_sort(found.atStart, [](const StateAtStart& a, const StateAtStart& b) {
-        return a.parameter->device < b.parameter->device;
+        return isEarlierInProfile(*a.parameter, *b.parameter);
     });
     if (found.leftOut > 0)
         Diagnostics::print("findEpisodes: %zu of %zu episodes are left out, the last ones\n",

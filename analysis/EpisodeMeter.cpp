@@ -180,9 +180,11 @@ void EpisodeMeter::addUpTimes(Episode& episode) const
             episode.secondsBeyondLimit += to - from;
         if (farthest < 0.0 || !(height >= 0.0) || !episode.peak)
             return;
+        // A peak at the step itself is beyond all levels, which are one then.
+        constexpr double last = Episode::levelCount - 1.0;
         const double place =
-            height > 0.0 ? std::floor(farthest / height * Episode::levelCount) : 0.0;
-        between[static_cast<std::size_t>(std::min(place, Episode::levelCount - 1.0))] += to - from;
+            height > 0.0 ? std::floor(farthest / height * Episode::levelCount) : last;
+        between[static_cast<std::size_t>(std::min(place, last))] += to - from;
     });
     if (!episode.peak || !episode.warningStep)
         return;

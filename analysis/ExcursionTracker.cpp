@@ -71,7 +71,15 @@ bool ExcursionTracker::findBack(double number)
     return false;
 }
 
-void ExcursionTracker::step(double number, ThresholdState state, bool isCrossing, bool isRising,
+bool ExcursionTracker::isHigh(double number) const
+{
+    if (m_backLow <= m_backHigh)
+        return number > m_backHigh;
+    // Nothing was normal yet, and the value before may have been no number.
+    return std::ranges::none_of(m_normal, [&](const Range& range) { return range.low > number; });
+}
+
+void ExcursionTracker::step(double number, ThresholdState state, bool isCrossing,
                             const SampleTime& time)
 {
     if (std::isnan(number)) // tells neither that it is back nor that it is not
@@ -96,8 +104,7 @@ void ExcursionTracker::step(double number, ThresholdState state, bool isCrossing
     if (state > m_current.state) {
         m_current.state = state;
         m_current.firstWorst = time.seconds;
-        // By the side of what was normal last, as long as something was.
-        m_current.isHigh = m_backLow <= m_backHigh ? number > m_backHigh : isRising;
+        m_current.isHigh = isHigh(number);
     }
 }
 

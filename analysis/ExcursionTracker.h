@@ -52,8 +52,7 @@ public:
         return !m_isOpen && number >= m_backLow && number <= m_backHigh;
     }
 
-    void step(double number, ThresholdState state, bool isCrossing, bool isRising,
-              const SampleTime& time);
+    void step(double number, ThresholdState state, bool isCrossing, const SampleTime& time);
 
     /// The recording has ended; `count` samples, the last of them at the time.
     void finish(double lastSeconds, std::size_t count);
@@ -71,6 +70,10 @@ private:
     };
 
     bool findBack(double number);
+
+    /// Whether a value beyond a threshold lies above what was normal last.
+    bool isHigh(double number) const;
+
     void open(ThresholdState state, const SampleTime& time, bool isBehindHole);
     void close(double seconds, std::size_t behindIndex);
 

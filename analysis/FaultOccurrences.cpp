@@ -16,13 +16,13 @@ SampleTime timeOf(const MessageSeries& series, std::size_t index)
 }
 
 FaultOccurrence occurrenceOf(const FaultHistory& member, const FaultInterval& interval,
-                             const MessageSeries& series)
+                             const MessageSeries& series, bool isAscending)
 {
     FaultOccurrence one{member.parameter, interval.start, interval.end,
                         interval.isOpen || interval.start <= member.firstSeconds};
-    const MessageSeries::Range within = series.around(interval.start, interval.end);
-    if (within.size() == series.size() && !std::ranges::is_sorted(series, {}, &StoredSample::ticks))
+    if (!isAscending)
         return one; // the places of its samples are not known
+    const MessageSeries::Range within = series.around(interval.start, interval.end);
     if (interval.isOpen)
         one.end = std::max(one.begin, std::min(one.end, series.last().seconds()));
     for (std::size_t i = within.first.index(); i < within.last.index(); ++i) {
@@ -46,10 +46,12 @@ std::vector<FaultOccurrence> findFaultOccurrences(const Profile& profile, const 
         for (const FaultHistory& member : matrix.members) {
             if (!seen.insert(member.parameter).second)
                 continue;
+            if (member.intervals.empty())
+                continue;
             const MessageSeries& series = seriesOf(dataSet.messages, *member.parameter);
-            for (const FaultInterval& interval : member.intervals) {
-                found.push_back(occurrenceOf(member, interval, series));
-            }
+            const bool isAscending = std::ranges::is_sorted(series, {}, &StoredSample::ticks);
+            for (const FaultInterval& interval : member.intervals)
+                found.push_back(occurrenceOf(member, interval, series, isAscending));
         }
     }
     std::ranges::stable_sort(found, {}, &FaultOccurrence::begin);

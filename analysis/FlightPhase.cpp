@@ -1,7 +1,6 @@
 #include "analysis/FlightPhase.h"
 
 #include "record/FlightDetector.h"
-#include "record/RoleSeries.h"
 
 #include <QCoreApplication>
 
@@ -39,13 +38,18 @@ struct Moment
     double value;
 };
 
-/// The finite values within [from, to], in stored order.
-std::vector<Moment> valuesWithin(const RoleSeries& series, double from, double to)
+/// The finite values within [from, to], by time.
+std::vector<Moment> valuesWithin(const RoleSeries& series, const TimeOrdered& byTime, double from,
+                                 double to)
 {
     std::vector<Moment> values;
-    series.forEach(from, to, [&](double seconds, double value) {
-        values.push_back({seconds, value});
-    });
+    std::size_t i =
+        byTime.countWhile([=](const StoredSample& one) { return one.seconds() < from; });
+    for (; i < byTime.size() && byTime[i].seconds() <= to; ++i) {
+        const double value = series.value(byTime[i]);
+        if (std::isfinite(value))
+            values.push_back({byTime[i].seconds(), value});
+    }
     return values;
 }
 
@@ -104,6 +108,10 @@ QString phaseTitle(FlightPhase phase)
 FlightPhases::FlightPhases(const Profile& profile, const DataSet& dataSet)
     : m_profile(profile)
     , m_dataSet(dataSet)
+    , m_speeds(profile, dataSet.messages, Role::GroundSpeed)
+    , m_altitudes(profile, dataSet.messages, Role::Altitude)
+    , m_speedsByTime(m_speeds.samples())
+    , m_altitudesByTime(m_altitudes.samples())
 {
     findAir();
     findRuns();
@@ -111,14 +119,12 @@ FlightPhases::FlightPhases(const Profile& profile, const DataSet& dataSet)
 
 void FlightPhases::findAir()
 {
-    const RoleSeries speeds(m_profile, m_dataSet.messages, Role::GroundSpeed);
-    const RoleSeries altitudes(m_profile, m_dataSet.messages, Role::Altitude);
     FlightDetector detector;
     double slow = -infinity; // the last time at which it did not roll
     bool isFirst = true;
     bool isInTheAir = false;
     bool beganInTheAir = false;
-    speeds.forEach(-infinity, infinity, [&](double seconds, double speed) {
+    m_speeds.forEach(-infinity, infinity, [&](double seconds, double speed) {
         if (isFirst)
             beganInTheAir = speed > flyingSpeed;
         isFirst = false;
@@ -132,8 +138,9 @@ void FlightPhases::findAir()
                 air.from = air.takeOffEnd = -infinity;
             } else {
                 air.takeOffEnd = seconds + longestNearGround;
-                const double field = altitudes.valueAt(seconds);
-                for (const Moment& at : valuesWithin(altitudes, seconds, air.takeOffEnd)) {
+                const double field = m_altitudes.valueAt(seconds);
+                for (const Moment& at :
+                     valuesWithin(m_altitudes, m_altitudesByTime, seconds, air.takeOffEnd)) {
                     if (at.value >= field + nearGround)
                         air.takeOffEnd = std::min(air.takeOffEnd, at.seconds);
                 }
@@ -144,8 +151,9 @@ void FlightPhases::findAir()
             Air& air = m_air.back();
             air.to = seconds;
             air.landingBegin = seconds - longestNearGround;
-            const double field = altitudes.valueAt(seconds);
-            for (const Moment& at : valuesWithin(altitudes, air.landingBegin, seconds)) {
+            const double field = m_altitudes.valueAt(seconds);
+            for (const Moment& at :
+                 valuesWithin(m_altitudes, m_altitudesByTime, air.landingBegin, seconds)) {
                 if (at.value >= field + nearGround)
                     air.landingBegin = std::max(air.landingBegin, at.seconds);
             }
@@ -198,17 +206,16 @@ FlightPhase FlightPhases::onGround(double seconds) const
         return FlightPhase::Start;
     if (isRunning && std::prev(next)->to - seconds <= stopSeconds)
         return FlightPhase::Shutdown;
-    const RoleSeries speeds(m_profile, m_dataSet.messages, Role::GroundSpeed);
     const bool isKnown =
-        !valuesWithin(speeds, seconds - knownSeconds, seconds + knownSeconds).empty();
+        !valuesWithin(m_speeds, m_speedsByTime, seconds - knownSeconds, seconds + knownSeconds)
+             .empty();
     return isKnown ? FlightPhase::Ground : FlightPhase::Unknown;
 }
 
 FlightPhase FlightPhases::inTheAir(double seconds) const
 {
-    const RoleSeries altitudes(m_profile, m_dataSet.messages, Role::Altitude);
-    const std::vector<Moment> values =
-        valuesWithin(altitudes, seconds - slopeSeconds, seconds + slopeSeconds);
+    const std::vector<Moment> values = valuesWithin(m_altitudes, m_altitudesByTime,
+                                                    seconds - slopeSeconds, seconds + slopeSeconds);
     if (values.empty())
         return FlightPhase::Unknown;
     const auto [first, last] = std::ranges::minmax_element(values, {}, &Moment::seconds);

@@ -2,6 +2,8 @@
 
 #include "profile/Profile.h"
 #include "record/DataSet.h"
+#include "record/RoleSeries.h"
+#include "record/TimeOrdered.h"
 
 #include <QString>
 
@@ -35,7 +37,7 @@ class FlightPhases
 public:
     FlightPhases(const Profile& profile, const DataSet& dataSet);
 
-    /// O(log samples) where times ascend.
+    /// O(log samples + samples of some seconds).
     FlightPhase at(double seconds) const;
 
 private:
@@ -59,6 +61,10 @@ private:
 
     const Profile& m_profile;
     const DataSet& m_dataSet;
+    RoleSeries m_speeds;
+    RoleSeries m_altitudes;
+    TimeOrdered m_speedsByTime;
+    TimeOrdered m_altitudesByTime;
     std::vector<Air> m_air;   ///< ascending
     std::vector<Span> m_runs; ///< in which the engine ran, ascending
 };

@@ -26,6 +26,8 @@ private slots:
     void noiseBelowTheHysteresis();
     void counts_data();
     void counts();
+    void sides_data();
+    void sides();
     void lanesAndLampsAreOne();
     void cuts_data();
     void cuts();
@@ -60,6 +62,17 @@ void record(DataSet& dataSet, std::uint32_t id, double seconds, const Curve& cur
     for (int i = 0; i < seconds * rate; ++i)
         add(dataSet.messages, id, i / rate + shift, floats(static_cast<float>(curve(i / rate))));
     dataSet.stopSeconds = std::max(dataSet.stopSeconds, seconds);
+}
+
+/// "value*seconds ...", twice a second.
+void recordSteps(DataSet& dataSet, const QByteArray& text)
+{
+    double seconds = 0.0;
+    for (const QByteArray& part : text.split(' ')) {
+        const QList<QByteArray> pair = part.split('*');
+        for (const double end = seconds + pair[1].toDouble(); seconds < end; seconds += 0.5)
+            add(dataSet.messages, 1, seconds, floats(pair[0].toFloat()));
+    }
 }
 
 /// From 50 up to the top and back, with ramps of ten seconds.
@@ -172,6 +185,8 @@ void TestEpisodes::counts_data()
     row("no hold time", "holdSeconds='0'", "50*1 150*1 50*1 150*1 50*4", "1 1");
     row("a longer one", "holdSeconds='60'", "50*1 150*1 50*50 150*1 50*4", "2");
     row("no hysteresis", "hysteresis='0'", "50*1 150*2 99.9*9 150*2 50*9", "1 1");
+    row("a hysteresis wider than the range", "hysteresis='1000'",
+        "50*1 150*2 60*9 150*2 80*9 150*2 50*9", "1 2");
     row("bad attributes", "holdSeconds='-1' hysteresis='a'", "50*1 150*2 99.5*9 150*2 50*9", "2");
 }
 
@@ -184,18 +199,41 @@ void TestEpisodes::counts()
         xml.replace("hysteresis='5'", attributes);
     QVERIFY(loadProfile(m_profile, xml));
     DataSet dataSet;
-    double seconds = 0.0;
-    for (const QByteArray& part : text.split(' ')) {
-        const QList<QByteArray> pair = part.split('*');
-        for (const double end = seconds + pair[1].toDouble(); seconds < end; seconds += 0.5)
-            add(dataSet.messages, 1, seconds, floats(pair[0].toFloat()));
-    }
+    recordSteps(dataSet, text);
     QByteArrayList found;
     for (const Episode& episode : findEpisodes(m_profile, dataSet).episodes)
         found << QByteArray::number(static_cast<int>(episode.crossings));
     QCOMPARE(found.join(' '), expected);
     QCOMPARE(output.text().count("is no number from 0 on"),
              attributes.startsWith("holdSeconds='-") ? 2 : 0);
+}
+
+void TestEpisodes::sides_data()
+{
+    // Of one episode: whether it is high, peak, seconds beyond warning, limit and the last level
+    const Rows<QByteArray, QList<double>> row;
+    row("no number first", "nan*1 150*1 120*2 50*9", {1, 150, 3, 0, 1});
+    row("no number first, low", "nan*1 10*1 15*2 50*9", {0, 10, 3, 3, 1});
+    row("no number in between", "150*1 nan*1 250*2 150*1 50*9", {1, 250, 3, 2, 2});
+    row("at the warning", "50*1 100*2 50*9", {1, 100, 2, 0, 2});
+    row("at the limit", "50*1 200*2 50*9", {1, 200, 2, 2, 2});
+    row("both sides", "50*1 150*2 10*1 50*9", {0, 10, 3, 1, 1});
+    row("infinite", "50*1 150*1 inf*1 50*9", {1, 150, 2, 1, 2});
+    row("the last sample", "50*1 150*0.5", {1, 150, 0, 0, 0});
+}
+
+void TestEpisodes::sides()
+{
+    const auto [text, expected] = fetchRow<QByteArray, QList<double>>();
+    QVERIFY(loadProfile(m_profile, profileOf()));
+    DataSet dataSet;
+    recordSteps(dataSet, text);
+    const std::vector<Episode> episodes = findEpisodes(m_profile, dataSet).episodes;
+    QCOMPARE(episodes.size(), 1U);
+    const Episode& one = episodes[0];
+    const QList<double> found{one.isHigh ? 1.0 : 0.0, one.peak->number, one.secondsBeyondWarning,
+                              one.secondsBeyondLimit, one.levels.back().seconds};
+    QCOMPARE(found, expected);
 }
 
 void TestEpisodes::lanesAndLampsAreOne()
@@ -268,14 +306,21 @@ void TestEpisodes::cuts()
                  qPrintable(QString::number(found[i])));
 }
 
-/// Random values whose times also step back.
+/// Random values, some of them no numbers, whose times also step back; odd lists of steps.
 void TestEpisodes::eachCrossingIsInOneEpisode()
 {
     QVERIFY(loadProfile(
-        m_profile,
-        lists + device({"name='p' id='1' dataType='FLOAT' thresholdId='T' quantity='Q'",
-                        "name='q' id='2' dataType='FLOAT' thresholdId='T' quantity='Q'",
-                        "name='r' id='2' startByte='4' dataType='FLOAT' thresholdId='T'"})));
+        m_profile, lists +
+                       "<ThresholdList><Threshold name='Odd'><Value val='90' state='WARNING'/>"
+                       "<Value val='90' state='LIMIT'/><Value val='80' state='OK'/>"
+                       "<Value val='100' state='WARNING'/></Threshold></ThresholdList>" +
+                       device({"name='p' id='1' dataType='FLOAT' thresholdId='T' quantity='Q'",
+                               "name='q' id='2' startByte='4' dataType='FLOAT' thresholdId='Odd'",
+                               "name='r' id='2' dataType='FLOAT' thresholdId='T' quantity='Q'"})));
+    const auto isInProfileOrder = [](const std::vector<StateAtStart>& states) {
+        return std::ranges::is_sorted(states, {},
+                                      [](const auto& one) { return one.parameter->name; });
+    };
     for (unsigned seed = 1; seed <= 30; ++seed) {
         std::mt19937 random(seed);
         std::uniform_real_distribution<float> value(0.0F, seed % 2 == 0 ? 130.0F : 104.0F);
@@ -285,9 +330,11 @@ void TestEpisodes::eachCrossingIsInOneEpisode()
             seconds += static_cast<double>(random() % 100) / 100.0;
             if (seed % 3 == 0 && random() % 200 == 0)
                 seconds = std::max(0.0, seconds - 50.0);
-            add(dataSet.messages, 1 + random() % 2, seconds, floats(value(random), value(random)));
+            const float first = random() % 50 == 0 ? std::nanf("") : value(random);
+            add(dataSet.messages, 1 + random() % 2, seconds, floats(first, value(random)));
         }
         const EpisodeFindings found = findEpisodes(m_profile, dataSet);
+        QVERIFY(isInProfileOrder(found.atStart));
         std::map<const Episode*, std::size_t> counted;
         for (const ThresholdCrossing& crossing : findCrossings(m_profile, dataSet)) {
             const Episode* const episode = found.episodeOf(*crossing.parameter, crossing.seconds);
