@@ -2087,6 +2087,10 @@ In dieser Aufzeichnung wurde nichts Zweifelhaftes gefunden.</translation>
         <source>Write what was recorded from 30 s before to 30 s after into a folder that opens like a card</source>
         <translation>Die Aufzeichnung von 30 s davor bis 30 s danach in einen Ordner schreiben, der sich wie eine Karte öffnen lässt</translation>
     </message>
+    <message>
+        <source>Figures of the episode</source>
+        <translation>Zahlen der Episode</translation>
+    </message>
 </context>
 <context>
     <name>KOLT::EpisodeFigures</name>
