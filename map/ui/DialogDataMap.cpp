@@ -124,6 +124,7 @@ void DialogDataMap::createNote()
     m_note->setObjectName(QStringLiteral("mapNote"));
     m_note->setStyleSheet(QStringLiteral(
         "QLabel{background-color: #ddffffff; color: #14181e; border-radius: 6px; padding: 4px;}"));
+    m_note->setText(tr("No map tiles here")); // it has a name before it is shown
     m_note->setTextInteractionFlags(Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard);
     connect(m_note, &QLabel::linkActivated, this, &DialogDataMap::signalOpenSettings);
     m_note->hide();
