@@ -59,9 +59,13 @@ void FlightPanel::show(const TrackPoint* point)
     m_panel->setVisible(point != nullptr);
     if (point == nullptr)
         return;
-    for (OutlinedLabel* const label : m_values) { // so that the panel keeps its size
+    const QStringList widest{QStringLiteral("00000 ft"), QStringLiteral("000 km/h"),
+                             QStringLiteral("000.0")};
+    for (std::size_t i = 0; i < m_values.size(); ++i) { // so that the panel keeps its size
+        OutlinedLabel* const label = m_values[i];
         label->ensurePolished();
-        label->setMinimumWidth(label->fontMetrics().horizontalAdvance(QStringLiteral("0000 km/h")));
+        label->setMinimumWidth(
+            label->fontMetrics().horizontalAdvance(widest[static_cast<qsizetype>(i)]));
     }
     // Across a gap nothing is known: the track's points there are interpolated.
     const bool isKnown = point->hasFix && !point->isInGap;
