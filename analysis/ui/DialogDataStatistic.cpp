@@ -4,6 +4,7 @@
 #include "record/DataSet.h"
 #include "record/FootNotes.h"
 #include "record/RecordingTrust.h"
+#include "ui/EmptyNote.h"
 
 #include <QLabel>
 #include <QLocale>
@@ -93,7 +94,8 @@ DialogDataStatistic::DialogDataStatistic(QWidget* parent)
     m_text->setAccessibleName(tr("Tow Statistic"));
     m_notes->setAccessibleName(tr("Marked figures"));
     m_text->setLineWrapMode(QTextEdit::NoWrap); // keeps figure and unit on one line
-    m_text->setPlaceholderText(tr("Choose a flight on the left to see its figures."));
+    m_empty = new EmptyNote(m_text);
+    m_empty->showNote(tr("Choose a flight on the left to see its figures."));
     auto* const layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_text, 1);
@@ -153,9 +155,9 @@ void DialogDataStatistic::showNotes()
 /// As high as the text, but never so high that nothing is left of the table.
 void DialogDataStatistic::fitNotes()
 {
-    QTextDocument* const document = m_notes->document();
-    document->setTextWidth(width());
-    const auto wanted = static_cast<int>(std::ceil(document->size().height()));
+    const std::unique_ptr<QTextDocument> copy(m_notes->document()->clone());
+    copy->setTextWidth(width()); // the shown one keeps the width that its scroll bar leaves
+    const auto wanted = static_cast<int>(std::ceil(copy->size().height()));
     m_notes->setFixedHeight(std::min(wanted, height() / mostNotes));
 }
 
@@ -172,6 +174,7 @@ void DialogDataStatistic::showData(Changes changes)
     if (!changes.testFlag(Change::Data) || dataSet() == nullptr)
         return;
     const Flight* const flight = dataSet()->flight();
+    m_empty->showNote({});
     m_hint->setVisible(flight != nullptr);
     if (flight == nullptr) {
         m_text->setText(tr("<br><br><b>No flight selected</b>"));

@@ -12,6 +12,7 @@ class QTextEdit;
 
 namespace KOLT {
 
+class EmptyNote;
 struct RecordingTrust;
 
 /// The "Tow Statistic" page: the figures of the loaded flight, in metric units. Ignores the time.
@@ -43,6 +44,7 @@ private:
     void fitNotes();
 
     QTextEdit* m_text;
+    EmptyNote* m_empty = nullptr;
     QTextEdit* m_notes; ///< shown only with notes
     std::shared_ptr<const RecordingTrust> m_trust;
     QLabel* m_hint = nullptr; ///< how flight time is counted; shown with a flight only

@@ -53,6 +53,7 @@ OverviewPage::OverviewPage(const Profile& profile, QWidget* parent)
     m_state = new QLabel(this);
     m_state->setObjectName(QStringLiteral("hint"));
     m_state->setTextFormat(Qt::PlainText);
+    m_state->setWordWrap(true);
     m_progress = new QProgressBar(this);
     m_progress->setRange(0, wholePercent);
     m_button = new QPushButton(this);

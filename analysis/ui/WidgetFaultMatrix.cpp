@@ -3,6 +3,7 @@
 #include "analysis/ui/FaultTable.h"
 #include "analysis/ui/WidgetErrorTime.h"
 #include "ui/ContentOrNote.h"
+#include "ui/EmptyNote.h"
 #include "ui/PaintedIcon.h"
 
 #include <QCheckBox>
@@ -71,6 +72,7 @@ void WidgetFaultMatrix::createBar(QVBoxLayout& layout)
 void WidgetFaultMatrix::createTable()
 {
     m_table = new FaultTable(this);
+    m_noOccurrence = new EmptyNote(m_table);
     connect(m_table, &FaultTable::signalTime, this, &WidgetFaultMatrix::pick);
     connect(m_table, &FaultTable::signalShowInGraph, this, &WidgetFaultMatrix::signalShowInGraph);
 }
@@ -182,6 +184,10 @@ void WidgetFaultMatrix::showWanted()
     }
     m_table->setFaults(listed, dataSet());
     m_table->showTime(time());
+    const auto hasOccurred = [](const FaultHistory* fault) { return fault->count() > 0; };
+    m_noOccurrence->showNote(std::ranges::any_of(listed, hasOccurred)
+                                 ? QString()
+                                 : tr("None of these faults occurred."));
 }
 
 void WidgetFaultMatrix::showTime()

@@ -16,6 +16,7 @@ class QVBoxLayout;
 namespace KOLT {
 
 class ContentOrNote;
+class EmptyNote;
 class FaultTable;
 class WidgetErrorTime;
 
@@ -66,6 +67,7 @@ private:
     QLabel* m_summary = nullptr;
     QScrollArea* m_area = nullptr;
     FaultTable* m_table = nullptr;
+    EmptyNote* m_noOccurrence = nullptr;
     ContentOrNote* m_shown = nullptr;
 };
 

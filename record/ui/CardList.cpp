@@ -9,6 +9,7 @@
 #include <QLineEdit>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QRegularExpression>
 #include <QSignalBlocker>
 #include <QStackedLayout>
 #include <QStyledItemDelegate>
@@ -80,8 +81,9 @@ private:
     OnMark m_onMark;
 };
 
-/// Closes the gap behind the name where the marks, or a narrow list, would cut the end of the line,
-/// which is the duration.
+/// The end of a line is the duration. Where it would be cut, the line goes without what is told
+/// elsewhere or matters less: the gap behind the name, the date (in the heading), the start, its
+/// seconds first.
 class LineDelegate : public QStyledItemDelegate
 {
 public:
@@ -95,10 +97,21 @@ protected:
     void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override
     {
         QStyledItemDelegate::initStyleOption(option, index);
-        const int needed = option->decorationSize.width() +
-                           option->fontMetrics.horizontalAdvance(option->text) + linePadding;
-        if (!m_tree.isColumnHidden(markColumn) || needed > option->rect.width())
+        const int room = option->rect.width() - option->decorationSize.width() - linePadding;
+        const auto isCut = [&] {
+            return option->fontMetrics.horizontalAdvance(option->text) > room;
+        };
+        if (!m_tree.isColumnHidden(markColumn) || isCut())
             option->text = option->text.simplified();
+        static const QRegularExpression date(QStringLiteral("\\d+\\.\\d+\\.\\d{4} (?=.*\\()"));
+        if (isCut())
+            option->text.remove(date);
+        static const QRegularExpression seconds(QStringLiteral(":\\d\\d(?= \\()"));
+        if (isCut())
+            option->text.remove(seconds);
+        static const QRegularExpression start(QStringLiteral("\\d+:\\d\\d (?=\\()"));
+        if (isCut())
+            option->text.remove(start);
     }
 
 private:

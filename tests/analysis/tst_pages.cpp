@@ -17,6 +17,7 @@
 #include <QHelpEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QScrollBar>
 #include <QSignalSpy>
 #include <QTableWidget>
 #include <QTest>
@@ -303,6 +304,10 @@ void TestPages::statisticNotes()
                                                      "\u00b2, Maximum Alt \u00b9\n\u00b9 A hole\n"
                                                      "\u00b2 A copy"));
     QVERIFY(notes->isVisible() && notes->y() >= page->findChild<QTextEdit*>()->geometry().bottom());
+    trust.findings[1].text = QStringLiteral("long ").repeated(500);
+    page->setTrust(std::make_shared<const RecordingTrust>(trust));
+    QVERIFY(notes->verticalScrollBar()->maximum() > 0); // which takes of the texts' width
+    QCOMPARE(notes->horizontalScrollBar()->maximum(), 0);
     m_dataSet->flightIndex.reset();
     page->setData(m_dataSet.get());
     QVERIFY(!notes->isVisible());

@@ -7,7 +7,9 @@
 #include <QDir>
 #include <QLabel>
 #include <QLineEdit>
+#include <QProxyStyle>
 #include <QSignalSpy>
+#include <QStyleOption>
 #include <QTabWidget>
 #include <QTest>
 #include <QTreeWidget>
@@ -34,6 +36,7 @@ private slots:
     void severalFilesAreOneRequest();
     void headingsAndDetailsAskForNothing();
     void marksTellFindings();
+    void narrowListKeepsDurations();
     void emptyFolderSaysSo();
 
 private:
@@ -289,6 +292,35 @@ void TestDialogCard::marksTellFindings()
     m_dialog->setTrust(1, {});
     m_dialog->setTrust(2, {});
     QVERIFY(look(cycle).isNull() && look(tree(1)->topLevelItem(2)).isNull());
+}
+
+void TestDialogCard::narrowListKeepsDurations()
+{
+    struct Texts : QProxyStyle
+    {
+        void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                         const QWidget* widget) const override
+        {
+            const auto* const item = qstyleoption_cast<const QStyleOptionViewItem*>(option);
+            if (item != nullptr && item->text.startsWith("Cycle 1") && last != item->text)
+                shown << (last = item->text);
+            QProxyStyle::drawControl(element, option, painter, widget);
+        }
+
+        mutable QStringList shown;
+        mutable QString last;
+    } style;
+
+    tree(0)->setStyle(&style);
+    for (int width = 500; width > 160; width -= 10) {
+        m_dialog->resize(width, 700);
+        m_dialog->grab();
+    }
+    QCOMPARE(style.shown,
+             (QStringList{"Cycle 1       1.7.2026 8:03:21 (01:06:40)",
+                          "Cycle 1 1.7.2026 8:03:21 (01:06:40)", "Cycle 1 8:03:21 (01:06:40)",
+                          "Cycle 1 8:03 (01:06:40)", "Cycle 1 (01:06:40)"}));
+    m_dialog.reset(); // before the style
 }
 
 void TestDialogCard::emptyFolderSaysSo()
