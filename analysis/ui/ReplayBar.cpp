@@ -68,7 +68,10 @@ ReplayBar::ReplayBar(const Replay& replay, Extent extent, QWidget* parent)
     layout->setContentsMargins(0, 0, 0, 0);
     QBoxLayout* const displays = createDisplays();
     layout->addLayout(displays);
+    m_displays = displays;
     QGridLayout* const controls = createControls();
+    if (extent == Extent::Full)
+        m_controls = controls;
     if (extent == Extent::SingleRow) {
         displays->insertLayout(0, controls);
         reduceToRow();
@@ -180,24 +183,69 @@ void ReplayBar::fitWidths()
 {
     // A constant width for all its texts keeps the slider beside it in place.
     const QString shown = m_startButton->text();
+    const Qt::ToolButtonStyle style = m_startButton->toolButtonStyle();
+    for (QToolButton* button : {m_startButton, m_stopButton}) {
+        button->setMinimumWidth(0);
+        button->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
+    }
     int width = 0;
     for (const QString& text : {tr("Replay Start"), tr("Replay Pause"), tr("Replay Run")}) {
         m_startButton->setText(text);
         width = std::max(width, m_startButton->sizeHint().width());
     }
     m_startButton->setText(shown);
-    m_startButton->setMinimumWidth(width);
+    m_startWidth = width;
+    m_textRoom = width + m_stopButton->sizeHint().width();
+    for (QToolButton* button : {m_startButton, m_stopButton}) {
+        button->setToolButtonStyle(Qt::ToolButtonIconOnly);
+        m_textRoom -= button->sizeHint().width();
+        button->setToolButtonStyle(style);
+    }
+    m_startButton->setMinimumWidth(m_isIconOnly ? 0 : m_startWidth);
     m_timeEdit->setFixedWidth(std::max(controlWidth, m_timeEdit->sizeHint().width()));
     const int speedWidth = std::max(controlWidth, m_speedBox->sizeHint().width());
     m_speedSlider->setFixedWidth(speedWidth);
     m_speedBox->setFixedWidth(speedWidth);
 }
 
+QSize ReplayBar::minimumSizeHint() const
+{
+    QSize size = QWidget::minimumSizeHint();
+    if (m_controls != nullptr && !m_isIconOnly)
+        size.setWidth(std::max(m_displays->minimumSize().width(),
+                               m_controls->minimumSize().width() - m_textRoom));
+    return size;
+}
+
+/// Large texts on the buttons would push the end of the bar out of a narrow window.
+void ReplayBar::fitButtons()
+{
+    if (m_controls == nullptr)
+        return;
+    const int iconWidth = m_controls->minimumSize().width() - (m_isIconOnly ? 0 : m_textRoom);
+    const bool isIconOnly = width() < iconWidth + m_textRoom;
+    if (isIconOnly == m_isIconOnly)
+        return;
+    m_isIconOnly = isIconOnly;
+    for (QToolButton* button : {m_startButton, m_stopButton})
+        button->setToolButtonStyle(isIconOnly ? Qt::ToolButtonIconOnly
+                                              : Qt::ToolButtonTextUnderIcon);
+    m_startButton->setMinimumWidth(isIconOnly ? 0 : m_startWidth);
+}
+
+void ReplayBar::resizeEvent(QResizeEvent* event)
+{
+    QWidget::resizeEvent(event);
+    fitButtons();
+}
+
 void ReplayBar::changeEvent(QEvent* event)
 {
     QWidget::changeEvent(event);
-    if (event->type() == QEvent::FontChange && m_speedBox != nullptr) // else still being made
-        fitWidths();
+    if (event->type() != QEvent::FontChange || m_speedBox == nullptr) // still being made
+        return;
+    fitWidths();
+    fitButtons();
 }
 
 void ReplayBar::reduceToRow()

@@ -49,6 +49,9 @@ public:
     /// To be called when the replay's state or speed has changed.
     void showState();
 
+    /// With icons only on the buttons.
+    QSize minimumSizeHint() const override;
+
 signals:
     void signalMode(); ///< start, pause or resume
     void signalStop();
@@ -61,6 +64,7 @@ signals:
 
 protected:
     void changeEvent(QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
     QBoxLayout* createDisplays();
@@ -70,15 +74,21 @@ private:
     void createTimeEdit();
     void createSpeedControls();
     void fitWidths();
+    void fitButtons();
     void reduceToRow();
 
     const Replay& m_replay;
     const DataSet* m_dataSet = nullptr;
     bool m_isWriting = false; ///< the controls are changed by program
+    QLayout* m_displays = nullptr;
+    QLayout* m_controls = nullptr;
     QLCDNumber* m_dateDisplay = nullptr;
     QLCDNumber* m_timeDisplay = nullptr;
     QToolButton* m_startButton = nullptr;
     QToolButton* m_stopButton = nullptr;
+    int m_startWidth = 0; ///< of the start button with its longest text
+    int m_textRoom = 0;   ///< that both buttons need for their texts
+    bool m_isIconOnly = false;
     RecordingStrip* m_strip = nullptr;
     PositionSlider* m_slider = nullptr;
     QTimeEdit* m_timeEdit = nullptr;

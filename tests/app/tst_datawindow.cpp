@@ -68,6 +68,7 @@ private slots:
     void timeFieldFollowsTheReplay();
     void speedControlsStayInStep();
     void replayRunsPausesAndRewinds();
+    void largeTextsLeaveTheReplayBar();
     void momentsBeyondADay();
     void tabsAndTexts();
     void mapLayouts();
@@ -276,6 +277,25 @@ void TestDataWindow::speedControlsStayInStep()
     QTest::keyClick(box, Qt::Key_Return);
     QCOMPARE(box->value(), 2.5);
     QCOMPARE(speedSlider()->value(), 250);
+}
+
+void TestDataWindow::largeTextsLeaveTheReplayBar()
+{
+    m_window->show();
+    QFont large = m_window->font();
+    large.setPixelSize(24);
+    auto* const bar = labelled(*m_window, "Replay Start")->parentWidget();
+    bar->setFont(large);
+    const auto* const stop = qobject_cast<QToolButton*>(labelled(*m_window, "Replay Stop"));
+    const auto endOfSpeed = [&] { return child<QDoubleSpinBox>()->geometry().right(); };
+    for (const int width : {700, 1600, 700}) {
+        QCoreApplication::processEvents(); // the layout learns the new font
+        m_window->resize(width, 800);
+        QTRY_COMPARE(stop->toolButtonStyle(),
+                     width < 1000 ? Qt::ToolButtonIconOnly : Qt::ToolButtonTextUnderIcon);
+        QTRY_VERIFY(bar->width() <= m_window->width() && endOfSpeed() < bar->width());
+        QCOMPARE(m_window->width(), width);
+    }
 }
 
 void TestDataWindow::replayRunsPausesAndRewinds()
