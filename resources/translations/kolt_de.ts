@@ -4099,6 +4099,10 @@ Links und Rechts gehen zum Auftreten davor und danach</translation>
         <source>Only faults that occurred</source>
         <translation>Nur aufgetretene Fehler</translation>
     </message>
+    <message>
+        <source>None of these faults occurred.</source>
+        <translation>Keiner dieser Fehler trat auf.</translation>
+    </message>
 </context>
 <context>
     <name>KOLT::WidgetGraphBase</name>
