@@ -109,6 +109,7 @@ void addOptions(QCommandLineParser& parser, const Verb& verb)
         add("from", "From this second on the unit's counter on.", "S");
         add("to", "Up to this one.", "S");
         add("output", "The folder to create.", "FOLDER");
+        add("zip", "In place of a folder: the zip file to create.", "FILE");
         add("parameter", "A selected parameter, as \"Device/Name\"; may be given several times.",
             "NAME");
     }
@@ -196,7 +197,10 @@ QString readCut(const QCommandLineParser& parser, Arguments& arguments)
     }
     arguments.output = parser.value(QStringLiteral("output"));
     arguments.selection = parser.values(QStringLiteral("parameter"));
-    return arguments.output.isEmpty() ? QStringLiteral("--output is missing") : QString();
+    arguments.zip = parser.value(QStringLiteral("zip"));
+    return arguments.output.isEmpty() == arguments.zip.isEmpty()
+               ? QStringLiteral("give either --output or --zip")
+               : QString();
 }
 
 /// Reads what only "report" has; returns an error message or nothing.

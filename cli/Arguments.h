@@ -42,6 +42,7 @@ struct Arguments
     // Of the verb "export"; "cut" has output and selection as well.
     ExportFormat format = ExportFormat::Csv;
     QString output;            ///< a file; a folder when all flights are exported
+    QString zip;               ///< of "cut", in place of output
     bool all = false;          ///< every flight of the card instead of a cycle or files
     std::optional<int> flight; ///< within the cycle, from 1
     QStringList selection;     ///< full names of parameters

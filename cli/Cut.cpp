@@ -19,6 +19,7 @@ QString cut(const Arguments& arguments)
                                                            arguments.from,
                                                            arguments.to,
                                                            arguments.output,
+                                                           arguments.zip,
                                                            profile.path(),
                                                            profile.activeVariant(),
                                                            arguments.selection,
@@ -26,7 +27,8 @@ QString cut(const Arguments& arguments)
     if (!result.error.isEmpty())
         return result.error;
     writeOutput(QStringLiteral("%1: %2 samples\n")
-                    .arg(arguments.output, QString::number(result.samples))
+                    .arg(arguments.zip.isEmpty() ? arguments.output : arguments.zip,
+                         QString::number(result.samples))
                     .toUtf8());
     return finishOutput();
 }

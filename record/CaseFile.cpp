@@ -2,12 +2,15 @@
 
 #include "base/SafeFile.h"
 #include "base/WriteGuard.h"
+#include "base/XmlText.h"
+#include "base/ZipFile.h"
 #include "record/RecordFileWriter.h"
 #include "record/SampleReader.h"
 
 #include <QCoreApplication>
 #include <QCryptographicHash>
 #include <QDir>
+#include <QDomDocument>
 #include <QFile>
 #include <QFileInfo>
 #include <QJsonArray>
@@ -31,6 +34,9 @@ struct Text
 const auto noteName = QStringLiteral("case.json");
 const auto recordName = QStringLiteral("CASE0001.CAN");
 const auto profileName = QStringLiteral("Profile.xml");
+const auto projectName = QStringLiteral("Project.xml");
+
+using Files = std::map<QString, QByteArray>; // by name
 
 constexpr qint64 maxNoteBytes = 1 << 20;
 
@@ -147,6 +153,25 @@ QByteArray noteOf(const CardContainer& card, const CaseRequest& request, const C
         .toJson();
 }
 
+/// The selection as a project file, which knows parameters by their names alone.
+QByteArray projectOf(const QStringList& selection)
+{
+    QDomDocument document;
+    QDomElement root = document.createElement(QStringLiteral("KoltProject"));
+    QDomElement parameters = document.createElement(QStringLiteral("Parameters"));
+    document.appendChild(root);
+    root.appendChild(parameters);
+    for (const QString& fullName : selection) {
+        QDomElement parameter = document.createElement(QStringLiteral("Parameter"));
+        const QString name = fullName.mid(fullName.indexOf(QLatin1Char('/')) + 1);
+        parameter.setAttribute(QStringLiteral("name"), xmlText(name, InvalidXml::Replace));
+        parameters.appendChild(parameter);
+    }
+    root.appendChild(document.createElement(QStringLiteral("CanProperties")));
+    constexpr int indentation = 4;
+    return document.toByteArray(indentation);
+}
+
 bool isFree(const QString& folder)
 {
     const QFileInfo info(folder);
@@ -156,7 +181,7 @@ bool isFree(const QString& folder)
 }
 
 /// Creates the files one after the other; removes them again when one fails.
-QString createFiles(const QString& folder, const std::map<QString, QByteArray>& files)
+QString createFiles(const QString& folder, const Files& files)
 {
     const bool wasThere = QFileInfo::exists(folder);
     if (!QDir().mkpath(folder))
@@ -179,6 +204,35 @@ QString createFiles(const QString& folder, const std::map<QString, QByteArray>& 
     return {};
 }
 
+/// With a folder in it, so that several cases may be unpacked side by side.
+QString createZip(const QString& path, const Files& files)
+{
+    Files below;
+    for (const auto& [name, content] : files)
+        below[QFileInfo(path).completeBaseName() + QLatin1Char('/') + name] = content;
+    const QByteArray zip = zipOf(below);
+    if (zip.isEmpty())
+        return Text::tr("More than 4 GB do not fit into a zip file. Choose a shorter time.");
+    const WriteResult result = replaceFile(path, zip);
+    return result ? QString() : Text::tr("%1 cannot be written: %2").arg(path, result.error);
+}
+
+/// Why the case must not be written there; empty when it may.
+QString targetObjection(const CaseRequest& request)
+{
+    const bool isZip = !request.zip.isEmpty();
+    const QString objection =
+        writeObjection(isZip ? request.zip : request.folder + QLatin1Char('/') + noteName);
+    if (!objection.isEmpty())
+        return objection;
+    if (isZip && (QFileInfo::exists(request.zip) || QFileInfo(request.zip).isSymLink()))
+        return Text::tr("%1 exists: a case needs a new file.").arg(request.zip);
+    return isZip || isFree(request.folder)
+               ? QString()
+               : Text::tr("The folder %1 exists and is not empty: a case needs a new one.")
+                     .arg(request.folder);
+}
+
 } // namespace
 
 CaseResult writeCase(const CardContainer& card, const CaseRequest& request)
@@ -188,26 +242,25 @@ CaseResult writeCase(const CardContainer& card, const CaseRequest& request)
         return {Text::tr("There is no cycle %1 in %2.").arg(request.cycle).arg(card.folder())};
     if (!(request.from <= request.to) || !std::isfinite(request.from) || !std::isfinite(request.to))
         return {Text::tr("The time must go from one second to a later one.")};
-    if (const QString objection = writeObjection(request.folder + QLatin1Char('/') + noteName);
-        !objection.isEmpty())
+    if (const QString objection = targetObjection(request); !objection.isEmpty())
         return {objection};
-    if (!isFree(request.folder))
-        return {Text::tr("The folder %1 exists and is not empty: a case needs a new one.")
-                    .arg(request.folder)};
     const Cutting cutting = cutCycle(card, cycle->second, request);
     if (!cutting.unread.isEmpty())
         return {Text::tr("%1 cannot be read to its end.").arg(cutting.unread)};
     if (cutting.samples == 0)
         return {Text::tr("Nothing was recorded in this time.")};
-    std::map<QString, QByteArray> files{{recordName, cutting.bytes},
-                                        {noteName, noteOf(card, request, cutting)}};
+    Files files{{recordName, cutting.bytes}, {noteName, noteOf(card, request, cutting)}};
+    if (!request.selection.isEmpty())
+        files[projectName] = projectOf(request.selection);
     if (!request.profilePath.isEmpty()) {
         QFile profile(request.profilePath);
         if (!profile.open(QIODevice::ReadOnly))
             return {Text::tr("%1 cannot be read.").arg(request.profilePath)};
         files[profileName] = profile.readAll();
     }
-    return {createFiles(request.folder, files), cutting.samples};
+    return {request.zip.isEmpty() ? createFiles(request.folder, files)
+                                  : createZip(request.zip, files),
+            cutting.samples};
 }
 
 std::optional<CaseNote> readCaseNote(const QString& folder)

@@ -17,6 +17,7 @@ struct CaseRequest
     double from = 0.0; ///< seconds on the counter, both ends included
     double to = 0.0;
     QString folder;      ///< must not exist, or be empty
+    QString zip;         ///< in place of a folder: a file that must not exist
     QString profilePath; ///< copied beside; may be empty
     QString variant;
     QStringList selection; ///< full names of the chosen parameters
@@ -31,8 +32,8 @@ struct CaseResult
 
 /// Writes the samples of a cycle within the time bit for bit into one new record file, with the
 /// header of the file that they begin in and the cycle's date for counter 0, so that clock times
-/// are those of the card. Creates files only; what was begun is removed on failure. The folder of
-/// the card stays protected.
+/// are those of the card. A project file of the selection lies beside it. Creates files only; what
+/// was begun is removed on failure. The folder of the card stays protected.
 CaseResult writeCase(const CardContainer& card, const CaseRequest& request);
 
 /// The note of a case.

@@ -218,6 +218,7 @@ void TestEpisodes::sides_data()
     row("at the warning", "50*1 100*2 50*9", {1, 100, 2, 0, 2});
     row("at the limit", "50*1 200*2 50*9", {1, 200, 2, 2, 2});
     row("both sides", "50*1 150*2 10*1 50*9", {0, 10, 3, 1, 1});
+    row("both limits", "50*1 250*1 150*1 10*1 50*9", {1, 250, 3, 2, 1});
     row("infinite", "50*1 150*1 inf*1 50*9", {1, 150, 2, 1, 2});
     row("the last sample", "50*1 150*0.5", {1, 150, 0, 0, 0});
 }

@@ -136,7 +136,19 @@ void TestCliEpisodes::caseAroundAFinding()
     const Result cut = run({"cut", m_card, "--cycle", "4", "--from", "645", "--to", "710",
                             "--output", folder, "--parameter", "ECU Lane A/Engine Speed"});
     QVERIFY2(cut.status == 0, cut.errors);
-    QCOMPARE(QDir(folder).entryList(QDir::Files).join(' '), "case.json CASE0001.CAN Profile.xml");
+    QCOMPARE(QDir(folder).entryList(QDir::Files).join(' '),
+             "case.json CASE0001.CAN Profile.xml Project.xml");
+    // The same as a zip file, which is read by another program.
+    const QString zip = m_home.filePath("mail/case.zip");
+    QVERIFY(QDir(m_home.path()).mkpath("mail"));
+    const QStringList zipped{"cut",    m_card, "--cycle",     "4",
+                             "--from", "645",  "--to",        "710",
+                             "--zip",  zip,    "--parameter", "ECU Lane A/Engine Speed"};
+    QVERIFY(run(zipped).status == 0);
+    QCOMPARE(QProcess::execute("python3", {"-m", "zipfile", "-e", zip, m_home.path()}), 0);
+    for (const QString& name : QDir(folder).entryList(QDir::Files))
+        QCOMPARE(readFile(m_home.filePath("case/") + name), readFile(folder + '/' + name));
+    QVERIFY(run(zipped).lastError().contains("new file"));
     const auto rowsOf = [&](const QString& card, const QString& cycle) {
         QJsonArray rows;
         const QStringList choice{"--cycle", cycle, "--parameter", "ECU Lane A/Engine Speed"};
@@ -162,6 +174,7 @@ void TestCliEpisodes::caseAroundAFinding()
     QCOMPARE(trust[0]["kind"].toString() + trust[0]["severity"].toString(), "case-filenote");
     QVERIFY(trust[0]["text"].toString().contains("REC00018"));
     QVERIFY(!readFile(folder + "/case.json").contains("\"selection\": [\n    ]"));
+    QVERIFY(readFile(folder + "/Project.xml").contains("<Parameter name=\"Engine Speed\"/>"));
 }
 
 void TestCliEpisodes::refusedCases_data()
