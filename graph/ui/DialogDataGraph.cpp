@@ -17,6 +17,7 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <ranges>
 #include <span>
 #include <utility>
 
@@ -43,6 +44,22 @@ std::vector<EventLine> linesOf(std::span<const Event> events, std::span<const Ep
             lines.push_back({static_cast<int>(first - events.begin()) + 1, episode.begin});
     }
     return lines;
+}
+
+/// The episodes that begin within the time, a line each.
+QString tipOf(const Profile& profile, const DataSet& dataSet, double from, double to)
+{
+    constexpr std::size_t mostLines = 8;
+    const EpisodeList found = episodesOf(profile, dataSet);
+    const auto first = std::ranges::lower_bound(found->episodes, from, {}, &Episode::begin);
+    const auto last = std::ranges::upper_bound(found->episodes, to, {}, &Episode::begin);
+    QStringList lines;
+    for (const Episode& episode :
+         std::ranges::subrange(first, std::max(first, last)) | std::views::take(mostLines))
+        lines << episodeLine(profile, episode);
+    if (last - first > static_cast<std::ptrdiff_t>(mostLines))
+        lines << QStringLiteral("...");
+    return lines.join(QLatin1Char('\n'));
 }
 
 } // namespace
@@ -78,6 +95,9 @@ DialogDataGraph::DialogDataGraph(const Profile& profile, const GraphSettings& se
     m_window = std::make_unique<WindowControl>(*m_graph);
     m_graph->setTimeSpan(settings.timeSpan);
     m_graph->setSettings(settings);
+    m_graph->setEventTip([this](double from, double to) {
+        return m_hasEvents ? tipOf(m_profile, *dataSet(), from, to) : QString();
+    });
     m_setup = new DialogGraphSetup(editSettings(), this);
     connectGraph();
     connectBar();

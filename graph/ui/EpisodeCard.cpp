@@ -8,6 +8,7 @@
 #include <QClipboard>
 #include <QFontMetricsF>
 #include <QLabel>
+#include <QMenu>
 #include <QPainter>
 #include <QScrollArea>
 #include <QToolButton>
@@ -106,14 +107,23 @@ QBoxLayout* EpisodeCard::createButtons()
                 act();
         });
         row->addWidget(button);
+        return button;
     };
     add("tab-graph", tr("Show in graph"), tr("Go to the episode in the graph"),
         [this] { emit signalShowInGraph(target()); });
     add("copy", tr("Copy"), tr("Copy the figures of the episode"), [this] { copy(); });
-    add("file", tr("Case file"),
-        tr("Write what was recorded from 30 s before to 30 s after into a folder that opens like a "
-           "card"),
-        [this] { emit signalCaseFile(target()); });
+    QToolButton* const caseFile =
+        add("file", tr("Case file"),
+            tr("Write what was recorded from 30 s before to 30 s after into a folder that opens "
+               "like a card"),
+            [this] { emit signalCaseFile(target()); });
+    auto* const forms = new QMenu(caseFile);
+    connect(forms->addAction(tr("Zip File for Mail...")), &QAction::triggered, this, [this] {
+        if (m_episode != nullptr)
+            emit signalCaseZip(target());
+    });
+    caseFile->setMenu(forms);
+    caseFile->setPopupMode(QToolButton::MenuButtonPopup);
     return row;
 }
 

@@ -41,6 +41,8 @@ signals:
     void signalShowInGraph(const KOLT::GraphTarget& target);
     /// The user wants what was recorded around the episode as a case file.
     void signalCaseFile(const KOLT::GraphTarget& target);
+    /// The same as one file for mail.
+    void signalCaseZip(const KOLT::GraphTarget& target);
 
 protected:
     void resizeEvent(QResizeEvent* event) override;

@@ -136,6 +136,13 @@ QString WidgetGraphBase::tipAt(const QPointF& place) const
         if (area.contains(point) && m_graph.hasTrace(trace))
             return scaleTip(m_graph, trace);
     }
+    constexpr double closePixels = 3.0;
+    if (m_eventTip && m_graph.settings().hasEvents && m_graph.plot().contains(point)) {
+        const QString tip = m_eventTip(m_graph.timeAt(point.x() - closePixels),
+                                       m_graph.timeAt(point.x() + closePixels));
+        if (!tip.isEmpty())
+            return tip;
+    }
     return hint();
 }
 
@@ -183,6 +190,11 @@ void WidgetGraphBase::setEventLines(std::vector<EventLine> lines)
 {
     m_graph.setEventLines(std::move(lines));
     update();
+}
+
+void WidgetGraphBase::setEventTip(std::function<QString(double from, double to)> tip)
+{
+    m_eventTip = std::move(tip);
 }
 
 void WidgetGraphBase::clearEventLines()

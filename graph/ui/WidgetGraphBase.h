@@ -6,6 +6,8 @@
 #include <QOpenGLWidget>
 #include <QTimer>
 
+#include <functional>
+
 namespace KOLT {
 
 /// The oscilloscope widget: passes events to GraphInput, emits what the user did as signals, and
@@ -47,6 +49,8 @@ public:
     void addEventLine(int number, double seconds);
     void setEventLines(std::vector<EventLine> lines);
     void clearEventLines();
+    /// What a tool tip tells of the event lines from..to; empty where there are none.
+    void setEventTip(std::function<QString(double from, double to)> tip);
 
     /// See Graph::setLeastBand().
     void setLeastBand(double lines);
@@ -127,6 +131,7 @@ private:
     QTimer m_followTimer;    ///< limits how often setCursorTime() repaints
     bool m_hasMoved = false; ///< since the last repaint
     QElapsedTimer m_sinceRepaint;
+    std::function<QString(double, double)> m_eventTip;
     Rows m_rows; ///< as last reported
     std::vector<GraphScene::ScaleLabel> m_scaleLabels;
 };

@@ -427,6 +427,13 @@ void TestGraphPage::eventsAreNumberedAsInTheList()
     const QStringList expected{"1 at 109", "2 at 119", "3 at 129", "4 at 139", "5 at 149",
                                "6 at 159", "7 at 169", "8 at 179", "9 at 189", "10 at 199"};
     QCOMPARE(shown(), expected);
+    for (const bool isOnLine : {true, false}) {
+        const double x = graph().xOf(149.0) + (isOnLine ? 2.0 : 6.0);
+        const QPoint place(static_cast<int>(x), widget()->height() / 2);
+        QHelpEvent help(QEvent::ToolTip, place, widget()->mapToGlobal(place));
+        QApplication::sendEvent(widget(), &help);
+        QCOMPARE(widget()->toolTip().startsWith("a "), isOnLine);
+    }
     m_page->refresh(DataPage::Change::Selection);
     QCOMPARE(shown(), expected); // no duplicates
     m_page->clear();
