@@ -175,6 +175,14 @@ Bitte prüfen Sie, ob die SD-Karte noch eingelegt ist und die Dateien lesbar sin
         <source>%1 cannot be read.</source>
         <translation>%1 kann nicht gelesen werden.</translation>
     </message>
+    <message>
+        <source>More than 4 GB do not fit into a zip file. Choose a shorter time.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 exists: a case needs a new file.</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>KOLT::ClockOffset</name>
@@ -2090,6 +2098,10 @@ In dieser Aufzeichnung wurde nichts Zweifelhaftes gefunden.</translation>
     <message>
         <source>Figures of the episode</source>
         <translation>Zahlen der Episode</translation>
+    </message>
+    <message>
+        <source>Zip File for Mail...</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
