@@ -177,11 +177,11 @@ Bitte prüfen Sie, ob die SD-Karte noch eingelegt ist und die Dateien lesbar sin
     </message>
     <message>
         <source>More than 4 GB do not fit into a zip file. Choose a shorter time.</source>
-        <translation type="unfinished"></translation>
+        <translation>Mehr als 4 GB passen nicht in eine Zip-Datei. Wählen Sie eine kürzere Zeit.</translation>
     </message>
     <message>
         <source>%1 exists: a case needs a new file.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 gibt es schon: ein Fall braucht eine neue Datei.</translation>
     </message>
 </context>
 <context>
@@ -2101,7 +2101,7 @@ In dieser Aufzeichnung wurde nichts Zweifelhaftes gefunden.</translation>
     </message>
     <message>
         <source>Zip File for Mail...</source>
-        <translation type="unfinished"></translation>
+        <translation>Zip-Datei zum Versenden...</translation>
     </message>
 </context>
 <context>
