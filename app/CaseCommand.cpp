@@ -6,6 +6,7 @@
 #include "record/ClockTime.h"
 #include "ui/DialogFolders.h"
 #include "ui/Messages.h"
+#include "ui/SaveDialog.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -41,27 +42,54 @@ std::optional<int> cycleOf(const CardSession& card)
     return std::nullopt;
 }
 
-/// A folder that is not there yet, such as "Case 2 EGT 1 00-12-03".
-QString newFolder(const QString& where, int cycle, const GraphTarget& target)
+/// Such as "Case 2 EGT 1 00-12-03".
+QString nameOf(int cycle, const GraphTarget& target)
 {
     QString parameter = target.parameter.section(QLatin1Char('/'), -1);
     for (QChar& letter : parameter) {
         if (!letter.isLetterOrNumber() && letter != QLatin1Char('-'))
             letter = QLatin1Char(' ');
     }
-    const QString name = QStringLiteral("%1/Case %2 %3 %4")
-                             .arg(where, QString::number(cycle), parameter.simplified(),
-                                  clockTime(target.begin).toString(QStringLiteral("hh-mm-ss")));
-    QString folder = name;
-    for (int i = 2; QFileInfo::exists(folder); ++i)
-        folder = QStringLiteral("%1 (%2)").arg(name).arg(i);
-    return folder;
+    return QStringLiteral("Case %1 %2 %3")
+        .arg(QString::number(cycle), parameter.simplified(),
+             clockTime(target.begin).toString(QStringLiteral("hh-mm-ss")));
+}
+
+/// The path, or one that is not there yet, such as "Case 2 EGT 1 00-12-03 (2)".
+QString newPath(const QString& stem, const QString& suffix)
+{
+    QString path = stem + suffix;
+    for (int i = 2; QFileInfo::exists(path); ++i)
+        path = QStringLiteral("%1 (%2)%3").arg(stem).arg(i).arg(suffix);
+    return path;
+}
+
+/// Asks where; false when the user gave up.
+bool askForTarget(CaseRequest& request, CaseForm form, const GraphTarget& target, QWidget* window)
+{
+    const QString kind = QStringLiteral("Case");
+    const QString name = QLatin1Char('/') + nameOf(request.cycle, target);
+    const QString suffix = QStringLiteral(".zip");
+    const QString last = DialogFolders::proposal(kind, QDir::homePath() + QStringLiteral("/."));
+    if (form == CaseForm::Folder) {
+        const QString where =
+            QFileDialog::getExistingDirectory(window, Text::tr("Folder for the Case File"), last);
+        if (!where.isEmpty())
+            request.folder = newPath(where + name, {});
+    } else { // what exists is refused later
+        request.zip = askForSavePath(window, Text::tr("Case File for Mail"),
+                                     newPath(QFileInfo(last).path() + name, suffix),
+                                     Text::tr("Zip Files (*.zip)"), suffix);
+    }
+    const QString& path = form == CaseForm::Folder ? request.folder : request.zip;
+    DialogFolders::note(kind, path);
+    return !path.isEmpty();
 }
 
 } // namespace
 
 QString writeCaseFile(const Profile& profile, const CardSession& card, const GraphTarget& target,
-                      QWidget* window)
+                      CaseForm form, QWidget* window)
 {
     const std::optional<int> cycle = cycleOf(card);
     if (!cycle) {
@@ -69,18 +97,12 @@ QString writeCaseFile(const Profile& profile, const CardSession& card, const Gra
                                         "of these data, and choose a cycle or flight in it."));
         return {};
     }
-    const QString kind = QStringLiteral("Case");
-    const QString where = QFileDialog::getExistingDirectory(
-        window, Text::tr("Folder for the Case File"),
-        DialogFolders::proposal(kind, QDir::homePath() + QStringLiteral("/.")));
-    if (where.isEmpty())
-        return {};
     CaseRequest request;
     request.cycle = *cycle;
     request.from = target.begin - secondsAround;
     request.to = target.end + secondsAround;
-    request.folder = newFolder(where, *cycle, target);
-    DialogFolders::note(kind, request.folder);
+    if (!askForTarget(request, form, target, window))
+        return {};
     request.profilePath = profile.path();
     request.variant = profile.activeVariant();
     for (const ProfileParameter* parameter : profile.selectedParameters())
@@ -89,7 +111,7 @@ QString writeCaseFile(const Profile& profile, const CardSession& card, const Gra
         request.selection << target.parameter;
     const CaseResult result = writeCase(card.container(), request);
     if (result.error.isEmpty())
-        return request.folder;
+        return form == CaseForm::Folder ? request.folder : request.zip;
     Messages::warn(window, result.error);
     return {};
 }

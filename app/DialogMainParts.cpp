@@ -216,13 +216,17 @@ void DialogMain::connectPanels()
         m_dialogs->preferences().focusTileServer();
     });
     for (const EpisodeCard* card : m_parts.cards) {
-        connect(card, &EpisodeCard::signalCaseFile, this, [this](const GraphTarget& target) {
-            m_jobs.run([this, target] {
-                const QString folder = writeCaseFile(profile(), *m_card, target, this);
-                if (!folder.isEmpty())
-                    m_status->showMessage(tr("Case file written to %1").arg(folder));
-            });
-        });
+        const auto write = [this](CaseForm form) {
+            return [this, form](const GraphTarget& target) {
+                m_jobs.run([this, form, target] {
+                    const QString path = writeCaseFile(profile(), *m_card, target, form, this);
+                    if (!path.isEmpty())
+                        m_status->showMessage(tr("Case file written to %1").arg(path));
+                });
+            };
+        };
+        connect(card, &EpisodeCard::signalCaseFile, this, write(CaseForm::Folder));
+        connect(card, &EpisodeCard::signalCaseZip, this, write(CaseForm::Zip));
     }
     connect(m_data, &DialogData::signalPageSettings, this, [this](const PageSettings& settings) {
         storePageSettings(settings, m_settings);

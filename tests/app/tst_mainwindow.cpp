@@ -540,6 +540,10 @@ void TestMainWindow::caseFileIsWritten()
     const QString written = m_cards->filePath("Case 1 Speed 00-00-35");
     QVERIFY(waitFor([&] { return QDir(written).exists(); }));
     QVERIFY(m_window->statusBar()->currentMessage().contains(written));
+    const QString zip = m_cards->filePath("mail.zip");
+    boxes.answer(zip);
+    emit m_window->findChildren<EpisodeCard*>().first()->signalCaseZip({"D/Speed", 35.0, 36.0});
+    QVERIFY(waitFor([&] { return QFileInfo(zip).size() > 1000; }));
     m_window.reset();
     QVERIFY(openCycle(written)); // like a card
     QCOMPARE(dataSet()->startSeconds, 5.0);
