@@ -140,6 +140,14 @@ Bitte prüfen Sie, ob die SD-Karte noch eingelegt ist und die Dateien lesbar sin
         <source>Folder for the Case File</source>
         <translation>Ordner für die Fallakte</translation>
     </message>
+    <message>
+        <source>Case File for Mail</source>
+        <translation>Fallakte zum Versenden</translation>
+    </message>
+    <message>
+        <source>Zip Files (*.zip)</source>
+        <translation>Zip-Dateien (*.zip)</translation>
+    </message>
 </context>
 <context>
     <name>KOLT::CaseFile</name>
@@ -181,7 +189,7 @@ Bitte prüfen Sie, ob die SD-Karte noch eingelegt ist und die Dateien lesbar sin
     </message>
     <message>
         <source>%1 exists: a case needs a new file.</source>
-        <translation>%1 gibt es schon: ein Fall braucht eine neue Datei.</translation>
+        <translation>%1 ist schon vorhanden: Eine Fallakte braucht eine neue Datei.</translation>
     </message>
 </context>
 <context>
