@@ -1,6 +1,7 @@
 #include "app/RecordingNotice.h"
 
 #include "app/CardSession.h"
+#include "record/CaseFile.h"
 #include "record/ClockOffset.h"
 #include "record/TrustText.h"
 #include "ui/NoticeBar.h"
@@ -35,7 +36,10 @@ void RecordingNotice::noteLoaded()
     }
     const auto first = loaded.empty() ? files.end() : files.find(loaded.front().name);
     const double late = first == files.end() ? 0.0 : lateClockSeconds(first->second.info());
-    if (late > 0.0)
+    // A case has the date of counter 0, wherever in the run it was cut.
+    const std::optional<CaseNote> note = readCaseNote(m_card.container().folder());
+    const bool isCase = note && first != files.end() && note->file == first->first;
+    if (late > 0.0 && !isCase)
         m_lateClock = TrustText::lateClock(first->first, late);
     refresh();
 }

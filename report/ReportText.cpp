@@ -47,7 +47,7 @@ QString headHtml(const EngineReport& report)
     table.add({Text::tr("Software of the display"), listed(identity.displaySoftware)});
     table.add({Text::tr("Engine hours"), counterLine(identity.hours)});
     table.add({Text::tr("Engine starts"), counterLine(identity.starts)});
-    table.add({Text::tr("Profile"), profile.line});
+    table.add({Text::tr("Profile"), profile.line.section(QLatin1String(": "), 1)});
     table.add({Text::tr("Units"), profile.isImperial
                                       ? Text::tr("imperial; the figures of flights are metric")
                                       : Text::tr("metric")});

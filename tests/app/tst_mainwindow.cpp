@@ -7,6 +7,7 @@
 #include "graph/ui/EpisodeCard.h"
 #include "graph/ui/WidgetGraphBase.h"
 #include "instruments/ui/DialogDataView.h"
+#include "record/CaseFile.h"
 #include "record/ui/DialogCard.h"
 #include "tests/app/MainWindowFixture.h"
 #include "ui/DataPage.h"
@@ -413,6 +414,18 @@ void TestMainWindow::barOffersTheVariantThatFits()
     emit m_window->findChild<DialogCard*>()->signalLoadRecord({card + "/1.CAN"});
     QVERIFY(waitFor([&] { return dataSet()->startSeconds == 50.0; }));
     QVERIFY(!bar->isVisible());
+
+    // A case from the middle has the date of counter 0.
+    CaseRequest request;
+    request.cycle = m_window->card().cycles().begin()->first;
+    request.from = 40.0;
+    request.to = 60.0;
+    request.folder = m_cards->filePath("case");
+    QCOMPARE(writeCase(m_window->card(), request).error, "");
+    m_window.reset();
+    QVERIFY(openCycle(request.folder));
+    QCOMPARE(dataSet()->startSeconds, 50.0);
+    QVERIFY(!m_window->findChildren<NoticeBar*>().last()->isVisible());
 }
 
 void TestMainWindow::clockOffsetMovesListsAndPages()
