@@ -8,6 +8,7 @@
 #include "ui/PlainToolTip.h"
 
 #include <QAction>
+#include <QEvent>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
