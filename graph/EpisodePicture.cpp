@@ -32,7 +32,7 @@ std::vector<const ProfileParameter*> ownParameters(const Episode& episode)
             own.push_back(parameter);
     }
     if (episode.peak)
-        std::ranges::stable_partition(own, [&](const ProfileParameter* parameter) {
+        std::stable_partition(own.begin(), own.end(), [&](const ProfileParameter* parameter) {
             return parameter == episode.peak->parameter;
         });
     return own;
