@@ -170,8 +170,7 @@ void takeDialogs(KOLT::DialogMain& window, Camera& camera)
 
 /// kolt-screenshots DIR [-emu | -light | -dark]: opens the program with its settings, loads a
 /// flight, and saves pictures of all pages and dialogs, in the look of the settings or the given
-/// one; with
-/// "-emu", of the bare display.
+/// one; with "-emu", of the bare display.
 int main(int argc, char* argv[])
 {
     initKoltResources();
