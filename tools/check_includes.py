@@ -27,6 +27,7 @@ CORE_USES = {
     "instruments": {"base", "profile", "record", "analysis", "libs/zinc"},
     "export": {"base", "profile", "record", "analysis", "libs/tusk"},
     "report": {"base", "profile", "record", "analysis", "graph"},
+    "library": {"base", "profile", "record", "analysis"},
 }
 LIBS = {"libs/tusk", "libs/tessamap", "libs/zinc"}
 FACES = {room + "/ui" for room in CORE_USES if room != "base"}
