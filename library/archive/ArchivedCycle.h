@@ -20,12 +20,12 @@ struct ArchivedFile
 /// One engine cycle in a folder of its own.
 struct ArchivedCycle
 {
-    QString folder;     ///< below the archive, with '/'; identifies the cycle
-    quint32 unit = 0;   ///< serial number of the unit, from the header of its first file
-    QString engine;     ///< engine serial number of the header; may be empty
-    QString engineType; ///< of the header; may be empty
-    QString ecuType;    ///< of the header; may be empty
-    QDateTime dateTime; ///< of the cycle, as UTC; invalid if no file had a date
+    QString folder;            ///< below the archive, with '/'; identifies the cycle
+    quint32 unit = 0;          ///< serial number of the unit, from the header of its first file
+    QString engine;            ///< engine serial number of the header; may be empty
+    QString engineType;        ///< of the header; may be empty
+    QString ecuType;           ///< of the header; may be empty
+    QDateTime dateTime;        ///< of the cycle, as UTC; invalid if no file had a date
     QList<ArchivedFile> files; ///< in name order; without those in "copies/"
 };
 
