@@ -49,15 +49,14 @@ std::vector<EventLine> linesOf(std::span<const Event> events, std::span<const Ep
 /// The episodes that begin within the time, a line each.
 QString tipOf(const Profile& profile, const DataSet& dataSet, double from, double to)
 {
-    constexpr std::size_t mostLines = 8;
+    constexpr qsizetype mostLines = 8;
     const EpisodeList found = episodesOf(profile, dataSet);
     const auto first = std::ranges::lower_bound(found->episodes, from, {}, &Episode::begin);
     const auto last = std::ranges::upper_bound(found->episodes, to, {}, &Episode::begin);
     QStringList lines;
-    for (const Episode& episode :
-         std::ranges::subrange(first, std::max(first, last)) | std::views::take(mostLines))
-        lines << episodeLine(profile, episode);
-    if (last - first > static_cast<std::ptrdiff_t>(mostLines))
+    for (auto episode = first; episode < last && lines.size() < mostLines; ++episode)
+        lines << episodeLine(profile, *episode);
+    if (last - first > mostLines)
         lines << QStringLiteral("...");
     return lines.join(QLatin1Char('\n'));
 }

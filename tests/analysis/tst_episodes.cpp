@@ -116,7 +116,8 @@ void TestEpisodes::shapes()
     const auto [curve, expected] = fetchRow<Curve, QList<double>>();
     QVERIFY(loadProfile(m_profile, profileOf()));
     DataSet dataSet;
-    record(dataSet, 1, expected[1] + 15, [&](double t) { return t < 1 ? 50.0 : curve(t); });
+    record(dataSet, 1, expected[1] + 15,
+           [&curve = curve](double t) { return t < 1 ? 50.0 : curve(t); });
     const EpisodeFindings found = findEpisodes(m_profile, dataSet);
     QCOMPARE(found.episodes.size(), 1U);
     const Episode& episode = found.episodes[0];
@@ -161,7 +162,7 @@ void TestEpisodes::noiseBelowTheHysteresis()
         std::uniform_real_distribution<double> noise(-4.9, 4.9);
         DataSet dataSet;
         record(dataSet, 1, 200,
-               [&](double t) { return curve(t) + (seed > 0 ? noise(random) : 0); });
+               [&, &curve = curve](double t) { return curve(t) + (seed > 0 ? noise(random) : 0); });
         const std::vector<Episode> episodes = findEpisodes(m_profile, dataSet).episodes;
         QCOMPARE(static_cast<int>(episodes.size()), expected);
         for (const Episode& episode : episodes)
