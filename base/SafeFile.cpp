@@ -1,5 +1,6 @@
 #include "base/SafeFile.h"
 
+#include "base/SystemDisk.h"
 #include "base/WriteGuard.h"
 
 #include <QCoreApplication>
@@ -7,14 +8,8 @@
 #include <QFileInfo>
 #include <QSaveFile>
 
-#include <cerrno>
-#include <cstring>
 #include <filesystem>
 #include <system_error>
-
-#ifdef Q_OS_UNIX
-#include <unistd.h>
-#endif
 
 namespace KOLT {
 
@@ -36,24 +31,6 @@ QString errorOf(const QSaveFile& file)
                : file.errorString();
 }
 
-/// Flushes the system's buffers to the disk; returns the error, empty on success. commit() also
-/// does it, but ignores errors.
-QString syncError(const QSaveFile& file)
-{
-#ifdef Q_OS_UNIX
-    int result = 0;
-    do {
-        result = ::fsync(file.handle());
-    } while (result != 0 && errno == EINTR);
-    const bool isUnknownThere = errno == EINVAL || errno == ENOSYS || errno == ENOTSUP;
-    if (result != 0 && !isUnknownThere)
-        return QString::fromLocal8Bit(std::strerror(errno));
-#else
-    Q_UNUSED(file)
-#endif
-    return {};
-}
-
 } // namespace
 
 WriteResult replaceFile(const QString& path, const std::function<bool(QIODevice&)>& write)
@@ -70,7 +47,8 @@ WriteResult replaceFile(const QString& path, const std::function<bool(QIODevice&
     // commit() would flush the rest of the buffer as well, but ignore errors.
     if (!write(file) || !file.flush())
         return {Status::Failed, errorOf(file)};
-    if (const QString error = syncError(file); !error.isEmpty())
+    // commit() also does this, but ignores errors.
+    if (const QString error = System::syncFile(file); !error.isEmpty())
         return {Status::Failed, error};
     if (!file.commit())
         return {Status::Failed, errorOf(file)};

@@ -4,11 +4,13 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QStringList>
 
 #include <algorithm>
 #include <array>
 #include <filesystem>
 #include <list>
+#include <mutex>
 #include <optional>
 #include <system_error>
 #include <vector>
@@ -26,16 +28,52 @@ struct Text
     Q_DECLARE_TR_FUNCTIONS(KOLT::WriteGuard)
 };
 
+using Entry = std::shared_ptr<const QString>;
+
+class FolderList
+{
+public:
+    /// Made absolute now, as the working directory may change.
+    Entry add(const QString& folder)
+    {
+        auto entry = std::make_shared<const QString>(QFileInfo(folder).absoluteFilePath());
+        std::erase_if(m_folders, [](const auto& known) { return known.expired(); });
+        m_folders.push_back(entry);
+        return entry;
+    }
+
+    QStringList folders() const
+    {
+        QStringList result;
+        for (const auto& known : m_folders) {
+            if (const Entry entry = known.lock())
+                result << *entry;
+        }
+        return result;
+    }
+
+private:
+    std::vector<std::weak_ptr<const QString>> m_folders;
+};
+
 struct Guard
 {
-    std::vector<std::weak_ptr<const QString>> folders;
+    FolderList folders;
+    FolderList archives;
     QString ownFolder;
     std::weak_ptr<const QString> recordFolder; ///< where record files may be written
 };
 
+/// The mutex is held while the reference is used.
 Guard& guard()
 {
     static Guard instance;
+    return instance;
+}
+
+std::mutex& mutex()
+{
+    static std::mutex instance;
     return instance;
 }
 
@@ -112,23 +150,34 @@ bool isRecordFileName(const QString& name)
 
 std::shared_ptr<const void> protectFolder(const QString& folder)
 {
-    // Made absolute now, as the working directory may change.
-    auto entry = std::make_shared<const QString>(QFileInfo(folder).absoluteFilePath());
-    std::erase_if(guard().folders, [](const auto& known) { return known.expired(); });
-    guard().folders.push_back(entry);
-    return entry;
+    const std::lock_guard lock(mutex());
+    return guard().folders.add(folder);
 }
 
 void setOwnFolder(const QString& folder)
 {
+    const std::lock_guard lock(mutex());
     guard().ownFolder = folder;
 }
 
 std::shared_ptr<const void> allowRecordFiles(const QString& folder)
 {
     auto entry = std::make_shared<const QString>(folder);
+    const std::lock_guard lock(mutex());
     guard().recordFolder = entry;
     return entry;
+}
+
+std::shared_ptr<const void> allowArchive(const QString& folder)
+{
+    const std::lock_guard lock(mutex());
+    return guard().archives.add(folder);
+}
+
+bool isBelow(const QString& folder, const QString& path)
+{
+    const std::optional<fs::path> target = resolve(toPath(path));
+    return target && isWithin(folder, *target);
 }
 
 QString resolvedPath(const QString& path)
@@ -142,8 +191,15 @@ QString writeObjection(const QString& path)
     const std::optional<fs::path> target = resolve(toPath(path));
     if (!target)
         return Text::tr("The links in this path form a loop:\n%1").arg(path);
+    std::unique_lock lock(mutex());
+    const QStringList archives = guard().archives.folders();
+    const QStringList folders = guard().folders.folders();
+    const QString own = guard().ownFolder;
+    const Entry recordFolder = guard().recordFolder.lock();
+    lock.unlock();
+    if (std::ranges::any_of(archives, [&](const QString& root) { return isWithin(root, *target); }))
+        return {};
     const QString name = QFile::decodeName(target->filename().string().c_str());
-    const std::shared_ptr<const QString> recordFolder = guard().recordFolder.lock();
     const bool areRecordsAllowed = recordFolder != nullptr && isWithin(*recordFolder, *target);
     // A card's file system does not tell letters by their case.
     if (!areRecordsAllowed &&
@@ -151,16 +207,13 @@ QString writeObjection(const QString& path)
         return Text::tr("Names that end with .CAN, .can or .xcb belong to recordings, which are "
                         "never written. Please choose another name than\n%1")
             .arg(QDir::toNativeSeparators(path));
-    const QString& own = guard().ownFolder;
     const bool isOwn = !own.isEmpty() && isWithin(own, *target);
-    for (const auto& entry : guard().folders) {
-        const std::shared_ptr<const QString> folder = entry.lock();
-        if (folder == nullptr || !isWithin(*folder, *target) ||
-            (isOwn && isWithin(*folder, toPath(resolvedPath(own)))))
+    for (const QString& folder : folders) {
+        if (!isWithin(folder, *target) || (isOwn && isWithin(folder, toPath(resolvedPath(own)))))
             continue;
         return Text::tr("Nothing is written to the folder of the recordings, so that they remain "
                         "unchanged. Please choose another folder than\n%1")
-            .arg(QDir::toNativeSeparators(*folder));
+            .arg(QDir::toNativeSeparators(folder));
     }
     return {};
 }

@@ -5,7 +5,7 @@
 #include <memory>
 
 /// Keeps KOLT from ever writing recordings. Every write is checked here (SafeFile.h); file names
-/// that the user enters are checked as well, before the work begins. GUI thread only.
+/// that the user enters are checked as well, before the work begins. For any thread.
 namespace KOLT {
 
 /// Record files are recognised by their suffix "CAN", "can" or "xcb".
@@ -21,6 +21,14 @@ void setOwnFolder(const QString& folder);
 /// As long as the returned object exists, files with the names of record files may be written into
 /// the folder, unless it is protected: for recordings that come with the program.
 [[nodiscard]] std::shared_ptr<const void> allowRecordFiles(const QString& folder);
+
+/// As long as the returned object exists, everything may be written below the folder, files with
+/// the names of record files as well, also while it, a folder below or one above is protected: for
+/// an archive of recordings, whose cycles are opened like cards.
+[[nodiscard]] std::shared_ptr<const void> allowArchive(const QString& folder);
+
+/// Whether a path is a folder or lies below it, after resolving links.
+bool isBelow(const QString& folder, const QString& path);
 
 /// Where a write to the path goes in the end: an absolute path without links. Links are followed
 /// one by one, also those to what is not there (yet). Empty when they run in a circle.

@@ -95,6 +95,7 @@ WRITING = re.compile(
     r"|QFile\w*\s+(\w+)\([^)]*\).*WriteOnly|\b(file|m_file)(\.|->)open\([^)]*(WriteOnly|ReadWrite|Append)")
 WRITERS = {
     "base/SafeFile.cpp", "ui/SaveDialog.cpp",
+    "base/ProvenCopy.cpp",  # new files only, and only where SafeFile may write
     "app/dialogs/SheetPrinter.cpp",  # its PDF is written to memory
     "report/ReportPrinter.cpp",  # likewise
     "libs/tessamap/tiles/TileDiskCache.cpp",  # only in its own folder
