@@ -40,7 +40,7 @@ struct FlightFigures
     Flight flight;
     Figures marked = 0; ///< that a finding of trust touches
     EpisodeCounts counts;
-    int lamps = 0; ///< how often a warning lamp came on
+    qint64 airSeconds = 0; ///< from take-off to landing as lists show it, in whole seconds
 };
 
 /// An episode without what lives in the profile.

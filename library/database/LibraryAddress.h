@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 #include <optional>
 
@@ -22,6 +23,9 @@ struct LibraryAddress
 
     bool operator==(const LibraryAddress&) const = default;
 };
+
+/// Options of libpq that the URL of a server may have ("?sslmode=require").
+const QStringList& serverOptions();
 
 /// Either an address or what is wrong with it.
 struct ParsedAddress

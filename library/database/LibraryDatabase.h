@@ -5,7 +5,6 @@
 
 #include <QDate>
 #include <QJsonArray>
-#include <QSqlDatabase>
 #include <QString>
 #include <QVariantList>
 
@@ -17,6 +16,8 @@
 class QSqlQuery;
 
 namespace KOLT::Library {
+
+class LibraryConnection;
 
 /// A result, or why there is none, for the user. What was asked for is empty then.
 template <typename T>
@@ -103,12 +104,13 @@ public:
     /// Replaces all of them, and says anew for all cycles which engine they are of.
     bool setInstallations(const std::vector<Installation>& installations);
 
-    /// The folders of all cycles, in order.
-    Answer<QStringList> folders();
+    /// All cycles by folder, with their files alone: to be compared with those of the archive.
+    Answer<std::vector<ArchivedCycle>> cycles();
     /// The folders of those whose figures were found with something else, or not yet.
     Answer<QStringList> staleFolders(const FiguresSource& now);
 
-    /// A bound statement for reading. Placeholders are '?'. The query is not active on failure.
+    /// A bound statement for reading. Placeholders are '?'. The query is not active on failure. It
+    /// must not outlive the connection.
     QSqlQuery select(const QString& sql, const QVariantList& values = {});
 
     /// Rows of a statement that only reads, as `kolt-cli library query` prints them. Anything but
@@ -116,11 +118,12 @@ public:
     Answer<QJsonArray> query(const QString& sql);
 
 private:
-    class Connection;
-
     bool fail(Status status, const QString& error);
+    bool failed();
+    bool connect(bool isReadOnly, const PasswordPrompt& prompt);
+    bool checkSchema(Access access);
 
-    std::unique_ptr<Connection> m_connection;
+    std::unique_ptr<LibraryConnection> m_connection;
     LibraryAddress m_address;
     Status m_status = Status::Closed;
     QString m_error;

@@ -55,6 +55,8 @@ public:
     Answer<std::vector<Installation>> installations();
 
 private:
+    Answer<LibrarySums> sumsWhere(const QString& condition, const QVariantList& values);
+
     LibraryDatabase& m_database;
 };
 

@@ -35,7 +35,8 @@ struct LibraryFilter
     bool operator==(const LibraryFilter&) const = default;
 };
 
-/// Sums over cycles. The order in which these came does not matter to the last digit.
+/// Sums over whole cycles, of which something lets them through the filter. The order in which they
+/// came into the library does not matter to the last digit.
 struct LibrarySums
 {
     int cycles = 0;
@@ -54,8 +55,8 @@ struct UnitRow
     quint32 unit = 0;
     QString ecuType;
     QStringList engines; ///< that were in it
-    QDateTime first;     ///< cycle
-    QDateTime last;
+    QDate first; ///< invalid where no cycle has a date
+    QDate last;
     LibrarySums sums;
 };
 
@@ -133,8 +134,8 @@ struct EngineRow
     QString engine; ///< empty: files that name none
     QString engineType;
     QList<quint32> units;
-    QDateTime first;
-    QDateTime last;
+    QDate first;
+    QDate last;
     LibrarySums sums;
     std::vector<UnitCounters> counters; ///< by unit
     std::optional<double> unitHours;    ///< the last reading of the unit that has it now
