@@ -20,6 +20,7 @@
 #include "app/dialogs/DialogProfileInfo.h"
 #include "app/settings/CommandLineOptions.h"
 #include "app/settings/ProgramSettings.h"
+#include "app/startup/OpenArguments.h"
 #include "app/startup/Startup.h"
 #include "base/Diagnostics.h"
 #include "record/ui/DialogCard.h"
@@ -156,7 +157,13 @@ void DialogMain::slotTimeout()
 
 void DialogMain::slotTimeoutStartup()
 {
+    const OpenArguments wanted = findOpenArguments(CommandLineOptions::instance().unknown());
+    // First: the last folder and project are opened only where there is no other.
+    if (!wanted.folder.isEmpty())
+        m_card->open(wanted.folder);
     m_jobs.run([this] { openLastFolder(); });
+    if (!wanted.project.isEmpty())
+        m_jobs.run([this, wanted] { m_project->openFile(wanted.project); });
     // Without lists nobody can choose: the bare display shows the last cycle.
     if (m_isEmuDisplay && !card().cycles().empty())
         m_card->load({{}, card().cycles().rbegin()->first, CardChoice::wholeCycle});

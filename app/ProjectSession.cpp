@@ -22,6 +22,7 @@ namespace KOLT {
 namespace {
 
 constexpr int pauseMilliseconds = 1000;
+const QLatin1String projectRoot("KoltProject");
 
 /// Name of the root element; null for a file that cannot be read.
 QString rootOf(const QString& path)
@@ -165,11 +166,26 @@ void ProjectSession::open()
     const QString path =
         QFileDialog::getOpenFileName(&m_window, tr("Open KOLT Project"),
                                      ProgramSettings().lastProject(), tr("Project Files (*.xml)"));
-    if (path.isEmpty())
-        return;
+    if (!path.isEmpty())
+        take(path);
+}
+
+void ProjectSession::openFile(const QString& path)
+{
+    if (mayDrop())
+        take(path);
+}
+
+bool ProjectSession::isProject(const QString& path)
+{
+    return rootOf(path) == projectRoot;
+}
+
+void ProjectSession::take(const QString& path)
+{
     // Checked first: reading drops the current content.
     const QString root = rootOf(path);
-    if (!root.isEmpty() && root != QLatin1String("KoltProject")) {
+    if (!root.isEmpty() && root != projectRoot) {
         Messages::warn(
             &m_window,
             tr("The file\n%1\nis not a KOLT project. The selected parameters are unchanged.")

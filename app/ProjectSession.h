@@ -41,6 +41,10 @@ public:
     /// Ask first when there are unsaved changes.
     void newProject();
     void open();
+    void openFile(const QString& path);
+
+    /// Whether a file can be read and its root element is that of a project.
+    static bool isProject(const QString& path);
 
     /// False when the user cancelled or saving failed.
     bool save();
@@ -65,6 +69,7 @@ private:
     void setState(const QString& path, bool isModified);
     bool write(const QString& path);
     void replaceUnreadable(const QString& path);
+    void take(const QString& path);
     void storePath(const QString& path);
     void setStale();
     void takeNames();

@@ -32,12 +32,12 @@ bool CommandLineOptions::parse(int argc, const char* const* argv)
 {
     if (argc > 0)
         m_programName = argv[0];
-    bool allKnown = true;
+    m_unknown.clear();
     for (int i = 1; i < argc; ++i) {
         const auto found = m_options.find(argv[i]);
         if (found == m_options.end()) {
             Diagnostics::print("unknown option %s\n", argv[i]);
-            allKnown = false;
+            m_unknown.emplace_back(argv[i]);
             continue;
         }
         Option& option = found->second;
@@ -47,7 +47,7 @@ bool CommandLineOptions::parse(int argc, const char* const* argv)
         else if (i + 1 < argc)
             option.value = argv[++i];
     }
-    return allKnown;
+    return m_unknown.empty();
 }
 
 bool CommandLineOptions::isGiven(const std::string& name) const

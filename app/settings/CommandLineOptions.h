@@ -2,12 +2,13 @@
 
 #include <map>
 #include <string>
+#include <vector>
 
 namespace KOLT {
 
 /// The command-line options by name, process-wide.
 ///
-/// Unknown arguments are reported and skipped. Test flags with isGiven(): the value of a flag
+/// Unknown arguments are reported, kept and skipped. Test flags with isGiven(): the value of a flag
 /// toggles with each occurrence.
 class CommandLineOptions
 {
@@ -29,6 +30,9 @@ public:
     /// alone for an unknown name.
     bool getValue(const std::string& name, std::string& value) const;
 
+    /// The unknown arguments in their order: some are paths to open.
+    const std::vector<std::string>& unknown() const { return m_unknown; }
+
     /// Prints the options by name with their current values.
     void printUsage() const;
 
@@ -42,6 +46,7 @@ private:
     };
 
     std::string m_programName;
+    std::vector<std::string> m_unknown;
     std::map<std::string, Option> m_options;
 };
 

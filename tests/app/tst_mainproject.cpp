@@ -42,6 +42,8 @@ private slots:
     void otherFilesAreNotOpened();
     void selectionOutlivesTheProcess();
     void otherVariantsAreRemembered();
+    void argumentsAreOpened_data();
+    void argumentsAreOpened();
     void brokenSettingsAreTold();
     void profileInstallation();
     void brokenProfileIsReplaced();
@@ -249,6 +251,68 @@ void TestMainProject::otherVariantsAreRemembered()
     selector->setCurrentText("850");
     emit selector->activated(selector->currentIndex());
     QTRY_VERIFY(isSelected());
+}
+
+void TestMainProject::argumentsAreOpened_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    QTest::addColumn<QString>("folder");
+    QTest::addColumn<QString>("parameter");
+    QTest::addRow("a folder") << QStringList{"FOLDER"} << "other" << "Speed";
+    QTest::addRow("a project") << QStringList{"PROJECT"} << "last" << "Fuel";
+    QTest::addRow("the first of each, among others")
+        << QStringList{"-x", "", "/no/such", "XML", "PROJECT", "FOLDER/", "LAST"} << "other"
+        << "Fuel";
+    QTest::addRow("the value of an option is none")
+        << QStringList{"-s", "FOLDER"} << "last" << "Speed";
+    QTest::addRow("neither folder nor project")
+        << QStringList{"RECORD", "XML"} << "last" << "Speed";
+}
+
+void TestMainProject::argumentsAreOpened()
+{
+    QFETCH(const QStringList, arguments);
+    QFETCH(const QString, folder);
+    QFETCH(const QString, parameter);
+    const QByteArray project = "<KoltProject><Parameters><Parameter name=\"%1\"/></Parameters>"
+                               "</KoltProject>";
+    const QString own = m_out->filePath("own.xml");
+    QVERIFY(writeFile(own, QByteArray(project).replace("%1", "Fuel")));
+    QVERIFY(writeFile(m_out->filePath("other.xml"), "<Other/>"));
+    QVERIFY(writeFile(QFile::decodeName(DataPaths::instance().dataPath()) + "/CurrentProject.xml",
+                      QByteArray(project).replace("%1", "Speed")));
+    const QString last = this->folder("last");
+    const QString other = this->folder("other");
+    SettingsStore::instance().setText("LastPath", last.toUtf8());
+
+    const auto parse = [](const QStringList& list) {
+        std::vector<QByteArray> bytes{"kolt"};
+        for (const QString& argument : list)
+            bytes.push_back(QFile::encodeName(argument));
+        std::vector<const char*> pointers(bytes.begin(), bytes.end());
+        Startup::parseCommandLine(static_cast<int>(pointers.size()), pointers.data());
+    };
+    QStringList given = arguments;
+    given.replaceInStrings("FOLDER", other)
+        .replaceInStrings("LAST", last)
+        .replaceInStrings("PROJECT", own)
+        .replaceInStrings("XML", m_out->filePath("other.xml"))
+        .replaceInStrings("RECORD", last + "/0.CAN");
+    parse(given);
+    const auto reset = qScopeGuard([&] { parse({}); });
+    for (const QString& argument : given) {
+        if (!given.contains("-s"))
+            QVERIFY(m_output->text().contains("unknown option " + argument + "\n"));
+    }
+
+    QVERIFY(open());
+    QVERIFY(waitFor([&] { return !profile().selectedParameters().empty(); }));
+    QCOMPARE(m_window->card().folder(), m_cards->filePath(folder));
+    QCOMPARE(profile().selectedParameters().size(), std::size_t(1));
+    QCOMPARE(profile().selectedParameters().front()->name, parameter);
+    QCOMPARE(m_window->windowTitle().section('/', -1), folder);
+    if (parameter == "Fuel")
+        QCOMPARE(m_window->project().path(), own);
 }
 
 void TestMainProject::brokenSettingsAreTold()
