@@ -7,11 +7,11 @@
 #include "record/CardContainer.h"
 #include "resources/Resources.h"
 
+#include <QAbstractItemView>
 #include <QAction>
 #include <QApplication>
 #include <QDialog>
 #include <QDir>
-#include <QLineEdit>
 #include <QPixmap>
 #include <QTabBar>
 #include <QTest>
@@ -21,6 +21,7 @@
 
 #include <clocale>
 #include <cstdio>
+#include <vector>
 
 namespace {
 
@@ -83,28 +84,59 @@ bool openFlight(const KOLT::DialogMain& window)
     return false;
 }
 
-/// All pages, at the middle of the loaded data.
-void takePages(KOLT::DialogMain& window, Camera& camera)
+/// Moves the current line of a list, if the page has one with lines.
+QAbstractItemView* chooseLine(const QWidget& pages)
 {
+    for (auto* view : pages.findChildren<QAbstractItemView*>()) {
+        if (!view->isVisible() || view->model() == nullptr || view->model()->rowCount() == 0)
+            continue;
+        view->setCurrentIndex(view->model()->index(0, 0));
+        return view;
+    }
+    return nullptr;
+}
+
+/// All pages, at the middle of the loaded data; then what else the window can show.
+void takePages(KOLT::DialogMain& window, Camera& camera, const std::vector<QSize>& sizes)
+{
+    using Page = KOLT::DialogData::Page;
     auto* const pages = window.findChild<KOLT::DialogData*>();
     const KOLT::DataSet& data = *window.card().dataSet();
-    pages->setTime((data.startSeconds + data.stopSeconds) / 2);
     const auto* const tabs = pages->findChild<QTabBar*>();
     const auto* const graph = pages->findChild<KOLT::DialogDataGraph*>();
     constexpr const char* names[] = {"table", "graph",     "fault-matrix", "limits",
                                      "lamps", "statistic", "emu-view"};
-    for (const QSize size : {smallSize, largeSize}) {
+    for (const QSize size : sizes) {
         window.resize(size);
-        for (int page = 0; page < tabs->count(); ++page) {
-            pages->setCurrentPage(static_cast<KOLT::DialogData::Page>(page));
+        const auto take = [&](const char* name) {
             waitFor([graph] { return !graph->isFeeding(); });
             camera.take(window, QStringLiteral("%1-%2x%3")
-                                    .arg(QLatin1String(names[page]))
+                                    .arg(QLatin1String(name))
                                     .arg(size.width())
                                     .arg(size.height()));
+        };
+        pages->setTime((data.startSeconds + data.stopSeconds) / 2);
+        for (int page = 0; page < tabs->count(); ++page) {
+            pages->setCurrentPage(static_cast<Page>(page));
+            if (page >= static_cast<int>(Page::FaultMatrix) && page <= static_cast<int>(Page::WarningLamps))
+                chooseLine(*pages);
+            take(names[page]);
         }
+        pages->setCurrentPage(Page::Limit);
+        if (QAbstractItemView* list = chooseLine(*pages)) {
+            QTest::keyClick(list, Qt::Key_Return, Qt::ControlModifier);
+            take("graph-markers");
+        }
+        for (const auto& [type, name] : {std::pair{2, "map-below"}, std::pair{0, "map-hidden"}}) {
+            pages->slotMapType(type);
+            take(name);
+        }
+        pages->slotMapType(1);
+        pages->showFront(true);
+        take("overview");
+        pages->showFront(false);
     }
-    pages->setCurrentPage(KOLT::DialogData::Page::Table);
+    pages->setCurrentPage(Page::Table);
 }
 
 /// The bare display in a small and a large size, shortly after take-off.
@@ -152,7 +184,8 @@ void takeExports(KOLT::DialogMain& window, Camera& camera)
 void takeDialogs(KOLT::DialogMain& window, Camera& camera)
 {
     const std::pair<int, const char*> dialogs[] = {
-        {8, "about"}, {9, "profile"}, {10, "help"}, {15, "preferences"}, {20, "day-sheet"}};
+        {8, "about"},      {9, "profile"},    {10, "help"},         {15, "preferences"},
+        {20, "day-sheet"}, {22, "recording"}, {23, "engine-report"}};
     for (const auto& [command, name] : dialogs) {
         trigger(window, command);
         if (!waitFor([&] { return !window.isBusy(); }))
@@ -164,13 +197,32 @@ void takeDialogs(KOLT::DialogMain& window, Camera& camera)
             dialog->close();
         }
     }
+    const auto* const graph = window.findChild<KOLT::DialogDataGraph*>();
+    window.findChild<KOLT::DialogData*>()->setCurrentPage(KOLT::DialogData::Page::Graph);
+    auto* const setup = graph->findChild<QDialog*>();
+    setup->show();
+    camera.take(*setup, QStringLiteral("graph-setup"));
+    setup->close();
+}
+
+/// The sizes among the arguments, such as "1366x768"; two without any.
+std::vector<QSize> sizesFrom(const QStringList& arguments)
+{
+    std::vector<QSize> sizes;
+    for (const QString& argument : arguments.mid(1)) {
+        const QSize size(argument.section(QLatin1Char('x'), 0, 0).toInt(),
+                         argument.section(QLatin1Char('x'), 1).toInt());
+        if (!size.isEmpty())
+            sizes.push_back(size);
+    }
+    return sizes.empty() ? std::vector{smallSize, largeSize} : sizes;
 }
 
 } // namespace
 
-/// kolt-screenshots DIR [-emu | -light | -dark]: opens the program with its settings, loads a
-/// flight, and saves pictures of all pages and dialogs, in the look of the settings or the given
-/// one; with "-emu", of the bare display.
+/// kolt-screenshots DIR [-emu | -light | -dark] [WIDTHxHEIGHT...]: opens the program with its
+/// settings, loads a flight, and saves pictures of all pages in these sizes and of all dialogs, in
+/// the look of the settings or the given one; with "-emu", of the bare display.
 int main(int argc, char* argv[])
 {
     initKoltResources();
@@ -208,7 +260,7 @@ int main(int argc, char* argv[])
             std::fprintf(stderr, "kolt-screenshots: no card with flights in the last folder\n");
             return 1;
         }
-        takePages(window, camera);
+        takePages(window, camera, sizesFrom(QCoreApplication::arguments()));
         takeDialogs(window, camera);
         takeExports(window, camera);
     }
