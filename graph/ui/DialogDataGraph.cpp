@@ -17,7 +17,6 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
-#include <ranges>
 #include <span>
 #include <utility>
 
