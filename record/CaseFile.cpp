@@ -275,7 +275,7 @@ std::optional<CaseNote> readCaseNote(const QString& folder)
     note.file = object[QStringLiteral("file")].toString();
     note.from = object[QStringLiteral("from")].toDouble();
     note.to = object[QStringLiteral("to")].toDouble();
-    for (const QJsonValue& name : object[QStringLiteral("sources")].toArray())
+    for (const auto name : object[QStringLiteral("sources")].toArray())
         note.sources << name.toString();
     return note;
 }

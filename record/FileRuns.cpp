@@ -142,6 +142,7 @@ void RunChecker::tellDisorder(const Files& run)
             continue;
         std::ranges::sort(set);
         std::vector<QString> names;
+        names.reserve(set.size());
         for (const std::size_t i : set)
             names.push_back(run[i]->name);
         double from = endOfTime;
