@@ -20,6 +20,10 @@ QString generalHelp()
         text += QStringLiteral("  %1 %2\n")
                     .arg(QLatin1String(verb.name), -8)
                     .arg(QLatin1String(verb.description));
+    text +=
+        QStringLiteral("  %1 %2\n")
+            .arg(QStringLiteral("library"), -8)
+            .arg(QStringLiteral("Keep the recordings of cards; see 'kolt-cli library --help'."));
     return text + QStringLiteral("\n'kolt-cli VERB --help' lists the options of a verb.\n");
 }
 

@@ -1,5 +1,6 @@
 #include "base/Diagnostics.h"
 #include "cli/Arguments.h"
+#include "cli/Library.h"
 #include "cli/Recording.h"
 #include "cli/Verbs.h"
 
@@ -44,6 +45,9 @@ int main(int argc, char* argv[])
     // QCoreApplication has set the user's locale; numbers in files need a decimal point.
     std::setlocale(LC_NUMERIC, "C");
 
+    const QStringList given = QCoreApplication::arguments().mid(1);
+    if (given.value(0) == QLatin1String("library"))
+        return Cli::runLibrary(given.mid(1));
     const Cli::ParseResult parsed = Cli::parseArguments(QCoreApplication::arguments());
     if (!parsed.error.isEmpty())
         return fail(parsed.error, 2);

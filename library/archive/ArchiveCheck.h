@@ -12,14 +12,13 @@ struct CheckResult
     qint64 bytes = 0;
     QStringList damaged;   ///< their content is not what was imported, or cannot be read
     QStringList missing;   ///< named by a manifest
-    QStringList unlisted;  ///< record files that no manifest names
+    QStringList unlisted;  ///< record files that no manifest names; the next import takes them in
     QStringList manifests; ///< folders whose manifest cannot be read
     bool isCancelled = false;
 
     bool isSound() const
     {
-        return damaged.isEmpty() && missing.isEmpty() && unlisted.isEmpty() &&
-               manifests.isEmpty() && !isCancelled;
+        return damaged.isEmpty() && missing.isEmpty() && manifests.isEmpty() && !isCancelled;
     }
 };
 

@@ -1,0 +1,141 @@
+#include "cli/Library.h"
+
+#include "cli/Recording.h"
+
+#include <QCommandLineParser>
+
+#include <algorithm>
+#include <cstdio>
+
+namespace KOLT::Cli {
+
+namespace {
+
+int failed(const QString& error, int status)
+{
+    std::fprintf(stderr, "kolt-cli: %s\n", qUtf8Printable(error));
+    return status;
+}
+
+int print(const QString& text)
+{
+    writeOutput(text.toUtf8());
+    const QString error = finishOutput();
+    return error.isEmpty() ? 0 : failed(error, 1);
+}
+
+QString usage(const LibraryVerb& verb)
+{
+    const QString operand = QLatin1String(verb.operand);
+    return QStringLiteral("Usage: kolt-cli library %1 %2--library FOLDER [options]\n")
+        .arg(QLatin1String(verb.name), operand.isEmpty() ? operand : operand + QLatin1Char(' '));
+}
+
+QString generalHelp()
+{
+    QString text = QStringLiteral("Usage: kolt-cli library VERB --library FOLDER [options]\n\n"
+                                  "Keeps the recordings of cards in a library.\n\nVerbs:\n");
+    for (const LibraryVerb& verb : libraryVerbs())
+        text += QStringLiteral("  %1 %2\n")
+                    .arg(QLatin1String(verb.name), -8)
+                    .arg(QLatin1String(verb.description));
+    return text + QStringLiteral("\n'kolt-cli library VERB --help' lists the options of a verb.\n");
+}
+
+void addOptions(QCommandLineParser& parser, const LibraryVerb& verb)
+{
+    parser.setApplicationDescription(QLatin1String(verb.description));
+    if (*verb.operand != '\0')
+        parser.addPositionalArgument(QLatin1String(verb.operand), {});
+    const auto add = [&](const char* name, const char* description, const char* value) {
+        parser.addOption({QLatin1String(name), QLatin1String(description), QLatin1String(value)});
+    };
+    add("help", "Show this help.", "");
+    add("library", "The folder of the library, or postgresql://USER@HOST/DATABASE.", "FOLDER");
+    add("archive", "The folder with the recordings; default: that of the library.", "FOLDER");
+    for (const LibraryOption& option : verb.options)
+        add(option.name, option.description, option.value);
+}
+
+/// Returns an error message or nothing.
+QString readArguments(const QCommandLineParser& parser, const LibraryVerb& verb,
+                      LibraryArguments& arguments)
+{
+    const QStringList operands = parser.positionalArguments();
+    const bool hasOperand = *verb.operand != '\0';
+    if (operands.size() != (hasOperand ? 1 : 0))
+        return hasOperand ? QStringLiteral("give one %1, not %2")
+                                .arg(QLatin1String(verb.operand))
+                                .arg(operands.size())
+                          : QStringLiteral("unexpected \"%1\"").arg(operands.first());
+    arguments.operand = operands.value(0);
+    arguments.library = parser.value(QStringLiteral("library"));
+    arguments.archive = parser.value(QStringLiteral("archive"));
+    if (arguments.library.isEmpty())
+        return QStringLiteral("--library is missing");
+    const bool isServer = arguments.library.startsWith(QLatin1String("postgresql://"));
+    if (isServer && arguments.archive.isEmpty())
+        return QStringLiteral("--archive is missing");
+    if (arguments.archive.isEmpty())
+        arguments.archive = arguments.library;
+    for (const LibraryOption& option : verb.options) {
+        const QString name = QLatin1String(option.name);
+        if (parser.isSet(name))
+            arguments.options[name] = *option.value != '\0' ? parser.value(name) : QString();
+    }
+    return {};
+}
+
+} // namespace
+
+const std::vector<LibraryVerb>& libraryVerbs()
+{
+    static const std::vector<LibraryVerb> verbs{
+        {"import",
+         "Copy the new recordings of a card into the library, with proof.",
+         "CARD",
+         {},
+         importCard},
+        {"check",
+         "Read all recordings of the library and compare their hashes.",
+         "",
+         {},
+         checkLibrary},
+    };
+    return verbs;
+}
+
+int runLibrary(const QStringList& given)
+{
+    if (given.isEmpty())
+        return failed(QStringLiteral("no verb given; 'kolt-cli library --help' lists them"), 2);
+    const QString& name = given.first();
+    if (name == QLatin1String("--help") || name == QLatin1String("-h"))
+        return print(generalHelp());
+    const std::vector<LibraryVerb>& verbs = libraryVerbs();
+    const auto verb = std::ranges::find_if(
+        verbs, [&](const LibraryVerb& known) { return name == QLatin1String(known.name); });
+    if (verb == verbs.end())
+        return failed(QStringLiteral("unknown verb \"library %1\"; 'kolt-cli library --help' "
+                                     "lists them")
+                          .arg(name),
+                      2);
+    QCommandLineParser parser;
+    addOptions(parser, *verb);
+    if (!parser.parse(QStringList{QStringLiteral("kolt-cli")} + given.mid(1)))
+        return failed(parser.errorText(), 2);
+    if (parser.isSet(QStringLiteral("help")))
+        return print(usage(*verb) + parser.helpText().section(QLatin1Char('\n'), 1));
+    LibraryArguments arguments;
+    if (const QString error = readArguments(parser, *verb, arguments); !error.isEmpty())
+        return failed(error, 2);
+    const QString error = verb->run(arguments);
+    return error.isEmpty() ? 0 : failed(error, 1);
+}
+
+QString openArchive(const LibraryArguments& arguments, Library::Archive& archive)
+{
+    return archive.open(arguments.archive) ? QString() : archive.error();
+}
+
+} // namespace KOLT::Cli
