@@ -185,7 +185,16 @@ private:
         read(worker);
         if (m_isEnded)
             return;
+        const int status = worker.process->exitCode();
+        const bool isRefused =
+            worker.process->exitStatus() == QProcess::NormalExit && status != 0;
         worker.process.release()->deleteLater(); // it is calling
+        if (!worker.given.empty() && !worker.hasAnswered && isRefused) {
+            end(Text::tr("%1 cannot work out figures: it ended with status %2")
+                    .arg(QDir::toNativeSeparators(m_options.worker.program))
+                    .arg(status));
+            return;
+        }
         if (!worker.given.empty()) {
             const ArchivedCycle culprit = worker.given.front();
             worker.given.pop_front();
