@@ -2,8 +2,12 @@
 #include "record/CardContainer.h"
 #include "tests/support/TestFiles.h"
 #include "tools/samplecard/SampleCard.h"
+#include "tools/samplecard/SampleHistory.h"
 
 #include <QDir>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QTest>
 
 #include <algorithm>
@@ -26,6 +30,7 @@ private slots:
     void storiesOfTheFlights();
     void profileIsRichEnough();
     void longCard();
+    void history();
     void failuresAreTold();
 
 private:
@@ -38,6 +43,23 @@ private:
         options.hours = hours;
         QString error;
         return SampleCard::writeSampleCard(options, &error) && error.isEmpty();
+    }
+
+    struct CycleFacts
+    {
+        std::size_t files = 0;
+        std::size_t flights = 0;
+        QString engine;
+        double hours = 0.0;
+        double starts = 0.0;
+    };
+
+    double lastNumber(const DataSet& dataSet, Role role) const
+    {
+        const ProfileParameter& parameter = *m_profile.parameterByRole(role);
+        MessageData data = seriesOf(dataSet.messages, parameter).last().data;
+        // The text has the decimals of the hours.
+        return decodeValue(m_profile, parameter, data).text.section(' ', 0, 0).toDouble();
     }
 
     QTemporaryDir m_folder;
@@ -173,6 +195,76 @@ void TestSampleCard::longCard()
     QCOMPARE(card.cycles().size(), 1U);
     QCOMPARE(card.files().size(), 3U); // files of half an hour
     QVERIFY(std::abs(card.cycles().at(1).stopSeconds - 1.25 * 3600.0) < 30.0);
+}
+
+/// Its cards overlap as real ones do, and its truth file tells what they hold.
+void TestSampleCard::history()
+{
+    const QTemporaryDir folder;
+    SampleCard::HistoryOptions options;
+    options.folder = folder.path();
+    options.profilePath = QStringLiteral(KOLT_PROFILE);
+    options.flights = 16;
+    options.flightsWithoutCard = 3;
+    options.flightsPerMonth = 4;
+    QString error;
+    QVERIFY2(SampleCard::writeSampleHistory(options, {}, &error), qPrintable(error));
+    const QJsonObject truth =
+        QJsonDocument::fromJson(readFile(folder.filePath("history.json"))).object();
+
+    std::map<std::pair<quint32, QDateTime>, CycleFacts> found;
+    std::map<QString, QSet<QByteArray>> contents;
+    bool wasCompleted = false;
+    for (const QString& name : QDir(folder.path()).entryList(QDir::Dirs | QDir::NoDotAndDotDot)) {
+        CardContainer card(m_profile);
+        QVERIFY(card.readContainer(folder.filePath(name)));
+        for (const auto& [number, cycle] : card.cycles()) {
+            QVERIFY(card.loadCycle(number));
+            const RecordInfo& info = card.files().at(cycle.fileNames.front()).info();
+            if (!cycle.dateTime.isValid())
+                continue; // its first file alone, completed in the next folder
+            QVERIFY(name.endsWith(QString::number(info.ecuSerialNumber)));
+            CycleFacts& facts = found[{info.ecuSerialNumber, cycle.dateTime}];
+            wasCompleted |= facts.files > 0 && facts.files < cycle.fileNames.size();
+            facts.files = cycle.fileNames.size();
+            facts.flights = card.flightsOf(number).size();
+            facts.engine = info.engineSerial;
+            facts.hours = lastNumber(*card.dataSet(), Role::EngineHours);
+            facts.starts = lastNumber(*card.dataSet(), Role::EngineStarts);
+        }
+        for (const auto& [file, record] : card.files())
+            contents[name.section('-', 2) + file].insert(readFile(record.path()));
+    }
+    QVERIFY(wasCompleted);
+    QVERIFY(
+        std::ranges::any_of(contents, [](const auto& entry) { return entry.second.size() > 1; }));
+
+    int flights = 0;
+    int missing = 0;
+    const QJsonArray cycles = truth.value("cycles").toArray();
+    for (const QJsonValue& cycle : cycles) {
+        if (!cycle["recorded"].toBool()) {
+            missing += cycle["flights"].toInt();
+            continue;
+        }
+        const QDateTime time = QDateTime::fromString(cycle["dateTime"].toString(), Qt::ISODate);
+        const auto unit = static_cast<quint32>(cycle["unit"].toInteger());
+        const auto facts = std::ranges::find_if(found, [&](const auto& entry) {
+            return entry.first.first == unit && std::abs(entry.first.second.secsTo(time)) < 2;
+        });
+        QVERIFY(facts != found.end());
+        const CycleFacts& read = facts->second;
+        flights += cycle["flights"].toInt();
+
+        QCOMPARE(static_cast<int>(read.flights), cycle["flights"].toInt());
+        QCOMPARE(read.engine, cycle["engine"].toString());
+        QCOMPARE(static_cast<int>(read.starts), cycle["unitStarts"].toInt());
+        // A hundredth of an hour, and what the rare messages miss at the end.
+        const double late = cycle["unitHours"].toDouble() - read.hours;
+        QVERIFY2(std::abs(late) < 0.008, qPrintable(time.toString() + QString::number(late)));
+    }
+    QCOMPARE(flights, options.flights);
+    QCOMPARE(missing, options.flightsWithoutCard);
 }
 
 void TestSampleCard::failuresAreTold()

@@ -4,6 +4,7 @@
 
 #include <QDateTime>
 
+#include <cstdint>
 #include <string_view>
 #include <vector>
 
@@ -33,8 +34,16 @@ struct PlannedIncident
     std::string_view fault = {}; ///< name of the fault's parameter
 };
 
+/// What the headers of the files tell of unit and engine.
+struct Identity
+{
+    std::uint32_t unit = 4711023;
+    const char* engine = "E-9150417";
+};
+
 struct CyclePlan
 {
+    Identity identity;
     QDateTime clock; ///< date and time at counter 0
     double counterStart = 4.0;
     double fileSeconds = 600.0;

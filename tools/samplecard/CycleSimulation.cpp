@@ -60,8 +60,8 @@ CycleSimulation::CycleSimulation(const CyclePlan& plan, double engineHours, int 
     , m_engine(plan.engineTemperature, plan.fuelPerTank)
     , m_gps(plan.flights.runway, random)
     , m_earlierHours(engineHours)
+    , m_earlierStarts(engineStarts)
 {
-    m_quantities.engineStarts = engineStarts;
     describe();
 }
 
@@ -70,7 +70,7 @@ double CycleSimulation::counter() const
     return m_plan.counterStart + stepSeconds * static_cast<double>(m_steps);
 }
 
-bool CycleSimulation::step()
+bool CycleSimulation::step(bool isWanted)
 {
     ++m_steps;
     const Phase before = m_pilot.phase();
@@ -99,10 +99,13 @@ bool CycleSimulation::step()
     trouble.generatorOff = isActive(Incident::GeneratorOff);
     m_engine.step(m_pilot.controls(), m_air, trouble);
     m_gps.step(m_pilot.motion());
-    describe();
-    watchIncidents();
-
-    return now != Phase::Done && (m_plan.stopCounter <= 0.0 || counter() < m_plan.stopCounter);
+    const bool goesOn =
+        now != Phase::Done && (m_plan.stopCounter <= 0.0 || counter() < m_plan.stopCounter);
+    if (isWanted || !goesOn) {
+        describe();
+        watchIncidents();
+    }
+    return goesOn;
 }
 
 void CycleSimulation::openWindows()
@@ -156,6 +159,8 @@ bool CycleSimulation::isActive(Incident kind) const
 void CycleSimulation::describe()
 {
     m_engine.describe(m_quantities);
+    const bool hasRun = m_quantities.engineHours > 0.0;
+    m_quantities.engineStarts = m_earlierStarts + (hasRun ? 1 : 0);
     m_quantities.engineHours += m_earlierHours;
     describeAir();
     m_gps.describe(m_quantities, isActive(Incident::GpsJump));

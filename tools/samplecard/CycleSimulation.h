@@ -23,8 +23,9 @@ public:
     /// `engineHours` and `engineStarts` before the cycle.
     CycleSimulation(const CyclePlan& plan, double engineHours, int engineStarts, Random& random);
 
-    /// False once the cycle is over.
-    bool step();
+    /// False once the cycle is over. Quantities and incidents are kept up only where they are
+    /// wanted, and at the end.
+    bool step(bool isWanted = true);
 
     const Quantities& quantities() const { return m_quantities; }
 
@@ -72,6 +73,7 @@ private:
     double m_openTakeOff = 0.0;
     long m_steps = 0;
     double m_earlierHours = 0.0;
+    int m_earlierStarts = 0;
     double m_bump = 0.0; ///< vertical acceleration by turbulence, m/s²
 };
 

@@ -9,15 +9,6 @@ namespace {
 constexpr qsizetype bufferBytes = 1 << 20;
 constexpr qsizetype tailBytes = 13;
 
-/// Units differ in the suffix they write.
-QString fileName(int number)
-{
-    const char* suffix = number % 16 == 7 ? "can" : number % 16 == 12 ? "xcb" : "CAN";
-    return QStringLiteral("REC%1.%2")
-        .arg(number, 5, 10, QLatin1Char('0'))
-        .arg(QLatin1String(suffix));
-}
-
 } // namespace
 
 CycleWriter::CycleWriter(const QDir& folder, const CyclePlan& plan, const MessageEncoder& encoder,
@@ -33,6 +24,14 @@ CycleWriter::CycleWriter(const QDir& folder, const CyclePlan& plan, const Messag
     m_buffer.reserve(bufferBytes + 4096);
 }
 
+QString CycleWriter::fileName(int number)
+{
+    const char* suffix = number % 16 == 7 ? "can" : number % 16 == 12 ? "xcb" : "CAN";
+    return QStringLiteral("REC%1.%2")
+        .arg(number, 5, 10, QLatin1Char('0'))
+        .arg(QLatin1String(suffix));
+}
+
 bool CycleWriter::write(CycleSimulation& simulation)
 {
     if (!openFile(simulation.counter()))
@@ -43,7 +42,7 @@ bool CycleWriter::write(CycleSimulation& simulation)
         record(simulation, step);
         if (m_buffer.size() >= bufferBytes && !flush())
             return false;
-        if (!simulation.step())
+        if (!simulation.step(!m_encoder.due(step + 1).empty()))
             break;
         if (simulation.counter() >= nextFile) {
             nextFile += m_plan.fileSeconds;
@@ -64,9 +63,7 @@ void CycleWriter::record(const CycleSimulation& simulation, long step)
     // Each message has a slot of its own within the step and is delayed in it at random, as on a
     // busy bus.
     const double slot = 0.9 * stepSeconds / static_cast<double>(m_encoder.messageCount());
-    for (std::size_t i = 0; i < m_encoder.messageCount(); ++i) {
-        if (!m_encoder.isDue(i, step))
-            continue;
+    for (const std::size_t i : m_encoder.due(step)) {
         RecordFileWriter::RecordSample sample =
             m_encoder.encode(i, simulation.quantities(), m_random);
         sample.word16 = m_sequence++;
@@ -93,10 +90,10 @@ RecordFileWriter::RecordHeader CycleWriter::header(double counter) const
     }
     header.ticks = RecordFileWriter::ticksFromSeconds(counter);
     header.busType = 2;
-    header.ecuSerialNumber = 4711023;
+    header.ecuSerialNumber = m_plan.identity.unit;
     header.softwarePartA = "SW-A-02.14.07"; // fills its field
     header.ecuType = "ECU-2L";
-    header.engineSerial = "E-9150417";
+    header.engineSerial = m_plan.identity.engine;
     header.engineType = "915 TURBO";
     header.softwarePartB = "SW-B-02.14.05";
     header.emuVersion = "3.08.2b";

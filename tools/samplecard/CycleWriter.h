@@ -22,6 +22,9 @@ public:
 
     bool write(CycleSimulation& simulation);
 
+    /// Units differ in the suffix they write.
+    static QString fileName(int number);
+
     QString firstFile() const { return m_firstFile; }
 
     QString lastFile() const { return m_lastFile; }

@@ -8,6 +8,9 @@ namespace KOLT::SampleCard {
 
 namespace {
 
+/// In steps; all periods divide it.
+constexpr int longestPeriod = 250;
+
 constexpr std::uint32_t extendedFrame = 0x80000000U;
 
 /// The unit sends positions as DDDMM.mmmm (degrees and minutes).
@@ -37,10 +40,35 @@ bool MessageEncoder::prepare(const Profile& profile, QString* error)
     }
     if (m_messages.empty())
         return fail(error, QStringLiteral("the profile has no parameters"));
-    // Spreads messages of the same rate evenly over the steps.
-    for (std::size_t i = 0; i < m_messages.size(); ++i)
-        m_messages[i].phase = static_cast<int>(7 * i) % m_messages[i].period;
+    spread();
     return true;
+}
+
+void MessageEncoder::thinOut()
+{
+    for (Message& message : m_messages) {
+        const bool isQuick = std::ranges::any_of(message.fields, [](const Field& field) {
+            return field.source != nullptr && (field.source->value == &Quantities::engineSpeed ||
+                                               field.source->value == &Quantities::groundSpeed ||
+                                               field.source->value == &Quantities::fuelFlowPerLane);
+        });
+        message.period = std::max(message.period, isQuick ? 50 : longestPeriod);
+    }
+    spread();
+}
+
+/// Messages of the same rate evenly over the steps.
+void MessageEncoder::spread()
+{
+    m_due.assign(longestPeriod, {});
+    for (std::size_t i = 0; i < m_messages.size(); ++i) {
+        Message& message = m_messages[i];
+        message.phase = static_cast<int>(7 * i) % message.period;
+        for (std::size_t step = 0; step < m_due.size(); ++step) {
+            if (static_cast<int>(step) % message.period == message.phase)
+                m_due[step].push_back(i);
+        }
+    }
 }
 
 bool MessageEncoder::addParameter(const ProfileParameter& parameter, const QString& device,

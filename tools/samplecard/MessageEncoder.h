@@ -17,13 +17,16 @@ public:
     /// not know or that cannot be encoded.
     bool prepare(const Profile& profile, QString* error);
 
+    /// Sends what flights and engine runs are found by once a second, all else every five seconds:
+    /// a tenth of the size. After prepare().
+    void thinOut();
+
     std::size_t messageCount() const { return m_messages.size(); }
 
-    /// Whether the message is sent in this simulation step.
-    bool isDue(std::size_t message, long step) const
+    /// The messages that are sent in this simulation step.
+    const std::vector<std::size_t>& due(long step) const
     {
-        const Message& m = m_messages[message];
-        return step % m.period == m.phase;
+        return m_due[static_cast<std::size_t>(step) % m_due.size()];
     }
 
     /// The sample without its time stamp.
@@ -48,7 +51,7 @@ private:
 
     struct Message
     {
-        std::uint32_t identifier = 0;
+        std::uint32_t identifier = 0; ///< as sent, with its flag
         std::uint16_t kind = 0;
         std::uint8_t channel = 0;
         int period = 1; ///< in steps
@@ -57,9 +60,11 @@ private:
     };
 
     bool addParameter(const ProfileParameter& parameter, const QString& device, QString* error);
+    void spread();
     static std::uint32_t rawValue(const Field& field, double value);
 
-    std::vector<Message> m_messages; ///< in profile order
+    std::vector<Message> m_messages;             ///< in profile order
+    std::vector<std::vector<std::size_t>> m_due; ///< by step, as long as the longest period
 };
 
 } // namespace KOLT::SampleCard

@@ -149,7 +149,7 @@ void Pilot::prepare(Phase phase)
 void Pilot::prepareFlight()
 {
     m_controls.flaps = 10.0;
-    m_waitSeconds = m_random.uniform(72.0, 105.0);
+    m_waitSeconds = m_plan.waiting * m_random.uniform(72.0, 105.0);
     if (m_repeatsFlight) {
         m_repeatsFlight = false;
         return;
@@ -157,7 +157,7 @@ void Pilot::prepareFlight()
     ++m_flight;
     m_pull = m_random.uniform(0.92, 1.04);
     m_towClimb = m_random.uniform(3.1, 4.0);
-    m_releaseHeight = m_random.uniform(620.0, 980.0);
+    m_releaseHeight = m_plan.towHeight * m_random.uniform(620.0, 980.0);
     m_sinkRate = m_random.uniform(4.9, 6.6);
     m_descentSpeed = m_random.uniform(45.5, 51.5);
 }

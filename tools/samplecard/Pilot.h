@@ -43,6 +43,8 @@ struct FlightPlan
     bool endsInTheAir = false; ///< one more take-off, recorded only until the climb
     double warmUpSeconds = 120.0;
     double runUpSeconds = 12.0;
+    double towHeight = 1.0; ///< factor of the heights at which gliders release
+    double waiting = 1.0;   ///< factor of the times between line-up and take-off, from 0.7
 };
 
 /// Metres along the runway and across it; the circuit is on the negative side.

@@ -52,7 +52,8 @@ bool writeSampleCard(const SampleCardOptions& options, QString* error)
     int cycleNumber = 0;
     double hours = earlierHours;
     for (const CyclePlan& plan : card) {
-        CycleSimulation simulation(plan, hours, earlierStarts + ++cycleNumber, random);
+        CycleSimulation simulation(plan, hours, earlierStarts + cycleNumber, random);
+        ++cycleNumber;
         CycleWriter writer(folder, plan, encoder, random, fileNumber);
         if (!writer.write(simulation))
             return fail(error, writer.error());

@@ -1,5 +1,6 @@
 #include "base/Diagnostics.h"
 #include "tools/samplecard/SampleCard.h"
+#include "tools/samplecard/SampleHistory.h"
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
@@ -15,6 +16,62 @@ int fail(const QString& text)
     std::fprintf(stderr, "kolt-samplecard: %s\n", qUtf8Printable(text));
     return 1;
 }
+
+void print(const QString& line)
+{
+    std::printf("%s\n", qUtf8Printable(line));
+    std::fflush(stdout);
+}
+
+/// The options of "--history".
+class HistorySwitches
+{
+public:
+    explicit HistorySwitches(QCommandLineParser& parser)
+    {
+        parser.addOptions({m_folder, m_flights, m_missing, m_units});
+    }
+
+    bool isWanted(const QCommandLineParser& parser) const { return parser.isSet(m_folder); }
+
+    int run(const QCommandLineParser& parser, const QString& profile, const QString& seed) const
+    {
+        if (!parser.positionalArguments().isEmpty())
+            return fail(QStringLiteral("--history takes the only folder"));
+        KOLT::SampleCard::HistoryOptions options;
+        options.folder = parser.value(m_folder);
+        options.profilePath = profile;
+        bool ok = false;
+        options.seed = seed.toULongLong(&ok);
+        const auto number = [&](const QCommandLineOption& option, int low, int high) {
+            bool isNumber = false;
+            const int value = parser.value(option).toInt(&isNumber);
+            ok = ok && isNumber && value >= low && value <= high;
+            return value;
+        };
+        options.flights = number(m_flights, 1, 200000);
+        options.flightsWithoutCard = number(m_missing, 0, 200000);
+        options.units = number(m_units, 1, 2);
+        if (!ok)
+            return fail(QStringLiteral("a number is none or out of range"));
+        QString error;
+        return KOLT::SampleCard::writeSampleHistory(options, print, &error) ? 0 : fail(error);
+    }
+
+private:
+    QCommandLineOption m_folder{QStringLiteral("history"),
+                                QStringLiteral("Cards of many months instead of one card, with "
+                                               "what is true of them in \"history.json\"."),
+                                QStringLiteral("FOLDER")};
+    QCommandLineOption m_flights{QStringLiteral("flights"), QStringLiteral("Flights on the cards."),
+                                 QStringLiteral("N"), QStringLiteral("300")};
+    QCommandLineOption m_missing{QStringLiteral("without-card"),
+                                 QStringLiteral("More flights, with no card in the unit."),
+                                 QStringLiteral("N"), QStringLiteral("0")};
+    QCommandLineOption m_units{QStringLiteral("units"),
+                               QStringLiteral("1 or 2; of two, the engines change places."),
+                               QStringLiteral("N"), QStringLiteral("2")};
+};
 
 } // namespace
 
@@ -49,8 +106,11 @@ int main(int argc, char** argv)
             "its folder without this option."),
         QStringLiteral("FILE"));
     parser.addOptions({seed, hours, isShort, profile, planted});
+    const HistorySwitches history(parser);
     parser.process(application);
 
+    if (history.isWanted(parser))
+        return history.run(parser, parser.value(profile), parser.value(seed));
     if (parser.positionalArguments().size() != 1)
         return fail(QStringLiteral("name one folder to write to"));
     KOLT::SampleCard::SampleCardOptions options;
@@ -71,10 +131,7 @@ int main(int argc, char** argv)
             return fail(QStringLiteral("--hours needs a number above 0, up to 1000"));
     }
     options.isShort = parser.isSet(isShort);
-    options.report = [](const QString& line) {
-        std::printf("%s\n", qUtf8Printable(line));
-        std::fflush(stdout);
-    };
+    options.report = print;
     QString error;
     return KOLT::SampleCard::writeSampleCard(options, &error) ? 0 : fail(error);
 }
