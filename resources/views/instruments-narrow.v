@@ -82,18 +82,18 @@
     <style name="scale" height="8" labelSize="13" size="18"/>
 
     <!-- engine speed -->
-    <rectangle style="card" x="4" y="4" width="174" height="162"/>
-    <gauge x="91" y="83.08" radius="73" value="rpm" min="0" max="6500" major="1000"
+    <rectangle style="card" x="4" y="4" width="174" height="158"/>
+    <gauge x="91" y="81" radius="73" value="rpm" min="0" max="6500" major="1000"
            minor="500" labelScale="1000" format="%.0f" state="rpmState" size="27"
            labelSize="14" label="RPM">
         <steps of="ECU Lane A/Engine Speed" or="Engine Speed"/>
         <mark at="rpmLimit" color="red"/>
     </gauge>
-    <text x="91" y="56.8" size="13" align="center" color="dim" text="x 1000"/>
+    <text x="91" y="54.7" size="13" align="center" color="dim" text="x 1000"/>
 
     <!-- manifold pressure -->
-    <rectangle style="card" x="182" y="4" width="174" height="162"/>
-    <gauge x="269" y="83.08" radius="73" value="map * hPa"
+    <rectangle style="card" x="182" y="4" width="174" height="158"/>
+    <gauge x="269" y="81" radius="73" value="map * hPa"
            min="imperial ? 10 : 200" max="mapEnd * hPa" major="imperial ? 10 : 200"
            minor="imperial ? 5 : 100" labelScale="imperial ? 1 : 100"
            format="=imperial ? '%.1f' : '%.0f'" state="mapState" size="27"
@@ -101,36 +101,36 @@
         <steps of="ECU Lane A/Manifold Pressure" or="Manifold Pressure" factor="hPa"/>
         <mark at="mapLimit * hPa" color="red"/>
     </gauge>
-    <text x="269" y="56.8" size="13" align="center" color="dim" visible="not imperial" text="x 100"/>
+    <text x="269" y="54.7" size="13" align="center" color="dim" visible="not imperial" text="x 100"/>
 
     <!-- oil, coolant, electrical system, fuel pressure -->
-    <rectangle style="card" x="4" y="170" width="352" height="132"/>
-    <bar style="scale" x="12" y="202" width="158" label="OIL TEMP" unit="=imperial ? '°F' : '°C'"
+    <rectangle style="card" x="4" y="166" width="352" height="156"/>
+    <bar style="scale" x="12" y="208" width="158" label="OIL TEMP" unit="=imperial ? '°F' : '°C'"
          value="oilTemp" digits="oilTemp * degree + zero" format="%.0f"
          min="0" max="150" state="oilTempState">
         <steps of="ECU Lane A/Oil Temperature" or="Oil Temperature"/>
     </bar>
-    <bar style="scale" x="12" y="243" width="158" label="OIL PRESS" unit="=imperial ? 'psi' : 'bar'"
+    <bar style="scale" x="12" y="255" width="158" label="OIL PRESS" unit="=imperial ? 'psi' : 'bar'"
          value="oilPress" digits="oilPress * bar" format="=imperial ? '%.0f' : '%.1f'"
          min="0" max="8" state="oilPressState">
         <steps of="ECU Lane A/Oil Pressure" or="Oil Pressure"/>
     </bar>
-    <bar style="scale" x="12" y="284" width="158" label="COOLANT" unit="=imperial ? '°F' : '°C'"
+    <bar style="scale" x="12" y="302" width="158" label="COOLANT" unit="=imperial ? '°F' : '°C'"
          value="[Coolant Temperature A]" digits="[Coolant Temperature A] * degree + zero"
          format="%.0f" min="0" max="140" state="[Coolant Temperature A_STATE]">
         <steps of="Coolant Temperature A"/>
     </bar>
-    <bar style="scale" x="190" y="202" width="158" label="VOLTAGE" unit="V"
+    <bar style="scale" x="190" y="208" width="158" label="VOLTAGE" unit="V"
          value="[Bus Voltage A]"
          min="10" max="16" format="%.1f" state="[Bus Voltage A_STATE]">
         <steps of="Bus Voltage A"/>
     </bar>
-    <bar style="scale" x="190" y="243" width="158" label="ALTERNATOR" unit="A"
+    <bar style="scale" x="190" y="255" width="158" label="ALTERNATOR" unit="A"
          value="[Alternator Current]"
          min="0" max="45" format="%.0f" state="[Alternator Current_STATE]">
         <steps of="Alternator Current"/>
     </bar>
-    <bar style="scale" x="190" y="284" width="158" label="FUEL P" unit="=imperial ? 'psi' : 'bar'"
+    <bar style="scale" x="190" y="302" width="158" label="FUEL P" unit="=imperial ? 'psi' : 'bar'"
          value="[Fuel Pressure A]" value2="[Fuel Pressure B]" min="2" max="4"
          digits="[Fuel Pressure A] * bar" digits2="[Fuel Pressure B] * bar"
          format="=imperial ? '%.0f' : '%.1f'" state="[Fuel Pressure A_STATE]"
@@ -139,10 +139,10 @@
     </bar>
 
     <!-- cautions and warnings -->
-    <rectangle style="card" x="4" y="306" width="352" height="64"/>
+    <rectangle style="card" x="4" y="326" width="352" height="50"/>
     <style name="warning" color="white" background="red" priority="2"/>
     <style name="caution" color="amber" priority="1"/>
-    <annunciator x="8" y="308" width="344" height="60" rows="3" size="14">
+    <annunciator x="8" y="327" width="344" height="48" rows="3" size="13">
         <message style="warning" text="OIL PRESSURE"
                  when="[Lamp Oil Pressure] == 1 or oilPressWorst == 2 and isset(oilPress)"/>
         <message style="warning" text="OVERSPEED"
@@ -175,12 +175,12 @@
     </annunciator>
 
     <!-- exhaust gas -->
-    <rectangle style="card" x="4" y="374" width="196" height="104"/>
-    <style name="egt" y="411" width="20" height="40" min="300" max="1000" look="fill" labelSize="13"
+    <rectangle style="card" x="4" y="380" width="196" height="104"/>
+    <style name="egt" y="422" width="20" height="36" min="300" max="1000" look="fill" labelSize="13"
            size="17" format="%.0f"/>
-    <text style="caption" x="12" y="385" text="=imperial ? 'EGT °F' : 'EGT °C'"/>
-    <text style="caption" x="151.6" y="385" align="right" text="SPREAD"/>
-    <text x="192" y="385" align="right" size="16" weight="bold" value="spread * degree" format="%.0f"/>
+    <text style="caption" x="12" y="391" text="=imperial ? 'EGT °F' : 'EGT °C'"/>
+    <text style="caption" x="151.6" y="391" align="right" text="SPREAD"/>
+    <text x="192" y="391" align="right" size="16" weight="bold" value="spread * degree" format="%.0f"/>
     <bar style="egt" x="20" label="1" value="egt1" digits="egt1 * degree + zero" state="egt1State">
         <steps of="ECU Lane A/EGT 1" or="EGT 1"/>
     </bar>
@@ -195,10 +195,10 @@
     </bar>
 
     <!-- throttle and lanes -->
-    <rectangle style="card" x="204" y="374" width="152" height="104"/>
-    <bar style="scale" x="212" y="407" width="136" label="THR %" value="[Throttle A]" value2="[Throttle B]"
+    <rectangle style="card" x="204" y="380" width="152" height="104"/>
+    <bar style="scale" x="212" y="414" width="136" label="THR %" value="[Throttle A]" value2="[Throttle B]"
          format="%.0f" min="0" max="100" major="25" size="17"/>
-    <style name="lane" y="434" width="67" height="38" size="13" color="grey"/>
+    <style name="lane" y="441" width="67" height="38" size="13" color="grey"/>
     <lamp style="lane" x="210" text="LANE A|STANDBY" value="[Lamp Lane A] == 1 ? 2 : [Lane A Active]">
         <case value="2" text="LANE A|FAULT"/>
         <case value="1" text="LANE A|ACTIVE" color="white" background="#00703a"/>
@@ -209,15 +209,15 @@
     </lamp>
 
     <!-- fuel, engine state, hours -->
-    <rectangle style="card" x="4" y="482" width="352" height="44"/>
-    <text style="caption" x="12" y="494" text="FUEL FLOW"/>
-    <text style="number" x="136" y="494" value="[Fuel Flow A] * litre" format="%.1f"/>
-    <text style="number" x="182" y="494" value="[Fuel Flow B] * litre" format="%.1f"/>
-    <text style="caption" x="187" y="494" text="=imperial ? 'gal/h' : 'l/h'"/>
-    <text style="caption" x="12" y="514" text="FUEL USED"/>
-    <text style="number" x="182" y="514" value="[Fuel Used] * litre" format="%.1f"/>
-    <text style="caption" x="187" y="514" text="=imperial ? 'gal' : 'l'"/>
-    <text x="348" y="494" align="right" size="15" weight="bold" value="[Engine State A]" dashes="---">
+    <rectangle style="card" x="4" y="488" width="352" height="44"/>
+    <text style="caption" x="12" y="500" text="FUEL FLOW"/>
+    <text style="number" x="136" y="500" value="[Fuel Flow A] * litre" format="%.1f"/>
+    <text style="number" x="182" y="500" value="[Fuel Flow B] * litre" format="%.1f"/>
+    <text style="caption" x="187" y="500" text="=imperial ? 'gal/h' : 'l/h'"/>
+    <text style="caption" x="12" y="520" text="FUEL USED"/>
+    <text style="number" x="182" y="520" value="[Fuel Used] * litre" format="%.1f"/>
+    <text style="caption" x="187" y="520" text="=imperial ? 'gal' : 'l'"/>
+    <text x="348" y="500" align="right" size="15" weight="bold" value="[Engine State A]" dashes="---">
         <case value="0" text="STOPPED" color="grey"/>
         <case value="1" text="CRANKING"/>
         <case value="2" text="IDLE"/>
@@ -227,22 +227,22 @@
         <case value="6" text="TAKE-OFF"/>
         <case value="7" text="LIMP HOME" color="red"/>
     </text>
-    <text style="caption" x="252" y="514" text="HOURS"/>
-    <text style="number" x="348" y="514" value="hours" format="%.0f"/>
+    <text style="caption" x="252" y="520" text="HOURS"/>
+    <text style="number" x="348" y="520" value="hours" format="%.0f"/>
 
     <!-- warning lamps; some variants have one more -->
-    <style name="lamp" width="85.75" height="20.5" size="12.5"/>
+    <style name="lamp" width="85.75" height="18.5" size="12.5"/>
     <style name="red" value="1" color="white" background="red"/>
     <style name="amber" value="1" color="black" background="amber"/>
-    <lamp style="lamp" x="4" y="530" text="OIL PRESS" value="[Lamp Oil Pressure]"><case style="red"/></lamp>
-    <lamp style="lamp" x="92.75" y="530" text="OIL TEMP" value="[Lamp Oil Temperature]"><case style="red"/></lamp>
-    <lamp style="lamp" x="181.5" y="530" text="COOLANT" value="[Lamp Coolant]"><case style="red"/></lamp>
-    <lamp style="lamp" x="270.25" y="530" text="OVERSPEED" value="[Lamp Overspeed]"><case style="red"/></lamp>
-    <lamp style="lamp" x="4" y="553.2" text="GENERATOR" value="[Lamp Generator]"><case style="red"/></lamp>
-    <lamp style="lamp" x="92.75" y="553.2" text="FUEL PRESS" value="[Lamp Fuel Pressure]"><case style="red"/></lamp>
-    <lamp style="lamp" x="181.5" y="553.2" text="EXH GAS" value="[Lamp Exhaust Gas]"><case style="amber"/></lamp>
-    <lamp style="lamp" x="270.25" y="553.2" text="FUEL LOW" value="[Lamp Low Fuel]"><case style="amber"/></lamp>
-    <lamp style="lamp" x="4" y="576.4" text="LANE A" value="[Lamp Lane A]"><case style="amber"/></lamp>
-    <lamp style="lamp" x="92.75" y="576.4" text="LANE B" value="[Lamp Lane B]"><case style="amber"/></lamp>
-    <lamp style="lamp" x="181.5" y="576.4" text="TOW" value="[Lamp Tow]" visible="hasTow"><case style="amber"/></lamp>
+    <lamp style="lamp" x="4" y="536" text="OIL PRESS" value="[Lamp Oil Pressure]"><case style="red"/></lamp>
+    <lamp style="lamp" x="92.75" y="536" text="OIL TEMP" value="[Lamp Oil Temperature]"><case style="red"/></lamp>
+    <lamp style="lamp" x="181.5" y="536" text="COOLANT" value="[Lamp Coolant]"><case style="red"/></lamp>
+    <lamp style="lamp" x="270.25" y="536" text="OVERSPEED" value="[Lamp Overspeed]"><case style="red"/></lamp>
+    <lamp style="lamp" x="4" y="557" text="GENERATOR" value="[Lamp Generator]"><case style="red"/></lamp>
+    <lamp style="lamp" x="92.75" y="557" text="FUEL PRESS" value="[Lamp Fuel Pressure]"><case style="red"/></lamp>
+    <lamp style="lamp" x="181.5" y="557" text="EXH GAS" value="[Lamp Exhaust Gas]"><case style="amber"/></lamp>
+    <lamp style="lamp" x="270.25" y="557" text="FUEL LOW" value="[Lamp Low Fuel]"><case style="amber"/></lamp>
+    <lamp style="lamp" x="4" y="578" text="LANE A" value="[Lamp Lane A]"><case style="amber"/></lamp>
+    <lamp style="lamp" x="92.75" y="578" text="LANE B" value="[Lamp Lane B]"><case style="amber"/></lamp>
+    <lamp style="lamp" x="181.5" y="578" text="TOW" value="[Lamp Tow]" visible="hasTow"><case style="amber"/></lamp>
 </view>

@@ -1,7 +1,7 @@
 <?xml version="1.0" encoding="UTF-8"?>
 <!-- The engine panel of the default profile, for square pages. Format: docs/formats/view.md. Limits
      and their colours come from the profile. -->
-<view width="720" height="600" background="#05070a" font="B612">
+<view width="720" height="700" background="#05070a" font="B612">
     <font file="fonts/B612-Regular.otf"/>
     <font file="fonts/B612-Bold.otf"/>
 
@@ -77,55 +77,55 @@
     <define name="spread" value="max(egt1, egt2, egt3, egt4) - min(egt1, egt2, egt3, egt4)"/>
 
     <style name="card" fill="card" stroke="edge" thickness="1.5" corner="6"/>
-    <style name="caption" size="15" color="grey"/>
+    <style name="caption" size="16" color="grey"/>
     <style name="number" size="24" weight="bold" align="right"/>
-    <style name="scale" height="12" labelSize="15" size="26"/>
+    <style name="scale" height="12" labelSize="16" size="27"/>
 
     <!-- engine speed -->
-    <rectangle style="card" x="6" y="6" width="232" height="222"/>
-    <gauge x="122" y="114.84" radius="102" value="rpm" min="0" max="6500" major="1000"
-           minor="500" labelScale="1000" format="%.0f" state="rpmState" size="37"
-           labelSize="18" label="RPM">
+    <rectangle style="card" x="6" y="6" width="232" height="232"/>
+    <gauge x="122" y="118.8" radius="106" value="rpm" min="0" max="6500" major="1000"
+           minor="500" labelScale="1000" format="%.0f" state="rpmState" size="40"
+           labelSize="19" label="RPM">
         <steps of="ECU Lane A/Engine Speed" or="Engine Speed"/>
         <mark at="rpmLimit" color="red"/>
     </gauge>
-    <text x="122" y="78.12" size="14" align="center" color="dim" text="x 1000"/>
+    <text x="122" y="80.6" size="15" align="center" color="dim" text="x 1000"/>
 
     <!-- manifold pressure -->
-    <rectangle style="card" x="244" y="6" width="232" height="222"/>
-    <gauge x="360" y="114.84" radius="102" value="map * hPa"
+    <rectangle style="card" x="244" y="6" width="232" height="232"/>
+    <gauge x="360" y="118.8" radius="106" value="map * hPa"
            min="imperial ? 10 : 200" max="mapEnd * hPa" major="imperial ? 10 : 200"
            minor="imperial ? 5 : 100" labelScale="imperial ? 1 : 100"
-           format="=imperial ? '%.1f' : '%.0f'" state="mapState" size="37"
-           labelSize="18" label="=imperial ? 'MAN inHg' : 'MAN hPa'">
+           format="=imperial ? '%.1f' : '%.0f'" state="mapState" size="40"
+           labelSize="19" label="=imperial ? 'MAN inHg' : 'MAN hPa'">
         <steps of="ECU Lane A/Manifold Pressure" or="Manifold Pressure" factor="hPa"/>
         <mark at="mapLimit * hPa" color="red"/>
     </gauge>
-    <text x="360" y="78.12" size="14" align="center" color="dim" visible="not imperial" text="x 100"/>
+    <text x="360" y="80.6" size="15" align="center" color="dim" visible="not imperial" text="x 100"/>
 
     <!-- oil and coolant -->
-    <rectangle style="card" x="482" y="6" width="232" height="222"/>
-    <bar style="scale" x="494" y="64" width="208" label="OIL TEMP" unit="=imperial ? '°F' : '°C'"
+    <rectangle style="card" x="482" y="6" width="232" height="248"/>
+    <bar style="scale" x="494" y="68" width="208" label="OIL TEMP" unit="=imperial ? '°F' : '°C'"
          value="oilTemp" digits="oilTemp * degree + zero" format="%.0f"
          min="0" max="150" state="oilTempState">
         <steps of="ECU Lane A/Oil Temperature" or="Oil Temperature"/>
     </bar>
-    <bar style="scale" x="494" y="132" width="208" label="OIL PRESS" unit="=imperial ? 'psi' : 'bar'"
+    <bar style="scale" x="494" y="144" width="208" label="OIL PRESS" unit="=imperial ? 'psi' : 'bar'"
          value="oilPress" digits="oilPress * bar" format="=imperial ? '%.0f' : '%.1f'"
          min="0" max="8" state="oilPressState">
         <steps of="ECU Lane A/Oil Pressure" or="Oil Pressure"/>
     </bar>
-    <bar style="scale" x="494" y="200" width="208" label="COOLANT" unit="=imperial ? '°F' : '°C'"
+    <bar style="scale" x="494" y="220" width="208" label="COOLANT" unit="=imperial ? '°F' : '°C'"
          value="[Coolant Temperature A]" digits="[Coolant Temperature A] * degree + zero"
          format="%.0f" min="0" max="140" state="[Coolant Temperature A_STATE]">
         <steps of="Coolant Temperature A"/>
     </bar>
 
     <!-- cautions and warnings -->
-    <rectangle style="card" x="6" y="234" width="470" height="92"/>
+    <rectangle style="card" x="6" y="244" width="470" height="116"/>
     <style name="warning" color="white" background="red" priority="2"/>
     <style name="caution" color="amber" priority="1"/>
-    <annunciator x="12" y="238" width="458" height="84" rows="3" size="18">
+    <annunciator x="12" y="248" width="458" height="108" rows="4" size="18">
         <message style="warning" text="OIL PRESSURE"
                  when="[Lamp Oil Pressure] == 1 or oilPressWorst == 2 and isset(oilPress)"/>
         <message style="warning" text="OVERSPEED"
@@ -158,18 +158,18 @@
     </annunciator>
 
     <!-- electrical system, fuel pressure -->
-    <rectangle style="card" x="482" y="234" width="232" height="212"/>
-    <bar style="scale" x="494" y="288" width="208" label="VOLTAGE" unit="V"
+    <rectangle style="card" x="482" y="260" width="232" height="248"/>
+    <bar style="scale" x="494" y="322" width="208" label="VOLTAGE" unit="V"
          value="[Bus Voltage A]"
          min="10" max="16" format="%.1f" state="[Bus Voltage A_STATE]">
         <steps of="Bus Voltage A"/>
     </bar>
-    <bar style="scale" x="494" y="352" width="208" label="ALTERNATOR" unit="A"
+    <bar style="scale" x="494" y="398" width="208" label="ALTERNATOR" unit="A"
          value="[Alternator Current]"
          min="0" max="45" format="%.0f" state="[Alternator Current_STATE]">
         <steps of="Alternator Current"/>
     </bar>
-    <bar style="scale" x="494" y="416" width="208" label="FUEL P" unit="=imperial ? 'psi' : 'bar'"
+    <bar style="scale" x="494" y="474" width="208" label="FUEL P" unit="=imperial ? 'psi' : 'bar'"
          value="[Fuel Pressure A]" value2="[Fuel Pressure B]" min="2" max="4"
          digits="[Fuel Pressure A] * bar" digits2="[Fuel Pressure B] * bar"
          format="=imperial ? '%.0f' : '%.1f'" state="[Fuel Pressure A_STATE]"
@@ -178,12 +178,12 @@
     </bar>
 
     <!-- exhaust gas -->
-    <rectangle style="card" x="6" y="332" width="232" height="168"/>
-    <style name="egt" y="392" width="26" height="72" min="300" max="1000" look="fill" labelSize="15"
-           size="21" format="%.0f"/>
-    <text style="caption" x="14" y="352" text="=imperial ? 'EGT °F' : 'EGT °C'"/>
-    <text style="caption" x="175.2" y="352" align="right" text="SPREAD"/>
-    <text x="230" y="352" align="right" size="22" weight="bold" value="spread * degree" format="%.0f"/>
+    <rectangle style="card" x="6" y="366" width="232" height="202"/>
+    <style name="egt" y="434" width="26" height="92" min="300" max="1000" look="fill" labelSize="16"
+           size="22" format="%.0f"/>
+    <text style="caption" x="14" y="388" text="=imperial ? 'EGT °F' : 'EGT °C'"/>
+    <text style="caption" x="175.2" y="388" align="right" text="SPREAD"/>
+    <text x="230" y="388" align="right" size="22" weight="bold" value="spread * degree" format="%.0f"/>
     <bar style="egt" x="23.5" label="1" value="egt1" digits="egt1 * degree + zero" state="egt1State">
         <steps of="ECU Lane A/EGT 1" or="EGT 1"/>
     </bar>
@@ -198,10 +198,10 @@
     </bar>
 
     <!-- throttle and lanes -->
-    <rectangle style="card" x="244" y="332" width="232" height="168"/>
-    <bar style="scale" x="256" y="384" width="208" label="THR %" value="[Throttle A]" value2="[Throttle B]"
-         format="%.0f" min="0" max="100" major="25" size="26"/>
-    <style name="lane" y="412" width="101" height="46" size="15" color="grey"/>
+    <rectangle style="card" x="244" y="366" width="232" height="202"/>
+    <bar style="scale" x="256" y="426" width="208" label="THR %" value="[Throttle A]" value2="[Throttle B]"
+         format="%.0f" min="0" max="100" major="25" size="27"/>
+    <style name="lane" y="462" width="101" height="54" size="16" color="grey"/>
     <lamp style="lane" x="256" text="LANE A|STANDBY" value="[Lamp Lane A] == 1 ? 2 : [Lane A Active]">
         <case value="2" text="LANE A|FAULT"/>
         <case value="1" text="LANE A|ACTIVE" color="white" background="#00703a"/>
@@ -210,7 +210,7 @@
         <case value="2" text="LANE B|FAULT"/>
         <case value="1" text="LANE B|ACTIVE" color="white" background="#00703a"/>
     </lamp>
-    <text x="360" y="480" align="center" size="18" weight="bold" value="[Engine State A]" dashes="---">
+    <text x="360" y="543" align="center" size="20" weight="bold" value="[Engine State A]" dashes="---">
         <case value="0" text="STOPPED" color="grey"/>
         <case value="1" text="CRANKING"/>
         <case value="2" text="IDLE"/>
@@ -222,30 +222,30 @@
     </text>
 
     <!-- fuel, hours -->
-    <rectangle style="card" x="482" y="452" width="232" height="142"/>
-    <text style="caption" x="494" y="474" text="FUEL FLOW"/>
-    <text style="number" x="600" y="504" value="[Fuel Flow A] * litre" format="%.1f"/>
-    <text style="number" x="660" y="504" value="[Fuel Flow B] * litre" format="%.1f"/>
-    <text style="caption" x="666" y="504" text="=imperial ? 'gal/h' : 'l/h'"/>
-    <text style="caption" x="494" y="540" text="FUEL USED"/>
-    <text style="number" x="660" y="540" value="[Fuel Used] * litre" format="%.1f"/>
-    <text style="caption" x="666" y="540" text="=imperial ? 'gal' : 'l'"/>
-    <text style="caption" x="494" y="574" text="HOURS"/>
-    <text style="number" x="660" y="574" value="hours" format="%.0f"/>
+    <rectangle style="card" x="482" y="514" width="232" height="180"/>
+    <text style="caption" x="494" y="538" text="FUEL FLOW"/>
+    <text style="number" x="600" y="574" value="[Fuel Flow A] * litre" format="%.1f"/>
+    <text style="number" x="660" y="574" value="[Fuel Flow B] * litre" format="%.1f"/>
+    <text style="caption" x="666" y="574" text="=imperial ? 'gal/h' : 'l/h'"/>
+    <text style="caption" x="494" y="620" text="FUEL USED"/>
+    <text style="number" x="660" y="620" value="[Fuel Used] * litre" format="%.1f"/>
+    <text style="caption" x="666" y="620" text="=imperial ? 'gal' : 'l'"/>
+    <text style="caption" x="494" y="662" text="HOURS"/>
+    <text style="number" x="660" y="662" value="hours" format="%.0f"/>
 
     <!-- warning lamps; some variants have one more -->
-    <style name="lamp" width="114.5" height="27" size="14"/>
+    <style name="lamp" width="114.5" height="36" size="15.5"/>
     <style name="red" value="1" color="white" background="red"/>
     <style name="amber" value="1" color="black" background="amber"/>
-    <lamp style="lamp" x="6" y="506" text="OIL PRESS" value="[Lamp Oil Pressure]"><case style="red"/></lamp>
-    <lamp style="lamp" x="124.3" y="506" text="OIL TEMP" value="[Lamp Oil Temperature]"><case style="red"/></lamp>
-    <lamp style="lamp" x="242.6" y="506" text="COOLANT" value="[Lamp Coolant]"><case style="red"/></lamp>
-    <lamp style="lamp" x="360.9" y="506" text="OVERSPEED" value="[Lamp Overspeed]"><case style="red"/></lamp>
-    <lamp style="lamp" x="6" y="536" text="GENERATOR" value="[Lamp Generator]"><case style="red"/></lamp>
-    <lamp style="lamp" x="124.3" y="536" text="FUEL PRESS" value="[Lamp Fuel Pressure]"><case style="red"/></lamp>
-    <lamp style="lamp" x="242.6" y="536" text="EXH GAS" value="[Lamp Exhaust Gas]"><case style="amber"/></lamp>
-    <lamp style="lamp" x="360.9" y="536" text="FUEL LOW" value="[Lamp Low Fuel]"><case style="amber"/></lamp>
-    <lamp style="lamp" x="6" y="566" text="LANE A" value="[Lamp Lane A]"><case style="amber"/></lamp>
-    <lamp style="lamp" x="124.3" y="566" text="LANE B" value="[Lamp Lane B]"><case style="amber"/></lamp>
-    <lamp style="lamp" x="242.6" y="566" text="TOW" value="[Lamp Tow]" visible="hasTow"><case style="amber"/></lamp>
+    <lamp style="lamp" x="6" y="574" text="OIL PRESS" value="[Lamp Oil Pressure]"><case style="red"/></lamp>
+    <lamp style="lamp" x="124.3" y="574" text="OIL TEMP" value="[Lamp Oil Temperature]"><case style="red"/></lamp>
+    <lamp style="lamp" x="242.6" y="574" text="COOLANT" value="[Lamp Coolant]"><case style="red"/></lamp>
+    <lamp style="lamp" x="360.9" y="574" text="OVERSPEED" value="[Lamp Overspeed]"><case style="red"/></lamp>
+    <lamp style="lamp" x="6" y="616" text="GENERATOR" value="[Lamp Generator]"><case style="red"/></lamp>
+    <lamp style="lamp" x="124.3" y="616" text="FUEL PRESS" value="[Lamp Fuel Pressure]"><case style="red"/></lamp>
+    <lamp style="lamp" x="242.6" y="616" text="EXH GAS" value="[Lamp Exhaust Gas]"><case style="amber"/></lamp>
+    <lamp style="lamp" x="360.9" y="616" text="FUEL LOW" value="[Lamp Low Fuel]"><case style="amber"/></lamp>
+    <lamp style="lamp" x="6" y="658" text="LANE A" value="[Lamp Lane A]"><case style="amber"/></lamp>
+    <lamp style="lamp" x="124.3" y="658" text="LANE B" value="[Lamp Lane B]"><case style="amber"/></lamp>
+    <lamp style="lamp" x="242.6" y="658" text="TOW" value="[Lamp Tow]" visible="hasTow"><case style="amber"/></lamp>
 </view>

@@ -3,7 +3,7 @@
      and their colours come from the profile. -->
 <view width="1280" height="720" background="#05070a" font="B612">
     <alternative above="2.1" file="instruments-low.v"/>
-    <alternative below="1.5" file="instruments-square.v"/>
+    <alternative below="1.35" file="instruments-square.v"/>
     <alternative below="0.8" file="instruments-narrow.v"/>
     <font file="fonts/B612-Regular.otf"/>
     <font file="fonts/B612-Bold.otf"/>
