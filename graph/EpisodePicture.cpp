@@ -20,6 +20,7 @@ constexpr QColor groupColor(0x8a, 0x92, 0x9b);
 constexpr QColor ownColors[] = {{0x1f, 0x4e, 0x79}, {0x7a, 0x1f, 0x6b}, {0x00, 0x5f, 0x56}};
 constexpr int bandAlpha = 60;
 constexpr float thin = 0.8F;
+constexpr double nameMargin = 4.0; ///< beside the names, and around them
 constexpr float thick = 2.0F;
 
 /// What the traces are of: measured values, if there are any, as lamps have another scale. That of
@@ -133,18 +134,58 @@ void EpisodePicture::drawBands(ScenePen& pen) const
     }
 }
 
+/// Whether a trace runs through the area.
+bool EpisodePicture::isCrossed(const QRectF& area) const
+{
+    const GraphScale scale = m_graph.commonScale();
+    for (int i = 0; i < m_graph.traceCount(); ++i) {
+        const std::vector<GraphColumn>& columns = m_graph.trace(i).columns();
+        for (std::size_t j = 0; j < columns.size(); ++j) {
+            const GraphColumn& from = columns[j];
+            const GraphColumn& to = columns[std::min(j + 1, columns.size() - 1)];
+            if (m_graph.xOf(to.time) >= area.left() && m_graph.xOf(from.time) <= area.right() &&
+                scale.yOf(std::max(from.highest, to.highest)) >= area.top() &&
+                scale.yOf(std::min(from.lowest, to.lowest)) <= area.bottom())
+                return true;
+        }
+    }
+    return false;
+}
+
+/// The upper left corner of the names' area: that of the plot, or of the first corner where no
+/// trace runs.
+QPointF EpisodePicture::namesPlace(const QSizeF& names) const
+{
+    const QRectF plot = m_graph.plot();
+    const double right = std::max(plot.left(), plot.right() - names.width());
+    const double low = std::min(plot.bottom(), plot.top() + names.height());
+    const QPointF corners[] = {{plot.left(), plot.bottom()},
+                               {right, plot.bottom()},
+                               {plot.left(), low},
+                               {right, low}};
+    const auto* const free = std::ranges::find_if(corners, [&](const QPointF& corner) {
+        return !isCrossed({corner.x(), corner.y() - names.height(), names.width(), names.height()});
+    });
+    return free != std::end(corners) ? *free : corners[0];
+}
+
 /// The names of what crossed in their colours, and those of the group, as far as there is room.
 void EpisodePicture::drawNames(ScenePen& pen) const
 {
     const QRectF plot = m_graph.plot();
     const double line = pen.metrics().lineHeight;
-    double y = plot.bottom() - line / 2.0 - 2.0;
-    for (int i = 0; i < m_graph.traceCount() && y - line / 2.0 > plot.top(); ++i) {
-        const int characters = pen.metrics().charactersIn(plot.width() - 8.0);
-        pen.plateText(plot.left() + 4.0, y, Qt::AlignLeft, m_graph.trace(i).name.left(characters),
-                      m_graph.trace(i).color);
-        y -= line;
-    }
+    const int characters = pen.metrics().charactersIn(plot.width() - 2.0 * nameMargin);
+    const int rows = std::min(m_graph.traceCount(), static_cast<int>(plot.height() / line));
+    qsizetype longest = 0;
+    for (int i = 0; i < rows; ++i)
+        longest = std::max<qsizetype>(longest, m_graph.trace(i).name.left(characters).size());
+    const QPointF place = namesPlace(
+        {static_cast<double>(longest) * pen.metrics().characterWidth + 2.0 * nameMargin,
+         rows * line + nameMargin});
+    double y = place.y() - line / 2.0 - nameMargin / 2.0;
+    for (int i = 0; i < rows; ++i, y -= line)
+        pen.plateText(place.x() + nameMargin, y, Qt::AlignLeft,
+                      m_graph.trace(i).name.left(characters), m_graph.trace(i).color);
 }
 
 } // namespace KOLT

@@ -29,6 +29,8 @@ public:
 private:
     void drawBands(ScenePen& pen) const;
     void drawNames(ScenePen& pen) const;
+    QPointF namesPlace(const QSizeF& names) const;
+    bool isCrossed(const QRectF& area) const;
 
     Graph m_graph;
     int m_ownTraces = 0;     ///< the first ones; those behind are the group's

@@ -60,7 +60,10 @@ struct ReportCycle
 /// An episode, ranked among those of all cycles.
 struct ReportEpisode
 {
-    static constexpr QSizeF graphSize{640.0, 200.0}; ///< of the scene
+    static constexpr QSizeF fullGraph{640.0, 200.0}; ///< sizes of the scene
+    static constexpr QSizeF lampGraph{640.0, 64.0};  ///< on or off needs little height
+
+    QSizeF graphSize() const { return isLampOnly ? lampGraph : fullGraph; }
 
     int cycle = 0;
     std::optional<int> flight; ///< from 1; none outside flights

@@ -100,7 +100,7 @@ void EpisodeRanking::add(int cycle, const DataSet& dataSet, const std::vector<Ep
             EpisodePicture picture;
             picture.show(m_profile, dataSet, episode);
             entry.episode.graph =
-                picture.scene(ReportEpisode::graphSize, graphMetrics, graphResolution);
+                picture.scene(entry.episode.graphSize(), graphMetrics, graphResolution);
         }
         m_entries.push_back(std::move(entry));
     }

@@ -18,7 +18,6 @@ struct Text
 
 constexpr const char* newPage = "page-break-before:always;";
 constexpr int longText = 34; ///< a longer figure has a line of its own
-constexpr int episodesOnPage = 2;
 
 QString placeText(const ReportEpisode& episode)
 {
@@ -35,7 +34,7 @@ QString dateText(const QDateTime& moment)
 
 QString secondsText(double seconds, bool isCut)
 {
-    const QString text = Text::tr("%L1 s").arg(seconds, 0, 'f', 1);
+    const QString text = Text::tr("%1 s").arg(seconds, 0, 'f', 1);
     return isCut ? Text::tr("at least %1").arg(text) : text;
 }
 
@@ -64,12 +63,11 @@ QString figuresHtml(const std::vector<EpisodeFigure>& figures)
 QString worstHtml(const EngineReport& report, std::size_t index)
 {
     const ReportEpisode& episode = report.episodes[index];
-    const bool isNextPage = index > 0 && index % episodesOnPage == 0;
     QString html =
         htmlParagraph(QStringLiteral("%1. %2 - %3, %4")
                           .arg(index + 1)
                           .arg(episode.title, placeText(episode), dateText(episode.begins)),
-                      "h3", isNextPage ? newPage : "") +
+                      "h3") +
         figuresHtml(episode.figures);
     if (episode.graph)
         html +=
@@ -94,7 +92,7 @@ QString othersHtml(const EngineReport& report, std::size_t first)
     return table.html();
 }
 
-/// Each parameter with its cycles.
+/// The parameters, together where it is the same cycles.
 QString startsHtml(const EngineReport& report)
 {
     QStringList names;
@@ -104,9 +102,22 @@ QString startsHtml(const EngineReport& report)
             names << start.parameter;
         cycles[start.parameter] << QString::number(start.cycle);
     }
+    std::vector<std::pair<QStringList, QStringList>> groups; // cycles, names
+    for (const QString& name : names) {
+        const auto same = std::ranges::find(groups, cycles[name],
+                                            &std::pair<QStringList, QStringList>::first);
+        if (same != groups.end())
+            same->second << name;
+        else
+            groups.emplace_back(cycles[name], QStringList{name});
+    }
     QStringList texts;
-    for (const QString& name : names)
-        texts << Text::tr("%1 (cycle %2)").arg(name, cycles[name].join(QStringLiteral(", ")));
+    for (const auto& [numbers, parameters] : groups) {
+        const QString together = parameters.join(QStringLiteral(", "));
+        texts << (static_cast<std::size_t>(numbers.size()) == report.cycles.size()
+                      ? Text::tr("%1 (every cycle)").arg(together)
+                      : Text::tr("%1 (cycle %2)").arg(together, numbers.join(QStringLiteral(", "))));
+    }
     return texts.isEmpty() ? QString()
                            : htmlParagraph(Text::tr("Beyond a threshold at the first sample, which "
                                                     "is no episode: %1")

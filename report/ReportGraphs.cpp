@@ -21,26 +21,36 @@ ReportGraphs::ReportGraphs(const EngineReport& report, const QFont& font)
     m_font.setPixelSize(fontPixels);
 }
 
-QSizeF ReportGraphs::intrinsicSize(QTextDocument* document, int /*position*/,
-                                   const QTextFormat& /*format*/)
+const ReportEpisode* ReportGraphs::episodeOf(const QTextFormat& format) const
 {
+    const QString name = format.toImageFormat().name();
+    const std::size_t index = name.section(QLatin1Char(':'), 1).toULongLong();
+    const bool isThere = index < m_report.episodes.size() && m_report.episodes[index].graph;
+    return isThere ? &m_report.episodes[index] : nullptr;
+}
+
+QSizeF ReportGraphs::intrinsicSize(QTextDocument* document, int /*position*/,
+                                   const QTextFormat& format)
+{
+    const ReportEpisode* const episode = episodeOf(format);
     const double width = document->pageSize().width();
-    return {width, width * ReportEpisode::graphSize.height() / ReportEpisode::graphSize.width()};
+    const QSizeF size = episode != nullptr ? episode->graphSize() : QSizeF(1.0, 0.0);
+    return {width, width * size.height() / size.width()};
 }
 
 void ReportGraphs::drawObject(QPainter* painter, const QRectF& area, QTextDocument* /*document*/,
                               int /*position*/, const QTextFormat& format)
 {
-    const QString name = format.toImageFormat().name();
-    const std::size_t index = name.section(QLatin1Char(':'), 1).toULongLong();
-    if (index >= m_report.episodes.size() || !m_report.episodes[index].graph)
+    const ReportEpisode* const episode = episodeOf(format);
+    if (episode == nullptr)
         return;
     painter->save();
     painter->translate(area.topLeft());
-    const double scale = area.width() / ReportEpisode::graphSize.width();
+    const QSizeF size = episode->graphSize();
+    const double scale = area.width() / size.width();
     painter->scale(scale, scale);
     painter->setFont(m_font);
-    paintScene(*painter, *m_report.episodes[index].graph, ReportEpisode::graphSize);
+    paintScene(*painter, *episode->graph, size);
     painter->restore();
 }
 

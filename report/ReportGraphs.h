@@ -22,6 +22,9 @@ public:
                     const QTextFormat& format) override;
 
 private:
+    /// Null if there is none with a graph.
+    const ReportEpisode* episodeOf(const QTextFormat& format) const;
+
     const EngineReport& m_report;
     QFont m_font;
 };

@@ -2,6 +2,7 @@
 
 #include "base/Version.h"
 #include "report/ReportGraphs.h"
+#include "report/ReportPaging.h"
 #include "report/ReportText.h"
 
 #include <QAbstractTextDocumentLayout>
@@ -94,6 +95,7 @@ void printReport(const EngineReport& report, QPagedPaintDevice& device)
     document.documentLayout()->registerHandler(QTextFormat::ImageObject, &graphs);
     document.setPageSize(body);
     document.setHtml(reportHtml(report));
+    keepTogether(document);
     const int pages = document.pageCount();
     QAbstractTextDocumentLayout::PaintContext context;
     context.palette.setColor(QPalette::Text, Qt::black);

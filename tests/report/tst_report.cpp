@@ -73,9 +73,9 @@ void TestReport::layoutOnPaper()
     QVERIFY2(tool.waitForFinished(), "pdftotext of the package poppler-utils is missing");
     QStringList pages = QString::fromUtf8(tool.readAllStandardOutput()).split("<page ");
     pages.removeFirst();
-    // Head and files; two episodes with graphs on a page; the others as lines.
+    // Head and files; up to three episodes with graphs on a page; the others as lines.
     const int graphs = std::min(episodes, 10);
-    QVERIFY2(pages.size() >= (graphs + 1) / 2 + 1 && pages.size() < 20,
+    QVERIFY2(pages.size() >= (graphs + 2) / 3 + 1 && pages.size() < 20,
              qPrintable(QString::number(pages.size())));
     static const QRegularExpression word(
         "xMin=\"(.*)\" yMin=\"(.*)\" xMax=\"(.*)\" yMax=\"(.*)\">(.*)</word>");
