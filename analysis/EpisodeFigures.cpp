@@ -18,7 +18,7 @@ struct Text
 /// Seconds of an episode; those of one that is cut are the least.
 QString lengthText(const Episode& episode, double seconds)
 {
-    const QString text = Text::tr("%L1 s").arg(seconds, 0, 'f', 1);
+    const QString text = Text::tr("%1 s").arg(seconds, 0, 'f', 1);
     return episode.isCut ? Text::tr("at least %1").arg(text) : text;
 }
 
@@ -102,7 +102,7 @@ std::vector<EpisodeFigure> figuresOf(const Profile& profile, const Episode& epis
     for (const EpisodeLevel& level : episode.levels)
         levels << QStringLiteral("%1: %2").arg(
             numberText(profile, *episode.peak->parameter, level.level),
-            Text::tr("%L1 s").arg(level.seconds, 0, 'f', 1));
+            Text::tr("%1 s").arg(level.seconds, 0, 'f', 1));
     if (!levels.isEmpty())
         figures.add(Text::tr("Time beyond levels"), levels.join(QStringLiteral(", ")));
     return figures.take();

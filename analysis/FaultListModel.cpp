@@ -101,7 +101,7 @@ QVariant FaultListModel::data(const QModelIndex& index, int role) const
     case Begin:
         return counterText(interval->start);
     case Duration:
-        return tr("%L1 s").arg(interval->end - interval->start, 0, 'f', 1);
+        return tr("%1 s").arg(interval->end - interval->start, 0, 'f', 1);
     case End:
         return endText(*interval);
     default:
