@@ -1,6 +1,7 @@
 #include "app/CaseCommand.h"
 
 #include "app/CardSession.h"
+#include "app/project/Project.h"
 #include "profile/Profile.h"
 #include "record/CaseFile.h"
 #include "record/ClockTime.h"
@@ -109,6 +110,7 @@ QString writeCaseFile(const Profile& profile, const CardSession& card, const Gra
         request.selection << parameter->fullName;
     if (!request.selection.contains(target.parameter))
         request.selection << target.parameter;
+    request.project = Project::contentFor(request.selection);
     const CaseResult result = writeCase(card.container(), request);
     if (result.error.isEmpty())
         return form == CaseForm::Folder ? request.folder : request.zip;

@@ -1,5 +1,6 @@
 #include "cli/Cut.h"
 
+#include "app/project/Project.h"
 #include "cli/Arguments.h"
 #include "cli/Recording.h"
 #include "record/CaseFile.h"
@@ -15,6 +16,9 @@ QString cut(const Arguments& arguments)
     if (!error.isEmpty())
         return error;
     const Profile& profile = recording.profile();
+    const QByteArray project = arguments.selection.isEmpty()
+                                   ? QByteArray()
+                                   : Project::contentFor(arguments.selection);
     const CaseResult result = writeCase(recording.card(), {*arguments.cycle,
                                                            arguments.from,
                                                            arguments.to,
@@ -23,6 +27,7 @@ QString cut(const Arguments& arguments)
                                                            profile.path(),
                                                            profile.activeVariant(),
                                                            arguments.selection,
+                                                           project,
                                                            {}});
     if (!result.error.isEmpty())
         return result.error;

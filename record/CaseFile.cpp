@@ -2,7 +2,6 @@
 
 #include "base/SafeFile.h"
 #include "base/WriteGuard.h"
-#include "base/XmlText.h"
 #include "base/ZipFile.h"
 #include "record/RecordFileWriter.h"
 #include "record/SampleReader.h"
@@ -10,7 +9,6 @@
 #include <QCoreApplication>
 #include <QCryptographicHash>
 #include <QDir>
-#include <QDomDocument>
 #include <QFile>
 #include <QFileInfo>
 #include <QJsonArray>
@@ -153,25 +151,6 @@ QByteArray noteOf(const CardContainer& card, const CaseRequest& request, const C
         .toJson();
 }
 
-/// The selection as a project file, which knows parameters by their names alone.
-QByteArray projectOf(const QStringList& selection)
-{
-    QDomDocument document;
-    QDomElement root = document.createElement(QStringLiteral("KoltProject"));
-    QDomElement parameters = document.createElement(QStringLiteral("Parameters"));
-    document.appendChild(root);
-    root.appendChild(parameters);
-    for (const QString& fullName : selection) {
-        QDomElement parameter = document.createElement(QStringLiteral("Parameter"));
-        const QString name = fullName.mid(fullName.indexOf(QLatin1Char('/')) + 1);
-        parameter.setAttribute(QStringLiteral("name"), xmlText(name, InvalidXml::Replace));
-        parameters.appendChild(parameter);
-    }
-    root.appendChild(document.createElement(QStringLiteral("CanProperties")));
-    constexpr int indentation = 4;
-    return document.toByteArray(indentation);
-}
-
 bool isFree(const QString& folder)
 {
     const QFileInfo info(folder);
@@ -250,8 +229,8 @@ CaseResult writeCase(const CardContainer& card, const CaseRequest& request)
     if (cutting.samples == 0)
         return {Text::tr("Nothing was recorded in this time.")};
     Files files{{recordName, cutting.bytes}, {noteName, noteOf(card, request, cutting)}};
-    if (!request.selection.isEmpty())
-        files[projectName] = projectOf(request.selection);
+    if (!request.project.isEmpty())
+        files[projectName] = request.project;
     if (!request.profilePath.isEmpty()) {
         QFile profile(request.profilePath);
         if (!profile.open(QIODevice::ReadOnly))

@@ -21,6 +21,7 @@ struct CaseRequest
     QString profilePath; ///< copied beside; may be empty
     QString variant;
     QStringList selection; ///< full names of the chosen parameters
+    QByteArray project;    ///< the selection as a project file, put beside; may be empty
     QString remark;        ///< for people; may be empty
 };
 
@@ -32,7 +33,7 @@ struct CaseResult
 
 /// Writes the samples of a cycle within the time bit for bit into one new record file, with the
 /// header of the file that they begin in and the cycle's date for counter 0, so that clock times
-/// are those of the card. A project file of the selection lies beside it. Creates files only; what
+/// are those of the card. Creates files only; what
 /// was begun is removed on failure. The folder of the card stays protected.
 CaseResult writeCase(const CardContainer& card, const CaseRequest& request);
 

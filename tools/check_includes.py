@@ -58,7 +58,7 @@ def allowed_uses():
     uses["app/settings"] = set(CORE_USES)
     uses["app/project"] = {"base", "profile"}
     uses["app"] = ALL - OUTER - {"cli"}
-    uses["cli"] = set(CORE_USES) | {"app/settings", "resources"}
+    uses["cli"] = set(CORE_USES) | {"app/project", "app/settings", "resources"}
     uses["tools"] = ALL - {"tests"}
     for layer in ("tests", "benchmarks", "fuzz", "cmake"):
         uses[layer] = ALL

@@ -10,6 +10,8 @@ namespace KOLT {
 
 namespace {
 
+constexpr int indentation = 4;
+
 template <typename Function>
 void forEachChild(const QDomElement& parent, const QString& name, Function&& function)
 {
@@ -28,6 +30,28 @@ QDomElement appendElement(QDomDocument& document, QDomElement parent, const QStr
 QByteArray textOfAttribute(const QDomElement& element, const char* name)
 {
     return element.attribute(QLatin1String(name)).toUtf8();
+}
+
+/// Names that were taken from a file may not be valid XML.
+QDomDocument documentOf(const QStringList& names,
+                        const std::map<QByteArray, QByteArray>& canProperties)
+{
+    QDomDocument document;
+    const QDomElement root = document.createElement(QStringLiteral("KoltProject"));
+    document.appendChild(root);
+    const QDomElement parameters = appendElement(document, root, QStringLiteral("Parameters"));
+    for (const QString& name : names)
+        appendElement(document, parameters, QStringLiteral("Parameter"))
+            .setAttribute(QStringLiteral("name"), xmlText(name, InvalidXml::Replace));
+    const QDomElement properties = appendElement(document, root, QStringLiteral("CanProperties"));
+    for (const auto& [id, value] : canProperties) {
+        QDomElement element = appendElement(document, properties, QStringLiteral("Property"));
+        element.setAttribute(QStringLiteral("id"),
+                             xmlText(QString::fromUtf8(id), InvalidXml::Replace));
+        element.setAttribute(QStringLiteral("value"),
+                             xmlText(QString::fromUtf8(value), InvalidXml::Replace));
+    }
+    return document;
 }
 
 } // namespace
@@ -60,30 +84,26 @@ int Project::read(const QString& path)
     return 1;
 }
 
+QByteArray Project::contentFor(const QStringList& fullNames)
+{
+    QStringList names;
+    for (const QString& fullName : fullNames)
+        names << fullName.mid(fullName.indexOf(QLatin1Char('/')) + 1);
+    return documentOf(names, {}).toByteArray(indentation);
+}
+
 bool Project::write(const QString& path)
 {
-    QDomDocument document;
-    const QDomElement root = document.createElement(QStringLiteral("KoltProject"));
-    document.appendChild(root);
-    const QDomElement parameters = appendElement(document, root, QStringLiteral("Parameters"));
+    QStringList names;
     if (m_profile != nullptr) {
         for (const Device& device : m_profile->devices()) {
             for (const ProfileParameter* parameter : device.parameters) {
                 if (parameter->selected)
-                    appendElement(document, parameters, QStringLiteral("Parameter"))
-                        .setAttribute(QStringLiteral("name"), parameter->name);
+                    names << parameter->name;
             }
         }
     }
-    const QDomElement properties = appendElement(document, root, QStringLiteral("CanProperties"));
-    for (const auto& [id, value] : m_canProperties) {
-        QDomElement element = appendElement(document, properties, QStringLiteral("Property"));
-        element.setAttribute(QStringLiteral("id"),
-                             xmlText(QString::fromUtf8(id), InvalidXml::Replace));
-        element.setAttribute(QStringLiteral("value"),
-                             xmlText(QString::fromUtf8(value), InvalidXml::Replace));
-    }
-    m_lastWrite = writeXmlFile(path, document);
+    m_lastWrite = writeXmlFile(path, documentOf(names, m_canProperties));
     return true;
 }
 

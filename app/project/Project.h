@@ -4,6 +4,7 @@
 
 #include <QByteArray>
 #include <QString>
+#include <QStringList>
 
 #include <map>
 
@@ -31,6 +32,9 @@ public:
 
     /// Always true; see lastWrite() for the result. Failures are also logged.
     bool write(const QString& path);
+
+    /// A project file with these parameters, by their full names.
+    static QByteArray contentFor(const QStringList& fullNames);
 
     /// Result of the last write.
     const WriteResult& lastWrite() const { return m_lastWrite; }
