@@ -21,11 +21,6 @@ namespace KOLT {
 namespace {
 
 constexpr int narrowestPage = 200;
-constexpr int panelEdge = 10;
-constexpr int toolBarRoom = 70;
-constexpr int valuePanelPlace = 310;
-constexpr int valuePanelWidth = 300;
-constexpr int attributionHeight = 48; ///< two lines
 constexpr int toolMargin = 3;
 constexpr int foldIcon = 20;
 
@@ -111,7 +106,6 @@ void DialogDataMap::createFoldButton()
     m_fold->setObjectName(QStringLiteral("foldValues"));
     m_fold->setIcon(lookIcon(QStringLiteral("map-values")));
     m_fold->setIconSize({foldIcon, foldIcon});
-    m_fold->setToolTip(tr("Show the values of the selected parameters"));
     m_fold->setAccessibleName(tr("Values"));
     m_fold->setCheckable(true);
     m_fold->setChecked(m_settings.areValuesShown);
@@ -124,7 +118,8 @@ void DialogDataMap::createNote()
     m_note->setObjectName(QStringLiteral("mapNote"));
     m_note->setStyleSheet(QStringLiteral(
         "QLabel{background-color: #ddffffff; color: #14181e; border-radius: 6px; padding: 4px;}"));
-    m_note->setText(tr("No map tiles here")); // it has a name before it is shown
+    m_noteReason = tr("No map tiles here");
+    m_note->setText(m_noteReason); // it has a name before it is shown
     m_note->setTextInteractionFlags(Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard);
     connect(m_note, &QLabel::linkActivated, this, &DialogDataMap::signalOpenSettings);
     m_note->hide();
@@ -136,9 +131,8 @@ void DialogDataMap::showNote(bool areTilesLacking)
     const QString why = m_map->map().tiles().server().isFolder() ? tr("No map tiles in the folder")
                         : isOffline                              ? tr("No map tiles: offline")
                                                                  : tr("No map tiles here");
-    m_note->setText(QStringLiteral("%1 <a style=\"color: #2f6690\" href=\"settings\">%2</a>")
-                        .arg(why, tr("Map settings...")));
-    m_note->setVisible(areTilesLacking);
+    m_noteReason = why;
+    m_areTilesLacking = areTilesLacking;
     placePanels();
 }
 
@@ -154,7 +148,7 @@ void DialogDataMap::setSettings(const MapSettings& settings)
 {
     m_settings = settings;
     m_map->setSettings(settings);
-    showNote(!m_note->isHidden()); // tiles may lack for another reason now
+    showNote(m_areTilesLacking); // tiles may lack for another reason now
 }
 
 void DialogDataMap::fitTrack()
@@ -279,58 +273,6 @@ void DialogDataMap::showTime()
     if (m_flight.widget().isHidden() != m_isFlightHidden)
         placePanels();
     m_values.showTime(time());
-}
-
-/// Places a panel of the left column at `top`, unless it is hidden, and moves `top` below it.
-void DialogDataMap::raiseInto(QWidget& panel, int& top)
-{
-    if (panel.isHidden())
-        return;
-    panel.setMaximumWidth(std::max(1, width() - 2 * panelEdge));
-    panel.adjustSize();
-    panel.move(panelEdge, top);
-    panel.raise();
-    top = panel.geometry().bottom() + panelEdge / 2;
-    m_covered.emplace_back(panel.geometry());
-}
-
-void DialogDataMap::placePanels()
-{
-    // The attribution and the scale bar at the bottom must stay visible.
-    m_covered = {QRectF(0, height() - attributionHeight, width(), attributionHeight)};
-    m_toolPanel->setMaximumWidth(std::max(1, width() - toolBarRoom));
-    m_toolPanel->adjustSize();
-    m_toolPanel->move(panelEdge, panelEdge);
-    m_toolPanel->raise();
-    m_covered.emplace_back(m_toolPanel->geometry());
-    int top = m_toolPanel->geometry().bottom() + panelEdge / 2;
-    raiseInto(m_flight.widget(), top);
-    m_note->setWordWrap(false);
-    m_note->setWordWrap(m_note->sizeHint().width() > width() - 2 * panelEdge);
-    raiseInto(*m_note, top);
-    // In a narrow map the values are placed below the column.
-    QRect values(std::max(panelEdge, width() - valuePanelPlace), panelEdge,
-                 std::min(valuePanelWidth, width() - 2 * panelEdge), 0);
-    const int beside = values.left() - panelEdge - m_fold->sizeHint().width();
-    const bool isBeside = std::ranges::none_of(m_covered, [&](const QRectF& panel) {
-        return panel.top() < height() - attributionHeight && panel.right() >= beside;
-    });
-    if (!isBeside)
-        values.moveTop(top);
-    values.setBottom(height() - attributionHeight);
-    m_values.place(values);
-    m_values.widget().raise();
-    const bool areValuesShown = !m_values.widget().isHidden();
-    if (areValuesShown)
-        m_covered.emplace_back(m_values.widget().geometry());
-    m_fold->adjustSize();
-    const int right =
-        areValuesShown && isBeside ? values.left() - panelEdge / 2 : width() - panelEdge;
-    m_fold->move(right - m_fold->width(), panelEdge);
-    m_fold->raise();
-    m_covered.emplace_back(m_fold->geometry());
-    m_isFlightHidden = m_flight.widget().isHidden();
-    m_map->setCovered(m_covered);
 }
 
 void DialogDataMap::resizeEvent(QResizeEvent* event)

@@ -74,6 +74,8 @@ private:
     void createFoldButton();
     void createNote();
     void showNote(bool areTilesLacking);
+    void placeNote(int& top);
+    bool placeValues(int top);
     void foldValues(bool areShown);
     void raiseInto(QWidget& panel, int& top);
     void dropTrack();
@@ -96,6 +98,8 @@ private:
     MapValuePanel m_values;
     FlightPanel m_flight;
     QLabel* m_note = nullptr; ///< that there are no tiles
+    QString m_noteReason;
+    bool m_areTilesLacking = false;
     bool m_isFlightHidden = true;
     std::vector<QRectF> m_covered; ///< by the panels and the texts at the bottom
     AircraftTrack m_aircraft;

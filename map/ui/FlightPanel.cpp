@@ -12,6 +12,7 @@ namespace {
 
 constexpr int margin = 5;
 constexpr int columnGap = 12;
+constexpr int outline = 6; ///< around a text
 
 } // namespace
 
@@ -54,9 +55,16 @@ QString FlightPanel::textOf(Role role, double metric, bool isKnown) const
     return unit.isEmpty() ? number : number + QLatin1Char(' ') + unit;
 }
 
+void FlightPanel::fit(int room)
+{
+    m_room = room;
+    m_panel->setVisible(m_isKnown && m_panel->sizeHint().width() <= room);
+}
+
 void FlightPanel::show(const TrackPoint* point)
 {
-    m_panel->setVisible(point != nullptr);
+    m_isKnown = point != nullptr;
+    fit(m_room);
     if (point == nullptr)
         return;
     const QStringList widest{QStringLiteral("00000 ft"), QStringLiteral("000 km/h"),
@@ -65,7 +73,7 @@ void FlightPanel::show(const TrackPoint* point)
         OutlinedLabel* const label = m_values[i];
         label->ensurePolished();
         label->setMinimumWidth(
-            label->fontMetrics().horizontalAdvance(widest[static_cast<qsizetype>(i)]));
+            label->fontMetrics().horizontalAdvance(widest[static_cast<qsizetype>(i)]) + outline);
     }
     // Across a gap nothing is known: the track's points there are interpolated.
     const bool isKnown = point->hasFix && !point->isInGap;

@@ -23,12 +23,17 @@ public:
     /// Hidden without a point. What the point does not know is shown as dashes.
     void show(const TrackPoint* point);
 
+    /// Hidden where it is wider than this, too.
+    void fit(int room);
+
 private:
     QString textOf(Role role, double metric, bool isKnown) const;
 
     const Profile& m_profile;
     QWidget* m_panel;
     std::array<OutlinedLabel*, 3> m_values{};
+    bool m_isKnown = false; ///< where the flight is
+    int m_room = QWIDGETSIZE_MAX;
 };
 
 } // namespace KOLT

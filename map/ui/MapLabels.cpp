@@ -147,14 +147,22 @@ void MapLabels::drawLegend(const TrackColors& colors, double bottom)
     m_font->draw(m_handler, colors.highText, left + inside, y, textColor, true);
 }
 
-void MapLabels::drawGrid(const MapGrid& grid, double windowWidth, double windowHeight)
+void MapLabels::drawGrid(const MapGrid& grid, const QSizeF& window,
+                         std::span<const QRectF> covered)
 {
+    const double windowWidth = window.width();
+    const double windowHeight = window.height();
     for (const MapGrid::Line& line : grid.upright)
         drawRectangle({std::floor(line.place), 0.0, 1.0, windowHeight}, gridColor);
     for (const MapGrid::Line& line : grid.level)
         drawRectangle({0.0, std::floor(line.place), windowWidth, 1.0}, gridColor);
     if (!m_font)
         return;
+    const auto draw = [&](const QString& text, double x, double y) {
+        const QRectF place(x, windowHeight - y - textHeight / 2.0, textWidth(text), textHeight);
+        if (std::ranges::none_of(covered, [&](const QRectF& area) { return area.intersects(place); }))
+            m_font->draw(m_handler, text, x, y, gridTextColor);
+    };
     // The distances are along the lines through the origin, or near the edge beyond which it is.
     const auto within = [](double place, double length) {
         return std::clamp(place, std::min(gridTextRoom, length / 2.0),
@@ -162,11 +170,11 @@ void MapLabels::drawGrid(const MapGrid& grid, double windowWidth, double windowH
     };
     const double y = within(grid.origin.y, windowHeight) + textHeight / 2.0;
     for (const MapGrid::Line& line : grid.upright)
-        m_font->draw(m_handler, line.text, line.place + textMargin, y, gridTextColor);
+        draw(line.text, line.place + textMargin, y);
     const double x = within(grid.origin.x, windowWidth) + textMargin;
     for (const MapGrid::Line& line : grid.level) {
         if (line.place > gridTextRoom)
-            m_font->draw(m_handler, line.text, x, line.place + textHeight / 2.0, gridTextColor);
+            draw(line.text, x, line.place + textHeight / 2.0);
     }
 }
 

@@ -7,9 +7,11 @@
 #include "map/TrackColors.h"
 
 #include <QRectF>
+#include <QSizeF>
 #include <QStringList>
 
 #include <optional>
+#include <span>
 
 namespace KOLT {
 
@@ -32,7 +34,9 @@ public:
 
     void draw(const Contents& contents, double windowWidth);
 
-    void drawGrid(const MapGrid& grid, double windowWidth, double windowHeight);
+    /// Distances are left out where something covers the map. Covered areas are counted from the
+    /// upper left corner of the window.
+    void drawGrid(const MapGrid& grid, const QSizeF& window, std::span<const QRectF> covered);
     /// A compass card above the attribution.
     void drawCompass(const QString& attribution, double windowWidth);
 

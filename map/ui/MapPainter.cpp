@@ -115,8 +115,8 @@ void MapPainter::drawBackdrop(const Tessa::Globe& globe, Tessa::LatLong from,
     const double height = backdrop.window.height();
     if (const auto origin = globe.latLong2Window(from))
         m_labels.drawGrid(
-            MapGrid::around(*origin, globe.metresPerPixel(), width, height, backdrop.system), width,
-            height);
+            MapGrid::around(*origin, globe.metresPerPixel(), width, height, backdrop.system),
+            backdrop.window, backdrop.covered);
     m_labels.drawCompass(backdrop.attribution, width);
 }
 

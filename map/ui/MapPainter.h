@@ -39,6 +39,7 @@ public:
         QString attribution;
         UnitSystem system = UnitSystem::Metric;
         QSizeF window;
+        std::span<const QRectF> covered; ///< by panels, from the upper left corner
     };
 
     /// A grid with distances from a place, and a compass: they give the track a scale where there

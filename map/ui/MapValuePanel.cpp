@@ -14,6 +14,7 @@ namespace KOLT {
 namespace {
 
 constexpr int margin = 5;
+constexpr int leastCharacters = 20; ///< of name and value
 
 } // namespace
 
@@ -52,20 +53,30 @@ void MapValuePanel::createScroll()
     layout->addWidget(m_scroll);
 }
 
-void MapValuePanel::place(const QRect& area)
+bool MapValuePanel::place(const QRect& area)
 {
+    const QFontMetrics metrics = m_panel->fontMetrics();
+    m_hasRoom = area.width() >= leastCharacters * metrics.averageCharWidth() &&
+                area.height() >= metrics.height() + 2 * margin;
+    updateVisibility();
     const int full = m_grid->sizeHint().height();
     const bool isCut = full > area.height();
     m_panel->setAttribute(Qt::WA_TransparentForMouseEvents, !isCut);
     m_scroll->setVerticalScrollBarPolicy(isCut ? Qt::ScrollBarAlwaysOn : Qt::ScrollBarAlwaysOff);
     m_scroll->setFocusPolicy(isCut ? Qt::StrongFocus : Qt::NoFocus);
     m_panel->setGeometry({area.topLeft(), QSize(area.width(), std::clamp(area.height(), 0, full))});
+    return m_hasRoom;
+}
+
+void MapValuePanel::updateVisibility()
+{
+    m_panel->setVisible(!m_rows.empty() && !m_isFolded && m_hasRoom);
 }
 
 void MapValuePanel::setFolded(bool isFolded)
 {
     m_isFolded = isFolded;
-    m_panel->setVisible(!m_rows.empty() && !m_isFolded);
+    updateVisibility();
 }
 
 void MapValuePanel::setData(const DataSet* dataSet)

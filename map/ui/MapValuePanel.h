@@ -26,8 +26,9 @@ public:
 
     QWidget& widget() const { return *m_panel; }
 
-    /// Gives the panel the height that its rows need, at most that of the area.
-    void place(const QRect& area);
+    /// Gives the panel the height that its rows need, at most that of the area. Hides it in an
+    /// area where no name or no row could be read, and returns whether that is so.
+    bool place(const QRect& area);
 
     /// A folded panel is hidden.
     void setFolded(bool isFolded);
@@ -50,6 +51,7 @@ private:
     };
 
     void createScroll();
+    void updateVisibility();
     void addRow(const ProfileParameter& parameter);
     void showValue(const Row& row, const StoredSample* sample);
 
@@ -59,6 +61,7 @@ private:
     QWidget* m_content;
     QGridLayout* m_grid;
     bool m_isFolded = false;
+    bool m_hasRoom = true;
     std::vector<Row> m_rows;
     TimeTable m_table;
 };

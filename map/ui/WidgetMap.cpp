@@ -247,7 +247,7 @@ void WidgetMap::drawOverlays()
     const Tessa::Globe globe = m_map.globe();
     if (const auto start = m_content.start(); start && m_map.lacksTiles())
         m_painter->drawBackdrop(m_camera.globe(), *start,
-                                {m_map.attribution(), m_unitSystem, size()});
+                                {m_map.attribution(), m_unitSystem, size(), m_covered});
     m_painter->drawTrack(globe, m_content.line());
     m_painter->drawMarks(globe, m_content.marks);
     const AircraftTrack::Record& aircraft = m_content.aircraft;

@@ -416,8 +416,14 @@ void TestMapPage::valuesScrollAndFold()
     QTRY_VERIFY(scroll->verticalScrollBar()->isVisible());
     QVERIFY(!panel->testAttribute(Qt::WA_TransparentForMouseEvents));
     QVERIFY(scroll->verticalScrollBar()->maximum() > 0); // all rows are there
+    auto* const fold = m_page->findChild<QToolButton*>(QStringLiteral("foldValues"));
+    m_page->resize(210, 240); // the track would be left without room
+    QTRY_VERIFY(!panel->isVisible());
+    QVERIFY(!fold->isEnabled());
+    m_page->resize(900, 90);
+    QTRY_VERIFY(panel->isVisible() && fold->isEnabled());
     const QSignalSpy told(m_page.get(), &DialogDataMap::signalSettings);
-    m_page->findChild<QToolButton*>(QStringLiteral("foldValues"))->click();
+    fold->click();
     QVERIFY(!panel->isVisible());
     QCOMPARE(told.count(), 1);
     QVERIFY(!m_page->settings().areValuesShown);
