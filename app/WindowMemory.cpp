@@ -3,6 +3,7 @@
 #include "analysis/ui/DialogData.h"
 #include "app/SettingsSaver.h"
 #include "app/settings/SettingsStore.h"
+#include "ui/ColumnMemory.h"
 #include "ui/DialogFolders.h"
 
 #include <QEvent>
@@ -49,11 +50,13 @@ WindowMemory::WindowMemory(const Parts& parts, SettingsStore& store, SettingsSav
     connect(&parts.data, &DialogData::signalArranged, this, &WindowMemory::note);
     parts.window.installEventFilter(this);
     keepFolders();
+    keepColumns();
 }
 
 WindowMemory::~WindowMemory()
 {
     DialogFolders::setKeeper({});
+    ColumnMemory::setKeeper({});
 }
 
 void WindowMemory::keepFolders()
@@ -66,6 +69,15 @@ void WindowMemory::keepFolders()
                                   m_store.setText(keyOf(kind), folder.toUtf8());
                                   m_saver.saveSoon();
                               }});
+}
+
+void WindowMemory::keepColumns()
+{
+    ColumnMemory::setKeeper({[this](const QString& table) { return loadColumns(table, m_store); },
+                             [this](const QString& table, const ColumnMemory::Widths& widths) {
+                                 storeColumns(table, widths, m_store);
+                                 m_saver.saveSoon();
+                             }});
 }
 
 void WindowMemory::restore(const WindowState& state)

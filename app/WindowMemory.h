@@ -16,7 +16,8 @@ class SettingsStore;
 
 /// Gives the main window the size and arrangement that the user left it with, and stores each
 /// change of them. The window is kept within the screen that is there; a size that had to give way
-/// stays stored for a larger screen. The folders of the file dialogs are kept too.
+/// stays stored for a larger screen. The folders of the file dialogs and the
+/// columns of tables are kept too.
 class WindowMemory : public QObject
 {
 public:
@@ -41,6 +42,7 @@ private:
     void settle();
     void note();
     void keepFolders();
+    void keepColumns();
 
     Parts m_parts;
     SettingsStore& m_store;

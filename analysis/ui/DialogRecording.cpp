@@ -2,6 +2,7 @@
 
 #include "analysis/ui/RowPicker.h"
 #include "record/ClockTime.h"
+#include "ui/ColumnMemory.h"
 #include "ui/ContentOrNote.h"
 #include "ui/PlainToolTip.h"
 #include "ui/TrustMark.h"
@@ -130,6 +131,7 @@ void DialogRecording::createTable()
     m_table->verticalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
     m_table->horizontalHeader()->setHighlightSections(false);
     m_table->horizontalHeader()->setSectionResizeMode(textColumn, QHeaderView::Stretch);
+    m_widths = new ColumnMemory(*m_table->horizontalHeader(), QStringLiteral("Recording"));
     connect(m_table, &QTableWidget::cellClicked, this, &DialogRecording::pick);
     auto* const picker = new RowPicker(m_table);
     connect(picker, &RowPicker::signalPicked, this, &DialogRecording::pick);
@@ -194,6 +196,7 @@ void DialogRecording::fitColumns()
 {
     for (int column = 0; column < textColumn; ++column)
         m_table->resizeColumnToContents(column);
+    m_widths->restore();
 }
 
 void DialogRecording::select(int finding)

@@ -12,6 +12,7 @@ class QTableWidget;
 
 namespace KOLT {
 
+class ColumnMemory;
 class ContentOrNote;
 
 /// The window "Recording": what is found in the loaded data, or in a cycle, a row for each.
@@ -49,6 +50,7 @@ private:
 
     std::vector<TrustFinding> m_findings; ///< by row
     QTableWidget* m_table = nullptr;
+    ColumnMemory* m_widths = nullptr;
     QLabel* m_heading = nullptr;
     QPushButton* m_copy = nullptr;
     ContentOrNote* m_stack = nullptr;

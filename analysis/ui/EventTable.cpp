@@ -1,6 +1,7 @@
 #include "analysis/ui/EventTable.h"
 
 #include "analysis/MomentText.h"
+#include "ui/ColumnMemory.h"
 #include "ui/PlainToolTip.h"
 
 #include <QApplication>
@@ -115,8 +116,20 @@ EventTable::EventTable(const QString& heading, Description description, QWidget*
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     horizontalHeader()->setHighlightSections(false);
     horizontalHeader()->setSectionResizeMode(textColumn, QHeaderView::Stretch);
+    m_widths = new ColumnMemory(*horizontalHeader(), QStringLiteral("Events"));
     setStyleSheet(QStringLiteral("selection-background-color: rgba(100, 100, 255, 255);"
                                  "selection-color: black;"));
+}
+
+/// A heading that is too long is cut at its end only.
+void EventTable::resizeEvent(QResizeEvent* event)
+{
+    QTableWidget::resizeEvent(event);
+    QTableWidgetItem* const heading = horizontalHeaderItem(textColumn);
+    const int room = columnWidth(textColumn) - timePadding;
+    const bool fits = horizontalHeader()->fontMetrics().horizontalAdvance(heading->text()) < room;
+    heading->setTextAlignment(fits ? Qt::AlignCenter : Qt::AlignLeft | Qt::AlignVCenter);
+    heading->setToolTip(heading->text());
 }
 
 void EventTable::fit()
@@ -125,6 +138,7 @@ void EventTable::fit()
     setColumnWidth(
         timeColumn,
         std::max(leastTimeWidth, fontMetrics().horizontalAdvance(counterText(0)) + timePadding));
+    m_widths->restore();
 }
 
 void EventTable::setEvents(std::vector<const Event*> events)

@@ -8,6 +8,8 @@
 
 namespace KOLT {
 
+class ColumnMemory;
+
 /// The table in a list of exceedances: a row for each, with its time and text.
 class EventTable : public QTableWidget
 {
@@ -45,8 +47,12 @@ public:
 
     QString descriptionOf(const Event& event) const { return m_description(event); }
 
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+
 private:
     Description m_description;
+    ColumnMemory* m_widths = nullptr;
     std::vector<const Event*> m_events; ///< by row
     bool m_isChanging = false;
 };

@@ -4,6 +4,7 @@
 #include "analysis/ui/GraphAction.h"
 #include "analysis/ui/RowPicker.h"
 #include "base/Csv.h"
+#include "ui/ColumnMemory.h"
 #include "ui/DialogFolders.h"
 #include "ui/Messages.h"
 #include "ui/PaintedIcon.h"
@@ -40,6 +41,7 @@ FaultTable::FaultTable(QWidget* parent)
     horizontalHeader()->setHighlightSections(false);
     horizontalHeader()->setStretchLastSection(true);
     horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    m_widths = new ColumnMemory(*horizontalHeader(), QStringLiteral("Faults"));
     connect(selectionModel(), &QItemSelectionModel::currentRowChanged, this,
             &FaultTable::slotCurrentRow);
     auto* const picker = new RowPicker(this);
@@ -78,6 +80,7 @@ void FaultTable::fit()
     setColumnWidth(FaultListModel::Fault, fontMetrics().averageCharWidth() * nameCharacters);
     setColumnWidth(FaultListModel::Begin, time);
     setColumnWidth(FaultListModel::Duration, time * 3 / 4);
+    m_widths->restore();
 }
 
 void FaultTable::showTime(double seconds)

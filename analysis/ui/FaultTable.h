@@ -6,6 +6,8 @@
 
 namespace KOLT {
 
+class ColumnMemory;
+
 /// The list of the times in which faults were set. Highlights the last one at or before the current
 /// time, unless the user has selected several rows.
 class FaultTable : public QTableView
@@ -40,6 +42,7 @@ private:
     void save();
 
     FaultListModel m_model;
+    ColumnMemory* m_widths = nullptr;
     const DataSet* m_dataSet = nullptr;
     ListSettings m_settings;
     bool m_isFollowing = false; ///< the program is changing the current row

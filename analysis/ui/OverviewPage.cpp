@@ -1,5 +1,7 @@
 #include "analysis/ui/OverviewPage.h"
 
+#include "ui/ColumnMemory.h"
+
 #include <QEvent>
 #include <QHeaderView>
 #include <QLabel>
@@ -90,6 +92,7 @@ void OverviewPage::createTree()
     header->setSectionsMovable(false);
     header->setStretchLastSection(true);
     header->setHighlightSections(false);
+    m_widths = new ColumnMemory(*header, QStringLiteral("Overview"));
     const QStringList headings = OverviewTable::headings();
     const QStringList explanations = OverviewTable::explanations();
     for (int column = 0; column < OverviewTable::columnCount; ++column) {
@@ -278,8 +281,10 @@ void OverviewPage::fitColumns()
         m_tree->setColumnHidden(column, false);
         m_tree->resizeColumnToContents(column);
         m_tree->setColumnWidth(column, m_tree->columnWidth(column) + columnPadding);
-        width += m_tree->columnWidth(column);
     }
+    m_widths->restore();
+    for (int column = 0; column < OverviewTable::Worst; ++column)
+        width += m_tree->columnWidth(column);
     const int character = m_tree->fontMetrics().averageCharWidth();
     for (const OverviewTable::Column column : expendable) {
         // When it was is worth more than all of the worst.

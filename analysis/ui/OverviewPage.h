@@ -14,6 +14,8 @@ class QPushButton;
 
 namespace KOLT {
 
+class ColumnMemory;
+
 /// The mark of a cycle or flight with this worst exceedance.
 StateMark markOf(const std::optional<Exceedance>& worst);
 
@@ -72,6 +74,7 @@ private:
     std::map<int, QTreeWidgetItem*> m_cycleItems; ///< by number
     QTreeWidgetItem* m_totalItem = nullptr;       ///< null for a single day
     QTreeWidget* m_tree = nullptr;
+    ColumnMemory* m_widths = nullptr;
     QLabel* m_state = nullptr;
     QProgressBar* m_progress = nullptr;
     QPushButton* m_button = nullptr; ///< cancels, or goes on

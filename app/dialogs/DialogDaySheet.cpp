@@ -7,6 +7,7 @@
 #include "base/Csv.h"
 #include "profile/ProfileLine.h"
 #include "record/ClockOffset.h"
+#include "ui/ColumnMemory.h"
 #include "ui/DialogFolders.h"
 #include "ui/EventPump.h"
 #include "ui/Messages.h"
@@ -103,6 +104,7 @@ void DialogDaySheet::createTable()
     m_table->setSelectionBehavior(QAbstractItemView::SelectRows);
     m_table->verticalHeader()->hide();
     m_table->horizontalHeader()->setHighlightSections(false);
+    m_widths = new ColumnMemory(*m_table->horizontalHeader(), QStringLiteral("Sheet"));
     m_table->setToolTip(tr("Double-click or Return opens the flight in the main window"));
     connect(m_table, &QTableWidget::cellDoubleClicked, this, &DialogDaySheet::openRow);
     for (const int key : {Qt::Key_Return, Qt::Key_Enter}) {
@@ -233,6 +235,7 @@ void DialogDaySheet::fillTable()
         fillRow(row, columns);
     m_table->resizeColumnsToContents();
     m_table->horizontalHeader()->setStretchLastSection(true);
+    m_widths->restore();
 }
 
 void DialogDaySheet::fillRow(int index, const std::vector<DaySheet::Column>& columns)

@@ -14,6 +14,7 @@ class QTableWidget;
 
 namespace KOLT {
 
+class ColumnMemory;
 class JobQueue;
 class Profile;
 class SettingsStore;
@@ -80,6 +81,7 @@ private:
     QComboBox* m_scope = nullptr;
     QLabel* m_head = nullptr;
     QTableWidget* m_table = nullptr;
+    ColumnMemory* m_widths = nullptr;
     QPlainTextEdit* m_notes = nullptr;
     QLabel* m_state = nullptr;
     QProgressBar* m_progress = nullptr;

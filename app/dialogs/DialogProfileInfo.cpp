@@ -4,6 +4,7 @@
 #include "app/dialogs/ParameterListModel.h"
 #include "app/settings/InstalledProfile.h"
 #include "profile/ProfileCheck.h"
+#include "ui/ColumnMemory.h"
 
 #include <QDialogButtonBox>
 #include <QHeaderView>
@@ -113,6 +114,7 @@ void DialogProfileInfo::createList()
     m_list->setTabKeyNavigation(false);
     m_list->verticalHeader()->hide();
     m_list->horizontalHeader()->setHighlightSections(false);
+    m_widths = new ColumnMemory(*m_list->horizontalHeader(), QStringLiteral("Profile"));
     m_search = new QLineEdit(this);
     m_search->setPlaceholderText(tr("Search in all columns"));
     m_search->setClearButtonEnabled(true);
@@ -154,6 +156,7 @@ void DialogProfileInfo::refresh()
     m_list->setSortingEnabled(false);
     m_model->refresh();
     m_list->resizeColumnsToContents();
+    m_widths->restore();
     m_list->verticalHeader()->setDefaultSectionSize(fontMetrics().height() + rowPadding);
     m_list->setSortingEnabled(true);
     m_list->sortByColumn(allColumns, Qt::AscendingOrder); // file order

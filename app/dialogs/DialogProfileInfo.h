@@ -9,6 +9,7 @@ class QTableView;
 
 namespace KOLT {
 
+class ColumnMemory;
 class ParameterListModel;
 class Profile;
 
@@ -42,6 +43,7 @@ private:
     QLabel* m_checkHeading = nullptr;
     QListWidget* m_check = nullptr; ///< what is doubtful in the file; hidden when nothing is
     QTableView* m_list = nullptr;
+    ColumnMemory* m_widths = nullptr;
 };
 
 } // namespace KOLT

@@ -69,6 +69,11 @@ QString textOf(const QMap<QString, int>& columns)
     return entries.join(QLatin1Char(';'));
 }
 
+QByteArray keyOfColumns(const QString& table)
+{
+    return "Columns" + table.toLatin1();
+}
+
 int within(const SettingsStore& store, const char* key, int fallback, int count)
 {
     const int value = store.getInteger(key, fallback);
@@ -76,6 +81,16 @@ int within(const SettingsStore& store, const char* key, int fallback, int count)
 }
 
 } // namespace
+
+QMap<QString, int> loadColumns(const QString& table, const SettingsStore& store)
+{
+    return columnsFrom(QString::fromUtf8(store.getText(keyOfColumns(table))));
+}
+
+void storeColumns(const QString& table, const QMap<QString, int>& columns, SettingsStore& store)
+{
+    store.setText(keyOfColumns(table), textOf(columns).toUtf8());
+}
 
 WindowState loadWindowState(const SettingsStore& store)
 {

@@ -32,4 +32,9 @@ WindowState loadWindowState(const SettingsStore& store);
 
 void storeWindowState(const WindowState& state, SettingsStore& store);
 
+/// Widths of columns that the user has chosen, by heading. `table` is part of the key ("Faults").
+QMap<QString, int> loadColumns(const QString& table, const SettingsStore& store);
+
+void storeColumns(const QString& table, const QMap<QString, int>& columns, SettingsStore& store);
+
 } // namespace KOLT

@@ -1,9 +1,11 @@
+#include "analysis/ui/FaultTable.h"
 #include "tests/app/MainWindowFixture.h"
 
 #include <QHeaderView>
 #include <QSplitter>
 #include <QTabBar>
 #include <QToolButton>
+#include <QTreeWidget>
 
 using namespace KOLT;
 using namespace KOLT::Test;
@@ -27,6 +29,7 @@ private slots:
 
     void windowComesBack();
     void columnsComeBack();
+    void draggedColumnsOfListsComeBack();
     void largeWindowComesBackOnALargerScreen();
 
 private:
@@ -105,6 +108,37 @@ void TestWindowState::columnsComeBack()
     QVERIFY(openCycle(card));
     QCOMPARE(header()->sectionSize(2), 222);
     QCOMPARE(header()->sectionSize(1), speed); // fitted
+}
+
+void TestWindowState::draggedColumnsOfListsComeBack()
+{
+    const auto overview = [this] {
+        return m_window->findChild<QTreeWidget*>("overviewTree")->header();
+    };
+    const auto faults = [this] { return m_window->findChild<FaultTable*>()->horizontalHeader(); };
+    const auto widen = [](QHeaderView* header, int column) {
+        QWidget* const part = header->viewport();
+        const QPoint edge(header->sectionViewportPosition(column) + header->sectionSize(column) - 2,
+                          header->height() / 2);
+        QTest::mousePress(part, Qt::LeftButton, {}, edge);
+        QTest::mouseMove(part, edge + QPoint(31, 0));
+        QTest::mouseRelease(part, Qt::LeftButton, {}, edge + QPoint(31, 0));
+        return header->sectionSize(column);
+    };
+    QVERIFY(openCycle(folder("card")));
+    data().setCurrentPage(DialogData::Page::FaultMatrix);
+    const int begin = faults()->sectionSize(1);
+    const int fault = widen(faults(), 0);
+    data().showFront(true);
+    const int name = widen(overview(), 0);
+    m_window->close();
+    m_window.reset();
+    QVERIFY(openCycle(folder("card")));
+    data().setCurrentPage(DialogData::Page::FaultMatrix);
+    QCOMPARE(faults()->sectionSize(0), fault);
+    QCOMPARE(faults()->sectionSize(1), begin); // fitted
+    data().showFront(true);
+    QCOMPARE(overview()->sectionSize(0), name);
 }
 
 void TestWindowState::largeWindowComesBackOnALargerScreen()
