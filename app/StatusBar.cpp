@@ -1,5 +1,7 @@
 #include "app/StatusBar.h"
 
+#include "ui/PlainToolTip.h"
+
 #include <QLabel>
 
 #include <utility>
@@ -12,13 +14,15 @@ StatusBar::StatusBar(QWidget* parent)
     , m_data(new QLabel(this))
 {
     m_data->setTextFormat(Qt::PlainText); // file names may look like markup
-    m_data->setToolTip(tr("The loaded data; times since the recording unit was switched on"));
+    m_data->setMinimumWidth(1); // a long text must not widen the window
     insertPermanentWidget(0, m_data); // left of the progress bar
 }
 
 void StatusBar::showData(const QString& text)
 {
     m_data->setText(text);
+    const QString tip = tr("The loaded data; times since the recording unit was switched on");
+    m_data->setToolTip(plainToolTip(text.isEmpty() ? tip : text + QLatin1Char('\n') + tip));
 }
 
 void StatusBar::showTip(const QString& tip)

@@ -14,6 +14,7 @@ namespace {
 constexpr double legendIndent = 18.0;
 constexpr double edge = 4.0;
 constexpr double apart = 12.0; ///< texts of one line
+constexpr int leastCharacters = 14; ///< of a legend, before the extremes are shown too
 
 /// The square before a name: its right half has the tone of the dashes.
 void drawSwatch(ScenePen& pen, const Graph& graph, int index, double y)
@@ -57,7 +58,11 @@ void drawBandTexts(ScenePen& pen, const Graph& graph, const PlotLayout& layout, 
     const double y = layout.topOfTexts(area) - half;
     double right = area.right() - edge - layout.cursorWidthAt(y);
     const auto extremes = graph.trace(index).extremes();
-    if (extremes && layout.hasTwoLines(area)) {
+    const double least = legendIndent + leastCharacters * pen.metrics().characterWidth;
+    const bool isWide =
+        extremes && right - area.left() >=
+                        least + pen.metrics().widthOf(highestText(graph, index, extremes->second));
+    if (isWide && layout.hasTwoLines(area)) {
         const auto corner = [&](double place, const QString& text) {
             pen.plateText(area.right() - edge, place, Qt::AlignRight, text,
                           graph.trace(index).color);

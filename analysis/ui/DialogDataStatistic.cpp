@@ -19,7 +19,9 @@ namespace KOLT {
 namespace {
 
 constexpr int hintMargin = 6;
-constexpr int mostNotes = 3; ///< notes take at most this part of the height
+constexpr int mostNotes = 3;    ///< notes take at most this part of the height
+constexpr int mostNotesLow = 5; ///< in a low page
+constexpr int lowLines = 28;    ///< a lower page has no room for all texts below the table
 
 QString row(const QString& label, const QString& value)
 {
@@ -29,6 +31,19 @@ QString row(const QString& label, const QString& value)
 QString figure(const char* pattern, double value)
 {
     return QString::fromLatin1(pattern).arg(value, 0, 'g', QLocale::FloatingPointShortest);
+}
+
+/// The figures as one would say them, for a page where those of the table are cut.
+QString roundedText(const Flight& flight)
+{
+    const auto number = [](double value, int decimals) {
+        return QString::number(value, 'f', decimals); // as in the table
+    };
+    return DialogDataStatistic::tr("Rounded: fuel %1 l, altitude %2 to %3 m, climb %4 m at %5 m/s, "
+                                   "speed up to %6 km/h, take-off distance %7 m")
+        .arg(number(flight.fuel, 1), number(flight.minAltitude, 0), number(flight.maxAltitude, 0),
+             number(flight.altitudeGain, 0), number(flight.climbRate, 1),
+             number(flight.maxGroundSpeed, 0), number(flight.takeOffDistance, 0));
 }
 
 /// A duration in whole seconds; dashes for a ratio that is not finite.
@@ -99,6 +114,13 @@ DialogDataStatistic::DialogDataStatistic(QWidget* parent)
     auto* const layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_text, 1);
+    m_rounded = new QLabel(this);
+    m_rounded->setTextFormat(Qt::PlainText);
+    m_rounded->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    m_rounded->setWordWrap(true);
+    m_rounded->setMargin(hintMargin);
+    m_rounded->hide();
+    layout->addWidget(m_rounded);
     m_notes->setObjectName(QStringLiteral("figureNotes"));
     m_notes->setReadOnly(true);
     m_notes->setTabChangesFocus(true);
@@ -152,13 +174,16 @@ void DialogDataStatistic::showNotes()
     fitNotes();
 }
 
-/// As high as the text, but never so high that nothing is left of the table.
+/// As high as the text, but never so high that nothing is left of the table. What the hint says is
+/// in the table's tool tip too.
 void DialogDataStatistic::fitNotes()
 {
     const std::unique_ptr<QTextDocument> copy(m_notes->document()->clone());
     copy->setTextWidth(width()); // the shown one keeps the width that its scroll bar leaves
     const auto wanted = static_cast<int>(std::ceil(copy->size().height()));
-    m_notes->setFixedHeight(std::min(wanted, height() / mostNotes));
+    const bool isLow = height() < lowLines * fontMetrics().lineSpacing();
+    m_notes->setFixedHeight(std::min(wanted, height() / (isLow ? mostNotesLow : mostNotes)));
+    m_hint->setVisible(!m_rounded->isHidden() && !isLow);
 }
 
 void DialogDataStatistic::resizeEvent(QResizeEvent* event)
@@ -175,7 +200,9 @@ void DialogDataStatistic::showData(Changes changes)
         return;
     const Flight* const flight = dataSet()->flight();
     m_empty->showNote({});
-    m_hint->setVisible(flight != nullptr);
+    m_rounded->setVisible(flight != nullptr);
+    m_text->setToolTip(flight != nullptr ? m_hint->text() : QString());
+    fitNotes();
     if (flight == nullptr) {
         m_text->setText(tr("<br><br><b>No flight selected</b>"));
         m_text->selectAll();
@@ -184,6 +211,7 @@ void DialogDataStatistic::showData(Changes changes)
         return;
     }
     m_text->setText(textOf(*flight));
+    m_rounded->setText(roundedText(*flight));
 }
 
 } // namespace KOLT

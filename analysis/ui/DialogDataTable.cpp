@@ -1,6 +1,7 @@
 #include "analysis/ui/DialogDataTable.h"
 
 #include "analysis/ui/WidgetTimeTable.h"
+#include "ui/ButtonRow.h"
 #include "ui/ContentOrNote.h"
 #include "ui/PaintedIcon.h"
 
@@ -79,20 +80,14 @@ DialogDataTable::DialogDataTable(const Profile& profile, QWidget* parent)
 
     m_hint = new QLabel(this);
     m_hint->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred); // must not widen the page
-    auto* const bar = new QHBoxLayout;
-    for (QAction* action : {m_previousChange, m_nextChange}) {
-        auto* const button = new QToolButton(this);
-        button->setDefaultAction(action);
-        button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
-        button->setAutoRaise(true);
-        bar->addWidget(button);
-        setTabOrder(button, m_view);
-    }
+    auto* const bar = new ButtonRow(this);
+    for (QAction* action : {m_previousChange, m_nextChange})
+        setTabOrder(bar->add(action), m_view);
     bar->addStretch();
     auto* const table = new QWidget(this);
     auto* const tableLayout = new QVBoxLayout(table);
     tableLayout->setContentsMargins(pageMargin, pageMargin, pageMargin, pageMargin);
-    tableLayout->addLayout(bar);
+    tableLayout->addWidget(bar);
     tableLayout->addWidget(m_view);
     auto* const clock = new QToolButton(this);
     clock->setDefaultAction(m_clock);

@@ -23,7 +23,8 @@ constexpr int gap = 6;
 constexpr int badgeWidth = 18;
 constexpr int stateWidth = 34;
 constexpr int countWidth = 32;
-constexpr int namePercent = 35;
+constexpr int namePercent = 35; ///< at least, if the name needs it
+constexpr int leastStrip = 50;  ///< before a name gets more
 constexpr int reach = 3;       ///< pixels; a click this close to a fault means the fault
 constexpr int smallestRun = 2; ///< pixels; keeps a fault of one sample visible
 
@@ -52,7 +53,10 @@ ClassLook lookOf(ErrorType type)
 
 WidgetErrorTime::Layout WidgetErrorTime::layoutFor(const QSize& size, int nameWidth)
 {
-    const int name = std::min(nameWidth, size.width() * namePercent / 100);
+    const int others = badgeWidth + stateWidth + countWidth + 6 * gap;
+    const int room =
+        std::max(size.width() * namePercent / 100, size.width() - others - leastStrip);
+    const int name = std::clamp(nameWidth, 0, std::max(room, 0));
     Layout layout;
     int x = gap;
     const auto next = [&](int width) {
@@ -128,7 +132,7 @@ void WidgetErrorTime::paintEvent(QPaintEvent* /*event*/)
     painter.setPen(palette().color(QPalette::Text));
     painter.drawText(
         m_layout.name, Qt::AlignVCenter | Qt::AlignLeft,
-        metrics.elidedText(m_history.parameter->name, Qt::ElideRight, m_layout.name.width()));
+        metrics.elidedText(m_history.parameter->name, Qt::ElideMiddle, m_layout.name.width()));
     paintState(painter);
     painter.setPen(palette().color(QPalette::Text));
     painter.drawText(m_layout.count, Qt::AlignVCenter | Qt::AlignRight,

@@ -21,7 +21,8 @@ namespace KOLT {
 namespace {
 
 constexpr int margin = 3;
-constexpr QSize leastGraph(120, 90);
+constexpr QSize leastGraph(120, 48);
+constexpr int leastFigures = 36;   ///< pixels of their height
 constexpr int wideCharacters = 60; ///< a wider card has the graph beside the figures
 
 QToolButton* createButton(QWidget& card, const QString& icon, const QString& text)
@@ -82,6 +83,7 @@ EpisodeCard::EpisodeCard(const Profile& profile, QWidget* parent)
     auto* const area = new QScrollArea(this);
     area->setWidget(m_figures);
     area->setWidgetResizable(true);
+    area->setMinimumHeight(leastFigures);
     area->setAccessibleName(EpisodeCard::tr("Figures of the episode"));
     m_graph = new EpisodeGraph(this);
     m_content = new QBoxLayout(QBoxLayout::TopToBottom);
@@ -132,6 +134,7 @@ void EpisodeCard::showEpisode(const DataSet& dataSet, const Episode& episode)
     m_episode = &episode;
     m_title->setText(titleOf(episode));
     m_title->setToolTip(m_title->text().toHtmlEscaped());
+    fitButtons();
     m_figures->setText(tableOf(figuresOf(m_profile, episode)));
     m_graph->picture().show(m_profile, dataSet, episode);
     m_graph->update();
@@ -149,8 +152,22 @@ void EpisodeCard::resizeEvent(QResizeEvent* event)
     QWidget::resizeEvent(event);
     const bool isWide = width() > wideCharacters * fontMetrics().averageCharWidth();
     m_content->setDirection(isWide ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
-    for (QToolButton* button : findChildren<QToolButton*>()) // otherwise no room for the title
-        button->setToolButtonStyle(isWide ? Qt::ToolButtonTextBesideIcon : Qt::ToolButtonIconOnly);
+    fitButtons();
+}
+
+/// The buttons lose their texts where the title needs the room.
+void EpisodeCard::fitButtons()
+{
+    const auto set = [this](Qt::ToolButtonStyle style) {
+        int width = 0;
+        for (QToolButton* button : findChildren<QToolButton*>()) {
+            button->setToolButtonStyle(style);
+            width += button->sizeHint().width();
+        }
+        return width;
+    };
+    if (set(Qt::ToolButtonTextBesideIcon) + m_title->sizeHint().width() > width())
+        set(Qt::ToolButtonIconOnly);
 }
 
 GraphTarget EpisodeCard::target() const

@@ -50,6 +50,7 @@ protected:
 private:
     QBoxLayout* createButtons();
     GraphTarget target() const;
+    void fitButtons();
     void copy() const;
 
     const Profile& m_profile;

@@ -104,7 +104,9 @@ void MarkerPanel::fitHeight()
     const int bars = m_table->horizontalHeader()->sizeHint().height() +
                      m_table->horizontalScrollBar()->sizeHint().height() +
                      2 * m_table->frameWidth();
-    m_table->setFixedHeight(bars + row * std::clamp(m_table->rowCount(), 1, mostRows));
+    // Less in a low page, where the table scrolls.
+    m_table->setMinimumHeight(bars + row);
+    m_table->setMaximumHeight(bars + row * std::clamp(m_table->rowCount(), 1, mostRows));
 }
 
 void MarkerPanel::changeEvent(QEvent* event)

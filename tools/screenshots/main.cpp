@@ -124,7 +124,7 @@ void takePages(KOLT::DialogMain& window, Camera& camera, const std::vector<QSize
         }
         pages->setCurrentPage(Page::Limit);
         if (QAbstractItemView* list = chooseLine(*pages)) {
-            QTest::keyClick(list, Qt::Key_Return, Qt::ControlModifier);
+            list->actions().constFirst()->trigger(); // "Show in graph"
             take("graph-markers");
         }
         for (const auto& [type, name] : {std::pair{2, "map-below"}, std::pair{0, "map-hidden"}}) {
