@@ -1,0 +1,63 @@
+#include "tests/monkey/Watchdog.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+
+namespace KOLT::Test {
+
+using std::chrono::milliseconds;
+
+Watchdog::Watchdog(milliseconds limit, milliseconds hang)
+    : m_limit(limit)
+    , m_hang(hang)
+    , m_lastBeat(Clock::now().time_since_epoch().count())
+{
+    constexpr int interval = 10;
+    m_timer.setTimerType(Qt::PreciseTimer);
+    QObject::connect(&m_timer, &QTimer::timeout, [this] { beat(); });
+    m_timer.start(interval);
+    m_thread = std::thread([this] { watch(); });
+}
+
+Watchdog::~Watchdog()
+{
+    m_isDone = true;
+    m_thread.join();
+}
+
+void Watchdog::setStep(const QString& step)
+{
+    const std::scoped_lock lock(m_mutex);
+    m_step = step;
+}
+
+void Watchdog::restart()
+{
+    m_lastBeat = Clock::now().time_since_epoch().count();
+}
+
+void Watchdog::beat()
+{
+    const auto now = Clock::now();
+    const auto pause = std::chrono::duration_cast<milliseconds>(now.time_since_epoch() -
+                                                                Clock::duration(m_lastBeat.load()));
+    m_lastBeat = now.time_since_epoch().count();
+    m_longest = std::max<qint64>(m_longest, pause.count());
+    if (pause > m_limit)
+        m_pauses.push_back({m_step, pause.count()});
+}
+
+void Watchdog::watch()
+{
+    while (!m_isDone) {
+        std::this_thread::sleep_for(milliseconds(50));
+        if (Clock::now().time_since_epoch() - Clock::duration(m_lastBeat.load()) < m_hang)
+            continue;
+        const std::scoped_lock lock(m_mutex);
+        std::fprintf(stderr, "The event loop hangs since: %s\n", qPrintable(m_step));
+        std::abort(); // leaves a stack for a debugger
+    }
+}
+
+} // namespace KOLT::Test
