@@ -7,6 +7,8 @@
 #ifdef _WIN32
 #include <direct.h>
 #else
+#include <fcntl.h>
+#include <termios.h>
 #include <unistd.h>
 #endif
 
@@ -33,6 +35,35 @@ std::string workingDirectory()
     const char* const path = getcwd(directory.data(), directory.size());
 #endif
     return path != nullptr ? path : std::string();
+}
+
+std::optional<std::string> readPassword([[maybe_unused]] const std::string& prompt)
+{
+#ifdef _WIN32
+    return std::nullopt; // nothing there has a password
+#else
+    const int terminal = open("/dev/tty", O_RDWR | O_CLOEXEC);
+    termios shown{};
+    if (terminal < 0 || tcgetattr(terminal, &shown) != 0) {
+        if (terminal >= 0)
+            close(terminal);
+        return std::nullopt;
+    }
+    termios hidden = shown;
+    hidden.c_lflag &= ~static_cast<tcflag_t>(ECHO);
+    tcsetattr(terminal, TCSAFLUSH, &hidden);
+    std::string answer;
+    bool isWhole = write(terminal, prompt.data(), prompt.size()) >= 0;
+    for (char letter = 0; isWhole && letter != '\n';) {
+        isWhole = read(terminal, &letter, 1) == 1;
+        if (isWhole && letter != '\n')
+            answer += letter;
+    }
+    tcsetattr(terminal, TCSAFLUSH, &shown);
+    isWhole = write(terminal, "\n", 1) == 1 && isWhole;
+    close(terminal);
+    return isWhole ? std::optional(answer) : std::nullopt;
+#endif
 }
 
 } // namespace KOLT::System

@@ -14,4 +14,8 @@ std::optional<double> availableMemory();
 /// than 255 bytes.
 std::string workingDirectory();
 
+/// Asks at the terminal without showing the answer; none where there is no terminal, or the user
+/// ends the input.
+std::optional<std::string> readPassword(const std::string& prompt);
+
 } // namespace KOLT::System

@@ -1,5 +1,6 @@
 #include "cli/Library.h"
 
+#include "cli/LibraryDatabaseVerbs.h"
 #include "cli/Recording.h"
 
 #include <QCommandLineParser>
@@ -35,10 +36,12 @@ QString generalHelp()
 {
     QString text = QStringLiteral("Usage: kolt-cli library VERB --library FOLDER [options]\n\n"
                                   "Keeps the recordings of cards in a library.\n\nVerbs:\n");
-    for (const LibraryVerb& verb : libraryVerbs())
-        text += QStringLiteral("  %1 %2\n")
-                    .arg(QLatin1String(verb.name), -8)
-                    .arg(QLatin1String(verb.description));
+    for (const LibraryVerb& verb : libraryVerbs()) {
+        if (*verb.description != '\0') // for people
+            text += QStringLiteral("  %1 %2\n")
+                        .arg(QLatin1String(verb.name), -8)
+                        .arg(QLatin1String(verb.description));
+    }
     return text + QStringLiteral("\n'kolt-cli library VERB --help' lists the options of a verb.\n");
 }
 
@@ -91,16 +94,29 @@ QString readArguments(const QCommandLineParser& parser, const LibraryVerb& verb,
 const std::vector<LibraryVerb>& libraryVerbs()
 {
     static const std::vector<LibraryVerb> verbs{
-        {"import",
-         "Copy the new recordings of a card into the library, with proof.",
-         "CARD",
-         {},
-         importCard},
+        {"import", "Copy the new recordings of a card into the library, with proof.", "CARD",
+         profileOptions(), importCard},
+        {"list",
+         "List the cycles of the library with their flights as JSON.",
+         "",
+         {{"unit", "Only those of the unit with this serial number.", "SERIAL"},
+          {"from", "Only those of this day and later ones, such as 2024-05-18.", "DATE"},
+          {"to", "Only those of this day and earlier ones.", "DATE"}},
+         libraryList},
+        {"engines", "Print what each engine has lived through as JSON.", "", {}, libraryEngines},
+        {"rebuild", "Make the database anew from the recordings, on all cores.", "",
+         profileOptions(), libraryRebuild},
         {"check",
          "Read all recordings of the library and compare their hashes.",
          "",
          {},
          checkLibrary},
+        {"query",
+         "Print the rows of an SQL statement that reads the database as JSON.",
+         "SQL",
+         {},
+         libraryQuery},
+        {"figures", "", "", profileOptions(), libraryFigures},
     };
     return verbs;
 }

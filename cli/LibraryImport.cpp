@@ -1,6 +1,6 @@
 #include "app/settings/KnownLibraries.h"
 #include "cli/Json.h"
-#include "cli/Library.h"
+#include "cli/LibraryDatabaseVerbs.h"
 #include "library/archive/ArchiveCheck.h"
 #include "library/archive/CardImport.h"
 
@@ -50,6 +50,7 @@ QString importCard(const LibraryArguments& arguments)
     const ImportResult result = import.run();
     if (result.files == 0)
         return line(result.error);
+    const QString databaseError = refreshDatabase(arguments, archive);
     QStringList failed;
     for (const ImportResult::Failure& failure : result.failed) {
         failed << failure.name;
@@ -65,7 +66,7 @@ QString importCard(const LibraryArguments& arguments)
         return error;
     if (!result.error.isEmpty())
         return line(result.error);
-    return failed.isEmpty() ? QString()
+    return failed.isEmpty() ? databaseError
                             : QStringLiteral("%1 of %2 files are not in the library")
                                   .arg(failed.size())
                                   .arg(result.files);

@@ -39,14 +39,26 @@ std::optional<int> flightAt(const std::vector<Flight>& flights, double seconds)
     return static_cast<int>(found - flights.begin()) + 1;
 }
 
+/// Of a counter with decimals, the number has been narrowed to whole ones, but its text has not.
+double readingOf(const Profile& profile, const ProfileParameter& parameter,
+                 const StoredSample& sample)
+{
+    const double number = decodeNumber(sample.data, parameter);
+    if (parameter.dataType != static_cast<int>(DataType::ULong))
+        return number;
+    bool isNumber = false;
+    const double exact = textOf(profile, parameter, sample.data, number).toDouble(&isNumber);
+    return isNumber ? exact : number;
+}
+
 std::optional<CounterSpan> counterOf(const Profile& profile, const DataSet& dataSet, Role role)
 {
     const ProfileParameter* const parameter = profile.parameterByRole(role);
     if (parameter == nullptr || seriesOf(dataSet.messages, *parameter).empty())
         return {};
     const MessageSeries& series = seriesOf(dataSet.messages, *parameter);
-    const CounterSpan span{decodeNumber(series[0].data, *parameter),
-                           decodeNumber(series.last().data, *parameter)};
+    const CounterSpan span{readingOf(profile, *parameter, series[0]),
+                           readingOf(profile, *parameter, series.last())};
     if (!std::isfinite(span.first) || !std::isfinite(span.last))
         return {};
     return span;
@@ -96,9 +108,8 @@ private:
             if (!flight.dateTime.isValid() && m_cycle.dateTime.isValid())
                 flight.dateTime =
                     m_cycle.dateTime.addSecs(static_cast<qint64>(flight.takeOffSeconds));
-            m_figures.flights.push_back(
-                {flight, trust.marked[i], log.lines[i].counts,
-                 static_cast<qint64>(log.lines[i].flightSeconds())});
+            m_figures.flights.push_back({flight, trust.marked[i], log.lines[i].counts,
+                                         static_cast<qint64>(log.lines[i].flightSeconds())});
         }
         m_figures.fuel = log.fuel;
         m_figures.outside = log.outside;
@@ -178,13 +189,12 @@ private:
 
 FiguresSource figuresSource(const Profile& profile)
 {
-    FiguresSource source{profile.name(),
-                         profile.version(),
-                         {},
-                         profile.activeVariant(),
-                         QStringLiteral("%1/%2")
-                             .arg(QLatin1String(versionText))
-                             .arg(figuresRevision)};
+    FiguresSource source{
+        profile.name(),
+        profile.version(),
+        {},
+        profile.activeVariant(),
+        QStringLiteral("%1/%2").arg(QLatin1String(versionText)).arg(figuresRevision)};
     QFile file(profile.path());
     QCryptographicHash hash(QCryptographicHash::Sha256);
     if (file.open(QIODevice::ReadOnly) && hash.addData(&file))
@@ -203,9 +213,9 @@ FoundFigures findCycleFigures(const Profile& profile, const QString& archive,
     for (const ArchivedFile& file : cycle.files)
         paths.push_back(QStringLiteral("%1/%2").arg(folder, file.name));
     if (!card.canReadAny(paths))
-        return {{},
-                Text::tr("none of the files in %1 can be read")
-                    .arg(QDir::toNativeSeparators(folder))};
+        return {
+            {},
+            Text::tr("none of the files in %1 can be read").arg(QDir::toNativeSeparators(folder))};
     card.loadFiles(paths);
     return {Finder(profile, card, cycle).find(), {}};
 }

@@ -78,9 +78,9 @@ bool CycleStore::putCycle(const ArchivedCycle& cycle)
     m_id = isDone ? query.value(0).toLongLong() : 0;
     query.finish();
     return isDone &&
-           m_connection.run(QStringLiteral("UPDATE cycle SET engine = %1 WHERE id = ?")
-                                .arg(engineOfCycle),
-                            {m_id});
+           m_connection.run(
+               QStringLiteral("UPDATE cycle SET engine = %1 WHERE id = ?").arg(engineOfCycle),
+               {m_id});
 }
 
 bool CycleStore::putFiles(const ArchivedCycle& cycle)
@@ -106,8 +106,7 @@ std::optional<bool> CycleStore::hasFiles(const ArchivedCycle& cycle)
     bool isSameTime = true;
     while (query.next()) {
         known.emplace(query.value(0).toString(), query.value(1).toString());
-        isSameTime = isSameTime &&
-                     query.value(2).toString() == bound(cycle.dateTime).toString();
+        isSameTime = isSameTime && query.value(2).toString() == bound(cycle.dateTime).toString();
     }
     query.finish();
     std::set<std::pair<QString, QString>> wanted;
@@ -154,9 +153,8 @@ bool CycleStore::remove(const QString& folder)
 bool CycleStore::dropFigures()
 {
     for (const char* table : {"flight", "episode", "fault", "finding", "band"}) {
-        if (!m_connection.run(QStringLiteral("DELETE FROM %1 WHERE cycle = ?")
-                                  .arg(QLatin1String(table)),
-                              {m_id}))
+        if (!m_connection.run(
+                QStringLiteral("DELETE FROM %1 WHERE cycle = ?").arg(QLatin1String(table)), {m_id}))
             return false;
     }
     return m_connection.run(
@@ -176,10 +174,10 @@ bool CycleStore::install(const std::vector<Installation>& installations)
         return date.isValid() ? QVariant(dayText(date)) : QVariant(QMetaType(QMetaType::QString));
     };
     for (const Installation& one : installations) {
-        if (!m_connection.run(QStringLiteral("INSERT INTO installation (engine, unit, from_day, "
-                                             "to_day) VALUES (?, ?, ?, ?)"),
-                              {boundText(one.engine), qint64{one.unit}, day(one.from),
-                               day(one.to)}))
+        if (!m_connection.run(
+                QStringLiteral("INSERT INTO installation (engine, unit, from_day, "
+                               "to_day) VALUES (?, ?, ?, ?)"),
+                {boundText(one.engine), qint64{one.unit}, day(one.from), day(one.to)}))
             return false;
     }
     return m_connection.run(QStringLiteral("UPDATE cycle SET engine = %1").arg(engineOfCycle)) &&
@@ -207,10 +205,9 @@ bool CycleStore::takeFromMonthOf(const QString& folder)
                    "AND b.state = month_band.state)"),
                {folder, folder, folder, folder}) &&
            m_connection.run(
-               QStringLiteral(
-                   "DELETE FROM month_band WHERE micros = 0 "
-                   "AND engine = (SELECT engine FROM cycle WHERE folder = ?) "
-                   "AND month = (SELECT month FROM cycle WHERE folder = ?)"),
+               QStringLiteral("DELETE FROM month_band WHERE micros = 0 "
+                              "AND engine = (SELECT engine FROM cycle WHERE folder = ?) "
+                              "AND month = (SELECT month FROM cycle WHERE folder = ?)"),
                {folder, folder});
 }
 

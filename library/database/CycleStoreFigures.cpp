@@ -1,7 +1,6 @@
 #include "library/database/CycleStore.h"
 #include "library/database/LibraryConnection.h"
 
-
 #include <algorithm>
 
 /// What belongs to the figures of a cycle.
@@ -187,25 +186,13 @@ bool CycleStore::putEpisodes(const CycleFigures& figures)
                    "seconds_beyond_limit, peak, peak_seconds, peak_parameter, phase, engine_speed");
     int i = 0;
     return std::ranges::all_of(figures.episodes, [&](const EpisodeRecord& one) {
-        return m_connection.run(insert, {m_id,
-                                         ++i,
-                                         bound(one.flight),
-                                         boundText(one.quantity),
-                                         boundText(one.parameters.join(QLatin1Char('\n'))),
-                                         static_cast<int>(one.state),
-                                         int{one.isLampOnly},
-                                         int{one.isHigh},
-                                         bound(one.begin),
-                                         bound(one.end),
-                                         int{one.isCut},
-                                         one.crossings,
-                                         bound(one.secondsBeyondWarning),
-                                         bound(one.secondsBeyondLimit),
-                                         bound(one.peak),
-                                         bound(one.peakSeconds),
-                                         boundText(one.peakParameter),
-                                         boundText(one.phase),
-                                         bound(one.engineSpeed)});
+        return m_connection.run(
+            insert, {m_id, ++i, bound(one.flight), boundText(one.quantity),
+                     boundText(one.parameters.join(QLatin1Char('\n'))), static_cast<int>(one.state),
+                     int{one.isLampOnly}, int{one.isHigh}, bound(one.begin), bound(one.end),
+                     int{one.isCut}, one.crossings, bound(one.secondsBeyondWarning),
+                     bound(one.secondsBeyondLimit), bound(one.peak), bound(one.peakSeconds),
+                     boundText(one.peakParameter), boundText(one.phase), bound(one.engineSpeed)});
     });
 }
 

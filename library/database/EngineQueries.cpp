@@ -60,8 +60,7 @@ QString complete(LibraryDatabase& database, EngineRow& row)
         database,
         QStringLiteral("SELECT c.engine_type FROM cycle c WHERE c.engine = ? "
                        "ORDER BY c.month DESC, c.date_time DESC LIMIT 1"),
-        {boundText(row.engine)},
-        [](const QSqlQuery& query) { return query.value(0).toString(); });
+        {boundText(row.engine)}, [](const QSqlQuery& query) { return query.value(0).toString(); });
     if (!units || !types)
         return database.error();
     row.engineType = types.value.empty() ? QString() : types.value.front();
@@ -75,8 +74,7 @@ QString complete(LibraryDatabase& database, EngineRow& row)
     };
     for (const quint32 unit : units.value) {
         row.units << unit;
-        const Readings hours =
-            readingsOf(database, row.engine, unit, QStringLiteral("unit_hours"));
+        const Readings hours = readingsOf(database, row.engine, unit, QStringLiteral("unit_hours"));
         const Readings starts =
             readingsOf(database, row.engine, unit, QStringLiteral("unit_starts"));
         if (!hours.error.isEmpty() || !starts.error.isEmpty())
@@ -115,9 +113,8 @@ QString addBands(LibraryDatabase& database, const std::optional<QString>& engine
     auto row = rows.begin();
     for (const EngineBand& one : bands.value) {
         // Both are in the same order.
-        const auto found =
-            std::find_if(row, rows.end(),
-                         [&](const EngineRow& other) { return other.engine == one.engine; });
+        const auto found = std::find_if(
+            row, rows.end(), [&](const EngineRow& other) { return other.engine == one.engine; });
         if (found == rows.end())
             continue;
         row = found;
@@ -171,14 +168,14 @@ Answer<std::optional<EngineRow>> LibraryQueries::engine(const QString& engine)
 
 Answer<std::vector<MonthRow>> LibraryQueries::months(const QString& engine)
 {
-    return rowsOf<MonthRow>(m_database,
-                            QStringLiteral("SELECT c.month, %1 FROM cycle c WHERE c.engine = ? "
-                                           "GROUP BY c.month ORDER BY c.month")
-                                .arg(sumColumns),
-                            {boundText(engine)}, [](const QSqlQuery& query) {
-                                return MonthRow{dayFrom(query.value(0).toString() + monthDay),
-                                                sumsFrom(query, 1)};
-                            });
+    return rowsOf<MonthRow>(
+        m_database,
+        QStringLiteral("SELECT c.month, %1 FROM cycle c WHERE c.engine = ? "
+                       "GROUP BY c.month ORDER BY c.month")
+            .arg(sumColumns),
+        {boundText(engine)}, [](const QSqlQuery& query) {
+            return MonthRow{dayFrom(query.value(0).toString() + monthDay), sumsFrom(query, 1)};
+        });
 }
 
 Answer<std::vector<EpisodeRow>> LibraryQueries::engineEpisodes(const QString& engine, int limit,

@@ -127,9 +127,9 @@ template <typename Stream, typename Flight>
 void flight(Stream& s, Flight& f)
 {
     all(s, f.dateTime, f.startSeconds, f.endSeconds, f.takeOffSeconds, f.landingSeconds,
-        f.statisticsValid, f.minAltitude, f.maxAltitude, f.altitudeGain, f.climbRate,
-        f.descentRate, f.maxGroundSpeed, f.fuelA, f.fuelB, f.fuel, f.timePer100m, f.fuelPer100m,
-        f.takeOffDistance, f.takeOffDistance15m);
+        f.statisticsValid, f.minAltitude, f.maxAltitude, f.altitudeGain, f.climbRate, f.descentRate,
+        f.maxGroundSpeed, f.fuelA, f.fuelB, f.fuel, f.timePer100m, f.fuelPer100m, f.takeOffDistance,
+        f.takeOffDistance15m);
 }
 
 template <typename Stream, typename Episode>

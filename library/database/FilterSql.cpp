@@ -12,8 +12,7 @@ QString containing(const QString& text)
 {
     QString pattern = QStringLiteral("%");
     for (const QChar letter : text) {
-        if (letter == QLatin1Char('%') || letter == QLatin1Char('_') ||
-            letter == QLatin1Char('\\'))
+        if (letter == QLatin1Char('%') || letter == QLatin1Char('_') || letter == QLatin1Char('\\'))
             pattern += QLatin1Char('\\');
         pattern += letter.unicode() < 0x80 ? letter.toLower() : letter;
     }

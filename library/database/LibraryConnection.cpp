@@ -28,9 +28,9 @@ bool isOnNetwork(const QString& path)
     if (absolute.startsWith(QLatin1String("//")))
         return true;
     static const QStringList networks{
-        QStringLiteral("nfs"),  QStringLiteral("nfs4"),  QStringLiteral("cifs"),
-        QStringLiteral("smb"),  QStringLiteral("smbfs"), QStringLiteral("smb2"),
-        QStringLiteral("smb3"), QStringLiteral("9p"),    QStringLiteral("afs"),
+        QStringLiteral("nfs"),   QStringLiteral("nfs4"),   QStringLiteral("cifs"),
+        QStringLiteral("smb"),   QStringLiteral("smbfs"),  QStringLiteral("smb2"),
+        QStringLiteral("smb3"),  QStringLiteral("9p"),     QStringLiteral("afs"),
         QStringLiteral("afpfs"), QStringLiteral("webdav"), QStringLiteral("davfs")};
     const QString type =
         QString::fromLatin1(QStorageInfo(QFileInfo(absolute).path()).fileSystemType()).toLower();
@@ -98,8 +98,8 @@ bool LibraryConnection::openServer(const QString& password)
     const QUrlQuery query(url);
     for (const QString& key : serverOptions()) {
         if (query.hasQueryItem(key))
-            options << QStringLiteral("%1=%2").arg(
-                key, query.queryItemValue(key, QUrl::FullyDecoded));
+            options << QStringLiteral("%1=%2").arg(key,
+                                                   query.queryItemValue(key, QUrl::FullyDecoded));
     }
     if (!query.hasQueryItem(QStringLiteral("connect_timeout")))
         options << QStringLiteral("connect_timeout=10");

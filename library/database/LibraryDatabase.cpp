@@ -272,9 +272,9 @@ QSqlQuery LibraryDatabase::select(const QString& sql, const QVariantList& values
 Answer<std::vector<ArchivedCycle>> LibraryDatabase::cycles()
 {
     Answer<std::vector<ArchivedCycle>> answer;
-    QSqlQuery query = select(QStringLiteral(
-        "SELECT c.folder, f.name, f.sha256, f.bytes FROM cycle c LEFT JOIN file f "
-        "ON f.cycle = c.id ORDER BY c.folder, f.name"));
+    QSqlQuery query = select(
+        QStringLiteral("SELECT c.folder, f.name, f.sha256, f.bytes FROM cycle c LEFT JOIN file f "
+                       "ON f.cycle = c.id ORDER BY c.folder, f.name"));
     if (!query.isActive())
         return {{}, m_error};
     while (query.next()) {
@@ -292,13 +292,13 @@ Answer<std::vector<ArchivedCycle>> LibraryDatabase::cycles()
 Answer<QStringList> LibraryDatabase::staleFolders(const FiguresSource& now)
 {
     Answer<QStringList> answer;
-    QSqlQuery query = select(
-        QStringLiteral("SELECT c.folder FROM cycle c LEFT JOIN source s ON s.id = c.source "
-                       "WHERE s.id IS NULL OR s.profile <> ? OR s.profile_version <> ? "
-                       "OR s.profile_sha256 <> ? OR s.variant <> ? OR s.program <> ? "
-                       "ORDER BY c.folder"),
-        {boundText(now.profile), boundText(now.profileVersion), boundText(now.profileSha256),
-         boundText(now.variant), boundText(now.program)});
+    QSqlQuery query =
+        select(QStringLiteral("SELECT c.folder FROM cycle c LEFT JOIN source s ON s.id = c.source "
+                              "WHERE s.id IS NULL OR s.profile <> ? OR s.profile_version <> ? "
+                              "OR s.profile_sha256 <> ? OR s.variant <> ? OR s.program <> ? "
+                              "ORDER BY c.folder"),
+               {boundText(now.profile), boundText(now.profileVersion), boundText(now.profileSha256),
+                boundText(now.variant), boundText(now.program)});
     if (!query.isActive())
         return {{}, m_error};
     while (query.next())

@@ -3,6 +3,8 @@
 #include "library/database/LibraryDatabase.h"
 #include "library/database/LibraryRecords.h"
 
+#include <map>
+
 namespace KOLT::Library {
 
 /// What pages and verbs ask a library. With 100,000 flights each answer takes below 100 ms. Belongs
@@ -33,6 +35,9 @@ public:
     Answer<std::vector<FlightRow>> flights(const LibraryFilter& filter, int limit, int offset = 0);
     Answer<int> flightCount(const LibraryFilter& filter);
     Answer<LibrarySums> sums(const LibraryFilter& filter);
+
+    /// By the id of the cycle, in name order.
+    Answer<std::map<qint64, QList<ArchivedFile>>> files(const LibraryFilter& filter);
 
     Answer<ArchivedCycle> archived(qint64 cycle);
     Answer<std::optional<CycleRow>> cycle(const QString& folder);

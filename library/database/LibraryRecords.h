@@ -55,7 +55,7 @@ struct UnitRow
     quint32 unit = 0;
     QString ecuType;
     QStringList engines; ///< that were in it
-    QDate first; ///< invalid where no cycle has a date
+    QDate first;         ///< invalid where no cycle has a date
     QDate last;
     LibrarySums sums;
 };

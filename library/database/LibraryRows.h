@@ -43,9 +43,9 @@ inline constexpr QLatin1String episodeColumns(
 EpisodeRow episodeFrom(const QSqlQuery& query);
 
 /// Of fault b and cycle c.
-inline constexpr QLatin1String faultColumns(
-    "b.cycle, c.folder, c.unit, c.date_time, b.flight, b.parameter, b.begin_seconds, "
-    "b.end_seconds, b.cut");
+inline constexpr QLatin1String
+    faultColumns("b.cycle, c.folder, c.unit, c.date_time, b.flight, b.parameter, b.begin_seconds, "
+                 "b.end_seconds, b.cut");
 FaultRow faultFrom(const QSqlQuery& query);
 
 QDateTime dateTimeFrom(const QVariant& text);

@@ -186,8 +186,7 @@ private:
         if (m_isEnded)
             return;
         const int status = worker.process->exitCode();
-        const bool isRefused =
-            worker.process->exitStatus() == QProcess::NormalExit && status != 0;
+        const bool isRefused = worker.process->exitStatus() == QProcess::NormalExit && status != 0;
         worker.process.release()->deleteLater(); // it is calling
         if (!worker.given.empty() && !worker.hasAnswered && isRefused) {
             end(Text::tr("%1 cannot work out figures: it ended with status %2")
@@ -247,19 +246,15 @@ FiguresWorker figuresWorker(const QString& archive, const Profile& profile)
 #ifdef Q_OS_WIN
     worker.program += QStringLiteral(".exe");
 #endif
-    worker.arguments = {QStringLiteral("library"),
-                        QStringLiteral("figures"),
-                        QStringLiteral("--library"),
-                        QDir(archive).absolutePath(),
-                        QStringLiteral("--profile"),
-                        QFileInfo(profile.path()).absoluteFilePath(),
-                        QStringLiteral("--variant"),
-                        profile.activeVariant()};
+    worker.arguments = {QStringLiteral("library"),   QStringLiteral("figures"),
+                        QStringLiteral("--library"), QDir(archive).absolutePath(),
+                        QStringLiteral("--profile"), QFileInfo(profile.path()).absoluteFilePath(),
+                        QStringLiteral("--variant"), profile.activeVariant()};
     return worker;
 }
 
 Answer<UpdatePlan> planUpdate(LibraryDatabase& database, const std::vector<ArchivedCycle>& archive,
-                              const FiguresSource& now)
+                              const QStringList& unreadable, const FiguresSource& now)
 {
     const auto known = database.cycles();
     const auto stale = database.staleFolders(now);
@@ -273,15 +268,17 @@ Answer<UpdatePlan> planUpdate(LibraryDatabase& database, const std::vector<Archi
     Answer<UpdatePlan> plan;
     for (const ArchivedCycle& cycle : archive) {
         const auto found = old.find(cycle.folder);
-        const bool isKnown = found != old.end() && found->second != nullptr &&
-                             hasSameFiles(*found->second, cycle);
+        const bool isKnown =
+            found != old.end() && found->second != nullptr && hasSameFiles(*found->second, cycle);
         if (!isKnown)
             plan.value.cycles << cycle;
         if (found != old.end())
             old.erase(found);
     }
-    for (const auto& [folder, cycle] : old)
-        plan.value.removed << folder;
+    for (const auto& [folder, cycle] : old) {
+        if (!unreadable.contains(folder))
+            plan.value.removed << folder;
+    }
     return plan;
 }
 

@@ -27,9 +27,10 @@ struct UpdatePlan
     QStringList removed;         ///< folders that the archive no longer has
 };
 
-/// `archive` are all cycles of the archive.
+/// `archive` are all cycles of the archive, `unreadable` the folders of those whose manifest is
+/// damaged: what is known of them stays.
 Answer<UpdatePlan> planUpdate(LibraryDatabase& database, const std::vector<ArchivedCycle>& archive,
-                              const FiguresSource& now);
+                              const QStringList& unreadable, const FiguresSource& now);
 
 struct UpdateProgress
 {
