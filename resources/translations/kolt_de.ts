@@ -572,6 +572,10 @@ Verwenden Sie einen Namen mit der Endung .bmp, .png oder .jpg.</translation>
         <source>Map settings...</source>
         <translation>Einstellungen der Karte...</translation>
     </message>
+    <message>
+        <source>The map is too small for the values</source>
+        <translation>Die Karte ist zu klein für die Werte</translation>
+    </message>
 </context>
 <context>
     <name>KOLT::DialogDataStatistic</name>
@@ -654,6 +658,10 @@ Verwenden Sie einen Namen mit der Endung .bmp, .png oder .jpg.</translation>
     <message>
         <source>Marked figures</source>
         <translation>Markierte Werte</translation>
+    </message>
+    <message>
+        <source>Rounded: fuel %1 l, altitude %2 to %3 m, climb %4 m at %5 m/s, speed up to %6 km/h, take-off distance %7 m</source>
+        <translation>Gerundet: Kraftstoff %1 l, Höhe %2 bis %3 m, Steigen %4 m mit %5 m/s, bis zu %6 km/h, Startstrecke %7 m</translation>
     </message>
 </context>
 <context>
@@ -1722,10 +1730,6 @@ In dieser Aufzeichnung wurde nichts Zweifelhaftes gefunden.</translation>
         <translation>Zyklus %1, Flug %2</translation>
     </message>
     <message>
-        <source>%L1 s</source>
-        <translation>%L1 s</translation>
-    </message>
-    <message>
         <source>at least %1</source>
         <translation>mindestens %1</translation>
     </message>
@@ -2045,6 +2049,14 @@ In dieser Aufzeichnung wurde nichts Zweifelhaftes gefunden.</translation>
         <source>Engine report, engine %1</source>
         <translation>Motorbericht, Motor %1</translation>
     </message>
+    <message>
+        <source>%1 s</source>
+        <translation>%1 s</translation>
+    </message>
+    <message>
+        <source>%1 (every cycle)</source>
+        <translation>%1 (in jedem Zyklus)</translation>
+    </message>
 </context>
 <context>
     <name>KOLT::Episode</name>
@@ -2114,10 +2126,6 @@ In dieser Aufzeichnung wurde nichts Zweifelhaftes gefunden.</translation>
 </context>
 <context>
     <name>KOLT::EpisodeFigures</name>
-    <message>
-        <source>%L1 s</source>
-        <translation>%L1 s</translation>
-    </message>
     <message>
         <source>at least %1</source>
         <translation>mindestens %1</translation>
@@ -2193,6 +2201,10 @@ In dieser Aufzeichnung wurde nichts Zweifelhaftes gefunden.</translation>
     <message>
         <source>Time beyond levels</source>
         <translation>Zeit jenseits von</translation>
+    </message>
+    <message>
+        <source>%1 s</source>
+        <translation>%1 s</translation>
     </message>
 </context>
 <context>
@@ -2370,10 +2382,6 @@ Motordrehzahl: %3</translation>
         <translation>Ohne Klasse</translation>
     </message>
     <message>
-        <source>%L1 s</source>
-        <translation>%L1 s</translation>
-    </message>
-    <message>
         <source>Begin</source>
         <translation>Anfang</translation>
     </message>
@@ -2412,6 +2420,10 @@ Motordrehzahl: %3</translation>
     <message>
         <source>Message</source>
         <translation>Nachricht</translation>
+    </message>
+    <message>
+        <source>%1 s</source>
+        <translation>%1 s</translation>
     </message>
 </context>
 <context>
