@@ -79,7 +79,8 @@ QString severityText(const std::optional<TrustSeverity>& severity)
 
 void addTrust(Row& row, const std::vector<TrustFinding>& findings)
 {
-    row.cells[OverviewTable::Trust] = severityText(worstSeverity(findings));
+    row.severity = worstSeverity(findings);
+    row.cells[OverviewTable::Trust] = severityText(row.severity);
     QStringList lines;
     for (const TrustFinding& finding : findings)
         lines << trustKindTitle(finding.kind) + QStringLiteral(": ") + finding.text;

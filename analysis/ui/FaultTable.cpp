@@ -23,6 +23,7 @@ namespace {
 
 constexpr int padding = 12;
 constexpr int nameCharacters = 18;
+constexpr int leastNameCharacters = 10;
 
 } // namespace
 
@@ -35,6 +36,7 @@ FaultTable::FaultTable(QWidget* parent)
     setEditTriggers(QAbstractItemView::NoEditTriggers);
     setTabKeyNavigation(false);
     setWordWrap(false);
+    setTextElideMode(Qt::ElideMiddle); // such as "Sensor 1 A" at the end
     setShowGrid(false);
     verticalHeader()->hide();
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
@@ -77,9 +79,14 @@ void FaultTable::fit()
 {
     verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 2);
     const int time = fontMetrics().horizontalAdvance(counterText(0)) + padding;
-    setColumnWidth(FaultListModel::Fault, fontMetrics().averageCharWidth() * nameCharacters);
+    const int duration = time * 3 / 4;
+    const int character = fontMetrics().averageCharWidth();
+    // In a narrow page the end is worth more than the middle of a name.
+    setColumnWidth(FaultListModel::Fault,
+                   std::clamp(viewport()->width() - 2 * time - duration,
+                              character * leastNameCharacters, character * nameCharacters));
     setColumnWidth(FaultListModel::Begin, time);
-    setColumnWidth(FaultListModel::Duration, time * 3 / 4);
+    setColumnWidth(FaultListModel::Duration, duration);
     m_widths->restore();
 }
 

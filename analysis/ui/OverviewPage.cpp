@@ -1,6 +1,7 @@
 #include "analysis/ui/OverviewPage.h"
 
 #include "ui/ColumnMemory.h"
+#include "ui/TrustMark.h"
 
 #include <QEvent>
 #include <QHeaderView>
@@ -8,6 +9,7 @@
 #include <QProgressBar>
 #include <QPushButton>
 #include <QShortcut>
+#include <QStyle>
 #include <QVBoxLayout>
 
 #include <utility>
@@ -24,6 +26,7 @@ constexpr int worstCharacters = 18;
 constexpr int leastWorstCharacters = 10;
 constexpr int indentation = 14;
 constexpr int columnPadding = 2;
+constexpr int markPadding = 8;
 
 /// Left out one after the other where a window is too narrow; the rest answers what the day was.
 constexpr OverviewTable::Column expendable[] = {OverviewTable::FlightFuel, OverviewTable::Exceeded,
@@ -186,6 +189,10 @@ void OverviewPage::setRow(QTreeWidgetItem& item, const OverviewTable::Row& row)
     }
     if (const StateMark mark = markOf(row); mark != StateMark::None)
         item.setIcon(OverviewTable::Worst, markIcon(mark));
+    if (row.severity && *row.severity != TrustSeverity::Note)
+        item.setIcon(OverviewTable::Trust,
+                     trustIcon(*row.severity == TrustSeverity::Wrong ? TrustMark::Wrong
+                                                                     : TrustMark::Doubtful));
     if (!isSum) {
         item.setData(0, cycleRole, row.cycle);
         item.setData(0, flightRole,
@@ -277,6 +284,8 @@ void OverviewPage::focusRows()
 void OverviewPage::fitColumns()
 {
     int width = 0;
+    m_tree->headerItem()->setText(OverviewTable::Trust,
+                                  OverviewTable::headings()[OverviewTable::Trust]);
     for (int column = 0; column < OverviewTable::Worst; ++column) {
         m_tree->setColumnHidden(column, false);
         m_tree->resizeColumnToContents(column);
@@ -293,6 +302,13 @@ void OverviewPage::fitColumns()
             break;
         width -= m_tree->columnWidth(column);
         m_tree->setColumnHidden(column, true);
+    }
+    if (width + character * worstCharacters > m_tree->viewport()->width()) {
+        // The marks alone tell how far a recording can be believed.
+        m_tree->headerItem()->setText(OverviewTable::Trust, {});
+        m_tree->setColumnWidth(OverviewTable::Trust, m_tree->style()->pixelMetric(
+                                                         QStyle::PM_SmallIconSize) +
+                                                         markPadding);
     }
 }
 

@@ -23,6 +23,7 @@
 #include <QPrinter>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QScreen>
 #include <QShortcut>
 #include <QTableWidget>
 #include <QVBoxLayout>
@@ -31,7 +32,7 @@ namespace KOLT {
 
 namespace {
 
-constexpr QSize windowSize(1000, 620);
+constexpr QSize windowSize(1080, 620); ///< all columns fit
 constexpr int rowPadding = 6;
 constexpr int noteLines = 5;
 constexpr int wholePercent = 100;
@@ -92,7 +93,7 @@ DialogDaySheet::DialogDaySheet(const Profile& profile, const SettingsStore& sett
     layout->addLayout(bottom);
     createButtons();
     showSheet();
-    resize(windowSize);
+    resize(windowSize.boundedTo(screen()->availableSize()));
 }
 
 void DialogDaySheet::createTable()

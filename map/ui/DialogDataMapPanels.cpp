@@ -16,7 +16,8 @@ constexpr int valuePanelPlace = 310;
 constexpr int valuePanelWidth = 300;
 constexpr int attributionHeight = 48; ///< two lines
 constexpr int leastFree = 90;         ///< pixels of the map below the panels
-constexpr int mostPercent = 55;       ///< of the height that panels in a column may take
+constexpr int mostPercent = 46;       ///< of the height for panels in a column; the aircraft is in
+                                      ///< the middle
 
 } // namespace
 

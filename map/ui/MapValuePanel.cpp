@@ -14,6 +14,7 @@ namespace KOLT {
 namespace {
 
 constexpr int margin = 5;
+constexpr int rowSpacing = 3;
 constexpr int leastCharacters = 20; ///< of name and value
 
 } // namespace
@@ -33,6 +34,7 @@ MapValuePanel::MapValuePanel(const Profile& profile, QWidget* parent)
     m_panel->hide();
     m_grid->setContentsMargins(margin, margin, margin, margin);
     m_grid->setColumnStretch(0, 1);
+    m_grid->setVerticalSpacing(rowSpacing);
     createScroll();
 }
 
