@@ -1,6 +1,7 @@
 #include "base/SafeFile.h"
 
 #include "base/SystemDisk.h"
+#include "base/SystemPath.h"
 #include "base/WriteGuard.h"
 
 #include <QCoreApplication>
@@ -50,6 +51,7 @@ WriteResult replaceFile(const QString& path, const std::function<bool(QIODevice&
     // commit() also does this, but ignores errors.
     if (const QString error = System::syncFile(file); !error.isEmpty())
         return {Status::Failed, error};
+    System::awaitReplaceable(target);
     if (!file.commit())
         return {Status::Failed, errorOf(file)};
     return {Status::Written, {}};
@@ -85,8 +87,8 @@ QString moveAside(const QString& path)
     const QString aside = freePath(path + QStringLiteral(".broken"), {});
     // QFile::rename() would fall back to copying and then remove the original.
     std::error_code error;
-    std::filesystem::rename(QFile::encodeName(path).toStdString(),
-                            QFile::encodeName(aside).toStdString(), error);
+    System::awaitReplaceable(path);
+    std::filesystem::rename(System::nativePath(path), System::nativePath(aside), error);
     return error ? QString() : aside;
 }
 

@@ -1,8 +1,9 @@
 #include "base/WriteGuard.h"
 
+#include "base/SystemPath.h"
+
 #include <QCoreApplication>
 #include <QDir>
-#include <QFile>
 #include <QFileInfo>
 #include <QStringList>
 
@@ -77,11 +78,6 @@ std::mutex& mutex()
     return instance;
 }
 
-fs::path toPath(const QString& path)
-{
-    return QFile::encodeName(path).toStdString();
-}
-
 std::optional<fs::path> resolve(const fs::path& path)
 {
     std::error_code error;
@@ -119,7 +115,7 @@ std::optional<fs::path> resolve(const fs::path& path)
 /// folder: a second mount, or another spelling on a file system that ignores case.
 bool isWithin(const QString& folder, const fs::path& target)
 {
-    const std::optional<fs::path> top = resolve(toPath(folder));
+    const std::optional<fs::path> top = resolve(System::nativePath(folder));
     if (!top)
         return false;
     for (fs::path path = target;; path = path.parent_path()) {
@@ -176,19 +172,19 @@ std::shared_ptr<const void> allowArchive(const QString& folder)
 
 bool isBelow(const QString& folder, const QString& path)
 {
-    const std::optional<fs::path> target = resolve(toPath(path));
+    const std::optional<fs::path> target = resolve(System::nativePath(path));
     return target && isWithin(folder, *target);
 }
 
 QString resolvedPath(const QString& path)
 {
-    const std::optional<fs::path> resolved = resolve(toPath(path));
-    return resolved ? QFile::decodeName(resolved->string().c_str()) : QString();
+    const std::optional<fs::path> resolved = resolve(System::nativePath(path));
+    return resolved ? System::pathText(*resolved) : QString();
 }
 
 QString writeObjection(const QString& path)
 {
-    const std::optional<fs::path> target = resolve(toPath(path));
+    const std::optional<fs::path> target = resolve(System::nativePath(path));
     if (!target)
         return Text::tr("The links in this path form a loop:\n%1").arg(path);
     std::unique_lock lock(mutex());
@@ -199,7 +195,7 @@ QString writeObjection(const QString& path)
     lock.unlock();
     if (std::ranges::any_of(archives, [&](const QString& root) { return isWithin(root, *target); }))
         return {};
-    const QString name = QFile::decodeName(target->filename().string().c_str());
+    const QString name = System::pathText(target->filename());
     const bool areRecordsAllowed = recordFolder != nullptr && isWithin(*recordFolder, *target);
     // A card's file system does not tell letters by their case.
     if (!areRecordsAllowed &&
@@ -209,7 +205,7 @@ QString writeObjection(const QString& path)
             .arg(QDir::toNativeSeparators(path));
     const bool isOwn = !own.isEmpty() && isWithin(own, *target);
     for (const QString& folder : folders) {
-        if (!isWithin(folder, *target) || (isOwn && isWithin(folder, toPath(resolvedPath(own)))))
+        if (!isWithin(folder, *target) || (isOwn && isWithin(folder, System::nativePath(resolvedPath(own)))))
             continue;
         return Text::tr("Nothing is written to the folder of the recordings, so that they remain "
                         "unchanged. Please choose another folder than\n%1")

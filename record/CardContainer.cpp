@@ -1,6 +1,7 @@
 #include "record/CardContainer.h"
 
 #include "base/Diagnostics.h"
+#include "base/SystemPath.h"
 #include "base/WriteGuard.h"
 #include "record/ClockOffset.h"
 #include "record/FlightFinder.h"
@@ -28,15 +29,13 @@ QString fileNameOf(const QString& path)
 void reportOddEntries(const QString& folder, const std::map<QString, RecordFile>& files)
 {
     std::error_code error;
-    const auto path = QFile::encodeName(folder).toStdString();
-    for (auto it = std::filesystem::directory_iterator(path, error);
+    for (auto it = std::filesystem::directory_iterator(System::nativePath(folder), error);
          !error && it != std::filesystem::directory_iterator(); it.increment(error)) {
-        const std::string bytes = it->path().filename().string();
-        const QString name = QFile::decodeName(bytes.c_str());
+        const QString name = System::pathText(it->path().filename());
         if (isRecordFileName(name) && !name.startsWith(QLatin1Char('.')) && !files.contains(name))
             Diagnostics::print("CardContainer::readContainer: %s is not a plain file, or its name "
                                "is not UTF-8\n",
-                               bytes.c_str());
+                               qUtf8Printable(name));
     }
 }
 
