@@ -30,6 +30,12 @@ struct WriteResult
 WriteResult replaceFile(const QString& path, const std::function<bool(QIODevice&)>& write);
 WriteResult replaceFile(const QString& path, const QByteArray& content);
 
+/// The same for libraries that write to a path of their own: `write` gets the path of a new, empty
+/// file beside the target and returns what went wrong, empty on success. It must have closed the
+/// file then.
+WriteResult replaceFileAt(const QString& path,
+                          const std::function<QString(const QString& temporary)>& write);
+
 /// Creates or replaces the target by a copy of the file.
 WriteResult copyFile(const QString& source, const QString& target);
 

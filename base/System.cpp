@@ -3,9 +3,13 @@
 #include <QFile>
 
 #include <array>
+#include <csignal>
+#include <cstdio>
 
 #ifdef _WIN32
 #include <direct.h>
+#include <fcntl.h>
+#include <io.h>
 #else
 #include <fcntl.h>
 #include <termios.h>
@@ -63,6 +67,15 @@ std::optional<std::string> readPassword([[maybe_unused]] const std::string& prom
     isWhole = write(terminal, "\n", 1) == 1 && isWhole;
     close(terminal);
     return isWhole ? std::optional(answer) : std::nullopt;
+#endif
+}
+
+void prepareDataOutput()
+{
+#ifdef _WIN32
+    _setmode(_fileno(stdout), _O_BINARY);
+#else
+    std::signal(SIGPIPE, SIG_IGN);
 #endif
 }
 

@@ -18,4 +18,8 @@ std::string workingDirectory();
 /// ends the input.
 std::optional<std::string> readPassword(const std::string& prompt);
 
+/// For programs that write data to the standard output: the bytes go out as they are, and a reader
+/// that went away makes a write fail (EPIPE) instead of ending the program.
+void prepareDataOutput();
+
 } // namespace KOLT::System
