@@ -5,8 +5,6 @@
 #include "export/ExportFile.h"
 #include "profile/ValueDecoder.h"
 
-#include <QIODevice>
-
 #include <algorithm>
 
 namespace KOLT {
@@ -16,19 +14,6 @@ namespace {
 constexpr std::size_t blockBytes = 1U << 20;
 constexpr auto byteOrderMark = "\xEF\xBB\xBF";
 constexpr int secondsDecimals = 3;
-
-bool writeAll(QIODevice& device, const std::string& text)
-{
-    // A full disk accepts a part; the error is only set by writing the rest.
-    const auto size = static_cast<qint64>(text.size());
-    for (qint64 done = 0; done < size;) {
-        const qint64 taken = device.write(text.data() + done, size - done);
-        if (taken <= 0)
-            return false;
-        done += taken;
-    }
-    return true;
-}
 
 /// Cannot overflow: sampleSpan() leaves out damaged times.
 qint64 rowsOf(const SampleSpan& span, int resolution)

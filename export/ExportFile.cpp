@@ -21,6 +21,19 @@ ExportOutcome exportToFile(const QString& path,
     return {ExportStatus::Failed, result.error};
 }
 
+bool writeAll(QIODevice& device, std::string_view bytes)
+{
+    // A full disk accepts a part; the error is only set by writing the rest.
+    const auto size = static_cast<qint64>(bytes.size());
+    for (qint64 done = 0; done < size;) {
+        const qint64 taken = device.write(bytes.data() + done, size - done);
+        if (taken <= 0)
+            return false;
+        done += taken;
+    }
+    return true;
+}
+
 ExportStatus finishExport(QIODevice& device, bool isWritten)
 {
     auto* const file = qobject_cast<QFileDevice*>(&device);

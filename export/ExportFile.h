@@ -5,6 +5,7 @@
 #include <QString>
 
 #include <functional>
+#include <string_view>
 
 class QIODevice;
 
@@ -20,6 +21,9 @@ struct ExportOutcome
 /// existing file stays unchanged.
 ExportOutcome exportToFile(const QString& path,
                            const std::function<ExportStatus(QIODevice&)>& write);
+
+/// Writes all bytes to the device; false when it did not take them.
+bool writeAll(QIODevice& device, std::string_view bytes);
 
 /// The status of an export after its last write: flushes a file first. `isWritten`: all writes
 /// succeeded.
