@@ -38,8 +38,13 @@ ExportDialog createDialog(Command command, const Profile& profile,
                           const DialogExport::Source& source, SettingsStore& settings,
                           QWidget* parent)
 {
-    if (command == Command::ExportGpx)
-        return {std::make_unique<DialogExportGpx>(source, parent), [] {}};
+    if (command == Command::ExportGpx) {
+        auto dialog =
+            std::make_unique<DialogExportGpx>(profile, source, loadGpxOptions(settings), parent);
+        auto* const page = dialog.get();
+        return {std::move(dialog),
+                [page, &settings] { storeGpxOptions(page->options(), settings); }};
+    }
     if (command == Command::ExportKml) {
         auto dialog =
             std::make_unique<DialogExportKml>(profile, source, loadKmlOptions(settings), parent);

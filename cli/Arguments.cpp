@@ -73,14 +73,14 @@ void addOptions(QCommandLineParser& parser, const Verb& verb)
     const QString action = QLatin1String(verb.action());
     if (!action.isEmpty())
         parser.addPositionalArgument(isExport(verb) ? QStringLiteral("format") : action,
-                                     isExport(verb)
-                                         ? QStringLiteral("Kind of the file: csv, kml or gpx.")
-                                         : QStringLiteral("What to do."),
+                                     isExport(verb) ? QStringLiteral("Kind of the file.")
+                                                    : QStringLiteral("What to do."),
                                      action);
     parser.addPositionalArgument(
         verb.isOnFile() ? QStringLiteral("file") : QStringLiteral("folder"),
-        verb.isOnFile() ? QStringLiteral("The file.")
-                        : QStringLiteral("The card, or a copy of it."),
+        verb.isOnFile()  ? QStringLiteral("The file.")
+        : isExport(verb) ? QStringLiteral("The card, or a copy of it; not for dbc.")
+                         : QStringLiteral("The card, or a copy of it."),
         verb.isOnFile() ? QStringLiteral("FILE") : QStringLiteral("FOLDER"));
     add("help", "Show this help.");
     if (verb.choosesFiles()) {
@@ -151,7 +151,11 @@ QString readChoice(const QCommandLineParser& parser, Arguments& arguments)
         return QStringLiteral("--all goes with neither --cycle nor --files");
     if (isCutting && !hasCycle)
         return QStringLiteral("--cycle is missing");
-    if (!arguments.all && hasCycle == hasFiles)
+    const bool isOfProfile = isExport(*arguments.verb) && arguments.format == ExportFormat::Dbc;
+    if (isOfProfile && (hasCycle || hasFiles || arguments.all))
+        return QStringLiteral("a dbc file is made from the profile alone, without --cycle, "
+                              "--files or --all");
+    if (!isOfProfile && !arguments.all && hasCycle == hasFiles)
         return QStringLiteral("give either --cycle or --files");
     if (hasFiles) {
         arguments.files = parser.values(QStringLiteral("files"));
@@ -289,18 +293,25 @@ ParseResult parseArguments(const QStringList& commandLine)
     QStringList folders = parser.positionalArguments();
     const bool hasAction = *verb->action() != '\0';
     if (isExport(*verb) && folders.isEmpty())
-        return {{}, {}, QStringLiteral("give csv, kml or gpx, and the folder")};
+        return {{}, {}, QStringLiteral("give %1, and the folder").arg(exportFormatNames())};
     const QString format = hasAction && !folders.isEmpty() ? folders.takeFirst() : QString();
     if (verb->isOnFile() && (format != QLatin1String(verb->action()) || folders.size() != 1))
         return {{}, {}, QStringLiteral("give %1 and one file").arg(QLatin1String(verb->action()))};
     if (folders.isEmpty() && !given.filter(QStringLiteral("--files")).isEmpty())
         return {{}, {}, QStringLiteral("give the folder before --files")};
-    if (folders.size() != 1)
-        return {{}, {}, QStringLiteral("give one folder, not %1").arg(folders.size())};
 
     Arguments arguments;
     arguments.verb = verb;
-    arguments.folder = folders.first();
+    QString error = isExport(*verb) ? readFormat(format, arguments) : QString();
+    if (!error.isEmpty())
+        return {{}, {}, error};
+    const bool isOfProfile = isExport(*verb) && arguments.format == ExportFormat::Dbc;
+    if (isOfProfile && !folders.isEmpty())
+        return {
+            {}, {}, QStringLiteral("a dbc file is made from the profile alone: give no folder")};
+    if (!isOfProfile && folders.size() != 1)
+        return {{}, {}, QStringLiteral("give one folder, not %1").arg(folders.size())};
+    arguments.folder = folders.value(0);
     arguments.profile = valueOf(parser, QStringLiteral("profile"), verb->usesProfile());
     if (verb->usesProfile() && parser.isSet(QStringLiteral("variant")))
         arguments.variant = parser.value(QStringLiteral("variant"));
@@ -310,7 +321,7 @@ ParseResult parseArguments(const QStringList& commandLine)
     arguments.headersOnly =
         name == QLatin1String("list") && parser.isSet(QStringLiteral("headers-only"));
     arguments.all = isExport(*verb) && parser.isSet(QStringLiteral("all"));
-    QString error = readClockOffset(parser, arguments);
+    error = readClockOffset(parser, arguments);
     if (error.isEmpty() && verb->choosesFiles())
         error = readChoice(parser, arguments);
     if (error.isEmpty() && isCut(*verb))
@@ -320,7 +331,7 @@ ParseResult parseArguments(const QStringList& commandLine)
     if (error.isEmpty() && choosesFlight(*verb))
         error = readFlight(parser, arguments);
     if (error.isEmpty() && isExport(*verb))
-        error = readExport(parser, format, arguments);
+        error = readExport(parser, arguments);
     if (!error.isEmpty())
         return {{}, {}, error};
     if (isValues && arguments.parameter.isEmpty())

@@ -14,7 +14,7 @@ namespace KOLT::Cli {
 
 struct Verb;
 
-enum class ExportFormat { Csv, Kml, Gpx };
+enum class ExportFormat { Csv, Kml, Kmz, Gpx, Candump, Dbc, Sqlite };
 
 struct Arguments
 {
@@ -41,9 +41,9 @@ struct Arguments
 
     // Of the verb "export"; "cut" has output and selection as well.
     ExportFormat format = ExportFormat::Csv;
-    QString output;            ///< a file; a folder when all flights are exported
+    QString output;            ///< a file, "-"; a folder when all flights have a file each
     QString zip;               ///< of "cut", in place of output
-    bool all = false;          ///< every flight of the card instead of a cycle or files
+    bool all = false;          ///< the whole card instead of a cycle or files
     std::optional<int> flight; ///< within the cycle, from 1
     QStringList selection;     ///< full names of parameters
     std::vector<std::pair<QByteArray, QByteArray>> settings; ///< keys and values

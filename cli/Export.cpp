@@ -3,11 +3,13 @@
 #include "app/settings/ExportSettingsStore.h"
 #include "app/settings/ProgramSettings.h"
 #include "base/Diagnostics.h"
-#include "base/WriteGuard.h"
 #include "cli/Arguments.h"
+#include "cli/ExportArguments.h"
+#include "cli/ExportOutput.h"
+#include "cli/OpenFormats.h"
 #include "cli/Recording.h"
+#include "export/CandumpWriter.h"
 #include "export/CsvWriter.h"
-#include "export/ExportFile.h"
 #include "export/ExportName.h"
 #include "export/GpxWriter.h"
 #include "export/KmlWriter.h"
@@ -27,19 +29,6 @@
 namespace KOLT::Cli {
 
 namespace {
-
-const char* suffixOf(ExportFormat format)
-{
-    switch (format) {
-    case ExportFormat::Kml:
-        return "kml";
-    case ExportFormat::Gpx:
-        return "gpx";
-    case ExportFormat::Csv:
-        break;
-    }
-    return "csv";
-}
 
 /// Exports according to the settings and the command line. Each operation returns an error message,
 /// empty on success.
@@ -62,6 +51,7 @@ public:
 private:
     QString writeFile(const QString& path, const ExportSubject& subject) const;
     ExportStatus write(QIODevice& device, const QString& title) const;
+    ExportStatus writeLog(QIODevice& device) const;
     QString note() const;
     QString freeName(const ExportSubject& subject);
     void exportFlight(int cycle, std::size_t flight);
@@ -76,6 +66,7 @@ private:
     Recording& m_recording;
     CsvOptions m_csv;
     KmlOptions m_kml;
+    GpxOptions m_gpx;
     std::unique_ptr<DataSet> m_flight;            ///< exported instead of the whole loaded cycle
     QSet<QString> m_names;                        ///< file names used in this run
     mutable std::optional<CardFiles> m_cardFiles; ///< looked at when they are needed
@@ -86,19 +77,7 @@ private:
 
 QString Exporter::prepare()
 {
-    if (QString objection = writeObjection(m_arguments.output); !objection.isEmpty())
-        return objection.replace(QLatin1Char('\n'), QLatin1Char(' '));
-    Profile& profile = m_recording.profile();
-    for (const QString& name : m_arguments.selection) {
-        if (profile.parameterByFullName(name) == nullptr)
-            return QStringLiteral("the profile has no parameter %1").arg(name);
-    }
-    profile.select([this](const ProfileParameter& parameter) {
-        return m_arguments.selection.contains(parameter.fullName);
-    });
     SettingsStore& settings = installedSettings();
-    if (!m_arguments.units)
-        profile.setUnitSystem(ProgramSettings(settings).units());
     // Changed in memory only, never saved.
     if (!m_arguments.selection.isEmpty())
         settings.setBoolean("CsvAllParameter", false);
@@ -106,6 +85,8 @@ QString Exporter::prepare()
         settings.setText(key, value);
     m_csv = loadCsvOptions(settings);
     m_kml = loadKmlOptions(settings);
+    m_kml.packed = m_arguments.format == ExportFormat::Kmz; // the setting is that of the window
+    m_gpx = loadGpxOptions(settings);
     if (m_arguments.format == ExportFormat::Csv && problemOf(m_csv) == CsvProblem::Separator)
         return QStringLiteral("the separator in the settings cannot be used: give another "
                               "--CsvLimiter");
@@ -133,20 +114,36 @@ ExportStatus Exporter::write(QIODevice& device, const QString& title) const
     const Profile& profile = m_recording.profile();
     switch (m_arguments.format) {
     case ExportFormat::Kml:
+    case ExportFormat::Kmz:
         return writeKml(device, profile, dataSet(), m_kml, title, {}, note());
     case ExportFormat::Gpx:
-        return writeGpx(device, dataSet(), title, {}, note());
-    case ExportFormat::Csv:
-        break;
+        return writeGpx(device, profile, dataSet(), m_gpx, title, {}, note());
+    case ExportFormat::Candump:
+        return writeLog(device);
+    default:
+        return CsvWriter(profile, dataSet(), m_csv).write(device);
     }
-    return CsvWriter(profile, dataSet(), m_csv).write(device);
+}
+
+ExportStatus Exporter::writeLog(QIODevice& device) const
+{
+    CandumpSummary summary;
+    const ExportStatus status =
+        writeCandump(device, dataSet(), busesOf(m_recording.card(), dataSet()), summary);
+    if (summary.leftOut > 0)
+        Diagnostics::print(
+            "%zu samples are left out, as their identifiers have more than 29 bits\n",
+            summary.leftOut);
+    if (!summary.hasClock)
+        Diagnostics::print("the recording has no date: the log has the seconds of its counter\n");
+    return status;
 }
 
 QString Exporter::writeFile(const QString& path, const ExportSubject& subject) const
 {
     if (dataSet().messages.sampleCount() == 0)
         return QStringLiteral("the chosen data have no samples");
-    if (m_arguments.format != ExportFormat::Csv && !hasPath(dataSet()))
+    if (formatInfo(m_arguments.format).isPath && !hasPath(dataSet()))
         return QStringLiteral("no position was recorded, so there is no flight path");
     if (m_arguments.format == ExportFormat::Csv) {
         const qint64 rows = CsvWriter(m_recording.profile(), dataSet(), m_csv).rowCount();
@@ -161,10 +158,8 @@ QString Exporter::writeFile(const QString& path, const ExportSubject& subject) c
     }
     const QString title = exportTitle(subject, dataSet());
     const ExportOutcome outcome =
-        exportToFile(path, [&](QIODevice& device) { return write(device, title); });
-    return outcome.status == ExportStatus::Done
-               ? QString()
-               : QStringLiteral("%1 could not be written: %2").arg(path, outcome.error);
+        exportTo(path, [&](QIODevice& device) { return write(device, title); });
+    return outcome.status == ExportStatus::Done ? QString() : outputError(path, outcome.error);
 }
 
 QString Exporter::exportOne()
@@ -178,7 +173,7 @@ QString Exporter::exportOne()
 
 QString Exporter::freeName(const ExportSubject& subject)
 {
-    const QString suffix = QLatin1String(suffixOf(m_arguments.format));
+    const QString suffix = QLatin1String(formatInfo(m_arguments.format).suffix);
     const QString name = exportFileName(subject, dataSet(), suffix);
     QString free = name;
     // A name stays in use when its export failed. Files of earlier runs are not overwritten.
@@ -248,17 +243,42 @@ QString Exporter::exportAll()
                                     .arg(m_firstError);
 }
 
+/// Selects the parameters of the command line and sets the units.
+QString selectParameters(const Arguments& arguments, Profile& profile)
+{
+    for (const QString& name : arguments.selection) {
+        if (profile.parameterByFullName(name) == nullptr)
+            return QStringLiteral("the profile has no parameter %1").arg(name);
+    }
+    profile.select([&](const ProfileParameter& parameter) {
+        return arguments.selection.contains(parameter.fullName);
+    });
+    if (!arguments.units)
+        profile.setUnitSystem(ProgramSettings(installedSettings()).units());
+    return {};
+}
+
 } // namespace
 
 QString exportData(const Arguments& arguments)
 {
     Recording recording(arguments);
+    const bool isOfProfile = arguments.format == ExportFormat::Dbc;
     QString error = recording.openProfile();
-    if (error.isEmpty())
+    if (error.isEmpty() && !isOfProfile)
         error = recording.openFolder();
-    Exporter exporter(arguments, recording);
     if (error.isEmpty())
-        error = exporter.prepare();
+        error = outputObjection(arguments.output);
+    if (error.isEmpty())
+        error = selectParameters(arguments, recording.profile());
+    if (!error.isEmpty())
+        return error;
+    if (isOfProfile)
+        return exportDbc(arguments, recording.profile());
+    if (arguments.format == ExportFormat::Sqlite)
+        return exportDatabase(arguments, recording);
+    Exporter exporter(arguments, recording);
+    error = exporter.prepare();
     if (!error.isEmpty())
         return error;
     return arguments.all ? exporter.exportAll() : exporter.exportOne();

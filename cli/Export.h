@@ -6,7 +6,7 @@ namespace KOLT::Cli {
 
 struct Arguments;
 
-/// The verb "export": CSV, KML and GPX.
+/// The verb "export".
 QString exportData(const Arguments& arguments);
 
 } // namespace KOLT::Cli

@@ -1,8 +1,5 @@
 #include "cli/ExportArguments.h"
 
-#include "cli/Arguments.h"
-#include "export/ExportOptions.h"
-
 #include <QCommandLineParser>
 
 #include <algorithm>
@@ -12,17 +9,24 @@ namespace KOLT::Cli {
 
 namespace {
 
-struct Format
+const std::array<FormatInfo, 7>& formats()
 {
-    const char* name;
-    ExportFormat format;
-    std::span<const ExportSetting> settings;
-};
+    using F = ExportFormat;
+    static const std::array<FormatInfo, 7> table{
+        FormatInfo{"csv", "csv", F::Csv, csvSettings(), true, false},
+        {"kml", "kml", F::Kml, kmlSettings(), true, true},
+        {"kmz", "kmz", F::Kmz, kmlSettings(), false, true},
+        {"gpx", "gpx", F::Gpx, gpxSettings(), true, true},
+        {"candump", "log", F::Candump, {}, true, false},
+        {"dbc", "dbc", F::Dbc, {}, true, false},
+        {"sqlite", "sqlite", F::Sqlite, {}, false, false}};
+    return table;
+}
 
-std::array<Format, 3> formats()
+/// The settings of all formats, each once.
+std::array<std::span<const ExportSetting>, 3> settingTables()
 {
-    return {Format{"csv", ExportFormat::Csv, csvSettings()},
-            Format{"kml", ExportFormat::Kml, kmlSettings()}, Format{"gpx", ExportFormat::Gpx, {}}};
+    return {csvSettings(), kmlSettings(), gpxSettings()};
 }
 
 /// Placeholder for the option's value in the help text.
@@ -42,14 +46,15 @@ const char* valueName(ExportSetting::Kind kind)
 
 /// Reads the settings given for the chosen format; settings of other formats and invalid values are
 /// errors.
-QString readSettings(const QCommandLineParser& parser, const Format& chosen, Arguments& arguments)
+QString readSettings(const QCommandLineParser& parser, const FormatInfo& chosen,
+                     Arguments& arguments)
 {
-    for (const Format& format : formats()) {
-        for (const ExportSetting& setting : format.settings) {
+    for (const std::span<const ExportSetting> table : settingTables()) {
+        for (const ExportSetting& setting : table) {
             const QString key = QLatin1String(setting.key);
             if (!parser.isSet(key))
                 continue;
-            if (format.format != chosen.format)
+            if (table.data() != chosen.settings.data())
                 return QStringLiteral("--%1 does not apply to an export as %2")
                     .arg(key, QLatin1String(chosen.name));
             const QByteArray value = parser.value(key).toUtf8();
@@ -58,6 +63,20 @@ QString readSettings(const QCommandLineParser& parser, const Format& chosen, Arg
             arguments.settings.emplace_back(setting.key, value);
         }
     }
+    return {};
+}
+
+/// What does not go together with the format; empty if all does.
+QString objectionTo(const FormatInfo& format, const Arguments& arguments)
+{
+    const bool isStandardOutput = arguments.output == QLatin1String("-");
+    if (isStandardOutput && !format.isText)
+        return QStringLiteral("%1 is no text: --output needs a file")
+            .arg(QLatin1String(format.name));
+    if (isStandardOutput && arguments.all)
+        return QStringLiteral("--all writes a file for each flight: --output needs a folder");
+    if (format.format == ExportFormat::Sqlite && arguments.units == UnitSystem::Imperial)
+        return QStringLiteral("a database has metric units, and a table to convert them");
     return {};
 }
 
@@ -70,8 +89,8 @@ QStringList withSettingNames(const QStringList& arguments)
     for (const QString& argument : arguments) {
         QString replaced = argument;
         const QString name = argument.section(QLatin1Char('='), 0, 0);
-        for (const Format& format : formats()) {
-            for (const ExportSetting& setting : format.settings) {
+        for (const std::span<const ExportSetting> table : settingTables()) {
+            for (const ExportSetting& setting : table) {
                 const QString key = QLatin1String(setting.key);
                 if (name.startsWith(QLatin1String("--")) && plain(name) == plain(key))
                     replaced = QStringLiteral("--") + key + argument.mid(name.size());
@@ -87,29 +106,50 @@ void addExportOptions(QCommandLineParser& parser)
     const auto add = [&](const char* name, const char* description, const char* value = "") {
         parser.addOption({QLatin1String(name), QLatin1String(description), QLatin1String(value)});
     };
-    add("all", "Every flight of the card, each into a file of its own.");
-    add("output", "The file to write; with --all the folder.", "FILE");
+    add("all", "Every flight of the card, each into a file of its own; of sqlite, every cycle.");
+    add("output", "The file to write, \"-\" for the standard output; with --all the folder.",
+        "FILE");
     add("parameter", "A selected parameter, as \"Device/Name\"; may be given several times.",
         "NAME");
-    for (const Format& format : formats()) {
-        for (const ExportSetting& setting : format.settings)
+    for (const std::span<const ExportSetting> table : settingTables()) {
+        for (const ExportSetting& setting : table)
             add(setting.key, setting.description, valueName(setting.kind));
     }
 }
 
-QString readExport(const QCommandLineParser& parser, const QString& format, Arguments& arguments)
+const FormatInfo& formatInfo(ExportFormat format)
 {
-    const std::array<Format, 3> known = formats();
-    const auto chosen = std::ranges::find_if(
-        known, [&](const Format& f) { return format == QLatin1String(f.name); });
-    if (chosen == known.end())
-        return QStringLiteral("an export is csv, kml or gpx, not \"%1\"").arg(format);
-    arguments.format = chosen->format;
+    return *std::ranges::find(formats(), format, &FormatInfo::format);
+}
+
+QString exportFormatNames()
+{
+    QStringList names;
+    for (const FormatInfo& format : formats())
+        names << QLatin1String(format.name);
+    const QString last = names.takeLast();
+    return names.join(QStringLiteral(", ")) + QStringLiteral(" or ") + last;
+}
+
+QString readFormat(const QString& name, Arguments& arguments)
+{
+    const auto found = std::ranges::find_if(
+        formats(), [&](const FormatInfo& f) { return name == QLatin1String(f.name); });
+    if (found == formats().end())
+        return QStringLiteral("an export is %1, not \"%2\"").arg(exportFormatNames(), name);
+    arguments.format = found->format;
+    return {};
+}
+
+QString readExport(const QCommandLineParser& parser, Arguments& arguments)
+{
+    const FormatInfo& format = formatInfo(arguments.format);
     arguments.output = parser.value(QStringLiteral("output"));
     if (arguments.output.isEmpty())
         return QStringLiteral("--output is missing");
     arguments.selection = parser.values(QStringLiteral("parameter"));
-    return readSettings(parser, *chosen, arguments);
+    const QString error = readSettings(parser, format, arguments);
+    return error.isEmpty() ? objectionTo(format, arguments) : error;
 }
 
 } // namespace KOLT::Cli

@@ -41,7 +41,9 @@ struct Verb
     /// What stands before the folder, or the file in its place; empty for most.
     const char* action() const
     {
-        return run == exportData ? "csv|kml|gpx" : run == profileVerb ? "check" : "";
+        return run == exportData    ? "csv|kml|kmz|gpx|candump|dbc|sqlite"
+               : run == profileVerb ? "check"
+                                    : "";
     }
 
     bool isOnFile() const { return run == profileVerb; }
@@ -66,7 +68,7 @@ inline constexpr std::array verbs{
          Needs::Profile, overview},
     Verb{"report", "Print the cycles and flights of a folder for people, in metric units.",
          Needs::Profile, report},
-    Verb{"export", "Write a cycle, a flight or files as CSV, KML or GPX; or every flight.",
+    Verb{"export", "Write a cycle, a flight, files or the whole card in an open format.",
          Needs::Data, exportData},
     Verb{"cut", "Write what a cycle recorded in some time as a case file into a new folder.",
          Needs::Data, cut},

@@ -7,7 +7,9 @@
 #include <algorithm>
 #include <bit>
 #include <cmath>
+#include <cstdint>
 #include <map>
+#include <string>
 
 namespace KOLT {
 
@@ -35,6 +37,11 @@ void CsvFormat::append(std::string& text, const ProfileParameter& parameter,
     if (parameter.rule == DecodingRule::Integer &&
         parameter.dataType != static_cast<int>(DataType::ULong)) {
         appendFixed(text, number, 0);
+        return;
+    }
+    if (parameter.rule == DecodingRule::BitField && m_hasCodesOnly) {
+        // Signed, as in the text with the label.
+        text += std::to_string(static_cast<std::int32_t>(static_cast<std::uint32_t>(number)));
         return;
     }
     QString other = textOf(m_profile, parameter, data, number);

@@ -19,6 +19,7 @@ public:
         : m_profile(profile)
         , m_separator(options.separator)
         , m_hasComma(options.decimalComma)
+        , m_hasCodesOnly(options.codesOnly)
     {
     }
 
@@ -27,7 +28,8 @@ public:
     void append(std::string& text, double number, int decimals) const;
     /// Date and time of day; the decimal sign applies to the seconds too.
     void append(std::string& text, const ExportClock& clock, double seconds) const;
-    /// The value as the data table shows it; `number` was decoded from `data`.
+    /// The value as the data table shows it, codes perhaps without their labels; `number` was
+    /// decoded from `data`.
     void append(std::string& text, const ProfileParameter& parameter, const MessageData& data,
                 double number) const;
 
@@ -37,6 +39,7 @@ private:
     const Profile& m_profile;
     char m_separator;
     bool m_hasComma;
+    bool m_hasCodesOnly;
 };
 
 /// The parameter cells of successive rows. Parameters of one message share a walk over its samples,

@@ -21,6 +21,8 @@ constexpr std::array csvTable{
                   "All parameters, or only those of --parameter."},
     ExportSetting{"CsvDecimalComma", Kind::Boolean, 0, 0,
                   "Decimal comma; not with the separator \",\"."},
+    ExportSetting{"CsvCodesOnly", Kind::Boolean, 0, 0,
+                  "Enumerations as numbers, without their labels."},
 };
 
 constexpr std::array kmlTable{
@@ -39,7 +41,18 @@ constexpr std::array kmlTable{
     ExportSetting{"KmlErrorMarkOn", Kind::Boolean, 0, 0, "Error marks at exceedances."},
     ExportSetting{"KmlShowLimit", Kind::Boolean, 0, 0, "Error marks for limits and warnings."},
     ExportSetting{"KmlShowWarning", Kind::Boolean, 0, 0, "Error marks for warning lamps."},
-    ExportSetting{"KmlErrorMarkColor", Kind::Color, 0, 0, "Color of the error marks."},
+    ExportSetting{"KmlErrorMarkColor", Kind::Color, 0, 0, "Color of the error marks for limits."},
+    ExportSetting{"KmlWarningMarkColor", Kind::Color, 0, 0,
+                  "Color of the error marks for warnings."},
+    ExportSetting{"KmlAltitudeMode", Kind::Integer, 0, 2,
+                  "0 altitudes as recorded, 1 on the ground, 2 above the ground."},
+};
+
+constexpr std::array gpxTable{
+    ExportSetting{"GpxWayPoints", Kind::Boolean, 0, 0,
+                  "Waypoints at take-offs, landings and exceedances."},
+    ExportSetting{"GpxSpeeds", Kind::Boolean, 0, 0,
+                  "Speed and course with each point, as an extension."},
 };
 
 bool isSeparator(int code)
@@ -85,6 +98,11 @@ std::span<const ExportSetting> csvSettings()
 std::span<const ExportSetting> kmlSettings()
 {
     return kmlTable;
+}
+
+std::span<const ExportSetting> gpxSettings()
+{
+    return gpxTable;
 }
 
 CsvProblem problemOf(const CsvOptions& options)

@@ -14,6 +14,7 @@ struct CsvOptions
     int resolution = 100;      ///< milliseconds between rows, 1..60000
     bool allParameters = true; ///< otherwise only the selected ones
     bool decimalComma = false; ///< in numbers and times
+    bool codesOnly = false;    ///< enumerations as numbers, without their labels
 };
 
 /// Why a table with these options would be ambiguous.
@@ -34,7 +35,16 @@ struct KmlOptions
         PlaceMarksAndTrack = 2 ///< and a track that plays back
     };
 
+    /// What the altitudes of path and marks count from.
+    enum class AltitudeMode : int {
+        Absolute = 0, ///< sea level, as recorded
+        Ground = 1,   ///< on the ground, without altitudes and curtain
+        Relative = 2  ///< the ground; at the lowest altitude of the data set the path touches it
+    };
+
+    bool packed = false; ///< a KMZ file that has its icons inside, instead of KML
     Times timeStamp = Times::PlaceMarks;
+    AltitudeMode altitudeMode = AltitudeMode::Absolute;
     int lineWidth = 1; ///< pixels, 1..50
     QColor lineColor{0xff, 0x00, 0x00};
     int lineAlpha = 255;
@@ -45,9 +55,17 @@ struct KmlOptions
     int placeMarkInterval = 10; ///< in points of the path, which has two a second
     QColor placeMarkColor{0xff, 0xcc, 0x00};
     bool errorMarkOn = true;
-    bool showLimit = true;   ///< exceedances
-    bool showWarning = true; ///< warning lamps
-    QColor errorMarkColor{0xff, 0x00, 0x00};
+    bool showLimit = true;                     ///< exceedances
+    bool showWarning = true;                   ///< warning lamps
+    QColor errorMarkColor{0xff, 0x00, 0x00};   ///< of LIMIT
+    QColor warningMarkColor{0xff, 0xab, 0x00}; ///< of WARNING
+};
+
+/// Options of a GPX export.
+struct GpxOptions
+{
+    bool wayPoints = true; ///< at take-offs, landings and exceedances
+    bool speeds = true;    ///< speed and course with each point, as an extension
 };
 
 /// Describes one setting of an export. The keys are those of the settings file, so they cannot
@@ -73,6 +91,7 @@ struct ExportSetting
 
 std::span<const ExportSetting> csvSettings();
 std::span<const ExportSetting> kmlSettings();
+std::span<const ExportSetting> gpxSettings();
 
 /// The colour of six hexadecimal digits, or `fallback` for any other text.
 QColor colorOf(const QByteArray& text, const QColor& fallback);

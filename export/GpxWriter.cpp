@@ -1,48 +1,73 @@
 #include "export/GpxWriter.h"
 
-#include "base/NumberText.h"
-#include "export/ExportClock.h"
 #include "export/ExportText.h"
-#include "export/XmlExport.h"
+#include "export/GpxPoints.h"
 #include "record/FlightPath.h"
 
 namespace KOLT {
 
 namespace {
 
-constexpr int degreeDecimals = 7; // a resolution of about a centimetre
-constexpr int metreDecimals = 1;
+using Piece = std::span<const TrackPoint>;
 
-/// GPX allows -180 but not 180.
-QString longitudeText(double longitude)
+struct Track
 {
-    const QString text = fixedText(longitude, degreeDecimals);
-    return text == QStringLiteral("180.0000000") ? QLatin1Char('-') + text : text;
+    QString name;
+    std::vector<Piece> pieces;
+};
+
+/// "Flight 2, 28.07.2026 14:32", without a clock "Flight 2".
+QString flightName(const DataSet& dataSet, std::size_t flight)
+{
+    const QString name = ExportText::tr("Flight %1").arg(flight + 1);
+    const QDateTime takeOff =
+        flight < dataSet.flights.size() ? dataSet.flights[flight].dateTime : QDateTime();
+    return takeOff.isValid() ? name + takeOff.toString(QStringLiteral("', 'dd.MM.yyyy hh:mm"))
+                             : name;
 }
 
-void writePoint(XmlExport& xml, const TrackPoint& point, const ExportClock& clock)
+std::vector<Track> tracksOf(const DataSet& dataSet, const QString& title)
 {
-    xml.begin("trkpt");
-    xml.attribute("lat", fixedText(point.latitude, degreeDecimals));
-    xml.attribute("lon", longitudeText(point.longitude));
-    if (point.hasAltitude)
-        xml.element("ele", fixedText(point.altitude, metreDecimals));
-    const QString time = clock.isoText(point.seconds());
+    std::vector<Track> tracks;
+    for (const PathSection& section : pathSections(dataSet)) {
+        if (section.kind == PathSection::Kind::Ground || section.points.empty())
+            continue;
+        tracks.push_back({section.kind == PathSection::Kind::Flight
+                              ? flightName(dataSet, section.flight)
+                              : title,
+                          pathPieces(section.points)});
+    }
+    return tracks;
+}
+
+void writeMetadata(XmlExport& xml, GpxPoints& points, const std::vector<Track>& tracks,
+                   const DataSet& dataSet, const QString& title, const QString& note)
+{
+    std::vector<Piece> pieces;
+    for (const Track& track : tracks)
+        pieces.insert(pieces.end(), track.pieces.begin(), track.pieces.end());
+    xml.begin("metadata");
+    xml.element("name", title);
+    if (!note.isEmpty())
+        xml.element("desc", note);
+    const QString time =
+        pieces.empty() ? QString()
+                       : ExportClock(dataSet.dateTime).isoText(pieces.front().front().seconds());
     if (!time.isEmpty())
         xml.element("time", time);
+    points.writeBounds(pieces);
     xml.end();
 }
 
 /// False if the export was cancelled or failed.
-bool writeSection(XmlExport& xml, const PathSection& section, const QString& name,
-                  const ExportClock& clock)
+bool writeTrack(XmlExport& xml, GpxPoints& points, const Track& track)
 {
     xml.begin("trk");
-    xml.element("name", name);
-    for (const std::span<const TrackPoint> piece : pathPieces(section.points)) {
+    xml.element("name", track.name);
+    for (const Piece piece : track.pieces) {
         xml.begin("trkseg");
         for (const TrackPoint& point : piece) {
-            writePoint(xml, point, clock);
+            points.writeTrackPoint(point);
             if (!xml.step())
                 return false;
         }
@@ -54,29 +79,23 @@ bool writeSection(XmlExport& xml, const PathSection& section, const QString& nam
 
 } // namespace
 
-ExportStatus writeGpx(QIODevice& device, const DataSet& dataSet, const QString& title,
+ExportStatus writeGpx(QIODevice& device, const Profile& profile, const DataSet& dataSet,
+                      const GpxOptions& options, const QString& title,
                       const ExportProgress& progress, const QString& note)
 {
-    const ExportClock clock(dataSet.dateTime);
     XmlExport xml(device, progress, dataSet.track.size());
+    GpxPoints points(xml, profile, dataSet, options);
+    const std::vector<Track> tracks = tracksOf(dataSet, title);
+    if (points.hasExtension())
+        xml.writer().writeNamespace(QLatin1String(gpxTrackNamespace), QStringLiteral("gpxtpx"));
     xml.begin("gpx");
     xml.writer().writeDefaultNamespace(QStringLiteral("http://www.topografix.com/GPX/1/1"));
     xml.attribute("version", QStringLiteral("1.1"));
     xml.attribute("creator", QStringLiteral("KOLT"));
-    xml.begin("metadata");
-    xml.element("name", title);
-    if (!note.isEmpty())
-        xml.element("desc", note);
-    xml.end();
-    for (const PathSection& section : pathSections(dataSet)) {
-        if (section.kind == PathSection::Kind::Ground || section.points.empty())
-            continue;
-        const QString name = section.kind == PathSection::Kind::Flight
-                                 ? ExportText::tr("Flight %1").arg(section.flight + 1)
-                                 : title;
-        if (!writeSection(xml, section, name, clock))
-            break;
-    }
+    writeMetadata(xml, points, tracks, dataSet, title, note);
+    bool goesOn = !options.wayPoints || points.writeWayPoints();
+    for (const Track& track : tracks)
+        goesOn = goesOn && writeTrack(xml, points, track);
     return xml.finish();
 }
 

@@ -3,6 +3,7 @@
 #include "analysis/MomentText.h"
 #include "base/NumberText.h"
 #include "export/ExportText.h"
+#include "export/RecordedRole.h"
 #include "profile/ValueDecoder.h"
 
 #include <algorithm>
@@ -28,9 +29,8 @@ KmlDescription::KmlDescription(const Profile& profile, const DataSet& dataSet)
     : m_profile(profile)
     , m_dataSet(dataSet)
     , m_clock(dataSet.dateTime)
+    , m_hasSpeed(isRoleRecorded(profile, dataSet, Role::GroundSpeed))
 {
-    const ProfileParameter* const speed = profile.parameterByRole(Role::GroundSpeed);
-    m_hasSpeed = speed != nullptr && !seriesOf(dataSet.messages, *speed).empty();
     for (const ProfileParameter* parameter : profile.selectedParameters()) {
         const auto place =
             m_walkers.try_emplace(parameter->id, seriesOf(dataSet.messages, *parameter)).first;

@@ -40,7 +40,7 @@ private:
     const Profile& m_profile;
     const DataSet& m_dataSet;
     ExportClock m_clock;
-    bool m_hasSpeed = false;
+    bool m_hasSpeed;
     std::map<int, SampleWalker> m_walkers; ///< by message identifier
     std::vector<Column> m_columns;
 };

@@ -2,15 +2,40 @@
 
 #include "base/NumberText.h"
 #include "export/ExportText.h"
+#include "export/KmlTrackValues.h"
+#include "export/RecordedRole.h"
 #include "record/FlightPath.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
 
 namespace KOLT {
 
-KmlGeometry::KmlGeometry(XmlExport& xml, const DataSet& dataSet)
+namespace {
+
+double lowestAltitude(const DataSet& dataSet)
+{
+    double lowest = std::numeric_limits<double>::infinity();
+    for (const TrackPoint& point : recordedTrack(dataSet)) {
+        if (point.hasAltitude)
+            lowest = std::min(lowest, point.altitude);
+    }
+    return std::isfinite(lowest) ? lowest : 0.0;
+}
+
+} // namespace
+
+KmlGeometry::KmlGeometry(XmlExport& xml, const Profile& profile, const DataSet& dataSet,
+                         KmlOptions::AltitudeMode mode)
     : m_xml(xml)
     , m_clock(dataSet.dateTime)
+    , m_mode(mode)
     , m_firstAltitude(firstAltitude(dataSet))
+    , m_hasHeading(isRoleRecorded(profile, dataSet, Role::Track))
 {
+    if (mode == KmlOptions::AltitudeMode::Relative)
+        m_ground = lowestAltitude(dataSet);
 }
 
 bool KmlGeometry::writePath(Points points)
@@ -65,28 +90,45 @@ bool KmlGeometry::writeCoordinates(Points piece)
     return true;
 }
 
-bool KmlGeometry::writeTrack(Points points)
+bool KmlGeometry::writeTrack(Points points, KmlTrackValues& values)
 {
-    const QLatin1String extension(kmlExtensionNamespace);
     for (const Points piece : pathPieces(points)) {
         m_xml.begin("Placemark");
         m_xml.element("name", ExportText::tr("Playback"));
         m_xml.element("styleUrl", QStringLiteral("#path"));
-        m_xml.writer().writeStartElement(extension, QStringLiteral("Track"));
+        m_xml.writer().writeStartElement(QLatin1String(kmlExtensionNamespace),
+                                         QStringLiteral("Track"));
         writeAltitudeMode();
-        for (const TrackPoint& point : piece) {
-            m_xml.element("when", m_clock.isoText(point.seconds()));
-            if (!m_xml.step())
-                return false;
-        }
-        for (const TrackPoint& point : piece) {
-            m_xml.writer().writeTextElement(extension, QStringLiteral("coord"),
-                                            coordinates(point, ' '));
-            if (!m_xml.step())
-                return false;
-        }
+        if (!writeTrackPoints(piece) || !values.write(piece))
+            return false;
         m_xml.end();
         m_xml.end();
+    }
+    return true;
+}
+
+/// The format wants all times, then all positions, then all headings.
+bool KmlGeometry::writeTrackPoints(Points piece)
+{
+    const QLatin1String extension(kmlExtensionNamespace);
+    for (const TrackPoint& point : piece) {
+        m_xml.element("when", m_clock.isoText(point.seconds()));
+        if (!m_xml.step())
+            return false;
+    }
+    for (const TrackPoint& point : piece) {
+        m_xml.writer().writeTextElement(extension, QStringLiteral("coord"),
+                                        coordinates(point, ' '));
+        if (!m_xml.step())
+            return false;
+    }
+    if (!m_hasHeading)
+        return true;
+    for (const TrackPoint& point : piece) {
+        m_xml.writer().writeTextElement(extension, QStringLiteral("angles"),
+                                        fixedText(point.heading, 1) + QStringLiteral(" 0 0"));
+        if (!m_xml.step())
+            return false;
     }
     return true;
 }
@@ -101,8 +143,9 @@ void KmlGeometry::writePoint(const TrackPoint& point)
 
 void KmlGeometry::writeAltitudeMode()
 {
-    m_xml.element("altitudeMode",
-                  hasAltitude() ? QStringLiteral("absolute") : QStringLiteral("clampToGround"));
+    const char* const above =
+        m_mode == KmlOptions::AltitudeMode::Relative ? "relativeToGround" : "absolute";
+    m_xml.element("altitudeMode", QLatin1String(hasAltitude() ? above : "clampToGround"));
 }
 
 /// Longitude and latitude to about a centimetre, altitude to a decimetre. Every point needs an
@@ -114,7 +157,8 @@ QString KmlGeometry::coordinates(const TrackPoint& point, char separator) const
     text += separator;
     appendFixed(text, point.latitude, 7);
     text += separator;
-    appendFixed(text, point.hasAltitude ? point.altitude : m_firstAltitude.value_or(0.0), 1);
+    const double altitude = point.hasAltitude ? point.altitude : m_firstAltitude.value_or(0.0);
+    appendFixed(text, altitude - m_ground, 1);
     return QString::fromStdString(text);
 }
 

@@ -1,5 +1,6 @@
 #include "export/KmlMarks.h"
 
+#include "export/EventStep.h"
 #include "export/ExportText.h"
 #include "record/FlightPath.h"
 
@@ -9,6 +10,7 @@ KmlMarks::KmlMarks(XmlExport& xml, KmlGeometry& geometry, const Profile& profile
                    const DataSet& dataSet, const KmlOptions& options)
     : m_xml(xml)
     , m_geometry(geometry)
+    , m_profile(profile)
     , m_dataSet(dataSet)
     , m_options(options)
     , m_clock(dataSet.dateTime)
@@ -47,10 +49,12 @@ bool KmlMarks::writeErrorMarks(const std::vector<const Event*>& events)
     for (const Event* const event : events) {
         const std::optional<TrackPoint> place = placeAt(recordedTrack(m_dataSet), event->seconds);
         QString description = m_description.momentText(event->seconds) + QStringLiteral("<br/>") +
-                              event->text.toHtmlEscaped();
+                              event->text.toHtmlEscaped() + QStringLiteral("<br/>") +
+                              stateAndStep(m_profile, m_dataSet, *event).toHtmlEscaped();
         if (!place)
             description += QStringLiteral("<br/>") + ExportText::tr("No position was recorded.");
-        beginMark(event->text, description, event->seconds, "#error");
+        beginMark(event->text, description, event->seconds,
+                  event->grade.state == ThresholdState::Limit ? "#error" : "#warning");
         if (place)
             m_geometry.writePoint(*place);
         m_xml.end();

@@ -25,6 +25,7 @@ private:
 
     XmlExport& m_xml;
     KmlGeometry& m_geometry;
+    const Profile& m_profile;
     const DataSet& m_dataSet;
     const KmlOptions& m_options;
     ExportClock m_clock;

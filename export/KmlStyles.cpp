@@ -1,16 +1,15 @@
 #include "export/KmlStyles.h"
 
 #include "base/NumberText.h"
+#include "export/KmlIcons.h"
 #include "export/XmlExport.h"
 
 namespace KOLT {
 
 namespace {
 
-constexpr auto dotIcon = "http://maps.google.com/mapfiles/kml/shapes/shaded_dot.png";
-constexpr auto cautionIcon = "http://maps.google.com/mapfiles/kml/shapes/caution.png";
 constexpr double dotScale = 0.5;
-constexpr double cautionScale = 0.8;
+constexpr double eventScale = 0.8;
 constexpr int opaque = 255;
 
 /// KML's order: opacity, blue, green, red.
@@ -29,13 +28,14 @@ void beginStyle(XmlExport& xml, const char* id)
     xml.attribute("id", QLatin1String(id));
 }
 
-void writeIcon(XmlExport& xml, const QColor& color, double scale, const char* address)
+/// Packed icons have their colour already: not every program paints them in that of the style.
+void writeIcon(XmlExport& xml, const QColor& color, KmlIcon icon, bool isPacked)
 {
     xml.begin("IconStyle");
-    xml.element("color", kmlColor(color, opaque));
-    xml.element("scale", fixedText(scale, 1));
+    xml.element("color", kmlColor(isPacked ? Qt::white : color, opaque));
+    xml.element("scale", fixedText(icon == KmlIcon::Dot ? dotScale : eventScale, 1));
     xml.begin("Icon");
-    xml.element("href", QLatin1String(address));
+    xml.element("href", QLatin1String(isPacked ? iconName(icon) : iconAddress(icon)));
     xml.end();
     xml.end();
     xml.begin("LabelStyle");
@@ -43,11 +43,11 @@ void writeIcon(XmlExport& xml, const QColor& color, double scale, const char* ad
     xml.end();
 }
 
-void writeIconStyle(XmlExport& xml, const char* id, const QColor& color, double scale,
-                    const char* address)
+void writeIconStyle(XmlExport& xml, const char* id, const QColor& color, KmlIcon icon,
+                    bool isPacked)
 {
     beginStyle(xml, id);
-    writeIcon(xml, color, scale, address);
+    writeIcon(xml, color, icon, isPacked);
     xml.end();
 }
 
@@ -56,7 +56,8 @@ void writeIconStyle(XmlExport& xml, const char* id, const QColor& color, double 
 void writeKmlStyles(XmlExport& xml, const KmlOptions& options)
 {
     beginStyle(xml, "path");
-    writeIcon(xml, options.placeMarkColor, dotScale, dotIcon); // for pieces of a single point
+    writeIcon(xml, options.placeMarkColor, KmlIcon::Dot,
+              options.packed); // for pieces of a single point
     xml.begin("LineStyle");
     xml.element("color", kmlColor(options.lineColor, options.lineAlpha));
     xml.element("width", QString::number(options.lineWidth));
@@ -73,8 +74,9 @@ void writeKmlStyles(XmlExport& xml, const KmlOptions& options)
     xml.end();
     xml.end();
 
-    writeIconStyle(xml, "place", options.placeMarkColor, dotScale, dotIcon);
-    writeIconStyle(xml, "error", options.errorMarkColor, cautionScale, cautionIcon);
+    writeIconStyle(xml, "place", options.placeMarkColor, KmlIcon::Dot, options.packed);
+    writeIconStyle(xml, "error", options.errorMarkColor, KmlIcon::Limit, options.packed);
+    writeIconStyle(xml, "warning", options.warningMarkColor, KmlIcon::Warning, options.packed);
 }
 
 } // namespace KOLT

@@ -6,7 +6,7 @@ namespace KOLT {
 
 class XmlExport;
 
-/// Writes the styles "path", "curtain", "place" and "error" of a KML document.
+/// Writes the styles "path", "curtain", "place", "error" (LIMIT) and "warning" of a KML document.
 void writeKmlStyles(XmlExport& xml, const KmlOptions& options);
 
 } // namespace KOLT

@@ -1,11 +1,20 @@
 #include "export/KmlWriter.h"
 
 #include "analysis/Findings.h"
+#include "base/ZipFile.h"
+#include "export/ExportFile.h"
 #include "export/ExportText.h"
 #include "export/KmlGeometry.h"
+#include "export/KmlIcons.h"
 #include "export/KmlMarks.h"
 #include "export/KmlStyles.h"
+#include "export/KmlTrackValues.h"
 #include "record/FlightPath.h"
+
+#include <QBuffer>
+
+#include <map>
+#include <string_view>
 
 namespace KOLT {
 
@@ -26,7 +35,8 @@ public:
         , m_options(options)
         , m_sections(pathSections(dataSet))
         , m_events(m_sections.size())
-        , m_geometry(xml, dataSet)
+        , m_values(xml, profile, dataSet)
+        , m_geometry(xml, profile, dataSet, options.altitudeMode)
         , m_marks(xml, m_geometry, profile, dataSet, options)
     {
     }
@@ -40,6 +50,12 @@ private:
     bool writeSection(std::size_t index);
     void beginFolder(const QString& name);
 
+    bool hasPlayback() const
+    {
+        return m_options.timeStamp == KmlOptions::Times::PlaceMarksAndTrack &&
+               m_dataSet.dateTime.isValid();
+    }
+
     XmlExport& m_xml;
     const Profile& m_profile;
     const DataSet& m_dataSet;
@@ -48,6 +64,7 @@ private:
     EventList m_allEvents;
     std::size_t m_leftOut = 0;                       ///< events beyond the limit of the list
     std::vector<std::vector<const Event*>> m_events; ///< by section
+    KmlTrackValues m_values;
     KmlGeometry m_geometry;
     KmlMarks m_marks;
 };
@@ -63,6 +80,8 @@ bool KmlDocument::write(const QString& title, const QString& note)
     m_xml.element("open", QStringLiteral("1"));
     writeDescription(note);
     writeKmlStyles(m_xml, m_options);
+    if (hasPlayback())
+        m_values.writeSchema();
     return m_sections.size() == 1 ? writeSection(0) : writeFolders();
 }
 
@@ -124,11 +143,9 @@ bool KmlDocument::writeSection(std::size_t index)
     if (!m_geometry.writePath(section.points))
         return false;
     if (section.kind != Kind::Ground) {
-        const bool hasTrack = m_options.timeStamp == KmlOptions::Times::PlaceMarksAndTrack &&
-                              m_dataSet.dateTime.isValid();
         if ((m_options.polygonOn && m_geometry.hasAltitude() &&
              !m_geometry.writeCurtain(section.points)) ||
-            (hasTrack && !m_geometry.writeTrack(section.points)) ||
+            (hasPlayback() && !m_geometry.writeTrack(section.points, m_values)) ||
             (m_options.placeMarkOn && !m_marks.writePlaceMarks(section.points)))
             return false;
     }
@@ -141,12 +158,38 @@ void KmlDocument::beginFolder(const QString& name)
     m_xml.element("name", name);
 }
 
-/// Each line of the path visits all points; marks are few in comparison.
-std::size_t stepsOf(const DataSet& dataSet, const KmlOptions& options)
+/// Each line of the path visits all points, and the playback three times and once for each value;
+/// marks are few in comparison.
+std::size_t stepsOf(const Profile& profile, const DataSet& dataSet, const KmlOptions& options)
 {
-    const std::size_t lines = 1 + (options.polygonOn ? 1 : 0) +
-                              (options.timeStamp == KmlOptions::Times::PlaceMarksAndTrack ? 2 : 0);
+    const bool hasTrack = options.timeStamp == KmlOptions::Times::PlaceMarksAndTrack;
+    const std::size_t lines =
+        1 + (options.polygonOn ? 1 : 0) + (hasTrack ? 3 + profile.selectedParameters().size() : 0);
     return dataSet.track.size() * lines;
+}
+
+/// The document and its icons. Held in memory, as it only grows with the path, and by a mark for
+/// some of its points and each exceedance.
+bool writePacked(QIODevice& device, const QByteArray& document, const KmlOptions& options)
+{
+    std::map<QString, QByteArray> files{{QStringLiteral("doc.kml"), document}};
+    for (const auto& [icon, color] : {std::pair(KmlIcon::Dot, options.placeMarkColor),
+                                      {KmlIcon::Warning, options.warningMarkColor},
+                                      {KmlIcon::Limit, options.errorMarkColor}})
+        files[QLatin1String(iconName(icon))] = iconPicture(icon, color);
+    const QByteArray zip = zipOf(files);
+    return !zip.isEmpty() &&
+           writeAll(device,
+                    std::string_view(zip.constData(), static_cast<std::size_t>(zip.size())));
+}
+
+ExportStatus writeDocument(QIODevice& device, const Profile& profile, const DataSet& dataSet,
+                           const KmlOptions& options, const QString& title,
+                           const ExportProgress& progress, const QString& note)
+{
+    XmlExport xml(device, progress, stepsOf(profile, dataSet, options));
+    KmlDocument(xml, profile, dataSet, options).write(title, note);
+    return xml.finish();
 }
 
 } // namespace
@@ -155,9 +198,15 @@ ExportStatus writeKml(QIODevice& device, const Profile& profile, const DataSet& 
                       const KmlOptions& options, const QString& title,
                       const ExportProgress& progress, const QString& note)
 {
-    XmlExport xml(device, progress, stepsOf(dataSet, options));
-    KmlDocument(xml, profile, dataSet, options).write(title, note);
-    return xml.finish();
+    if (!options.packed)
+        return writeDocument(device, profile, dataSet, options, title, progress, note);
+    QBuffer document;
+    document.open(QIODevice::WriteOnly);
+    const ExportStatus status =
+        writeDocument(document, profile, dataSet, options, title, progress, note);
+    return status == ExportStatus::Done
+               ? finishExport(device, writePacked(device, document.data(), options))
+               : status;
 }
 
 } // namespace KOLT

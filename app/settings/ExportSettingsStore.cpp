@@ -20,15 +20,15 @@ constexpr KmlKey<int> kmlNumbers[] = {{"KmlLineWidth", &KmlOptions::lineWidth},
                                       {"KmlLineAlpha", &KmlOptions::lineAlpha},
                                       {"KmlPolygonAlpha", &KmlOptions::polygonAlpha},
                                       {"KmlPlaceMarkIntervall", &KmlOptions::placeMarkInterval}};
-constexpr KmlKey<bool> kmlFlags[] = {{"KmlPolygonOn", &KmlOptions::polygonOn},
-                                     {"KmlPlaceMarkOn", &KmlOptions::placeMarkOn},
-                                     {"KmlErrorMarkOn", &KmlOptions::errorMarkOn},
-                                     {"KmlShowLimit", &KmlOptions::showLimit},
-                                     {"KmlShowWarning", &KmlOptions::showWarning}};
+constexpr KmlKey<bool> kmlFlags[] = {
+    {"KmlPacked", &KmlOptions::packed},           {"KmlPolygonOn", &KmlOptions::polygonOn},
+    {"KmlPlaceMarkOn", &KmlOptions::placeMarkOn}, {"KmlErrorMarkOn", &KmlOptions::errorMarkOn},
+    {"KmlShowLimit", &KmlOptions::showLimit},     {"KmlShowWarning", &KmlOptions::showWarning}};
 constexpr KmlKey<QColor> kmlColors[] = {{"KmlLineColor", &KmlOptions::lineColor},
                                         {"KmlPolygonColor", &KmlOptions::polygonColor},
                                         {"KmlPlaceMarkColor", &KmlOptions::placeMarkColor},
-                                        {"KmlErrorMarkColor", &KmlOptions::errorMarkColor}};
+                                        {"KmlErrorMarkColor", &KmlOptions::errorMarkColor},
+                                        {"KmlWarningMarkColor", &KmlOptions::warningMarkColor}};
 
 QByteArray folderKey(const char* format)
 {
@@ -48,6 +48,7 @@ CsvOptions loadCsvOptions(const SettingsStore& store, const QLocale& locale)
     // A decimal comma that the user did not ask for must not conflict with the separator.
     const bool isUsual = locale.decimalPoint() == QLatin1String(",") && options.separator != ',';
     options.decimalComma = store.getBoolean("CsvDecimalComma", isUsual);
+    options.codesOnly = store.getBoolean("CsvCodesOnly", options.codesOnly);
     return options;
 }
 
@@ -57,6 +58,7 @@ void storeCsvOptions(const CsvOptions& options, SettingsStore& store)
     store.setInteger("CsvResolution", options.resolution);
     store.setBoolean("CsvAllParameter", options.allParameters);
     store.setBoolean("CsvDecimalComma", options.decimalComma);
+    store.setBoolean("CsvCodesOnly", options.codesOnly);
 }
 
 KmlOptions loadKmlOptions(const SettingsStore& store)
@@ -70,6 +72,9 @@ KmlOptions loadKmlOptions(const SettingsStore& store)
         options.*color = colorOf(store.getText(key), options.*color);
     options.timeStamp = static_cast<KmlOptions::Times>(bounded(
         "KmlTimeStamp", store.getInteger("KmlTimeStamp", static_cast<int>(options.timeStamp))));
+    options.altitudeMode = static_cast<KmlOptions::AltitudeMode>(
+        bounded("KmlAltitudeMode",
+                store.getInteger("KmlAltitudeMode", static_cast<int>(options.altitudeMode))));
     return options;
 }
 
@@ -82,6 +87,21 @@ void storeKmlOptions(const KmlOptions& options, SettingsStore& store)
     for (const auto& [key, color] : kmlColors)
         store.setText(key, colorText(options.*color));
     store.setInteger("KmlTimeStamp", static_cast<int>(options.timeStamp));
+    store.setInteger("KmlAltitudeMode", static_cast<int>(options.altitudeMode));
+}
+
+GpxOptions loadGpxOptions(const SettingsStore& store)
+{
+    GpxOptions options;
+    options.wayPoints = store.getBoolean("GpxWayPoints", options.wayPoints);
+    options.speeds = store.getBoolean("GpxSpeeds", options.speeds);
+    return options;
+}
+
+void storeGpxOptions(const GpxOptions& options, SettingsStore& store)
+{
+    store.setBoolean("GpxWayPoints", options.wayPoints);
+    store.setBoolean("GpxSpeeds", options.speeds);
 }
 
 ListSettings loadListSettings(const SettingsStore& store)

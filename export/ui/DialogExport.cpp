@@ -70,6 +70,12 @@ void DialogExport::setSummary(const QString& text, bool isPossible)
     m_export->setEnabled(isPossible && !m_isWorking);
 }
 
+void DialogExport::setFileKind(const QString& suffix, const QString& filter)
+{
+    m_format.suffix = suffix;
+    m_format.filter = filter;
+}
+
 void DialogExport::setWorking(bool isWorking)
 {
     m_isWorking = isWorking;
@@ -81,9 +87,11 @@ void DialogExport::setWorking(bool isWorking)
 
 void DialogExport::start()
 {
-    const QString path = askForSavePath(this, m_format.windowTitle,
-                                        QDir(m_source.folder).filePath(m_source.fileName),
-                                        m_format.filter, m_format.suffix);
+    const QString name =
+        QFileInfo(m_source.fileName).completeBaseName() + QLatin1Char('.') + m_format.suffix;
+    const QString path =
+        askForSavePath(this, m_format.windowTitle, QDir(m_source.folder).filePath(name),
+                       m_format.filter, m_format.suffix);
     if (path.isEmpty())
         return;
     emit signalChosen(QFileInfo(path).absolutePath());

@@ -62,6 +62,9 @@ protected:
 
     const Source& source() const { return m_source; }
 
+    /// For formats with several kinds of files: what the file dialog proposes and shows.
+    void setFileKind(const QString& suffix, const QString& filter);
+
     /// Shows what will be written, or why nothing can be written.
     void setSummary(const QString& text, bool isPossible);
 
@@ -77,7 +80,7 @@ private:
     void tellFailure(const QString& path, const QString& error);
 
     const Source m_source;
-    const Format m_format;
+    Format m_format;
     QString m_exportedPath;
     bool m_isPossible = false;
     bool m_isWorking = false;

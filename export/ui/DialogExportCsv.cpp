@@ -27,6 +27,7 @@ DialogExportCsv::DialogExportCsv(const Profile& profile, Source source, const Cs
     connect(m_resolution, &QSpinBox::valueChanged, this, &DialogExportCsv::showEstimate);
     connect(m_all, &QRadioButton::toggled, this, &DialogExportCsv::showEstimate);
     connect(m_comma, &QCheckBox::toggled, this, &DialogExportCsv::showEstimate);
+    connect(m_codes, &QCheckBox::toggled, this, &DialogExportCsv::showEstimate);
     showEstimate();
 }
 
@@ -39,6 +40,8 @@ void DialogExportCsv::createOptions()
     m_separator->addItem(tr("Tabulator"), int{'\t'});
     m_comma = new QCheckBox(tr("&Decimal comma (12,5)"));
     m_comma->setToolTip(tr("For spreadsheets that expect a decimal comma"));
+    m_codes = new QCheckBox(tr("&Codes without labels (4 instead of 4: CRUISE)"));
+    m_codes->setToolTip(tr("For calculations: enumerations as numbers"));
     m_resolution = new QSpinBox;
     m_resolution->setObjectName(QStringLiteral("resolution"));
     m_resolution->setRange(bounded("CsvResolution", 0), bounded("CsvResolution", 1'000'000));
@@ -52,6 +55,7 @@ void DialogExportCsv::createOptions()
     auto* const form = new QFormLayout;
     form->addRow(tr("Se&parator"), m_separator);
     form->addRow(QString(), m_comma);
+    form->addRow(QString(), m_codes);
     form->addRow(tr("&Time step"), m_resolution);
     form->addRow(tr("Columns"), m_all);
     form->addRow(QString(), m_selected);
@@ -64,6 +68,7 @@ void DialogExportCsv::setOptions(const CsvOptions& options)
         m_separator->addItem(QString(QLatin1Char(options.separator)), int{options.separator});
     m_separator->setCurrentIndex(m_separator->findData(int{options.separator}));
     m_comma->setChecked(options.decimalComma);
+    m_codes->setChecked(options.codesOnly);
     m_resolution->setValue(options.resolution);
     (options.allParameters ? m_all : m_selected)->setChecked(true);
 }
@@ -75,6 +80,7 @@ CsvOptions DialogExportCsv::options() const
     options.resolution = m_resolution->value();
     options.allParameters = m_all->isChecked();
     options.decimalComma = m_comma->isChecked();
+    options.codesOnly = m_codes->isChecked();
     return options;
 }
 

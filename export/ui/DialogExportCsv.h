@@ -36,6 +36,7 @@ private:
     const std::optional<SampleSpan> m_span; ///< computed once, as it visits every sample
     QComboBox* m_separator = nullptr;
     QCheckBox* m_comma = nullptr;
+    QCheckBox* m_codes = nullptr;
     QSpinBox* m_resolution = nullptr;
     QRadioButton* m_all = nullptr;
     QRadioButton* m_selected = nullptr;

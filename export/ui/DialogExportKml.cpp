@@ -74,6 +74,15 @@ void DialogExportKml::createOptions()
     grid->setColumnStretch(1, 1);
     auto* const form = new QFormLayout;
     form->addRow(tr("T&imes"), m_times);
+    m_altitudes = new QComboBox;
+    m_altitudes->setObjectName(QStringLiteral("altitudes"));
+    m_altitudes->addItem(tr("As recorded, above sea level"), 0);
+    m_altitudes->addItem(tr("On the ground"), 1);
+    m_altitudes->addItem(tr("Above the ground, from the lowest point on"), 2);
+    form->addRow(tr("Al&titudes"), m_altitudes);
+    m_packed = new QCheckBox(tr("&KMZ file: with its icons inside, for maps without network"));
+    connect(m_packed, &QCheckBox::toggled, this, &DialogExportKml::setKind);
+    form->addRow(QString(), m_packed);
     if (!source().dataSet.dateTime.isValid()) {
         m_times->setEnabled(false);
         m_times->setToolTip(tr("The recording has no date, so no times can be written."));
@@ -136,7 +145,9 @@ QGroupBox* DialogExportKml::createErrorMarks()
     m_errorMarkColor = new WidgetColorButton;
     form->addRow(m_limits);
     form->addRow(m_warnings);
-    form->addRow(tr("Color"), m_errorMarkColor);
+    m_warningMarkColor = new WidgetColorButton;
+    form->addRow(tr("Color of limits"), m_errorMarkColor);
+    form->addRow(tr("Color of warnings"), m_warningMarkColor);
     return m_errorMarks;
 }
 
@@ -163,6 +174,14 @@ void DialogExportKml::showInterval()
         tr("positions (%1 s)").arg(QLocale().toString(m_interval->value() * gridSeconds)));
 }
 
+void DialogExportKml::setKind()
+{
+    if (m_packed->isChecked())
+        setFileKind(QStringLiteral("kmz"), tr("KMZ Files (*.kmz)"));
+    else
+        setFileKind(QStringLiteral("kml"), tr("KML Files (*.kml)"));
+}
+
 void DialogExportKml::setOptions(const KmlOptions& options)
 {
     m_lineWidth->setValue(options.lineWidth);
@@ -179,7 +198,10 @@ void DialogExportKml::setOptions(const KmlOptions& options)
     m_limits->setChecked(options.showLimit);
     m_warnings->setChecked(options.showWarning);
     m_errorMarkColor->setColor(options.errorMarkColor);
+    m_warningMarkColor->setColor(options.warningMarkColor);
     m_times->setCurrentIndex(static_cast<int>(options.timeStamp));
+    m_altitudes->setCurrentIndex(static_cast<int>(options.altitudeMode));
+    m_packed->setChecked(options.packed);
 }
 
 KmlOptions DialogExportKml::options() const
@@ -199,6 +221,10 @@ KmlOptions DialogExportKml::options() const
     options.showLimit = m_limits->isChecked();
     options.showWarning = m_warnings->isChecked();
     options.errorMarkColor = m_errorMarkColor->color();
+    options.warningMarkColor = m_warningMarkColor->color();
+    options.altitudeMode =
+        static_cast<KmlOptions::AltitudeMode>(m_altitudes->currentData().toInt());
+    options.packed = m_packed->isChecked();
     return options;
 }
 

@@ -41,6 +41,7 @@ private:
     QSlider* addOpacity(QFormLayout* form);
     void setOptions(const KmlOptions& options);
     void showInterval();
+    void setKind();
 
     const Profile& m_profile;
     QSpinBox* m_lineWidth = nullptr;
@@ -57,7 +58,10 @@ private:
     QCheckBox* m_limits = nullptr;
     QCheckBox* m_warnings = nullptr;
     WidgetColorButton* m_errorMarkColor = nullptr;
+    WidgetColorButton* m_warningMarkColor = nullptr;
     QComboBox* m_times = nullptr;
+    QComboBox* m_altitudes = nullptr;
+    QCheckBox* m_packed = nullptr;
 };
 
 } // namespace KOLT

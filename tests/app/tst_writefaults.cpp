@@ -166,8 +166,19 @@ std::map<QByteArray, TestWriteFaults::Writer> TestWriteFaults::writers()
         {"kml",
          exporter(data + "/out.kml",
                   [this](QIODevice& to) { return writeKml(to, m_profile, *m_dataSet, {}, "T"); })},
-        {"gpx", exporter(data + "/out.gpx",
-                         [this](QIODevice& to) { return writeGpx(to, *m_dataSet, "T"); })},
+        {"gpx",
+         exporter(data + "/out.gpx",
+                  [this](QIODevice& to) { return writeGpx(to, m_profile, *m_dataSet, {}, "T"); })},
+        {"by a library",
+         {data + "/out.sqlite", "former",
+          [data] {
+              return bool{replaceFileAt(data + "/out.sqlite", [](const QString& temporary) {
+                  QFile file(temporary);
+                  const bool isWritten = file.open(QIODevice::WriteOnly) &&
+                                         file.write("all of it") > 0 && file.flush();
+                  return isWritten ? QString() : file.errorString();
+              })};
+          }}},
         {"small sheet",
          {data + "/sheet.csv", "former",
           [data] { return bool{replaceFile(data + "/sheet.csv", "few\n")}; }}},

@@ -73,7 +73,9 @@ void TestCliExport::pathsOfACycle()
         const QByteArray read =
             run(m_home, "ogrinfo", {"-ro", "-geom=SUMMARY", path, layer}).output;
         for (int flight = 1; flight <= flights; ++flight)
-            QCOMPARE(read.count("Flight " + QByteArray::number(flight) + "\n"), 1);
+            QCOMPARE(read.count("Flight " + QByteArray::number(flight) +
+                                (format == QLatin1String("gpx") ? ", 18.05.2024 " : "\n")),
+                     1);
     }
 }
 
@@ -166,7 +168,7 @@ void TestCliExport::failures_data()
         return QStringList{format, card, "--output", "OUT"} + more;
     };
     const QStringList first{"--cycle", "1"};
-    row("nothing", {}, "csv, kml or gpx");
+    row("nothing", {}, "csv, kml, kmz, gpx, candump, dbc or sqlite");
     row("unknown format", with("pdf", first), "not \"pdf\"");
     row("no folder", {"csv", "--cycle", "1", "--output", "OUT"}, "one folder");
     row("no output", {"csv", card, "--cycle", "1"}, "--output is missing");
@@ -187,6 +189,20 @@ void TestCliExport::failures_data()
     row("wrong colour", with("kml", first + QStringList{"--KmlLineColor", "red"}), "\"red\"");
     row("setting of another format", with("gpx", first + QStringList{"--CsvResolution", "5"}),
         "does not apply to an export as gpx");
+    row("picture to the standard output", {"kmz", card, "--cycle", "1", "--output", "-"},
+        "--output needs a file");
+    row("database to the standard output", {"sqlite", card, "--all", "--output", "-"},
+        "--output needs a file");
+    row("every flight to the standard output", {"csv", card, "--all", "--output", "-"},
+        "--output needs a folder");
+    row("imperial database", with("sqlite", first + QStringList{"--unit", "imperial"}), "metric");
+    row("database of an unknown cycle", with("sqlite", {"--cycle", "99"}), "no cycle 99");
+    row("database below the card", {"sqlite", card, "--all", "--output", card + "/out.sqlite"},
+        "folder of the recordings");
+    row("database in a folder that cannot be written",
+        {"sqlite", card, "--cycle", "1", "--output", "/proc/out"}, "could not be written");
+    row("profile of a card", with("dbc", {}), "give no folder");
+    row("profile of a cycle", {"dbc", "--cycle", "1", "--output", "OUT"}, "the profile alone");
     row("unknown parameter", with("csv", first + QStringList{"--parameter", "No/Such"}), "No/Such");
     row("no parameter at all", with("csv", first + QStringList{"--CsvAllParameter", "false"}),
         "--parameter is missing");
@@ -216,8 +232,8 @@ void TestCliExport::helpNamesTheSettings()
 {
     const Result result = run(m_home, KOLT_CLI, {"export", "--help"});
     QCOMPARE(result.status, 0);
-    for (const char* text : {"kolt-cli export csv|kml|gpx FOLDER", "--all", "--output",
-                             "--CsvResolution <N>", "--KmlPolygonColor <RRGGBB>"})
+    for (const char* text : {"kolt-cli export csv|kml|kmz|gpx|candump|dbc|sqlite FOLDER", "--all",
+                             "--output", "--CsvResolution <N>", "--KmlPolygonColor <RRGGBB>"})
         QVERIFY2(result.output.contains(text), text);
 }
 

@@ -108,9 +108,10 @@ protected:
             [&](QIODevice& to) { return writeKml(to, m_profile, *m_dataSet, options, title); });
     }
 
-    QByteArray gpx(const QString& title = "T") const
+    QByteArray gpx(const QString& title = "T", const GpxOptions& options = {}) const
     {
-        return written([&](QIODevice& to) { return writeGpx(to, *m_dataSet, title); });
+        return written(
+            [&](QIODevice& to) { return writeGpx(to, m_profile, *m_dataSet, options, title); });
     }
 
     QTemporaryDir m_directory;

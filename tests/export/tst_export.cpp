@@ -139,6 +139,12 @@ void TestExport::csvToTheByte()
     QCOMPARE(csv(options).split('\n').value(0).split(';').value(3), QByteArray("D/Alt [ft]"));
     QCOMPARE(csv(options).split('\n').value(5), QByteArray(";;6,000;0,5;7;nan\r"));
     m_profile.setUnitSystem(UnitSystem::Metric);
+
+    // Codes as numbers keep other values as they are.
+    add(lamp, 4.0, {1, 0, 0, 0, 50});
+    options.codesOnly = true;
+    m_profile.select([](const ProfileParameter& parameter) { return parameter.id == lamp; });
+    QCOMPARE(csv(options).split('\n').value(1), QByteArray(";;4,000;1;50,00\r"));
 }
 
 void TestExport::csvOptionsThatDoNotFit_data()
@@ -261,7 +267,7 @@ void TestExport::csvBounds()
     add(gauge, 1.0); // a single row stays in the file's buffer
     QCOMPARE(CsvWriter(m_profile, *m_dataSet, options).write(devFull), ExportStatus::Failed);
     QCOMPARE(writeKml(devFull, m_profile, *m_dataSet, {}, "T"), ExportStatus::Failed);
-    QCOMPARE(writeGpx(devFull, *m_dataSet, "T"), ExportStatus::Failed);
+    QCOMPARE(writeGpx(devFull, m_profile, *m_dataSet, {}, "T"), ExportStatus::Failed);
 }
 
 void TestExport::csvSpan_data()
@@ -322,7 +328,7 @@ void TestExport::formerFileStays()
         [&](QIODevice& device) {
             return writeKml(device, m_profile, *m_dataSet, options, "T", stop);
         },
-        [&](QIODevice& device) { return writeGpx(device, *m_dataSet, "T", stop); }};
+        [&](QIODevice& device) { return writeGpx(device, m_profile, *m_dataSet, {}, "T", stop); }};
     rlimit usual{};
     QCOMPARE(getrlimit(RLIMIT_FSIZE, &usual), 0);
     const rlimit small{100'000, usual.rlim_max};
@@ -388,7 +394,8 @@ void TestExport::settingsAreBounded()
     const KmlOptions usual;
     storeKmlOptions(loadKmlOptions(store), store);
     storeCsvOptions(loadCsvOptions(store, QLocale::c()), store);
-    for (const auto& settings : {kmlSettings(), csvSettings()}) {
+    storeGpxOptions(loadGpxOptions(store), store);
+    for (const auto& settings : {kmlSettings(), csvSettings(), gpxSettings()}) {
         for (const ExportSetting& setting : settings)
             QVERIFY2(setting.accepts(store.getText(setting.key)), setting.key);
     }
@@ -400,6 +407,7 @@ void TestExport::settingsAreBounded()
                                      {"KmlLineAlpha", "900"},
                                      {"KmlLineColor", "#f00"},
                                      {"KmlTimeStamp", "7"},
+                                     {"KmlAltitudeMode", "-1"},
                                      {"CsvResolution", "-5"},
                                      {"CsvLimiter", "34"}})
         store.setText(key, value);
@@ -407,6 +415,7 @@ void TestExport::settingsAreBounded()
     QCOMPARE(loadKmlOptions(store).lineAlpha, 255);
     QCOMPARE(loadKmlOptions(store).lineColor, usual.lineColor);
     QCOMPARE(loadKmlOptions(store).timeStamp, KmlOptions::Times::PlaceMarksAndTrack);
+    QCOMPARE(loadKmlOptions(store).altitudeMode, KmlOptions::AltitudeMode::Absolute);
     QCOMPARE(loadCsvOptions(store, QLocale::c()).resolution, 1);
     QCOMPARE(problemOf(loadCsvOptions(store, QLocale::c())), CsvProblem::Separator);
 }

@@ -31,6 +31,7 @@ private slots:
 
     void kmlOptionsReachTheFileAndAreReported();
     void csvOptionsReachTheFileAndAreReported();
+    void packedAndOtherKinds();
     void whatCannotBeExported();
     void failuresAreTold_data();
     void failuresAreTold();
@@ -62,6 +63,7 @@ private:
     DataSet m_dataSet;
     KmlOptions m_kml;
     CsvOptions m_csv;
+    GpxOptions m_gpx;
     QStringList m_chosen;
     std::unique_ptr<DialogExport> m_dialog;
 };
@@ -95,13 +97,15 @@ void TestExportDialogs::open(const QString& suffix)
     else if (suffix == "csv")
         m_dialog = std::make_unique<DialogExportCsv>(m_profile, source(), m_csv);
     else
-        m_dialog = std::make_unique<DialogExportGpx>(source());
+        m_dialog = std::make_unique<DialogExportGpx>(m_profile, source(), m_gpx);
     connect(m_dialog.get(), &DialogExport::signalChosen, this, [this](const QString& folder) {
         m_chosen << folder; // the options may be stored now
         if (const auto* const kml = qobject_cast<DialogExportKml*>(m_dialog.get()))
             m_kml = kml->options();
         if (const auto* const csv = qobject_cast<DialogExportCsv*>(m_dialog.get()))
             m_csv = csv->options();
+        if (const auto* const gpx = qobject_cast<DialogExportGpx*>(m_dialog.get()))
+            m_gpx = gpx->options();
     });
     m_dialog->show();
     QVERIFY(QTest::qWaitForWindowExposed(m_dialog.get()));
@@ -165,6 +169,36 @@ void TestExportDialogs::csvOptionsReachTheFileAndAreReported()
     QCOMPARE(m_csv.resolution, 50'000);
     QVERIFY(!m_csv.allParameters);
     QVERIFY(m_csv.decimalComma);
+}
+
+void TestExportDialogs::packedAndOtherKinds()
+{
+    open("kml");
+    labelled(*m_dialog, "KMZ file")->setChecked(true);
+    find<QComboBox>("altitudes")->setCurrentIndex(1);
+    ModalBoxes boxes;
+    boxes.answer(m_directory->filePath("packed")); // the suffix is added
+    clickExport();
+    QVERIFY2(readFile(m_directory->filePath("packed.kmz")).startsWith("PK"),
+             qPrintable(boxes.seen().join('\n')));
+    QVERIFY(m_kml.packed && m_kml.altitudeMode == KmlOptions::AltitudeMode::Ground);
+    open("kml"); // starts with these, and they can be taken back
+    labelled(*m_dialog, "KMZ file")->setChecked(false);
+    boxes.answer(m_directory->filePath("plain"));
+    clickExport();
+    const QByteArray content = readFile(m_directory->filePath("plain.kml"));
+    QVERIFY(content.contains("clampToGround") && content.contains("http://maps"));
+
+    open("gpx");
+    labelled(*m_dialog, "Waypoints")->setChecked(false);
+    boxes.answer(m_directory->filePath("flight.gpx"));
+    clickExport();
+    QVERIFY(!m_gpx.wayPoints && m_gpx.speeds);
+    open("csv");
+    labelled(*m_dialog, "Codes without labels")->setChecked(true);
+    boxes.answer(m_directory->filePath("codes.csv"));
+    clickExport();
+    QVERIFY(m_csv.codesOnly);
 }
 
 void TestExportDialogs::whatCannotBeExported()

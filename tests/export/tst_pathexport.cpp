@@ -51,7 +51,11 @@ private slots:
     void kmlReadByGdal();
     void kmlStylesAndMarks();
     void kmlDescriptions();
+    void playbackHasHeadingsAndValues();
+    void altitudeModes_data();
+    void altitudeModes();
     void gpxReadByGdal();
+    void gpxExtras();
     void damageIsDescribed();
     void lostPositions_data();
     void lostPositions();
@@ -130,6 +134,9 @@ void TestPathExport::kmlStylesAndMarks()
             std::abs(place[2] - 420.25) < 0.051);
     QVERIFY(read.contains("Name (String) = D Gauge; <1> 150"));
     QVERIFY(read.contains("No position was recorded."));
+    QVERIFY(content.contains("&lt;br/&gt;LIMIT from 100</description>"));
+    QCOMPARE(content.count("<styleUrl>#error<"), 1);
+    QCOMPARE(content.count("<styleUrl>#warning<"), 2);
     options.showLimit = false;
     QVERIFY(!kml(options).contains("Gauge") && kml(options).contains("D Lamp 1: "));
     options.showLimit = true;
@@ -156,6 +163,107 @@ void TestPathExport::kmlDescriptions()
                  text.contains("<td>1: &lt;on&gt; &amp; hot</td>"),
              qPrintable(text));
     QVERIFY(read.contains("Name (String) = 00:00:25"));
+}
+
+/// Each point of a track that plays back has a time, a place, a heading and a value.
+void TestPathExport::playbackHasHeadingsAndValues()
+{
+    QVERIFY(loadProfile(
+        m_profile,
+        device({"name='Lat' id='1' dataType='FLOAT' koltDataType='Latitude'",
+                "name='Lon' id='1' startByte='4' dataType='FLOAT' koltDataType='Longitude'",
+                "name='Way' id='2' dataType='FLOAT' koltDataType='Track'",
+                "name='Level' id='3' dataType='FLOAT' precision='1' unitMetric='l'",
+                "name='Code' id='4' dataType='BLONG' startBit='0' endBit='31'"})));
+    m_profile.select([](const ProfileParameter& parameter) { return parameter.id > 2; });
+    fly(0.0, 10.0);
+    add(gauge, 5.0, floats(2.5F));
+    add(gauge, 7.5, floats(std::numeric_limits<float>::quiet_NaN()));
+    m_dataSet->before[lamp].data = {0xFE, 0xFF, 0xFF, 0xFF};
+    KmlOptions options;
+    options.timeStamp = KmlOptions::Times::PlaceMarksAndTrack;
+    const QString path = m_directory.filePath("track.kml");
+    QVERIFY(writeFile(path, kml(options)));
+    QCOMPARE(
+        outputOf("python3", {"-c",
+                             "import sys, xml.etree.ElementTree as e\n"
+                             "k = '{http://www.opengis.net/kml/2.2}'\n"
+                             "g = '{http://www.google.com/kml/ext/2.2}'\n"
+                             "d = e.parse(sys.argv[1]).getroot()[0]\n"
+                             "print([(f.get('name'), f.get('type'), f[0].text) for f in "
+                             "d.find(k + 'Schema')], d.find(k + 'Schema').get('id'))\n"
+                             "t = d.find(f'.//{g}Track')\n"
+                             "print([len(t.findall(n)) for n in (k + 'when', g + 'coord', g + "
+                             "'angles')], t.find(g + 'angles').text)\n"
+                             "for a in t.iter(g + 'SimpleArrayData'):\n"
+                             "    print(a.get('name'), [v.text for v in a][8:17:2], len(a))\n",
+                             path}),
+        "[('p1', 'int', 'D/Code'), ('p2', 'float', 'D/Level [l]')] values\n[21, 21, 21] 40.0 0 0\n"
+        "p1 ['-2', '-2', '-2', '-2', '-2'] 21\np2 [None, '2.5', '2.5', '2.5', None] 21\n");
+    QVERIFY(!kml({}).contains("Schema")); // only with a track
+}
+
+void TestPathExport::altitudeModes_data()
+{
+    using Mode = KmlOptions::AltitudeMode;
+    // mode, how KML calls it, altitude of the first point, curtains
+    const Rows<int, QByteArray, QByteArray, int> row;
+    row("as recorded", int(Mode::Absolute), "absolute", "410.0", 1);
+    row("on the ground", int(Mode::Ground), "clampToGround", "410.0", 0);
+    row("above the ground", int(Mode::Relative), "relativeToGround", "10.0", 1);
+}
+
+void TestPathExport::altitudeModes()
+{
+    const auto [mode, name, first, curtains] = fetchRow<int, QByteArray, QByteArray, int>();
+    fly(10.0, 60.0);
+    m_dataSet->track.back().altitude = 400.0; // the lowest
+    KmlOptions options;
+    options.altitudeMode = static_cast<KmlOptions::AltitudeMode>(mode);
+    const QByteArray content = kml(options);
+    QCOMPARE(content.count("<altitudeMode>" + name + "<"), content.count("<altitudeMode>"));
+    const QByteArray point = content.mid(content.indexOf("<coordinates>")).split('\n').value(0);
+    QCOMPARE(point.split(',').value(2), first);
+    QCOMPARE(content.count("<extrude>1"), curtains);
+}
+
+/// Elements in the order that the format wants; speeds in m/s.
+void TestPathExport::gpxExtras()
+{
+    fly(0.0, 200.0);
+    m_dataSet->flights = {flight(10, 40, 60, 90), flight(120, 150, 170, 200)};
+    add(gauge, 20.0, floats(1.0F));
+    add(gauge, 30.25, floats(150.0F)); // an episode until the end
+    const QString path = m_directory.filePath("extras.gpx");
+    QVERIFY(writeFile(path, gpx()));
+    const QString script =
+        "import sys, xml.etree.ElementTree as e\n"
+        "tag = lambda x: x.tag.split('}')[1]\n"
+        "for x in e.parse(sys.argv[1]).getroot():\n"
+        "    print(tag(x), *(f'{tag(y)}={(y.text or str()).strip()}' for y in x "
+        "if tag(y) not in ('trkseg', 'desc')), [tag(y) for y in x.iter()][-3:])\n"
+        "    if tag(x) == 'metadata': print(list(x[-1].attrib.items()))\n"
+        "    for y in list(x.iter())[-2:]: tag(x) == 'trk' and print(y.text.strip())\n";
+    const QString read = outputOf("python3", {"-c", script, path});
+    const QStringList lines = read.split('\n');
+    QCOMPARE(lines[0], "metadata name=T time=2026-07-29T00:00:05.000Z bounds= ['name', 'time', "
+                       "'bounds']");
+    QVERIFY2(lines[1].startsWith("[('minlat', '48.5000000'), ('minlon', '11.0033") &&
+                 lines[1].contains("('maxlon', '11.0666667')"),
+             qPrintable(lines[1]));
+    QCOMPARE(lines[2], "wpt ele=440.0 time=2026-07-29T00:00:35.000Z name=Take-off 1 sym=Airport "
+                       "['time', 'name', 'sym']");
+    QVERIFY(lines[5].contains("name=Landing 2 "));
+    QCOMPARE(lines[6], "wpt ele=430.2 time=2026-07-29T00:00:25.250Z name=Gauge; <1>: limit "
+                       "sym=Flag, Red ['name', 'desc', 'sym']");
+    QCOMPARE(lines[7], "trk name=Flight 1, 29.07.2026 00:00 ['extensions', 'TrackPointExtension', "
+                       "'speed']");
+    QCOMPARE(lines[9], "33.33");
+    // Of one flight only what belongs to it; nothing that is not wanted.
+    m_dataSet->flightIndex = 1;
+    QVERIFY(!gpx().contains("Take-off 1") && gpx().contains("Take-off 2"));
+    const QByteArray plain = gpx("T", {false, false});
+    QVERIFY(!plain.contains("<wpt") && !plain.contains("extensions") && plain.contains("<trkpt"));
 }
 
 void TestPathExport::gpxReadByGdal()
@@ -189,8 +297,8 @@ void TestPathExport::damageIsDescribed()
     QVERIFY2(kml.contains("<description>Recording: &amp;lt;b&amp;gt;.CAN has a hole&lt;br/&gt;"
                           "another</description>"),
              qPrintable(kml));
-    const QString gpx =
-        described([&](QIODevice& to) { return writeGpx(to, *m_dataSet, "T", {}, note); });
+    const QString gpx = described(
+        [&](QIODevice& to) { return writeGpx(to, m_profile, *m_dataSet, {}, "T", {}, note); });
     QVERIFY(gpx.contains("<desc>Recording: &lt;b&gt;.CAN has a hole\nanother</desc>"));
 }
 
