@@ -1022,6 +1022,14 @@ Bitte prüfen Sie, ob der Ordner beschreibbar und nicht voll ist, oder wählen S
         <source>The decimal comma is also the separator. Please choose another separator, or the decimal point.</source>
         <translation>Das Dezimalkomma ist vom Trennzeichen nicht zu unterscheiden. Bitte wählen Sie ein anderes Trennzeichen oder den Dezimalpunkt.</translation>
     </message>
+    <message>
+        <source>&amp;Codes without labels (4 instead of 4: CRUISE)</source>
+        <translation>&amp;Codes ohne Bezeichnung (4 statt 4: CRUISE)</translation>
+    </message>
+    <message>
+        <source>For calculations: enumerations as numbers</source>
+        <translation>Zum Rechnen: Aufzählungen als Zahlen</translation>
+    </message>
 </context>
 <context>
     <name>KOLT::DialogExportGpx</name>
@@ -1040,6 +1048,18 @@ Bitte prüfen Sie, ob der Ordner beschreibbar und nicht voll ist, oder wählen S
     <message>
         <source>Exporting GPX file failed !</source>
         <translation>Der Export der GPX-Datei ist gescheitert!</translation>
+    </message>
+    <message>
+        <source>&amp;Waypoints at take-offs, landings and exceedances</source>
+        <translation>&amp;Wegpunkte an Starts, Landungen und Überschreitungen</translation>
+    </message>
+    <message>
+        <source>&amp;Speed and course with each position</source>
+        <translation>&amp;Geschwindigkeit und Kurs an jeder Position</translation>
+    </message>
+    <message>
+        <source>As an extension of the format, which most programs read</source>
+        <translation>Als Erweiterung des Formats, die die meisten Programme lesen</translation>
     </message>
 </context>
 <context>
@@ -1139,6 +1159,38 @@ Bitte prüfen Sie, ob der Ordner beschreibbar und nicht voll ist, oder wählen S
     <message>
         <source>positions (%1 s)</source>
         <translation>Positionen (%1 s)</translation>
+    </message>
+    <message>
+        <source>As recorded, above sea level</source>
+        <translation>Wie aufgezeichnet, über dem Meer</translation>
+    </message>
+    <message>
+        <source>On the ground</source>
+        <translation>Am Boden</translation>
+    </message>
+    <message>
+        <source>Above the ground, from the lowest point on</source>
+        <translation>Über dem Boden, vom tiefsten Punkt an</translation>
+    </message>
+    <message>
+        <source>Al&amp;titudes</source>
+        <translation>Hö&amp;hen</translation>
+    </message>
+    <message>
+        <source>&amp;KMZ file: with its icons inside, for maps without network</source>
+        <translation>&amp;KMZ-Datei: mit ihren Symbolen, für Karten ohne Netz</translation>
+    </message>
+    <message>
+        <source>Color of limits</source>
+        <translation>Farbe der Grenzwerte</translation>
+    </message>
+    <message>
+        <source>Color of warnings</source>
+        <translation>Farbe der Warnungen</translation>
+    </message>
+    <message>
+        <source>KMZ Files (*.kmz)</source>
+        <translation>KMZ-Dateien (*.kmz)</translation>
     </message>
 </context>
 <context>
@@ -2357,6 +2409,26 @@ Motordrehzahl: %3</translation>
     <message>
         <source>Recording: %1</source>
         <translation>Aufzeichnung: %1</translation>
+    </message>
+    <message>
+        <source>%1 from %2</source>
+        <translation>%1 ab %2</translation>
+    </message>
+    <message>
+        <source>%1 below %2</source>
+        <translation>%1 unter %2</translation>
+    </message>
+    <message>
+        <source>Take-off %1</source>
+        <translation>Start %1</translation>
+    </message>
+    <message>
+        <source>Landing %1</source>
+        <translation>Landung %1</translation>
+    </message>
+    <message>
+        <source>The SQLite plug-in of Qt is missing on this computer.</source>
+        <translation>Auf diesem Rechner fehlt das SQLite-Plug-in von Qt.</translation>
     </message>
 </context>
 <context>
