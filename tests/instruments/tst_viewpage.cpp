@@ -553,7 +553,7 @@ void TestViewPage::pageChoosesTheShape()
     m_page = std::make_unique<DialogDataView>(profile, panelFile("instruments"));
     m_page->setShown(true);
     const std::pair<QSize, QSizeF> shapes[] = {{{329, 548}, {360, 600}},  // 1000x800, beside a map
-                                               {{666, 548}, {720, 600}},  // without a map
+                                               {{666, 548}, {720, 700}},  // without a map
                                                {{666, 272}, {740, 300}},  // above a map
                                                {{800, 450}, {1280, 720}}, // the bare display
                                                {{528, 745}, {360, 600}}}; // 1600x1000

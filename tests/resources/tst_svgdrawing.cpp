@@ -81,7 +81,7 @@ void TestSvgDrawing::compare(const QByteArray& svg)
             }
         }
         QVERIFY(visible > 0);
-        QVERIFY2(different * 200 <= visible,
+        QVERIFY2(different * 100 <= visible,
                  qPrintable(QString("%1 of %2 pixels differ").arg(different).arg(visible)));
     }
 }
