@@ -44,11 +44,11 @@ public:
                 break;
             if (hash != entry.file.sha256)
                 m_result.damaged << entry.place;
-            m_proven.insert(entry.file.sha256);
+            m_proven.insert(keyOf(entry.file));
         }
         // A file that an interrupted import was about to move is named in two places.
         for (const Entry& entry : m_absent) {
-            if (!m_proven.contains(entry.file.sha256))
+            if (!m_proven.contains(keyOf(entry.file)))
                 m_result.missing << entry.place;
         }
         return m_result;

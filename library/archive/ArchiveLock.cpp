@@ -1,9 +1,14 @@
 #include "library/archive/ArchiveLock.h"
 
 #include <QCoreApplication>
-#include <QDateTime>
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
+
+#include <algorithm>
+#include <filesystem>
+#include <system_error>
+#include <thread>
 
 namespace KOLT::Library {
 
@@ -13,6 +18,8 @@ using namespace std::chrono_literals;
 
 constexpr auto staleAfter = 10min;
 constexpr auto refreshEvery = 20s;
+constexpr auto emptyAfter = 3s;
+constexpr auto pollEvery = 50ms;
 
 struct Text
 {
@@ -32,8 +39,23 @@ ArchiveLock::~ArchiveLock() = default;
 
 bool ArchiveLock::take(std::chrono::milliseconds patience)
 {
-    m_refreshed = std::chrono::steady_clock::now();
-    return m_file.tryLock(static_cast<int>(patience.count()));
+    using Clock = std::chrono::steady_clock;
+    const Clock::time_point begin = Clock::now();
+    Clock::time_point written = begin;
+    while (!m_file.tryLock(0)) {
+        const Clock::time_point now = Clock::now();
+        if (m_file.error() != QLockFile::LockFailedError || now - begin >= patience)
+            return false;
+        // Who was killed while creating it has not yet written who it was.
+        const QFileInfo info(m_path);
+        if (!info.exists() || info.size() > 0)
+            written = now;
+        else if (now - written > emptyAfter)
+            QFile::remove(m_path);
+        std::this_thread::sleep_for(std::min<std::chrono::milliseconds>(pollEvery, patience));
+    }
+    m_refreshed = Clock::now();
+    return true;
 }
 
 void ArchiveLock::refresh()
@@ -43,9 +65,9 @@ void ArchiveLock::refresh()
         return;
     m_refreshed = now;
     // Its age is what others judge it by.
-    QFile file(m_path);
-    if (file.open(QIODevice::Append | QIODevice::ExistingOnly))
-        file.setFileTime(QDateTime::currentDateTime(), QFileDevice::FileModificationTime);
+    std::error_code ignored;
+    std::filesystem::last_write_time(m_path.toStdU16String(),
+                                     std::filesystem::file_time_type::clock::now(), ignored);
 }
 
 QString ArchiveLock::error() const

@@ -25,14 +25,14 @@ struct Text
 /// What no other import has brought or found.
 QSet<QString> onlyIn(const ImportRecord& record, const std::vector<ImportRecord>& all)
 {
-    QSet<QString> hashes(record.added.begin(), record.added.end());
+    QSet<QString> files(record.added.begin(), record.added.end());
     for (const ImportRecord& other : all) {
         if (other.id == record.id || other.isTakenBack)
             continue;
-        hashes.subtract(QSet<QString>(other.added.begin(), other.added.end()));
-        hashes.subtract(QSet<QString>(other.known.begin(), other.known.end()));
+        files.subtract(QSet<QString>(other.added.begin(), other.added.end()));
+        files.subtract(QSet<QString>(other.known.begin(), other.known.end()));
     }
-    return hashes;
+    return files;
 }
 
 class TakeBack
@@ -48,11 +48,11 @@ public:
     TakeBackResult run(const ArchiveListener& listener)
     {
         const auto permission = allowArchive(m_archive.root());
-        const QSet<QString> hashes = onlyIn(m_record, importsOf(m_archive));
-        const std::vector<quint32> units = moveOut(hashes);
+        const QSet<QString> files = onlyIn(m_record, importsOf(m_archive));
+        const std::vector<quint32> units = moveOut(files);
         // What is left may divide into other cycles.
         for (const quint32 unit : units) {
-            const PlaceResult placed = placeFiles(m_archive, {unit, {}, {}, hashes}, listener);
+            const PlaceResult placed = placeFiles(m_archive, {unit, {}, {}, files}, listener);
             if (m_result.error.isEmpty())
                 m_result.error = placed.error;
         }
@@ -65,7 +65,7 @@ public:
 
 private:
     /// Returns the units that have the files, or had them when this was interrupted.
-    std::vector<quint32> moveOut(const QSet<QString>& hashes)
+    std::vector<quint32> moveOut(const QSet<QString>& files)
     {
         std::vector<quint32> touched;
         ArchiveLock lock(ArchiveLock::pathIn(m_archive.root()));
@@ -76,7 +76,7 @@ private:
         for (const quint32 unit : m_archive.units()) {
             bool isTouched = false;
             for (const PlanFile& file : readUnit(m_archive, unit).files) {
-                if (!hashes.contains(file.file.sha256))
+                if (!files.contains(keyOf(file.file)))
                     continue;
                 isTouched = true;
                 if (m_result.error.isEmpty() && !file.isMissing)

@@ -12,8 +12,8 @@ struct ImportRecord
     QDateTime when; ///< UTC
     QString program;
     bool isTakenBack = false;
-    QStringList added; ///< hashes of the files that it added
-    QStringList known; ///< hashes of the files that were there before
+    QStringList added; ///< "<hash> <name>" of the files that it added
+    QStringList known; ///< of those that were there before
 };
 
 /// The imports of the archive, the latest first.

@@ -160,7 +160,7 @@ public:
             Manifest manifest{m_unit, sequence, {}, {}};
             for (const PlanFile* file : cycle)
                 manifest.files << file->file;
-            const QString folder = folderNameOf(m_unit, manifest.files);
+            const QString folder = freeFolder(folderNameOf(m_unit, manifest.files));
             for (const PlanFile* file : cycle) {
                 move(*file, folder + QLatin1Char('/') + file->file.name);
                 addCopies(manifest, folder, names.at(file->file.name));
@@ -173,6 +173,15 @@ public:
     CyclePlan plan() { return std::move(m_plan); }
 
 private:
+    /// Runs that ended before the unit knew the date may begin with equal files.
+    QString freeFolder(const QString& name) const
+    {
+        QString folder = name;
+        for (int i = 2; m_plan.manifests.contains(folder); ++i)
+            folder = QStringLiteral("%1 %2").arg(name).arg(i);
+        return folder;
+    }
+
     void addCopies(Manifest& manifest, const QString& folder, const Group& group)
     {
         for (std::size_t i = 1; i < group.size(); ++i) {
@@ -210,20 +219,14 @@ QList<ManifestFile> filesOf(const Group& cycle)
     return files;
 }
 
-/// A cycle among others of its sequence.
-struct Span
+struct Dated
 {
-    QString firstName;
-    QDateTime earliest; ///< invalid without any date
-    QDateTime latest;
+    const PlanFile* file = nullptr;
+    QDateTime date; ///< of the file, or that of its cycle where it has none
 };
 
-struct Calendar
-{
-    std::vector<Span> cycles;
-    /// By name: the date of the file, or that of its cycle where it has none.
-    std::map<QString, std::pair<const PlanFile*, QDateTime>> files;
-};
+/// By name.
+using Calendar = std::map<QString, Dated>;
 
 Calendar calendarOf(const Group& contents)
 {
@@ -233,16 +236,10 @@ Calendar calendarOf(const Group& contents)
     Calendar calendar;
     for (const Group& cycle : divide(best)) {
         const QDateTime date = dateTimeOf(filesOf(cycle));
-        Span span{cycle.front()->file.name, {}, {}};
         for (const PlanFile* file : cycle) {
             const QDateTime& own = file->file.dateTime;
-            calendar.files[file->file.name] = {file, own.isValid() ? own : date};
-            if (!own.isValid())
-                continue;
-            span.earliest = span.earliest.isValid() ? std::min(span.earliest, own) : own;
-            span.latest = span.latest.isValid() ? std::max(span.latest, own) : own;
+            calendar[file->file.name] = {file, own.isValid() ? own : date};
         }
-        calendar.cycles.push_back(span);
     }
     return calendar;
 }
@@ -260,40 +257,56 @@ bool isSameRecording(const ManifestFile& one, const QDateTime& oneDate, const Ma
 
 bool contradicts(const Calendar& added, const Calendar& present)
 {
-    return std::ranges::any_of(added.files, [&](const auto& entry) {
-        const auto same = present.files.find(entry.first);
-        return same != present.files.end() &&
-               !isSameRecording(entry.second.first->file, entry.second.second,
-                                same->second.first->file, same->second.second);
+    return std::ranges::any_of(added, [&](const auto& entry) {
+        const auto same = present.find(entry.first);
+        return same != present.end() &&
+               !isSameRecording(entry.second.file->file, entry.second.date, same->second.file->file,
+                                same->second.date);
     });
+}
+
+/// The dates in the headers of the next few files; a single one may be damaged.
+template <typename Iterator>
+std::vector<QDateTime> nextDates(Iterator file, Iterator end)
+{
+    constexpr std::size_t few = 3;
+    std::vector<QDateTime> dates;
+    for (; file != end && dates.size() < few; ++file) {
+        if (const QDateTime& date = file->second.file->file.dateTime; date.isValid())
+            dates.push_back(date);
+    }
+    return dates;
 }
 
 /// Whether names and dates agree about the order: a unit that began to count anew uses low numbers
 /// at later dates.
-bool isInOrder(const Span& added, const Calendar& present)
+bool isInOrder(const Calendar& added, const Calendar& present)
 {
     constexpr qint64 tolerance = 86400; // s
-    if (!added.earliest.isValid())
-        return true;
-    const Span* before = nullptr;
-    const Span* after = nullptr;
-    for (const Span& cycle : present.cycles) {
-        if (!cycle.earliest.isValid())
-            continue;
-        if (cycle.firstName <= added.firstName)
-            before = &cycle;
-        else if (after == nullptr)
-            after = &cycle;
+    std::vector<QDateTime> dates;
+    for (const auto& [name, entry] : added) {
+        if (entry.file->file.dateTime.isValid())
+            dates.push_back(entry.file->file.dateTime);
     }
-    return (before == nullptr || added.latest.secsTo(before->earliest) <= tolerance) &&
-           (after == nullptr || after->latest.secsTo(added.earliest) <= tolerance);
+    if (dates.empty())
+        return true;
+    const auto [earliest, latest] = std::ranges::minmax(dates);
+    const auto after = present.upper_bound(added.rbegin()->first);
+    const auto before = std::make_reverse_iterator(present.lower_bound(added.begin()->first));
+    const std::vector<QDateTime> earlier = nextDates(before, present.rend());
+    const std::vector<QDateTime> later = nextDates(after, present.end());
+    const bool isTooLate = std::ranges::all_of(
+        earlier, [&](const QDateTime& date) { return latest.secsTo(date) > tolerance; });
+    const bool isTooEarly = std::ranges::all_of(
+        later, [&](const QDateTime& date) { return date.secsTo(earliest) > tolerance; });
+    return (earlier.empty() || !isTooLate) && (later.empty() || !isTooEarly);
 }
 
 } // namespace
 
 bool sameContent(const ManifestFile& one, const ManifestFile& other)
 {
-    return one.sha256 == other.sha256 && (samplesOf(one) > 0 || one.name == other.name);
+    return one.sha256 == other.sha256 && (one.dateTime.isValid() || one.name == other.name);
 }
 
 QString nameOfCopy(const ManifestFile& file)
@@ -318,9 +331,7 @@ void chooseSequence(std::vector<PlanFile>& files, const std::vector<std::size_t>
     for (const auto& [sequence, known] : sequences) {
         const Calendar present = calendarOf(known);
         const qsizetype onCard = std::ranges::count(known, true, &PlanFile::isOnCard);
-        if (onCard < most || contradicts(added, present) ||
-            !std::ranges::all_of(added.cycles,
-                                 [&](const Span& cycle) { return isInOrder(cycle, present); }))
+        if (onCard < most || contradicts(added, present) || !isInOrder(added, present))
             continue;
         most = onCard;
         chosen = sequence;

@@ -54,7 +54,8 @@ CyclePlan planCycles(quint32 unit, const std::vector<PlanFile>& files);
 /// The name of a file that lies in "copies", as it was on the card.
 QString nameOfCopy(const ManifestFile& file);
 
-/// Whether two files are the same and to be kept once. Without samples, only those of one name.
+/// Whether two files are the same and to be kept once. Those without a date only when they have one
+/// name: different runs of the engine may begin alike.
 bool sameContent(const ManifestFile& one, const ManifestFile& other);
 
 } // namespace KOLT::Library

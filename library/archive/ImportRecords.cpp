@@ -45,10 +45,10 @@ std::optional<ImportRecord> readRecord(const QString& path)
     record.when = QDateTime::fromString(object[QStringLiteral("when")].toString(), Qt::ISODate);
     record.program = object[QStringLiteral("program")].toString();
     record.isTakenBack = object[QStringLiteral("takenBack")].toBool();
-    for (const QJsonValue& hash : object[QStringLiteral("added")].toArray())
-        record.added << hash.toString();
-    for (const QJsonValue& hash : object[QStringLiteral("known")].toArray())
-        record.known << hash.toString();
+    for (const QJsonValue& entry : object[QStringLiteral("added")].toArray())
+        record.added << entry.toString();
+    for (const QJsonValue& entry : object[QStringLiteral("known")].toArray())
+        record.known << entry.toString();
     return record;
 }
 
@@ -69,7 +69,7 @@ std::vector<ImportRecord> importsOf(const Archive& archive)
 QString newImportId()
 {
     constexpr int randomDigits = 8;
-    return QDateTime::currentDateTimeUtc().toString(QStringLiteral("yyyy-MM-dd HH-mm-ss ")) +
+    return QDateTime::currentDateTimeUtc().toString(QStringLiteral("yyyy-MM-dd HH-mm-ss-zzz ")) +
            QUuid::createUuid().toString(QUuid::Id128).left(randomDigits);
 }
 
@@ -95,9 +95,9 @@ QString writeRecord(const Archive& archive, const ImportRecord& record)
                         .arg(QDir::toNativeSeparators(path), result.error);
 }
 
-bool isRecorded(const Archive& archive, const QStringList& hashes)
+bool isRecorded(const Archive& archive, const QStringList& files)
 {
-    const QSet<QString> wanted(hashes.begin(), hashes.end());
+    const QSet<QString> wanted(files.begin(), files.end());
     return std::ranges::any_of(importsOf(archive), [&](const ImportRecord& record) {
         QSet<QString> found(record.added.begin(), record.added.end());
         found.unite(QSet<QString>(record.known.begin(), record.known.end()));

@@ -10,7 +10,7 @@ QString newImportId();
 /// Returns what went wrong, for the user; empty on success.
 QString writeRecord(const Archive& archive, const ImportRecord& record);
 
-/// Whether an import that was not taken back knows all these hashes.
-bool isRecorded(const Archive& archive, const QStringList& hashes);
+/// Whether an import that was not taken back knows all these files.
+bool isRecorded(const Archive& archive, const QStringList& files);
 
 } // namespace KOLT::Library

@@ -107,13 +107,16 @@ QString ImportWork::prepare()
     if (QString error = spaceError(); !error.isEmpty())
         return error;
     const QString top = m_archive.pathOf(incoming);
-    if (!QDir().mkpath(top))
+    Archive archive;
+    if (!archive.open(m_archive.root()))
+        return archive.error();
+    if (!QFileInfo::exists(top) && !QDir().mkdir(top))
         return Text::tr("The folder %1 cannot be created.").arg(QDir::toNativeSeparators(top));
     removeForgotten();
     m_lock = std::make_unique<ArchiveLock>(lockOf(m_archive.pathOf(m_waiting)));
     if (!m_lock->take(1s))
         return m_lock->error();
-    if (!QDir().mkpath(m_archive.pathOf(m_waiting)))
+    if (!QDir().mkdir(m_archive.pathOf(m_waiting)))
         return Text::tr("The folder %1 cannot be created.").arg(QDir::toNativeSeparators(top));
     return {};
 }
@@ -139,8 +142,13 @@ QString ImportWork::spaceError() const
 void ImportWork::removeForgotten()
 {
     const QDir top(m_archive.pathOf(incoming));
-    for (const QString& name : top.entryList(QDir::Dirs | QDir::NoDotAndDotDot)) {
-        const QString path = top.filePath(name);
+    QSet<QString> paths;
+    for (QString name : top.entryList(QDir::Dirs | QDir::Files | QDir::NoDotAndDotDot)) {
+        if (name.endsWith(lockOf({})))
+            name.chop(lockOf({}).size());
+        paths.insert(top.filePath(name));
+    }
+    for (const QString& path : std::as_const(paths)) {
         ArchiveLock lock(lockOf(path));
         if (lock.take(0s))
             QDir(path).removeRecursively();
@@ -203,9 +211,10 @@ bool ImportWork::isKnown(const CardFile& file)
         m_bytesDone -= file.file.bytes; // it is read once more
         return m_isCancelled;
     }
-    m_requests[file.unit].onCard.insert(*hash);
-    m_record.known << *hash;
+    m_requests[file.unit].onCard.insert(keyOf(content));
+    m_record.known << keyOf(content);
     count(Arrived::Known, file, {});
+    ++m_filesDone;
     return true;
 }
 
@@ -265,16 +274,23 @@ void ImportWork::finishCopy()
             m_fatal = copy.file->error();
         return;
     }
-    Arrival arrival{copy.source->file, {}, copy.source->cycle};
+    // What was listed may not be what was copied: a card with a bad contact fails now and then.
+    const std::optional<Header> header = readHeader(copy.file->path(), copy.source->file.name);
+    if (!header) {
+        fail(*copy.source, Text::tr("Its copy cannot be read."));
+        return;
+    }
+    Arrival arrival{header->file, {}, copy.source->cycle};
+    const quint32 unit = header->unit != 0 ? header->unit : copy.source->unit;
     arrival.file.sha256 = copy.file->sha256();
-    arrival.file.bytes = copy.file->bytes();
     arrival.file.card = m_record.card;
     arrival.file.imported = m_record.when;
     arrival.file.program = m_record.program;
     arrival.waiting = m_waiting + QLatin1Char('/') + QFileInfo(copy.file->path()).fileName();
     copy.file->keep();
-    PlaceRequest& request = m_requests[copy.source->unit];
-    request.onCard.insert(arrival.file.sha256);
+    ++m_filesDone;
+    PlaceRequest& request = m_requests[unit];
+    request.onCard.insert(keyOf(arrival.file));
     m_sources[arrival.waiting] = copy.source;
     request.arrivals.push_back(std::move(arrival));
 }
@@ -318,7 +334,7 @@ void ImportWork::place(PlaceRequest& request)
 QString ImportWork::record(const PlaceRequest& request)
 {
     for (const Arrival& arrival : request.arrivals)
-        m_record.added << arrival.file.sha256;
+        m_record.added << keyOf(arrival.file);
     m_result.id = m_record.id;
     return writeRecord(m_archive, m_record);
 }
@@ -328,17 +344,16 @@ void ImportWork::count(Arrived arrived, const CardFile& file, const QString& err
     switch (arrived) {
     case Arrived::Known:
         ++m_result.known;
-        break;
+        return;
     case Arrived::Copied:
     case Arrived::Beside:
         ++(arrived == Arrived::Copied ? m_result.copied : m_result.beside);
         m_result.bytes += file.file.bytes;
-        break;
+        return;
     case Arrived::Failed:
-        fail(file, error);
+        m_result.failed << ImportResult::Failure{file.file.name, error};
         return;
     }
-    ++m_filesDone;
 }
 
 void ImportWork::fail(const CardFile& file, const QString& reason)
@@ -372,9 +387,10 @@ void ImportWork::report(bool isForced)
     constexpr std::size_t window = 50;
     constexpr double second = 1000.0; // ms
     const qint64 now = m_timer.elapsed();
-    if (!m_progress || (!isForced && now - m_reported < interval))
+    if (!m_progress || (!isForced && now - m_reported < interval && m_filesReported == m_filesDone))
         return;
     m_reported = now;
+    m_filesReported = m_filesDone;
     ImportProgress progress;
     progress.file = m_current;
     progress.files = m_result.files;

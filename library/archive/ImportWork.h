@@ -81,7 +81,8 @@ private:
     qint64 m_placedAfter = 0; ///< ms
     qint64 m_placeCost = 0;
     QElapsedTimer m_timer;
-    qint64 m_reported = 0;                          ///< ms
+    qint64 m_reported = 0; ///< ms
+    int m_filesReported = -1;
     std::vector<std::pair<qint64, qint64>> m_speed; ///< ms, bytes
 };
 

@@ -139,12 +139,15 @@ std::optional<Manifest> parseManifest(const QByteArray& json)
     return manifest;
 }
 
-std::optional<Manifest> readManifest(const QString& folder)
+std::optional<Manifest> readManifest(const QString& folder, QString* error)
 {
     QFile file(folder + QLatin1Char('/') + QLatin1String(manifestName));
-    if (!file.open(QIODevice::ReadOnly))
-        return std::nullopt;
-    return parseManifest(file.read(maxBytes));
+    const bool isThere = file.exists();
+    const bool isOpen = file.open(QIODevice::ReadOnly);
+    const QByteArray text = isOpen ? file.read(maxBytes) : QByteArray();
+    if (error != nullptr && isThere && file.error() != QFileDevice::NoError)
+        *error = file.errorString();
+    return parseManifest(text);
 }
 
 QByteArray manifestText(const Manifest& manifest)

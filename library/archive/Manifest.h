@@ -37,6 +37,12 @@ struct Manifest
     bool operator==(const Manifest&) const = default;
 };
 
+/// "<hash> <name>": tells files apart whose content is the same.
+inline QString keyOf(const ManifestFile& file)
+{
+    return file.sha256 + QLatin1Char(' ') + file.name;
+}
+
 inline constexpr const char* manifestName = "manifest.json";
 inline constexpr const char* copiesName = "copies";
 
@@ -44,8 +50,9 @@ inline constexpr const char* copiesName = "copies";
 /// file name, or named twice. None when the text is no manifest at all.
 std::optional<Manifest> parseManifest(const QByteArray& json);
 
-/// None when there is no file, or no manifest in it.
-std::optional<Manifest> readManifest(const QString& folder);
+/// None when there is no file, or no manifest in it. When there is a file that cannot be read, also
+/// the system's error.
+std::optional<Manifest> readManifest(const QString& folder, QString* error = nullptr);
 
 QByteArray manifestText(const Manifest& manifest);
 

@@ -39,10 +39,10 @@ public:
         , m_content(readUnit(archive, request.unit))
     {
         std::erase_if(m_content.files, [&](const PlanFile& file) {
-            return file.isMissing && request.taken.contains(file.file.sha256);
+            return file.isMissing && request.taken.contains(keyOf(file.file));
         });
         for (PlanFile& file : m_content.files)
-            file.isOnCard = request.onCard.contains(file.file.sha256);
+            file.isOnCard = request.onCard.contains(keyOf(file.file));
     }
 
     std::vector<Arrived> add(const std::vector<Arrival>& arrivals);
@@ -130,7 +130,8 @@ QString Placer::writeManifest(const QString& folder, const Manifest& manifest)
     if (written != m_written.end() && written->second == manifest)
         return {};
     const QString path = m_archive.pathOf(folder);
-    if (!QDir().mkpath(path))
+    // The disk may have been unplugged: its folder is not made anew.
+    if (!Archive::isArchive(m_archive.root()) || !QDir().mkpath(path))
         return Text::tr("The folder %1 cannot be created.").arg(QDir::toNativeSeparators(path));
     const QString file = join(path, QLatin1String(manifestName));
     if (written == m_written.end() && QFileInfo::exists(file))
@@ -152,15 +153,16 @@ QString Placer::writeBefore(const CyclePlan& plan)
     QSet<QString> arriving;
     for (const PlanFile& file : m_content.files) {
         if (file.isNew)
-            arriving.insert(file.file.sha256);
+            arriving.insert(keyOf(file.file));
     }
     for (const auto& [folder, planned] : plan.manifests) {
         Manifest manifest = planned;
-        const auto isArriving = [&](const ManifestFile& file) {
-            return arriving.contains(file.sha256);
-        };
-        manifest.files.removeIf(isArriving);
-        manifest.copies.removeIf(isArriving);
+        manifest.files.removeIf(
+            [&](const ManifestFile& file) { return arriving.contains(keyOf(file)); });
+        manifest.copies.removeIf([&](ManifestFile file) {
+            file.name = nameOfCopy(file);
+            return arriving.contains(keyOf(file));
+        });
         const auto known = m_content.manifests.find(folder);
         if (known == m_content.manifests.end() && manifest.files.isEmpty() &&
             manifest.copies.isEmpty())
@@ -235,6 +237,8 @@ void Placer::removeEmpty(const QString& folder)
 
 QString Placer::place()
 {
+    if (!m_content.error.isEmpty())
+        return m_content.error;
     const CyclePlan plan = planCycles(m_unit, m_content.files);
     m_written = m_content.manifests;
     QString error = writeBefore(plan);

@@ -32,8 +32,8 @@ struct PlaceRequest
 {
     quint32 unit = 0;
     std::vector<Arrival> arrivals;
-    QSet<QString> onCard; ///< hashes of the files of the card
-    QSet<QString> taken;  ///< hashes of files that were taken out, and are not missed
+    QSet<QString> onCard; ///< keyOf() of the files of the card
+    QSet<QString> taken;  ///< keyOf() of files that were taken out, and are not missed
 };
 
 /// Puts files of a unit into their cycles and moves those that are not where they belong, which

@@ -4,7 +4,9 @@
 #include "base/WriteGuard.h"
 #include "record/RecordFile.h"
 
+#include <QCoreApplication>
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 #include <QSet>
 
@@ -14,6 +16,11 @@
 namespace KOLT::Library {
 
 namespace {
+
+struct Text
+{
+    Q_DECLARE_TR_FUNCTIONS(KOLT::Library::UnitFolder)
+};
 
 QSet<QString> recordNames(const QString& path)
 {
@@ -55,7 +62,11 @@ private:
     void addFolder(const QString& folder)
     {
         m_content.folders << folder;
-        const std::optional<Manifest> manifest = readManifest(m_archive.pathOf(folder));
+        QString error;
+        const std::optional<Manifest> manifest = readManifest(m_archive.pathOf(folder), &error);
+        if (!error.isEmpty())
+            m_content.error = Text::tr("The manifest in %1 cannot be read: %2")
+                                  .arg(QDir::toNativeSeparators(m_archive.pathOf(folder)), error);
         if (manifest)
             m_content.manifests[folder] = *manifest;
         const Manifest known = manifest.value_or(Manifest{m_unit, 0, {}, {}});
@@ -96,11 +107,10 @@ private:
     {
         const QString path = m_archive.pathOf(place);
         const std::optional<QString> hash = hashOfFile(path);
-        RecordFile file;
-        if (!hash || !file.readRecordInfo(path))
+        const std::optional<Header> header = readHeader(path, QFileInfo(path).fileName());
+        if (!hash || !header)
             return std::nullopt;
-        const QFileInfo info(path);
-        ManifestFile found = describeFile(info.fileName(), file.info(), info.size());
+        ManifestFile found = header->file;
         found.sha256 = *hash;
         return found;
     }
@@ -129,11 +139,34 @@ private:
     UnitContent m_content;
 };
 
+bool canRead(const QString& path)
+{
+    constexpr qint64 some = 1024;
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly | QIODevice::Unbuffered) &&
+           file.read(some).size() == std::min(some, file.size());
+}
+
 } // namespace
 
 UnitContent readUnit(const Archive& archive, quint32 unit)
 {
     return UnitReader(archive, unit).read();
+}
+
+std::optional<Header> readHeader(const QString& path, const QString& name)
+{
+    // A field that cannot be read is empty, like one of a short file.
+    const auto read = [&]() -> std::optional<Header> {
+        RecordFile file;
+        if (!file.readRecordInfo(path))
+            return std::nullopt;
+        return Header{describeFile(name, file.info(), QFileInfo(path).size()),
+                      file.info().ecuSerialNumber};
+    };
+    const std::optional<Header> first = read();
+    const std::optional<Header> second = read();
+    return first == second && canRead(path) ? first : std::nullopt;
 }
 
 ManifestFile describeFile(const QString& name, const RecordInfo& info, qint64 bytes)
