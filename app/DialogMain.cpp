@@ -5,6 +5,7 @@
 #include "app/DialogProfile.h"
 #include "app/FocusRing.h"
 #include "app/GraphJump.h"
+#include "app/ImportSession.h"
 #include "app/KeyCommands.h"
 #include "app/MainActions.h"
 #include "app/MenuDialogs.h"
@@ -247,6 +248,7 @@ void DialogMain::closeEvent(QCloseEvent* event)
     m_isClosing = true; // first: a message box below may let the user close again
     m_settingsSaver.flush();
     m_project->saveOnExit();
+    m_import.reset(); // ends an import; what is complete stays
     event->accept();
     m_endProcess(EXIT_SUCCESS);
 }

@@ -30,6 +30,7 @@ class DialogProfile;
 class FocusRing;
 class KeyCommands;
 class GraphJump;
+class ImportSession;
 class MainActions;
 class MenuDialogs;
 class OverviewSession;
@@ -151,6 +152,7 @@ private:
     std::unique_ptr<OverviewSession> m_overview; ///< none on the bare display
     std::unique_ptr<TrustSession> m_trust;       ///< likewise
     std::unique_ptr<MenuDialogs> m_dialogs;
+    std::unique_ptr<ImportSession> m_import;
     std::unique_ptr<ProfileOffer> m_profileOffer;
     std::unique_ptr<GraphJump> m_graphJump;
     std::unique_ptr<RecordingNotice> m_recordingNotice; ///< none on the bare display

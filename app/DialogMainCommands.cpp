@@ -4,6 +4,7 @@
 #include "app/DialogMain.h"
 #include "app/DialogProfile.h"
 #include "app/ExportCommand.h"
+#include "app/ImportSession.h"
 #include "app/MenuDialogs.h"
 #include "app/OverviewSession.h"
 #include "app/ProjectSession.h"
@@ -78,6 +79,10 @@ void DialogMain::slotMenu(QAction* action)
         break;
     case Command::EngineReport:
         openEngineReport();
+        break;
+    case Command::ImportCard:
+        if (m_import != nullptr) // the window is not closing
+            m_import->open();
         break;
     case Command::Recording:
         if (m_trust != nullptr)

@@ -5,6 +5,7 @@
 #include "app/DialogMain.h"
 #include "app/DialogProfile.h"
 #include "app/GraphJump.h"
+#include "app/ImportSession.h"
 #include "app/MainActions.h"
 #include "app/MenuDialogs.h"
 #include "app/OverviewSession.h"
@@ -117,6 +118,9 @@ void DialogMain::createDialogs()
     connect(sheet, &DialogDaySheet::signalOpen, this, &DialogMain::slotOpenFlight);
     connect(sheet, &DialogDaySheet::signalMessage, this,
             [this](const QString& message) { m_status->showMessage(message); });
+    m_import = std::make_unique<ImportSession>(m_settings, *m_card, *this);
+    connect(m_import.get(), &ImportSession::signalMessage, this,
+            [this](const QString& message) { m_status->showMessage(message); });
     DialogReport* const report = &m_dialogs->engineReport();
     connect(report, &DialogReport::signalRead, this,
             [this, report] { m_jobs.run([report] { report->read(); }); });
@@ -132,6 +136,7 @@ void DialogMain::createOverview()
         std::make_unique<OverviewSession>(profile(), *m_card, m_jobs, *m_cardDialog, *m_data);
     connect(m_overview.get(), &OverviewSession::signalChooseFolder, this,
             &DialogMain::askForFolder);
+    connect(m_overview.get(), &OverviewSession::signalImport, m_import.get(), &ImportSession::open);
     m_trust =
         std::make_unique<TrustSession>(profile(), *m_card, m_jobs, *m_cardDialog, *m_data, *this);
     connect(m_overview.get(), &OverviewSession::signalTrust, m_trust.get(),

@@ -60,17 +60,15 @@ MainActions::MainActions(QMainWindow& window)
     create(Command::Recording, tr("Recording"), {}, tr("Show what is doubtful in the recording"));
     create(Command::EngineReport, tr("Engine Report..."), {},
            tr("Make one document of the card for the shop and the aircraft's papers"));
-    const std::pair<Command, const char*> icons[] = {{Command::OpenDataFolder, "open-folder"},
-                                                     {Command::ExportKml, "export-kml"},
-                                                     {Command::ExportCsv, "export-csv"},
-                                                     {Command::ExportGpx, "gpx-export"},
-                                                     {Command::DaySheet, "day-sheet"},
-                                                     {Command::Recording, "recording"},
-                                                     {Command::EngineReport, "engine-report"},
-                                                     {Command::Preferences, "preferences"},
-                                                     {Command::About, "about"},
-                                                     {Command::ProfileInfo, "profile"},
-                                                     {Command::Help, "help"}};
+    create(Command::ImportCard, tr("Import Card..."), {},
+           tr("Copy the recordings of a card into the library, with proof"));
+    const std::pair<Command, const char*> icons[] = {
+        {Command::OpenDataFolder, "open-folder"}, {Command::ExportKml, "export-kml"},
+        {Command::ExportCsv, "export-csv"},       {Command::ExportGpx, "gpx-export"},
+        {Command::DaySheet, "day-sheet"},         {Command::Recording, "recording"},
+        {Command::EngineReport, "engine-report"}, {Command::ImportCard, "import-card"},
+        {Command::Preferences, "preferences"},    {Command::About, "about"},
+        {Command::ProfileInfo, "profile"},        {Command::Help, "help"}};
     for (const auto& [command, name] : icons)
         m_actions[command]->setIcon(icon(QLatin1String(name)));
 }
@@ -98,7 +96,7 @@ void MainActions::createMenus()
     QMenu* const extras = m_window.menuBar()->addMenu(tr("&Extras"));
     for (const Command command :
          {Command::Preferences, Command::ExportKml, Command::ExportCsv, Command::ExportGpx,
-          Command::DaySheet, Command::Recording, Command::EngineReport})
+          Command::DaySheet, Command::Recording, Command::EngineReport, Command::ImportCard})
         extras->addAction(m_actions[command]);
     connect(extras, &QMenu::aboutToShow, this, &MainActions::signalExtrasAboutToShow);
     QMenu* const help = m_window.menuBar()->addMenu(tr("&Help"));

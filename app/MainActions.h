@@ -27,7 +27,8 @@ enum class Command {
     DaySheet = 20,
     ExportGpx = 21,
     Recording = 22,
-    EngineReport = 23
+    EngineReport = 23,
+    ImportCard = 24
 };
 
 /// Creates the actions of all commands and the menus. All actions are added to the window, so that

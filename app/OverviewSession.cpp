@@ -60,6 +60,7 @@ OverviewSession::OverviewSession(const Profile& profile, CardSession& card, JobQ
     connect(m_page, &OverviewPage::signalOpen, this, &OverviewSession::open);
     connect(m_page, &OverviewPage::signalCancel, &m_runner, &OverviewRunner::cancel);
     connect(m_page, &OverviewPage::signalContinue, &m_runner, &OverviewRunner::resume);
+    connect(m_page, &OverviewPage::signalImport, this, &OverviewSession::signalImport);
     connect(m_welcome, &WelcomePanel::signalChooseFolder, this,
             &OverviewSession::signalChooseFolder);
     connect(m_welcome, &WelcomePanel::signalSample, this, &OverviewSession::openSample);

@@ -46,6 +46,8 @@ public:
 
 signals:
     void signalChooseFolder();
+    /// The open card is to be imported into the library.
+    void signalImport();
     /// It is known how far a cycle can be believed.
     void signalTrust(int cycle, const RecordingTrust& trust);
 

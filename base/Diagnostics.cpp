@@ -3,6 +3,7 @@
 #include <array>
 #include <cstdarg>
 #include <cstdio>
+#include <mutex>
 #include <string>
 #include <utility>
 
@@ -14,6 +15,18 @@ Sink& currentSink()
 {
     static Sink sink = toStandardOutput;
     return sink;
+}
+
+std::mutex& mutex()
+{
+    static std::mutex instance;
+    return instance;
+}
+
+void send(std::string_view text)
+{
+    const std::lock_guard lock(mutex());
+    currentSink()(text);
 }
 
 } // namespace
@@ -28,12 +41,12 @@ void print(const char* format, ...)
     const int length = std::vsnprintf(buffer.data(), buffer.size(), format, arguments);
     va_end(arguments);
     if (length >= 0 && static_cast<std::size_t>(length) < buffer.size()) {
-        currentSink()(std::string_view(buffer.data(), static_cast<std::size_t>(length)));
+        send(std::string_view(buffer.data(), static_cast<std::size_t>(length)));
     } else if (length >= 0) {
         std::string text(static_cast<std::size_t>(length) + 1, '\0');
         std::vsnprintf(text.data(), text.size(), format, again);
         text.pop_back();
-        currentSink()(text);
+        send(text);
     }
     va_end(again);
 }
@@ -42,6 +55,7 @@ Sink setSink(Sink sink)
 {
     if (!sink)
         sink = toStandardOutput;
+    const std::lock_guard lock(mutex());
     return std::exchange(currentSink(), std::move(sink));
 }
 

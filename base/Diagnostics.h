@@ -6,7 +6,8 @@
 /// The program's diagnostic output: printf-style lines, without levels.
 ///
 /// All text goes through one sink, by default the standard output. Programs that write data to the
-/// standard output (kolt-cli) redirect the sink to the standard error. GUI thread only.
+/// standard output (kolt-cli) redirect the sink to the standard error. For any thread; a sink must
+/// not print.
 namespace KOLT::Diagnostics {
 
 using Sink = std::function<void(std::string_view text)>;

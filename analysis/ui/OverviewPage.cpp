@@ -69,10 +69,16 @@ OverviewPage::OverviewPage(const Profile& profile, QWidget* parent)
         else
             emit signalContinue();
     });
+    auto* const import = new QPushButton(tr("Import Card..."), this);
+    import->setObjectName(QStringLiteral("overviewImport"));
+    import->setAutoDefault(false);
+    import->setToolTip(tr("Copy the recordings of a card into the library, with proof"));
+    connect(import, &QPushButton::clicked, this, &OverviewPage::signalImport);
     auto* const bottom = new QHBoxLayout;
     bottom->addWidget(m_state, 1);
     bottom->addWidget(m_progress);
     bottom->addWidget(m_button);
+    bottom->addWidget(import);
     auto* const layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_tree, 1);

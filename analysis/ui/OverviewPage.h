@@ -49,6 +49,8 @@ signals:
     void signalOpen(int cycle, int flight);
     void signalCancel();
     void signalContinue();
+    /// Import the card into the library.
+    void signalImport();
 
 protected:
     void resizeEvent(QResizeEvent* event) override;

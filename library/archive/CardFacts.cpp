@@ -44,11 +44,14 @@ void numberCycles(std::vector<CardFile>& files)
 
 } // namespace
 
-std::optional<CardFacts> listCard(const QString& folder)
+std::optional<CardFacts> listCard(const QString& folder, const std::function<void()>& onFile)
 {
     const Profile profile;
     CardContainer card(profile);
-    if (!card.readContainer(folder))
+    if (!card.readContainer(folder, [&](int) {
+            if (onFile)
+                onFile();
+        }))
         return std::nullopt;
     CardFacts facts;
     for (const auto& [name, record] : card.files()) {

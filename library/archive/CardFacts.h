@@ -2,6 +2,7 @@
 
 #include "library/archive/Manifest.h"
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -25,6 +26,6 @@ struct CardFacts
 };
 
 /// The record files of a folder, as the listing of a card finds them; none when it cannot be read.
-std::optional<CardFacts> listCard(const QString& folder);
+std::optional<CardFacts> listCard(const QString& folder, const std::function<void()>& onFile = {});
 
 } // namespace KOLT::Library

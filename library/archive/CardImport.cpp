@@ -24,8 +24,9 @@ struct CardImport::Work
     std::optional<CardFacts> facts;
 };
 
-CardImport::CardImport(const Archive& archive, const QString& card)
-    : m_work(std::make_unique<Work>(Work{archive, card, listCard(card)}))
+CardImport::CardImport(const Archive& archive, const QString& card,
+                       const std::function<void()>& onFile)
+    : m_work(std::make_unique<Work>(Work{archive, card, listCard(card, onFile)}))
 {
 }
 

@@ -59,8 +59,10 @@ struct ImportProgress
 class CardImport
 {
 public:
-    /// `archive` is copied; `card` is the folder with the record files.
-    CardImport(const Archive& archive, const QString& card);
+    /// `archive` is copied; `card` is the folder with the record files. `onFile` is called for each
+    /// file that is listed.
+    CardImport(const Archive& archive, const QString& card,
+               const std::function<void()>& onFile = {});
     ~CardImport();
     CardImport(const CardImport&) = delete;
     CardImport& operator=(const CardImport&) = delete;

@@ -118,7 +118,8 @@ void takePages(KOLT::DialogMain& window, Camera& camera, const std::vector<QSize
         pages->setTime((data.startSeconds + data.stopSeconds) / 2);
         for (int page = 0; page < tabs->count(); ++page) {
             pages->setCurrentPage(static_cast<Page>(page));
-            if (page >= static_cast<int>(Page::FaultMatrix) && page <= static_cast<int>(Page::WarningLamps))
+            if (page >= static_cast<int>(Page::FaultMatrix) &&
+                page <= static_cast<int>(Page::WarningLamps))
                 chooseLine(*pages);
             take(names[page]);
         }
@@ -184,8 +185,8 @@ void takeExports(KOLT::DialogMain& window, Camera& camera)
 void takeDialogs(KOLT::DialogMain& window, Camera& camera)
 {
     const std::pair<int, const char*> dialogs[] = {
-        {8, "about"},      {9, "profile"},    {10, "help"},         {15, "preferences"},
-        {20, "day-sheet"}, {22, "recording"}, {23, "engine-report"}};
+        {8, "about"},      {9, "profile"},    {10, "help"},          {15, "preferences"},
+        {20, "day-sheet"}, {22, "recording"}, {23, "engine-report"}, {24, "import-card"}};
     for (const auto& [command, name] : dialogs) {
         trigger(window, command);
         if (!waitFor([&] { return !window.isBusy(); }))

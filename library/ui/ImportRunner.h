@@ -1,0 +1,44 @@
+#pragma once
+
+#include "library/archive/CardImport.h"
+
+#include <QObject>
+
+#include <thread>
+
+namespace KOLT::Library {
+
+/// Runs an import in a thread of its own. All signals come in the thread of this object.
+class ImportRunner : public QObject
+{
+    Q_OBJECT
+
+public:
+    using QObject::QObject;
+    /// Cancels, and waits.
+    ~ImportRunner() override;
+
+    /// Lists the card, which processes events, and begins. Nothing happens while one is running.
+    void start(const Archive& archive, const QString& card);
+
+    void cancel();
+
+    bool isRunning() const { return m_isRunning; }
+
+signals:
+    void signalProgress(const KOLT::Library::ImportProgress& progress);
+    void signalCycleChanged(const KOLT::Library::ArchivedCycle& cycle);
+    void signalCycleRemoved(const QString& folder);
+    void signalFinished(const KOLT::Library::ImportResult& result);
+
+private:
+    void run();
+    void finish(const ImportResult& result);
+
+    std::unique_ptr<CardImport> m_import;
+    std::thread m_thread;
+    bool m_isRunning = false;
+    bool m_isCancelled = false; ///< while the card is listed
+};
+
+} // namespace KOLT::Library
