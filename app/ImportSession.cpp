@@ -2,8 +2,8 @@
 
 #include "app/CardSession.h"
 #include "app/SettingsSaver.h"
+#include "app/settings/ArchiveSettingsStore.h"
 #include "app/settings/KnownLibraries.h"
-#include "app/settings/LibrarySettingsStore.h"
 #include "base/WriteGuard.h"
 #include "library/ui/DialogImport.h"
 

@@ -2745,6 +2745,296 @@ Bitte prüfen Sie, ob der Ordner beschreibbar und nicht voll ist. Das vorherige 
     </message>
 </context>
 <context>
+    <name>KOLT::Library::Archive</name>
+    <message>
+        <source>The library folder %1 is not there. Is its disk or network folder connected?</source>
+        <translation>Der Ordner der Bibliothek %1 ist nicht da. Ist seine Platte oder sein Netzwerkordner verbunden?</translation>
+    </message>
+    <message>
+        <source>The folder %1 holds no library. Is its disk or network folder connected?</source>
+        <translation>Der Ordner %1 enthält keine Bibliothek. Ist seine Platte oder sein Netzwerkordner verbunden?</translation>
+    </message>
+    <message>
+        <source>The library %1 cannot be read: %2</source>
+        <translation>Die Bibliothek %1 kann nicht gelesen werden: %2</translation>
+    </message>
+    <message>
+        <source>The library %1 was made by a later version of KOLT. Please install that version.</source>
+        <translation>Die Bibliothek %1 stammt von einer neueren Version von KOLT. Bitte installieren Sie diese.</translation>
+    </message>
+    <message>
+        <source>The folder %1 is not empty. Please choose an empty or new folder for the library.</source>
+        <translation>Der Ordner %1 ist nicht leer. Bitte wählen Sie einen leeren oder neuen Ordner für die Bibliothek.</translation>
+    </message>
+    <message>
+        <source>The folder %1 cannot be created. Is its disk or network folder connected?</source>
+        <translation>Der Ordner %1 kann nicht angelegt werden. Ist seine Platte oder sein Netzwerkordner verbunden?</translation>
+    </message>
+    <message>
+        <source>The library %1 cannot be written: %2</source>
+        <translation>In die Bibliothek %1 kann nicht geschrieben werden: %2</translation>
+    </message>
+</context>
+<context>
+    <name>KOLT::Library::ArchiveLock</name>
+    <message>
+        <source>No file can be written to the library folder: %1</source>
+        <translation>In den Ordner der Bibliothek kann keine Datei geschrieben werden: %1</translation>
+    </message>
+    <message>
+        <source>The library is in use by another program on the computer &quot;%1&quot;. Please try again later. If there is none, delete the file %2.</source>
+        <translation>Die Bibliothek wird von einem anderen Programm auf dem Rechner „%1“ benutzt. Bitte versuchen Sie es später noch einmal. Wenn dort keines läuft, löschen Sie die Datei %2.</translation>
+    </message>
+</context>
+<context>
+    <name>KOLT::Library::ArchiveTrash</name>
+    <message>
+        <source>%1 cannot be moved to the trash of the library: %2</source>
+        <translation>%1 kann nicht in den Papierkorb der Bibliothek verschoben werden: %2</translation>
+    </message>
+    <message>
+        <source>The library has no record of this import.</source>
+        <translation>Die Bibliothek weiß nichts von dieser Übernahme.</translation>
+    </message>
+</context>
+<context>
+    <name>KOLT::Library::CardImport</name>
+    <message>
+        <source>The folder %1 cannot be read. Is the card inserted?</source>
+        <translation>Der Ordner %1 kann nicht gelesen werden. Ist die Karte eingelegt?</translation>
+    </message>
+    <message>
+        <source>There are no recordings in %1.</source>
+        <translation>In %1 sind keine Aufzeichnungen.</translation>
+    </message>
+    <message>
+        <source>The library lies in the folder of the recordings, %1, to which nothing is written. Please move the library to another folder.</source>
+        <translation>Die Bibliothek liegt im Ordner der Aufzeichnungen, %1, in den nichts geschrieben wird. Bitte verschieben Sie die Bibliothek in einen anderen Ordner.</translation>
+    </message>
+    <message>
+        <source>The folder %1 is part of the library.</source>
+        <translation>Der Ordner %1 gehört zur Bibliothek.</translation>
+    </message>
+    <message>
+        <source>The folder %1 cannot be created.</source>
+        <translation type="unfinished">Der Ordner %1 kann nicht angelegt werden.</translation>
+    </message>
+    <message>
+        <source>The disk of the library has no room for this card: %1 are needed, %2 are free. Nothing was copied.</source>
+        <translation>Auf der Platte der Bibliothek ist kein Platz für diese Karte: Nötig sind %1, frei sind %2. Es wurde nichts kopiert.</translation>
+    </message>
+    <message>
+        <source>Its copy cannot be read.</source>
+        <translation>Ihre Kopie kann nicht gelesen werden.</translation>
+    </message>
+</context>
+<context>
+    <name>KOLT::Library::DialogImport</name>
+    <message>
+        <source>Import Card</source>
+        <translation>Karte übernehmen</translation>
+    </message>
+    <message>
+        <source>Copies the recordings of a card into your library. Each file is read back from the disk and compared before it counts as safe. Nothing on the card is changed or deleted.</source>
+        <translation>Kopiert die Aufzeichnungen einer Karte in Ihre Bibliothek. Jede Datei wird von der Platte zurückgelesen und verglichen, bevor sie als sicher gilt. Auf der Karte wird nichts geändert oder gelöscht.</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation type="unfinished">Datei</translation>
+    </message>
+    <message>
+        <source>Reason</source>
+        <translation>Grund</translation>
+    </message>
+    <message>
+        <source>Files that are not safe</source>
+        <translation>Dateien, die nicht sicher sind</translation>
+    </message>
+    <message>
+        <source>Choose...</source>
+        <translation type="unfinished">Auswählen...</translation>
+    </message>
+    <message>
+        <source>&amp;Card:</source>
+        <translation>&amp;Karte:</translation>
+    </message>
+    <message>
+        <source>Folder of the Card</source>
+        <translation>Ordner der Karte</translation>
+    </message>
+    <message>
+        <source>&amp;Library:</source>
+        <translation>&amp;Bibliothek:</translation>
+    </message>
+    <message>
+        <source>Folder of the Library</source>
+        <translation>Ordner der Bibliothek</translation>
+    </message>
+    <message>
+        <source>A folder of your choice, also on a disk that several computers share. The first import creates it.</source>
+        <translation>Ein Ordner Ihrer Wahl, auch auf einer Platte, die sich mehrere Rechner teilen. Die erste Übernahme legt ihn an.</translation>
+    </message>
+    <message>
+        <source>Take Back an Import...</source>
+        <translation>Übernahme zurücknehmen...</translation>
+    </message>
+    <message>
+        <source>Import</source>
+        <translation>Übernehmen</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation type="unfinished">Abbrechen</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation type="unfinished">Schließen</translation>
+    </message>
+    <message>
+        <source>Choose where your library is to be. It needs as much room as all cards that you will ever import.</source>
+        <translation>Wählen Sie, wo Ihre Bibliothek liegen soll. Sie braucht so viel Platz wie alle Karten, die Sie je übernehmen.</translation>
+    </message>
+    <message>
+        <source>Reading the card</source>
+        <translation>Die Karte wird gelesen</translation>
+    </message>
+</context>
+<context>
+    <name>KOLT::Library::DialogImports</name>
+    <message>
+        <source>Imports of the Library</source>
+        <translation>Übernahmen der Bibliothek</translation>
+    </message>
+    <message>
+        <source>Taking back an import moves the files that it added to the folder &quot;trash&quot; of the library, except for those that another card had as well. Nothing is deleted.</source>
+        <translation>Wird eine Übernahme zurückgenommen, kommen die Dateien, die sie hinzugefügt hat, in den Ordner „trash“ der Bibliothek, außer denen, die auch auf einer anderen Karte waren. Gelöscht wird nichts.</translation>
+    </message>
+    <message>
+        <source>Imports</source>
+        <translation>Übernahmen</translation>
+    </message>
+    <message>
+        <source>Date</source>
+        <translation type="unfinished">Datum</translation>
+    </message>
+    <message>
+        <source>Card</source>
+        <translation>Karte</translation>
+    </message>
+    <message>
+        <source>New Files</source>
+        <translation>Neue Dateien</translation>
+    </message>
+    <message>
+        <source>State</source>
+        <translation type="unfinished">Zustand</translation>
+    </message>
+    <message>
+        <source>Take Back this Import...</source>
+        <translation>Diese Übernahme zurücknehmen...</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation type="unfinished">Schließen</translation>
+    </message>
+    <message>
+        <source>taken back</source>
+        <translation>zurückgenommen</translation>
+    </message>
+    <message>
+        <source>Move the %1 files that the import of %2 added to the trash of the library?</source>
+        <translation>Sollen die %1 Dateien, die durch die Übernahme von %2 hinzukamen, in den Papierkorb der Bibliothek verschoben werden?</translation>
+    </message>
+    <message>
+        <source>KOLT Warning</source>
+        <translation type="unfinished">KOLT-Warnung</translation>
+    </message>
+    <message>
+        <source>Moving the files</source>
+        <translation>Die Dateien werden verschoben</translation>
+    </message>
+    <message>
+        <source>%1 files are now in %2.</source>
+        <translation>%1 Dateien liegen jetzt in %2.</translation>
+    </message>
+</context>
+<context>
+    <name>KOLT::Library::ImportRecords</name>
+    <message>
+        <source>The folder %1 cannot be created.</source>
+        <translation type="unfinished">Der Ordner %1 kann nicht angelegt werden.</translation>
+    </message>
+    <message>
+        <source>%1 cannot be written: %2</source>
+        <translation type="unfinished">%1 kann nicht geschrieben werden: %2</translation>
+    </message>
+</context>
+<context>
+    <name>KOLT::Library::ImportText</name>
+    <message>
+        <source>about %1 s left</source>
+        <translation>noch etwa %1 s</translation>
+    </message>
+    <message>
+        <source>about %1 min left</source>
+        <translation>noch etwa %1 min</translation>
+    </message>
+    <message>
+        <source>%1 of %2 files are safe; %3 were here before.</source>
+        <translation>%1 von %2 Dateien sind sicher; %3 waren schon vorher hier.</translation>
+    </message>
+    <message>
+        <source>%1 have another content than a file of the same name, and lie beside it in the folder &quot;copies&quot;.</source>
+        <translation>%1 haben anderen Inhalt als eine Datei gleichen Namens und liegen daneben im Ordner „copies“.</translation>
+    </message>
+    <message>
+        <source>The card holds nothing that the library does not have.</source>
+        <translation>Auf der Karte ist nichts, was nicht auch in der Bibliothek ist.</translation>
+    </message>
+    <message>
+        <source>The import was cancelled. Do not erase the card: import it again.</source>
+        <translation>Die Übernahme wurde abgebrochen. Löschen Sie die Karte nicht: Übernehmen Sie sie noch einmal.</translation>
+    </message>
+    <message>
+        <source>Do not erase the card. Import it again when the cause is removed.</source>
+        <translation>Löschen Sie die Karte nicht. Übernehmen Sie sie noch einmal, wenn die Ursache behoben ist.</translation>
+    </message>
+    <message>
+        <source>Copying %1: %2 of %3 files</source>
+        <translation>%1 wird kopiert: %2 von %3 Dateien</translation>
+    </message>
+    <message>
+        <source>, %1 MB/s</source>
+        <translation>, %1 MB/s</translation>
+    </message>
+    <message>
+        <source>, %1</source>
+        <translation>, %1</translation>
+    </message>
+</context>
+<context>
+    <name>KOLT::Library::Placement</name>
+    <message>
+        <source>The folder %1 cannot be created.</source>
+        <translation type="unfinished">Der Ordner %1 kann nicht angelegt werden.</translation>
+    </message>
+    <message>
+        <source>%1 cannot be written: %2</source>
+        <translation type="unfinished">%1 kann nicht geschrieben werden: %2</translation>
+    </message>
+    <message>
+        <source>%1 cannot be put into its folder: %2</source>
+        <translation>%1 kommt nicht in ihren Ordner: %2</translation>
+    </message>
+</context>
+<context>
+    <name>KOLT::Library::UnitFolder</name>
+    <message>
+        <source>The manifest in %1 cannot be read: %2</source>
+        <translation>Das Verzeichnis manifest.json in %1 kann nicht gelesen werden: %2</translation>
+    </message>
+</context>
+<context>
     <name>KOLT::MainActions</name>
     <message>
         <source>&amp;New Project</source>
@@ -2898,6 +3188,14 @@ Bitte prüfen Sie, ob der Ordner beschreibbar und nicht voll ist. Das vorherige 
         <source>Make one document of the card for the shop and the aircraft&apos;s papers</source>
         <translation>Aus der Karte ein Dokument für die Werkstatt und die Betriebsunterlagen machen</translation>
     </message>
+    <message>
+        <source>Import Card...</source>
+        <translation>Karte übernehmen...</translation>
+    </message>
+    <message>
+        <source>Copy the recordings of a card into the library, with proof</source>
+        <translation>Die Aufzeichnungen einer Karte mit Nachweis in die Bibliothek kopieren</translation>
+    </message>
 </context>
 <context>
     <name>KOLT::MapMarks</name>
@@ -3031,6 +3329,14 @@ Bitte prüfen Sie, ob der Ordner beschreibbar und nicht voll ist, oder sichern S
     <message>
         <source>Overview</source>
         <translation>Übersicht</translation>
+    </message>
+    <message>
+        <source>Import Card...</source>
+        <translation>Karte übernehmen...</translation>
+    </message>
+    <message>
+        <source>Copy the recordings of a card into the library, with proof</source>
+        <translation>Die Aufzeichnungen einer Karte mit Nachweis in die Bibliothek kopieren</translation>
     </message>
 </context>
 <context>
@@ -3633,6 +3939,29 @@ is not a KOLT project. The selected parameters are unchanged.</source>
         <translation>Die Datei
 %1
 ist kein KOLT-Projekt. Die gewählten Parameter bleiben, wie sie sind.</translation>
+    </message>
+</context>
+<context>
+    <name>KOLT::ProvenCopy</name>
+    <message>
+        <source>Not everything could be written. The disk may be full.</source>
+        <translation type="unfinished">Es konnte nicht alles geschrieben werden. Möglicherweise ist der Datenträger voll.</translation>
+    </message>
+    <message>
+        <source>Only %1 of %2 bytes could be read.</source>
+        <translation>Nur %1 von %2 Bytes konnten gelesen werden.</translation>
+    </message>
+    <message>
+        <source>What is on the disk after copying is not what was read. The disk may be damaged.</source>
+        <translation>Auf der Platte steht nach dem Kopieren nicht, was gelesen wurde. Vielleicht ist die Platte defekt.</translation>
+    </message>
+    <message>
+        <source>There is another file of that name.</source>
+        <translation>Es gibt eine andere Datei dieses Namens.</translation>
+    </message>
+    <message>
+        <source>The folder %1 cannot be created.</source>
+        <translation type="unfinished">Der Ordner %1 kann nicht angelegt werden.</translation>
     </message>
 </context>
 <context>

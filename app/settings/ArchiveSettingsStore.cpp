@@ -1,4 +1,4 @@
-#include "app/settings/LibrarySettingsStore.h"
+#include "app/settings/ArchiveSettingsStore.h"
 
 #include "app/settings/SettingsStore.h"
 
