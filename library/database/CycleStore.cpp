@@ -125,7 +125,7 @@ bool CycleStore::store(const ArchivedCycle& cycle)
         return false;
     if (*isKnown)
         return transaction.commit();
-    return takeFromMonthOf(cycle.folder) && putCycle(cycle) && putFiles(cycle) && dropFigures() &&
+    return takeFromEngineOf(cycle.folder) && putCycle(cycle) && putFiles(cycle) && dropFigures() &&
            transaction.commit();
 }
 
@@ -133,19 +133,19 @@ bool CycleStore::store(const ArchivedCycle& cycle, const CycleFigures& figures,
                        const FiguresSource& source)
 {
     Transaction transaction(m_connection);
-    if (!transaction.isOpen() || !takeFromMonthOf(cycle.folder) || !putCycle(cycle) ||
+    if (!transaction.isOpen() || !takeFromEngineOf(cycle.folder) || !putCycle(cycle) ||
         !putFiles(cycle) || !dropFigures())
         return false;
     const std::optional<qint64> sourceId = idOf(source);
     return sourceId && putFigures(figures, *sourceId) && putFlights(figures) &&
            putEpisodes(figures) && putFaults(figures) && putFindings(figures) &&
-           putBands(figures) && addToMonth() && transaction.commit();
+           putBands(figures) && addToEngine() && transaction.commit();
 }
 
 bool CycleStore::remove(const QString& folder)
 {
     Transaction transaction(m_connection);
-    return transaction.isOpen() && takeFromMonthOf(folder) &&
+    return transaction.isOpen() && takeFromEngineOf(folder) &&
            m_connection.run(QStringLiteral("DELETE FROM cycle WHERE folder = ?"), {folder}) &&
            transaction.commit();
 }
@@ -181,44 +181,42 @@ bool CycleStore::install(const std::vector<Installation>& installations)
             return false;
     }
     return m_connection.run(QStringLiteral("UPDATE cycle SET engine = %1").arg(engineOfCycle)) &&
-           m_connection.run(QStringLiteral("DELETE FROM month_band")) &&
-           m_connection.run(QStringLiteral(
-               "INSERT INTO month_band (engine, month, quantity, state, micros) "
-               "SELECT cycle.engine, cycle.month, band.quantity, band.state, SUM(band.micros) "
-               "FROM band JOIN cycle ON cycle.id = band.cycle "
-               "GROUP BY cycle.engine, cycle.month, band.quantity, band.state")) &&
+           m_connection.run(QStringLiteral("DELETE FROM engine_band")) &&
+           m_connection.run(
+               QStringLiteral("INSERT INTO engine_band (engine, quantity, state, micros) "
+                              "SELECT cycle.engine, band.quantity, band.state, SUM(band.micros) "
+                              "FROM band JOIN cycle ON cycle.id = band.cycle "
+                              "GROUP BY cycle.engine, band.quantity, band.state")) &&
            transaction.commit();
 }
 
-bool CycleStore::takeFromMonthOf(const QString& folder)
+bool CycleStore::takeFromEngineOf(const QString& folder)
 {
-    // What the month had of the cycle, under the engine and month that it had until now.
+    // What the engine had of the cycle, the one that it was of until now.
     return m_connection.run(
                QStringLiteral(
-                   "UPDATE month_band SET micros = micros - (SELECT b.micros FROM band b "
+                   "UPDATE engine_band SET micros = micros - (SELECT b.micros FROM band b "
                    "JOIN cycle c ON c.id = b.cycle WHERE c.folder = ? "
-                   "AND b.quantity = month_band.quantity AND b.state = month_band.state) "
+                   "AND b.quantity = engine_band.quantity AND b.state = engine_band.state) "
                    "WHERE engine = (SELECT engine FROM cycle WHERE folder = ?) "
-                   "AND month = (SELECT month FROM cycle WHERE folder = ?) "
                    "AND EXISTS (SELECT 1 FROM band b JOIN cycle c ON c.id = b.cycle "
-                   "WHERE c.folder = ? AND b.quantity = month_band.quantity "
-                   "AND b.state = month_band.state)"),
-               {folder, folder, folder, folder}) &&
+                   "WHERE c.folder = ? AND b.quantity = engine_band.quantity "
+                   "AND b.state = engine_band.state)"),
+               {folder, folder, folder}) &&
            m_connection.run(
-               QStringLiteral("DELETE FROM month_band WHERE micros = 0 "
-                              "AND engine = (SELECT engine FROM cycle WHERE folder = ?) "
-                              "AND month = (SELECT month FROM cycle WHERE folder = ?)"),
-               {folder, folder});
+               QStringLiteral("DELETE FROM engine_band WHERE micros = 0 "
+                              "AND engine = (SELECT engine FROM cycle WHERE folder = ?)"),
+               {folder});
 }
 
-bool CycleStore::addToMonth()
+bool CycleStore::addToEngine()
 {
     return m_connection.run(
-        QStringLiteral("INSERT INTO month_band (engine, month, quantity, state, micros) "
-                       "SELECT c.engine, c.month, b.quantity, b.state, b.micros FROM band b "
+        QStringLiteral("INSERT INTO engine_band (engine, quantity, state, micros) "
+                       "SELECT c.engine, b.quantity, b.state, b.micros FROM band b "
                        "JOIN cycle c ON c.id = b.cycle WHERE b.cycle = ? "
-                       "ON CONFLICT (engine, month, quantity, state) "
-                       "DO UPDATE SET micros = month_band.micros + excluded.micros"),
+                       "ON CONFLICT (engine, quantity, state) "
+                       "DO UPDATE SET micros = engine_band.micros + excluded.micros"),
         {m_id});
 }
 

@@ -38,8 +38,8 @@ private:
     bool putFaults(const CycleFigures& figures);
     bool putFindings(const CycleFigures& figures);
     bool putBands(const CycleFigures& figures);
-    bool takeFromMonthOf(const QString& folder);
-    bool addToMonth();
+    bool takeFromEngineOf(const QString& folder);
+    bool addToEngine();
 
     LibraryConnection& m_connection;
     qint64 m_id = 0;

@@ -20,18 +20,20 @@ struct Readings
     QString error;
 };
 
+/// Of the cycles with a date, or of those without.
 Readings readingsOf(LibraryDatabase& database, const QString& engine, quint32 unit,
-                    const QString& counter)
+                    const QString& counter, bool isDated)
 {
     Readings result;
     for (const bool isFirst : {true, false}) {
         const auto found = rowsOf<std::pair<double, QString>>(
             database,
             QStringLiteral("SELECT c.%1_%3, c.day FROM cycle c WHERE c.engine = ? AND c.unit = ? "
-                           "AND c.%1_last IS NOT NULL "
+                           "AND c.month %4 '' AND c.%1_last IS NOT NULL "
                            "ORDER BY c.month %2, c.date_time %2, c.folder %2 LIMIT 1")
                 .arg(counter, isFirst ? QStringLiteral("ASC") : QStringLiteral("DESC"),
-                     isFirst ? QStringLiteral("first") : QStringLiteral("last")),
+                     isFirst ? QStringLiteral("first") : QStringLiteral("last"),
+                     isDated ? QStringLiteral(">") : QStringLiteral("=")),
             {boundText(engine), qint64{unit}}, [](const QSqlQuery& query) {
                 return std::pair(query.value(0).toDouble(), query.value(1).toString());
             });
@@ -46,6 +48,15 @@ Readings readingsOf(LibraryDatabase& database, const QString& engine, quint32 un
         result.day = day;
     }
     return result;
+}
+
+Readings readingsOf(LibraryDatabase& database, const QString& engine, quint32 unit,
+                    const QString& counter)
+{
+    const Readings dated = readingsOf(database, engine, unit, counter, true);
+    return dated.span || !dated.error.isEmpty()
+               ? dated
+               : readingsOf(database, engine, unit, counter, false);
 }
 
 /// Adds what the row lacks besides sums and bands; returns an error.
@@ -99,8 +110,8 @@ QString addBands(LibraryDatabase& database, const std::optional<QString>& engine
 {
     const auto bands = rowsOf<EngineBand>(
         database,
-        QStringLiteral("SELECT engine, quantity, state, SUM(micros) FROM month_band %1 "
-                       "GROUP BY engine, quantity, state ORDER BY engine, quantity, state")
+        QStringLiteral("SELECT engine, quantity, state, micros FROM engine_band %1 "
+                       "ORDER BY engine, quantity, state")
             .arg(engine ? QStringLiteral("WHERE engine = ?") : QString()),
         engine ? QVariantList{boundText(*engine)} : QVariantList(), [](const QSqlQuery& query) {
             constexpr int state = 2;

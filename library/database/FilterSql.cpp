@@ -49,18 +49,24 @@ void addCycle(const LibraryFilter& filter, Condition& condition)
     condition.add(QStringLiteral("c.folder IN (%1)").arg(places.join(QLatin1Char(','))), values);
 }
 
-/// An episode, of the flight if `isFlight`.
+/// The rows that have an episode or a fault: found once, not for each row.
+QString among(bool isFlight, const QString& table)
+{
+    return isFlight
+               ? QStringLiteral("(f.cycle, f.number) IN (SELECT x.cycle, x.flight FROM %1 x WHERE ")
+                     .arg(table)
+               : QStringLiteral("c.id IN (SELECT x.cycle FROM %1 x WHERE ").arg(table);
+}
+
 void addEpisode(const LibraryFilter& filter, bool isFlight, Condition& condition)
 {
     if (filter.quantity.isEmpty())
         return;
-    const QString same = isFlight ? QStringLiteral(" AND e.flight = f.number") : QString();
-    QString sql = QStringLiteral("EXISTS (SELECT 1 FROM episode e WHERE e.cycle = c.id%1 "
-                                 "AND LOWER(e.quantity) %2")
-                      .arg(same, isLike);
+    QString sql =
+        among(isFlight, QStringLiteral("episode")) + QStringLiteral("LOWER(x.quantity) ") + isLike;
     QVariantList values{containing(filter.quantity)};
     if (filter.exceeded) {
-        sql += QStringLiteral(" AND e.state >= ?");
+        sql += QStringLiteral(" AND x.state >= ?");
         values << static_cast<int>(*filter.exceeded);
     }
     condition.add(sql + QLatin1Char(')'), values);
@@ -68,13 +74,10 @@ void addEpisode(const LibraryFilter& filter, bool isFlight, Condition& condition
 
 void addFault(const LibraryFilter& filter, bool isFlight, Condition& condition)
 {
-    if (filter.fault.isEmpty())
-        return;
-    const QString same = isFlight ? QStringLiteral(" AND b.flight = f.number") : QString();
-    condition.add(QStringLiteral("EXISTS (SELECT 1 FROM fault b WHERE b.cycle = c.id%1 "
-                                 "AND LOWER(b.parameter) %2)")
-                      .arg(same, isLike),
-                  {containing(filter.fault)});
+    if (!filter.fault.isEmpty())
+        condition.add(among(isFlight, QStringLiteral("fault")) +
+                          QStringLiteral("LOWER(x.parameter) ") + isLike + QLatin1Char(')'),
+                      {containing(filter.fault)});
 }
 
 void addDuration(const LibraryFilter& filter, Condition& condition)
@@ -108,10 +111,11 @@ Condition cycleCondition(const LibraryFilter& filter)
     addEpisode(filter, false, condition);
     addFault(filter, false, condition);
     if (filter.shortest || filter.longest) {
-        Condition flight{QStringLiteral("f.cycle = c.id"), {}};
+        Condition flight{QStringLiteral("1 = 1"), {}};
         addDuration(filter, flight);
-        condition.add(QStringLiteral("EXISTS (SELECT 1 FROM flight f WHERE %1)").arg(flight.sql),
-                      flight.values);
+        condition.add(
+            QStringLiteral("c.id IN (SELECT f.cycle FROM flight f WHERE %1)").arg(flight.sql),
+            flight.values);
     }
     return condition;
 }

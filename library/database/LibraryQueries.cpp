@@ -140,10 +140,12 @@ Answer<std::vector<FlightRow>> LibraryQueries::flights(const LibraryFilter& filt
     const Condition condition = flightCondition(filter);
     return rowsOf<FlightRow>(
         m_database,
-        limitedSql(QStringLiteral("SELECT %1 FROM cycle c JOIN flight f ON f.cycle = c.id WHERE %2 "
-                                  "ORDER BY c.day DESC, c.date_time DESC, c.id DESC, f.number DESC")
-                       .arg(flightColumns, condition.sql),
-                   limit, offset),
+        limitedSql( // As written: the newest cycles first, and as many as are needed.
+            QStringLiteral("SELECT %1 FROM cycle c CROSS JOIN flight f "
+                           "WHERE f.cycle = c.id AND %2 "
+                           "ORDER BY c.day DESC, c.date_time DESC, c.id DESC, f.number DESC")
+                .arg(flightColumns, condition.sql),
+            limit, offset),
         condition.values, flightFrom);
 }
 

@@ -157,23 +157,23 @@ CREATE TABLE band (
 )",
     // Sums of the bands, as a library has millions of them, indexes for the pages, and views for
     // people.
-    R"(CREATE TABLE month_band (
+    R"(CREATE TABLE engine_band (
     engine TEXT NOT NULL,
-    month TEXT NOT NULL,
     quantity TEXT NOT NULL,
     state INTEGER NOT NULL,
     micros BIGINT NOT NULL,
-    PRIMARY KEY (engine, month, quantity, state));
-INSERT INTO month_band SELECT cycle.engine, cycle.month, band.quantity, band.state,
-    SUM(band.micros) FROM band JOIN cycle ON cycle.id = band.cycle
-    GROUP BY cycle.engine, cycle.month, band.quantity, band.state;
+    PRIMARY KEY (engine, quantity, state));
+INSERT INTO engine_band SELECT cycle.engine, band.quantity, band.state, SUM(band.micros)
+    FROM band JOIN cycle ON cycle.id = band.cycle
+    GROUP BY cycle.engine, band.quantity, band.state;
 CREATE INDEX cycle_by_unit ON cycle (unit, day, flights, starts, episodes, limits, run_micros,
-    recorded_micros, air_seconds, fuel_micros, engine);
+    recorded_micros, air_seconds, fuel_micros, engine, worst);
 CREATE INDEX cycle_by_engine ON cycle (engine, month, day, unit, flights, starts, episodes, limits,
     run_micros, recorded_micros, air_seconds, fuel_micros);
 CREATE INDEX cycle_by_time ON cycle (day, date_time);
-CREATE INDEX episode_by_quantity ON episode (quantity, cycle);
-CREATE INDEX fault_by_parameter ON fault (parameter, cycle);
+CREATE INDEX flight_by_duration ON flight (air_seconds, cycle);
+CREATE INDEX episode_by_quantity ON episode (quantity, state, cycle, flight);
+CREATE INDEX fault_by_parameter ON fault (parameter, cycle, flight);
 CREATE INDEX file_by_hash ON file (sha256);
 CREATE VIEW unit AS SELECT unit, MAX(ecu_type) AS ecu_type, COUNT(*) AS cycles,
     SUM(flights) AS flights, MIN(date_time) AS first, MAX(date_time) AS last
@@ -183,16 +183,14 @@ CREATE VIEW engine AS SELECT engine, MAX(engine_type) AS engine_type, COUNT(*) A
     SUM(air_seconds) / 3600.0 AS air_hours, SUM(fuel_micros) / 1000000.0 AS fuel,
     SUM(episodes) AS episodes, MIN(date_time) AS first, MAX(date_time) AS last
     FROM cycle GROUP BY engine;
-CREATE VIEW engine_band AS SELECT engine, quantity, state, SUM(micros) / 1000000.0 AS seconds
-    FROM month_band GROUP BY engine, quantity, state;
 )"};
 
 static_assert(steps.size() == schemaVersion);
 
-constexpr std::array tables{"month_band", "band",         "finding",       "fault",
-                            "episode",    "flight",       "file",          "cycle",
-                            "source",     "installation", "library_schema"};
-constexpr std::array views{"engine_band", "engine", "unit"};
+constexpr std::array tables{"engine_band", "band",         "finding",       "fault",
+                            "episode",     "flight",       "file",          "cycle",
+                            "source",      "installation", "library_schema"};
+constexpr std::array views{"engine", "unit"};
 
 /// PostgreSQL sorts texts by the rules of a language otherwise.
 QString scriptFor(const LibraryConnection& connection, const char* step)

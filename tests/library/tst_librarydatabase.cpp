@@ -76,12 +76,12 @@ void checkWhole(const LibraryAddress& address)
     QCOMPARE(ask(address, "SELECT c.folder FROM cycle c WHERE c.files <> (SELECT COUNT(*) FROM "
                           "file x WHERE x.cycle = c.id)"),
              QJsonArray());
-    QCOMPARE(ask(address, "SELECT engine, month, quantity, state, micros FROM month_band ORDER BY "
-                          "engine, month, quantity, state"),
-             ask(address, "SELECT c.engine, c.month, b.quantity, b.state, CAST(SUM(b.micros) AS "
-                          "BIGINT) AS micros FROM band b JOIN cycle c ON c.id = b.cycle GROUP BY "
-                          "c.engine, c.month, b.quantity, b.state ORDER BY c.engine, c.month, "
-                          "b.quantity, b.state"));
+    QCOMPARE(ask(address, "SELECT engine, quantity, state, micros FROM engine_band "
+                          "ORDER BY engine, quantity, state"),
+             ask(address, "SELECT c.engine, b.quantity, b.state, CAST(SUM(b.micros) AS BIGINT) AS "
+                          "micros FROM band b JOIN cycle c ON c.id = b.cycle "
+                          "GROUP BY c.engine, b.quantity, b.state "
+                          "ORDER BY c.engine, b.quantity, b.state"));
 }
 
 /// What must not depend on how cycles came into the library.
@@ -225,6 +225,7 @@ private slots:
         LibrarySums expected;
         double oil = 0.0;
         double lastHours = 0.0;
+        int since = 0;
         const QString engine = someCycle(0).engine;
         for (int i = 0; i < cycleCount; ++i) {
             const CycleFigures figures = someFigures(i);
@@ -232,6 +233,7 @@ private slots:
             if (someCycle(i).engine != engine)
                 continue;
             ++expected.cycles;
+            since += someCycle(i).dateTime >= someCycle(30).dateTime ? 1 : 0;
             if (someCycle(i).dateTime.isValid())
                 lastHours = figures.unitHours->last;
             expected.runSeconds += figures.runSeconds;
@@ -265,7 +267,7 @@ private slots:
             months += month.sums.cycles;
         QCOMPARE(months, expected.cycles);
         QCOMPARE(queries.engines().value.size(), 4U); // three, and files that name none
-        QCOMPARE(queries.engineSince(engine, someCycle(30).dateTime).value.cycles, 9);
+        QCOMPARE(queries.engineSince(engine, someCycle(30).dateTime).value.cycles, since);
         QVERIFY(!queries.engine("E").value);
     }
 
@@ -543,11 +545,13 @@ private slots:
             before = contentOf(m_address);
         }
         // As version 1 had it.
-        for (const char* sql : {"DROP VIEW engine_band", "DROP VIEW engine", "DROP VIEW unit",
-                                "DROP TABLE month_band", "DROP INDEX cycle_by_unit",
-                                "DROP INDEX cycle_by_engine", "DROP INDEX cycle_by_time",
-                                "DROP INDEX episode_by_quantity", "DROP INDEX fault_by_parameter",
-                                "DROP INDEX file_by_hash", "UPDATE library_schema SET version = 1"})
+        QStringList script{"DROP VIEW engine", "DROP VIEW unit", "DROP TABLE engine_band",
+                           "UPDATE library_schema SET version = 1"};
+        for (const char* index :
+             {"cycle_by_unit", "cycle_by_engine", "cycle_by_time", "flight_by_duration",
+              "episode_by_quantity", "fault_by_parameter", "file_by_hash"})
+            script << QString("DROP INDEX ") + index;
+        for (const QString& sql : script)
             execute(sql);
         LibraryDatabase database;
         QVERIFY(!database.open(m_address, Access::ReadOnly));

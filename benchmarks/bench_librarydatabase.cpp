@@ -1,0 +1,200 @@
+// What the pages of the library ask, of 100,000 flights on both databases. The figures are times in
+// milliseconds: pages have to open at once, however long the library has been kept.
+
+#include "benchmarks/Figures.h"
+#include "library/database/LibraryQueries.h"
+#include "tests/support/LibraryData.h"
+#include "tests/support/PostgresServer.h"
+
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QTemporaryDir>
+
+#include <algorithm>
+#include <array>
+#include <cstdio>
+#include <cstdlib>
+#include <memory>
+
+using namespace KOLT;
+using namespace KOLT::Library;
+
+namespace {
+
+constexpr int cycleCount = 40'000;
+constexpr int flightsPerCycle = 5; // in every second cycle
+constexpr int flightCount = cycleCount / 2 * flightsPerCycle;
+constexpr int units = 20;
+constexpr int quantities = 24;
+constexpr double most = 100.0;
+
+[[noreturn]] void giveUp(const QString& why)
+{
+    std::fprintf(stderr, "%s\n", qUtf8Printable(why));
+    std::exit(1);
+}
+
+struct Store
+{
+    QTemporaryDir folder;
+    Test::PostgresServer server;
+    LibraryDatabase database;
+    LibraryQueries queries{database};
+    LibraryFilter newest;
+
+    explicit Store(bool isServer)
+    {
+        QString library = folder.path();
+        if (isServer) {
+            if (const QString error = server.start(); !error.isEmpty())
+                giveUp(error);
+            library = server.newDatabase();
+        }
+        const ParsedAddress parsed = parseLibraryAddress(library, folder.path());
+        if (!parsed.address || !database.open(*parsed.address, LibraryDatabase::Access::Create))
+            giveUp(parsed.error + database.error());
+        for (int i = 0; i < cycleCount; ++i) {
+            ArchivedCycle cycle = Test::someCycle(i, units);
+            // Over the years that a club keeps; a few engines have been through several units.
+            cycle.dateTime = QDateTime(QDate(2010, 1, 1), QTime(7, 0), Qt::UTC)
+                                 .addSecs(qint64{i} * 14 * 365 * 24 * 3600 / cycleCount);
+            if (!database.storeCycle(
+                    cycle, Test::someFigures(i, i % 2 == 0 ? flightsPerCycle : 0, quantities),
+                    Test::someSource()))
+                giveUp(database.error());
+        }
+        if (isServer)
+            server.sql("ANALYZE", library.section(QLatin1Char('/'), -1));
+        if (queries.flightCount({}).value != flightCount)
+            giveUp(QStringLiteral("the library is not whole"));
+    }
+};
+
+std::array<std::unique_ptr<Store>, 2> stores;
+
+Store& store(bool isServer)
+{
+    std::unique_ptr<Store>& one = stores.at(isServer ? 1 : 0);
+    if (one == nullptr)
+        one = std::make_unique<Store>(isServer);
+    return *one;
+}
+
+/// Asks, and returns how many rows came.
+using Question = std::size_t (*)(LibraryQueries& queries);
+
+/// The median of some answers after one that warms up.
+double milliseconds(bool isServer, Question question)
+{
+    LibraryQueries& queries = store(isServer).queries;
+    if (question(queries) == 0)
+        giveUp(QStringLiteral("nothing was found: ") + store(isServer).database.error());
+    constexpr int times = 5;
+    std::vector<double> all;
+    for (int i = 0; i < times; ++i) {
+        QElapsedTimer timer;
+        timer.start();
+        question(queries);
+        all.push_back(static_cast<double>(timer.nsecsElapsed()) / 1e6);
+    }
+    std::ranges::sort(all);
+    return all[times / 2];
+}
+
+template <typename Set>
+LibraryFilter filterWith(Set&& set)
+{
+    LibraryFilter filter;
+    set(filter);
+    return filter;
+}
+
+const LibraryFilter limits = filterWith([](LibraryFilter& filter) {
+    filter.exceeded = ThresholdState::Limit;
+    filter.quantity = QStringLiteral("oil");
+});
+const LibraryFilter faults =
+    filterWith([](LibraryFilter& filter) { filter.fault = QStringLiteral("lane a"); });
+const LibraryFilter durations = filterWith([](LibraryFilter& filter) {
+    filter.shortest = 300.0;
+    filter.longest = 400.0;
+});
+const LibraryFilter serials =
+    filterWith([](LibraryFilter& filter) { filter.serial = QStringLiteral("101"); });
+const LibraryFilter dates = filterWith([](LibraryFilter& filter) {
+    filter.from = QDate(2012, 3, 1);
+    filter.to = QDate(2012, 6, 1);
+});
+
+const QString engine = QStringLiteral("E1004");
+constexpr quint32 unit = 1004;
+constexpr int page = 200;
+
+struct Asked
+{
+    const char* name;
+    Question question;
+};
+
+constexpr Asked questions[] = {
+    {"units", [](LibraryQueries& q) { return q.units().value.size(); }},
+    {"units, limits", [](LibraryQueries& q) { return q.units(limits).value.size(); }},
+    {"units, faults", [](LibraryQueries& q) { return q.units(faults).value.size(); }},
+    {"units, durations", [](LibraryQueries& q) { return q.units(durations).value.size(); }},
+    {"units, serials", [](LibraryQueries& q) { return q.units(serials).value.size(); }},
+    {"years", [](LibraryQueries& q) { return q.years(unit).value.size(); }},
+    {"days of a year", [](LibraryQueries& q) { return q.days(unit, 2015).value.size(); }},
+    {"cycles of a day",
+     [](LibraryQueries& q) {
+         return q.cycles(unit, q.days(unit, 2015).value.front().date).value.size();
+     }},
+    {"flights of a cycle",
+     [](LibraryQueries& q) { return q.flights(qint64{cycleCount / 2 + 1}).value.size(); }},
+    {"newest flights", [](LibraryQueries& q) { return q.flights({}, page).value.size(); }},
+    {"oldest flights",
+     [](LibraryQueries& q) { return q.flights({}, page, flightCount - page).value.size(); }},
+    {"flights, limits", [](LibraryQueries& q) { return q.flights(limits, page).value.size(); }},
+    {"flights, faults",
+     [](LibraryQueries& q) {
+         return q.flights(faults, page).value.size() + q.cycles(faults, page).value.size();
+     }},
+    {"flights, durations",
+     [](LibraryQueries& q) { return q.flights(durations, page).value.size(); }},
+    {"flights, serials", [](LibraryQueries& q) { return q.flights(serials, page).value.size(); }},
+    {"flights, dates", [](LibraryQueries& q) { return q.flights(dates, page).value.size(); }},
+    {"count of flights, limits",
+     [](LibraryQueries& q) { return static_cast<std::size_t>(q.flightCount(limits).value); }},
+    {"count of flights, durations",
+     [](LibraryQueries& q) { return static_cast<std::size_t>(q.flightCount(durations).value); }},
+    {"engines", [](LibraryQueries& q) { return q.engines().value.size(); }},
+    {"ledger of an engine", [](LibraryQueries& q) { return q.engine(engine).value->bands.size(); }},
+    {"months of an engine", [](LibraryQueries& q) { return q.months(engine).value.size(); }},
+    {"episodes of an engine",
+     [](LibraryQueries& q) { return q.engineEpisodes(engine, page).value.size(); }},
+    {"faults of an engine",
+     [](LibraryQueries& q) { return q.engineFaults(engine, page).value.size(); }},
+    {"since the last oil change",
+     [](LibraryQueries& q) {
+         return static_cast<std::size_t>(
+             q.engineSince(engine, QDateTime(QDate(2016, 1, 1), QTime(), Qt::UTC)).value.cycles);
+     }},
+};
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    const QCoreApplication application(argc, argv);
+    std::vector<Bench::Figure> figures;
+    for (const bool isServer : {false, true}) {
+        for (const Asked& asked : questions) {
+            figures.push_back(
+                {std::string(isServer ? "PostgreSQL, " : "SQLite, ") + asked.name + ", ms", nullptr,
+                 nullptr, Bench::Bound::AtMost, most,
+                 [=] { return milliseconds(isServer, asked.question); }});
+        }
+    }
+    const int status = Bench::run(argc, argv, figures);
+    stores = {}; // before what they need
+    return status;
+}
