@@ -112,10 +112,13 @@ QString libraryList(const LibraryArguments& arguments)
     if (const QString error = openDatabase(arguments, LibraryDatabase::Access::ReadOnly, database);
         !error.isEmpty())
         return error;
+    if (!database.beginReading())
+        return database.error();
     LibraryQueries queries(database);
     const auto cycles = queries.cycles(filter);
     const auto flights = queries.flights(filter, -1);
     const auto files = queries.files(filter);
+    database.endReading();
     for (const QString& error : {cycles.error, flights.error, files.error}) {
         if (!error.isEmpty())
             return error;

@@ -79,9 +79,11 @@ bool LibraryConnection::openFile(bool isReadOnly)
     if (isReadOnly)
         return run(QStringLiteral("PRAGMA query_only = ON"));
     const bool isShared = isOnNetwork(file);
+    const bool hasJournal = run(isShared ? QStringLiteral("PRAGMA journal_mode = DELETE")
+                                         : QStringLiteral("PRAGMA journal_mode = WAL"));
+    if (!hasJournal && failure() != Failure::Busy) // somebody works with the other one
+        return false;
     return run(QStringLiteral("PRAGMA foreign_keys = ON")) &&
-           run(isShared ? QStringLiteral("PRAGMA journal_mode = DELETE")
-                        : QStringLiteral("PRAGMA journal_mode = WAL")) &&
            run(isShared ? QStringLiteral("PRAGMA synchronous = FULL")
                         : QStringLiteral("PRAGMA synchronous = NORMAL"));
 }

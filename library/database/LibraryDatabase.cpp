@@ -259,6 +259,19 @@ bool LibraryDatabase::setInstallations(const std::vector<Installation>& installa
     return CycleStore(*m_connection).install(installations) || failed();
 }
 
+bool LibraryDatabase::beginReading()
+{
+    if (!isOpen())
+        return false;
+    return m_connection->beginReading() || failed();
+}
+
+void LibraryDatabase::endReading()
+{
+    if (m_connection != nullptr)
+        m_connection->rollback();
+}
+
 QSqlQuery LibraryDatabase::select(const QString& sql, const QVariantList& values)
 {
     if (!isOpen())

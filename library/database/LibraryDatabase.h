@@ -109,6 +109,10 @@ public:
     /// The folders of those whose figures were found with something else, or not yet.
     Answer<QStringList> staleFolders(const FiguresSource& now);
 
+    /// Between both, all that is read is of the same moment, whatever others change.
+    bool beginReading();
+    void endReading();
+
     /// A bound statement for reading. Placeholders are '?'. The query is not active on failure. It
     /// must not outlive the connection.
     QSqlQuery select(const QString& sql, const QVariantList& values = {});

@@ -79,7 +79,7 @@ Answer<QJsonArray> LibraryDatabase::query(const QString& sql)
     const QString objection = objectionTo(statement);
     if (!objection.isEmpty())
         return {{}, objection};
-    if (!isOpen() || !m_connection->beginReading())
+    if (!beginReading())
         return {{}, m_error};
     Answer<QJsonArray> answer;
     {
@@ -97,7 +97,7 @@ Answer<QJsonArray> LibraryDatabase::query(const QString& sql)
                       Text::tr("The library %1: %2")
                           .arg(m_address.shown(), query.lastError().text().simplified())};
     }
-    m_connection->rollback();
+    endReading();
     return answer;
 }
 

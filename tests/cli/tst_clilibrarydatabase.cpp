@@ -240,6 +240,22 @@ private slots:
         QCOMPARE(arrayOf(verb("list")), list);
     }
 
+    void documentedQueriesWork()
+    {
+        QFile document(QFileInfo(KOLT_PROFILE).path() + "/../docs/formats/library.md");
+        QVERIFY(document.open(QIODevice::ReadOnly));
+        QCOMPARE(verb("import", KOLT_SAMPLE_CARD).status, 0);
+        int examples = 0;
+        for (const QString& part : QString::fromUtf8(document.readAll()).split("```sql\n").mid(1)) {
+            const QString sql = part.section("```", 0, 0);
+            const Result result = verb("query", sql);
+            QVERIFY2(result.status == 0, qPrintable(sql + result.lastError()));
+            QVERIFY2(!arrayOf(result).isEmpty(), qPrintable(sql));
+            ++examples;
+        }
+        QVERIFY(examples >= 5);
+    }
+
     void damagedDatabaseIsRebuilt()
     {
         if (m_library.size() > 2)
