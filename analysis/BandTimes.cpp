@@ -30,16 +30,21 @@ template <typename Visit>
 void forEachCounted(const MessageSeries& series, Visit&& visit)
 {
     const TimeOrdered samples(series);
-    for (std::size_t i = 0; i < samples.size(); ++i) {
-        double seconds = 0.0;
-        if (i + 1 < samples.size()) {
-            const double from = samples[i].seconds();
-            const double to = samples[i + 1].seconds();
-            const bool isHole = SampleTime{to, from, samples[0].seconds(), i + 1}.isBehindHole();
-            seconds = isHole ? 0.0 : to - from;
+    const StoredSample* before = nullptr;
+    SampleTime time;
+    for (const StoredSample& sample : samples) {
+        const double seconds = sample.seconds();
+        if (before == nullptr) {
+            time.first = seconds;
+        } else {
+            time = {seconds, time.seconds, time.first, time.index + 1};
+            visit(*before, time.isBehindHole() ? 0.0 : time.seconds - time.before);
         }
-        visit(samples[i], seconds);
+        time.seconds = seconds;
+        before = &sample;
     }
+    if (before != nullptr)
+        visit(*before, 0.0);
 }
 
 void addChanges(const Profile& profile, const DataSet& dataSet, const ProfileParameter& parameter,
@@ -53,9 +58,13 @@ void addChanges(const Profile& profile, const DataSet& dataSet, const ProfilePar
         shown = state;
     };
     double end = 0.0;
+    std::optional<MessageData> last;
     forEachCounted(seriesOf(dataSet.messages, parameter),
                    [&](const StoredSample& sample, double seconds) {
-                       detector.step(sample.data);
+                       // The same bytes have the same grade, unless a filter looks at them.
+                       if (last != sample.data || parameter.isPosition())
+                           detector.step(sample.data);
+                       last = sample.data;
                        end = sample.seconds();
                        const bool isKnown = seconds > 0.0 && !std::isnan(detector.number());
                        change(end, isKnown ? static_cast<int>(detector.state()) : unknown);
