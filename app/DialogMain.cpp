@@ -7,6 +7,7 @@
 #include "app/GraphJump.h"
 #include "app/ImportSession.h"
 #include "app/KeyCommands.h"
+#include "app/LibrarySession.h"
 #include "app/MainActions.h"
 #include "app/MenuDialogs.h"
 #include "app/OverviewSession.h"

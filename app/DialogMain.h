@@ -31,6 +31,7 @@ class FocusRing;
 class KeyCommands;
 class GraphJump;
 class ImportSession;
+class LibrarySession;
 class MainActions;
 class MenuDialogs;
 class OverviewSession;
@@ -151,6 +152,7 @@ private:
     DialogData* m_data = nullptr;                ///< same as m_parts.window
     std::unique_ptr<OverviewSession> m_overview; ///< none on the bare display
     std::unique_ptr<TrustSession> m_trust;       ///< likewise
+    std::unique_ptr<LibrarySession> m_library;   ///< likewise
     std::unique_ptr<MenuDialogs> m_dialogs;
     std::unique_ptr<ImportSession> m_import;
     std::unique_ptr<ProfileOffer> m_profileOffer;

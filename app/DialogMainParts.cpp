@@ -6,6 +6,7 @@
 #include "app/DialogProfile.h"
 #include "app/GraphJump.h"
 #include "app/ImportSession.h"
+#include "app/LibrarySession.h"
 #include "app/MainActions.h"
 #include "app/MenuDialogs.h"
 #include "app/OverviewSession.h"
@@ -29,6 +30,7 @@
 #include "graph/ui/DialogDataGraph.h"
 #include "graph/ui/EpisodeCard.h"
 #include "instruments/ui/DialogDataView.h"
+#include "library/ui/LibraryPage.h"
 #include "map/ui/DialogDataMap.h"
 #include "record/ui/DialogCard.h"
 #include "report/ui/DialogReport.h"
@@ -141,6 +143,12 @@ void DialogMain::createOverview()
         std::make_unique<TrustSession>(profile(), *m_card, m_jobs, *m_cardDialog, *m_data, *this);
     connect(m_overview.get(), &OverviewSession::signalTrust, m_trust.get(),
             &TrustSession::noteCycle);
+    m_library = std::make_unique<LibrarySession>(profile(), m_settings, *m_card, m_jobs, *this);
+    m_cardDialog->addTab(m_library->page(), tr("Library"));
+    connect(m_library.get(), &LibrarySession::signalMessage, this,
+            [this](const QString& message) { m_status->showMessage(message); });
+    connect(&m_dialogs->preferences(), &DialogPreferences::signalLibrary, m_library.get(),
+            &LibrarySession::choose);
 }
 
 void DialogMain::connectCard()

@@ -4,6 +4,7 @@
 #include "app/dialogs/ClockOffsetBox.h"
 #include "app/dialogs/InstallProfile.h"
 #include "app/dialogs/TileServerBox.h"
+#include "app/settings/LibrarySettingsStore.h"
 #include "app/settings/MapSettingsStore.h"
 #include "app/settings/ProgramSettings.h"
 #include "app/startup/Startup.h"
@@ -52,6 +53,8 @@ DialogPreferences::DialogPreferences(SettingsStore& settings, QWidget* parent)
     createGeneral(new QFormLayout(general));
     auto* const map = new QGroupBox(tr("Map"), this);
     createMap(new QFormLayout(map));
+    auto* const library = new QGroupBox(tr("Library"), this);
+    createLibrary(new QFormLayout(library));
 
     auto* const buttons = new QDialogButtonBox(
         QDialogButtonBox::Ok | QDialogButtonBox::Cancel | QDialogButtonBox::Apply, this);
@@ -65,6 +68,7 @@ DialogPreferences::DialogPreferences(SettingsStore& settings, QWidget* parent)
     auto* const layout = new QVBoxLayout(this);
     layout->addWidget(general);
     layout->addWidget(map);
+    layout->addWidget(library);
     layout->addStretch();
     layout->addWidget(buttons);
     readSettings();
@@ -138,6 +142,35 @@ void DialogPreferences::createMap(QFormLayout* form)
     form->addRow(tr("Shading f&actor"), m_shading[2].box);
 }
 
+void DialogPreferences::createLibrary(QFormLayout* form)
+{
+    m_library = new QLineEdit;
+    m_library->setReadOnly(true);
+    m_library->setPlaceholderText(tr("No library yet"));
+    m_library->setToolTip(tr("Where the recordings of all cards are kept, and their database"));
+    auto* const choose = new QPushButton(tr("Choose..."));
+    choose->setToolTip(tr("Choose or create a library, with its database in the same folder or on "
+                          "a PostgreSQL server"));
+    connect(choose, &QPushButton::clicked, this, [this] {
+        emit signalLibrary();
+        showLibrary();
+    });
+    auto* const row = new QHBoxLayout;
+    row->addWidget(m_library, 1);
+    row->addWidget(choose);
+    auto* const label = new QLabel(tr("L&ibrary"));
+    label->setBuddy(choose);
+    form->addRow(label, row);
+}
+
+void DialogPreferences::showLibrary()
+{
+    const Library::LibraryAddress address = loadLibraryAddress(m_settings);
+    m_library->setText(address.isServer()
+                           ? QStringLiteral("%1, %2").arg(address.archive, address.shown())
+                           : address.archive);
+}
+
 void DialogPreferences::focusTileServer()
 {
     m_tileServer->setFocus(Qt::OtherFocusReason);
@@ -165,6 +198,7 @@ void DialogPreferences::readSettings()
     m_clockOffset->setValue(settings.clockOffset());
     m_shownClockOffset = m_clockOffset->value();
     showProfile(InstalledProfile::path(), true);
+    showLibrary();
     m_shownMap = loadMapSettings(m_settings);
     m_tileServer->setSettings(m_shownMap);
     for (const auto& [value, box] : m_shading)

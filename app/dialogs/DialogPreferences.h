@@ -43,6 +43,8 @@ signals:
     void signalClockOffset(int minutes);
     /// Tile server or shading changed.
     void signalMapChanged();
+    /// The user wants to choose the library.
+    void signalLibrary();
 
 protected:
     void showEvent(QShowEvent* event) override;
@@ -57,7 +59,9 @@ private:
     void createGeneral(QFormLayout* form);
     void createClock(QFormLayout* form);
     void createMap(QFormLayout* form);
+    void createLibrary(QFormLayout* form);
     void readSettings();
+    void showLibrary();
     bool apply();
     bool storeClockOffset();
     bool applyProfileFile();
@@ -74,6 +78,7 @@ private:
     QComboBox* m_unit = nullptr;
     ClockOffsetBox* m_clockOffset = nullptr;
     QLineEdit* m_profile = nullptr;
+    QLineEdit* m_library = nullptr;
     QLabel* m_mistake = nullptr;
     TileServerBox* m_tileServer = nullptr;
     std::array<Shading, 3> m_shading;

@@ -1,5 +1,7 @@
 #include "library/ledger/EngineLedger.h"
 
+#include "library/database/QueryRows.h"
+
 #include <algorithm>
 #include <tuple>
 
@@ -117,6 +119,26 @@ std::vector<Installation> installationsOf(const Logbook::Contents& written)
     for (const WrittenInstallation& one : written.installations)
         installations.push_back({one.engine, one.unit, one.from, one.to});
     return installations;
+}
+
+Answer<QStringList> notedFolders(LibraryDatabase& database, const std::vector<Note>& notes)
+{
+    Answer<QStringList> folders;
+    for (const Note& note : notes) {
+        if (note.place.fileSha256.isEmpty())
+            continue;
+        const auto found = rowsOf<QString>(
+            database,
+            QStringLiteral("SELECT c.folder FROM cycle c JOIN file f ON f.cycle = c.id "
+                           "WHERE f.sha256 = ?"),
+            {note.place.fileSha256},
+            [](const QSqlQuery& query) { return query.value(0).toString(); });
+        if (!found)
+            return {{}, found.error};
+        folders.value << QStringList(found.value.begin(), found.value.end());
+    }
+    folders.value.removeDuplicates();
+    return folders;
 }
 
 std::vector<LedgerBand> ledgerBands(const EngineRow& engine)

@@ -38,6 +38,9 @@ Answer<std::optional<EngineLedger>> engineLedger(LibraryDatabase& database,
 /// What people wrote about engines in units, for LibraryDatabase::setInstallations().
 std::vector<Installation> installationsOf(const Logbook::Contents& written);
 
+/// The folders of the cycles with files that the notes are about.
+Answer<QStringList> notedFolders(LibraryDatabase& database, const std::vector<Note>& notes);
+
 /// The seconds of a quantity by ThresholdState.
 struct LedgerBand
 {

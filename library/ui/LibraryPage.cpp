@@ -135,6 +135,12 @@ void LibraryPage::setNoted(const QStringList& folders)
         fill();
 }
 
+void LibraryPage::showEvent(QShowEvent* event)
+{
+    QWidget::showEvent(event);
+    emit signalShown();
+}
+
 void LibraryPage::refresh()
 {
     if (m_database != nullptr)

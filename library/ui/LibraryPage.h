@@ -46,12 +46,17 @@ signals:
     /// Open a cycle of the archive, or a flight of it from 1; 0: all of the cycle.
     void signalOpen(const QString& folder, int flight);
     void signalChooseLibrary();
+    /// The page is visible; it may be without its library yet.
+    void signalShown();
     /// Show the ledger of this engine; empty: of any.
     void signalEngine(const QString& engine);
     /// Work out the figures that are missing.
     void signalUpdate();
     /// Name the aircraft of this unit.
     void signalName(quint32 unit);
+
+protected:
+    void showEvent(QShowEvent* event) override;
 
 private:
     QWidget* createTree();

@@ -21,16 +21,16 @@ constexpr QSize iconSize(16, 16);
 DialogCard::DialogCard(CardContainer& card, QWidget* parent)
     : QWidget(parent)
     , m_card(card)
+    , m_tabs(new QTabWidget(this))
     , m_cycles(new CycleList(this))
     , m_records(new RecordList(this))
 {
-    auto* const tabs = new QTabWidget(this);
-    tabs->setIconSize(iconSize);
-    tabs->addTab(m_cycles, tr("Cycles"));
-    tabs->addTab(m_records, tr("Raw Data"));
+    m_tabs->setIconSize(iconSize);
+    m_tabs->addTab(m_cycles, tr("Cycles"));
+    m_tabs->addTab(m_records, tr("Raw Data"));
     auto* const layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(tabs);
+    layout->addWidget(m_tabs);
 
     for (QTimer* timer : {&m_recordTimer, &m_cycleTimer}) {
         timer->setSingleShot(true);
@@ -64,6 +64,11 @@ DialogCard::DialogCard(CardContainer& card, QWidget* parent)
         emit signalFileMark(RecordList::fileOf(*item));
     });
     refresh();
+}
+
+void DialogCard::addTab(QWidget* page, const QString& text)
+{
+    m_tabs->addTab(page, text);
 }
 
 void DialogCard::refresh()

@@ -8,6 +8,7 @@
 #include <list>
 #include <vector>
 
+class QTabWidget;
 class QTreeWidgetItem;
 
 namespace KOLT {
@@ -30,6 +31,9 @@ class DialogCard : public QWidget
 
 public:
     explicit DialogCard(CardContainer& card, QWidget* parent = nullptr);
+
+    /// Adds a tab behind the two lists. Takes ownership.
+    void addTab(QWidget* page, const QString& text);
 
     /// Refills both lists; to be called after a folder was opened or read again.
     void refresh();
@@ -82,6 +86,7 @@ private:
     void forgetChoice();
 
     CardContainer& m_card;
+    QTabWidget* m_tabs;
     CycleList* m_cycles;
     RecordList* m_records;
     QTimer m_cycleTimer;

@@ -1,0 +1,327 @@
+#include "app/LibrarySession.h"
+
+#include "app/CardSession.h"
+#include "app/JobQueue.h"
+#include "app/SettingsSaver.h"
+#include "app/dialogs/DialogLibrary.h"
+#include "app/settings/KnownLibraries.h"
+#include "app/settings/LibrarySettingsStore.h"
+#include "app/settings/SettingsStore.h"
+#include "library/database/LibraryUpdate.h"
+#include "library/ledger/LedgerText.h"
+#include "library/ui/EngineWindow.h"
+#include "library/ui/LibraryPage.h"
+#include "ui/Messages.h"
+
+#include <QDir>
+#include <QInputDialog>
+#include <QProgressDialog>
+
+#include <algorithm>
+
+namespace KOLT {
+
+using namespace Library;
+
+LibrarySession::LibrarySession(const Profile& profile, SettingsStore& settings, CardSession& card,
+                               JobQueue& jobs, QWidget& window)
+    : m_profile(profile)
+    , m_settings(settings)
+    , m_card(card)
+    , m_jobs(jobs)
+    , m_window(window)
+    , m_page(new LibraryPage)
+{
+    connectPage();
+}
+
+LibrarySession::~LibrarySession()
+{
+    // The page may live longer than the database.
+    if (m_page != nullptr)
+        m_page->showNote({});
+}
+
+LibraryPage* LibrarySession::page() const
+{
+    return m_page;
+}
+
+void LibrarySession::connectPage()
+{
+    connect(m_page, &LibraryPage::signalShown, this, [this] { open(); });
+    connect(m_page, &LibraryPage::signalOpen, this, &LibrarySession::openCycle);
+    connect(m_page, &LibraryPage::signalChooseLibrary, this, &LibrarySession::choose);
+    connect(m_page, &LibraryPage::signalEngine, this, &LibrarySession::showEngine);
+    connect(m_page, &LibraryPage::signalName, this, &LibrarySession::nameAircraft);
+    connect(m_page, &LibraryPage::signalUpdate, this, [this] { m_jobs.run([this] { update(); }); });
+}
+
+EngineWindow& LibrarySession::engineWindow()
+{
+    if (m_engine != nullptr)
+        return *m_engine;
+    m_engine = new EngineWindow(&m_window);
+    connect(m_engine, &EngineWindow::signalEngine, this, &LibrarySession::showLedger);
+    connect(m_engine, &EngineWindow::signalOpen, this, &LibrarySession::openCycle);
+    connect(m_engine, &EngineWindow::signalLimit, this,
+            [this](const MaintenanceLimit& limit) { save(limit); });
+    connect(m_engine, &EngineWindow::signalNote, this, [this](const Note& note) { save(note); });
+    connect(m_engine, &EngineWindow::signalFacts, this, [this](EngineFacts facts) {
+        if (const EngineFacts* const known = m_written.factsOf(facts.engine))
+            facts.item = known->item;
+        save(facts);
+    });
+    return *m_engine;
+}
+
+bool LibrarySession::open()
+{
+    if (m_database != nullptr && QFileInfo(m_archive.root()).isDir())
+        return true;
+    m_database.reset();
+    const LibraryAddress address = loadLibraryAddress(m_settings);
+    if (address.archive.isEmpty()) {
+        m_page->showNote(tr("No library yet. It keeps the recordings of all cards in one place, "
+                            "and knows what each engine has lived through."));
+        return false;
+    }
+    if (!m_archive.open(address.archive)) {
+        m_page->showNote(m_archive.error());
+        return false;
+    }
+    if (!openDatabase()) {
+        m_page->showNote(m_database->error());
+        m_database.reset();
+        return false;
+    }
+    rememberLibrary(address.archive);
+    takeInstallations();
+    showPage();
+    return true;
+}
+
+bool LibrarySession::openDatabase()
+{
+    const LibraryAddress address = loadLibraryAddress(m_settings);
+    const auto prompt = [this](const QString& server) -> std::optional<QString> {
+        bool isGiven = false;
+        const QString password =
+            QInputDialog::getText(&m_window, tr("Library"), tr("Password of %1:").arg(server),
+                                  QLineEdit::Password, {}, &isGiven);
+        return isGiven ? std::optional(password) : std::nullopt;
+    };
+    m_database = std::make_unique<LibraryDatabase>();
+    if (m_database->open(address, LibraryDatabase::Access::Create, prompt))
+        return true;
+    // All of it can be made again from the archive.
+    return m_database->status() == LibraryDatabase::Status::Damaged &&
+           m_database->recreate(address, prompt);
+}
+
+/// The files in the archive count: the database may be new, or another computer has changed them.
+void LibrarySession::takeInstallations()
+{
+    read();
+    const auto known = LibraryQueries(*m_database).installations();
+    const auto text = [](const std::vector<Installation>& installations) {
+        QStringList lines;
+        for (const Installation& one : installations)
+            lines << QStringLiteral("%1 %2 %3 %4")
+                         .arg(one.engine)
+                         .arg(one.unit)
+                         .arg(one.from.toString(Qt::ISODate), one.to.toString(Qt::ISODate));
+        lines.sort();
+        return lines;
+    };
+    const std::vector<Installation> written = installationsOf(m_written);
+    if (known && text(known.value) != text(written) && !m_database->setInstallations(written))
+        emit signalMessage(m_database->error());
+}
+
+void LibrarySession::read()
+{
+    m_written = Logbook(m_archive.root()).read();
+    if (!m_written.damaged.isEmpty())
+        emit signalMessage(tr("Cannot be read, and is left out: %1")
+                               .arg(QDir::toNativeSeparators(m_written.damaged.constFirst())));
+}
+
+void LibrarySession::showPage()
+{
+    m_page->setLibrary(*m_database, m_written);
+    m_page->setNoted(notedFolders(*m_database, m_written.notes).value);
+    m_page->setStale(staleCount());
+}
+
+void LibrarySession::reopen()
+{
+    m_database.reset();
+    m_page->showNote({});
+    open();
+}
+
+void LibrarySession::choose()
+{
+    DialogLibrary dialog(loadLibraryAddress(m_settings), &m_window);
+    if (dialog.exec() != QDialog::Accepted)
+        return;
+    storeLibraryAddress(dialog.accepted(), m_settings);
+    saveSettings(&m_window);
+    reopen();
+}
+
+int LibrarySession::staleCount()
+{
+    const auto sums = LibraryQueries(*m_database).sums({});
+    if (sums && sums.value.cycles == 0) // a new database of an old archive
+        return static_cast<int>(m_archive.cycles().size());
+    const auto stale = m_database->staleFolders(figuresSource(m_profile));
+    return stale ? static_cast<int>(stale.value.size()) : 0;
+}
+
+void LibrarySession::update()
+{
+    if (m_isUpdating || !open())
+        return;
+    m_isUpdating = true;
+    QProgressDialog dialog(tr("Working out the figures of the library"), tr("Cancel"), 0, 0,
+                           &m_window);
+    dialog.setWindowTitle(tr("Library"));
+    dialog.setWindowModality(Qt::WindowModal);
+    dialog.show();
+    UpdateOptions options;
+    options.source = figuresSource(m_profile);
+    options.worker = figuresWorker(m_archive.root(), m_profile);
+    options.current = [this](const QString& folder) { return m_archive.cycle(folder); };
+    options.progress = [&dialog](const UpdateProgress& progress) {
+        dialog.setMaximum(static_cast<int>(progress.count));
+        dialog.setValue(static_cast<int>(progress.done));
+        return !dialog.wasCanceled();
+    };
+    QStringList damaged;
+    const std::vector<ArchivedCycle> cycles = m_archive.cycles(&damaged);
+    const auto plan = planUpdate(*m_database, cycles, damaged, options.source);
+    UpdateResult result;
+    result.error = plan.error;
+    if (plan)
+        result = updateLibrary(*m_database, plan.value, options);
+    dialog.close();
+    m_isUpdating = false;
+    if (!result.error.isEmpty())
+        Messages::warn(&m_window, result.error);
+    else if (!result.failed.isEmpty())
+        Messages::warn(&m_window, tr("Some recordings could not be evaluated:\n%1")
+                                      .arg(result.failed.mid(0, 10).join(QLatin1Char('\n'))));
+    else
+        emit signalMessage(tr("%n recording(s) evaluated", nullptr, result.cycles));
+    showPage();
+    if (m_engine != nullptr && m_engine->isVisible())
+        showLedger(m_engine->engine());
+}
+
+void LibrarySession::openCycle(const QString& folder, int flight)
+{
+    const QString path = m_archive.pathOf(folder);
+    m_jobs.run([this, path, flight] {
+        if (m_card.container().folder() != path && !m_card.list(path)) {
+            Messages::warn(&m_window, tr("The folder\n%1\nof the library cannot be opened. Is its "
+                                         "disk connected?")
+                                          .arg(QDir::toNativeSeparators(path)));
+            return;
+        }
+        // A folder of the archive has one cycle: 0, if its first file is missing.
+        const auto& cycles = m_card.container().cycles();
+        if (!cycles.empty())
+            m_card.load(
+                {{}, cycles.begin()->first, flight > 0 ? flight - 1 : CardChoice::wholeCycle});
+    });
+}
+
+void LibrarySession::showEngine(const QString& engine)
+{
+    if (!open())
+        return;
+    EngineWindow& window = engineWindow();
+    const auto engines = LibraryQueries(*m_database).engines();
+    QStringList names;
+    for (const EngineRow& row : engines.value)
+        names << row.engine;
+    window.setEngines(names);
+    const QString first = names.isEmpty() ? QString() : names.constFirst();
+    if (!engines)
+        window.showNote(engines.error);
+    else if (names.isEmpty())
+        window.showNote(tr("The library has no recordings yet. Import a card."));
+    else
+        showLedger(names.contains(engine) ? engine : first);
+    window.show();
+    window.raise();
+    window.activateWindow();
+}
+
+void LibrarySession::showLedger(const QString& engine)
+{
+    read();
+    const QDate today = QDate::currentDate();
+    const auto ledger = engineLedger(*m_database, m_written, engine, today);
+    if (ledger && ledger.value)
+        engineWindow().setLedger(*ledger.value, today);
+    else
+        engineWindow().showNote(ledger ? tr("The library has no recording of this engine.")
+                                       : ledger.error);
+}
+
+QString LibrarySession::reportSection(const QStringList& engines)
+{
+    const bool isChosen = !loadLibraryAddress(m_settings).archive.isEmpty();
+    if (!isChosen || !open())
+        return {};
+    read();
+    QString html;
+    for (const QString& engine : engines) {
+        const QDate today = QDate::currentDate();
+        const auto ledger = engineLedger(*m_database, m_written, engine, today);
+        if (ledger && ledger.value)
+            html += ledgerHtml(*ledger.value, today);
+    }
+    return html;
+}
+
+void LibrarySession::nameAircraft(quint32 unit)
+{
+    bool isAccepted = false;
+    const QString name =
+        QInputDialog::getText(&m_window, tr("Name of the Aircraft"),
+                              tr("Name of the aircraft with unit %1:").arg(unit), QLineEdit::Normal,
+                              m_written.nameOf(unit), &isAccepted)
+            .trimmed();
+    if (!isAccepted)
+        return;
+    AircraftName aircraft;
+    for (const AircraftName& known : m_written.aircraft) {
+        if (known.unit == unit)
+            aircraft = known;
+    }
+    aircraft.unit = unit;
+    aircraft.name = name;
+    save(aircraft);
+}
+
+template <typename Item>
+void LibrarySession::save(Item item)
+{
+    const Logbook::Saved saved = Logbook(m_archive.root()).save(item);
+    if (!saved)
+        Messages::warn(&m_window, saved.error);
+    else if (!saved.replaced.isEmpty())
+        Messages::inform(&m_window, tr("This had been changed meanwhile by %1. Your text is kept, "
+                                       "as it is the later one.")
+                                        .arg(saved.replaced));
+    read();
+    showPage();
+    if (m_engine != nullptr && m_engine->isVisible())
+        showLedger(m_engine->engine());
+}
+
+} // namespace KOLT

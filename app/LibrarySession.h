@@ -1,0 +1,88 @@
+#pragma once
+
+#include "library/archive/Archive.h"
+#include "library/ledger/EngineLedger.h"
+
+#include <QObject>
+#include <QPointer>
+
+#include <memory>
+
+class QWidget;
+
+namespace KOLT {
+
+class CardSession;
+class EngineWindow;
+class JobQueue;
+class LibraryPage;
+class Profile;
+class SettingsStore;
+
+/// The user's library: opens the one of the settings when its page is shown for the first time,
+/// opens what is chosen there like a card, and shows the ledgers of engines. Works out figures in
+/// processes of the program. The arguments must outlive the session.
+class LibrarySession : public QObject
+{
+    Q_OBJECT
+
+public:
+    LibrarySession(const Profile& profile, SettingsStore& settings, CardSession& card,
+                   JobQueue& jobs, QWidget& window);
+    ~LibrarySession() override;
+
+    /// For the card panel, which takes ownership.
+    LibraryPage* page() const;
+
+    /// Opens the library of the settings, unless it is open. False, and the page says why, if there
+    /// is none.
+    bool open();
+
+    /// The library of the settings is another one, or something was added to it.
+    void reopen();
+
+    /// Asks where the library is, and opens it.
+    void choose();
+
+    /// Shows the ledger of an engine, or of the first one.
+    void showEngine(const QString& engine);
+
+    /// Sections of the engine report: the ledgers of those engines that the library knows; empty
+    /// without a library.
+    QString reportSection(const QStringList& engines);
+
+    /// Works out the figures that are missing or stale. Processes events.
+    void update();
+
+signals:
+    /// For the status bar.
+    void signalMessage(const QString& message);
+
+private:
+    void connectPage();
+    EngineWindow& engineWindow();
+    bool openDatabase();
+    void takeInstallations();
+    void read();
+    void showPage();
+    void showLedger(const QString& engine);
+    void openCycle(const QString& folder, int flight);
+    void nameAircraft(quint32 unit);
+    template <typename Item>
+    void save(Item item);
+    int staleCount();
+
+    const Profile& m_profile;
+    SettingsStore& m_settings;
+    CardSession& m_card;
+    JobQueue& m_jobs;
+    QWidget& m_window;
+    QPointer<LibraryPage> m_page;
+    QPointer<EngineWindow> m_engine;
+    Library::Archive m_archive;
+    std::unique_ptr<Library::LibraryDatabase> m_database;
+    Library::Logbook::Contents m_written;
+    bool m_isUpdating = false;
+};
+
+} // namespace KOLT
