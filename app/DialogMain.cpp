@@ -10,6 +10,7 @@
 #include "app/LibrarySession.h"
 #include "app/MainActions.h"
 #include "app/MenuDialogs.h"
+#include "app/NotesSession.h"
 #include "app/OverviewSession.h"
 #include "app/ProfileOffer.h"
 #include "app/ProfileSelectors.h"

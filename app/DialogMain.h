@@ -33,6 +33,7 @@ class GraphJump;
 class ImportSession;
 class LibrarySession;
 class MainActions;
+class NotesSession;
 class MenuDialogs;
 class OverviewSession;
 class ProfileOffer;
@@ -153,6 +154,7 @@ private:
     std::unique_ptr<OverviewSession> m_overview; ///< none on the bare display
     std::unique_ptr<TrustSession> m_trust;       ///< likewise
     std::unique_ptr<LibrarySession> m_library;   ///< likewise
+    std::unique_ptr<NotesSession> m_notes;       ///< likewise
     std::unique_ptr<MenuDialogs> m_dialogs;
     std::unique_ptr<ImportSession> m_import;
     std::unique_ptr<ProfileOffer> m_profileOffer;

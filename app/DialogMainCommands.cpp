@@ -5,7 +5,9 @@
 #include "app/DialogProfile.h"
 #include "app/ExportCommand.h"
 #include "app/ImportSession.h"
+#include "app/LibrarySession.h"
 #include "app/MenuDialogs.h"
+#include "app/NotesSession.h"
 #include "app/OverviewSession.h"
 #include "app/ProjectSession.h"
 #include "app/SettingsSaver.h"
@@ -83,6 +85,14 @@ void DialogMain::slotMenu(QAction* action)
     case Command::ImportCard:
         if (m_import != nullptr) // the window is not closing
             m_import->open();
+        break;
+    case Command::Engine:
+        if (m_library != nullptr)
+            m_library->showEngine({});
+        break;
+    case Command::Notes:
+        if (m_notes != nullptr)
+            m_notes->show();
         break;
     case Command::Recording:
         if (m_trust != nullptr)
@@ -253,7 +263,10 @@ void DialogMain::openDaySheet()
 void DialogMain::openEngineReport()
 {
     m_dialogs->engineReport().open(
-        {card().folder(), card().clockOffset(), loadExportFolder(m_settings, "Csv")});
+        {card().folder(), card().clockOffset(), loadExportFolder(m_settings, "Csv"),
+         [this](const QStringList& engines) {
+             return m_library != nullptr ? m_library->reportSection(engines) : QString();
+         }});
 }
 
 void DialogMain::slotOpenFlight(const QString& folder, int cycle, int flight)

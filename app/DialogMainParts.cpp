@@ -9,6 +9,7 @@
 #include "app/LibrarySession.h"
 #include "app/MainActions.h"
 #include "app/MenuDialogs.h"
+#include "app/NotesSession.h"
 #include "app/OverviewSession.h"
 #include "app/ProfileOffer.h"
 #include "app/ProfileSelectors.h"
@@ -149,6 +150,7 @@ void DialogMain::createOverview()
             [this](const QString& message) { m_status->showMessage(message); });
     connect(&m_dialogs->preferences(), &DialogPreferences::signalLibrary, m_library.get(),
             &LibrarySession::choose);
+    m_notes = std::make_unique<NotesSession>(*m_card, *m_library, *m_data, *this);
 }
 
 void DialogMain::connectCard()

@@ -4,6 +4,7 @@
 #include "app/JobQueue.h"
 #include "app/SettingsSaver.h"
 #include "app/dialogs/DialogLibrary.h"
+#include "app/settings/DataPaths.h"
 #include "app/settings/KnownLibraries.h"
 #include "app/settings/LibrarySettingsStore.h"
 #include "app/settings/SettingsStore.h"
@@ -288,6 +289,24 @@ QString LibrarySession::reportSection(const QStringList& engines)
     return html;
 }
 
+QString LibrarySession::notesFolder()
+{
+    const QString folder = loadLibraryAddress(m_settings).archive;
+    if (!folder.isEmpty()) // one that is absent is told when a note is saved
+        return open() ? m_archive.root() : folder;
+    return QString::fromUtf8(DataPaths::instance().dataPath());
+}
+
+void LibrarySession::notesChanged()
+{
+    if (m_database == nullptr)
+        return;
+    read();
+    showPage();
+    if (m_engine != nullptr && m_engine->isVisible())
+        showLedger(m_engine->engine());
+}
+
 void LibrarySession::nameAircraft(quint32 unit)
 {
     bool isAccepted = false;
@@ -318,10 +337,7 @@ void LibrarySession::save(Item item)
         Messages::inform(&m_window, tr("This had been changed meanwhile by %1. Your text is kept, "
                                        "as it is the later one.")
                                         .arg(saved.replaced));
-    read();
-    showPage();
-    if (m_engine != nullptr && m_engine->isVisible())
-        showLedger(m_engine->engine());
+    notesChanged();
 }
 
 } // namespace KOLT

@@ -51,6 +51,13 @@ public:
     /// without a library.
     QString reportSection(const QStringList& engines);
 
+    /// The folder that new notes are kept in: the library, or the data path without one. Opens the
+    /// library if there is one.
+    QString notesFolder();
+
+    /// Notes were written into the library.
+    void notesChanged();
+
     /// Works out the figures that are missing or stale. Processes events.
     void update();
 

@@ -62,11 +62,15 @@ MainActions::MainActions(QMainWindow& window)
            tr("Make one document of the card for the shop and the aircraft's papers"));
     create(Command::ImportCard, tr("Import Card..."), {},
            tr("Copy the recordings of a card into the library, with proof"));
+    create(Command::Engine, tr("Engine..."), {},
+           tr("Show what an engine has lived through, and what is due"));
+    create(Command::Notes, tr("Notes..."), {}, tr("Show and write notes on the loaded recording"));
     const std::pair<Command, const char*> icons[] = {
         {Command::OpenDataFolder, "open-folder"}, {Command::ExportKml, "export-kml"},
         {Command::ExportCsv, "export-csv"},       {Command::ExportGpx, "gpx-export"},
         {Command::DaySheet, "day-sheet"},         {Command::Recording, "recording"},
         {Command::EngineReport, "engine-report"}, {Command::ImportCard, "import-card"},
+        {Command::Engine, "cycle"},               {Command::Notes, "file"},
         {Command::Preferences, "preferences"},    {Command::About, "about"},
         {Command::ProfileInfo, "profile"},        {Command::Help, "help"}};
     for (const auto& [command, name] : icons)
@@ -96,7 +100,8 @@ void MainActions::createMenus()
     QMenu* const extras = m_window.menuBar()->addMenu(tr("&Extras"));
     for (const Command command :
          {Command::Preferences, Command::ExportKml, Command::ExportCsv, Command::ExportGpx,
-          Command::DaySheet, Command::Recording, Command::EngineReport, Command::ImportCard})
+          Command::DaySheet, Command::Recording, Command::EngineReport, Command::ImportCard,
+          Command::Engine, Command::Notes})
         extras->addAction(m_actions[command]);
     connect(extras, &QMenu::aboutToShow, this, &MainActions::signalExtrasAboutToShow);
     QMenu* const help = m_window.menuBar()->addMenu(tr("&Help"));

@@ -28,7 +28,9 @@ enum class Command {
     ExportGpx = 21,
     Recording = 22,
     EngineReport = 23,
-    ImportCard = 24
+    ImportCard = 24,
+    Engine = 25,
+    Notes = 26
 };
 
 /// Creates the actions of all commands and the menus. All actions are added to the window, so that

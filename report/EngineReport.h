@@ -139,6 +139,7 @@ struct EngineReport
     std::vector<ReportOccurrences> lamps;
     std::vector<ReportFile> files;
     QStringList unreadFiles;
+    QString ledger;           ///< sections about all that is known of the engines, as HTML
     bool isCancelled = false; ///< reading was ended early; the report must not be used
 };
 

@@ -255,7 +255,7 @@ QString reportTitle(const EngineReport& report)
 QString reportHtml(const EngineReport& report)
 {
     return headHtml(report) + trustHtml(report) + flightsHtml(report) + episodesHtml(report) +
-           statisticsHtml(report) + filesHtml(report);
+           statisticsHtml(report) + report.ledger + filesHtml(report);
 }
 
 } // namespace KOLT

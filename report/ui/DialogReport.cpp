@@ -128,6 +128,8 @@ void DialogReport::read()
                                   return !m_isCancelled;
                               });
         m_hasReport = !m_report.isCancelled;
+        if (m_hasReport && m_source.ledger)
+            m_report.ledger = m_source.ledger(m_report.identity.engineSerials);
         m_state->setText(m_hasReport ? summary() : tr("Cancelled"));
     } else {
         m_state->setText(tr("The folder %1 cannot be read. If it is on a card, insert the card and "

@@ -4,6 +4,8 @@
 
 #include <QDialog>
 
+#include <functional>
+
 class QComboBox;
 class QLabel;
 class QLayout;
@@ -21,6 +23,8 @@ struct ReportSource
     QString folder;
     int clockOffset = 0; ///< minutes
     QString directory;
+    /// What is known of these engines beside the folder, as sections of HTML; may be empty.
+    std::function<QString(const QStringList& engines)> ledger;
 };
 
 /// Makes the engine report of a folder, shows it as on paper, and saves it as a PDF file.
