@@ -85,10 +85,12 @@ QWidget* LibraryFilterBar::createMore()
     form->setContentsMargins(0, 0, 0, 0);
     form->setRowWrapPolicy(QFormLayout::WrapLongRows);
     m_exceeded = new QComboBox;
+    m_exceeded->setObjectName(QStringLiteral("libraryExceeded"));
     m_exceeded->addItems({tr("All"), tr("Warning or limit"), tr("Limit")});
     m_quantity = new QLineEdit;
     m_quantity->setPlaceholderText(tr("Any quantity"));
     m_fault = new QLineEdit;
+    m_fault->setObjectName(QStringLiteral("libraryFault"));
     m_fault->setPlaceholderText(tr("Part of its name"));
     const QString any = tr("any");
     m_shortest = createMinutes(any);
