@@ -1,5 +1,6 @@
 #include "analysis/ui/OverviewPage.h"
 
+#include "analysis/ui/TrustDelegate.h"
 #include "ui/ColumnMemory.h"
 #include "ui/TrustMark.h"
 
@@ -9,7 +10,6 @@
 #include <QProgressBar>
 #include <QPushButton>
 #include <QShortcut>
-#include <QStyle>
 #include <QVBoxLayout>
 
 #include <utility>
@@ -26,7 +26,7 @@ constexpr int worstCharacters = 18;
 constexpr int leastWorstCharacters = 10;
 constexpr int indentation = 14;
 constexpr int columnPadding = 2;
-constexpr int markPadding = 8;
+constexpr int wholeWorstCharacters = 28; ///< with its mark
 
 /// Left out one after the other where a window is too narrow; the rest answers what the day was.
 constexpr OverviewTable::Column expendable[] = {OverviewTable::FlightFuel, OverviewTable::Exceeded,
@@ -97,6 +97,7 @@ void OverviewPage::createTree()
     m_tree->setIndentation(indentation);
     m_tree->setAllColumnsShowFocus(true);
     m_tree->setTextElideMode(Qt::ElideMiddle); // name and value of the worst
+    m_tree->setItemDelegateForColumn(OverviewTable::Trust, new TrustDelegate(m_tree));
     QHeaderView* const header = m_tree->header();
     header->setSectionsMovable(false);
     header->setStretchLastSection(true);
@@ -309,12 +310,9 @@ void OverviewPage::fitColumns()
         width -= m_tree->columnWidth(column);
         m_tree->setColumnHidden(column, true);
     }
-    if (width + character * worstCharacters > m_tree->viewport()->width()) {
-        // The marks alone tell how far a recording can be believed.
+    if (width + character * wholeWorstCharacters > m_tree->viewport()->width()) {
         m_tree->headerItem()->setText(OverviewTable::Trust, {});
-        m_tree->setColumnWidth(OverviewTable::Trust, m_tree->style()->pixelMetric(
-                                                         QStyle::PM_SmallIconSize) +
-                                                         markPadding);
+        m_tree->setColumnWidth(OverviewTable::Trust, TrustDelegate::markWidth());
     }
 }
 

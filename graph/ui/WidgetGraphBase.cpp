@@ -31,7 +31,7 @@ WidgetGraphBase::WidgetGraphBase(QWidget* parent)
     setMouseTracking(true);
     setFocusPolicy(Qt::StrongFocus);
     setAccessibleName(tr("Graph"));
-    setMinimumSize(160, 120);
+    setMinimumSize(160, 80);
     QFont bold = font();
     bold.setFamily(QStringLiteral("monospace"));
     bold.setStyleHint(QFont::TypeWriter);

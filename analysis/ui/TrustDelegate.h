@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QApplication>
+#include <QStyle>
+#include <QStyledItemDelegate>
+
+namespace KOLT {
+
+/// How far a recording can be believed, as a mark and a word; in a narrow column as the mark alone.
+class TrustDelegate : public QStyledItemDelegate
+{
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    /// Width of a narrow column.
+    static int markWidth()
+    {
+        constexpr int padding = 8;
+        return QApplication::style()->pixelMetric(QStyle::PM_SmallIconSize) + padding;
+    }
+
+protected:
+    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override
+    {
+        QStyledItemDelegate::initStyleOption(option, index);
+        if (option->rect.isValid() && option->rect.width() <= markWidth())
+            option->text.clear();
+    }
+};
+
+} // namespace KOLT
