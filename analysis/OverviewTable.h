@@ -45,8 +45,8 @@ public:
         bool isComplete = false; ///< of rows that are not, some cells are still empty
         std::optional<Exceedance> worst;
         std::optional<TrustSeverity> severity; ///< of the findings; none: nothing was found, or yet
-        QString tip;      ///< for all cells; may be empty
-        QString worstTip; ///< the same for a single cell
+        QString tip;                           ///< for all cells; may be empty
+        QString worstTip;                      ///< the same for a single cell
         QString trustTip;
     };
 

@@ -14,8 +14,8 @@ StatusBar::StatusBar(QWidget* parent)
     , m_data(new QLabel(this))
 {
     m_data->setTextFormat(Qt::PlainText); // file names may look like markup
-    m_data->setMinimumWidth(1); // a long text must not widen the window
-    insertPermanentWidget(0, m_data); // left of the progress bar
+    m_data->setMinimumWidth(1);           // a long text must not widen the window
+    insertPermanentWidget(0, m_data);     // left of the progress bar
 }
 
 void StatusBar::showData(const QString& text)

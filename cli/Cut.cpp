@@ -16,9 +16,8 @@ QString cut(const Arguments& arguments)
     if (!error.isEmpty())
         return error;
     const Profile& profile = recording.profile();
-    const QByteArray project = arguments.selection.isEmpty()
-                                   ? QByteArray()
-                                   : Project::contentFor(arguments.selection);
+    const QByteArray project =
+        arguments.selection.isEmpty() ? QByteArray() : Project::contentFor(arguments.selection);
     const CaseResult result = writeCase(recording.card(), {*arguments.cycle,
                                                            arguments.from,
                                                            arguments.to,

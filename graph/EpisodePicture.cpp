@@ -159,10 +159,8 @@ QPointF EpisodePicture::namesPlace(const QSizeF& names) const
     const QRectF plot = m_graph.plot();
     const double right = std::max(plot.left(), plot.right() - names.width());
     const double low = std::min(plot.bottom(), plot.top() + names.height());
-    const QPointF corners[] = {{plot.left(), plot.bottom()},
-                               {right, plot.bottom()},
-                               {plot.left(), low},
-                               {right, low}};
+    const QPointF corners[] = {
+        {plot.left(), plot.bottom()}, {right, plot.bottom()}, {plot.left(), low}, {right, low}};
     const auto* const free = std::ranges::find_if(corners, [&](const QPointF& corner) {
         return !isCrossed({corner.x(), corner.y() - names.height(), names.width(), names.height()});
     });
@@ -179,9 +177,9 @@ void EpisodePicture::drawNames(ScenePen& pen) const
     qsizetype longest = 0;
     for (int i = 0; i < rows; ++i)
         longest = std::max<qsizetype>(longest, m_graph.trace(i).name.left(characters).size());
-    const QPointF place = namesPlace(
-        {static_cast<double>(longest) * pen.metrics().characterWidth + 2.0 * nameMargin,
-         rows * line + nameMargin});
+    const QPointF place =
+        namesPlace({static_cast<double>(longest) * pen.metrics().characterWidth + 2.0 * nameMargin,
+                    rows * line + nameMargin});
     double y = place.y() - line / 2.0 - nameMargin / 2.0;
     for (int i = 0; i < rows; ++i, y -= line)
         pen.plateText(place.x() + nameMargin, y, Qt::AlignLeft,

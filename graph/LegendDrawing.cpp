@@ -13,7 +13,7 @@ namespace {
 
 constexpr double legendIndent = 18.0;
 constexpr double edge = 4.0;
-constexpr double apart = 12.0; ///< texts of one line
+constexpr double apart = 12.0;      ///< texts of one line
 constexpr int leastCharacters = 14; ///< of a legend, before the extremes are shown too
 
 /// The square before a name: its right half has the tone of the dashes.

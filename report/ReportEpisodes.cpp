@@ -104,8 +104,8 @@ QString startsHtml(const EngineReport& report)
     }
     std::vector<std::pair<QStringList, QStringList>> groups; // cycles, names
     for (const QString& name : names) {
-        const auto same = std::ranges::find(groups, cycles[name],
-                                            &std::pair<QStringList, QStringList>::first);
+        const auto same =
+            std::ranges::find(groups, cycles[name], &std::pair<QStringList, QStringList>::first);
         if (same != groups.end())
             same->second << name;
         else
@@ -114,9 +114,10 @@ QString startsHtml(const EngineReport& report)
     QStringList texts;
     for (const auto& [numbers, parameters] : groups) {
         const QString together = parameters.join(QStringLiteral(", "));
-        texts << (static_cast<std::size_t>(numbers.size()) == report.cycles.size()
-                      ? Text::tr("%1 (every cycle)").arg(together)
-                      : Text::tr("%1 (cycle %2)").arg(together, numbers.join(QStringLiteral(", "))));
+        texts
+            << (static_cast<std::size_t>(numbers.size()) == report.cycles.size()
+                    ? Text::tr("%1 (every cycle)").arg(together)
+                    : Text::tr("%1 (cycle %2)").arg(together, numbers.join(QStringLiteral(", "))));
     }
     return texts.isEmpty() ? QString()
                            : htmlParagraph(Text::tr("Beyond a threshold at the first sample, which "

@@ -46,7 +46,7 @@ private:
     QTextEdit* m_text;
     EmptyNote* m_empty = nullptr;
     QLabel* m_rounded = nullptr; ///< below the table
-    QTextEdit* m_notes; ///< shown only with notes
+    QTextEdit* m_notes;          ///< shown only with notes
     std::shared_ptr<const RecordingTrust> m_trust;
     QLabel* m_hint = nullptr; ///< how flight time is counted; shown with a flight only
 };

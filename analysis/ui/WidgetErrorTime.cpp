@@ -25,8 +25,8 @@ constexpr int stateWidth = 34;
 constexpr int countWidth = 32;
 constexpr int namePercent = 35; ///< at least, if the name needs it
 constexpr int leastStrip = 50;  ///< before a name gets more
-constexpr int reach = 3;       ///< pixels; a click this close to a fault means the fault
-constexpr int smallestRun = 2; ///< pixels; keeps a fault of one sample visible
+constexpr int reach = 3;        ///< pixels; a click this close to a fault means the fault
+constexpr int smallestRun = 2;  ///< pixels; keeps a fault of one sample visible
 
 struct ClassLook
 {
@@ -54,8 +54,7 @@ ClassLook lookOf(ErrorType type)
 WidgetErrorTime::Layout WidgetErrorTime::layoutFor(const QSize& size, int nameWidth)
 {
     const int others = badgeWidth + stateWidth + countWidth + 6 * gap;
-    const int room =
-        std::max(size.width() * namePercent / 100, size.width() - others - leastStrip);
+    const int room = std::max(size.width() * namePercent / 100, size.width() - others - leastStrip);
     const int name = std::clamp(nameWidth, 0, std::max(room, 0));
     Layout layout;
     int x = gap;

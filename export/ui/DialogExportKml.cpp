@@ -22,7 +22,7 @@ namespace KOLT {
 namespace {
 
 constexpr int opaque = 255;
-constexpr int percentWidth = 40;
+constexpr int percentPadding = 4;
 constexpr int groupSpacing = 12;
 
 /// A spin box with the bounds of the setting.
@@ -156,7 +156,9 @@ QSlider* DialogExportKml::addOpacity(QFormLayout* form)
     auto* const slider = new QSlider(Qt::Horizontal);
     slider->setRange(0, opaque);
     auto* const percent = new QLabel;
-    percent->setFixedWidth(percentWidth);
+    percent->ensurePolished(); // knows its font
+    percent->setFixedWidth(percent->fontMetrics().horizontalAdvance(QStringLiteral("100 %")) +
+                           percentPadding);
     percent->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     connect(slider, &QSlider::valueChanged, percent, [percent](int value) {
         percent->setText(QStringLiteral("%1 %").arg((value * 100 + opaque / 2) / opaque));

@@ -147,8 +147,7 @@ void MapLabels::drawLegend(const TrackColors& colors, double bottom)
     m_font->draw(m_handler, colors.highText, left + inside, y, textColor, true);
 }
 
-void MapLabels::drawGrid(const MapGrid& grid, const QSizeF& window,
-                         std::span<const QRectF> covered)
+void MapLabels::drawGrid(const MapGrid& grid, const QSizeF& window, std::span<const QRectF> covered)
 {
     const double windowWidth = window.width();
     const double windowHeight = window.height();
@@ -160,7 +159,8 @@ void MapLabels::drawGrid(const MapGrid& grid, const QSizeF& window,
         return;
     const auto draw = [&](const QString& text, double x, double y) {
         const QRectF place(x, windowHeight - y - textHeight / 2.0, textWidth(text), textHeight);
-        if (std::ranges::none_of(covered, [&](const QRectF& area) { return area.intersects(place); }))
+        if (std::ranges::none_of(covered,
+                                 [&](const QRectF& area) { return area.intersects(place); }))
             m_font->draw(m_handler, text, x, y, gridTextColor);
     };
     // The distances are along the lines through the origin, or near the edge beyond which it is.
@@ -178,13 +178,22 @@ void MapLabels::drawGrid(const MapGrid& grid, const QSizeF& window,
     }
 }
 
+QRectF MapLabels::compassRect(const QString& attribution, double windowWidth) const
+{
+    const QRectF below = attributionRect(attribution, windowWidth);
+    constexpr double side = 2.0 * compassRadius;
+    return {windowWidth - edge - side,
+            below.bottom() + textHeight + 2.0 * edge, // above the note too
+            side, side};
+}
+
 void MapLabels::drawCompass(const QString& attribution, double windowWidth)
 {
     if (!m_font)
         return;
-    const QRectF below = attributionRect(attribution, windowWidth);
-    const double x = windowWidth - edge - compassRadius;
-    const double y = below.bottom() + textHeight + 2.0 * edge + compassRadius; // above the note too
+    const QPointF middle = compassRect(attribution, windowWidth).center();
+    const double x = middle.x();
+    const double y = middle.y();
     constexpr int corners = 48;
     std::vector<float> disc;
     for (int i = 0; i < corners; ++i) {

@@ -37,6 +37,8 @@ public:
     /// Distances are left out where something covers the map. Covered areas are counted from the
     /// upper left corner of the window.
     void drawGrid(const MapGrid& grid, const QSizeF& window, std::span<const QRectF> covered);
+    /// Where the compass is drawn, from the lower left corner of the window.
+    QRectF compassRect(const QString& attribution, double windowWidth) const;
     /// A compass card above the attribution.
     void drawCompass(const QString& attribution, double windowWidth);
 

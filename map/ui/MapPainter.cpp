@@ -113,10 +113,14 @@ void MapPainter::drawBackdrop(const Tessa::Globe& globe, Tessa::LatLong from,
 {
     const double width = backdrop.window.width();
     const double height = backdrop.window.height();
+    std::vector<QRectF> covered(backdrop.covered.begin(), backdrop.covered.end());
+    QRectF compass = m_labels.compassRect(backdrop.attribution, width);
+    compass.moveTop(height - compass.bottom()); // from the upper left corner
+    covered.push_back(compass);
     if (const auto origin = globe.latLong2Window(from))
         m_labels.drawGrid(
             MapGrid::around(*origin, globe.metresPerPixel(), width, height, backdrop.system),
-            backdrop.window, backdrop.covered);
+            backdrop.window, covered);
     m_labels.drawCompass(backdrop.attribution, width);
 }
 

@@ -25,6 +25,7 @@ namespace KOLT {
 namespace {
 
 constexpr QSize windowSize(520, 260);
+constexpr QSize windowCharacters(72, 18); ///< of text, in width and height; for large fonts
 constexpr QSize previewSize(900, 760);
 constexpr int wholePercent = 100;
 
@@ -102,6 +103,9 @@ void DialogReport::open(const ReportSource& source)
     m_isCancelled = m_isWorking; // ends a report being made
     m_state->clear();
     setWorking(m_isWorking);
+    ensurePolished(); // knows its font
+    resize(size().expandedTo({windowCharacters.width() * fontMetrics().averageCharWidth(),
+                              windowCharacters.height() * fontMetrics().lineSpacing()}));
     show();
     raise();
     activateWindow();

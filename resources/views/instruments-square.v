@@ -77,9 +77,9 @@
     <define name="spread" value="max(egt1, egt2, egt3, egt4) - min(egt1, egt2, egt3, egt4)"/>
 
     <style name="card" fill="card" stroke="edge" thickness="1.5" corner="6"/>
-    <style name="caption" size="16" color="grey"/>
+    <style name="caption" size="17" color="grey"/>
     <style name="number" size="24" weight="bold" align="right"/>
-    <style name="scale" height="12" labelSize="16" size="27"/>
+    <style name="scale" height="12" labelSize="17" size="26"/>
 
     <!-- engine speed -->
     <rectangle style="card" x="6" y="6" width="232" height="232"/>
@@ -89,7 +89,7 @@
         <steps of="ECU Lane A/Engine Speed" or="Engine Speed"/>
         <mark at="rpmLimit" color="red"/>
     </gauge>
-    <text x="122" y="80.6" size="15" align="center" color="dim" text="x 1000"/>
+    <text x="122" y="80.6" size="17" align="center" color="dim" text="x 1000"/>
 
     <!-- manifold pressure -->
     <rectangle style="card" x="244" y="6" width="232" height="232"/>
@@ -101,7 +101,7 @@
         <steps of="ECU Lane A/Manifold Pressure" or="Manifold Pressure" factor="hPa"/>
         <mark at="mapLimit * hPa" color="red"/>
     </gauge>
-    <text x="360" y="80.6" size="15" align="center" color="dim" visible="not imperial" text="x 100"/>
+    <text x="360" y="80.6" size="17" align="center" color="dim" visible="not imperial" text="x 100"/>
 
     <!-- oil and coolant -->
     <rectangle style="card" x="482" y="6" width="232" height="248"/>
@@ -179,7 +179,7 @@
 
     <!-- exhaust gas -->
     <rectangle style="card" x="6" y="366" width="232" height="202"/>
-    <style name="egt" y="434" width="26" height="92" min="300" max="1000" look="fill" labelSize="16"
+    <style name="egt" y="434" width="26" height="92" min="300" max="1000" look="fill" labelSize="17"
            size="22" format="%.0f"/>
     <text style="caption" x="14" y="388" text="=imperial ? 'EGT °F' : 'EGT °C'"/>
     <text style="caption" x="175.2" y="388" align="right" text="SPREAD"/>
@@ -200,8 +200,8 @@
     <!-- throttle and lanes -->
     <rectangle style="card" x="244" y="366" width="232" height="202"/>
     <bar style="scale" x="256" y="426" width="208" label="THR %" value="[Throttle A]" value2="[Throttle B]"
-         format="%.0f" min="0" max="100" major="25" size="27"/>
-    <style name="lane" y="462" width="101" height="54" size="16" color="grey"/>
+         format="%.0f" min="0" max="100" major="25" size="26"/>
+    <style name="lane" y="462" width="101" height="54" size="17" color="grey"/>
     <lamp style="lane" x="256" text="LANE A|STANDBY" value="[Lamp Lane A] == 1 ? 2 : [Lane A Active]">
         <case value="2" text="LANE A|FAULT"/>
         <case value="1" text="LANE A|ACTIVE" color="white" background="#00703a"/>
@@ -234,7 +234,7 @@
     <text style="number" x="660" y="662" value="hours" format="%.0f"/>
 
     <!-- warning lamps; some variants have one more -->
-    <style name="lamp" width="114.5" height="36" size="15.5"/>
+    <style name="lamp" width="114.5" height="36" size="17"/>
     <style name="red" value="1" color="white" background="red"/>
     <style name="amber" value="1" color="black" background="amber"/>
     <lamp style="lamp" x="6" y="574" text="OIL PRESS" value="[Lamp Oil Pressure]"><case style="red"/></lamp>

@@ -554,6 +554,7 @@ void TestViewPage::pageChoosesTheShape()
     m_page->setShown(true);
     const std::pair<QSize, QSizeF> shapes[] = {{{329, 548}, {360, 600}},  // 1000x800, beside a map
                                                {{666, 548}, {720, 700}},  // without a map
+                                               {{473, 514}, {720, 700}},  // 1366x768
                                                {{666, 272}, {740, 300}},  // above a map
                                                {{800, 450}, {1280, 720}}, // the bare display
                                                {{528, 745}, {360, 600}}}; // 1600x1000
