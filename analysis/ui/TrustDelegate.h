@@ -23,8 +23,12 @@ protected:
     void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override
     {
         QStyledItemDelegate::initStyleOption(option, index);
-        if (option->rect.isValid() && option->rect.width() <= markWidth())
-            option->text.clear();
+        const int mark = option->features.testFlag(QStyleOptionViewItem::HasDecoration)
+                             ? option->decorationSize.width()
+                             : 0;
+        const int text = option->fontMetrics.horizontalAdvance(option->text);
+        if (option->rect.isValid() && option->rect.width() < mark + text)
+            option->text.clear(); // nothing says more than three dots
     }
 };
 
