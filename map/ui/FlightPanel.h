@@ -3,6 +3,7 @@
 #include "record/Track.h"
 
 #include <array>
+#include <limits>
 
 class QWidget;
 
@@ -33,7 +34,7 @@ private:
     QWidget* m_panel;
     std::array<OutlinedLabel*, 3> m_values{};
     bool m_isKnown = false; ///< where the flight is
-    int m_room = QWIDGETSIZE_MAX;
+    int m_room = std::numeric_limits<int>::max();
 };
 
 } // namespace KOLT
