@@ -30,9 +30,9 @@ void awaitReplaceable(const QString& path)
     const std::wstring name = nativePath(path).make_preferred().wstring();
     const QDeadlineTimer deadline(longestMilliseconds);
     while (!deadline.hasExpired()) {
-        const HANDLE file =
-            CreateFileW(name.c_str(), DELETE, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
-                        nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
+        const HANDLE file = CreateFileW(name.c_str(), DELETE,
+                                        FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+                                        nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
         if (file != INVALID_HANDLE_VALUE) {
             CloseHandle(file);
             return;

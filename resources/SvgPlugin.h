@@ -5,7 +5,8 @@
 namespace KOLT {
 
 /// Reads the program's own icons where the toolkit's module for SVG is not there, as in the build
-/// for Windows. It is linked into the program, and used like the toolkit's by QImageReader and QIcon.
+/// for Windows. It is linked into the program, and used like the toolkit's by QImageReader and
+/// QIcon.
 class SvgPlugin : public QImageIOPlugin
 {
     Q_OBJECT

@@ -35,7 +35,7 @@ FACES = {room + "/ui" for room in CORE_USES if room != "base"}
 SHARED_FACES = {"ui"}
 # The top. Settings, paths, options and the project file have no windows, as kolt-cli uses them.
 ROOF = {"app", "app/settings", "app/project"}
-OUTER = {"tools", "tests", "benchmarks", "fuzz", "cmake"}
+OUTER = {"tools", "tests", "benchmarks", "fuzz", "cmake", "packaging"}
 ALL = SHARED_FACES | set(CORE_USES) | FACES | LIBS | ROOF | OUTER | {"cli", "resources"}
 WINDOWLESS = set(CORE_USES) | {"app/settings", "app/project", "cli"}
 
@@ -60,7 +60,7 @@ def allowed_uses():
     uses["app"] = ALL - OUTER - {"cli"}
     uses["cli"] = set(CORE_USES) | {"app/project", "app/settings", "resources"}
     uses["tools"] = ALL - {"tests"}
-    for layer in ("tests", "benchmarks", "fuzz", "cmake"):
+    for layer in ("tests", "benchmarks", "fuzz", "cmake", "packaging"):
         uses[layer] = ALL
     return {layer: targets | {layer} for layer, targets in uses.items()}
 

@@ -258,15 +258,17 @@ void TestMainProject::argumentsAreOpened_data()
     QTest::addColumn<QStringList>("arguments");
     QTest::addColumn<QString>("folder");
     QTest::addColumn<QString>("parameter");
-    QTest::addRow("a folder") << QStringList{"FOLDER"} << "other" << "Speed";
-    QTest::addRow("a project") << QStringList{"PROJECT"} << "last" << "Fuel";
+    QTest::addRow("a folder") << QStringList{"FOLDER"} << "other"
+                              << "Speed";
+    QTest::addRow("a project") << QStringList{"PROJECT"} << "last"
+                               << "Fuel";
     QTest::addRow("the first of each, among others")
         << QStringList{"-x", "", "/no/such", "XML", "PROJECT", "FOLDER/", "LAST"} << "other"
         << "Fuel";
-    QTest::addRow("the value of an option is none")
-        << QStringList{"-s", "FOLDER"} << "last" << "Speed";
-    QTest::addRow("neither folder nor project")
-        << QStringList{"RECORD", "XML"} << "last" << "Speed";
+    QTest::addRow("the value of an option is none") << QStringList{"-s", "FOLDER"} << "last"
+                                                    << "Speed";
+    QTest::addRow("neither folder nor project") << QStringList{"RECORD", "XML"} << "last"
+                                                << "Speed";
 }
 
 void TestMainProject::argumentsAreOpened()
