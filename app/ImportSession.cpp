@@ -34,10 +34,8 @@ void ImportSession::open()
                     saveSettings(m_dialog);
                 });
         Library::ImportRunner& runner = m_dialog->runner();
-        connect(&runner, &Library::ImportRunner::signalCycleChanged, this,
-                &ImportSession::signalCycleChanged);
-        connect(&runner, &Library::ImportRunner::signalCycleRemoved, this,
-                &ImportSession::signalCycleRemoved);
+        connect(&runner, &Library::ImportRunner::signalFinished, this,
+                &ImportSession::signalFinished);
     }
     m_dialog->open(loadArchiveSettings(m_settings), proposedCard());
 }

@@ -1,7 +1,5 @@
 #pragma once
 
-#include "library/archive/ArchivedCycle.h"
-
 #include <QObject>
 
 class QWidget;
@@ -31,9 +29,8 @@ public:
     void open();
 
 signals:
-    /// The archive has another state of this cycle, or has it no more.
-    void signalCycleChanged(const KOLT::Library::ArchivedCycle& cycle);
-    void signalCycleRemoved(const QString& folder);
+    /// The archive may have other recordings than before.
+    void signalFinished();
     /// For the status bar.
     void signalMessage(const QString& message);
 

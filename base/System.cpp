@@ -10,6 +10,7 @@
 #include <direct.h>
 #include <fcntl.h>
 #include <io.h>
+#include <windows.h>
 #else
 #include <fcntl.h>
 #include <termios.h>
@@ -20,6 +21,13 @@ namespace KOLT::System {
 
 std::optional<double> availableMemory()
 {
+#ifdef _WIN32
+    MEMORYSTATUSEX status{};
+    status.dwLength = sizeof(status);
+    return GlobalMemoryStatusEx(&status) != 0
+               ? std::optional(static_cast<double>(status.ullAvailPhys))
+               : std::nullopt;
+#else
     QFile info(QStringLiteral("/proc/meminfo"));
     if (!info.open(QIODevice::ReadOnly))
         return std::nullopt;
@@ -28,6 +36,7 @@ std::optional<double> availableMemory()
             return line.simplified().split(' ').value(1).toDouble() * 1024.0;
     }
     return std::nullopt;
+#endif
 }
 
 std::string workingDirectory()
