@@ -76,8 +76,15 @@ void SqliteFile::Rows::add(const QVariantList& row)
 {
     if (m_file.hasFailed())
         return;
-    for (qsizetype i = 0; i < row.size(); ++i)
+    // Values stay bound, and binding one costs more than inserting it.
+    const bool isFirst = m_last.isEmpty();
+    m_last.resize(row.size());
+    for (qsizetype i = 0; i < row.size(); ++i) {
+        if (!isFirst && m_last[i] == row[i])
+            continue;
         m_query.bindValue(static_cast<int>(i), row[i]);
+        m_last[i] = row[i];
+    }
     if (!m_query.exec())
         m_file.fail(m_query.lastError());
 }

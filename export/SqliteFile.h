@@ -44,6 +44,7 @@ public:
     private:
         SqliteFile& m_file;
         QSqlQuery m_query;
+        QVariantList m_last;
     };
 
 private:
