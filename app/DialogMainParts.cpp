@@ -150,6 +150,8 @@ void DialogMain::createOverview()
             [this](const QString& message) { m_status->showMessage(message); });
     connect(&m_dialogs->preferences(), &DialogPreferences::signalLibrary, m_library.get(),
             &LibrarySession::choose);
+    connect(m_import.get(), &ImportSession::signalArchiveChanged, m_library.get(),
+            &LibrarySession::takeIn);
     m_notes = std::make_unique<NotesSession>(*m_card, *m_library, *m_data, *this);
 }
 

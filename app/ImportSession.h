@@ -29,18 +29,21 @@ public:
     void open();
 
 signals:
-    /// The archive may have other recordings than before.
-    void signalFinished();
+    /// An import, or one that was taken back, has changed what the archive has.
+    void signalArchiveChanged();
     /// For the status bar.
     void signalMessage(const QString& message);
 
 private:
     QString proposedCard() const;
+    void noteChange();
+    void tellChange();
 
     SettingsStore& m_settings;
     const CardSession& m_card;
     QWidget& m_window;
     Library::DialogImport* m_dialog = nullptr;
+    bool m_isChanged = false;
 };
 
 } // namespace KOLT

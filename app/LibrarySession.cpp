@@ -162,6 +162,12 @@ void LibrarySession::reopen()
     open();
 }
 
+void LibrarySession::takeIn()
+{
+    reopen();
+    m_jobs.run([this] { update(); });
+}
+
 void LibrarySession::choose()
 {
     DialogLibrary dialog(loadLibraryAddress(m_settings), &m_window);

@@ -41,6 +41,9 @@ public:
     /// The library of the settings is another one, or something was added to it.
     void reopen();
 
+    /// The archive has other recordings than before: works out their figures.
+    void takeIn();
+
     /// Asks where the library is, and opens it.
     void choose();
 
