@@ -1,6 +1,9 @@
 // What the pages of the library ask, of 100,000 flights on both databases. The figures are times in
-// milliseconds: pages have to open at once, however long the library has been kept.
+// milliseconds: pages have to open at once, however long the library has been kept. And the figures
+// of a rebuild on one core, beside the report of the same files.
 
+#include "analysis/CardOverview.h"
+#include "benchmarks/BenchData.h"
 #include "benchmarks/Figures.h"
 #include "library/database/LibraryQueries.h"
 #include "tests/support/LibraryData.h"
@@ -14,6 +17,7 @@
 #include <array>
 #include <cstdio>
 #include <cstdlib>
+#include <functional>
 #include <memory>
 
 using namespace KOLT;
@@ -180,6 +184,49 @@ constexpr Asked questions[] = {
      }},
 };
 
+double millisecondsOf(const std::function<void()>& work)
+{
+    QElapsedTimer timer;
+    timer.start();
+    work();
+    return static_cast<double>(timer.nsecsElapsed()) / 1e6;
+}
+
+/// Working out and storing all cycles of a card, divided by what the report of kolt-cli reads.
+double rebuildRatio()
+{
+    const Bench::Card card;
+    const QTemporaryDir folder;
+    LibraryDatabase database;
+    if (!database.open({folder.path(), {}}, LibraryDatabase::Access::Create))
+        giveUp(database.error());
+    const auto report = [&] {
+        CardOverview overview(card.profile, card.container, CardOverview::Trust::Wanted);
+        while (overview.step()) {
+        }
+    };
+    const auto rebuild = [&] {
+        for (const auto& [number, listed] : card.container.cycles()) {
+            // The card is an archive of one folder here.
+            ArchivedCycle cycle;
+            cycle.folder = QStringLiteral(".");
+            cycle.dateTime = listed.dateTime;
+            for (const QString& name : listed.fileNames)
+                cycle.files.push_back({name, {}, 0});
+            const FoundFigures found =
+                findCycleFigures(card.profile, card.container.folder(), cycle);
+            cycle.folder = listed.name;
+            if (!found.figures || !database.storeCycle(cycle, *found.figures, Test::someSource()))
+                giveUp(found.error + database.error());
+        }
+    };
+    report(); // brings the files into the cache
+    const double ratio = millisecondsOf(rebuild) / millisecondsOf(report);
+    if (LibraryQueries(database).flightCount({}).value < 5)
+        giveUp(QStringLiteral("the card is not whole"));
+    return ratio;
+}
+
 } // namespace
 
 int main(int argc, char** argv)
@@ -194,6 +241,8 @@ int main(int argc, char** argv)
                  [=] { return milliseconds(isServer, asked.question); }});
         }
     }
+    figures.push_back({"rebuild of the sample card / its report", nullptr, nullptr,
+                       Bench::Bound::AtMost, 2.0, rebuildRatio});
     const int status = Bench::run(argc, argv, figures);
     stores = {}; // before what they need
     return status;
