@@ -3035,6 +3035,142 @@ Bitte prüfen Sie, ob der Ordner beschreibbar und nicht voll ist. Das vorherige 
     </message>
 </context>
 <context>
+    <name>KOLT::LibraryAddress</name>
+    <message>
+        <source>%1 is neither a folder nor the address of a PostgreSQL server, such as postgresql://user@host/database</source>
+        <translation>%1 ist weder ein Ordner noch die Adresse eines PostgreSQL-Servers wie postgresql://benutzer@rechner/datenbank</translation>
+    </message>
+    <message>
+        <source>Leave the password out of the address, where others can see it: put it into the password file of PostgreSQL (~/.pgpass), or wait for being asked</source>
+        <translation>Lassen Sie das Passwort aus der Adresse weg, wo andere es sehen: Schreiben Sie es in die Passwortdatei von PostgreSQL (~/.pgpass), oder warten Sie, bis danach gefragt wird</translation>
+    </message>
+    <message>
+        <source>%1 names no database: postgresql://user@host/database</source>
+        <translation>%1 nennt keine Datenbank: postgresql://benutzer@rechner/datenbank</translation>
+    </message>
+    <message>
+        <source>the option &quot;%1&quot; of the server&apos;s address is not known; known are %2</source>
+        <translation>die Option „%1“ der Serveradresse ist unbekannt; bekannt sind %2</translation>
+    </message>
+    <message>
+        <source>a library on a server needs the folder of its archive as well</source>
+        <translation>eine Bibliothek auf einem Server braucht auch den Ordner ihres Archivs</translation>
+    </message>
+    <message>
+        <source>no library is given</source>
+        <translation>es ist keine Bibliothek angegeben</translation>
+    </message>
+    <message>
+        <source>only a library on a server has its archive elsewhere</source>
+        <translation>nur eine Bibliothek auf einem Server hat ihr Archiv an einem anderen Ort</translation>
+    </message>
+</context>
+<context>
+    <name>KOLT::LibraryDatabase</name>
+    <message>
+        <source>it is damaged (%1). Nothing is lost: make it again from the archive, with &quot;Rebuild&quot; or kolt-cli library rebuild</source>
+        <translation>sie ist beschädigt (%1). Nichts ist verloren: Lassen Sie sie aus dem Archiv neu aufbauen, mit „Neu aufbauen“ oder kolt-cli library rebuild</translation>
+    </message>
+    <message>
+        <source>another program has been writing to it for a minute. Try again later</source>
+        <translation>ein anderes Programm schreibt seit einer Minute hinein. Versuchen Sie es später wieder</translation>
+    </message>
+    <message>
+        <source>the disk is full. Make room and try again</source>
+        <translation>der Datenträger ist voll. Schaffen Sie Platz und versuchen Sie es wieder</translation>
+    </message>
+    <message>
+        <source>it may not be written: %1</source>
+        <translation>sie darf nicht geschrieben werden: %1</translation>
+    </message>
+    <message>
+        <source>the server does not answer: %1</source>
+        <translation>der Server antwortet nicht: %1</translation>
+    </message>
+    <message>
+        <source>it cannot be read or written (%1). Is the disk still there?</source>
+        <translation>sie kann nicht gelesen oder geschrieben werden (%1). Ist der Datenträger noch da?</translation>
+    </message>
+    <message>
+        <source>the server wants a password (%1). Put it into the password file of PostgreSQL (~/.pgpass)</source>
+        <translation>der Server verlangt ein Passwort (%1). Schreiben Sie es in die Passwortdatei von PostgreSQL (~/.pgpass)</translation>
+    </message>
+    <message>
+        <source>The library %1: %2</source>
+        <translation>Die Bibliothek %1: %2</translation>
+    </message>
+    <message>
+        <source>This installation cannot use a PostgreSQL server: the driver of the toolkit for it is missing (on Debian the package libqt6sql6-psql; on Windows there is none). A library in a folder needs no server</source>
+        <translation>Diese Installation kann keinen PostgreSQL-Server benutzen: Der Treiber dafür fehlt (unter Debian das Paket libqt6sql6-psql; unter Windows gibt es keinen). Eine Bibliothek in einem Ordner braucht keinen Server</translation>
+    </message>
+    <message>
+        <source>The driver of the toolkit for SQLite is missing (on Debian the package libqt6sql6-sqlite)</source>
+        <translation>Der Treiber für SQLite fehlt (unter Debian das Paket libqt6sql6-sqlite)</translation>
+    </message>
+    <message>
+        <source>There is no folder %1. Is the disk of the library plugged in?</source>
+        <translation>Es gibt keinen Ordner %1. Ist der Datenträger der Bibliothek angeschlossen?</translation>
+    </message>
+    <message>
+        <source>There is no library %1. It is made by the first import, or from an archive with kolt-cli library rebuild</source>
+        <translation>Es gibt keine Bibliothek %1. Der erste Import legt sie an, oder kolt-cli library rebuild aus einem Archiv</translation>
+    </message>
+    <message>
+        <source>The library %1 was written by a newer version of KOLT (its database has version %2, this program knows %3). Use that version, or give this one a library of its own</source>
+        <translation>Die Bibliothek %1 wurde von einer neueren Version von KOLT geschrieben (ihre Datenbank hat Version %2, dieses Programm kennt %3). Benutzen Sie jene Version, oder geben Sie dieser eine eigene Bibliothek</translation>
+    </message>
+    <message>
+        <source>There is no library in %1 yet. It is made by the first import, or from an archive with kolt-cli library rebuild</source>
+        <translation>In %1 gibt es noch keine Bibliothek. Der erste Import legt sie an, oder kolt-cli library rebuild aus einem Archiv</translation>
+    </message>
+    <message>
+        <source>The library %1 was written by an older version of KOLT. Any import brings it up to date, and so does kolt-cli library rebuild</source>
+        <translation>Die Bibliothek %1 wurde von einer älteren Version von KOLT geschrieben. Jeder Import bringt sie auf den neuen Stand, ebenso kolt-cli library rebuild</translation>
+    </message>
+    <message>
+        <source>%1 cannot be moved aside. Is the folder read-only?</source>
+        <translation>%1 lässt sich nicht beiseitelegen. Ist der Ordner schreibgeschützt?</translation>
+    </message>
+    <message>
+        <source>One statement only: &quot;;&quot; may stand at its end alone, not in a text either</source>
+        <translation>Nur eine Anweisung: „;“ darf nur an ihrem Ende stehen, auch nicht in einem Text</translation>
+    </message>
+    <message>
+        <source>Only statements that read are possible: SELECT, WITH, VALUES, EXPLAIN</source>
+        <translation>Nur Anweisungen, die lesen, sind möglich: SELECT, WITH, VALUES, EXPLAIN</translation>
+    </message>
+</context>
+<context>
+    <name>KOLT::LibraryFigures</name>
+    <message>
+        <source>there is no folder %1</source>
+        <translation>es gibt keinen Ordner %1</translation>
+    </message>
+    <message>
+        <source>none of the files in %1 can be read</source>
+        <translation>keine der Dateien in %1 kann gelesen werden</translation>
+    </message>
+</context>
+<context>
+    <name>KOLT::LibraryUpdate</name>
+    <message>
+        <source>its figures were not understood</source>
+        <translation>seine Werte wurden nicht verstanden</translation>
+    </message>
+    <message>
+        <source>%1 cannot work out figures: it ended with status %2</source>
+        <translation>%1 kann keine Werte ermitteln: Es endete mit Status %2</translation>
+    </message>
+    <message>
+        <source>the process that worked out its figures ended unexpectedly</source>
+        <translation>der Prozess, der seine Werte ermittelte, endete unerwartet</translation>
+    </message>
+    <message>
+        <source>%1 could not be started: %2</source>
+        <translation>%1 konnte nicht gestartet werden: %2</translation>
+    </message>
+</context>
+<context>
     <name>KOLT::MainActions</name>
     <message>
         <source>&amp;New Project</source>
