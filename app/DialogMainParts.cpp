@@ -150,8 +150,10 @@ void DialogMain::createOverview()
             [this](const QString& message) { m_status->showMessage(message); });
     connect(&m_dialogs->preferences(), &DialogPreferences::signalLibrary, m_library.get(),
             &LibrarySession::choose);
-    connect(m_import.get(), &ImportSession::signalArchiveChanged, m_library.get(),
-            &LibrarySession::takeIn);
+    connect(m_import.get(), &ImportSession::signalCycleChanged, m_library.get(),
+            &LibrarySession::noteCycle);
+    connect(m_import.get(), &ImportSession::signalCycleRemoved, m_library.get(),
+            &LibrarySession::noteRemoved);
     m_notes = std::make_unique<NotesSession>(*m_card, *m_library, *m_data, *this);
 }
 

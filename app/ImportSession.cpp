@@ -7,8 +7,6 @@
 #include "base/WriteGuard.h"
 #include "library/ui/DialogImport.h"
 
-#include <utility>
-
 namespace KOLT {
 
 ImportSession::ImportSession(SettingsStore& settings, const CardSession& card, QWidget& window)
@@ -37,25 +35,11 @@ void ImportSession::open()
                 });
         Library::ImportRunner& runner = m_dialog->runner();
         connect(&runner, &Library::ImportRunner::signalCycleChanged, this,
-                &ImportSession::noteChange);
+                &ImportSession::signalCycleChanged);
         connect(&runner, &Library::ImportRunner::signalCycleRemoved, this,
-                &ImportSession::noteChange);
-        connect(&runner, &Library::ImportRunner::signalFinished, this, &ImportSession::tellChange);
+                &ImportSession::signalCycleRemoved);
     }
     m_dialog->open(loadArchiveSettings(m_settings), proposedCard());
-}
-
-/// Comes for each cycle of an import, and of one that is taken back without signalFinished().
-void ImportSession::noteChange()
-{
-    if (!std::exchange(m_isChanged, true))
-        QMetaObject::invokeMethod(this, &ImportSession::tellChange, Qt::QueuedConnection);
-}
-
-void ImportSession::tellChange()
-{
-    if (!m_dialog->runner().isRunning() && std::exchange(m_isChanged, false))
-        emit signalArchiveChanged();
 }
 
 /// A cycle of the library that is open is no card.

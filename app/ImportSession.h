@@ -1,5 +1,7 @@
 #pragma once
 
+#include "library/archive/ArchivedCycle.h"
+
 #include <QObject>
 
 class QWidget;
@@ -29,21 +31,19 @@ public:
     void open();
 
 signals:
-    /// An import, or one that was taken back, has changed what the archive has.
-    void signalArchiveChanged();
+    /// The archive has another state of this cycle, or has it no more.
+    void signalCycleChanged(const KOLT::Library::ArchivedCycle& cycle);
+    void signalCycleRemoved(const QString& folder);
     /// For the status bar.
     void signalMessage(const QString& message);
 
 private:
     QString proposedCard() const;
-    void noteChange();
-    void tellChange();
 
     SettingsStore& m_settings;
     const CardSession& m_card;
     QWidget& m_window;
     Library::DialogImport* m_dialog = nullptr;
-    bool m_isChanged = false;
 };
 
 } // namespace KOLT

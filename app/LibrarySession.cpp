@@ -34,6 +34,13 @@ LibrarySession::LibrarySession(const Profile& profile, SettingsStore& settings, 
     , m_page(new LibraryPage)
 {
     connectPage();
+    constexpr int settlingMilliseconds = 500;
+    m_refresh.setSingleShot(true);
+    m_refresh.setInterval(settlingMilliseconds);
+    connect(&m_refresh, &QTimer::timeout, this, [this] {
+        if (m_database != nullptr)
+            showPage();
+    });
 }
 
 LibrarySession::~LibrarySession()
@@ -78,10 +85,12 @@ EngineWindow& LibrarySession::engineWindow()
 
 bool LibrarySession::open()
 {
-    if (m_database != nullptr && QFileInfo(m_archive.root()).isDir())
-        return true;
-    m_database.reset();
     const LibraryAddress address = loadLibraryAddress(m_settings);
+    if (m_database != nullptr && m_database->address() == address &&
+        QFileInfo(m_archive.root()).isDir())
+        return true;
+    m_page->showNote({}); // it must not use the database any more
+    m_database.reset();
     if (address.archive.isEmpty()) {
         m_page->showNote(tr("No library yet. It keeps the recordings of all cards in one place, "
                             "and knows what each engine has lived through."));
@@ -160,12 +169,6 @@ void LibrarySession::reopen()
     m_database.reset();
     m_page->showNote({});
     open();
-}
-
-void LibrarySession::takeIn()
-{
-    reopen();
-    m_jobs.run([this] { update(); });
 }
 
 void LibrarySession::choose()
@@ -301,6 +304,24 @@ QString LibrarySession::notesFolder()
     if (!folder.isEmpty()) // one that is absent is told when a note is saved
         return open() ? m_archive.root() : folder;
     return QString::fromUtf8(DataPaths::instance().dataPath());
+}
+
+void LibrarySession::noteCycle(const ArchivedCycle& cycle)
+{
+    if (!open())
+        return;
+    if (!m_database->storeCycle(cycle))
+        emit signalMessage(m_database->error());
+    m_refresh.start();
+}
+
+void LibrarySession::noteRemoved(const QString& folder)
+{
+    if (!open())
+        return;
+    if (!m_database->removeCycle(folder))
+        emit signalMessage(m_database->error());
+    m_refresh.start();
 }
 
 void LibrarySession::notesChanged()

@@ -5,6 +5,7 @@
 
 #include <QObject>
 #include <QPointer>
+#include <QTimer>
 
 #include <memory>
 
@@ -41,9 +42,6 @@ public:
     /// The library of the settings is another one, or something was added to it.
     void reopen();
 
-    /// The archive has other recordings than before: works out their figures.
-    void takeIn();
-
     /// Asks where the library is, and opens it.
     void choose();
 
@@ -60,6 +58,10 @@ public:
 
     /// Notes were written into the library.
     void notesChanged();
+
+    /// The archive has another state of this cycle, or has it no more.
+    void noteCycle(const Library::ArchivedCycle& cycle);
+    void noteRemoved(const QString& folder);
 
     /// Works out the figures that are missing or stale. Processes events.
     void update();
@@ -92,6 +94,7 @@ private:
     Library::Archive m_archive;
     std::unique_ptr<Library::LibraryDatabase> m_database;
     Library::Logbook::Contents m_written;
+    QTimer m_refresh; ///< after changes of the archive, of which many come together
     bool m_isUpdating = false;
 };
 
