@@ -1320,6 +1320,73 @@ Bitte prüfen Sie, ob der Ordner beschreibbar und nicht voll ist, oder wählen S
     </message>
 </context>
 <context>
+    <name>KOLT::DialogLibrary</name>
+    <message>
+        <source>Library</source>
+        <translation>Bibliothek</translation>
+    </message>
+    <message>
+        <source>Choose...</source>
+        <translation>Auswählen...</translation>
+    </message>
+    <message>
+        <source>&amp;Folder</source>
+        <translation>&amp;Ordner</translation>
+    </message>
+    <message>
+        <source>Recordings, notes and maintenance limits are kept here. An empty folder becomes a new library.</source>
+        <translation>Hier liegen Aufzeichnungen, Notizen und Wartungsgrenzen. Ein leerer Ordner wird eine neue Bibliothek.</translation>
+    </message>
+    <message>
+        <source>Database on a PostgreSQL server</source>
+        <translation>Datenbank auf einem PostgreSQL-Server</translation>
+    </message>
+    <message>
+        <source>&amp;Host</source>
+        <translation>&amp;Rechner</translation>
+    </message>
+    <message>
+        <source>&amp;Port</source>
+        <translation>&amp;Port</translation>
+    </message>
+    <message>
+        <source>&amp;Database</source>
+        <translation>&amp;Datenbank</translation>
+    </message>
+    <message>
+        <source>&amp;User</source>
+        <translation>&amp;Benutzer</translation>
+    </message>
+    <message>
+        <source>For several computers that share the folder. The password comes from libpq&apos;s password file, or is asked for; KOLT does not store it.</source>
+        <translation>Für mehrere Rechner, die sich den Ordner teilen. Das Kennwort kommt aus der Kennwortdatei von libpq oder wird erfragt; KOLT speichert es nicht.</translation>
+    </message>
+    <message>
+        <source>SQLite only: this system has no driver for PostgreSQL. The database is a file in the folder.</source>
+        <translation>Nur SQLite: Dieses System hat keinen Treiber für PostgreSQL. Die Datenbank ist eine Datei im Ordner.</translation>
+    </message>
+    <message>
+        <source>Folder of the Library</source>
+        <translation>Ordner der Bibliothek</translation>
+    </message>
+    <message>
+        <source>Choose the folder of the library.</source>
+        <translation>Wählen Sie den Ordner der Bibliothek.</translation>
+    </message>
+    <message>
+        <source>KOLT</source>
+        <translation>KOLT</translation>
+    </message>
+    <message>
+        <source>There is no library in
+%1
+yet. Make one there?</source>
+        <translation>In
+%1
+gibt es noch keine Bibliothek. Dort eine anlegen?</translation>
+    </message>
+</context>
+<context>
     <name>KOLT::DialogMain</name>
     <message>
         <source>Main Toolbar</source>
@@ -1367,6 +1434,10 @@ ist nicht mehr vorhanden und wurde aus der Liste entfernt. Liegt er auf einer SD
             <numerusform>Projekt mit %n Parameter gespeichert: %1</numerusform>
             <numerusform>Projekt mit %n Parametern gespeichert: %1</numerusform>
         </translation>
+    </message>
+    <message>
+        <source>Library</source>
+        <translation>Bibliothek</translation>
     </message>
 </context>
 <context>
@@ -1486,6 +1557,26 @@ ist nicht mehr vorhanden und wurde aus der Liste entfernt. Liegt er auf einer SD
     <message>
         <source>L&amp;ook</source>
         <translation>&amp;Aussehen</translation>
+    </message>
+    <message>
+        <source>Library</source>
+        <translation>Bibliothek</translation>
+    </message>
+    <message>
+        <source>No library yet</source>
+        <translation>Noch keine Bibliothek</translation>
+    </message>
+    <message>
+        <source>Where the recordings of all cards are kept, and their database</source>
+        <translation>Wo die Aufzeichnungen aller Karten liegen, und ihre Datenbank</translation>
+    </message>
+    <message>
+        <source>Choose or create a library, with its database in the same folder or on a PostgreSQL server</source>
+        <translation>Eine Bibliothek wählen oder anlegen, mit der Datenbank im selben Ordner oder auf einem PostgreSQL-Server</translation>
+    </message>
+    <message>
+        <source>L&amp;ibrary</source>
+        <translation>B&amp;ibliothek</translation>
     </message>
 </context>
 <context>
@@ -1769,6 +1860,213 @@ In dieser Aufzeichnung wurde nichts Zweifelhaftes gefunden.</translation>
     <message>
         <source>Saved %1</source>
         <translation>%1 gesichert</translation>
+    </message>
+</context>
+<context>
+    <name>KOLT::EngineLedger</name>
+    <message>
+        <source>What</source>
+        <translation>Was</translation>
+    </message>
+    <message>
+        <source>Every</source>
+        <translation>Alle</translation>
+    </message>
+    <message>
+        <source>Last done</source>
+        <translation>Zuletzt</translation>
+    </message>
+    <message>
+        <source>Due</source>
+        <translation>Fällig</translation>
+    </message>
+    <message>
+        <source>Left</source>
+        <translation>Noch</translation>
+    </message>
+    <message>
+        <source>State</source>
+        <translation>Stand</translation>
+    </message>
+    <message>
+        <source>Maintenance</source>
+        <translation>Wartung</translation>
+    </message>
+    <message>
+        <source>Quantity</source>
+        <translation>Größe</translation>
+    </message>
+    <message>
+        <source>Known</source>
+        <translation>Bekannt</translation>
+    </message>
+    <message>
+        <source>Beyond a warning</source>
+        <translation>Über einer Warnung</translation>
+    </message>
+    <message>
+        <source>Beyond a limit</source>
+        <translation>Über einem Grenzwert</translation>
+    </message>
+    <message>
+        <source>Time in the limit bands</source>
+        <translation>Zeit in den Grenzwertbereichen</translation>
+    </message>
+    <message>
+        <source>Month</source>
+        <translation>Monat</translation>
+    </message>
+    <message>
+        <source>Hours</source>
+        <translation>Stunden</translation>
+    </message>
+    <message>
+        <source>Starts</source>
+        <translation>Anlassvorgänge</translation>
+    </message>
+    <message>
+        <source>Flights</source>
+        <translation>Flüge</translation>
+    </message>
+    <message>
+        <source>In the air</source>
+        <translation>In der Luft</translation>
+    </message>
+    <message>
+        <source>Fuel l</source>
+        <translation>Kraftstoff l</translation>
+    </message>
+    <message>
+        <source>Episodes</source>
+        <translation>Episoden</translation>
+    </message>
+    <message>
+        <source>without a date</source>
+        <translation>ohne Datum</translation>
+    </message>
+    <message>
+        <source>Months</source>
+        <translation>Monate</translation>
+    </message>
+    <message>
+        <source>Notes</source>
+        <translation>Notizen</translation>
+    </message>
+    <message>
+        <source>%1 h</source>
+        <translation>%1 h</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n month(s)</source>
+        <translation>
+            <numerusform>%n Monat</numerusform>
+            <numerusform>%n Monate</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1 or %2</source>
+        <translation>%1 oder %2</translation>
+    </message>
+    <message>
+        <source>never</source>
+        <translation>nie</translation>
+    </message>
+    <message>
+        <source>about %1</source>
+        <translation>etwa am %1</translation>
+    </message>
+    <message>
+        <source>%1 h over</source>
+        <translation>%1 h überzogen</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n day(s)</source>
+        <translation>
+            <numerusform>%n Tag</numerusform>
+            <numerusform>%n Tage</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n day(s) over</source>
+        <translation>
+            <numerusform>%n Tag überzogen</numerusform>
+            <numerusform>%n Tage überzogen</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>due soon</source>
+        <translation>bald fällig</translation>
+    </message>
+    <message>
+        <source>overdue</source>
+        <translation>überfällig</translation>
+    </message>
+    <message>
+        <source>not due</source>
+        <translation>nicht fällig</translation>
+    </message>
+    <message>
+        <source>Engine</source>
+        <translation>Motor</translation>
+    </message>
+    <message>
+        <source>Units</source>
+        <translation>Geräte</translation>
+    </message>
+    <message>
+        <source>Recorded</source>
+        <translation>Aufgezeichnet</translation>
+    </message>
+    <message>
+        <source>%1 to %2</source>
+        <translation>%1 bis %2</translation>
+    </message>
+    <message>
+        <source>Hours of the engine</source>
+        <translation>Stunden des Motors</translation>
+    </message>
+    <message>
+        <source>Recorded hours</source>
+        <translation>Aufgezeichnete Stunden</translation>
+    </message>
+    <message>
+        <source>Recorded starts</source>
+        <translation>Aufgezeichnete Anlassvorgänge</translation>
+    </message>
+    <message>
+        <source>Unit&apos;s counter</source>
+        <translation>Zähler des Geräts</translation>
+    </message>
+    <message>
+        <source>Unit&apos;s starts</source>
+        <translation>Anlassvorgänge des Geräts</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n start(s)</source>
+        <translation>
+            <numerusform>%n Anlassvorgang</numerusform>
+            <numerusform>%n Anlassvorgänge</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Flown without a card</source>
+        <translation>Ohne Karte geflogen</translation>
+    </message>
+    <message>
+        <source>Fuel</source>
+        <translation>Kraftstoff</translation>
+    </message>
+    <message>
+        <source>%1 l</source>
+        <translation>%1 l</translation>
+    </message>
+    <message>
+        <source>%1, of them %2 beyond a limit</source>
+        <translation>%1, davon %2 über einem Grenzwert</translation>
+    </message>
+    <message>
+        <source>Ledger of engine %1</source>
+        <translation>Motorakte %1</translation>
     </message>
 </context>
 <context>
@@ -2108,6 +2406,173 @@ In dieser Aufzeichnung wurde nichts Zweifelhaftes gefunden.</translation>
     <message>
         <source>%1 (every cycle)</source>
         <translation>%1 (in jedem Zyklus)</translation>
+    </message>
+</context>
+<context>
+    <name>KOLT::EngineWindow</name>
+    <message>
+        <source>Engine</source>
+        <translation>Motor</translation>
+    </message>
+    <message>
+        <source>Maintenance</source>
+        <translation>Wartung</translation>
+    </message>
+    <message>
+        <source>Episodes</source>
+        <translation>Episoden</translation>
+    </message>
+    <message>
+        <source>Notes</source>
+        <translation>Notizen</translation>
+    </message>
+    <message>
+        <source>What</source>
+        <translation>Was</translation>
+    </message>
+    <message>
+        <source>Left</source>
+        <translation>Noch</translation>
+    </message>
+    <message>
+        <source>Due</source>
+        <translation>Fällig</translation>
+    </message>
+    <message>
+        <source>Every</source>
+        <translation>Alle</translation>
+    </message>
+    <message>
+        <source>Last done</source>
+        <translation>Zuletzt</translation>
+    </message>
+    <message>
+        <source>Add...</source>
+        <translation>Hinzufügen...</translation>
+    </message>
+    <message>
+        <source>A new maintenance limit</source>
+        <translation>Eine neue Wartungsgrenze</translation>
+    </message>
+    <message>
+        <source>Done now</source>
+        <translation>Jetzt erledigt</translation>
+    </message>
+    <message>
+        <source>It was done today, at the present hours</source>
+        <translation>Es wurde heute erledigt, bei den jetzigen Stunden</translation>
+    </message>
+    <message>
+        <source>Change...</source>
+        <translation>Ändern...</translation>
+    </message>
+    <message>
+        <source>Change the chosen limit</source>
+        <translation>Die gewählte Grenze ändern</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>Entfernen</translation>
+    </message>
+    <message>
+        <source>Remove the chosen limit</source>
+        <translation>Die gewählte Grenze entfernen</translation>
+    </message>
+    <message>
+        <source>Hours before...</source>
+        <translation>Stunden davor...</translation>
+    </message>
+    <message>
+        <source>Hours of the engine at its first recorded run, if they are not those of the unit&apos;s counter</source>
+        <translation>Stunden des Motors beim ersten aufgezeichneten Lauf, wenn es nicht die des Zählers im Gerät sind</translation>
+    </message>
+    <message>
+        <source>When</source>
+        <translation>Wann</translation>
+    </message>
+    <message>
+        <source>Quantity</source>
+        <translation>Größe</translation>
+    </message>
+    <message>
+        <source>State</source>
+        <translation>Stand</translation>
+    </message>
+    <message>
+        <source>Beyond the warning</source>
+        <translation>Über der Warnung</translation>
+    </message>
+    <message>
+        <source>Beyond the limit</source>
+        <translation>Über dem Grenzwert</translation>
+    </message>
+    <message>
+        <source>Note</source>
+        <translation>Notiz</translation>
+    </message>
+    <message>
+        <source>By</source>
+        <translation>Von</translation>
+    </message>
+    <message>
+        <source>Print...</source>
+        <translation>Drucken...</translation>
+    </message>
+    <message>
+        <source>Print the ledger, or save it as a PDF file</source>
+        <translation>Die Motorakte drucken oder als PDF-Datei sichern</translation>
+    </message>
+    <message>
+        <source>Copy picture</source>
+        <translation>Bild kopieren</translation>
+    </message>
+    <message>
+        <source>Copy months and limit bands as a picture</source>
+        <translation>Monate und Grenzwertbereiche als Bild kopieren</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>limit</source>
+        <translation>Grenzwert</translation>
+    </message>
+    <message>
+        <source>warning</source>
+        <translation>Warnung</translation>
+    </message>
+    <message>
+        <source>Ledger of engine %1</source>
+        <translation>Motorakte %1</translation>
+    </message>
+    <message>
+        <source>KOLT</source>
+        <translation>KOLT</translation>
+    </message>
+    <message>
+        <source>Remove the maintenance limit &quot;%1&quot;?</source>
+        <translation>Die Wartungsgrenze „%1“ entfernen?</translation>
+    </message>
+    <message>
+        <source>Note on engine %1</source>
+        <translation>Notiz zu Motor %1</translation>
+    </message>
+    <message>
+        <source>Remove this note?
+
+%1</source>
+        <translation>Diese Notiz entfernen?
+
+%1</translation>
+    </message>
+    <message>
+        <source>Hours Before</source>
+        <translation>Stunden davor</translation>
+    </message>
+    <message>
+        <source>Hours of engine %1 at its first recorded run, %2:</source>
+        <translation>Stunden von Motor %1 beim ersten aufgezeichneten Lauf, %2:</translation>
     </message>
 </context>
 <context>
@@ -2745,6 +3210,24 @@ Bitte prüfen Sie, ob der Ordner beschreibbar und nicht voll ist. Das vorherige 
     </message>
 </context>
 <context>
+    <name>KOLT::LedgerChart</name>
+    <message>
+        <source>Hours of each month, and its flights</source>
+        <translation>Stunden jedes Monats, und seine Flüge</translation>
+    </message>
+    <message>
+        <source>Time in the limit bands: beyond a warning, beyond a limit</source>
+        <translation>Zeit in den Grenzwertbereichen: über einer Warnung, über einem Grenzwert</translation>
+    </message>
+</context>
+<context>
+    <name>KOLT::LedgerView</name>
+    <message>
+        <source>Months and limit bands</source>
+        <translation>Monate und Grenzwertbereiche</translation>
+    </message>
+</context>
+<context>
     <name>KOLT::Library::Archive</name>
     <message>
         <source>The library folder %1 is not there. Is its disk or network folder connected?</source>
@@ -2817,7 +3300,7 @@ Bitte prüfen Sie, ob der Ordner beschreibbar und nicht voll ist. Das vorherige 
     </message>
     <message>
         <source>The folder %1 cannot be created.</source>
-        <translation type="unfinished">Der Ordner %1 kann nicht angelegt werden.</translation>
+        <translation>Der Ordner %1 kann nicht angelegt werden.</translation>
     </message>
     <message>
         <source>The disk of the library has no room for this card: %1 are needed, %2 are free. Nothing was copied.</source>
@@ -2840,7 +3323,7 @@ Bitte prüfen Sie, ob der Ordner beschreibbar und nicht voll ist. Das vorherige 
     </message>
     <message>
         <source>File</source>
-        <translation type="unfinished">Datei</translation>
+        <translation>Datei</translation>
     </message>
     <message>
         <source>Reason</source>
@@ -2852,7 +3335,7 @@ Bitte prüfen Sie, ob der Ordner beschreibbar und nicht voll ist. Das vorherige 
     </message>
     <message>
         <source>Choose...</source>
-        <translation type="unfinished">Auswählen...</translation>
+        <translation>Auswählen...</translation>
     </message>
     <message>
         <source>&amp;Card:</source>
@@ -2884,11 +3367,11 @@ Bitte prüfen Sie, ob der Ordner beschreibbar und nicht voll ist. Das vorherige 
     </message>
     <message>
         <source>Cancel</source>
-        <translation type="unfinished">Abbrechen</translation>
+        <translation>Abbrechen</translation>
     </message>
     <message>
         <source>Close</source>
-        <translation type="unfinished">Schließen</translation>
+        <translation>Schließen</translation>
     </message>
     <message>
         <source>Choose where your library is to be. It needs as much room as all cards that you will ever import.</source>
@@ -2915,7 +3398,7 @@ Bitte prüfen Sie, ob der Ordner beschreibbar und nicht voll ist. Das vorherige 
     </message>
     <message>
         <source>Date</source>
-        <translation type="unfinished">Datum</translation>
+        <translation>Datum</translation>
     </message>
     <message>
         <source>Card</source>
@@ -2927,7 +3410,7 @@ Bitte prüfen Sie, ob der Ordner beschreibbar und nicht voll ist. Das vorherige 
     </message>
     <message>
         <source>State</source>
-        <translation type="unfinished">Zustand</translation>
+        <translation>Zustand</translation>
     </message>
     <message>
         <source>Take Back this Import...</source>
@@ -2935,7 +3418,7 @@ Bitte prüfen Sie, ob der Ordner beschreibbar und nicht voll ist. Das vorherige 
     </message>
     <message>
         <source>Close</source>
-        <translation type="unfinished">Schließen</translation>
+        <translation>Schließen</translation>
     </message>
     <message>
         <source>taken back</source>
@@ -2947,7 +3430,7 @@ Bitte prüfen Sie, ob der Ordner beschreibbar und nicht voll ist. Das vorherige 
     </message>
     <message>
         <source>KOLT Warning</source>
-        <translation type="unfinished">KOLT-Warnung</translation>
+        <translation>KOLT-Warnung</translation>
     </message>
     <message>
         <source>Moving the files</source>
@@ -2962,11 +3445,11 @@ Bitte prüfen Sie, ob der Ordner beschreibbar und nicht voll ist. Das vorherige 
     <name>KOLT::Library::ImportRecords</name>
     <message>
         <source>The folder %1 cannot be created.</source>
-        <translation type="unfinished">Der Ordner %1 kann nicht angelegt werden.</translation>
+        <translation>Der Ordner %1 kann nicht angelegt werden.</translation>
     </message>
     <message>
         <source>%1 cannot be written: %2</source>
-        <translation type="unfinished">%1 kann nicht geschrieben werden: %2</translation>
+        <translation>%1 kann nicht geschrieben werden: %2</translation>
     </message>
 </context>
 <context>
@@ -3016,11 +3499,11 @@ Bitte prüfen Sie, ob der Ordner beschreibbar und nicht voll ist. Das vorherige 
     <name>KOLT::Library::Placement</name>
     <message>
         <source>The folder %1 cannot be created.</source>
-        <translation type="unfinished">Der Ordner %1 kann nicht angelegt werden.</translation>
+        <translation>Der Ordner %1 kann nicht angelegt werden.</translation>
     </message>
     <message>
         <source>%1 cannot be written: %2</source>
-        <translation type="unfinished">%1 kann nicht geschrieben werden: %2</translation>
+        <translation>%1 kann nicht geschrieben werden: %2</translation>
     </message>
     <message>
         <source>%1 cannot be put into its folder: %2</source>
@@ -3152,6 +3635,267 @@ Bitte prüfen Sie, ob der Ordner beschreibbar und nicht voll ist. Das vorherige 
     </message>
 </context>
 <context>
+    <name>KOLT::LibraryFilterBar</name>
+    <message>
+        <source> min</source>
+        <translation> min</translation>
+    </message>
+    <message>
+        <source>Serial number or date</source>
+        <translation>Seriennummer oder Datum</translation>
+    </message>
+    <message>
+        <source>Search the library</source>
+        <translation>Die Bibliothek durchsuchen</translation>
+    </message>
+    <message>
+        <source>Part of a serial number of unit or engine, or a day, month or year: 14.6.2025, 6.2025, 2025</source>
+        <translation>Teil einer Seriennummer von Gerät oder Motor, oder Tag, Monat oder Jahr: 14.6.2025, 6.2025, 2025</translation>
+    </message>
+    <message>
+        <source>Filter by exceedance, fault, duration, days and notes</source>
+        <translation>Nach Überschreitung, Fehler, Dauer, Tagen und Notizen filtern</translation>
+    </message>
+    <message>
+        <source>Filter</source>
+        <translation>Filter</translation>
+    </message>
+    <message>
+        <source>All</source>
+        <translation>Alle</translation>
+    </message>
+    <message>
+        <source>Warning or limit</source>
+        <translation>Warnung oder Grenzwert</translation>
+    </message>
+    <message>
+        <source>Limit</source>
+        <translation>Grenzwert</translation>
+    </message>
+    <message>
+        <source>Any quantity</source>
+        <translation>Jede Größe</translation>
+    </message>
+    <message>
+        <source>Part of its name</source>
+        <translation>Teil des Namens</translation>
+    </message>
+    <message>
+        <source>any</source>
+        <translation>beliebig</translation>
+    </message>
+    <message>
+        <source>With a note</source>
+        <translation>Mit einer Notiz</translation>
+    </message>
+    <message>
+        <source>Exceeded</source>
+        <translation>Überschritten</translation>
+    </message>
+    <message>
+        <source>Quantity</source>
+        <translation>Größe</translation>
+    </message>
+    <message>
+        <source>Fault</source>
+        <translation>Fehler</translation>
+    </message>
+    <message>
+        <source>Flight</source>
+        <translation>Flug</translation>
+    </message>
+    <message>
+        <source>Days</source>
+        <translation>Tage</translation>
+    </message>
+    <message>
+        <source>Shortest time from take-off to landing</source>
+        <translation>Kürzeste Zeit vom Start bis zur Landung</translation>
+    </message>
+    <message>
+        <source>Longest time from take-off to landing</source>
+        <translation>Längste Zeit vom Start bis zur Landung</translation>
+    </message>
+    <message>
+        <source>First day</source>
+        <translation>Erster Tag</translation>
+    </message>
+    <message>
+        <source>Last day</source>
+        <translation>Letzter Tag</translation>
+    </message>
+</context>
+<context>
+    <name>KOLT::LibraryModel</name>
+    <message numerus="yes">
+        <source>%n flight(s)</source>
+        <translation>
+            <numerusform>%n Flug</numerusform>
+            <numerusform>%n Flüge</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1:%2 h</source>
+        <translation>%1:%2 h</translation>
+    </message>
+    <message>
+        <source>Unit %1</source>
+        <translation>Gerät %1</translation>
+    </message>
+    <message>
+        <source>Unit %1 %2
+Engines: %3
+%4 to %5</source>
+        <translation>Gerät %1 %2
+Motoren: %3
+%4 bis %5</translation>
+    </message>
+    <message>
+        <source>Without a date</source>
+        <translation>Ohne Datum</translation>
+    </message>
+    <message>
+        <source>Cycle</source>
+        <translation>Zyklus</translation>
+    </message>
+    <message>
+        <source>%1 (not evaluated yet)</source>
+        <translation>%1 (noch nicht ausgewertet)</translation>
+    </message>
+    <message numerus="yes">
+        <source>Engine %1, %2
+%n file(s)</source>
+        <translation>
+            <numerusform>Motor %1, %2
+%n Datei</numerusform>
+            <numerusform>Motor %1, %2
+%n Dateien</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Flight %1 %2 (%3)</source>
+        <translation>Flug %1 %2 (%3)</translation>
+    </message>
+</context>
+<context>
+    <name>KOLT::LibraryPage</name>
+    <message>
+        <source>Choose or create a library...</source>
+        <translation>Bibliothek wählen oder anlegen...</translation>
+    </message>
+    <message>
+        <source>A folder that keeps the recordings of all cards; an empty one becomes a new library</source>
+        <translation>Ein Ordner, der die Aufzeichnungen aller Karten aufbewahrt; ein leerer wird eine neue Bibliothek</translation>
+    </message>
+    <message>
+        <source>No library yet. It keeps the recordings of all cards in one place, and knows what each engine has lived through.</source>
+        <translation>Noch keine Bibliothek. Sie bewahrt die Aufzeichnungen aller Karten an einem Ort auf und weiß, was jeder Motor erlebt hat.</translation>
+    </message>
+    <message>
+        <source>Library</source>
+        <translation>Bibliothek</translation>
+    </message>
+    <message>
+        <source>Work out the figures of recordings that are new, or were evaluated with another profile</source>
+        <translation>Die Zahlen von Aufzeichnungen ermitteln, die neu sind oder mit einem anderen Profil ausgewertet wurden</translation>
+    </message>
+    <message>
+        <source>Engine...</source>
+        <translation>Motor...</translation>
+    </message>
+    <message>
+        <source>What an engine has lived through, and what is due</source>
+        <translation>Was ein Motor erlebt hat, und was fällig ist</translation>
+    </message>
+    <message numerus="yes">
+        <source>Evaluate %n recording(s)</source>
+        <translation>
+            <numerusform>%n Aufzeichnung auswerten</numerusform>
+            <numerusform>%n Aufzeichnungen auswerten</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>The library has no recordings yet. Import a card.</source>
+        <translation>Die Bibliothek hat noch keine Aufzeichnungen. Übernehmen Sie eine Karte.</translation>
+    </message>
+    <message>
+        <source>Nothing in the library is like this.</source>
+        <translation>Nichts in der Bibliothek ist so.</translation>
+    </message>
+    <message>
+        <source>Name of the aircraft...</source>
+        <translation>Name des Flugzeugs...</translation>
+    </message>
+</context>
+<context>
+    <name>KOLT::LibrarySession</name>
+    <message>
+        <source>No library yet. It keeps the recordings of all cards in one place, and knows what each engine has lived through.</source>
+        <translation>Noch keine Bibliothek. Sie bewahrt die Aufzeichnungen aller Karten an einem Ort auf und weiß, was jeder Motor erlebt hat.</translation>
+    </message>
+    <message>
+        <source>Library</source>
+        <translation>Bibliothek</translation>
+    </message>
+    <message>
+        <source>Password of %1:</source>
+        <translation>Kennwort von %1:</translation>
+    </message>
+    <message>
+        <source>Cannot be read, and is left out: %1</source>
+        <translation>Ist nicht lesbar und wird ausgelassen: %1</translation>
+    </message>
+    <message>
+        <source>Working out the figures of the library</source>
+        <translation>Die Zahlen der Bibliothek werden ermittelt</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Some recordings could not be evaluated:
+%1</source>
+        <translation>Einige Aufzeichnungen konnten nicht ausgewertet werden:
+%1</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n recording(s) evaluated</source>
+        <translation>
+            <numerusform>%n Aufzeichnung ausgewertet</numerusform>
+            <numerusform>%n Aufzeichnungen ausgewertet</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>The folder
+%1
+of the library cannot be opened. Is its disk connected?</source>
+        <translation>Der Ordner
+%1
+der Bibliothek lässt sich nicht öffnen. Ist seine Platte angeschlossen?</translation>
+    </message>
+    <message>
+        <source>The library has no recordings yet. Import a card.</source>
+        <translation>Die Bibliothek hat noch keine Aufzeichnungen. Übernehmen Sie eine Karte.</translation>
+    </message>
+    <message>
+        <source>The library has no recording of this engine.</source>
+        <translation>Die Bibliothek hat keine Aufzeichnung dieses Motors.</translation>
+    </message>
+    <message>
+        <source>Name of the Aircraft</source>
+        <translation>Name des Flugzeugs</translation>
+    </message>
+    <message>
+        <source>Name of the aircraft with unit %1:</source>
+        <translation>Name des Flugzeugs mit Gerät %1:</translation>
+    </message>
+    <message>
+        <source>This had been changed meanwhile by %1. Your text is kept, as it is the later one.</source>
+        <translation>Das wurde inzwischen geändert von %1. Ihr Text bleibt, da er der spätere ist.</translation>
+    </message>
+</context>
+<context>
     <name>KOLT::LibraryUpdate</name>
     <message>
         <source>its figures were not understood</source>
@@ -3168,6 +3912,72 @@ Bitte prüfen Sie, ob der Ordner beschreibbar und nicht voll ist. Das vorherige 
     <message>
         <source>%1 could not be started: %2</source>
         <translation>%1 konnte nicht gestartet werden: %2</translation>
+    </message>
+</context>
+<context>
+    <name>KOLT::LimitEditor</name>
+    <message>
+        <source>Every</source>
+        <translation>Alle</translation>
+    </message>
+    <message>
+        <source>Last done on</source>
+        <translation>Zuletzt erledigt am</translation>
+    </message>
+    <message>
+        <source>Maintenance Limit</source>
+        <translation>Wartungsgrenze</translation>
+    </message>
+    <message>
+        <source>Oil change</source>
+        <translation>Ölwechsel</translation>
+    </message>
+    <message>
+        <source> h</source>
+        <translation> h</translation>
+    </message>
+    <message>
+        <source> months</source>
+        <translation> Monate</translation>
+    </message>
+    <message>
+        <source>Hours of the engine, as the window Engine counts them</source>
+        <translation>Stunden des Motors, wie das Fenster Motor sie zählt</translation>
+    </message>
+    <message>
+        <source>What</source>
+        <translation>Was</translation>
+    </message>
+    <message>
+        <source>Last done at</source>
+        <translation>Zuletzt erledigt bei</translation>
+    </message>
+</context>
+<context>
+    <name>KOLT::Logbook</name>
+    <message>
+        <source>%1 on %2</source>
+        <translation>%1 am %2</translation>
+    </message>
+    <message>
+        <source>somebody</source>
+        <translation>jemand</translation>
+    </message>
+    <message>
+        <source>The folder &quot;%1&quot; is not there. Nothing was saved.
+Is its disk connected?</source>
+        <translation>Der Ordner „%1“ ist nicht da. Es wurde nichts gesichert.
+Ist seine Platte angeschlossen?</translation>
+    </message>
+    <message>
+        <source>The folder &quot;%1&quot; cannot be created. Nothing was saved.</source>
+        <translation>Der Ordner „%1“ lässt sich nicht anlegen. Es wurde nichts gesichert.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; cannot be written: %2
+Nothing was saved.</source>
+        <translation>„%1“ lässt sich nicht schreiben: %2
+Es wurde nichts gesichert.</translation>
     </message>
 </context>
 <context>
@@ -3332,6 +4142,22 @@ Bitte prüfen Sie, ob der Ordner beschreibbar und nicht voll ist. Das vorherige 
         <source>Copy the recordings of a card into the library, with proof</source>
         <translation>Die Aufzeichnungen einer Karte mit Nachweis in die Bibliothek kopieren</translation>
     </message>
+    <message>
+        <source>Engine...</source>
+        <translation>Motor...</translation>
+    </message>
+    <message>
+        <source>Show what an engine has lived through, and what is due</source>
+        <translation>Zeigt, was ein Motor erlebt hat, und was fällig ist</translation>
+    </message>
+    <message>
+        <source>Notes...</source>
+        <translation>Notizen...</translation>
+    </message>
+    <message>
+        <source>Show and write notes on the loaded recording</source>
+        <translation>Notizen zur geladenen Aufzeichnung zeigen und schreiben</translation>
+    </message>
 </context>
 <context>
     <name>KOLT::MapMarks</name>
@@ -3426,6 +4252,130 @@ Bitte prüfen Sie, ob der Ordner beschreibbar und nicht voll ist, oder sichern S
         <source>The settings could not be read, and KOLT continues without them. Please check language, units and the variant of the profile. The file is kept as
 %1</source>
         <translation>Die Einstellungen konnten nicht gelesen werden; KOLT arbeitet ohne sie weiter. Bitte prüfen Sie Sprache, Einheiten und die Variante des Profils. Die Datei bleibt erhalten als
+%1</translation>
+    </message>
+</context>
+<context>
+    <name>KOLT::NotesSession</name>
+    <message>
+        <source>No flight is around the moment that is shown. Go to a moment of the flight first.</source>
+        <translation>Der gezeigte Moment liegt in keinem Flug. Gehen Sie erst zu einem Moment des Flugs.</translation>
+    </message>
+    <message>
+        <source>The file of this moment cannot be read, so that the note would not be found again. Nothing was saved.
+Is the card inserted?</source>
+        <translation>Die Datei dieses Moments ist nicht lesbar, die Notiz würde also nicht wiedergefunden. Es wurde nichts gesichert.
+Ist die Karte eingelegt?</translation>
+    </message>
+    <message>
+        <source>This note had been changed meanwhile by %1. Your text is kept, as it is the later one.</source>
+        <translation>Diese Notiz wurde inzwischen geändert von %1. Ihr Text bleibt, da er der spätere ist.</translation>
+    </message>
+</context>
+<context>
+    <name>KOLT::NotesWindow</name>
+    <message>
+        <source>engine</source>
+        <translation>Motor</translation>
+    </message>
+    <message>
+        <source>cycle</source>
+        <translation>Zyklus</translation>
+    </message>
+    <message>
+        <source>flight</source>
+        <translation>Flug</translation>
+    </message>
+    <message>
+        <source>moment</source>
+        <translation>Moment</translation>
+    </message>
+    <message>
+        <source>Notes</source>
+        <translation>Notizen</translation>
+    </message>
+    <message>
+        <source>Notes on the loaded recording</source>
+        <translation>Notizen zur geladenen Aufzeichnung</translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation>Zeit</translation>
+    </message>
+    <message>
+        <source>About</source>
+        <translation>Zu</translation>
+    </message>
+    <message>
+        <source>Note</source>
+        <translation>Notiz</translation>
+    </message>
+    <message>
+        <source>By</source>
+        <translation>Von</translation>
+    </message>
+    <message>
+        <source>Moment...</source>
+        <translation>Moment...</translation>
+    </message>
+    <message>
+        <source>A note at the moment that is shown</source>
+        <translation>Eine Notiz zum gezeigten Moment</translation>
+    </message>
+    <message>
+        <source>Flight...</source>
+        <translation>Flug...</translation>
+    </message>
+    <message>
+        <source>A note on the flight that is shown</source>
+        <translation>Eine Notiz zum gezeigten Flug</translation>
+    </message>
+    <message>
+        <source>Cycle...</source>
+        <translation>Zyklus...</translation>
+    </message>
+    <message>
+        <source>A note on the whole engine cycle</source>
+        <translation>Eine Notiz zum ganzen Motorzyklus</translation>
+    </message>
+    <message>
+        <source>Change...</source>
+        <translation>Ändern...</translation>
+    </message>
+    <message>
+        <source>Change the chosen note</source>
+        <translation>Die gewählte Notiz ändern</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>Entfernen</translation>
+    </message>
+    <message>
+        <source>Remove the chosen note</source>
+        <translation>Die gewählte Notiz entfernen</translation>
+    </message>
+    <message>
+        <source>Open a cycle or a flight to write notes on it.</source>
+        <translation>Öffnen Sie einen Zyklus oder Flug, um Notizen dazu zu schreiben.</translation>
+    </message>
+    <message>
+        <source>No notes on this recording yet.</source>
+        <translation>Noch keine Notizen zu dieser Aufzeichnung.</translation>
+    </message>
+    <message>
+        <source>Note on this %1</source>
+        <translation>Notiz zu diesem %1</translation>
+    </message>
+    <message>
+        <source>KOLT</source>
+        <translation>KOLT</translation>
+    </message>
+    <message>
+        <source>Remove this note?
+
+%1</source>
+        <translation>Diese Notiz entfernen?
+
 %1</translation>
     </message>
 </context>
@@ -4081,7 +5031,7 @@ ist kein KOLT-Projekt. Die gewählten Parameter bleiben, wie sie sind.</translat
     <name>KOLT::ProvenCopy</name>
     <message>
         <source>Not everything could be written. The disk may be full.</source>
-        <translation type="unfinished">Es konnte nicht alles geschrieben werden. Möglicherweise ist der Datenträger voll.</translation>
+        <translation>Es konnte nicht alles geschrieben werden. Möglicherweise ist der Datenträger voll.</translation>
     </message>
     <message>
         <source>Only %1 of %2 bytes could be read.</source>
@@ -4097,7 +5047,7 @@ ist kein KOLT-Projekt. Die gewählten Parameter bleiben, wie sie sind.</translat
     </message>
     <message>
         <source>The folder %1 cannot be created.</source>
-        <translation type="unfinished">Der Ordner %1 kann nicht angelegt werden.</translation>
+        <translation>Der Ordner %1 kann nicht angelegt werden.</translation>
     </message>
 </context>
 <context>

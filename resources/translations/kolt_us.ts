@@ -93,6 +93,37 @@
     </message>
 </context>
 <context>
+    <name>KOLT::EngineLedger</name>
+    <message numerus="yes">
+        <source>%n month(s)</source>
+        <translation>
+            <numerusform>%n month</numerusform>
+            <numerusform>%n months</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n day(s)</source>
+        <translation>
+            <numerusform>%n day</numerusform>
+            <numerusform>%n days</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n day(s) over</source>
+        <translation>
+            <numerusform>%n day over</numerusform>
+            <numerusform>%n days over</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n start(s)</source>
+        <translation>
+            <numerusform>%n start</numerusform>
+            <numerusform>%n starts</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>KOLT::Export</name>
     <message numerus="yes">
         <source>%n flight(s)</source>
@@ -109,6 +140,46 @@
         <translation>
             <numerusform>... and %n more</numerusform>
             <numerusform>... and %n more</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>KOLT::LibraryModel</name>
+    <message numerus="yes">
+        <source>%n flight(s)</source>
+        <translation>
+            <numerusform>%n flight</numerusform>
+            <numerusform>%n flights</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Engine %1, %2
+%n file(s)</source>
+        <translation>
+            <numerusform>Engine %1, %2
+%n file</numerusform>
+            <numerusform>Engine %1, %2
+%n files</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>KOLT::LibraryPage</name>
+    <message numerus="yes">
+        <source>Evaluate %n recording(s)</source>
+        <translation>
+            <numerusform>Evaluate %n recording</numerusform>
+            <numerusform>Evaluate %n recordings</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>KOLT::LibrarySession</name>
+    <message numerus="yes">
+        <source>%n recording(s) evaluated</source>
+        <translation>
+            <numerusform>%n recording evaluated</numerusform>
+            <numerusform>%n recordings evaluated</numerusform>
         </translation>
     </message>
 </context>
