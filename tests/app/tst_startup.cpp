@@ -19,9 +19,14 @@ private slots:
     void helpAndUnknownOptionsStartAllTheSame();
     void existingProfileAndBrokenSettingsAreKept();
     void userProfileDirectoryIsCreated();
+    void toolkitHasNothingToWarnOf();
+    void twoStartAtOnce();
 
 private:
     QString dataPath() const { return m_home->filePath("KOLT"); }
+
+    std::unique_ptr<QProcess> launch(const QStringList& arguments,
+                                     const QString& userProfile = {}) const;
 
     /// Runs the program until its main window opens and returns the output.
     QString start(const QStringList& arguments, const QString& userProfile = {}) const;
@@ -29,30 +34,52 @@ private:
     std::unique_ptr<QTemporaryDir> m_home;
 };
 
-QString TestStartup::start(const QStringList& arguments, const QString& userProfile) const
+namespace {
+
+/// Reads until the program has written the text; false if it ends before.
+bool waitForOutput(QProcess& program, const QByteArray& text, QByteArray& output)
 {
-    QProcess program;
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert("XDG_DATA_HOME", m_home->path());
-    environment.insert("LC_ALL", "C.UTF-8");
-    environment.remove("USERPROFILE");
-    if (!userProfile.isEmpty())
-        environment.insert("USERPROFILE", userProfile);
-    program.setProcessEnvironment(environment);
-    program.start(KOLT_PROGRAM, arguments);
-    QByteArray output;
     const bool reached = QTest::qWaitFor(
         [&] {
             program.waitForReadyRead(20);
             output += program.readAllStandardOutput();
-            return output.contains("Translation IOS") && output.endsWith('\n');
+            return output.contains(text) && output.endsWith('\n');
         },
         20'000);
-    const bool alive = program.state() == QProcess::Running;
+    return reached && program.state() == QProcess::Running;
+}
+
+void finish(QProcess& program)
+{
     program.terminate();
     program.waitForFinished();
-    return reached && alive ? QString::fromUtf8(output)
-                            : "not started: " + QString::fromUtf8(output);
+}
+
+} // namespace
+
+std::unique_ptr<QProcess> TestStartup::launch(const QStringList& arguments,
+                                              const QString& userProfile) const
+{
+    auto program = std::make_unique<QProcess>();
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert("XDG_DATA_HOME", m_home->path());
+    environment.insert("XDG_RUNTIME_DIR", m_home->path()); // only the user can read it
+    environment.insert("LC_ALL", "C.UTF-8");
+    environment.remove("USERPROFILE");
+    if (!userProfile.isEmpty())
+        environment.insert("USERPROFILE", userProfile);
+    program->setProcessEnvironment(environment);
+    program->start(KOLT_PROGRAM, arguments);
+    return program;
+}
+
+QString TestStartup::start(const QStringList& arguments, const QString& userProfile) const
+{
+    const auto program = launch(arguments, userProfile);
+    QByteArray output;
+    const bool isStarted = waitForOutput(*program, "Translation IOS", output);
+    finish(*program);
+    return isStarted ? QString::fromUtf8(output) : "not started: " + QString::fromUtf8(output);
 }
 
 void TestStartup::stepsInOrder()
@@ -105,6 +132,33 @@ void TestStartup::userProfileDirectoryIsCreated()
     QVERIFY(
         output.contains(QStringLiteral("UserDataPath created <%1/Documents/KOLT/>\n").arg(user)));
     QVERIFY(QFileInfo(user + "/Documents/KOLT").isDir());
+}
+
+/// Apart from what the fixed order of the first steps brings with it.
+void TestStartup::toolkitHasNothingToWarnOf()
+{
+    const auto program = launch({});
+    QByteArray output;
+    QVERIFY2(waitForOutput(*program, "CardContainer::readContainer", output), output);
+    finish(*program);
+    QCOMPARE(QString::fromUtf8(program->readAllStandardError()),
+             "Attribute Qt::AA_ShareOpenGLContexts must be set before QCoreApplication is "
+             "created.\n");
+}
+
+void TestStartup::twoStartAtOnce()
+{
+    const auto one = launch({});
+    const auto other = launch({});
+    for (QProcess* program : {one.get(), other.get()}) {
+        QByteArray output;
+        QVERIFY2(waitForOutput(*program, "CardContainer::readContainer", output), output);
+        QVERIFY(output.contains("variant <850>")); // read from a whole profile
+    }
+    finish(*one);
+    finish(*other);
+    QCOMPARE(QDir(dataPath()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
+             QStringList({"Profile.xml", "Profile.xml.shipped"}));
 }
 
 QTEST_GUILESS_MAIN(TestStartup)
