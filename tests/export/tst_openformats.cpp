@@ -197,9 +197,10 @@ void TestOpenFormats::stepsOfEvents_data()
     // values at 1 s and 2 s; what is told of the event at 2 s
     const Rows<float, float, QString> row;
     row("up to a warning", 3.0F, 3.4F, "WARNING from 3.3 bar");
-    row("up to a limit", 3.0F, 9.0F, "LIMIT from 3.6 bar");
+    row("up to a limit", 3.0F, 4.0F, "LIMIT from 3.6 bar");
     row("down to a warning", 3.0F, 2.6F, "WARNING below 2.8 bar");
     row("down to a limit", 2.6F, 1.0F, "LIMIT below 2.5 bar");
+    row("from another normal range", 7.0F, 4.0F, "LIMIT below 5.0 bar");
 }
 
 void TestOpenFormats::stepsOfEvents()
@@ -208,7 +209,7 @@ void TestOpenFormats::stepsOfEvents()
     QVERIFY(loadProfile(
         m_profile,
         threshold("T", {"val='-1000' state='LIMIT'", "val='2.5' state='WARNING'", "val='2.8'",
-                        "val='3.3' state='WARNING'", "val='3.6' state='LIMIT'"}) +
+                        "val='3.3' state='WARNING'", "val='3.6' state='LIMIT'", "val='5'"}) +
             device({"name='P' id='1' dataType='FLOAT' precision='1' unitMetric='bar' "
                     "thresholdId='T'"})));
     add(1, 1.0, floats(before));
