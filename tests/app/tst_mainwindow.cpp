@@ -126,7 +126,7 @@ void TestMainWindow::menusAndShortcuts()
         for (const QAction* action : menu->menu()->actions())
             shown << (action->isSeparator() ? "-" : action->data().toString());
     }
-    QCOMPARE(shown.join(' '), "&File 2 - 6 &Extras 15 17 18 21 20 22 23 24 &Help 8 9");
+    QCOMPARE(shown.join(' '), "&File 2 - 6 &Extras 15 17 18 21 20 22 23 24 25 26 &Help 8 9");
     QStringList bar;
     for (const QAction* action : m_window->findChild<QToolBar*>()->actions())
         bar << action->data().toString();
