@@ -87,7 +87,8 @@ QString writeRecord(const Archive& archive, const ImportRecord& record)
         {QStringLiteral("added"), QJsonArray::fromStringList(record.added)},
         {QStringLiteral("known"), QJsonArray::fromStringList(record.known)},
     };
-    if (!QDir().mkpath(folder))
+    // The disk may have been unplugged: its folder is not made anew.
+    if (!Archive::isArchive(archive.root()) || !QDir().mkpath(folder))
         return Text::tr("The folder %1 cannot be created.").arg(QDir::toNativeSeparators(folder));
     const WriteResult result = replaceFile(path, QJsonDocument(object).toJson());
     return result ? QString()
