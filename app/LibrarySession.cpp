@@ -214,7 +214,9 @@ void LibrarySession::update()
     const auto plan = planUpdate(*m_database, cycles, damaged, options.source);
     UpdateResult result;
     result.error = plan.error;
-    if (plan)
+    if (plan && !m_database->setInstallations(installationsOf(Logbook(m_archive.root()).read())))
+        result.error = m_database->error();
+    else if (plan)
         result = updateLibrary(*m_database, plan.value, options);
     dialog.close();
     m_isUpdating = false;

@@ -5,6 +5,7 @@
 #include "cli/Recording.h"
 #include "library/database/FiguresText.h"
 #include "library/database/LibraryUpdate.h"
+#include "library/ledger/EngineLedger.h"
 
 #include <QFile>
 
@@ -36,6 +37,12 @@ QString failedText(const QStringList& failed)
     return QStringLiteral("%1 cycles have no figures: %2")
         .arg(failed.size())
         .arg(failed.mid(0, 3).join(QStringLiteral("; ")));
+}
+
+/// Which engine was in which unit, as people wrote it into the archive.
+bool setInstallations(LibraryDatabase& database, const Archive& archive)
+{
+    return database.setInstallations(installationsOf(Logbook(archive.root()).read()));
 }
 
 UpdateOptions updateOptions(const Profile& profile, const Archive& archive)
@@ -85,6 +92,8 @@ QString refreshDatabase(const LibraryArguments& arguments, const Archive& archiv
     const auto plan = planUpdate(database, cycles, damaged, options.source);
     if (!plan)
         return line(plan.error);
+    if (!setInstallations(database, archive))
+        return line(database.error());
     const UpdateResult result = updateLibrary(database, plan.value, options);
     if (!result.error.isEmpty())
         return line(result.error);
@@ -122,6 +131,8 @@ QString libraryRebuild(const LibraryArguments& arguments)
             return line(database.error());
         result = updateLibrary(database, {plan.value.cycles, {}}, options);
     }
+    if (result.error.isEmpty() && !setInstallations(database, archive))
+        return line(database.error());
     error = printJson(
         {{QStringLiteral("cycles"), result.cycles}, {QStringLiteral("flights"), result.flights}});
     if (!error.isEmpty() || !result.error.isEmpty())

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cmath>
 #include <set>
+#include <tuple>
 
 namespace KOLT::Library {
 
@@ -165,10 +166,35 @@ bool CycleStore::dropFigures()
         {m_id});
 }
 
+std::optional<bool> CycleStore::hasInstalled(const std::vector<Installation>& installations)
+{
+    using Told = std::tuple<QString, qint64, QString, QString>;
+    std::multiset<Told> wanted;
+    for (const Installation& one : installations)
+        wanted.emplace(one.engine, one.unit, dayText(one.from), dayText(one.to));
+    QSqlQuery query = m_connection.select(
+        QStringLiteral("SELECT engine, unit, from_day, to_day FROM installation"));
+    if (!query.isActive())
+        return {};
+    std::multiset<Told> known;
+    constexpr int from = 2;
+    constexpr int to = 3;
+    while (query.next())
+        known.emplace(query.value(0).toString(), query.value(1).toLongLong(),
+                      query.value(from).toString(), query.value(to).toString());
+    return known == wanted;
+}
+
 bool CycleStore::install(const std::vector<Installation>& installations)
 {
     Transaction transaction(m_connection);
-    if (!transaction.isOpen() || !m_connection.run(QStringLiteral("DELETE FROM installation")))
+    const std::optional<bool> isKnown =
+        transaction.isOpen() ? hasInstalled(installations) : std::nullopt;
+    if (!isKnown)
+        return false;
+    if (*isKnown)
+        return transaction.commit();
+    if (!m_connection.run(QStringLiteral("DELETE FROM installation")))
         return false;
     const auto day = [](const QDate& date) {
         return date.isValid() ? QVariant(dayText(date)) : QVariant(QMetaType(QMetaType::QString));

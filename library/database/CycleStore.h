@@ -30,6 +30,8 @@ private:
     bool putFiles(const ArchivedCycle& cycle);
     /// Whether the database has the same files of the cycle; none on failure.
     std::optional<bool> hasFiles(const ArchivedCycle& cycle);
+    /// Whether the database has these; none on failure.
+    std::optional<bool> hasInstalled(const std::vector<Installation>& installations);
     bool dropFigures();
     std::optional<qint64> idOf(const FiguresSource& source);
     bool putFigures(const CycleFigures& figures, qint64 source);

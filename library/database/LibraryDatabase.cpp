@@ -37,13 +37,12 @@ LibraryDatabase::Status statusOf(LibraryConnection::Failure failure)
     using Status = LibraryDatabase::Status;
     switch (failure) {
     case Failure::Damaged:
+    case Failure::NoTable: // the version said that it is there
         return Status::Damaged;
     case Failure::Lost:
         return Status::Unreachable;
     case Failure::NoPassword:
         return Status::NoPassword;
-    case Failure::NoTable:
-        return Status::Absent;
     default:
         return Status::Failed;
     }
@@ -55,6 +54,7 @@ QString reasonOf(const LibraryConnection& connection)
     const QString told = connection.error().text().simplified();
     switch (connection.failure()) {
     case Failure::Damaged:
+    case Failure::NoTable:
         return Text::tr("it is damaged (%1). Nothing is lost: make it again from the archive, with "
                         "\"Rebuild\" or kolt-cli library rebuild")
             .arg(told);

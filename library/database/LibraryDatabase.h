@@ -101,7 +101,8 @@ public:
                     const FiguresSource& source);
     bool removeCycle(const QString& folder);
 
-    /// Replaces all of them, and says anew for all cycles which engine they are of.
+    /// Replaces all of them, and says anew for all cycles which engine they are of. Does nothing if
+    /// it has these.
     bool setInstallations(const std::vector<Installation>& installations);
 
     /// All cycles by folder, with their files alone: to be compared with those of the archive.

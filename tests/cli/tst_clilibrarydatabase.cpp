@@ -240,6 +240,32 @@ private slots:
         QCOMPARE(arrayOf(verb("list")), list);
     }
 
+    void enginesAreWherePeopleWrote()
+    {
+        QCOMPARE(verb("import", KOLT_SAMPLE_CARD).status, 0);
+        const QJsonArray list = arrayOf(verb("list"));
+        const QString day = list.at(2)["dateTime"].toString().left(10);
+        QVERIFY(QDir(m_archive).mkpath("installations"));
+        QFile written(m_archive + "/installations/1.json");
+        QVERIFY(written.open(QIODevice::WriteOnly));
+        written.write(QJsonDocument(QJsonObject{{"format", 1},
+                                                {"id", "1"},
+                                                {"engine", "SPARE"},
+                                                {"unit", list.at(0)["unit"]},
+                                                {"from", day}})
+                          .toJson());
+        written.close();
+        QCOMPARE(verb("rebuild").status, 0);
+        for (const QJsonValue& cycle : arrayOf(verb("list"))) {
+            const bool isSpare = cycle["dateTime"].toString().left(10) >= day;
+            QCOMPARE(cycle["engine"], isSpare ? QJsonValue("SPARE") : list.at(0)["engine"]);
+        }
+        QCOMPARE(arrayOf(verb("engines")).size(), 2);
+        QVERIFY(written.remove());
+        QCOMPARE(verb("import", KOLT_SAMPLE_CARD).status, 0);
+        QCOMPARE(arrayOf(verb("list")), list);
+    }
+
     void documentedQueriesWork()
     {
         QFile document(QFileInfo(KOLT_PROFILE).path() + "/../docs/formats/library.md");

@@ -619,6 +619,18 @@ private slots:
         QVERIFY(QFile::exists(m_address.sqliteFile() + ".broken"));
     }
 
+    void lackingTableIsDamage()
+    {
+        LibraryDatabase database;
+        QVERIFY(database.open(m_address, Access::Create));
+        execute("DROP TABLE finding");
+        QVERIFY(!database.storeCycle(someCycle(4), someFigures(4), someSource()));
+        QCOMPARE(database.status(), Status::Damaged);
+        QVERIFY(database.recreate(m_address));
+        QVERIFY(database.storeCycle(someCycle(4), someFigures(4), someSource()));
+        checkWhole(m_address);
+    }
+
     void passwordsAreAskedFor()
     {
         if (!m_address.isServer())
