@@ -6,11 +6,14 @@
 #include <QComboBox>
 #include <QDateEdit>
 #include <QFormLayout>
+#include <QFrame>
 #include <QLineEdit>
+#include <QScreen>
 #include <QSpinBox>
 #include <QToolButton>
 #include <QVBoxLayout>
 
+#include <algorithm>
 #include <array>
 
 namespace KOLT {
@@ -67,23 +70,20 @@ LibraryFilterBar::LibraryFilterBar(QWidget* parent)
     m_button->setToolTip(tr("Filter by exceedance, fault, duration, days and notes"));
     m_button->setAccessibleName(tr("Filter"));
     m_more = createMore();
-    m_more->hide();
     auto* const row = new QHBoxLayout;
     row->addWidget(m_search, 1);
     row->addWidget(m_button);
     auto* const layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addLayout(row);
-    layout->addWidget(m_more);
     connectFields();
 }
 
 QWidget* LibraryFilterBar::createMore()
 {
-    auto* const more = new QWidget(this);
+    auto* const more = new QFrame(this, Qt::Popup);
+    more->setFrameShape(QFrame::Box);
     auto* const form = new QFormLayout(more);
-    form->setContentsMargins(0, 0, 0, 0);
-    form->setRowWrapPolicy(QFormLayout::WrapLongRows);
     m_exceeded = new QComboBox;
     m_exceeded->setObjectName(QStringLiteral("libraryExceeded"));
     m_exceeded->addItems({tr("All"), tr("Warning or limit"), tr("Limit")});
@@ -122,7 +122,10 @@ void LibraryFilterBar::connectFields()
     m_timer.setSingleShot(true);
     m_timer.setInterval(settlingMilliseconds);
     connect(&m_timer, &QTimer::timeout, this, &LibraryFilterBar::signalFilter);
-    const auto changed = [this] { m_timer.start(); };
+    const auto changed = [this] {
+        m_button->setChecked(isFiltering());
+        m_timer.start();
+    };
     for (QLineEdit* edit : {m_search, m_quantity, m_fault})
         connect(edit, &QLineEdit::textChanged, this, changed);
     for (QSpinBox* box : {m_shortest, m_longest})
@@ -131,7 +134,29 @@ void LibraryFilterBar::connectFields()
         connect(edit, &QDateEdit::dateChanged, this, changed);
     connect(m_exceeded, &QComboBox::currentIndexChanged, this, changed);
     connect(m_note, &QCheckBox::toggled, this, changed);
-    connect(m_button, &QToolButton::toggled, m_more, &QWidget::setVisible);
+    connect(m_button, &QToolButton::clicked, this, &LibraryFilterBar::showMore);
+}
+
+/// Below the button, and within the screen.
+void LibraryFilterBar::showMore()
+{
+    m_button->setChecked(isFiltering());
+    m_more->adjustSize();
+    const QRect screen = m_button->screen()->availableGeometry();
+    QPoint place = mapToGlobal(QPoint(0, height()));
+    place.setX(std::clamp(place.x(), screen.left(),
+                          std::max(screen.left(), screen.right() - m_more->width())));
+    place.setY(std::clamp(place.y(), screen.top(),
+                          std::max(screen.top(), screen.bottom() - m_more->height())));
+    m_more->move(place);
+    m_more->show();
+}
+
+bool LibraryFilterBar::isFiltering() const
+{
+    LibraryFilter searched;
+    readSearch(m_search->text(), searched);
+    return withNote() || !(filter() == searched);
 }
 
 void LibraryFilterBar::clear()

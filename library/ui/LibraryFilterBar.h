@@ -14,8 +14,9 @@ class QToolButton;
 
 namespace KOLT {
 
-/// What to look for in the library: a line for serial number or date, and below it, shown by a
-/// button, exceedance, fault, duration, days and notes.
+/// What to look for in the library: a line for serial number or date, and behind a button
+/// exceedance, fault, duration, days and notes. The button stays down while one of these is asked
+/// for.
 class LibraryFilterBar : public QWidget
 {
     Q_OBJECT
@@ -41,6 +42,8 @@ signals:
 private:
     QWidget* createMore();
     void connectFields();
+    void showMore();
+    bool isFiltering() const;
 
     QTimer m_timer;
     QLineEdit* m_search;
