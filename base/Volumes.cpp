@@ -1,5 +1,7 @@
 #include "base/Volumes.h"
 
+#include "base/SystemDrives.h"
+
 #include <QFile>
 #include <QList>
 
@@ -45,7 +47,7 @@ bool isRemovableDisk(const QByteArray& device)
 QByteArray mountTable()
 {
     QFile file(QStringLiteral("/proc/self/mounts"));
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : System::removableDrives();
 }
 
 std::vector<Volume> removableVolumes(const QByteArray& table)
@@ -53,6 +55,12 @@ std::vector<Volume> removableVolumes(const QByteArray& table)
     std::vector<Volume> volumes;
     for (const QByteArray& line : table.split('\n')) {
         const QList<QByteArray> fields = line.split(' ');
+        if (fields.size() == 4 && fields[0] == "drive") {
+            const QString label = QString::fromUtf8(unescaped(fields[2]));
+            const QString drive = QString::fromUtf8(fields[1]);
+            volumes.push_back({label.isEmpty() ? drive : label, drive});
+            continue;
+        }
         if (fields.size() < 3 || !fields[0].startsWith("/dev/") ||
             std::ranges::none_of(localTypes, [&](const char* type) { return fields[2] == type; }))
             continue;

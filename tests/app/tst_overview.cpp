@@ -221,6 +221,7 @@ void TestOverview::removableVolumes_data()
     row("fixed disk", "/dev/nodisk7 /data ext4 rw 0 0", "");
     row("root", "/dev/sdz1 / ext4 rw 0 0", "");
     row("cut", "/dev/sdz1 /media/x", "");
+    row("drive letter", "drive E:/ MY\\040CARD 0", "E:/");
 }
 
 void TestOverview::removableVolumes()
@@ -230,6 +231,9 @@ void TestOverview::removableVolumes()
     const std::vector<Volume> found = KOLT::removableVolumes("proc /proc proc rw 0 0\n" + line);
     QCOMPARE(found.empty() ? QString() : found.front().path, path);
     QVERIFY(found.size() <= 1);
+    if (path == "E:/")
+        QCOMPARE(KOLT::removableVolumes(line + "\ndrive F:/  0\n"),
+                 (std::vector<Volume>{{"MY CARD", "E:/"}, {"F:/", "F:/"}}));
 }
 
 QTEST_MAIN(TestOverview)
