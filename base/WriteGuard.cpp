@@ -205,7 +205,8 @@ QString writeObjection(const QString& path)
             .arg(QDir::toNativeSeparators(path));
     const bool isOwn = !own.isEmpty() && isWithin(own, *target);
     for (const QString& folder : folders) {
-        if (!isWithin(folder, *target) || (isOwn && isWithin(folder, System::nativePath(resolvedPath(own)))))
+        if (!isWithin(folder, *target) ||
+            (isOwn && isWithin(folder, System::nativePath(resolvedPath(own)))))
             continue;
         return Text::tr("Nothing is written to the folder of the recordings, so that they remain "
                         "unchanged. Please choose another folder than\n%1")
