@@ -16,8 +16,8 @@ struct Volume
     bool operator==(const Volume&) const = default;
 };
 
-/// The system's table of mounts, as in /proc/self/mounts, or of its drives (SystemDrives.h); empty on
-/// systems that have neither.
+/// The system's table of mounts, as in /proc/self/mounts, or of its drives (SystemDrives.h); empty
+/// on systems that have neither.
 QByteArray mountTable();
 
 /// The local removable volumes of such a table. Looks at no file system but the kernel's own: a
