@@ -169,7 +169,7 @@
          min="0" max="45" format="%.0f" state="[Alternator Current_STATE]">
         <steps of="Alternator Current"/>
     </bar>
-    <bar style="scale" x="494" y="474" width="208" label="FUEL P" unit="=imperial ? 'psi' : 'bar'"
+    <bar style="scale" x="494" y="474" width="208" label="FUEL P" unit="=imperial ? 'psi' : 'bar'" size="22"
          value="[Fuel Pressure A]" value2="[Fuel Pressure B]" min="2" max="4"
          digits="[Fuel Pressure A] * bar" digits2="[Fuel Pressure B] * bar"
          format="=imperial ? '%.0f' : '%.1f'" state="[Fuel Pressure A_STATE]"
