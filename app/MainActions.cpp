@@ -65,14 +65,20 @@ MainActions::MainActions(QMainWindow& window)
     create(Command::Engine, tr("Engine..."), {},
            tr("Show what an engine has lived through, and what is due"));
     create(Command::Notes, tr("Notes..."), {}, tr("Show and write notes on the loaded recording"));
-    const std::pair<Command, const char*> icons[] = {
-        {Command::OpenDataFolder, "open-folder"}, {Command::ExportKml, "export-kml"},
-        {Command::ExportCsv, "export-csv"},       {Command::ExportGpx, "gpx-export"},
-        {Command::DaySheet, "day-sheet"},         {Command::Recording, "recording"},
-        {Command::EngineReport, "engine-report"}, {Command::ImportCard, "import-card"},
-        {Command::Engine, "cycle"},               {Command::Notes, "file"},
-        {Command::Preferences, "preferences"},    {Command::About, "about"},
-        {Command::ProfileInfo, "profile"},        {Command::Help, "help"}};
+    const std::pair<Command, const char*> icons[] = {{Command::OpenDataFolder, "open-folder"},
+                                                     {Command::ExportKml, "export-kml"},
+                                                     {Command::ExportCsv, "export-csv"},
+                                                     {Command::ExportGpx, "gpx-export"},
+                                                     {Command::DaySheet, "day-sheet"},
+                                                     {Command::Recording, "recording"},
+                                                     {Command::EngineReport, "engine-report"},
+                                                     {Command::ImportCard, "import-card"},
+                                                     {Command::Engine, "cycle"},
+                                                     {Command::Notes, "file"},
+                                                     {Command::Preferences, "preferences"},
+                                                     {Command::About, "about"},
+                                                     {Command::ProfileInfo, "profile"},
+                                                     {Command::Help, "help"}};
     for (const auto& [command, name] : icons)
         m_actions[command]->setIcon(icon(QLatin1String(name)));
 }
