@@ -290,15 +290,15 @@ bool isInOrder(const Calendar& added, const Calendar& present)
     }
     if (dates.empty())
         return true;
-    const auto [earliest, latest] = std::ranges::minmax(dates);
+    const auto range = std::ranges::minmax(dates);
     const auto after = present.upper_bound(added.rbegin()->first);
     const auto before = std::make_reverse_iterator(present.lower_bound(added.begin()->first));
     const std::vector<QDateTime> earlier = nextDates(before, present.rend());
     const std::vector<QDateTime> later = nextDates(after, present.end());
     const bool isTooLate = std::ranges::all_of(
-        earlier, [&](const QDateTime& date) { return latest.secsTo(date) > tolerance; });
+        earlier, [&](const QDateTime& date) { return range.max.secsTo(date) > tolerance; });
     const bool isTooEarly = std::ranges::all_of(
-        later, [&](const QDateTime& date) { return date.secsTo(earliest) > tolerance; });
+        later, [&](const QDateTime& date) { return date.secsTo(range.min) > tolerance; });
     return (earlier.empty() || !isTooLate) && (later.empty() || !isTooEarly);
 }
 
