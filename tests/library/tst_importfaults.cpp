@@ -35,8 +35,19 @@ Fault fault;
 std::atomic<int> countdown = 0; ///< which call fails: 1 is the next; 0: none
 std::atomic<int> hits = 0;
 
+int lie = 0; ///< which write of a record file changes a byte: 1 is the next; 0: none
+
+bool isRecord(const void* bytes, size_t size)
+{
+    return size > 128 && std::memcmp(bytes, "\xBA\xAB", 2) == 0;
+}
+
+unsigned pauseMicroseconds = 0; ///< before a rename, for others to interfere
+
 bool fails(Call call)
 {
+    if (call == Rename && pauseMicroseconds > 0)
+        usleep(pauseMicroseconds);
     if (countdown <= 0 || (fault.call >= 0 && fault.call != call))
         return false;
     if (countdown.load() > 1) {
@@ -82,7 +93,19 @@ KOLT_OPEN(open64)
         return fails(call) ? -1 : real arguments;                                                  \
     }
 KOLT_CALL(ssize_t, read, Read, (int file, void* bytes, size_t size), (file, bytes, size))
-KOLT_CALL(ssize_t, write, Write, (int file, const void* bytes, size_t size), (file, bytes, size))
+
+ssize_t write(int file, const void* bytes, size_t size)
+{
+    static auto* const real = systemCall<ssize_t(int, const void*, size_t)>("write");
+    if (fails(Write))
+        return -1;
+    if (!isRecord(bytes, size) || lie == 0 || --lie > 0)
+        return real(file, bytes, size);
+    QByteArray changed(static_cast<const char*>(bytes), static_cast<qsizetype>(size));
+    changed[200] = static_cast<char>(~changed[200]);
+    return real(file, changed.constData(), size);
+}
+
 KOLT_CALL(int, fsync, Sync, (int file), (file))
 KOLT_CALL(int, rename, Rename, (const char* from, const char* to), (from, to))
 KOLT_CALL(int, mkdir, MakeFolder, (const char* path, mode_t mode), (path, mode))
@@ -106,6 +129,7 @@ private slots:
     void killedAtAnyCall();
     void eachFaultIsTold_data();
     void eachFaultIsTold();
+    void diskThatLies();
     void fullDisk();
     void pulledCard();
     void severalImportersAtOnce();
@@ -274,6 +298,20 @@ void TestImportFaults::eachFaultIsTold()
     }
 }
 
+void TestImportFaults::diskThatLies()
+{
+    // Six files are new: 7 and 8 are there already.
+    for (int n = 1; n <= 6; ++n) {
+        startOver();
+        lie = n;
+        const ImportResult result = importInto(path("lib"), path("card"));
+        QCOMPARE(lie, 0);
+        QVERIFY2(result.failed.size() == 1 && result.safe() == 7, qPrintable(told(result)));
+        QCOMPARE(wrong(), QString());
+        complete();
+    }
+}
+
 void TestImportFaults::fullDisk()
 {
     std::signal(SIGXFSZ, SIG_IGN);
@@ -320,6 +358,7 @@ void TestImportFaults::severalImportersAtOnce()
         const QString card = path("part" + QString::number(part));
         QVERIFY(writeCard(card, content));
         children.push_back(inChild([&] {
+            pauseMicroseconds = 3000;
             const ImportResult result = importInto(path("lib"), card);
             _exit(result.isComplete() && result.safe() == static_cast<int>(content.size()) ? 0 : 1);
         }));
