@@ -59,10 +59,16 @@ public:
             start(*worker);
         if (!isDone())
             m_loop.exec();
+        for (const auto& worker : m_workers) { // those that were killed
+            if (worker->process != nullptr)
+                worker->process->waitForFinished(killMilliseconds);
+        }
         return std::move(m_result);
     }
 
 private:
+    static constexpr int killMilliseconds = 10'000;
+
     /// Two cycles each, so that none waits for the database.
     static constexpr std::size_t cyclesAhead = 2;
 

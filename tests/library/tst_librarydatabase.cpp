@@ -1,6 +1,7 @@
 #include "library/database/FiguresText.h"
 #include "library/database/LibraryDatabase.h"
 #include "library/database/LibraryQueries.h"
+#include "library/database/LibraryUpdate.h"
 #include "tests/support/LibraryData.h"
 #include "tests/support/PostgresServer.h"
 
@@ -35,6 +36,25 @@ int storeCycles(const QString& library, const QString& archive, int first, int b
             return 1;
         }
         std::puts("stored");
+        std::fflush(stdout);
+    }
+    return 0;
+}
+
+constexpr int badCycle = 7;
+
+/// In place of kolt-cli: figures made up, and a cycle that ends the process.
+int workOutFigures()
+{
+    QFile input;
+    if (!input.open(stdin, QIODevice::ReadOnly))
+        return 1;
+    for (QByteArray line = input.readLine(); !line.isEmpty(); line = input.readLine()) {
+        const ArchivedCycle cycle = *cycleFrom(line.trimmed());
+        const int number = cycle.folder.section('/', 2).section(' ', 0, 0).toInt();
+        if (number == badCycle)
+            std::_Exit(3);
+        std::puts(lineOf(FoundFigures{someFigures(number), {}}).constData());
         std::fflush(stdout);
     }
     return 0;
@@ -489,6 +509,72 @@ private slots:
         }
     }
 
+    void updateGoesOnPastBadCycles()
+    {
+        LibraryDatabase database;
+        QVERIFY(database.open(m_address, Access::Create));
+        QVERIFY(database.storeCycle(someCycle(500), someFigures(500), someSource()));
+        std::vector<ArchivedCycle> archive;
+        for (int i = 0; i < 20; ++i)
+            archive.push_back(someCycle(i));
+        const auto plan = planUpdate(database, archive, {}, someSource());
+        QCOMPARE(plan.value.cycles.size(), 20);
+        QCOMPARE(plan.value.removed, QStringList{someCycle(500).folder});
+
+        ArchivedCycle grown = someCycle(3); // another import adds a file meanwhile
+        grown.files.push_back({"REC99999.CAN", QString(64, 'a'), 5});
+        UpdateOptions options;
+        options.source = someSource();
+        options.worker = {QCoreApplication::applicationFilePath(), {"figures"}, 3};
+        options.current = [&](const QString& folder) -> std::optional<ArchivedCycle> {
+            if (folder == grown.folder)
+                return grown;
+            const auto found = std::ranges::find(archive, folder, &ArchivedCycle::folder);
+            return folder == archive[5].folder ? std::nullopt : std::optional(*found);
+        };
+        qsizetype last = 0;
+        options.progress = [&](const UpdateProgress& progress) {
+            last = progress.done;
+            return true;
+        };
+        const UpdateResult result = updateLibrary(database, plan.value, options);
+        QCOMPARE(result.error, QString());
+        QCOMPARE(result.failed.size(), 1);
+        QVERIFY(result.failed[0].startsWith(someCycle(badCycle).folder + ": "));
+        QCOMPARE(result.cycles, 18); // without the bad one and the one that was taken away
+        QCOMPARE(last, 20);
+        checkWhole(m_address);
+        archive[3] = grown;
+        archive.erase(archive.begin() + 5);
+        const auto rest = planUpdate(database, archive, {}, someSource());
+        QCOMPARE(rest.value.removed, QStringList());
+        QCOMPARE(rest.value.cycles.size(), 1); // the bad one is tried again next time
+        QCOMPARE(rest.value.cycles[0].folder, someCycle(badCycle).folder);
+    }
+
+    void updateEndsEarly()
+    {
+        LibraryDatabase database;
+        QVERIFY(database.open(m_address, Access::Create));
+        UpdatePlan plan;
+        for (int i = 10; i < 30; ++i)
+            plan.cycles << someCycle(i);
+        UpdateOptions options;
+        options.source = someSource();
+        options.worker = {QCoreApplication::applicationFilePath(), {"figures"}, 2};
+        options.progress = [](const UpdateProgress& progress) { return progress.done < 4; };
+        const UpdateResult cancelled = updateLibrary(database, plan, options);
+        QVERIFY(cancelled.isCancelled);
+        QCOMPARE(cancelled.cycles, 4);
+        QCOMPARE(ask(m_address, "SELECT 1 AS n FROM cycle").size(), 4);
+        options.progress = {};
+        options.worker.program = "/nowhere/kolt-cli";
+        QVERIFY(updateLibrary(database, plan, options).error.contains("/nowhere/kolt-cli"));
+        options.worker = {QCoreApplication::applicationFilePath(), {"refuse"}, 2};
+        QVERIFY(updateLibrary(database, plan, options).error.contains("status 2"));
+        checkWhole(m_address);
+    }
+
     void readsOnly_data()
     {
         QTest::addColumn<QString>("sql");
@@ -741,6 +827,10 @@ int main(int argc, char** argv)
     const QStringList arguments = QCoreApplication::arguments();
     if (arguments.value(1) == "store")
         return storeCycles(arguments[2], arguments[3], arguments[4].toInt(), arguments[5].toInt());
+    if (arguments.value(1) == "figures")
+        return workOutFigures();
+    if (arguments.value(1) == "refuse")
+        return 2;
     TestLibraryDatabase test;
     return QTest::qExec(&test, argc, argv);
 }
