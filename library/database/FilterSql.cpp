@@ -49,13 +49,14 @@ void addCycle(const LibraryFilter& filter, Condition& condition)
     condition.add(QStringLiteral("c.folder IN (%1)").arg(places.join(QLatin1Char(','))), values);
 }
 
-/// The rows that have an episode or a fault: found once, not for each row.
+/// Begins a condition that there is an episode or a fault, which ")" ends. For cycles they are
+/// found once, for flights one after the other, as most questions need only the newest few.
 QString among(bool isFlight, const QString& table)
 {
-    return isFlight
-               ? QStringLiteral("(f.cycle, f.number) IN (SELECT x.cycle, x.flight FROM %1 x WHERE ")
-                     .arg(table)
-               : QStringLiteral("c.id IN (SELECT x.cycle FROM %1 x WHERE ").arg(table);
+    return isFlight ? QStringLiteral("c.%1s > 0 AND EXISTS (SELECT 1 FROM %1 x "
+                                     "WHERE x.cycle = c.id AND x.flight = f.number AND ")
+                          .arg(table)
+                    : QStringLiteral("c.id IN (SELECT x.cycle FROM %1 x WHERE ").arg(table);
 }
 
 void addEpisode(const LibraryFilter& filter, bool isFlight, Condition& condition)
@@ -125,7 +126,8 @@ Condition flightCondition(const LibraryFilter& filter)
     Condition condition{QStringLiteral("1 = 1"), {}};
     addCycle(filter, condition);
     if (filter.exceeded)
-        condition.add(QStringLiteral("f.worst >= ?"), {static_cast<int>(*filter.exceeded)});
+        condition.add(QStringLiteral("c.worst >= ? AND f.worst >= ?"),
+                      {static_cast<int>(*filter.exceeded), static_cast<int>(*filter.exceeded)});
     addEpisode(filter, true, condition);
     addFault(filter, true, condition);
     addDuration(filter, condition);

@@ -374,6 +374,11 @@ private slots:
             << filterWith([=](auto& f) { f.folders = QStringList(); }) << 0 << 0;
         QTest::newRow("a letter that stands for any")
             << filterWith([=](auto& f) { f.serial = "1_0%"; }) << 0 << 0;
+        int faulty = 0; // none of these faults lies in a flight
+        for (int i = 0; i < cycleCount; ++i)
+            faulty += someFigures(i).faults.empty() ? 0 : 1;
+        QTest::newRow("fault") << filterWith([](auto& f) { f.fault = "LANE a 100% it's"; }) << 0
+                               << faulty;
         const auto has = [](const CycleFigures& figures, int k, auto&& matches) {
             return std::ranges::any_of(figures.episodes, [&](const EpisodeRecord& one) {
                 return one.flight == k + 1 && matches(one);
