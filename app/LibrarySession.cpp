@@ -199,7 +199,8 @@ void LibrarySession::update()
                            &m_window);
     dialog.setWindowTitle(tr("Library"));
     dialog.setWindowModality(Qt::WindowModal);
-    dialog.show();
+    dialog.setMinimumDuration(0);
+    dialog.setValue(0);
     UpdateOptions options;
     options.source = figuresSource(m_profile);
     options.worker = figuresWorker(m_archive.root(), m_profile);

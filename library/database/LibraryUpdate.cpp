@@ -9,6 +9,7 @@
 #include <QFileInfo>
 #include <QProcess>
 #include <QThread>
+#include <QTimer>
 
 #include <algorithm>
 #include <deque>
@@ -117,8 +118,20 @@ private:
         }
     }
 
+    /// While progress is told, which may process events, nothing else is taken up: an answer would
+    /// be taken for one of another cycle. True if `again` is called later instead.
+    template <typename Again>
+    bool isPostponed(Worker& worker, Again again)
+    {
+        if (m_isTelling)
+            QTimer::singleShot(0, worker.process.get(), again);
+        return m_isTelling;
+    }
+
     void read(Worker& worker)
     {
+        if (isPostponed(worker, [this, &worker] { read(worker); }))
+            return;
         while (!m_isEnded && worker.process->canReadLine() && !worker.given.empty()) {
             const QByteArray line = worker.process->readLine().trimmed();
             const ArchivedCycle cycle = worker.given.front();
@@ -179,7 +192,10 @@ private:
     {
         ++m_progress.done;
         m_progress.folder = cycle.folder;
-        if (!m_options.progress || m_options.progress(m_progress))
+        m_isTelling = true;
+        const bool goesOn = !m_options.progress || m_options.progress(m_progress);
+        m_isTelling = false;
+        if (goesOn)
             return;
         m_result.isCancelled = true;
         end({});
@@ -188,6 +204,8 @@ private:
     /// The process has ended; with cycles left, it should not have.
     void ended(Worker& worker)
     {
+        if (isPostponed(worker, [this, &worker] { ended(worker); }))
+            return;
         read(worker);
         if (m_isEnded)
             return;
@@ -237,6 +255,7 @@ private:
     const UpdateOptions& m_options;
     std::deque<ArchivedCycle> m_waiting;
     UpdateProgress m_progress;
+    bool m_isTelling = false;
     UpdateResult m_result;
     QEventLoop m_loop;
     bool m_isEnded = false;

@@ -1,8 +1,10 @@
 #include "library/archive/CardImport.h"
+#include "library/database/LibraryUpdate.h"
 #include "library/ledger/EngineLedger.h"
 #include "tests/support/TestFiles.h"
 #include "tools/samplecard/SampleHistory.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -26,6 +28,7 @@ private slots:
     void initTestCase();
     void equalsTheCountersAndTheTruth();
     void anyOrderOfImportsGivesTheSame();
+    void processesAnswerForTheirCycles();
 
 private:
     QStringList cards() const
@@ -182,6 +185,49 @@ void TestLedger::anyOrderOfImportsGivesTheSame()
         QVERIFY(text.size() > 20);
         QCOMPARE(ledgerText(second, name), text);
         QCOMPARE(ledgerText(third, name), text);
+    }
+}
+
+/// A window processes events while it shows progress; answers that come meanwhile are still taken
+/// for the cycles that they are of.
+void TestLedger::processesAnswerForTheirCycles()
+{
+    if (qEnvironmentVariableIsSet("KOLT_HISTORY_FLIGHTS"))
+        QSKIP("with few flights only");
+    const QTemporaryDir folder;
+    LibraryDatabase expected;
+    QVERIFY(makeLibrary(folder.path(), cards(), expected));
+    const QTemporaryDir other;
+    Archive archive;
+    QVERIFY(Archive::create(other.path()).isEmpty() && archive.open(other.path()));
+    for (const QString& card : cards())
+        QVERIFY(CardImport(archive, card).run().isComplete());
+    const auto cycles = archive.cycles();
+    LibraryDatabase database;
+    QVERIFY(database.open({other.path(), {}}, LibraryDatabase::Access::Create));
+    UpdateOptions options;
+    options.source = figuresSource(m_profile);
+    options.worker = figuresWorker(other.path(), m_profile);
+    options.worker.processes = 1;
+    options.progress = [](const UpdateProgress& progress) {
+        if (progress.done < 4) // until the next answer is there
+            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+        return true;
+    };
+    const UpdateResult result =
+        updateLibrary(database, {QList<ArchivedCycle>(cycles.begin(), cycles.end()), {}}, options);
+    QVERIFY2(result.error.isEmpty(), qPrintable(result.error));
+    QCOMPARE(result.failed, QStringList());
+    QCOMPARE(result.cycles, static_cast<int>(cycles.size()));
+    LibraryQueries found(database);
+    LibraryQueries known(expected);
+    const auto rows = found.cycles(LibraryFilter());
+    QCOMPARE(rows.value.size(), cycles.size());
+    for (const CycleRow& row : rows.value) {
+        const auto same = known.cycle(row.folder);
+        QVERIFY(same && same.value);
+        QCOMPARE(row.sums.flights, same.value->sums.flights);
+        QCOMPARE(row.sums.runSeconds, same.value->sums.runSeconds);
     }
 }
 
