@@ -90,6 +90,7 @@ EngineWindow::EngineWindow(QWidget* parent)
     top->addWidget(m_state, 1);
     auto* const middle = new QHBoxLayout;
     m_figureRows->setContentsMargins(0, 0, 0, 0);
+    m_figureRows->setRowWrapPolicy(QFormLayout::WrapLongRows);
     middle->addWidget(scrolled(m_figures), 2);
     middle->addWidget(scrolled(m_view), 3);
     m_tabs->addTab(createMaintenance(), tr("Maintenance"));
@@ -258,7 +259,6 @@ void EngineWindow::fillFigures()
     for (const auto& [name, value] : ledgerFigures(m_ledger)) {
         auto* const label = new QLabel(value);
         label->setTextInteractionFlags(Qt::TextSelectableByMouse);
-        label->setWordWrap(true);
         m_figureRows->addRow(name, label);
     }
 }

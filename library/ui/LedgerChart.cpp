@@ -179,7 +179,7 @@ void paintBands(QPainter& painter, const QRectF& area, const LedgerChart& chart,
     const QFontMetricsF metrics = painter.fontMetrics();
     painter.setPen(colors.text);
     painter.drawText(area, Qt::AlignLeft | Qt::AlignTop,
-                     Text::tr("Time in the limit bands: beyond a warning, beyond a limit"));
+                     Text::tr("Time beyond a warning, beyond a limit"));
     double names = 0.0;
     double times = 0.0;
     for (const LedgerBand& band : chart.bands)

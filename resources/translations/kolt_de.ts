@@ -3216,8 +3216,8 @@ Bitte prüfen Sie, ob der Ordner beschreibbar und nicht voll ist. Das vorherige 
         <translation>Stunden jedes Monats, und seine Flüge</translation>
     </message>
     <message>
-        <source>Time in the limit bands: beyond a warning, beyond a limit</source>
-        <translation>Zeit in den Grenzwertbereichen: über einer Warnung, über einem Grenzwert</translation>
+        <source>Time beyond a warning, beyond a limit</source>
+        <translation>Zeit über einer Warnung, über einem Grenzwert</translation>
     </message>
 </context>
 <context>
