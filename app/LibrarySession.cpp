@@ -19,6 +19,7 @@
 #include <QProgressDialog>
 
 #include <algorithm>
+#include <type_traits>
 
 namespace KOLT {
 
@@ -332,7 +333,7 @@ void LibrarySession::notesChanged()
     if (m_database == nullptr)
         return;
     read();
-    showPage();
+    m_page->setNoted(notedFolders(*m_database, m_written.notes).value); // the tree stays open
     if (m_engine != nullptr && m_engine->isVisible())
         showLedger(m_engine->engine());
 }
@@ -368,6 +369,8 @@ void LibrarySession::save(Item item)
                                        "as it is the later one.")
                                         .arg(saved.replaced));
     notesChanged();
+    if constexpr (std::is_same_v<Item, AircraftName>)
+        showPage();
 }
 
 } // namespace KOLT
