@@ -1,6 +1,5 @@
 #include "library/ledger/UnitUse.h"
 
-#include "library/database/LibraryRows.h"
 #include "library/database/QueryRows.h"
 
 #include <algorithm>
@@ -18,15 +17,15 @@ void addUndated(const std::vector<CountedCycle>& cycles, const QString& engine, 
 {
     for (const CountedCycle& cycle : cycles) {
         const std::optional<CounterSpan>& span = cycle.*spanOf;
-        if (!span || cycle.dateTime.isValid() || cycle.engine != engine)
+        if (!span || !cycle.time.isEmpty() || cycle.engine != engine)
             continue;
         const double within = std::max(0.0, span->last - span->first);
         const bool hasBefore = std::ranges::any_of(cycles, [&](const CountedCycle& other) {
-            return other.unit == cycle.unit && other.dateTime.isValid() && other.*spanOf &&
+            return other.unit == cycle.unit && !other.time.isEmpty() && other.*spanOf &&
                    (other.*spanOf)->last <= span->first;
         });
         const bool hasBehind = std::ranges::any_of(cycles, [&](const CountedCycle& other) {
-            return other.unit == cycle.unit && other.dateTime.isValid() && other.*spanOf &&
+            return other.unit == cycle.unit && !other.time.isEmpty() && other.*spanOf &&
                    (other.*spanOf)->first >= span->last;
         });
         use.recorded += within;
@@ -39,10 +38,10 @@ CountedUse useOf(const std::vector<CountedCycle>& cycles, const QString& engine,
 {
     CountedUse use;
     const CountedCycle* before = nullptr; // in the same unit, with a reading
-    QDateTime latest;
+    QString latest;
     for (const CountedCycle& cycle : cycles) {
         const std::optional<CounterSpan>& span = cycle.*spanOf;
-        if (!span || !cycle.dateTime.isValid())
+        if (!span || cycle.time.isEmpty())
             continue;
         const bool follows = before != nullptr && before->unit == cycle.unit;
         if (cycle.engine == engine) {
@@ -51,21 +50,21 @@ CountedUse useOf(const std::vector<CountedCycle>& cycles, const QString& engine,
             const double within = std::max(0.0, span->last - span->first);
             use.used += within;
             use.recorded += within;
-            if (!use.last || latest <= cycle.dateTime) {
+            if (!use.last || latest <= cycle.time) {
                 use.last = span->last;
-                latest = cycle.dateTime;
+                latest = cycle.time;
             }
         }
         before = &cycle;
     }
     addUndated(cycles, engine, spanOf, use);
-    QDateTime earliest;
+    QString earliest;
     for (const CountedCycle& cycle : cycles) {
         const std::optional<CounterSpan>& span = cycle.*spanOf;
-        const bool counts = span && cycle.dateTime.isValid() && cycle.engine == engine;
-        if (counts && (!use.first || cycle.dateTime < earliest)) {
+        const bool counts = span && !cycle.time.isEmpty() && cycle.engine == engine;
+        if (counts && (!use.first || cycle.time < earliest)) {
             use.first = span->first;
-            earliest = cycle.dateTime;
+            earliest = cycle.time;
         }
     }
     return use;
@@ -98,7 +97,7 @@ Answer<std::vector<CountedCycle>> countedCycles(LibraryDatabase& database, const
             constexpr int hours = 3;
             constexpr int starts = 5;
             return CountedCycle{static_cast<quint32>(query.value(0).toLongLong()),
-                                query.value(1).toString(), dateTimeFrom(query.value(time)),
+                                query.value(1).toString(), query.value(time).toString(),
                                 span(hours), span(starts)};
         });
 }

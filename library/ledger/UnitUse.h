@@ -23,7 +23,7 @@ struct CountedCycle
 {
     quint32 unit = 0;
     QString engine;
-    QDateTime dateTime;
+    QString time; ///< as the database has it, in order as text; empty without a date
     std::optional<CounterSpan> hours;
     std::optional<CounterSpan> starts;
 };

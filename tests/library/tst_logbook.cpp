@@ -209,7 +209,7 @@ void TestLogbook::countersOfUnits()
     const auto cycle = [](quint32 unit, const char* engine, int day, double from, double to) {
         const QDateTime time =
             day > 0 ? QDateTime(QDate(2025, 1, 1).addDays(day), QTime(9, 0), Qt::UTC) : QDateTime();
-        return CountedCycle{unit, engine, time, CounterSpan{from, to}, {}};
+        return CountedCycle{unit, engine, time.toString(Qt::ISODate), CounterSpan{from, to}, {}};
     };
     const std::vector<CountedCycle> cycles{
         cycle(1, "A", 1, 100.0, 101.0), cycle(1, "A", 2, 103.0, 104.0), // 2 h without a card
