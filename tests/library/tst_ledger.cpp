@@ -210,8 +210,11 @@ void TestLedger::processesAnswerForTheirCycles()
     options.worker = figuresWorker(other.path(), m_profile);
     options.worker.processes = 1;
     options.progress = [](const UpdateProgress& progress) {
-        if (progress.done < 4) // until the next answer is there
+        if (progress.done < 4) { // until the next answer is there, unless it was there before
+            QTimer wake;
+            wake.start(200);
             QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+        }
         return true;
     };
     const UpdateResult result =
