@@ -42,13 +42,15 @@ private:
         return m_dialog->findChild<QAbstractButton*>(QLatin1String(name));
     }
 
+    static constexpr int patience = 60000; ///< milliseconds: a copy waits for the disk
+
     /// Presses "Import" and waits for the end.
     void import()
     {
         QSignalSpy finished(&m_dialog->runner(), &ImportRunner::signalFinished);
         button("importStart")->click();
-        QTRY_VERIFY(!finished.isEmpty() || !m_dialog->runner().isRunning());
-        QTRY_VERIFY(!m_dialog->runner().isRunning());
+        QTRY_VERIFY_WITH_TIMEOUT(!finished.isEmpty() || !m_dialog->runner().isRunning(), patience);
+        QTRY_VERIFY_WITH_TIMEOUT(!m_dialog->runner().isRunning(), patience);
     }
 
     std::unique_ptr<QTemporaryDir> m_directory;
@@ -127,7 +129,7 @@ void TestDialogImport::closingCancels()
     button("importStart")->click();
     QVERIFY(m_dialog->runner().isRunning());
     m_dialog->close();
-    QTRY_VERIFY(!m_dialog->runner().isRunning());
+    QTRY_VERIFY_WITH_TIMEOUT(!m_dialog->runner().isRunning(), patience);
     const auto result = finished[0][0].value<ImportResult>();
     QVERIFY(result.isCancelled && result.safe() < 200);
     m_dialog->open({path("lib")}, path("large"));
