@@ -41,15 +41,18 @@ private:
     void look()
     {
         QWidget* const modal = QApplication::activeModalWidget();
-        if (modal == nullptr)
+        // A dialog that processes events while it works for its handler is not to be dismissed.
+        if (modal == nullptr || modal == m_handled)
             return;
         if (qobject_cast<QMessageBox*>(modal) == nullptr &&
             qobject_cast<QFileDialog*>(modal) == nullptr && !m_handlers.empty()) {
             // Queued, so that this timer goes on and handles boxes that open meanwhile.
             QMetaObject::invokeMethod(
                 modal,
-                [modal, handler = std::move(m_handlers.front())] {
+                [this, modal, handler = std::move(m_handlers.front())] {
+                    m_handled = modal;
                     handler(*qobject_cast<QDialog*>(modal));
+                    m_handled = nullptr;
                 },
                 Qt::QueuedConnection);
             m_handlers.pop_front();
@@ -106,6 +109,7 @@ private:
     std::deque<QString> m_answers;
     std::deque<std::function<void(QDialog&)>> m_handlers;
     QStringList m_seen;
+    QWidget* m_handled = nullptr; ///< while its handler runs
 };
 
 } // namespace KOLT::Test
