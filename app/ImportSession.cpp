@@ -2,8 +2,8 @@
 
 #include "app/CardSession.h"
 #include "app/SettingsSaver.h"
-#include "app/settings/ArchiveSettingsStore.h"
 #include "app/settings/KnownLibraries.h"
+#include "app/settings/LibrarySettingsStore.h"
 #include "base/WriteGuard.h"
 #include "library/ui/DialogImport.h"
 
@@ -29,7 +29,9 @@ void ImportSession::open()
                 &ImportSession::signalMessage);
         connect(m_dialog, &Library::DialogImport::signalSettings, this,
                 [this](const Library::ArchiveSettings& settings) {
-                    storeArchiveSettings(settings, m_settings);
+                    Library::LibraryAddress address = loadLibraryAddress(m_settings);
+                    address.archive = settings.folder;
+                    storeLibraryAddress(address, m_settings);
                     rememberLibrary(settings.folder);
                     saveSettings(m_dialog);
                 });
@@ -39,14 +41,14 @@ void ImportSession::open()
         connect(&runner, &Library::ImportRunner::signalCycleRemoved, this,
                 &ImportSession::signalCycleRemoved);
     }
-    m_dialog->open(loadArchiveSettings(m_settings), proposedCard());
+    m_dialog->open({loadLibraryAddress(m_settings).archive}, proposedCard());
 }
 
 /// A cycle of the library that is open is no card.
 QString ImportSession::proposedCard() const
 {
     const CardContainer& card = m_card.container();
-    const QString library = loadArchiveSettings(m_settings).folder;
+    const QString library = loadLibraryAddress(m_settings).archive;
     const bool isInLibrary = !library.isEmpty() && isBelow(library, card.folder());
     return card.files().empty() || isInLibrary ? QString() : card.folder();
 }
