@@ -5,6 +5,7 @@
 // steps are compared with such a window.
 
 #include "analysis/ui/DialogDataTable.h"
+#include "analysis/ui/ReplayBar.h"
 #include "app/DataWindow.h"
 #include "app/settings/SettingsStore.h"
 #include "benchmarks/BenchData.h"
@@ -14,15 +15,24 @@
 #include "resources/Resources.h"
 
 #include <QApplication>
+#include <QDoubleSpinBox>
+#include <QElapsedTimer>
+#include <QEventLoop>
 #include <QOpenGLFunctions>
 #include <QOpenGLWidget>
 #include <QPainter>
 #include <QPixmap>
 #include <QScrollBar>
 #include <QTableView>
+#include <QTimer>
 
+#include <array>
 #include <benchmark/benchmark.h>
+#include <cstdio>
+#include <cstdlib>
+#include <ctime>
 #include <memory>
+#include <utility>
 
 using namespace KOLT;
 
@@ -250,6 +260,48 @@ void composeTable(benchmark::State& state)
     }
 }
 
+/// The part of a processor that the window needs at the replay's highest speed, with this page in
+/// front, in percent. Times are of the process, so that other work does not count.
+double replayShare(DialogData::Page page)
+{
+    card().container.loadFlight(cycle, 0);
+    const auto window = openWindow();
+    window->setData(card().dataSet());
+    window->setCurrentPage(page);
+    window->findChild<ReplayBar*>()->findChild<QDoubleSpinBox*>()->setValue(Replay::maxSpeed);
+    window->toggleReplay();
+    constexpr int warmUp = 500;
+    constexpr int measured = 3000;
+    QElapsedTimer timer;
+    const auto runFor = [&](int milliseconds) {
+        QEventLoop loop;
+        QTimer::singleShot(milliseconds, &loop, &QEventLoop::quit);
+        loop.exec();
+    };
+    runFor(warmUp);
+    const int paintedBefore = painted->count;
+    const std::clock_t before = std::clock();
+    timer.start();
+    runFor(measured);
+    const double busy = static_cast<double>(std::clock() - before) / CLOCKS_PER_SEC;
+    const double share = busy * 1e5 / static_cast<double>(timer.elapsed());
+    if (painted->count == paintedBefore) {
+        std::fprintf(stderr, "nothing was painted during the replay\n");
+        std::exit(1);
+    }
+    return share;
+}
+
+constexpr std::array<std::pair<DialogData::Page, const char*>, 7> replayedPages{{
+    {DialogData::Page::Table, "data table"},
+    {DialogData::Page::Graph, "graph"},
+    {DialogData::Page::FaultMatrix, "faults"},
+    {DialogData::Page::Limit, "limits"},
+    {DialogData::Page::WarningLamps, "lamps"},
+    {DialogData::Page::Statistic, "statistic"},
+    {DialogData::Page::EmuView, "instruments"},
+}};
+
 std::vector<Bench::Figure> figures()
 {
     using Bench::Bound;
@@ -274,6 +326,10 @@ std::vector<Bench::Figure> figures()
              {"scrolling a page of 2,000,000 rows, ms", scrollPage, nullptr, Bound::AtMost, 16.0},
              {"scrolling a page / painting as many texts", scrollPage, paintTexts, Bound::AtMost,
               10.0}});
+    for (const auto& [page, name] : replayedPages)
+        result.push_back({std::string("replay at 100x, ") + name + ", % of a processor", nullptr,
+                          nullptr, Bound::AtMost, TUSK::OpenGL::isAvailable() ? 100.0 : 50.0,
+                          [page = page] { return replayShare(page); }});
     return result;
 }
 
