@@ -45,6 +45,8 @@ OverviewSession::OverviewSession(const Profile& profile, CardSession& card, JobQ
     m_front->addWidget(m_page);
     m_front->addWidget(m_welcome);
     m_data.setFront(m_front);
+    // From the start, so that the map behind it is first drawn when there is something to see.
+    m_data.showFront(true);
     m_volumeTimer.setInterval(volumeMilliseconds);
     connect(&m_volumeTimer, &QTimer::timeout, this, &OverviewSession::offerVolumes);
     connect(&card, &CardSession::signalListed, this, &OverviewSession::showListed);

@@ -96,7 +96,6 @@ DialogProfileInfo::DialogProfileInfo(const Profile& profile, QWidget* parent)
     layout->addWidget(m_check);
     layout->addWidget(buttons);
     resize(dialogSize);
-    refresh();
 }
 
 void DialogProfileInfo::createList()
@@ -151,10 +150,26 @@ void DialogProfileInfo::showCheck()
 
 void DialogProfileInfo::refresh()
 {
+    m_model->refresh(); // always: it refers to the profile
+    m_isOutdated = true;
+    if (isVisible())
+        showProfile();
+}
+
+void DialogProfileInfo::showEvent(QShowEvent* event)
+{
+    if (m_isOutdated)
+        showProfile();
+    QDialog::showEvent(event);
+}
+
+// Not at the start of the program: checking the file alone takes a twentieth of it.
+void DialogProfileInfo::showProfile()
+{
+    m_isOutdated = false;
     showCheck();
     m_header->setText(headerText(m_profile));
     m_list->setSortingEnabled(false);
-    m_model->refresh();
     m_list->resizeColumnsToContents();
     m_widths->restore();
     m_list->verticalHeader()->setDefaultSectionSize(fontMetrics().height() + rowPadding);

@@ -29,10 +29,14 @@ signals:
     /// Another profile file was installed.
     void signalProfileChanged();
 
+protected:
+    void showEvent(QShowEvent* event) override;
+
 private:
     void createList();
     void createCheck();
     void showCheck();
+    void showProfile();
     void install();
 
     const Profile& m_profile;
@@ -44,6 +48,7 @@ private:
     QListWidget* m_check = nullptr; ///< what is doubtful in the file; hidden when nothing is
     QTableView* m_list = nullptr;
     ColumnMemory* m_widths = nullptr;
+    bool m_isOutdated = true; ///< the profile was loaded while the dialog was hidden
 };
 
 } // namespace KOLT
