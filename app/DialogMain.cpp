@@ -11,6 +11,7 @@
 #include "app/MainActions.h"
 #include "app/MenuDialogs.h"
 #include "app/NotesSession.h"
+#include "app/OpenCycleNotice.h"
 #include "app/OverviewSession.h"
 #include "app/ProfileOffer.h"
 #include "app/ProfileSelectors.h"

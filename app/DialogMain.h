@@ -35,6 +35,7 @@ class LibrarySession;
 class MainActions;
 class NotesSession;
 class MenuDialogs;
+class OpenCycleNotice;
 class OverviewSession;
 class ProfileOffer;
 class ProfileSelectors;
@@ -160,6 +161,7 @@ private:
     std::unique_ptr<ProfileOffer> m_profileOffer;
     std::unique_ptr<GraphJump> m_graphJump;
     std::unique_ptr<RecordingNotice> m_recordingNotice; ///< none on the bare display
+    std::unique_ptr<OpenCycleNotice> m_cycleNotice;     ///< likewise
     WidgetNames m_names;
     std::unique_ptr<FocusRing> m_ring;
     std::unique_ptr<KeyCommands> m_keys;

@@ -10,6 +10,7 @@
 #include "app/MainActions.h"
 #include "app/MenuDialogs.h"
 #include "app/NotesSession.h"
+#include "app/OpenCycleNotice.h"
 #include "app/OverviewSession.h"
 #include "app/ProfileOffer.h"
 #include "app/ProfileSelectors.h"
@@ -154,6 +155,8 @@ void DialogMain::createOverview()
             &LibrarySession::noteCycle);
     connect(m_import.get(), &ImportSession::signalCycleRemoved, m_library.get(),
             &LibrarySession::noteRemoved);
+    connect(m_import.get(), &ImportSession::signalChanged, m_library.get(),
+            &LibrarySession::evaluate);
     m_notes = std::make_unique<NotesSession>(*m_card, *m_library, *m_data, *this);
 }
 
@@ -185,7 +188,8 @@ void DialogMain::createNotices()
     auto* const offer = new NoticeBar(m_data);
     auto* const added = new NoticeBar(m_data);
     auto* const notice = new NoticeBar(m_data);
-    for (NoticeBar* bar : {offer, notice, added})
+    auto* const grown = new NoticeBar(m_data);
+    for (NoticeBar* bar : {offer, notice, grown, added})
         m_data->addBar(bar);
     m_graphJump = std::make_unique<GraphJump>(m_profile.profile(), m_parts, *added);
     m_profileOffer = std::make_unique<ProfileOffer>(*offer, *this);
@@ -197,6 +201,13 @@ void DialogMain::createNotices()
     m_recordingNotice = std::make_unique<RecordingNotice>(profile(), *m_card, *notice);
     connect(m_recordingNotice.get(), &RecordingNotice::signalVariant, this,
             qOverload<const QString&>(&DialogMain::slotProfileChanged));
+    m_cycleNotice = std::make_unique<OpenCycleNotice>(*m_card, *grown);
+    connect(m_import.get(), &ImportSession::signalCycleChanged, m_cycleNotice.get(),
+            &OpenCycleNotice::noteCycle);
+    connect(m_import.get(), &ImportSession::signalCycleRemoved, m_cycleNotice.get(),
+            &OpenCycleNotice::noteRemoved);
+    connect(m_cycleNotice.get(), &OpenCycleNotice::signalShow, m_library.get(),
+            &LibrarySession::reloadCycle);
 }
 
 void DialogMain::connectPanels()

@@ -29,19 +29,45 @@ void ImportSession::open()
                 &ImportSession::signalMessage);
         connect(m_dialog, &Library::DialogImport::signalSettings, this,
                 [this](const Library::ArchiveSettings& settings) {
+                    m_archive = settings.folder;
                     Library::LibraryAddress address = loadLibraryAddress(m_settings);
                     address.archive = settings.folder;
                     storeLibraryAddress(address, m_settings);
                     rememberLibrary(settings.folder);
                     saveSettings(m_dialog);
                 });
-        Library::ImportRunner& runner = m_dialog->runner();
-        connect(&runner, &Library::ImportRunner::signalCycleChanged, this,
-                &ImportSession::signalCycleChanged);
-        connect(&runner, &Library::ImportRunner::signalCycleRemoved, this,
-                &ImportSession::signalCycleRemoved);
+        connectRunner();
     }
     m_dialog->open({loadLibraryAddress(m_settings).archive}, proposedCard());
+}
+
+bool ImportSession::isRunning() const
+{
+    return m_dialog != nullptr && m_dialog->runner().isRunning();
+}
+
+bool ImportSession::isOfSettings() const
+{
+    return loadLibraryAddress(m_settings).archive == m_archive;
+}
+
+void ImportSession::connectRunner()
+{
+    Library::ImportRunner& runner = m_dialog->runner();
+    connect(&runner, &Library::ImportRunner::signalCycleChanged, this,
+            [this](const Library::ArchivedCycle& cycle) {
+                if (isOfSettings())
+                    emit signalCycleChanged(cycle);
+            });
+    connect(&runner, &Library::ImportRunner::signalCycleRemoved, this,
+            [this](const QString& folder) {
+                if (isOfSettings())
+                    emit signalCycleRemoved(folder);
+            });
+    connect(m_dialog, &Library::DialogImport::signalChanged, this, [this] {
+        if (isOfSettings())
+            emit signalChanged();
+    });
 }
 
 /// A cycle of the library that is open is no card.

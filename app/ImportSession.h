@@ -30,20 +30,28 @@ public:
     /// Shows the window, with the open card.
     void open();
 
+    bool isRunning() const;
+
 signals:
-    /// The archive has another state of this cycle, or has it no more.
+    /// The archive of the settings has another state of this cycle, or has it no more. An archive
+    /// that the user has left meanwhile is not told of: its next import catches up.
     void signalCycleChanged(const KOLT::Library::ArchivedCycle& cycle);
     void signalCycleRemoved(const QString& folder);
+    /// An import has ended, or was taken back: the archive changes no more.
+    void signalChanged();
     /// For the status bar.
     void signalMessage(const QString& message);
 
 private:
     QString proposedCard() const;
+    void connectRunner();
+    bool isOfSettings() const;
 
     SettingsStore& m_settings;
     const CardSession& m_card;
     QWidget& m_window;
     Library::DialogImport* m_dialog = nullptr;
+    QString m_archive; ///< that the dialog works on
 };
 
 } // namespace KOLT

@@ -2,13 +2,13 @@
 
 #include "app/CardSession.h"
 #include "app/JobQueue.h"
+#include "app/LibraryEvaluation.h"
 #include "app/SettingsSaver.h"
 #include "app/dialogs/DialogLibrary.h"
 #include "app/settings/DataPaths.h"
 #include "app/settings/KnownLibraries.h"
 #include "app/settings/LibrarySettingsStore.h"
 #include "app/settings/SettingsStore.h"
-#include "library/database/LibraryUpdate.h"
 #include "library/ledger/LedgerText.h"
 #include "library/ui/EngineWindow.h"
 #include "library/ui/LibraryPage.h"
@@ -16,7 +16,6 @@
 
 #include <QDir>
 #include <QInputDialog>
-#include <QProgressDialog>
 
 #include <algorithm>
 #include <type_traits>
@@ -39,8 +38,10 @@ LibrarySession::LibrarySession(const Profile& profile, SettingsStore& settings, 
     m_refresh.setSingleShot(true);
     m_refresh.setInterval(settlingMilliseconds);
     connect(&m_refresh, &QTimer::timeout, this, [this] {
-        if (m_database != nullptr)
-            showPage();
+        if (m_database == nullptr)
+            return;
+        showPage();
+        refreshEngine();
     });
 }
 
@@ -63,7 +64,7 @@ void LibrarySession::connectPage()
     connect(m_page, &LibraryPage::signalChooseLibrary, this, &LibrarySession::choose);
     connect(m_page, &LibraryPage::signalEngine, this, &LibrarySession::showEngine);
     connect(m_page, &LibraryPage::signalName, this, &LibrarySession::nameAircraft);
-    connect(m_page, &LibraryPage::signalUpdate, this, [this] { m_jobs.run([this] { update(); }); });
+    connect(m_page, &LibraryPage::signalUpdate, this, &LibrarySession::evaluate);
 }
 
 EngineWindow& LibrarySession::engineWindow()
@@ -92,24 +93,25 @@ bool LibrarySession::open()
         return true;
     m_page->showNote({}); // it must not use the database any more
     m_database.reset();
-    if (address.archive.isEmpty()) {
-        m_page->showNote(tr("No library yet. It keeps the recordings of all cards in one place, "
-                            "and knows what each engine has lived through."));
-        return false;
-    }
-    if (!m_archive.open(address.archive)) {
-        m_page->showNote(m_archive.error());
-        return false;
-    }
-    if (!openDatabase()) {
-        m_page->showNote(m_database->error());
-        m_database.reset();
-        return false;
-    }
+    if (address.archive.isEmpty())
+        return showAbsence(tr("No library yet. It keeps the recordings of all cards in one place, "
+                              "and knows what each engine has lived through."));
+    if (!m_archive.open(address.archive))
+        return showAbsence(m_archive.error());
+    if (!openDatabase())
+        return showAbsence(m_database->error());
     rememberLibrary(address.archive);
     takeInstallations();
     showPage();
     return true;
+}
+
+bool LibrarySession::showAbsence(const QString& why)
+{
+    m_absence = why;
+    m_page->showNote(why);
+    m_database.reset();
+    return false;
 }
 
 bool LibrarySession::openDatabase()
@@ -122,7 +124,7 @@ bool LibrarySession::openDatabase()
                                   QLineEdit::Password, {}, &isGiven);
         return isGiven ? std::optional(password) : std::nullopt;
     };
-    m_database = std::make_unique<LibraryDatabase>();
+    m_database = std::make_shared<LibraryDatabase>();
     if (m_database->open(address, LibraryDatabase::Access::Create, prompt))
         return true;
     // All of it can be made again from the archive.
@@ -160,6 +162,7 @@ void LibrarySession::read()
 
 void LibrarySession::showPage()
 {
+    m_refresh.stop(); // once more would close what the user opens meanwhile
     m_page->setLibrary(*m_database, m_written);
     m_page->setNoted(notedFolders(*m_database, m_written.notes).value);
     m_page->setStale(staleCount());
@@ -191,54 +194,54 @@ int LibrarySession::staleCount()
     return stale ? static_cast<int>(stale.value.size()) : 0;
 }
 
+void LibrarySession::evaluate()
+{
+    m_jobs.run([this] { update(); });
+}
+
 void LibrarySession::update()
 {
     if (m_isUpdating || !open())
         return;
     m_isUpdating = true;
-    QProgressDialog dialog(tr("Working out the figures of the library"), tr("Cancel"), 0, 0,
-                           &m_window);
-    dialog.setWindowTitle(tr("Library"));
-    dialog.setWindowModality(Qt::WindowModal);
-    dialog.setMinimumDuration(0);
-    dialog.setValue(0);
-    UpdateOptions options;
-    options.source = figuresSource(m_profile);
-    options.worker = figuresWorker(m_archive.root(), m_profile);
-    options.current = [this](const QString& folder) { return m_archive.cycle(folder); };
-    options.progress = [&dialog](const UpdateProgress& progress) {
-        dialog.setMaximum(static_cast<int>(progress.count));
-        dialog.setValue(static_cast<int>(progress.done));
-        return !dialog.wasCanceled();
-    };
-    QStringList damaged;
-    const std::vector<ArchivedCycle> cycles = m_archive.cycles(&damaged);
-    const auto plan = planUpdate(*m_database, cycles, damaged, options.source);
-    UpdateResult result;
-    result.error = plan.error;
-    if (plan && !m_database->setInstallations(installationsOf(Logbook(m_archive.root()).read())))
-        result.error = m_database->error();
-    else if (plan)
-        result = updateLibrary(*m_database, plan.value, options);
-    dialog.close();
+    const std::shared_ptr<LibraryDatabase> database = m_database;
+    const UpdateResult result = evaluateLibrary(m_archive, *database, m_profile, m_window,
+                                                [&] { return m_database == database; });
     m_isUpdating = false;
+    if (m_database != database) // the user has turned to another library
+        return;
+    tell(result);
+    showPage();
+    refreshEngine();
+}
+
+void LibrarySession::tell(const UpdateResult& result)
+{
     if (!result.error.isEmpty())
         Messages::warn(&m_window, result.error);
     else if (!result.failed.isEmpty())
         Messages::warn(&m_window, tr("Some recordings could not be evaluated:\n%1")
                                       .arg(result.failed.mid(0, 10).join(QLatin1Char('\n'))));
-    else
+    else if (result.cycles > 0)
         emit signalMessage(tr("%n recording(s) evaluated", nullptr, result.cycles));
-    showPage();
-    if (m_engine != nullptr && m_engine->isVisible())
-        showLedger(m_engine->engine());
 }
 
 void LibrarySession::openCycle(const QString& folder, int flight)
 {
+    load(folder, flight, false);
+}
+
+void LibrarySession::reloadCycle(const QString& folder)
+{
+    load(folder, 0, true);
+}
+
+void LibrarySession::load(const QString& folder, int flight, bool isListedAgain)
+{
     const QString path = m_archive.pathOf(folder);
-    m_jobs.run([this, path, flight] {
-        if (m_card.container().folder() != path && !m_card.list(path)) {
+    m_jobs.run([this, path, flight, isListedAgain] {
+        const bool isListed = !isListedAgain && m_card.container().folder() == path;
+        if (!isListed && !m_card.list(path)) {
             Messages::warn(&m_window, tr("The folder\n%1\nof the library cannot be opened. Is its "
                                          "disk connected?")
                                           .arg(QDir::toNativeSeparators(path)));
@@ -254,24 +257,38 @@ void LibrarySession::openCycle(const QString& folder, int flight)
 
 void LibrarySession::showEngine(const QString& engine)
 {
-    if (!open())
-        return;
+    const bool isOpen = open();
+    EngineWindow& window = engineWindow();
+    if (isOpen)
+        listEngines(engine);
+    else
+        window.showNote(m_absence);
+    window.show();
+    window.raise();
+    window.activateWindow();
+}
+
+/// Of these, shows the given engine or else the first one.
+void LibrarySession::listEngines(const QString& engine)
+{
     EngineWindow& window = engineWindow();
     const auto engines = LibraryQueries(*m_database).engines();
     QStringList names;
     for (const EngineRow& row : engines.value)
         names << row.engine;
     window.setEngines(names);
-    const QString first = names.isEmpty() ? QString() : names.constFirst();
     if (!engines)
         window.showNote(engines.error);
     else if (names.isEmpty())
         window.showNote(tr("The library has no recordings yet. Import a card."));
     else
-        showLedger(names.contains(engine) ? engine : first);
-    window.show();
-    window.raise();
-    window.activateWindow();
+        showLedger(names.contains(engine) ? engine : names.constFirst());
+}
+
+void LibrarySession::refreshEngine()
+{
+    if (m_engine != nullptr && m_engine->isVisible())
+        listEngines(m_engine->engine());
 }
 
 void LibrarySession::showLedger(const QString& engine)
@@ -334,8 +351,7 @@ void LibrarySession::notesChanged()
         return;
     read();
     m_page->setNoted(notedFolders(*m_database, m_written.notes).value); // the tree stays open
-    if (m_engine != nullptr && m_engine->isVisible())
-        showLedger(m_engine->engine());
+    refreshEngine();
 }
 
 void LibrarySession::nameAircraft(quint32 unit)

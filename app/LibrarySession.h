@@ -20,6 +20,10 @@ class LibraryPage;
 class Profile;
 class SettingsStore;
 
+namespace Library {
+struct UpdateResult;
+}
+
 /// The user's library: opens the one of the settings when its page is shown for the first time,
 /// opens what is chosen there like a card, and shows the ledgers of engines. Works out figures in
 /// processes of the program. The arguments must outlive the session.
@@ -45,7 +49,7 @@ public:
     /// Asks where the library is, and opens it.
     void choose();
 
-    /// Shows the ledger of an engine, or of the first one.
+    /// Shows the ledger of an engine, or of the first one; or why there is none.
     void showEngine(const QString& engine);
 
     /// Sections of the engine report: the ledgers of those engines that the library knows; empty
@@ -63,8 +67,14 @@ public:
     void noteCycle(const Library::ArchivedCycle& cycle);
     void noteRemoved(const QString& folder);
 
-    /// Works out the figures that are missing or stale. Processes events.
-    void update();
+    /// Works out the figures that are missing or stale, as a job: after an import, or when the user
+    /// wants it.
+    void evaluate();
+
+    /// Opens a cycle of the archive like a card, or a flight of it from 1; 0: all of the cycle.
+    void openCycle(const QString& folder, int flight);
+    /// The same, though its folder may be open already: there are more files in it.
+    void reloadCycle(const QString& folder);
 
 signals:
     /// For the status bar.
@@ -74,11 +84,16 @@ private:
     void connectPage();
     EngineWindow& engineWindow();
     bool openDatabase();
+    bool showAbsence(const QString& why);
     void takeInstallations();
     void read();
     void showPage();
+    void update();
+    void tell(const Library::UpdateResult& result);
+    void listEngines(const QString& engine);
+    void refreshEngine();
     void showLedger(const QString& engine);
-    void openCycle(const QString& folder, int flight);
+    void load(const QString& folder, int flight, bool isListedAgain);
     void nameAircraft(quint32 unit);
     template <typename Item>
     void save(Item item);
@@ -92,7 +107,8 @@ private:
     QPointer<LibraryPage> m_page;
     QPointer<EngineWindow> m_engine;
     Library::Archive m_archive;
-    std::unique_ptr<Library::LibraryDatabase> m_database;
+    QString m_absence;                                    ///< why no library is open
+    std::shared_ptr<Library::LibraryDatabase> m_database; ///< an update keeps its own
     Library::Logbook::Contents m_written;
     QTimer m_refresh; ///< after changes of the archive, of which many come together
     bool m_isUpdating = false;

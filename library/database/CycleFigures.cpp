@@ -206,18 +206,19 @@ FoundFigures findCycleFigures(const Profile& profile, const QString& archive,
                               const ArchivedCycle& cycle)
 {
     const QString folder = QDir(archive).filePath(cycle.folder);
+    const auto none = [&](const QString& why) {
+        return FoundFigures{{}, why.arg(QDir::toNativeSeparators(folder)), cycle.folder};
+    };
     CardContainer card(profile);
     if (!card.readContainer(folder))
-        return {{}, Text::tr("there is no folder %1").arg(QDir::toNativeSeparators(folder))};
+        return none(Text::tr("there is no folder %1"));
     std::list<QString> paths;
     for (const ArchivedFile& file : cycle.files)
         paths.push_back(QStringLiteral("%1/%2").arg(folder, file.name));
     if (!card.canReadAny(paths))
-        return {
-            {},
-            Text::tr("none of the files in %1 can be read").arg(QDir::toNativeSeparators(folder))};
+        return none(Text::tr("none of the files in %1 can be read"));
     card.loadFiles(paths);
-    return {Finder(profile, card, cycle).find(), {}};
+    return {Finder(profile, card, cycle).find(), {}, cycle.folder};
 }
 
 } // namespace KOLT::Library

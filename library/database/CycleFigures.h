@@ -126,6 +126,7 @@ struct FoundFigures
 {
     std::optional<CycleFigures> figures;
     QString error;
+    QString folder; ///< of the cycle; as an answer between processes says which one it is of
 };
 
 FoundFigures findCycleFigures(const Profile& profile, const QString& archive,

@@ -184,6 +184,7 @@ QByteArray lineOf(const FoundFigures& found)
 {
     QByteArray bytes;
     Writer writer(bytes);
+    writer.value(found.folder);
     writer.value(found.error);
     writer.optional(found.figures, [&](const CycleFigures& all) { figures(writer, all); });
     return bytes.toBase64();
@@ -203,6 +204,7 @@ std::optional<FoundFigures> figuresFrom(const QByteArray& line)
 {
     Reader reader(QByteArray::fromBase64(line));
     FoundFigures found;
+    reader.value(found.folder);
     reader.value(found.error);
     reader.optional(found.figures, [&](CycleFigures& all) { figures(reader, all); });
     if (!reader.isWhole())

@@ -152,7 +152,11 @@ private:
     void take(const ArchivedCycle& cycle, const QByteArray& line)
     {
         const std::optional<FoundFigures> found = figuresFrom(line);
-        if (!found || !found->figures)
+        if (found && found->folder != cycle.folder) // of another version, or out of step
+            failed(
+                cycle,
+                Text::tr("the process answered for another recording, \"%1\"").arg(found->folder));
+        else if (!found || !found->figures)
             failed(cycle, found ? found->error : Text::tr("its figures were not understood"));
         else if (m_database.storeCycle(cycle, *found->figures, m_options.source))
             stored(cycle, *found->figures);

@@ -196,6 +196,7 @@ void DialogImport::showResult(const ImportResult& result)
         m_progress->setValue(steps);
     setWorking(false);
     emit signalMessage(sentence.section(QLatin1Char('\n'), 0, 0));
+    emit signalChanged();
 }
 
 void DialogImport::setWorking(bool isWorking)
@@ -223,6 +224,7 @@ void DialogImport::openImports()
     connect(&dialog, &DialogImports::signalCycleRemoved, &m_runner,
             &ImportRunner::signalCycleRemoved);
     dialog.exec();
+    emit signalChanged();
 }
 
 void DialogImport::closeEvent(QCloseEvent* event)

@@ -31,6 +31,8 @@ public:
 signals:
     /// The library was created or opened.
     void signalSettings(const KOLT::Library::ArchiveSettings& settings);
+    /// An import has ended, or some were taken back: the library has changed, or may have.
+    void signalChanged();
     /// For the main window's status bar.
     void signalMessage(const QString& message);
 

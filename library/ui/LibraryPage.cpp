@@ -170,6 +170,8 @@ void LibraryPage::fill()
     // One aircraft needs no click, and what is searched is shown as far as a screen holds it.
     QModelIndex index = m_model->rowCount() == 1 ? m_model->index(0, 0) : QModelIndex();
     while (index.isValid() && m_model->kindOf(index) != LibraryModel::Kind::Cycle) {
+        if (m_model->canFetchMore(index))
+            m_model->fetchMore(index); // the tree does it later, if it is not shown yet
         m_tree->expand(index);
         index = m_model->rowCount(index) == 1 ? m_model->index(0, 0, index) : QModelIndex();
     }
