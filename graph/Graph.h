@@ -1,5 +1,6 @@
 #pragma once
 
+#include "analysis/NoteMark.h"
 #include "graph/GraphSettings.h"
 #include "graph/GraphTrace.h"
 #include "profile/ProfileParameter.h"
@@ -129,6 +130,20 @@ public:
     /// The event lines within the window, at most one per pixel column: the first of those that
     /// share it. O(columns * log events).
     std::vector<EventLine> eventsInSight() const;
+
+    /// Notes may come in any order; those whose time is not finite are dropped.
+    void setNotes(std::vector<NoteMark> notes);
+
+    /// In ascending order of time.
+    const std::vector<NoteMark>& notes() const { return m_notes; }
+
+    /// The notes within the window, at most one per pixel column; none if they are switched off.
+    std::vector<const NoteMark*> notesInSight() const;
+
+    /// The flag of a note hangs from the plot's upper edge, to the left of its moment.
+    QRectF flagOf(const NoteMark& note) const;
+    /// The note whose flag is at a point; null if there is none.
+    const NoteMark* noteAt(const QPointF& point) const;
 
     /// Size of the widget in pixels.
     void setSize(double width, double height);
@@ -273,6 +288,7 @@ private:
     std::vector<GraphTrace> m_traces;
     std::vector<TraceSource> m_sources;
     std::vector<EventLine> m_eventLines;
+    std::vector<NoteMark> m_notes;
     TimeRange m_window{0.0, 60.0};
     bool m_isPanned = false;
     GraphCursor m_cursor;

@@ -128,6 +128,11 @@ GraphResponse GraphInput::mousePress(Qt::MouseButton button, const QPointF& plac
             // The handle's own row rather than the pointer's: handles of low rows overlap.
             const std::vector<int> rows = m_graph.tracesInView();
             m_targetRow = static_cast<int>(std::ranges::find(rows, *m_dragged) - rows.begin());
+        } else if (const NoteMark* const note = noteAt(place)) {
+            m_isLeftHeld = false; // the markers stay, whatever follows
+            holdForAWhile(response);
+            m_graph.moveCursor(note->seconds);
+            response.reports.emplace_back(cursor());
         } else if (modifiers.testFlag(Qt::ShiftModifier)) {
             m_graph.moveNearerMarker(seconds);
             response.reports.emplace_back(markers());

@@ -82,6 +82,12 @@ public:
     /// Zooms about the time at x, as the window may have moved since the last mouse move.
     GraphResponse wheel(int angleDelta, double x, Qt::KeyboardModifiers modifiers);
 
+    /// The note whose flag is at a place.
+    const NoteMark* noteAt(const QPointF& place) const
+    {
+        return m_graph.noteAt({place.x(), yOf(place)});
+    }
+
     bool isMeasuring() const { return m_isLeftHeld && !m_dragged; }
 
     std::optional<int> hoveredTrace() const { return m_hovered; }

@@ -73,6 +73,7 @@ GraphScene buildScene(const Graph& graph, const GraphInput& input, double pixelR
     drawLegend(pen, graph, layout);
     drawFractions(pen, graph, layout);
     drawEventNumbers(pen, graph, layout);
+    drawNotes(pen, graph);
     if (settings.hasCursor)
         drawCursorText(pen, graph, layout);
     drawDistance(pen, graph, input);

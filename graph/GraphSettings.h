@@ -31,6 +31,7 @@ struct GraphSettings
     bool hasThresholds = true;
     bool hasStatistic = true;
     bool hasEvents = true;
+    bool hasNotes = true; ///< flags where somebody wrote a note
 };
 
 } // namespace KOLT

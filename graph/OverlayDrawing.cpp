@@ -10,6 +10,7 @@ namespace {
 
 constexpr QColor markerColor(255, 255, 0, 77);
 constexpr QColor eventColor(0, 153, 153);
+constexpr QColor noteColor(145, 80, 200);
 constexpr QColor dragColor(0, 255, 255);
 constexpr QColor hoverColor(255, 128, 0);
 constexpr QColor cursorColor(128, 128, 128);
@@ -105,6 +106,28 @@ void drawEventLines(ScenePen& pen, const Graph& graph, const PlotLayout& layout)
         pen.vertex(x, layout.plot().bottom());
     }
     pen.end();
+}
+
+void drawNotes(ScenePen& pen, const Graph& graph)
+{
+    const std::vector<const NoteMark*> notes = graph.notesInSight();
+    const QColor color = pen.legible(noteColor);
+    pen.begin(GraphScene::Kind::Lines, withAlpha(color, 150)).isStippled = true;
+    for (const NoteMark* const note : notes) {
+        const double x = graph.xOf(note->seconds);
+        pen.vertex(x, graph.plot().top());
+        pen.vertex(x, graph.plot().bottom());
+    }
+    pen.end();
+    for (const NoteMark* const note : notes) {
+        const QRectF flag = graph.flagOf(*note); // a pennant
+        pen.begin(GraphScene::Kind::Quads, color);
+        pen.vertex(flag.right(), flag.top());
+        pen.vertex(flag.right(), flag.bottom());
+        pen.vertex(flag.left(), flag.center().y());
+        pen.vertex(flag.left(), flag.center().y());
+        pen.end();
+    }
 }
 
 void drawCursor(ScenePen& pen, const Graph& graph, const PlotLayout& layout)

@@ -16,6 +16,9 @@ void drawDistance(ScenePen& pen, const Graph& graph, const GraphInput& input);
 void drawEventNumbers(ScenePen& pen, const Graph& graph, const PlotLayout& layout);
 void drawEventLines(ScenePen& pen, const Graph& graph, const PlotLayout& layout);
 
+/// The lines of notes, and the flags that they are read and clicked at. O(columns).
+void drawNotes(ScenePen& pen, const Graph& graph);
+
 /// The cross of the cursor.
 void drawCursor(ScenePen& pen, const Graph& graph, const PlotLayout& layout);
 

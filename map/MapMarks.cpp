@@ -13,8 +13,17 @@ namespace {
 
 constexpr QRgb takeOffColor = 0xff1b7837;
 constexpr QRgb landingColor = 0xff2166ac;
-constexpr double largestMark = 10.0; ///< radius, pixels
+constexpr QRgb noteColor = 0xff9150c8;
+constexpr double largestMark = 20.0; ///< radius, pixels
 constexpr double markReach = 8.0;    ///< pixels
+
+/// The middle of a mark's shape: a note's flag is above its place.
+Tessa::WindowPoint middleOf(const MapMark& mark, Tessa::WindowPoint place)
+{
+    constexpr double flagHeight = 8.0;
+    return mark.kind == MapMark::Kind::Note ? Tessa::WindowPoint{place.x, place.y + flagHeight}
+                                            : place;
+}
 
 void append(std::vector<MapMark>& marks, const DataSet& dataSet, MapMark mark)
 {
@@ -80,6 +89,18 @@ std::vector<MapMark> exceedanceMarks(const Profile& profile, const DataSet& data
     return marks;
 }
 
+std::vector<MapMark> noteMarks(const DataSet& dataSet, const std::vector<NoteMark>& notes)
+{
+    std::vector<MapMark> marks;
+    for (const NoteMark& note : notes) {
+        if (note.seconds >= dataSet.startSeconds && note.seconds <= dataSet.stopSeconds)
+            append(marks, dataSet,
+                   {MapMark::Kind::Note, note.seconds, {}, QColor(noteColor), note.text});
+    }
+    std::ranges::stable_sort(marks, {}, &MapMark::seconds);
+    return marks;
+}
+
 std::vector<PlacedMark> marksInWindow(const std::vector<MapMark>& marks, const Tessa::Globe& globe)
 {
     const double columns = std::ceil(globe.width() + 2.0 * largestMark);
@@ -113,7 +134,7 @@ const MapMark* markAt(const std::vector<MapMark>& marks, const Tessa::Globe& glo
     double least = markReach;
     for (const MapMark& mark : marks) {
         const auto place = globe.latLong2Window(mark.place);
-        const double away = place ? length(*place - point) : HUGE_VAL;
+        const double away = place ? length(middleOf(mark, *place) - point) : HUGE_VAL;
         if (away <= least) {
             nearest = &mark;
             least = away;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "analysis/NoteMark.h"
 #include "libs/tessamap/globe/Globe.h"
 #include "record/DataSet.h"
 
@@ -14,7 +15,7 @@ namespace KOLT {
 /// A sign on the map at the place where the aircraft was at a moment.
 struct MapMark
 {
-    enum class Kind { TakeOff, Landing, Exceedance };
+    enum class Kind { TakeOff, Landing, Exceedance, Note };
 
     Kind kind = Kind::Exceedance;
     double seconds = 0.0;
@@ -33,6 +34,9 @@ std::vector<MapMark> flightMarks(const DataSet& dataSet);
 /// warnings, then limits, each sorted by time. Walks through all samples of parameters with
 /// thresholds.
 std::vector<MapMark> exceedanceMarks(const Profile& profile, const DataSet& dataSet);
+
+/// Notes within the data set's time span, where the aircraft was then; sorted by time.
+std::vector<MapMark> noteMarks(const DataSet& dataSet, const std::vector<NoteMark>& notes);
 
 /// A mark and where it is drawn in the window.
 struct PlacedMark

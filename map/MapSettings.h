@@ -18,6 +18,7 @@ struct MapSettings
     double shadingBrightness = 1.0;
     double shadingFactor = 0.5; ///< exaggeration of heights
     bool areValuesShown = true; ///< the panel with the values is not folded
+    bool areNotesShown = true;  ///< flags where somebody wrote a note
 };
 
 } // namespace KOLT

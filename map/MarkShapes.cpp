@@ -49,6 +49,19 @@ void MarkShapes::add(const MapMark& mark, Tessa::WindowPoint place)
                     color);
         });
         break;
+    case MapMark::Kind::Note: // a pennant on a pole that stands at the place
+        both([&](double rim, const QColor& color) {
+            polygon({{x - 1.0 - rim, y - rim},
+                     {x + 1.0 + rim, y - rim},
+                     {x + 1.0 + rim, y + 15.0 + rim},
+                     {x - 1.0 - rim, y + 15.0 + rim}},
+                    color);
+            polygon({{x - rim, y + 15.0 + rim},
+                     {x - rim, y + 6.0 - rim},
+                     {x + 10.0 + 1.6 * rim, y + 10.5}},
+                    color);
+        });
+        break;
     case MapMark::Kind::Exceedance:
         both([&](double rim, const QColor& color) {
             const double r = dotRadius + rim;

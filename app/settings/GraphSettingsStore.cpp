@@ -35,6 +35,7 @@ constexpr FlagKey flagKeys[] = {{"GraphWholeFlight", &GraphSettings::isWhole},
                                 {"GraphAutoscale", &GraphSettings::isAutoscaled},
                                 {"GraphLimits", &GraphSettings::hasThresholds},
                                 {"GraphEvents", &GraphSettings::hasEvents},
+                                {"GraphNotes", &GraphSettings::hasNotes},
                                 {"GraphStatistic", &GraphSettings::hasStatistic}};
 
 double finiteOrZero(double value)

@@ -12,6 +12,7 @@ namespace {
 
 constexpr auto tileServerKey = "TileServer";
 constexpr auto valuesKey = "MapValues";
+constexpr auto notesKey = "MapNotes";
 
 struct ShadingKey
 {
@@ -37,6 +38,7 @@ MapSettings loadMapSettings(const SettingsStore& store)
                          " (debriefing viewer for aircraft engine recordings)";
     settings.isNetworkEnabled = qEnvironmentVariableIsEmpty("KOLT_OFFLINE");
     settings.areValuesShown = store.getBoolean(valuesKey, settings.areValuesShown);
+    settings.areNotesShown = store.getBoolean(notesKey, settings.areNotesShown);
     for (const auto& [key, value] : shadingKeys)
         settings.*value = store.getDouble(key, settings.*value);
     return settings;
@@ -52,6 +54,10 @@ bool storeMapChanges(const MapSettings& from, const MapSettings& to, SettingsSto
     }
     if (to.areValuesShown != from.areValuesShown) {
         store.setBoolean(valuesKey, to.areValuesShown);
+        isChanged = true;
+    }
+    if (to.areNotesShown != from.areNotesShown) {
+        store.setBoolean(notesKey, to.areNotesShown);
         isChanged = true;
     }
     for (const auto& [key, value] : shadingKeys) {

@@ -209,6 +209,11 @@ void DialogDataGraph::feedEvents()
     m_hasEvents = true;
 }
 
+void DialogDataGraph::setNotes(std::vector<NoteMark> notes)
+{
+    m_graph->setNotes(std::move(notes));
+}
+
 void DialogDataGraph::showProgress()
 {
     const TraceFeeder& feeder = m_loader->feeder();

@@ -49,6 +49,9 @@ public:
     void showSpan(const TimeRange& window, const TimeRange& markers,
                   const QString& fullName = QString());
 
+    /// Notes on the data, to be marked until the next call.
+    void setNotes(std::vector<NoteMark> notes);
+
 signals:
     void signalCursor(float seconds, double value);
     /// The user moved a trace: the full names of all parameters in their new order.

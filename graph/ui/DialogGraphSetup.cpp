@@ -102,9 +102,11 @@ void DialogGraphSetup::createRows(QFormLayout* form)
     connect(legend, &QCheckBox::stateChanged, this, &DialogGraphSetup::slotLegendOn);
     connect(autoscale, &QCheckBox::stateChanged, this, &DialogGraphSetup::slotAutoscaleOn);
     QCheckBox* const events = createBox(tr("Exceedances On"), &GraphSettings::hasEvents);
-    for (const auto& [box, flag] : {std::pair(thresholds, &GraphSettings::hasThresholds),
-                                    std::pair(events, &GraphSettings::hasEvents),
-                                    std::pair(statistic, &GraphSettings::hasStatistic)})
+    QCheckBox* const notes = createBox(tr("Notes On"), &GraphSettings::hasNotes);
+    for (const auto& [box, flag] :
+         {std::pair(thresholds, &GraphSettings::hasThresholds),
+          std::pair(notes, &GraphSettings::hasNotes), std::pair(events, &GraphSettings::hasEvents),
+          std::pair(statistic, &GraphSettings::hasStatistic)})
         connect(box, &QCheckBox::toggled, this,
                 [this, flag = flag](bool isOn) { setFlag(flag, isOn); });
     m_cursorMode = new QComboBox(this);
@@ -148,6 +150,7 @@ void DialogGraphSetup::createRows(QFormLayout* form)
     form->addRow(tr("Limits :"), thresholds);
     form->addRow(tr("Exceedances :"), events);
     form->addRow(tr("Statistic :"), statistic);
+    form->addRow(tr("Notes :"), notes);
 }
 
 void DialogGraphSetup::refresh()

@@ -1,6 +1,7 @@
 #include "graph/ui/WidgetGraphBase.h"
 
 #include "graph/GraphTexts.h"
+#include "ui/PlainToolTip.h"
 
 #include <QFontMetricsF>
 #include <QHelpEvent>
@@ -136,6 +137,8 @@ QString WidgetGraphBase::tipAt(const QPointF& place) const
         if (area.contains(point) && m_graph.hasTrace(trace))
             return scaleTip(m_graph, trace);
     }
+    if (const NoteMark* const note = m_input.noteAt(place))
+        return plainToolTip(note->text);
     constexpr double closePixels = 3.0;
     if (m_eventTip && m_graph.settings().hasEvents && m_graph.plot().contains(point)) {
         const QString tip = m_eventTip(m_graph.timeAt(point.x() - closePixels),
@@ -195,6 +198,12 @@ void WidgetGraphBase::setEventLines(std::vector<EventLine> lines)
 void WidgetGraphBase::setEventTip(std::function<QString(double from, double to)> tip)
 {
     m_eventTip = std::move(tip);
+}
+
+void WidgetGraphBase::setNotes(std::vector<NoteMark> notes)
+{
+    m_graph.setNotes(std::move(notes));
+    update();
 }
 
 void WidgetGraphBase::clearEventLines()

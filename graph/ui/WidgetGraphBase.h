@@ -52,6 +52,9 @@ public:
     /// What a tool tip tells of the event lines from..to; empty where there are none.
     void setEventTip(std::function<QString(double from, double to)> tip);
 
+    /// Notes to mark; a tool tip tells their texts.
+    void setNotes(std::vector<NoteMark> notes);
+
     /// See Graph::setLeastBand().
     void setLeastBand(double lines);
     void setFirstRow(int row);

@@ -98,6 +98,15 @@ void DialogDataMap::createViewCommands(QToolBar& bar)
         m_state.isShaded = isChecked;
         m_state.needsRepaint = true;
     });
+    m_notesShown = bar.addAction(QIcon(QStringLiteral(":/icons/map-note.svg")), tr("Notes"));
+    m_notesShown->setToolTip(tr("Show where notes were written"));
+    m_notesShown->setCheckable(true);
+    m_notesShown->setChecked(m_settings.areNotesShown);
+    connect(m_notesShown, &QAction::toggled, this, [this](bool isChecked) {
+        m_settings.areNotesShown = isChecked;
+        showMarks();
+        emit signalSettings(m_settings);
+    });
 }
 
 void DialogDataMap::createFoldButton()
@@ -181,6 +190,7 @@ void DialogDataMap::dropTrack()
 {
     m_aircraft = {};
     m_fitted = nullptr;
+    m_marks.clear();
     m_map->setTrack(nullptr, {});
     m_map->setColors({});
     m_map->setMarks({});
@@ -203,7 +213,7 @@ void DialogDataMap::showData(Changes changes)
     if (changes.testAnyFlags(Change::Data | Change::Selection))
         slotColoring(m_coloring->currentIndex());
     if (changes.testAnyFlags(Change::Data | Change::Units))
-        showMarks();
+        findMarks();
 }
 
 void DialogDataMap::showTrack()
@@ -219,18 +229,35 @@ void DialogDataMap::showTrack()
     m_fitted = shown;
 }
 
-void DialogDataMap::showMarks()
+void DialogDataMap::findMarks()
 {
     const DataSet* const shown = dataSet();
-    m_map->setMarks(flightMarks(*shown));
+    m_marks = flightMarks(*shown);
+    showMarks();
     // Finding exceedances walks through all samples: show the map first.
     QTimer::singleShot(0, this, [this, shown] {
         if (dataSet() != shown || m_fitted != shown)
             return;
-        std::vector<MapMark> marks = exceedanceMarks(m_profile, *shown);
-        std::ranges::move(flightMarks(*shown), std::back_inserter(marks));
-        m_map->setMarks(std::move(marks));
+        m_marks = exceedanceMarks(m_profile, *shown);
+        std::ranges::move(flightMarks(*shown), std::back_inserter(m_marks));
+        showMarks();
     });
+}
+
+void DialogDataMap::showMarks()
+{
+    if (m_fitted == nullptr)
+        return;
+    std::vector<MapMark> marks = m_marks;
+    if (m_settings.areNotesShown)
+        std::ranges::move(noteMarks(*m_fitted, m_notes), std::back_inserter(marks));
+    m_map->setMarks(std::move(marks));
+}
+
+void DialogDataMap::setNotes(std::vector<NoteMark> notes)
+{
+    m_notes = std::move(notes);
+    showMarks();
 }
 
 void DialogDataMap::fillColorings()

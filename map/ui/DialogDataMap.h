@@ -43,10 +43,13 @@ public:
 
     const MapSettings& settings() const { return m_settings; }
 
+    /// Notes on the data, to be marked until the next call.
+    void setNotes(std::vector<NoteMark> notes);
+
 signals:
     /// The user clicked on the track or a mark: the time of that place.
     void signalTime(double seconds);
-    /// The user folded the value panel, or unfolded it.
+    /// The user folded the value panel or unfolded it, or switched the notes.
     void signalSettings(const KOLT::MapSettings& settings);
     /// The user asked for the settings of the map.
     void signalOpenSettings();
@@ -80,6 +83,7 @@ private:
     void raiseInto(QWidget& panel, int& top);
     void dropTrack();
     void showTrack();
+    void findMarks();
     void showMarks();
     void fillColorings();
     void createValueRows();
@@ -92,6 +96,7 @@ private:
     QWidget* m_toolPanel = nullptr;
     QAction* m_follow = nullptr;
     QAction* m_shading = nullptr;
+    QAction* m_notesShown = nullptr;
     QButtonGroup* m_commands = nullptr;
     QComboBox* m_coloring = nullptr;
     QToolButton* m_fold = nullptr;
@@ -103,6 +108,8 @@ private:
     bool m_isFlightHidden = true;
     std::vector<QRectF> m_covered; ///< by the panels and the texts at the bottom
     AircraftTrack m_aircraft;
+    std::vector<MapMark> m_marks; ///< of the data, without notes
+    std::vector<NoteMark> m_notes;
     const DataSet* m_fitted = nullptr; ///< the data set that the view was fitted to
 };
 

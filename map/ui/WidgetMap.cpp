@@ -1,6 +1,7 @@
 #include "map/ui/WidgetMap.h"
 
 #include "libs/tusk/misc/Timer.h"
+#include "ui/PlainToolTip.h"
 
 #include <QApplication>
 #include <QDesktopServices>
@@ -297,7 +298,7 @@ bool WidgetMap::showMarkHint(const QHelpEvent& event)
     const MapMark* const mark =
         m_content.markAt(m_camera.globe(), m_input.windowPoint(event.pos()));
     if (mark != nullptr)
-        QToolTip::showText(event.globalPos(), mark->text, this);
+        QToolTip::showText(event.globalPos(), plainToolTip(mark->text), this);
     return mark != nullptr;
 }
 

@@ -12,6 +12,7 @@
 #include <QClipboard>
 #include <QComboBox>
 #include <QElapsedTimer>
+#include <QHelpEvent>
 #include <QImage>
 #include <QLabel>
 #include <QLineEdit>
@@ -48,6 +49,7 @@ private slots:
     void longRecordingsAppearByAndBy();
     void moreParametersThanTracesAreTold();
     void eventsAreNumberedAsInTheList();
+    void notesAreFlags();
     void setupChangesTheGraph();
     void settingsAreKept();
     void snapshot();
@@ -443,6 +445,43 @@ void TestGraphPage::eventsAreNumberedAsInTheList()
     QCOMPARE(shown(), expected); // no duplicates
     m_page->clear();
     QCOMPARE(shown(), {});
+}
+
+void TestGraphPage::notesAreFlags()
+{
+    std::vector<NoteMark> notes{{160.0, "much later"}, {150.25, "<b>Oil</b> smells"}};
+    for (int i = 0; i < 5000; ++i) // more than there are pixels: one column holds many
+        notes.push_back({155.0 + i * 1e-6, "many"});
+    m_page->setNotes(notes);
+    QVERIFY(graph().notesInSight().size() < 20);
+    const NoteMark* const note = graph().notesInSight().front();
+    QCOMPARE(note->seconds, 150.25);
+    const QPointF middle = graph().flagOf(*note).center() + QPointF(2.0, 0.0);
+    const QPoint place(qRound(middle.x()), qRound(graph().height() - middle.y()));
+    const QImage picture = widget()->grabFramebuffer();
+    const QColor color = picture.pixelColor(place * picture.devicePixelRatio());
+    QVERIFY2(color.blue() > color.red() && color.red() > color.green() + 20,
+             qPrintable(color.name()));
+
+    QHelpEvent help(QEvent::ToolTip, place, widget()->mapToGlobal(place));
+    QCoreApplication::sendEvent(widget(), &help);
+    QVERIFY2(widget()->toolTip().contains("&lt;b&gt;Oil"), qPrintable(widget()->toolTip()));
+    const TimeRange markers = graph().markers();
+    QSignalSpy cursor(m_page.get(), &DialogDataGraph::signalCursor);
+    QTest::mousePress(widget(), Qt::LeftButton, {}, place);
+    QTest::mouseMove(widget(), place + QPoint(60, 60));
+    QTest::mouseRelease(widget(), Qt::LeftButton, {}, place + QPoint(60, 60));
+    QCOMPARE(cursor.size(), 1);
+    QCOMPARE(cursor[0][0].toFloat(), 150.25F);
+    QCOMPARE(graph().markers(), markers);                                   // nothing was measured
+    QTest::mouseClick(widget(), Qt::LeftButton, {}, place + QPoint(0, 60)); // below the flag
+    QVERIFY(graph().markers() != markers);
+
+    button(9)->click();
+    labelled<QCheckBox>(*m_page->findChild<DialogGraphSetup*>(), "Notes On")->click();
+    QVERIFY(graph().notesInSight().empty() && !m_reported.back().hasNotes);
+    QCoreApplication::sendEvent(widget(), &help);
+    QVERIFY(!widget()->toolTip().contains("Oil"));
 }
 
 void TestGraphPage::setupChangesTheGraph()

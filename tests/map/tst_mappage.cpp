@@ -49,6 +49,7 @@ private slots:
     void shadingKeyGoesBeforeTheWindows();
     void coveredMapRests();
     void marksTellWhatTheyAre();
+    void notesAreFlagsOnTheTrack();
     void valuesHaveTheirUnits();
     void valuesScrollAndFold();
     void valuesAreReadableOnAnyGround_data();
@@ -403,6 +404,41 @@ void TestMapPage::marksTellWhatTheyAre()
     const QPoint point = m_window->view().pixelOf(place).toPoint();
     QCOMPARE(tipAt(point + QPoint(4, -5)), text);
     QVERIFY(!tipAt(point + QPoint(0, 15)).contains(text));
+}
+
+void TestMapPage::notesAreFlagsOnTheTrack()
+{
+    makePage();
+    m_page->setNotes({{40.25, "Rough running"}, {9000.0, "not in these data"}});
+    QTRY_VERIFY(m_page->widget().frameCount() > 0);
+    const auto& state = m_page->viewState();
+    QTRY_VERIFY(!state.isRangeAnimated && !state.isPositionAnimated);
+    const TrackPoint& point = m_dataSet->track[*trackPointAt(m_dataSet->track, 40.25)];
+    const Tessa::Globe globe({state.latitude, state.longitude}, state.metresPerPixel,
+                             m_page->widget().width(), m_page->widget().height());
+    const auto place = globe.latLong2Window({point.latitude, point.longitude});
+    QVERIFY(place);
+    const QPoint pixel(qRound(place->x + 4.0), qRound(m_page->widget().height() - place->y - 10.0));
+    const auto tip = [&] {
+        QToolTip::hideText();
+        QHelpEvent help(QEvent::ToolTip, pixel, m_page->widget().mapToGlobal(pixel));
+        QCoreApplication::sendEvent(&m_page->widget(), &help);
+        return QToolTip::text();
+    };
+    QCOMPARE(tip(), "Rough running");
+    QSignalSpy picked(m_page.get(), &DialogDataMap::signalTime);
+    QTest::mouseClick(&m_page->widget(), Qt::LeftButton, {}, pixel);
+    QTRY_COMPARE(picked.size(), 1);
+    QCOMPARE(picked[0][0].toDouble(), 40.25);
+
+    QSignalSpy settings(m_page.get(), &DialogDataMap::signalSettings);
+    for (QAction* action : m_page->findChildren<QAction*>()) {
+        if (action->text() == "Notes")
+            action->trigger();
+    }
+    QCOMPARE(settings.size(), 1);
+    QVERIFY(!settings[0][0].value<MapSettings>().areNotesShown);
+    QVERIFY(tip() != "Rough running");
 }
 
 void TestMapPage::valuesScrollAndFold()
