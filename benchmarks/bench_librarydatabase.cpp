@@ -1,7 +1,7 @@
 // What the pages of the library ask, of 100,000 flights on both databases. The figures are times in
 // milliseconds: pages have to open at once, however long the library has been kept. Those of
-// PostgreSQL are taken with KOLT_BENCH_SERVER=1. And the figures
-// of a rebuild on one core, beside the report of the same files.
+// PostgreSQL are taken with KOLT_BENCH_SERVER=1. And a rebuild on one core, beside the report of
+// the same files.
 
 #include "analysis/CardOverview.h"
 #include "benchmarks/BenchData.h"
@@ -33,19 +33,30 @@ constexpr int units = 20;
 constexpr int quantities = 24;
 constexpr double most = 100.0;
 
+constexpr int page = 200;
+
+void releaseStores();
+
 [[noreturn]] void giveUp(const QString& why)
 {
     std::fprintf(stderr, "%s\n", qUtf8Printable(why));
+    releaseStores();
     std::exit(1);
 }
+
+struct Pages : LibraryQueries
+{
+    using LibraryQueries::LibraryQueries;
+
+    FlightRow beforeOldest; ///< the last flight before the oldest page
+};
 
 struct Store
 {
     QTemporaryDir folder;
     Test::PostgresServer server;
     LibraryDatabase database;
-    LibraryQueries queries{database};
-    LibraryFilter newest;
+    Pages queries{database};
 
     explicit Store(bool isServer)
     {
@@ -70,12 +81,20 @@ struct Store
         }
         if (isServer)
             server.sql("ANALYZE", library.section(QLatin1Char('/'), -1));
-        if (queries.flightCount({}).value != flightCount)
+        const auto all = queries.flights({}, -1);
+        if (all.value.size() != flightCount || queries.flightCount({}).value != flightCount)
             giveUp(QStringLiteral("the library is not whole"));
+        queries.beforeOldest = all.value[flightCount - page - 1];
     }
 };
 
 std::array<std::unique_ptr<Store>, 2> stores;
+
+/// Before the toolkit ends, whose connections they use.
+void releaseStores()
+{
+    stores = {};
+}
 
 Store& store(bool isServer)
 {
@@ -86,12 +105,12 @@ Store& store(bool isServer)
 }
 
 /// Asks, and returns how many rows came.
-using Question = std::size_t (*)(LibraryQueries& queries);
+using Question = std::size_t (*)(Pages& queries);
 
 /// The median of some answers after one that warms up.
 double milliseconds(bool isServer, Question question)
 {
-    LibraryQueries& queries = store(isServer).queries;
+    Pages& queries = store(isServer).queries;
     if (question(queries) == 0)
         giveUp(QStringLiteral("nothing was found: ") + store(isServer).database.error());
     constexpr int times = 5;
@@ -133,7 +152,6 @@ const LibraryFilter dates = filterWith([](LibraryFilter& filter) {
 
 const QString engine = QStringLiteral("E1004");
 constexpr quint32 unit = 1004;
-constexpr int page = 200;
 
 struct Asked
 {
@@ -142,44 +160,38 @@ struct Asked
 };
 
 constexpr Asked questions[] = {
-    {"units", [](LibraryQueries& q) { return q.units().value.size(); }},
-    {"units, limits", [](LibraryQueries& q) { return q.units(limits).value.size(); }},
-    {"units, faults", [](LibraryQueries& q) { return q.units(faults).value.size(); }},
-    {"units, durations", [](LibraryQueries& q) { return q.units(durations).value.size(); }},
-    {"units, serials", [](LibraryQueries& q) { return q.units(serials).value.size(); }},
-    {"years", [](LibraryQueries& q) { return q.years(unit).value.size(); }},
-    {"days of a year", [](LibraryQueries& q) { return q.days(unit, 2015).value.size(); }},
+    {"units", [](Pages& q) { return q.units().value.size(); }},
+    {"units, limits", [](Pages& q) { return q.units(limits).value.size(); }},
+    {"units, faults", [](Pages& q) { return q.units(faults).value.size(); }},
+    {"units, durations", [](Pages& q) { return q.units(durations).value.size(); }},
+    {"units, serials", [](Pages& q) { return q.units(serials).value.size(); }},
+    {"years", [](Pages& q) { return q.years(unit).value.size(); }},
+    {"days of a year", [](Pages& q) { return q.days(unit, 2015).value.size(); }},
     {"cycles of a day",
-     [](LibraryQueries& q) {
-         return q.cycles(unit, q.days(unit, 2015).value.front().date).value.size();
-     }},
+     [](Pages& q) { return q.cycles(unit, q.days(unit, 2015).value.front().date).value.size(); }},
     {"flights of a cycle",
-     [](LibraryQueries& q) { return q.flights(qint64{cycleCount / 2 + 1}).value.size(); }},
-    {"newest flights", [](LibraryQueries& q) { return q.flights({}, page).value.size(); }},
-    {"oldest flights",
-     [](LibraryQueries& q) { return q.flights({}, page, flightCount - page).value.size(); }},
-    {"flights, limits", [](LibraryQueries& q) { return q.flights(limits, page).value.size(); }},
+     [](Pages& q) { return q.flights(qint64{cycleCount / 2 + 1}).value.size(); }},
+    {"newest flights", [](Pages& q) { return q.flights({}, page).value.size(); }},
+    {"oldest flights", [](Pages& q) { return q.flights({}, page, &q.beforeOldest).value.size(); }},
+    {"flights, limits", [](Pages& q) { return q.flights(limits, page).value.size(); }},
     {"flights, faults",
-     [](LibraryQueries& q) {
+     [](Pages& q) {
          return q.flights(faults, page).value.size() + q.cycles(faults, page).value.size();
      }},
-    {"flights, durations",
-     [](LibraryQueries& q) { return q.flights(durations, page).value.size(); }},
-    {"flights, serials", [](LibraryQueries& q) { return q.flights(serials, page).value.size(); }},
-    {"flights, dates", [](LibraryQueries& q) { return q.flights(dates, page).value.size(); }},
+    {"flights, durations", [](Pages& q) { return q.flights(durations, page).value.size(); }},
+    {"flights, serials", [](Pages& q) { return q.flights(serials, page).value.size(); }},
+    {"flights, dates", [](Pages& q) { return q.flights(dates, page).value.size(); }},
     {"count of flights, limits",
-     [](LibraryQueries& q) { return static_cast<std::size_t>(q.flightCount(limits).value); }},
+     [](Pages& q) { return static_cast<std::size_t>(q.flightCount(limits).value); }},
     {"count of flights, durations",
-     [](LibraryQueries& q) { return static_cast<std::size_t>(q.flightCount(durations).value); }},
-    {"engines", [](LibraryQueries& q) { return q.engines().value.size(); }},
-    {"ledger of an engine", [](LibraryQueries& q) { return q.engine(engine).value->bands.size(); }},
-    {"months of an engine", [](LibraryQueries& q) { return q.months(engine).value.size(); }},
-    {"episodes of an engine",
-     [](LibraryQueries& q) { return q.engineEpisodes(engine, page).value.size(); }},
-    {"faults of an engine",
-     [](LibraryQueries& q) { return q.engineFaults(engine, page).value.size(); }},
+     [](Pages& q) { return static_cast<std::size_t>(q.flightCount(durations).value); }},
+    {"engines", [](Pages& q) { return q.engines().value.size(); }},
+    {"ledger of an engine", [](Pages& q) { return q.engine(engine).value->bands.size(); }},
+    {"months of an engine", [](Pages& q) { return q.months(engine).value.size(); }},
+    {"episodes of an engine", [](Pages& q) { return q.engineEpisodes(engine, page).value.size(); }},
+    {"faults of an engine", [](Pages& q) { return q.engineFaults(engine, page).value.size(); }},
     {"since the last oil change",
-     [](LibraryQueries& q) {
+     [](Pages& q) {
          return static_cast<std::size_t>(
              q.engineSince(engine, QDateTime(QDate(2016, 1, 1), QTime(), Qt::UTC)).value.cycles);
      }},
@@ -248,6 +260,6 @@ int main(int argc, char** argv)
     figures.push_back({"rebuild of the sample card / its report", nullptr, nullptr,
                        Bench::Bound::AtMost, 2.0, rebuildRatio});
     const int status = Bench::run(argc, argv, figures);
-    stores = {}; // before what they need
+    releaseStores();
     return status;
 }

@@ -3,6 +3,7 @@
 #include "library/database/LibraryConnection.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <set>
 #include <tuple>
@@ -19,6 +20,10 @@ constexpr QLatin1String engineOfCycle(
     "AND (i.from_day IS NULL OR (cycle.day <> '' AND i.from_day <= cycle.day)) "
     "AND (i.to_day IS NULL OR (cycle.day <> '' AND i.to_day >= cycle.day)) "
     "ORDER BY COALESCE(i.from_day, '') DESC, i.engine LIMIT 1), cycle.recorded_engine)");
+
+/// Columns of a cycle that engine_unit has the sums of, in its order.
+constexpr std::array engineSums{"flights",    "starts",          "episodes",    "limits",
+                                "run_micros", "recorded_micros", "air_seconds", "fuel_micros"};
 
 } // namespace
 
@@ -91,7 +96,7 @@ bool CycleStore::putFiles(const ArchivedCycle& cycle)
                return m_connection.run(
                    QStringLiteral("INSERT INTO file (cycle, name, sha256, bytes) "
                                   "VALUES (?, ?, ?, ?)"),
-                   {m_id, file.name, file.sha256, file.bytes});
+                   {m_id, boundText(file.name), boundText(file.sha256), file.bytes});
            });
 }
 
@@ -126,27 +131,27 @@ bool CycleStore::store(const ArchivedCycle& cycle)
         return false;
     if (*isKnown)
         return transaction.commit();
-    return takeFromEngineOf(cycle.folder) && putCycle(cycle) && putFiles(cycle) && dropFigures() &&
-           transaction.commit();
+    return takeFromEngine(cycle.folder) && putCycle(cycle) && putFiles(cycle) && dropFigures() &&
+           addToEngine(cycle.folder) && transaction.commit();
 }
 
 bool CycleStore::store(const ArchivedCycle& cycle, const CycleFigures& figures,
                        const FiguresSource& source)
 {
     Transaction transaction(m_connection);
-    if (!transaction.isOpen() || !takeFromEngineOf(cycle.folder) || !putCycle(cycle) ||
+    if (!transaction.isOpen() || !takeFromEngine(cycle.folder) || !putCycle(cycle) ||
         !putFiles(cycle) || !dropFigures())
         return false;
     const std::optional<qint64> sourceId = idOf(source);
     return sourceId && putFigures(figures, *sourceId) && putFlights(figures) &&
            putEpisodes(figures) && putFaults(figures) && putFindings(figures) &&
-           putBands(figures) && addToEngine() && transaction.commit();
+           putBands(figures) && addToEngine(cycle.folder) && transaction.commit();
 }
 
 bool CycleStore::remove(const QString& folder)
 {
     Transaction transaction(m_connection);
-    return transaction.isOpen() && takeFromEngineOf(folder) &&
+    return transaction.isOpen() && takeFromEngine(folder) &&
            m_connection.run(QStringLiteral("DELETE FROM cycle WHERE folder = ?"), {folder}) &&
            transaction.commit();
 }
@@ -207,43 +212,72 @@ bool CycleStore::install(const std::vector<Installation>& installations)
             return false;
     }
     return m_connection.run(QStringLiteral("UPDATE cycle SET engine = %1").arg(engineOfCycle)) &&
-           m_connection.run(QStringLiteral("DELETE FROM engine_band")) &&
-           m_connection.run(
-               QStringLiteral("INSERT INTO engine_band (engine, quantity, state, micros) "
-                              "SELECT cycle.engine, band.quantity, band.state, SUM(band.micros) "
-                              "FROM band JOIN cycle ON cycle.id = band.cycle "
-                              "GROUP BY cycle.engine, band.quantity, band.state")) &&
-           transaction.commit();
+           fillEngines() && transaction.commit();
 }
 
-bool CycleStore::takeFromEngineOf(const QString& folder)
+bool CycleStore::countForEngine(const QString& folder, bool isTaken)
 {
-    // What the engine had of the cycle, the one that it was of until now.
+    QStringList counted;
+    QStringList added;
+    for (const char* column : engineSums) {
+        counted << QStringLiteral("%1 * c.%2").arg(isTaken ? -1 : 1).arg(QLatin1String(column));
+        added << QStringLiteral("%1 = engine_unit.%1 + excluded.%1").arg(QLatin1String(column));
+    }
+    const QString sign = isTaken ? QStringLiteral("-") : QString();
     return m_connection.run(
-               QStringLiteral(
-                   "UPDATE engine_band SET micros = micros - (SELECT b.micros FROM band b "
-                   "JOIN cycle c ON c.id = b.cycle WHERE c.folder = ? "
-                   "AND b.quantity = engine_band.quantity AND b.state = engine_band.state) "
-                   "WHERE engine = (SELECT engine FROM cycle WHERE folder = ?) "
-                   "AND EXISTS (SELECT 1 FROM band b JOIN cycle c ON c.id = b.cycle "
-                   "WHERE c.folder = ? AND b.quantity = engine_band.quantity "
-                   "AND b.state = engine_band.state)"),
-               {folder, folder, folder}) &&
+               QStringLiteral("INSERT INTO engine_band (engine, quantity, state, micros) "
+                              "SELECT c.engine, b.quantity, b.state, %1b.micros FROM band b "
+                              "JOIN cycle c ON c.id = b.cycle WHERE c.folder = ? "
+                              "ON CONFLICT (engine, quantity, state) "
+                              "DO UPDATE SET micros = engine_band.micros + excluded.micros")
+                   .arg(sign),
+               {folder}) &&
            m_connection.run(
-               QStringLiteral("DELETE FROM engine_band WHERE micros = 0 "
-                              "AND engine = (SELECT engine FROM cycle WHERE folder = ?)"),
+               QStringLiteral(
+                   "INSERT INTO engine_unit SELECT c.engine, c.unit, %1 1, %2, "
+                   "CASE WHEN c.unit_hours_last IS NULL THEN 0 ELSE %1 1 END, "
+                   "CASE WHEN c.unit_starts_last IS NULL THEN 0 ELSE %1 1 END "
+                   "FROM cycle c WHERE c.folder = ? ON CONFLICT (engine, unit) DO UPDATE SET "
+                   "cycles = engine_unit.cycles + excluded.cycles, %3, "
+                   "hours_readings = engine_unit.hours_readings + excluded.hours_readings, "
+                   "starts_readings = engine_unit.starts_readings + excluded.starts_readings")
+                   .arg(sign, counted.join(QStringLiteral(", ")), added.join(QStringLiteral(", "))),
                {folder});
 }
 
-bool CycleStore::addToEngine()
+bool CycleStore::addToEngine(const QString& folder)
 {
-    return m_connection.run(
-        QStringLiteral("INSERT INTO engine_band (engine, quantity, state, micros) "
-                       "SELECT c.engine, b.quantity, b.state, b.micros FROM band b "
-                       "JOIN cycle c ON c.id = b.cycle WHERE b.cycle = ? "
-                       "ON CONFLICT (engine, quantity, state) "
-                       "DO UPDATE SET micros = engine_band.micros + excluded.micros"),
-        {m_id});
+    return countForEngine(folder, false);
+}
+
+bool CycleStore::takeFromEngine(const QString& folder)
+{
+    const auto dropEmpty = [&](const char* table, const char* column) {
+        return m_connection.run(QStringLiteral("DELETE FROM %1 WHERE %2 = 0 AND engine = "
+                                               "(SELECT engine FROM cycle WHERE folder = ?)")
+                                    .arg(QLatin1String(table), QLatin1String(column)),
+                                {folder});
+    };
+    return countForEngine(folder, true) && dropEmpty("engine_band", "micros") &&
+           dropEmpty("engine_unit", "cycles");
+}
+
+bool CycleStore::fillEngines()
+{
+    QStringList sums;
+    for (const char* column : engineSums)
+        sums << QStringLiteral("SUM(%1)").arg(QLatin1String(column));
+    return m_connection.runScript(
+        QStringLiteral("DELETE FROM engine_band;\n"
+                       "INSERT INTO engine_band (engine, quantity, state, micros) "
+                       "SELECT cycle.engine, band.quantity, band.state, SUM(band.micros) "
+                       "FROM band JOIN cycle ON cycle.id = band.cycle "
+                       "GROUP BY cycle.engine, band.quantity, band.state;\n"
+                       "DELETE FROM engine_unit;\n"
+                       "INSERT INTO engine_unit SELECT engine, unit, COUNT(*), %1, "
+                       "COUNT(unit_hours_last), COUNT(unit_starts_last) FROM cycle "
+                       "GROUP BY engine, unit;\n")
+            .arg(sums.join(QStringLiteral(", "))));
 }
 
 } // namespace KOLT::Library

@@ -40,8 +40,12 @@ private:
     bool putFaults(const CycleFigures& figures);
     bool putFindings(const CycleFigures& figures);
     bool putBands(const CycleFigures& figures);
-    bool takeFromEngineOf(const QString& folder);
-    bool addToEngine();
+    /// Adds what the database knows of the cycle to the sums of its engine.
+    bool addToEngine(const QString& folder);
+    bool takeFromEngine(const QString& folder);
+    bool countForEngine(const QString& folder, bool isTaken);
+    /// The sums of all engines anew.
+    bool fillEngines();
 
     LibraryConnection& m_connection;
     qint64 m_id = 0;

@@ -12,91 +12,99 @@ namespace {
 
 constexpr QLatin1String monthDay("-01");
 
-/// The first and the last reading of a counter of the unit with an engine.
+/// The first and the last reading of a counter of a unit with an engine.
 struct Readings
 {
     std::optional<CounterSpan> span;
     QString day; ///< of the last one
-    QString error;
 };
 
-/// Of the cycles with a date, or of those without.
-Readings readingsOf(LibraryDatabase& database, const QString& engine, quint32 unit,
-                    const QString& counter, bool isDated)
+struct EngineUnit
 {
-    Readings result;
-    for (const bool isFirst : {true, false}) {
-        const auto found = rowsOf<std::pair<double, QString>>(
-            database,
-            QStringLiteral("SELECT c.%1_%3, c.day FROM cycle c WHERE c.engine = ? AND c.unit = ? "
-                           "AND c.month %4 '' AND c.%1_last IS NOT NULL "
-                           "ORDER BY c.month %2, c.date_time %2, c.folder %2 LIMIT 1")
-                .arg(counter, isFirst ? QStringLiteral("ASC") : QStringLiteral("DESC"),
-                     isFirst ? QStringLiteral("first") : QStringLiteral("last"),
-                     isDated ? QStringLiteral(">") : QStringLiteral("=")),
-            {boundText(engine), qint64{unit}}, [](const QSqlQuery& query) {
-                return std::pair(query.value(0).toDouble(), query.value(1).toString());
-            });
-        result.error = found.error;
-        if (!found || found.value.empty())
-            return result;
-        const auto& [value, day] = found.value.front();
-        if (isFirst)
-            result.span.emplace().first = value;
-        else
-            result.span->last = value;
-        result.day = day;
-    }
-    return result;
+    QString engine;
+    quint32 unit = 0;
+    Readings hours;
+    Readings starts;
+};
+
+/// The column of the first or the last cycle of engine and unit u that has the counter: of those
+/// with a date, or of those without.
+QString readingSql(const QString& column, const QString& counter, bool isFirst, bool isDated)
+{
+    return QStringLiteral("(SELECT c.%1 FROM cycle c WHERE c.engine = u.engine "
+                          "AND c.unit = u.unit AND c.month %2 '' AND c.%3_last IS NOT NULL "
+                          "ORDER BY c.month %4, c.date_time %4, c.folder %4 LIMIT 1)")
+        .arg(column, isDated ? QStringLiteral(">") : QStringLiteral("="), counter,
+             isFirst ? QStringLiteral("ASC") : QStringLiteral("DESC"));
 }
 
-Readings readingsOf(LibraryDatabase& database, const QString& engine, quint32 unit,
-                    const QString& counter)
+/// First, last and day of the last. Nothing is searched where there is no reading.
+QString readingsSql(const QString& counter, const QString& count)
 {
-    const Readings dated = readingsOf(database, engine, unit, counter, true);
-    return dated.span || !dated.error.isEmpty()
-               ? dated
-               : readingsOf(database, engine, unit, counter, false);
+    const auto either = [&](const QString& column, bool isFirst) {
+        return QStringLiteral("CASE WHEN u.%1 > 0 THEN COALESCE(%2, %3) END")
+            .arg(count, readingSql(column, counter, isFirst, true),
+                 readingSql(column, counter, isFirst, false));
+    };
+    return QStringLiteral("%1, %2, %3")
+        .arg(either(counter + QStringLiteral("_first"), true),
+             either(counter + QStringLiteral("_last"), false),
+             either(QStringLiteral("day"), false));
 }
 
-/// Adds what the row lacks besides sums and bands; returns an error.
-QString complete(LibraryDatabase& database, EngineRow& row)
+Readings readingsFrom(const QSqlQuery& query, int first)
 {
-    const auto units = rowsOf<quint32>(
+    if (query.isNull(first) || query.isNull(first + 1))
+        return {};
+    return {CounterSpan{query.value(first).toDouble(), query.value(first + 1).toDouble()},
+            query.value(first + 2).toString()};
+}
+
+/// In one statement, as a server takes its time for each.
+Answer<std::vector<EngineUnit>> unitsOf(LibraryDatabase& database,
+                                        const std::optional<QString>& engine)
+{
+    return rowsOf<EngineUnit>(
         database,
-        QStringLiteral("SELECT DISTINCT c.unit FROM cycle c WHERE c.engine = ? ORDER BY c.unit"),
-        {boundText(row.engine)},
-        [](const QSqlQuery& query) { return static_cast<quint32>(query.value(0).toLongLong()); });
-    const auto types = rowsOf<QString>(
-        database,
-        QStringLiteral("SELECT c.engine_type FROM cycle c WHERE c.engine = ? "
-                       "ORDER BY c.month DESC, c.date_time DESC LIMIT 1"),
-        {boundText(row.engine)}, [](const QSqlQuery& query) { return query.value(0).toString(); });
-    if (!units || !types)
-        return database.error();
-    row.engineType = types.value.empty() ? QString() : types.value.front();
-    QString hoursDay;
-    QString startsDay;
+        QStringLiteral("SELECT u.engine, u.unit, %1, %2 FROM engine_unit u %3 "
+                       "ORDER BY u.engine, u.unit")
+            .arg(readingsSql(QStringLiteral("unit_hours"), QStringLiteral("hours_readings")),
+                 readingsSql(QStringLiteral("unit_starts"), QStringLiteral("starts_readings")),
+                 engine ? QStringLiteral("WHERE u.engine = ?") : QString()),
+        engine ? QVariantList{boundText(*engine)} : QVariantList(), [](const QSqlQuery& query) {
+            constexpr int hours = 2;
+            constexpr int starts = 5;
+            return EngineUnit{query.value(0).toString(),
+                              static_cast<quint32>(query.value(1).toLongLong()),
+                              readingsFrom(query, hours), readingsFrom(query, starts)};
+        });
+}
+
+/// Adds what the rows lack besides sums and bands; returns an error.
+QString addUnits(LibraryDatabase& database, const std::optional<QString>& engine,
+                 std::vector<EngineRow>& rows)
+{
+    const auto units = unitsOf(database, engine);
     const auto isNewer = [](const Readings& readings, QString& day) {
         if (!readings.span || (!day.isNull() && readings.day < day))
             return false;
         day = readings.day;
         return true;
     };
-    for (const quint32 unit : units.value) {
-        row.units << unit;
-        const Readings hours = readingsOf(database, row.engine, unit, QStringLiteral("unit_hours"));
-        const Readings starts =
-            readingsOf(database, row.engine, unit, QStringLiteral("unit_starts"));
-        if (!hours.error.isEmpty() || !starts.error.isEmpty())
-            return database.error();
-        row.counters.push_back({unit, hours.span, starts.span});
-        if (isNewer(hours, hoursDay))
-            row.unitHours = hours.span->last;
-        if (isNewer(starts, startsDay))
-            row.unitStarts = starts.span->last;
+    auto unit = units.value.begin(); // both are in the same order
+    for (EngineRow& row : rows) {
+        QString hoursDay;
+        QString startsDay;
+        for (; unit != units.value.end() && unit->engine == row.engine; ++unit) {
+            row.units << unit->unit;
+            row.counters.push_back({unit->unit, unit->hours.span, unit->starts.span});
+            if (isNewer(unit->hours, hoursDay))
+                row.unitHours = unit->hours.span->last;
+            if (isNewer(unit->starts, startsDay))
+                row.unitStarts = unit->starts.span->last;
+        }
     }
-    return {};
+    return units.error;
 }
 
 struct EngineBand
@@ -134,27 +142,40 @@ QString addBands(LibraryDatabase& database, const std::optional<QString>& engine
     return bands.error;
 }
 
+/// A column of the first cycle of engine c in this order.
+QString ofEngine(const char* column, const char* condition, const char* order)
+{
+    return QStringLiteral("(SELECT t.%1 FROM cycle t WHERE t.engine = c.engine AND %2 "
+                          "ORDER BY %3 LIMIT 1)")
+        .arg(QLatin1String(column), QLatin1String(condition), QLatin1String(order));
+}
+
 Answer<std::vector<EngineRow>> enginesLike(LibraryDatabase& database,
                                            const std::optional<QString>& engine)
 {
     auto answer = rowsOf<EngineRow>(
         database,
-        QStringLiteral("SELECT c.engine, MIN(NULLIF(c.day, '')), MAX(NULLIF(c.day, '')), %1 "
-                       "FROM cycle c %2 GROUP BY c.engine ORDER BY c.engine")
-            .arg(sumColumns, engine ? QStringLiteral("WHERE c.engine = ?") : QString()),
+        QStringLiteral("SELECT c.engine, %1, %2, %3, %4 FROM engine_unit c %5 "
+                       "GROUP BY c.engine ORDER BY c.engine")
+            .arg(ofEngine("day", "t.month > ''", "t.month, t.day"),
+                 ofEngine("day", "t.month > ''", "t.month DESC, t.day DESC"),
+                 ofEngine("engine_type", "1 = 1", "t.month DESC, t.date_time DESC"),
+                 QString(sumColumns)
+                     .replace(QLatin1String("COUNT(*)"), QLatin1String("SUM(c.cycles)")),
+                 engine ? QStringLiteral("WHERE c.engine = ?") : QString()),
         engine ? QVariantList{boundText(*engine)} : QVariantList(), [](const QSqlQuery& query) {
-            constexpr int sums = 3;
+            constexpr int type = 3;
+            constexpr int sums = 4;
             EngineRow row;
             row.engine = query.value(0).toString();
             row.first = dayFrom(query.value(1));
             row.last = dayFrom(query.value(2));
+            row.engineType = query.value(type).toString();
             row.sums = sumsFrom(query, sums);
             return row;
         });
-    for (EngineRow& row : answer.value) {
-        if (answer)
-            answer.error = complete(database, row);
-    }
+    if (answer)
+        answer.error = addUnits(database, engine, answer.value);
     if (answer)
         answer.error = addBands(database, engine, answer.value);
     if (!answer)

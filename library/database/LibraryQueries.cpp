@@ -10,6 +10,7 @@ namespace KOLT::Library {
 namespace {
 
 constexpr qsizetype yearLength = 4;
+constexpr qsizetype dayLength = 10; // of "yyyy-MM-dd"
 
 QString yearText(int year)
 {
@@ -135,9 +136,21 @@ Answer<std::vector<FlightRow>> LibraryQueries::flights(qint64 cycle)
 }
 
 Answer<std::vector<FlightRow>> LibraryQueries::flights(const LibraryFilter& filter, int limit,
-                                                       int offset)
+                                                       const FlightRow* after)
 {
-    const Condition condition = flightCondition(filter);
+    Condition condition = flightCondition(filter);
+    if (after != nullptr) {
+        const auto times = rowsOf<QString>(
+            m_database, QStringLiteral("SELECT COALESCE(date_time, '') FROM cycle WHERE id = ?"),
+            {after->cycle}, [](const QSqlQuery& query) { return query.value(0).toString(); });
+        if (!times || times.value.empty())
+            return {{}, times.error};
+        const QString& time = times.value.front();
+        condition.add(
+            QStringLiteral(
+                "c.day <= ? AND (COALESCE(c.date_time, ''), c.id, f.number) < (?, ?, ?)"),
+            {boundText(time.left(dayLength)), boundText(time), after->cycle, after->number});
+    }
     return rowsOf<FlightRow>(
         m_database,
         limitedSql( // As written: the newest cycles first, and as many as are needed.
@@ -145,7 +158,7 @@ Answer<std::vector<FlightRow>> LibraryQueries::flights(const LibraryFilter& filt
                            "WHERE f.cycle = c.id AND %2 "
                            "ORDER BY c.day DESC, c.date_time DESC, c.id DESC, f.number DESC")
                 .arg(flightColumns, condition.sql),
-            limit, offset),
+            limit),
         condition.values, flightFrom);
 }
 

@@ -31,8 +31,10 @@ public:
                                          int offset = 0);
     /// Those of one cycle, by number.
     Answer<std::vector<FlightRow>> flights(qint64 cycle);
-    /// All that the filter lets through, newest first.
-    Answer<std::vector<FlightRow>> flights(const LibraryFilter& filter, int limit, int offset = 0);
+    /// All that the filter lets through, newest first; of these, with `after`, those behind the last
+    /// row of the page before. Each page takes the same time, however old it is.
+    Answer<std::vector<FlightRow>> flights(const LibraryFilter& filter, int limit,
+                                           const FlightRow* after = nullptr);
     Answer<int> flightCount(const LibraryFilter& filter);
     Answer<LibrarySums> sums(const LibraryFilter& filter);
 

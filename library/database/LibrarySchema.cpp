@@ -183,13 +183,33 @@ CREATE VIEW engine AS SELECT engine, MAX(engine_type) AS engine_type, COUNT(*) A
     SUM(air_seconds) / 3600.0 AS air_hours, SUM(fuel_micros) / 1000000.0 AS fuel,
     SUM(episodes) AS episodes, MIN(date_time) AS first, MAX(date_time) AS last
     FROM cycle GROUP BY engine;
+)",
+    // Sums of the cycles of an engine in a unit.
+    R"(CREATE TABLE engine_unit (
+    engine TEXT NOT NULL,
+    unit BIGINT NOT NULL,
+    cycles BIGINT NOT NULL,
+    flights BIGINT NOT NULL,
+    starts BIGINT NOT NULL,
+    episodes BIGINT NOT NULL,
+    limits BIGINT NOT NULL,
+    run_micros BIGINT NOT NULL,
+    recorded_micros BIGINT NOT NULL,
+    air_seconds BIGINT NOT NULL,
+    fuel_micros BIGINT NOT NULL,
+    hours_readings BIGINT NOT NULL,
+    starts_readings BIGINT NOT NULL,
+    PRIMARY KEY (engine, unit));
+INSERT INTO engine_unit SELECT engine, unit, COUNT(*), SUM(flights), SUM(starts), SUM(episodes),
+    SUM(limits), SUM(run_micros), SUM(recorded_micros), SUM(air_seconds), SUM(fuel_micros),
+    COUNT(unit_hours_last), COUNT(unit_starts_last) FROM cycle GROUP BY engine, unit;
 )"};
 
 static_assert(steps.size() == schemaVersion);
 
-constexpr std::array tables{"engine_band", "band",         "finding",       "fault",
-                            "episode",     "flight",       "file",          "cycle",
-                            "source",      "installation", "library_schema"};
+constexpr std::array tables{"engine_unit", "engine_band", "band",         "finding",
+                            "fault",       "episode",     "flight",       "file",
+                            "cycle",       "source",      "installation", "library_schema"};
 constexpr std::array views{"engine", "unit"};
 
 /// PostgreSQL sorts texts by the rules of a language otherwise.

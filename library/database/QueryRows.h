@@ -24,7 +24,7 @@ Answer<std::vector<Row>> rowsOf(LibraryDatabase& database, const QString& sql,
 }
 
 /// With a limit, unless it is below 0.
-inline QString limitedSql(const QString& sql, int limit, int offset)
+inline QString limitedSql(const QString& sql, int limit, int offset = 0)
 {
     return limit < 0 ? sql
                      : QStringLiteral("%1 LIMIT %2 OFFSET %3").arg(sql).arg(limit).arg(offset);

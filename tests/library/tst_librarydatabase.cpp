@@ -1,13 +1,7 @@
-#include "library/database/FiguresText.h"
-#include "library/database/LibraryDatabase.h"
 #include "library/database/LibraryQueries.h"
-#include "library/database/LibraryUpdate.h"
-#include "tests/support/LibraryData.h"
-#include "tests/support/PostgresServer.h"
+#include "tests/library/DatabaseSupport.h"
 
-#include <QJsonObject>
-#include <QTest>
-
+#include <algorithm>
 #include <cmath>
 #include <limits>
 
@@ -17,67 +11,10 @@ using namespace KOLT::Test;
 
 namespace {
 
-using Access = LibraryDatabase::Access;
-using Status = LibraryDatabase::Status;
-
-constexpr int cycleCount = 60;
-
-/// Stores cycles [first, behind) as a program of its own would.
-int storeCycles(const QString& library, const QString& archive, int first, int behind)
-{
-    LibraryDatabase database;
-    if (!database.open(*parseLibraryAddress(library, archive).address, Access::Create)) {
-        qWarning("%s", qUtf8Printable(database.error()));
-        return 1;
-    }
-    for (int i = first; i < behind; ++i) {
-        if (!database.storeCycle(someCycle(i), someFigures(i), someSource())) {
-            qWarning("%s", qUtf8Printable(database.error()));
-            return 1;
-        }
-        std::puts("stored");
-        std::fflush(stdout);
-    }
-    return 0;
-}
-
-constexpr int badCycle = 7;
-constexpr int strayCycle = 9;
-
-/// In place of kolt-cli: figures made up, a cycle that ends the process, and one that is answered
-/// for another.
-int workOutFigures()
-{
-    QFile input;
-    if (!input.open(stdin, QIODevice::ReadOnly))
-        return 1;
-    for (QByteArray line = input.readLine(); !line.isEmpty(); line = input.readLine()) {
-        const ArchivedCycle cycle = *cycleFrom(line.trimmed());
-        const int number = cycle.folder.section('/', 2).section(' ', 0, 0).toInt();
-        if (number == badCycle)
-            std::_Exit(3);
-        const QString folder = number == strayCycle ? someCycle(0).folder : cycle.folder;
-        std::puts(lineOf(FoundFigures{someFigures(number), {}, folder}).constData());
-        std::fflush(stdout);
-    }
-    return 0;
-}
-
 /// Bit for bit; what is not finite is NaN on both sides.
 bool isSame(double a, double b)
 {
     return std::isfinite(a) ? a == b : std::isnan(b);
-}
-
-QJsonArray ask(const LibraryAddress& address, const QString& sql)
-{
-    LibraryDatabase database;
-    if (!database.open(address, Access::ReadOnly))
-        qWarning("%s", qUtf8Printable(database.error()));
-    const Answer<QJsonArray> answer = database.query(sql);
-    if (!answer)
-        qWarning("%s", qUtf8Printable(answer.error));
-    return answer.value;
 }
 
 template <typename Set>
@@ -88,71 +25,14 @@ LibraryFilter filterWith(Set&& set)
     return filter;
 }
 
-/// All that must hold of a database, whatever happened to its writers.
-void checkWhole(const LibraryAddress& address)
-{
-    for (const char* table : {"flight", "episode", "fault"})
-        QCOMPARE(ask(address, QString("SELECT c.folder FROM cycle c WHERE c.%1s <> (SELECT "
-                                      "COUNT(*) FROM %1 x WHERE x.cycle = c.id)")
-                                  .arg(table)),
-                 QJsonArray());
-    QCOMPARE(ask(address, "SELECT c.folder FROM cycle c WHERE c.files <> (SELECT COUNT(*) FROM "
-                          "file x WHERE x.cycle = c.id)"),
-             QJsonArray());
-    QCOMPARE(ask(address, "SELECT engine, quantity, state, micros FROM engine_band "
-                          "ORDER BY engine, quantity, state"),
-             ask(address, "SELECT c.engine, b.quantity, b.state, CAST(SUM(b.micros) AS BIGINT) AS "
-                          "micros FROM band b JOIN cycle c ON c.id = b.cycle "
-                          "GROUP BY c.engine, b.quantity, b.state "
-                          "ORDER BY c.engine, b.quantity, b.state"));
-}
-
-/// What must not depend on how cycles came into the library.
-QJsonArray contentOf(const LibraryAddress& address)
-{
-    QJsonArray all;
-    for (const char* sql :
-         {"SELECT folder, unit, engine, day, files, run_seconds, flights, episodes FROM cycle "
-          "ORDER BY folder",
-          "SELECT * FROM engine ORDER BY engine", "SELECT * FROM unit ORDER BY unit",
-          "SELECT * FROM engine_band ORDER BY engine, quantity, state"})
-        all.append(ask(address, sql));
-    return all;
-}
-
 } // namespace
 
-/// Each test runs on both databases.
-class TestLibraryDatabase : public QObject
+/// What is kept, and what can be asked.
+class TestLibraryDatabase : public DatabaseTest
 {
     Q_OBJECT
 
 private slots:
-
-    void init()
-    {
-        m_folder = std::make_unique<QTemporaryDir>();
-        QFETCH_GLOBAL(QString, kind);
-        if (kind == "PostgreSQL") {
-            if (!m_hasServer) {
-                const QString error = m_server.start();
-                QVERIFY2(error.isEmpty(), qPrintable(error));
-                m_hasServer = true;
-            }
-            m_library = m_server.newDatabase();
-            QVERIFY(!m_library.isEmpty());
-        } else {
-            m_library = m_folder->path();
-        }
-        m_address = *parseLibraryAddress(m_library, m_folder->path()).address;
-    }
-
-    void initTestCase_data()
-    {
-        QTest::addColumn<QString>("kind");
-        QTest::newRow("SQLite") << "SQLite";
-        QTest::newRow("PostgreSQL") << "PostgreSQL";
-    }
 
     void keepsEveryFigure()
     {
@@ -451,10 +331,15 @@ private slots:
         }
         QCOMPARE(below, cycles);
         // Page by page.
-        std::size_t paged = 0;
-        for (int offset = 0; offset < flights; offset += 7)
-            paged += queries.flights(filter, 7, offset).value.size();
-        QCOMPARE(paged, found.value.size());
+        std::vector<FlightRow> paged;
+        const auto page = [&] {
+            return queries.flights(filter, 7, paged.empty() ? nullptr : &paged.back()).value;
+        };
+        for (std::vector<FlightRow> next = page(); !next.empty(); next = page())
+            paged.insert(paged.end(), next.begin(), next.end());
+        QVERIFY(std::ranges::equal(paged, found.value, [](const auto& a, const auto& b) {
+            return a.folder == b.folder && a.number == b.number;
+        }));
     }
 
     void staleFiguresAreKnown()
@@ -473,379 +358,8 @@ private slots:
                  QSet<QString>({someCycle(1).folder, someCycle(3).folder, grown.folder}));
         checkWhole(m_address);
     }
-
-    void severalWritersLoseAndDoubleNothing()
-    {
-        std::vector<std::unique_ptr<QProcess>> writers;
-        for (int i = 0; i < 4; ++i) { // overlapping parts, all at once, the first on nothing
-            writers.push_back(std::make_unique<QProcess>());
-            writers.back()->setProcessChannelMode(QProcess::ForwardedErrorChannel);
-            writers.back()->start(QCoreApplication::applicationFilePath(),
-                                  {"store", m_library, m_folder->path(), QString::number(i * 12),
-                                   QString::number(i * 12 + 24)});
-        }
-        for (const auto& writer : writers) {
-            QVERIFY(writer->waitForFinished(120'000));
-            QCOMPARE(writer->exitCode(), 0);
-        }
-        const QJsonArray together = contentOf(m_address);
-        checkWhole(m_address);
-        LibraryDatabase database;
-        QVERIFY(database.recreate(m_address));
-        for (int i = 0; i < cycleCount; ++i)
-            QVERIFY(database.storeCycle(someCycle(i), someFigures(i), someSource()));
-        QCOMPARE(contentOf(m_address), together);
-    }
-
-    void killedWriterLeavesWholeCycles()
-    {
-        int most = 0;
-        for (const int until : {1, 2, 5, 9, 14, 20}) {
-            QProcess writer;
-            writer.start(QCoreApplication::applicationFilePath(),
-                         {"store", m_library, m_folder->path(), "0", "1000"});
-            for (int told = 0; told < until;) {
-                QVERIFY(writer.waitForReadyRead(30'000));
-                told += static_cast<int>(writer.readAll().count("stored"));
-            }
-            writer.kill(); // in the middle of one of the next
-            QVERIFY(writer.waitForFinished(30'000));
-            checkWhole(m_address);
-            const int kept = static_cast<int>(ask(m_address, "SELECT 1 FROM cycle").size());
-            QVERIFY(kept >= until && kept >= most);
-            most = kept;
-        }
-    }
-
-    void updateGoesOnPastBadCycles()
-    {
-        LibraryDatabase database;
-        QVERIFY(database.open(m_address, Access::Create));
-        QVERIFY(database.storeCycle(someCycle(500), someFigures(500), someSource()));
-        std::vector<ArchivedCycle> archive;
-        for (int i = 0; i < 20; ++i)
-            archive.push_back(someCycle(i));
-        const auto plan = planUpdate(database, archive, {}, someSource());
-        QCOMPARE(plan.value.cycles.size(), 20);
-        QCOMPARE(plan.value.removed, QStringList{someCycle(500).folder});
-
-        ArchivedCycle grown = someCycle(3); // another import adds a file meanwhile
-        grown.files.push_back({"REC99999.CAN", QString(64, 'a'), 5});
-        UpdateOptions options;
-        options.source = someSource();
-        options.worker = {QCoreApplication::applicationFilePath(), {"figures"}, 3};
-        options.current = [&](const QString& folder) -> std::optional<ArchivedCycle> {
-            if (folder == grown.folder)
-                return grown;
-            const auto found = std::ranges::find(archive, folder, &ArchivedCycle::folder);
-            return folder == archive[5].folder ? std::nullopt : std::optional(*found);
-        };
-        qsizetype last = 0;
-        options.progress = [&](const UpdateProgress& progress) {
-            last = progress.done;
-            return true;
-        };
-        const UpdateResult result = updateLibrary(database, plan.value, options);
-        QCOMPARE(result.error, QString());
-        QStringList failed = result.failed;
-        failed.sort();
-        QCOMPARE(failed.size(), 2);
-        QVERIFY(failed[1].startsWith(someCycle(badCycle).folder + ": "));
-        QVERIFY(failed[0].startsWith(someCycle(strayCycle).folder + ": "));
-        QVERIFY(failed[0].contains(someCycle(0).folder));
-        QCOMPARE(result.cycles, 17); // without the bad ones and the one that was taken away
-        QCOMPARE(last, 20);
-        checkWhole(m_address);
-        archive[3] = grown;
-        archive.erase(archive.begin() + 5);
-        const auto rest = planUpdate(database, archive, {}, someSource());
-        QCOMPARE(rest.value.removed, QStringList());
-        QCOMPARE(rest.value.cycles.size(), 2); // the bad ones are tried again next time
-        QCOMPARE(rest.value.cycles[0].folder, someCycle(badCycle).folder);
-        QCOMPARE(rest.value.cycles[1].folder, someCycle(strayCycle).folder);
-    }
-
-    void updateEndsEarly()
-    {
-        LibraryDatabase database;
-        QVERIFY(database.open(m_address, Access::Create));
-        UpdatePlan plan;
-        for (int i = 10; i < 30; ++i)
-            plan.cycles << someCycle(i);
-        UpdateOptions options;
-        options.source = someSource();
-        options.worker = {QCoreApplication::applicationFilePath(), {"figures"}, 2};
-        options.progress = [](const UpdateProgress& progress) { return progress.done < 4; };
-        const UpdateResult cancelled = updateLibrary(database, plan, options);
-        QVERIFY(cancelled.isCancelled);
-        QCOMPARE(cancelled.cycles, 4);
-        QCOMPARE(ask(m_address, "SELECT 1 AS n FROM cycle").size(), 4);
-        options.progress = {};
-        options.worker.program = "/nowhere/kolt-cli";
-        QVERIFY(updateLibrary(database, plan, options).error.contains("/nowhere/kolt-cli"));
-        options.worker = {QCoreApplication::applicationFilePath(), {"refuse"}, 2};
-        QVERIFY(updateLibrary(database, plan, options).error.contains("status 2"));
-        checkWhole(m_address);
-    }
-
-    void readsOnly_data()
-    {
-        QTest::addColumn<QString>("sql");
-        QTest::addColumn<bool>("isPossible");
-        QTest::newRow("select") << "SELECT COUNT(*) AS n FROM cycle" << true;
-        QTest::newRow("end") << "  select 1 as n ; \n" << true;
-        QTest::newRow("with") << "WITH a AS (SELECT 1 AS n) SELECT n FROM a" << true;
-        QTest::newRow("wrong") << "SELECT nothing FROM nowhere" << false;
-        QTest::newRow("delete") << "DELETE FROM cycle" << false;
-        QTest::newRow("update") << "UPDATE cycle SET unit = 1" << false;
-        QTest::newRow("with delete") << "WITH a AS (SELECT 1) DELETE FROM cycle" << false;
-        QTest::newRow("two") << "SELECT 1 AS n; DELETE FROM cycle" << false;
-        QTest::newRow("out of the transaction") << "SELECT 1; COMMIT; DELETE FROM cycle" << false;
-        QTest::newRow("pragma") << "PRAGMA query_only = OFF" << false;
-        QTest::newRow("copy") << "VACUUM INTO '/tmp/kolt-copy.sqlite'" << false;
-        QTest::newRow("program") << "COPY cycle TO PROGRAM 'cat'" << false;
-        QTest::newRow("attach") << "ATTACH '/tmp/kolt-copy.sqlite' AS other" << false;
-        QTest::newRow("comment first") << "/* SELECT */ DELETE FROM cycle" << false;
-        QTest::newRow("into") << "SELECT * INTO copied FROM cycle" << false;
-        QTest::newRow("rights") << "SELECT set_config('transaction_read_only', 'off', false)"
-                                << false;
-        QTest::newRow("nothing") << "" << false;
-    }
-
-    void readsOnly()
-    {
-        QFETCH(QString, sql);
-        QFETCH(bool, isPossible);
-        {
-            LibraryDatabase database;
-            QVERIFY(database.open(m_address, Access::Create));
-            QVERIFY(database.storeCycle(someCycle(1), someFigures(1), someSource()));
-        }
-        const QJsonArray before = contentOf(m_address);
-        LibraryDatabase database;
-        QVERIFY(database.open(m_address, Access::ReadOnly));
-        const Answer<QJsonArray> answer = database.query(sql);
-        QCOMPARE(answer.error.isEmpty(), isPossible);
-        if (isPossible)
-            QCOMPARE(answer.value, QJsonArray{QJsonObject({{"n", 1}})});
-        QVERIFY(!QFile::exists("/tmp/kolt-copy.sqlite"));
-        QCOMPARE(contentOf(m_address), before);
-        QVERIFY(!database.query("SELECT 1 AS n").value.isEmpty()); // goes on after a failure
-    }
-
-    void newerAndOlderSchemas()
-    {
-        QJsonArray before;
-        {
-            LibraryDatabase database;
-            QVERIFY(database.open(m_address, Access::Create));
-            for (int i = 0; i < 10; ++i)
-                QVERIFY(database.storeCycle(someCycle(i), someFigures(i), someSource()));
-            before = contentOf(m_address);
-        }
-        // As version 1 had it.
-        QStringList script{"DROP VIEW engine", "DROP VIEW unit", "DROP TABLE engine_band",
-                           "UPDATE library_schema SET version = 1"};
-        for (const char* index :
-             {"cycle_by_unit", "cycle_by_engine", "cycle_by_time", "flight_by_duration",
-              "episode_by_quantity", "fault_by_parameter", "file_by_hash"})
-            script << QString("DROP INDEX ") + index;
-        for (const QString& sql : script)
-            execute(sql);
-        LibraryDatabase database;
-        QVERIFY(!database.open(m_address, Access::ReadOnly));
-        QVERIFY(database.open(m_address, Access::ReadWrite));
-        QCOMPARE(contentOf(m_address), before);
-        execute("UPDATE library_schema SET version = 9999");
-        for (const Access access : {Access::ReadOnly, Access::ReadWrite, Access::Create}) {
-            QVERIFY(!database.open(m_address, access));
-            QCOMPARE(database.status(), Status::TooNew);
-            QVERIFY(database.error().contains("9999"));
-        }
-    }
-
-    void absentLibraryIsTold()
-    {
-        LibraryDatabase database;
-        for (const Access access : {Access::ReadOnly, Access::ReadWrite}) {
-            QVERIFY(!database.open(m_address, access));
-            QCOMPARE(database.status(), Status::Absent);
-        }
-        QVERIFY(!QFile::exists(m_folder->path() + "/library.sqlite"));
-        const QString gone = m_address.isServer() ? m_library + "gone" : m_folder->path() + "/gone";
-        QVERIFY(!database.open(
-            *parseLibraryAddress(gone, m_folder->path() + (m_address.isServer() ? "" : "/gone"))
-                 .address,
-            Access::Create));
-        QVERIFY(database.error().contains("gone"));
-    }
-
-    void damagedDatabaseIsToldAndMadeAnew()
-    {
-        if (m_address.isServer())
-            QSKIP("the files of a server are its own business");
-        for (const QByteArray& damage :
-             {QByteArray("no database at all"), QByteArray(), QByteArray("*")}) {
-            {
-                LibraryDatabase database;
-                QVERIFY(database.recreate(m_address));
-                for (int i = 0; i < 20; ++i)
-                    QVERIFY(database.storeCycle(someCycle(i), someFigures(i), someSource()));
-            }
-            QFile file(m_address.sqliteFile());
-            QVERIFY(file.open(QIODevice::ReadWrite));
-            if (damage == "*") { // pages in the middle, as from a bad disk
-                file.seek(file.size() / 4);
-                file.write(QByteArray(static_cast<int>(file.size() / 2), 'x'));
-            } else if (damage.isEmpty()) {
-                file.resize(file.size() / 3);
-            } else {
-                file.resize(0);
-                file.write(damage.repeated(100));
-            }
-            file.close();
-            LibraryDatabase database;
-            const bool isOpen = database.open(m_address, Access::ReadWrite);
-            const bool isFine = isOpen && LibraryQueries(database).flights({}, -1) &&
-                                database.storeCycle(someCycle(30), someFigures(30), someSource());
-            QVERIFY(!isFine);
-            QCOMPARE(database.status(), Status::Damaged);
-            QVERIFY2(database.error().contains("rebuild"), qPrintable(database.error()));
-            QVERIFY2(database.recreate(m_address), qPrintable(database.error()));
-            QVERIFY(database.storeCycle(someCycle(1), someFigures(1), someSource()));
-            checkWhole(m_address);
-        }
-        QVERIFY(QFile::exists(m_address.sqliteFile() + ".broken"));
-    }
-
-    void lackingTableIsDamage()
-    {
-        LibraryDatabase database;
-        QVERIFY(database.open(m_address, Access::Create));
-        execute("DROP TABLE finding");
-        QVERIFY(!database.storeCycle(someCycle(4), someFigures(4), someSource()));
-        QCOMPARE(database.status(), Status::Damaged);
-        QVERIFY(database.recreate(m_address));
-        QVERIFY(database.storeCycle(someCycle(4), someFigures(4), someSource()));
-        checkWhole(m_address);
-    }
-
-    void passwordsAreAskedFor()
-    {
-        if (!m_address.isServer())
-            QSKIP("a file has no password");
-        QVERIFY(m_server.addUserWithPassword("pilot" + QString(m_library.right(2)), "s3cret")
-                    .isEmpty());
-        QString url = m_library;
-        url.replace("owner@", "pilot" + m_library.right(2) + "@");
-        const LibraryAddress address = *parseLibraryAddress(url, m_folder->path()).address;
-        LibraryDatabase database;
-        QVERIFY(!database.open(address, Access::Create));
-        QCOMPARE(database.status(), Status::NoPassword);
-        QStringList answers{"wrong", "s3cret"};
-        QString asked;
-        QVERIFY(database.open(address, Access::Create, [&](const QString& server) {
-            asked = server;
-            return answers.isEmpty() ? std::optional<QString>() : answers.takeFirst();
-        }));
-        QCOMPARE(asked, url.section("://", 1).replace(QRegularExpression(":\\d+"), ""));
-        QVERIFY(!database.error().contains("s3cret"));
-        QVERIFY(!database.open(address, Access::Create,
-                               [](const QString&) { return std::optional<QString>(); }));
-        QCOMPARE(database.status(), Status::NoPassword);
-        QVERIFY(!database.open(
-            *parseLibraryAddress("postgresql://owner@127.0.0.1:1/x", m_folder->path()).address,
-            Access::Create));
-        QCOMPARE(database.status(), Status::Unreachable);
-    }
-
-    void addresses_data()
-    {
-        QTest::addColumn<QString>("library");
-        QTest::addColumn<QString>("archive");
-        QTest::addColumn<bool>("isFine");
-        QTest::newRow("folder") << "/a"
-                                << "" << true;
-        QTest::newRow("the same folder") << "/a"
-                                         << "/a/" << true;
-        QTest::newRow("two folders") << "/a"
-                                     << "/b" << false;
-        QTest::newRow("nothing") << ""
-                                 << "" << false;
-        QTest::newRow("server") << "postgresql://u@h:1/d?sslmode=require"
-                                << "/a" << true;
-        QTest::newRow("no archive") << "postgresql://u@h/d"
-                                    << "" << false;
-        QTest::newRow("no database") << "postgresql://u@h"
-                                     << "/a" << false;
-        QTest::newRow("password") << "postgresql://u:p4ss@h/d"
-                                  << "/a" << false;
-        QTest::newRow("hidden password") << "postgresql://u@h/d?password=p4ss"
-                                         << "/a" << false;
-        QTest::newRow("option") << "postgresql://u@h/d?service=x"
-                                << "/a" << false;
-        QTest::newRow("other server") << "mysql://u:p4ss@h/d"
-                                      << "/a" << false;
-    }
-
-    void addresses()
-    {
-        QFETCH(QString, library);
-        QFETCH(QString, archive);
-        QFETCH(bool, isFine);
-        const ParsedAddress parsed = parseLibraryAddress(library, archive);
-        QCOMPARE(parsed.address.has_value(), isFine);
-        QCOMPARE(parsed.error.isEmpty(), isFine);
-        QVERIFY(!parsed.error.contains("p4ss"));
-    }
-
-    void linesBetweenProcessesAreWhole()
-    {
-        const CycleFigures figures = someFigures(4, 3);
-        const QByteArray line = lineOf(FoundFigures{figures, {}, "unit/folder"});
-        const auto found = figuresFrom(line);
-        QVERIFY(found && found->figures);
-        QCOMPARE(lineOf(*found), line);
-        QCOMPARE(found->figures->flights[2].flight.fuel, figures.flights[2].flight.fuel);
-        for (qsizetype length = 0; length < line.size(); length += 4)
-            QVERIFY(!figuresFrom(line.left(length)));
-        QCOMPARE(lineOf(*cycleFrom(lineOf(someCycle(4)))), lineOf(someCycle(4)));
-    }
-
-private:
-    /// Past the program.
-    void execute(const QString& sql)
-    {
-        if (m_address.isServer()) {
-            QCOMPARE(m_server.sql(sql, m_library.section('/', -1)), QString());
-            return;
-        }
-        QProcess sqlite;
-        sqlite.start("sqlite3", {"-bail", m_address.sqliteFile(), sql});
-        QVERIFY(sqlite.waitForFinished(30'000));
-        QCOMPARE(sqlite.readAllStandardError(), QByteArray());
-        QCOMPARE(sqlite.exitCode(), 0);
-    }
-
-    PostgresServer m_server;
-    bool m_hasServer = false;
-    std::unique_ptr<QTemporaryDir> m_folder;
-    QString m_library; ///< as on a command line
-    LibraryAddress m_address;
 };
 
-int main(int argc, char** argv)
-{
-    QCoreApplication application(argc, argv);
-    const QStringList arguments = QCoreApplication::arguments();
-    if (arguments.value(1) == "store")
-        return storeCycles(arguments[2], arguments[3], arguments[4].toInt(), arguments[5].toInt());
-    if (arguments.value(1) == "figures")
-        return workOutFigures();
-    if (arguments.value(1) == "refuse")
-        return 2;
-    TestLibraryDatabase test;
-    return QTest::qExec(&test, argc, argv);
-}
+QTEST_GUILESS_MAIN(TestLibraryDatabase)
 
 #include "tst_librarydatabase.moc"

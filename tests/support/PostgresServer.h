@@ -1,10 +1,12 @@
 #pragma once
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QProcess>
 #include <QTcpServer>
 #include <QTemporaryDir>
 
+#include <cerrno>
 #include <csignal>
 #include <memory>
 #include <sys/stat.h>
@@ -25,8 +27,10 @@ public:
         if (versions.isEmpty())
             return "PostgreSQL is not installed: run scripts/setup";
         m_programs = "/usr/lib/postgresql/" + versions.last() + "/bin/";
+        removeLeftovers();
         // Not the folder of the tests, which nobody else may be able to enter.
-        m_folder = std::make_unique<QTemporaryDir>("/tmp/kolt-postgres-XXXXXX");
+        m_folder = std::make_unique<QTemporaryDir>(
+            QString("/tmp/kolt-postgres-%1-XXXXXX").arg(QCoreApplication::applicationPid()));
         const QByteArray path = QFile::encodeName(m_folder->path());
         if (!m_folder->isValid() ||
             (geteuid() == 0 && ::chown(path.constData(), nobody, nobody) != 0))
@@ -102,6 +106,17 @@ public:
 
 private:
     static constexpr uid_t nobody = 65534;
+
+    /// Folders of tests that were killed: these have their process in the name.
+    static void removeLeftovers()
+    {
+        for (const QFileInfo& folder :
+             QDir("/tmp").entryInfoList({"kolt-postgres-*-*"}, QDir::Dirs | QDir::NoSymLinks)) {
+            const auto test = static_cast<pid_t>(folder.fileName().section('-', 2, 2).toInt());
+            if (test > 0 && ::kill(test, 0) != 0 && errno == ESRCH)
+                QDir(folder.filePath()).removeRecursively();
+        }
+    }
 
     QString data() const { return m_folder->path() + "/data"; }
 
