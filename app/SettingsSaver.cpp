@@ -22,8 +22,9 @@ void saveSettings(QWidget* parent)
         Messages::warn(parent, QCoreApplication::translate(
                                    "KOLT::Messages",
                                    "The settings could not be saved to\n%1\nThey are kept until "
-                                   "the program ends. Please "
-                                   "check that the folder can be written and is not full.")
+                                   "the program ends. Please check that the folder can be "
+                                   "written and is not full, and that no other program has the "
+                                   "file open.")
                                    .arg(QFile::decodeName(settings.fileName())));
     const QString keptCopy = settings.takeKeptCopy();
     if (!keptCopy.isEmpty())

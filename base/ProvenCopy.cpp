@@ -1,6 +1,7 @@
 #include "base/ProvenCopy.h"
 
 #include "base/SystemDisk.h"
+#include "base/SystemPath.h"
 #include "base/WriteGuard.h"
 
 #include <QCoreApplication>
@@ -160,6 +161,7 @@ QString moveFile(const QString& from, const QString& to)
     const QString folder = QFileInfo(to).absolutePath();
     if (!QDir().mkpath(folder))
         return Text::tr("The folder %1 cannot be created.").arg(QDir::toNativeSeparators(folder));
+    System::awaitReplaceable(from);
     // QFile::rename() would fall back to copying.
     std::error_code error;
     std::filesystem::rename(std::filesystem::path(from.toStdU16String()),

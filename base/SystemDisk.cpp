@@ -57,6 +57,7 @@ struct DiskReader::Handle
     std::unique_ptr<Buffer> buffer = std::make_unique<Buffer>();
 #ifdef _WIN32
     HANDLE file = INVALID_HANDLE_VALUE;
+    bool isAtEnd = false;
 
     ~Handle()
     {
@@ -108,6 +109,8 @@ bool DiskReader::open(const QString& path)
 
 std::span<const char> DiskReader::next()
 {
+    if (m_handle->isAtEnd)
+        return {};
     DWORD count = 0;
     char* const bytes = m_handle->buffer->bytes.data();
     if (ReadFile(m_handle->file, bytes, static_cast<DWORD>(bufferBytes), &count, nullptr) == 0) {
@@ -115,6 +118,8 @@ std::span<const char> DiskReader::next()
             m_error = systemError();
         return {};
     }
+    // Only the last block is not whole; not every file system can be asked to read on behind it.
+    m_handle->isAtEnd = count % blockBytes != 0;
     return {bytes, count};
 }
 

@@ -1,8 +1,6 @@
 #include "base/SystemDrives.h"
 
 #ifdef _WIN32
-#include <QString>
-
 #include <array>
 #include <windows.h>
 #endif
@@ -34,11 +32,24 @@ QByteArray removableDrives()
     return table;
 }
 
+bool isNetworkDrive(const QString& path)
+{
+    if (path.size() < 2 || path.at(1) != QLatin1Char(':'))
+        return false;
+    const std::wstring root = path.left(2).toStdWString() + L'\\';
+    return GetDriveTypeW(root.c_str()) == DRIVE_REMOTE;
+}
+
 #else
 
 QByteArray removableDrives()
 {
     return {};
+}
+
+bool isNetworkDrive(const QString& /*path*/)
+{
+    return false;
 }
 
 #endif

@@ -1,5 +1,7 @@
 #include "library/database/LibraryConnection.h"
 
+#include "base/SystemDrives.h"
+
 #include <QDir>
 #include <QFileInfo>
 #include <QRegularExpression>
@@ -25,7 +27,7 @@ constexpr qint64 writerLock = 0x4B4F'4C54'4C49'42LL;
 bool isOnNetwork(const QString& path)
 {
     const QString absolute = QDir::fromNativeSeparators(QFileInfo(path).absoluteFilePath());
-    if (absolute.startsWith(QLatin1String("//")))
+    if (absolute.startsWith(QLatin1String("//")) || System::isNetworkDrive(absolute))
         return true;
     static const QStringList networks{
         QStringLiteral("nfs"),   QStringLiteral("nfs4"),   QStringLiteral("cifs"),

@@ -4233,10 +4233,10 @@ Es wurde nichts gesichert.</translation>
     <message>
         <source>The settings could not be saved to
 %1
-They are kept until the program ends. Please check that the folder can be written and is not full.</source>
+They are kept until the program ends. Please check that the folder can be written and is not full, and that no other program has the file open.</source>
         <translation>Die Einstellungen konnten nicht gespeichert werden:
 %1
-Sie gelten bis zum Ende des Programms. Bitte prüfen Sie, ob der Ordner beschreibbar und nicht voll ist.</translation>
+Sie gelten bis zum Ende des Programms. Bitte prüfen Sie, ob der Ordner beschreibbar und nicht voll ist, und ob kein anderes Programm die Datei geöffnet hat.</translation>
     </message>
     <message>
         <source>The file could not be written:

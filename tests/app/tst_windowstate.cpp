@@ -31,6 +31,7 @@ private slots:
     void columnsComeBack();
     void draggedColumnsOfListsComeBack();
     void largeWindowComesBackOnALargerScreen();
+    void settingsThatCannotBeSavedAreTold();
 
 private:
     /// Opens the window and waits until it is settled, after which changes are stored.
@@ -89,6 +90,21 @@ void TestWindowState::windowComesBack()
     QVERIFY(std::abs(splitter(&data())->sizes().at(0) - listWidth) <= 1);
     QCOMPARE(data().arrangement().map, 2);
     QVERIFY(std::abs(data().arrangement().sizes.at(0) - page) <= 1);
+}
+
+void TestWindowState::settingsThatCannotBeSavedAreTold()
+{
+    QVERIFY(start());
+    const QString file = QFile::decodeName(SettingsStore::instance().fileName());
+    QFile::remove(file);
+    QVERIFY(QDir().mkdir(file)); // cannot be replaced, like a file that another program holds
+    const ModalBoxes boxes;
+    m_window->resize(1111, 777);
+    QTRY_COMPARE(boxes.seen().size(), 1);
+    const QString text = boxes.seen().first();
+    QVERIFY2(text.contains(file) && text.contains("that no other program has the file open"),
+             qPrintable(text));
+    QVERIFY(QDir().rmdir(file));
 }
 
 void TestWindowState::columnsComeBack()

@@ -206,6 +206,12 @@ void takeDialogs(KOLT::DialogMain& window, Camera& camera)
     setup->close();
 }
 
+constexpr const char* usage =
+    "Usage: kolt-screenshots DIR [-emu | -light | -dark] [WIDTHxHEIGHT...]\n"
+    "Saves pictures of all pages in these sizes (1000x800 and 1600x1000) and of all dialogs, in\n"
+    "the look of the settings or the given one; with -emu, of the bare display. The last folder\n"
+    "in the settings has to be a card with flights.\n";
+
 /// The sizes among the arguments, such as "1366x768"; two without any.
 std::vector<QSize> sizesFrom(const QStringList& arguments)
 {
@@ -221,11 +227,14 @@ std::vector<QSize> sizesFrom(const QStringList& arguments)
 
 } // namespace
 
-/// kolt-screenshots DIR [-emu | -light | -dark] [WIDTHxHEIGHT...]: opens the program with its
-/// settings, loads a flight, and saves pictures of all pages in these sizes and of all dialogs, in
-/// the look of the settings or the given one; with "-emu", of the bare display.
+/// Opens the program with its settings, loads a flight, and saves pictures.
 int main(int argc, char* argv[])
 {
+    if (const QByteArray first = argc > 1 ? argv[1] : ""; first.startsWith('-')) {
+        const bool isHelp = first == "--help" || first == "-h";
+        std::fputs(usage, isHelp ? stdout : stderr);
+        return isHelp ? 0 : 2;
+    }
     initKoltResources();
     qputenv("KOLT_OFFLINE", "1"); // so that pictures do not depend on map tiles
     const QByteArray option = argc > 2 ? argv[2] : "";
