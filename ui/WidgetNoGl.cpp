@@ -10,8 +10,8 @@ namespace KOLT {
 WidgetNoGl::WidgetNoGl(QOpenGLWidget* replaced)
     : EmptyNote(replaced->parentWidget())
 {
-    setText(tr("This cannot be shown: the graphics driver offers no OpenGL.\nInstall or update the "
-               "driver, and start KOLT again."));
+    setText(tr("This cannot be shown: the graphics driver offers no usable OpenGL (2.0 or "
+               "newer).\nInstall or update the driver, and start KOLT again."));
     setMinimumSize(replaced->minimumSize());
     connect(this, &QObject::destroyed, replaced, [replaced] { delete replaced; });
 }

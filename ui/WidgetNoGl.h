@@ -6,7 +6,7 @@ class QOpenGLWidget;
 
 namespace KOLT {
 
-/// Replaces a widget that needs OpenGL on a machine without it: Qt would abort the program as soon
+/// Replaces a widget that needs OpenGL on a machine without a usable one: Qt would abort the program as soon
 /// as a window with such a widget is shown.
 class WidgetNoGl : public EmptyNote
 {

@@ -5666,9 +5666,9 @@ Klick auf die Spur oder eine Marke: zu diesem Moment gehen.</translation>
 <context>
     <name>KOLT::WidgetNoGl</name>
     <message>
-        <source>This cannot be shown: the graphics driver offers no OpenGL.
+        <source>This cannot be shown: the graphics driver offers no usable OpenGL (2.0 or newer).
 Install or update the driver, and start KOLT again.</source>
-        <translation>Dies kann nicht gezeigt werden: Der Grafiktreiber bietet kein OpenGL.
+        <translation>Dies kann nicht gezeigt werden: Der Grafiktreiber bietet kein brauchbares OpenGL (2.0 oder neuer).
 Installieren oder aktualisieren Sie den Treiber und starten Sie KOLT neu.</translation>
     </message>
 </context>

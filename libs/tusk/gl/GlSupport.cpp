@@ -2,6 +2,9 @@
 
 #include <QOffscreenSurface>
 #include <QOpenGLContext>
+#include <QOpenGLFunctions>
+
+#include <utility>
 
 namespace TUSK::OpenGL {
 
@@ -12,7 +15,11 @@ bool probe()
     QOffscreenSurface surface;
     surface.create();
     QOpenGLContext context;
-    return context.create() && context.makeCurrent(&surface);
+    if (!context.create() || !context.makeCurrent(&surface))
+        return false;
+    // Without a driver, some systems offer OpenGL 1.1: a whole window would stay black with it.
+    return context.format().version() >= std::pair(2, 0) &&
+           context.functions()->hasOpenGLFeature(QOpenGLFunctions::Framebuffers);
 }
 
 } // namespace
