@@ -6,8 +6,8 @@ class QOpenGLWidget;
 
 namespace KOLT {
 
-/// Replaces a widget that needs OpenGL on a machine without a usable one: Qt would abort the program as soon
-/// as a window with such a widget is shown.
+/// Replaces a widget that needs OpenGL on a machine without a usable one: Qt would abort the
+/// program as soon as a window with such a widget is shown.
 class WidgetNoGl : public EmptyNote
 {
     Q_OBJECT

@@ -1,6 +1,7 @@
 #include "base/SafeFile.h"
 #include "base/WriteGuard.h"
 #include "tests/support/Rows.h"
+#include "tests/support/Systems.h"
 #include "tests/support/TestFiles.h"
 
 #include <QDir>
@@ -51,16 +52,9 @@ void TestWriteGuard::pathsAreJudged_data()
     row("in it", "home/card", "home/card/new.csv", false);
     row("deep below, folders missing", "home/card", "home/card/x/y/new.csv", false);
     row("the folder itself", "home/card", "home/card", false);
-    row("through a link", "home/card", "link/new.csv", false);
-    row("through a link and up", "home/card", "link/../card/new.csv", false);
-    row("dangling link", "home/card", "dangling", false);
-    row("link to a dangling link", "home/card", "to the dangling one", false);
-    row("folder opened by its link", "link", "home/card/new.csv", false);
     row("folder opened with dots", "home/card/sub/..", "home/card/new.csv", false);
     row("beside it", "home/card", "home/card-copy/new.csv", true);
     row("up and out", "home/card", "home/card/../new.csv", true);
-    row("link leading out", "home/card", "home/card/way out", true);
-    row("circle", "home/card", "circle", false);
     row("no folder", "no such", "new.csv", true);
     row("own folder", "home", "home/.kolt/Project.xml", true);
     row("beside the own folder", "home", "home/Project.xml", false);
@@ -68,9 +62,18 @@ void TestWriteGuard::pathsAreJudged_data()
     row("record file elsewhere", "no such", "home/card-copy/b.CAN", false);
     row("its suffix in other letters", "no such", "home/b.Can", false);
     row("the other suffixes", "no such", "home/b.xcb", false);
+    row("not quite a suffix", "no such", "home/CAN", true);
+#ifndef Q_OS_WIN // it has no such links
+    row("through a link", "home/card", "link/new.csv", false);
+    row("through a link and up", "home/card", "link/../card/new.csv", false);
+    row("dangling link", "home/card", "dangling", false);
+    row("link to a dangling link", "home/card", "to the dangling one", false);
+    row("folder opened by its link", "link", "home/card/new.csv", false);
+    row("link leading out", "home/card", "home/card/way out", true);
+    row("circle", "home/card", "circle", false);
     row("link to a record file", "no such", "record.csv", false);
     row("record file in the own folder", "home", "own.csv", false);
-    row("not quite a suffix", "no such", "home/CAN", true);
+#endif
 }
 
 void TestWriteGuard::pathsAreJudged()
@@ -94,14 +97,15 @@ void TestWriteGuard::protectionEndsWithItsHolder()
     auto first = protectFolder(path("home/card"));
     auto second = protectFolder(path("home/card"));
     for (auto* holder : {&first, &second}) {
-        QVERIFY(!writeObjection(path("dangling")).isEmpty());
+        QVERIFY(!writeObjection(path("home/card/new.csv")).isEmpty());
         holder->reset();
     }
-    QVERIFY(writeObjection(path("dangling")).isEmpty());
+    QVERIFY(writeObjection(path("home/card/new.csv")).isEmpty());
 }
 
 void TestWriteGuard::lastOfTheLinksIsReplaced()
 {
+    KOLT_NEEDS("links");
     QVERIFY(bool{replaceFile(path("to the dangling one"), "new")});
     QVERIFY(QFileInfo(path("dangling")).isSymLink());
     QCOMPARE(readFile(path("home/card/new.csv")), "new");

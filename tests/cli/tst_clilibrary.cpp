@@ -1,4 +1,5 @@
 #include "tests/cli/CliSupport.h"
+#include "tests/support/Systems.h"
 #include "tests/support/TestFiles.h"
 
 #include <QDir>
@@ -80,6 +81,7 @@ void TestCliLibrary::absentLibraryIsNotMadeAnew()
 
 void TestCliLibrary::failuresAreNamed()
 {
+    KOLT_NEEDS("links to files of the system");
     QDir().mkpath(path("bad"));
     QVERIFY(QFile::link("/proc/self/mem", path("bad/REC00002.CAN"))); // cannot be read
     QVERIFY(writeFile(path("bad/REC00001.CAN"), QByteArray(128, '\0')));

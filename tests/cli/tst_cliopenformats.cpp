@@ -1,4 +1,5 @@
 #include "tests/cli/CliSupport.h"
+#include "tests/support/Systems.h"
 #include "tests/support/TestFiles.h"
 
 #include <QDir>
@@ -77,6 +78,7 @@ void TestCliOpenFormats::othersReadTheSameValues()
                           cli({"values", m_card, "--cycle", "3", "--parameter", names[i]}).output));
         arguments << names[i] + '=' + path;
     }
+    KOLT_NEEDS("Python");
     const Result read = python(arguments);
     QVERIFY2(read.status == 0, read.errors.constData());
     const QJsonObject json = read.json();
@@ -117,6 +119,7 @@ void TestCliOpenFormats::databaseOfACard()
     const Result result = cli({"export", "sqlite", m_card, "--all", "--output", path, "--parameter",
                                "GPS/Altitude", "--parameter", "ECU Lane A/Engine State A"});
     QVERIFY2(result.status == 0, qPrintable(result.lastError()));
+    KOLT_NEEDS("Python");
     const Result read = python(
         {"-c",
          "import json, sqlite3, sys\n"
@@ -171,6 +174,7 @@ void TestCliOpenFormats::standardOutput()
 
 void TestCliOpenFormats::closedOutputIsTold()
 {
+    KOLT_NEEDS("a shell");
     const QString program = QStringLiteral("'%1' export candump '%2' --cycle 1 --output - "
                                            "--profile '%3' --variant 915 ")
                                 .arg(KOLT_CLI, m_card, KOLT_PROFILE);
@@ -191,6 +195,7 @@ void TestCliOpenFormats::packedKml()
     const QString path = m_out.filePath("cycle.kmz");
     const Result result = cli({"export", "kmz", m_card, "--cycle", "2", "--output", path});
     QVERIFY2(result.status == 0, qPrintable(result.lastError()));
+    KOLT_NEEDS("Python");
     const Result read = python(
         {"-c",
          "import json, re, sys, zipfile\n"

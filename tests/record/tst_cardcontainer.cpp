@@ -1,6 +1,7 @@
 #include "record/CardContainer.h"
 #include "record/ClockOffset.h"
 #include "tests/support/RecordingFixture.h"
+#include "tests/support/Systems.h"
 
 #include <QDir>
 #include <QTest>
@@ -94,6 +95,7 @@ void TestCardContainer::init()
 
 void TestCardContainer::onlyRecordFilesAreListed()
 {
+    KOLT_NEEDS("links, and names that differ by case");
     for (const char* name : {"A.CAN", "b.can", "c.xcb", "d.Can", "e.txt", "CAN", "x.CAN.bak",
                              "X.CAN", "X.can", "Flug über Köln.CAN", "two.dots.xcb"})
         put(QString::fromUtf8(name), RecordBytes().date(2026, 7, 28));
