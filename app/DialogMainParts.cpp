@@ -36,6 +36,7 @@
 #include "map/ui/DialogDataMap.h"
 #include "record/ui/DialogCard.h"
 #include "report/ui/DialogReport.h"
+#include "ui/Messages.h"
 #include "ui/NoticeBar.h"
 
 #include <QFileInfo>
@@ -151,6 +152,14 @@ void DialogMain::createOverview()
             [this](const QString& message) { m_status->showMessage(message); });
     connect(&m_dialogs->preferences(), &DialogPreferences::signalLibrary, m_library.get(),
             &LibrarySession::choose);
+    connect(&m_dialogs->preferences(), &DialogPreferences::signalMoveLibrary, m_library.get(),
+            [this] {
+                if (m_import != nullptr && m_import->isRunning())
+                    Messages::inform(this, tr("A card is being imported into the library. Move it "
+                                              "when that is done."));
+                else
+                    m_jobs.run([this] { m_library->move(); });
+            });
     connect(m_import.get(), &ImportSession::signalCycleChanged, m_library.get(),
             &LibrarySession::noteCycle);
     connect(m_import.get(), &ImportSession::signalCycleRemoved, m_library.get(),
@@ -158,6 +167,8 @@ void DialogMain::createOverview()
     connect(m_import.get(), &ImportSession::signalChanged, m_library.get(),
             &LibrarySession::evaluate);
     m_notes = std::make_unique<NotesSession>(*m_card, *m_library, *m_data, *this);
+    connect(m_notes.get(), &NotesSession::signalMarks, m_parts.graph, &DialogDataGraph::setNotes);
+    connect(m_notes.get(), &NotesSession::signalMarks, m_parts.map, &DialogDataMap::setNotes);
 }
 
 void DialogMain::connectCard()

@@ -9,16 +9,12 @@
 #include "app/settings/KnownLibraries.h"
 #include "app/settings/LibrarySettingsStore.h"
 #include "app/settings/SettingsStore.h"
-#include "library/ledger/LedgerText.h"
-#include "library/ui/EngineWindow.h"
+#include "library/ui/DialogMove.h"
 #include "library/ui/LibraryPage.h"
 #include "ui/Messages.h"
 
 #include <QDir>
 #include <QInputDialog>
-
-#include <algorithm>
-#include <type_traits>
 
 namespace KOLT {
 
@@ -63,26 +59,9 @@ void LibrarySession::connectPage()
     connect(m_page, &LibraryPage::signalOpen, this, &LibrarySession::openCycle);
     connect(m_page, &LibraryPage::signalChooseLibrary, this, &LibrarySession::choose);
     connect(m_page, &LibraryPage::signalEngine, this, &LibrarySession::showEngine);
+    connect(m_page, &LibraryPage::signalInstallations, this, &LibrarySession::showInstallations);
     connect(m_page, &LibraryPage::signalName, this, &LibrarySession::nameAircraft);
     connect(m_page, &LibraryPage::signalUpdate, this, &LibrarySession::evaluate);
-}
-
-EngineWindow& LibrarySession::engineWindow()
-{
-    if (m_engine != nullptr)
-        return *m_engine;
-    m_engine = new EngineWindow(&m_window);
-    connect(m_engine, &EngineWindow::signalEngine, this, &LibrarySession::showLedger);
-    connect(m_engine, &EngineWindow::signalOpen, this, &LibrarySession::openCycle);
-    connect(m_engine, &EngineWindow::signalLimit, this,
-            [this](const MaintenanceLimit& limit) { save(limit); });
-    connect(m_engine, &EngineWindow::signalNote, this, [this](const Note& note) { save(note); });
-    connect(m_engine, &EngineWindow::signalFacts, this, [this](EngineFacts facts) {
-        if (const EngineFacts* const known = m_written.factsOf(facts.engine))
-            facts.item = known->item;
-        save(facts);
-    });
-    return *m_engine;
 }
 
 bool LibrarySession::open()
@@ -91,6 +70,8 @@ bool LibrarySession::open()
     if (m_database != nullptr && m_database->address() == address &&
         QFileInfo(m_archive.root()).isDir())
         return true;
+    if (m_isMoving)
+        return false;
     m_page->showNote({}); // it must not use the database any more
     m_database.reset();
     if (address.archive.isEmpty())
@@ -103,6 +84,8 @@ bool LibrarySession::open()
     rememberLibrary(address.archive);
     takeInstallations();
     showPage();
+    refreshEngine();
+    listInstallations();
     return true;
 }
 
@@ -111,6 +94,7 @@ bool LibrarySession::showAbsence(const QString& why)
     m_absence = why;
     m_page->showNote(why);
     m_database.reset();
+    showNoEngine();
     return false;
 }
 
@@ -185,6 +169,27 @@ void LibrarySession::choose()
     reopen();
 }
 
+void LibrarySession::move()
+{
+    LibraryAddress address = loadLibraryAddress(m_settings);
+    Archive archive;
+    if (!archive.open(address.archive)) {
+        Messages::warn(&m_window, archive.error());
+        return;
+    }
+    m_isMoving = true;
+    showAbsence(tr("The library is being moved."));
+    DialogMove dialog(archive, &m_window);
+    dialog.exec();
+    m_isMoving = false;
+    if (!dialog.moved().isEmpty()) {
+        address.archive = dialog.moved();
+        storeLibraryAddress(address, m_settings);
+        saveSettings(&m_window);
+    }
+    reopen();
+}
+
 int LibrarySession::staleCount()
 {
     const auto sums = LibraryQueries(*m_database).sums({});
@@ -255,76 +260,10 @@ void LibrarySession::load(const QString& folder, int flight, bool isListedAgain)
     });
 }
 
-void LibrarySession::showEngine(const QString& engine)
-{
-    const bool isOpen = open();
-    EngineWindow& window = engineWindow();
-    if (isOpen)
-        listEngines(engine);
-    else
-        window.showNote(m_absence);
-    window.show();
-    window.raise();
-    window.activateWindow();
-}
-
-/// Of these, shows the given engine or else the first one.
-void LibrarySession::listEngines(const QString& engine)
-{
-    EngineWindow& window = engineWindow();
-    const auto engines = LibraryQueries(*m_database).engines();
-    QStringList names;
-    for (const EngineRow& row : engines.value)
-        names << row.engine;
-    window.setEngines(names);
-    if (!engines)
-        window.showNote(engines.error);
-    else if (names.isEmpty())
-        window.showNote(tr("The library has no recordings yet. Import a card."));
-    else
-        showLedger(names.contains(engine) ? engine : names.constFirst());
-}
-
-void LibrarySession::refreshEngine()
-{
-    if (m_engine != nullptr && m_engine->isVisible())
-        listEngines(m_engine->engine());
-}
-
-void LibrarySession::showLedger(const QString& engine)
-{
-    read();
-    const QDate today = QDate::currentDate();
-    const auto ledger = engineLedger(*m_database, m_written, engine, today);
-    if (ledger && ledger.value)
-        engineWindow().setLedger(*ledger.value, today);
-    else
-        engineWindow().showNote(ledger ? tr("The library has no recording of this engine.")
-                                       : ledger.error);
-}
-
-QString LibrarySession::reportSection(const QStringList& engines)
-{
-    const bool isChosen = !loadLibraryAddress(m_settings).archive.isEmpty();
-    if (!isChosen || !open())
-        return {};
-    read();
-    QString html;
-    for (const QString& engine : engines) {
-        const QDate today = QDate::currentDate();
-        const auto ledger = engineLedger(*m_database, m_written, engine, today);
-        if (ledger && ledger.value)
-            html += ledgerHtml(*ledger.value, today);
-    }
-    return html;
-}
-
-QString LibrarySession::notesFolder()
+QString LibrarySession::notesFolder() const
 {
     const QString folder = loadLibraryAddress(m_settings).archive;
-    if (!folder.isEmpty()) // one that is absent is told when a note is saved
-        return open() ? m_archive.root() : folder;
-    return QString::fromUtf8(DataPaths::instance().dataPath());
+    return folder.isEmpty() ? QString::fromUtf8(DataPaths::instance().dataPath()) : folder;
 }
 
 void LibrarySession::noteCycle(const ArchivedCycle& cycle)
@@ -351,42 +290,8 @@ void LibrarySession::notesChanged()
         return;
     read();
     m_page->setNoted(notedFolders(*m_database, m_written.notes).value); // the tree stays open
+    listInstallations();
     refreshEngine();
-}
-
-void LibrarySession::nameAircraft(quint32 unit)
-{
-    bool isAccepted = false;
-    const QString name =
-        QInputDialog::getText(&m_window, tr("Name of the Aircraft"),
-                              tr("Name of the aircraft with unit %1:").arg(unit), QLineEdit::Normal,
-                              m_written.nameOf(unit), &isAccepted)
-            .trimmed();
-    if (!isAccepted)
-        return;
-    AircraftName aircraft;
-    for (const AircraftName& known : m_written.aircraft) {
-        if (known.unit == unit)
-            aircraft = known;
-    }
-    aircraft.unit = unit;
-    aircraft.name = name;
-    save(aircraft);
-}
-
-template <typename Item>
-void LibrarySession::save(Item item)
-{
-    const Logbook::Saved saved = Logbook(m_archive.root()).save(item);
-    if (!saved)
-        Messages::warn(&m_window, saved.error);
-    else if (!saved.replaced.isEmpty())
-        Messages::inform(&m_window, tr("This had been changed meanwhile by %1. Your text is kept, "
-                                       "as it is the later one.")
-                                        .arg(saved.replaced));
-    notesChanged();
-    if constexpr (std::is_same_v<Item, AircraftName>)
-        showPage();
 }
 
 } // namespace KOLT

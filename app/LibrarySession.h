@@ -15,6 +15,7 @@ namespace KOLT {
 
 class CardSession;
 class EngineWindow;
+class InstallationsWindow;
 class JobQueue;
 class LibraryPage;
 class Profile;
@@ -49,16 +50,22 @@ public:
     /// Asks where the library is, and opens it.
     void choose();
 
+    /// Lets the user move the library to another folder, and opens it there. From within a job.
+    void move();
+
     /// Shows the ledger of an engine, or of the first one; or why there is none.
     void showEngine(const QString& engine);
+
+    /// Shows which engine was in which unit, to be edited.
+    void showInstallations();
 
     /// Sections of the engine report: the ledgers of those engines that the library knows; empty
     /// without a library.
     QString reportSection(const QStringList& engines);
 
-    /// The folder that new notes are kept in: the library, or the data path without one. Opens the
-    /// library if there is one.
-    QString notesFolder();
+    /// The folder that new notes are kept in: the library, which may be absent, or the data path
+    /// without one.
+    QString notesFolder() const;
 
     /// Notes were written into the library.
     void notesChanged();
@@ -92,6 +99,8 @@ private:
     void tell(const Library::UpdateResult& result);
     void listEngines(const QString& engine);
     void refreshEngine();
+    void showNoEngine();
+    void listInstallations();
     void showLedger(const QString& engine);
     void load(const QString& folder, int flight, bool isListedAgain);
     void nameAircraft(quint32 unit);
@@ -106,12 +115,14 @@ private:
     QWidget& m_window;
     QPointer<LibraryPage> m_page;
     QPointer<EngineWindow> m_engine;
+    QPointer<InstallationsWindow> m_installations;
     Library::Archive m_archive;
     QString m_absence;                                    ///< why no library is open
     std::shared_ptr<Library::LibraryDatabase> m_database; ///< an update keeps its own
     Library::Logbook::Contents m_written;
     QTimer m_refresh; ///< after changes of the archive, of which many come together
     bool m_isUpdating = false;
+    bool m_isMoving = false; ///< the database is closed
 };
 
 } // namespace KOLT

@@ -4,15 +4,17 @@
 #include "app/CardSession.h"
 #include "app/LibrarySession.h"
 #include "app/settings/DataPaths.h"
+#include "library/archive/Archive.h"
 #include "library/ledger/Logbook.h"
+#include "library/ledger/NotePlaces.h"
 #include "library/ui/NotesWindow.h"
 #include "ui/Messages.h"
 
 #include <QCryptographicHash>
 #include <QFile>
-#include <QSet>
 
 #include <algorithm>
+#include <iterator>
 
 namespace KOLT {
 
@@ -38,57 +40,85 @@ NotesSession::NotesSession(CardSession& card, LibrarySession& library, DialogDat
     , m_data(data)
     , m_window(window)
 {
-    connect(&m_card, &CardSession::signalLoaded, this, [this] { refresh(); });
-    connect(&m_card, &CardSession::signalListed, this, [this] { refresh(); });
+    connect(&m_card, &CardSession::signalLoading, this, &NotesSession::clear);
+    connect(&m_card, &CardSession::signalLoaded, this, &NotesSession::refresh);
+    connect(&m_card, &CardSession::signalListed, this, &NotesSession::refresh);
+    connect(&m_reader, &NotesReader::signalRead, this, &NotesSession::take);
 }
+
+NotesSession::~NotesSession() = default;
 
 void NotesSession::show()
 {
     if (m_notes == nullptr) {
         m_notes = new NotesWindow(&m_window);
         connect(m_notes, &NotesWindow::signalAdd, this, &NotesSession::add);
-        connect(m_notes, &NotesWindow::signalChange, this, [this](const Note& note) {
-            const auto root = m_roots.find(note.item.id);
-            if (root != m_roots.end())
-                save(note, root->second);
-        });
+        connect(m_notes, &NotesWindow::signalChange, this, &NotesSession::change);
         connect(m_notes, &NotesWindow::signalTime, this,
                 [this](double seconds) { m_data.setTime(seconds); });
     }
     m_notes->show();
     m_notes->raise();
     m_notes->activateWindow();
-    refresh();
+    present();
+    refresh(); // another computer may have written some
+}
+
+bool NotesSession::isLoaded() const
+{
+    return m_card.dataSet() != nullptr && !m_card.loaded().isNone();
+}
+
+void NotesSession::clear()
+{
+    m_found.clear();
+    present();
 }
 
 void NotesSession::refresh()
 {
-    if (m_notes == nullptr || !m_notes->isVisible())
+    if (!isLoaded()) {
+        clear();
         return;
-    m_roots.clear();
-    std::vector<Note> notes;
-    const DataSet* const data = m_card.dataSet();
-    const bool isLoaded = data != nullptr && !m_card.loaded().isNone();
-    if (isLoaded) {
-        QSet<QString> keys;
-        for (const QString& path : m_card.filesOf(m_card.loaded()))
-            keys.insert(recordingKey(path));
-        keys.remove(QString());
-        QStringList roots{m_library.notesFolder(),
-                          QString::fromUtf8(DataPaths::instance().dataPath())};
-        roots.removeDuplicates();
-        for (const QString& root : roots) {
-            for (const Note& note : Logbook(root).read().notes) {
-                if (!keys.contains(note.place.fileKey))
-                    continue;
-                m_roots[note.item.id] = root;
-                notes.push_back(note);
-            }
-        }
     }
-    std::ranges::stable_sort(notes, {},
-                             [](const Note& note) { return note.place.seconds.value_or(-1.0); });
-    m_notes->setNotes(notes, isLoaded);
+    QStringList roots{m_library.notesFolder(), QString::fromUtf8(DataPaths::instance().dataPath())};
+    roots.removeDuplicates();
+    m_reader.read(roots);
+}
+
+void NotesSession::take(const std::vector<KeptNote>& notes)
+{
+    m_found.clear();
+    std::vector<NotedFile> files;
+    if (isLoaded()) {
+        const QDateTime start =
+            m_card.dataSet()->dateTime.addSecs(qint64{-60} * m_card.container().clockOffset());
+        for (const QString& path : m_card.filesOf(m_card.loaded()))
+            files.push_back({path.section(QLatin1Char('/'), -1), recordingKey(path), start});
+    }
+    std::ranges::copy_if(notes, std::back_inserter(m_found), [&](const KeptNote& kept) {
+        return std::ranges::any_of(
+            files, [&](const NotedFile& file) { return isAbout(kept.note.place, file); });
+    });
+    std::ranges::stable_sort(
+        m_found, {}, [](const KeptNote& kept) { return kept.note.place.seconds.value_or(-1.0); });
+    present();
+}
+
+void NotesSession::present()
+{
+    std::vector<Note> notes;
+    std::vector<NoteMark> marks;
+    for (const KeptNote& kept : m_found) {
+        Note& note = notes.emplace_back(kept.note);
+        note.place.dateTime = note.place.dateTime.addSecs(
+            qint64{60} * m_card.container().clockOffset()); // as all times that are shown
+        if (note.about == Note::About::Moment && note.place.seconds)
+            marks.push_back({*note.place.seconds, note.text});
+    }
+    if (m_notes != nullptr)
+        m_notes->setNotes(notes, isLoaded());
+    emit signalMarks(marks);
 }
 
 std::optional<NotePlace> NotesSession::placeOf(double seconds) const
@@ -109,7 +139,9 @@ std::optional<NotePlace> NotesSession::placeOf(double seconds) const
     place.unit = files.at(place.fileName).info().ecuSerialNumber;
     place.fileSha256 = hashOf(found);
     place.seconds = seconds;
-    const QDateTime start = m_card.dataSet()->dateTime;
+    // By the unit's clock, like all that is kept.
+    const QDateTime start =
+        m_card.dataSet()->dateTime.addSecs(qint64{-60} * m_card.container().clockOffset());
     if (start.isValid())
         place.dateTime = start.addMSecs(static_cast<qint64>(seconds * 1000.0));
     return place;
@@ -117,9 +149,9 @@ std::optional<NotePlace> NotesSession::placeOf(double seconds) const
 
 void NotesSession::add(Note::About about, const QString& text)
 {
-    const DataSet* const data = m_card.dataSet();
-    if (data == nullptr || m_card.loaded().isNone())
+    if (!isLoaded())
         return;
+    const DataSet* const data = m_card.dataSet();
     double seconds = m_data.time();
     if (about == Note::About::Flight) {
         const auto flight = std::ranges::find_if(data->flights, [&](const Flight& one) {
@@ -151,9 +183,27 @@ void NotesSession::add(Note::About about, const QString& text)
     save(note, m_library.notesFolder());
 }
 
+void NotesSession::change(const Note& shown)
+{
+    const auto kept = std::ranges::find(m_found, shown.item.id,
+                                        [](const KeptNote& one) { return one.note.item.id; });
+    if (kept == m_found.end())
+        return;
+    Note note = kept->note;
+    note.text = shown.text;
+    note.item.isRemoved = shown.item.isRemoved;
+    save(note, kept->root);
+}
+
 void NotesSession::save(Note note, const QString& root)
 {
-    const Logbook::Saved saved = Logbook(root).save(note);
+    Logbook::Saved saved;
+    Archive archive;
+    const bool isLibrary = root != QString::fromUtf8(DataPaths::instance().dataPath());
+    if (isLibrary && !archive.open(root))
+        saved.error = archive.error() + QLatin1Char('\n') + tr("Nothing was saved.");
+    else
+        saved = Logbook(root).save(note);
     if (!saved)
         Messages::warn(m_notes, saved.error);
     else if (!saved.replaced.isEmpty())

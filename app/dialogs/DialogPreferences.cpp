@@ -158,6 +158,14 @@ void DialogPreferences::createLibrary(QFormLayout* form)
     auto* const row = new QHBoxLayout;
     row->addWidget(m_library, 1);
     row->addWidget(choose);
+    m_move = new QPushButton(tr("Move..."));
+    m_move->setObjectName(QStringLiteral("moveLibraryButton"));
+    m_move->setToolTip(tr("Copy the library to another folder, and use it there"));
+    connect(m_move, &QPushButton::clicked, this, [this] {
+        emit signalMoveLibrary();
+        showLibrary();
+    });
+    row->addWidget(m_move);
     auto* const label = new QLabel(tr("L&ibrary"));
     label->setBuddy(choose);
     form->addRow(label, row);
@@ -169,6 +177,7 @@ void DialogPreferences::showLibrary()
     m_library->setText(address.isServer()
                            ? QStringLiteral("%1, %2").arg(address.archive, address.shown())
                            : address.archive);
+    m_move->setEnabled(!address.archive.isEmpty());
 }
 
 void DialogPreferences::focusTileServer()

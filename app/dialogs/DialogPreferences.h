@@ -11,6 +11,7 @@ class QDoubleSpinBox;
 class QFormLayout;
 class QLabel;
 class QLineEdit;
+class QPushButton;
 class QSpinBox;
 
 namespace KOLT {
@@ -43,8 +44,9 @@ signals:
     void signalClockOffset(int minutes);
     /// Tile server or shading changed.
     void signalMapChanged();
-    /// The user wants to choose the library.
+    /// The user wants to choose the library, or to move it.
     void signalLibrary();
+    void signalMoveLibrary();
 
 protected:
     void showEvent(QShowEvent* event) override;
@@ -79,6 +81,7 @@ private:
     ClockOffsetBox* m_clockOffset = nullptr;
     QLineEdit* m_profile = nullptr;
     QLineEdit* m_library = nullptr;
+    QPushButton* m_move = nullptr;
     QLabel* m_mistake = nullptr;
     TileServerBox* m_tileServer = nullptr;
     std::array<Shading, 3> m_shading;

@@ -5,21 +5,14 @@
 #include "record/ClockTime.h"
 #include "ui/StateMark.h"
 
-#include <QApplication>
-#include <QClipboard>
 #include <QComboBox>
 #include <QFormLayout>
 #include <QHeaderView>
 #include <QLabel>
-#include <QMimeData>
-#include <QPrintPreviewDialog>
-#include <QPrinter>
 #include <QPushButton>
 #include <QScrollArea>
 #include <QTabWidget>
-#include <QTextDocument>
 #include <QTreeWidget>
-#include <QUrl>
 #include <QVBoxLayout>
 
 namespace KOLT {
@@ -29,8 +22,6 @@ using namespace Library;
 namespace {
 
 constexpr QSize firstSize(960, 700);
-constexpr double pictureScale = 3.0;
-constexpr int pictureWidth = 640;
 
 QTreeWidget* createTable(const QStringList& columns, const char* name)
 {
@@ -192,6 +183,11 @@ QLayout* EngineWindow::createButtons()
     connect(copy, &QPushButton::clicked, this, &EngineWindow::copy);
     connect(close, &QPushButton::clicked, this, &QDialog::close);
     m_ofLedger.insert(m_ofLedger.end(), {print, copy});
+    auto* const installations = new QPushButton(tr("Installations..."));
+    installations->setObjectName(QStringLiteral("installations"));
+    installations->setToolTip(tr("Say which engine was in which unit from when to when"));
+    connect(installations, &QPushButton::clicked, this, &EngineWindow::signalInstallations);
+    row->addWidget(installations);
     row->addStretch();
     for (QPushButton* one : {print, copy, close})
         row->addWidget(one);
@@ -307,44 +303,6 @@ void EngineWindow::fillNotes()
         item->setToolTip(1, note.text);
     }
     fitColumns(*m_notes);
-}
-
-std::unique_ptr<QTextDocument> EngineWindow::document(double width) const
-{
-    auto document = std::make_unique<QTextDocument>();
-    QFont font(QApplication::font());
-    font.setPointSizeF(9.5);
-    document->setDefaultFont(font);
-    const LedgerChart chart = ledgerChart(m_ledger);
-    QString picture;
-    if (!chart.isEmpty()) {
-        const QUrl name(QStringLiteral("ledger:picture"));
-        document->addResource(QTextDocument::ImageResource, name,
-                              LedgerView::picture(chart, pictureWidth, pictureScale, font));
-        picture = QStringLiteral("<p><img src=\"%1\" width=\"%2\"></p>")
-                      .arg(name.toString())
-                      .arg(std::min<double>(width, pictureWidth), 0, 'f', 0);
-    }
-    document->setHtml(ledgerHtml(m_ledger, m_today, picture));
-    return document;
-}
-
-void EngineWindow::print()
-{
-    QPrinter printer;
-    printer.setDocName(tr("Ledger of engine %1").arg(engine()));
-    QPrintPreviewDialog preview(&printer, this);
-    connect(&preview, &QPrintPreviewDialog::paintRequested, this,
-            [this](QPrinter* target) { document(pictureWidth)->print(target); });
-    preview.exec();
-}
-
-void EngineWindow::copy()
-{
-    auto* const content = new QMimeData;
-    content->setImageData(
-        LedgerView::picture(m_view->chart(), pictureWidth, pictureScale, QApplication::font()));
-    QApplication::clipboard()->setMimeData(content);
 }
 
 } // namespace KOLT

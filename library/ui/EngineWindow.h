@@ -50,6 +50,8 @@ signals:
     void signalLimit(const KOLT::Library::MaintenanceLimit& limit);
     void signalNote(const KOLT::Library::Note& note);
     void signalFacts(const KOLT::Library::EngineFacts& facts);
+    /// The user wants to see and edit which engine was in which unit.
+    void signalInstallations();
     /// Show the cycle of an episode.
     void signalOpen(const QString& folder, int flight);
 

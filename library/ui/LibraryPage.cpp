@@ -193,6 +193,7 @@ void LibraryPage::showMenu(const QPoint& place)
     QMenu menu(this);
     const QString engine = m_model->engineOf(index);
     menu.addAction(tr("Engine..."), this, [&] { emit signalEngine(engine); });
+    menu.addAction(tr("Installations..."), this, &LibraryPage::signalInstallations);
     if (m_model->kindOf(index) == LibraryModel::Kind::Unit) {
         const quint32 unit = m_model->unitOf(index).value_or(0);
         menu.addAction(tr("Name of the aircraft..."), this, [&] { emit signalName(unit); });

@@ -46,6 +46,8 @@ signals:
     /// Open a cycle of the archive, or a flight of it from 1; 0: all of the cycle.
     void signalOpen(const QString& folder, int flight);
     void signalChooseLibrary();
+    /// Show which engine was in which unit.
+    void signalInstallations();
     /// The page is visible; it may be without its library yet.
     void signalShown();
     /// Show the ledger of this engine; empty: of any.

@@ -1,6 +1,9 @@
+#include "app/dialogs/DialogPreferences.h"
 #include "library/database/LibraryQueries.h"
 #include "library/ui/DialogImport.h"
+#include "library/ui/DialogMove.h"
 #include "library/ui/EngineWindow.h"
+#include "library/ui/InstallationsWindow.h"
 #include "library/ui/LibraryModel.h"
 #include "library/ui/LibraryPage.h"
 #include "record/ui/DialogCard.h"
@@ -8,11 +11,15 @@
 #include "tests/library/ArchiveSupport.h"
 #include "ui/NoticeBar.h"
 
+#include <QCheckBox>
 #include <QComboBox>
+#include <QDateEdit>
+#include <QDialogButtonBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QProgressDialog>
 #include <QPushButton>
+#include <QSignalSpy>
 #include <QTest>
 #include <QTreeView>
 
@@ -42,6 +49,8 @@ private slots:
     void openCycleIsCompleted_data();
     void openCycleIsCompleted();
     void anotherLibraryEndsTheEvaluation();
+    void installationMovesHours();
+    void libraryIsMoved();
 
 private:
     QString path(const QString& name) const { return m_folder->filePath(name); }
@@ -217,6 +226,124 @@ void TestLibraryWindow::anotherLibraryEndsTheEvaluation()
         QVERIFY(rows.value.size() < 3);
         QVERIFY(name == QString("lib") || rows.value.empty());
     }
+}
+
+/// A cycle of the unit belongs to the engine that people say was in it.
+void TestLibraryWindow::installationMovesHours()
+{
+    CardContent card = engineRun(1, 2, clockOf(7, 1), 4711, 1000); // at 1000 rpm
+    card.merge(engineRun(3, 3, clockOf(7, 2), 4711, 1000));
+    QVERIFY(writeCard(path("card"), card));
+    QVERIFY(open());
+    QVERIFY(import(path("card")).startsWith("5 of 5 files"));
+    Note note; // on the second cycle
+    note.about = Note::About::Cycle;
+    note.engine = "E-1";
+    note.text = "Noted";
+    note.place = {4711, "REC00003.CAN", "key", hashOf(card.at("REC00003.CAN")), {}, {}};
+    QVERIFY(Logbook(path("lib")).save(note));
+    trigger(Command::Engine);
+    auto* const engine = m_window->findChild<EngineWindow*>();
+    const auto notes = [&] {
+        return engine->findChild<QTreeWidget*>("noteTable")->topLevelItemCount();
+    };
+    QCOMPARE(notes(), 1);
+    engine->findChild<QPushButton*>("installations")->click();
+    auto* const window = m_window->findChild<InstallationsWindow*>();
+    auto* const table = window->findChild<QTreeWidget*>("installationTable");
+    QVERIFY(window->isVisible() && window->findChild<QLabel*>("installationState")->isVisible());
+
+    QString told;
+    bool isPossible = false;
+    const auto enter = [&](const char* button, const QString& name, const QDate& from,
+                           const QDate& to) {
+        ModalBoxes boxes;
+        boxes.handle([&](QDialog& dialog) {
+            auto* const edit = dialog.findChild<QComboBox*>("installationEngine")->lineEdit();
+            edit->selectAll();
+            QTest::keyClicks(edit, name);
+            for (const auto& [box, field, day] :
+                 {std::tuple("installationHasFrom", "installationFrom", from),
+                  std::tuple("installationHasTo", "installationTo", to)}) {
+                dialog.findChild<QCheckBox*>(box)->setChecked(day.isValid());
+                if (day.isValid())
+                    dialog.findChild<QDateEdit*>(field)->setDate(day);
+            }
+            told = dialog.findChild<QLabel*>("mistake")->text();
+            QAbstractButton* const ok =
+                dialog.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok);
+            isPossible = ok->isEnabled();
+            isPossible ? ok->click() : dialog.reject();
+        });
+        click(*window, button);
+        QVERIFY(boxes.isDone());
+    };
+    const auto secondsOf = [&](const QString& name) {
+        LibraryDatabase database;
+        if (!database.open({path("lib"), {}}, LibraryDatabase::Access::ReadOnly))
+            return -1.0;
+        const auto row = LibraryQueries(database).engine(name);
+        return row.value ? row.value->sums.runSeconds : 0.0;
+    };
+    const double all = secondsOf("E-1");
+    QVERIFY(all > 2500.0);
+    enter("Add...", "E-2", {2026, 7, 2}, {2026, 7, 1}); // reversed
+    QVERIFY(!isPossible && told.contains("before it begins"));
+    enter("Add...", "E-2", {2026, 7, 2}, {});
+    QVERIFY(isPossible);
+    QCOMPARE(table->topLevelItemCount(), 1);
+    const double later = secondsOf("E-2");
+    QVERIFY(later > 1500.0 && later < all);
+    QCOMPARE(secondsOf("E-1"), all - later);
+    QCOMPARE(notes(), 0); // the note goes with its recording
+    QCOMPARE(engine->findChild<QComboBox*>("engineChoice")->count(), 2);
+    QCOMPARE(QDir(path("lib/installations")).entryList({"*.json"}).size(), 1);
+    enter("Add...", "E-3", {}, {2026, 7, 2}); // one day has two engines
+    QVERIFY2(!isPossible && told.contains("E-2"), qPrintable(told));
+    enter("Add...", "E-3", {}, {2026, 7, 1});
+    QVERIFY2(isPossible, qPrintable(told));
+    QCOMPARE(secondsOf("E-3"), all - later);
+    QCOMPARE(secondsOf("E-1"), 0.0);
+
+    // Taken away again, the headers count.
+    for (int row = 2; row > 0; --row) {
+        table->setCurrentItem(table->topLevelItem(0));
+        ModalBoxes boxes;
+        boxes.answer("&Yes");
+        click(*window, "Remove");
+        QCOMPARE(table->topLevelItemCount(), row - 1);
+    }
+    QCOMPARE(secondsOf("E-1"), all);
+}
+
+void TestLibraryWindow::libraryIsMoved()
+{
+    QVERIFY(writeCard(path("card"), summerCard()));
+    QVERIFY(open());
+    QVERIFY(import(path("card")).startsWith("12 of 12"));
+    showPage();
+    const QStringList cycles = cyclesIn(path("lib"));
+    trigger(Command::Preferences);
+    auto* const preferences = m_window->findChild<DialogPreferences*>();
+    ModalBoxes boxes;
+    QString told;
+    boxes.handle([&](QDialog& dialog) {
+        QCOMPARE(shownCycles(), -1); // the database is closed
+        QTest::keyClicks(dialog.findChild<QLineEdit*>("moveFolder"), path("moved"));
+        dialog.findChild<QPushButton*>("moveStart")->click();
+        QSignalSpy finished(static_cast<DialogMove*>(&dialog), &DialogMove::signalFinished);
+        QTRY_COMPARE_WITH_TIMEOUT(finished.size(), 1, patience);
+        told = dialog.findChild<QLabel*>("moveState")->text();
+        dialog.findChild<QPushButton*>("moveClose")->click();
+    });
+    preferences->findChild<QPushButton*>("moveLibraryButton")->click();
+    QVERIFY(boxes.isDone());
+    QVERIFY2(told.contains(path("moved")) && told.contains("kept"), qPrintable(told));
+    QCOMPARE(setting("LibraryFolder"), path("moved"));
+    QCOMPARE(cyclesIn(path("moved")), cycles);
+    QCOMPARE(cyclesIn(path("lib")), cycles);
+    QCOMPARE(shownCycles(), 3);
+    QVERIFY(page().findChild<QPushButton*>("updateLibrary")->isHidden()); // with its database
 }
 
 QTEST_MAIN(TestLibraryWindow)
