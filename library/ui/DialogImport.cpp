@@ -137,6 +137,7 @@ void DialogImport::open(const ArchiveSettings& settings, const QString& card)
         m_progress->hide();
         m_failed->hide();
         setWorking(false);
+        growToText();
     }
     show();
     raise();
@@ -195,6 +196,7 @@ void DialogImport::showResult(const ImportResult& result)
     if (result.isComplete())
         m_progress->setValue(steps);
     setWorking(false);
+    growToText();
     emit signalMessage(sentence.section(QLatin1Char('\n'), 0, 0));
     emit signalChanged();
 }
@@ -237,6 +239,14 @@ void DialogImport::reject()
 {
     m_runner.cancel();
     QDialog::reject();
+}
+
+/// Wrapped texts in a large font need more than the first size.
+void DialogImport::growToText()
+{
+    const int needed = layout()->totalHeightForWidth(width());
+    if (needed > height())
+        resize(width(), needed);
 }
 
 } // namespace KOLT::Library

@@ -48,6 +48,7 @@ private:
     void showProgress(const ImportProgress& progress);
     void showResult(const ImportResult& result);
     void setWorking(bool isWorking);
+    void growToText();
     void openImports();
 
     ImportRunner m_runner;

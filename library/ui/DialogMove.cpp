@@ -56,6 +56,7 @@ DialogMove::DialogMove(const Archive& archive, QWidget* parent)
     connect(this, &DialogMove::signalProgress, this, &DialogMove::showProgress);
     showState();
     resize(windowSize);
+    growToText();
 }
 
 DialogMove::~DialogMove()
@@ -134,6 +135,7 @@ void DialogMove::start()
     m_state->setText(tr("Reading the library"));
     m_progress->setValue(0);
     m_progress->show();
+    growToText();
     showState();
     m_thread = std::thread([this] {
         const auto tell = [this](auto function) {
@@ -182,6 +184,7 @@ void DialogMove::finish(const MoveResult& result)
                          QLatin1Char('\n') + tr("The library stays where it is."));
     }
     showState();
+    growToText();
     emit signalFinished(result);
     if (m_isClosing)
         QDialog::reject();
@@ -215,6 +218,14 @@ void DialogMove::closeEvent(QCloseEvent* event)
     } else {
         QDialog::closeEvent(event);
     }
+}
+
+/// Wrapped texts in a large font need more than the first size.
+void DialogMove::growToText()
+{
+    const int needed = layout()->totalHeightForWidth(width());
+    if (needed > height())
+        resize(width(), needed);
 }
 
 } // namespace KOLT::Library

@@ -48,6 +48,7 @@ private:
     void showProgress(const MoveProgress& progress);
     void finish(const MoveResult& result);
     void showState();
+    void growToText();
 
     Archive m_archive;
     std::unique_ptr<ArchiveMove> m_move;

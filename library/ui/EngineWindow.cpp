@@ -3,6 +3,8 @@
 #include "library/ledger/LedgerText.h"
 #include "library/ui/LedgerView.h"
 #include "record/ClockTime.h"
+#include "ui/EmptyNote.h"
+#include "ui/PlainToolTip.h"
 #include "ui/StateMark.h"
 
 #include <QComboBox>
@@ -22,6 +24,7 @@ using namespace Library;
 namespace {
 
 constexpr QSize firstSize(960, 700);
+constexpr int figureMargin = 6;
 
 QTreeWidget* createTable(const QStringList& columns, const char* name)
 {
@@ -72,6 +75,7 @@ EngineWindow::EngineWindow(QWidget* parent)
     setObjectName(QStringLiteral("engineWindow"));
     m_engines->setObjectName(QStringLiteral("engineChoice"));
     m_engines->setAccessibleName(tr("Engine"));
+    m_engines->setSizeAdjustPolicy(QComboBox::AdjustToContents);
     m_state->setWordWrap(true);
     m_state->setTextFormat(Qt::PlainText);
     connect(m_engines, &QComboBox::activated, this,
@@ -80,7 +84,7 @@ EngineWindow::EngineWindow(QWidget* parent)
     top->addWidget(m_engines);
     top->addWidget(m_state, 1);
     auto* const middle = new QHBoxLayout;
-    m_figureRows->setContentsMargins(0, 0, 0, 0);
+    m_figureRows->setContentsMargins(figureMargin, figureMargin, figureMargin, figureMargin);
     m_figureRows->setRowWrapPolicy(QFormLayout::WrapLongRows);
     middle->addWidget(scrolled(m_figures), 2);
     middle->addWidget(scrolled(m_view), 3);
@@ -101,6 +105,7 @@ QWidget* EngineWindow::createMaintenance()
     auto* const page = new QWidget;
     m_limits = createTable({tr("What"), tr("Left"), tr("Due"), tr("Every"), tr("Last done")},
                            "limitTable");
+    m_noLimits = new EmptyNote(m_limits);
     const auto button = [this](const QString& text, const QString& tip, auto&& action) {
         auto* const made = new QPushButton(text);
         made->setToolTip(tip);
@@ -137,6 +142,7 @@ QWidget* EngineWindow::createEpisodes()
     m_episodes = createTable(
         {tr("When"), tr("Quantity"), tr("State"), tr("Beyond the warning"), tr("Beyond the limit")},
         "episodeTable");
+    m_noEpisodes = new EmptyNote(m_episodes);
     connect(m_episodes, &QTreeWidget::itemActivated, this, [this](QTreeWidgetItem* item) {
         const auto row = static_cast<std::size_t>(m_episodes->indexOfTopLevelItem(item));
         if (row < m_ledger.episodes.size()) {
@@ -151,6 +157,7 @@ QWidget* EngineWindow::createNotes()
 {
     auto* const page = new QWidget;
     m_notes = createTable({tr("When"), tr("Note"), tr("By")}, "noteTable");
+    m_noNotes = new EmptyNote(m_notes);
     auto* const add = new QPushButton(tr("Add..."));
     auto* const edit = new QPushButton(tr("Change..."));
     auto* const remove = new QPushButton(tr("Remove"));
@@ -236,6 +243,13 @@ void EngineWindow::showState()
         widget->setEnabled(m_hasLedger);
     for (QPushButton* button : m_ofLimit)
         button->setEnabled(chosenLimit() != nullptr);
+    const auto tellEmpty = [this](EmptyNote& note, bool isEmpty, const QString& text) {
+        note.showNote(m_hasLedger && isEmpty ? text : QString());
+    };
+    tellEmpty(*m_noLimits, m_ledger.limits.empty(),
+              tr("No maintenance limits yet. Add what is to be done every 100 h or every year."));
+    tellEmpty(*m_noEpisodes, m_ledger.episodes.empty(), tr("No quantity was beyond a limit."));
+    tellEmpty(*m_noNotes, m_ledger.notes.empty(), tr("No notes on this engine yet."));
     for (QPushButton* button : m_ofNote)
         button->setEnabled(chosenNote() != nullptr);
     QStringList due;
@@ -300,7 +314,7 @@ void EngineWindow::fillNotes()
         auto* const item =
             new QTreeWidgetItem(m_notes, {time.toString(QStringLiteral("d.M.yyyy hh:mm")),
                                           note.text.simplified(), note.item.author});
-        item->setToolTip(1, note.text);
+        item->setToolTip(1, plainToolTip(note.text));
     }
     fitColumns(*m_notes);
 }

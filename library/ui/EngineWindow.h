@@ -17,6 +17,7 @@ class QTreeWidget;
 
 namespace KOLT {
 
+class EmptyNote;
 class LedgerView;
 
 /// What an engine has lived through: figures, months and limit bands, maintenance limits with what
@@ -89,6 +90,9 @@ private:
     QTreeWidget* m_limits = nullptr;
     QTreeWidget* m_episodes = nullptr;
     QTreeWidget* m_notes = nullptr;
+    EmptyNote* m_noLimits = nullptr; ///< say why the tables are empty
+    EmptyNote* m_noEpisodes = nullptr;
+    EmptyNote* m_noNotes = nullptr;
     std::vector<QPushButton*> m_ofLimit; ///< need a chosen limit
     std::vector<QPushButton*> m_ofNote;
     std::vector<QWidget*> m_ofLedger;

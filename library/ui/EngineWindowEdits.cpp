@@ -1,6 +1,7 @@
 // What the user changes in the window of an engine.
 #include "library/ui/EngineWindow.h"
 #include "library/ui/LimitEditor.h"
+#include "library/ui/NoteEditor.h"
 
 #include <QInputDialog>
 #include <QMessageBox>
@@ -91,14 +92,10 @@ void EngineWindow::editNote(const Note* note)
     Note edited = note != nullptr ? *note : Note();
     if (note == nullptr)
         edited.engine = engine();
-    bool isAccepted = false;
-    const QString text =
-        QInputDialog::getMultiLineText(this, tr("Note"), tr("Note on engine %1").arg(engine()),
-                                       edited.text, &isAccepted)
-            .trimmed();
-    if (!isAccepted || text.isEmpty() || text == edited.text)
+    const auto text = askForNote(this, tr("Note on engine %1").arg(engine()), edited.text);
+    if (!text || *text == edited.text)
         return;
-    edited.text = text;
+    edited.text = *text;
     emit signalNote(edited);
 }
 

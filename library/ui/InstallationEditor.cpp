@@ -76,6 +76,7 @@ InstallationEditor::InstallationEditor(const WrittenInstallation& installation,
     m_mistake->setTextFormat(Qt::PlainText);
     m_mistake->setWordWrap(true);
     auto* const form = new QFormLayout;
+    form->setLabelAlignment(Qt::AlignLeft | Qt::AlignVCenter); // of the boxes, too
     form->addRow(tr("&Unit"), m_unit);
     form->addRow(tr("&Engine"), m_engine);
     form->addRow(m_hasFrom, m_from);

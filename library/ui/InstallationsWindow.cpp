@@ -2,6 +2,7 @@
 
 #include "library/ledger/Installations.h"
 #include "library/ui/InstallationEditor.h"
+#include "ui/EmptyNote.h"
 #include "ui/PlainToolTip.h"
 #include "ui/StateMark.h"
 
@@ -31,6 +32,7 @@ QString dayText(const QDate& day, const QString& open)
 InstallationsWindow::InstallationsWindow(QWidget* parent)
     : QDialog(parent)
     , m_table(new QTreeWidget)
+    , m_empty(new EmptyNote(m_table))
     , m_state(new QLabel)
 {
     setWindowTitle(tr("Installations"));
@@ -118,11 +120,12 @@ void InstallationsWindow::showState()
 {
     for (QPushButton* button : m_ofChosen)
         button->setEnabled(chosen() != nullptr);
-    QString text = m_list.empty() ? tr("Nothing is entered yet.") : QString();
+    m_empty->showNote(m_list.empty() ? tr("Nothing is entered yet.") : QString());
+    QString text;
     for (const WrittenInstallation& one : m_list) {
         if (const QString objection = objectionTo(one, m_list); !objection.isEmpty())
-            text =
-                tr("These entries contradict each other: %1 The later one counts.").arg(objection);
+            text = tr("These entries contradict each other: %1 That which begins later counts.")
+                       .arg(objection);
     }
     m_state->setText(text);
     m_state->setVisible(!text.isEmpty());

@@ -10,6 +10,8 @@ class QTreeWidget;
 
 namespace KOLT {
 
+class EmptyNote;
+
 /// Which engine was in which unit from when to when, as people say. Entries that contradict each
 /// other, as of two computers, are marked. What the user changes is sent, and comes back with the
 /// next list.
@@ -40,7 +42,8 @@ private:
     QStringList m_engines;
     QStringList m_units;
     QTreeWidget* m_table;
-    QLabel* m_state;
+    EmptyNote* m_empty;
+    QLabel* m_state; ///< what is wrong
     std::vector<QPushButton*> m_ofChosen;
 };
 

@@ -74,6 +74,8 @@ QImage LedgerView::picture(const LedgerChart& chart, int width, double scale, co
 
 void LedgerView::paintEvent(QPaintEvent* /*event*/)
 {
+    if (m_chart.isEmpty())
+        return;
     QPainter painter(this);
     paintBoth(painter, rect(), m_chart, ChartColors::ofWindow());
 }

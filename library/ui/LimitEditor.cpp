@@ -17,6 +17,7 @@ constexpr double mostHours = 99999.0;
 constexpr int mostMonths = 600;
 constexpr double firstHours = 100.0;
 constexpr int firstMonths = 12;
+constexpr int fieldWidth = 220;
 
 } // namespace
 
@@ -35,6 +36,7 @@ LimitEditor::LimitEditor(const Library::MaintenanceLimit& limit, QWidget* parent
 {
     setWindowTitle(tr("Maintenance Limit"));
     m_title->setPlaceholderText(tr("Oil change"));
+    m_title->setMinimumWidth(fieldWidth);
     for (QDoubleSpinBox* box : {m_hours, m_lastHours}) {
         box->setRange(0.0, mostHours);
         box->setSuffix(tr(" h"));
@@ -54,6 +56,7 @@ LimitEditor::LimitEditor(const Library::MaintenanceLimit& limit, QWidget* parent
     m_lastDate->setDisplayFormat(QStringLiteral("dd.MM.yyyy"));
     m_lastDate->setDate(limit.lastDate.isValid() ? limit.lastDate : QDate::currentDate());
     auto* const form = new QFormLayout(this);
+    form->setLabelAlignment(Qt::AlignLeft | Qt::AlignVCenter); // of the boxes, too
     form->addRow(tr("What"), m_title);
     form->addRow(m_hasHours, m_hours);
     form->addRow(m_hasMonths, m_months);

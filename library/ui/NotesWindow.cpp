@@ -1,10 +1,11 @@
 #include "library/ui/NotesWindow.h"
 
+#include "library/ui/NoteEditor.h"
 #include "record/ClockTime.h"
+#include "ui/EmptyNote.h"
+#include "ui/PlainToolTip.h"
 
 #include <QHeaderView>
-#include <QInputDialog>
-#include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTreeWidget>
@@ -16,7 +17,8 @@ using namespace Library;
 
 namespace {
 
-constexpr QSize firstSize(520, 320);
+constexpr QSize firstSize(560, 340);
+constexpr int textColumn = 2;
 
 QString aboutText(Note::About about)
 {
@@ -45,7 +47,7 @@ QString timeText(const Note& note)
 NotesWindow::NotesWindow(QWidget* parent)
     : QDialog(parent)
     , m_table(new QTreeWidget)
-    , m_state(new QLabel)
+    , m_empty(new EmptyNote(m_table))
 {
     setWindowTitle(tr("Notes"));
     setObjectName(QStringLiteral("notesWindow"));
@@ -54,7 +56,10 @@ NotesWindow::NotesWindow(QWidget* parent)
     m_table->setHeaderLabels({tr("Time"), tr("About"), tr("Note"), tr("By")});
     m_table->setRootIsDecorated(false);
     m_table->setAllColumnsShowFocus(true);
-    m_state->setWordWrap(true);
+    m_table->header()->setStretchLastSection(false);
+    for (int column = 0; column < m_table->columnCount(); ++column)
+        m_table->header()->setSectionResizeMode(
+            column, column == textColumn ? QHeaderView::Stretch : QHeaderView::ResizeToContents);
     auto* const row = new QHBoxLayout;
     const auto button = [&](const QString& text, const QString& tip,
                             std::vector<QPushButton*>& group, auto&& action) {
@@ -75,7 +80,6 @@ NotesWindow::NotesWindow(QWidget* parent)
     button(tr("Remove"), tr("Remove the chosen note"), m_changing, [this] { remove(); });
     auto* const layout = new QVBoxLayout(this);
     layout->addWidget(m_table);
-    layout->addWidget(m_state);
     layout->addLayout(row);
     connect(m_table, &QTreeWidget::itemSelectionChanged, this, &NotesWindow::showState);
     connect(m_table, &QTreeWidget::itemActivated, this, &NotesWindow::change);
@@ -95,10 +99,8 @@ void NotesWindow::setNotes(const std::vector<Note>& notes, bool isLoaded)
     for (const Note& note : m_list) {
         auto* const item = new QTreeWidgetItem(m_table, {timeText(note), aboutText(note.about),
                                                          note.text.simplified(), note.item.author});
-        item->setToolTip(2, note.text);
+        item->setToolTip(textColumn, plainToolTip(note.text));
     }
-    for (int column = 0; column + 1 < m_table->columnCount(); ++column)
-        m_table->resizeColumnToContents(column);
     showState();
 }
 
@@ -108,10 +110,9 @@ void NotesWindow::showState()
         button->setEnabled(m_isLoaded);
     for (QPushButton* button : m_changing)
         button->setEnabled(chosen() != nullptr);
-    m_state->setText(!m_isLoaded      ? tr("Open a cycle or a flight to write notes on it.")
-                     : m_list.empty() ? tr("No notes on this recording yet.")
-                                      : QString());
-    m_state->setVisible(!m_state->text().isEmpty());
+    m_empty->showNote(!m_isLoaded      ? tr("Open a cycle or a flight to write notes on it.")
+                      : m_list.empty() ? tr("No notes on this recording yet.")
+                                       : QString());
 }
 
 const Note* NotesWindow::chosen() const
@@ -124,13 +125,8 @@ const Note* NotesWindow::chosen() const
 
 void NotesWindow::add(Note::About about)
 {
-    bool isAccepted = false;
-    const QString text =
-        QInputDialog::getMultiLineText(this, tr("Note"),
-                                       tr("Note on this %1").arg(aboutText(about)), {}, &isAccepted)
-            .trimmed();
-    if (isAccepted && !text.isEmpty())
-        emit signalAdd(about, text);
+    if (const auto text = askForNote(this, tr("Note on this %1").arg(aboutText(about))))
+        emit signalAdd(about, *text);
 }
 
 void NotesWindow::change()
@@ -138,14 +134,13 @@ void NotesWindow::change()
     const Note* const note = chosen();
     if (note == nullptr)
         return;
-    Note changed = *note;
-    bool isAccepted = false;
-    changed.text = QInputDialog::getMultiLineText(this, tr("Note"),
-                                                  tr("Note on this %1").arg(aboutText(note->about)),
-                                                  note->text, &isAccepted)
-                       .trimmed();
-    if (isAccepted && !changed.text.isEmpty())
-        emit signalChange(changed);
+    Note changed = *note; // the list may be read anew meanwhile
+    const auto text =
+        askForNote(this, tr("Note on this %1").arg(aboutText(changed.about)), changed.text);
+    if (!text)
+        return;
+    changed.text = *text;
+    emit signalChange(changed);
 }
 
 void NotesWindow::remove()

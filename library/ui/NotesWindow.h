@@ -4,11 +4,12 @@
 
 #include <QDialog>
 
-class QLabel;
 class QPushButton;
 class QTreeWidget;
 
 namespace KOLT {
+
+class EmptyNote;
 
 /// The notes on the loaded recording beside the pages: a click goes to the moment of a note. What
 /// the user changes is sent, and comes back with the next list.
@@ -38,7 +39,7 @@ private:
     std::vector<Library::Note> m_list;
     bool m_isLoaded = false;
     QTreeWidget* m_table;
-    QLabel* m_state;
+    EmptyNote* m_empty;
     std::vector<QPushButton*> m_adding;
     std::vector<QPushButton*> m_changing;
 };

@@ -80,6 +80,7 @@ void DialogDataMap::createToolBar()
     m_coloring->setMinimumContentsLength(10);
     connect(m_coloring, &QComboBox::activated, this, &DialogDataMap::slotColoring);
     bar->addWidget(m_coloring);
+    createNotesCommand(*bar); // last: where there is no room, it is the first to go
     for (auto* const part : bar->findChildren<QWidget*>())
         part->setPalette(lookPalette(Look::Light)); // the panel is white in both looks
 }
@@ -98,6 +99,10 @@ void DialogDataMap::createViewCommands(QToolBar& bar)
         m_state.isShaded = isChecked;
         m_state.needsRepaint = true;
     });
+}
+
+void DialogDataMap::createNotesCommand(QToolBar& bar)
+{
     m_notesShown = bar.addAction(QIcon(QStringLiteral(":/icons/map-note.svg")), tr("Notes"));
     m_notesShown->setToolTip(tr("Show where notes were written"));
     m_notesShown->setCheckable(true);

@@ -74,6 +74,7 @@ private:
 
     void createToolBar();
     void createViewCommands(QToolBar& bar);
+    void createNotesCommand(QToolBar& bar);
     void createFoldButton();
     void createNote();
     void showNote(bool areTilesLacking);
