@@ -14,11 +14,21 @@ namespace {
 
 using namespace KOLT::Library;
 
+/// Whether a server says that there is an archive already.
+bool hasArchiveElsewhere(const LibraryArguments& arguments)
+{
+    LibraryDatabase database;
+    return arguments.library != arguments.archive &&
+           openDatabase(arguments, LibraryDatabase::Access::ReadOnly, database).isEmpty() &&
+           !database.archive().value.isEmpty();
+}
+
 /// The first import creates the library. One that was there before is not made anew: its disk may
 /// be unplugged.
 QString openOrCreate(const LibraryArguments& arguments, Archive& archive)
 {
-    if (!Archive::isArchive(arguments.archive) && !isKnownLibrary(arguments.archive)) {
+    if (!Archive::isArchive(arguments.archive) && !isKnownLibrary(arguments.archive) &&
+        !hasArchiveElsewhere(arguments)) {
         if (const QString error = Archive::create(arguments.archive); !error.isEmpty())
             return error;
     }

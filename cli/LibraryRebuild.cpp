@@ -86,6 +86,8 @@ QString refreshDatabase(const LibraryArguments& arguments, const Archive& archiv
     if (const QString error = openDatabase(arguments, LibraryDatabase::Access::Create, database);
         !error.isEmpty())
         return error;
+    if (!database.claim(archive.id()))
+        return line(database.error());
     const UpdateOptions options = updateOptions(recording.profile(), archive);
     QStringList damaged; // the import has told them
     const std::vector<ArchivedCycle> cycles = archive.cycles(&damaged);
@@ -113,6 +115,8 @@ QString libraryRebuild(const LibraryArguments& arguments)
     QString error = openDatabase(arguments, LibraryDatabase::Access::Create, database);
     if (database.status() == LibraryDatabase::Status::Damaged)
         error = database.recreate(database.address()) ? QString() : line(database.error());
+    if (error.isEmpty() && !database.claim(archive.id(), LibraryDatabase::Claim::Take))
+        error = line(database.error());
     if (!error.isEmpty())
         return error;
     QStringList damaged;

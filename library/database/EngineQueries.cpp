@@ -183,6 +183,16 @@ Answer<std::vector<EngineRow>> enginesLike(LibraryDatabase& database,
     return answer;
 }
 
+/// The newest rows of a table that belong to an engine.
+QString newestSql(QLatin1String columns, const char* table, const char* alias, int limit)
+{
+    return limitedSql(QStringLiteral("SELECT %1 FROM cycle c JOIN %2 %3 ON %3.cycle = c.id "
+                                     "WHERE c.engine = ? ORDER BY c.month DESC, c.date_time DESC, "
+                                     "c.id DESC, %3.number DESC")
+                          .arg(columns, QLatin1String(table), QLatin1String(alias)),
+                      limit);
+}
+
 } // namespace
 
 Answer<std::vector<EngineRow>> LibraryQueries::engines()
@@ -210,30 +220,16 @@ Answer<std::vector<MonthRow>> LibraryQueries::months(const QString& engine)
         });
 }
 
-Answer<std::vector<EpisodeRow>> LibraryQueries::engineEpisodes(const QString& engine, int limit,
-                                                               int offset)
+Answer<std::vector<EpisodeRow>> LibraryQueries::engineEpisodes(const QString& engine, int limit)
 {
-    return rowsOf<EpisodeRow>(
-        m_database,
-        limitedSql(QStringLiteral("SELECT %1 FROM cycle c JOIN episode e ON e.cycle = c.id "
-                                  "WHERE c.engine = ? ORDER BY c.month DESC, c.date_time DESC, "
-                                  "c.id DESC, e.number DESC")
-                       .arg(episodeColumns),
-                   limit, offset),
-        {boundText(engine)}, episodeFrom);
+    return rowsOf<EpisodeRow>(m_database, newestSql(episodeColumns, "episode", "e", limit),
+                              {boundText(engine)}, episodeFrom);
 }
 
-Answer<std::vector<FaultRow>> LibraryQueries::engineFaults(const QString& engine, int limit,
-                                                           int offset)
+Answer<std::vector<FaultRow>> LibraryQueries::engineFaults(const QString& engine, int limit)
 {
-    return rowsOf<FaultRow>(
-        m_database,
-        limitedSql(QStringLiteral("SELECT %1 FROM cycle c JOIN fault b ON b.cycle = c.id "
-                                  "WHERE c.engine = ? ORDER BY c.month DESC, c.date_time DESC, "
-                                  "c.id DESC, b.number DESC")
-                       .arg(faultColumns),
-                   limit, offset),
-        {boundText(engine)}, faultFrom);
+    return rowsOf<FaultRow>(m_database, newestSql(faultColumns, "fault", "b", limit),
+                            {boundText(engine)}, faultFrom);
 }
 
 Answer<LibrarySums> LibraryQueries::engineSince(const QString& engine, const QDateTime& from)

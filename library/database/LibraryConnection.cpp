@@ -98,7 +98,11 @@ bool LibraryConnection::openServer(const QString& password)
     m_database.setDatabaseName(url.path().mid(1));
     m_database.setUserName(url.userName());
     m_database.setPassword(password);
-    QStringList options{QStringLiteral("application_name=KOLT")};
+    // A network that is gone is noticed within seconds, not when the system gives up.
+    QStringList options{
+        QStringLiteral("application_name=KOLT"), QStringLiteral("keepalives_idle=10"),
+        QStringLiteral("keepalives_interval=5"), QStringLiteral("keepalives_count=2"),
+        QStringLiteral("tcp_user_timeout=15000")};
     const QUrlQuery query(url);
     for (const QString& key : serverOptions()) {
         if (query.hasQueryItem(key))
@@ -207,9 +211,15 @@ LibraryConnection::Failure LibraryConnection::failure() const
         // The texts of libpq are in the language of the system; there is no code for these.
         static const QRegularExpression password(QStringLiteral("passwor[dt]"),
                                                  QRegularExpression::CaseInsensitiveOption);
-        if (m_error.type() == QSqlError::ConnectionError || code.isEmpty() ||
-            code.startsWith(QLatin1String("08")) || code.startsWith(QLatin1String("57P")))
-            return m_error.text().contains(password) ? Failure::NoPassword : Failure::Lost;
+        const bool isConnecting = m_error.type() == QSqlError::ConnectionError;
+        if (isConnecting || code.isEmpty() || code.startsWith(QLatin1String("08")) ||
+            code.startsWith(QLatin1String("57P"))) {
+            if (m_error.text().contains(password))
+                return Failure::NoPassword;
+            return isConnecting && m_error.text().contains(QLatin1String("FATAL: "))
+                       ? Failure::Refused
+                       : Failure::Lost;
+        }
         if (code == QLatin1String("42P01"))
             return Failure::NoTable;
         if (code == QLatin1String("42501") || code == QLatin1String("25006"))

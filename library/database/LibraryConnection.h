@@ -17,7 +17,18 @@ namespace KOLT::Library {
 class LibraryConnection
 {
 public:
-    enum class Failure { None, Busy, Damaged, Full, ReadOnly, Lost, NoPassword, NoTable, Other };
+    enum class Failure {
+        None,
+        Busy,
+        Damaged,
+        Full,
+        ReadOnly,
+        Lost,
+        Refused,
+        NoPassword,
+        NoTable,
+        Other
+    };
 
     explicit LibraryConnection(const LibraryAddress& address);
     ~LibraryConnection();

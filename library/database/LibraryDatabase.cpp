@@ -40,6 +40,7 @@ LibraryDatabase::Status statusOf(LibraryConnection::Failure failure)
     case Failure::NoTable: // the version said that it is there
         return Status::Damaged;
     case Failure::Lost:
+    case Failure::Refused:
         return Status::Unreachable;
     case Failure::NoPassword:
         return Status::NoPassword;
@@ -51,7 +52,9 @@ LibraryDatabase::Status statusOf(LibraryConnection::Failure failure)
 QString reasonOf(const LibraryConnection& connection)
 {
     using Failure = LibraryConnection::Failure;
-    const QString told = connection.error().text().simplified();
+    const QSqlError& error = connection.error(); // whose text() adds what the driver tried
+    const QString told =
+        (error.databaseText().isEmpty() ? error.text() : error.databaseText()).simplified();
     switch (connection.failure()) {
     case Failure::Damaged:
     case Failure::NoTable:
@@ -63,7 +66,13 @@ QString reasonOf(const LibraryConnection& connection)
     case Failure::Full:
         return Text::tr("the disk is full. Make room and try again");
     case Failure::ReadOnly:
-        return Text::tr("it may not be written: %1").arg(told);
+        return connection.isServer()
+                   ? Text::tr("its user lacks the right to do this (%1). Ask whoever looks after "
+                              "the server")
+                         .arg(told)
+                   : Text::tr("it may not be written: %1").arg(told);
+    case Failure::Refused:
+        return Text::tr("the server refuses the connection: %1").arg(told);
     case Failure::Lost:
         return connection.isServer()
                    ? Text::tr("the server does not answer: %1").arg(told)
@@ -86,6 +95,14 @@ LibraryDatabase::~LibraryDatabase() = default;
 bool LibraryDatabase::hasServers()
 {
     return LibraryConnection::hasDriver(true);
+}
+
+QString LibraryDatabase::silence(const LibraryAddress& address)
+{
+    LibraryConnection connection(address);
+    if (connection.open(true) || connection.failure() != LibraryConnection::Failure::Lost)
+        return {};
+    return Text::tr("The library %1: %2").arg(address.shown(), reasonOf(connection));
 }
 
 bool LibraryDatabase::fail(Status status, const QString& error)
@@ -228,6 +245,30 @@ bool LibraryDatabase::recreate(const LibraryAddress& address, const PasswordProm
                             .arg(QDir::toNativeSeparators(beside)));
     }
     return open(address, Access::Create, prompt);
+}
+
+Answer<QString> LibraryDatabase::archive()
+{
+    QSqlQuery query = select(QStringLiteral("SELECT archive FROM library_schema"));
+    if (!query.isActive() || !query.next())
+        return {{}, m_error};
+    return {query.value(0).toString(), {}};
+}
+
+bool LibraryDatabase::claim(const QString& archiveId, Claim claim)
+{
+    const Answer<QString> known = archive();
+    if (!known || known.value == archiveId || archiveId.isEmpty())
+        return known.error.isEmpty();
+    if (!known.value.isEmpty() && claim == Claim::Ask && m_address.isServer())
+        return fail(m_status,
+                    Text::tr("The library %1 is that of another folder than %2. Is the shared "
+                             "folder connected there? If this folder is to take its place, make "
+                             "the database anew with kolt-cli library rebuild")
+                        .arg(m_address.shown(), QDir::toNativeSeparators(m_address.archive)));
+    return m_connection->run(QStringLiteral("UPDATE library_schema SET archive = ?"),
+                             {archiveId}) ||
+           m_connection->failure() == LibraryConnection::Failure::ReadOnly || failed();
 }
 
 bool LibraryDatabase::storeCycle(const ArchivedCycle& cycle)

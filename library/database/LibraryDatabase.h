@@ -94,6 +94,20 @@ public:
     /// Whether this program can use a server.
     static bool hasServers();
 
+    /// Empty if the server of the address answers, whatever it says; otherwise the error for the
+    /// user. Takes up to some seconds, and may be called in any thread.
+    static QString silence(const LibraryAddress& address);
+
+    /// The id of the archive that it is of; empty: of none yet.
+    Answer<QString> archive();
+
+    enum class Claim { Ask, Take };
+    /// Whether the database is of the archive with this id. One that is of none yet becomes its
+    /// own; so does, with `Take`, any other, and always a file beside the archive. To be asked
+    /// before an update: that removes what is not in the archive, and the shared folder of a
+    /// server's library may not be connected on this computer.
+    bool claim(const QString& archiveId, Claim claim = Claim::Ask);
+
     /// Takes a cycle in or replaces what is known of it. Without figures those that are kept stay
     /// if the files are the same.
     bool storeCycle(const ArchivedCycle& cycle);

@@ -113,15 +113,14 @@ Answer<std::vector<CycleRow>> LibraryQueries::cycles(quint32 unit, const QDate& 
         condition.values, cycleFrom);
 }
 
-Answer<std::vector<CycleRow>> LibraryQueries::cycles(const LibraryFilter& filter, int limit,
-                                                     int offset)
+Answer<std::vector<CycleRow>> LibraryQueries::cycles(const LibraryFilter& filter, int limit)
 {
     const Condition condition = cycleCondition(filter);
     return rowsOf<CycleRow>(
         m_database,
         limitedSql(cyclesWhere(condition.sql) +
                        QStringLiteral(" ORDER BY c.unit, c.day, c.date_time, c.folder"),
-                   limit, offset),
+                   limit),
         condition.values, cycleFrom);
 }
 

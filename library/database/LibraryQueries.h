@@ -27,12 +27,11 @@ public:
     Answer<std::vector<CycleRow>> cycles(quint32 unit, const QDate& day,
                                          const LibraryFilter& filter = {});
     /// All that the filter lets through, by unit and time; `limit` below 0: without a limit.
-    Answer<std::vector<CycleRow>> cycles(const LibraryFilter& filter, int limit = -1,
-                                         int offset = 0);
+    Answer<std::vector<CycleRow>> cycles(const LibraryFilter& filter, int limit = -1);
     /// Those of one cycle, by number.
     Answer<std::vector<FlightRow>> flights(qint64 cycle);
-    /// All that the filter lets through, newest first; of these, with `after`, those behind the last
-    /// row of the page before. Each page takes the same time, however old it is.
+    /// All that the filter lets through, newest first; of these, with `after`, those behind the
+    /// last row of the page before. Each page takes the same time, however old it is.
     Answer<std::vector<FlightRow>> flights(const LibraryFilter& filter, int limit,
                                            const FlightRow* after = nullptr);
     Answer<int> flightCount(const LibraryFilter& filter);
@@ -54,9 +53,8 @@ public:
     /// By time; months without cycles are left out.
     Answer<std::vector<MonthRow>> months(const QString& engine);
     /// Newest first.
-    Answer<std::vector<EpisodeRow>> engineEpisodes(const QString& engine, int limit,
-                                                   int offset = 0);
-    Answer<std::vector<FaultRow>> engineFaults(const QString& engine, int limit, int offset = 0);
+    Answer<std::vector<EpisodeRow>> engineEpisodes(const QString& engine, int limit);
+    Answer<std::vector<FaultRow>> engineFaults(const QString& engine, int limit);
     /// What an engine has done from a moment on, for limits of maintenance.
     Answer<LibrarySums> engineSince(const QString& engine, const QDateTime& from);
     Answer<std::vector<Installation>> installations();

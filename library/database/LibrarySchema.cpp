@@ -184,8 +184,9 @@ CREATE VIEW engine AS SELECT engine, MAX(engine_type) AS engine_type, COUNT(*) A
     SUM(episodes) AS episodes, MIN(date_time) AS first, MAX(date_time) AS last
     FROM cycle GROUP BY engine;
 )",
-    // Sums of the cycles of an engine in a unit.
-    R"(CREATE TABLE engine_unit (
+    // Sums of the cycles of an engine in a unit, and of which archive all of it is.
+    R"(ALTER TABLE library_schema ADD COLUMN archive TEXT;
+CREATE TABLE engine_unit (
     engine TEXT NOT NULL,
     unit BIGINT NOT NULL,
     cycles BIGINT NOT NULL,

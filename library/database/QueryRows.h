@@ -24,10 +24,9 @@ Answer<std::vector<Row>> rowsOf(LibraryDatabase& database, const QString& sql,
 }
 
 /// With a limit, unless it is below 0.
-inline QString limitedSql(const QString& sql, int limit, int offset = 0)
+inline QString limitedSql(const QString& sql, int limit)
 {
-    return limit < 0 ? sql
-                     : QStringLiteral("%1 LIMIT %2 OFFSET %3").arg(sql).arg(limit).arg(offset);
+    return limit < 0 ? sql : QStringLiteral("%1 LIMIT %2").arg(sql).arg(limit);
 }
 
 } // namespace KOLT::Library

@@ -68,8 +68,12 @@ private slots:
             before = contentOf(m_address);
         }
         // As version 1 had it.
-        QStringList script{"DROP VIEW engine", "DROP VIEW unit", "DROP TABLE engine_band",
-                           "DROP TABLE engine_unit", "UPDATE library_schema SET version = 1"};
+        QStringList script{"DROP VIEW engine",
+                           "DROP VIEW unit",
+                           "DROP TABLE engine_band",
+                           "DROP TABLE engine_unit",
+                           "ALTER TABLE library_schema DROP COLUMN archive",
+                           "UPDATE library_schema SET version = 1"};
         for (const char* index :
              {"cycle_by_unit", "cycle_by_engine", "cycle_by_time", "flight_by_duration",
               "episode_by_quantity", "fault_by_parameter", "file_by_hash"})
@@ -102,6 +106,27 @@ private slots:
                  .address,
             Access::Create));
         QVERIFY(database.error().contains("gone"));
+    }
+
+    void isOfOneArchive()
+    {
+        LibraryDatabase database;
+        QVERIFY(database.open(m_address, Access::Create));
+        QCOMPARE(database.archive().value, QString());
+        QVERIFY(database.claim("first"));
+        QVERIFY(database.storeCycle(someCycle(1), someFigures(1), someSource()));
+        QVERIFY(database.open(m_address, Access::Create));
+        QVERIFY(database.claim("first"));
+        // A file lies in its archive, whose mark may have been lost.
+        QCOMPARE(database.claim("other"), !m_address.isServer());
+        if (m_address.isServer()) {
+            QVERIFY2(database.error().contains(m_folder->path()), qPrintable(database.error()));
+            QCOMPARE(database.archive().value, QString("first"));
+            QVERIFY(database.isOpen());
+            QVERIFY(database.claim("other", LibraryDatabase::Claim::Take));
+        }
+        QCOMPARE(database.archive().value, QString("other"));
+        checkWhole(m_address);
     }
 
     void damagedDatabaseIsToldAndMadeAnew()
