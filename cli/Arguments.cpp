@@ -1,6 +1,7 @@
 #include "cli/Arguments.h"
 
 #include "cli/ExportArguments.h"
+#include "cli/ReportArguments.h"
 #include "cli/Verbs.h"
 #include "record/ClockOffset.h"
 
@@ -121,13 +122,8 @@ void addOptions(QCommandLineParser& parser, const Verb& verb)
         add("flight", "Only this flight of the cycle, from 1.", "K");
     if (isExport(verb))
         addExportOptions(parser);
-    if (isReport(verb)) {
-        add("pdf", "Write the engine report to this PDF file instead of the text.", "FILE");
-        add("json", "Print what the engine report holds as JSON.");
-        add("unit", "Of the PDF file: metric or imperial; default: metric.", "U");
-        add("language", "Of the PDF file: en or de; default: en.", "L");
-        add("paper", "Of the PDF file: A4 or Letter; default: A4.", "P");
-    }
+    if (isReport(verb))
+        addReportOptions(parser);
 }
 
 /// The parser's help text with a usage line that has the verb.
@@ -209,40 +205,6 @@ QString readCut(const QCommandLineParser& parser, Arguments& arguments)
     return arguments.output.isEmpty() == arguments.zip.isEmpty()
                ? QStringLiteral("give either --output or --zip")
                : QString();
-}
-
-/// Reads what only "report" has; returns an error message or nothing.
-QString readReport(const QCommandLineParser& parser, Arguments& arguments)
-{
-    arguments.pdf = parser.value(QStringLiteral("pdf"));
-    arguments.asJson = parser.isSet(QStringLiteral("json"));
-    const bool hasPdf = parser.isSet(QStringLiteral("pdf"));
-    if (hasPdf && arguments.pdf.isEmpty())
-        return QStringLiteral("--pdf needs a file");
-    if (hasPdf && arguments.asJson)
-        return QStringLiteral("give either --pdf or --json");
-    bool isImperial = false;
-    const auto read = [&](const char* option, const char* usual, const char* other, bool& isOther) {
-        const QString name = QLatin1String(option);
-        const QString value = parser.value(name);
-        if (!parser.isSet(name))
-            return QString();
-        if (!hasPdf)
-            return QStringLiteral("--%1 needs --pdf").arg(name);
-        isOther = value == QLatin1String(other);
-        return isOther || value == QLatin1String(usual)
-                   ? QString()
-                   : QStringLiteral("--%1 is %2 or %3, not \"%4\"")
-                         .arg(name, QLatin1String(usual), QLatin1String(other), value);
-    };
-    QString error = read("unit", "metric", "imperial", isImperial);
-    if (error.isEmpty())
-        error = read("language", "en", "de", arguments.isGerman);
-    if (error.isEmpty())
-        error = read("paper", "A4", "Letter", arguments.isLetter);
-    if (isImperial)
-        arguments.units = UnitSystem::Imperial;
-    return error;
 }
 
 /// Returns an error message or nothing.

@@ -38,6 +38,8 @@ struct Arguments
     bool asJson = false;
     bool isGerman = false;
     bool isLetter = false; ///< instead of A4
+    QString library;       ///< whose ledgers are added: a folder or a server; empty: none
+    QString archive;       ///< of a library on a server
 
     // Of the verb "export"; "cut" has output and selection as well.
     ExportFormat format = ExportFormat::Csv;

@@ -4,6 +4,7 @@
 #include "cli/Json.h"
 #include "cli/Recording.h"
 #include "cli/ReportJson.h"
+#include "cli/ReportLedger.h"
 #include "report/ReportPrinter.h"
 #include "report/ReportReader.h"
 #include "resources/Translations.h"
@@ -29,16 +30,18 @@ void setLanguage(bool isGerman, QTranslator& translator)
 
 } // namespace
 
-QString engineReport(const Arguments& arguments, Recording& recording)
+QString engineReport(const Arguments& arguments, Recording& recording, ReportLedger& ledger)
 {
     const bool isPdf = !arguments.pdf.isEmpty();
     QTranslator translator;
     setLanguage(arguments.isGerman, translator);
     if (isPdf && !canPrintReports())
         return QStringLiteral("no font is installed, so that no PDF file can be written");
-    const EngineReport content =
-        readReport(recording.profile(), recording.card(), QDate::currentDate());
-    QString error;
+    EngineReport content = readReport(recording.profile(), recording.card(), QDate::currentDate());
+    QString error = ledger.read(content.identity.engineSerials, content.date);
+    if (!error.isEmpty())
+        return error;
+    content.ledger = ledger.html();
     if (isPdf) {
         const WriteResult written =
             replaceFile(arguments.pdf,
@@ -46,7 +49,10 @@ QString engineReport(const Arguments& arguments, Recording& recording)
         if (!written)
             error = QStringLiteral("%1 was not written: %2").arg(arguments.pdf, written.error);
     } else {
-        error = printJson(jsonReport(content));
+        QJsonObject report = jsonReport(content);
+        if (ledger.isOpen())
+            report.insert(QStringLiteral("ledgers"), ledger.json());
+        error = printJson(report);
     }
     return error.isEmpty() ? unreadError({content.unreadFiles.begin(), content.unreadFiles.end()})
                            : error;

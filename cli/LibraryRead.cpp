@@ -22,11 +22,6 @@ QString printArray(const QJsonArray& array)
     return finishOutput();
 }
 
-QJsonValue orNull(const std::optional<double>& number)
-{
-    return number ? QJsonValue(*number) : QJsonValue(QJsonValue::Null);
-}
-
 QString bandName(ThresholdState state)
 {
     switch (state) {

@@ -5,8 +5,10 @@
 #include "cli/Arguments.h"
 #include "cli/EngineReportVerb.h"
 #include "cli/Recording.h"
+#include "cli/ReportLedger.h"
 #include "cli/Trust.h"
 #include "profile/ProfileLine.h"
+#include "record/CardFiles.h"
 #include "record/ClockOffset.h"
 #include "record/VariantFit.h"
 
@@ -199,6 +201,17 @@ void reportCycle(const CycleOverview& cycle, const RecordingTrust& trust)
     writeOutput(trustLines(trust.findings));
 }
 
+QStringList enginesOf(const CardContainer& card)
+{
+    QStringList engines;
+    const CardFiles files(card);
+    for (const FileFacts& file : files.all()) {
+        if (!file.info.engineSerial.isEmpty() && !engines.contains(file.info.engineSerial))
+            engines << file.info.engineSerial;
+    }
+    return engines;
+}
+
 } // namespace
 
 QString report(const Arguments& arguments)
@@ -207,10 +220,13 @@ QString report(const Arguments& arguments)
     QString error = recording.openProfile();
     if (error.isEmpty())
         error = recording.openFolder();
+    ReportLedger ledger;
+    if (error.isEmpty())
+        error = ledger.open(arguments);
     if (!error.isEmpty())
         return error;
     if (!arguments.pdf.isEmpty() || arguments.asJson)
-        return engineReport(arguments, recording);
+        return engineReport(arguments, recording, ledger);
     const CardContainer& card = recording.card();
     writeOutput(QStringLiteral("%1: %2 record files, %3 engine cycles\n")
                     .arg(card.folder(), QString::number(card.files().size()),
@@ -239,6 +255,10 @@ QString report(const Arguments& arguments)
     writeOutput("\n" + totalsLine("Total", all));
     for (const QString& note : variantNotes)
         writeOutput(note.toUtf8() + '\n');
+    error = ledger.read(enginesOf(card), QDate::currentDate());
+    if (!error.isEmpty())
+        return error;
+    writeOutput(ledger.text());
     error = finishOutput();
     return error.isEmpty() ? unreadError(unread) : error;
 }

@@ -15,12 +15,6 @@ QString key(const char* name)
     return QLatin1String(name);
 }
 
-template <typename Number>
-QJsonValue orNull(const std::optional<Number>& number)
-{
-    return number ? QJsonValue(*number) : QJsonValue(QJsonValue::Null);
-}
-
 QString stateName(ThresholdState state)
 {
     return state == ThresholdState::Limit ? key("LIMIT") : key("WARNING");

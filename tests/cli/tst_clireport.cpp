@@ -19,6 +19,7 @@ private slots:
     void pdfHoldsWhatJsonTells_data();
     void pdfHoldsWhatJsonTells();
     void sameBytesAgain();
+    void addsWhatTheLibraryKnows();
     void refused_data();
     void refused();
 
@@ -165,6 +166,54 @@ void TestCliReport::sameBytesAgain()
     }
 }
 
+void TestCliReport::addsWhatTheLibraryKnows()
+{
+    const QString library = m_home.filePath("library");
+    const QStringList options{"--library", library};
+    QCOMPARE(KOLT::Test::run(m_home, KOLT_CLI,
+                             QStringList{"library", "import", m_card, "--profile", KOLT_PROFILE,
+                                         "--variant", "915T"} +
+                                 options)
+                 .status,
+             0);
+    QVERIFY(QDir().mkpath(library + "/limits"));
+    const QString engine = told()["identity"]["engineSerials"][0].toString();
+    writeFile(library + "/limits/oil.json", QJsonDocument({{"format", 1},
+                                                           {"id", "oil"},
+                                                           {"engine", engine},
+                                                           {"title", "Oil change"},
+                                                           {"everyHours", 25.0},
+                                                           {"everyMonths", 12},
+                                                           {"lastHours", 3.5},
+                                                           {"lastDate", "2020-02-03"}})
+                                                .toJson());
+    QJsonObject report = run("report", QStringList{"--json"} + options).json();
+    const QJsonArray ledgers = report.take("ledgers").toArray();
+    QCOMPARE(report, told());
+    QCOMPARE(ledgers.size(), told()["identity"]["engineSerials"].toArray().size());
+    qsizetype flights = 0;
+    for (const QJsonValue& cycle : told()["cycles"].toArray())
+        flights += cycle["flights"].toArray().size();
+    qsizetype known = 0;
+    for (const QJsonValue& ledger : ledgers)
+        known += ledger["flights"].toInt();
+    QCOMPARE(known, flights);
+    const QJsonValue limit = ledgers[0]["limits"][0];
+    QCOMPARE(limit["dueHours"].toDouble(), 28.5);
+    QCOMPARE(limit["dueDate"], "2021-02-03");
+    QCOMPARE(limit["state"], "overdue");
+    QCOMPARE(limit["hoursLeft"].toDouble(), 28.5 - ledgers[0]["hours"].toDouble());
+
+    QVERIFY(QString(run("report", options).output)
+                .contains(QRegularExpression("Oil change: overdue, due 28\\.50 h, 3\\.2\\.2021")));
+    QCOMPARE(run("report", QStringList{"--pdf", pdf("ledger.pdf")} + options).status, 0);
+    const QString text = textOf("pdftotext", {"-layout", pdf("ledger.pdf"), "-"}).simplified();
+    for (const QString& part :
+         {"Ledger of engine " + engine, QString("Oil change 25 h or 12 months"),
+          QString("28.50 h, 3.2.2021"), QString("overdue")})
+        QVERIFY2(text.contains(part), qPrintable(part));
+}
+
 void TestCliReport::refused_data()
 {
     const Rows<QStringList, int, QString> row;
@@ -174,6 +223,9 @@ void TestCliReport::refused_data()
     row("unit alone", {"--unit", "metric"}, 2, "--unit needs --pdf");
     row("both", {"--pdf", file, "--json"}, 2, "either --pdf or --json");
     row("onto the card", {"--pdf", m_card + "/report.pdf"}, 1, "was not written");
+    row("no library", {"--json", "--library", m_home.filePath("none")}, 1, "/none");
+    row("server alone", {"--library", "postgresql://u@h/d"}, 2, "--archive is missing");
+    row("archive alone", {"--archive", m_home.path()}, 2, "--archive needs --library");
     row("no folder", {"--pdf", m_home.filePath("none/no.pdf")}, 1, "was not written");
 }
 
