@@ -121,31 +121,48 @@ const std::vector<LibraryVerb>& libraryVerbs()
     return verbs;
 }
 
-int runLibrary(const QStringList& given)
+LibraryParseResult parseLibrary(const QStringList& given)
 {
-    if (given.isEmpty())
-        return failed(QStringLiteral("no verb given; 'kolt-cli library --help' lists them"), 2);
+    LibraryParseResult result;
+    if (given.isEmpty()) {
+        result.error = QStringLiteral("no verb given; 'kolt-cli library --help' lists them");
+        return result;
+    }
     const QString& name = given.first();
-    if (name == QLatin1String("--help") || name == QLatin1String("-h"))
-        return print(generalHelp());
+    if (name == QLatin1String("--help") || name == QLatin1String("-h")) {
+        result.help = generalHelp();
+        return result;
+    }
     const std::vector<LibraryVerb>& verbs = libraryVerbs();
     const auto verb = std::ranges::find_if(
         verbs, [&](const LibraryVerb& known) { return name == QLatin1String(known.name); });
-    if (verb == verbs.end())
-        return failed(QStringLiteral("unknown verb \"library %1\"; 'kolt-cli library --help' "
-                                     "lists them")
-                          .arg(name),
-                      2);
+    if (verb == verbs.end()) {
+        result.error = QStringLiteral("unknown verb \"library %1\"; 'kolt-cli library --help' "
+                                      "lists them")
+                           .arg(name);
+        return result;
+    }
     QCommandLineParser parser;
     addOptions(parser, *verb);
-    if (!parser.parse(QStringList{QStringLiteral("kolt-cli")} + given.mid(1)))
-        return failed(parser.errorText(), 2);
-    if (parser.isSet(QStringLiteral("help")))
-        return print(usage(*verb) + parser.helpText().section(QLatin1Char('\n'), 1));
-    LibraryArguments arguments;
-    if (const QString error = readArguments(parser, *verb, arguments); !error.isEmpty())
-        return failed(error, 2);
-    const QString error = verb->run(arguments);
+    if (!parser.parse(QStringList{QStringLiteral("kolt-cli")} + given.mid(1))) {
+        result.error = parser.errorText();
+    } else if (parser.isSet(QStringLiteral("help"))) {
+        result.help = usage(*verb) + parser.helpText().section(QLatin1Char('\n'), 1);
+    } else {
+        result.verb = &*verb;
+        result.error = readArguments(parser, *verb, result.arguments);
+    }
+    return result;
+}
+
+int runLibrary(const QStringList& given)
+{
+    const LibraryParseResult parsed = parseLibrary(given);
+    if (!parsed.error.isEmpty())
+        return failed(parsed.error, 2);
+    if (parsed.verb == nullptr)
+        return print(parsed.help);
+    const QString error = parsed.verb->run(parsed.arguments);
     return error.isEmpty() ? 0 : failed(error, 1);
 }
 

@@ -37,7 +37,19 @@ struct LibraryVerb
 /// All of them, in the order of the help.
 const std::vector<LibraryVerb>& libraryVerbs();
 
-/// What follows "library" on the command line. Returns the exit status.
+/// What to do, a help text, or an error message.
+struct LibraryParseResult
+{
+    const LibraryVerb* verb = nullptr;
+    LibraryArguments arguments;
+    QString help;
+    QString error;
+};
+
+/// `given` is what follows "library" on the command line.
+LibraryParseResult parseLibrary(const QStringList& given);
+
+/// Does it. Returns the exit status.
 int runLibrary(const QStringList& given);
 
 /// Opens the archive of the arguments; returns an error message or nothing.
