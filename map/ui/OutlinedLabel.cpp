@@ -32,7 +32,20 @@ void OutlinedLabel::setTextColor(const QColor& color)
 
 void OutlinedLabel::paintEvent(QPaintEvent* /*event*/)
 {
-    QPainter painter(this);
+    const Look look{text(), size(), font(), m_color, alignment(), devicePixelRatioF()};
+    if (look != m_look) {
+        m_look = look;
+        m_picture = QPixmap(size() * look.ratio);
+        m_picture.setDevicePixelRatio(look.ratio);
+        m_picture.fill(Qt::transparent);
+        drawText();
+    }
+    QPainter(this).drawPixmap(0, 0, m_picture);
+}
+
+void OutlinedLabel::drawText()
+{
+    QPainter painter(&m_picture);
     painter.setRenderHint(QPainter::Antialiasing);
     const QFontMetricsF metrics(font());
     const QRectF area = contentsRect();

@@ -22,6 +22,8 @@
 #include <QWheelEvent>
 
 #include <algorithm>
+#include <functional>
+#include <initializer_list>
 
 using namespace KOLT;
 using namespace KOLT::Test;
@@ -522,6 +524,17 @@ void TestMapPage::valuesAreReadableOnAnyGround()
     }
     QVERIFY(found > 20);
     QVERIFY2(least >= 4.0, qPrintable(QString::number(least)));
+    // Each change is drawn, though the picture is kept.
+    for (const auto& change : std::initializer_list<std::function<void()>>{
+             [&] { label.setText(QStringLiteral("9.0 [km/h]")); },
+             [&] { label.setTextColor(QColor(200, 30, 200)); },
+             [&] { label.setAlignment(Qt::AlignRight | Qt::AlignVCenter); }}) {
+        const QImage before = picture;
+        change();
+        picture.fill(ground.darker(167));
+        label.render(&picture, {}, {}, QWidget::DrawChildren);
+        QVERIFY(picture != before);
+    }
 }
 
 void TestMapPage::flightPanelSaysWhereItIs()
