@@ -62,11 +62,29 @@ std::vector<MaintenanceState> statesOf(const EngineLedger& ledger,
     return states;
 }
 
-std::vector<Note> notesOf(const Logbook::Contents& written, const QString& engine)
+/// The engine that a note is about: as the library says of the recording, if people have said
+/// which engine was in the unit.
+QString engineOf(LibraryDatabase& database, const Note& note)
 {
+    if (note.about == Note::About::Engine)
+        return note.engine;
+    const auto found =
+        rowsOf<QString>(database,
+                        QStringLiteral("SELECT c.engine FROM cycle c JOIN file f ON f.cycle = c.id "
+                                       "WHERE f.sha256 = ? AND f.name = ?"),
+                        {note.place.fileSha256, note.place.fileName},
+                        [](const QSqlQuery& query) { return query.value(0).toString(); });
+    return found && !found.value.empty() ? found.value.front() : note.engine;
+}
+
+std::vector<Note> notesOf(LibraryDatabase& database, const Logbook::Contents& written,
+                          const QString& engine)
+{
+    const bool isSaid = !written.installations.empty();
     std::vector<Note> notes;
-    std::ranges::copy_if(written.notes, std::back_inserter(notes),
-                         [&](const Note& note) { return note.engine == engine; });
+    std::ranges::copy_if(written.notes, std::back_inserter(notes), [&](const Note& note) {
+        return (isSaid ? engineOf(database, note) : note.engine) == engine;
+    });
     std::ranges::stable_sort(notes, [](const Note& a, const Note& b) {
         return std::tie(b.item.changed, b.item.id) < std::tie(a.item.changed, a.item.id);
     });
@@ -109,7 +127,7 @@ Answer<std::optional<EngineLedger>> engineLedger(LibraryDatabase& database,
         return {{}, rate.error};
     ledger.hoursPerDay = rate.value;
     ledger.limits = statesOf(ledger, written.limitsOf(engine), today);
-    ledger.notes = notesOf(written, engine);
+    ledger.notes = notesOf(database, written, engine);
     return {std::move(ledger), {}};
 }
 
@@ -121,18 +139,42 @@ std::vector<Installation> installationsOf(const Logbook::Contents& written)
     return installations;
 }
 
+namespace {
+
+/// Of the cycle with the file that a note is about: the very file, of which another cycle may have
+/// the same content under another name; or a longer version of one that was saved too early.
+Answer<std::vector<QString>> foldersOf(LibraryDatabase& database, const NotePlace& place)
+{
+    const auto find = [&](const QString& condition, const QVariantList& values) {
+        return rowsOf<QString>(
+            database,
+            QStringLiteral("SELECT DISTINCT c.folder FROM cycle c JOIN file f ON f.cycle = c.id "
+                           "WHERE %1")
+                .arg(condition),
+            values, [](const QSqlQuery& query) { return query.value(0).toString(); });
+    };
+    const auto same =
+        find(QStringLiteral("f.sha256 = ? AND f.name = ?"), {place.fileSha256, place.fileName});
+    if (!same || !same.value.empty())
+        return same;
+    const auto renamed = find(QStringLiteral("f.sha256 = ?"), {place.fileSha256});
+    if (!renamed || !renamed.value.empty() || !place.dateTime.isValid())
+        return renamed;
+    const QDate day = place.dateTime.date(); // the cycle may have begun before midnight
+    return find(QStringLiteral("c.unit = ? AND f.name = ? AND c.day >= ? AND c.day <= ?"),
+                {qint64{place.unit}, place.fileName, day.addDays(-1).toString(Qt::ISODate),
+                 day.toString(Qt::ISODate)});
+}
+
+} // namespace
+
 Answer<QStringList> notedFolders(LibraryDatabase& database, const std::vector<Note>& notes)
 {
     Answer<QStringList> folders;
     for (const Note& note : notes) {
         if (note.place.fileSha256.isEmpty())
             continue;
-        const auto found = rowsOf<QString>(
-            database,
-            QStringLiteral("SELECT c.folder FROM cycle c JOIN file f ON f.cycle = c.id "
-                           "WHERE f.sha256 = ?"),
-            {note.place.fileSha256},
-            [](const QSqlQuery& query) { return query.value(0).toString(); });
+        const auto found = foldersOf(database, note.place);
         if (!found)
             return {{}, found.error};
         folders.value << QStringList(found.value.begin(), found.value.end());

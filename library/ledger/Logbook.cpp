@@ -200,6 +200,13 @@ Logbook::Contents Logbook::read() const
     return contents;
 }
 
+std::vector<Note> Logbook::readNotes() const
+{
+    Contents contents;
+    readAll(m_root, contents.notes, contents.damaged);
+    return contents.notes;
+}
+
 Logbook::Saved Logbook::save(Note& note) const
 {
     return saveItem(m_root, note);

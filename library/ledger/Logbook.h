@@ -45,6 +45,8 @@ public:
     const QString& root() const { return m_root; }
 
     Contents read() const;
+    /// The notes alone.
+    std::vector<Note> readNotes() const;
 
     /// Writes the item, which gets author, time and, if it is new, its id. Of two who change the
     /// same item the later one wins, and is told whose text it replaced.
