@@ -24,7 +24,7 @@ using namespace Library;
 namespace {
 
 constexpr QSize firstSize(960, 700);
-constexpr int figureMargin = 6;
+constexpr int figureMargin = 4;
 
 QTreeWidget* createTable(const QStringList& columns, const char* name)
 {
@@ -84,7 +84,7 @@ EngineWindow::EngineWindow(QWidget* parent)
     top->addWidget(m_engines);
     top->addWidget(m_state, 1);
     auto* const middle = new QHBoxLayout;
-    m_figureRows->setContentsMargins(figureMargin, figureMargin, figureMargin, figureMargin);
+    m_figureRows->setContentsMargins(figureMargin, figureMargin, 0, figureMargin);
     m_figureRows->setRowWrapPolicy(QFormLayout::WrapLongRows);
     middle->addWidget(scrolled(m_figures), 2);
     middle->addWidget(scrolled(m_view), 3);

@@ -76,11 +76,12 @@ InstallationEditor::InstallationEditor(const WrittenInstallation& installation,
     m_mistake->setTextFormat(Qt::PlainText);
     m_mistake->setWordWrap(true);
     auto* const form = new QFormLayout;
-    form->setLabelAlignment(Qt::AlignLeft | Qt::AlignVCenter); // of the boxes, too
     form->addRow(tr("&Unit"), m_unit);
     form->addRow(tr("&Engine"), m_engine);
     form->addRow(m_hasFrom, m_from);
     form->addRow(m_hasTo, m_to);
+    for (QCheckBox* box : {m_hasFrom, m_hasTo}) // on one line with its field
+        box->setMinimumHeight(m_to->sizeHint().height());
     auto* const layout = new QVBoxLayout(this);
     layout->addLayout(form);
     layout->addWidget(m_mistake);

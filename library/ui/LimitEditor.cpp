@@ -56,12 +56,13 @@ LimitEditor::LimitEditor(const Library::MaintenanceLimit& limit, QWidget* parent
     m_lastDate->setDisplayFormat(QStringLiteral("dd.MM.yyyy"));
     m_lastDate->setDate(limit.lastDate.isValid() ? limit.lastDate : QDate::currentDate());
     auto* const form = new QFormLayout(this);
-    form->setLabelAlignment(Qt::AlignLeft | Qt::AlignVCenter); // of the boxes, too
     form->addRow(tr("What"), m_title);
     form->addRow(m_hasHours, m_hours);
     form->addRow(m_hasMonths, m_months);
     form->addRow(tr("Last done at"), m_lastHours);
     form->addRow(m_isDone, m_lastDate);
+    for (QCheckBox* box : {m_hasHours, m_hasMonths, m_isDone}) // on one line with its field
+        box->setMinimumHeight(m_hours->sizeHint().height());
     form->addRow(m_buttons);
     connect(m_buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
     connect(m_buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);

@@ -80,7 +80,7 @@ void DialogDataMap::createToolBar()
     m_coloring->setMinimumContentsLength(10);
     connect(m_coloring, &QComboBox::activated, this, &DialogDataMap::slotColoring);
     bar->addWidget(m_coloring);
-    createNotesCommand(*bar); // last: where there is no room, it is the first to go
+    createNotesCommand(*bar);
     for (auto* const part : bar->findChildren<QWidget*>())
         part->setPalette(lookPalette(Look::Light)); // the panel is white in both looks
 }

@@ -98,6 +98,7 @@ private:
     QAction* m_follow = nullptr;
     QAction* m_shading = nullptr;
     QAction* m_notesShown = nullptr;
+    int m_toolsWidth = 0; ///< of the commands with that for notes
     QButtonGroup* m_commands = nullptr;
     QComboBox* m_coloring = nullptr;
     QToolButton* m_fold = nullptr;

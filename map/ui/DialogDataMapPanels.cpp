@@ -1,6 +1,7 @@
 #include "map/ui/DialogDataMap.h"
 #include "map/ui/WidgetMap.h"
 
+#include <QAction>
 #include <QLabel>
 #include <QToolButton>
 
@@ -83,7 +84,12 @@ void DialogDataMap::placePanels()
 {
     // The attribution and the scale bar at the bottom must stay visible.
     m_covered = {QRectF(0, height() - attributionHeight, width(), attributionHeight)};
-    m_toolPanel->setMaximumWidth(std::max(1, width() - toolBarRoom));
+    const int room = std::max(1, width() - toolBarRoom);
+    m_toolPanel->setMaximumWidth(room);
+    // In a narrow map rather without this command than without the choice of colors.
+    if (m_notesShown->isVisible())
+        m_toolsWidth = m_toolPanel->sizeHint().width();
+    m_notesShown->setVisible(m_toolsWidth <= room);
     m_toolPanel->adjustSize();
     m_toolPanel->move(panelEdge, panelEdge);
     m_toolPanel->raise();
