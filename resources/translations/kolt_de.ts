@@ -576,6 +576,14 @@ Verwenden Sie einen Namen mit der Endung .bmp, .png oder .jpg.</translation>
         <source>The map is too small for the values</source>
         <translation>Die Karte ist zu klein für die Werte</translation>
     </message>
+    <message>
+        <source>Notes</source>
+        <translation>Notizen</translation>
+    </message>
+    <message>
+        <source>Show where notes were written</source>
+        <translation>Zeigen, wo Notizen geschrieben wurden</translation>
+    </message>
 </context>
 <context>
     <name>KOLT::DialogDataStatistic</name>
@@ -1295,6 +1303,14 @@ Bitte prüfen Sie, ob der Ordner beschreibbar und nicht voll ist, oder wählen S
         <source>Exceedances :</source>
         <translation>Überschreitungen :</translation>
     </message>
+    <message>
+        <source>Notes On</source>
+        <translation>Notizen ein</translation>
+    </message>
+    <message>
+        <source>Notes :</source>
+        <translation>Notizen:</translation>
+    </message>
 </context>
 <context>
     <name>KOLT::DialogHelp</name>
@@ -1439,6 +1455,10 @@ ist nicht mehr vorhanden und wurde aus der Liste entfernt. Liegt er auf einer SD
         <source>Library</source>
         <translation>Bibliothek</translation>
     </message>
+    <message>
+        <source>A card is being imported into the library. Move it when that is done.</source>
+        <translation>Es wird gerade eine Karte in die Bibliothek übernommen. Ziehen Sie um, wenn das fertig ist.</translation>
+    </message>
 </context>
 <context>
     <name>KOLT::DialogPreferences</name>
@@ -1577,6 +1597,14 @@ ist nicht mehr vorhanden und wurde aus der Liste entfernt. Liegt er auf einer SD
     <message>
         <source>L&amp;ibrary</source>
         <translation>B&amp;ibliothek</translation>
+    </message>
+    <message>
+        <source>Move...</source>
+        <translation>Umziehen...</translation>
+    </message>
+    <message>
+        <source>Copy the library to another folder, and use it there</source>
+        <translation>Die Bibliothek in einen anderen Ordner kopieren und dort benutzen</translation>
     </message>
 </context>
 <context>
@@ -2574,6 +2602,26 @@ In dieser Aufzeichnung wurde nichts Zweifelhaftes gefunden.</translation>
         <source>Hours of engine %1 at its first recorded run, %2:</source>
         <translation>Stunden von Motor %1 beim ersten aufgezeichneten Lauf, %2:</translation>
     </message>
+    <message>
+        <source>Installations...</source>
+        <translation>Einbauten...</translation>
+    </message>
+    <message>
+        <source>Say which engine was in which unit from when to when</source>
+        <translation>Sagen, welcher Motor von wann bis wann in welchem Gerät war</translation>
+    </message>
+    <message>
+        <source>No maintenance limits yet. Add what is to be done every 100 h or every year.</source>
+        <translation>Noch keine Wartungsgrenzen. Fügen Sie hinzu, was alle 100 h oder jedes Jahr zu tun ist.</translation>
+    </message>
+    <message>
+        <source>No quantity was beyond a limit.</source>
+        <translation>Keine Größe war jenseits eines Grenzwerts.</translation>
+    </message>
+    <message>
+        <source>No notes on this engine yet.</source>
+        <translation>Noch keine Notizen zu diesem Motor.</translation>
+    </message>
 </context>
 <context>
     <name>KOLT::Episode</name>
@@ -3210,6 +3258,159 @@ Bitte prüfen Sie, ob der Ordner beschreibbar und nicht voll ist. Das vorherige 
     </message>
 </context>
 <context>
+    <name>KOLT::InstallationEditor</name>
+    <message>
+        <source>&amp;From</source>
+        <translation>&amp;Von</translation>
+    </message>
+    <message>
+        <source>&amp;To</source>
+        <translation>&amp;Bis</translation>
+    </message>
+    <message>
+        <source>Installation</source>
+        <translation>Einbau</translation>
+    </message>
+    <message>
+        <source>Serial number of the unit that records</source>
+        <translation>Seriennummer des Geräts, das aufzeichnet</translation>
+    </message>
+    <message>
+        <source>Serial number of the engine</source>
+        <translation>Seriennummer des Motors</translation>
+    </message>
+    <message>
+        <source>The first day; without it, from the beginning</source>
+        <translation>Der erste Tag; ohne ihn von Anfang an</translation>
+    </message>
+    <message>
+        <source>The last day; without it, until now</source>
+        <translation>Der letzte Tag; ohne ihn bis jetzt</translation>
+    </message>
+    <message>
+        <source>&amp;Unit</source>
+        <translation>&amp;Gerät</translation>
+    </message>
+    <message>
+        <source>&amp;Engine</source>
+        <translation>&amp;Motor</translation>
+    </message>
+</context>
+<context>
+    <name>KOLT::Installations</name>
+    <message>
+        <source>It ends on %1, before it begins on %2.</source>
+        <translation>Er endet am %1, bevor er am %2 beginnt.</translation>
+    </message>
+    <message>
+        <source>Unit %1 has engine %2 then: %3. A day belongs to one engine.</source>
+        <translation>Im Gerät %1 ist dann der Motor %2: %3. Ein Tag gehört zu einem Motor.</translation>
+    </message>
+    <message>
+        <source>Engine %1 is in unit %2 then: %3.</source>
+        <translation>Der Motor %1 ist dann im Gerät %2: %3.</translation>
+    </message>
+    <message>
+        <source>always</source>
+        <translation>immer</translation>
+    </message>
+    <message>
+        <source>from %1 until now</source>
+        <translation>vom %1 bis jetzt</translation>
+    </message>
+    <message>
+        <source>until %1</source>
+        <translation>bis zum %1</translation>
+    </message>
+    <message>
+        <source>from %1 to %2</source>
+        <translation>vom %1 bis zum %2</translation>
+    </message>
+</context>
+<context>
+    <name>KOLT::InstallationsWindow</name>
+    <message>
+        <source>Installations</source>
+        <translation>Einbauten</translation>
+    </message>
+    <message>
+        <source>Which engine was in which unit. Where nothing is said here, the engine counts that the recordings name.</source>
+        <translation>Welcher Motor in welchem Gerät war. Wo hier nichts steht, zählt der Motor, den die Aufzeichnungen nennen.</translation>
+    </message>
+    <message>
+        <source>Unit</source>
+        <translation>Gerät</translation>
+    </message>
+    <message>
+        <source>Engine</source>
+        <translation>Motor</translation>
+    </message>
+    <message>
+        <source>From</source>
+        <translation>Von</translation>
+    </message>
+    <message>
+        <source>To</source>
+        <translation>Bis</translation>
+    </message>
+    <message>
+        <source>By</source>
+        <translation>Verfasser</translation>
+    </message>
+    <message>
+        <source>Add...</source>
+        <translation>Hinzufügen...</translation>
+    </message>
+    <message>
+        <source>Say which engine was in a unit</source>
+        <translation>Sagen, welcher Motor in einem Gerät war</translation>
+    </message>
+    <message>
+        <source>Change...</source>
+        <translation>Ändern...</translation>
+    </message>
+    <message>
+        <source>Change the chosen entry</source>
+        <translation>Den gewählten Eintrag ändern</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>Entfernen</translation>
+    </message>
+    <message>
+        <source>Remove the chosen entry</source>
+        <translation>Den gewählten Eintrag entfernen</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>the beginning</source>
+        <translation>Anfang an</translation>
+    </message>
+    <message>
+        <source>now</source>
+        <translation>jetzt</translation>
+    </message>
+    <message>
+        <source>Nothing is entered yet.</source>
+        <translation>Es ist noch nichts eingetragen.</translation>
+    </message>
+    <message>
+        <source>These entries contradict each other: %1 That which begins later counts.</source>
+        <translation>Diese Einträge widersprechen sich: %1 Es zählt der, der später beginnt.</translation>
+    </message>
+    <message>
+        <source>Remove engine %1 from unit %2, %3?</source>
+        <translation>Motor %1 im Gerät %2, %3, entfernen?</translation>
+    </message>
+    <message>
+        <source>KOLT</source>
+        <translation>KOLT</translation>
+    </message>
+</context>
+<context>
     <name>KOLT::LedgerChart</name>
     <message>
         <source>Hours of each month, and its flights</source>
@@ -3267,6 +3468,45 @@ Bitte prüfen Sie, ob der Ordner beschreibbar und nicht voll ist. Das vorherige 
     <message>
         <source>The library is in use by another program on the computer &quot;%1&quot;. Please try again later. If there is none, delete the file %2.</source>
         <translation>Die Bibliothek wird von einem anderen Programm auf dem Rechner „%1“ benutzt. Bitte versuchen Sie es später noch einmal. Wenn dort keines läuft, löschen Sie die Datei %2.</translation>
+    </message>
+</context>
+<context>
+    <name>KOLT::Library::ArchiveMove</name>
+    <message>
+        <source>The folder %1 of the library is not there. Is its disk connected?</source>
+        <translation>Der Ordner %1 der Bibliothek ist nicht da. Ist seine Platte angeschlossen?</translation>
+    </message>
+    <message>
+        <source>One of the two folders lies in the other. Choose a folder beside the library, or on another disk.</source>
+        <translation>Einer der beiden Ordner liegt im anderen. Wählen Sie einen Ordner neben der Bibliothek oder auf einer anderen Platte.</translation>
+    </message>
+    <message>
+        <source>There is no folder %1. Is its disk connected?</source>
+        <translation>Es gibt keinen Ordner %1. Ist seine Platte angeschlossen?</translation>
+    </message>
+    <message>
+        <source>The folder %1 is not empty. Choose an empty or a new folder.</source>
+        <translation>Der Ordner %1 ist nicht leer. Wählen Sie einen leeren oder neuen Ordner.</translation>
+    </message>
+    <message>
+        <source>A card is being imported into the library. Wait until it is done.</source>
+        <translation>Es wird gerade eine Karte in die Bibliothek übernommen. Warten Sie, bis das fertig ist.</translation>
+    </message>
+    <message>
+        <source>The disk has no room for the library: %1 are needed, %2 are free. Nothing was copied.</source>
+        <translation>Die Platte hat keinen Platz für die Bibliothek: %1 werden gebraucht, %2 sind frei. Es wurde nichts kopiert.</translation>
+    </message>
+    <message>
+        <source>The folder %1 cannot be created. Is its disk still connected?</source>
+        <translation>Der Ordner %1 lässt sich nicht anlegen. Ist seine Platte noch angeschlossen?</translation>
+    </message>
+    <message>
+        <source>%1 cannot be read: %2</source>
+        <translation>%1 lässt sich nicht lesen: %2</translation>
+    </message>
+    <message>
+        <source>%1 cannot be written: %2</source>
+        <translation>%1 lässt sich nicht schreiben: %2</translation>
     </message>
 </context>
 <context>
@@ -3439,6 +3679,78 @@ Bitte prüfen Sie, ob der Ordner beschreibbar und nicht voll ist. Das vorherige 
     <message>
         <source>%1 files are now in %2.</source>
         <translation>%1 Dateien liegen jetzt in %2.</translation>
+    </message>
+</context>
+<context>
+    <name>KOLT::Library::DialogMove</name>
+    <message>
+        <source>Move the Library</source>
+        <translation>Bibliothek umziehen</translation>
+    </message>
+    <message>
+        <source>Copies the library to another folder, which KOLT uses from then on. Each file is read back from the disk and compared. The old folder is kept as it is.</source>
+        <translation>Kopiert die Bibliothek in einen anderen Ordner, den KOLT fortan benutzt. Jede Datei wird von der Platte zurückgelesen und verglichen. Der alte Ordner bleibt, wie er ist.</translation>
+    </message>
+    <message>
+        <source>An empty or a new folder, also on another disk</source>
+        <translation>Ein leerer oder neuer Ordner, auch auf einer anderen Platte</translation>
+    </message>
+    <message>
+        <source>Choose...</source>
+        <translation>Auswählen...</translation>
+    </message>
+    <message>
+        <source>Now:</source>
+        <translation>Jetzt:</translation>
+    </message>
+    <message>
+        <source>&amp;New folder:</source>
+        <translation>&amp;Neuer Ordner:</translation>
+    </message>
+    <message>
+        <source>Move</source>
+        <translation>Umziehen</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>New Folder of the Library</source>
+        <translation>Neuer Ordner der Bibliothek</translation>
+    </message>
+    <message>
+        <source>Reading the library</source>
+        <translation>Bibliothek wird gelesen</translation>
+    </message>
+    <message>
+        <source>Copying %1: %2 of %3 files</source>
+        <translation>%1 wird kopiert: %2 von %3 Dateien</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n file(s) were copied and compared. The library is now in
+%1
+The old folder is kept as it was; delete it yourself when you no longer need it. Other computers use it until they are told the new one in their preferences.</source>
+        <translation>
+            <numerusform>%n Datei wurde kopiert und verglichen. Die Bibliothek liegt jetzt in
+%1
+Der alte Ordner bleibt, wie er war; löschen Sie ihn selbst, wenn Sie ihn nicht mehr brauchen. Andere Rechner benutzen ihn, bis ihnen in ihren Einstellungen der neue genannt wird.</numerusform>
+            <numerusform>%n Dateien wurden kopiert und verglichen. Die Bibliothek liegt jetzt in
+%1
+Der alte Ordner bleibt, wie er war; löschen Sie ihn selbst, wenn Sie ihn nicht mehr brauchen. Andere Rechner benutzen ihn, bis ihnen in ihren Einstellungen der neue genannt wird.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Cancelled.</source>
+        <translation>Abgebrochen.</translation>
+    </message>
+    <message>
+        <source>The library stays where it is.</source>
+        <translation>Die Bibliothek bleibt, wo sie ist.</translation>
     </message>
 </context>
 <context>
@@ -3826,6 +4138,10 @@ Motoren: %3
         <source>Name of the aircraft...</source>
         <translation>Name des Flugzeugs...</translation>
     </message>
+    <message>
+        <source>Installations...</source>
+        <translation>Einbauten...</translation>
+    </message>
 </context>
 <context>
     <name>KOLT::LibrarySession</name>
@@ -3894,6 +4210,10 @@ der Bibliothek lässt sich nicht öffnen. Ist seine Platte angeschlossen?</trans
         <source>This had been changed meanwhile by %1. Your text is kept, as it is the later one.</source>
         <translation>Das wurde inzwischen geändert von %1. Ihr Text bleibt, da er der spätere ist.</translation>
     </message>
+    <message>
+        <source>The library is being moved.</source>
+        <translation>Die Bibliothek zieht um.</translation>
+    </message>
 </context>
 <context>
     <name>KOLT::LibraryUpdate</name>
@@ -3912,6 +4232,10 @@ der Bibliothek lässt sich nicht öffnen. Ist seine Platte angeschlossen?</trans
     <message>
         <source>%1 could not be started: %2</source>
         <translation>%1 konnte nicht gestartet werden: %2</translation>
+    </message>
+    <message>
+        <source>the process answered for another recording, &quot;%1&quot;</source>
+        <translation>der Prozess antwortete für eine andere Aufzeichnung, „%1“</translation>
     </message>
 </context>
 <context>
@@ -4271,6 +4595,10 @@ Ist die Karte eingelegt?</translation>
         <source>This note had been changed meanwhile by %1. Your text is kept, as it is the later one.</source>
         <translation>Diese Notiz wurde inzwischen geändert von %1. Ihr Text bleibt, da er der spätere ist.</translation>
     </message>
+    <message>
+        <source>Nothing was saved.</source>
+        <translation>Es wurde nichts gesichert.</translation>
+    </message>
 </context>
 <context>
     <name>KOLT::NotesWindow</name>
@@ -4384,6 +4712,28 @@ Ist die Karte eingelegt?</translation>
     <message>
         <source>Close</source>
         <translation>Schließen</translation>
+    </message>
+</context>
+<context>
+    <name>KOLT::OpenCycleNotice</name>
+    <message numerus="yes">
+        <source>An import has added %n file(s) to the cycle that is open.</source>
+        <translation>
+            <numerusform>Eine Übernahme hat dem geöffneten Zyklus %n Datei hinzugefügt.</numerusform>
+            <numerusform>Eine Übernahme hat dem geöffneten Zyklus %n Dateien hinzugefügt.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>An import was taken back: the cycle that is open has fewer files now.</source>
+        <translation>Eine Übernahme wurde zurückgenommen: Der geöffnete Zyklus hat jetzt weniger Dateien.</translation>
+    </message>
+    <message>
+        <source>Show it as it is now</source>
+        <translation>Im neuen Stand zeigen</translation>
+    </message>
+    <message>
+        <source>The cycle that is open is no longer in the library. What was loaded of it stays until you open something else.</source>
+        <translation>Der geöffnete Zyklus ist nicht mehr in der Bibliothek. Was davon geladen wurde, bleibt, bis Sie etwas anderes öffnen.</translation>
     </message>
 </context>
 <context>

@@ -144,6 +144,22 @@
     </message>
 </context>
 <context>
+    <name>KOLT::Library::DialogMove</name>
+    <message numerus="yes">
+        <source>%n file(s) were copied and compared. The library is now in
+%1
+The old folder is kept as it was; delete it yourself when you no longer need it. Other computers use it until they are told the new one in their preferences.</source>
+        <translation>
+            <numerusform>%n file was copied and compared. The library is now in
+%1
+The old folder is kept as it was; delete it yourself when you no longer need it. Other computers use it until they are told the new one in their preferences.</numerusform>
+            <numerusform>%n files were copied and compared. The library is now in
+%1
+The old folder is kept as it was; delete it yourself when you no longer need it. Other computers use it until they are told the new one in their preferences.</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>KOLT::LibraryModel</name>
     <message numerus="yes">
         <source>%n flight(s)</source>
@@ -180,6 +196,16 @@
         <translation>
             <numerusform>%n recording evaluated</numerusform>
             <numerusform>%n recordings evaluated</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>KOLT::OpenCycleNotice</name>
+    <message numerus="yes">
+        <source>An import has added %n file(s) to the cycle that is open.</source>
+        <translation>
+            <numerusform>An import has added %n file to the cycle that is open.</numerusform>
+            <numerusform>An import has added %n files to the cycle that is open.</numerusform>
         </translation>
     </message>
 </context>
