@@ -128,17 +128,21 @@ struct Map
         source.setServer(QString::fromLatin1(server.address()));
     }
 
-    /// Asks for the tile and waits for what comes of it. False while a request is not over.
-    bool load(const Answer& answer)
+    bool ask(const Answer& answer)
     {
         server.answers["/5/3/4.png"] = answer;
-        if (answer.end == Answer::End::Hold)
-            source.setTransferTimeout(300);
+        // Longer than what is waited for here, unless it is what ends the request.
+        source.setTransferTimeout(answer.end == Answer::End::Hold ? 300 : 600'000);
         source.setWanted(std::vector{wanted});
         now += 120;
         source.setWanted(std::vector{wanted});
-        if (source.inFlightCount() != 1 ||
-            !QTest::qWaitFor([this] { return source.inFlightCount() == 0; }, 20000))
+        return source.inFlightCount() == 1;
+    }
+
+    /// Asks for the tile and waits for what comes of it. False while a request is not over.
+    bool load(const Answer& answer)
+    {
+        if (!ask(answer) || !QTest::qWaitFor([this] { return source.inFlightCount() == 0; }, 20000))
             return false;
         while (const auto tile = source.takeNext())
             pixels = std::max<qint64>(pixels, tile->image.width() * qint64(tile->image.height()));
@@ -212,6 +216,7 @@ private slots:
     void statuses();
     void answers_data();
     void answers();
+    void endlessRedirect();
     void retryAfter_data();
     void retryAfter();
     void lifetimes_data();
@@ -272,9 +277,6 @@ void TestHostileServer::answers_data()
                               "qrc:/t.png", "data:image/png;base64,iVBORw0KGgo=", "javascript:0",
                               "http://", "http://[::1", "//", "http:///x"})
         add(place, to(place));
-    add("redirected with an endless body",
-        {"HTTP/1.1 302 Found\r\nLocation: /0\r\n\r\n", End::Endless, QByteArray(65536, 'x')});
-
     // Bodies and their lengths.
     // Qt repeats a request up to three times when nothing that it understands was answered.
     add("closed at once", {""}, false, 4);
@@ -305,7 +307,8 @@ void TestHostileServer::answers_data()
     add("negative chunk", raw(chunked, "-1\r\n" + png));
     add("huge chunk", raw(chunked, "7fffffffffffffff\r\n", End::Endless, QByteArray(65536, 'x')));
     add("chunk that overflows", raw(chunked, "fffffffffffffffffff\r\n" + png));
-    add("endless chunks", raw(chunked, "", End::Endless, chunk("x").repeated(10000)));
+    add("endless chunks",
+        raw(chunked, "", End::Endless, chunk(QByteArray(1000, 'x')).repeated(50)));
 
     // Packed bodies, which are not unpacked.
     for (const char* coding : {"deflate", "gzip", "br", "zstd", "gzip, gzip, gzip"})
@@ -365,6 +368,19 @@ void TestHostileServer::answers()
         QVERIFY2(rest >= 1600 && rest <= 2400, qPrintable(QString::number(rest)));
         QVERIFY(!map.isAtRest());
     }
+}
+
+/// Qt reads the body of a redirect to its end before it follows.
+void TestHostileServer::endlessRedirect()
+{
+    Map map;
+    QVERIFY(map.ask({"HTTP/1.1 302 Found\r\nLocation: /0\r\n\r\n", Answer::End::Endless,
+                     QByteArray(65536, 'x')}));
+    QTRY_VERIFY(map.server.sent > 0);
+    map.now += 30 * second;
+    map.source.work();
+    QCOMPARE(map.source.inFlightCount(), 0);
+    QCOMPARE(map.server.requests, 1);
 }
 
 void TestHostileServer::retryAfter_data()
