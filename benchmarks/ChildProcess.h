@@ -9,7 +9,7 @@ namespace KOLT::Bench {
 struct ProgramRun
 {
     double milliseconds = 0.0; ///< from its start to its end
-    double peakBytes = 0.0;    ///< of its resident memory
+    double peakBytes = 0.0;    ///< of its resident memory, or of this program's if that is more
 };
 
 /// Runs a program without its output. If it fails, the benchmark ends with a message.

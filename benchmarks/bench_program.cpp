@@ -5,7 +5,6 @@
 //   bench_program --read-and-group FILE...   is the baseline, a program of its own
 
 #include "benchmarks/BarePasses.h"
-#include "benchmarks/BenchData.h"
 #include "benchmarks/ChildProcess.h"
 #include "benchmarks/Figures.h"
 #include "record/RecordFormat.h"
@@ -20,7 +19,6 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
-#include <memory>
 #include <unordered_map>
 
 using namespace KOLT;
@@ -146,18 +144,29 @@ const Growth& growth()
     return found;
 }
 
+/// A card with one long run. Its data stay on the disk: a program that this one starts would count
+/// the memory of this one as its own.
 struct LongCard
 {
-    Bench::Card card{longRun};
-    std::vector<std::string> report{cli, "report", card.container.folder().toStdString(),
-                                    "--profile", KOLT_PROFILE};
+    QTemporaryDir folder;
+    std::vector<std::string> report{cli, "report", folder.path().toStdString(), "--profile",
+                                    KOLT_PROFILE};
     std::vector<std::string> readAndGroup{QCoreApplication::applicationFilePath().toStdString(),
                                           "--read-and-group"};
+    qint64 samples = 0;
 
     LongCard()
     {
-        for (const auto& [name, file] : card.container.files())
-            readAndGroup.push_back(file.path().toStdString());
+        SampleCard::SampleCardOptions options;
+        options.folder = folder.path();
+        options.profilePath = QStringLiteral(KOLT_PROFILE);
+        options.hours = longRun;
+        if (!SampleCard::writeSampleCard(options, nullptr))
+            std::abort();
+        for (const QFileInfo& file : QDir(folder.path()).entryInfoList(QDir::Files)) {
+            readAndGroup.push_back(file.filePath().toStdString());
+            samples += (file.size() - RecordFormat::headerBytes) / RecordFormat::sampleBytes;
+        }
     }
 };
 
@@ -174,8 +183,7 @@ double reportTime()
 
 double reportMemory()
 {
-    const auto data = static_cast<double>(longCard().card.dataSet().messages.sampleCount() *
-                                          sizeof(StoredSample));
+    const double data = static_cast<double>(longCard().samples) * sizeof(StoredSample);
     return (Bench::runProgram(longCard().report).peakBytes - data) / 1e6;
 }
 
