@@ -79,6 +79,15 @@ std::optional<std::string> readPassword([[maybe_unused]] const std::string& prom
 #endif
 }
 
+const char* fontPlatform()
+{
+#ifdef _WIN32
+    return "windows"; // there "offscreen" has no fonts but its own
+#else
+    return "offscreen";
+#endif
+}
+
 void prepareDataOutput()
 {
 #ifdef _WIN32

@@ -1,4 +1,5 @@
 #include "base/Diagnostics.h"
+#include "base/System.h"
 #include "cli/Arguments.h"
 #include "cli/Library.h"
 #include "cli/Recording.h"
@@ -22,7 +23,7 @@ int fail(const QString& error, int status)
     return status;
 }
 
-/// Fonts need a platform of QtGui; the one named "offscreen" needs no display.
+/// Fonts need a platform of QtGui.
 std::unique_ptr<QCoreApplication> createApplication(int& argc, char** argv)
 {
     const bool isPdf = std::any_of(argv, argv + argc, [](const char* argument) {
@@ -30,7 +31,7 @@ std::unique_ptr<QCoreApplication> createApplication(int& argc, char** argv)
     });
     if (!isPdf)
         return std::make_unique<QCoreApplication>(argc, argv);
-    qputenv("QT_QPA_PLATFORM", "offscreen");
+    qputenv("QT_QPA_PLATFORM", System::fontPlatform());
     return std::make_unique<QGuiApplication>(argc, argv);
 }
 
