@@ -1,17 +1,12 @@
 #include "tests/monkey/Monkey.h"
 
 #include "app/DialogMain.h"
-#include "app/MainActions.h"
 
-#include <QAction>
 #include <QApplication>
 #include <QContextMenuEvent>
+#include <QDialog>
 #include <QDragEnterEvent>
-#include <QFileDialog>
 #include <QLineEdit>
-#include <QListView>
-#include <QMenu>
-#include <QMessageBox>
 #include <QMimeData>
 #include <QTabBar>
 #include <QTreeWidget>
@@ -25,8 +20,6 @@
 namespace KOLT::Test {
 
 namespace {
-
-constexpr int badInputLasts = 25; ///< steps: a message can wait behind others
 
 /// What a user would see of the widgets in a window.
 QList<QWidget*> visibleWidgets(QWidget& window)
@@ -59,8 +52,12 @@ Monkey::Monkey(unsigned seed, const QString& folder, Watchdog& watchdog)
               {"play", 3, &Monkey::playOrPause},
               {"drop", 3, &Monkey::dropFiles},
               {"command", 6, &Monkey::triggerCommand},
+              {"import", 2, &Monkey::importCard},
+              {"library", 5, &Monkey::useLibrary},
+              {"notes", 2, &Monkey::useNotes},
               {"close and open", 1, &Monkey::closeAndOpen},
-              {"close during load", 1, &Monkey::closeDuringLoad}}
+              {"close during load", 1, &Monkey::closeDuringLoad},
+              {"close during import", 1, &Monkey::closeDuringImport}}
 {
     // Queued: a timer is silent while its own slot runs, also in the dialogs that this opens.
     connect(&m_timer, &QTimer::timeout, this, [this] {
@@ -139,74 +136,6 @@ void Monkey::act(Kind& kind)
     ++kind.done;
     m_watchdog.setStep(QStringLiteral("step %1: %2").arg(m_number).arg(QLatin1String(kind.name)));
     (this->*kind.act)();
-}
-
-/// Message boxes and file dialogs are answered on purpose: in a file dialog, random events could
-/// rename and remove the files of the machine. Other dialogs are used like windows, and closed at
-/// times.
-bool Monkey::handleDialog()
-{
-    QWidget* const modal = QApplication::activeModalWidget();
-    if (QApplication::activePopupWidget() != nullptr || modal == nullptr)
-        return false;
-    m_watchdog.setStep(
-        QStringLiteral("step %1: dialog \"%2\"").arg(m_number).arg(modal->windowTitle()));
-    if (auto* const box = qobject_cast<QMessageBox*>(modal)) {
-        answer(*box);
-        return true;
-    }
-    if (auto* const dialog = qobject_cast<QFileDialog*>(modal)) {
-        chooseFile(*dialog);
-        return true;
-    }
-    const bool isToolkits = QByteArray(modal->metaObject()->className()).startsWith('Q');
-    if (isToolkits || chance(15)) { // print and colour dialogs are not ours to try
-        modal->close();
-        return true;
-    }
-    return false;
-}
-
-void Monkey::answer(QMessageBox& box)
-{
-    // Questions have a cause in what was clicked, more than one button, and the title of warnings.
-    const bool isWarning =
-        box.windowTitle().endsWith(QLatin1String("Warning")) && box.buttons().size() == 1;
-    if (box.text().isEmpty())
-        m_complaints << QStringLiteral("%1: an empty message").arg(m_number);
-    if (isWarning && m_number - m_lastBadInput > badInputLasts)
-        m_complaints
-            << QStringLiteral("%1: a message without a cause: %2").arg(m_number).arg(box.text());
-    const QList<QAbstractButton*> buttons = box.buttons();
-    if (buttons.isEmpty() || chance(20))
-        box.reject();
-    else
-        buttons[below(static_cast<int>(buttons.size()))]->click();
-}
-
-void Monkey::chooseFile(QDialog& dialog)
-{
-    auto& files = static_cast<QFileDialog&>(dialog);
-    if (chance(30)) {
-        files.reject();
-        return;
-    }
-    const bool isSaving = files.acceptMode() == QFileDialog::AcceptSave;
-    QString path = m_folder.filePath(isSaving     ? QStringLiteral("out/file%1").arg(below(3))
-                                     : chance(80) ? QStringLiteral("card")
-                                                  : QStringLiteral("broken"));
-    if (!isSaving && files.fileMode() != QFileDialog::Directory) {
-        const QStringList names = QDir(path).entryList(QDir::Files);
-        path += QLatin1Char('/') + names.value(below(static_cast<int>(names.size())));
-        m_lastBadInput = m_number; // a recording where a profile is asked for
-    }
-    if (files.fileMode() == QFileDialog::Directory)
-        files.setDirectory(path);
-    if (auto* const list = files.findChild<QListView*>(QStringLiteral("listView")))
-        list->clearSelection();
-    if (auto* const edit = files.findChild<QLineEdit*>(QStringLiteral("fileNameEdit")))
-        edit->setText(path);
-    QMetaObject::invokeMethod(&files, "accept", Qt::QueuedConnection);
 }
 
 int Monkey::below(int end)
@@ -385,38 +314,6 @@ void Monkey::dropFiles()
         return;
     QDropEvent event(QPointF(10, 10), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
     QApplication::sendEvent(m_window.get(), &event);
-}
-
-/// Any command but the one that ends the program.
-void Monkey::triggerCommand()
-{
-    if (QApplication::activeModalWidget() != nullptr ||
-        QApplication::activePopupWidget() != nullptr)
-        return;
-    QList<QAction*> actions = m_window->actions();
-    actions.removeIf([](const QAction* action) {
-        return !action->isEnabled() || action->data().toInt() == static_cast<int>(Command::Quit);
-    });
-    if (actions.isEmpty())
-        return;
-    QAction* const action = actions[below(static_cast<int>(actions.size()))];
-    m_watchdog.setStep(QStringLiteral("step %1: command \"%2\"").arg(m_number).arg(action->text()));
-    action->trigger();
-}
-
-void Monkey::closeAndOpen()
-{
-    if (QApplication::activeModalWidget() != nullptr ||
-        QApplication::activePopupWidget() != nullptr)
-        return;
-    m_window->close();
-    m_mustReopen = true;
-}
-
-void Monkey::closeDuringLoad()
-{
-    chooseCycle();
-    closeAndOpen();
 }
 
 } // namespace KOLT::Test

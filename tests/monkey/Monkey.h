@@ -24,14 +24,16 @@ class DialogMain;
 namespace KOLT::Test {
 
 /// Uses the main window with random events that a seed decides: clicks, keys, text, wheel, drags,
-/// sizes, pages, cycles, dropped files, and closing and opening it in the middle of work. Messages
-/// are read: one that no step can have caused is a complaint.
+/// sizes, pages, cycles, dropped files, imports into a library, its tab, engine and notes, and
+/// closing and opening it in the middle of work. Messages are read: one that no step can have
+/// caused is a complaint.
 ///
 /// Steps come from a timer, so that they go on in menus and modal dialogs, as a user does.
 class Monkey : public QObject
 {
 public:
     /// `folder` has "card" (a sound card), "broken" (files that are none) and "out" (to write to).
+    /// A library comes into being in "library".
     Monkey(unsigned seed, const QString& folder, Watchdog& watchdog);
     ~Monkey() override;
 
@@ -58,6 +60,7 @@ private:
     void leaveDialogs();
     void act(Kind& kind);
     bool handleDialog();
+    bool handleInput(QDialog& dialog);
     void answer(QMessageBox& box);
     void chooseFile(QDialog& dialog);
 
@@ -74,8 +77,14 @@ private:
     void playOrPause();
     void dropFiles();
     void triggerCommand();
+    void importCard();
+    void useLibrary();
+    void useNotes();
     void closeAndOpen();
     void closeDuringLoad();
+    void closeDuringImport();
+    bool isAtMainWindow() const;
+    bool trigger(int command);
 
     int below(int end);
 

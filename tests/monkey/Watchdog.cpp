@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
+#include <utility>
 
 namespace KOLT::Test {
 
@@ -48,11 +49,17 @@ void Watchdog::beat()
         m_pauses.push_back({m_step, pause.count()});
 }
 
+/// Counts its own steps, not the clock, which goes on while the process is stopped.
 void Watchdog::watch()
 {
-    while (!m_isDone) {
-        std::this_thread::sleep_for(milliseconds(50));
-        if (Clock::now().time_since_epoch() - Clock::duration(m_lastBeat.load()) < m_hang)
+    constexpr milliseconds step(50);
+    Clock::rep seen = 0;
+    for (milliseconds waited{}; !m_isDone; waited += step) {
+        std::this_thread::sleep_for(step);
+        const Clock::rep beat = m_lastBeat;
+        if (std::exchange(seen, beat) != beat)
+            waited = {};
+        if (waited < m_hang)
             continue;
         const std::scoped_lock lock(m_mutex);
         std::fprintf(stderr, "The event loop hangs since: %s\n", qPrintable(m_step));

@@ -6,6 +6,7 @@
 #include "app/settings/InstalledProfile.h"
 #include "app/settings/SettingsStore.h"
 #include "app/startup/Startup.h"
+#include "library/archive/ArchiveCheck.h"
 #include "resources/Resources.h"
 #include "tests/monkey/Monkey.h"
 #include "tests/support/TestFiles.h"
@@ -61,6 +62,7 @@ void TestMonkey::randomUse()
     QTemporaryDir home;
     QVERIFY(home.isValid());
     qputenv("XDG_DATA_HOME", QFile::encodeName(home.filePath("data")));
+    qputenv("HOME", QFile::encodeName(home.path())); // where a library is proposed
     const LinkTaker links;
     QTemporaryDir folder;
     const QDir work(folder.path());
@@ -94,6 +96,13 @@ void TestMonkey::randomUse()
     for (const QString& name : sample.entryList(QDir::Files)) {
         if (readFile(sample.filePath(name)) != readFile(work.filePath("card/" + name)))
             complaints << "changed: " + name;
+    }
+    Library::Archive library;
+    if (library.open(work.filePath("library"))) {
+        const Library::CheckResult check = Library::checkArchive(library);
+        qInfo("%d cycles in the library", check.cycles);
+        for (const QString& name : check.damaged + check.missing + check.manifests)
+            complaints << "damaged in the library: " + name;
     }
     QVERIFY2(complaints.isEmpty(), qPrintable(complaints.join('\n')));
 }
