@@ -34,7 +34,6 @@ private slots:
     }
 
     void notesLieInTheDataPath();
-    void notesFollowTheRecordingIntoTheLibrary_data();
     void notesFollowTheRecordingIntoTheLibrary();
     void absentLibraryTakesNoNotes();
 
@@ -126,16 +125,11 @@ void TestNotesWindow::notesLieInTheDataPath()
     QCOMPARE(filesIn(dataPath()).size(), 2);
 }
 
-void TestNotesWindow::notesFollowTheRecordingIntoTheLibrary_data()
-{
-    QTest::addColumn<QList<int>>("parts"); // each begins with this file, and ends before the next
-    QTest::newRow("in order") << QList<int>{7, 9};
-    QTest::newRow("the end first, and the folder is named anew twice") << QList<int>{11, 9, 7};
-}
-
 void TestNotesWindow::notesFollowTheRecordingIntoTheLibrary()
 {
-    QFETCH(QList<int>, parts);
+    // Each begins with this file, and ends before the next. The second continues the first; the
+    // last one is the beginning, after which the folder is named anew.
+    const QList<int> parts{9, 11, 7};
     const CardContent run = engineRun(7, 6, clockOf(7, 3), 4711, 1);
     // Another run of the unit begins with the very same file, under another name.
     const CardContent twin = engineRun(21, 6, clockOf(8, 3), 4711, 1);
