@@ -28,6 +28,7 @@ LibrarySession::LibrarySession(const Profile& profile, SettingsStore& settings, 
     , m_jobs(jobs)
     , m_window(window)
     , m_page(new LibraryPage)
+    , m_opener(window)
 {
     connectPage();
     constexpr int settlingMilliseconds = 500;
@@ -55,7 +56,12 @@ LibraryPage* LibrarySession::page() const
 
 void LibrarySession::connectPage()
 {
-    connect(m_page, &LibraryPage::signalShown, this, [this] { open(); });
+    connect(m_page, &LibraryPage::signalShown, this, [this] {
+        if (loadLibraryAddress(m_settings).isServer())
+            QTimer::singleShot(0, this, [this] { open(); }); // not while the page is being shown
+        else
+            open();
+    });
     connect(m_page, &LibraryPage::signalOpen, this, &LibrarySession::openCycle);
     connect(m_page, &LibraryPage::signalChooseLibrary, this, &LibrarySession::choose);
     connect(m_page, &LibraryPage::signalEngine, this, &LibrarySession::showEngine);
@@ -67,7 +73,9 @@ void LibrarySession::connectPage()
 bool LibrarySession::open()
 {
     const LibraryAddress address = loadLibraryAddress(m_settings);
-    if (m_database != nullptr && m_database->address() == address &&
+    if (m_opener.isOpening())
+        return false;
+    if (m_database != nullptr && m_database->isOpen() && m_database->address() == address &&
         QFileInfo(m_archive.root()).isDir())
         return true;
     if (m_isMoving)
@@ -76,11 +84,17 @@ bool LibrarySession::open()
     m_database.reset();
     if (address.archive.isEmpty())
         return showAbsence(tr("No library yet. It keeps the recordings of all cards in one place, "
-                              "and knows what each engine has lived through."));
+                              "and knows what each engine has lived through."),
+                           false);
     if (!m_archive.open(address.archive))
         return showAbsence(m_archive.error());
-    if (!openDatabase())
-        return showAbsence(m_database->error());
+    showAbsence(tr("Opening the library %1").arg(address.shown()), false);
+    auto database = std::make_shared<LibraryDatabase>();
+    const bool isOpen = m_opener.open(*database, address);
+    if (!isOpen || !database->claim(m_archive.id()))
+        return showAbsence(isOpen ? database->error() : m_opener.error());
+    m_absence.clear();
+    m_database = std::move(database);
     rememberLibrary(address.archive);
     takeInstallations();
     showPage();
@@ -89,31 +103,19 @@ bool LibrarySession::open()
     return true;
 }
 
-bool LibrarySession::showAbsence(const QString& why)
+bool LibrarySession::showAbsence(const QString& why, bool canRetry)
 {
     m_absence = why;
-    m_page->showNote(why);
+    m_page->showNote(why, canRetry);
     m_database.reset();
     showNoEngine();
     return false;
 }
 
-bool LibrarySession::openDatabase()
+bool LibrarySession::openQuietly()
 {
-    const LibraryAddress address = loadLibraryAddress(m_settings);
-    const auto prompt = [this](const QString& server) -> std::optional<QString> {
-        bool isGiven = false;
-        const QString password =
-            QInputDialog::getText(&m_window, tr("Library"), tr("Password of %1:").arg(server),
-                                  QLineEdit::Password, {}, &isGiven);
-        return isGiven ? std::optional(password) : std::nullopt;
-    };
-    m_database = std::make_shared<LibraryDatabase>();
-    if (m_database->open(address, LibraryDatabase::Access::Create, prompt))
-        return true;
-    // All of it can be made again from the archive.
-    return m_database->status() == LibraryDatabase::Status::Damaged &&
-           m_database->recreate(address, prompt);
+    return (m_database == nullptr || !m_database->isOpen()) && m_opener.isResting() ? false
+                                                                                    : open();
 }
 
 /// The files in the archive count: the database may be new, or another computer has changed them.
@@ -167,6 +169,8 @@ void LibrarySession::choose()
     storeLibraryAddress(dialog.accepted(), m_settings);
     saveSettings(&m_window);
     reopen();
+    if (m_database == nullptr)
+        Messages::warn(&m_window, m_page->note());
 }
 
 void LibrarySession::move()
@@ -268,7 +272,7 @@ QString LibrarySession::notesFolder() const
 
 void LibrarySession::noteCycle(const ArchivedCycle& cycle)
 {
-    if (!open())
+    if (!openQuietly())
         return;
     if (!m_database->storeCycle(cycle))
         emit signalMessage(m_database->error());
@@ -277,7 +281,7 @@ void LibrarySession::noteCycle(const ArchivedCycle& cycle)
 
 void LibrarySession::noteRemoved(const QString& folder)
 {
-    if (!open())
+    if (!openQuietly())
         return;
     if (!m_database->removeCycle(folder))
         emit signalMessage(m_database->error());

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/LibraryOpener.h"
 #include "library/archive/Archive.h"
 #include "library/ledger/EngineLedger.h"
 
@@ -41,7 +42,7 @@ public:
     LibraryPage* page() const;
 
     /// Opens the library of the settings, unless it is open. False, and the page says why, if there
-    /// is none.
+    /// is none. With a server it processes events; false during that.
     bool open();
 
     /// The library of the settings is another one, or something was added to it.
@@ -90,8 +91,9 @@ signals:
 private:
     void connectPage();
     EngineWindow& engineWindow();
-    bool openDatabase();
-    bool showAbsence(const QString& why);
+    bool showAbsence(const QString& why, bool canRetry = true);
+    /// As open(), but does not wait for a server that did not answer a short time ago.
+    bool openQuietly();
     void takeInstallations();
     void read();
     void showPage();
@@ -117,6 +119,7 @@ private:
     QPointer<EngineWindow> m_engine;
     QPointer<InstallationsWindow> m_installations;
     Library::Archive m_archive;
+    LibraryOpener m_opener;
     QString m_absence;                                    ///< why no library is open
     std::shared_ptr<Library::LibraryDatabase> m_database; ///< an update keeps its own
     Library::Logbook::Contents m_written;

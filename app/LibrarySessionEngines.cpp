@@ -114,7 +114,7 @@ void LibrarySession::showLedger(const QString& engine)
 QString LibrarySession::reportSection(const QStringList& engines)
 {
     const bool isChosen = !loadLibraryAddress(m_settings).archive.isEmpty();
-    if (!isChosen || !open())
+    if (!isChosen || !openQuietly())
         return {};
     read();
     QString html;

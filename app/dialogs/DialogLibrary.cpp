@@ -89,6 +89,9 @@ QGroupBox* DialogLibrary::createServer()
     m_port->setValue(url.port(serverPort));
     m_database->setText(url.path().mid(1));
     m_user->setText(url.userName());
+    m_host->setObjectName(QStringLiteral("libraryHost"));
+    m_database->setObjectName(QStringLiteral("libraryDatabase"));
+    m_user->setObjectName(QStringLiteral("libraryUser"));
     form->addRow(tr("&Host"), m_host);
     form->addRow(tr("&Port"), m_port);
     form->addRow(tr("&Database"), m_database);

@@ -43,9 +43,13 @@ LibraryPage::LibraryPage(QWidget* parent)
     choose->setToolTip(tr("A folder that keeps the recordings of all cards; an empty one becomes a "
                           "new library"));
     connect(choose, &QPushButton::clicked, this, &LibraryPage::signalChooseLibrary);
+    m_retry = new QPushButton(tr("Try again"));
+    m_retry->setObjectName(QStringLiteral("retryLibrary"));
+    connect(m_retry, &QPushButton::clicked, this, &LibraryPage::signalShown);
     auto* const noneLayout = new QVBoxLayout(none);
     noneLayout->addStretch();
     noneLayout->addWidget(m_note);
+    noneLayout->addWidget(m_retry, 0, Qt::AlignHCenter);
     noneLayout->addWidget(choose, 0, Qt::AlignHCenter);
     noneLayout->addStretch();
 
@@ -113,13 +117,19 @@ void LibraryPage::setLibrary(LibraryDatabase& database, const Logbook::Contents&
     fill();
 }
 
-void LibraryPage::showNote(const QString& text)
+void LibraryPage::showNote(const QString& text, bool canRetry)
 {
     m_database = nullptr;
     m_timer.stop();
     m_model->show(nullptr, {}, {});
     m_note->setText(text);
+    m_retry->setVisible(canRetry);
     m_stack->setCurrentIndex(0);
+}
+
+QString LibraryPage::note() const
+{
+    return m_database == nullptr ? m_note->text() : QString();
 }
 
 void LibraryPage::setStale(int cycles)
@@ -156,15 +166,17 @@ void LibraryPage::fill()
     if (m_filter->withNote())
         filter.folders = m_noted;
     m_model->show(m_database, filter, m_written);
+    if (const QString error = m_model->error(); !error.isEmpty()) {
+        showNote(error, true);
+        return;
+    }
     const auto sums = LibraryQueries(*m_database).sums(filter);
     m_sum->setText(sums ? librarySumText(sums.value) : QString());
     m_sum->setToolTip(m_sum->text());
     const bool isEmpty = m_model->rowCount() == 0;
     if (isEmpty) {
-        m_empty->setText(!m_model->error().isEmpty() ? m_model->error()
-                         : filter.isEmpty()
-                             ? tr("The library has no recordings yet. Import a card.")
-                             : tr("Nothing in the library is like this."));
+        m_empty->setText(filter.isEmpty() ? tr("The library has no recordings yet. Import a card.")
+                                          : tr("Nothing in the library is like this."));
     }
     m_contents->setCurrentIndex(isEmpty ? 1 : 0);
     // One aircraft needs no click, and what is searched is shown as far as a screen holds it.

@@ -28,8 +28,11 @@ public:
     /// Shows a library. The database must stay open until the next call.
     void setLibrary(Library::LibraryDatabase& database, const Library::Logbook::Contents& written);
 
-    /// Shows why there is none; with a button to choose or create one.
-    void showNote(const QString& text);
+    /// Shows why there is none; with a button to choose or create one, and one to try again.
+    void showNote(const QString& text, bool canRetry = false);
+
+    /// As shown; empty with a library.
+    QString note() const;
 
     /// So many cycles have no figures, or those of another profile or program.
     void setStale(int cycles);
@@ -48,7 +51,7 @@ signals:
     void signalChooseLibrary();
     /// Show which engine was in which unit.
     void signalInstallations();
-    /// The page is visible; it may be without its library yet.
+    /// The page is visible, or the user wants to try again; it may be without its library yet.
     void signalShown();
     /// Show the ledger of this engine; empty: of any.
     void signalEngine(const QString& engine);
@@ -74,6 +77,7 @@ private:
     LibraryFilterBar* m_filter;
     QTreeView* m_tree = nullptr;
     QLabel* m_note = nullptr;
+    QPushButton* m_retry = nullptr;
     QLabel* m_empty = nullptr; ///< in place of the tree
     QLabel* m_sum = nullptr;
     QPushButton* m_engine = nullptr;

@@ -58,7 +58,9 @@ public:
         return {};
     }
 
-    ~PostgresServer()
+    ~PostgresServer() { stop(); }
+
+    void stop()
     {
         if (m_server.state() == QProcess::NotRunning)
             return;
