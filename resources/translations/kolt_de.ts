@@ -3934,6 +3934,18 @@ Der alte Ordner bleibt, wie er war; löschen Sie ihn selbst, wenn Sie ihn nicht 
         <source>Only statements that read are possible: SELECT, WITH, VALUES, EXPLAIN</source>
         <translation>Nur Anweisungen, die lesen, sind möglich: SELECT, WITH, VALUES, EXPLAIN</translation>
     </message>
+    <message>
+        <source>its user lacks the right to do this (%1). Ask whoever looks after the server</source>
+        <translation>ihrem Benutzer fehlt das Recht dazu (%1). Fragen Sie, wer den Server betreut</translation>
+    </message>
+    <message>
+        <source>the server refuses the connection: %1</source>
+        <translation>der Server lehnt die Verbindung ab: %1</translation>
+    </message>
+    <message>
+        <source>The library %1 is that of another folder than %2. Is the shared folder connected there? If this folder is to take its place, make the database anew with kolt-cli library rebuild</source>
+        <translation>Die Bibliothek %1 gehört zu einem anderen Ordner als %2. Ist der gemeinsame Ordner dort verbunden? Soll dieser Ordner an seine Stelle treten, legen Sie die Datenbank mit kolt-cli library rebuild neu an</translation>
+    </message>
 </context>
 <context>
     <name>KOLT::LibraryFigures</name>
@@ -4090,6 +4102,33 @@ Motoren: %3
     </message>
 </context>
 <context>
+    <name>KOLT::LibraryOpener</name>
+    <message>
+        <source>Waiting for the server of the library, %1</source>
+        <translation>Warten auf den Server der Bibliothek, %1</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Library</source>
+        <translation>Bibliothek</translation>
+    </message>
+    <message>
+        <source>The server of the library %1 has not answered yet</source>
+        <translation>Der Server der Bibliothek %1 hat noch nicht geantwortet</translation>
+    </message>
+    <message>
+        <source>This password was not accepted. Password of %1:</source>
+        <translation>Dieses Kennwort wurde nicht angenommen. Kennwort von %1:</translation>
+    </message>
+    <message>
+        <source>Password of %1:</source>
+        <translation>Kennwort von %1:</translation>
+    </message>
+</context>
+<context>
     <name>KOLT::LibraryPage</name>
     <message>
         <source>Choose or create a library...</source>
@@ -4142,6 +4181,10 @@ Motoren: %3
         <source>Installations...</source>
         <translation>Einbauten...</translation>
     </message>
+    <message>
+        <source>Try again</source>
+        <translation>Erneut versuchen</translation>
+    </message>
 </context>
 <context>
     <name>KOLT::LibrarySession</name>
@@ -4152,10 +4195,6 @@ Motoren: %3
     <message>
         <source>Library</source>
         <translation>Bibliothek</translation>
-    </message>
-    <message>
-        <source>Password of %1:</source>
-        <translation>Kennwort von %1:</translation>
     </message>
     <message>
         <source>Cannot be read, and is left out: %1</source>
@@ -4213,6 +4252,10 @@ der Bibliothek lässt sich nicht öffnen. Ist seine Platte angeschlossen?</trans
     <message>
         <source>The library is being moved.</source>
         <translation>Die Bibliothek zieht um.</translation>
+    </message>
+    <message>
+        <source>Opening the library %1</source>
+        <translation>Die Bibliothek %1 wird geöffnet</translation>
     </message>
 </context>
 <context>
