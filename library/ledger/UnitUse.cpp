@@ -3,6 +3,8 @@
 #include "library/database/QueryRows.h"
 
 #include <algorithm>
+#include <limits>
+#include <map>
 
 namespace KOLT::Library {
 
@@ -10,26 +12,42 @@ namespace {
 
 using SpanOf = std::optional<CounterSpan> CountedCycle::*;
 
+/// The lowest last and the highest first reading of a unit.
+struct DatedReadings
+{
+    double lowestLast = std::numeric_limits<double>::infinity();
+    double highestFirst = -std::numeric_limits<double>::infinity();
+};
+
+std::map<quint32, DatedReadings> datedReadings(const std::vector<CountedCycle>& cycles,
+                                               SpanOf spanOf)
+{
+    std::map<quint32, DatedReadings> readings;
+    for (const CountedCycle& cycle : cycles) {
+        const std::optional<CounterSpan>& span = cycle.*spanOf;
+        if (!span || cycle.time.isEmpty())
+            continue;
+        DatedReadings& unit = readings[cycle.unit];
+        unit.lowestLast = std::min(unit.lowestLast, span->last);
+        unit.highestFirst = std::max(unit.highestFirst, span->first);
+    }
+    return readings;
+}
+
 /// Cycles without a date have no place among the others: what they counted is already in the step
 /// between two of these, unless it lies before or behind all of them.
 void addUndated(const std::vector<CountedCycle>& cycles, const QString& engine, SpanOf spanOf,
                 CountedUse& use)
 {
+    std::map<quint32, DatedReadings> dated = datedReadings(cycles, spanOf);
     for (const CountedCycle& cycle : cycles) {
         const std::optional<CounterSpan>& span = cycle.*spanOf;
         if (!span || !cycle.time.isEmpty() || cycle.engine != engine)
             continue;
         const double within = std::max(0.0, span->last - span->first);
-        const bool hasBefore = std::ranges::any_of(cycles, [&](const CountedCycle& other) {
-            return other.unit == cycle.unit && !other.time.isEmpty() && other.*spanOf &&
-                   (other.*spanOf)->last <= span->first;
-        });
-        const bool hasBehind = std::ranges::any_of(cycles, [&](const CountedCycle& other) {
-            return other.unit == cycle.unit && !other.time.isEmpty() && other.*spanOf &&
-                   (other.*spanOf)->first >= span->last;
-        });
+        const DatedReadings& others = dated[cycle.unit];
         use.recorded += within;
-        if (!hasBefore || !hasBehind)
+        if (others.lowestLast > span->first || others.highestFirst < span->last)
             use.used += within;
     }
 }
