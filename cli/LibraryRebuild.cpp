@@ -113,10 +113,14 @@ QString libraryRebuild(const LibraryArguments& arguments)
         return error;
     LibraryDatabase database;
     QString error = openDatabase(arguments, LibraryDatabase::Access::Create, database);
+    const auto claim = [&] {
+        return database.claim(archive.id(), LibraryDatabase::Claim::Take) ? QString()
+                                                                          : line(database.error());
+    };
+    if (error.isEmpty())
+        error = claim();
     if (database.status() == LibraryDatabase::Status::Damaged)
-        error = database.recreate(database.address()) ? QString() : line(database.error());
-    if (error.isEmpty() && !database.claim(archive.id(), LibraryDatabase::Claim::Take))
-        error = line(database.error());
+        error = database.recreate(database.address()) ? claim() : line(database.error());
     if (!error.isEmpty())
         return error;
     QStringList damaged;

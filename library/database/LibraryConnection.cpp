@@ -220,7 +220,7 @@ LibraryConnection::Failure LibraryConnection::failure() const
                        ? Failure::Refused
                        : Failure::Lost;
         }
-        if (code == QLatin1String("42P01"))
+        if (code == QLatin1String("42P01") || code == QLatin1String("42703"))
             return Failure::NoTable;
         if (code == QLatin1String("42501") || code == QLatin1String("25006"))
             return Failure::ReadOnly;
@@ -244,8 +244,8 @@ LibraryConnection::Failure LibraryConnection::failure() const
     case 13:
         return Failure::Full;
     default:
-        return m_error.databaseText().contains(QLatin1String("no such table")) ? Failure::NoTable
-                                                                               : Failure::Other;
+        return m_error.databaseText().contains(QLatin1String("no such ")) ? Failure::NoTable
+                                                                          : Failure::Other;
     }
 }
 

@@ -184,9 +184,8 @@ CREATE VIEW engine AS SELECT engine, MAX(engine_type) AS engine_type, COUNT(*) A
     SUM(episodes) AS episodes, MIN(date_time) AS first, MAX(date_time) AS last
     FROM cycle GROUP BY engine;
 )",
-    // Sums of the cycles of an engine in a unit, and of which archive all of it is.
-    R"(ALTER TABLE library_schema ADD COLUMN archive TEXT;
-CREATE TABLE engine_unit (
+    // Sums of the cycles of an engine in a unit.
+    R"(CREATE TABLE engine_unit (
     engine TEXT NOT NULL,
     unit BIGINT NOT NULL,
     cycles BIGINT NOT NULL,
@@ -204,6 +203,9 @@ CREATE TABLE engine_unit (
 INSERT INTO engine_unit SELECT engine, unit, COUNT(*), SUM(flights), SUM(starts), SUM(episodes),
     SUM(limits), SUM(run_micros), SUM(recorded_micros), SUM(air_seconds), SUM(fuel_micros),
     COUNT(unit_hours_last), COUNT(unit_starts_last) FROM cycle GROUP BY engine, unit;
+)",
+    // Of which archive all of it is.
+    R"(ALTER TABLE library_schema ADD COLUMN archive TEXT;
 )"};
 
 static_assert(steps.size() == schemaVersion);

@@ -7,7 +7,7 @@ namespace KOLT::Library {
 class LibraryConnection;
 
 /// The tables of the database (docs/formats/library.md) and how older ones become those of today.
-inline constexpr int schemaVersion = 3;
+inline constexpr int schemaVersion = 4;
 
 /// What the database says of its version: 0 if it has no tables of ours. None on failure, which
 /// the connection tells.
