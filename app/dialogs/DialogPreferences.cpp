@@ -178,6 +178,7 @@ void DialogPreferences::showLibrary()
                            ? QStringLiteral("%1, %2").arg(address.archive, address.shown())
                            : address.archive);
     m_move->setEnabled(!address.archive.isEmpty());
+    m_library->setCursorPosition(0); // the folder is what tells libraries apart
 }
 
 void DialogPreferences::focusTileServer()
