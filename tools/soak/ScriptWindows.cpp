@@ -160,8 +160,13 @@ std::vector<Step> stepsOfLibrary(const Places& places, int round)
                             tab(QStringLiteral("Library")),
                             pause(500),
                             untilIdle()};
-    if (round == 1) // works out figures, which then stay for the rounds to come
-        append(steps, {click("updateLibrary"), pause(500), untilIdle()});
+    append(steps, {{QStringLiteral("evaluate what was not yet"),
+                    [] {
+                        Hand::click(Hand::named("updateLibrary"));
+                        return true;
+                    }},
+                   pause(500),
+                   untilIdle()});
     append(steps, {click("engineButton"), pause(300), tab(QStringLiteral("Episodes")),
                    click("copyLedger"), tab(QStringLiteral("Maintenance")),
                    button(QStringLiteral("Close"), QStringLiteral("Engine")),
