@@ -18,8 +18,8 @@ std::string workingDirectory();
 /// ends the input.
 std::optional<std::string> readPassword(const std::string& prompt);
 
-/// The toolkit's platform (QT_QPA_PLATFORM) that has the system's fonts and shows nothing by itself.
-/// It needs no display where programs may be started without one.
+/// The toolkit's platform (QT_QPA_PLATFORM) that has the system's fonts and shows nothing by
+/// itself. It needs no display where programs may be started without one.
 const char* fontPlatform();
 
 /// For programs that write data to the standard output: the bytes go out as they are, and a reader
