@@ -196,12 +196,16 @@ void DialogMain::connectCard()
 
 void DialogMain::createNotices()
 {
-    auto* const offer = new NoticeBar(m_data);
-    auto* const added = new NoticeBar(m_data);
-    auto* const notice = new NoticeBar(m_data);
-    auto* const grown = new NoticeBar(m_data);
-    for (NoticeBar* bar : {offer, notice, grown, added})
+    const auto makeBar = [this](const char* name) {
+        auto* const bar = new NoticeBar(m_data);
+        bar->setObjectName(QLatin1String(name));
         m_data->addBar(bar);
+        return bar;
+    };
+    NoticeBar* const offer = makeBar("profileOffer");
+    NoticeBar* const notice = makeBar("recordingNotice");
+    NoticeBar* const grown = makeBar("cycleNotice");
+    NoticeBar* const added = makeBar("graphNotice");
     m_graphJump = std::make_unique<GraphJump>(m_profile.profile(), m_parts, *added);
     m_profileOffer = std::make_unique<ProfileOffer>(*offer, *this);
     connect(m_profileOffer.get(), &ProfileOffer::signalInstalled, this,

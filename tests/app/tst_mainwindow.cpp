@@ -394,7 +394,7 @@ void TestMainWindow::barOffersTheVariantThatFits()
             writeFile(QStringLiteral("%1/%2.CAN").arg(card).arg(i),
                       RecordBytes().text(3, "850 B").date(2026, 7, i).sample(1, i * 50).bytes()));
     QVERIFY(openCycle(card));
-    const NoticeBar* const bar = m_window->findChildren<NoticeBar*>().last();
+    const NoticeBar* const bar = m_window->findChild<NoticeBar*>("recordingNotice");
     const auto* const text = bar->findChild<QLabel*>();
     QVERIFY(bar->isVisible());
     QVERIFY2(text->text().contains("\"850 B\""), qPrintable(text->text()));
@@ -425,7 +425,7 @@ void TestMainWindow::barOffersTheVariantThatFits()
     m_window.reset();
     QVERIFY(openCycle(request.folder));
     QCOMPARE(dataSet()->startSeconds, 50.0);
-    QVERIFY(!m_window->findChildren<NoticeBar*>().last()->isVisible());
+    QVERIFY(!m_window->findChild<NoticeBar*>("recordingNotice")->isVisible());
 }
 
 void TestMainWindow::clockOffsetMovesListsAndPages()
@@ -460,7 +460,7 @@ void TestMainWindow::newerProfileIsOfferedOnce()
                       "<KorvanProfile version='1.9' profileId='KOLT-TUG'>" +
                           device({"name='Mine' id='1' dataType='FLOAT'"}) + "</KorvanProfile>"));
     QVERIFY(open());
-    const NoticeBar* bar = m_window->findChildren<NoticeBar*>().first();
+    const NoticeBar* bar = m_window->findChild<NoticeBar*>("profileOffer");
     QVERIFY(waitFor([&] { return bar->isVisible(); }));
     QString shown;
     QTimer::singleShot(0, m_window.get(), [&] {
@@ -475,7 +475,7 @@ void TestMainWindow::newerProfileIsOfferedOnce()
     m_window.reset();
     QVERIFY(open());
     QTest::qWait(100); // it is told 20 ms after the start
-    QVERIFY(!m_window->findChildren<NoticeBar*>().first()->isVisible());
+    QVERIFY(!m_window->findChild<NoticeBar*>("profileOffer")->isVisible());
     QCOMPARE(profile().parameters().front().name, "Mine");
 }
 
@@ -523,7 +523,7 @@ void TestMainWindow::findingIsShownInTheGraph()
     QCOMPARE(widget->graph().markers(), (TimeRange{5.0, 8.0}));
     QVERIFY(waitFor([&] { return widget->graph().window() == TimeRange{-25.0, 38.0}; }));
     QCOMPARE(selected(), "Fuel Speed");
-    const NoticeBar* const bar = m_window->findChildren<NoticeBar*>().at(1);
+    const NoticeBar* const bar = m_window->findChild<NoticeBar*>("graphNotice");
     click(*bar, "Undo");
     QCOMPARE(selected(), "Speed");
     QVERIFY(!bar->isVisible());
