@@ -4,6 +4,7 @@
 #include "ui/Messages.h"
 
 #include <QCoreApplication>
+#include <QDir>
 #include <QFile>
 #include <QWidget>
 
@@ -19,13 +20,14 @@ void saveSettings(QWidget* parent)
 {
     SettingsStore& settings = SettingsStore::instance();
     if (!settings.save())
-        Messages::warn(parent, QCoreApplication::translate(
-                                   "KOLT::Messages",
-                                   "The settings could not be saved to\n%1\nThey are kept until "
-                                   "the program ends. Please check that the folder can be "
-                                   "written and is not full, and that no other program has the "
-                                   "file open.")
-                                   .arg(QFile::decodeName(settings.fileName())));
+        Messages::warn(parent,
+                       QCoreApplication::translate(
+                           "KOLT::Messages",
+                           "The settings could not be saved to\n%1\nThey are kept until "
+                           "the program ends. Please check that the folder can be "
+                           "written and is not full, and that no other program has the "
+                           "file open.")
+                           .arg(QDir::toNativeSeparators(QFile::decodeName(settings.fileName()))));
     const QString keptCopy = settings.takeKeptCopy();
     if (!keptCopy.isEmpty())
         Messages::warn(parent,
