@@ -44,7 +44,9 @@ void GraphJump::show(const GraphTarget& target)
     m_parts.window->setTime(target.begin);
     m_parts.graph->showSpan({target.begin - secondsAround, target.end + secondsAround},
                             {target.begin, target.end}, target.parameter);
-    m_parts.graph->findChild<WidgetGraphBase*>()->setFocus(); // its keys go on from there
+    // Its keys go on from there; without OpenGL there is none.
+    if (auto* const graph = m_parts.graph->findChild<WidgetGraphBase*>())
+        graph->setFocus();
 }
 
 void GraphJump::select(const ProfileParameter& parameter)
