@@ -96,7 +96,9 @@ void TestRoomSettings::map()
     QCOMPARE(loaded.tileServer, "http://127.0.0.1/");
     QCOMPARE(loaded.shadingFactor, 5.0);
     QCOMPARE(loaded.shadingContrast, 1.0);
+#ifndef Q_OS_WIN // whose data folder is not in the environment
     QVERIFY(loaded.tileDirectory.startsWith(m_home.path()));
+#endif
     QVERIFY2(loaded.userAgent.startsWith("KOLT/2."), loaded.userAgent.constData());
     QVERIFY(loaded.isNetworkEnabled);
     qputenv("KOLT_OFFLINE", "1");
