@@ -2,11 +2,13 @@
 
 #include "analysis/MomentText.h"
 #include "ui/ColumnMemory.h"
+#include "ui/PaintedIcon.h"
 #include "ui/PlainToolTip.h"
 
 #include <QApplication>
 #include <QClipboard>
 #include <QHeaderView>
+#include <QPainter>
 #include <QSignalBlocker>
 
 #include <algorithm>
@@ -34,6 +36,15 @@ qint64 millisecondsOf(double seconds)
 {
     constexpr double noise = 1e-5; // rounding error allowed for; a tick is 3e-5 ms
     return static_cast<qint64>(std::ceil(seconds * 1000.0 - noise));
+}
+
+/// The view would make a picture of a mere colour each time that it draws the cell, and fill the
+/// toolkit's cache of pictures with them.
+QIcon swatch(const QColor& color)
+{
+    return paintedIcon([color](QPainter& painter, const QRect& place) {
+        painter.fillRect(place, color);
+    });
 }
 
 /// A cell that stores only its event, as up to a hundred thousand are created at once.
@@ -93,7 +104,7 @@ public:
         if (role == Qt::DisplayRole)
             return event().text;
         if (role == Qt::DecorationRole)
-            return QColor(event().grade.color); // drawn as a swatch of the icon size
+            return swatch(QColor(event().grade.color));
         return EventItem::data(role);
     }
 };

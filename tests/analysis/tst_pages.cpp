@@ -17,6 +17,7 @@
 #include <QHelpEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPixmapCache>
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QTableWidget>
@@ -37,6 +38,7 @@ private slots:
 
     void init();
     void listShowsEvents();
+    void swatchesLeaveNothingBehind();
     void listFollowsTheTime();
     void listReportsTheChoice();
     void longListIsCutAndFiltered();
@@ -125,6 +127,28 @@ void TestPages::listShowsEvents()
     QCOMPARE(m_table->item(0, 1)->toolTip(),
              "Peak value: 150.0 bar\nDuration until normal: 00:00:04\nEngine speed: -\n"
              "Belongs to: Oil 150.0 bar, for at least 4.9 s: 1 episode (1 crossing)");
+}
+
+void TestPages::swatchesLeaveNothingBehind()
+{
+    const auto page = open(new DialogDataLimit(m_profile));
+    const QRect cell = m_table->visualItemRect(m_table->item(0, 1));
+    const int limit = QPixmapCache::cacheLimit();
+    QPixmapCache::setCacheLimit(100); // room for as many small pictures
+    QPixmapCache::insert("witness", QPixmap(8, 8));
+    QImage picture;
+    for (int i = 0; i < 100; ++i)
+        picture = m_table->viewport()->grab(cell).toImage();
+    QPixmap witness;
+    const bool isKept = QPixmapCache::find("witness", &witness);
+    QPixmapCache::setCacheLimit(limit);
+    QVERIFY(isKept);
+    int swatch = 0;
+    for (int y = 0; y < picture.height(); ++y) {
+        for (int x = 0; x < picture.width(); ++x)
+            swatch += picture.pixelColor(x, y) == QColor("#ff0000");
+    }
+    QCOMPARE(swatch, 4 * 11);
 }
 
 void TestPages::listFollowsTheTime()
