@@ -9,6 +9,7 @@
 #include <array>
 #include <cmath>
 #include <span>
+#include <utility>
 #include <vector>
 
 namespace KOLT {
@@ -147,8 +148,13 @@ void WidgetGraph::drawTexts(QPainter& painter, const GraphScene& scene)
     painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);
     painter.setFont(font());
     const auto lineHeight = static_cast<int>(graph().metrics().lineHeight);
+    QHash<QString, QStaticText> before = std::exchange(m_texts, {});
+    if (m_textFont != font()) {
+        before.clear();
+        m_textFont = font();
+    }
     for (const GraphScene::Text& text : scene.texts) {
-        const QStaticText& laidOut = staticText(text.text);
+        const QStaticText& laidOut = staticText(text.text, before);
         const QSizeF size = laidOut.size();
         const int top = static_cast<int>(graph().height() - text.y) - lineHeight / 2;
         const int x = static_cast<int>(text.x);
@@ -158,20 +164,17 @@ void WidgetGraph::drawTexts(QPainter& painter, const GraphScene& scene)
     }
 }
 
-const QStaticText& WidgetGraph::staticText(const QString& text)
+const QStaticText& WidgetGraph::staticText(const QString& text,
+                                           QHash<QString, QStaticText>& before)
 {
-    constexpr qsizetype manyTexts = 1000;
-    if (m_texts.size() >= manyTexts || m_textFont != font()) {
-        m_texts.clear();
-        m_textFont = font();
-    }
-    QStaticText& laidOut = m_texts[text];
-    if (laidOut.text().isEmpty() && !text.isEmpty()) {
-        laidOut.setTextFormat(Qt::PlainText);
-        laidOut.setText(text);
-        laidOut.prepare({}, font());
-    }
-    return laidOut;
+    if (const auto found = m_texts.constFind(text); found != m_texts.constEnd())
+        return *found;
+    if (before.contains(text))
+        return *m_texts.insert(text, before.take(text));
+    QStaticText laidOut(text);
+    laidOut.setTextFormat(Qt::PlainText);
+    laidOut.prepare({}, font());
+    return *m_texts.insert(text, laidOut);
 }
 
 } // namespace KOLT

@@ -28,9 +28,9 @@ protected:
 private:
     void drawFigures(const GraphScene& scene, double pixelRatio) const;
     void drawTexts(QPainter& painter, const GraphScene& scene);
-    const QStaticText& staticText(const QString& text);
+    const QStaticText& staticText(const QString& text, QHash<QString, QStaticText>& before);
 
-    // Most texts recur in the next frame, and laying them out takes longer than drawing.
+    // Those of the last frame: most recur in the next, and laying them out takes longer than drawing.
     QHash<QString, QStaticText> m_texts;
     QFont m_textFont; ///< font of m_texts
 };
