@@ -4,6 +4,7 @@
 
 #include <QApplication>
 #include <QMainWindow>
+#include <QPixmapCache>
 #include <QScreen>
 
 #include <algorithm>
@@ -129,6 +130,8 @@ void User::beginRound()
 
 void User::endRound()
 {
+    // Holds up to 10 MB of what was drawn, which takes hours to fill and would hide what grows.
+    QPixmapCache::clear();
     std::printf("soak: round %d seconds %.1f processor %.1f heap %zu objects %lld widgets %lld "
                 "windows %lld pid %lld display %s\n",
                 m_round, static_cast<double>(m_clock.elapsed()) / 1000.0, processorSeconds(),
