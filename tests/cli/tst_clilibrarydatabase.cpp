@@ -37,6 +37,17 @@ private slots:
         QTest::newRow("PostgreSQL") << "PostgreSQL";
     }
 
+    /// The four short cycles of the sample card, which say as much as all seven.
+    void initTestCase()
+    {
+        m_card = std::make_unique<QTemporaryDir>();
+        for (const QFileInfo& file : QDir(KOLT_SAMPLE_CARD).entryInfoList(QDir::Files)) {
+            const int number = file.fileName().mid(3, 5).toInt();
+            if ((number >= 14 && number <= 20) || number >= 24)
+                QVERIFY(QFile::copy(file.filePath(), m_card->filePath(file.fileName())));
+        }
+    }
+
     void init()
     {
         QFETCH_GLOBAL(QString, kind);
@@ -117,14 +128,14 @@ private slots:
     {
         // The first on nothing, so that all make the tables; two are halves of the card.
         QTemporaryDir halves;
-        const QStringList files = QDir(KOLT_SAMPLE_CARD).entryList(QDir::Files, QDir::Name);
+        const QStringList files = QDir(m_card->path()).entryList(QDir::Files, QDir::Name);
         QVERIFY(QDir(halves.path()).mkpath("a") && QDir(halves.path()).mkpath("b"));
         for (qsizetype i = 0; i < files.size(); ++i)
-            QVERIFY(QFile::copy(QString(KOLT_SAMPLE_CARD) + "/" + files[i],
+            QVERIFY(QFile::copy(m_card->filePath(files[i]),
                                 halves.filePath((i % 2 == 0 ? "a/" : "b/") + files[i])));
         QCOMPARE(verb("import", halves.filePath("a")).status, 0);
         std::vector<std::unique_ptr<QProcess>> imports;
-        for (const QString& card : {QString(KOLT_SAMPLE_CARD), halves.filePath("b")}) {
+        for (const QString& card : {m_card->path(), halves.filePath("b")}) {
             imports.push_back(std::make_unique<QProcess>());
             imports.back()->setProcessEnvironment(environment());
             imports.back()->start(
@@ -141,7 +152,7 @@ private slots:
             QVERIFY(!cycle["flights"].toArray().isEmpty() || cycle["files"].toArray().size() < 4);
 
         const QStringList other{"--library", m_folder->filePath("other")};
-        QCOMPARE(run("library", QStringList{"import", KOLT_SAMPLE_CARD} + other).status, 0);
+        QCOMPARE(run("library", QStringList{"import", m_card->path()} + other).status, 0);
         QCOMPARE(arrayOf(run("library", QStringList{"list"} + other)), list);
         QCOMPARE(arrayOf(run("library", QStringList{"engines"} + other)), engines);
     }
@@ -151,24 +162,24 @@ private slots:
         for (const int milliseconds : {400, 1200}) {
             QProcess import;
             import.setProcessEnvironment(environment());
-            import.start(KOLT_CLI, QStringList{"library", "import", KOLT_SAMPLE_CARD, "--profile",
+            import.start(KOLT_CLI, QStringList{"library", "import", m_card->path(), "--profile",
                                                KOLT_PROFILE} +
                                        m_library);
             import.waitForFinished(milliseconds); // wherever it is then
             import.kill();
             import.waitForFinished(30'000);
         }
-        QCOMPARE(verb("import", KOLT_SAMPLE_CARD).status, 0);
+        QCOMPARE(verb("import", m_card->path()).status, 0);
         checkRebuild(arrayOf(verb("list")), arrayOf(verb("engines")));
         QCOMPARE(rows("SELECT 1 AS n FROM cycle WHERE source IS NULL"), QJsonArray());
     }
 
     void damagedManifestIsTold()
     {
-        QCOMPARE(verb("import", KOLT_SAMPLE_CARD).status, 0);
+        QCOMPARE(verb("import", m_card->path()).status, 0);
         const QJsonArray list = arrayOf(verb("list"));
         const QJsonArray engines = arrayOf(verb("engines"));
-        QDirIterator it(m_archive, {"REC00001.*"}, QDir::Files, QDirIterator::Subdirectories);
+        QDirIterator it(m_archive, {"REC00014.*"}, QDir::Files, QDirIterator::Subdirectories);
         QVERIFY(it.hasNext());
         const QDir cycle(QFileInfo(it.next()).path());
         QFile manifest(cycle.filePath("manifest.json"));
@@ -181,7 +192,7 @@ private slots:
         QCOMPARE(arrayOf(verb("list")), list); // what was known of it stays
         QCOMPARE(arrayOf(verb("engines")), engines);
         // The next import mends it.
-        QCOMPARE(verb("import", KOLT_SAMPLE_CARD).status, 0);
+        QCOMPARE(verb("import", m_card->path()).status, 0);
         checkRebuild(list, engines);
     }
 
@@ -195,10 +206,10 @@ private slots:
         QVERIFY(text.contains("koltDataType=\"FuelA\""));
         other.write(QByteArray(text).replace("koltDataType=\"FuelA\"", ""));
         other.close();
-        QCOMPARE(verb("import", KOLT_SAMPLE_CARD).status, 0);
+        QCOMPARE(verb("import", m_card->path()).status, 0);
         const double fuel = arrayOf(verb("engines")).at(0)["fuel"].toDouble();
         QCOMPARE(
-            run("library", QStringList{"import", KOLT_SAMPLE_CARD} + m_library, other.fileName())
+            run("library", QStringList{"import", m_card->path()} + m_library, other.fileName())
                 .status,
             0);
         QVERIFY(arrayOf(verb("engines")).at(0)["fuel"].toDouble() < 0.6 * fuel);
@@ -213,7 +224,7 @@ private slots:
         QCOMPARE(verb("list").status, 1); // there is no library yet
         QCOMPARE(verb("rebuild").status, 1);
         QVERIFY(!QFile::exists(m_archive));
-        QCOMPARE(verb("import", KOLT_SAMPLE_CARD).status, 0);
+        QCOMPARE(verb("import", m_card->path()).status, 0);
         const QJsonArray list = arrayOf(verb("list"));
         const QString unit = QString::number(list.at(0)["unit"].toInt());
         const QString day = list.at(2)["dateTime"].toString().left(10);
@@ -242,7 +253,7 @@ private slots:
 
     void enginesAreWherePeopleWrote()
     {
-        QCOMPARE(verb("import", KOLT_SAMPLE_CARD).status, 0);
+        QCOMPARE(verb("import", m_card->path()).status, 0);
         const QJsonArray list = arrayOf(verb("list"));
         const QString day = list.at(2)["dateTime"].toString().left(10);
         QVERIFY(QDir(m_archive).mkpath("installations"));
@@ -262,7 +273,7 @@ private slots:
         }
         QCOMPARE(arrayOf(verb("engines")).size(), 2);
         QVERIFY(written.remove());
-        QCOMPARE(verb("import", KOLT_SAMPLE_CARD).status, 0);
+        QCOMPARE(verb("import", m_card->path()).status, 0);
         QCOMPARE(arrayOf(verb("list")), list);
     }
 
@@ -286,7 +297,7 @@ private slots:
     {
         if (m_library.size() > 2)
             QSKIP("the files of a server are its own business");
-        QCOMPARE(verb("import", KOLT_SAMPLE_CARD).status, 0);
+        QCOMPARE(verb("import", m_card->path()).status, 0);
         const QJsonArray list = arrayOf(verb("list"));
         const QJsonArray engines = arrayOf(verb("engines"));
         QFile file(m_archive + "/library.sqlite");
@@ -359,6 +370,7 @@ private:
 
     PostgresServer m_server;
     bool m_hasServer = false;
+    std::unique_ptr<QTemporaryDir> m_card;
     std::unique_ptr<QTemporaryDir> m_folder;
     QString m_archive;
     QStringList m_library; ///< the options that say where it is
