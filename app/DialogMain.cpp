@@ -251,7 +251,7 @@ void DialogMain::closeEvent(QCloseEvent* event)
     m_isClosing = true; // first: a message box below may let the user close again
     m_settingsSaver.flush();
     m_project->saveOnExit();
-    m_import.reset(); // ends an import; what is complete stays
+    m_import->end(); // what is complete stays
     event->accept();
     m_endProcess(EXIT_SUCCESS);
 }

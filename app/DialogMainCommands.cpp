@@ -83,7 +83,7 @@ void DialogMain::slotMenu(QAction* action)
         openEngineReport();
         break;
     case Command::ImportCard:
-        if (m_import != nullptr) // the window is not closing
+        if (!m_isClosing)
             m_import->open();
         break;
     case Command::Engine:

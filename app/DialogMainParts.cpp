@@ -154,7 +154,7 @@ void DialogMain::createOverview()
             &LibrarySession::choose);
     connect(&m_dialogs->preferences(), &DialogPreferences::signalMoveLibrary, m_library.get(),
             [this] {
-                if (m_import != nullptr && m_import->isRunning())
+                if (m_import->isRunning())
                     Messages::inform(this, tr("A card is being imported into the library. Move it "
                                               "when that is done."));
                 else

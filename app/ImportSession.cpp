@@ -41,6 +41,14 @@ void ImportSession::open()
     m_dialog->open({loadLibraryAddress(m_settings).archive}, proposedCard());
 }
 
+void ImportSession::end()
+{
+    if (m_dialog == nullptr)
+        return;
+    m_dialog->runner().end();
+    m_dialog->hide();
+}
+
 bool ImportSession::isRunning() const
 {
     return m_dialog != nullptr && m_dialog->runner().isRunning();

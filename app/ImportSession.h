@@ -24,11 +24,15 @@ class ImportSession : public QObject
 
 public:
     ImportSession(SettingsStore& settings, const CardSession& card, QWidget& window);
-    /// Cancels a running import and waits for it.
+    /// Like end().
     ~ImportSession() override;
 
     /// Shows the window, with the open card.
     void open();
+
+    /// Cancels a running import, waits for it, and lets none begin. The window stays alive, as its
+    /// own work, or a dialog on it, may be what closes the program.
+    void end();
 
     bool isRunning() const;
 

@@ -6,6 +6,13 @@ namespace KOLT::Library {
 
 ImportRunner::~ImportRunner()
 {
+    end();
+}
+
+void ImportRunner::end()
+{
+    m_hasEnded = true;
+    blockSignals(true);
     cancel();
     if (m_thread.joinable())
         m_thread.join();
@@ -13,12 +20,16 @@ ImportRunner::~ImportRunner()
 
 void ImportRunner::start(const Archive& archive, const QString& card)
 {
-    if (m_isRunning)
+    if (m_isRunning || m_hasEnded)
         return;
     m_isRunning = true;
     m_isCancelled = false;
     EventPump events;
     m_import = std::make_unique<CardImport>(archive, card, [&] { events.tick(); });
+    if (m_hasEnded) {
+        finish({});
+        return;
+    }
     if (m_isCancelled)
         m_import->cancel();
     m_thread = std::thread([this] { run(); });
@@ -53,7 +64,8 @@ void ImportRunner::run()
 
 void ImportRunner::finish(const ImportResult& result)
 {
-    m_thread.join();
+    if (m_thread.joinable())
+        m_thread.join();
     m_import.reset();
     m_isRunning = false;
     emit signalFinished(result);

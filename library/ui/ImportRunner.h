@@ -15,13 +15,17 @@ class ImportRunner : public QObject
 
 public:
     using QObject::QObject;
-    /// Cancels, and waits.
+    /// Like end().
     ~ImportRunner() override;
 
     /// Lists the card, which processes events, and begins. Nothing happens while one is running.
     void start(const Archive& archive, const QString& card);
 
     void cancel();
+
+    /// Cancels, and waits; there are no signals any more, and no import begins. May be called from
+    /// the events that are processed while a card is listed.
+    void end();
 
     bool isRunning() const { return m_isRunning; }
 
@@ -39,6 +43,7 @@ private:
     std::thread m_thread;
     bool m_isRunning = false;
     bool m_isCancelled = false; ///< while the card is listed
+    bool m_hasEnded = false;
 };
 
 } // namespace KOLT::Library

@@ -51,6 +51,8 @@ private slots:
     void anotherLibraryEndsTheEvaluation();
     void installationMovesHours();
     void libraryIsMoved();
+    void programEndsDuringImport();
+    void programEndsWithListOfImports();
 
 private:
     QString path(const QString& name) const { return m_folder->filePath(name); }
@@ -344,6 +346,48 @@ void TestLibraryWindow::libraryIsMoved()
     QCOMPARE(cyclesIn(path("lib")), cycles);
     QCOMPARE(shownCycles(), 3);
     QVERIFY(page().findChild<QPushButton*>("updateLibrary")->isHidden()); // with its database
+}
+
+/// While the card is listed, which lets the user go on.
+void TestLibraryWindow::programEndsDuringImport()
+{
+    QVERIFY(QDir().mkpath(path("card")));
+    for (int i = 0; i < 6000; ++i) {
+        QFile file(path(QString("card/REC%1.CAN").arg(i, 5, 10, QLatin1Char('0'))));
+        QVERIFY(file.open(QIODevice::WriteOnly) && file.write(QByteArray(600, 'x')) == 600);
+    }
+    QVERIFY(open());
+    trigger(Command::ImportCard);
+    auto* const dialog = m_window->findChild<DialogImport*>();
+    dialog->findChild<QLineEdit*>("importCard")->setText(path("card"));
+    dialog->findChild<QLineEdit*>("importLibrary")->setText(path("lib"));
+    bool isListing = true;
+    QTimer::singleShot(0, m_window.get(), [&] {
+        QVERIFY(isListing && dialog->runner().isRunning());
+        m_window->close();
+    });
+    dialog->findChild<QPushButton*>("importStart")->click();
+    isListing = false;
+    QVERIFY(!m_window->isVisible() && !dialog->isVisible() && !dialog->runner().isRunning());
+    trigger(Command::ImportCard);
+    QVERIFY(!dialog->isVisible());
+    QVERIFY(!QDir(path("lib")).exists("units"));
+}
+
+/// Escape and the command to close can come at once, so that the list has not yet returned.
+void TestLibraryWindow::programEndsWithListOfImports()
+{
+    QVERIFY(writeCard(path("card"), summerCard()));
+    QVERIFY(open());
+    QVERIFY(import(path("card")).startsWith("12 of 12 files are safe"));
+    trigger(Command::ImportCard);
+    auto* const dialog = m_window->findChild<DialogImport*>();
+    QTimer::singleShot(0, m_window.get(), [&] {
+        QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Escape);
+        m_window->close();
+    });
+    dialog->findChild<QPushButton*>("importTakeBack")->click();
+    QVERIFY(!m_window->isVisible() && !dialog->isVisible());
 }
 
 QTEST_MAIN(TestLibraryWindow)
