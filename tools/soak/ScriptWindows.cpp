@@ -18,6 +18,8 @@ namespace KOLT::Soak {
 
 namespace {
 
+constexpr int roundsOfLook = 10; ///< until the user wants another one
+
 Step button(const QString& text, const QString& window = {})
 {
     return {QStringLiteral("button \"%1\"").arg(text),
@@ -225,10 +227,10 @@ std::vector<Step> stepsOfMenus(const Places& places, int round)
              [round] {
                  for (auto* box :
                       Hand::titled(QStringLiteral("Preferences"))->findChildren<QComboBox*>()) {
-                     for (const char* text : {"Light", "Metric"}) {
-                         if (const int at = box->findText(QLatin1String(text)); at >= 0)
-                             box->setCurrentIndex(at + round % 2);
-                     }
+                     if (const int at = box->findText(QStringLiteral("Metric")); at >= 0)
+                         box->setCurrentIndex(at + round % 2);
+                     if (const int at = box->findText(QStringLiteral("Light")); at >= 0)
+                         box->setCurrentIndex(at + round / roundsOfLook % 2);
                  }
                  return true;
              }},
