@@ -42,9 +42,8 @@ qint64 millisecondsOf(double seconds)
 /// toolkit's cache of pictures with them.
 QIcon swatch(const QColor& color)
 {
-    return paintedIcon([color](QPainter& painter, const QRect& place) {
-        painter.fillRect(place, color);
-    });
+    return paintedIcon(
+        [color](QPainter& painter, const QRect& place) { painter.fillRect(place, color); });
 }
 
 /// A cell that stores only its event, as up to a hundred thousand are created at once.

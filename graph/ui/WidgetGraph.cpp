@@ -164,8 +164,7 @@ void WidgetGraph::drawTexts(QPainter& painter, const GraphScene& scene)
     }
 }
 
-const QStaticText& WidgetGraph::staticText(const QString& text,
-                                           QHash<QString, QStaticText>& before)
+const QStaticText& WidgetGraph::staticText(const QString& text, QHash<QString, QStaticText>& before)
 {
     if (const auto found = m_texts.constFind(text); found != m_texts.constEnd())
         return *found;

@@ -3,16 +3,32 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
+#include <fstream>
 #include <utility>
 
 namespace KOLT::Test {
 
 using std::chrono::milliseconds;
 
+namespace {
+
+/// How long this thread has waited for a processor so far; 0 where the kernel does not tell.
+std::chrono::nanoseconds processorDelay()
+{
+    std::ifstream file("/proc/thread-self/schedstat");
+    long long used = 0;
+    long long delay = 0;
+    file >> used >> delay;
+    return std::chrono::nanoseconds(file ? delay : 0);
+}
+
+} // namespace
+
 Watchdog::Watchdog(milliseconds limit, milliseconds hang)
     : m_limit(limit)
     , m_hang(hang)
     , m_lastBeat(Clock::now().time_since_epoch().count())
+    , m_lastDelay(processorDelay())
 {
     constexpr int interval = 10;
     m_timer.setTimerType(Qt::PreciseTimer);
@@ -36,13 +52,16 @@ void Watchdog::setStep(const QString& step)
 void Watchdog::restart()
 {
     m_lastBeat = Clock::now().time_since_epoch().count();
+    m_lastDelay = processorDelay();
 }
 
 void Watchdog::beat()
 {
     const auto now = Clock::now();
-    const auto pause = std::chrono::duration_cast<milliseconds>(now.time_since_epoch() -
-                                                                Clock::duration(m_lastBeat.load()));
+    const auto delay = processorDelay();
+    const auto pause = std::chrono::duration_cast<milliseconds>(
+        now.time_since_epoch() - Clock::duration(m_lastBeat.load()) - (delay - m_lastDelay));
+    m_lastDelay = delay;
     m_lastBeat = now.time_since_epoch().count();
     m_longest = std::max<qint64>(m_longest, pause.count());
     if (pause > m_limit)

@@ -11,7 +11,8 @@
 
 namespace KOLT::Test {
 
-/// Notes how long the event loop serves no timers. A second thread looks, so that a loop that never
+/// Notes how long the event loop serves no timers, without the time in which its thread could run
+/// but other processes had the processors. A second thread looks, so that a loop that never
 /// returns is told, too: after `hang` it names the step and ends the process.
 class Watchdog
 {
@@ -52,6 +53,7 @@ private:
     QString m_step;
     std::vector<Pause> m_pauses;
     qint64 m_longest = 0;
+    std::chrono::nanoseconds m_lastDelay;
     QTimer m_timer;
     std::thread m_thread;
 };
