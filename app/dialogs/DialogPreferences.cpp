@@ -223,7 +223,8 @@ bool DialogPreferences::apply()
     if (m_language->currentIndex() != m_shownLanguage)
         settings.setLanguage(m_language->currentData().toString());
     m_shownLanguage = m_language->currentIndex();
-    if (m_look->currentIndex() != m_shownLook)
+    const bool isOtherLook = m_look->currentIndex() != m_shownLook;
+    if (isOtherLook)
         settings.setLook(static_cast<ProgramSettings::LookChoice>(m_look->currentIndex()));
     m_shownLook = m_look->currentIndex();
     const int unit = m_unit->currentIndex();
@@ -240,7 +241,8 @@ bool DialogPreferences::apply()
     saveSettings(this);
     if (isOtherFont)
         Startup::applyFontSize();
-    Startup::applyLook(*qApp); // also makes styled widgets take the new font
+    if (isOtherLook || isOtherFont)
+        Startup::applyLook(*qApp); // also makes styled widgets take the new font
     if (isOtherUnit)
         emit signalUnitChanged(unit);
     if (isOtherClock)

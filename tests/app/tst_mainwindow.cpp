@@ -172,7 +172,15 @@ void TestMainWindow::preferencesReachTheWindow()
     QTest::mouseClick(apply, Qt::LeftButton);
     QCOMPARE(profile().unitSystem(), UnitSystem::Imperial);
     QCOMPARE(m_window->findChild<QComboBox*>("unitSelector")->currentIndex(), 1);
-    QCOMPARE(m_window->findChild<QTreeWidget*>("cyclesTree")->font().pixelSize(), 19);
+    auto* const tree = m_window->findChild<QTreeWidget*>("cyclesTree");
+    QCOMPARE(tree->font().pixelSize(), 19);
+
+    // New palettes make the toolkit draw and keep the pictures of all widgets again.
+    const qint64 palette = tree->palette().cacheKey();
+    dialog->findChildren<QComboBox*>().at(2)->setCurrentIndex(0);
+    QTest::mouseClick(apply, Qt::LeftButton);
+    QCOMPARE(profile().unitSystem(), UnitSystem::Metric);
+    QCOMPARE(tree->palette().cacheKey(), palette);
 
     QVERIFY(installNewProfile([&] {
         click(*dialog, "Choose...");
