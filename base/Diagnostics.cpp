@@ -67,6 +67,7 @@ void toStandardOutput(std::string_view text)
 void toStandardError(std::string_view text)
 {
     std::fwrite(text.data(), 1, text.size(), stderr);
+    std::fflush(stderr); // has a buffer on Windows
 }
 
 } // namespace KOLT::Diagnostics

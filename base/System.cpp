@@ -5,6 +5,7 @@
 #include <array>
 #include <csignal>
 #include <cstdio>
+#include <cstdlib>
 
 #ifdef _WIN32
 #include <direct.h>
@@ -85,6 +86,29 @@ const char* fontPlatform()
     return "windows"; // there "offscreen" has no fonts but its own
 #else
     return "offscreen";
+#endif
+}
+
+void prepareConsole()
+{
+#ifdef _WIN32
+    static UINT former = 0;
+    former = GetConsoleOutputCP(); // 0 where there is no console
+    if (former != 0 && former != CP_UTF8 && SetConsoleOutputCP(CP_UTF8) != 0) {
+        std::atexit([] {
+            std::fflush(stdout); // which otherwise follows
+            SetConsoleOutputCP(former);
+        });
+    }
+    // Otherwise the C library may translate what goes to a console, or write it byte by byte, so
+    // that letters of several bytes are lost. A console takes "\n" as it is.
+    constexpr std::size_t bufferSize = 0x10000;
+    for (std::FILE* const stream : {stdout, stderr}) {
+        if (_isatty(_fileno(stream)) != 0) {
+            _setmode(_fileno(stream), _O_BINARY);
+            std::setvbuf(stream, nullptr, _IOFBF, bufferSize);
+        }
+    }
 #endif
 }
 

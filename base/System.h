@@ -22,6 +22,10 @@ std::optional<std::string> readPassword(const std::string& prompt);
 /// itself. It needs no display where programs may be started without one.
 const char* fontPlatform();
 
+/// For programs of the command line, before they write: a console that has an encoding of its own
+/// shows their UTF-8 as long as they run.
+void prepareConsole();
+
 /// For programs that write data to the standard output: the bytes go out as they are, and a reader
 /// that went away makes a write fail (EPIPE) instead of ending the program.
 void prepareDataOutput();

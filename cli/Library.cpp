@@ -1,12 +1,12 @@
 #include "cli/Library.h"
 
+#include "base/Diagnostics.h"
 #include "cli/LibraryDatabaseVerbs.h"
 #include "cli/Recording.h"
 
 #include <QCommandLineParser>
 
 #include <algorithm>
-#include <cstdio>
 
 namespace KOLT::Cli {
 
@@ -14,7 +14,7 @@ namespace {
 
 int failed(const QString& error, int status)
 {
-    std::fprintf(stderr, "kolt-cli: %s\n", qUtf8Printable(error));
+    Diagnostics::print("kolt-cli: %s\n", qUtf8Printable(error));
     return status;
 }
 

@@ -1,12 +1,11 @@
 #include "app/settings/KnownLibraries.h"
+#include "base/Diagnostics.h"
 #include "cli/Json.h"
 #include "cli/LibraryDatabaseVerbs.h"
 #include "library/archive/ArchiveCheck.h"
 #include "library/archive/CardImport.h"
 
 #include <QJsonArray>
-
-#include <cstdio>
 
 namespace KOLT::Cli {
 
@@ -64,8 +63,8 @@ QString importCard(const LibraryArguments& arguments)
     QStringList failed;
     for (const ImportResult::Failure& failure : result.failed) {
         failed << failure.name;
-        std::fprintf(stderr, "%s: %s\n", qUtf8Printable(failure.name),
-                     qUtf8Printable(line(failure.reason)));
+        Diagnostics::print("%s: %s\n", qUtf8Printable(failure.name),
+                           qUtf8Printable(line(failure.reason)));
     }
     const QString error = printJson({{QStringLiteral("copied"), result.copied},
                                      {QStringLiteral("known"), result.known},

@@ -10,7 +10,6 @@
 
 #include <algorithm>
 #include <clocale>
-#include <cstdio>
 #include <memory>
 
 namespace {
@@ -19,7 +18,7 @@ using namespace KOLT;
 
 int fail(const QString& error, int status)
 {
-    std::fprintf(stderr, "kolt-cli: %s\n", qUtf8Printable(error));
+    Diagnostics::print("kolt-cli: %s\n", qUtf8Printable(error));
     return status;
 }
 
@@ -39,6 +38,7 @@ std::unique_ptr<QCoreApplication> createApplication(int& argc, char** argv)
 
 int main(int argc, char* argv[])
 {
+    System::prepareConsole();
     // The standard output is for the result only.
     Diagnostics::setSink(Diagnostics::toStandardError);
     const std::unique_ptr<QCoreApplication> application = createApplication(argc, argv);
