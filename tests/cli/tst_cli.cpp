@@ -161,7 +161,8 @@ void TestCli::valuesAreExact()
     QCOMPARE(result.output, QByteArray("{\"unit\":\"\\\"F\\\"\",\"unread\":[],\"samples\":[\n"
                                        "[0.25,3,0.10000000149011612,\"32.2\",0,\"#ffffff\"],\n"
                                        "[134.217728,1342,2.5,\"36.5\",1,\"#ffaa00\"],\n"
-                                       "[200,2000,null,\"nan\",0,\"#ffffff\"]\n]}\n"));
+                                       "[200,2000,null,\"nan\",0,\"#ffffff\"]\n]}\n")
+                                .replace("\n", lineEnd));
     QVERIFY(!result.json().isEmpty());
     // A missing file counts as empty.
     const QJsonObject empty =
@@ -275,15 +276,18 @@ void TestCli::overviewSaysWhatTheOtherVerbsSay()
 
 void TestCli::reportIsForPeople()
 {
-    // Without --profile and --variant the installed ones are used.
+    // Without --profile and --variant the installed ones are used, which the first start puts
+    // there.
+    const ProgramFile profile(m_home, "Profile.xml");
+    QVERIFY(profile.isReady());
     const Result result = run({"report", m_card});
     QCOMPARE(result.status, 0);
-    const QString text = QString::fromUtf8(result.output);
+    const QString text = QString::fromUtf8(result.text());
     QCOMPARE(text.count("\nCycle "), cycleCount());
     QVERIFY(text.contains("\nTotal: "));
     QCOMPARE(text.count("Outside flights "), 2 * cycleCount()); // in the table, and of each cycle
     QVERIFY(!text.contains("nan") && !text.contains("inf"));
-    QVERIFY(QFile::exists(m_home.filePath("KOLT/Profile.xml")));
+    QVERIFY(QFile::exists(profile.path()));
     QVERIFY(text.contains("\nProfile: Tow plane, version ") && text.contains("taken as UTC.\n"));
     QVERIFY(!text.contains("The variant"));
 }
@@ -302,9 +306,9 @@ void TestCli::reportOfAnotherEngine()
 void TestCli::clockOffset()
 {
     const QTemporaryDir home;
-    QVERIFY(QDir(home.path()).mkdir("KOLT"));
-    QVERIFY(writeFile(home.filePath("KOLT/KOLT.ini"),
-                      "<KOLT><Property id='ClockOffset' value='-90'/></KOLT>"));
+    const ProgramFile settings(home, "KOLT.ini",
+                               "<KOLT><Property id='ClockOffset' value='-90'/></KOLT>");
+    QVERIFY(settings.isReady());
     const auto at = [&](const QStringList& more) {
         return QDateTime::fromString(
             KOLT::Test::run(home, KOLT_CLI, QStringList{"list", m_card, "--headers-only"} + more)
@@ -327,9 +331,9 @@ void TestCli::clockOffset()
 void TestCli::variantsAreThoseOfTheWindow()
 {
     const QTemporaryDir home;
-    QVERIFY(QDir(home.path()).mkdir("KOLT"));
-    QVERIFY(writeFile(home.filePath("KOLT/KOLT.ini"),
-                      "<KOLT><Property id='Profile' value='No such'/></KOLT>"));
+    const ProgramFile settings(home, "KOLT.ini",
+                               "<KOLT><Property id='Profile' value='No such'/></KOLT>");
+    QVERIFY(settings.isReady());
     const auto events = [&](const QStringList& more) {
         return KOLT::Test::run(
                    home, KOLT_CLI,
@@ -421,7 +425,7 @@ void TestCli::failures()
 {
     const auto [arguments, says] = fetchRow<QStringList, QString>();
     const Result result = run(arguments);
-    QVERIFY2(result.status > 0, qPrintable(QString::number(result.status)));
+    QVERIFY2(result.status > 0, QByteArray::number(result.status) + ' ' + result.errors);
     QCOMPARE(result.output, QByteArray());
     const QString last = result.lastError();
     QVERIFY2(last.startsWith("kolt-cli: ") && last.contains(says), qPrintable(last));

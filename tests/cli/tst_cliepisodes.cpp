@@ -265,7 +265,7 @@ void TestCliEpisodes::profileCheck()
         line = 1; // what is missing is told of the whole
     const QByteArray start = path.toUtf8() + ":" + QByteArray::number(line) + ": ";
     QVERIFY2(bad.output.startsWith(start) || bad.output.contains("\n" + start), bad.output);
-    for (const QByteArray& text : bad.output.trimmed().split('\n'))
+    for (const QByteArray& text : bad.text().trimmed().split('\n'))
         QVERIFY2(text.endsWith('.') && text.size() > start.size() + 10, text);
 }
 
