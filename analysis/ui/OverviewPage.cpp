@@ -118,6 +118,7 @@ void OverviewPage::createTree()
                                    ? Qt::AlignLeft | Qt::AlignVCenter
                                    : Qt::AlignRight | Qt::AlignVCenter);
     }
+    m_tree->viewport()->installEventFilter(this);
     connect(m_tree, &QTreeWidget::itemClicked, this, &OverviewPage::open);
     for (const auto key : {Qt::Key_Return, Qt::Key_Enter}) {
         auto* const shortcut = new QShortcut(key, m_tree);
@@ -323,10 +324,12 @@ void OverviewPage::open(const QTreeWidgetItem* item)
     emit signalOpen(item->data(0, cycleRole).toInt(), item->data(0, flightRole).toInt());
 }
 
-void OverviewPage::resizeEvent(QResizeEvent* event)
+/// The rows' own size: while the page is hidden they do not follow it.
+bool OverviewPage::eventFilter(QObject* watched, QEvent* event)
 {
-    QWidget::resizeEvent(event);
-    fitColumns();
+    if (watched == m_tree->viewport() && event->type() == QEvent::Resize)
+        fitColumns();
+    return QWidget::eventFilter(watched, event);
 }
 
 void OverviewPage::changeEvent(QEvent* event)

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QStyle>
 #include <QStyledItemDelegate>
+#include <QWidget>
 
 namespace KOLT {
 
@@ -27,7 +28,10 @@ protected:
                              ? option->decorationSize.width()
                              : 0;
         const int text = option->fontMetrics.horizontalAdvance(option->text);
-        if (option->rect.isValid() && option->rect.width() < mark + text)
+        const QStyle* const style =
+            option->widget != nullptr ? option->widget->style() : QApplication::style();
+        const int margins = 2 * (style->pixelMetric(QStyle::PM_FocusFrameHMargin) + 1);
+        if (option->rect.isValid() && option->rect.width() < mark + text + margins)
             option->text.clear(); // nothing says more than three dots
     }
 };
