@@ -30,7 +30,8 @@ private:
     void drawTexts(QPainter& painter, const GraphScene& scene);
     const QStaticText& staticText(const QString& text, QHash<QString, QStaticText>& before);
 
-    // Those of the last frame: most recur in the next, and laying them out takes longer than drawing.
+    // Those of the last frame: most recur in the next, and laying them out takes longer than
+    // drawing.
     QHash<QString, QStaticText> m_texts;
     QFont m_textFont; ///< font of m_texts
 };

@@ -208,10 +208,9 @@ private slots:
         other.close();
         QCOMPARE(verb("import", m_card->path()).status, 0);
         const double fuel = arrayOf(verb("engines")).at(0)["fuel"].toDouble();
-        QCOMPARE(
-            run("library", QStringList{"import", m_card->path()} + m_library, other.fileName())
-                .status,
-            0);
+        QCOMPARE(run("library", QStringList{"import", m_card->path()} + m_library, other.fileName())
+                     .status,
+                 0);
         QVERIFY(arrayOf(verb("engines")).at(0)["fuel"].toDouble() < 0.6 * fuel);
         QCOMPARE(rows("SELECT COUNT(DISTINCT source) AS n FROM cycle").at(0)["n"].toInt(), 1);
         QCOMPARE(verb("rebuild").status, 0);
