@@ -12,6 +12,7 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QDialogButtonBox>
+#include <QDir>
 #include <QFileDialog>
 #include <QFormLayout>
 #include <QGroupBox>
@@ -288,7 +289,7 @@ void DialogPreferences::chooseProfile()
 /// A wrong file is marked, and the dialog stays open, so that another one can be chosen.
 void DialogPreferences::showProfile(const QString& path, bool isGood)
 {
-    m_profile->setText(path);
+    m_profile->setText(QDir::toNativeSeparators(path));
     m_profile->setProperty("isWrong", !isGood);
     m_profile->style()->unpolish(m_profile); // the style sheet asks for the property
     m_profile->style()->polish(m_profile);
@@ -298,7 +299,7 @@ void DialogPreferences::showProfile(const QString& path, bool isGood)
 bool DialogPreferences::applyProfileFile()
 {
     using Result = InstalledProfile::Result;
-    const QString path = m_profile->text();
+    const QString path = QDir::fromNativeSeparators(m_profile->text());
     if (path == InstalledProfile::path())
         return true;
     const Result result = installProfile(this, path);

@@ -5,6 +5,7 @@
 #include "ui/EmptyNote.h"
 #include "ui/TrustMark.h"
 
+#include <QDir>
 #include <QHeaderView>
 #include <QLineEdit>
 #include <QMouseEvent>
@@ -177,7 +178,7 @@ void CardList::createColumns()
 void CardList::fill(const CardContainer& card, const QString& note)
 {
     const QSignalBlocker blocker(m_tree);
-    m_name->setText(card.folder());
+    m_name->setText(QDir::toNativeSeparators(card.folder()));
     m_note->setText(note);
     m_stack->setCurrentIndex(card.files().empty() ? 1 : 0);
     m_tree->clear();
