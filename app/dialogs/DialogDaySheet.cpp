@@ -10,6 +10,7 @@
 #include "ui/ColumnMemory.h"
 #include "ui/DialogFolders.h"
 #include "ui/EventPump.h"
+#include "ui/FirstSize.h"
 #include "ui/Messages.h"
 #include "ui/SaveDialog.h"
 
@@ -23,7 +24,6 @@
 #include <QPrinter>
 #include <QProgressBar>
 #include <QPushButton>
-#include <QScreen>
 #include <QShortcut>
 #include <QTableWidget>
 #include <QVBoxLayout>
@@ -93,7 +93,7 @@ DialogDaySheet::DialogDaySheet(const Profile& profile, const SettingsStore& sett
     layout->addLayout(bottom);
     createButtons();
     showSheet();
-    resize(windowSize.boundedTo(screen()->availableSize()));
+    resizeForFont(*this, windowSize);
 }
 
 void DialogDaySheet::createTable()

@@ -4,6 +4,7 @@
 #include "library/ui/LedgerView.h"
 #include "record/ClockTime.h"
 #include "ui/EmptyNote.h"
+#include "ui/FirstSize.h"
 #include "ui/PlainToolTip.h"
 #include "ui/StateMark.h"
 
@@ -13,6 +14,7 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QScrollArea>
+#include <QScrollBar>
 #include <QTabWidget>
 #include <QTreeWidget>
 #include <QVBoxLayout>
@@ -86,7 +88,8 @@ EngineWindow::EngineWindow(QWidget* parent)
     auto* const middle = new QHBoxLayout;
     m_figureRows->setContentsMargins(figureMargin, figureMargin, 0, figureMargin);
     m_figureRows->setRowWrapPolicy(QFormLayout::WrapLongRows);
-    middle->addWidget(scrolled(m_figures), 2);
+    m_figureArea = scrolled(m_figures);
+    middle->addWidget(m_figureArea, 2);
     middle->addWidget(scrolled(m_view), 3);
     m_tabs->addTab(createMaintenance(), tr("Maintenance"));
     m_tabs->addTab(createEpisodes(), tr("Episodes"));
@@ -97,7 +100,9 @@ EngineWindow::EngineWindow(QWidget* parent)
     layout->addWidget(m_tabs, 2);
     layout->addLayout(createButtons());
     m_ofLedger.insert(m_ofLedger.end(), {m_figures, m_view, m_tabs});
-    resize(firstSize);
+    for (auto* button : findChildren<QPushButton*>())
+        button->setAutoDefault(false); // Return opens the chosen line of a table
+    resizeForFont(*this, firstSize);
 }
 
 QWidget* EngineWindow::createMaintenance()
@@ -125,10 +130,13 @@ QWidget* EngineWindow::createMaintenance()
     for (QPushButton* one : m_ofLimit)
         row->addWidget(one);
     row->addStretch();
-    row->addWidget(button(tr("Hours before..."),
-                          tr("Hours of the engine at its first recorded run, if they are not "
-                             "those of the unit's counter"),
-                          &EngineWindow::editHours));
+    QPushButton* const before =
+        button(tr("Hours before..."),
+               tr("Hours of the engine at its first recorded run, if they are not those of the "
+                  "unit's counter"),
+               &EngineWindow::editHours);
+    before->setObjectName(QStringLiteral("hoursBefore"));
+    row->addWidget(before);
     auto* const layout = new QVBoxLayout(page);
     layout->addWidget(m_limits);
     layout->addLayout(row);
@@ -161,6 +169,9 @@ QWidget* EngineWindow::createNotes()
     auto* const add = new QPushButton(tr("Add..."));
     auto* const edit = new QPushButton(tr("Change..."));
     auto* const remove = new QPushButton(tr("Remove"));
+    add->setToolTip(tr("A new note on this engine"));
+    edit->setToolTip(tr("Change the chosen note"));
+    remove->setToolTip(tr("Remove the chosen note"));
     m_ofNote = {edit, remove};
     connect(add, &QPushButton::clicked, this, [this] { editNote(nullptr); });
     connect(edit, &QPushButton::clicked, this, [this] { editNote(chosenNote()); });
@@ -181,6 +192,7 @@ QLayout* EngineWindow::createButtons()
 {
     auto* const row = new QHBoxLayout;
     auto* const print = new QPushButton(tr("Print..."));
+    print->setObjectName(QStringLiteral("printLedger"));
     print->setToolTip(tr("Print the ledger, or save it as a PDF file"));
     auto* const copy = new QPushButton(tr("Copy picture"));
     copy->setObjectName(QStringLiteral("copyLedger"));
@@ -271,6 +283,8 @@ void EngineWindow::fillFigures()
         label->setTextInteractionFlags(Qt::TextSelectableByMouse);
         m_figureRows->addRow(name, label);
     }
+    m_figureArea->setMinimumWidth(m_figures->minimumSizeHint().width() +
+                                  m_figureArea->verticalScrollBar()->sizeHint().width());
 }
 
 void EngineWindow::fillMaintenance()

@@ -11,6 +11,7 @@ class QFormLayout;
 class QLabel;
 class QPrinter;
 class QPushButton;
+class QScrollArea;
 class QTabWidget;
 class QTextDocument;
 class QTreeWidget;
@@ -84,6 +85,7 @@ private:
     QComboBox* m_engines;
     QLabel* m_state;
     QWidget* m_figures;
+    QScrollArea* m_figureArea = nullptr;
     QFormLayout* m_figureRows;
     LedgerView* m_view;
     QTabWidget* m_tabs;

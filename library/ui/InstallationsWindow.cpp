@@ -3,6 +3,7 @@
 #include "library/ledger/Installations.h"
 #include "library/ui/InstallationEditor.h"
 #include "ui/EmptyNote.h"
+#include "ui/FirstSize.h"
 #include "ui/PlainToolTip.h"
 #include "ui/StateMark.h"
 
@@ -61,7 +62,7 @@ InstallationsWindow::InstallationsWindow(QWidget* parent)
         if (chosen() != nullptr)
             edit(*chosen());
     });
-    resize(firstSize);
+    resizeForFont(*this, firstSize);
     setInstallations({}, {}, {});
 }
 
@@ -76,7 +77,9 @@ QLayout* InstallationsWindow::createButtons()
         row->addWidget(made);
         return made;
     };
-    button(tr("Add..."), tr("Say which engine was in a unit"), [this] { add(); });
+    button(tr("Add..."), tr("Say which engine was in a unit"), [this] {
+        add();
+    })->setObjectName(QStringLiteral("addInstallation"));
     m_ofChosen.push_back(
         button(tr("Change..."), tr("Change the chosen entry"), [this] { edit(*chosen()); }));
     m_ofChosen.push_back(button(tr("Remove"), tr("Remove the chosen entry"), [this] { remove(); }));

@@ -2,6 +2,7 @@
 
 #include "record/ClockTime.h"
 #include "ui/PaintedIcon.h"
+#include "ui/PlainToolTip.h"
 #include "ui/StateMark.h"
 
 #include <cmath>
@@ -208,7 +209,7 @@ LibraryModel::Nodes LibraryModel::flights(const Node& parent)
         node->text = tr("Flight %1 %2 (%3)")
                          .arg(QString::number(row.number),
                               flight.dateTime.toString(QStringLiteral("hh:mm:ss")),
-                              durationText(flight.landingSeconds - flight.takeOffSeconds));
+                              durationText(static_cast<double>(row.figures.airSeconds)));
         node->mark = markOf(row.worst);
     }
     if (!answer)
@@ -321,7 +322,10 @@ QVariant LibraryModel::data(const QModelIndex& index, int role) const
     case Qt::DisplayRole:
         return node.text;
     case Qt::ToolTipRole:
-        return node.tip.isEmpty() ? QVariant() : node.tip;
+        // A narrow tree cuts the end of a line.
+        return plainToolTip(node.tip.isEmpty() || node.tip == node.text
+                                ? node.text
+                                : node.text + QLatin1Char('\n') + node.tip);
     case Qt::DecorationRole: {
         const QIcon icon = iconOf(node.kind);
         return icon.isNull()

@@ -1,8 +1,11 @@
 #include "library/ui/NoteEditor.h"
 
+#include "ui/FirstSize.h"
+
 #include <QCoreApplication>
 #include <QInputDialog>
 #include <QPlainTextEdit>
+#include <QShortcut>
 
 namespace KOLT {
 
@@ -19,10 +22,14 @@ std::optional<QString> askForNote(QWidget* parent, const QString& label, const Q
     dialog.setOption(QInputDialog::UsePlainTextEditForTextInput);
     dialog.setLabelText(label);
     dialog.setTextValue(text);
-    dialog.resize(firstSize);
+    resizeForFont(dialog, firstSize);
     auto* const edit = dialog.findChild<QPlainTextEdit*>();
-    if (edit != nullptr)
+    if (edit != nullptr) {
         edit->setLineWrapMode(QPlainTextEdit::WidgetWidth);
+        edit->setTabChangesFocus(true); // leads to the buttons
+    }
+    const auto* const done = new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_Return), &dialog);
+    QObject::connect(done, &QShortcut::activated, &dialog, &QDialog::accept);
     if (dialog.exec() != QDialog::Accepted)
         return {};
     const QString entered = dialog.textValue().trimmed();

@@ -3,6 +3,7 @@
 #include "library/ui/NoteEditor.h"
 #include "record/ClockTime.h"
 #include "ui/EmptyNote.h"
+#include "ui/FirstSize.h"
 #include "ui/PlainToolTip.h"
 
 #include <QHeaderView>
@@ -65,12 +66,15 @@ NotesWindow::NotesWindow(QWidget* parent)
                             std::vector<QPushButton*>& group, auto&& action) {
         auto* const made = new QPushButton(text);
         made->setToolTip(tip);
+        made->setAutoDefault(false); // Return opens the chosen note
         connect(made, &QPushButton::clicked, this, action);
         group.push_back(made);
         row->addWidget(made);
+        return made;
     };
-    button(tr("Moment..."), tr("A note at the moment that is shown"), m_adding,
-           [this] { add(Note::About::Moment); });
+    button(tr("Moment..."), tr("A note at the moment that is shown"), m_adding, [this] {
+        add(Note::About::Moment);
+    })->setObjectName(QStringLiteral("addMoment"));
     button(tr("Flight..."), tr("A note on the flight that is shown"), m_adding,
            [this] { add(Note::About::Flight); });
     button(tr("Cycle..."), tr("A note on the whole engine cycle"), m_adding,
@@ -78,6 +82,10 @@ NotesWindow::NotesWindow(QWidget* parent)
     row->addStretch();
     button(tr("Change..."), tr("Change the chosen note"), m_changing, [this] { change(); });
     button(tr("Remove"), tr("Remove the chosen note"), m_changing, [this] { remove(); });
+    auto* const close = new QPushButton(tr("Close"));
+    close->setAutoDefault(false);
+    connect(close, &QPushButton::clicked, this, &QDialog::close);
+    row->addWidget(close);
     auto* const layout = new QVBoxLayout(this);
     layout->addWidget(m_table);
     layout->addLayout(row);
@@ -87,7 +95,7 @@ NotesWindow::NotesWindow(QWidget* parent)
         if (const Note* const note = chosen(); note != nullptr && note->place.seconds)
             emit signalTime(*note->place.seconds);
     });
-    resize(firstSize);
+    resizeForFont(*this, firstSize);
     setNotes({}, false);
 }
 

@@ -4,6 +4,7 @@
 #include "library/ui/LibraryModel.h"
 #include "library/ui/LibraryPage.h"
 #include "library/ui/NotesWindow.h"
+#include "tests/support/ModalBoxes.h"
 
 #include <QAbstractItemModelTester>
 #include <QApplication>
@@ -12,6 +13,7 @@
 #include <QImage>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QTemporaryDir>
@@ -22,6 +24,7 @@
 
 using namespace KOLT;
 using namespace KOLT::Library;
+using namespace KOLT::Test;
 
 /// The library in the window: a tree that is asked for piece by piece, and an engine's ledger.
 class TestLibraryFaces : public QObject
@@ -85,6 +88,7 @@ void TestLibraryFaces::store(quint32 unit, const QDate& day, int flights, Thresh
         FlightFigures one;
         one.flight.takeOffSeconds = 300.0 + 600.0 * i;
         one.flight.landingSeconds = one.flight.takeOffSeconds + 400.0 + 300.0 * i;
+        one.airSeconds = 401 + 300 * i; // by whole seconds of the clock
         one.flight.dateTime = cycle.dateTime.addSecs(300 + 600 * i);
         figures.flights.push_back(one);
     }
@@ -211,6 +215,7 @@ void TestLibraryFaces::clickOpensFromTheArchive()
         index = page.model().index(0, 0, index);
         QVERIFY(index.isValid());
     }
+    QVERIFY2(index.data().toString().endsWith("(00:06:41)"), qPrintable(index.data().toString()));
     tree->scrollTo(index);
     QSignalSpy opened(&page, &LibraryPage::signalOpen);
     QTest::mouseClick(tree->viewport(), Qt::LeftButton, {}, tree->visualRect(index).center());
@@ -294,6 +299,17 @@ void TestLibraryFaces::engineTellsWhatIsDue()
     QVERIFY(std::abs(limit.lastHours - ledger.value->hours) < 0.006);
     QVERIFY(limit.lastHours > 1.0);
 
+    // Return opens the line's editor, and no other one after it.
+    int editors = 0;
+    ModalBoxes boxes;
+    for (int i = 0; i < 2; ++i)
+        boxes.handle([&](QDialog& editor) {
+            ++editors;
+            editor.reject();
+        });
+    QTest::keyClick(limits, Qt::Key_Return);
+    QCOMPARE(editors, 1);
+
     QTest::mouseClick(window.findChild<QPushButton*>("copyLedger"), Qt::LeftButton);
     QVERIFY(!QApplication::clipboard()->image().isNull());
     const QString text = window.document(500.0)->toPlainText();
@@ -322,6 +338,20 @@ void TestLibraryFaces::notesLeadToTheirMoments()
                       table->visualItemRect(table->topLevelItem(0)).center());
     QCOMPARE(time.size(), 1);
     QCOMPARE(time[0][0].toDouble(), 812.5);
+
+    // Return changes the note, and adds none after it. Tab leads out of its text.
+    int editors = 0;
+    ModalBoxes boxes;
+    for (int i = 0; i < 2; ++i)
+        boxes.handle([&](QDialog& editor) {
+            ++editors;
+            auto* const text = editor.findChild<QPlainTextEdit*>();
+            QTest::keyClick(text, Qt::Key_Tab);
+            QCOMPARE(text->toPlainText(), QString("Rattles"));
+            editor.reject();
+        });
+    QTest::keyClick(table, Qt::Key_Return);
+    QCOMPARE(editors, 1);
 }
 
 QTEST_MAIN(TestLibraryFaces)
