@@ -84,7 +84,8 @@ bool LibrarySession::open()
     m_database.reset();
     if (address.archive.isEmpty())
         return showAbsence(tr("No library yet. It keeps the recordings of all cards in one place, "
-                              "and knows what each engine has lived through."),
+                              "and knows what each engine has lived through. The first import of a "
+                              "card makes one."),
                            false);
     if (!m_archive.open(address.archive))
         return showAbsence(m_archive.error());

@@ -2,6 +2,7 @@
 
 #include "library/ui/DialogImports.h"
 #include "library/ui/ImportText.h"
+#include "ui/PlainToolTip.h"
 
 #include <QCloseEvent>
 #include <QDir>
@@ -26,7 +27,9 @@ constexpr int steps = 1000; ///< of the progress bar
 QString proposedFolder()
 {
     const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
-    return (documents.isEmpty() ? QDir::homePath() : documents) + QStringLiteral("/KOLT Library");
+    // Its name may be known although the system never made it; only the last folder is created.
+    return (QFileInfo(documents).isDir() ? documents : QDir::homePath()) +
+           QStringLiteral("/KOLT Library");
 }
 
 } // namespace
@@ -79,6 +82,7 @@ QLayout* DialogImport::createFolders()
         text->setBuddy(field);
         auto* const choose = new QPushButton(tr("Choose..."), this);
         choose->setAutoDefault(false);
+        choose->setAccessibleName(title);
         connect(choose, &QPushButton::clicked, this, [this, field, title] {
             const QString folder = QFileDialog::getExistingDirectory(
                 this, title, QDir::fromNativeSeparators(field->text()));
@@ -89,6 +93,7 @@ QLayout* DialogImport::createFolders()
         grid->addWidget(text, row, 0);
         grid->addWidget(field, row, 1);
         grid->addWidget(choose, row, 2);
+        m_places.insert(m_places.end(), {field, choose});
         return field;
     };
     m_card = add(0, tr("&Card:"), tr("Folder of the Card"), "importCard");
@@ -189,7 +194,7 @@ void DialogImport::showResult(const ImportResult& result)
     m_failed->clear();
     for (const ImportResult::Failure& failure : result.failed) {
         auto* const item = new QTreeWidgetItem(m_failed, {failure.name, failure.reason});
-        item->setToolTip(1, failure.reason);
+        item->setToolTip(1, plainToolTip(failure.reason));
     }
     m_failed->resizeColumnToContents(0);
     m_failed->setVisible(!result.failed.isEmpty());
@@ -203,10 +208,14 @@ void DialogImport::showResult(const ImportResult& result)
 
 void DialogImport::setWorking(bool isWorking)
 {
-    for (QWidget* widget : {static_cast<QWidget*>(m_card), static_cast<QWidget*>(m_library)})
-        widget->setEnabled(!isWorking);
     if (m_import == nullptr)
         return;
+    if (isWorking) {
+        m_cancel->setEnabled(true);
+        m_cancel->setFocus(); // whatever had it will be disabled
+    }
+    for (QWidget* widget : m_places)
+        widget->setEnabled(!isWorking);
     m_import->setEnabled(!isWorking && !m_card->text().isEmpty() && !m_library->text().isEmpty());
     m_imports->setEnabled(!isWorking &&
                           Archive::isArchive(QDir::fromNativeSeparators(m_library->text())));

@@ -5,6 +5,8 @@
 
 #include <QDialog>
 
+#include <vector>
+
 class QLabel;
 class QLayout;
 class QLineEdit;
@@ -53,6 +55,7 @@ private:
 
     ImportRunner m_runner;
     ArchiveSettings m_settings;
+    std::vector<QWidget*> m_places; ///< where folders are chosen
     QLineEdit* m_card = nullptr;
     QLineEdit* m_library = nullptr;
     QLabel* m_state = nullptr;

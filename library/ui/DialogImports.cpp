@@ -1,11 +1,13 @@
 #include "library/ui/DialogImports.h"
 
+#include "ui/FirstSize.h"
+#include "ui/PlainToolTip.h"
+
 #include <QCoreApplication>
 #include <QDir>
 #include <QEventLoop>
 #include <QHeaderView>
 #include <QLabel>
-#include <QLocale>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTreeWidget>
@@ -62,7 +64,7 @@ DialogImports::DialogImports(const Archive& archive, QWidget* parent)
     connect(m_button, &QPushButton::clicked, this, &DialogImports::takeBackCurrent);
     connect(close, &QPushButton::clicked, this, &QDialog::accept);
     fill();
-    resize(windowSize);
+    resizeForFont(*this, windowSize);
 }
 
 void DialogImports::fill()
@@ -70,14 +72,17 @@ void DialogImports::fill()
     m_list->clear();
     for (const ImportRecord& record : importsOf(m_archive)) {
         auto* const item = new QTreeWidgetItem(m_list);
-        item->setText(When, QLocale().toString(record.when.toLocalTime(), QLocale::ShortFormat));
+        item->setText(When, record.when.toLocalTime().toString(QStringLiteral("d.M.yyyy hh:mm")));
         item->setText(Card, record.card);
-        item->setToolTip(Card, record.card);
+        item->setToolTip(Card, plainToolTip(record.card));
         item->setText(Files, QString::number(record.added.size()));
         item->setTextAlignment(Files, Qt::AlignRight | Qt::AlignVCenter);
         item->setText(State, record.isTakenBack ? tr("taken back") : QString());
         item->setData(When, Qt::UserRole, record.id);
         item->setDisabled(record.isTakenBack || record.added.isEmpty());
+        // The newest one, which is most often the wrong one.
+        if (m_list->currentItem() == nullptr && !item->isDisabled())
+            m_list->setCurrentItem(item);
     }
     for (const int column : {When, Files, State})
         m_list->resizeColumnToContents(column);
@@ -94,8 +99,9 @@ void DialogImports::takeBackCurrent()
 {
     const QTreeWidgetItem* const item = m_list->currentItem();
     const QString question =
-        tr("Move the %1 files that the import of %2 added to the trash of the library?")
-            .arg(item->text(Files), item->text(Card));
+        tr("Move the %n file(s) that the import of %1 added to the trash of the library?", nullptr,
+           item->text(Files).toInt())
+            .arg(item->text(Card));
     if (QMessageBox::question(this, tr("KOLT Warning"), question) != QMessageBox::Yes)
         return;
     const QString id = item->data(When, Qt::UserRole).toString();
@@ -116,8 +122,7 @@ void DialogImports::takeBackCurrent()
     for (const ArchivedCycle& cycle : changed)
         emit signalCycleChanged(cycle);
     fill();
-    m_state->setText(result.error.isEmpty() ? tr("%1 files are now in %2.")
-                                                  .arg(result.files)
+    m_state->setText(result.error.isEmpty() ? tr("%n file(s) are now in %1.", nullptr, result.files)
                                                   .arg(QDir::toNativeSeparators(result.folder))
                                             : result.error);
 }

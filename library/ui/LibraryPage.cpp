@@ -61,7 +61,7 @@ LibraryPage::LibraryPage(QWidget* parent)
     m_timer.setInterval(settlingMilliseconds);
     connect(&m_timer, &QTimer::timeout, this, [this] { this->choose(m_tree->currentIndex()); });
     showNote(tr("No library yet. It keeps the recordings of all cards in one place, and knows what "
-                "each engine has lived through."));
+                "each engine has lived through. The first import of a card makes one."));
 }
 
 QWidget* LibraryPage::createTree()
