@@ -6,16 +6,16 @@
 #include "map/ui/WidgetMap.h"
 #include "record/CardContainer.h"
 #include "resources/Resources.h"
+#include "tools/screenshots/Camera.h"
+#include "tools/screenshots/LibraryPictures.h"
 
 #include <QAbstractItemView>
 #include <QAction>
 #include <QApplication>
 #include <QDialog>
 #include <QDir>
-#include <QPixmap>
 #include <QTabBar>
 #include <QTest>
-#include <QTimer>
 #include <QToolButton>
 #include <QTreeWidget>
 
@@ -25,40 +25,10 @@
 
 namespace {
 
-constexpr int waitMilliseconds = 30'000;
-constexpr int pollMilliseconds = 50;
+using namespace Screenshots;
+
 constexpr QSize smallSize(1000, 800);
 constexpr QSize largeSize(1600, 1000);
-
-/// Saves pictures of windows.
-class Camera
-{
-public:
-    explicit Camera(QString directory)
-        : m_directory(std::move(directory))
-    {
-    }
-
-    /// False once a picture could not be saved.
-    bool isGood() const { return m_isGood; }
-
-    void take(QWidget& window, const QString& name)
-    {
-        QCoreApplication::processEvents();
-        const QString path = QStringLiteral("%1/%2.png").arg(m_directory, name);
-        m_isGood = window.grab().save(path) && m_isGood;
-        std::printf("%s\n", qUtf8Printable(path));
-    }
-
-private:
-    QString m_directory;
-    bool m_isGood = true;
-};
-
-bool waitFor(const std::function<bool()>& condition)
-{
-    return QTest::qWaitFor(condition, waitMilliseconds);
-}
 
 /// Waits for the last folder to be listed, then selects its second cycle and that cycle's second
 /// flight (on the sample card, one with exceedances).
@@ -153,32 +123,12 @@ void takeDisplay(KOLT::DialogMain& window, Camera& camera)
     }
 }
 
-void trigger(const KOLT::DialogMain& window, int command)
-{
-    for (QAction* action : window.actions()) {
-        if (action->data().toInt() == command)
-            action->trigger();
-    }
-}
-
-/// The export dialogs are modal: each picture is taken from within the dialog's event loop.
 void takeExports(KOLT::DialogMain& window, Camera& camera)
 {
     const std::pair<int, const char*> exports[] = {
         {17, "export-kml"}, {18, "export-csv"}, {21, "export-gpx"}};
-    for (const auto& [command, name] : exports) {
-        QTimer poll;
-        QObject::connect(&poll, &QTimer::timeout, &window, [&, picture = name] {
-            auto* const dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-            if (dialog == nullptr || !dialog->isVisible())
-                return;
-            poll.stop();
-            camera.take(*dialog, QLatin1String(picture));
-            dialog->reject();
-        });
-        poll.start(pollMilliseconds);
-        trigger(window, command);
-    }
+    for (const auto& [command, name] : exports)
+        takeModal(camera, QLatin1String(name), [&, number = command] { trigger(window, number); });
 }
 
 /// The windows that the menus open.
@@ -210,7 +160,8 @@ constexpr const char* usage =
     "Usage: kolt-screenshots DIR [-emu | -light | -dark] [WIDTHxHEIGHT...]\n"
     "Saves pictures of all pages in these sizes (1000x800 and 1600x1000) and of all dialogs, in\n"
     "the look of the settings or the given one; with -emu, of the bare display. The last folder\n"
-    "in the settings has to be a card with flights.\n";
+    "in the settings has to be a card with flights; the windows of the library are among the\n"
+    "pictures if the settings name one.\n";
 
 /// The sizes among the arguments, such as "1366x768"; two without any.
 std::vector<QSize> sizesFrom(const QStringList& arguments)
@@ -270,9 +221,11 @@ int main(int argc, char* argv[])
             std::fprintf(stderr, "kolt-screenshots: no card with flights in the last folder\n");
             return 1;
         }
-        takePages(window, camera, sizesFrom(QCoreApplication::arguments()));
+        const std::vector<QSize> sizes = sizesFrom(QCoreApplication::arguments());
+        takePages(window, camera, sizes);
         takeDialogs(window, camera);
         takeExports(window, camera);
+        takeLibrary(window, camera, sizes);
     }
     if (!camera.isGood()) {
         std::fprintf(stderr, "kolt-screenshots: a picture could not be saved\n");
