@@ -72,6 +72,8 @@ InstallationEditor::InstallationEditor(const WrittenInstallation& installation,
     m_hasTo->setObjectName(QStringLiteral("installationHasTo"));
     m_hasTo->setChecked(installation.to.isValid());
     m_hasTo->setToolTip(tr("The last day; without it, until now"));
+    m_from->setToolTip(m_hasFrom->toolTip());
+    m_to->setToolTip(m_hasTo->toolTip());
     m_mistake->setObjectName(QStringLiteral("mistake"));
     m_mistake->setTextFormat(Qt::PlainText);
     m_mistake->setWordWrap(true);

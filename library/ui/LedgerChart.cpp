@@ -19,7 +19,8 @@ namespace {
 constexpr double secondsPerHour = 3600.0;
 constexpr double gap = 6.0;
 constexpr int leastPart = 2;
-constexpr double barPart = 0.7; ///< of a month's width
+constexpr double barPart = 0.7;   ///< of a month's width
+constexpr double mostLines = 4.0; ///< of a bar's width, in lines of text
 
 struct Text
 {
@@ -149,8 +150,8 @@ void paintMonths(QPainter& painter, const QRectF& area, const LedgerChart& chart
     int number = 0;
     for (const LedgerChart::Month& month : chart.months) {
         const double height = plot.height() * month.hours / ticks.back();
-        const double inset = width * (1.0 - barPart) / 2.0;
-        painter.fillRect(QRectF(x + inset, plot.bottom() - height, width - 2.0 * inset, height),
+        const double bar = std::min(width * barPart, mostLines * metrics.height());
+        painter.fillRect(QRectF(x + (width - bar) / 2.0, plot.bottom() - height, bar, height),
                          colors.bar);
         painter.setPen(colors.text);
         const QString flights = QString::number(month.flights);

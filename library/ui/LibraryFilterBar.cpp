@@ -82,7 +82,7 @@ LibraryFilterBar::LibraryFilterBar(QWidget* parent)
 QWidget* LibraryFilterBar::createMore()
 {
     auto* const more = new QFrame(this, Qt::Popup);
-    more->setFrameShape(QFrame::Box);
+    more->setFrameShape(QFrame::StyledPanel);
     auto* const form = new QFormLayout(more);
     m_exceeded = new QComboBox;
     m_exceeded->setObjectName(QStringLiteral("libraryExceeded"));

@@ -49,10 +49,13 @@ LimitEditor::LimitEditor(const Library::MaintenanceLimit& limit, QWidget* parent
     m_months->setSuffix(tr(" months"));
     m_months->setValue(limit.everyMonths.value_or(firstMonths));
     m_hasMonths->setChecked(limit.everyMonths.has_value());
+    m_hours->setToolTip(tr("Hours of the engine from one time to the next"));
+    m_months->setToolTip(tr("Months from one time to the next"));
     m_lastHours->setValue(limit.lastHours);
     m_lastHours->setToolTip(tr("Hours of the engine, as the window Engine counts them"));
     m_isDone->setChecked(limit.lastDate.isValid());
     m_lastDate->setCalendarPopup(true);
+    m_lastDate->setToolTip(tr("Day on which it was last done"));
     m_lastDate->setDisplayFormat(QStringLiteral("dd.MM.yyyy"));
     m_lastDate->setDate(limit.lastDate.isValid() ? limit.lastDate : QDate::currentDate());
     auto* const form = new QFormLayout(this);
