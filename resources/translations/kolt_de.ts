@@ -2622,6 +2622,18 @@ In dieser Aufzeichnung wurde nichts Zweifelhaftes gefunden.</translation>
         <source>No notes on this engine yet.</source>
         <translation>Noch keine Notizen zu diesem Motor.</translation>
     </message>
+    <message>
+        <source>A new note on this engine</source>
+        <translation>Eine neue Notiz zu diesem Motor</translation>
+    </message>
+    <message>
+        <source>Change the chosen note</source>
+        <translation>Die ausgewählte Notiz ändern</translation>
+    </message>
+    <message>
+        <source>Remove the chosen note</source>
+        <translation>Die ausgewählte Notiz entfernen</translation>
+    </message>
 </context>
 <context>
     <name>KOLT::Episode</name>
@@ -3414,7 +3426,7 @@ Bitte prüfen Sie, ob der Ordner beschreibbar und nicht voll ist. Das vorherige 
     <name>KOLT::LedgerChart</name>
     <message>
         <source>Hours of each month, and its flights</source>
-        <translation>Stunden jedes Monats, und seine Flüge</translation>
+        <translation>Stunden jedes Monats, darüber seine Flüge</translation>
     </message>
     <message>
         <source>Time beyond a warning, beyond a limit</source>
@@ -3665,10 +3677,6 @@ Bitte prüfen Sie, ob der Ordner beschreibbar und nicht voll ist. Das vorherige 
         <translation>zurückgenommen</translation>
     </message>
     <message>
-        <source>Move the %1 files that the import of %2 added to the trash of the library?</source>
-        <translation>Sollen die %1 Dateien, die durch die Übernahme von %2 hinzukamen, in den Papierkorb der Bibliothek verschoben werden?</translation>
-    </message>
-    <message>
         <source>KOLT Warning</source>
         <translation>KOLT-Warnung</translation>
     </message>
@@ -3676,9 +3684,19 @@ Bitte prüfen Sie, ob der Ordner beschreibbar und nicht voll ist. Das vorherige 
         <source>Moving the files</source>
         <translation>Die Dateien werden verschoben</translation>
     </message>
-    <message>
-        <source>%1 files are now in %2.</source>
-        <translation>%1 Dateien liegen jetzt in %2.</translation>
+    <message numerus="yes">
+        <source>Move the %n file(s) that the import of %1 added to the trash of the library?</source>
+        <translation>
+            <numerusform>Soll die %n Datei, die durch die Übernahme von %1 hinzukam, in den Papierkorb der Bibliothek verschoben werden?</numerusform>
+            <numerusform>Sollen die %n Dateien, die durch die Übernahme von %1 hinzukamen, in den Papierkorb der Bibliothek verschoben werden?</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n file(s) are now in %1.</source>
+        <translation>
+            <numerusform>%n Datei liegt jetzt in %1.</numerusform>
+            <numerusform>%n Dateien liegen jetzt in %1.</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -4139,10 +4157,6 @@ Motoren: %3
         <translation>Ein Ordner, der die Aufzeichnungen aller Karten aufbewahrt; ein leerer wird eine neue Bibliothek</translation>
     </message>
     <message>
-        <source>No library yet. It keeps the recordings of all cards in one place, and knows what each engine has lived through.</source>
-        <translation>Noch keine Bibliothek. Sie bewahrt die Aufzeichnungen aller Karten an einem Ort auf und weiß, was jeder Motor erlebt hat.</translation>
-    </message>
-    <message>
         <source>Library</source>
         <translation>Bibliothek</translation>
     </message>
@@ -4185,13 +4199,13 @@ Motoren: %3
         <source>Try again</source>
         <translation>Erneut versuchen</translation>
     </message>
+    <message>
+        <source>No library yet. It keeps the recordings of all cards in one place, and knows what each engine has lived through. The first import of a card makes one.</source>
+        <translation>Noch keine Bibliothek. Sie bewahrt die Aufzeichnungen aller Karten an einem Ort auf und weiß, was jeder Motor erlebt hat. Die erste Übernahme einer Karte legt sie an.</translation>
+    </message>
 </context>
 <context>
     <name>KOLT::LibrarySession</name>
-    <message>
-        <source>No library yet. It keeps the recordings of all cards in one place, and knows what each engine has lived through.</source>
-        <translation>Noch keine Bibliothek. Sie bewahrt die Aufzeichnungen aller Karten an einem Ort auf und weiß, was jeder Motor erlebt hat.</translation>
-    </message>
     <message>
         <source>Library</source>
         <translation>Bibliothek</translation>
@@ -4257,6 +4271,10 @@ der Bibliothek lässt sich nicht öffnen. Ist seine Platte angeschlossen?</trans
         <source>Opening the library %1</source>
         <translation>Die Bibliothek %1 wird geöffnet</translation>
     </message>
+    <message>
+        <source>No library yet. It keeps the recordings of all cards in one place, and knows what each engine has lived through. The first import of a card makes one.</source>
+        <translation>Noch keine Bibliothek. Sie bewahrt die Aufzeichnungen aller Karten an einem Ort auf und weiß, was jeder Motor erlebt hat. Die erste Übernahme einer Karte legt sie an.</translation>
+    </message>
 </context>
 <context>
     <name>KOLT::LibraryUpdate</name>
@@ -4318,6 +4336,18 @@ der Bibliothek lässt sich nicht öffnen. Ist seine Platte angeschlossen?</trans
     <message>
         <source>Last done at</source>
         <translation>Zuletzt erledigt bei</translation>
+    </message>
+    <message>
+        <source>Hours of the engine from one time to the next</source>
+        <translation>Stunden des Motors von einem Mal zum nächsten</translation>
+    </message>
+    <message>
+        <source>Months from one time to the next</source>
+        <translation>Monate von einem Mal zum nächsten</translation>
+    </message>
+    <message>
+        <source>Day on which it was last done</source>
+        <translation>Tag, an dem es zuletzt erledigt wurde</translation>
     </message>
 </context>
 <context>
@@ -4748,6 +4778,10 @@ Ist die Karte eingelegt?</translation>
         <translation>Diese Notiz entfernen?
 
 %1</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
     </message>
 </context>
 <context>

@@ -144,6 +144,23 @@
     </message>
 </context>
 <context>
+    <name>KOLT::Library::DialogImports</name>
+    <message numerus="yes">
+        <source>Move the %n file(s) that the import of %1 added to the trash of the library?</source>
+        <translation>
+            <numerusform>Move the %n file that the import of %1 added to the trash of the library?</numerusform>
+            <numerusform>Move the %n files that the import of %1 added to the trash of the library?</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n file(s) are now in %1.</source>
+        <translation>
+            <numerusform>%n file is now in %1.</numerusform>
+            <numerusform>%n files are now in %1.</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>KOLT::Library::DialogMove</name>
     <message numerus="yes">
         <source>%n file(s) were copied and compared. The library is now in
