@@ -165,6 +165,11 @@ QWidget* EngineWindow::createNotes()
 {
     auto* const page = new QWidget;
     m_notes = createTable({tr("When"), tr("Note"), tr("By")}, "noteTable");
+    // A long text is cut, not the name of who wrote it.
+    m_notes->header()->setStretchLastSection(false);
+    for (int column = 0; column < m_notes->columnCount(); ++column)
+        m_notes->header()->setSectionResizeMode(
+            column, column == 1 ? QHeaderView::Stretch : QHeaderView::ResizeToContents);
     m_noNotes = new EmptyNote(m_notes);
     auto* const add = new QPushButton(tr("Add..."));
     auto* const edit = new QPushButton(tr("Change..."));
@@ -330,7 +335,6 @@ void EngineWindow::fillNotes()
                                           note.text.simplified(), note.item.author});
         item->setToolTip(1, plainToolTip(note.text));
     }
-    fitColumns(*m_notes);
 }
 
 } // namespace KOLT
