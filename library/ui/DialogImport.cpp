@@ -4,7 +4,6 @@
 #include "library/ui/ImportText.h"
 #include "ui/PlainToolTip.h"
 
-#include <QCloseEvent>
 #include <QDir>
 #include <QFileDialog>
 #include <QGridLayout>
@@ -238,16 +237,13 @@ void DialogImport::openImports()
     emit signalChanged();
 }
 
-void DialogImport::closeEvent(QCloseEvent* event)
-{
-    m_runner.cancel();
-    QDialog::closeEvent(event);
-}
-
+/// While it imports, the window stays: it has to tell which files are safe.
 void DialogImport::reject()
 {
-    m_runner.cancel();
-    QDialog::reject();
+    if (m_runner.isRunning())
+        m_runner.cancel();
+    else
+        QDialog::reject();
 }
 
 /// Wrapped texts in a large font need more than the first size.

@@ -39,7 +39,6 @@ signals:
     void signalMessage(const QString& message);
 
 protected:
-    void closeEvent(QCloseEvent* event) override;
     void reject() override;
 
 private:

@@ -147,6 +147,9 @@ void TestDialogImport::closingCancels()
     QTRY_VERIFY_WITH_TIMEOUT(!m_dialog->runner().isRunning(), patience);
     const auto result = finished[0][0].value<ImportResult>();
     QVERIFY(result.isCancelled && result.safe() < 200);
+    QVERIFY(m_dialog->isVisible() && state().contains("Do not erase the card"));
+    m_dialog->close();
+    QVERIFY(!m_dialog->isVisible());
     m_dialog->open({path("lib")}, path("large"));
     import();
     QVERIFY2(state().startsWith("200 of 200 files are safe"), qPrintable(state()));
