@@ -25,7 +25,7 @@ using namespace Library;
 
 namespace {
 
-constexpr QSize firstSize(960, 700);
+constexpr QSize firstSize(960, 740);
 constexpr int figureMargin = 4;
 
 QTreeWidget* createTable(const QStringList& columns, const char* name)

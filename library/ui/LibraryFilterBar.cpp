@@ -2,12 +2,14 @@
 
 #include "ui/PaintedIcon.h"
 
+#include <QCalendarWidget>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDateEdit>
 #include <QFormLayout>
 #include <QFrame>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QScreen>
 #include <QSpinBox>
 #include <QToolButton>
@@ -27,10 +29,35 @@ constexpr int longestMinutes = 600;
 constexpr double secondsPerMinute = 60.0;
 const QDate firstDate(1990, 1, 1);
 
+/// Opens the calendar of a field without a date at this month, not at the first one that can be
+/// chosen.
+class CalendarPage : public QObject
+{
+public:
+    explicit CalendarPage(QDateEdit* edit)
+        : QObject(edit)
+        , m_edit(*edit)
+    {
+        edit->calendarWidget()->installEventFilter(this);
+    }
+
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        const QDate today = QDate::currentDate();
+        if (event->type() == QEvent::Show && m_edit.date() == firstDate)
+            m_edit.calendarWidget()->setCurrentPage(today.year(), today.month());
+        return QObject::eventFilter(watched, event);
+    }
+
+private:
+    QDateEdit& m_edit;
+};
+
 QDateEdit* createDate(const QString& any)
 {
     auto* const edit = new QDateEdit;
     edit->setCalendarPopup(true);
+    new CalendarPage(edit); // which owns it
     edit->setDisplayFormat(QStringLiteral("dd.MM.yyyy"));
     edit->setMinimumDate(firstDate);
     edit->setSpecialValueText(any);
@@ -110,6 +137,11 @@ QWidget* LibraryFilterBar::createMore()
     form->addRow(tr("Flight"), pair(m_shortest, m_longest));
     form->addRow(tr("Days"), pair(m_from, m_to));
     form->addRow(QString(), m_note);
+    auto* const all = new QPushButton(tr("Show all"));
+    all->setObjectName(QStringLiteral("libraryShowAll"));
+    all->setToolTip(tr("Clear the filter and the search"));
+    connect(all, &QPushButton::clicked, this, &LibraryFilterBar::clear);
+    form->addRow(QString(), all);
     m_shortest->setToolTip(tr("Shortest time from take-off to landing"));
     m_longest->setToolTip(tr("Longest time from take-off to landing"));
     m_from->setToolTip(tr("First day"));

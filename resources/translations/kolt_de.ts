@@ -4066,6 +4066,14 @@ Der alte Ordner bleibt, wie er war; löschen Sie ihn selbst, wenn Sie ihn nicht 
         <source>Last day</source>
         <translation>Letzter Tag</translation>
     </message>
+    <message>
+        <source>Show all</source>
+        <translation>Alles zeigen</translation>
+    </message>
+    <message>
+        <source>Clear the filter and the search</source>
+        <translation>Filter und Suche leeren</translation>
+    </message>
 </context>
 <context>
     <name>KOLT::LibraryModel</name>

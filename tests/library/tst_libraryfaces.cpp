@@ -198,6 +198,9 @@ void TestLibraryFaces::filterLeavesWhatIsWanted()
     QCOMPARE(count(page.model(), LibraryModel::Kind::Cycle), cycles);
     page.show();
     QCOMPARE(page.findChild<QTreeView*>()->isVisible(), cycles > 0);
+    page.findChild<QPushButton*>("libraryShowAll")->click();
+    QTRY_COMPARE(count(page.model(), LibraryModel::Kind::Cycle), 4);
+    QVERIFY(bar->filter().isEmpty());
 }
 
 void TestLibraryFaces::clickOpensFromTheArchive()
