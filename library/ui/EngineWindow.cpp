@@ -96,8 +96,8 @@ EngineWindow::EngineWindow(QWidget* parent)
     m_tabs->addTab(createNotes(), tr("Notes"));
     auto* const layout = new QVBoxLayout(this);
     layout->addLayout(top);
-    layout->addLayout(middle, 3);
-    layout->addWidget(m_tabs, 2);
+    layout->addLayout(middle, 2); // all of the picture in a screen of 768 lines
+    layout->addWidget(m_tabs, 1);
     layout->addLayout(createButtons());
     m_ofLedger.insert(m_ofLedger.end(), {m_figures, m_view, m_tabs});
     for (auto* button : findChildren<QPushButton*>())

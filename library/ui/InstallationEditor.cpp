@@ -1,6 +1,7 @@
 #include "library/ui/InstallationEditor.h"
 
 #include "library/ledger/Installations.h"
+#include "ui/CalendarField.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -33,8 +34,7 @@ void fill(QComboBox& box, const QStringList& entries, const QString& text, const
 void fill(QDateEdit& field, const QDate& date, const char* name)
 {
     field.setObjectName(QLatin1String(name));
-    field.setCalendarPopup(true);
-    field.setDisplayFormat(QStringLiteral("dd.MM.yyyy"));
+    useCalendar(field);
     field.setDate(date.isValid() ? date : QDate::currentDate());
 }
 

@@ -1,5 +1,6 @@
 #include "library/ui/LibraryFilterBar.h"
 
+#include "ui/CalendarField.h"
 #include "ui/PaintedIcon.h"
 
 #include <QCalendarWidget>
@@ -56,9 +57,8 @@ private:
 QDateEdit* createDate(const QString& any)
 {
     auto* const edit = new QDateEdit;
-    edit->setCalendarPopup(true);
+    useCalendar(*edit);
     new CalendarPage(edit); // which owns it
-    edit->setDisplayFormat(QStringLiteral("dd.MM.yyyy"));
     edit->setMinimumDate(firstDate);
     edit->setSpecialValueText(any);
     edit->setDate(firstDate);

@@ -1,5 +1,7 @@
 #include "library/ui/LimitEditor.h"
 
+#include "ui/CalendarField.h"
+
 #include <QCheckBox>
 #include <QDateEdit>
 #include <QDialogButtonBox>
@@ -54,9 +56,8 @@ LimitEditor::LimitEditor(const Library::MaintenanceLimit& limit, QWidget* parent
     m_lastHours->setValue(limit.lastHours);
     m_lastHours->setToolTip(tr("Hours of the engine, as the window Engine counts them"));
     m_isDone->setChecked(limit.lastDate.isValid());
-    m_lastDate->setCalendarPopup(true);
+    useCalendar(*m_lastDate);
     m_lastDate->setToolTip(tr("Day on which it was last done"));
-    m_lastDate->setDisplayFormat(QStringLiteral("dd.MM.yyyy"));
     m_lastDate->setDate(limit.lastDate.isValid() ? limit.lastDate : QDate::currentDate());
     auto* const form = new QFormLayout(this);
     form->addRow(tr("What"), m_title);
