@@ -15,6 +15,7 @@
 
 #include <QDir>
 #include <QInputDialog>
+#include <QPointer>
 
 namespace KOLT {
 
@@ -251,7 +252,13 @@ void LibrarySession::load(const QString& folder, int flight, bool isListedAgain)
     const QString path = m_archive.pathOf(folder);
     m_jobs.run([this, path, flight, isListedAgain] {
         const bool isListed = !isListedAgain && m_card.container().folder() == path;
-        if (!isListed && !m_card.list(path)) {
+        const QPointer<QWidget> focus = m_window.focusWidget();
+        const bool isGood = isListed || m_card.list(path);
+        // The overview of the folder took the focus, and would leave it to the map: the keys could
+        // not go on in the tree.
+        if (focus != nullptr && m_page->isAncestorOf(focus))
+            focus->setFocus();
+        if (!isGood) {
             Messages::warn(&m_window, tr("The folder\n%1\nof the library cannot be opened. Is its "
                                          "disk connected?")
                                           .arg(QDir::toNativeSeparators(path)));

@@ -183,6 +183,7 @@ void TestLibraryWindow::openCycleIsCompleted()
     QVERIFY(waitFor([this] { return dataSet() != nullptr; }));
     const QString folder = m_window->card().folder();
     QVERIFY(folder.startsWith(path("lib") + '/'));
+    QCOMPARE(m_window->focusWidget(), tree); // keys go on there
 
     const QString state = import(path("card"));
     QVERIFY2(state.startsWith("6 of 6 files are safe"), qPrintable(state));
