@@ -33,11 +33,18 @@ QString cell(const QString& text, bool isNumber = false)
         .arg(isNumber ? QStringLiteral(" align=\"right\"") : QString(), text.toHtmlEscaped());
 }
 
-QString heading(const QStringList& names)
+/// Those of numbers stand above these, at the right.
+enum class Below { Texts, Numbers };
+
+QString heading(const QStringList& names, Below below = Below::Texts)
 {
     QString html = QStringLiteral("<tr>");
-    for (const QString& name : names)
-        html += QStringLiteral("<th align=\"left\">%1</th>").arg(name.toHtmlEscaped());
+    for (const QString& name : names) {
+        const bool isRight = below == Below::Numbers && &name != &names.constFirst();
+        html += QStringLiteral("<th align=\"%1\">%2</th>")
+                    .arg(isRight ? QStringLiteral("right") : QStringLiteral("left"),
+                         name.toHtmlEscaped());
+    }
     return html + QStringLiteral("</tr>");
 }
 
@@ -46,9 +53,9 @@ QString table(const QString& rows)
     return QStringLiteral("<table cellspacing=\"0\" cellpadding=\"3\">%1</table>").arg(rows);
 }
 
-QString section(const QString& title, const QString& body)
+QString section(const QString& title, const QString& body, const QString& style = {})
 {
-    return QStringLiteral("<h3>%1</h3>%2").arg(title.toHtmlEscaped(), body);
+    return QStringLiteral("<h3 style=\"%1\">%2</h3>%3").arg(style, title.toHtmlEscaped(), body);
 }
 
 QString limitsHtml(const EngineLedger& ledger, const QDate& today)
@@ -67,7 +74,8 @@ QString limitsHtml(const EngineLedger& ledger, const QDate& today)
 QString bandsHtml(const EngineLedger& ledger)
 {
     QString rows = heading({Text::tr("Quantity"), Text::tr("Known"), Text::tr("Beyond a warning"),
-                            Text::tr("Beyond a limit")});
+                            Text::tr("Beyond a limit")},
+                           Below::Numbers);
     for (const LedgerBand& band : ledgerBands(ledger.engine)) {
         rows += QStringLiteral("<tr>") + cell(band.quantity) +
                 cell(durationText(band.total()), true) + cell(durationText(band.seconds[1]), true) +
@@ -76,11 +84,13 @@ QString bandsHtml(const EngineLedger& ledger)
     return section(Text::tr("Time in the limit bands"), table(rows));
 }
 
-QString monthsHtml(const EngineLedger& ledger)
+/// With graphics, what is before fills a page: the title would stand alone at its foot.
+QString monthsHtml(const EngineLedger& ledger, bool isBehindGraphics)
 {
     QString rows =
         heading({Text::tr("Month"), Text::tr("Hours"), Text::tr("Starts"), Text::tr("Flights"),
-                 Text::tr("In the air"), Text::tr("Fuel l"), Text::tr("Episodes")});
+                 Text::tr("In the air"), Text::tr("Fuel l"), Text::tr("Episodes")},
+                Below::Numbers);
     for (const MonthRow& month : ledger.months) {
         const LibrarySums& sums = month.sums;
         rows += QStringLiteral("<tr>") +
@@ -92,7 +102,8 @@ QString monthsHtml(const EngineLedger& ledger)
                 cell(durationText(sums.airSeconds), true) + cell(whole(sums.fuel), true) +
                 cell(QString::number(sums.episodes), true) + QStringLiteral("</tr>");
     }
-    return section(Text::tr("Months"), table(rows));
+    return section(Text::tr("Months"), table(rows),
+                   isBehindGraphics ? QStringLiteral("page-break-before:always;") : QString());
 }
 
 QString notesHtml(const EngineLedger& ledger)
@@ -221,7 +232,7 @@ QString ledgerHtml(const EngineLedger& ledger, const QDate& today, const QString
     QString html = section(Text::tr("Ledger of engine %1").arg(ledger.engine.engine), table(rows));
     if (!ledger.limits.empty())
         html += limitsHtml(ledger, today);
-    html += graphics + monthsHtml(ledger);
+    html += graphics + monthsHtml(ledger, !graphics.isEmpty());
     if (!ledger.engine.bands.empty())
         html += bandsHtml(ledger);
     if (!ledger.notes.empty())

@@ -80,6 +80,7 @@ QLayout* DialogImport::createFolders()
         auto* const text = new QLabel(label, this);
         text->setBuddy(field);
         auto* const choose = new QPushButton(tr("Choose..."), this);
+        choose->setAutoDefault(false);
         choose->setAccessibleName(title);
         connect(choose, &QPushButton::clicked, this, [this, field, title] {
             const QString folder = QFileDialog::getExistingDirectory(
@@ -108,6 +109,7 @@ QLayout* DialogImport::createButtons()
     const auto add = [this, row](const QString& text, const char* name) {
         auto* const button = new QPushButton(text, this);
         button->setObjectName(QLatin1String(name));
+        button->setAutoDefault(false); // a second Return must not end what the first began
         row->addWidget(button);
         return button;
     };

@@ -76,6 +76,7 @@ QLayout* DialogMove::createFolders()
     m_folder->setObjectName(QStringLiteral("moveFolder"));
     m_folder->setToolTip(tr("An empty or a new folder, also on another disk"));
     m_choose = new QPushButton(tr("Choose..."), this);
+    m_choose->setAutoDefault(false);
     connect(m_choose, &QPushButton::clicked, this, &DialogMove::chooseFolder);
     auto* const oldLabel = new QLabel(tr("Now:"), this);
     auto* const label = new QLabel(tr("&New folder:"), this);
@@ -95,6 +96,7 @@ QLayout* DialogMove::createButtons()
     const auto add = [this, row](const QString& text, const char* name) {
         auto* const button = new QPushButton(text, this);
         button->setObjectName(QLatin1String(name));
+        button->setAutoDefault(false); // a second Return must not end what the first began
         row->addWidget(button);
         return button;
     };
