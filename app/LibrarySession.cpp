@@ -150,7 +150,7 @@ void LibrarySession::read()
 
 void LibrarySession::showPage()
 {
-    m_refresh.stop(); // once more would close what the user opens meanwhile
+    m_refresh.stop(); // it would do the same once more
     m_page->setLibrary(*m_database, m_written);
     m_page->setNoted(notedFolders(*m_database, m_written.notes).value);
     m_page->setStale(staleCount());

@@ -238,6 +238,14 @@ LibraryModel::Kind LibraryModel::kindOf(const QModelIndex& index) const
     return nodeOf(index).kind;
 }
 
+QString LibraryModel::keyOf(const QModelIndex& index) const
+{
+    const Node& node = nodeOf(index);
+    return QStringLiteral("%1/%2/%3/%4/%5")
+        .arg(QString::number(node.unit), QString::number(node.year), node.day.toString(Qt::ISODate),
+             node.folder, QString::number(node.flight));
+}
+
 QString LibraryModel::folderOf(const QModelIndex& index) const
 {
     return nodeOf(index).folder;

@@ -28,6 +28,8 @@ public:
               const Library::Logbook::Contents& written);
 
     Kind kindOf(const QModelIndex& index) const;
+    /// Names an entry across calls of show().
+    QString keyOf(const QModelIndex& index) const;
     /// Of a cycle or flight, below the archive.
     QString folderOf(const QModelIndex& index) const;
     /// From 1; 0 for anything but a flight.

@@ -6,6 +6,7 @@
 #include <QLabel>
 #include <QMenu>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QStackedLayout>
 #include <QTreeView>
 #include <QVBoxLayout>
@@ -114,7 +115,49 @@ void LibraryPage::setLibrary(LibraryDatabase& database, const Logbook::Contents&
     m_database = &database;
     m_written = written;
     m_stack->setCurrentIndex(1);
+    fillAgain();
+}
+
+void LibraryPage::fillAgain()
+{
+    QSet<QString> open;
+    noteOpen({}, open);
+    const QModelIndex index = m_tree->currentIndex();
+    const QString current = index.isValid() ? m_model->keyOf(index) : QString();
+    const int top = m_tree->verticalScrollBar()->value();
     fill();
+    openAgain({}, open, current);
+    m_timer.stop(); // what becomes current again is not opened again
+    m_tree->doItemsLayout();
+    m_tree->verticalScrollBar()->setValue(top);
+}
+
+void LibraryPage::noteOpen(const QModelIndex& parent, QSet<QString>& open) const
+{
+    for (int row = 0; row < m_model->rowCount(parent); ++row) {
+        const QModelIndex index = m_model->index(row, 0, parent);
+        if (m_tree->isExpanded(index)) {
+            open.insert(m_model->keyOf(index));
+            noteOpen(index, open);
+        }
+    }
+}
+
+void LibraryPage::openAgain(const QModelIndex& parent, const QSet<QString>& open,
+                            const QString& current)
+{
+    for (int row = 0; row < m_model->rowCount(parent); ++row) {
+        const QModelIndex index = m_model->index(row, 0, parent);
+        const QString key = m_model->keyOf(index);
+        if (key == current)
+            m_tree->setCurrentIndex(index);
+        if (!open.contains(key))
+            continue;
+        if (m_model->canFetchMore(index))
+            m_model->fetchMore(index);
+        m_tree->expand(index);
+        openAgain(index, open, current);
+    }
 }
 
 void LibraryPage::showNote(const QString& text, bool canRetry)
@@ -142,19 +185,13 @@ void LibraryPage::setNoted(const QStringList& folders)
 {
     m_noted = folders;
     if (m_filter->withNote())
-        fill();
+        fillAgain();
 }
 
 void LibraryPage::showEvent(QShowEvent* event)
 {
     QWidget::showEvent(event);
     emit signalShown();
-}
-
-void LibraryPage::refresh()
-{
-    if (m_database != nullptr)
-        fill();
 }
 
 void LibraryPage::fill()

@@ -3,6 +3,7 @@
 #include "library/database/LibraryQueries.h"
 #include "library/ledger/Logbook.h"
 
+#include <QSet>
 #include <QTimer>
 #include <QWidget>
 
@@ -25,7 +26,8 @@ class LibraryPage : public QWidget
 public:
     explicit LibraryPage(QWidget* parent = nullptr);
 
-    /// Shows a library. The database must stay open until the next call.
+    /// Shows a library, and of its entries those open that were. The database must stay open until
+    /// the next call.
     void setLibrary(Library::LibraryDatabase& database, const Library::Logbook::Contents& written);
 
     /// Shows why there is none; with a button to choose or create one, and one to try again.
@@ -39,9 +41,6 @@ public:
 
     /// For filters that ask for notes: the folders of the cycles that have one.
     void setNoted(const QStringList& folders);
-
-    /// Asks the database again, after something was added to it. Keeps what is open where it can.
-    void refresh();
 
     const LibraryModel& model() const { return *m_model; }
 
@@ -66,6 +65,12 @@ protected:
 private:
     QWidget* createTree();
     void fill();
+    /// With the entries open that are.
+    void fillAgain();
+    /// The keys of the entries below this one that are open.
+    void noteOpen(const QModelIndex& parent, QSet<QString>& open) const;
+    /// Opens them again, and makes the entry of this key current.
+    void openAgain(const QModelIndex& parent, const QSet<QString>& open, const QString& current);
     void choose(const QModelIndex& index);
     void showMenu(const QPoint& place);
 

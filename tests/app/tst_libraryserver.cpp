@@ -116,7 +116,7 @@ private slots:
         QVERIFY(page.findChild<QTreeView*>()->isVisible() && !retry->isVisible());
         m_server.stop();
         m_isRunning = false;
-        page.refresh();
+        page.setLibrary(database, {});
         QVERIFY(retry->isVisible());
         QVERIFY2(page.note().contains("does not answer"), qPrintable(page.note()));
         QVERIFY(!database.isOpen());

@@ -39,6 +39,7 @@ private slots:
     void filterLeavesWhatIsWanted_data();
     void filterLeavesWhatIsWanted();
     void clickOpensFromTheArchive();
+    void openEntriesStayOpen();
     void withoutALibraryItIsOffered();
     void chartsAreLaidOut();
     void engineTellsWhatIsDue();
@@ -226,6 +227,36 @@ void TestLibraryFaces::clickOpensFromTheArchive()
     QCOMPARE(opened.size(), 1);
     QCOMPARE(opened[0][0].toString(), QString("8150099/2025/20250601"));
     QCOMPARE(opened[0][1].toInt(), 1);
+}
+
+/// When an import has added to the library.
+void TestLibraryFaces::openEntriesStayOpen()
+{
+    LibraryPage page;
+    page.resize(400, 500);
+    page.setLibrary(m_database, {});
+    page.show();
+    auto* const tree = page.findChild<QTreeView*>();
+    QModelIndex index = page.model().index(0, 0);
+    while (page.model().kindOf(index) != LibraryModel::Kind::Flight) {
+        tree->expand(index);
+        index = page.model().index(0, 0, index);
+        QVERIFY(index.isValid());
+    }
+    tree->setCurrentIndex(index);
+    QSignalSpy opened(&page, &LibraryPage::signalOpen);
+    QVERIFY(opened.wait());
+    const QString shown = index.data().toString();
+
+    store(1, {2024, 1, 1}, 1, ThresholdState::Ok, {}); // the first of the tree now
+    page.setLibrary(m_database, {});
+    QCOMPARE(page.model().unitOf(page.model().index(0, 0)), 1U);
+    QVERIFY(!tree->isExpanded(page.model().index(0, 0)));
+    index = tree->currentIndex();
+    QCOMPARE(index.data().toString(), shown);
+    QVERIFY(!tree->visualRect(index).isEmpty());
+    QVERIFY(!opened.wait(700)); // longer than a choice settles
+    QVERIFY(m_database.removeCycle("1/2024/20240101"));
 }
 
 void TestLibraryFaces::withoutALibraryItIsOffered()
