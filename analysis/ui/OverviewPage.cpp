@@ -264,11 +264,11 @@ void OverviewPage::showState()
                              : QString());
         return;
     }
-    m_progress->setValue(m_overview->percent());
     const bool isChecking = m_overview->isComplete();
     const auto done =
         static_cast<int>(isChecking ? m_overview->trustedCount() : m_overview->completedCount());
     const auto count = static_cast<int>(m_overview->cycles().size());
+    m_progress->setValue(isChecking && count > 0 ? 100 * done / count : m_overview->percent());
     const QString work = isChecking    ? tr("Checking the recordings: %1 of %2 cycles")
                          : m_isRunning ? tr("Reading: %1 of %2 cycles")
                                        : tr("Cancelled: %1 of %2 cycles were read");
