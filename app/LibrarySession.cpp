@@ -84,10 +84,7 @@ bool LibrarySession::open()
     m_page->showNote({}); // it must not use the database any more
     m_database.reset();
     if (address.archive.isEmpty())
-        return showAbsence(tr("No library yet. It keeps the recordings of all cards in one place, "
-                              "and knows what each engine has lived through. The first import of a "
-                              "card makes one."),
-                           false);
+        return showAbsence(LibraryPage::noLibraryText(), false);
     if (!m_archive.open(address.archive))
         return showAbsence(m_archive.error());
     showAbsence(tr("Opening the library %1").arg(address.shown()), false);

@@ -2,6 +2,7 @@
 
 #include "library/ui/DialogImports.h"
 #include "library/ui/ImportText.h"
+#include "library/ui/WorkButton.h"
 #include "ui/PlainToolTip.h"
 
 #include <QDir>
@@ -106,19 +107,12 @@ QLayout* DialogImport::createFolders()
 QLayout* DialogImport::createButtons()
 {
     auto* const row = new QHBoxLayout;
-    const auto add = [this, row](const QString& text, const char* name) {
-        auto* const button = new QPushButton(text, this);
-        button->setObjectName(QLatin1String(name));
-        button->setAutoDefault(false); // a second Return must not end what the first began
-        row->addWidget(button);
-        return button;
-    };
-    m_imports = add(tr("Take Back an Import..."), "importTakeBack");
+    m_imports = addWorkButton(*row, tr("Take Back an Import..."), "importTakeBack");
     row->addStretch();
-    m_import = add(tr("Import"), "importStart");
+    m_import = addWorkButton(*row, tr("Import"), "importStart");
     m_import->setDefault(true);
-    m_cancel = add(tr("Cancel"), "importCancel");
-    QPushButton* const close = add(tr("Close"), "importClose");
+    m_cancel = addWorkButton(*row, tr("Cancel"), "importCancel");
+    QPushButton* const close = addWorkButton(*row, tr("Close"), "importClose");
     connect(m_imports, &QPushButton::clicked, this, &DialogImport::openImports);
     connect(m_import, &QPushButton::clicked, this, &DialogImport::start);
     connect(m_cancel, &QPushButton::clicked, &m_runner, &ImportRunner::cancel);

@@ -1,5 +1,6 @@
 #include "library/ui/DialogMove.h"
 
+#include "library/ui/WorkButton.h"
 #include "ui/DialogFolders.h"
 
 #include <QCloseEvent>
@@ -93,17 +94,10 @@ QLayout* DialogMove::createButtons()
 {
     auto* const row = new QHBoxLayout;
     row->addStretch();
-    const auto add = [this, row](const QString& text, const char* name) {
-        auto* const button = new QPushButton(text, this);
-        button->setObjectName(QLatin1String(name));
-        button->setAutoDefault(false); // a second Return must not end what the first began
-        row->addWidget(button);
-        return button;
-    };
-    m_start = add(tr("Move"), "moveStart");
+    m_start = addWorkButton(*row, tr("Move"), "moveStart");
     m_start->setDefault(true);
-    m_cancel = add(tr("Cancel"), "moveCancel");
-    QPushButton* const close = add(tr("Close"), "moveClose");
+    m_cancel = addWorkButton(*row, tr("Cancel"), "moveCancel");
+    QPushButton* const close = addWorkButton(*row, tr("Close"), "moveClose");
     connect(m_start, &QPushButton::clicked, this, &DialogMove::start);
     connect(m_cancel, &QPushButton::clicked, this, &DialogMove::cancel);
     connect(close, &QPushButton::clicked, this, &QDialog::close);

@@ -61,8 +61,7 @@ LibraryPage::LibraryPage(QWidget* parent)
     m_timer.setSingleShot(true);
     m_timer.setInterval(settlingMilliseconds);
     connect(&m_timer, &QTimer::timeout, this, [this] { this->choose(m_tree->currentIndex()); });
-    showNote(tr("No library yet. It keeps the recordings of all cards in one place, and knows what "
-                "each engine has lived through. The first import of a card makes one."));
+    showNote(noLibraryText());
 }
 
 QWidget* LibraryPage::createTree()
@@ -110,6 +109,12 @@ QWidget* LibraryPage::createTree()
     return page;
 }
 
+QString LibraryPage::noLibraryText()
+{
+    return tr("No library yet. It keeps the recordings of all cards in one place, and knows what "
+              "each engine has lived through. The first import of a card makes one.");
+}
+
 void LibraryPage::setLibrary(LibraryDatabase& database, const Logbook::Contents& written)
 {
     m_database = &database;
@@ -120,43 +125,49 @@ void LibraryPage::setLibrary(LibraryDatabase& database, const Logbook::Contents&
 
 void LibraryPage::fillAgain()
 {
-    QSet<QString> open;
-    noteOpen({}, open);
-    const QModelIndex index = m_tree->currentIndex();
-    const QString current = index.isValid() ? m_model->keyOf(index) : QString();
-    const int top = m_tree->verticalScrollBar()->value();
+    noteState();
     fill();
-    openAgain({}, open, current);
+    openAgain({});
     m_timer.stop(); // what becomes current again is not opened again
     m_tree->doItemsLayout();
-    m_tree->verticalScrollBar()->setValue(top);
+    m_tree->verticalScrollBar()->setValue(m_top);
 }
 
-void LibraryPage::noteOpen(const QModelIndex& parent, QSet<QString>& open) const
+void LibraryPage::noteState()
+{
+    if (m_model->rowCount() == 0)
+        return;
+    m_open.clear();
+    noteOpen({});
+    const QModelIndex index = m_tree->currentIndex();
+    m_current = index.isValid() ? m_model->keyOf(index) : QString();
+    m_top = m_tree->verticalScrollBar()->value();
+}
+
+void LibraryPage::noteOpen(const QModelIndex& parent)
 {
     for (int row = 0; row < m_model->rowCount(parent); ++row) {
         const QModelIndex index = m_model->index(row, 0, parent);
         if (m_tree->isExpanded(index)) {
-            open.insert(m_model->keyOf(index));
-            noteOpen(index, open);
+            m_open.insert(m_model->keyOf(index));
+            noteOpen(index);
         }
     }
 }
 
-void LibraryPage::openAgain(const QModelIndex& parent, const QSet<QString>& open,
-                            const QString& current)
+void LibraryPage::openAgain(const QModelIndex& parent)
 {
     for (int row = 0; row < m_model->rowCount(parent); ++row) {
         const QModelIndex index = m_model->index(row, 0, parent);
         const QString key = m_model->keyOf(index);
-        if (key == current)
+        if (key == m_current)
             m_tree->setCurrentIndex(index);
-        if (!open.contains(key))
+        if (!m_open.contains(key))
             continue;
         if (m_model->canFetchMore(index))
             m_model->fetchMore(index);
         m_tree->expand(index);
-        openAgain(index, open, current);
+        openAgain(index);
     }
 }
 
@@ -164,6 +175,7 @@ void LibraryPage::showNote(const QString& text, bool canRetry)
 {
     m_database = nullptr;
     m_timer.stop();
+    noteState();
     m_model->show(nullptr, {}, {});
     m_note->setText(text);
     m_retry->setVisible(canRetry);

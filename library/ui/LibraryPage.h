@@ -30,6 +30,9 @@ public:
     /// the next call.
     void setLibrary(Library::LibraryDatabase& database, const Library::Logbook::Contents& written);
 
+    /// For showNote(), before the user has chosen any.
+    static QString noLibraryText();
+
     /// Shows why there is none; with a button to choose or create one, and one to try again.
     void showNote(const QString& text, bool canRetry = false);
 
@@ -67,16 +70,19 @@ private:
     void fill();
     /// With the entries open that are.
     void fillAgain();
-    /// The keys of the entries below this one that are open.
-    void noteOpen(const QModelIndex& parent, QSet<QString>& open) const;
-    /// Opens them again, and makes the entry of this key current.
-    void openAgain(const QModelIndex& parent, const QSet<QString>& open, const QString& current);
+    /// What fillAgain() restores, as long as there are entries: a note takes them away.
+    void noteState();
+    void noteOpen(const QModelIndex& parent);
+    void openAgain(const QModelIndex& parent);
     void choose(const QModelIndex& index);
     void showMenu(const QPoint& place);
 
     Library::LibraryDatabase* m_database = nullptr;
     Library::Logbook::Contents m_written;
     QStringList m_noted;
+    QSet<QString> m_open; ///< keys of the entries that are open
+    QString m_current;    ///< key of the current entry
+    int m_top = 0;        ///< of the scroll bar
     QTimer m_timer;
     LibraryModel* m_model;
     LibraryFilterBar* m_filter;

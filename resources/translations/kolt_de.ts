@@ -4279,10 +4279,6 @@ der Bibliothek lässt sich nicht öffnen. Ist seine Platte angeschlossen?</trans
         <source>Opening the library %1</source>
         <translation>Die Bibliothek %1 wird geöffnet</translation>
     </message>
-    <message>
-        <source>No library yet. It keeps the recordings of all cards in one place, and knows what each engine has lived through. The first import of a card makes one.</source>
-        <translation>Noch keine Bibliothek. Sie bewahrt die Aufzeichnungen aller Karten an einem Ort auf und weiß, was jeder Motor erlebt hat. Die erste Übernahme einer Karte legt sie an.</translation>
-    </message>
 </context>
 <context>
     <name>KOLT::LibraryUpdate</name>

@@ -183,11 +183,16 @@ void TestLibraryWindow::openCycleIsCompleted()
     QVERIFY(waitFor([this] { return dataSet() != nullptr; }));
     const QString folder = m_window->card().folder();
     QVERIFY(folder.startsWith(path("lib") + '/'));
+    tree->expand(cycle);
     QCOMPARE(m_window->focusWidget(), tree); // keys go on there
 
     const QString state = import(path("card"));
     QVERIFY2(state.startsWith("6 of 6 files are safe"), qPrintable(state));
     QCOMPARE(shownCycles(), 1);
+    cycle = tree->model()->index(0, 0);
+    while (cycle.isValid() && page().model().kindOf(cycle) != LibraryModel::Kind::Cycle)
+        cycle = tree->model()->index(0, 0, cycle);
+    QCOMPARE(tree->isExpanded(cycle), first == 7); // as it was, unless its name is another
     QCOMPARE(QFileInfo::exists(folder), first == 7);
     QVERIFY(notice() != nullptr);
     const QString told = notice()->findChild<QLabel*>()->text();
