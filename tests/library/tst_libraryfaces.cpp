@@ -249,9 +249,9 @@ void TestLibraryFaces::openEntriesStayOpen()
     const QString shown = index.data().toString();
 
     store(1, {2024, 1, 1}, 1, ThresholdState::Ok, {}); // the first of the tree now
+    page.showNote("The disk is away");
     page.setLibrary(m_database, {});
     QCOMPARE(tree->currentIndex().data().toString(), shown);
-    page.showNote("The disk is away");
     page.setLibrary(m_database, {});
     QCOMPARE(page.model().unitOf(page.model().index(0, 0)), 1U);
     QVERIFY(!tree->isExpanded(page.model().index(0, 0)));
